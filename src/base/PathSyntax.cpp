@@ -1,0 +1,97 @@
+#include "base/PathSyntax.h"
+
+#include "base/Text.h"
+
+namespace tarnwell::base {
+namespace {
+
+// The path without separators at its end; a path of separators alone keeps one.
+std::string_view WithoutEnd(std::string_view path, char separator) {
+  while (path.size() > 1 && path.back() == separator) path.remove_suffix(1);
+  return path;
+}
+
+// The text as it is compared. The ASCII letters go first, by a rule of their own: in some locales
+// "i" is not the small letter of "I".
+std::string Folded(std::string_view text, bool caseSensitive) {
+  return caseSensitive ? std::string(text) : ToCapitals(AsciiUpper(text));
+}
+
+}  // namespace
+
+const PathSyntax& PathSyntax::Posix() {
+  static constexpr PathSyntax syntax{'/', "/", "", "", true};
+  return syntax;
+}
+
+const PathSyntax& PathSyntax::Windows() {
+  static constexpr PathSyntax syntax{'\\', "C", ":\\", "\\\\", false};
+  return syntax;
+}
+
+bool PathSyntax::IsDriveRoot(std::string_view path) const {
+  if (RootMark.empty()) return path.size() == 1 && path.front() == Separator;
+  return path.ends_with(RootMark);
+}
+
+std::size_t PathSyntax::FindNetworkStart(std::string_view path) const {
+  return NetworkMark.empty() ? std::string_view::npos : path.find(NetworkMark);
+}
+
+std::string PathSyntax::AddSeparator(std::string_view path) const {
+  std::string result(path);
+  if (!path.ends_with(Separator)) result += Separator;
+  return result;
+}
+
+std::string PathSyntax::RemoveRightSlash(std::string_view path) const {
+  if (path.ends_with(Separator)) path.remove_suffix(1);
+  return std::string(path);
+}
+
+std::string PathSyntax::GetFolderPath(std::string_view path) const {
+  return std::string(path.substr(0, path.rfind(Separator) + 1));  // npos + 1 is 0
+}
+
+std::string_view PathSyntax::LastComponent(std::string_view path) const {
+  if (path.ends_with(Separator)) path.remove_suffix(1);
+  return path.substr(path.rfind(Separator) + 1);
+}
+
+std::string PathSyntax::Join(std::string_view folder, std::string_view name) const {
+  std::string path;
+  if (!folder.empty()) path = AddSeparator(folder);
+  return path += name;
+}
+
+std::string PathSyntax::ParentOf(std::string_view path) const {
+  while (path.ends_with(Separator) && !IsDriveRoot(path)) path.remove_suffix(1);
+  if (IsDriveRoot(path)) return std::string(path);
+
+  std::string_view folder = path.substr(0, path.rfind(Separator) + 1);
+  const bool hasFolder = !folder.empty();
+  while (folder.ends_with(Separator) && !IsDriveRoot(folder)) folder.remove_suffix(1);
+  if (!folder.empty() || !hasFolder) return std::string(folder);
+  // Separators alone stand before the item: it is a network server, which nothing holds, or it is
+  // in the root.
+  return FindNetworkStart(path) == 0 ? std::string(path) : std::string(1, Separator);
+}
+
+std::string PathSyntax::DriveRoot(std::string_view drive) const {
+  return std::string(drive).append(RootMark);
+}
+
+bool PathSyntax::Same(std::string_view left, std::string_view right) const {
+  left = WithoutEnd(left, Separator);
+  right = WithoutEnd(right, Separator);
+  return left == right || (!CaseSensitive && Folded(left, false) == Folded(right, false));
+}
+
+bool PathSyntax::IsWithin(std::string_view path, std::string_view folder) const {
+  if (Same(path, folder)) return true;
+  if (folder.empty()) return false;
+  const std::string start = AddSeparator(WithoutEnd(folder, Separator));
+  return Folded(path, CaseSensitive).starts_with(Folded(start, CaseSensitive));
+}
+
+}  // namespace tarnwell::base

@@ -1,0 +1,37 @@
+// Text helpers. Text is bytes, UTF-8 by rule and anything at all by accident: names of files may
+// hold bytes that are no UTF-8, and nothing here loses them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tarnwell::base {
+
+// ASCII letters only: for keys, words and key names, where the locale has no say.
+std::string AsciiUpper(std::string_view text);
+bool EqualsIgnoringCase(std::string_view left, std::string_view right);
+
+// Capitals by the locale of the process; bytes that are no UTF-8 stay as they are.
+std::string ToCapitals(std::string_view text);
+
+// Length in code points; a byte that is no part of valid UTF-8 counts as one.
+std::size_t CodePointCount(std::string_view text);
+// The first or last `count` code points; all of the text where it has no more.
+std::string_view FirstCodePoints(std::string_view text, std::size_t count);
+std::string_view LastCodePoints(std::string_view text, std::size_t count);
+
+// A text of more than `limit` code points becomes its first `head` ones, "..." and its last `tail`.
+std::string Shorten(std::string_view text, std::size_t limit, std::size_t head, std::size_t tail);
+
+// The text as it may be shown: valid UTF-8, control characters as visible marks (U+2400 and on),
+// bytes that are no UTF-8 as U+FFFD. For showing only; never a way back to the name.
+std::string ForDisplay(std::string_view text);
+
+// Reads the code point at `position`, which lies within the text, and moves the position behind it.
+// A byte that is no part of valid UTF-8 gives 0xDC00 plus the byte, which no valid text can hold.
+char32_t NextCodePoint(std::string_view text, std::size_t& position);
+// The way back: such a mark appends its byte; what is no code point at all appends U+FFFD.
+void AppendCodePoint(std::string& text, char32_t codePoint);
+
+}  // namespace tarnwell::base

@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include <clocale>
+
+#include "base/Text.h"
+
+namespace tarnwell::base {
+namespace {
+
+TEST(TextTest, EveryByteSequenceComesBackFromItsCodePoints) {
+  const std::string valid = "a\u00e9\u20ac\U0001F600\U0010FFFF";
+  EXPECT_EQ(CodePointCount(valid), 5u);
+  // Longer forms than needed, a surrogate, beyond the last code point, a lone trailer, cut short.
+  const std::string stray = "\xC0\x80\xE0\x80\x80\xED\xA0\x80\xF4\x90\x80\x80\x80\xFF\xE2\x82";
+  EXPECT_EQ(CodePointCount(stray), stray.size());
+  for (const std::string& text : {valid, stray, valid + stray + valid}) {
+    std::string again;
+    for (std::size_t position = 0; position < text.size();) {
+      AppendCodePoint(again, NextCodePoint(text, position));
+    }
+    EXPECT_EQ(again, text);
+  }
+}
+
+TEST(TextTest, CutsBetweenCodePoints) {
+  const std::string text = "\u00e4\u00f6\xFFxyz\u20ac";
+  EXPECT_EQ(FirstCodePoints(text, 3), "\u00e4\u00f6\xFF");
+  EXPECT_EQ(LastCodePoints(text, 2), "z\u20ac");
+  EXPECT_EQ(LastCodePoints(text, 99), text);
+  EXPECT_EQ(LastCodePoints(text, 0), "");
+  EXPECT_EQ(Shorten(text, 7, 1, 1), text);
+  EXPECT_EQ(Shorten(text, 6, 1, 1), "\u00e4...\u20ac");
+}
+
+TEST(TextTest, ShowsWhatCannotBeSeen) {
+  EXPECT_EQ(ForDisplay(std::string("a\0\n\x7F\xFF\u0085\u2028\u00e9", 12)),
+            "a\u2400\u240A\u2421\uFFFD\uFFFD\u2424\u00e9");
+}
+
+TEST(TextTest, CapitalsFollowTheLocaleAndKeepStrayBytes) {
+  EXPECT_TRUE(EqualsIgnoringCase("End", "eND"));
+  EXPECT_FALSE(EqualsIgnoringCase("End", "End0"));
+  EXPECT_EQ(AsciiUpper("a\u00e9[z"), "A\u00e9[Z");
+  ASSERT_TRUE(std::setlocale(LC_CTYPE, "C.UTF-8"));
+  EXPECT_EQ(ToCapitals("a\u00e9\xFF\U0001F600z"), "A\u00c9\xFF\U0001F600Z");
+  std::setlocale(LC_CTYPE, "C");
+}
+
+}  // namespace
+}  // namespace tarnwell::base
