@@ -1,0 +1,56 @@
+// The state of the controls of a form, as plain data. Nothing here knows a widget.
+#pragma once
+
+#include <string>
+
+#include "base/Colour.h"
+#include "base/Measure.h"
+
+namespace tarnwell::forms {
+
+// What every control has: its place in twips within its form, and whether it is seen and usable.
+struct Control {
+  base::Twips Left = 0;
+  base::Twips Top = 0;
+  base::Twips Width = 0;
+  base::Twips Height = 0;
+  bool Visible = true;
+  bool Enabled = true;
+};
+
+struct Label : Control {
+  std::string Caption;
+  base::Colour BackColour = base::White;
+  base::Colour ForeColour = base::Black;
+};
+
+struct TextBox : Control {
+  std::string Text;
+  base::Colour BackColour = base::White;
+  base::Colour ForeColour = base::Black;
+};
+
+struct ComboBox : TextBox {};
+
+struct Button : Control {
+  std::string Caption;
+};
+
+struct Picture : Control {};
+
+// A rectangle that is painted: an outline, a placeholder, a bar.
+struct Shape : Control {
+  base::Colour BackColour = base::White;
+  int BorderStyle = 1;
+};
+
+// The pointer shapes that the program asks for, under the numbers that its lists use.
+enum class MousePointer {
+  Default = 0,
+  Arrow = 1,
+  NorthSouth = 7,
+  WestEast = 9,
+  Hourglass = 11,
+};
+
+}  // namespace tarnwell::forms
