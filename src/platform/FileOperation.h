@@ -1,0 +1,45 @@
+// Port: copying, moving, deleting and renaming of files, done by the platform.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tarnwell::platform {
+
+enum class FileFunction { None = 0, Move = 1, Copy = 2, Delete = 3, Rename = 4 };
+
+// Flags of an operation, to be joined by "or".
+enum OperationFlags : std::uint16_t {
+  Silent = 4,                // no progress window
+  RenameOnCollision = 8,     // a taken name makes a twin under a new name
+  NoConfirmation = 16,       // every question is answered yes
+  AllowUndo = 64,            // deleted items go to the trash
+  FilesOnly = 128,           // wildcard patterns match files alone
+  SimpleProgress = 256,      // progress without the names of files
+  NoConfirmNewFolder = 512,  // a missing target folder is made without asking
+  NoErrorWindows = 1024,     // failures come back as the result alone
+};
+
+struct OperationRequest {
+  FileFunction Function = FileFunction::None;
+  // Full paths, each ended by a NUL character.
+  std::string Items;
+  // Target folder, with a separator at its end, or target path; a NUL at its end. A NUL alone for a
+  // delete.
+  std::string Destination;
+  std::uint16_t Flags = 0;
+};
+
+struct OperationResult {
+  int Code = 0;  // 0 when everything asked for was done
+  bool Aborted = false;
+};
+
+class FileOperation {
+ public:
+  virtual ~FileOperation() = default;
+  // Returns when the work is done or given up. Shows progress and asks its questions by itself.
+  virtual OperationResult Run(const OperationRequest& request) = 0;
+};
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,19 @@
+// Port: what the program runs on and where its own files are.
+#pragma once
+
+#include <string>
+
+namespace tarnwell::platform {
+
+class SystemInfo {
+ public:
+  virtual ~SystemInfo() = default;
+  virtual bool IsWindows95() const = 0;
+  virtual bool IsWindows98() const = 0;
+  virtual bool IsWindowsMe() const = 0;
+  // The folder of the program's own files (settings, run marker, skins), without a separator at its
+  // end unless it is a root.
+  virtual std::string ProgramFolder() const = 0;
+};
+
+}  // namespace tarnwell::platform
