@@ -1,0 +1,34 @@
+// Which mounts are drives. Rules over plain data; what is mounted comes from LinuxDrives.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FileSystem.h"
+
+namespace tarnwell::platform {
+
+// One line of the system's table of mounts.
+struct Mount {
+  std::string Path;       // the mount point
+  std::string Label;      // a name for people
+  std::string Source;     // device, share or the like
+  std::string Type;       // "ext4", "nfs"
+  bool Internal = false;  // of the system's own workings, by what the desktop says
+  bool Shown = false;     // meant for people, by what the desktop says
+};
+
+// True for a volume that a person would name: one the desktop shows, and a disk or share mounted
+// somewhere of the user's own choosing ("/data"), which it does not.
+bool IsVolume(const Mount& mount);
+
+// Home, "/", then the volumes by their paths, none twice. An empty home is left out.
+std::vector<Drive> DrivesOf(const std::string& home, const std::vector<Mount>& mounts);
+
+// The mount point of the volume that holds the path, else "/". Home counts where something is
+// mounted right there.
+std::string DriveHolding(std::string_view path, const std::string& home,
+                         const std::vector<Mount>& mounts);
+
+}  // namespace tarnwell::platform

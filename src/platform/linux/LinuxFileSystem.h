@@ -1,0 +1,25 @@
+// Folders and files by POSIX calls.
+#pragma once
+
+#include <string>
+
+#include "platform/FileSystem.h"
+
+namespace tarnwell::platform {
+
+// Reads and writes what it is asked for, each time from the disk. Keeps nothing, follows links as
+// the port says, takes paths of any length, and never waits for a FIFO or a device.
+class LinuxFileSystem : public FileSystem {
+ public:
+  const base::PathSyntax& Syntax() const override;
+  base::Status ReadFolder(const std::string& folder, const TakeEntry& take) const override;
+  base::Status ReadAttributes(const std::string& folder, const std::string& name,
+                              ItemAttributes& attributes) const override;
+  bool FolderExists(const std::string& path) const override;
+  bool Exists(const std::string& path) const override;
+  base::Status ReadFile(const std::string& path, std::string& content) const override;
+  base::Status WriteFile(const std::string& path, const std::string& content) override;
+  base::Status RemoveFile(const std::string& path) override;
+};
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,41 @@
+// What the program runs on and where its own files are.
+#pragma once
+
+#include <string>
+
+#include "platform/SystemInfo.h"
+
+namespace tarnwell::platform {
+
+// What decides where the program's files are. Any of these may be empty for "not known".
+struct ProgramPlaces {
+  std::string ExecutableFolder;
+  std::string TarnwellHome;  // $TARNWELL_HOME
+  std::string DataHome;      // $XDG_DATA_HOME
+  std::string HomeFolder;
+
+  // The places of the running process.
+  static ProgramPlaces OfProcess();
+};
+
+// Finds the program's folder once, when it is made: $TARNWELL_HOME, else the executable's own
+// folder when that is writable and holds "skins", else "tarnwell" in the user's data folder. The
+// first and the last are made where they are missing, and where they hold no "skins" they are given
+// the files that came with the program. What cannot be made or copied is left; the program goes on
+// without.
+class LinuxSystemInfo : public SystemInfo {
+ public:
+  explicit LinuxSystemInfo(const ProgramPlaces& places);
+  bool IsWindows95() const override { return false; }
+  bool IsWindows98() const override { return false; }
+  bool IsWindowsMe() const override { return false; }
+  std::string ProgramFolder() const override { return programFolder_; }
+  // The folder of the files that came with the program (icons, skins); empty if there is none.
+  std::string DataFolder() const { return dataFolder_; }
+
+ private:
+  std::string dataFolder_;
+  std::string programFolder_;
+};
+
+}  // namespace tarnwell::platform

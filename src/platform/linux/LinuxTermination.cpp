@@ -1,0 +1,26 @@
+#include "platform/linux/LinuxTermination.h"
+
+#include <glib-unix.h>
+
+#include <csignal>
+#include <utility>
+
+namespace tarnwell::platform {
+
+LinuxTermination::LinuxTermination(std::function<void()> quit) : quit_(std::move(quit)) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    sources_.push_back(g_unix_signal_add(
+        signal,
+        [](gpointer self) -> gboolean {
+          static_cast<LinuxTermination*>(self)->quit_();
+          return G_SOURCE_CONTINUE;
+        },
+        this));
+  }
+}
+
+LinuxTermination::~LinuxTermination() {
+  for (const unsigned source : sources_) g_source_remove(source);
+}
+
+}  // namespace tarnwell::platform

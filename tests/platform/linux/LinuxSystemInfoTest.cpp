@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "TempFolder.h"
+#include "platform/linux/LinuxSystemInfo.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// An installed program: bin, share/tarnwell with two skins and the tips.
+class Installed : public testing::Test {
+ protected:
+  Installed() {
+    std::filesystem::create_directories(root_ / "bin");
+    std::filesystem::create_directories(root_ / "share/tarnwell/skins");
+    Put(root_ / "share/tarnwell/skins/a.twk", "a");
+    Put(root_ / "share/tarnwell/skins/b.twk", "b");
+    Put(root_ / "share/tarnwell/TIPOFDAY.TXT", "tips");
+    places_.ExecutableFolder = root_ / "bin";
+    places_.HomeFolder = root_ / "home";
+  }
+
+  TempFolder root_;
+  ProgramPlaces places_;
+};
+
+TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
+  const LinuxSystemInfo info(places_);
+  const std::string folder = root_ / "home/.local/share/tarnwell";
+  EXPECT_EQ(info.ProgramFolder(), folder);
+  EXPECT_EQ(info.DataFolder(), root_ / "share/tarnwell");
+  EXPECT_EQ(Get(folder + "/skins/a.twk"), "a");
+  EXPECT_EQ(Get(folder + "/skins/b.twk"), "b");
+  EXPECT_EQ(Get(folder + "/TIPOFDAY.TXT"), "tips");
+  EXPECT_FALSE(std::filesystem::exists(folder + "/ring6full.gif"));
+
+  std::filesystem::remove(folder + "/skins/a.twk");
+  Put(folder + "/skins/b.twk", "mine");
+  const LinuxSystemInfo again(places_);
+  EXPECT_FALSE(std::filesystem::exists(folder + "/skins/a.twk"));
+  EXPECT_EQ(Get(folder + "/skins/b.twk"), "mine");
+
+  places_.DataHome = "relative";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
+  places_.DataHome = root_ / "data home";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "data home/tarnwell");
+  EXPECT_EQ(Get(root_ / "data home/tarnwell/skins/a.twk"), "a");
+}
+
+TEST_F(Installed, FinishesAFirstStartCutShort) {
+  const std::string folder = root_ / "own";
+  std::filesystem::create_directories(folder + "/.skins-unfinished");
+  Put(folder + "/.skins-unfinished/a.twk", "a");
+  Put(folder + "/TIPOFDAY.TXT", "mine");
+  places_.TarnwellHome = folder + "/";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
+  EXPECT_EQ(Get(folder + "/skins/b.twk"), "b");
+  EXPECT_EQ(Get(folder + "/TIPOFDAY.TXT"), "mine");
+  EXPECT_FALSE(std::filesystem::exists(folder + "/.skins-unfinished"));
+}
+
+TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
+  std::filesystem::create_directories(root_ / "bin/skins");
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "bin");
+  EXPECT_FALSE(std::filesystem::exists(root_ / "bin/TIPOFDAY.TXT"));
+  places_.TarnwellHome = root_ / "new/own";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "new/own");
+  EXPECT_EQ(Get(root_ / "new/own/skins/a.twk"), "a");
+
+  places_.TarnwellHome.clear();
+  std::filesystem::permissions(root_ / "bin", std::filesystem::perms(0555));
+  const int result = InChild([&] {
+    BecomeNobody();
+    // The home cannot be made either: the path stands all the same.
+    places_.HomeFolder = "/proc/missing";
+    const LinuxSystemInfo info(places_);
+    return info.ProgramFolder() == "/proc/missing/.local/share/tarnwell" ? 0 : 1;
+  });
+  EXPECT_EQ(result, 0);
+}
+
+TEST_F(Installed, FindsTheDataOfABuildFolder) {
+  std::filesystem::create_directories(root_ / "data/skins");
+  std::filesystem::create_directories(root_ / "build/debug");
+  places_.ExecutableFolder = root_ / "build/debug";
+  EXPECT_EQ(LinuxSystemInfo(places_).DataFolder(), root_ / "data");
+  places_ = ProgramPlaces::OfProcess();
+  EXPECT_TRUE(std::filesystem::is_directory(places_.ExecutableFolder));
+}
+
+}  // namespace
+}  // namespace tarnwell::platform
