@@ -1,0 +1,56 @@
+// The lists of all panes, by their ids. A pane's two lists come into being when it is first set up
+// and live until the program ends.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "lister/ListId.h"
+#include "lister/ListerControl.h"
+#include "workspace/PaneRecord.h"
+
+namespace tarnwell::workspace {
+
+class ListSet {
+ public:
+  using Factory = std::function<std::unique_ptr<lister::ListerControl>(lister::ListId)>;
+  explicit ListSet(Factory factory) : factory_(std::move(factory)) {}
+
+  // Makes both lists of the pane; those that exist stay.
+  void Create(int pane) {
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      auto& slot = lists_.at(Slot(list));
+      if (!slot) slot = factory_(list);
+    }
+  }
+
+  // Null for a list that does not exist, and for any number that names none.
+  lister::ListerControl* Find(lister::ListId list) const {
+    if (list < 0 || lister::PaneOf(list) >= lister::PaneCount) return nullptr;
+    return lists_[Slot(list)].get();
+  }
+
+  // Throws std::out_of_range for a list that does not exist.
+  lister::ListerControl& operator[](lister::ListId list) const {
+    lister::ListerControl* found = Find(list);
+    if (found == nullptr) throw std::out_of_range("no list " + std::to_string(list));
+    return *found;
+  }
+
+  lister::ListerControl& Folders(int pane) const { return (*this)[lister::FolderListOf(pane)]; }
+  lister::ListerControl& Files(int pane) const { return (*this)[lister::FileListOf(pane)]; }
+
+ private:
+  static std::size_t Slot(lister::ListId list) {
+    return static_cast<std::size_t>(lister::PaneOf(list) +
+                                    (lister::IsFileList(list) ? lister::PaneCount : 0));
+  }
+  Factory factory_;
+  std::array<std::unique_ptr<lister::ListerControl>, 2 * lister::PaneCount> lists_;
+};
+
+}  // namespace tarnwell::workspace

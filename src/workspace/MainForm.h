@@ -1,0 +1,94 @@
+// The state of the main window's controls.
+//
+// Holds what is shown; knows neither what a command does nor how a window looks.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string_view>
+
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "forms/ImageList.h"
+#include "forms/Menu.h"
+#include "forms/MenuImageHelper.h"
+#include "forms/Toolbar.h"
+#include "lister/ListId.h"
+
+namespace tarnwell::workspace {
+
+// One control for each list: element i for folder list i, element i + 100 for file list i.
+template <typename ControlType>
+class PerList {
+ public:
+  ControlType& operator[](lister::ListId list) { return controls_[Slot(list)]; }
+  const ControlType& operator[](lister::ListId list) const { return controls_[Slot(list)]; }
+
+ private:
+  static std::size_t Slot(lister::ListId list) {
+    return static_cast<std::size_t>(lister::PaneOf(list) +
+                                    (lister::IsFileList(list) ? lister::PaneCount : 0));
+  }
+  std::array<ControlType, 2 * lister::PaneCount> controls_;
+};
+
+template <typename ControlType>
+using PerPane = std::array<ControlType, lister::PaneCount>;
+
+// The tables that the main form is made from.
+struct FormTables {
+  std::span<const forms::MenuRow> Menu;
+  std::span<const forms::ToolbarRow> Toolbar;
+  std::span<const std::string_view> Images;
+};
+
+class MainForm : public forms::Form {
+ public:
+  explicit MainForm(const FormTables& tables)
+      : Form("Master"),
+        Menus(tables.Menu),
+        Toolbar1(tables.Toolbar),
+        ImageList1(tables.Images),
+        MenuImages(Menus) {
+    Caption = "Tarnwell";
+  }
+
+  void Unload() override {
+    if (UnloadHandler) UnloadHandler();
+  }
+
+  std::function<void()> UnloadHandler;  // runs when the form is closed, whatever closed it
+
+  forms::Menu Menus;
+  forms::Toolbar Toolbar1;
+  forms::ImageList ImageList1;
+  forms::MenuImageHelper MenuImages;
+  base::Colour MenuBackColour = base::White;
+
+  PerPane<forms::TextBox> TitleBar;      // shows the current path
+  PerPane<forms::Picture> cmdTitle;      // picture at the right end of the title row
+  PerPane<forms::Picture> cmdClosePane;  // right of cmdTitle
+  PerList<forms::Label> lblNoRoom;       // stands where a list has no room
+  PerList<forms::Shape> shpPlaceHolder;
+  PerPane<forms::Shape> shpBack;  // outline round the pane
+
+  // Bars that show during a drag of a splitter.
+  forms::Shape LineVert;
+  forms::Shape LineHorz;
+  forms::Shape LineVert2;
+  forms::Shape LineHorz2;
+
+  forms::TextBox txtCurrentPath;
+  forms::ComboBox cboCommand;
+
+  // Inside size in twips, written by the window whenever it changes.
+  base::Twips ScaleWidth = 0;
+  base::Twips ScaleHeight = 0;
+
+  bool ResizeEnabled = true;       // the resize handler does nothing while false
+  bool FirstResizePending = true;  // the first resize gives the active list the focus
+};
+
+}  // namespace tarnwell::workspace
