@@ -1,0 +1,131 @@
+#include "lists/Navigation.h"
+
+#include <cstddef>
+#include <exception>
+
+#include "base/Text.h"
+
+namespace tarnwell::lists {
+namespace {
+
+constexpr std::size_t DisplayLimit = 49;
+constexpr std::size_t DisplayHead = 3;
+constexpr std::size_t DisplayTail = 44;
+
+// A path that begins so stands for a place that is no folder on disk; its text begins behind the
+// two characters of the prefix.
+constexpr char PlacePrefix = '*';
+constexpr std::size_t PlacePrefixLength = 2;
+
+// An ampersand in a path is doubled, as menus show it.
+std::string PaneCaption(int pane, const std::string& path) {
+  std::string caption = "Show Pane &" + std::to_string(pane + 1) + " - ";
+  for (const char c : path) caption.append(c == '&' ? 2 : 1, c);
+  return caption;
+}
+
+// Puts the hourglass over the window and the old pointer back.
+class BusyPointer {
+ public:
+  explicit BusyPointer(forms::FormHost& host) : host_(host), before_(host.ScreenPointer()) {
+    host_.SetScreenPointer(forms::MousePointer::Hourglass);
+  }
+  ~BusyPointer() { host_.SetScreenPointer(before_); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+
+ private:
+  forms::FormHost& host_;
+  forms::MousePointer before_;
+};
+
+}  // namespace
+
+std::string CutPath(std::string_view path) {
+  return base::Shorten(path, DisplayLimit, DisplayHead, DisplayTail);
+}
+
+void Navigation::LoadFolders(int pane) {
+  const std::string number = std::to_string(pane);
+  const bool hidden = workspace_.Form.Menus["mnuHidden"].Checked;
+  const bool system = workspace_.Form.Menus["mnuSystem"].Checked;
+  lister::ListerControl& folders = workspace_.Lists.Folders(pane);
+  lister::ListerControl& files = workspace_.Lists.Files(pane);
+  folders.ShowHidden = hidden;
+  files.ShowHidden = hidden;
+  folders.ShowSystem = system;
+  files.ShowSystem = system;
+
+  workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  std::string path = folders.DriveFolder(record.InitialDrive);
+  if (!folders.FolderExists(path)) {
+    record.InitialDrive = syntax_.DefaultDrive;
+    path = syntax_.DriveRoot(record.InitialDrive);
+    folders.SetDriveFolder(record.InitialDrive, path);
+  }
+  record.CurrentPath = syntax_.AddSeparator(path);
+  const std::string shown = base::ToCapitals(CutPath(record.CurrentPath));
+  workspace_.Form.Toolbar1["pane" + number].ToolTip = shown;
+  workspace_.Form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
+  workspace_.Form.Touch();
+  LoadPaneDrive(pane);
+}
+
+void Navigation::LoadPaneDrive(int pane) {
+  workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  lister::ListerControl& folders = workspace_.Lists.Folders(pane);
+  folders.LoadDrive(record.InitialDrive, false);
+  record.CurrentPath = folders.CurrentFolder();
+  record.DriveLoaded = true;
+}
+
+void Navigation::UpdateChildPane(lister::ListId list) {
+  const lister::ListerControl* folders = workspace_.Lists.Find(list);
+  if (folders == nullptr || folders->FolderListType() != 1) return;
+  const int pane = lister::PaneOf(list);
+  const auto i = static_cast<std::size_t>(pane);
+  const std::string number = std::to_string(pane);
+  workspace::MainForm& form = workspace_.Form;
+
+  std::string path = syntax_.AddSeparator(workspace_.Panes[i].CurrentPath);
+  std::string shown = path;
+  if (shown.front() == PlacePrefix && shown.size() >= PlacePrefixLength) {
+    shown.erase(0, PlacePrefixLength);
+  }
+  form.TitleBar[i].Text = shown;
+  form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
+  const std::string cut = CutPath(shown);
+  form.Toolbar1["pane" + number].ToolTip = cut;
+  form.cboCommand.Text.clear();
+  form.txtCurrentPath.Text = cut;
+  form.Touch();
+  handedOverFolder_[i] = path;
+
+  lister::ListerControl& files = workspace_.Lists.Files(pane);
+  files.SetProperty("ActiveString", std::string());
+  try {
+    files.LoadFolderContents(path, true);
+  } catch (const std::exception&) {
+    // What cannot be read is the list's to tell.
+  }
+  // While the list read, the user may have picked another folder: then that one is the newer.
+  const std::string& newest = path != handedOverFolder_[i] ? handedOverFolder_[i] : path;
+  files.SetCurrentFolder(newest);
+  files.ParentFolder = newest;
+}
+
+void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
+  const BusyPointer pointer(host_);
+  const int pane = lister::PaneOf(list);
+  const std::string& title = workspace_.Form.TitleBar[static_cast<std::size_t>(pane)].Text;
+  if (title.size() == 1 && title.front() == syntax_.Separator) return;
+  if (syntax_.IsDriveRoot(title)) return;
+  lister::ListerControl& folders = workspace_.Lists.Folders(pane);
+  if (folders.CurrentNodeLevel() == 1) {
+    folders.OpenFolder(0);
+    return;
+  }
+  folders.OpenFolder(0, folders.ParentOfKey(folders.CurrentNodeKey()));
+}
+
+}  // namespace tarnwell::lists

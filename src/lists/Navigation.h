@@ -1,0 +1,47 @@
+// The road of a folder: from the settings into a folder list, from the folder list to the file list
+// of its pane, and from both into the title, the menu and the toolbar.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/PathSyntax.h"
+#include "forms/FormHost.h"
+#include "workspace/Workspace.h"
+
+namespace tarnwell::lists {
+
+// A path as menus and tool-tips show it: more than 49 characters become the first 3, "..." and the
+// last 44.
+std::string CutPath(std::string_view path);
+
+class Navigation {
+ public:
+  Navigation(workspace::Workspace& workspace, const base::PathSyntax& syntax, forms::FormHost& host)
+      : workspace_(workspace), syntax_(syntax), host_(host) {}
+
+  // Finds the folder with which the pane opens, shows its path and loads its drive. A folder that
+  // cannot be listed gives the root of the default drive.
+  void LoadFolders(int pane);
+  void LoadPaneDrive(int pane);
+
+  // Hands the folder that a folder list has open to the file list of its pane. The only way in
+  // which a folder gets from the one to the other. May be called again while it runs: the newest
+  // hand-over wins. The ids of file lists do nothing.
+  void UpdateChildPane(lister::ListId list);
+
+  // Opens the folder above the one that the list's pane shows; at a root, nothing.
+  void MoveFocusUpOneFolder(lister::ListId list);
+
+ private:
+  void ShowShortPath(int pane, const std::string& cutPath);
+
+  workspace::Workspace& workspace_;
+  const base::PathSyntax& syntax_;
+  forms::FormHost& host_;
+  // The last folder that each pane's file list was given. One for each pane: a folder handed over
+  // in another pane meanwhile is no newer folder of this one.
+  workspace::PerPane<std::string> handedOverFolder_;
+};
+
+}  // namespace tarnwell::lists
