@@ -1,0 +1,62 @@
+#include "settings/LoadLastSettings.h"
+
+#include <cstddef>
+#include <string>
+
+#include "base/Text.h"
+#include "settings/Defaults.h"
+
+namespace tarnwell::settings {
+namespace {
+
+constexpr std::size_t BookmarkLimit = 100;
+constexpr std::size_t BookmarkHead = 10;
+constexpr std::size_t BookmarkTail = 87;
+
+void FindActivePane(workspace::Workspace& space) {
+  space.InitialActivePane = -1;
+  // Counted anew: a damaged record of states may have been read in part.
+  space.OpenPaneCount = 0;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    if (!space.Panes[static_cast<std::size_t>(pane)].IsOpen()) continue;
+    ++space.OpenPaneCount;
+    if (space.InitialActivePane < 0) space.InitialActivePane = static_cast<std::int16_t>(pane);
+  }
+  space.PreviousActivePane = space.InitialActivePane;
+  space.ActiveList = space.InitialActivePane;
+  space.CurrentList = space.InitialActivePane;
+}
+
+}  // namespace
+
+ReadMarkers LoadLastSettings(const StartSettings& start) {
+  workspace::Workspace& space = start.Space;
+  start.ShowStatus("getting program defaults...");
+  AssignDefaults(space, start.Syntax, start.Switches);
+  start.ShowStatus("loading initial pane defaults...");
+  start.File.Clear();
+  ReadMarkers markers;
+  start.File.ReadSettingsFile(GlobalScope, markers);
+  MakeBookmarkDisplayPaths(space.Settings);
+  FindActivePane(space);
+  start.ShowStatus("arranging setup...");
+  if (!markers.PositionFound) space.Form.State = forms::WindowState::Maximised;
+  start.ShowStatus("loading initial pane...");
+  start.CurrentSkin.LoadSkin(space.Settings.SkinName);
+  start.Panes.InitializePaneSet(0);
+  for (int pane = 1; pane < lister::PaneCount; ++pane) {
+    if (!space.Panes[static_cast<std::size_t>(pane)].IsOpen()) continue;
+    start.ShowStatus("loading pane " + std::to_string(pane + 1) + "...");
+    start.Panes.InitializePaneSet(pane);
+  }
+  start.ShowStatus("loading skin...");
+  return markers;
+}
+
+void MakeBookmarkDisplayPaths(workspace::ProgramSettings& settings) {
+  for (workspace::BookmarkRecord& bookmark : settings.Bookmarks) {
+    bookmark.DisplayPath = base::Shorten(bookmark.Path, BookmarkLimit, BookmarkHead, BookmarkTail);
+  }
+}
+
+}  // namespace tarnwell::settings

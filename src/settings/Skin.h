@@ -1,0 +1,43 @@
+// The skin: the colours of the whole program.
+#pragma once
+
+#include <string>
+
+#include "base/Value.h"
+#include "forms/Messenger.h"
+#include "platform/FileSystem.h"
+#include "settings/ApplySetting.h"
+#include "settings/SkinColours.h"
+
+namespace tarnwell::settings {
+
+class Skin {
+ public:
+  // `folder` is the folder of the skin files.
+  Skin(platform::FileSystem& files, std::string folder, const SettingTargets& targets,
+       forms::Messenger& messenger)
+      : files_(files), folder_(std::move(folder)), targets_(targets), messenger_(messenger) {}
+
+  // Makes the name, in capitals, the current skin's, reads the colours from the file of that name
+  // (in any case of letters) and shows them. A file that is missing or cannot be read is told to
+  // the user; the colours stay.
+  void LoadSkin(const std::string& name);
+
+  // Shows the colours on the form and on all lists that are set up.
+  void ApplySkinChange();
+
+  // Gives both lists of every pane that is set up the named setting. A list that refuses it ends
+  // the round.
+  void SendProperty(std::string_view name, const base::Value& value);
+
+ private:
+  bool ReadSkinFile(const std::string& name, std::string& content) const;
+  void PaintForm();
+
+  platform::FileSystem& files_;
+  std::string folder_;
+  SettingTargets targets_;
+  forms::Messenger& messenger_;
+};
+
+}  // namespace tarnwell::settings
