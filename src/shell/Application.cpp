@@ -1,0 +1,58 @@
+#include "shell/Application.h"
+
+#include <vector>
+
+namespace tarnwell::shell {
+
+Application::Application(const Services& services, const Version& version)
+    : services_(services),
+      splash_(version, services_.System.ProgramFolder(), services_.Files, services_.Dialogs, *this),
+      master_(services_, splash_) {}
+
+void Application::Start() {
+  services_.Host.Show(splash_, nullptr);
+}
+
+void Application::RequestQuit() {
+  quitRequested_ = true;
+  if (loading_) {
+    // A question may hold up the load: without its window it counts as not answered.
+    const std::vector<forms::Form*> open = services_.Host.OpenForms();
+    for (forms::Form* form : open) {
+      if (form != &splash_ && form != &master_.Form()) services_.Host.Unload(*form);
+    }
+    return;
+  }
+  if (splash_.LoadFinished) {
+    services_.Host.Unload(master_.Form());
+  } else {
+    EndProcess();
+  }
+}
+
+void Application::LoadMaster() {
+  loading_ = true;
+  services_.Host.Open(master_.Form());
+  master_.Load();
+  loading_ = false;
+}
+
+void Application::ShowMaster() {
+  if (quitRequested_) {
+    services_.Host.Unload(master_.Form());
+    return;
+  }
+  services_.Host.Show(master_.Form(), nullptr);
+}
+
+void Application::EndProcess() {
+  master_.UnloadAllForms();
+  services_.Host.Unload(master_.Form());
+  services_.Host.Unload(splash_);
+}
+
+void Application::UnloadSplash() {
+  services_.Host.Unload(splash_);
+}
+
+}  // namespace tarnwell::shell

@@ -1,0 +1,317 @@
+#include "shell/Master.h"
+
+#include <cstddef>
+#include <exception>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "commands/MenuTable.h"
+#include "commands/ToolbarTable.h"
+#include "shell/ProgramFiles.h"
+#include "workspace/Highlight.h"
+
+namespace tarnwell::shell {
+namespace {
+
+constexpr std::string_view SupportAddress = "support@tarnwell.example";
+
+// Measures of the form, in twips.
+constexpr base::Twips PaneGap = 60;
+constexpr base::Twips CommandStripHeight = 335;
+constexpr base::Twips TitleTop = 410;
+constexpr base::Twips TitleBarHeight = 255;
+constexpr base::Twips TitlePictureHeight = 315;
+constexpr base::Twips TitlePictureWidth = 315;
+constexpr base::Twips CurrentPathHeight = 315;
+constexpr int OldSystemBorder = 2;
+
+// Where the window stands until the settings say otherwise.
+constexpr base::Twips StartLeft = 1500;
+constexpr base::Twips StartTop = 1050;
+constexpr base::Twips StartWidth = 15600;
+constexpr base::Twips StartHeight = 10200;
+
+workspace::FormTables Tables() {
+  return {.Menu = commands::MenuTable(),
+          .Toolbar = commands::ToolbarTable(),
+          .Images = commands::ImageKeys()};
+}
+
+}  // namespace
+
+struct Master::Stage {
+  std::string_view Status;
+  void (Master::*Run)();
+};
+
+// The words are shown as they stand, and a failing stage is named by them.
+const Master::Stage Master::Stages[] = {
+    {"setting up menus...", &Master::SetUpMenus},
+    {"creating menu links...", &Master::LinkMenus},
+    {"assigning images...", &Master::AssignImages},
+    {"detecting environment...", &Master::DetectEnvironment},
+    {"creating toolbars...", &Master::CreateToolbars},
+    {"setting intial properties...", &Master::SetInitialProperties},
+    {"checking for proper shut down...", &Master::CheckShutDown},
+    {"getting last settings used...", &Master::GetLastSettings},
+    {"storing start up information...", &Master::PlaceRunFile},
+    {"preparing initial views...", &Master::PrepareViews},
+    {"getting mouse information...", &Master::GetMouseInformation},
+    {"highlighting active list...", &Master::ShowActiveList},
+};
+
+Master::Master(const Services& services, Splash& splash)
+    : services_(services),
+      splash_(splash),
+      space_(Tables(),
+             [this](lister::ListId list) {
+               return std::make_unique<lister::ListerControl>(
+                   list,
+                   lister::ListerServices{services_.Files, services_.Drives, services_.Watches,
+                                          services_.Pump, services_.Clock},
+                   events_);
+             }),
+      messages_(services_.Host, space_.Form),
+      layout_(space_),
+      switches_(space_, layout_,
+                [this](std::string_view name, const base::Value& value) {
+                  skin_.SendProperty(name, value);
+                }),
+      targets_{space_, layout_, colours_, switches_},
+      settingsFile_(services_.Files, ProgramFile(SettingsName), targets_),
+      skin_(services_.Files, ProgramFile(SkinFolderName), targets_, messages_),
+      panes_(space_, layout_, services_.Host, messages_, *this),
+      navigation_(space_, services_.Files.Syntax(), services_.Host),
+      events_(space_, navigation_, services_.Host, messages_, [this] { Close(); }) {
+  workspace::MainForm& form = space_.Form;
+  form.Left = StartLeft;
+  form.Top = StartTop;
+  form.Width = StartWidth;
+  form.Height = StartHeight;
+  space_.Lists.Create(0);
+}
+
+std::string Master::ProgramFile(std::string_view name) const {
+  return services_.Files.Syntax().Join(services_.System.ProgramFolder(), name);
+}
+
+void Master::Load() {
+  space_.Form.ResizeEnabled = true;
+  space_.Form.FirstResizePending = true;
+  try {
+    for (const Stage& stage : Stages) {
+      splash_.ShowStatus(std::string(stage.Status));
+      (this->*stage.Run)();
+    }
+  } catch (const std::exception&) {
+    messages_.Message(
+        "An error has occurred while starting Tarnwell.\r\n\r\n"
+        "The error occurred during this stage: " +
+            splash_.txtStatus.Caption + "\r\n\r\nPlease send an e-mail to " +
+            std::string(SupportAddress) +
+            " regarding possible fixes to this issue and quote error number: "
+            "TW0101. Tarnwell must now close.",
+        forms::MessageKind::Ok);
+    splash_.StartFailed = true;
+  }
+}
+
+void Master::SetUpMenus() {
+  commands_.Bind("mnuExit", [this] { Close(); });
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const auto change = [this, pane] { panes_.ChangePanes(pane); };
+    commands_.Bind("mnuPane" + std::to_string(pane), change);
+    commands_.Bind("pane" + std::to_string(pane), change);
+  }
+}
+
+void Master::LinkMenus() {
+  space_.Form.MenuImages.Attach();
+}
+
+void Master::AssignImages() {
+  workspace::MainForm& form = space_.Form;
+  form.MenuImages.DrawImages(true);
+  form.MenuImages.TakeImages(form.ImageList1);
+  for (const commands::MenuImageRow& row : commands::MenuImageTable()) {
+    form.MenuImages.SetImage(row.Caption, form.ImageList1.Index(row.ImageKey));
+  }
+}
+
+void Master::DetectEnvironment() {
+  const platform::SystemInfo& system = services_.System;
+  const auto found = [this](const char* name) {
+    space_.OsName = name;
+    space_.IsWin9x = true;
+  };
+  if (system.IsWindows95()) found("Windows 95");
+  if (system.IsWindows98()) found("Windows 98");
+  if (system.IsWindowsMe()) found("Windows Me");
+}
+
+void Master::CreateToolbars() {
+  commands::SetToolbarIcons(space_.Form);
+}
+
+void Master::SetInitialProperties() {
+  try {
+    SetControlProperties();
+  } catch (const std::exception&) {
+    messages_.Message("A error occurred while setting up the initial form properties.",
+                      forms::MessageKind::Ok);
+  }
+}
+
+void Master::SetControlProperties() {
+  workspace::MainForm& form = space_.Form;
+  space_.PaneGap = PaneGap;
+  space_.CommandStripHeight = CommandStripHeight;
+  space_.TitleTop = TitleTop;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const auto i = static_cast<std::size_t>(pane);
+    form.cmdClosePane[i].Height = TitlePictureHeight;
+    form.cmdClosePane[i].Width = TitlePictureWidth;
+    form.TitleBar[i].Height = TitleBarHeight;
+    form.cmdTitle[i].Height = TitlePictureHeight;
+    form.cmdTitle[i].Width = TitlePictureWidth;
+    form.TitleBar[i].BackColour = colours_[settings::ColorInactiveTitle];
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      form.lblNoRoom[list].Caption = "Area too small to display items.";
+    }
+    if (space_.IsWin9x) form.shpBack[i].BorderStyle = OldSystemBorder;
+  }
+  for (forms::Shape* bar : {&form.LineVert, &form.LineHorz, &form.LineVert2, &form.LineHorz2}) {
+    bar->Visible = false;
+  }
+  form.LineHorz.Height = form.LineHorz2.Height = PaneGap;
+  form.LineVert.Width = form.LineVert2.Width = PaneGap;
+  form.LineVert.BackColour = form.LineHorz.BackColour = base::Rgb(166, 202, 240);
+  form.LineVert2.BackColour = form.LineHorz2.BackColour = base::Rgb(150, 150, 150);
+  form.txtCurrentPath.BackColour = colours_[settings::ColorProgramBackground];
+  form.txtCurrentPath.Height = CurrentPathHeight;
+  space_.KeyArmed = true;
+}
+
+void Master::CheckShutDown() {
+  if (!services_.Files.Exists(ProgramFile(RunMarkerName))) return;
+  messages_.Message(
+      "It appears as though Tarnwell did not shut down properly or another copy is already "
+      "running.\r\n\r\nDo you want to reset to all of Tarnwell's default settings?",
+      forms::MessageKind::YesNo);
+  if (messages_.MessageResult() == "YES") services_.Files.RemoveFile(settingsFile_.Path());
+}
+
+void Master::GetLastSettings() {
+  markers_ = settings::LoadLastSettings(
+      {space_, panes_, settingsFile_, skin_, switches_, services_.Files.Syntax(),
+       [this](const std::string& text) { splash_.ShowStatus(text); }});
+}
+
+void Master::PlaceRunFile() {
+  services_.Files.WriteFile(ProgramFile(RunMarkerName), "");
+}
+
+void Master::PrepareViews() {
+  workspace::MainForm& form = space_.Form;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const auto i = static_cast<std::size_t>(pane);
+    form.cmdClosePane[i].Visible = false;
+    form.TitleBar[i].Visible = false;
+    form.cmdTitle[i].Visible = false;
+    if (!space_.Panes[i].Initialized) continue;
+    space_.Lists.Folders(pane).Visible = false;
+    space_.Lists.Files(pane).Visible = false;
+  }
+  form.Toolbar1.Visible = false;
+  form.Refresh();
+  form.Toolbar1.Visible = true;
+}
+
+void Master::GetMouseInformation() {
+  space_.ActiveList = space_.InitialActivePane;
+}
+
+void Master::ShowActiveList() {
+  workspace::HighlightActiveList(space_, false);
+  space_.Form.ResizeEnabled = true;
+  space_.Form.UnloadHandler = [this] { Shutdown(); };
+  toSave_ = true;
+  services_.Drives.OnChange([this] {
+    space_.ForEachList([](lister::ListerControl& list) {
+      if (list.View != nullptr) list.View->DrivesChanged();
+    });
+  });
+  splash_.LoadFinished = true;
+}
+
+void Master::Resize() {
+  workspace::MainForm& form = space_.Form;
+  if (!form.ResizeEnabled) return;
+  layout_.ResizeForm(false);
+  if (!form.FirstResizePending) return;
+  form.FirstResizePending = false;
+  if (lister::ListerControl* active = space_.Lists.Find(space_.ActiveList)) active->TakeFocus();
+}
+
+void Master::ButtonClick(std::string_view key) {
+  if (!commands_.IsBound(key)) return;
+  // The click has pressed or raised the button before its command runs.
+  forms::ToolbarButton& button = space_.Form.Toolbar1[key];
+  if (button.Style == forms::ButtonStyle::Check) button.Pressed = !button.Pressed;
+  space_.Form.Touch();
+  commands_.Run(key);
+}
+
+void Master::TitleClick(int pane) {
+  workspace::ColourTitleBar(space_, lister::FolderListOf(pane));
+  workspace::HighlightActiveList(space_, false);
+}
+
+void Master::TitleMouseDown(int pane) {
+  space_.CurrentList = lister::FolderListOf(pane);
+  workspace::HighlightActiveList(space_, false);
+}
+
+void Master::KeyUp() {
+  space_.KeyArmed = true;
+  ResetStartItems();
+}
+
+void Master::ResetStartItems() {
+  space_.ForEachList([](lister::ListerControl& list) { list.ResetStartItem(); });
+}
+
+void Master::Close() {
+  services_.Host.Unload(space_.Form);
+}
+
+void Master::SaveWithoutWindows() {
+  // Only a run that has loaded what was saved may save again, and take the marker away.
+  if (!toSave_) return;
+  toSave_ = false;
+  settingsFile_.SaveSettings();
+  services_.Files.RemoveFile(ProgramFile(RunMarkerName));
+}
+
+void Master::Shutdown() {
+  SaveWithoutWindows();
+  UnloadAllForms();
+}
+
+void Master::UnloadAllForms() {
+  services_.Drives.OnChange({});
+  space_.ForEachList([](lister::ListerControl& list) { list.Terminate(); });
+  const std::vector<forms::Form*> open = services_.Host.OpenForms();
+  for (forms::Form* form : open) {
+    try {
+      services_.Host.Unload(*form);
+    } catch (const std::exception&) {
+      // One form that will not go must not keep the others.
+    }
+  }
+  space_.Form.MenuImages.Detach();
+}
+
+}  // namespace tarnwell::shell

@@ -1,0 +1,25 @@
+// The platform as the program gets it: one reference for each port that is in use.
+#pragma once
+
+#include "forms/FormHost.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/FileSystem.h"
+#include "platform/FolderWatch.h"
+#include "platform/MessagePump.h"
+#include "platform/SystemInfo.h"
+
+namespace tarnwell::shell {
+
+struct Services {
+  forms::FormHost& Host;
+  platform::FileSystem& Files;
+  platform::Drives& Drives;
+  platform::FolderWatch& Watches;
+  platform::MessagePump& Pump;
+  platform::Clock& Clock;
+  platform::Dialogs& Dialogs;
+  platform::SystemInfo& System;
+};
+
+}  // namespace tarnwell::shell
