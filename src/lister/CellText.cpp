@@ -1,0 +1,50 @@
+#include "lister/CellText.h"
+
+#include <array>
+#include <cstdio>
+
+#include "base/Text.h"
+
+namespace tarnwell::lister {
+
+std::string GroupedNumber(std::uint64_t number) {
+  std::string text = std::to_string(number);
+  for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, 1, ',');
+  return text;
+}
+
+std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds) {
+  if (nanoseconds == 0) return "";
+  const platform::LocalTime time = clock.ToLocal(nanoseconds);
+  std::array<char, 80> text;
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.Year, time.Month,
+                time.Day, time.Hour, time.Minute, time.Second);
+  return text.data();
+}
+
+std::string_view ExtensionOf(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos || dot == 0 ? std::string_view() : name.substr(dot + 1);
+}
+
+std::string TypeText(std::string_view name, platform::ItemKind kind, bool isLink) {
+  if (kind == platform::ItemKind::Folder) return "Folder";
+  if (isLink) return "Link";
+  const std::string_view extension = ExtensionOf(name);
+  return extension.empty() ? "File" : base::ForDisplay(base::ToCapitals(extension)) + " file";
+}
+
+std::string PermissionText(std::uint32_t mode) {
+  constexpr std::string_view letters = "rwxrwxrwx";
+  std::string text(letters.size(), '-');
+  for (std::size_t at = 0; at < letters.size(); ++at) {
+    if (mode & 0400U >> at) text[at] = letters[at];
+  }
+  return text;
+}
+
+std::string CannotRead(const std::string& path, const base::Status& status) {
+  return "Cannot read " + base::ForDisplay(path) + ": " + status.Reason;
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,33 @@
+// What the cells of a list say, in words for people. Pure rules; the texts are valid UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/Status.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+
+namespace tarnwell::lister {
+
+// With a comma between groups of three digits.
+std::string GroupedNumber(std::uint64_t number);
+// "yyyy-mm-dd hh:mm:ss" in local time; empty for 0, a time that is not known.
+std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds);
+
+// What follows the last dot of a file's name, as bytes. A dot at its start makes no extension.
+std::string_view ExtensionOf(std::string_view name);
+// "Folder", "Link" for what leads to no folder, "PDF file" by the extension, "File" without one.
+std::string TypeText(std::string_view name, platform::ItemKind kind, bool isLink);
+// "rwxr-xr-x" by the permission bits.
+std::string PermissionText(std::uint32_t mode);
+// The owner may not write.
+constexpr bool IsReadOnly(std::uint32_t mode) {
+  return (mode & 0200) == 0;
+}
+
+// "Cannot read <path>: <reason>".
+std::string CannotRead(const std::string& path, const base::Status& status);
+
+}  // namespace tarnwell::lister

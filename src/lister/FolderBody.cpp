@@ -1,0 +1,377 @@
+#include "lister/FolderBody.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Text.h"
+#include "lister/CellText.h"
+
+namespace tarnwell::lister {
+
+using platform::ItemKind;
+
+// --- Commands, one after the other.
+
+void FolderBody::Run(Command command) {
+  waiting_.push_back(std::move(command));
+  while (!busy_ && !terminated_ && !waiting_.empty()) {
+    const Command next = std::move(waiting_.front());
+    waiting_.pop_front();
+    Perform(next);
+  }
+}
+
+void FolderBody::RunOnRow(RowId row, std::function<Outcome()> command) {
+  Run([this, row, removals = tree_.Removals(), work = std::move(command)] {
+    return tree_.Has(row) && tree_.Removals() == removals ? work() : Outcome::Nothing;
+  });
+}
+
+void FolderBody::Perform(const Command& command) {
+  busy_ = true;
+  stopped_ = false;
+  trouble_.clear();
+  state_.Control.CancelRequested = false;
+  const Outcome outcome = command();
+  state_.Control.CancelRequested = false;
+  busy_ = false;
+  if (terminated_) return;
+
+  if (tree_.Has(tree_.Open())) {
+    state_.Folder = tree_.PathOf(tree_.Open());
+    Follower.Follow(state_.Folder);
+  }
+  state_.SetStatus(trouble_);
+  // Last, since what follows may open another folder.
+  const ListId id = state_.Control.Id();
+  if (outcome == Outcome::FolderOpened) state_.Events.FolderSelected(id);
+  if (outcome == Outcome::DriveChosen) state_.Events.DriveSelected(id);
+}
+
+void FolderBody::LoadDrive(const std::string& drive, bool chosen) {
+  Run([this, drive, chosen] { return Load(drive, chosen); });
+}
+
+void FolderBody::OpenFolder(const std::string& folder) {
+  Run([this, folder] { return OpenPath(folder); });
+}
+
+void FolderBody::ExpandFolder(const std::string& folder) {
+  Run([this, folder] {
+    const RowId row = Reach(folder);
+    if (row != NoRow) {
+      ExpandAncestors(row);
+      ExpandRow(row);
+    }
+    return Outcome::Nothing;
+  });
+}
+
+void FolderBody::Refresh() {
+  Run([this] { return RefreshAll(); });
+}
+
+void FolderBody::FolderChanged() {
+  Run([this] { return RefreshOpenBranch(); });
+}
+
+void FolderBody::Resort() {
+  Run([this] {
+    tree_.Sort(state_.Keys.Entries()[0].Descending, state_.View());
+    return Outcome::Nothing;
+  });
+}
+
+void FolderBody::Terminate() {
+  terminated_ = true;
+  waiting_.clear();
+  Follower.Stop();
+}
+
+void FolderBody::MoveCurrent(RowId row) {
+  RunOnRow(row, [this, row] { return OpenRow(row, false); });
+}
+
+void FolderBody::Activate(RowId row) {
+  RunOnRow(row, [this, row] {
+    const Outcome outcome = OpenRow(row, false);
+    ExpandRow(row);
+    return outcome;
+  });
+}
+
+void FolderBody::Expand(RowId row) {
+  RunOnRow(row, [this, row] {
+    ExpandRow(row);
+    return Outcome::Nothing;
+  });
+}
+
+void FolderBody::Collapse(RowId row) {
+  RunOnRow(row, [this, row] {
+    state_.Expanded.Remove(tree_.PathOf(row));
+    tree_.SetExpanded(row, false, state_.View());
+    if (tree_.IsWithin(tree_.Current(), row)) tree_.SetCurrent(row, state_.View());
+    return Outcome::Nothing;
+  });
+}
+
+// --- The work of the commands.
+
+FolderBody::Outcome FolderBody::Load(const std::string& drive, bool chosen) {
+  state_.Drive = drive;
+  tree_.Reset(PlainPath(state_.Syntax, state_.Syntax.DriveRoot(drive)), state_.View());
+  state_.View().DrivesChanged();
+  ExpandRow(FolderTree::TopRow);
+
+  const std::string folder = state_.DriveFolder(drive);
+  RowId row = NoRow;
+  if (IsOnTree(folder) && state_.Services.Files.FolderExists(folder)) row = Reach(folder);
+  OpenRow(row == NoRow ? FolderTree::TopRow : row, true);
+  return chosen ? Outcome::DriveChosen : Outcome::FolderOpened;
+}
+
+FolderBody::Outcome FolderBody::OpenPath(const std::string& folder) {
+  const bool loaded = tree_.Has(FolderTree::TopRow);
+  if (folder.empty()) return loaded ? OpenRow(FolderTree::TopRow, true) : Outcome::Nothing;
+  const RowId row = Reach(folder);
+  return row == NoRow ? Outcome::Nothing : OpenRow(row, true);
+}
+
+FolderBody::Outcome FolderBody::OpenRow(RowId row, bool always) {
+  const bool moved = tree_.Open() != row;
+  ExpandAncestors(row);
+  tree_.SetOpen(row, state_.View());
+  tree_.SetCurrent(row, state_.View());
+  state_.Folder = tree_.PathOf(row);
+  state_.Active.Set(tree_.PathOf(FolderTree::TopRow), state_.Folder);
+  return moved || always ? Outcome::FolderOpened : Outcome::Nothing;
+}
+
+FolderBody::Outcome FolderBody::RefreshAll() {
+  if (!tree_.Has(FolderTree::TopRow)) return Outcome::Nothing;
+  const std::string before = state_.Folder;
+  std::vector<RowId> rows{FolderTree::TopRow};
+  while (!rows.empty() && !stopped_ && !terminated_) {
+    const RowId row = rows.back();
+    rows.pop_back();
+    RefreshBranch(row);
+    const std::vector<RowId>& children = tree_.Node(row).Children;
+    rows.insert(rows.end(), children.rbegin(), children.rend());
+  }
+  return TellIfMoved(before);
+}
+
+FolderBody::Outcome FolderBody::RefreshOpenBranch() {
+  const RowId row = tree_.Open();
+  if (!tree_.Has(row)) return Outcome::Nothing;
+  if (!state_.Services.Files.Exists(tree_.PathOf(row))) return RefreshAll();
+  if (tree_.Node(row).State != BranchState::Unread) RefreshBranch(row);
+  return Outcome::Nothing;
+}
+
+FolderBody::Outcome FolderBody::TellIfMoved(const std::string& before) {
+  if (tree_.PathOf(tree_.Open()) == before) return Outcome::Nothing;
+  return OpenRow(tree_.Open(), true);
+}
+
+// A branch that nobody sees is forgotten rather than read: it is read again when it is expanded.
+void FolderBody::RefreshBranch(RowId row) {
+  const FolderNode& node = tree_.Node(row);
+  const std::string wanted = OpenChildOf(row);
+  const bool knownEmpty = node.State == BranchState::Read && node.Children.empty();
+  if (node.IsExpanded || !wanted.empty() || knownEmpty) {
+    ReadBranch(row, wanted);
+  } else {
+    tree_.Forget(row, state_.View());
+  }
+}
+
+RowId FolderBody::Reach(const std::string& folder) {
+  const std::string path = PlainPath(state_.Syntax, folder);
+  const std::string shown = base::ForDisplay(path);
+  if (!IsOnTree(path)) {
+    trouble_ = "Cannot open " + shown + ": it is not on this drive";
+    return NoRow;
+  }
+  platform::ItemAttributes attributes;
+  const base::Status status = state_.Services.Files.ReadAttributes(path, "", attributes);
+  if (!status || attributes.Kind != ItemKind::Folder) {
+    trouble_ = "Cannot open " + shown + ": " + (status ? "it is not a folder" : status.Reason);
+    return NoRow;
+  }
+
+  std::vector<std::string> names;
+  const std::string top = tree_.PathOf(FolderTree::TopRow);
+  for (std::string rest = path; !state_.Syntax.Same(rest, top);
+       rest = state_.Syntax.ParentOf(rest)) {
+    names.emplace_back(state_.Syntax.LastComponent(rest));
+  }
+  RowId row = FolderTree::TopRow;
+  for (; !names.empty() && row != NoRow; names.pop_back()) {
+    const std::string& name = names.back();
+    RowId child = tree_.FindChild(row, name);
+    // Also a branch that has been read may lack the folder: it can be new, or hidden.
+    if (child == NoRow && ReadBranch(row, name)) child = tree_.FindChild(row, name);
+    row = child;
+  }
+  if (row == NoRow && trouble_.empty()) trouble_ = "Cannot open " + shown;
+  return row;
+}
+
+void FolderBody::ExpandAncestors(RowId row) {
+  std::vector<RowId> ancestors;
+  for (RowId parent = tree_.Node(row).Parent; parent > RootRow;
+       parent = tree_.Node(parent).Parent) {
+    if (!tree_.Node(parent).IsExpanded) ancestors.push_back(parent);
+  }
+  for (; !ancestors.empty(); ancestors.pop_back()) ExpandRow(ancestors.back());
+}
+
+bool FolderBody::ExpandRow(RowId row) {
+  if (tree_.Node(row).State != BranchState::Read && tree_.Node(row).Children.empty()) {
+    ReadBranch(row, "");
+  }
+  const bool shows =
+      tree_.Node(row).State == BranchState::Read || !tree_.Node(row).Children.empty();
+  if (shows) state_.Expanded.Add(tree_.PathOf(row));
+  tree_.SetExpanded(row, shows, state_.View());
+  return shows;
+}
+
+void FolderBody::ExpandRemembered(RowId row) {
+  for (const std::string& path : state_.Expanded.In(tree_.PathOf(row))) {
+    const RowId child = tree_.FindChild(row, state_.Syntax.LastComponent(path));
+    if (child != NoRow) {
+      if (!tree_.Node(child).IsExpanded) ExpandRow(child);
+    } else if (!state_.Services.Files.Exists(path)) {  // not merely hidden
+      state_.Expanded.RemoveWithin(path);
+    }
+  }
+}
+
+// --- Reading.
+
+bool FolderBody::ReadBranch(RowId row, const std::string& wanted) {
+  if (stopped_ || terminated_) return false;
+  const std::string folder = tree_.PathOf(row);
+  std::vector<Subfolder> subfolders;
+  const base::Status status = ReadSubfolders(folder, wanted, subfolders);
+  if (terminated_) return false;
+  if (stopped_) {
+    trouble_ = "Reading stopped";
+    return false;
+  }
+  tree_.Update(row, std::move(subfolders), status ? BranchState::Read : BranchState::Failed,
+               state_.View());
+  if (status) {
+    ExpandRemembered(row);
+  } else {
+    trouble_ = CannotRead(folder, status);
+  }
+  return true;
+}
+
+base::Status FolderBody::ReadSubfolders(const std::string& folder, const std::string& wanted,
+                                        std::vector<Subfolder>& subfolders) {
+  const platform::FileSystem& files = state_.Services.Files;
+  const auto isFolder = [&](const std::string& name, platform::ItemAttributes& attributes) {
+    return files.ReadAttributes(folder, name, attributes) && attributes.Kind == ItemKind::Folder;
+  };
+  Pacer pacer(state_.Services.Clock, state_.Services.Pump);
+  bool foundWanted = wanted.empty();
+  platform::ItemAttributes attributes;
+  const base::Status status = files.ReadFolder(folder, [&](const platform::FolderEntry& entry) {
+    PumpIfDue(pacer);
+    if (stopped_ || terminated_) return false;
+    const bool isWanted = !wanted.empty() && state_.Syntax.Same(entry.Name, wanted);
+    if (state_.IsFilteredOut(entry) && !isWanted) return true;
+    const bool untold = entry.IsLink || entry.Kind == ItemKind::Unknown;
+    if (untold ? !isFolder(entry.Name, attributes) : entry.Kind != ItemKind::Folder) return true;
+    foundWanted = foundWanted || isWanted;
+    subfolders.push_back({entry.Name, entry.IsLink, entry.IsHidden});
+    return true;
+  });
+  // A folder can be entered although the one above it cannot be listed, or does not list it.
+  const bool step = wanted == "." || wanted == "..";
+  if (!foundWanted && !step && isFolder(wanted, attributes)) {
+    subfolders.push_back({wanted, attributes.IsLink, false});
+  }
+  return status;
+}
+
+void FolderBody::PumpIfDue(Pacer& pacer) {
+  if (!pacer.IsDue()) return;
+  pacer.Pump();
+  if (state_.Control.CancelRequested) stopped_ = true;
+}
+
+std::string FolderBody::OpenChildOf(RowId row) const {
+  RowId child = tree_.Open();
+  while (child > RootRow && tree_.Node(child).Parent != row) child = tree_.Node(child).Parent;
+  return child > RootRow ? tree_.Node(child).Name : "";
+}
+
+bool FolderBody::IsOnTree(const std::string& folder) const {
+  return tree_.Has(FolderTree::TopRow) &&
+         state_.Syntax.IsWithin(folder, tree_.PathOf(FolderTree::TopRow));
+}
+
+// --- What the widget and the form ask.
+
+std::string FolderBody::ParentOfKey(const std::string& key) const {
+  if (!tree_.Has(FolderTree::TopRow)) return "";
+  const std::string top = tree_.PathOf(FolderTree::TopRow);
+  return IsOnTree(key) && !state_.Syntax.Same(key, top) ? state_.Syntax.ParentOf(key) : top;
+}
+
+int FolderBody::OpenLevel() const {
+  return tree_.Has(tree_.Open()) ? tree_.LevelOf(tree_.Open()) : 0;
+}
+
+int FolderBody::ChildCount(RowId parent) const {
+  if (parent != RootRow && !tree_.Has(parent)) return 0;
+  return static_cast<int>(tree_.Node(parent).Children.size());
+}
+
+RowId FolderBody::Child(RowId parent, int position) const {
+  if (position < 0 || position >= ChildCount(parent)) return NoRow;
+  return tree_.Node(parent).Children[static_cast<std::size_t>(position)];
+}
+
+RowId FolderBody::Parent(RowId row) const {
+  return tree_.Has(row) ? tree_.Node(row).Parent : NoRow;
+}
+
+int FolderBody::PositionOf(RowId row) const {
+  return tree_.Has(row) ? tree_.Node(row).Position : -1;
+}
+
+RowLook FolderBody::Look(RowId row) const {
+  if (!tree_.Has(row)) return {};
+  const FolderNode& node = tree_.Node(row);
+  return {.Kind = ItemKind::Folder,
+          .IsLink = node.IsLink,
+          .IsHidden = node.IsHidden,
+          .IsOpen = row == tree_.Open(),
+          .HasChildren = node.HasChildren(),
+          .IsExpanded = node.IsExpanded};
+}
+
+// A tree knows the names of its folders and no more; its other cells are empty.
+std::string FolderBody::CellText(RowId row, HeadingId heading) const {
+  if (!tree_.Has(row)) return "";
+  const FolderNode& node = tree_.Node(row);
+  if (heading == HeadingId::Name) return base::ForDisplay(node.Name);
+  if (heading == HeadingId::FileType) return "Folder";
+  if (heading == HeadingId::Path && row != FolderTree::TopRow) {
+    return base::ForDisplay(tree_.PathOf(node.Parent));
+  }
+  return "";
+}
+
+std::string FolderBody::PathOf(RowId row) const {
+  return tree_.Has(row) ? tree_.PathOf(row) : "";
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,72 @@
+// The heading table of a list: eleven headings, numbered 0 to 10, seven attributes each.
+//
+// Holds and checks the table; draws nothing and sorts nothing.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/Measure.h"
+#include "base/Value.h"
+
+namespace tarnwell::lister {
+
+// The numbers of the headings. The name stands in settings files by its number: never renumber.
+enum class HeadingId : std::int16_t {
+  Name,
+  Extension,
+  Size,
+  DateLastModified,
+  DateCreated,
+  DateLastAccessed,
+  FileType,
+  Attributes,
+  Comments,
+  Path,
+  Permissions,
+};
+inline constexpr int HeadingCount = 11;
+
+struct Heading {
+  std::string Key;         // sort key, "sName" for the name
+  base::Twips Width = 0;   // twips, 300 at least
+  std::int16_t Index = 0;  // place from the left, counted from 0 over all eleven
+  bool Active = false;     // shown
+  std::string MenuName;    // menu entry that switches it; empty if none does
+  std::string Caption;
+  std::string ToolTip;
+};
+
+class Headings {
+ public:
+  // The table as a new list has it: the name alone for a folder list; name, extension, size and
+  // date last modified for a file list.
+  explicit Headings(bool fileList);
+
+  // Attributes by the names that settings files use: "key", "Width", "Index", "active",
+  // "MenuName", "Caption", "ToolTip", in any case of letters. Throws std::out_of_range for a number
+  // or name that does not exist.
+  base::Value Property(int heading, std::string_view attribute) const;
+  // Throws base::ConversionError for a value of the wrong type and std::out_of_range as above.
+  // Widths are held to at least 300 twips; the name cannot be hidden; an index that another heading
+  // has makes the two change places, one that none has changes nothing. Key and menu name say which
+  // heading it is and stay as they are.
+  void SetProperty(int heading, std::string_view attribute, const base::Value& value);
+
+  // By the names that menus use: "Size", "DateLastModified" and so on; false for an unknown one.
+  bool IsActive(std::string_view name) const;
+
+  const Heading& operator[](HeadingId id) const { return table_[static_cast<std::size_t>(id)]; }
+  // The heading with that sort key, or none (-1).
+  int FindByKey(std::string_view key) const;
+  // The headings in order of Index, hidden ones included.
+  std::array<HeadingId, HeadingCount> Order() const;
+
+ private:
+  std::array<Heading, HeadingCount> table_;
+};
+
+}  // namespace tarnwell::lister

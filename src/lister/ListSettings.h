@@ -1,0 +1,21 @@
+// The settings that come to a list by name, one by one.
+#pragma once
+
+#include <string_view>
+
+#include "base/Value.h"
+#include "lister/ListerControl.h"
+
+namespace tarnwell::lister {
+
+struct ListSettings {
+  ListerColours Colours;
+  bool ShowFileIcons = true;
+  bool ShowFolderIcons = true;
+
+  // True if the list looks different at once; colours wait for ReloadColors. A name that is not
+  // known does nothing; a value of the wrong type throws base::ConversionError.
+  bool Set(std::string_view name, const base::Value& value);
+};
+
+}  // namespace tarnwell::lister

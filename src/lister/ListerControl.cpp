@@ -1,0 +1,367 @@
+#include "lister/ListerControl.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <limits>
+#include <memory>
+#include <tuple>
+#include <utility>
+
+#include "base/Text.h"
+#include "lister/FileBody.h"
+#include "lister/FolderBody.h"
+#include "lister/ListBody.h"
+#include "lister/ListSettings.h"
+
+namespace tarnwell::lister {
+namespace {
+
+constexpr int BackspaceKey = 8;
+
+struct SortWord {
+  std::string_view Word;
+  bool Descending;
+  bool Adds;
+};
+
+constexpr SortWord SortWords[] = {
+    {"asc", false, false}, {"des", true, false}, {"ascadd", false, true}, {"desadd", true, true}};
+
+// Highest number of a list with that many entries, in 16 bits.
+std::int16_t HighestNumber(std::size_t count) {
+  constexpr std::size_t most = std::numeric_limits<std::int16_t>::max();
+  return static_cast<std::int16_t>(static_cast<int>(std::min(count, most + 1)) - 1);
+}
+
+}  // namespace
+
+struct ListerControl::Parts {
+  Parts(ListerControl& control, const ListerServices& services, ListerEvents& events)
+      : State(control, services, events) {
+    if (IsFileList(control.Id())) {
+      Body = std::make_unique<FileBody>(State);
+    } else {
+      Body = std::make_unique<FolderBody>(State);
+    }
+  }
+
+  ListState State;
+  std::unique_ptr<ListBody> Body;
+  ListSettings Settings;
+  int ActiveHeading = 0;
+  bool IsActive = false;
+};
+
+ListerControl::ListerControl(ListId list, const ListerServices& services, ListerEvents& events)
+    : id_(list), parts_(std::make_unique<Parts>(*this, services, events)) {}
+
+ListerControl::~ListerControl() = default;
+
+std::int32_t ListerControl::FolderListType() const {
+  return IsFileList(id_) ? 2 : 1;
+}
+
+const std::string& ListerControl::CurrentFolder() const {
+  return parts_->State.Folder;
+}
+
+void ListerControl::SetCurrentFolder(const std::string& folder) {
+  parts_->Body->SetFolder(folder);
+}
+
+void ListerControl::Initialize() {
+  // Settings and colours came without a word to the widget for each.
+  parts_->State.View().StyleChanged();
+  parts_->State.View().HeadingsChanged();
+}
+
+void ListerControl::ResetStartItem() {
+  // Rows are chosen one at a time, so there is no row yet from which a selection extends.
+}
+
+void ListerControl::Terminate() {
+  parts_->Body->Terminate();
+  View = nullptr;
+}
+
+void ListerControl::SetActive(bool active) {
+  if (std::exchange(parts_->IsActive, active) != active) parts_->State.View().StyleChanged();
+}
+
+void ListerControl::TakeFocus(std::string_view) {
+  parts_->State.View().TakeFocus();
+}
+
+void ListerControl::RedrawList() {
+  parts_->State.View().Repaint();
+}
+
+void ListerControl::RefreshList() {
+  parts_->Body->Refresh();
+}
+
+// The widget follows the size of the list by itself; what is left is to paint it anew.
+void ListerControl::SetLayout(std::int32_t) {
+  parts_->State.View().Repaint();
+}
+
+void ListerControl::SetProperty(std::string_view name, const base::Value& value) {
+  if (name == "ActiveHeading") {
+    ClickHeading(base::ToInt16(value) - 1);
+  } else if (parts_->Settings.Set(name, value)) {
+    parts_->State.View().Repaint();
+  }
+}
+
+void ListerControl::ReloadColors() {
+  parts_->State.View().StyleChanged();
+}
+void ListerControl::RedrawHeadings() {
+  parts_->State.View().HeadingsChanged();
+}
+void ListerControl::RedrawItems() {
+  parts_->State.View().Repaint();
+}
+
+// --- Drives and folders.
+
+std::string ListerControl::InitialDrive() const {
+  return parts_->State.Drive;
+}
+
+void ListerControl::LoadDrive(std::string& drive, bool) {
+  if (drive.empty()) drive = parts_->State.Drive;
+  if (drive.empty()) drive = parts_->State.Syntax.DefaultDrive;
+  parts_->Body->LoadDrive(drive, false);
+}
+
+std::string ListerControl::DriveFolder(const std::string& drive) const {
+  const ListState& state = parts_->State;
+  if (!drive.empty()) return state.DriveFolder(drive);
+  if (!state.Folder.empty()) return state.Folder;
+  return state.DriveFolder(state.Drive.empty() ? std::string(state.Syntax.DefaultDrive)
+                                               : state.Drive);
+}
+
+bool ListerControl::FolderExists(const std::string& folder) const {
+  return parts_->State.Services.Files.FolderExists(folder);
+}
+
+void ListerControl::SetDriveFolder(const std::string& drive, const std::string& folder) {
+  ListState& state = parts_->State;
+  state.Active.Set(state.Syntax.DriveRoot(drive), PlainPath(state.Syntax, folder));
+  if (state.Folder.empty()) state.Drive = drive;
+}
+
+void ListerControl::LoadFolderContents(std::string& folder, bool) {
+  parts_->Body->LoadContents(folder);
+}
+
+void ListerControl::OpenFolder(int, const std::string& folder) {
+  parts_->Body->OpenFolder(folder);
+}
+
+void ListerControl::ExpandFolder(int, const std::string& folder, int) {
+  parts_->Body->ExpandFolder(folder);
+}
+
+// A node is known by its path.
+std::string ListerControl::CurrentNodeKey() const {
+  return IsFileList(id_) ? "" : parts_->State.Folder;
+}
+
+std::int32_t ListerControl::CurrentNodeLevel() const {
+  return parts_->Body->OpenLevel();
+}
+
+std::string ListerControl::ParentOfKey(const std::string& key) const {
+  return parts_->Body->ParentOfKey(key);
+}
+
+// --- Sorting and headings.
+
+void ListerControl::SortCommand(std::string_view word) {
+  const auto known = std::find_if(std::begin(SortWords), std::end(SortWords),
+                                  [&](const SortWord& entry) { return entry.Word == word; });
+  if (known == std::end(SortWords)) return;
+  const SortKey key{static_cast<HeadingId>(parts_->ActiveHeading), known->Descending};
+  if (known->Adds) {
+    parts_->State.Keys.Add(key);
+  } else {
+    parts_->State.Keys.StartNew(key);
+  }
+  parts_->Body->Resort();
+  parts_->State.View().HeadingsChanged();
+}
+
+std::int16_t ListerControl::SortKeyCount() const {
+  return static_cast<std::int16_t>(parts_->State.Keys.Entries().size());
+}
+
+bool ListerControl::GetSortKey(int level, std::string& key, std::string& direction) const {
+  if (level < 0 || level >= SortKeyCount()) return false;
+  const SortKey& entry = parts_->State.Keys.Entries()[static_cast<std::size_t>(level)];
+  key = parts_->State.Table[entry.Heading].Key;
+  direction = entry.Descending ? "des" : "asc";
+  return true;
+}
+
+void ListerControl::AddSortKey(int level, const std::string& key, const std::string& direction) {
+  const int heading = parts_->State.Table.FindByKey(key);
+  if (heading < 0 || (direction != "asc" && direction != "des")) return;
+  if (!parts_->State.Keys.Set(level, {static_cast<HeadingId>(heading), direction == "des"})) return;
+  parts_->Body->Resort();
+  parts_->State.View().HeadingsChanged();
+}
+
+bool ListerControl::HeadingActive(std::string_view name) const {
+  return parts_->State.Table.IsActive(name);
+}
+
+base::Value ListerControl::HeadingProperty(int heading, std::string_view attribute) const {
+  return parts_->State.Table.Property(heading, attribute);
+}
+
+void ListerControl::SetHeadingProperty(int heading, std::string_view attribute,
+                                       const base::Value& value) {
+  parts_->State.Table.SetProperty(heading, attribute, value);
+  parts_->State.View().HeadingsChanged();
+}
+
+// --- What is kept from run to run.
+
+std::int16_t ListerControl::ExpandedCount() const {
+  return HighestNumber(parts_->State.Expanded.Paths().size());
+}
+
+std::string ListerControl::ExpandedFolder(int number) const {
+  if (number < 0 || number > ExpandedCount()) return "";
+  return parts_->State.Expanded.Paths()[static_cast<std::size_t>(number)];
+}
+
+void ListerControl::AddExpanded(const std::string& folder) {
+  parts_->State.Expanded.Add(folder);
+}
+
+std::int16_t ListerControl::ActiveItemCount() const {
+  return HighestNumber(parts_->State.Active.Entries().size());
+}
+
+void ListerControl::GetActiveItem(int number, std::string& folder, std::string& item) const {
+  folder.clear();
+  item.clear();
+  if (number < 0 || number > ActiveItemCount()) return;
+  std::tie(folder, item) = parts_->State.Active.Entries()[static_cast<std::size_t>(number)];
+}
+
+void ListerControl::AddActiveItem(const std::string& folder, const std::string& item) {
+  parts_->State.Active.Set(folder, item);
+}
+
+void ListerControl::ShowStatus(const std::string& text) {
+  parts_->State.SetStatus(base::ForDisplay(text));
+}
+
+void ListerControl::WatchStart() {
+  parts_->Body->Follower.Resume();
+}
+void ListerControl::WatchStop() {
+  parts_->Body->Follower.Stop();
+}
+void ListerControl::WatchResume() {
+  parts_->Body->Follower.Resume();
+}
+
+// --- What the widget shows.
+
+int ListerControl::ChildCount(RowId parent) const {
+  return parts_->Body->ChildCount(parent);
+}
+RowId ListerControl::Child(RowId parent, int position) const {
+  return parts_->Body->Child(parent, position);
+}
+RowId ListerControl::Parent(RowId row) const {
+  return parts_->Body->Parent(row);
+}
+int ListerControl::PositionOf(RowId row) const {
+  return parts_->Body->PositionOf(row);
+}
+RowLook ListerControl::Look(RowId row) const {
+  return parts_->Body->Look(row);
+}
+std::string ListerControl::CellText(RowId row, HeadingId heading) const {
+  return parts_->Body->CellText(row, heading);
+}
+std::string ListerControl::PathOf(RowId row) const {
+  return parts_->Body->PathOf(row);
+}
+RowId ListerControl::CurrentRow() const {
+  return parts_->Body->CurrentRow();
+}
+const Headings& ListerControl::HeadingTable() const {
+  return parts_->State.Table;
+}
+int ListerControl::ActiveHeading() const {
+  return parts_->ActiveHeading;
+}
+bool ListerControl::IsActive() const {
+  return parts_->IsActive;
+}
+bool ListerControl::ShowIcons() const {
+  return IsFileList(id_) ? parts_->Settings.ShowFileIcons : parts_->Settings.ShowFolderIcons;
+}
+const ListerColours& ListerControl::Colours() const {
+  return parts_->Settings.Colours;
+}
+const std::string& ListerControl::StatusText() const {
+  return parts_->State.Status;
+}
+std::vector<platform::Drive> ListerControl::DriveChoices() const {
+  return parts_->State.Services.Drives.List();
+}
+
+// --- What the user does.
+
+void ListerControl::Focused() {
+  parts_->State.Events.ListFocused(id_);
+}
+void ListerControl::MouseReleased() {
+  parts_->State.Events.MouseReleased(id_);
+}
+void ListerControl::MoveCurrent(RowId row) {
+  parts_->Body->MoveCurrent(row);
+}
+void ListerControl::Activate(RowId row) {
+  parts_->Body->Activate(row);
+}
+void ListerControl::Expand(RowId row) {
+  parts_->Body->Expand(row);
+}
+void ListerControl::Collapse(RowId row) {
+  parts_->Body->Collapse(row);
+}
+void ListerControl::KeyUpFolder() {
+  parts_->State.Events.UpFolderKey(id_, BackspaceKey, 0);
+}
+
+void ListerControl::ChooseDrive(const std::string& drive) {
+  if (!drive.empty()) parts_->Body->LoadDrive(drive, true);
+}
+
+void ListerControl::ClickHeading(int heading) {
+  if (heading < 0 || heading >= HeadingCount) return;
+  parts_->ActiveHeading = heading;
+  parts_->State.View().HeadingsChanged();
+}
+
+void ListerControl::DoubleClickHeading(int heading, bool shift) {
+  if (heading < 0 || heading >= HeadingCount) return;
+  ClickHeading(heading);
+  const SortKeys& keys = parts_->State.Keys;
+  const bool toggles =
+      keys.IsOnly(static_cast<HeadingId>(heading)) && !keys.Entries()[0].Descending;
+  SortCommand(shift ? "ascadd" : toggles ? "des" : "asc");
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,40 @@
+// What a list tells the widget that paints it. Calls come before and after the rows change, so that
+// the widget's model is never asked about rows that are halfway between two states.
+#pragma once
+
+#include <cstdint>
+
+namespace tarnwell::lister {
+
+// Names a row of a list: a node of the folder tree or an item of a file list. The number stays with
+// the row until the row is removed or the list is reset. Row 0 is the invisible root above all
+// rows.
+using RowId = std::int32_t;
+inline constexpr RowId RootRow = 0;
+inline constexpr RowId NoRow = -1;
+
+class ListerView {
+ public:
+  virtual ~ListerView() = default;
+
+  virtual void BeginReset() = 0;  // all rows go, others come
+  virtual void EndReset() = 0;
+  virtual void BeginInsert(RowId parent, int first, int last) = 0;
+  virtual void EndInsert() = 0;
+  virtual void BeginRemove(RowId parent, int first, int last) = 0;
+  virtual void EndRemove() = 0;
+  // The order of the children of `parent` changes.
+  virtual void BeginReorder(RowId parent) = 0;
+  virtual void EndReorder() = 0;
+  virtual void CellsChanged(RowId parent, int first, int last) = 0;
+  virtual void ExpansionChanged(RowId row) = 0;
+  virtual void CurrentChanged() = 0;   // the row with the cursor is another one
+  virtual void HeadingsChanged() = 0;  // order, width, visibility or sort marks of headings
+  virtual void StyleChanged() = 0;     // colours, active or inactive
+  virtual void StatusChanged() = 0;    // the text of the status line
+  virtual void DrivesChanged() = 0;    // the drives, or which one is shown
+  virtual void Repaint() = 0;
+  virtual void TakeFocus() = 0;
+};
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,29 @@
+// The widget of a list that has none: tells changes to nobody.
+#pragma once
+
+#include "lister/ListerView.h"
+
+namespace tarnwell::lister {
+
+class NoView : public ListerView {
+ public:
+  void BeginReset() override {}
+  void EndReset() override {}
+  void BeginInsert(RowId, int, int) override {}
+  void EndInsert() override {}
+  void BeginRemove(RowId, int, int) override {}
+  void EndRemove() override {}
+  void BeginReorder(RowId) override {}
+  void EndReorder() override {}
+  void CellsChanged(RowId, int, int) override {}
+  void ExpansionChanged(RowId) override {}
+  void CurrentChanged() override {}
+  void HeadingsChanged() override {}
+  void StyleChanged() override {}
+  void StatusChanged() override {}
+  void DrivesChanged() override {}
+  void Repaint() override {}
+  void TakeFocus() override {}
+};
+
+}  // namespace tarnwell::lister

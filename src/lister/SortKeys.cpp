@@ -1,0 +1,32 @@
+#include "lister/SortKeys.h"
+
+#include <algorithm>
+
+namespace tarnwell::lister {
+
+bool SortKeys::Set(int level, SortKey key) {
+  // No heading is worth a second level, so there are no more levels than headings.
+  const int most = single_ ? 1 : HeadingCount;
+  if (level < 0 || level > static_cast<int>(entries_.size()) || level >= most) return false;
+  entries_.resize(static_cast<std::size_t>(level));
+  entries_.push_back(key);
+  return true;
+}
+
+void SortKeys::Add(SortKey key) {
+  if (single_) return StartNew(key);
+  const auto place = std::find_if(entries_.begin(), entries_.end(), [&](const SortKey& entry) {
+    return entry.Heading == key.Heading;
+  });
+  if (place != entries_.end()) {
+    *place = key;
+  } else {
+    entries_.push_back(key);
+  }
+}
+
+bool SortKeys::IsOnly(HeadingId heading) const {
+  return entries_.size() == 1 && entries_[0].Heading == heading;
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,174 @@
+// The other ports in memory, and all of them together as a test of a list or a form wants them.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "fakes/MemoryFileSystem.h"
+#include "lister/ListerControl.h"
+#include "platform/Clock.h"
+#include "platform/FolderWatch.h"
+#include "platform/MessagePump.h"
+#include "platform/SystemInfo.h"
+
+namespace tarnwell::fakes {
+
+// Offers what a test puts into Volumes.
+class FakeDrives : public platform::Drives {
+ public:
+  explicit FakeDrives(const base::PathSyntax& syntax) : syntax_(syntax) {
+    Volumes.push_back({std::string(syntax.DefaultDrive), "System"});
+    if (!syntax.RootMark.empty()) Volumes.push_back({"D", "Data"});
+  }
+
+  std::vector<platform::Drive> Volumes;
+  std::string Home;
+
+  // What the platform does after volumes came or went.
+  void Change() const {
+    if (changed_) changed_();
+  }
+
+  std::vector<platform::Drive> List() const override { return Volumes; }
+  std::string HomeFolder() const override { return Home; }
+  std::string DriveOf(const std::string& path) const override {
+    std::string best, bestRoot;
+    for (const platform::Drive& drive : Volumes) {
+      const std::string root = syntax_.DriveRoot(drive.Name);
+      if (!syntax_.IsWithin(path, root) || root.size() < bestRoot.size()) continue;
+      best = drive.Name;
+      bestRoot = root;
+    }
+    return best;
+  }
+  void OnChange(std::function<void()> changed) override { changed_ = std::move(changed); }
+
+ private:
+  const base::PathSyntax& syntax_;
+  std::function<void()> changed_;
+};
+
+class FakeFolderWatch : public platform::FolderWatch {
+ public:
+  bool Refuses = false;  // no folder can be watched
+
+  // The folders under watch, in the order of their starts.
+  std::vector<std::string> Watched() const {
+    std::vector<std::string> folders;
+    for (const Entry& entry : *entries_) folders.push_back(entry.Folder);
+    return folders;
+  }
+  // Tells everyone who watches the folder that it changed.
+  void Notify(const std::string& folder) {
+    const std::vector<Entry> entries = *entries_;  // a listener may start and stop watches
+    for (const Entry& entry : entries) {
+      if (entry.Folder == folder) entry.Changed();
+    }
+  }
+
+  std::unique_ptr<platform::Watch> Start(const std::string& folder,
+                                         std::function<void()> changed) override {
+    if (Refuses) return nullptr;
+    entries_->push_back({folder, std::move(changed), ++last_});
+    return std::make_unique<Handle>(entries_, last_);
+  }
+
+ private:
+  struct Entry {
+    std::string Folder;
+    std::function<void()> Changed;
+    int Number;
+  };
+  struct Handle : platform::Watch {
+    Handle(std::shared_ptr<std::vector<Entry>> entries, int number)
+        : Entries(std::move(entries)), Number(number) {}
+    ~Handle() override {
+      std::erase_if(*Entries, [this](const Entry& entry) { return entry.Number == Number; });
+    }
+    std::shared_ptr<std::vector<Entry>> Entries;
+    int Number;
+  };
+  std::shared_ptr<std::vector<Entry>> entries_ = std::make_shared<std::vector<Entry>>();
+  int last_ = 0;
+};
+
+// A pump whose messages are the callbacks that a test posts. A callback may call the code that
+// pumps, and so nest calls.
+class FakePump : public platform::MessagePump {
+ public:
+  int Calls = 0;
+
+  // Runs at the next call of DoEvents; a second one posted runs at the call after that.
+  void Post(std::function<void()> message) { messages_.push_back(std::move(message)); }
+
+  void DoEvents() override {
+    ++Calls;
+    if (messages_.empty()) return;
+    const std::function<void()> message = std::move(messages_.front());
+    messages_.erase(messages_.begin());
+    message();
+  }
+
+ private:
+  std::vector<std::function<void()>> messages_;
+};
+
+// A clock whose time zone is UTC.
+class FakeClock : public platform::Clock {
+ public:
+  std::int64_t Time = 0;  // nanoseconds since 1970
+  std::int64_t Tick = 0;  // milliseconds
+  // Added to Tick each time it is asked for, so that work that measures time finds it has passed.
+  std::int64_t TickStep = 0;
+
+  std::int64_t Now() const override { return Time; }
+  platform::LocalTime ToLocal(std::int64_t nanoseconds) const override {
+    using namespace std::chrono;
+    const sys_seconds moment{floor<seconds>(std::chrono::nanoseconds(nanoseconds))};
+    const sys_days day = floor<days>(moment);
+    const year_month_day date(day);
+    const hh_mm_ss time(moment - day);
+    return {int(date.year()),
+            static_cast<int>(unsigned(date.month())),
+            static_cast<int>(unsigned(date.day())),
+            static_cast<int>(time.hours().count()),
+            static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count())};
+  }
+  std::int64_t Ticks() const override {
+    const_cast<FakeClock*>(this)->Tick += TickStep;
+    return Tick;
+  }
+};
+
+class FakeSystemInfo : public platform::SystemInfo {
+ public:
+  bool Windows95 = false, Windows98 = false, WindowsMe = false;
+  std::string Folder = "C:\\Tarnwell";
+
+  bool IsWindows95() const override { return Windows95; }
+  bool IsWindows98() const override { return Windows98; }
+  bool IsWindowsMe() const override { return WindowsMe; }
+  std::string ProgramFolder() const override { return Folder; }
+};
+
+// All of the above by one syntax.
+struct FakePlatform {
+  explicit FakePlatform(const base::PathSyntax& syntax = base::PathSyntax::Windows())
+      : Files(syntax), Drives(syntax) {}
+
+  MemoryFileSystem Files;
+  FakeDrives Drives;
+  FakeFolderWatch Watches;
+  FakePump Pump;
+  FakeClock Clock;
+  FakeSystemInfo System;
+
+  lister::ListerServices Services() { return {Files, Drives, Watches, Pump, Clock}; }
+};
+
+}  // namespace tarnwell::fakes

@@ -1,0 +1,356 @@
+#include <algorithm>
+#include <random>
+
+#include "ListFixture.h"
+#include "lister/NameOrder.h"
+
+namespace tarnwell::lister {
+namespace {
+
+class FolderList : public ListFixture {
+ protected:
+  FolderList() : ListFixture(2) {
+    for (const char* folder : {"C:\\Work\\p10", "C:\\Work\\p9\\deep\\deeper", "C:\\apps", "C:\\Zoo",
+                               "D:\\Music\\Live"}) {
+      Platform.Files.AddFolder(folder);
+    }
+    Platform.Files.AddFile("C:\\note.txt");
+    Platform.Files.AddFolder("C:\\secret").IsHidden = true;
+    Platform.Files.AddLink("C:\\music", "D:\\Music");
+    Platform.Files.AddLink("C:\\lost", "D:\\nowhere");
+  }
+
+  void Load(std::string drive = "C") { List.LoadDrive(drive, false); }
+  RowId RowOf(const std::string& path) const { return RowOf(path, RootRow); }
+  int Reads(const std::string& path) { return Platform.Files.At(path).Reads; }
+
+ private:
+  RowId RowOf(const std::string& path, RowId parent) const {
+    for (int at = 0; at < List.ChildCount(parent); ++at) {
+      const RowId row = List.Child(parent, at);
+      if (List.PathOf(row) == path) return row;
+      if (const RowId below = RowOf(path, row); below != NoRow) return below;
+    }
+    return NoRow;
+  }
+};
+
+TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
+  Load();
+  EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});
+  EXPECT_EQ(Names(), Texts{"C:\\"});
+  const RowId top = List.Child(RootRow, 0);
+  EXPECT_EQ(Names(top), (Texts{"apps", "music", "Work", "Zoo"}));
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+  EXPECT_EQ(List.CurrentNodeLevel(), 1);
+  EXPECT_EQ(List.InitialDrive(), "C");
+  EXPECT_TRUE(List.Look(top).IsOpen);
+  EXPECT_TRUE(List.Look(Row(top, "music")).IsLink);
+
+  const RowId work = Row(top, "Work");
+  EXPECT_TRUE(List.Look(work).HasChildren);
+  EXPECT_EQ(Reads("C:\\Work"), 0);
+  List.Expand(work);
+  List.Collapse(work);
+  List.Expand(work);
+  EXPECT_EQ(Reads("C:\\Work"), 1);
+  EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
+  EXPECT_TRUE(List.Look(work).IsExpanded);
+  List.Expand(Row(work, "p10"));
+  EXPECT_FALSE(List.Look(Row(work, "p10")).HasChildren);
+  EXPECT_TRUE(Events.Take().empty());
+
+  List.SortCommand("des");
+  EXPECT_EQ(Names(top), (Texts{"Zoo", "Work", "music", "apps"}));
+  EXPECT_EQ(Names(work), (Texts{"p10", "p9"}));
+}
+
+TEST_F(FolderList, OpensAFolderWithTheBranchesAboveIt) {
+  Load();
+  Events.Take();
+  List.OpenFolder(0, "c:\\work\\P9\\deep\\");
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9\\deep");
+  EXPECT_EQ(List.CurrentNodeLevel(), 4);
+  EXPECT_EQ(List.ParentOfKey(List.CurrentNodeKey()), "C:\\Work\\p9");
+  EXPECT_EQ(List.CurrentRow(), RowOf("C:\\Work\\p9\\deep"));
+  EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work", "C:\\Work\\p9"}));
+  EXPECT_EQ(List.DriveFolder("C"), "C:\\Work\\p9\\deep");
+
+  // Told again by OpenFolder, not by a cursor that comes to rest where it was.
+  List.OpenFolder(0, "C:\\Work\\p9\\deep");
+  List.MoveCurrent(List.CurrentRow());
+  EXPECT_EQ(Events.Take().size(), 2u);
+  List.MoveCurrent(RowOf("C:\\apps"));
+  EXPECT_EQ(List.CurrentFolder(), "C:\\apps");
+  EXPECT_EQ(Events.Take().size(), 1u);
+
+  // What the user asks for is shown although it is hidden, or new since the branch was read.
+  List.OpenFolder(0, "C:\\secret");
+  EXPECT_TRUE(List.Look(RowOf("C:\\secret")).IsHidden);
+  Platform.Files.AddFolder("C:\\Work\\p9\\new");
+  List.ExpandFolder(0, "C:\\Work\\p9\\", 1);
+  List.OpenFolder(0, "C:\\Work\\p9\\new");
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9\\new");
+  List.OpenFolder(0);
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+  Events.Take();
+
+  const Texts expanded = Expanded();
+  for (const char* path : {"C:\\Work\\none", "D:\\Music", "C:\\note.txt", "C:\\Work\\.."}) {
+    List.OpenFolder(0, path);
+    EXPECT_EQ(List.CurrentFolder(), "C:\\") << path;
+    EXPECT_TRUE(List.StatusText().starts_with("Cannot open ")) << List.StatusText();
+  }
+  EXPECT_EQ(Expanded(), expanded);
+  EXPECT_TRUE(Events.Take().empty());
+}
+
+TEST_F(FolderList, CollapsingKeepsWhatIsExpandedBelow) {
+  Load();
+  List.OpenFolder(0, "C:\\Work\\p9\\deep\\deeper");
+  List.Collapse(RowOf("C:\\Work"));
+  EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work\\p9", "C:\\Work\\p9\\deep"}));
+  EXPECT_EQ(List.CurrentRow(), RowOf("C:\\Work"));
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9\\deep\\deeper");
+  List.Expand(RowOf("C:\\Work"));
+  EXPECT_TRUE(List.Look(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
+}
+
+TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
+  for (const char* path : {"C:\\Work\\p9\\deep", "C:\\gone", "C:\\gone\\below", "C:\\Work\\p9\\",
+                           "C:\\secret", "D:\\Music", "C:\\Work\\p9"}) {
+    List.AddExpanded(path);
+  }
+  EXPECT_EQ(List.ExpandedCount(), 5);
+  EXPECT_EQ(List.ExpandedFolder(6), "");
+  Load();
+  EXPECT_EQ(Expanded(),
+            (Texts{"C:\\Work\\p9\\deep", "C:\\Work\\p9", "C:\\secret", "D:\\Music", "C:\\"}));
+  EXPECT_EQ(Reads("C:\\Work\\p9"), 0);  // the branch above it is not expanded
+  List.Expand(RowOf("C:\\Work"));
+  EXPECT_TRUE(List.Look(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
+  EXPECT_NE(RowOf("C:\\Work\\p9\\deep\\deeper"), NoRow);
+}
+
+TEST_F(FolderList, RemembersTheFolderOfEachDrive) {
+  Platform.Drives.Home = "D:\\Music\\Live";
+  EXPECT_EQ(List.InitialDrive(), "");
+  EXPECT_EQ(List.DriveFolder("D"), "D:\\Music\\Live");
+  EXPECT_EQ(List.DriveFolder(), "C:\\");
+  List.AddActiveItem("C:\\", "C:\\Work\\p9");
+  EXPECT_EQ(List.DriveFolder("C"), "C:\\Work\\p9");
+  Load();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9");
+  Events.Take();
+
+  List.ChooseDrive("D");
+  EXPECT_EQ(Events.Take(), Texts{"DriveSelected 2"});
+  EXPECT_EQ(List.InitialDrive(), "D");
+  EXPECT_EQ(List.DriveFolder(), "D:\\Music\\Live");
+  List.OpenFolder(0, "D:\\Music");
+  Load();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9");
+  List.SetDriveFolder("D", "D:\\Music\\Live\\");
+  std::string folder, item;
+  List.GetActiveItem(List.ActiveItemCount(), folder, item);
+  EXPECT_EQ(folder + item, "D:\\D:\\Music\\Live");
+
+  Platform.Files.Remove("C:\\Work");
+  Load();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+  Load("Q");
+  EXPECT_EQ(List.CurrentFolder(), "Q:\\");
+  EXPECT_EQ(List.StatusText(), "Cannot read Q:\\: No such file or directory");
+}
+
+TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
+  Platform.Files.At("C:\\Work").ReadFault = Platform.Files.Denied();
+  Load();
+  const RowId work = RowOf("C:\\Work");
+  List.Expand(work);
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\Work: Permission denied");
+  EXPECT_FALSE(List.Look(work).HasChildren);
+  EXPECT_FALSE(List.Look(work).IsExpanded);
+
+  // What lies in it can be entered all the same.
+  List.OpenFolder(0, "C:\\Work\\p9");
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9");
+  EXPECT_EQ(Names(work), Texts{"p9"});
+  List.RefreshList();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9");
+
+  Platform.Files.At("C:\\Work").ReadFault = {};
+  List.RefreshList();
+  EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
+  EXPECT_EQ(List.StatusText(), "");
+}
+
+TEST_F(FolderList, RefreshKeepsRowsAndFollowsTheDisk) {
+  Load();
+  List.OpenFolder(0, "C:\\Work\\p9\\deep");
+  const RowId open = List.CurrentRow(), zoo = RowOf("C:\\Zoo");
+  Platform.Files.Remove("C:\\apps");
+  Platform.Files.Remove("C:\\music");
+  for (const char* name : {"C:\\aa", "C:\\beta", "C:\\Zz", "C:\\Work\\p1"}) {
+    Platform.Files.AddFolder(name);
+  }
+  List.ShowHidden = true;
+  Events.Take();
+  const int resets = View.Resets;
+  List.RefreshList();
+  EXPECT_EQ(Names(List.Child(RootRow, 0)), (Texts{"aa", "beta", "secret", "Work", "Zoo", "Zz"}));
+  EXPECT_EQ(Names(RowOf("C:\\Work")), (Texts{"p1", "p9", "p10"}));
+  EXPECT_EQ(List.CurrentRow(), open);
+  EXPECT_EQ(RowOf("C:\\Zoo"), zoo);
+  EXPECT_EQ(View.Resets, resets);
+  EXPECT_TRUE(Events.Take().empty());
+
+  Platform.Files.Remove("C:\\Work\\p9");
+  List.RefreshList();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work");
+  EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});
+  EXPECT_EQ(List.CurrentRow(), RowOf("C:\\Work"));
+  EXPECT_EQ(List.DriveFolder("C"), "C:\\Work");
+}
+
+TEST_F(FolderList, RefreshFitsAnyChange) {
+  // The view checks each step; many names come and go between others.
+  Platform.Files.AddFolder("D:\\keep");
+  Load("D");
+  List.OpenFolder(0, "D:\\keep");
+  std::mt19937 random(5);
+  for (int round = 0; round < 200; ++round) {
+    for (int change = 0; change < 6; ++change) {
+      const std::string path = "D:\\n" + std::to_string(random() % 20);
+      if (random() % 2 == 0) {
+        Platform.Files.Remove(path);
+      } else {
+        Platform.Files.AddFolder(path + "\\below");
+      }
+    }
+    if (round % 7 == 0) List.SortCommand(round % 2 == 0 ? "asc" : "des");
+    const RowId top = List.Child(RootRow, 0);
+    if (round % 3 == 0) List.Expand(List.Child(top, 0));
+    if (round % 5 == 0) List.Collapse(List.Child(top, 1));
+    List.RefreshList();
+    Texts expected = {"Music", "keep"};
+    for (int number = 0; number < 20; ++number) {
+      const std::string name = "n" + std::to_string(number);
+      if (Platform.Files.Exists("D:\\" + name)) expected.push_back(name);
+    }
+    std::sort(expected.begin(), expected.end(), NameBefore);
+    std::string key, direction;
+    List.GetSortKey(0, key, direction);
+    if (direction == "des") std::reverse(expected.begin(), expected.end());
+    ASSERT_EQ(Names(top), expected);
+    ASSERT_EQ(List.CurrentFolder(), "D:\\keep");
+    View.Check();
+  }
+}
+
+TEST_F(FolderList, WatchesTheOpenFolder) {
+  Load();
+  List.OpenFolder(0, "C:\\Work\\p9");
+  EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\Work\\p9"});
+  List.Expand(List.CurrentRow());
+  Platform.Files.AddFolder("C:\\Work\\p9\\new");
+  Platform.Watches.Notify("C:\\Work\\p9");
+  EXPECT_NE(RowOf("C:\\Work\\p9\\new"), NoRow);
+  Platform.Files.Remove("C:\\Work");
+  Platform.Watches.Notify("C:\\Work\\p9");
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+  EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\"});
+  List.WatchStop();
+  List.OpenFolder(0, "C:\\Zoo");
+  EXPECT_TRUE(Platform.Watches.Watched().empty());
+  List.WatchResume();
+  EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\Zoo"});
+  List.Terminate();
+  EXPECT_TRUE(Platform.Watches.Watched().empty());
+}
+
+TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
+  Platform.Clock.TickStep = 50;
+  Platform.Pump.Post([this] { List.OpenFolder(0, "C:\\Work\\p10"); });
+  Platform.Pump.Post([this] { List.MoveCurrent(List.Child(RootRow, 0)); });
+  Load();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+  EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work"}));
+  EXPECT_EQ(Events.Take().size(), 3u);
+
+  // A listener may open another folder while it is told of the first.
+  Events.OnFolderSelected = [this] {
+    Events.OnFolderSelected = nullptr;
+    List.OpenFolder(0, "C:\\Zoo");
+  };
+  List.OpenFolder(0, "C:\\Work");
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Zoo");
+
+  // Escape leaves the branch as it was.
+  Platform.Pump.Post([this] { List.CancelRequested = true; });
+  List.Expand(RowOf("C:\\Work\\p9"));
+  EXPECT_EQ(List.StatusText(), "Reading stopped");
+  EXPECT_TRUE(List.Look(RowOf("C:\\Work\\p9")).HasChildren);
+  EXPECT_FALSE(List.Look(RowOf("C:\\Work\\p9")).IsExpanded);
+  List.Expand(RowOf("C:\\Work\\p9"));
+  EXPECT_NE(RowOf("C:\\Work\\p9\\deep"), NoRow);
+
+  Platform.Pump.Post([this] { List.Terminate(); });
+  List.RefreshList();
+  EXPECT_TRUE(Platform.Watches.Watched().empty());
+}
+
+TEST_F(FolderList, SortsByOneKeyAndSurvivesAnyArgument) {
+  List.AddSortKey(0, "sName", "asc");
+  List.AddSortKey(1, "sSize", "asc");
+  List.SortCommand("desadd");
+  EXPECT_EQ(List.SortKeyCount(), 1);
+  EXPECT_EQ(List.ChildCount(RootRow), 0);
+  EXPECT_EQ(List.CurrentNodeLevel(), 0);
+  List.OpenFolder(0);
+  List.RefreshList();
+  Load();
+  for (const RowId row : {NoRow, RootRow, RowId{999}}) {
+    EXPECT_EQ(List.PathOf(row) + List.CellText(row, HeadingId::Name), "");
+    EXPECT_EQ(List.PositionOf(row), -1);
+    EXPECT_EQ(List.Parent(row), NoRow);
+    EXPECT_FALSE(List.Look(row).HasChildren);
+    List.MoveCurrent(row);
+    List.Activate(row);
+    List.Expand(row);
+    List.Collapse(row);
+  }
+  EXPECT_EQ(List.Child(RootRow, 1), NoRow);
+  EXPECT_EQ(List.Child(RootRow, -1), NoRow);
+  EXPECT_EQ(List.ChildCount(77), 0);
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+}
+
+class PosixFolderList : public ListFixture {
+ protected:
+  PosixFolderList() : ListFixture(0, base::PathSyntax::Posix()) {}
+};
+
+TEST_F(PosixFolderList, NamesAreBytesAndADriveIsAMountPoint) {
+  const std::string odd = "new\nline\xFF";
+  Platform.Files.AddFolder("/media/disk/" + odd + "/x");
+  Platform.Files.AddFolder("/media/disk/A");
+  Platform.Files.AddFolder("/media/disk/a");
+  Platform.Drives.Volumes.push_back({"/media/disk", "Disk"});
+  std::string drive = "/media/disk";
+  List.LoadDrive(drive, false);
+  List.OpenFolder(0, "/media/disk/" + odd + "/x/");
+  EXPECT_EQ(List.CurrentFolder(), "/media/disk/" + odd + "/x");
+  EXPECT_EQ(Names(List.Child(RootRow, 0)), (Texts{"A", "a", "new\u240Aline\uFFFD"}));
+  List.OpenFolder(0, "/media/disk/a");
+  EXPECT_EQ(List.CurrentFolder(), "/media/disk/a");
+  List.OpenFolder(0, "/media");
+  EXPECT_EQ(List.StatusText(), "Cannot open /media: it is not on this drive");
+
+  drive.clear();
+  List.LoadDrive(drive, false);
+  EXPECT_EQ(drive, "/media/disk");
+}
+
+}  // namespace
+}  // namespace tarnwell::lister
