@@ -1,0 +1,85 @@
+// Builds the adapters, hands them to the core, and runs.
+
+#include <QApplication>
+#include <QIcon>
+#include <QStyleFactory>
+#include <cstdlib>
+#include <memory>
+
+#include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxDrives.h"
+#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxFolderWatch.h"
+#include "platform/linux/LinuxSystemInfo.h"
+#include "platform/linux/LinuxTermination.h"
+#include "shell/Application.h"
+#include "ui/IconSource.h"
+#include "ui/MainWindow.h"
+#include "ui/MsgBoxWindow.h"
+#include "ui/QtDialogs.h"
+#include "ui/QtFormHost.h"
+#include "ui/QtMessagePump.h"
+#include "ui/SplashWindow.h"
+
+namespace {
+
+using namespace tarnwell;
+
+constexpr shell::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION_MINOR,
+                                        TARNWELL_VERSION_REVISION};
+
+// For the end that leaves no time for windows: the display has gone, and with it the way back into
+// main. What the user did is saved all the same.
+shell::Application* runningApplication = nullptr;
+
+void SaveAtExit() {
+  if (runningApplication != nullptr) runningApplication->MainObject().SaveWithoutWindows();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication qtApplication(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("tarnwell"));
+  QApplication::setApplicationDisplayName(QStringLiteral("Tarnwell"));
+  QApplication::setDesktopFileName(QStringLiteral("tarnwell"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+
+  platform::LinuxSystemInfo system(platform::ProgramPlaces::OfProcess());
+  platform::LinuxFileSystem files;
+  platform::LinuxDrives drives;
+  platform::LinuxFolderWatch watches;
+  platform::LinuxClock clock;
+  ui::QtMessagePump pump;
+  ui::QtDialogs dialogs;
+  ui::QtFormHost host;
+  const QString dataFolder = QString::fromStdString(system.DataFolder());
+  const ui::IconSource icons(dataFolder);
+  const QIcon programIcon(dataFolder + QStringLiteral("/icons/tarnwell.svg"));
+  QApplication::setWindowIcon(programIcon);
+
+  shell::Application application({host, files, drives, watches, pump, clock, dialogs, system},
+                                 ProgramVersion);
+  host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
+    return std::make_unique<ui::SplashWindow>(form, programIcon);
+  });
+  host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
+    return std::make_unique<ui::MainWindow>(application.MainObject(), icons, dataFolder);
+  });
+  host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
+    return std::make_unique<ui::MsgBoxWindow>(form, [&host, &form] { host.Unload(form); });
+  });
+
+  const platform::LinuxTermination termination([&application] { application.RequestQuit(); });
+  runningApplication = &application;
+  std::atexit(SaveAtExit);
+
+  application.Start();
+  QApplication::exec();
+  // Whatever ended the loop (a session that logs out, say), the program ends as if closed.
+  application.RequestQuit();
+  host.DeleteClosedWindows();
+  runningApplication = nullptr;
+  return EXIT_SUCCESS;
+}

@@ -1,0 +1,45 @@
+// From the measures, colours and texts of the core to Qt's.
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <string_view>
+
+#include "base/Colour.h"
+#include "base/Measure.h"
+#include "base/Text.h"
+
+namespace tarnwell::ui {
+
+// The nearest logical pixel.
+constexpr int ToPixels(base::Twips twips) {
+  constexpr int half = base::TwipsPerPixel / 2;
+  return (twips < 0 ? twips - half : twips + half) / base::TwipsPerPixel;
+}
+
+constexpr base::Twips ToTwips(int pixels) {
+  return pixels * base::TwipsPerPixel;
+}
+
+inline QColor ToQColor(base::Colour colour) {
+  return QColor(base::Red(colour), base::Green(colour), base::Blue(colour));
+}
+
+// Text of the program's own, or text that was made for showing already.
+inline QString ToQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// Text that may hold the bytes of a name: one line, with visible marks for control characters.
+inline QString ToShownQString(std::string_view text) {
+  return ToQString(base::ForDisplay(text));
+}
+
+// A tool-tip that shows the text as it is, also where a name in it looks like HTML.
+inline QString PlainToolTip(const QString& text) {
+  return text.contains(QLatin1Char('<')) || text.contains(QLatin1Char('&'))
+             ? QStringLiteral("<span>") + text.toHtmlEscaped() + QStringLiteral("</span>")
+             : text;
+}
+
+}  // namespace tarnwell::ui

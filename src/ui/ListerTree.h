@@ -1,0 +1,41 @@
+// The rows of a list on the screen. Reports what the user means with keys and mouse; frames the row
+// that has the cursor.
+#pragma once
+
+#include <QTreeView>
+
+#include "ui/ListerStyle.h"
+
+namespace tarnwell::ui {
+
+class ListerTree : public QTreeView {
+  Q_OBJECT
+
+ public:
+  // The style outlives the tree.
+  ListerTree(bool fileList, const ListerStyle& style, QWidget* parent);
+
+  // The branch marks are worked out anew before the next paint.
+  void RefreshBranches() { scheduleDelayedItemsLayout(); }
+  // Whether all rows above the index are expanded.
+  bool IsShown(const QModelIndex& index) const;
+
+ signals:
+  void ActivateAsked(const QModelIndex& index);  // Enter or a double click
+  void UpFolderAsked();
+  void FocusTaken();
+  void MouseReleased();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+
+ private:
+  const ListerStyle& style_;
+};
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,104 @@
+// The widget of a list: drive list (folder lists), rows under their headings, status line.
+//
+// Shows what the control says and tells it what the user does; decides nothing. Calls that may read
+// folders go to the control from the event loop, never from inside a Qt view: they let messages
+// through, and rows may come and go meanwhile.
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QTimer>
+#include <QWidget>
+#include <deque>
+#include <functional>
+
+#include "lister/ListerControl.h"
+#include "ui/IconSource.h"
+#include "ui/ListerStyle.h"
+
+class QComboBox;
+class QLabel;
+
+namespace tarnwell::ui {
+
+class ListerHeader;
+class ListerModel;
+class ListerTree;
+
+class ListerWidget : public QWidget, private lister::ListerView {
+  Q_OBJECT
+
+ public:
+  // Makes itself the view of the control. Control and icons outlive the widget.
+  ListerWidget(lister::ListerControl& control, const IconSource& icons, QWidget* parent = nullptr);
+  ~ListerWidget() override;
+
+  QSize minimumSizeHint() const override { return {40, 40}; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BeginReset() override;
+  void EndReset() override;
+  void BeginInsert(lister::RowId parent, int first, int last) override;
+  void EndInsert() override;
+  void BeginRemove(lister::RowId parent, int first, int last) override;
+  void EndRemove() override;
+  void BeginReorder(lister::RowId parent) override;
+  void EndReorder() override;
+  void CellsChanged(lister::RowId parent, int first, int last) override;
+  void ExpansionChanged(lister::RowId row) override;
+  void CurrentChanged() override;
+  void HeadingsChanged() override;
+  void StyleChanged() override;
+  void StatusChanged() override;
+  void DrivesChanged() override;
+  void Repaint() override;
+  void TakeFocus() override;
+
+  void BuildDriveList();
+  void ConnectTree();
+  void ConnectHeader();
+  void TellFocus();
+  void PlaceChildren();
+  void SetMeasures();
+
+  // Runs the task from the event loop, after those before it, unless the control has let go of the
+  // widget by then.
+  void Queue(std::function<void()> task);
+  void RunNextTask();
+  void QueueMove(const QModelIndex& index);
+  void QueueExpansion(const QModelIndex& index);
+
+  // Takes over from the control which of these rows, and of those below, are expanded.
+  void ShowExpansion(lister::RowId parent, int first, int last);
+  void ShowExpansion(lister::RowId row);
+  void ShowRows();
+  void ShowCurrent();
+  void ScrollToCurrent();
+
+  lister::ListerControl& control_;
+  const bool fileList_;
+  const IconSource& icons_;
+  ListerStyle style_;
+  ListerModel* model_;
+  QComboBox* drives_ = nullptr;  // folder lists only
+  ListerTree* tree_;
+  ListerHeader* header_;
+  QLabel* status_;
+
+  QTimer taskTimer_;
+  std::deque<std::function<void()>> tasks_;
+  QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
+  int rowChanges_ = 0;          // calls that change rows and are not ended
+  bool scrollDue_ = false;      // the current row is to be brought into view once there is one
+  lister::RowId insertParent_ = lister::RootRow;
+  int insertFirst_ = 0;
+  int insertLast_ = 0;
+};
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,123 @@
+#include "ui/MsgBoxWindow.h"
+
+#include <QHBoxLayout>
+#include <QScreen>
+#include <QStyle>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace tarnwell::ui {
+namespace {
+
+constexpr int TextWidth = 440;  // logical pixels
+constexpr int Margin = 12;
+constexpr int PictureSize = 32;
+constexpr int LeastTextHeight = 52;
+
+}  // namespace
+
+MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, std::function<void()> close)
+    : form_(form), close_(std::move(close)) {
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  picture_.setFixedSize(PictureSize, PictureSize);
+  text_.setReadOnly(true);
+  text_.setFrameShape(QFrame::NoFrame);
+  text_.setFocusPolicy(Qt::NoFocus);
+  text_.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  text_.document()->setDocumentMargin(4);
+  text_.setFixedWidth(TextWidth);
+
+  auto* sheet = new QFrame(this);
+  sheet->setObjectName("sheet");
+  auto* sheetRow = new QHBoxLayout(sheet);
+  sheetRow->setContentsMargins(Margin, Margin, Margin, Margin);
+  sheetRow->setSpacing(Margin);
+  sheetRow->addWidget(&picture_, 0, Qt::AlignTop);
+  sheetRow->addWidget(&text_);
+
+  auto* buttonRow = new QHBoxLayout;
+  buttonRow->setSpacing(8);
+  buttonRow->addStretch();
+  for (std::size_t i = buttons_.size(); i-- > 0;) {
+    QPushButton& button = buttons_[i];
+    button.setAutoDefault(true);
+    button.setMinimumWidth(88);
+    buttonRow->addWidget(&button);
+    connect(&button, &QPushButton::clicked, this,
+            [this, i] { Guarded([this, i] { form_.ButtonClick(i); }); });
+  }
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(Margin, Margin, Margin, Margin);
+  column->setSpacing(Margin);
+  column->addWidget(sheet);
+  column->addLayout(buttonRow);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void MsgBoxWindow::Sync() {
+  setWindowTitle(ToShownQString(form_.Caption));
+  const QColor sheetColour = ToQColor(form_.lblText.BackColour);
+  setStyleSheet(QStringLiteral("QDialog { background: %1; } #sheet, QPlainTextEdit { background: "
+                               "%2; color: %3; } #sheet { border-radius: 3px; }")
+                    .arg(ToQColor(form_.BackColour).name(), sheetColour.name(),
+                         ToQColor(form_.lblText.ForeColour).name()));
+  // Line ends are the message's own; everything else that is not to be seen is shown as a mark.
+  QStringList lines;
+  for (const QString& line :
+       QString::fromUtf8(form_.lblText.Text.c_str()).replace("\r\n", "\n").split('\n')) {
+    lines << ToShownQString(line.toStdString());
+  }
+  text_.setPlainText(lines.join('\n'));
+  text_.setAccessibleName(text_.toPlainText());
+  setAccessibleDescription(text_.toPlainText());
+  bool question = false;
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    buttons_[i].setText(ToShownQString(form_.Buttons[i].Caption));
+    buttons_[i].setVisible(form_.Buttons[i].Visible);
+    question = question || (i > 0 && form_.Buttons[i].Visible);
+  }
+  buttons_[0].setDefault(true);
+  buttons_[0].setFocus();
+  const auto icon = question ? QStyle::SP_MessageBoxQuestion : QStyle::SP_MessageBoxInformation;
+  picture_.setPixmap(style()->standardIcon(icon).pixmap(PictureSize, PictureSize));
+}
+
+void MsgBoxWindow::Measure() {
+  QTextDocument page;
+  page.setDefaultFont(text_.font());
+  page.setDocumentMargin(text_.document()->documentMargin());
+  page.setTextWidth(TextWidth - 4);
+  page.setPlainText(text_.toPlainText());
+  const int wanted = static_cast<int>(page.size().height()) + 6;
+  // A long list of names scrolls rather than leave the screen.
+  const int most = screen()->availableGeometry().height() * 3 / 5;
+  text_.setFixedHeight(std::clamp(wanted, LeastTextHeight, std::max(most, LeastTextHeight)));
+  text_.setVerticalScrollBarPolicy(wanted > most ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  const QSize size = sizeHint();
+  form_.Width = ToTwips(size.width());
+  form_.Height = ToTwips(size.height());
+}
+
+void MsgBoxWindow::Show(QWidget* owner) {
+  if (owner != nullptr) {
+    setParent(owner, windowFlags());
+    setWindowModality(Qt::ApplicationModal);
+  }
+  const QRect room = screen()->availableGeometry();
+  const QPoint place(ToPixels(form_.Left), ToPixels(form_.Top));
+  move(std::clamp(place.x(), room.left(), std::max(room.right() - width(), room.left())),
+       std::clamp(place.y(), room.top(), std::max(room.bottom() - height(), room.top())));
+  show();
+  raise();
+  activateWindow();
+  buttons_[0].setFocus();
+}
+
+void MsgBoxWindow::reject() {
+  if (!IsClosed()) close_();
+}
+
+}  // namespace tarnwell::ui

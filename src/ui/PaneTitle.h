@@ -1,0 +1,40 @@
+// The title row of a pane: its path, a picture, and the close button.
+#pragma once
+
+#include <QFrame>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+#include <functional>
+
+#include "workspace/MainForm.h"
+
+namespace tarnwell::ui {
+
+class PaneTitle : public QFrame {
+ public:
+  struct Actions {
+    std::function<void()> Click;
+    std::function<void()> MouseDown;
+    std::function<void()> Close;
+  };
+  // `pane` counts from 0.
+  PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent);
+
+  // Shows the pane's controls of the form.
+  void Sync(const forms::TextBox& title, const forms::Picture& picture,
+            const forms::Picture& close);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  Actions actions_;
+  QLineEdit path_;
+  QLabel picture_;
+  QToolButton close_;
+  QString colours_;
+};
+
+}  // namespace tarnwell::ui
