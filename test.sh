@@ -1,0 +1,98 @@
+#!/usr/bin/env bash
+# Installs what is missing and runs every check and test, stopping at the first stage that fails.
+# The last line sums up: N passed, N failed.
+#
+#   TARNWELL_QUICK=1 ./test.sh   leaves out clang-tidy, the slowest check, while you work
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+jobs="$(nproc)"
+passed=0
+failed=0
+skipped=0
+stage=
+
+log="$(mktemp)"
+finish() {
+  local code=$?
+  rm -f "$log"
+  if ((code != 0)); then
+    ((failed > 0)) || failed=1
+    printf '\n==== FAILED: %s ====\n' "$stage"
+  fi
+  if ((skipped > 0)); then
+    printf '%d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"
+  else
+    printf '%d passed, %d failed\n' "$passed" "$failed"
+  fi
+  exit "$code"
+}
+trap finish EXIT
+
+begin() {
+  stage="$1"
+  printf '\n==== %s ====\n' "$stage"
+}
+
+check() {  # check NAME COMMAND...: a stage of one command that counts as one test
+  begin "$1"
+  shift
+  "$@"
+  passed=$((passed + 1))
+}
+
+runCtest() {  # runCtest PRESET: a stage that counts each test of the preset
+  begin "tests of $1"
+  local code=0
+  ctest --preset "$1" --parallel "$jobs" --no-tests=error 2>&1 | tee "$log" || code=$?
+  local sums
+  sums="$(sed -nE 's/^[0-9]+% tests passed, ([0-9]+) tests? failed out of ([0-9]+)$/\1 \2/p' "$log")"
+  if [[ -z "$sums" ]]; then
+    echo "ctest gave no summary." >&2
+    return 1
+  fi
+  local bad all left
+  read -r bad all <<<"$sums"
+  left="$(grep -cE '^[[:space:]]*[0-9]+ - .* \(Skipped\)$' "$log" || true)"
+  passed=$((passed + all - bad - left))
+  failed=$((failed + bad))
+  skipped=$((skipped + left))
+  return "$code"
+}
+
+begin "packages"
+scripts/install-packages build run display test
+
+check "include line" scripts/check-layers
+for test in tests/scripts/*_test; do
+  check "$test" "$test"
+done
+check "format" scripts/check-format
+
+begin "build of debug"
+scripts/build debug
+export QT_QPA_PLATFORM=offscreen
+runCtest debug
+unset QT_QPA_PLATFORM
+
+if [[ "${TARNWELL_QUICK:-}" == 1 ]]; then
+  begin "clang-tidy: left out, as TARNWELL_QUICK is set"
+else
+  check "clang-tidy" scripts/check-tidy
+fi
+
+# The tests are run once while they are built, to list them, so the options stand before the build.
+export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1
+export UBSAN_OPTIONS=print_stacktrace=1
+begin "build of asan"
+scripts/build asan
+runCtest asan
+unset ASAN_OPTIONS UBSAN_OPTIONS
+
+begin "build of release"
+scripts/build release tarnwell
+for test in tests/e2e/test_*.py; do
+  [[ -e "$test" ]] || continue
+  # Debian's own python3, which has pyatspi; another one may stand before it on the path.
+  check "$test" timeout --kill-after=10 300 scripts/with-display --private /usr/bin/python3 "$test"
+done
