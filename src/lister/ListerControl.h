@@ -190,8 +190,8 @@ class ListerControl : public forms::Control {
   const Headings& HeadingTable() const;
   int ActiveHeading() const;
   bool IsActive() const;
-  // Whether items are told apart by icons of their own type, or all of a kind look the same; by kind
-  // of list, from the named settings.
+  // Whether items are told apart by icons of their own type, or all of a kind look the same; by
+  // kind of list, from the named settings.
   bool ShowIcons() const;
   const ListerColours& Colours() const;
   const std::string& StatusText() const;

@@ -155,8 +155,12 @@ QRect ListerHeader::PaintSortMark(QPainter* painter, const QRect& area, int sect
 
 void ListerHeader::paintEvent(QPaintEvent* event) {
   // What no section covers, right of the last one.
-  QPainter(viewport()).fillRect(viewport()->rect(), style_.Heading);
   QHeaderView::paintEvent(event);
+  // The toolkit paints what lies behind the last heading in a colour of its own.
+  const int end = length() - offset();
+  if (end < viewport()->width()) {
+    QPainter(viewport()).fillRect(viewport()->rect().adjusted(end, 0, 0, 0), style_.Heading);
+  }
 }
 
 }  // namespace tarnwell::ui

@@ -24,9 +24,14 @@ namespace {
 constexpr QSize LeastSize(320, 240);
 constexpr QSize ButtonIcon(20, 20);
 
-// Black or white, whichever can be read on the colour.
-QColor TextOn(const QColor& back) {
-  return qGray(back.rgb()) > 127 ? Qt::black : Qt::white;
+// A palette around one colour, with black or white text, whichever can be read on it.
+QPalette PaletteOn(const QColor& back) {
+  QPalette palette(back, back);
+  const QColor text = qGray(back.rgb()) > 127 ? Qt::black : Qt::white;
+  for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+    palette.setColor(role, text);
+  }
+  return palette;
 }
 
 bool HoldsCommand(const QMenu& menu) {
@@ -51,7 +56,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons, const QSt
       toolbar_(new QToolBar(area_)) {
   setMinimumSize(LeastSize);
   setCentralWidget(area_);
-  area_->setObjectName("area");
+  area_->setAutoFillBackground(true);
   area_->installEventFilter(this);
   toolbar_->setIconSize(ButtonIcon);
   toolbar_->setAccessibleName(QStringLiteral("Toolbar"));
@@ -174,18 +179,11 @@ void MainWindow::SyncToolbar() {
 void MainWindow::SyncColours() {
   // Before a skin is loaded every colour is zero, and the toolkit's own serve.
   const bool skinned = form_.TitleBar[0].BackColour != form_.TitleBar[0].ForeColour;
-  QString sheet;
-  if (skinned) {
-    const QColor menu = ToQColor(form_.MenuBackColour);
-    const QColor back = ToQColor(form_.BackColour);
-    sheet = QStringLiteral(
-                "QMenuBar { background: %1; color: %2; } QMenuBar::item { background: "
-                "transparent; padding: 4px 9px; } QMenuBar::item:selected { background: "
-                "rgba(128, 128, 128, 90); } #area { background: %3; } QToolBar { background: %3; "
-                "border: none; spacing: 2px; padding: 3px 4px; }")
-                .arg(menu.name(), TextOn(menu).name(), back.name());
-  }
-  if (sheet != styleSheet()) setStyleSheet(sheet);
+  const QPalette plain = QGuiApplication::palette();
+  const QPalette inside = skinned ? PaletteOn(ToQColor(form_.BackColour)) : plain;
+  const QPalette menu = skinned ? PaletteOn(ToQColor(form_.MenuBackColour)) : plain;
+  if (area_->palette() != inside) area_->setPalette(inside);
+  if (menuBar()->palette() != menu) menuBar()->setPalette(menu);
 }
 
 void MainWindow::SyncPane(int pane) {

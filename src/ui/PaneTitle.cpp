@@ -1,6 +1,7 @@
 #include "ui/PaneTitle.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <utility>
 
 #include "ui/Convert.h"
@@ -15,7 +16,7 @@ constexpr int PictureSize = 16;
 
 PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent)
     : QFrame(parent), actions_(std::move(actions)), path_(this), picture_(this), close_(this) {
-  setObjectName("title");
+  setAutoFillBackground(true);
   path_.setReadOnly(true);
   path_.setFrame(false);
   path_.setFocusPolicy(Qt::NoFocus);
@@ -48,20 +49,16 @@ void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
     path_.setToolTip(PlainToolTip(text));
   }
   // Without a skin both are the same: then the toolkit's own colours serve.
-  QString colours;
+  QPalette palette = QGuiApplication::palette();
   if (title.BackColour != title.ForeColour) {
-    const QString back = ToQColor(title.BackColour).name();
-    const QString fore = ToQColor(title.ForeColour).name();
-    colours = QStringLiteral(
-                  "#title { background: %1; border-radius: 2px; } QLineEdit, QLabel, QToolButton "
-                  "{ background: transparent; color: %2; border: none; } QToolButton:hover { "
-                  "background: rgba(128, 128, 128, 110); border-radius: 2px; }")
-                  .arg(back, fore);
+    const QColor back = ToQColor(title.BackColour);
+    palette = QPalette(back, back);
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+      palette.setColor(role, ToQColor(title.ForeColour));
+    }
+    palette.setColor(QPalette::Base, back);
   }
-  if (colours != colours_) {
-    colours_ = colours;
-    setStyleSheet(colours);
-  }
+  if (this->palette() != palette) setPalette(palette);
 }
 
 bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {

@@ -34,7 +34,6 @@ class PaneTitle : public QFrame {
   QLineEdit path_;
   QLabel picture_;
   QToolButton close_;
-  QString colours_;
 };
 
 }  // namespace tarnwell::ui
