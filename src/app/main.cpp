@@ -68,7 +68,8 @@ int main(int argc, char** argv) {
     return std::make_unique<ui::MainWindow>(application.MainObject(), icons, dataFolder);
   });
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
-    return std::make_unique<ui::MsgBoxWindow>(form, [&host, &form] { host.Unload(form); });
+    return std::make_unique<ui::MsgBoxWindow>(form, dataFolder,
+                                              [&host, &form] { host.Unload(form); });
   });
 
   const platform::LinuxTermination termination([&application] { application.RequestQuit(); });

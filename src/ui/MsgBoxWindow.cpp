@@ -1,10 +1,9 @@
 #include "ui/MsgBoxWindow.h"
 
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QScreen>
-#include <QStyle>
 #include <QTextDocument>
-#include <QTextLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -19,9 +18,11 @@ constexpr int LeastTextHeight = 52;
 
 }  // namespace
 
-MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, std::function<void()> close)
-    : form_(form), close_(std::move(close)) {
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const QString& dataFolder,
+                           std::function<void()> close)
+    : form_(form), dataFolder_(dataFolder), close_(std::move(close)) {
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                 Qt::WindowCloseButtonHint);
   picture_.setFixedSize(PictureSize, PictureSize);
   text_.setReadOnly(true);
   text_.setFrameShape(QFrame::NoFrame);
@@ -81,8 +82,9 @@ void MsgBoxWindow::Sync() {
   }
   buttons_[0].setDefault(true);
   buttons_[0].setFocus();
-  const auto icon = question ? QStyle::SP_MessageBoxQuestion : QStyle::SP_MessageBoxInformation;
-  picture_.setPixmap(style()->standardIcon(icon).pixmap(PictureSize, PictureSize));
+  const QIcon icon(QStringLiteral("%1/icons/%2.svg")
+                       .arg(dataFolder_, QLatin1String(question ? "question" : "information")));
+  picture_.setPixmap(icon.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
 }
 
 void MsgBoxWindow::Measure() {

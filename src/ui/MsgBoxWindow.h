@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <array>
+#include <functional>
 
 #include "shell/popMsgBox.h"
 #include "ui/FormWindow.h"
@@ -14,8 +15,9 @@ namespace tarnwell::ui {
 
 class MsgBoxWindow : public QDialog, public FormWindow {
  public:
-  // `close` unloads the form without a button.
-  MsgBoxWindow(shell::popMsgBox& form, std::function<void()> close);
+  // `dataFolder` holds the pictures as icons/question.svg and icons/information.svg. `close`
+  // unloads the form without a button.
+  MsgBoxWindow(shell::popMsgBox& form, const QString& dataFolder, std::function<void()> close);
 
   QWidget& Widget() override { return *this; }
   void Sync() override;
@@ -27,6 +29,7 @@ class MsgBoxWindow : public QDialog, public FormWindow {
 
  private:
   shell::popMsgBox& form_;
+  QString dataFolder_;
   std::function<void()> close_;
   QPlainTextEdit text_;
   QLabel picture_;
