@@ -84,7 +84,7 @@ void StoreProgramPosition(const SettingTargets& targets, const SettingRecord& re
     return;
   }
   // A window that was minimised at the end reported a place far off the screen.
-  if (twips(0) < 0) {
+  if (ToSingle(record.Fields[0]) < 0) {
     form.State = forms::WindowState::Maximised;
     return;
   }

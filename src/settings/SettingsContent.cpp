@@ -40,16 +40,6 @@ Value Setting(const Workspace& space) {
   return space.Settings.*Member;
 }
 
-// The name of a menu entry whose tick is the setting.
-struct EntryName {
-  char Text[20];
-};
-
-template <EntryName Name>
-Value Tick(const Workspace& space) {
-  return space.Form.Menus[Name.Text].Checked;
-}
-
 // In memory the value is text, and it does not outlive the run.
 Value Zero(const Workspace&) {
   return std::int32_t{0};
@@ -58,6 +48,11 @@ Value Zero(const Workspace&) {
 struct SingleRow {
   std::string_view Key;
   Value (*Take)(const Workspace&);
+  std::string_view Entry = {};  // without Take: the setting is the tick of this menu entry
+
+  Value Of(const Workspace& space) const {
+    return Take != nullptr ? Take(space) : Value(space.Form.Menus[Entry].Checked);
+  }
 };
 
 // ShowCommandLine stands twice in every file, with the same value.
@@ -68,16 +63,16 @@ constexpr std::array ProgramRows = {
     SingleRow{"Layout", Setting<&ProgramSettings::Layout>},
     SingleRow{"CompareMode", Setting<&ProgramSettings::CompareMode>},
     SingleRow{"UseEnhancedMode", Setting<&ProgramSettings::UseEnhancedMode>},
-    SingleRow{"ShowCommandLine", Tick<{"mnuCommandOn"}>},
-    SingleRow{"ShowColor", Tick<{"mnuColorOn"}>},
+    SingleRow{"ShowCommandLine", nullptr, "mnuCommandOn"},
+    SingleRow{"ShowColor", nullptr, "mnuColorOn"},
     SingleRow{"ShowFileIcons", Setting<&ProgramSettings::ShowFileIcons>},
     SingleRow{"ShowFolderIcons", Setting<&ProgramSettings::ShowFolderIcons>},
     SingleRow{"FileCountMax", Setting<&ProgramSettings::FileCountMax>},
     SingleRow{"MinimizeToTaskBar", Setting<&ProgramSettings::MinimizeToTaskBar>},
     SingleRow{"IsFirstColorCodingOverMax", Setting<&ProgramSettings::IsFirstColorCodingOverMax>},
     SingleRow{"FirstColorEver", Setting<&ProgramSettings::FirstColorEver>},
-    SingleRow{"ShowCommandLine", Tick<{"mnuCommandOn"}>},
-    SingleRow{"LayoutAutoExpand", Tick<{"mnuAutoExpandOn"}>},
+    SingleRow{"ShowCommandLine", nullptr, "mnuCommandOn"},
+    SingleRow{"LayoutAutoExpand", nullptr, "mnuAutoExpandOn"},
     SingleRow{"OnlineVersion", Setting<&ProgramSettings::OnlineVersion>},
 };
 
@@ -111,8 +106,8 @@ constexpr std::array PaneFieldRows = {
 };
 
 constexpr std::array SwitchRows = {
-    SingleRow{"ShowHidden", Tick<{"mnuHidden"}>},
-    SingleRow{"ShowSystem", Tick<{"mnuSystem"}>},
+    SingleRow{"ShowHidden", nullptr, "mnuHidden"},
+    SingleRow{"ShowSystem", nullptr, "mnuSystem"},
 };
 
 constexpr std::array<std::string_view, 7> HeadingAttributes = {
@@ -190,7 +185,7 @@ void AppendLoadedPane(std::string& text, const std::vector<SettingRecord>& loade
 std::string SettingsContent(const Workspace& space, const std::vector<SettingRecord>& loaded) {
   std::string text;
   AppendRecord(text, ProgramPosition(space));
-  for (const SingleRow& row : ProgramRows) AppendRecord(text, Record(row.Key, row.Take(space)));
+  for (const SingleRow& row : ProgramRows) AppendRecord(text, Record(row.Key, row.Of(space)));
   for (const PaneFieldRow& row : PaneFieldRows) {
     SettingRecord record = Record(row.Key);
     for (std::size_t i = 0; i < space.Panes.size(); ++i) {
@@ -198,7 +193,7 @@ std::string SettingsContent(const Workspace& space, const std::vector<SettingRec
     }
     AppendRecord(text, record);
   }
-  for (const SingleRow& row : SwitchRows) AppendRecord(text, Record(row.Key, row.Take(space)));
+  for (const SingleRow& row : SwitchRows) AppendRecord(text, Record(row.Key, row.Of(space)));
   AppendBookmarks(text, space.Settings);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     if (space.Panes[static_cast<std::size_t>(pane)].Initialized) {

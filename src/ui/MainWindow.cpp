@@ -140,6 +140,7 @@ void MainWindow::Sync() {
   SyncMenus();
   SyncToolbar();
   SyncColours();
+  MoveFocusFromClosed();
   for (int pane = 0; pane < lister::PaneCount; ++pane) SyncPane(pane);
 }
 
@@ -184,6 +185,18 @@ void MainWindow::SyncColours() {
   const QPalette menu = skinned ? PaletteOn(ToQColor(form_.MenuBackColour)) : plain;
   if (area_->palette() != inside) area_->setPalette(inside);
   if (menuBar()->palette() != menu) menuBar()->setPalette(menu);
+}
+
+// A list that is about to go hands the keyboard to the active list; left alone, the toolkit would
+// give it to whichever comes next, and so make that one the active list.
+void MainWindow::MoveFocusFromClosed() {
+  const lister::ListId active = master_.Space().ActiveList;
+  for (const auto& [list, widget] : lists_) {
+    const auto pane = static_cast<std::size_t>(lister::PaneOf(list));
+    const bool closes = !master_.Space().Panes[pane].IsOpen() && widget->isVisible();
+    if (!closes || !widget->isAncestorOf(focusWidget())) continue;
+    if (lister::ListerControl* control = master_.Space().Lists.Find(active)) control->TakeFocus();
+  }
 }
 
 void MainWindow::SyncPane(int pane) {

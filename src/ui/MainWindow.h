@@ -48,6 +48,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   void SyncMenus();
   void SyncToolbar();
   void SyncColours();
+  void MoveFocusFromClosed();
   void SyncPane(int pane);
   void SyncList(lister::ListId list);
   QIcon CommandIcon(std::string_view key) const;

@@ -28,23 +28,23 @@ std::string Variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
+bool HoldsSkins(const std::string& folder) {
+  return LinuxFileSystem().FolderExists(Syntax().Join(folder, "skins"));
+}
+
 std::string FindDataFolder(const std::string& executableFolder) {
   if (executableFolder.empty()) return {};
   const std::string above = Syntax().ParentOf(executableFolder);
   const std::array<std::string, 2> candidates = {Syntax().Join(above, "share/tarnwell"),
                                                  Syntax().Join(Syntax().ParentOf(above), "data")};
   for (const std::string& candidate : candidates) {
-    if (LinuxFileSystem().FolderExists(candidate)) return candidate;
+    if (HoldsSkins(candidate)) return candidate;
   }
   return {};
 }
 
 bool IsWritable(const std::string& folder) {
   return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0;
-}
-
-bool HoldsSkins(const std::string& folder) {
-  return LinuxFileSystem().FolderExists(Syntax().Join(folder, "skins"));
 }
 
 bool CopyMissing(const std::string& source, const std::string& target) {
