@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QObject>
 #include <functional>
 #include <map>
 #include <memory>
@@ -52,6 +53,7 @@ class QtFormHost : public forms::FormHost {
   std::map<std::type_index, std::function<std::unique_ptr<FormWindow>(forms::Form&)>> makers_;
   std::vector<std::unique_ptr<OpenForm>> open_;
   std::vector<std::unique_ptr<FormWindow>> closed_;
+  QObject context_;  // calls that are queued go with it
   forms::MousePointer pointer_ = forms::MousePointer::Default;
 };
 

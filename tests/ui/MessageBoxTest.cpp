@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "TestApplication.h"
+#include "shell/MessageBox.h"
+#include "shell/popMsgBox.h"
+#include "ui/MsgBoxWindow.h"
+#include "ui/QtFormHost.h"
+
+namespace tarnwell::ui {
+namespace {
+
+using forms::MessageKind;
+
+// The message box of the core in its real window; each test reacts to the window once it is shown.
+class MessageBoxTest : public testing::Test {
+ protected:
+  MessageBoxTest() {
+    TestApplication();
+    Host.Bind<shell::popMsgBox>([this](shell::popMsgBox& form) -> std::unique_ptr<FormWindow> {
+      return std::make_unique<MsgBoxWindow>(form, QStringLiteral(TARNWELL_TESTS "/../data"),
+                                            [this, &form] { Host.Unload(form); });
+    });
+  }
+  ~MessageBoxTest() override { Host.DeleteClosedWindows(); }
+
+  const std::string& Ask(MessageKind kind, std::function<void(QDialog&)> react,
+                         const std::string& text = "Well?") {
+    QTimer::singleShot(0, qApp, [react = std::move(react)] {
+      auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      react(*box);
+    });
+    Messages.Message(text, kind);
+    EXPECT_TRUE(Host.OpenForms().empty());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    return Messages.MessageResult();
+  }
+
+  static void Press(QDialog& box, int key) {
+    QWidget* focus = box.focusWidget() != nullptr ? box.focusWidget() : &box;
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(focus, &press);
+  }
+
+  static QPushButton* Button(QDialog& box, const QString& caption) {
+    for (QPushButton* button : box.findChildren<QPushButton*>()) {
+      if (button->text() == caption && button->isVisible()) return button;
+    }
+    return nullptr;
+  }
+
+  QtFormHost Host;
+  forms::Form Main{"Master"};
+  shell::MessageBox Messages{Host, Main};
+};
+
+TEST_F(MessageBoxTest, EachWayOfClosingGivesItsWord) {
+  const auto enter = [](QDialog& box) { Press(box, Qt::Key_Return); };
+  const auto escape = [](QDialog& box) { Press(box, Qt::Key_Escape); };
+  EXPECT_EQ(Ask(MessageKind::Ok, enter), "OK");
+  EXPECT_EQ(Ask(MessageKind::YesNo, enter), "NO");  // the careful answer has the focus
+  EXPECT_EQ(Ask(MessageKind::YesNoCancel, enter), "CANCEL");
+  EXPECT_EQ(Ask(MessageKind::YesNo, escape), "");
+  EXPECT_EQ(Ask(MessageKind::YesNoCancel, [](QDialog& box) { box.close(); }), "");
+  EXPECT_EQ(Ask(MessageKind::YesNoCancel, [](QDialog& box) { Button(box, "Yes")->click(); }),
+            "YES");
+  EXPECT_EQ(Ask(MessageKind::YesNo,
+                [](QDialog& box) {
+                  EXPECT_EQ(Button(box, "Cancel"), nullptr);
+                  EXPECT_LT(Button(box, "Yes")->x(), Button(box, "No")->x());
+                  Press(box, Qt::Key_Tab);
+                  Button(box, "Yes")->setFocus();
+                  Press(box, Qt::Key_Return);
+                }),
+            "YES");
+}
+
+TEST_F(MessageBoxTest, TheProgramsEndClosesTheBoxWithoutAnAnswer) {
+  EXPECT_EQ(Ask(MessageKind::YesNo,
+                [this](QDialog&) {
+                  const std::vector<forms::Form*> open = Host.OpenForms();
+                  for (forms::Form* form : open) Host.Unload(*form);
+                }),
+            "");
+}
+
+TEST_F(MessageBoxTest, LongTextStaysOnTheScreenAndNamesAreShownPlainly) {
+  std::string text = "Failed:\r\n";
+  for (int i = 0; i < 500; ++i) text += "C:\\folder\\file number " + std::to_string(i) + "\r\n";
+  Ask(
+      MessageKind::Ok,
+      [](QDialog& box) {
+        EXPECT_LT(box.height(), box.screen()->availableGeometry().height());
+        EXPECT_TRUE(Button(box, "OK")->isVisible());
+        Press(box, Qt::Key_Return);
+      },
+      text);
+  Ask(
+      MessageKind::Ok,
+      [](QDialog& box) {
+        EXPECT_EQ(box.accessibleDescription(), QString::fromUtf8("<b>a\xEF\xBF\xBD</b>\n\nnext"));
+        Press(box, Qt::Key_Return);
+      },
+      "<b>a\xFF</b>\r\n\r\nnext");
+}
+
+}  // namespace
+}  // namespace tarnwell::ui
