@@ -91,7 +91,7 @@ void QtFormHost::Unload(forms::Form& form) {
   entry->Window->Widget().hide();
   closed_.push_back(std::move(entry->Window));
   QMetaObject::invokeMethod(
-      qApp, [this] { DeleteClosedWindows(); }, Qt::QueuedConnection);
+      &context_, [this] { DeleteClosedWindows(); }, Qt::QueuedConnection);
   if (entry->Loop != nullptr) entry->Loop->quit();
   if (open_.empty()) QCoreApplication::quit();
 }

@@ -303,6 +303,7 @@ TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
 TEST_F(FolderList, SortsByOneKeyAndSurvivesAnyArgument) {
   List.AddSortKey(0, "sName", "asc");
   List.AddSortKey(1, "sSize", "asc");
+  EXPECT_EQ(List.SortKeyCount(), 1);
   List.SortCommand("desadd");
   EXPECT_EQ(List.SortKeyCount(), 1);
   EXPECT_EQ(List.ChildCount(RootRow), 0);
