@@ -281,7 +281,7 @@ base::Status FolderBody::ReadSubfolders(const std::string& folder, const std::st
   Pacer pacer(state_.Services.Clock, state_.Services.Pump);
   bool foundWanted = wanted.empty();
   platform::ItemAttributes attributes;
-  const base::Status status = files.ReadFolder(folder, [&](const platform::FolderEntry& entry) {
+  base::Status status = files.ReadFolder(folder, [&](const platform::FolderEntry& entry) {
     PumpIfDue(pacer);
     if (stopped_ || terminated_) return false;
     const bool isWanted = !wanted.empty() && state_.Syntax.Same(entry.Name, wanted);

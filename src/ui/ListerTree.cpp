@@ -44,7 +44,7 @@ void ListerTree::keyPressEvent(QKeyEvent* event) {
 void ListerTree::focusInEvent(QFocusEvent* event) {
   // Past QTreeView, which would put the cursor on the first row if there is none: in a folder list
   // that opens the folder.
-  QAbstractScrollArea::focusInEvent(event);
+  QAbstractScrollArea::focusInEvent(event);  // NOLINT(bugprone-parent-virtual-call)
   viewport()->update();
   emit FocusTaken();
 }
