@@ -81,6 +81,10 @@ std::string PathSyntax::DriveRoot(std::string_view drive) const {
   return std::string(drive).append(RootMark);
 }
 
+std::string PathSyntax::Key(std::string_view path) const {
+  return Folded(WithoutEnd(path, Separator), CaseSensitive);
+}
+
 bool PathSyntax::Same(std::string_view left, std::string_view right) const {
   left = WithoutEnd(left, Separator);
   right = WithoutEnd(right, Separator);

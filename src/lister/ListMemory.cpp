@@ -1,7 +1,7 @@
 #include "lister/ListMemory.h"
 
-#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 
 namespace tarnwell::lister {
@@ -15,31 +15,48 @@ constexpr std::size_t MostActiveItems = 500;
 
 }  // namespace
 
+const std::vector<std::string>& ExpandedFolders::Paths() const {
+  if (!isNumbered_) {
+    numbered_.clear();
+    for (const auto& [key, path] : paths_) numbered_.push_back(path);
+    isNumbered_ = true;
+  }
+  return numbered_;
+}
+
 void ExpandedFolders::Add(const std::string& path) {
   const std::string plain = PlainPath(syntax_, path);
   if (plain.empty() || paths_.size() >= MostExpanded) return;
-  const bool known = std::any_of(paths_.begin(), paths_.end(), [&](const std::string& other) {
-    return syntax_.Same(other, plain);
-  });
-  if (!known) paths_.push_back(plain);
+  if (paths_.emplace(syntax_.Key(plain), plain).second) isNumbered_ = false;
 }
 
 void ExpandedFolders::Remove(const std::string& path) {
-  std::erase_if(paths_, [&](const std::string& other) { return syntax_.Same(other, path); });
+  if (paths_.erase(syntax_.Key(path)) > 0) isNumbered_ = false;
 }
 
 void ExpandedFolders::RemoveWithin(const std::string& folder) {
-  std::erase_if(paths_, [&](const std::string& path) { return syntax_.IsWithin(path, folder); });
+  Remove(folder);
+  const std::string below = KeyBelow(folder);
+  const auto first = paths_.lower_bound(below);
+  auto last = first;
+  while (last != paths_.end() && last->first.starts_with(below)) ++last;
+  if (first != last) isNumbered_ = false;
+  paths_.erase(first, last);
 }
 
 std::vector<std::string> ExpandedFolders::In(const std::string& folder) const {
   std::vector<std::string> found;
-  for (const std::string& path : paths_) {
-    if (syntax_.Same(syntax_.ParentOf(path), folder) && !syntax_.Same(path, folder)) {
-      found.push_back(path);
-    }
+  const std::string below = KeyBelow(folder);
+  for (auto entry = paths_.lower_bound(below);
+       entry != paths_.end() && entry->first.starts_with(below); ++entry) {
+    const bool isDirect = entry->first.find(syntax_.Separator, below.size()) == std::string::npos;
+    if (isDirect && entry->first.size() > below.size()) found.push_back(entry->second);
   }
   return found;
+}
+
+std::string ExpandedFolders::KeyBelow(const std::string& folder) const {
+  return syntax_.AddSeparator(syntax_.Key(folder));
 }
 
 void ActiveItems::Set(const std::string& folder, const std::string& item) {

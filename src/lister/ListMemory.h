@@ -1,7 +1,7 @@
 // What a list keeps from run to run: branches that were expanded, items that were active.
 #pragma once
 
-#include <cstdint>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,12 +10,13 @@
 
 namespace tarnwell::lister {
 
-// Paths of expanded folders, each once.
+// Paths of expanded folders, each once, in the order of their keys. Quick with as many thousands as
+// a settings file may hold.
 class ExpandedFolders {
  public:
   explicit ExpandedFolders(const base::PathSyntax& syntax) : syntax_(syntax) {}
 
-  const std::vector<std::string>& Paths() const { return paths_; }
+  const std::vector<std::string>& Paths() const;
   void Add(const std::string& path);
   void Remove(const std::string& path);
   // Drops the folder and all that lie below it.
@@ -24,8 +25,13 @@ class ExpandedFolders {
   std::vector<std::string> In(const std::string& folder) const;
 
  private:
+  // What the keys of all that lie below the folder begin with.
+  std::string KeyBelow(const std::string& folder) const;
+
   const base::PathSyntax& syntax_;
-  std::vector<std::string> paths_;
+  std::map<std::string, std::string> paths_;   // by key
+  mutable std::vector<std::string> numbered_;  // the same paths, made when they are asked for
+  mutable bool isNumbered_ = false;
 };
 
 // Pairs of a folder and the item that was active there, each folder once, the oldest first.

@@ -34,8 +34,6 @@ class Navigation {
   void MoveFocusUpOneFolder(lister::ListId list);
 
  private:
-  void ShowShortPath(int pane, const std::string& cutPath);
-
   workspace::Workspace& workspace_;
   const base::PathSyntax& syntax_;
   forms::FormHost& host_;

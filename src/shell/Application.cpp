@@ -1,5 +1,6 @@
 #include "shell/Application.h"
 
+#include <exception>
 #include <vector>
 
 namespace tarnwell::shell {
@@ -16,7 +17,9 @@ void Application::Start() {
 void Application::RequestQuit() {
   quitRequested_ = true;
   if (loading_) {
-    // A question may hold up the load: without its window it counts as not answered.
+    // A question may hold up the load: without its window it counts as not answered, and so do
+    // those to come.
+    master_.Messages().FallSilent();
     const std::vector<forms::Form*> open = services_.Host.OpenForms();
     for (forms::Form* form : open) {
       if (form != &splash_ && form != &master_.Form()) services_.Host.Unload(*form);
@@ -32,8 +35,12 @@ void Application::RequestQuit() {
 
 void Application::LoadMaster() {
   loading_ = true;
-  services_.Host.Open(master_.Form());
-  master_.Load();
+  try {
+    services_.Host.Open(master_.Form());
+    master_.Load();
+  } catch (const std::exception&) {
+    splash_.StartFailed = true;  // without a window there is nobody to tell
+  }
   loading_ = false;
 }
 

@@ -29,7 +29,7 @@ class Master : private workspace::PaneHooks {
   workspace::MainForm& Form() { return space_.Form; }
   workspace::Workspace& Space() { return space_; }
   const commands::Dispatcher& Commands() const { return commands_; }
-  forms::Messenger& Messages() { return messages_; }
+  MessageBox& Messages() { return messages_; }
 
   // Handler of the form's load: runs the stages in order. A failing one is named to the user, and
   // sets StartFailed on the splash; else LoadFinished is set.

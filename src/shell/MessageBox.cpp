@@ -39,6 +39,7 @@ forms::Form& MessageBox::FindParent(const std::string& parentName) const {
 void MessageBox::Message(const std::string& text, forms::MessageKind kind,
                          const std::string& parentName) {
   result_.clear();
+  if (silent_) return;
   try {
     forms::Form& parent = FindParent(parentName);
     popMsgBox box(host_, result_);
@@ -50,8 +51,8 @@ void MessageBox::Message(const std::string& text, forms::MessageKind kind,
       box.Buttons[i].Visible = !captions[i].empty();
     }
     host_.Open(box);
-    box.Left = parent.Left + parent.Width / 2 - box.Width / 2;
-    box.Top = parent.Top + parent.Height / 2 - box.Height / 2;
+    box.Left = base::RoundToTwips(parent.Left + parent.Width / 2.0 - box.Width / 2.0);
+    box.Top = base::RoundToTwips(parent.Top + parent.Height / 2.0 - box.Height / 2.0);
     const forms::MousePointer pointer = host_.ScreenPointer();
     host_.SetScreenPointer(forms::MousePointer::Arrow);
     try {

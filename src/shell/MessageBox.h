@@ -17,12 +17,16 @@ class MessageBox : public forms::Messenger {
                const std::string& parentName = "") override;
   const std::string& MessageResult() const override { return result_; }
 
+  // From now on no box is shown, and every question counts as not answered: the program ends.
+  void FallSilent() { silent_ = true; }
+
  private:
   forms::Form& FindParent(const std::string& parentName) const;
 
   forms::FormHost& host_;
   forms::Form& mainForm_;
   std::string result_;
+  bool silent_ = false;
 };
 
 }  // namespace tarnwell::shell

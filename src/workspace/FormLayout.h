@@ -10,7 +10,7 @@ class FormLayout {
   explicit FormLayout(Workspace& workspace) : workspace_(workspace) {}
 
   // The one entry for every rearrangement. With `force` false, nothing moves unless the form's size
-  // or the layout has changed or a pane needs it.
+  // or the layout has changed.
   void ResizeForm(bool force);
 
   // Gives the active pane the most of the room, the others equal shares of the rest, and

@@ -58,7 +58,12 @@ void PaneSet::OpenPane(int pane) {
   WarnOfManyPanes();
   if (!record.Initialized) InitializePaneSet(pane);
   ++workspace_.OpenPaneCount;
-  if (!record.DriveLoaded) hooks_.LoadPaneDrive(pane);
+  if (record.DriveLoaded) return;
+  try {
+    hooks_.LoadPaneDrive(pane);
+  } catch (const std::exception&) {
+    // The failed set-up has been told; the pane opens with what it has.
+  }
 }
 
 void PaneSet::WarnOfManyPanes() {

@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "commands/MenuTable.h"
+#include "commands/Switches.h"
+#include "commands/ToolbarTable.h"
+
+namespace tarnwell::commands {
+namespace {
+
+class CommandsTest : public testing::Test {
+ protected:
+  workspace::Workspace Space{{MenuTable(), ToolbarTable(), ImageKeys()}, {}};
+  workspace::FormLayout Layout{Space};
+  std::string Sent;
+  Switches Switch{Space, Layout, [this](std::string_view name, const base::Value& value) {
+                    Sent += std::string(name) + " " + base::ToText(value) + ";";
+                  }};
+};
+
+TEST_F(CommandsTest, TablesHaveNoNameTwiceAndAPictureForEachRow) {
+  std::set<std::string_view> names;
+  int level = 0;
+  for (const forms::MenuRow& row : MenuTable()) {
+    EXPECT_TRUE(names.insert(row.Name).second) << row.Name;
+    EXPECT_TRUE(row.Level >= 1 && row.Level <= level + 1) << row.Name;
+    level = row.Level;
+  }
+  SetToolbarIcons(Space.Form);
+  names.clear();
+  for (const forms::ToolbarRow& row : ToolbarTable()) {
+    if (row.Key.empty()) continue;
+    EXPECT_TRUE(names.insert(row.Key).second) << row.Key;
+    EXPECT_EQ(Space.Form.ImageList1.Key(Space.Form.Toolbar1[row.Key].Image), row.Image);
+  }
+  std::vector<std::string_view> unknown;
+  for (const MenuImageRow& row : MenuImageTable()) {
+    EXPECT_NO_THROW(Space.Form.ImageList1.Index(row.ImageKey)) << row.ImageKey;
+    if (Space.Form.Menus.FindByCaption(row.Caption) == nullptr) unknown.push_back(row.Caption);
+  }
+  EXPECT_EQ(unknown, (std::vector<std::string_view>{"Auto Expand Pane Size"}));
+}
+
+TEST_F(CommandsTest, SwitchesKeepTicksAndButtonsTogether) {
+  Space.Form.ScaleWidth = 9000;
+  for (const bool on : {true, true, false, false, true}) {
+    Switch.ShowColor(on);
+    Switch.ShowCommandLine(on, true);
+    EXPECT_EQ(Space.Settings.ShowColor, on);
+    for (const std::string menu : {"mnuColor", "mnuCommand"}) {
+      EXPECT_EQ(Space.Form.Menus[menu + "On"].Checked, on);
+      EXPECT_EQ(Space.Form.Menus[menu + "Off"].Checked, !on);
+    }
+    EXPECT_EQ(Space.Form.Toolbar1["showcolor"].Pressed, on);
+    EXPECT_EQ(Space.Form.Toolbar1["showcommandline"].Pressed, on);
+  }
+  EXPECT_EQ(Sent, "ShowColor True;ShowColor True;ShowColor False;ShowColor False;ShowColor True;");
+  Switch.ShowCommandLine(true, false);  // on already
+  EXPECT_EQ(Space.AreaWidth, 0);
+  Switch.ShowCommandLine(false, false);
+  EXPECT_EQ(Space.AreaWidth, 9000);  // arranged anew
+
+  for (const int mode : {0, 1, 2, 3}) {
+    Space.Form.Toolbar1["compare_size"].Pressed = (mode & 1) != 0;
+    Space.Form.Toolbar1["compare_date"].Pressed = (mode & 2) != 0;
+    Switch.SetCompareMode();
+    EXPECT_EQ(Space.Settings.CompareMode, mode);
+    EXPECT_EQ(Space.Form.Menus["mnuCompareSize"].Checked, (mode & 1) != 0);
+    EXPECT_EQ(Space.Form.Menus["mnuCompareDate"].Checked, (mode & 2) != 0);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::commands

@@ -1,0 +1,125 @@
+#include <functional>
+
+#include "TestLists.h"
+#include "lists/Navigation.h"
+
+namespace tarnwell::lists {
+namespace {
+
+class NavigationTest : public testing::Test, public TestLists {
+ protected:
+  std::string Caption(int pane) {
+    return Space.Form.Menus["mnuPane" + std::to_string(pane)].Caption;
+  }
+  std::string ToolTip(int pane) {
+    return Space.Form.Toolbar1["pane" + std::to_string(pane)].ToolTip;
+  }
+  const std::string Name = "r&d " + std::string(60, 'n');
+};
+
+TEST_F(NavigationTest, CutsPathsByCodePoints) {
+  for (const std::string letter : {"x", "\xE6\x97\xA5", "\xFF"}) {  // the last is no text at all
+    std::string tail;
+    for (int i = 0; i < 44; ++i) tail += letter;
+    const std::string whole = "C:\\" + tail + letter + letter;  // 49
+    EXPECT_EQ(CutPath(whole), whole);
+    EXPECT_EQ(CutPath(whole + letter), "C:\\..." + tail);
+  }
+}
+
+TEST_F(NavigationTest, LoadsThePanesFolderAndShowsItCutAndInCapitals) {
+  Connected = false;
+  SetUpPane(0, "D:\\" + Name);
+  Pane(0).InitialDrive = "D";
+  Space.Form.Menus["mnuSystem"].Checked = true;
+  Nav.LoadFolders(0);
+  const std::string shown = "D:\\..." + std::string(43, 'N') + "\\";
+  EXPECT_EQ(ToolTip(0), shown);
+  EXPECT_EQ(Caption(0), "Show Pane &1 - " + shown);
+  EXPECT_EQ(Pane(0).CurrentPath, "D:\\" + Name);
+  EXPECT_TRUE(Pane(0).DriveLoaded);
+  for (const lister::ListId list : workspace::Ids{0, 100}) {
+    EXPECT_TRUE(Space.Lists[list].ShowSystem && !Space.Lists[list].ShowHidden);
+  }
+}
+
+TEST_F(NavigationTest, FallsBackToTheDefaultDriveWithoutAWord) {
+  for (const char* drive : {"X", "D", "no drive at all"}) {
+    SetUpPane(0, "D:\\gone");
+    Platform.Files.Remove("D:\\gone");
+    Pane(0).InitialDrive = drive;
+    Nav.LoadFolders(0);
+    EXPECT_EQ(Pane(0).InitialDrive, "C") << drive;
+    EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
+  }
+  EXPECT_TRUE(Messages.Texts.empty());
+}
+
+TEST_F(NavigationTest, HandsAFolderToTheFileListAndShowsItEverywhere) {
+  SetUpPane(1, "C:\\" + Name);
+  Platform.Files.AddFile("C:\\" + Name + "\\note.txt");
+  Space.Form.cboCommand.Text = "dir";
+  Nav.LoadFolders(1);
+  const std::string cut = "C:\\..." + std::string(43, 'n') + "\\";
+  EXPECT_EQ(Space.Form.TitleBar[1].Text, "C:\\" + Name + "\\");
+  EXPECT_EQ(Caption(1), "Show Pane &2 - C:\\r&&d " + std::string(60, 'n') + "\\");
+  EXPECT_EQ(ToolTip(1), cut);
+  EXPECT_EQ(Space.Form.cboCommand.Text + Space.Form.txtCurrentPath.Text, cut);
+  EXPECT_EQ(Space.Lists.Files(1).ParentFolder, "C:\\" + Name + "\\");
+  EXPECT_NE(Row(101, "note.txt"), lister::NoRow);
+
+  Pane(1).CurrentPath = "*|Trash";  // no folder on disk
+  Nav.UpdateChildPane(1);
+  EXPECT_EQ(Space.Form.TitleBar[1].Text, "Trash\\");
+  EXPECT_EQ(Space.Lists.Files(1).ParentFolder, "*|Trash\\");
+  Pane(1).CurrentPath = "C:\\";
+  for (const lister::ListId list : workspace::Ids{101, 4, -1, 999}) Nav.UpdateChildPane(list);
+  EXPECT_EQ(Space.Form.TitleBar[1].Text, "Trash\\");
+}
+
+TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {
+  for (const char* folder : {"C:\\A", "C:\\B", "C:\\Other"}) {
+    for (const char* file : {"\\1", "\\2", "\\3"})
+      Platform.Files.AddFile(folder + std::string(file));
+  }
+  for (const int pane : {0, 1}) {
+    SetUpPane(pane, "C:\\");
+    Nav.LoadFolders(pane);
+  }
+  lister::ListerControl& files = Space.Lists.Files(0);
+  int nested = 0;
+  // The user's choices, while the file list is still at work on A.
+  const std::function<void()> choose = [&] {
+    if (files.CurrentFolder() != "C:\\A") return Platform.Pump.Post(choose);
+    Space.Lists.Folders(1).OpenFolder(0, "C:\\Other");
+    if (++nested == 1) Space.Lists.Folders(0).OpenFolder(0, "C:\\B");
+  };
+  // A folder of another pane is no newer one of this pane.
+  for (const std::string newest : {"C:\\B", "C:\\A"}) {
+    Platform.Pump.Post(choose);
+    Platform.Clock.TickStep = 60;
+    Space.Lists.Folders(0).OpenFolder(0, "C:\\A");
+    Platform.Clock.TickStep = 0;
+    EXPECT_EQ(files.CurrentFolder(), newest);
+    EXPECT_EQ(files.ParentFolder, newest + "\\");
+    EXPECT_EQ(Space.Form.TitleBar[0].Text, newest + "\\");
+    EXPECT_EQ(files.PathOf(Row(100, "2")), newest + "\\2");
+    EXPECT_EQ(Space.Lists.Files(1).ParentFolder, "C:\\Other\\");
+  }
+  EXPECT_EQ(nested, 2);
+}
+
+TEST_F(NavigationTest, GoesUpToTheRootAndNoFarther) {
+  SetUpPane(0, "C:\\Data\\" + Name);
+  Nav.LoadFolders(0);
+  Host.SetScreenPointer(forms::MousePointer::WestEast);
+  for (const char* above : {"C:\\Data", "C:\\", "C:\\"}) {
+    Nav.MoveFocusUpOneFolder(100);
+    EXPECT_EQ(Space.Lists.Folders(0).CurrentFolder(), above);
+    EXPECT_EQ(Space.Lists.Files(0).CurrentFolder(), above);
+    EXPECT_EQ(Host.ScreenPointer(), forms::MousePointer::WestEast);
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::lists

@@ -1,0 +1,45 @@
+// Panes with the program's side of their lists.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "lists/ListEventHandler.h"
+#include "lists/Navigation.h"
+#include "workspace/TestWorkspace.h"
+
+namespace tarnwell::lists {
+
+class TestLists : public workspace::TestWorkspace {
+ public:
+  explicit TestLists(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
+      : TestWorkspace(std::move(platform)),
+        Nav(Space, Platform.Files.Syntax(), Host),
+        Handler(Space, Nav, Host, Messages, [this] { ++Closed; }) {}
+
+  lister::ListerEvents& EventsOf() override {
+    return Connected ? Handler : TestWorkspace::EventsOf();
+  }
+  // Makes the folder and the pane's lists; the folder is the one last open on its drive.
+  void SetUpPane(int pane, const std::string& folder) {
+    Platform.Files.AddFolder(folder);
+    Space.Lists.Create(pane);
+    Pane(pane).Initialized = true;
+    Space.Lists.Folders(pane).SetDriveFolder(folder.substr(0, 1), folder);
+  }
+  lister::RowId Row(lister::ListId list, const std::string& name) {
+    const lister::ListerControl& control = Space.Lists[list];
+    for (int at = 0; at < control.ChildCount(lister::RootRow); ++at) {
+      const lister::RowId row = control.Child(lister::RootRow, at);
+      if (control.CellText(row, lister::HeadingId::Name) == name) return row;
+    }
+    return lister::NoRow;
+  }
+
+  Navigation Nav;
+  ListEventHandler Handler;
+  int Closed = 0;
+  bool Connected = true;  // somebody hears what lists tell that are made from now on
+};
+
+}  // namespace tarnwell::lists

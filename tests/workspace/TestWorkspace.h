@@ -1,0 +1,123 @@
+// The workspace over the platform in memory: panes, lists and controls, with no program around it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "fakes/FakeForms.h"
+#include "fakes/FakePlatform.h"
+#include "workspace/FormLayout.h"
+#include "workspace/Workspace.h"
+
+namespace tarnwell::workspace {
+
+// What the rules of the workspace, the lists and the settings touch, under its own name; only
+// "&Orientation" is found by its caption.
+inline FormTables SmallTables() {
+  static const std::vector<forms::MenuRow> menu = [] {
+    std::vector<forms::MenuRow> rows{{1, "mnuOrientation", "&Orientation"}};
+    for (const std::string_view name : {"mnuPane0",
+                                        "mnuPane1",
+                                        "mnuPane2",
+                                        "mnuPane3",
+                                        "mnuPane4",
+                                        "mnuHidden",
+                                        "mnuSystem",
+                                        "mnuCompareDate",
+                                        "mnuCompareSize",
+                                        "mnuCommandOn",
+                                        "mnuCommandOff",
+                                        "mnuColorOn",
+                                        "mnuColorOff",
+                                        "mnuAutoExpandOn",
+                                        "mnuAutoExpandOff",
+                                        "mnuHeadingExtension",
+                                        "mnuHeadingSize",
+                                        "mnuHeadingDateLastModified",
+                                        "mnuHeadingDateCreated",
+                                        "mnuHeadingDateLastAccessed",
+                                        "mnuHeadingFileType",
+                                        "mnuHeadingAttributes",
+                                        "mnuHeadingComments"}) {
+      rows.push_back({1, name, name, forms::Tick::Off});
+    }
+    return rows;
+  }();
+  static const std::vector<forms::ToolbarRow> toolbar = [] {
+    std::vector<forms::ToolbarRow> rows;
+    for (const std::string_view key :
+         {"pane0", "pane1", "pane2", "pane3", "pane4", "layoutvertical", "layouthorizontal",
+          "layoutautoexpand", "showcommandline", "showcolor", "compare_size", "compare_date",
+          "headascadd", "headdesadd"}) {
+      rows.push_back({key, forms::ButtonStyle::Check, "", ""});
+    }
+    return rows;
+  }();
+  static constexpr std::string_view images[] = {"layouthorizontal", "layoutvertical"};
+  return {menu, toolbar, images};
+}
+
+class TestWorkspace {
+ public:
+  using SharedPlatform = std::shared_ptr<fakes::FakePlatform>;
+
+  // Several can share a platform, one run of the program after the other.
+  explicit TestWorkspace(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
+      : Shared(std::move(platform)),
+        Platform(*Shared),
+        Space(SmallTables(),
+              [this](lister::ListId list) {
+                return std::make_unique<lister::ListerControl>(list, Platform.Services(),
+                                                               EventsOf());
+              }),
+        Layout(Space) {
+    Space.PaneGap = 60;
+    Space.Form.ScaleWidth = 15120;
+    Space.Form.ScaleHeight = 9000;
+    for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
+      Space.Panes[i].InitialDrive = "C";
+      Space.Panes[i].Status = i < 2 ? Open : Closed;
+    }
+    Space.OpenPaneCount = 2;
+    Space.CurrentList = Space.ActiveList = 0;
+  }
+  virtual ~TestWorkspace() = default;
+
+  // Where the lists' events go. Asked for when a list is made.
+  virtual lister::ListerEvents& EventsOf() { return nobody_; }
+
+  PaneRecord& Pane(int pane) { return Space.Panes.at(static_cast<std::size_t>(pane)); }
+
+  // The panes whose buttons are pressed, as "01".
+  std::string PressedPanes() {
+    std::string panes;
+    for (const char pane : {'0', '1', '2', '3', '4'}) {
+      const bool pressed = Space.Form.Toolbar1[std::string("pane") + pane].Pressed;
+      EXPECT_EQ(pressed, Space.Form.Menus[std::string("mnuPane") + pane].Checked);
+      if (pressed) panes += pane;
+    }
+    return panes;
+  }
+
+  const SharedPlatform Shared;
+  fakes::FakePlatform& Platform;
+  fakes::FakeFormHost Host;
+  fakes::FakeMessenger Messages;
+  Workspace Space;
+  FormLayout Layout;
+
+ private:
+  lister::ListerEvents nobody_;
+};
+
+using Texts = std::vector<std::string>;
+using Ids = std::vector<lister::ListId>;
+
+}  // namespace tarnwell::workspace
