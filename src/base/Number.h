@@ -11,10 +11,9 @@ namespace tarnwell::base {
 // other text, blanks around the number included, and for a number that a double cannot hold.
 std::optional<double> ParseNumber(std::string_view text);
 
-// The number with up to 15 significant digits (a single: 7) and no zero before the point, as
-// "4100",
-// "-.25" or "1E-05": with an exponent below 1E-04 and from 1E+15 (a single: 1E+07) on. ParseNumber
-// reads every such text. Infinities and what is not a number have no spelling and give "0".
+// The number with up to 15 significant digits (a single: 7) and no zero before the point, as "4100"
+// or "-.25"; with an exponent below 1E-04 and from 1E+15 (a single: 1E+07) on. ParseNumber reads
+// every such text. Infinities and what is not a number have no spelling and give "0".
 std::string SpellNumber(double number);
 std::string SpellNumber(float number);
 

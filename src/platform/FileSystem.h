@@ -83,7 +83,8 @@ class Drives {
   virtual std::vector<Drive> List() const = 0;
   // The user's home folder; empty if there is none.
   virtual std::string HomeFolder() const = 0;
-  // The name of the drive that holds the path: the listed drive whose root is nearest above it.
+  // The name of the drive that holds the path: of the volumes, the one whose root is nearest above
+  // it. A home folder that is listed for convenience, and is no volume of its own, does not count.
   virtual std::string DriveOf(const std::string& path) const = 0;
   // Calls `changed` from the event loop after volumes came or went. An empty function stops that.
   virtual void OnChange(std::function<void()> changed) = 0;

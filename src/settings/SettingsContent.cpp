@@ -165,7 +165,7 @@ void AppendPane(std::string& text, const Workspace& space, int pane) {
 }
 
 bool SpeaksOfPane(const SettingRecord& record, int pane) {
-  if (record.Key.empty() || !IsPaneKey(base::AsciiUpper(record.Key))) return false;
+  if (!IsPaneKey(base::AsciiUpper(record.Key))) return false;
   try {
     const std::int32_t list = base::ToInt32(record.Fields[0]);
     return list == lister::FolderListOf(pane) || list == lister::FileListOf(pane);

@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/Text.h"
 #include "base/Value.h"
 #include "settings/RecordReader.h"
 #include "settings/SettingsContent.h"
@@ -25,8 +26,11 @@ void SettingsFile::ReadSettingsFile(int scope, ReadMarkers& markers) {
         // The fields before the bad one have taken effect; the next record goes on.
       }
     }
-    // Nothing can be asked of a record without a key, and a damaged file may hold millions.
-    if (scope == GlobalScope && !record.Key.empty()) loaded_.push_back(std::move(record));
+    // Only what speaks of a pane's lists is ever asked for again, and a damaged file may hold
+    // millions of other records.
+    if (scope == GlobalScope && IsPaneKey(base::AsciiUpper(record.Key))) {
+      loaded_.push_back(std::move(record));
+    }
   }
 }
 

@@ -29,7 +29,8 @@ class SettingsFile {
 
   // Forgets the loaded settings.
   void Clear() { loaded_.clear(); }
-  // Applies every record of the file; with GlobalScope the records are also kept. A file that
+  // Applies every record of the file; with GlobalScope those that speak of the lists of panes are
+  // also kept. A file that
   // cannot be read leaves everything as it is. Damaged records take effect as far as they can be
   // read.
   void ReadSettingsFile(int scope, ReadMarkers& markers);
@@ -43,7 +44,7 @@ class SettingsFile {
   platform::FileSystem& files_;
   std::string path_;
   SettingTargets targets_;
-  std::vector<SettingRecord> loaded_;  // in file order
+  std::vector<SettingRecord> loaded_;  // of panes, in file order
 };
 
 }  // namespace tarnwell::settings

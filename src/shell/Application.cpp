@@ -58,6 +58,10 @@ void Application::EndProcess() {
   services_.Host.Unload(splash_);
 }
 
+void Application::StopReading() {
+  master_.Space().ForEachList([](lister::ListerControl& list) { list.CancelRequested = true; });
+}
+
 void Application::UnloadSplash() {
   services_.Host.Unload(splash_);
 }

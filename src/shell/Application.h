@@ -25,6 +25,7 @@ class Application : private SplashHooks {
   void ShowMaster() override;
   void EndProcess() override;
   void UnloadSplash() override;
+  void StopReading() override;
 
   Services services_;
   Splash splash_;

@@ -209,8 +209,14 @@ void Master::GetLastSettings() {
        [this](const std::string& text) { splash_.ShowStatus(text); }});
 }
 
+// A full or read-only disk keeps nobody from looking at files, least of all from making room.
 void Master::PlaceRunFile() {
-  services_.Files.WriteFile(ProgramFile(RunMarkerName), "");
+  const base::Status status = services_.Files.WriteFile(ProgramFile(RunMarkerName), "");
+  if (status) return;
+  messages_.Message("Tarnwell cannot write to its own folder, " + services_.System.ProgramFolder() +
+                        ":\r\n" + status.Reason +
+                        ".\r\n\r\nYou can go on, but your settings may not be kept.",
+                    forms::MessageKind::Ok);
 }
 
 void Master::PrepareViews() {

@@ -8,6 +8,7 @@
 namespace tarnwell::shell {
 namespace {
 
+constexpr int EscapeKey = 27;
 constexpr int ResetKey = 82;  // R
 constexpr std::size_t LoadingFrame = 12;
 
@@ -92,7 +93,10 @@ void Splash::AskReset() {
 }
 
 void Splash::KeyDown(int keyCode) {
-  if (keyCode == ResetKey && !SplashDone) ResetKeyPressed = true;
+  if (SplashDone) return;
+  if (keyCode == ResetKey) ResetKeyPressed = true;
+  // The lists are read for the first time while the splash is up, and a disk may be slow.
+  if (keyCode == EscapeKey) hooks_.StopReading();
 }
 
 void Splash::ShowStatus(const std::string& text) {

@@ -26,6 +26,7 @@ class SplashHooks {
   virtual void ShowMaster() = 0;
   virtual void EndProcess() = 0;  // takes every form away and ends the program
   virtual void UnloadSplash() = 0;
+  virtual void StopReading() = 0;  // the lists give up what they read
 };
 
 class Splash : public forms::Form {

@@ -3,6 +3,8 @@
 
 #include <QColor>
 #include <QString>
+#include <algorithm>
+#include <cstdint>
 #include <string_view>
 
 #include "base/Colour.h"
@@ -11,10 +13,14 @@
 
 namespace tarnwell::ui {
 
-// The nearest logical pixel.
-constexpr int ToPixels(base::Twips twips) {
+// Far beyond any screen, and still safe to add to and to multiply by a scale.
+inline constexpr int MostPixels = 1'000'000;
+
+// The nearest logical pixel, within MostPixels either way.
+constexpr int ToPixels(std::int64_t twips) {
   constexpr int half = base::TwipsPerPixel / 2;
-  return (twips < 0 ? twips - half : twips + half) / base::TwipsPerPixel;
+  const std::int64_t pixels = (twips < 0 ? twips - half : twips + half) / base::TwipsPerPixel;
+  return static_cast<int>(std::clamp<std::int64_t>(pixels, -MostPixels, MostPixels));
 }
 
 constexpr base::Twips ToTwips(int pixels) {

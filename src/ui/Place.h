@@ -3,6 +3,7 @@
 
 #include <QRect>
 #include <QWidget>
+#include <cstdint>
 
 #include "forms/Controls.h"
 #include "ui/Convert.h"
@@ -12,7 +13,8 @@ namespace tarnwell::ui {
 // Edges are rounded, not sizes, so that neighbours keep touching.
 inline QRect RectOf(const forms::Control& control) {
   const QPoint from(ToPixels(control.Left), ToPixels(control.Top));
-  const QPoint to(ToPixels(control.Left + control.Width), ToPixels(control.Top + control.Height));
+  const QPoint to(ToPixels(std::int64_t{control.Left} + control.Width),
+                  ToPixels(std::int64_t{control.Top} + control.Height));
   return {from, QSize(to.x() - from.x(), to.y() - from.y())};
 }
 

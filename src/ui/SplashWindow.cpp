@@ -89,7 +89,9 @@ void SplashWindow::Tick() {
 
 void SplashWindow::keyPressEvent(QKeyEvent* event) {
   // Letters and digits have the same codes here and in the program.
+  constexpr int escape = 27;
   if (event->key() >= Qt::Key_0 && event->key() <= Qt::Key_Z) form_.KeyDown(event->key());
+  if (event->key() == Qt::Key_Escape) form_.KeyDown(escape);
   QWidget::keyPressEvent(event);
 }
 

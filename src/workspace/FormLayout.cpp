@@ -68,16 +68,19 @@ void FormLayout::PlaceControls() {
     form.TitleBar[i].Visible = shown;
     form.cmdTitle[i].Visible = shown;
     form.cmdClosePane[i].Visible = shown;
+    if (record.Initialized) {
+      workspace_.Lists.Folders(pane).Visible = shown;
+      workspace_.Lists.Files(pane).Visible = shown;
+    }
+    if (!shown) continue;
+    // Controls that are not shown keep their places: the measures of every title are taken from
+    // one.
     PutAt(form.shpBack[i], places[i].Back);
     PutAt(form.TitleBar[i], places[i].Title);
     PutAt(form.cmdTitle[i], places[i].TitlePicture);
     PutAt(form.cmdClosePane[i], places[i].ClosePicture);
-    if (!record.Initialized) continue;
     lister::ListerControl& folders = workspace_.Lists.Folders(pane);
     lister::ListerControl& files = workspace_.Lists.Files(pane);
-    folders.Visible = shown;
-    files.Visible = shown;
-    if (!shown) continue;
     PutAt(folders, places[i].FolderList);
     PutAt(files, places[i].FileList);
     record.FolderListWidth = folders.Width;

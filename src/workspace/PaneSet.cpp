@@ -32,7 +32,8 @@ void PaneSet::ChangePanes(int pane) {
 }
 
 bool PaneSet::ClosePane(int pane) {
-  if (workspace_.OpenPaneCount == 1) {
+  // Counted on the spot: the user may click while another pane is still being set up.
+  if (std::ranges::count_if(workspace_.Panes, &PaneRecord::IsOpen) == 1) {
     workspace_.Form.Toolbar1["pane" + std::to_string(pane)].Pressed = true;
     workspace_.Form.Touch();
     messenger_.Message(" You must always have at least one pane open.", forms::MessageKind::Ok);

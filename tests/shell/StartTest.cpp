@@ -128,6 +128,17 @@ TEST_F(StartTest, NamesTheStageThatFailedAndEnds) {
   }
 }
 
+// Nobody can make room on a full disk with a program that does not start.
+TEST_F(StartTest, GoesOnWhereItsFolderTakesNoFiles) {
+  Machine.Files.WriteFault = fakes::MemoryFileSystem::Denied();
+  TestRun run(Machine);
+  run.Start();
+  EXPECT_EQ(run.Boxes, (Texts{"Tarnwell cannot write to its own folder, C:\\Tarnwell:\r\n"
+                              "Permission denied.\r\n\r\nYou can go on, but your settings may not "
+                              "be kept."}));
+  EXPECT_TRUE(run.App.StartForm().LoadFinished && run.WasToldOf("show Master"));
+}
+
 TEST_F(StartTest, AsksForAResetBehindAStartThatDidNotEnd) {
   for (const std::string answer : {"Yes", "No", ""}) {
     TestMachine machine;

@@ -31,14 +31,17 @@ ReachedPath::ReachedPath(std::string_view path, int start) : start_(start) {
 }
 
 Descriptor OpenPath(std::string_view path, int flags, int start) {
-  const ReachedPath reached(path, start);
-  if (reached.Error() != 0) {
-    errno = reached.Error();
-    return {};
+  Descriptor opened;
+  int error = 0;
+  {
+    const ReachedPath reached(path, start);
+    error = reached.Error();
+    if (error == 0) {
+      opened = Descriptor(openat(reached.Folder(), reached.Rest(), flags | O_CLOEXEC));
+      error = errno;
+    }
   }
-  Descriptor opened(openat(reached.Folder(), reached.Rest(), flags | O_CLOEXEC));
-  const int error = errno;  // closing the pieces of the way must not hide it
-  if (!opened) errno = error;
+  if (!opened) errno = error;  // closing the pieces of the way must not hide it
   return opened;
 }
 

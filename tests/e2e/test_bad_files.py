@@ -1,0 +1,165 @@
+"""Damaged, missing and forbidden files: the program comes up, tells what it must, loses nothing."""
+
+import os
+import random
+import subprocess
+import unittest
+
+from harness import EndToEndTest, keys, wait_for
+
+# Runs a command that has no more rights on files than their permissions give, also under root.
+PLAIN_USER = [] if os.geteuid() else ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
+
+SKIN_MESSAGE = "The last used 'skin' could not be found."
+
+WILD_NUMBERS = b"""\
+"ProgramPosition",1E+38,1E+38,1E+38,1E+38,0\r
+"SkinName",7,0,0,0,0\r
+"Layout",-3,0,0,0,0\r
+"FileCountMax",-2147483648,0,0,0,0\r
+"PercentWidth",-3,1E+30,0,-0,9\r
+"PercentHeightH",0,0,1E-40,5,5\r
+"Status",0,0,0,0,0\r
+"Order",-1,99,0,0,0\r
+"ControlGroup",4,4,9,-1,32767\r
+"Width",2147483647,-2147483648,0,0,0\r
+"WidthH",-2147483648,2147483647,0,0,0\r
+"Height",2147483647,2147483647,2147483647,2147483647,2147483647\r
+"HeightH",0,0,0,0,0\r
+"BookMark",99,"far out",0,0,0\r
+"InitialDrive",0,"/no/such/drive",0,0,0\r
+"Heading",0,0,"Width",-2000000000,0\r
+"Heading",100,0,"Width",2000000000,0\r
+"Heading",100,1,"Index",77,0\r
+"SORTING",0,32767,"sName","asc",0\r
+"Active",0,"/","relative",0,0\r
+"Expanded",0,"",0,0,0\r
+"""
+
+
+class BadFilesTest(EndToEndTest):
+    def run_once(self):
+        """A run that comes up with two panes that show home, and ends well."""
+        program = self.start()
+        self.wait_path(program, self.home)
+        self.wait_names(program, ["kept"])
+        self.assertEqual(program.close(), 0)
+        self.assertFalse(self.marker.exists())
+
+    def setUp(self):
+        super().setUp()
+        (self.home / "kept").write_text("kept")
+
+    def test_settings_that_are_no_settings(self):
+        noise = random.Random(20).randbytes
+        self.run_once()
+        whole = self.settings.read_bytes()
+        contents = {"noise": noise(4096),
+                    "much noise": noise(50 << 20),
+                    "cut within a record": whole[:len(whole) * 2 // 3 + 1],
+                    "cut within the first": whole[:20],
+                    "empty": b"",
+                    "zeros": bytes(100000),
+                    "no keys": b"0," * 500000}
+        for kind, content in contents.items():
+            with self.subTest(kind=kind):
+                self.settings.write_bytes(content)
+                self.run_once()
+                self.check_clean_end()
+                self.assertLess(self.settings.stat().st_size, 1 << 20)
+
+    def test_settings_with_wild_numbers(self):
+        self.settings.write_bytes(WILD_NUMBERS)
+        program = self.launch()
+        program.message(SKIN_MESSAGE)
+        keys("Return")
+        program.button(1)
+        wait_for("the main window to be active", program.window)
+        left, top, width, height = program.place()
+        self.assertTrue(0 <= left < 640 and 0 <= top < 750 and width >= 320 and height >= 240,
+                        f"the window is out of reach: {program.place()}")
+        for pane in (1, 2):
+            self.assertTrue(program.button(pane).is_checked())
+        # Equal shares come with each opening and closing, and with them a way back.
+        for pane in (3, 4, 5):
+            program.button(pane).click()
+            wait_for("the pane to close", lambda: not program.button(pane).is_checked())
+        self.wait_path(program, "/")  # in place of the drive that is not there
+        self.wait_path(program, self.home, 2)
+        self.wait_names(program, ["kept"], 2)
+        self.assertEqual(program.close(), 0)
+        self.check_clean_end()
+
+    def test_settings_file_is_a_folder(self):
+        self.settings.mkdir()
+        (self.settings / "inside").write_text("kept")
+        self.run_once()
+        self.assertEqual((self.settings / "inside").read_text(), "kept")
+        self.assertEqual([path.name for path in self.own.iterdir() if "user.usr" in path.name],
+                         ["user.usr"])
+
+    def test_own_folder_takes_no_files(self):
+        self.settings.write_bytes(b'"Status",0,0,0,1,1\r\n')
+        before = self.settings.read_bytes()
+        self.own.chmod(0o555)
+        program = self.launch(wrapper=PLAIN_USER)
+        program.message(SKIN_MESSAGE)
+        keys("Return")
+        program.wait_gone(SKIN_MESSAGE)
+        program.message(f"cannot write to its own folder, {self.own}:\nPermission denied")
+        keys("Return")
+        program.wait_shown()
+        self.wait_names(program, ["kept"])
+        self.assertTrue(program.is_open(3))
+        self.assertEqual(program.close(), 0)
+        self.assertEqual(self.settings.read_bytes(), before)
+        self.assertEqual([path.name for path in self.own.iterdir()], ["user.usr"])
+
+    def contrast(self, place):
+        """Distance between the lightest and the darkest grey on that part of the screen."""
+        greys = subprocess.run(
+            ["import", "-window", "root", "-colorspace", "gray", "-depth", "8", "-crop",
+             f"{place.width}x{place.height}+{place.x}+{place.y}", "gray:-"],
+            stdout=subprocess.PIPE, check=True).stdout
+        return max(greys) - min(greys)
+
+    def test_skin_is_missing(self):
+        (self.own / "skins").mkdir()
+        program = self.launch()
+        program.message(SKIN_MESSAGE)
+        keys("Return")
+        program.wait_gone(SKIN_MESSAGE)
+        program.wait_shown()
+        self.assertIsNone(program.find_message(SKIN_MESSAGE))
+        for control in (program.files().row("kept"), program.control("Path of pane 1"),
+                        program.control("Path of pane 2"), program.control("File"),
+                        program.control("Status of files of pane 1")):
+            self.assertGreater(self.contrast(control.place()), 100,
+                               f"{control.name} cannot be read")
+        self.assertEqual(program.close(), 0)
+        self.check_clean_end()
+
+    def test_folder_that_cannot_be_read(self):
+        locked = self.home / "locked"
+        locked.mkdir()
+        (locked / "inside").write_text("kept")
+        locked.chmod(0)
+        program = self.launch(wrapper=PLAIN_USER).wait_shown()
+        program.folders().expand(self.home.name)
+        program.folders().row("locked").click(x=30)
+        self.wait_path(program, locked)
+        reason = f"Cannot read {locked}: Permission denied"
+        wait_for("the status line to tell the reason", lambda: reason in program.status("files"))
+        self.assertEqual(program.files().names(), [])
+        keys("Right")  # to expand what cannot be read
+        wait_for("the tree's status line to tell the reason",
+                 lambda: reason in program.status("folders"))
+        keys("BackSpace")
+        self.wait_path(program, self.home)
+        self.wait_names(program, ["kept", "locked"])
+        self.assertEqual(program.close(), 0)
+        self.check_clean_end()
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,91 @@
+"""What one run leaves, the next shows again."""
+
+import os
+import unittest
+
+from harness import Control, EndToEndTest, wait_for, xdotool
+
+START = b'"ProgramPosition",900,1500,12000,9000,0\r\n'
+
+
+class RestartTest(EndToEndTest):
+    def move_window(self, program):
+        width, height = 850, 640
+        before = program.place()
+        window = program.window()
+        xdotool("windowsize", window, width, height)
+        wait_for("the window to have its size", lambda: program.place()[2:] == (width, height))
+        xdotool("windowmove", window, 240, 90)
+        wait_for("the window to have moved", lambda: program.place()[:2] != before[:2])
+
+    def test_folders_panes_and_window_come_back(self):
+        (self.home / "alpha" / "first").mkdir(parents=True)
+        (self.home / 'in "quotes"').mkdir()
+        bad = os.path.join(os.fsencode(self.home), b"bad \xff")
+        os.makedirs(os.path.join(bad, b"below"))
+        self.settings.write_bytes(START)
+        program = self.start()
+        self.assertEqual(program.place()[2:], (800, 600))
+        program.folders().expand(self.home.name)
+        program.folders().expand("alpha")
+        program.folders().wait_has("first")
+        program.files().row("bad \ufffd").click(times=2, x=20)
+        self.wait_names(program, ["below"])
+        program.files(2).row('in "quotes"').click(times=2, x=20)
+        self.wait_path(program, self.home / 'in "quotes"', 2)
+        program.button(3).click()
+        program.files(3).row("alpha").click(times=2, x=20)
+        self.wait_names(program, ["first"], 3)
+        self.move_window(program)
+        place = program.place()
+        self.assertEqual(program.close(), 0)
+        self.check_clean_end()
+
+        program = self.start()
+        self.assertEqual(program.place(), place)
+        self.wait_path(program, f"{self.home}/bad \ufffd")
+        self.wait_names(program, ["below"])
+        program.folders().wait_has("first")
+        # A settings record cannot carry a quote: that pane starts anew, and loses nothing else.
+        self.wait_path(program, self.home, 2)
+        self.wait_path(program, self.home / "alpha", 3)
+        self.wait_names(program, ["first"], 3)
+        for pane in range(1, 6):
+            self.assertEqual(program.button(pane).is_checked(), pane <= 3)
+
+        # A closed pane keeps what it showed, also over a run that never opens it.
+        program.control("Close pane 3").click()
+        wait_for("pane 3 to close", lambda: not program.is_open(3))
+        self.assertEqual(program.close(), 0)
+        program = self.start()
+        self.assertFalse(program.is_open(3))
+        self.assertEqual(program.close(), 0)
+        program = self.start()
+        program.button(3).click()
+        self.wait_path(program, self.home / "alpha", 3)
+
+    def test_maximised_window_comes_back(self):
+        program = self.start()  # nothing saved yet
+        place = program.place()
+        self.assertEqual((place[0], place[2]), (0, 1280))
+        self.assertEqual(program.close(), 0)
+        self.assertTrue(self.settings.read_bytes().startswith(b'"ProgramPosition","max",'))
+        self.assertEqual(self.start().place(), place)
+
+    def test_all_panes_closed_by_a_damaged_file(self):
+        for states in (b"1,1,1,1,1", b'"?",1,1,1,1', b"1,1,1,#TRUE#,7"):
+            with self.subTest(states=states):
+                self.settings.write_bytes(START + b'"Status",' + states + b"\r\n")
+                program = self.launch()
+                program.button(2)
+                wait_for("the window", program.window)
+                if not program.is_open(2):
+                    program.button(2).click()
+                self.wait_path(program, self.home, 2)
+                self.assertTrue(Control(program.look("Pane 2")).is_checked())
+                self.assertEqual(program.close(), 0)
+                self.check_clean_end()
+
+
+if __name__ == "__main__":
+    unittest.main()
