@@ -36,6 +36,19 @@ TEST_F(FormLayoutTest, MovesNothingUnlessSomethingChanged) {
   EXPECT_EQ(Space.Form.TitleBar[1].Left, left);
 }
 
+TEST_F(FormLayoutTest, ClosedPanesTakeNothingFromTheOpenOnes) {
+  Space.Form.cmdClosePane[0].Height = Space.Form.cmdClosePane[0].Width = 315;
+  Layout.ResizeForm(true);
+  for (const bool open : {false, true}) {
+    Pane(0).Status = open ? Open : Closed;
+    Layout.ResizeForm(true);
+    EXPECT_EQ(Space.Form.TitleBar[1].Height, 315);
+    EXPECT_EQ(Space.Form.cmdClosePane[1].Width, 315);
+    EXPECT_EQ(Space.Form.TitleBar[0].Visible, open);
+    EXPECT_EQ(Space.Lists.Files(0).Visible, open);
+  }
+}
+
 TEST_F(FormLayoutTest, HighlightsTheCurrentListWhenAskedToDraw) {
   Space.Form.TitleBar[1].Text = "C:\\Data\\";
   Space.Form.cboCommand.Text = "dir";
