@@ -1,6 +1,6 @@
 // Builds the adapters, hands them to the core, and runs.
 
-#include <QApplication>
+#include <QFile>
 #include <QIcon>
 #include <QStyleFactory>
 #include <cstdlib>
@@ -13,6 +13,7 @@
 #include "platform/linux/LinuxSystemInfo.h"
 #include "platform/linux/LinuxTermination.h"
 #include "shell/Application.h"
+#include "ui/GuardedApplication.h"
 #include "ui/IconSource.h"
 #include "ui/MainWindow.h"
 #include "ui/MsgBoxWindow.h"
@@ -39,7 +40,7 @@ void SaveAtExit() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  QApplication qtApplication(argc, argv);
+  ui::GuardedApplication qtApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnwell"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tarnwell"));
   QApplication::setDesktopFileName(QStringLiteral("tarnwell"));
@@ -54,9 +55,8 @@ int main(int argc, char** argv) {
   ui::QtMessagePump pump;
   ui::QtDialogs dialogs;
   ui::QtFormHost host;
-  const QString dataFolder = QString::fromStdString(system.DataFolder());
-  const ui::IconSource icons(dataFolder);
-  const QIcon programIcon(dataFolder + QStringLiteral("/icons/tarnwell.svg"));
+  const ui::IconSource icons(QFile::decodeName(system.DataFolder().c_str()));
+  const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system},
@@ -65,11 +65,10 @@ int main(int argc, char** argv) {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
-    return std::make_unique<ui::MainWindow>(application.MainObject(), icons, dataFolder);
+    return std::make_unique<ui::MainWindow>(application.MainObject(), icons);
   });
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
-    return std::make_unique<ui::MsgBoxWindow>(form, dataFolder,
-                                              [&host, &form] { host.Unload(form); });
+    return std::make_unique<ui::MsgBoxWindow>(form, icons, [&host, &form] { host.Unload(form); });
   });
 
   const platform::LinuxTermination termination([&application] { application.RequestQuit(); });
@@ -80,7 +79,8 @@ int main(int argc, char** argv) {
   QApplication::exec();
   // Whatever ended the loop (a session that logs out, say), the program ends as if closed.
   application.RequestQuit();
-  host.DeleteClosedWindows();
+  // Windows that were closed last still look at what they showed.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   runningApplication = nullptr;
-  return EXIT_SUCCESS;
+  return application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

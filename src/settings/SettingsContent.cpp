@@ -28,7 +28,9 @@ SettingRecord ProgramPosition(const Workspace& space) {
   const workspace::MainForm& form = space.Form;
   const auto top = static_cast<float>(form.Top);
   const auto left = static_cast<float>(form.Left);
-  if (form.State == forms::WindowState::Maximised) {
+  // A minimised window comes back as what it was.
+  const bool minimised = form.State == forms::WindowState::Minimised;
+  if ((minimised ? form.LastWindowState : form.State) == forms::WindowState::Maximised) {
     return Record("ProgramPosition", std::string("max"), top, left);
   }
   return Record("ProgramPosition", top, left, static_cast<float>(form.Width),

@@ -273,6 +273,8 @@ void Master::ButtonClick(std::string_view key) {
 void Master::TitleClick(int pane) {
   workspace::ColourTitleBar(space_, lister::FolderListOf(pane));
   workspace::HighlightActiveList(space_, false);
+  // Keys go where the keyboard is, and they are to go to the active list.
+  if (lister::ListerControl* active = space_.Lists.Find(space_.ActiveList)) active->TakeFocus();
 }
 
 void Master::TitleMouseDown(int pane) {

@@ -44,8 +44,8 @@ class FormWindow : public forms::FormView {
   bool closed_ = false;
 };
 
-// Runs what an event of the user asks for. A failure that nothing below has told does not end the
-// program; it goes to the terminal.
+// Runs what an event of the user asks for, where the window has something to do afterwards. A
+// failure that nothing below has told goes to the terminal.
 template <typename Work>
 void Guarded(Work work) {
   try {

@@ -1,21 +1,25 @@
 #include "ui/IconSource.h"
 
+#include <QFile>
 #include <QMimeType>
+
+#include "ui/Convert.h"
 
 namespace tarnwell::ui {
 
-IconSource::IconSource(const QString& dataFolder) {
-  const auto own = [&](const char* name) {
-    return QIcon(dataFolder + QStringLiteral("/icons/") + QLatin1String(name) +
-                 QStringLiteral(".svg"));
-  };
-  drive_ = QIcon::fromTheme(QStringLiteral("drive-harddisk"), own("drive"));
-  file_ = QIcon::fromTheme(QStringLiteral("text-x-generic"), own("file"));
+QIcon IconSource::Own(std::string_view name) const {
+  const QString path = QStringLiteral("%1/icons/%2.svg").arg(dataFolder_, ToQString(name));
+  return !dataFolder_.isEmpty() && QFile::exists(path) ? QIcon(path) : QIcon();
+}
+
+IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {
+  drive_ = QIcon::fromTheme(QStringLiteral("drive-harddisk"), Own("drive"));
+  file_ = QIcon::fromTheme(QStringLiteral("text-x-generic"), Own("file"));
   // Closed and open folder stand side by side, so they come from one hand.
   const bool themed = QIcon::hasThemeIcon(QStringLiteral("folder")) &&
                       QIcon::hasThemeIcon(QStringLiteral("folder-open"));
-  folder_ = themed ? QIcon::fromTheme(QStringLiteral("folder")) : own("folder");
-  openFolder_ = themed ? QIcon::fromTheme(QStringLiteral("folder-open")) : own("folder-open");
+  folder_ = themed ? QIcon::fromTheme(QStringLiteral("folder")) : Own("folder");
+  openFolder_ = themed ? QIcon::fromTheme(QStringLiteral("folder-open")) : Own("folder-open");
 }
 
 QIcon IconSource::File(const QString& path) const {

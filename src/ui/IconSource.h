@@ -5,14 +5,17 @@
 #include <QIcon>
 #include <QMimeDatabase>
 #include <QString>
+#include <string_view>
 
 namespace tarnwell::ui {
 
 class IconSource {
  public:
-  // `dataFolder` holds the program's own icons as icons/folder.svg, icons/folder-open.svg,
-  // icons/file.svg and icons/drive.svg.
+  // `dataFolder` holds the program's own pictures as icons/<name>.svg; empty where there is none.
   explicit IconSource(const QString& dataFolder);
+
+  // The program's own picture icons/<name>.svg; empty if there is none of that name.
+  QIcon Own(std::string_view name) const;
 
   const QIcon& Drive() const { return drive_; }
   const QIcon& Folder() const { return folder_; }
@@ -22,6 +25,7 @@ class IconSource {
   QIcon File(const QString& path) const;
 
  private:
+  QString dataFolder_;
   QIcon drive_;
   QIcon folder_;
   QIcon openFolder_;

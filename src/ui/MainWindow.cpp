@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFile>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -47,11 +46,10 @@ QString MenuText(const std::string& caption) {
 
 }  // namespace
 
-MainWindow::MainWindow(shell::Master& master, const IconSource& icons, const QString& dataFolder)
+MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
     : master_(master),
       form_(master.Form()),
       icons_(icons),
-      dataFolder_(dataFolder),
       area_(new QWidget(this)),
       toolbar_(new QToolBar(area_)) {
   setMinimumSize(LeastSize);
@@ -65,12 +63,11 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons, const QSt
     backs_[i] = new QFrame(area_);
     backs_[i]->setAutoFillBackground(true);
     backs_[i]->hide();
-    titles_[i] = new PaneTitle(
-        pane, icons_.OpenFolder(),
-        {.Click = [this, pane] { Guarded([this, pane] { master_.TitleClick(pane); }); },
-         .MouseDown = [this, pane] { Guarded([this, pane] { master_.TitleMouseDown(pane); }); },
-         .Close = [this, pane] { Guarded([this, pane] { master_.ClosePaneClick(pane); }); }},
-        area_);
+    titles_[i] = new PaneTitle(pane, icons_.OpenFolder(),
+                               {.Click = [this, pane] { master_.TitleClick(pane); },
+                                .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
+                                .Close = [this, pane] { master_.ClosePaneClick(pane); }},
+                               area_);
     titles_[i]->hide();
   }
   auto* escape = new QShortcut(Qt::Key_Escape, this);
@@ -78,11 +75,6 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons, const QSt
 }
 
 MainWindow::~MainWindow() = default;
-
-QIcon MainWindow::CommandIcon(std::string_view key) const {
-  const QString path = QStringLiteral("%1/icons/%2.svg").arg(dataFolder_, ToQString(key));
-  return !key.empty() && QFile::exists(path) ? QIcon(path) : QIcon();
-}
 
 // Menus show the entries behind which a command stands, and the submenus that hold one.
 void MainWindow::BuildMenus() {
@@ -120,7 +112,7 @@ void MainWindow::BuildToolbar() {
   for (const forms::ToolbarButton& button : form_.Toolbar1.Buttons()) {
     if (!master_.Commands().IsBound(button.Key)) continue;
     QAction* action =
-        toolbar_->addAction(CommandIcon(form_.ImageList1.Key(button.Image)), ToQString(button.Key));
+        toolbar_->addAction(icons_.Own(form_.ImageList1.Key(button.Image)), ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
     buttons_[button.Key] = action;
     connect(action, &QAction::triggered, this, [this, key = button.Key] {
@@ -142,6 +134,7 @@ void MainWindow::Sync() {
   SyncColours();
   MoveFocusFromClosed();
   for (int pane = 0; pane < lister::PaneCount; ++pane) SyncPane(pane);
+  GiveFocusToActive();
 }
 
 void MainWindow::SyncMenus() {
@@ -151,7 +144,7 @@ void MainWindow::SyncMenus() {
     if (action->isCheckable()) action->setChecked(entry.Checked);
     if (action->menu() == nullptr) {
       action->setVisible(entry.Visible);
-      action->setIcon(CommandIcon(form_.MenuImages.ImageOf(entry)));
+      action->setIcon(icons_.Own(form_.MenuImages.ImageOf(entry)));
     }
   }
 }
@@ -177,9 +170,13 @@ void MainWindow::SyncToolbar() {
   PlaceAt(*toolbar_, QRect(0, 0, area_->width(), height), form_.Toolbar1.Visible);
 }
 
+// Before a skin is loaded every colour is zero, and the toolkit's own serve.
+bool MainWindow::IsSkinned() const {
+  return form_.TitleBar[0].BackColour != form_.TitleBar[0].ForeColour;
+}
+
 void MainWindow::SyncColours() {
-  // Before a skin is loaded every colour is zero, and the toolkit's own serve.
-  const bool skinned = form_.TitleBar[0].BackColour != form_.TitleBar[0].ForeColour;
+  const bool skinned = IsSkinned();
   const QPalette plain = QGuiApplication::palette();
   const QPalette inside = skinned ? PaletteOn(ToQColor(form_.BackColour)) : plain;
   const QPalette menu = skinned ? PaletteOn(ToQColor(form_.MenuBackColour)) : plain;
@@ -199,16 +196,20 @@ void MainWindow::MoveFocusFromClosed() {
   }
 }
 
+// When the first pane of all opens, nothing has the keyboard.
+void MainWindow::GiveFocusToActive() {
+  if (!isVisible() || focusWidget() != nullptr) return;
+  const lister::ListId active = master_.Space().ActiveList;
+  if (lister::ListerControl* control = master_.Space().Lists.Find(active)) control->TakeFocus();
+}
+
 void MainWindow::SyncPane(int pane) {
   const auto i = static_cast<std::size_t>(pane);
   const forms::Shape& back = form_.shpBack[i];
   const bool open = master_.Space().Panes[i].IsOpen() && form_.TitleBar[i].Visible;
   PlaceAt(*backs_[i], RectOf(back), open && back.Visible);
-  QPalette palette = backs_[i]->palette();
-  if (palette.color(QPalette::Window) != ToQColor(back.BackColour)) {
-    palette.setColor(QPalette::Window, ToQColor(back.BackColour));
-    backs_[i]->setPalette(palette);
-  }
+  const QPalette palette = IsSkinned() ? PaletteOn(ToQColor(back.BackColour)) : area_->palette();
+  if (backs_[i]->palette() != palette) backs_[i]->setPalette(palette);
   forms::TextBox title = form_.TitleBar[i];
   title.Visible = open;
   titles_[i]->Sync(title, form_.cmdTitle[i], form_.cmdClosePane[i]);
@@ -287,13 +288,13 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::keyReleaseEvent(QKeyEvent* event) {
-  Guarded([this] { master_.KeyUp(); });
+  master_.KeyUp();
   QMainWindow::keyReleaseEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // unloading the form takes the window away
-  Guarded([this] { master_.MenuClick("mnuExit"); });
+  master_.MenuClick("mnuExit");
 }
 
 }  // namespace tarnwell::ui

@@ -24,8 +24,7 @@ namespace tarnwell::ui {
 
 class MainWindow : public QMainWindow, public FormWindow {
  public:
-  // `dataFolder` holds the pictures of commands as icons/<key>.svg.
-  MainWindow(shell::Master& master, const IconSource& icons, const QString& dataFolder);
+  MainWindow(shell::Master& master, const IconSource& icons);
   ~MainWindow() override;
 
   QWidget& Widget() override { return *this; }
@@ -47,16 +46,16 @@ class MainWindow : public QMainWindow, public FormWindow {
   void AreaResized();
   void SyncMenus();
   void SyncToolbar();
+  bool IsSkinned() const;
   void SyncColours();
   void MoveFocusFromClosed();
+  void GiveFocusToActive();
   void SyncPane(int pane);
   void SyncList(lister::ListId list);
-  QIcon CommandIcon(std::string_view key) const;
 
   shell::Master& master_;
   workspace::MainForm& form_;
   const IconSource& icons_;
-  QString dataFolder_;
   QWidget* area_;
   QToolBar* toolbar_;
   std::map<std::string, QAction*> menuActions_;  // by the name of the entry

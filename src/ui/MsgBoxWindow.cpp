@@ -18,9 +18,9 @@ constexpr int LeastTextHeight = 52;
 
 }  // namespace
 
-MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const QString& dataFolder,
+MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
                            std::function<void()> close)
-    : form_(form), dataFolder_(dataFolder), close_(std::move(close)) {
+    : form_(form), icons_(icons), close_(std::move(close)) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
   picture_.setFixedSize(PictureSize, PictureSize);
@@ -47,8 +47,7 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const QString& dataFolder,
     button.setAutoDefault(true);
     button.setMinimumWidth(88);
     buttonRow->addWidget(&button);
-    connect(&button, &QPushButton::clicked, this,
-            [this, i] { Guarded([this, i] { form_.ButtonClick(i); }); });
+    connect(&button, &QPushButton::clicked, this, [this, i] { form_.ButtonClick(i); });
   }
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(Margin, Margin, Margin, Margin);
@@ -82,8 +81,7 @@ void MsgBoxWindow::Sync() {
   }
   buttons_[0].setDefault(true);
   buttons_[0].setFocus();
-  const QIcon icon(QStringLiteral("%1/icons/%2.svg")
-                       .arg(dataFolder_, QLatin1String(question ? "question" : "information")));
+  const QIcon icon = icons_.Own(question ? "question" : "information");
   picture_.setPixmap(icon.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
 }
 

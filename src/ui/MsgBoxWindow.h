@@ -10,14 +10,14 @@
 
 #include "shell/popMsgBox.h"
 #include "ui/FormWindow.h"
+#include "ui/IconSource.h"
 
 namespace tarnwell::ui {
 
 class MsgBoxWindow : public QDialog, public FormWindow {
  public:
-  // `dataFolder` holds the pictures as icons/question.svg and icons/information.svg. `close`
-  // unloads the form without a button.
-  MsgBoxWindow(shell::popMsgBox& form, const QString& dataFolder, std::function<void()> close);
+  // `close` unloads the form without a button.
+  MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons, std::function<void()> close);
 
   QWidget& Widget() override { return *this; }
   void Sync() override;
@@ -29,7 +29,7 @@ class MsgBoxWindow : public QDialog, public FormWindow {
 
  private:
   shell::popMsgBox& form_;
-  QString dataFolder_;
+  const IconSource& icons_;
   std::function<void()> close_;
   QPlainTextEdit text_;
   QLabel picture_;

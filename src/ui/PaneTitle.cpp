@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <utility>
 
 #include "ui/Convert.h"
@@ -62,8 +63,15 @@ void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
 }
 
 bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress) actions_.MouseDown();
-  if (event->type() == QEvent::MouseButtonRelease) actions_.Click();
+  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const bool inside = rect().contains(mapFromGlobal(mouse->globalPosition().toPoint()));
+    if (mouse->button() == Qt::LeftButton && event->type() == QEvent::MouseButtonPress) {
+      actions_.MouseDown();
+    } else if (mouse->button() == Qt::LeftButton && inside) {
+      actions_.Click();
+    }
+  }
   return QFrame::eventFilter(watched, event);
 }
 

@@ -38,9 +38,30 @@ void QtFormHost::Open(forms::Form& form) {
   FormWindow& window = *entry->Window;
   form.View = &window;
   open_.push_back(std::move(entry));
-  form.Load();
-  window.Sync();
-  window.Measure();
+  try {
+    form.Load();
+    window.Sync();
+    window.Measure();
+  } catch (...) {
+    Forget(form);
+    throw;
+  }
+}
+
+// Takes the form from the open ones and its window from the screen. The window itself goes later:
+// this may run inside one of its own events, and inside loops within those.
+std::unique_ptr<QtFormHost::OpenForm> QtFormHost::Forget(forms::Form& form) {
+  const auto found = std::ranges::find_if(
+      open_, [&form](const std::unique_ptr<OpenForm>& each) { return each->Form == &form; });
+  if (found == open_.end()) return nullptr;
+  std::unique_ptr<OpenForm> entry = std::move(*found);
+  open_.erase(found);
+  form.View = nullptr;
+  FormWindow* window = entry->Window.release();
+  window->Close();
+  window->Widget().hide();
+  window->Widget().deleteLater();
+  return entry;
 }
 
 QWidget* QtFormHost::OwnerWidget(forms::Form* owner) {
@@ -80,19 +101,10 @@ void QtFormHost::ShowModal(forms::Form& form, forms::Form* owner) {
 }
 
 void QtFormHost::Unload(forms::Form& form) {
-  const auto found = std::ranges::find_if(
-      open_, [&form](const std::unique_ptr<OpenForm>& each) { return each->Form == &form; });
-  if (found == open_.end()) return;
-  const std::unique_ptr<OpenForm> entry = std::move(*found);
-  open_.erase(found);
-  form.Unload();
-  form.View = nullptr;
-  entry->Window->Close();
-  entry->Window->Widget().hide();
-  closed_.push_back(std::move(entry->Window));
-  QMetaObject::invokeMethod(
-      &context_, [this] { DeleteClosedWindows(); }, Qt::QueuedConnection);
+  const std::unique_ptr<OpenForm> entry = Forget(form);
+  if (!entry) return;
   if (entry->Loop != nullptr) entry->Loop->quit();
+  form.Unload();
   if (open_.empty()) QCoreApplication::quit();
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QEventLoop>
-#include <QObject>
 #include <functional>
 #include <map>
 #include <memory>
@@ -30,15 +29,12 @@ class QtFormHost : public forms::FormHost {
   void Open(forms::Form& form) override;
   void Show(forms::Form& form, forms::Form* owner) override;
   void ShowModal(forms::Form& form, forms::Form* owner) override;
-  // When the last form has gone, the event loop of the program is asked to end.
+  // The window is deleted when the event loop is reached again. When the last form has gone, the
+  // loop is asked to end.
   void Unload(forms::Form& form) override;
   std::vector<forms::Form*> OpenForms() const override;
   forms::MousePointer ScreenPointer() const override { return pointer_; }
   void SetScreenPointer(forms::MousePointer pointer) override;
-
-  // Deletes the windows of forms that were unloaded. They outlive their forms' unload for a moment,
-  // since that may come from one of their own events.
-  void DeleteClosedWindows() { closed_.clear(); }
 
  private:
   struct OpenForm {
@@ -47,13 +43,12 @@ class QtFormHost : public forms::FormHost {
     QEventLoop* Loop = nullptr;  // of a modal form
   };
   OpenForm* Find(const forms::Form& form);
+  std::unique_ptr<OpenForm> Forget(forms::Form& form);
   // The form's window if it can be seen, else any window that can, else null.
   QWidget* OwnerWidget(forms::Form* owner);
 
   std::map<std::type_index, std::function<std::unique_ptr<FormWindow>(forms::Form&)>> makers_;
   std::vector<std::unique_ptr<OpenForm>> open_;
-  std::vector<std::unique_ptr<FormWindow>> closed_;
-  QObject context_;  // calls that are queued go with it
   forms::MousePointer pointer_ = forms::MousePointer::Default;
 };
 

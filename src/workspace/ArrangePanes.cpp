@@ -10,9 +10,13 @@ namespace {
 // No list gets less than this of its pane, whatever the split says.
 constexpr base::Twips LeastListSize = 1200;
 
-double Share(const PaneRecord& pane, std::int32_t layout) {
+// A pane with less could not be told from a closed one.
+constexpr double LeastShare = 0.01;
+
+// An open pane without a sensible share gets an equal one, so that none is out of reach.
+double Share(const PaneRecord& pane, std::int32_t layout, int openPanes) {
   const double share = layout == Vertical ? pane.PercentWidth : pane.PercentHeightH;
-  return std::isfinite(share) && share > 0 ? std::min(share, 1.0) : 0;
+  return std::isfinite(share) && share >= LeastShare ? std::min(share, 1.0) : 1.0 / openPanes;
 }
 
 base::Twips Split(base::Twips wished, base::Twips room) {
@@ -45,14 +49,12 @@ void FillPane(PanePlaces& places, const PaneRecord& pane, const ArrangeMeasures&
 std::array<PanePlaces, lister::PaneCount> ArrangePanes(const PaneRecords& panes,
                                                        const ArrangeMeasures& m) {
   std::array<PanePlaces, lister::PaneCount> places{};
-  double sum = 0;
-  int open = 0;
-  for (const PaneRecord& pane : panes) {
-    if (!pane.IsOpen()) continue;
-    sum += Share(pane, m.Layout);
-    ++open;
-  }
+  const auto open = static_cast<int>(std::ranges::count_if(panes, &PaneRecord::IsOpen));
   if (open == 0) return places;
+  double sum = 0;
+  for (const PaneRecord& pane : panes) {
+    if (pane.IsOpen()) sum += Share(pane, m.Layout, open);
+  }
 
   const base::Twips gap = m.PaneGap;
   const base::Twips top = m.ToolbarBottom + gap;
@@ -64,7 +66,7 @@ std::array<PanePlaces, lister::PaneCount> ArrangePanes(const PaneRecords& panes,
   int index = 0;
   for (std::size_t i = 0; i < panes.size(); ++i) {
     if (!panes[i].IsOpen()) continue;
-    const double share = sum > 0 ? Share(panes[i], m.Layout) / sum : 1.0 / open;
+    const double share = Share(panes[i], m.Layout, open) / sum;
     // Edges are rounded, not sizes, so that the panes fill the form to its last twip.
     const base::Twips from = base::RoundToTwips(before * room) + index * gap;
     before += share;

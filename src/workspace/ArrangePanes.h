@@ -38,7 +38,7 @@ struct PanePlaces {
 };
 
 // The places of the open panes, by their shares: columns or rows in pane order that fill the inside
-// of the form below the toolbar. Shares that add up to nothing sensible count as equal. Closed
+// of the form below the toolbar. A share that makes no sense counts as an equal one. Closed
 // panes get empty places.
 std::array<PanePlaces, lister::PaneCount> ArrangePanes(const PaneRecords& panes,
                                                        const ArrangeMeasures& measures);

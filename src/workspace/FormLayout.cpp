@@ -27,6 +27,7 @@ void PutAt(forms::Control& control, const Place& place) {
 void FormLayout::ResizeForm(bool force) {
   MainForm& form = workspace_.Form;
   if (form.State == forms::WindowState::Minimised) return;
+  form.LastWindowState = form.State;
   const bool changed = form.ScaleWidth != lastWidth_ || form.ScaleHeight != lastHeight_ ||
                        workspace_.Settings.Layout != lastLayout_;
   if (!force && !changed) {

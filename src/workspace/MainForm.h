@@ -83,6 +83,9 @@ class MainForm : public forms::Form {
   forms::TextBox txtCurrentPath;
   forms::ComboBox cboCommand;
 
+  // State at the last arrangement that was not of a minimised window.
+  forms::WindowState LastWindowState = forms::WindowState::Normal;
+
   // Inside size in twips, written by the window whenever it changes.
   base::Twips ScaleWidth = 0;
   base::Twips ScaleHeight = 0;

@@ -25,11 +25,12 @@ class MessageBoxTest : public testing::Test {
   MessageBoxTest() {
     TestApplication();
     Host.Bind<shell::popMsgBox>([this](shell::popMsgBox& form) -> std::unique_ptr<FormWindow> {
-      return std::make_unique<MsgBoxWindow>(form, QStringLiteral(TARNWELL_TESTS "/../data"),
-                                            [this, &form] { Host.Unload(form); });
+      return std::make_unique<MsgBoxWindow>(form, Icons, [this, &form] { Host.Unload(form); });
     });
   }
-  ~MessageBoxTest() override { Host.DeleteClosedWindows(); }
+  ~MessageBoxTest() override {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
 
   const std::string& Ask(MessageKind kind, std::function<void(QDialog&)> react,
                          const std::string& text = "Well?") {
@@ -57,6 +58,7 @@ class MessageBoxTest : public testing::Test {
     return nullptr;
   }
 
+  IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
   QtFormHost Host;
   forms::Form Main{"Master"};
   shell::MessageBox Messages{Host, Main};

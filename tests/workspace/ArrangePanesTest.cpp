@@ -84,7 +84,10 @@ TEST(ArrangePanesTest, FillsTheFormWithOpenPanesForAnyRecord) {
                     Inside(picture, back) && Inside(close, back));
         ASSERT_FALSE(Overlap(folders, files) || Overlap(folders, title) || Overlap(files, title));
       }
-      covered += m.Layout == Vertical ? back.Width : back.Height;
+      const base::Twips size = m.Layout == Vertical ? back.Width : back.Height;
+      const base::Twips whole = m.Layout == Vertical ? area.Width : area.Height;
+      ASSERT_GE(size, (whole - (open - 1) * 60) / 500 - 1);  // no pane is out of reach
+      covered += size;
       for (std::size_t j = 0; j < i; ++j) {
         ASSERT_FALSE(panes[j].IsOpen() && Overlap(back, places[j].Back));
       }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/linux/DriveRules.h"
+#include "platform/linux/GuardedCall.h"
 #include "platform/linux/HomeFolder.h"
 
 namespace tarnwell::platform {
@@ -55,7 +56,7 @@ class LinuxDrives::Monitor {
   static void Report(GUnixMountMonitor*, gpointer data) {
     // A copy, since the call may end this object.
     const std::function<void()> changed = static_cast<Monitor*>(data)->changed_;
-    changed();
+    GuardedCall(changed);
   }
 
   std::function<void()> changed_;

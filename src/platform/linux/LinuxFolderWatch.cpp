@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "platform/linux/GuardedCall.h"
 #include "platform/linux/LinuxFileSystem.h"
 
 namespace tarnwell::platform {
@@ -47,7 +48,7 @@ class GioWatch : public Watch {
     self->timer_ = 0;
     // A copy, since the call may end this object.
     const std::function<void()> changed = self->changed_;
-    changed();
+    GuardedCall(changed);
     return G_SOURCE_REMOVE;
   }
 

@@ -5,6 +5,8 @@
 #include <csignal>
 #include <utility>
 
+#include "platform/linux/GuardedCall.h"
+
 namespace tarnwell::platform {
 
 LinuxTermination::LinuxTermination(std::function<void()> quit) : quit_(std::move(quit)) {
@@ -12,7 +14,7 @@ LinuxTermination::LinuxTermination(std::function<void()> quit) : quit_(std::move
     sources_.push_back(g_unix_signal_add(
         signal,
         [](gpointer self) -> gboolean {
-          static_cast<LinuxTermination*>(self)->quit_();
+          GuardedCall(static_cast<LinuxTermination*>(self)->quit_);
           return G_SOURCE_CONTINUE;
         },
         this));
