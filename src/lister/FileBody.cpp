@@ -3,14 +3,36 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <unordered_set>
 #include <utility>
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/MergeRows.h"
 
 namespace tarnwell::lister {
 
 using platform::ItemKind;
+
+namespace {
+
+// Between two reads of a folder that changes meanwhile, in milliseconds.
+constexpr std::int64_t LeastRest = 200;
+constexpr std::int64_t MostRest = 60'000;
+
+// Set while this lives.
+class Flag {
+ public:
+  explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Flag() { flag_ = false; }
+  Flag(const Flag&) = delete;
+  Flag& operator=(const Flag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
 
 struct FileBody::Job {
   Job(int number, ListState& state)
@@ -28,8 +50,13 @@ struct FileBody::Job {
 
 void FileBody::LoadContents(const std::string& folder) {
   if (terminated_) return;
-  bool again = Read(PlainPath(state_.Syntax, folder));
-  while (again) again = Read(state_.Folder);
+  ++newest_;
+  wanted_ = state_.Folder = PlainPath(state_.Syntax, folder);
+  state_.Control.CancelRequested = false;
+  stopped_ = willCatchUp_ = false;
+  if (reading_) return;  // the read that runs goes on with this folder
+  const Flag reading(reading_);
+  while (!Read() && !terminated_) continue;
 }
 
 void FileBody::Refresh() {
@@ -37,39 +64,56 @@ void FileBody::Refresh() {
 }
 
 void FileBody::FolderChanged() {
-  if (reading_) {
-    stale_ = true;
+  if (stopped_) return;
+  stale_ = true;
+  if (!reading_ && !willCatchUp_) Refresh();
+}
+
+void FileBody::CatchUp() {
+  willCatchUp_ = false;
+  if (reading_ || !stale_ || stopped_) return;
+  if (state_.Control.CancelRequested) {
+    stopped_ = true;  // Escape came when the read was just done
   } else {
     Refresh();
   }
 }
 
-bool FileBody::Read(std::string folder) {
-  Job job(++newest_, state_);
-  reading_ = true;
+bool FileBody::Read() {
+  Job job(newest_, state_);
+  const platform::Clock& clock = state_.Services.Clock;
+  const std::int64_t start = clock.Ticks();
+  const std::string folder = wanted_;
   stale_ = false;
-  state_.Control.CancelRequested = false;
   state_.Folder = folder;
   // The items of another folder must not stand under the new one while that is read.
   if (!state_.Syntax.Same(rows_.Folder(), folder)) Replace(FileRows(folder));
   Follower.Follow(folder);  // before the read, so that no change falls between the two
 
-  FileRows fresh(std::move(folder));
+  FileRows fresh(folder);
   const base::Status status = ReadNames(job, fresh);
   if (job.Standing == Standing::Superseded) return false;
-  if (state_.Syntax.Same(rows_.Folder(), fresh.Folder())) fresh.TakeOver(rows_);
-  fresh.Sort(state_.Keys.Entries());
-  Replace(std::move(fresh));
-
+  ShowNames(std::move(fresh));
   if (job.Standing == Standing::Going) ReadAttributes(job);
   if (job.Standing == Standing::Superseded) return false;
   if (job.KindsChanged || FileRows::NeedsAttributes(state_.Keys.Entries())) Resort();
 
-  reading_ = false;
-  const bool cancelled = job.Standing == Standing::Cancelled;
-  if (cancelled) state_.Control.CancelRequested = false;
-  state_.SetStatus(cancelled ? "Reading stopped" : Summary(job, status));
-  return stale_ && !cancelled;
+  if (job.Standing == Standing::Cancelled) {
+    state_.Control.CancelRequested = false;
+    stopped_ = true;
+    state_.SetStatus("Reading stopped");
+  } else {
+    state_.SetStatus(Summary(job, status));
+    MindChanges(clock.Ticks() - start);
+  }
+  return true;
+}
+
+// A folder that changes all the time must not be read all the time.
+void FileBody::MindChanges(std::int64_t readFor) {
+  if (!stale_ || state_.Control.View == nullptr) return;
+  willCatchUp_ = true;
+  state_.View().CatchUpLater(static_cast<int>(std::clamp(readFor, LeastRest, MostRest)));
 }
 
 base::Status FileBody::ReadNames(Job& job, FileRows& rows) {
@@ -83,41 +127,45 @@ base::Status FileBody::ReadNames(Job& job, FileRows& rows) {
 
 void FileBody::ReadAttributes(Job& job) {
   int order = orders_;
-  int told = 0;  // rows before this position have been told to the view
-  const auto tell = [&](int end) {
-    if (end > told) state_.View().CellsChanged(RootRow, told, end - 1);
-    told = end;
+  int first = 0, last = -1;  // what has changed since the view was told
+  const auto tell = [&] {
+    if (first <= last) state_.View().CellsChanged(RootRow, first, last);
+    last = -1;
   };
   for (int position = 0; position < rows_.Count(); ++position) {
     const RowId row = rows_.At(position);
     if (rows_.Row(row).WasTried) continue;
-    ReadAttributesOf(row, job);
+    if (ReadAttributesOf(row, job)) {
+      if (last < 0) first = position;
+      last = position;
+    }
     if (!job.Pace.IsDue()) continue;
-    tell(position + 1);
+    tell();
     Pump(job, rows_.Count());
     if (job.Standing != Standing::Going) return;
     if (order == orders_) continue;
     // A sort came in: start from the top again, where the user looks, and skip what is done.
     order = orders_;
-    told = 0;
     position = -1;
   }
-  tell(rows_.Count());
+  tell();
 }
 
-void FileBody::ReadAttributesOf(RowId row, Job& job) {
+bool FileBody::ReadAttributesOf(RowId row, Job& job) {
+  const FileRow before = rows_.Row(row);
   platform::ItemAttributes attributes;
   const std::string name(rows_.Name(row));
   const base::Status status =
       state_.Services.Files.ReadAttributes(rows_.Folder(), name, attributes);
   if (status) {
-    const bool wasFolder = rows_.Row(row).IsFolder();
     rows_.SetAttributes(row, attributes);
-    job.KindsChanged = job.KindsChanged || rows_.Row(row).IsFolder() != wasFolder;
-    return;
+  } else {
+    rows_.SetUnreadable(row);
+    if (job.Unreadable++ == 0) job.Reason = status.Reason;
   }
-  rows_.SetUnreadable(row);
-  if (job.Unreadable++ == 0) job.Reason = status.Reason;
+  const FileRow& now = rows_.Row(row);
+  job.KindsChanged = job.KindsChanged || now.IsFolder() != before.IsFolder();
+  return !now.LooksLike(before);
 }
 
 void FileBody::Pump(Job& job, int count) {
@@ -130,22 +178,51 @@ void FileBody::Pump(Job& job, int count) {
   }
 }
 
+void FileBody::ShowNames(FileRows&& fresh) {
+  const std::vector<RowId> partners = rows_.PairWith(fresh);
+  fresh.TakeOver(rows_, partners);
+  fresh.SetOrder(fresh.Sorted(state_.Keys.Entries()));
+  if (rows_.Count() == 0) {
+    Replace(std::move(fresh));
+  } else {
+    Merge(std::move(fresh), partners);
+  }
+  ++orders_;
+}
+
 void FileBody::Replace(FileRows&& rows) {
-  const RowId cursor = CursorIn(rows);
   state_.View().BeginReset();
   rows_ = std::move(rows);
-  current_ = cursor;
-  ++orders_;
+  current_ = rows_.Find(state_.Active.Find(rows_.Folder()));
   state_.View().EndReset();
 }
 
-// The row for the cursor when these rows take the place of those on show.
-RowId FileBody::CursorIn(const FileRows& rows) const {
-  const bool sameFolder = state_.Syntax.Same(rows_.Folder(), rows.Folder());
-  if (!sameFolder || !rows_.Has(current_)) return rows.Find(state_.Active.Find(rows.Folder()));
-  const RowId row = rows.Find(rows_.Name(current_));
-  if (row != NoRow || rows.Count() == 0) return row;
-  return rows.At(std::min(rows_.PositionOf(current_), rows.Count() - 1));
+void FileBody::Merge(FileRows&& fresh, const std::vector<RowId>& partners) {
+  ListerView& view = state_.View();
+  const bool stays = std::find(partners.begin(), partners.end(), current_) != partners.end();
+  const bool had = current_ != NoRow;
+  const RowId above = had && !stays ? StayingAbove(current_, partners) : NoRow;
+  if (had && !stays) current_ = NoRow;  // the view must not look for it among those that go
+  view.BeginUpdate();
+  MergeRows(rows_, std::move(fresh), partners, view);
+  view.EndUpdate();
+  if (had && stays) return;
+  if (had && rows_.Count() > 0) {
+    const int place = above == NoRow ? 0 : rows_.PositionOf(above) + 1;
+    current_ = rows_.At(std::min(place, rows_.Count() - 1));
+  } else {
+    current_ = rows_.Find(state_.Active.Find(rows_.Folder()));
+  }
+  if (had || current_ != NoRow) view.CurrentChanged();
+}
+
+// The last row above this one that stays; NoRow if there is none.
+RowId FileBody::StayingAbove(RowId row, const std::vector<RowId>& partners) const {
+  const std::unordered_set<RowId> staying(partners.begin(), partners.end());
+  for (int position = rows_.PositionOf(row) - 1; position >= 0; --position) {
+    if (staying.contains(rows_.At(position))) return rows_.At(position);
+  }
+  return NoRow;
 }
 
 std::string FileBody::Summary(const Job& job, const base::Status& status) const {
@@ -171,8 +248,10 @@ void FileBody::SetFolder(const std::string& folder) {
 }
 
 void FileBody::Resort() {
+  std::vector<RowId> order = rows_.Sorted(state_.Keys.Entries());
+  if (order == rows_.Order()) return;
   state_.View().BeginReorder(RootRow);
-  rows_.Sort(state_.Keys.Entries());
+  rows_.SetOrder(std::move(order));
   ++orders_;
   state_.View().EndReorder();
 }

@@ -1,8 +1,10 @@
 // A file list: the items of one folder. Names come first, then attributes, and messages are let
-// through between them; the newest read wins over one that it came into.
+// through between them. A load that comes during another one takes its place: reads never nest.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "lister/FileRows.h"
 #include "lister/ListBody.h"
@@ -16,6 +18,7 @@ class FileBody : public ListBody {
 
   void SetFolder(const std::string& folder) override;
   void Refresh() override;
+  void CatchUp() override;
   void Resort() override;
   void Terminate() override;
 
@@ -41,22 +44,29 @@ class FileBody : public ListBody {
   enum class Standing { Going, Cancelled, Superseded };
   struct Job;
 
-  // Reads the folder once. True when it must be read again, because it changed meanwhile.
-  bool Read(std::string folder);
+  // Reads the folder of the newest load once. False when a newer load has taken its place.
+  bool Read();
+  void ShowNames(FileRows&& fresh);
   base::Status ReadNames(Job& job, FileRows& rows);
   void ReadAttributes(Job& job);
-  void ReadAttributesOf(RowId row, Job& job);
+  // True when the row looks different now.
+  bool ReadAttributesOf(RowId row, Job& job);
   void Pump(Job& job, int count);
   void Replace(FileRows&& rows);
-  RowId CursorIn(const FileRows& rows) const;
+  void Merge(FileRows&& fresh, const std::vector<RowId>& partners);
+  RowId StayingAbove(RowId row, const std::vector<RowId>& partners) const;
+  void MindChanges(std::int64_t readFor);
   std::string Summary(const Job& job, const base::Status& status) const;
 
   FileRows rows_;
   RowId current_ = NoRow;
-  int newest_ = 0;        // number of the newest read
-  bool reading_ = false;  // it still runs
-  bool stale_ = false;    // the folder changed while it ran
-  int orders_ = 0;        // changes when the rows change places
+  int newest_ = 0;            // number of the newest load
+  std::string wanted_;        // its folder
+  bool reading_ = false;      // a read runs
+  bool stale_ = false;        // the folder changed since the newest read began
+  bool willCatchUp_ = false;  // the view was asked for it
+  bool stopped_ = false;      // by the user: changes wait for the next load
+  int orders_ = 0;            // changes when the rows change places
   bool terminated_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 
@@ -82,9 +83,17 @@ const Ordering& OrderingOf(const SortKey& key) {
 
 }  // namespace
 
+bool FileRow::LooksLike(const FileRow& other) const {
+  const auto shown = [](const FileRow& row) {
+    return std::tie(row.Kind, row.IsLink, row.IsHidden, row.IsSystem, row.HasAttributes, row.Mode,
+                    row.Size, row.Modified, row.Created, row.Accessed);
+  };
+  return shown(*this) == shown(other);
+}
+
 int FileRows::FolderCount() const {
-  return static_cast<int>(
-      std::count_if(rows_.begin(), rows_.end(), [](const FileRow& row) { return row.IsFolder(); }));
+  return static_cast<int>(std::count_if(order_.begin(), order_.end(),
+                                        [this](RowId row) { return Row(row).IsFolder(); }));
 }
 
 void FileRows::Add(const platform::FolderEntry& entry) {
@@ -98,7 +107,7 @@ void FileRows::Add(const platform::FolderEntry& entry) {
   names_ += entry.Name;
   positions_.push_back(Count());
   rows_.push_back(row);
-  order_.push_back(Count());
+  order_.push_back(StoreSize());
 }
 
 void FileRows::SetAttributes(RowId row, const platform::ItemAttributes& attributes) {
@@ -120,17 +129,63 @@ void FileRows::SetUnreadable(RowId row) {
   rows_[static_cast<std::size_t>(row - 1)].HasAttributes = false;
 }
 
-void FileRows::TakeOver(const FileRows& known) {
-  std::unordered_map<std::string_view, const FileRow*> byName;
-  byName.reserve(known.rows_.size());
-  for (const FileRow& row : known.rows_) {
-    if (row.HasAttributes) byName.emplace(known.NameOf(row), &row);
+RowId FileRows::Find(std::string_view name) const {
+  const auto found =
+      std::find_if(order_.begin(), order_.end(), [&](RowId row) { return Name(row) == name; });
+  return found == order_.end() ? NoRow : *found;
+}
+
+void FileRows::SetOrder(std::vector<RowId> order) {
+  order_ = std::move(order);
+  Renumber(0);
+}
+
+void FileRows::Renumber(int from) {
+  for (int position = from; position < Count(); ++position) {
+    positions_[static_cast<std::size_t>(At(position) - 1)] = position;
   }
-  for (FileRow& row : rows_) {
-    const auto found = byName.find(NameOf(row));
+}
+
+std::vector<RowId> FileRows::Sorted(const std::vector<SortKey>& keys) const {
+  std::vector<RowId> order = order_;
+  std::sort(order.begin(), order.end(), [&](RowId one, RowId other) {
+    const FileRow& left = Row(one);
+    const FileRow& right = Row(other);
+    if (left.IsFolder() != right.IsFolder()) return left.IsFolder();
+    for (const SortKey& key : keys) {
+      const int comparison = OrderingOf(key).Compare(*this, left, right);
+      if (comparison != 0) return key.Descending ? comparison > 0 : comparison < 0;
+    }
+    return NameOf(left) < NameOf(right);
+  });
+  return order;
+}
+
+bool FileRows::NeedsAttributes(const std::vector<SortKey>& keys) {
+  return std::any_of(keys.begin(), keys.end(),
+                     [](const SortKey& key) { return OrderingOf(key).NeedsAttributes; });
+}
+
+std::vector<RowId> FileRows::PairWith(const FileRows& fresh) const {
+  std::unordered_map<std::string_view, RowId> byName;
+  byName.reserve(order_.size());
+  for (const RowId row : order_) byName.emplace(Name(row), row);
+  std::vector<RowId> partners(fresh.rows_.size(), NoRow);
+  for (std::size_t at = 0; at < partners.size(); ++at) {
+    const auto found = byName.find(fresh.NameOf(fresh.rows_[at]));
     if (found == byName.end()) continue;
-    const FileRow& old = *found->second;
-    if (row.IsLink != old.IsLink) continue;
+    // Given away once: a folder that changes while it is read may hand out an item twice.
+    partners[at] = std::exchange(found->second, NoRow);
+  }
+  return partners;
+}
+
+void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partners) {
+  for (std::size_t at = 0; at < rows_.size(); ++at) {
+    if (partners[at] == NoRow) continue;
+    const FileRow& old = known.Row(partners[at]);
+    FileRow& row = rows_[at];
+    if (!old.HasAttributes || row.IsLink != old.IsLink) continue;
     if (row.Kind != old.Kind && row.Kind != ItemKind::Unknown) continue;
     row.Kind = old.Kind;
     row.Mode = old.Mode;
@@ -142,32 +197,42 @@ void FileRows::TakeOver(const FileRows& known) {
   }
 }
 
-RowId FileRows::Find(std::string_view name) const {
-  for (RowId row = 1; row <= Count(); ++row) {
-    if (Name(row) == name) return row;
+void FileRows::Remove(int first, int last) {
+  for (int position = first; position <= last; ++position) {
+    positions_[static_cast<std::size_t>(At(position) - 1)] = -1;
+    free_.push_back(At(position));
   }
-  return NoRow;
+  order_.erase(order_.begin() + first, order_.begin() + last + 1);
+  Renumber(first);
 }
 
-void FileRows::Sort(const std::vector<SortKey>& keys) {
-  std::sort(order_.begin(), order_.end(), [&](RowId one, RowId other) {
-    const FileRow& left = Row(one);
-    const FileRow& right = Row(other);
-    if (left.IsFolder() != right.IsFolder()) return left.IsFolder();
-    for (const SortKey& key : keys) {
-      const int order = OrderingOf(key).Compare(*this, left, right);
-      if (order != 0) return key.Descending ? order > 0 : order < 0;
+std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, const std::vector<RowId>& partners) {
+  std::vector<RowId> changed;
+  for (std::size_t at = 0; at < partners.size(); ++at) {
+    if (partners[at] == NoRow) continue;
+    FileRow& row = rows_[static_cast<std::size_t>(partners[at] - 1)];
+    if (!row.LooksLike(fresh.rows_[at])) changed.push_back(partners[at]);
+    row = fresh.rows_[at];
+  }
+  names_ = std::move(fresh.names_);
+  return changed;
+}
+
+void FileRows::Insert(int position, const std::vector<FileRow>& made) {
+  std::vector<RowId> numbers;
+  for (const FileRow& row : made) {
+    if (free_.empty()) {
+      rows_.push_back(row);
+      positions_.push_back(-1);
+      numbers.push_back(StoreSize());
+    } else {
+      numbers.push_back(free_.back());
+      free_.pop_back();
+      rows_[static_cast<std::size_t>(numbers.back() - 1)] = row;
     }
-    return NameOf(left) < NameOf(right);
-  });
-  for (int position = 0; position < Count(); ++position) {
-    positions_[static_cast<std::size_t>(At(position) - 1)] = position;
   }
-}
-
-bool FileRows::NeedsAttributes(const std::vector<SortKey>& keys) {
-  return std::any_of(keys.begin(), keys.end(),
-                     [](const SortKey& key) { return OrderingOf(key).NeedsAttributes; });
+  order_.insert(order_.begin() + position, numbers.begin(), numbers.end());
+  Renumber(position);
 }
 
 std::string AttributeText(const FileRow& row) {

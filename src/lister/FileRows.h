@@ -1,7 +1,8 @@
 // The items of one folder and their order. Keeps and sorts them; reads nothing.
 //
 // A row stays where it was stored, and two small maps lead from places on the screen to rows and
-// back. RowId is the row's place in the store plus one.
+// back. RowId is the row's place in the store plus one; the place of a row that is removed serves a
+// later one.
 #pragma once
 
 #include <cstddef>
@@ -32,6 +33,8 @@ struct FileRow {
   bool WasTried = false;       // they have been asked for
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
+  // Whether the cells of both show the same, the name's left out of account.
+  bool LooksLike(const FileRow& other) const;
 };
 
 class FileRows {
@@ -40,16 +43,17 @@ class FileRows {
   explicit FileRows(std::string folder) : folder_(std::move(folder)) {}
 
   const std::string& Folder() const { return folder_; }
-  int Count() const { return static_cast<int>(rows_.size()); }
+  int Count() const { return static_cast<int>(order_.size()); }
   int FolderCount() const;
-  bool Has(RowId row) const { return row > 0 && row <= Count(); }
+  bool Has(RowId row) const {
+    return row > 0 && row <= StoreSize() && positions_[static_cast<std::size_t>(row - 1)] >= 0;
+  }
+  // No row has a higher number than this.
+  RowId StoreSize() const { return static_cast<RowId>(rows_.size()); }
 
-  // A row added has its place at the end until the next Sort.
+  // The row has its place at the end until the next SetOrder.
   void Add(const platform::FolderEntry& entry);
   void SetAttributes(RowId row, const platform::ItemAttributes& attributes);
-  // Rows whose names the other store has too take over what is known there, until they are asked
-  // for it anew: a folder that is read again need not show empty cells meanwhile.
-  void TakeOver(const FileRows& known);
   void SetUnreadable(RowId row);
 
   // For rows and positions that exist.
@@ -64,17 +68,38 @@ class FileRows {
     return std::string_view(names_).substr(row.NameStart, row.NameLength);
   }
 
-  // Folders first, then by the keys in turn, then by the bytes of the names.
-  void Sort(const std::vector<SortKey>& keys);
+  // All rows by position.
+  const std::vector<RowId>& Order() const { return order_; }
+  void SetOrder(std::vector<RowId> order);
+  // The order of these keys: folders first, then by the keys in turn, then by the bytes of names.
+  std::vector<RowId> Sorted(const std::vector<SortKey>& keys) const;
   // Whether the order by these keys can change once attributes are known.
   static bool NeedsAttributes(const std::vector<SortKey>& keys);
 
+  // --- Of use when a folder is read again: `fresh` holds what was read.
+
+  // For each row of `fresh`, by number, the row here that has its name, or NoRow; no row twice.
+  std::vector<RowId> PairWith(const FileRows& fresh) const;
+  // The rows take over what is known of their partners in the other store, until they are asked for
+  // it anew: a folder that is read again need not show empty cells meanwhile.
+  void TakeOver(const FileRows& known, const std::vector<RowId>& partners);
+  // The rows from position `first` to `last` go.
+  void Remove(int first, int last);
+  // Each row becomes what its partner in `fresh` is; a row without a partner must be gone. Takes
+  // the names out of `fresh`. Gives the rows that look different now.
+  std::vector<RowId> BecomeLike(FileRows& fresh, const std::vector<RowId>& partners);
+  // New rows come in at the position. Their names are among those taken over.
+  void Insert(int position, const std::vector<FileRow>& made);
+
  private:
+  void Renumber(int from);
+
   std::string folder_;
   std::string names_;  // all names, one behind the other
   std::vector<FileRow> rows_;
+  std::vector<RowId> free_;     // numbers of rows that are gone
   std::vector<RowId> order_;    // by position
-  std::vector<int> positions_;  // by row
+  std::vector<int> positions_;  // by row; -1 for one that is gone
 };
 
 // Letters for read-only, hidden, system and link, those that apply.

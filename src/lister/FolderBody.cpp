@@ -10,6 +10,28 @@ namespace tarnwell::lister {
 
 using platform::ItemKind;
 
+namespace {
+
+std::vector<std::string_view> NamesIn(std::string_view path, char separator) {
+  std::vector<std::string_view> names;
+  while (!path.empty()) {
+    const std::string_view name = path.substr(0, path.find(separator));
+    path.remove_prefix(std::min(path.size(), name.size() + 1));
+    if (!name.empty()) names.push_back(name);
+  }
+  return names;
+}
+
+}  // namespace
+
+// What a folder holds, as far as a tree has use for it.
+struct FolderBody::Listing {
+  std::vector<Subfolder> Folders;
+  bool IsEmpty = true;
+  // Keys of the names that are remembered as expanded and that the folder does not hold.
+  std::set<std::string> Missing;
+};
+
 // --- Commands, one after the other.
 
 void FolderBody::Run(Command command) {
@@ -31,6 +53,7 @@ void FolderBody::Perform(const Command& command) {
   busy_ = true;
   stopped_ = false;
   trouble_.clear();
+  pace_.emplace(state_.Services.Clock, state_.Services.Pump);
   state_.Control.CancelRequested = false;
   const Outcome outcome = command();
   state_.Control.CancelRequested = false;
@@ -152,7 +175,7 @@ FolderBody::Outcome FolderBody::RefreshAll() {
   if (!tree_.Has(FolderTree::TopRow)) return Outcome::Nothing;
   const std::string before = state_.Folder;
   std::vector<RowId> rows{FolderTree::TopRow};
-  while (!rows.empty() && !stopped_ && !terminated_) {
+  while (!rows.empty() && GoesOn()) {
     const RowId row = rows.back();
     rows.pop_back();
     RefreshBranch(row);
@@ -201,18 +224,16 @@ RowId FolderBody::Reach(const std::string& folder) {
     return NoRow;
   }
 
-  std::vector<std::string> names;
+  const std::vector<std::string_view> names = NamesIn(path, state_.Syntax.Separator);
   const std::string top = tree_.PathOf(FolderTree::TopRow);
-  for (std::string rest = path; !state_.Syntax.Same(rest, top);
-       rest = state_.Syntax.ParentOf(rest)) {
-    names.emplace_back(state_.Syntax.LastComponent(rest));
-  }
   RowId row = FolderTree::TopRow;
-  for (; !names.empty() && row != NoRow; names.pop_back()) {
-    const std::string& name = names.back();
-    RowId child = tree_.FindChild(row, name);
+  for (std::size_t level = NamesIn(top, state_.Syntax.Separator).size();
+       level < names.size() && row != NoRow; ++level) {
+    RowId child = tree_.FindChild(row, names[level]);
     // Also a branch that has been read may lack the folder: it can be new, or hidden.
-    if (child == NoRow && ReadBranch(row, name)) child = tree_.FindChild(row, name);
+    if (child == NoRow && ReadBranch(row, std::string(names[level]))) {
+      child = tree_.FindChild(row, names[level]);
+    }
     row = child;
   }
   if (row == NoRow && trouble_.empty()) trouble_ = "Cannot open " + shown;
@@ -228,82 +249,111 @@ void FolderBody::ExpandAncestors(RowId row) {
   for (; !ancestors.empty(); ancestors.pop_back()) ExpandRow(ancestors.back());
 }
 
-bool FolderBody::ExpandRow(RowId row) {
-  if (tree_.Node(row).State != BranchState::Read && tree_.Node(row).Children.empty()) {
-    ReadBranch(row, "");
-  }
-  const bool shows =
-      tree_.Node(row).State == BranchState::Read || !tree_.Node(row).Children.empty();
-  if (shows) state_.Expanded.Add(tree_.PathOf(row));
-  tree_.SetExpanded(row, shows, state_.View());
-  return shows;
+void FolderBody::ExpandRow(RowId row) {
+  if (IsToBeRead(row)) ReadBranch(row, "");
+  ShowBranch(row);
 }
 
-void FolderBody::ExpandRemembered(RowId row) {
-  for (const std::string& path : state_.Expanded.In(tree_.PathOf(row))) {
-    const RowId child = tree_.FindChild(row, state_.Syntax.LastComponent(path));
-    if (child != NoRow) {
-      if (!tree_.Node(child).IsExpanded) ExpandRow(child);
-    } else if (!state_.Services.Files.Exists(path)) {  // not merely hidden
-      state_.Expanded.RemoveWithin(path);
-    }
-  }
+bool FolderBody::IsToBeRead(RowId row) const {
+  const FolderNode& node = tree_.Node(row);
+  return node.State != BranchState::Read && node.Children.empty();
+}
+
+void FolderBody::ShowBranch(RowId row) {
+  const bool shows = !IsToBeRead(row);
+  if (shows) state_.Expanded.Add(tree_.PathOf(row));
+  tree_.SetExpanded(row, shows, state_.View());
 }
 
 // --- Reading.
 
+// No call within a call for what is expanded below: trees can be deeper than the stack.
 bool FolderBody::ReadBranch(RowId row, const std::string& wanted) {
-  if (stopped_ || terminated_) return false;
-  const std::string folder = tree_.PathOf(row);
-  std::vector<Subfolder> subfolders;
-  const base::Status status = ReadSubfolders(folder, wanted, subfolders);
-  if (terminated_) return false;
-  if (stopped_) {
-    trouble_ = "Reading stopped";
-    return false;
+  std::vector<RowId> remembered;
+  if (!ReadOneBranch(row, wanted, remembered)) return false;
+  while (!remembered.empty() && GoesOn()) {
+    const RowId below = remembered.back();
+    remembered.pop_back();
+    if (IsToBeRead(below)) ReadOneBranch(below, "", remembered);
+    ShowBranch(below);
   }
-  tree_.Update(row, std::move(subfolders), status ? BranchState::Read : BranchState::Failed,
+  return true;
+}
+
+bool FolderBody::ReadOneBranch(RowId row, const std::string& wanted,
+                               std::vector<RowId>& remembered) {
+  if (!GoesOn()) return false;
+  const std::string folder = tree_.PathOf(row);
+  Listing listing;
+  const base::Status status = ReadSubfolders(folder, wanted, listing);
+  if (stopped_ || terminated_) return false;
+  tree_.Update(row, std::move(listing.Folders), status ? BranchState::Read : BranchState::Failed,
                state_.View());
   if (status) {
-    ExpandRemembered(row);
+    CollectRemembered(row, folder, listing, remembered);
   } else {
     trouble_ = CannotRead(folder, status);
   }
   return true;
 }
 
+// A branch is forgotten when it is gone for certain: one that cannot be looked at may come back,
+// and so may all that lies below an empty folder, which can be where a volume will be mounted.
+void FolderBody::CollectRemembered(RowId row, const std::string& path, const Listing& listing,
+                                   std::vector<RowId>& remembered) {
+  for (const std::string& entry : state_.Expanded.In(path)) {
+    const std::string_view name = state_.Syntax.LastComponent(entry);
+    const RowId child = tree_.FindChild(row, name);
+    platform::ItemAttributes attributes;
+    if (child != NoRow) {
+      if (!tree_.Node(child).IsExpanded) remembered.push_back(child);
+    } else if (!listing.IsEmpty && listing.Missing.contains(state_.Syntax.Key(name)) &&
+               !state_.Services.Files.ReadAttributes(entry, "", attributes)) {
+      state_.Expanded.RemoveWithin(entry);
+    }
+  }
+}
+
 base::Status FolderBody::ReadSubfolders(const std::string& folder, const std::string& wanted,
-                                        std::vector<Subfolder>& subfolders) {
+                                        Listing& listing) {
   const platform::FileSystem& files = state_.Services.Files;
   const auto isFolder = [&](const std::string& name, platform::ItemAttributes& attributes) {
     return files.ReadAttributes(folder, name, attributes) && attributes.Kind == ItemKind::Folder;
   };
-  Pacer pacer(state_.Services.Clock, state_.Services.Pump);
+  for (const std::string& path : state_.Expanded.In(folder)) {
+    listing.Missing.insert(state_.Syntax.Key(state_.Syntax.LastComponent(path)));
+  }
   bool foundWanted = wanted.empty();
   platform::ItemAttributes attributes;
   base::Status status = files.ReadFolder(folder, [&](const platform::FolderEntry& entry) {
-    PumpIfDue(pacer);
-    if (stopped_ || terminated_) return false;
+    if (!GoesOn()) return false;
+    listing.IsEmpty = false;
+    if (!listing.Missing.empty()) listing.Missing.erase(state_.Syntax.Key(entry.Name));
     const bool isWanted = !wanted.empty() && state_.Syntax.Same(entry.Name, wanted);
     if (state_.IsFilteredOut(entry) && !isWanted) return true;
     const bool untold = entry.IsLink || entry.Kind == ItemKind::Unknown;
     if (untold ? !isFolder(entry.Name, attributes) : entry.Kind != ItemKind::Folder) return true;
     foundWanted = foundWanted || isWanted;
-    subfolders.push_back({entry.Name, entry.IsLink, entry.IsHidden});
+    listing.Folders.push_back({entry.Name, entry.IsLink, entry.IsHidden});
     return true;
   });
   // A folder can be entered although the one above it cannot be listed, or does not list it.
   const bool step = wanted == "." || wanted == "..";
   if (!foundWanted && !step && isFolder(wanted, attributes)) {
-    subfolders.push_back({wanted, attributes.IsLink, false});
+    listing.Folders.push_back({wanted, attributes.IsLink, false});
   }
   return status;
 }
 
-void FolderBody::PumpIfDue(Pacer& pacer) {
-  if (!pacer.IsDue()) return;
-  pacer.Pump();
-  if (state_.Control.CancelRequested) stopped_ = true;
+bool FolderBody::GoesOn() {
+  if (!stopped_ && !terminated_ && pace_->IsDue()) {
+    pace_->Pump();
+    if (state_.Control.CancelRequested) {
+      stopped_ = true;
+      trouble_ = "Reading stopped";
+    }
+  }
+  return !stopped_ && !terminated_;
 }
 
 std::string FolderBody::OpenChildOf(RowId row) const {

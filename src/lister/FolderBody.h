@@ -3,6 +3,8 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -45,6 +47,7 @@ class FolderBody : public ListBody {
 
  private:
   enum class Outcome { Nothing, FolderOpened, DriveChosen };
+  struct Listing;
   using Command = std::function<Outcome()>;
 
   // Reading lets messages through, so a command can arrive inside another one: it then waits until
@@ -65,15 +68,21 @@ class FolderBody : public ListBody {
   // The row of a folder of this tree, its ancestors read as needed; NoRow if it cannot be found.
   RowId Reach(const std::string& folder);
   void ExpandAncestors(RowId row);
-  // Expands the branch, and within it what was expanded before. False if there is nothing to show.
-  bool ExpandRow(RowId row);
-  void ExpandRemembered(RowId row);
-  // Reads the children of a row; `wanted` is shown even if it is hidden. False when the user
-  // stopped it; the branch is then as before.
+  void ExpandRow(RowId row);
+  bool IsToBeRead(RowId row) const;
+  // Marks the branch as expanded if there is anything to show.
+  void ShowBranch(RowId row);
+  // Reads the children of a row, and expands those that were expanded before; `wanted` is shown
+  // even if it is hidden. False when the user stopped it; the branch is then as before.
   bool ReadBranch(RowId row, const std::string& wanted);
+  // Adds the children to expand to `remembered`.
+  bool ReadOneBranch(RowId row, const std::string& wanted, std::vector<RowId>& remembered);
+  void CollectRemembered(RowId row, const std::string& path, const Listing& listing,
+                         std::vector<RowId>& remembered);
   base::Status ReadSubfolders(const std::string& folder, const std::string& wanted,
-                              std::vector<Subfolder>& subfolders);
-  void PumpIfDue(Pacer& pacer);
+                              Listing& listing);
+  // Lets messages through when it is time to. False when the command is to end.
+  bool GoesOn();
   // The child of the row that leads to the open node; empty if none does.
   std::string OpenChildOf(RowId row) const;
   bool IsOnTree(const std::string& folder) const;
@@ -81,7 +90,8 @@ class FolderBody : public ListBody {
   FolderTree tree_;
   std::deque<Command> waiting_;
   bool busy_ = false;
-  bool stopped_ = false;  // by the user, in the command that runs
+  std::optional<Pacer> pace_;  // of the command that runs
+  bool stopped_ = false;       // by the user, in that command
   bool terminated_ = false;
   std::string trouble_;  // for the status line, from the command that runs
 };

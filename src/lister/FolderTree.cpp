@@ -87,9 +87,17 @@ void FolderTree::SetCurrent(RowId row, ListerView& view) {
 
 std::string FolderTree::PathOf(RowId row) const {
   std::vector<RowId> line;
-  for (; row > TopRow; row = Node(row).Parent) line.push_back(row);
+  std::size_t length = Node(TopRow).Name.size() + 1;
+  for (; row > TopRow; row = Node(row).Parent) {
+    line.push_back(row);
+    length += Node(row).Name.size() + 1;
+  }
   std::string path = Node(TopRow).Name;
-  for (; !line.empty(); line.pop_back()) path = syntax_.Join(path, Node(line.back()).Name);
+  path.reserve(length);
+  for (; !line.empty(); line.pop_back()) {
+    if (!path.ends_with(syntax_.Separator)) path += syntax_.Separator;
+    path += Node(line.back()).Name;
+  }
   return path;
 }
 
@@ -169,10 +177,12 @@ void FolderTree::RemoveRange(RowId row, int first, int last, ListerView& view) {
   const std::vector<RowId>& list = Node(row).Children;
   const std::vector<RowId> gone(list.begin() + first, list.begin() + last + 1);
   // The marks move first: the view must not be left with a current row that is being removed.
-  for (const RowId child : gone) {
-    if (IsWithin(open_, child)) SetOpen(row, view);
-    if (IsWithin(current_, child)) SetCurrent(row, view);
-  }
+  const auto goes = [&](RowId mark) {
+    while (mark > RootRow && Node(mark).Parent != row) mark = Node(mark).Parent;
+    return mark > RootRow && Node(mark).Position >= first && Node(mark).Position <= last;
+  };
+  if (goes(open_)) SetOpen(row, view);
+  if (goes(current_)) SetCurrent(row, view);
   view.BeginRemove(row, first, last);
   ++removals_;
   At(row).Children.erase(list.begin() + first, list.begin() + last + 1);

@@ -9,6 +9,7 @@ namespace tarnwell::lister {
 namespace {
 
 constexpr base::Twips LeastWidth = 300;
+constexpr base::Twips MostWidth = 30'000;
 
 struct HeadingDefault {
   std::string_view Name;  // as menus call it; empty for headings that no menu switches
@@ -67,7 +68,7 @@ constexpr Attribute Attributes[] = {
     {"key", [](const Heading& heading) { return base::Value(heading.Key); }, KeepIdentity},
     {"Width", [](const Heading& heading) { return base::Value(heading.Width); },
      [](Table&, Heading& heading, const base::Value& value) {
-       heading.Width = std::max(base::ToInt32(value), LeastWidth);
+       heading.Width = std::clamp(base::ToInt32(value), LeastWidth, MostWidth);
      }},
     {"Index", [](const Heading& heading) { return base::Value(std::int32_t{heading.Index}); },
      WriteIndex},

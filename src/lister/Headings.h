@@ -32,7 +32,7 @@ inline constexpr int HeadingCount = 11;
 
 struct Heading {
   std::string Key;         // sort key, "sName" for the name
-  base::Twips Width = 0;   // twips, 300 at least
+  base::Twips Width = 0;   // twips, 300 to 30,000
   std::int16_t Index = 0;  // place from the left, counted from 0 over all eleven
   bool Active = false;     // shown
   std::string MenuName;    // menu entry that switches it; empty if none does
@@ -51,9 +51,9 @@ class Headings {
   // or name that does not exist.
   base::Value Property(int heading, std::string_view attribute) const;
   // Throws base::ConversionError for a value of the wrong type and std::out_of_range as above.
-  // Widths are held to at least 300 twips; the name cannot be hidden; an index that another heading
-  // has makes the two change places, one that none has changes nothing. Key and menu name say which
-  // heading it is and stay as they are.
+  // Widths are held to 300 to 30,000 twips; the name cannot be hidden; an index that another
+  // heading has makes the two change places, one that none has changes nothing. Key and menu name
+  // say which heading it is and stay as they are.
   void SetProperty(int heading, std::string_view attribute, const base::Value& value);
 
   // By the names that menus use: "Size", "DateLastModified" and so on; false for an unknown one.

@@ -53,6 +53,7 @@ class ListBody {
 
   virtual void SetFolder(const std::string&) {}
   virtual void Refresh() = 0;
+  virtual void CatchUp() {}
   virtual void Resort() = 0;
   virtual void Terminate() = 0;
 

@@ -77,7 +77,7 @@ void ListerControl::Initialize() {
 }
 
 void ListerControl::ResetStartItem() {
-  // Rows are chosen one at a time, so there is no row yet from which a selection extends.
+  // The widget's selection starts anew with each row that is chosen without Shift.
 }
 
 void ListerControl::Terminate() {
@@ -319,6 +319,10 @@ const std::string& ListerControl::StatusText() const {
 }
 std::vector<platform::Drive> ListerControl::DriveChoices() const {
   return parts_->State.Services.Drives.List();
+}
+
+void ListerControl::CatchUp() {
+  parts_->Body->CatchUp();
 }
 
 // --- What the user does.

@@ -98,7 +98,9 @@ class ListerControl : public forms::Control {
 
   // Called once, after all properties are set and before anything is loaded.
   void Initialize();
-  // The list forgets the row from which a selection would extend.
+  // A selection extends from the row that was last chosen by itself. The widget knows that row, and
+  // it stays while keys come and go, or else Shift with one arrow key after another would not work:
+  // the list has none of its own to forget.
   void ResetStartItem();
   // The last call: drops watchers and view.
   void Terminate();
@@ -108,13 +110,16 @@ class ListerControl : public forms::Control {
   void TakeFocus(std::string_view modifier = "");
   void RedrawList();
   // Reads the folder again and shows it; branches that are expanded stay so, the cursor stays on
-  // the item of its name, or goes to the place where that was.
+  // the item of its name, or goes to the place where that was. In a file list selection and scroll
+  // position stay too.
   void RefreshList();
   void SetLayout(std::int32_t layout);
 
   // Named settings: "FileCountMax", "ShowColor", "ShowFileIcons", "ShowFolderIcons",
-  // "ActiveHeading", "ActiveButton", "ActiveString", "BorderWidth" and the colours. A name that the
-  // list does not know is ignored; a value of the wrong type throws base::ConversionError.
+  // "ActiveHeading", "ActiveButton", "ActiveString", "BorderWidth" and the colours. Of these
+  // "FileCountMax", "ShowColor", "ActiveButton", "ActiveString" and "BorderWidth" have no effect
+  // yet. A name that the list does not know is ignored; a value of the wrong type throws
+  // base::ConversionError.
   void SetProperty(std::string_view name, const base::Value& value);
   // The three steps of a change of colours.
   void ReloadColors();
@@ -134,7 +139,8 @@ class ListerControl : public forms::Control {
   void SetDriveFolder(const std::string& drive, const std::string& folder);
 
   // File list: reads the folder and shows it. What cannot be read is told in the status line and
-  // shown as far as it goes. Throws nothing.
+  // shown as far as it goes. Throws nothing. Inside another such call of this list it leaves the
+  // folder to that one, which goes on with it, and returns at once.
   void LoadFolderContents(std::string& folder, bool handOver);
 
   // Folder list: opens the folder, expanding the branches above it, and raises FolderSelected. An
@@ -196,6 +202,10 @@ class ListerControl : public forms::Control {
   const ListerColours& Colours() const;
   const std::string& StatusText() const;
   std::vector<platform::Drive> DriveChoices() const;
+
+  // The folder changed while it was read: reads it again. The view calls this when the list has
+  // asked for it by CatchUpLater.
+  void CatchUp();
 
   // --- What the user does in the widget.
 

@@ -23,6 +23,10 @@ class ListerView {
   virtual void EndInsert() = 0;
   virtual void BeginRemove(RowId parent, int first, int last) = 0;
   virtual void EndRemove() = 0;
+  // Between these two the rows change by the calls below, and what the user sees should keep its
+  // place as far as it is still there.
+  virtual void BeginUpdate() = 0;
+  virtual void EndUpdate() = 0;
   // The order of the children of `parent` changes.
   virtual void BeginReorder(RowId parent) = 0;
   virtual void EndReorder() = 0;
@@ -35,6 +39,8 @@ class ListerView {
   virtual void DrivesChanged() = 0;    // the drives, or which one is shown
   virtual void Repaint() = 0;
   virtual void TakeFocus() = 0;
+  // ListerControl::CatchUp is to be called from the event loop once that time has passed.
+  virtual void CatchUpLater(int milliseconds) = 0;
 };
 
 }  // namespace tarnwell::lister

@@ -13,6 +13,8 @@ class NoView : public ListerView {
   void EndInsert() override {}
   void BeginRemove(RowId, int, int) override {}
   void EndRemove() override {}
+  void BeginUpdate() override {}
+  void EndUpdate() override {}
   void BeginReorder(RowId) override {}
   void EndReorder() override {}
   void CellsChanged(RowId, int, int) override {}
@@ -24,6 +26,7 @@ class NoView : public ListerView {
   void DrivesChanged() override {}
   void Repaint() override {}
   void TakeFocus() override {}
+  void CatchUpLater(int) override {}
 };
 
 }  // namespace tarnwell::lister

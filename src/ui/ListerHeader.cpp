@@ -17,7 +17,9 @@ namespace {
 
 constexpr int ArrowWidth = 8;
 constexpr int ArrowGap = 5;
-constexpr int LeastWidth = 20;  // the 300 twips that the heading table holds widths to
+// The 300 to 30,000 twips that the heading table holds widths to.
+constexpr int LeastWidth = 20;
+constexpr int MostWidth = 2000;
 
 struct SortMark {
   int Level = -1;  // counted from 0; -1 when the list is not sorted by the heading
@@ -70,6 +72,7 @@ void ListerHeader::ShowHeadings() {
   }
   // A folder list that shows names alone has no use for empty space beside them.
   const bool fill = shown == 1 && !lister::IsFileList(control_.Id());
+  setMaximumSectionSize(fill ? -1 : MostWidth);
   setSectionResizeMode(static_cast<int>(HeadingId::Name), fill ? Stretch : Interactive);
   for (const HeadingId id : order) {
     const int section = static_cast<int>(id);

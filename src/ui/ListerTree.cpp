@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 namespace tarnwell::ui {
 
@@ -28,6 +29,19 @@ bool ListerTree::IsShown(const QModelIndex& index) const {
     if (!isExpanded(above)) return false;
   }
   return index.isValid();
+}
+
+void ListerTree::HoldTop() {
+  const int row = verticalScrollBar()->value();  // by rows, all of which are in one branch
+  top_ = row > 0 ? model()->index(row, 0) : QModelIndex();
+}
+
+void ListerTree::ReleaseTop() {
+  if (top_.isValid()) {
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(top_.row());
+  }
+  top_ = QModelIndex();
 }
 
 void ListerTree::keyPressEvent(QKeyEvent* event) {

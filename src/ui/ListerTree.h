@@ -2,6 +2,7 @@
 // that has the cursor.
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QTreeView>
 
 #include "ui/ListerStyle.h"
@@ -19,6 +20,10 @@ class ListerTree : public QTreeView {
   void RefreshBranches() { scheduleDelayedItemsLayout(); }
   // Whether all rows above the index are expanded.
   bool IsShown(const QModelIndex& index) const;
+  // For a list without branches. Between the two, rows come and go, and the row that is the first
+  // in sight stays so; a list that is not scrolled stays at its top.
+  void HoldTop();
+  void ReleaseTop();
 
  signals:
   void ActivateAsked(const QModelIndex& index);  // Enter or a double click
@@ -36,6 +41,7 @@ class ListerTree : public QTreeView {
 
  private:
   const ListerStyle& style_;
+  QPersistentModelIndex top_;
 };
 
 }  // namespace tarnwell::ui

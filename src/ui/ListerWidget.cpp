@@ -1,18 +1,17 @@
 #include "ui/ListerWidget.h"
 
-#include <QComboBox>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QSignalBlocker>
 #include <algorithm>
 #include <utility>
 
 #include "ui/Convert.h"
 #include "ui/ListerDelegate.h"
+#include "ui/ListerDrives.h"
 #include "ui/ListerHeader.h"
 #include "ui/ListerModel.h"
 #include "ui/ListerTree.h"
@@ -57,6 +56,9 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   taskTimer_.setSingleShot(true);
   taskTimer_.setInterval(0);
   connect(&taskTimer_, &QTimer::timeout, this, &ListerWidget::RunNextTask);
+  catchUpTimer_.setSingleShot(true);
+  connect(&catchUpTimer_, &QTimer::timeout, this,
+          [this] { Queue([this] { control_.CatchUp(); }); });
   ConnectTree();
   ConnectHeader();
 
@@ -74,15 +76,11 @@ ListerWidget::~ListerWidget() {
 }
 
 void ListerWidget::BuildDriveList() {
-  drives_ = new QComboBox(this);
-  drives_->setAccessibleName(
-      QStringLiteral("Drives of pane %1").arg(lister::PaneOf(control_.Id()) + 1));
-  drives_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  drives_->setMinimumSize(0, 0);
-  drives_->installEventFilter(this);
-  connect(drives_, &QComboBox::activated, this, [this](int position) {
-    const std::string drive = drives_->itemData(position).toByteArray().toStdString();
-    Queue([this, drive] { control_.ChooseDrive(drive); });
+  const int pane = lister::PaneOf(control_.Id()) + 1;
+  drives_ = new ListerDrives(QStringLiteral("Drives of pane %1").arg(pane), this);
+  connect(drives_, &ListerDrives::FocusTaken, this, &ListerWidget::TellFocus);
+  connect(drives_, &ListerDrives::Chosen, this, [this](const QByteArray& drive) {
+    Queue([this, name = drive.toStdString()] { control_.ChooseDrive(name); });
   });
 }
 
@@ -115,11 +113,6 @@ void ListerWidget::ConnectHeader() {
 
 void ListerWidget::TellFocus() {
   if (control_.View == this) control_.Focused();
-}
-
-bool ListerWidget::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == drives_ && event->type() == QEvent::FocusIn) TellFocus();
-  return QWidget::eventFilter(watched, event);
 }
 
 // --- Tasks
@@ -206,6 +199,14 @@ void ListerWidget::EndRemove() {
   ShowCurrent();
 }
 
+void ListerWidget::BeginUpdate() {
+  tree_->HoldTop();
+}
+
+void ListerWidget::EndUpdate() {
+  tree_->ReleaseTop();
+}
+
 void ListerWidget::BeginReorder(RowId parent) {
   ++rowChanges_;
   model_->BeginReorder(parent);
@@ -258,7 +259,12 @@ void ListerWidget::ShowCurrent() {
   // Qt would expand collapsed branches to scroll to a row within.
   tree_->setAutoScroll(false);
   if (!index.isValid()) {
-    tree_->selectionModel()->clear();
+    // The selection of a file list is the user's, and no matter of the cursor.
+    if (fileList_) {
+      tree_->selectionModel()->clearCurrentIndex();
+    } else {
+      tree_->selectionModel()->clear();
+    }
   } else if (fileList_) {
     tree_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
   } else {
@@ -301,22 +307,7 @@ void ListerWidget::StatusChanged() {
 }
 
 void ListerWidget::DrivesChanged() {
-  if (!drives_) return;
-  const QSignalBlocker blocker(drives_);
-  const std::string shown = control_.InitialDrive();
-  drives_->clear();
-  drives_->setCurrentIndex(-1);
-  drives_->setToolTip(QString());
-  for (const platform::Drive& drive : control_.DriveChoices()) {
-    const int position = drives_->count();
-    const QString path = PlainToolTip(ToShownQString(drive.Name));
-    drives_->addItem(icons_.Drive(), ToShownQString(drive.Label),
-                     QByteArray::fromStdString(drive.Name));
-    drives_->setItemData(position, path, Qt::ToolTipRole);
-    if (drive.Name != shown) continue;
-    drives_->setCurrentIndex(position);
-    drives_->setToolTip(path);
-  }
+  if (drives_) drives_->Show(control_.DriveChoices(), control_.InitialDrive(), icons_);
 }
 
 void ListerWidget::Repaint() {
@@ -327,6 +318,10 @@ void ListerWidget::Repaint() {
 
 void ListerWidget::TakeFocus() {
   tree_->setFocus();
+}
+
+void ListerWidget::CatchUpLater(int milliseconds) {
+  catchUpTimer_.start(milliseconds);
 }
 
 void ListerWidget::SetMeasures() {

@@ -15,11 +15,11 @@
 #include "ui/IconSource.h"
 #include "ui/ListerStyle.h"
 
-class QComboBox;
 class QLabel;
 
 namespace tarnwell::ui {
 
+class ListerDrives;
 class ListerHeader;
 class ListerModel;
 class ListerTree;
@@ -35,7 +35,6 @@ class ListerWidget : public QWidget, private lister::ListerView {
   QSize minimumSizeHint() const override { return {40, 40}; }
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
@@ -48,6 +47,8 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void EndInsert() override;
   void BeginRemove(lister::RowId parent, int first, int last) override;
   void EndRemove() override;
+  void BeginUpdate() override;
+  void EndUpdate() override;
   void BeginReorder(lister::RowId parent) override;
   void EndReorder() override;
   void CellsChanged(lister::RowId parent, int first, int last) override;
@@ -59,6 +60,7 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void DrivesChanged() override;
   void Repaint() override;
   void TakeFocus() override;
+  void CatchUpLater(int milliseconds) override;
 
   void BuildDriveList();
   void ConnectTree();
@@ -86,12 +88,13 @@ class ListerWidget : public QWidget, private lister::ListerView {
   const IconSource& icons_;
   ListerStyle style_;
   ListerModel* model_;
-  QComboBox* drives_ = nullptr;  // folder lists only
+  ListerDrives* drives_ = nullptr;  // folder lists only
   ListerTree* tree_;
   ListerHeader* header_;
   QLabel* status_;
 
   QTimer taskTimer_;
+  QTimer catchUpTimer_;
   std::deque<std::function<void()>> tasks_;
   QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
   int rowChanges_ = 0;          // calls that change rows and are not ended

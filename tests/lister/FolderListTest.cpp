@@ -125,11 +125,45 @@ TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
   EXPECT_EQ(List.ExpandedFolder(6), "");
   Load();
   EXPECT_EQ(Expanded(),
-            (Texts{"C:\\Work\\p9\\deep", "C:\\Work\\p9", "C:\\secret", "D:\\Music", "C:\\"}));
+            (Texts{"C:\\", "C:\\secret", "C:\\Work\\p9", "C:\\Work\\p9\\deep", "D:\\Music"}));
   EXPECT_EQ(Reads("C:\\Work\\p9"), 0);  // the branch above it is not expanded
   List.Expand(RowOf("C:\\Work"));
   EXPECT_TRUE(List.Look(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
   EXPECT_NE(RowOf("C:\\Work\\p9\\deep\\deeper"), NoRow);
+
+  // What cannot be looked at may come back, and so may what lies below a mount point.
+  Platform.Files.At("C:\\Work\\p9").AttributesFault = Platform.Files.Denied();
+  Platform.Files.AddFolder("C:\\Zoo\\disk\\inside");
+  List.OpenFolder(0, "C:\\Zoo\\disk\\inside");
+  List.OpenFolder(0);
+  Platform.Files.Remove("C:\\Zoo\\disk\\inside");
+  List.AddExpanded("C:\\Zoo\\disk\\inside");
+  Platform.Files.At("C:\\apps").ReadFault = Platform.Files.Denied();
+  List.AddExpanded("C:\\apps\\gone");
+  List.Expand(RowOf("C:\\apps"));
+  const Texts before = Expanded();
+  List.RefreshList();
+  Load();
+  EXPECT_EQ(Expanded(), before);
+  Platform.Files.AddFolder("C:\\Zoo\\disk\\other");
+  List.RefreshList();
+  EXPECT_EQ(Expanded().size(), before.size() - 1);
+}
+
+TEST_F(FolderList, LetsMessagesThroughBetweenSmallBranches) {
+  for (int number = 0; number < 500; ++number) {
+    Platform.Files.AddFolder("D:\\n" + std::to_string(number));
+    List.AddExpanded("D:\\n" + std::to_string(number));
+  }
+  Platform.Clock.TickStep = 1;
+  Load("D");
+  EXPECT_GT(Platform.Pump.Calls, 10);
+  const int calls = Platform.Pump.Calls;
+  Platform.Pump.Post([] {});
+  Platform.Pump.Post([this] { List.CancelRequested = true; });
+  List.RefreshList();
+  EXPECT_EQ(Platform.Pump.Calls, calls + 2);
+  EXPECT_EQ(List.StatusText(), "Reading stopped");
 }
 
 TEST_F(FolderList, RemembersTheFolderOfEachDrive) {

@@ -30,6 +30,8 @@ TEST(Headings, HoldValuesToWhatAListCanShow) {
   Headings table(true);
   table.SetProperty(2, "WIDTH", std::int32_t{-5});
   EXPECT_EQ(std::get<std::int32_t>(table.Property(2, "width")), 300);
+  table.SetProperty(2, "WIDTH", std::int32_t{2147483647});
+  EXPECT_EQ(std::get<std::int32_t>(table.Property(2, "width")), 30000);
   table.SetProperty(0, "active", false);
   EXPECT_TRUE(table[HeadingId::Name].Active);
   table.SetProperty(2, "active", std::string("False"));

@@ -24,6 +24,7 @@ class ShadowView : public NoView {
   int Resets = 0;
   int Reorders = 0;
   int CurrentChanges = 0;
+  std::vector<int> CatchUps;  // the times asked for
 
   // The copy is what the list says now.
   void Check() const {
@@ -76,6 +77,7 @@ class ShadowView : public NoView {
     EXPECT_LT(last, list_.ChildCount(parent));
   }
   void CurrentChanged() override { ++CurrentChanges; }
+  void CatchUpLater(int milliseconds) override { CatchUps.push_back(milliseconds); }
 
  private:
   std::vector<RowId> ChildrenOf(RowId row) const {

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollBar>
 #include <QTreeView>
+#include <QWheelEvent>
 
 #include "fakes/FakePlatform.h"
 #include "ui/Convert.h"
@@ -62,8 +66,8 @@ class ListerWidgetTest : public testing::Test {
     std::string PathAt(const QModelIndex& index) const {
       return Control.PathOf(ListerModel::RowOf(index));
     }
-    void Press(int key) {
-      QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+      QKeyEvent event(QEvent::KeyPress, key, modifiers);
       QApplication::sendEvent(Tree, &event);
     }
 
@@ -138,6 +142,56 @@ TEST_F(ListerWidgetTest, SortKeepsCursorAndSelectionOnTheirItems) {
   EXPECT_FALSE(list.Tree->selectionModel()->isSelected(list.Index("/d/two.txt")));
 }
 
+TEST_F(ListerWidgetTest, RefreshKeepsScrollSelectionAndCursor) {
+  const auto path = [](int number) { return "/many/f" + std::to_string(1000 + number); };
+  for (int number = 0; number < 500; ++number) Platform.Files.AddFile(path(number));
+  List list(*this, 100);
+  list.Widget.show();
+  std::string folder = "/many";
+  list.Control.LoadFolderContents(folder, true);
+  Settle();
+  list.Tree->setCurrentIndex(list.Index(path(200)));
+  for (int count = 0; count < 5; ++count) list.Press(Qt::Key_Down, Qt::ShiftModifier);
+  Settle();
+  list.Tree->verticalScrollBar()->setValue(300);
+  // One file above what is in sight, a few of those selected and many everywhere.
+  for (const int step : {0, 0, 1, 2}) {
+    if (step == 0) Platform.Files.AddFile("/many/a" + std::to_string(step));
+    if (step == 1) Platform.Files.Remove(path(202));
+    for (int number = 0; step == 2 && number < 500; number += 3) {
+      if (number == 300) continue;
+      Platform.Files.AddFile(path(number) + "x");
+      if (number > 210) Platform.Files.Remove(path(number));
+    }
+    Platform.Watches.Notify("/many");
+    Settle();
+    EXPECT_EQ(list.PathAt(list.Tree->indexAt(QPoint(1, 1))), path(300)) << step;
+    EXPECT_EQ(list.PathAt(list.Tree->currentIndex()), path(205)) << step;
+    EXPECT_EQ(list.Tree->selectionModel()->selectedRows().size(), step == 0 ? 6 : 5);
+  }
+  // A list at its top stays there.
+  list.Tree->verticalScrollBar()->setValue(0);
+  Platform.Files.AddFile("/many/0");
+  Platform.Watches.Notify("/many");
+  EXPECT_EQ(list.PathAt(list.Tree->indexAt(QPoint(1, 1))), "/many/0");
+}
+
+TEST_F(ListerWidgetTest, ReadsAgainWhatChangedWhileItWasRead) {
+  List list(*this, 100);
+  Platform.Clock.TickStep = 60;
+  Platform.Pump.Post([&] {
+    Platform.Files.AddFile("/d/late.txt");
+    Platform.Watches.Notify("/d");
+  });
+  std::string folder = "/d";
+  list.Control.LoadFolderContents(folder, true);
+  Platform.Clock.TickStep = 0;
+  EXPECT_EQ(list.Row("/d/late.txt"), lister::NoRow);
+  const QDeadlineTimer limit(10000);
+  while (list.Row("/d/late.txt") == lister::NoRow && !limit.hasExpired()) Settle();
+  EXPECT_NE(list.Row("/d/late.txt"), lister::NoRow);
+}
+
 TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
   List list(*this, 100);
   const auto same = [&] {
@@ -162,6 +216,7 @@ TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
   list.Control.SetHeadingProperty(2, "Index", base::Value(std::int32_t{0}));
   list.Control.SetHeadingProperty(4, "active", base::Value(true));
   list.Control.SetHeadingProperty(3, "Width", base::Value(std::int32_t{100}));
+  list.Control.SetHeadingProperty(2, "Width", base::Value(std::int32_t{2147483647}));
   same();
 }
 
@@ -232,7 +287,10 @@ TEST_F(ListerWidgetTest, DrivesAndStatus) {
   std::string drive = "/";
   list.Control.LoadDrive(drive, false);
   const auto* drives = list.Widget.findChild<QComboBox*>();
-  EXPECT_EQ(drives->accessibleName(), "Drives of pane 1");
+  const QAccessibleInterface* access =
+      QAccessible::queryAccessibleInterface(const_cast<QComboBox*>(drives));
+  EXPECT_EQ(access->text(QAccessible::Name), "Drives of pane 1");
+  EXPECT_EQ(access->text(QAccessible::Value), "System");
   EXPECT_EQ(list.Tree->accessibleName(), "Folders of pane 1");
   ASSERT_EQ(drives->count(), 2);
   EXPECT_EQ(drives->currentText(), "System");
@@ -242,6 +300,22 @@ TEST_F(ListerWidgetTest, DrivesAndStatus) {
   EXPECT_EQ(Events.Drives.size(), 1U);
   EXPECT_EQ(drives->currentText(), "Disk");
   EXPECT_EQ(drives->toolTip(), "/media/disk");
+
+  // The wheel over the closed list is not for it.
+  QWheelEvent wheel({5, 5}, drives->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
+                    Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(const_cast<QComboBox*>(drives), &wheel);
+  Settle();
+  EXPECT_EQ(Events.Drives.size(), 1U);
+
+  // A drive whose volume has gone is shown by its path, and not as another one.
+  Platform.Drives.Volumes.pop_back();
+  list.Control.View->DrivesChanged();
+  EXPECT_EQ(drives->currentText(), "/media/disk");
+  EXPECT_EQ(drives->count(), 2);
+  Platform.Drives.Volumes.push_back({"/media/disk", "Disk"});
+  list.Control.View->DrivesChanged();
+  EXPECT_EQ(drives->currentText(), "Disk");
 
   const std::string text(300, 'x');
   list.Control.ShowStatus(text + "\n<b>\xFF");
