@@ -9,7 +9,6 @@ import functools
 import os
 import pathlib
 import shutil
-import signal
 import subprocess
 import tempfile
 import time
@@ -31,10 +30,6 @@ START_LIMIT = 30.0  # a busy machine starts slowly
 ROLES_WITH_ROWS = {Atspi.Role.TREE, Atspi.Role.TREE_TABLE, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX}
 
 
-class WaitFailed(AssertionError):
-    pass
-
-
 def wait_for(what, condition, limit=LIMIT):
     """The condition's first true value. A control that is just going away counts as not there."""
     end = time.monotonic() + limit
@@ -46,25 +41,30 @@ def wait_for(what, condition, limit=LIMIT):
         except GLib.Error:
             pass
         if time.monotonic() > end:
-            raise WaitFailed(f"waited {limit:.0f} s for: {what}")
+            raise AssertionError(f"waited {limit:.0f} s for: {what}")
         time.sleep(0.01)
 
 
-def xdotool(*arguments):
-    words = ["xdotool", *map(str, arguments)]
-    return subprocess.run(words, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
-                          check=False, timeout=LIMIT).stdout
+def run(*words):
+    """The command's output, whether it succeeds or not."""
+    return subprocess.run([*map(str, words)], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          text=True, check=False, timeout=LIMIT).stdout.strip()
 
 
 def keys(*names):
-    xdotool("key", "--clearmodifiers", *names)
+    run("xdotool", "key", "--clearmodifiers", *names)
 
 
 def click_close(window):
     """Presses the mark that openbox puts in the upper right corner of a window's frame. The keys
     that close a window will not do: now and then they are lost right after a click."""
     place = window.place()
-    xdotool("mousemove", place.x + place.width - 10, place.y - 10, "click", 1)
+    run("xdotool", "mousemove", place.x + place.width - 10, place.y - 10, "click", 1)
+
+
+def children(node):
+    nodes = (node.get_child_at_index(i) for i in range(node.get_child_count()))
+    return [child for child in nodes if child is not None]
 
 
 class Control:
@@ -78,25 +78,12 @@ class Control:
         return self.node.get_name() or ""
 
     @property
-    def text(self):
-        return Atspi.Text.get_text(self.node, 0, -1)
-
-    @property
     def description(self):
         return self.node.get_description() or ""
 
-    def has(self, *states):
-        found = self.node.get_state_set()
-        return all(found.contains(state) for state in states)
-
-    def is_showing(self):
-        return self.has(Atspi.StateType.SHOWING)
-
-    def is_checked(self):
-        return self.has(Atspi.StateType.CHECKED)
-
-    def has_focus(self):
-        return self.has(Atspi.StateType.FOCUSED)
+    def has(self, state):
+        """Whether it is SHOWING, CHECKED, FOCUSED and so on."""
+        return self.node.get_state_set().contains(getattr(Atspi.StateType, state))
 
     def place(self):
         return self.node.get_extents(Atspi.CoordType.SCREEN)
@@ -105,42 +92,35 @@ class Control:
         """Presses the left button in the middle, or `x` pixels from the left edge."""
         place = self.place()
         across = place.width // 2 if x is None else x
-        xdotool("mousemove", place.x + across, place.y + place.height // 2,
-                "click", "--repeat", times, "--delay", 40, 1)
-
-    def children(self):
-        nodes = (self.node.get_child_at_index(i) for i in range(self.node.get_child_count()))
-        return [Control(node) for node in nodes if node is not None]
+        run("xdotool", "mousemove", place.x + across, place.y + place.height // 2,
+            "click", "--repeat", times, "--delay", 40, 1)
 
 
 class List(Control):
     """A folder tree or a file list: its rows as they are shown, from the top."""
 
-    def names(self):
+    def rows(self):
         count = Atspi.Table.get_n_rows(self.node)
         cells = (Atspi.Table.get_accessible_at(self.node, row, 0) for row in range(count))
-        return [cell.get_name() for cell in cells if cell is not None]
+        return [Control(cell) for cell in cells if cell is not None]
+
+    def names(self):
+        """Also those of rows that are scrolled out of sight."""
+        return [row.name for row in self.rows()]
 
     def wait_has(self, name):
-        """Also a row that is scrolled out of sight."""
         wait_for(f"{name!r} in {self.name}", lambda: name in self.names())
 
     def row(self, name):
-        """The row of that name, ready for the mouse."""
-        return wait_for(f"row {name!r} of {self.name}", lambda: self.find(name))
+        """The row of that name that is on the screen, ready for the mouse."""
+        return wait_for(f"row {name!r} of {self.name}", lambda: next(
+            (row for row in self.rows() if row.name == name and row.has("SHOWING")), None))
 
     def expand(self, name):
         self.row(name).click(x=-8)  # the mark left of the name
 
-    def find(self, name):
-        """The row of that name that is on the screen, or None."""
-        for row in range(Atspi.Table.get_n_rows(self.node)):
-            cell = Atspi.Table.get_accessible_at(self.node, row, 0)
-            if cell is not None and cell.get_name() == name:
-                found = Control(cell)
-                if found.is_showing():
-                    return found
-        return None
+    def enter(self, name):
+        self.row(name).click(times=2, x=20)
 
 
 class Program:
@@ -155,47 +135,39 @@ class Program:
 
     # --- Controls
 
-    def _nodes(self):
-        """Everything that the program shows but rows, from the top windows down."""
+    def controls(self):
+        """All that the program shows on the screen but rows, from the top windows down."""
         if self._application is None:
             desktop = Atspi.get_desktop(0)
             desktop.set_cache_mask(Atspi.Cache.NONE)
             desktop.clear_cache()
-            for i in range(desktop.get_child_count()):
-                node = desktop.get_child_at_index(i)
-                if node is not None and node.get_process_id() == self.process.pid:
+            for node in children(desktop):
+                if node.get_process_id() == self.process.pid:
                     node.set_cache_mask(Atspi.Cache.NONE)
                     self._application = node
-        if self._application is None:
-            return
-        waiting = [self._application]
+        waiting = [self._application] if self._application else []
         while waiting:
             node = waiting.pop()
-            yield node
-            if node.get_role() in ROLES_WITH_ROWS:
-                continue
-            for i in range(node.get_child_count()):
-                child = node.get_child_at_index(i)
-                if child is not None:
-                    waiting.append(child)
+            if Control(node).has("SHOWING"):
+                yield Control(node)
+            if node.get_role() not in ROLES_WITH_ROWS:
+                waiting.extend(children(node))
 
     def look(self, name, role=None):
         """The control of that name that is on the screen, or None."""
-        for node in self._nodes():
-            if role is not None and node.get_role() != role:
-                continue
-            if node.get_name() == name or _label(node) == name:
-                if node.get_state_set().contains(Atspi.StateType.SHOWING):
-                    return node
+        for control in self.controls():
+            if role is None or control.node.get_role() == role:
+                if name in (control.name, _label(control.node)):
+                    return control.node
         return None
 
     def control(self, name, role=None, limit=LIMIT, kind=Control):
+        def find():
+            self.check_alive()
+            return self.look(name, role)
+
         key = (name, role)
         if key not in self._known:
-            def find():
-                self.check_alive()
-                return self.look(name, role)
-
             self._known[key] = wait_for(f"control {name!r}", find, limit)
         return kind(self._known[key])
 
@@ -206,10 +178,10 @@ class Program:
         return self.control(f"Files of pane {pane}", kind=List)
 
     def path(self, pane=1):
-        return self.control(f"Path of pane {pane}").text
+        return Atspi.Text.get_text(self.control(f"Path of pane {pane}").node, 0, -1)
 
-    def status(self, of, pane=1):
-        return self.control(f"Status of {of} of pane {pane}").description
+    def status(self, of):
+        return self.control(f"Status of {of} of pane 1").description
 
     def button(self, pane):
         return self.control(f"Pane {pane}", Atspi.Role.CHECK_BOX)
@@ -220,40 +192,30 @@ class Program:
     def menu(self, name, entry):
         """Chooses the menu's entry whose name begins so."""
         self.control(name, Atspi.Role.MENU_ITEM).click()
-
-        def find():
-            for node in self._nodes():
-                control = Control(node)
-                if control.name.startswith(entry) and node.get_role() == Atspi.Role.MENU_ITEM:
-                    # Entries claim to be on the screen while their menu is only being unfolded.
-                    if control.is_showing() and control.place().width > 0:
-                        return control
-            return None
-
-        wait_for(f"entry {entry!r} of menu {name!r}", find).click()
+        # Entries claim to be on the screen while their menu is only being unfolded.
+        wait_for(f"entry {entry!r} of menu {name!r}", lambda: next(
+            (control for control in self.controls() if control.name.startswith(entry) and
+             control.node.get_role() == Atspi.Role.MENU_ITEM and control.place().width > 0),
+            None)).click()
 
     # --- Windows
 
-    def wait_shown(self, pane=1, limit=START_LIMIT):
-        """Until the main window stands and a pane is filled, with the keyboard in it."""
-        self.control(f"Files of pane {pane}", limit=limit)
-        wait_for("the file list to be read", lambda: " item" in self.status("files", pane))
+    def wait_shown(self):
+        """Until the main window stands and its first pane is filled, with the keyboard in it."""
+        self.control("Files of pane 1", limit=START_LIMIT)
+        wait_for("the file list to be read", lambda: " item" in self.status("files"))
         wait_for("the main window to be active", self.window)
         return self
 
     def active_window(self):
         """Number of the active window if it is the program's, or None."""
-        number = xdotool("getactivewindow").strip()
-        if number and xdotool("getwindowpid", number).strip() == str(self.process.pid):
-            return number
-        return None
+        number = run("xdotool", "getactivewindow")
+        return number if run("xdotool", "getwindowpid", number) == str(self.process.pid) else None
 
     def window(self):
         """Number of the main window if it is active."""
         number = self.active_window()
-        kind = number and subprocess.run(
-            ["xprop", "-id", number, "_NET_WM_WINDOW_TYPE"], stdout=subprocess.PIPE,
-            stderr=subprocess.DEVNULL, text=True, check=False).stdout
+        kind = number and run("xprop", "-id", number, "_NET_WM_WINDOW_TYPE")
         return number if kind and "_DIALOG" not in kind else None
 
     def place(self):
@@ -263,26 +225,26 @@ class Program:
 
     def find_message(self, part):
         """The message box whose text holds the part, or None."""
-        for node in self._nodes():
-            if node.get_role() in (Atspi.Role.DIALOG, Atspi.Role.ALERT):
-                control = Control(node)
-                texts = [control.description, *(child.name for child in control.children())]
-                if control.is_showing() and any(part in text for text in texts):
+        for control in self.controls():
+            if control.node.get_role() in (Atspi.Role.DIALOG, Atspi.Role.ALERT):
+                texts = [child.get_name() for child in children(control.node)]
+                if any(part in text for text in [control.description, *texts]):
                     return control
         return None
 
-    def press(self, caption):
-        self.control(caption, Atspi.Role.PUSH_BUTTON).click()
-
-    def message(self, part, limit=LIMIT):
+    def message(self, part):
         """Waits for the message and for the keyboard to be in it."""
-        box = wait_for(f"message {part!r}", lambda: self.find_message(part), limit)
-        wait_for("the message to be active",
-                 lambda: self.active_window() and not self.window())
+        box = wait_for(f"message {part!r}", lambda: self.find_message(part))
+        wait_for("the message to be active", lambda: self.active_window() and not self.window())
         return box
 
-    def wait_gone(self, part):
+    def dismiss(self, part, key="Return"):
+        self.message(part)
+        keys(key)
         wait_for(f"message {part!r} to go", lambda: self.find_message(part) is None)
+
+    def press(self, caption):
+        self.control(caption, Atspi.Role.PUSH_BUTTON).click()
 
     # --- The end
 
@@ -291,12 +253,9 @@ class Program:
         if code is not None:
             raise AssertionError(f"the program has ended, with code {code}")
 
-    def wait_end(self, limit=LIMIT):
+    def wait_end(self):
         """The exit code; below zero the signal that ended the program."""
-        try:
-            return self.process.wait(limit)
-        except subprocess.TimeoutExpired:
-            raise WaitFailed(f"waited {limit:.0f} s for: the program to end") from None
+        return self.process.wait(LIMIT)
 
     def close(self):
         """Closes the main window by its frame, and gives the exit code."""
@@ -305,7 +264,11 @@ class Program:
         return self.wait_end()
 
     def signal(self, number):
-        os.kill(self.process.pid, number)
+        self.process.send_signal(number)
+
+    def kill(self):
+        self.process.kill()
+        self.process.wait()
 
 
 class EndToEndTest(unittest.TestCase):
@@ -335,7 +298,7 @@ class EndToEndTest(unittest.TestCase):
     def launch(self, **options):
         """Starts the program and leaves it to the test to wait for what is to come."""
         program = Program(self.own, self.home, **options)
-        self.addCleanup(_kill, program.process)
+        self.addCleanup(program.kill)
         return program
 
     def start(self, **options):
@@ -346,48 +309,37 @@ class EndToEndTest(unittest.TestCase):
         wait_for(f"pane {pane} to show {shown}", lambda: program.path(pane) == shown)
 
     def wait_names(self, program, names, pane=1):
-        def shown():
-            return sorted(program.files(pane).names()) == sorted(names)
-
-        try:
-            wait_for(f"files {sorted(names)} in pane {pane}", shown)
-        except WaitFailed as failure:
-            raise WaitFailed(f"{failure}, not {program.files(pane).names()}") from None
+        wait_for(f"files {sorted(names)} in pane {pane}",
+                 lambda: sorted(program.files(pane).names()) == sorted(names))
 
     def check_clean_end(self):
         self.assertFalse(self.marker.exists(), "the run marker is still there")
         self.assertTrue(self.settings.read_bytes().endswith(b'"End",0,0,0,0,0\r\n'),
                         "the settings are not whole")
 
+    def close_clean(self, program):
+        self.assertEqual(program.close(), 0)
+        self.check_clean_end()
+
 
 def _label(node):
     """The label of a list to choose from: its name is what is chosen."""
-    if node.get_role() != Atspi.Role.COMBO_BOX:
-        return None
-    for relation in node.get_relation_set():
-        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
-            return relation.get_target(0).get_name()
+    if node.get_role() == Atspi.Role.COMBO_BOX:
+        for relation in node.get_relation_set():
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+                return relation.get_target(0).get_name()
     return None
-
-
-def _kill(process):
-    if process.poll() is None:
-        process.send_signal(signal.SIGKILL)
-    process.wait()
 
 
 def _picture_on_failure(test):
     @functools.wraps(test)
-    def run(self):
+    def with_picture(self):
         try:
             test(self)
-        except unittest.SkipTest:
-            raise
         except BaseException:
             PICTURES.mkdir(parents=True, exist_ok=True)
-            picture = PICTURES / f"{self.id().removeprefix('__main__.')}.png"
-            subprocess.run(["import", "-window", "root", str(picture)], check=False,
-                           timeout=LIMIT)
+            name = self.id().removeprefix("__main__.")
+            run("import", "-window", "root", PICTURES / f"{name}.png")
             raise
 
-    return run
+    return with_picture

@@ -13,9 +13,13 @@ THREE_PANES = b'"Status",0,0,0,1,1\r\n'
 
 
 class EndingsTest(EndToEndTest):
-    def check_saved_with_three_panes(self):
+    def check_saved(self, record):
         self.check_clean_end()
-        self.assertIn(THREE_PANES, self.settings.read_bytes())
+        self.assertIn(record, self.settings.read_bytes())
+
+    def end_by(self, program, number=signal.SIGTERM):
+        program.signal(number)
+        self.assertEqual(program.wait_end(), 0)
 
     def test_polite_signals(self):
         for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
@@ -24,30 +28,26 @@ class EndingsTest(EndToEndTest):
                 program = self.start()
                 program.button(3).click()
                 wait_for("pane 3 to open", lambda: program.is_open(3))
-                program.signal(number)
-                self.assertEqual(program.wait_end(), 0)
-                self.check_saved_with_three_panes()
+                self.end_by(program, number)
+                self.check_saved(THREE_PANES)
 
     def test_kill_leaves_the_marker_and_a_signal_answers_no_question(self):
         self.settings.write_bytes(THREE_PANES)
         program = self.start()
-        program.signal(signal.SIGKILL)
-        self.assertEqual(program.wait_end(), -signal.SIGKILL)
+        program.kill()
         self.assertTrue(self.marker.exists())
         self.assertEqual(self.settings.read_bytes(), THREE_PANES)
 
         program = self.launch()
         program.message(MARKER_QUESTION)
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
-        self.check_saved_with_three_panes()
+        self.end_by(program)
+        self.check_saved(THREE_PANES)
 
     def test_signal_during_the_start(self):
         self.settings.write_bytes(THREE_PANES)
         program = self.launch()
         wait_for("the splash", lambda: program.look("Tarnwell"))
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
+        self.end_by(program)
         self.assertIn(THREE_PANES, self.settings.read_bytes())
         self.assertFalse(self.marker.exists())
 
@@ -56,10 +56,8 @@ class EndingsTest(EndToEndTest):
         for pane in (2, 1):
             program.control(f"Close pane {pane}").click()
         program.message(LAST_PANE)
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
-        self.check_clean_end()
-        self.assertIn(b'"Status",0,1,1,1,1\r\n', self.settings.read_bytes())
+        self.end_by(program)
+        self.check_saved(b'"Status",0,1,1,1,1\r\n')
 
     def test_display_goes(self):
         ours, theirs = os.pipe()
@@ -78,7 +76,7 @@ class EndingsTest(EndToEndTest):
         server.kill()
         server.wait(LIMIT)
         self.assertGreaterEqual(program.wait_end(), 0, "ended by a signal")
-        self.check_saved_with_three_panes()
+        self.check_saved(THREE_PANES)
 
 
 if __name__ == "__main__":

@@ -12,29 +12,22 @@ class PanesTest(EndToEndTest):
         for pane in range(1, 6):
             wanted = pane in open_panes
             wait_for(f"pane {pane} to be {'open' if wanted else 'closed'}, and its button so",
-                     lambda: program.is_open(pane) == program.button(pane).is_checked() == wanted)
+                     lambda: program.is_open(pane) == program.button(pane).has("CHECKED") == wanted)
 
     def test_panes_open_and_close(self):
         program = self.start()
-        self.wait_open(program, 1, 2)
-        program.button(4).click()
-        self.wait_open(program, 1, 2, 4)
-        self.wait_path(program, self.home, 4)
-        program.menu("Panes", "Show Pane 5")
-        self.wait_open(program, 1, 2, 4, 5)
-        program.button(3).click()
-        self.wait_open(program, 1, 2, 3, 4, 5)
-        program.menu("Panes", "Show Pane 4")
-        self.wait_open(program, 1, 2, 3, 5)
-        program.control("Close pane 3").click()
-        self.wait_open(program, 1, 2, 5)
-        program.button(1).click()
-        self.wait_open(program, 2, 5)
-        program.menu("Panes", "Show Pane 2")
-        self.wait_open(program, 5)
-        program.button(1).click()
-        self.wait_open(program, 1, 5)
-        self.wait_path(program, self.home)
+        for act, *open_panes in (
+                (program.button(4).click, 1, 2, 4),
+                (lambda: program.menu("Panes", "Show Pane 5"), 1, 2, 4, 5),
+                (program.button(3).click, 1, 2, 3, 4, 5),
+                (lambda: program.menu("Panes", "Show Pane 4"), 1, 2, 3, 5),
+                (lambda: program.control("Close pane 3").click(), 1, 2, 5),
+                (program.button(1).click, 2, 5),
+                (lambda: program.menu("Panes", "Show Pane 2"), 5),
+                (program.button(1).click, 1, 5)):
+            act()
+            self.wait_open(program, *open_panes)
+            self.wait_path(program, self.home, open_panes[-1])
 
         # The panes are as high as each other.
         heights = [program.files(pane).place().height for pane in (1, 5)]
@@ -49,16 +42,13 @@ class PanesTest(EndToEndTest):
         program = self.start()
         program.control("Close pane 1").click()
         self.wait_open(program, 2)
-        by_button = program.button(2).click
-        by_title = program.control("Close pane 2").click
-        for close, key in ((by_button, "Return"), (by_title, "Escape"),
+        for close, key in ((program.button(2).click, "Return"),
+                           (program.control("Close pane 2").click, "Escape"),
                            (lambda: program.menu("Panes", "Show Pane 2"), "space")):
             close()
-            box = program.message(LAST_PANE)
-            self.assertEqual(box.name, "Tarnwell")
+            self.assertEqual(program.message(LAST_PANE).name, "Tarnwell")
             self.assertIsNotNone(program.look("OK"))
-            keys(key)
-            program.wait_gone(LAST_PANE)
+            program.dismiss(LAST_PANE, key)
             wait_for("the main window to be active again", program.window)
             self.wait_open(program, 2)
         self.wait_path(program, self.home, 2)
@@ -66,7 +56,7 @@ class PanesTest(EndToEndTest):
     def test_drive_list_is_named_and_leads_home(self):
         (self.home / "below").mkdir()
         program = self.start()
-        program.files().row("below").click(times=2, x=20)
+        program.files().enter("below")
         self.wait_path(program, self.home / "below")
         program.control("Drives of pane 1").click()
         keys("Home", "Return")  # the first entry

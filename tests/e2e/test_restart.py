@@ -3,21 +3,12 @@
 import os
 import unittest
 
-from harness import Control, EndToEndTest, wait_for, xdotool
+from harness import EndToEndTest, run, wait_for
 
 START = b'"ProgramPosition",900,1500,12000,9000,0\r\n'
 
 
 class RestartTest(EndToEndTest):
-    def move_window(self, program):
-        width, height = 850, 640
-        before = program.place()
-        window = program.window()
-        xdotool("windowsize", window, width, height)
-        wait_for("the window to have its size", lambda: program.place()[2:] == (width, height))
-        xdotool("windowmove", window, 240, 90)
-        wait_for("the window to have moved", lambda: program.place()[:2] != before[:2])
-
     def test_folders_panes_and_window_come_back(self):
         (self.home / "alpha" / "first").mkdir(parents=True)
         (self.home / 'in "quotes"').mkdir()
@@ -29,17 +20,20 @@ class RestartTest(EndToEndTest):
         program.folders().expand(self.home.name)
         program.folders().expand("alpha")
         program.folders().wait_has("first")
-        program.files().row("bad \ufffd").click(times=2, x=20)
+        program.files().enter("bad \ufffd")
         self.wait_names(program, ["below"])
-        program.files(2).row('in "quotes"').click(times=2, x=20)
+        program.files(2).enter('in "quotes"')
         self.wait_path(program, self.home / 'in "quotes"', 2)
         program.button(3).click()
-        program.files(3).row("alpha").click(times=2, x=20)
+        program.files(3).enter("alpha")
         self.wait_names(program, ["first"], 3)
-        self.move_window(program)
+        before = program.place()
+        run("xdotool", "windowsize", program.window(), 850, 640)
+        wait_for("the window to have its size", lambda: program.place()[2:] == (850, 640))
+        run("xdotool", "windowmove", program.window(), 240, 90)
+        wait_for("the window to have moved", lambda: program.place()[:2] != before[:2])
         place = program.place()
-        self.assertEqual(program.close(), 0)
-        self.check_clean_end()
+        self.close_clean(program)
 
         program = self.start()
         self.assertEqual(program.place(), place)
@@ -51,7 +45,7 @@ class RestartTest(EndToEndTest):
         self.wait_path(program, self.home / "alpha", 3)
         self.wait_names(program, ["first"], 3)
         for pane in range(1, 6):
-            self.assertEqual(program.button(pane).is_checked(), pane <= 3)
+            self.assertEqual(program.button(pane).has("CHECKED"), pane <= 3)
 
         # A closed pane keeps what it showed, also over a run that never opens it.
         program.control("Close pane 3").click()
@@ -73,18 +67,12 @@ class RestartTest(EndToEndTest):
         self.assertEqual(self.start().place(), place)
 
     def test_all_panes_closed_by_a_damaged_file(self):
-        for states in (b"1,1,1,1,1", b'"?",1,1,1,1', b"1,1,1,#TRUE#,7"):
-            with self.subTest(states=states):
-                self.settings.write_bytes(START + b'"Status",' + states + b"\r\n")
-                program = self.launch()
-                program.button(2)
-                wait_for("the window", program.window)
-                if not program.is_open(2):
-                    program.button(2).click()
-                self.wait_path(program, self.home, 2)
-                self.assertTrue(Control(program.look("Pane 2")).is_checked())
-                self.assertEqual(program.close(), 0)
-                self.check_clean_end()
+        self.settings.write_bytes(START + b'"Status",1,1,1,#TRUE#,7\r\n')
+        program = self.launch()
+        program.button(2).click()
+        self.wait_path(program, self.home, 2)
+        wait_for("pane 2's button", lambda: program.button(2).has("CHECKED"))
+        self.close_clean(program)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 """The two questions at the start that offer to reset all settings."""
 
+import signal
 import unittest
 
 from harness import EndToEndTest, click_close, keys, wait_for
@@ -14,35 +15,34 @@ class StartQuestionsTest(EndToEndTest):
         super().setUp()
         self.settings.write_bytes(THREE_PANES)
 
-    def check_answer(self, program, reset):
-        """The start has gone on, with the settings as they were or without them."""
+    def check_answer(self, program, answer, question):
+        """Gives the answer: the start goes on, with the settings as they were or without them."""
+        if answer == "frame":
+            click_close(program.find_message(question))
+        elif answer in ("Yes", "No"):
+            program.press(answer)
+        else:
+            keys(answer)
         program.wait_shown()
+        reset = answer == "Yes"
         self.assertEqual(program.is_open(3), not reset)
         self.assertEqual(self.settings.exists(), not reset)
         self.assertEqual(self.marker.read_bytes(), b"")
         if not reset:
             self.assertEqual(self.settings.read_bytes(), THREE_PANES)
+        keys("r")  # after the start the key does nothing of the kind
+        self.close_clean(program)
 
     def test_run_marker_asks(self):
-        answers = {"the first button by Enter": (lambda program: keys("Return"), False),
-                   "No": (lambda program: program.press("No"), False),
-                   "no answer, by Escape": (lambda program: keys("Escape"), False),
-                   "no answer, by the frame": (lambda program: click_close(
-                       program.find_message(MARKER_QUESTION)), False),
-                   "Yes": (lambda program: program.press("Yes"), True)}
-        for answer, (give, reset) in answers.items():
+        for answer in ("Return", "Escape", "frame", "Yes"):
             with self.subTest(answer=answer):
                 self.settings.write_bytes(THREE_PANES)
                 self.marker.write_bytes(b"left by another run")
                 program = self.launch()
                 program.message(MARKER_QUESTION)
                 self.assertTrue(self.settings.exists())
-                give(program)
-                self.check_answer(program, reset)
-                self.assertEqual(program.close(), 0)
-                self.check_clean_end()
-        program = self.start()
-        self.assertFalse(program.is_open(3))
+                self.check_answer(program, answer, MARKER_QUESTION)
+        self.assertFalse(self.start().is_open(3))
 
     def hold_reset_key(self, program):
         """Presses R until the splash has asked: it is up for a third of a second only."""
@@ -55,24 +55,17 @@ class StartQuestionsTest(EndToEndTest):
         program.message(RESET_QUESTION)
 
     def test_reset_key_on_the_splash(self):
-        answers = {"No": (lambda program: program.press("No"), False),
-                   "Escape": (lambda program: keys("Escape"), False),
-                   "Yes": (lambda program: program.press("Yes"), True)}
-        for answer, (give, reset) in answers.items():
+        for answer in ("No", "Escape", "Yes"):
             with self.subTest(answer=answer):
                 self.settings.write_bytes(THREE_PANES)
                 program = self.launch()
                 self.hold_reset_key(program)
-                give(program)
-                self.check_answer(program, reset)
-                keys("r")  # after the start the key does nothing of the kind
-                self.assertEqual(program.close(), 0)
-                self.check_clean_end()
+                self.check_answer(program, answer, RESET_QUESTION)
 
     def test_told_to_end_while_the_splash_asks(self):
         program = self.launch()
         self.hold_reset_key(program)
-        program.signal(15)
+        program.signal(signal.SIGTERM)
         self.assertEqual(program.wait_end(), 0)
         self.assertEqual(self.settings.read_bytes(), THREE_PANES)
         self.assertFalse(self.marker.exists())

@@ -2,10 +2,13 @@
 // user does comes from the test.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "forms/FormHost.h"
@@ -17,49 +20,88 @@ namespace tarnwell::fakes {
 class FakeFormHost : public forms::FormHost {
  public:
   using Act = std::function<void(forms::Form&)>;
-  FakeFormHost();
-  ~FakeFormHost() override;
 
-  std::vector<std::string> Told;  // "open Splash", "show Master", "modal X", "unload X", in order
+  std::vector<std::string> Told;  // "open Splash", "show Master", "unload X", in order
   Act OnModal;    // the user; a form that is still open behind that is closed as by its frame
   Act OnRefresh;  // a form asked to be painted at once
   Act OnUnload;   // runs before a form's own handler
   bool Refuses = false;  // no form can be shown modally
 
-  bool IsOpen(const std::string& name) const;
+  bool IsOpen(const std::string& name) const {
+    return std::ranges::any_of(open_, [&](auto& each) { return each->Shown.Name() == name; });
+  }
 
-  void Open(forms::Form& form) override;
-  void Show(forms::Form& form, forms::Form* owner) override;
-  void ShowModal(forms::Form& form, forms::Form* owner) override;
-  void Unload(forms::Form& form) override;
-  std::vector<forms::Form*> OpenForms() const override;
+  void Open(forms::Form& form) override {
+    if (Find(form) != open_.end()) return;
+    Told.push_back("open " + form.Name());
+    open_.push_back(std::make_unique<Window>(form, *this));
+    form.View = open_.back().get();
+    form.Load();
+    if (form.Width == 0) {
+      form.Width = 4500;
+      form.Height = 1800;
+    }
+  }
+  void Show(forms::Form& form, forms::Form*) override {
+    Open(form);
+    Told.push_back("show " + form.Name());
+  }
+  void ShowModal(forms::Form& form, forms::Form*) override {
+    Open(form);
+    if (Refuses) throw std::runtime_error("no window");
+    if (OnModal) OnModal(form);
+    Unload(form);
+  }
+  void Unload(forms::Form& form) override {
+    const auto found = Find(form);
+    if (found == open_.end()) return;
+    const std::unique_ptr<Window> window = std::move(*found);
+    open_.erase(found);
+    Told.push_back("unload " + form.Name());
+    if (OnUnload) OnUnload(form);
+    form.Unload();
+    form.View = nullptr;
+  }
+  std::vector<forms::Form*> OpenForms() const override {
+    std::vector<forms::Form*> forms;
+    for (const auto& each : open_) forms.push_back(&each->Shown);
+    return forms;
+  }
   forms::MousePointer ScreenPointer() const override { return pointer_; }
   void SetScreenPointer(forms::MousePointer pointer) override { pointer_ = pointer; }
 
  private:
-  struct Window;
+  struct Window : forms::FormView {
+    Window(forms::Form& form, const FakeFormHost& host) : Shown(form), Host(host) {}
+    void Touched() override {}
+    void Refresh() override {
+      if (Host.OnRefresh) Host.OnRefresh(Shown);
+    }
+    forms::Form& Shown;
+    const FakeFormHost& Host;
+  };
+  std::vector<std::unique_ptr<Window>>::iterator Find(forms::Form& form) {
+    return std::ranges::find_if(open_, [&](auto& each) { return &each->Shown == &form; });
+  }
+
   std::vector<std::unique_ptr<Window>> open_;
   forms::MousePointer pointer_ = forms::MousePointer::Default;
 };
 
-// Records the messages and gives the next of the answers; none once they are used up.
+// Records the messages, and answers none.
 struct FakeMessenger : forms::Messenger {
   std::vector<std::string> Texts;
-  std::vector<std::string> Answers;
   std::string Result;
 
   void Message(const std::string& text, forms::MessageKind, const std::string&) override {
     Texts.push_back(text);
-    Result.clear();
-    if (Answers.empty()) return;
-    Result = Answers.front();
-    Answers.erase(Answers.begin());
   }
   const std::string& MessageResult() const override { return Result; }
 };
 
-// Records the questions, as "title: text"; all but yes-or-no ones are cancelled.
+// Records the yes-or-no questions, as "title: text"; whatever else is asked is cancelled.
 struct FakeDialogs : platform::Dialogs {
+  using Text = std::optional<std::string>;
   std::vector<std::string> Questions;
   std::function<bool()> OnAskYesNo;  // the user's answer; No without it
 
@@ -67,23 +109,11 @@ struct FakeDialogs : platform::Dialogs {
     Questions.push_back(title + ": " + text);
     return OnAskYesNo && OnAskYesNo();
   }
-  void ShowCritical(const std::string& title, const std::string& text) override {
-    Questions.push_back(title + ": " + text);
-  }
-  std::optional<std::string> AskText(const std::string& title, const std::string& prompt,
-                                     const std::string&) override {
-    Questions.push_back(title + ": " + prompt);
-    return std::nullopt;
-  }
-  std::optional<base::Colour> AskColour(base::Colour) override { return std::nullopt; }
-  std::optional<std::string> AskOpenFile(const platform::FileQuestion& question) override {
-    Questions.push_back(question.Title);
-    return std::nullopt;
-  }
-  std::optional<std::string> AskSaveFile(const platform::FileQuestion& question) override {
-    Questions.push_back(question.Title);
-    return std::nullopt;
-  }
+  void ShowCritical(const std::string&, const std::string&) override {}
+  Text AskText(const std::string&, const std::string&, const std::string&) override { return {}; }
+  std::optional<base::Colour> AskColour(base::Colour) override { return {}; }
+  Text AskOpenFile(const platform::FileQuestion&) override { return {}; }
+  Text AskSaveFile(const platform::FileQuestion&) override { return {}; }
 };
 
 }  // namespace tarnwell::fakes

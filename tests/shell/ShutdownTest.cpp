@@ -44,25 +44,6 @@ TEST_F(ShutdownTest, SavesThenTakesTheMarkerAwayThenClosesAllForms) {
   EXPECT_FALSE(Machine.HasSettings());
 }
 
-TEST_F(ShutdownTest, EndsEvenWhereNothingCanBeWritten) {
-  Run.Start();
-  Machine.Files.WriteFault = fakes::MemoryFileSystem::Denied();
-  Run.Host.Unload(Run.Form());
-  EXPECT_TRUE(Run.Host.OpenForms().empty() && Run.Boxes.empty());
-  EXPECT_TRUE(Machine.HasMarker() && !Machine.HasSettings());
-}
-
-TEST_F(ShutdownTest, TwoCopiesShareTheMarker) {
-  Run.Start();
-  TestRun second(Machine);
-  second.Start();
-  EXPECT_EQ(second.Boxes.size(), 1U);
-  second.Main().MenuClick("mnuExit");
-  EXPECT_FALSE(Machine.HasMarker());
-  Run.Main().MenuClick("mnuExit");
-  EXPECT_TRUE(Run.Host.OpenForms().empty());
-}
-
 // A request to end can come at any moment.
 TEST_F(ShutdownTest, EndsOnRequestBeforeTheLoadWithoutATrace) {
   Run.App.Start();
@@ -92,19 +73,8 @@ TEST_F(ShutdownTest, EndsOnRequestRightBehindTheLoad) {
     EXPECT_EQ(run.Boxes.size(), 1U) << run.Boxes.back();
     EXPECT_TRUE(run.Host.OpenForms().empty() && !run.WasToldOf("show Master"));
     EXPECT_FALSE(machine.HasMarker());
-    EXPECT_NE(machine.Files.At("C:\\Tarnwell\\user.usr").Content.find("\"FileCountMax\",60,"),
-              std::string::npos);
+    EXPECT_NE(machine.Settings().find("\"FileCountMax\",60,"), std::string::npos);
   }
-}
-
-TEST_F(ShutdownTest, EndsOnRequestWithAMessageOpen) {
-  Run.Start();
-  Run.OnBox = [&](popMsgBox&) {
-    Run.App.RequestQuit();
-    EXPECT_TRUE(Run.Host.OpenForms().empty());
-  };
-  Run.Main().Messages().Message("Text", forms::MessageKind::Ok);
-  EXPECT_TRUE(Machine.HasSettings() && !Machine.HasMarker());
 }
 
 }  // namespace

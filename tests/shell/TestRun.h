@@ -35,23 +35,16 @@ struct TestMachine {
       return MemoryFileSystem::WriteFile(path, content);
     }
   };
-  struct Info : fakes::FakeSystemInfo {
-    bool Fails = false;
-    bool IsWindows98() const override {
-      if (Fails) throw std::runtime_error("system");
-      return Windows98;
-    }
-  };
-
   TestMachine() { Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0"); }
   bool HasMarker() const { return Files.Exists("C:\\Tarnwell\\run.txt"); }
   bool HasSettings() const { return Files.Exists("C:\\Tarnwell\\user.usr"); }
+  const std::string& Settings() { return Files.At("C:\\Tarnwell\\user.usr").Content; }
   // A settings file with something in it to tell it by, and the marker of a run that did not end.
   void LeaveSettings() { Files.AddFile("C:\\Tarnwell\\user.usr", "\"FileCountMax\",60,0,0,0,0"); }
   void LeaveMarker() { Files.AddFile("C:\\Tarnwell\\run.txt", "old"); }
 
   Disk Files;
-  Info System;
+  fakes::FakeSystemInfo System;
   fakes::FakeDrives Drives{Files.Syntax()};
   fakes::FakeFolderWatch Watches;
   fakes::FakePump Pump;

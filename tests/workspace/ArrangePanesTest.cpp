@@ -31,20 +31,9 @@ constexpr ArrangeMeasures Measures{.InsideWidth = 15120,
 TEST(ArrangePanesTest, FillsTheFormWithOpenPanesForAnyRecord) {
   using Float = std::numeric_limits<float>;
   using Int = std::numeric_limits<std::int32_t>;
-  constexpr float shares[] = {0,
-                              .5F,
-                              .35F,
-                              1,
-                              1e-30F,
-                              -1,
-                              7,
-                              1e30F,
-                              Float::infinity(),
-                              -.1F,
-                              1e9,
-                              .001F,
-                              Float::quiet_NaN(),
-                              -Float::infinity()};
+  constexpr float infinity = Float::infinity(), none = Float::quiet_NaN();
+  constexpr float shares[] = {0,     .5F,  .35F, 1,     1e-30F,   -1,   7,
+                              1e30F, -.1F, 1e9,  .001F, infinity, none, -infinity};
   constexpr base::Twips splits[] = {0, 1, 4000, 4100, 14000, -60, Int::max(), Int::min()};
   constexpr std::int32_t states[] = {Open, Open, Closed, 5};
   std::mt19937 random(20);

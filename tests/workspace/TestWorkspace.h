@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstddef>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,49 +18,33 @@
 
 namespace tarnwell::workspace {
 
+using Texts = std::vector<std::string>;
+using Ids = std::vector<lister::ListId>;
+
 // What the rules of the workspace, the lists and the settings touch, under its own name; only
 // "&Orientation" is found by its caption.
 inline FormTables SmallTables() {
-  static const std::vector<forms::MenuRow> menu = [] {
-    std::vector<forms::MenuRow> rows{{1, "mnuOrientation", "&Orientation"}};
-    for (const std::string_view name : {"mnuPane0",
-                                        "mnuPane1",
-                                        "mnuPane2",
-                                        "mnuPane3",
-                                        "mnuPane4",
-                                        "mnuHidden",
-                                        "mnuSystem",
-                                        "mnuCompareDate",
-                                        "mnuCompareSize",
-                                        "mnuCommandOn",
-                                        "mnuCommandOff",
-                                        "mnuColorOn",
-                                        "mnuColorOff",
-                                        "mnuAutoExpandOn",
-                                        "mnuAutoExpandOff",
-                                        "mnuHeadingExtension",
-                                        "mnuHeadingSize",
-                                        "mnuHeadingDateLastModified",
-                                        "mnuHeadingDateCreated",
-                                        "mnuHeadingDateLastAccessed",
-                                        "mnuHeadingFileType",
-                                        "mnuHeadingAttributes",
-                                        "mnuHeadingComments"}) {
-      rows.push_back({1, name, name, forms::Tick::Off});
-    }
-    return rows;
-  }();
-  static const std::vector<forms::ToolbarRow> toolbar = [] {
-    std::vector<forms::ToolbarRow> rows;
-    for (const std::string_view key :
-         {"pane0", "pane1", "pane2", "pane3", "pane4", "layoutvertical", "layouthorizontal",
-          "layoutautoexpand", "showcommandline", "showcolor", "compare_size", "compare_date",
-          "headascadd", "headdesadd"}) {
-      rows.push_back({key, forms::ButtonStyle::Check, "", ""});
-    }
-    return rows;
-  }();
+  static const auto split = [](const char* words) {
+    std::istringstream stream(words);
+    return Texts{std::istream_iterator<std::string>(stream), {}};
+  };
+  static const Texts names = split(
+      "mnuPane0 mnuPane1 mnuPane2 mnuPane3 mnuPane4 mnuHidden mnuSystem mnuCompareDate "
+      "mnuCompareSize mnuCommandOn mnuCommandOff mnuColorOn mnuColorOff mnuAutoExpandOn "
+      "mnuAutoExpandOff mnuHeadingExtension mnuHeadingSize mnuHeadingDateLastModified "
+      "mnuHeadingDateCreated mnuHeadingDateLastAccessed mnuHeadingFileType mnuHeadingAttributes "
+      "mnuHeadingComments");
+  static const Texts keys = split(
+      "pane0 pane1 pane2 pane3 pane4 layoutvertical layouthorizontal layoutautoexpand "
+      "showcommandline showcolor compare_size compare_date headascadd headdesadd");
   static constexpr std::string_view images[] = {"layouthorizontal", "layoutvertical"};
+  static const auto [menu, toolbar] = [] {
+    std::vector<forms::MenuRow> rows{{1, "mnuOrientation", "&Orientation"}};
+    for (const auto& name : names) rows.push_back({1, name, name, forms::Tick::Off});
+    std::vector<forms::ToolbarRow> buttons;
+    for (const auto& key : keys) buttons.push_back({key, forms::ButtonStyle::Check, "", ""});
+    return std::pair(rows, buttons);
+  }();
   return {menu, toolbar, images};
 }
 
@@ -116,8 +100,5 @@ class TestWorkspace {
  private:
   lister::ListerEvents nobody_;
 };
-
-using Texts = std::vector<std::string>;
-using Ids = std::vector<lister::ListId>;
 
 }  // namespace tarnwell::workspace

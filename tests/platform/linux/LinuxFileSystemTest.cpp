@@ -28,8 +28,7 @@ TEST(LinuxFileSystem, ReadsAndWritesOddNames) {
   const std::string names[] = {"line\nbreak", "quote\"'", "\xff\xfe", std::string(255, 'x'),
                                ".dot",        "-rf",      " ",        "100%\t\\"};
   for (const std::string& name : names) {
-    const base::Status status = files.WriteFile(folder / name, "content of " + name);
-    ASSERT_TRUE(status) << status.Reason;
+    ASSERT_TRUE(files.WriteFile(folder / name, "content of " + name)) << name;
   }
   const auto entries = Read(folder.Path());
   EXPECT_EQ(entries.size(), std::size(names));
@@ -37,9 +36,8 @@ TEST(LinuxFileSystem, ReadsAndWritesOddNames) {
     ASSERT_TRUE(entries.contains(name));
     EXPECT_EQ(entries.at(name).IsHidden, name == ".dot");
     std::string content;
-    EXPECT_TRUE(files.ReadFile(folder / name, content));
-    EXPECT_EQ(content, "content of " + name);
     ItemAttributes attributes;
+    EXPECT_TRUE(files.ReadFile(folder / name, content) && content == "content of " + name);
     EXPECT_TRUE(files.ReadAttributes(folder.Path(), name, attributes));
     EXPECT_EQ(attributes.Size, content.size());
   }
@@ -66,29 +64,27 @@ TEST(LinuxFileSystem, TellsKindsAndFollowsLinks) {
 
   struct Case {
     const char* Name;
-    ItemKind Listed, Followed;
+    ItemKind Kind;  // of what it leads to
     bool IsLink;
   };
-  const Case cases[] = {{"file", ItemKind::File, ItemKind::File, false},
-                        {"sub", ItemKind::Folder, ItemKind::Folder, false},
-                        {"fifo", ItemKind::Other, ItemKind::Other, false},
-                        {"to file", ItemKind::Unknown, ItemKind::File, true},
-                        {"to sub", ItemKind::Unknown, ItemKind::Folder, true},
-                        {"dangling", ItemKind::Unknown, ItemKind::Other, true},
-                        {"loop", ItemKind::Unknown, ItemKind::Other, true}};
   const auto entries = Read(folder.Path());
-  for (const Case& each : cases) {
+  for (const Case& each :
+       {Case{"file", ItemKind::File, false}, Case{"sub", ItemKind::Folder, false},
+        Case{"fifo", ItemKind::Other, false}, Case{"to file", ItemKind::File, true},
+        Case{"to sub", ItemKind::Folder, true}, Case{"dangling", ItemKind::Other, true},
+        Case{"loop", ItemKind::Other, true}}) {
     SCOPED_TRACE(each.Name);
     ASSERT_TRUE(entries.contains(each.Name));
     const FolderEntry& entry = entries.at(each.Name);
-    // A file system may leave the kind open until the item is looked at.
-    EXPECT_TRUE(entry.Kind == each.Listed || (entry.Kind == ItemKind::Unknown && !entry.IsLink));
+    // A file system may leave the kind open until the item is looked at; links always do.
+    EXPECT_TRUE(entry.Kind == ItemKind::Unknown ? !entry.IsLink || each.IsLink
+                                                : entry.Kind == each.Kind && !each.IsLink);
     ItemAttributes attributes;
     EXPECT_TRUE(files.ReadAttributes(folder.Path(), each.Name, attributes));
-    EXPECT_EQ(attributes.Kind, each.Followed);
+    EXPECT_EQ(attributes.Kind, each.Kind);
     EXPECT_EQ(attributes.IsLink, each.IsLink);
     EXPECT_TRUE(files.Exists(folder / each.Name));
-    EXPECT_EQ(files.FolderExists(folder / each.Name), each.Followed == ItemKind::Folder);
+    EXPECT_EQ(files.FolderExists(folder / each.Name), each.Kind == ItemKind::Folder);
   }
   ItemAttributes attributes;
   ASSERT_TRUE(files.ReadAttributes(folder.Path(), "to file", attributes));
@@ -97,33 +93,29 @@ TEST(LinuxFileSystem, TellsKindsAndFollowsLinks) {
   EXPECT_EQ(attributes.Accessed, -500'000'000);
   EXPECT_EQ(attributes.Modified, 1'000'000'000'000'000'007);
   ASSERT_TRUE(files.ReadAttributes(folder.Path(), "", attributes));
-  EXPECT_EQ(attributes.Kind, ItemKind::Folder);
-  EXPECT_EQ(attributes.Size, 0U);
+  EXPECT_TRUE(attributes.Kind == ItemKind::Folder && attributes.Size == 0);
   EXPECT_EQ(files.ReadAttributes(folder.Path(), "missing", attributes).Code, ENOENT);
 
   int taken = 0;
   EXPECT_TRUE(files.ReadFolder(folder.Path(), [&](const FolderEntry&) { return ++taken < 3; }));
   EXPECT_EQ(taken, 3);
-  const auto none = [](const FolderEntry&) { return true; };
-  EXPECT_EQ(files.ReadFolder(folder / "file", none).Code, ENOTDIR);
-  EXPECT_FALSE(files.ReadFolder(folder / "missing", none).Reason.empty());
+  EXPECT_EQ(files.ReadFolder(folder / "file", {}).Code, ENOTDIR);
+  EXPECT_FALSE(files.ReadFolder(folder / "missing", {}).Reason.empty());
 }
 
 TEST(LinuxFileSystem, ReadsAndRemovesFilesAlone) {
   const TempFolder folder;
   mkfifo((folder / "fifo").c_str(), 0644);
   mkdir((folder / "sub").c_str(), 0755);
-  EXPECT_EQ(InChild([&] {
-              std::string content = "old";
-              const LinuxFileSystem files;
+  LinuxFileSystem files;
+  std::string content = "old";
+  EXPECT_EQ(InChild([&] {  // which ends also where reading never would
               if (files.ReadFile(folder / "fifo", content)) return 1;
               if (files.ReadFile("/dev/zero", content)) return 2;
               if (files.ReadFile(folder / "sub", content).Code != EISDIR) return 3;
               return content == "old" ? 0 : 4;
             }),
             0);
-  LinuxFileSystem files;
-  std::string content;
   EXPECT_TRUE(files.ReadFile("/proc/self/status", content));  // states a size of 0
   EXPECT_NE(content.find("VmPeak"), std::string::npos);
 
@@ -138,8 +130,8 @@ TEST(LinuxFileSystem, WorksDeeperThanAPathMayBeLong) {
   LinuxFileSystem files;
   std::string path = folder.Path();
   int descriptor = open(path.c_str(), O_PATH | O_DIRECTORY);
-  for (int depth = 0; depth < 40; ++depth) {
-    const std::string name(250, static_cast<char>('a' + depth % 26));
+  for (const char letter : std::string("abcdefghijklmnopqrstuvwxyz")) {
+    const std::string name(250, letter);
     ASSERT_EQ(mkdirat(descriptor, name.c_str(), 0755), 0);
     const int next = openat(descriptor, name.c_str(), O_PATH | O_DIRECTORY);
     close(descriptor);
@@ -148,18 +140,13 @@ TEST(LinuxFileSystem, WorksDeeperThanAPathMayBeLong) {
   }
   close(descriptor);
 
-  EXPECT_TRUE(files.FolderExists(path));
-  EXPECT_TRUE(files.WriteFile(path + "/file", "deep"));
-  EXPECT_EQ(Read(path).size(), 1U);
   std::string content;
-  EXPECT_TRUE(files.ReadFile(path + "//file", content));
-  EXPECT_EQ(content, "deep");
   ItemAttributes attributes;
-  EXPECT_TRUE(files.ReadAttributes(path, "file", attributes));
-  EXPECT_EQ(attributes.Size, 4U);
-  EXPECT_FALSE(files.Exists(path + "/missing"));
-  EXPECT_TRUE(files.RemoveFile(path + "/file"));
-  EXPECT_FALSE(files.Exists(path + "/file"));
+  EXPECT_TRUE(files.FolderExists(path) && files.WriteFile(path + "/file", "deep"));
+  EXPECT_EQ(Read(path).size(), 1U);
+  EXPECT_TRUE(files.ReadFile(path + "//file", content) && content == "deep");
+  EXPECT_TRUE(files.ReadAttributes(path, "file", attributes) && attributes.Size == 4);
+  EXPECT_TRUE(files.RemoveFile(path + "/file") && !files.Exists(path + "/file"));
   EXPECT_EQ(files.WriteFile(folder / std::string(5000, 'x'), "").Code, ENAMETOOLONG);
 }
 

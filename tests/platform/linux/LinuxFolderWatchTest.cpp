@@ -27,24 +27,24 @@ bool RunUntil(const std::function<bool()>& condition, std::chrono::milliseconds 
 }
 
 TEST(LinuxFolderWatch, TellsOfEachKindOfChange) {
-  const std::function<void(const std::string&)> changes[] = {
-      [](const std::string& path) { Put(path + "/new", ""); },
-      [](const std::string& path) { Put(path + "/file", "content"); },
-      [](const std::string& path) { chmod((path + "/file").c_str(), 0600); },
-      [](const std::string& path) { rename((path + "/file").c_str(), (path + "/moved").c_str()); },
-      [](const std::string& path) { unlink((path + "/file").c_str()); },
-      [](const std::string& path) { rename(path.c_str(), (path + " elsewhere").c_str()); }};
-  for (std::size_t number = 0; number < std::size(changes); ++number) {
-    SCOPED_TRACE(number);
-    const TempFolder folder;
-    const std::string watched = folder / "watched";
-    mkdir(watched.c_str(), 0755);
-    Put(watched + "/file", "");
-    int calls = 0;
-    const auto watch = LinuxFolderWatch().Start(watched, [&] { ++calls; });
-    ASSERT_NE(watch, nullptr);
-    changes[number](watched);
-    EXPECT_TRUE(RunUntil([&] { return calls > 0; }));
+  const TempFolder folder;
+  const std::string watched = folder / "watched", file = watched + "/file", moved = file + "2";
+  mkdir(watched.c_str(), 0755);
+  int calls = 0;
+  const auto watch = LinuxFolderWatch().Start(watched, [&] { ++calls; });
+  ASSERT_NE(watch, nullptr);
+  const std::function<void()> changes[] = {
+      [&] { Put(file, ""); },
+      [&] { Put(file, "content"); },
+      [&] { chmod(file.c_str(), 0600); },
+      [&] { rename(file.c_str(), moved.c_str()); },
+      [&] { unlink(moved.c_str()); },
+      [&] { rename(watched.c_str(), (folder / "x").c_str()); }};
+  for (const auto& change : changes) {
+    RunUntil([] { return false; }, 300ms);  // until nothing of the last one is under way
+    calls = 0;
+    change();
+    EXPECT_TRUE(RunUntil([&] { return calls > 0; })) << &change - changes;
   }
 }
 
@@ -53,7 +53,6 @@ TEST(LinuxFolderWatch, MakesOneCallOfABurstAndNoneOfWhatLiesBelow) {
   mkdir((folder / "sub").c_str(), 0755);
   int calls = 0;
   const auto watch = LinuxFolderWatch().Start(folder.Path(), [&] { ++calls; });
-  ASSERT_NE(watch, nullptr);
   const auto burst = [&](const std::string& where) {
     for (int number = 0; number < 300; ++number) Put(where + "/" + std::to_string(number), "");
   };
@@ -65,7 +64,7 @@ TEST(LinuxFolderWatch, MakesOneCallOfABurstAndNoneOfWhatLiesBelow) {
   EXPECT_FALSE(RunUntil([&] { return calls > 3; }, 500ms));
 }
 
-TEST(LinuxFolderWatch, MayEndWithinItsOwnCall) {
+TEST(LinuxFolderWatch, MayEndWithinItsOwnCallOrWithOneUnderWay) {
   const TempFolder folder;
   int calls = 0;
   std::unique_ptr<Watch> watch;
@@ -75,15 +74,11 @@ TEST(LinuxFolderWatch, MayEndWithinItsOwnCall) {
   });
   Put(folder / "file", "");
   EXPECT_TRUE(RunUntil([&] { return calls == 1; }));
-  Put(folder / "other", "");
-
-  // And with a call under way.
   watch = LinuxFolderWatch().Start(folder.Path(), [&] { ++calls; });
-  Put(folder / "third", "");
+  Put(folder / "other", "");
   RunUntil([] { return false; }, 50ms);
   watch.reset();
   EXPECT_FALSE(RunUntil([&] { return calls > 1; }, 500ms));
-
   EXPECT_EQ(LinuxFolderWatch().Start(folder / "missing", [] {}), nullptr);
   EXPECT_EQ(LinuxFolderWatch().Start(folder / "file", [] {}), nullptr);
 }
