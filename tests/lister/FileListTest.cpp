@@ -344,23 +344,5 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.Terminate();
 }
 
-TEST_F(FileList, TakesSettingsByName) {
-  List.SetProperty("ColorInActiveListOutline", std::int32_t{0x123456});
-  EXPECT_EQ(List.Colours().InActiveListOutline, 0x123456);
-  List.SetProperty("ShowFileIcons", false);
-  EXPECT_FALSE(List.ShowIcons());
-  List.SetProperty("ShowFolderIcons", true);
-  EXPECT_FALSE(List.ShowIcons());
-  List.SetProperty("ActiveHeading", std::int32_t{4});
-  List.SetProperty("ActiveHeading", std::int32_t{12});
-  EXPECT_EQ(List.ActiveHeading(), 3);
-  List.SetProperty("NoSuchName", std::string("x"));
-  for (const char* name : {"FileCountMax", "ShowColor", "BorderWidth", "ColorListText"}) {
-    EXPECT_THROW(List.SetProperty(name, std::string("x")), base::ConversionError) << name;
-  }
-  EXPECT_EQ(List.FolderListType(), 2);
-  EXPECT_EQ(List.DriveFolder(), "C:\\");
-}
-
 }  // namespace
 }  // namespace tarnwell::lister

@@ -7,25 +7,6 @@
 namespace tarnwell::lister {
 namespace {
 
-TEST(Headings, StartWithTheColumnsOfTheirKindOfList) {
-  const Headings folders(false), files(true);
-  for (int number = 0; number < HeadingCount; ++number) {
-    const Heading& heading = files[static_cast<HeadingId>(number)];
-    EXPECT_EQ(heading.Active, number <= 3) << number;
-    EXPECT_EQ(folders[static_cast<HeadingId>(number)].Active, number == 0) << number;
-    EXPECT_EQ(files.FindByKey(heading.Key), number);
-    EXPECT_FALSE(heading.Caption.empty());
-    EXPECT_FALSE(heading.ToolTip.empty());
-  }
-  EXPECT_EQ(files.FindByKey("sName"), 0);
-  EXPECT_EQ(files.FindByKey(""), -1);
-  EXPECT_EQ(files[HeadingId::DateLastModified].MenuName, "mnuHeadingDateLastModified");
-  EXPECT_EQ(files[HeadingId::Name].MenuName, "");
-  EXPECT_TRUE(files.IsActive("Size"));
-  EXPECT_FALSE(files.IsActive("Comments"));
-  EXPECT_FALSE(files.IsActive(""));
-}
-
 TEST(Headings, HoldValuesToWhatAListCanShow) {
   Headings table(true);
   table.SetProperty(2, "WIDTH", std::int32_t{-5});

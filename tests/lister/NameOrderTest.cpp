@@ -40,14 +40,5 @@ TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
   EXPECT_EQ(sorted, names);
 }
 
-TEST(NameOrder, EqualNamesGoByTheirBytes) {
-  EXPECT_EQ(CompareNames("Readme", "README"), 0);
-  EXPECT_EQ(CompareNames("p007", "P7"), 0);
-  EXPECT_TRUE(NameBefore("README", "Readme"));
-  EXPECT_FALSE(NameBefore("Readme", "README"));
-  EXPECT_FALSE(NameBefore("same", "same"));
-  EXPECT_LT(CompareNames("a\xFE", "a\xFF"), 0);
-}
-
 }  // namespace
 }  // namespace tarnwell::lister

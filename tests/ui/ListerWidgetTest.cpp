@@ -270,18 +270,6 @@ TEST_F(ListerWidgetTest, TheNewestCursorReachesTheControlOnceAndOutlivesItsRows)
   EXPECT_NE(list.Control.CurrentRow(), lister::NoRow);
 }
 
-TEST_F(ListerWidgetTest, RemovedRowsMoveNoCursorOfTheUsers) {
-  List list(*this, 0);
-  std::string drive = "/";
-  list.Control.LoadDrive(drive, false);
-  list.Control.OpenFolder(0, "/a");
-  Settle();
-  Platform.Files.Remove("/a");
-  list.Control.RefreshList();
-  Settle();
-  EXPECT_EQ(ListerModel::RowOf(list.Tree->currentIndex()), list.Control.CurrentRow());
-}
-
 TEST_F(ListerWidgetTest, DrivesAndStatus) {
   List list(*this, 0);
   std::string drive = "/";

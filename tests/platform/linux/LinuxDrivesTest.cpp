@@ -59,22 +59,5 @@ TEST(DriveRules, FindsTheNearestVolume) {
   EXPECT_EQ(DriveHolding("/home/ann/file", "/home/ann", {home}), "/home/ann");
 }
 
-TEST(LinuxDrives, ReadsTheMountsOfThisMachine) {
-  const TempFolder folder;
-  const std::string before = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "/";
-  LinuxDrives drives;
-  setenv("HOME", (folder.Path() + "//").c_str(), 1);
-  EXPECT_EQ(drives.HomeFolder(), folder.Path());
-  const std::vector<Drive> list = drives.List();
-  ASSERT_GE(list.size(), 2U);
-  EXPECT_TRUE(list[0].Name == folder.Path() && list[1].Name == "/");
-  for (const Drive& drive : list) EXPECT_NE(drive.Name, "/proc");
-  EXPECT_EQ(drives.DriveOf("/proc/self"), "/");
-  setenv("HOME", (folder / "missing").c_str(), 1);
-  EXPECT_EQ(drives.HomeFolder(), "");
-  EXPECT_EQ(drives.List().front().Name, "/");
-  setenv("HOME", before.c_str(), 1);
-}
-
 }  // namespace
 }  // namespace tarnwell::platform
