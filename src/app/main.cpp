@@ -7,9 +7,11 @@
 #include <memory>
 
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxCollation.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/LinuxFolderWatch.h"
+#include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/LinuxSystemInfo.h"
 #include "platform/linux/LinuxTermination.h"
 #include "shell/Application.h"
@@ -52,6 +54,8 @@ int main(int argc, char** argv) {
   platform::LinuxDrives drives;
   platform::LinuxFolderWatch watches;
   platform::LinuxClock clock;
+  platform::LinuxCollation order;
+  platform::LinuxLauncher launcher;
   ui::QtMessagePump pump;
   ui::QtDialogs dialogs;
   ui::QtFormHost host;
@@ -59,8 +63,9 @@ int main(int argc, char** argv) {
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 
-  shell::Application application({host, files, drives, watches, pump, clock, dialogs, system},
-                                 ProgramVersion);
+  shell::Application application(
+      {host, files, drives, watches, pump, clock, dialogs, system, order, launcher},
+      ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });

@@ -31,14 +31,14 @@ std::string_view TypeStem(const FileRows& rows, const FileRow& row) {
   return extension.empty() ? "File" : extension;
 }
 
-using Comparison = int (*)(const FileRows&, const FileRow&, const FileRow&);
+using Comparison = int (*)(const FileRows&, const FileRow&, const FileRow&, const NameOrder&);
 
 template <auto Member>
-int CompareMember(const FileRows&, const FileRow& left, const FileRow& right) {
+int CompareMember(const FileRows&, const FileRow& left, const FileRow& right, const NameOrder&) {
   return Compare(left.*Member, right.*Member);
 }
 
-int CompareEqual(const FileRows&, const FileRow&, const FileRow&) {
+int CompareEqual(const FileRows&, const FileRow&, const FileRow&, const NameOrder&) {
   return 0;
 }
 
@@ -49,29 +49,29 @@ struct Ordering {
 
 // In the order of HeadingId. Folders and files are never compared with each other.
 constexpr std::array<Ordering, HeadingCount> Orderings{{
-    {[](const FileRows& rows, const FileRow& left, const FileRow& right) {
-       return CompareNames(rows.NameOf(left), rows.NameOf(right));
+    {[](const FileRows& rows, const FileRow& left, const FileRow& right, const NameOrder& names) {
+       return names.Compare(rows.NameOf(left), rows.NameOf(right));
      },
      false},
-    {[](const FileRows& rows, const FileRow& left, const FileRow& right) {
-       return CompareNames(ExtensionOf(rows, left), ExtensionOf(rows, right));
+    {[](const FileRows& rows, const FileRow& left, const FileRow& right, const NameOrder& names) {
+       return names.Compare(ExtensionOf(rows, left), ExtensionOf(rows, right));
      },
      false},
     {CompareMember<&FileRow::Size>, true},
     {CompareMember<&FileRow::Modified>, true},
     {CompareMember<&FileRow::Created>, true},
     {CompareMember<&FileRow::Accessed>, true},
-    {[](const FileRows& rows, const FileRow& left, const FileRow& right) {
-       return left.IsFolder() ? 0 : CompareNames(TypeStem(rows, left), TypeStem(rows, right));
+    {[](const FileRows& rows, const FileRow& left, const FileRow& right, const NameOrder& names) {
+       return left.IsFolder() ? 0 : names.Compare(TypeStem(rows, left), TypeStem(rows, right));
      },
      false},
-    {[](const FileRows&, const FileRow& left, const FileRow& right) {
+    {[](const FileRows&, const FileRow& left, const FileRow& right, const NameOrder&) {
        return AttributeText(left).compare(AttributeText(right));
      },
      true},
     {CompareEqual, false},  // comments
     {CompareEqual, false},  // path: all items are in one folder
-    {[](const FileRows&, const FileRow& left, const FileRow& right) {
+    {[](const FileRows&, const FileRow& left, const FileRow& right, const NameOrder&) {
        return Compare(left.Mode & 0777U, right.Mode & 0777U);
      },
      true},
@@ -85,8 +85,8 @@ const Ordering& OrderingOf(const SortKey& key) {
 
 bool FileRow::LooksLike(const FileRow& other) const {
   const auto shown = [](const FileRow& row) {
-    return std::tie(row.Kind, row.IsLink, row.IsHidden, row.IsSystem, row.HasAttributes, row.Mode,
-                    row.Size, row.Modified, row.Created, row.Accessed);
+    return std::tuple(row.Kind, row.IsLink, row.IsHidden, row.IsSystem, row.HasAttributes, row.Mode,
+                      row.Size, row.Modified, row.Created, row.Accessed);
   };
   return shown(*this) == shown(other);
 }
@@ -98,8 +98,8 @@ int FileRows::FolderCount() const {
 
 void FileRows::Add(const platform::FolderEntry& entry) {
   FileRow row;
-  row.NameStart = names_.size();
-  row.NameLength = static_cast<std::uint32_t>(entry.Name.size());
+  row.NameStart = static_cast<std::uint32_t>(names_.size());
+  row.NameLength = static_cast<std::uint16_t>(entry.Name.size());
   row.Kind = entry.Kind;
   row.IsLink = entry.IsLink;
   row.IsHidden = entry.IsHidden;
@@ -129,6 +129,38 @@ void FileRows::SetUnreadable(RowId row) {
   rows_[static_cast<std::size_t>(row - 1)].HasAttributes = false;
 }
 
+void FileRows::SetFolderSize(RowId row, std::uint64_t bytes) {
+  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  item.Size = bytes;
+  item.HasFolderSize = true;
+}
+
+void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
+  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  item.Colour = colour;
+  item.NotesWereRead = true;
+  if (comment.empty()) {
+    comments_.erase(row);
+  } else {
+    comments_[row] = std::move(comment);
+  }
+}
+
+void FileRows::SetMarks(RowId row, CompareMarks marks) {
+  rows_[static_cast<std::size_t>(row - 1)].Marks = marks;
+}
+
+void FileRows::SetSelected(RowId row, bool selected) {
+  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  selected_ += static_cast<int>(selected) - static_cast<int>(item.IsSelected);
+  item.IsSelected = selected;
+}
+
+std::string_view FileRows::Comment(RowId row) const {
+  const auto found = comments_.find(row);
+  return found == comments_.end() ? std::string_view() : found->second;
+}
+
 RowId FileRows::Find(std::string_view name) const {
   const auto found =
       std::find_if(order_.begin(), order_.end(), [&](RowId row) { return Name(row) == name; });
@@ -146,14 +178,15 @@ void FileRows::Renumber(int from) {
   }
 }
 
-std::vector<RowId> FileRows::Sorted(const std::vector<SortKey>& keys) const {
+std::vector<RowId> FileRows::Sorted(const std::vector<SortKey>& keys,
+                                    const NameOrder& names) const {
   std::vector<RowId> order = order_;
   std::sort(order.begin(), order.end(), [&](RowId one, RowId other) {
     const FileRow& left = Row(one);
     const FileRow& right = Row(other);
     if (left.IsFolder() != right.IsFolder()) return left.IsFolder();
     for (const SortKey& key : keys) {
-      const int comparison = OrderingOf(key).Compare(*this, left, right);
+      const int comparison = OrderingOf(key).Compare(*this, left, right, names);
       if (comparison != 0) return key.Descending ? comparison > 0 : comparison < 0;
     }
     return NameOf(left) < NameOf(right);

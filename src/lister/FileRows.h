@@ -9,31 +9,40 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "lister/Comparison.h"
+#include "lister/ItemColours.h"
 #include "lister/ListerView.h"
+#include "lister/NameOrder.h"
 #include "lister/SortKeys.h"
 #include "platform/FileSystem.h"
 
 namespace tarnwell::lister {
 
 struct FileRow {
-  std::size_t NameStart = 0;
-  std::uint32_t NameLength = 0;
+  std::uint32_t NameStart = 0;
   std::uint32_t Mode = 0;
-  std::uint64_t Size = 0;
+  std::uint64_t Size = 0;  // bytes; of a folder once it has been measured
   std::int64_t Modified = 0;
   std::int64_t Created = 0;
   std::int64_t Accessed = 0;
+  std::uint16_t NameLength = 0;
   platform::ItemKind Kind = platform::ItemKind::File;
-  bool IsLink = false;
-  bool IsHidden = false;
-  bool IsSystem = false;
-  bool HasAttributes = false;  // Size, Mode and the times are known
-  bool WasTried = false;       // they have been asked for
+  ItemColour Colour = ItemColour::Default;
+  CompareMarks Marks;
+  bool IsLink : 1 = false;
+  bool IsHidden : 1 = false;
+  bool IsSystem : 1 = false;
+  bool HasAttributes : 1 = false;  // Size, Mode and the times are known
+  bool WasTried : 1 = false;       // they have been asked for
+  bool HasFolderSize : 1 = false;  // a folder's Size is known
+  bool NotesWereRead : 1 = false;  // Colour and comment
+  bool IsSelected : 1 = false;
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
-  // Whether the cells of both show the same, the name's left out of account.
+  // Whether what a read of the folder gives is the same in both, the name left out of account.
   bool LooksLike(const FileRow& other) const;
 };
 
@@ -55,6 +64,13 @@ class FileRows {
   void Add(const platform::FolderEntry& entry);
   void SetAttributes(RowId row, const platform::ItemAttributes& attributes);
   void SetUnreadable(RowId row);
+  void SetFolderSize(RowId row, std::uint64_t bytes);
+  void SetNotes(RowId row, ItemColour colour, std::string comment);
+  void SetMarks(RowId row, CompareMarks marks);
+  void SetSelected(RowId row, bool selected);
+  int SelectedCount() const { return selected_; }
+  // Empty for most.
+  std::string_view Comment(RowId row) const;
 
   // For rows and positions that exist.
   const FileRow& Row(RowId row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
@@ -72,7 +88,7 @@ class FileRows {
   const std::vector<RowId>& Order() const { return order_; }
   void SetOrder(std::vector<RowId> order);
   // The order of these keys: folders first, then by the keys in turn, then by the bytes of names.
-  std::vector<RowId> Sorted(const std::vector<SortKey>& keys) const;
+  std::vector<RowId> Sorted(const std::vector<SortKey>& keys, const NameOrder& names) const;
   // Whether the order by these keys can change once attributes are known.
   static bool NeedsAttributes(const std::vector<SortKey>& keys);
 
@@ -100,6 +116,8 @@ class FileRows {
   std::vector<RowId> free_;     // numbers of rows that are gone
   std::vector<RowId> order_;    // by position
   std::vector<int> positions_;  // by row; -1 for one that is gone
+  std::unordered_map<RowId, std::string> comments_;
+  int selected_ = 0;
 };
 
 // Letters for read-only, hidden, system and link, those that apply.

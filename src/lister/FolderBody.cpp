@@ -94,7 +94,7 @@ void FolderBody::Refresh() {
   Run([this] { return RefreshAll(); });
 }
 
-void FolderBody::FolderChanged() {
+void FolderBody::FolderChanged(const platform::FolderChanges&) {
   Run([this] { return RefreshOpenBranch(); });
 }
 
@@ -332,9 +332,10 @@ base::Status FolderBody::ReadSubfolders(const std::string& folder, const std::st
     const bool isWanted = !wanted.empty() && state_.Syntax.Same(entry.Name, wanted);
     if (state_.IsFilteredOut(entry) && !isWanted) return true;
     const bool untold = entry.IsLink || entry.Kind == ItemKind::Unknown;
-    if (untold ? !isFolder(entry.Name, attributes) : entry.Kind != ItemKind::Folder) return true;
+    if (untold ? !isFolder(std::string(entry.Name), attributes) : entry.Kind != ItemKind::Folder)
+      return true;
     foundWanted = foundWanted || isWanted;
-    listing.Folders.push_back({entry.Name, entry.IsLink, entry.IsHidden});
+    listing.Folders.push_back({std::string(entry.Name), entry.IsLink, entry.IsHidden});
     return true;
   });
   // A folder can be entered although the one above it cannot be listed, or does not list it.

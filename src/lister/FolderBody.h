@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "lister/FolderInput.h"
 #include "lister/FolderTree.h"
 #include "lister/ListBody.h"
 #include "lister/Pacer.h"
@@ -16,7 +17,11 @@ namespace tarnwell::lister {
 
 class FolderBody : public ListBody {
  public:
-  explicit FolderBody(ListState& state) : ListBody(state), tree_(state.Syntax) {}
+  explicit FolderBody(ListState& state)
+      : ListBody(state), tree_(state.Syntax, state.Names), input_(tree_, state.Control) {}
+
+  ListInput& Input() override { return input_; }
+  const ListInput& Input() const override { return input_; }
 
   void Refresh() override;
   void Resort() override;
@@ -43,7 +48,7 @@ class FolderBody : public ListBody {
   void Collapse(RowId row) override;
 
  protected:
-  void FolderChanged() override;
+  void FolderChanged(const platform::FolderChanges& changes) override;
 
  private:
   enum class Outcome { Nothing, FolderOpened, DriveChosen };
@@ -88,6 +93,7 @@ class FolderBody : public ListBody {
   bool IsOnTree(const std::string& folder) const;
 
   FolderTree tree_;
+  FolderInput input_;
   std::deque<Command> waiting_;
   bool busy_ = false;
   std::optional<Pacer> pace_;  // of the command that runs

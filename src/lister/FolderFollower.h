@@ -12,7 +12,7 @@ namespace tarnwell::lister {
 
 class FolderFollower {
  public:
-  FolderFollower(platform::FolderWatch& watches, std::function<void()> changed)
+  FolderFollower(platform::FolderWatch& watches, platform::FolderWatch::Changed changed)
       : watches_(watches), changed_(std::move(changed)) {}
 
   // From now on this is the folder to watch, at once unless stopped. Empty for none.
@@ -36,15 +36,15 @@ class FolderFollower {
     worn_ = false;
     watch_.reset();
     if (stopped_ || folder_.empty()) return;
-    watch_ = watches_.Start(folder_, [this] {
+    watch_ = watches_.Start(folder_, [this](const platform::FolderChanges& changes) {
       // The folder may have gone and come again, and the watch be on the one that went.
       worn_ = true;
-      changed_();
+      changed_(changes);
     });
   }
 
   platform::FolderWatch& watches_;
-  std::function<void()> changed_;
+  platform::FolderWatch::Changed changed_;
   std::string folder_;
   std::unique_ptr<platform::Watch> watch_;
   bool stopped_ = false;

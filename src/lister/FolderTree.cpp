@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "lister/NameOrder.h"
-
 namespace tarnwell::lister {
 
 void FolderTree::Reset(const std::string& root, ListerView& view) {
@@ -126,7 +124,7 @@ bool FolderTree::IsWithin(RowId row, RowId ancestor) const {
 }
 
 bool FolderTree::Before(const std::string& left, const std::string& right) const {
-  return descending_ ? NameBefore(right, left) : NameBefore(left, right);
+  return descending_ ? names_.Before(right, left) : names_.Before(left, right);
 }
 
 // Takes the children away that are not among the folders, which stand in the order of the tree.

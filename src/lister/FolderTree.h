@@ -11,6 +11,7 @@
 
 #include "base/PathSyntax.h"
 #include "lister/ListerView.h"
+#include "lister/NameOrder.h"
 
 namespace tarnwell::lister {
 
@@ -36,7 +37,10 @@ class FolderTree {
  public:
   static constexpr RowId TopRow = 1;
 
-  explicit FolderTree(const base::PathSyntax& syntax) : syntax_(syntax) { nodes_.resize(1); }
+  FolderTree(const base::PathSyntax& syntax, const NameOrder& names)
+      : syntax_(syntax), names_(names) {
+    nodes_.resize(1);
+  }
 
   // All nodes go; the root given becomes the one node, open and current.
   void Reset(const std::string& root, ListerView& view);
@@ -76,6 +80,7 @@ class FolderTree {
   void TellChanged(RowId row, ListerView& view) const;
 
   const base::PathSyntax& syntax_;
+  const NameOrder& names_;
   std::vector<FolderNode> nodes_;  // by RowId; number 0 is the invisible root
   std::vector<RowId> free_;
   RowId open_ = NoRow;

@@ -119,6 +119,20 @@ void Headings::SetProperty(int heading, std::string_view attribute, const base::
   FindAttribute(attribute).Write(table_, table_[Checked(heading)], value);
 }
 
+bool Headings::Move(int heading, bool left) {
+  Heading& moved = table_[Checked(heading)];
+  if (!moved.Active) return false;
+  const std::array<HeadingId, HeadingCount> order = Order();
+  const int step = left ? -1 : 1;
+  for (int place = moved.Index + step; place >= 0 && place < HeadingCount; place += step) {
+    Heading& other = table_[static_cast<std::size_t>(order[static_cast<std::size_t>(place)])];
+    if (!other.Active) continue;
+    std::swap(moved.Index, other.Index);
+    return true;
+  }
+  return false;
+}
+
 bool Headings::IsActive(std::string_view name) const {
   for (std::size_t number = 0; number < Defaults.size(); ++number) {
     if (!name.empty() && Defaults[number].Name == name) return table_[number].Active;

@@ -56,6 +56,10 @@ class Headings {
   // say which heading it is and stay as they are.
   void SetProperty(int heading, std::string_view attribute, const base::Value& value);
 
+  // Moves the heading one place left or right among those on show; false if it stands at the end,
+  // or is not shown.
+  bool Move(int heading, bool left);
+
   // By the names that menus use: "Size", "DateLastModified" and so on; false for an unknown one.
   bool IsActive(std::string_view name) const;
 

@@ -7,6 +7,7 @@ ListState::ListState(ListerControl& control, const ListerServices& services, Lis
       Services(services),
       Events(events),
       Syntax(services.Files.Syntax()),
+      Names(services.Order),
       Table(IsFileList(control.Id())),
       Keys(!IsFileList(control.Id())),
       Expanded(Syntax),

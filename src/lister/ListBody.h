@@ -1,13 +1,19 @@
 // The work behind a ListerControl: what the two kinds of list share, and the face of each kind.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "lister/FolderFollower.h"
 #include "lister/Headings.h"
+#include "lister/ListInput.h"
 #include "lister/ListMemory.h"
+#include "lister/ListSettings.h"
 #include "lister/ListerControl.h"
+#include "lister/NameFilter.h"
+#include "lister/NameOrder.h"
 #include "lister/NoView.h"
 #include "lister/SortKeys.h"
 
@@ -21,6 +27,8 @@ struct ListState {
   ListerServices Services;
   ListerEvents& Events;
   const base::PathSyntax& Syntax;
+  NameOrder Names;
+  ListSettings Settings;
   Headings Table;
   SortKeys Keys;
   ExpandedFolders Expanded;
@@ -46,16 +54,22 @@ struct ListState {
 class ListBody {
  public:
   explicit ListBody(ListState& state)
-      : Follower(state.Services.Watches, [this] { FolderChanged(); }), state_(state) {}
+      : Follower(state.Services.Watches, [this](const auto& changes) { FolderChanged(changes); }),
+        state_(state) {}
   virtual ~ListBody() = default;
 
   FolderFollower Follower;
+
+  virtual ListInput& Input() = 0;
+  virtual const ListInput& Input() const = 0;
 
   virtual void SetFolder(const std::string&) {}
   virtual void Refresh() = 0;
   virtual void CatchUp() {}
   virtual void Resort() = 0;
   virtual void Terminate() = 0;
+  // What is shown of the rows has changed: settings, headings.
+  virtual void SettingsChanged() {}
 
   // `chosen`: the user picked the drive, and the form learns that.
   virtual void LoadDrive(const std::string& /*drive*/, bool /*chosen*/) {}
@@ -65,6 +79,21 @@ class ListBody {
   virtual int OpenLevel() const { return 0; }
 
   virtual void LoadContents(const std::string&) {}
+
+  // Of a list that has one; null for others.
+  virtual const NameFilter* Filter() const { return nullptr; }
+  virtual void SetFilterText(const std::string&) {}
+  virtual void SetExtensionFilter(const std::string&) {}
+  virtual std::vector<ExtensionChoice> ExtensionChoices() const { return {}; }
+
+  // Tools, as ListerControl tells them.
+  virtual void SetItemColour(ItemColour /*colour*/) {}
+  virtual int FileCount() const { return 0; }
+  virtual void CalculateFolderSizes() {}
+  virtual void CalculateItemSize() {}
+  virtual std::vector<CompareRecord> CompareRecords() const { return {}; }
+  virtual void CompareAgainst(std::vector<CompareRecord>&, std::int32_t /*mode*/) {}
+  virtual void CompareSelf(const std::vector<CompareRecord>&) {}
 
   virtual int ChildCount(RowId parent) const = 0;
   virtual RowId Child(RowId parent, int position) const = 0;
@@ -82,7 +111,7 @@ class ListBody {
 
  protected:
   // A notice that the folder changed on disk.
-  virtual void FolderChanged() = 0;
+  virtual void FolderChanged(const platform::FolderChanges& changes) = 0;
 
   ListState& state_;
 };

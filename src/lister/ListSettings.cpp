@@ -38,21 +38,17 @@ struct SwitchProperty {
 constexpr SwitchProperty SwitchProperties[] = {
     {"ShowFileIcons", &ListSettings::ShowFileIcons},
     {"ShowFolderIcons", &ListSettings::ShowFolderIcons},
+    {"ShowColor", &ListSettings::ShowColour},
 };
 
-// Settings of colour coding, of text typed to find an item and of a border, none of which the list
-// has. They are checked, so that a slip in a caller shows, and not kept.
-struct UnusedProperty {
+struct NumberProperty {
   std::string_view Name;
-  void (*Check)(const base::Value&);
+  std::int32_t ListSettings::*Number;
 };
 
-constexpr UnusedProperty UnusedProperties[] = {
-    {"FileCountMax", [](const base::Value& value) { base::ToInt32(value); }},
-    {"ActiveButton", [](const base::Value& value) { base::ToInt32(value); }},
-    {"BorderWidth", [](const base::Value& value) { base::ToInt32(value); }},
-    {"ShowColor", [](const base::Value& value) { base::ToBoolean(value); }},
-    {"ActiveString", [](const base::Value& value) { base::ToText(value); }},
+constexpr NumberProperty NumberProperties[] = {
+    {"FileCountMax", &ListSettings::FileCountMax},
+    {"BorderWidth", &ListSettings::BorderWidth},
 };
 
 }  // namespace
@@ -61,8 +57,10 @@ bool ListSettings::Set(std::string_view name, const base::Value& value) {
   for (const ColourProperty& property : ColourProperties) {
     if (property.Name == name) Colours.*property.Colour = base::ToInt32(value);
   }
-  for (const UnusedProperty& property : UnusedProperties) {
-    if (property.Name == name) property.Check(value);
+  for (const NumberProperty& property : NumberProperties) {
+    if (property.Name != name) continue;
+    this->*property.Number = base::ToInt32(value);
+    return true;
   }
   for (const SwitchProperty& property : SwitchProperties) {
     if (property.Name != name) continue;

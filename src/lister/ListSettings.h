@@ -1,6 +1,8 @@
 // The settings that come to a list by name, one by one.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "base/Value.h"
@@ -12,6 +14,9 @@ struct ListSettings {
   ListerColours Colours;
   bool ShowFileIcons = true;
   bool ShowFolderIcons = true;
+  bool ShowColour = false;
+  std::int32_t FileCountMax = 50;  // over this many files in a folder no colours are shown
+  std::int32_t BorderWidth = 1;    // pixels round the list
 
   // True if the list looks different at once; colours wait for ReloadColors. A name that is not
   // known does nothing; a value of the wrong type throws base::ConversionError.

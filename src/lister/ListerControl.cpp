@@ -9,15 +9,10 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "lister/FileBody.h"
-#include "lister/FolderBody.h"
-#include "lister/ListBody.h"
-#include "lister/ListSettings.h"
+#include "lister/ListerParts.h"
 
 namespace tarnwell::lister {
 namespace {
-
-constexpr int BackspaceKey = 8;
 
 struct SortWord {
   std::string_view Word;
@@ -35,23 +30,6 @@ std::int16_t HighestNumber(std::size_t count) {
 }
 
 }  // namespace
-
-struct ListerControl::Parts {
-  Parts(ListerControl& control, const ListerServices& services, ListerEvents& events)
-      : State(control, services, events) {
-    if (IsFileList(control.Id())) {
-      Body = std::make_unique<FileBody>(State);
-    } else {
-      Body = std::make_unique<FolderBody>(State);
-    }
-  }
-
-  ListState State;
-  std::unique_ptr<ListBody> Body;
-  ListSettings Settings;
-  int ActiveHeading = 0;
-  bool IsActive = false;
-};
 
 ListerControl::ListerControl(ListId list, const ListerServices& services, ListerEvents& events)
     : id_(list), parts_(std::make_unique<Parts>(*this, services, events)) {}
@@ -77,7 +55,14 @@ void ListerControl::Initialize() {
 }
 
 void ListerControl::ResetStartItem() {
-  // The widget's selection starts anew with each row that is chosen without Shift.
+  parts_->Body->Input().ResetStart();
+}
+
+void ListerControl::SetDragGraphicsOn(bool on) {
+  if (std::exchange(parts_->DragGraphicsOn, on) != on) parts_->State.View().Repaint();
+}
+void ListerControl::SetHoverGraphicsOn(bool on) {
+  if (std::exchange(parts_->HoverGraphicsOn, on) != on) parts_->State.View().Repaint();
 }
 
 void ListerControl::Terminate() {
@@ -89,7 +74,8 @@ void ListerControl::SetActive(bool active) {
   if (std::exchange(parts_->IsActive, active) != active) parts_->State.View().StyleChanged();
 }
 
-void ListerControl::TakeFocus(std::string_view) {
+void ListerControl::TakeFocus(std::string_view modifier) {
+  parts_->Shift = modifier == "shift" ? ShiftDown : modifier == "ctrl" ? CtrlDown : 0;
   parts_->State.View().TakeFocus();
 }
 
@@ -101,6 +87,15 @@ void ListerControl::RefreshList() {
   parts_->Body->Refresh();
 }
 
+void ListerControl::RefreshAfterOperation() {
+  RefreshList();
+}
+
+void ListerControl::SetEnhancedMode(bool on) {
+  SetProperty("ShowColor", base::Value(on));
+  SetHeadingProperty(static_cast<int>(HeadingId::Comments), "active", base::Value(on));
+}
+
 // The widget follows the size of the list by itself; what is left is to paint it anew.
 void ListerControl::SetLayout(std::int32_t) {
   parts_->State.View().Repaint();
@@ -109,7 +104,8 @@ void ListerControl::SetLayout(std::int32_t) {
 void ListerControl::SetProperty(std::string_view name, const base::Value& value) {
   if (name == "ActiveHeading") {
     ClickHeading(base::ToInt16(value) - 1);
-  } else if (parts_->Settings.Set(name, value)) {
+  } else if (parts_->State.Settings.Set(name, value)) {
+    parts_->Body->SettingsChanged();
     parts_->State.View().Repaint();
   }
 }
@@ -215,6 +211,19 @@ void ListerControl::AddSortKey(int level, const std::string& key, const std::str
   parts_->State.View().HeadingsChanged();
 }
 
+void ListerControl::MoveHeading(std::string_view word) {
+  if (word != "headleft" && word != "headright") return;
+  if (!parts_->State.Table.Move(parts_->ActiveHeading, word == "headleft")) return;
+  parts_->State.View().HeadingsChanged();
+}
+
+void ListerControl::HeadingMenuClick(std::string_view menuName) {
+  for (int heading = 0; heading < HeadingCount; ++heading) {
+    const std::string& name = parts_->State.Table[static_cast<HeadingId>(heading)].MenuName;
+    if (!name.empty() && name == menuName) ToggleHeading(heading);
+  }
+}
+
 bool ListerControl::HeadingActive(std::string_view name) const {
   return parts_->State.Table.IsActive(name);
 }
@@ -226,6 +235,7 @@ base::Value ListerControl::HeadingProperty(int heading, std::string_view attribu
 void ListerControl::SetHeadingProperty(int heading, std::string_view attribute,
                                        const base::Value& value) {
   parts_->State.Table.SetProperty(heading, attribute, value);
+  parts_->Body->SettingsChanged();
   parts_->State.View().HeadingsChanged();
 }
 
@@ -257,6 +267,34 @@ void ListerControl::GetActiveItem(int number, std::string& folder, std::string& 
 
 void ListerControl::AddActiveItem(const std::string& folder, const std::string& item) {
   parts_->State.Active.Set(folder, item);
+}
+
+// --- Tools.
+
+void ListerControl::SetItemColor(const std::string& word, std::int32_t& count) {
+  parts_->Body->SetItemColour(ColourOfWord(word));
+  count = parts_->Body->FileCount();
+}
+
+void ListerControl::CalculateFolderSizes() {
+  parts_->Body->CalculateFolderSizes();
+}
+void ListerControl::CalculateItemSize() {
+  parts_->Body->CalculateItemSize();
+}
+
+std::vector<CompareRecord> ListerControl::CompareRecords() const {
+  return parts_->Body->CompareRecords();
+}
+void ListerControl::CompareAgainst(std::vector<CompareRecord>& records, std::int32_t& mode) {
+  parts_->Body->CompareAgainst(records, mode);
+}
+void ListerControl::CompareSelf(const std::vector<CompareRecord>& records) {
+  parts_->Body->CompareSelf(records);
+}
+
+bool ListerControl::SaveListing(const std::string&) {
+  return false;
 }
 
 void ListerControl::ShowStatus(const std::string& text) {
@@ -309,10 +347,11 @@ bool ListerControl::IsActive() const {
   return parts_->IsActive;
 }
 bool ListerControl::ShowIcons() const {
-  return IsFileList(id_) ? parts_->Settings.ShowFileIcons : parts_->Settings.ShowFolderIcons;
+  return IsFileList(id_) ? parts_->State.Settings.ShowFileIcons
+                         : parts_->State.Settings.ShowFolderIcons;
 }
 const ListerColours& ListerControl::Colours() const {
-  return parts_->Settings.Colours;
+  return parts_->State.Settings.Colours;
 }
 const std::string& ListerControl::StatusText() const {
   return parts_->State.Status;
@@ -321,51 +360,32 @@ std::vector<platform::Drive> ListerControl::DriveChoices() const {
   return parts_->State.Services.Drives.List();
 }
 
+std::vector<RowRange> ListerControl::SelectedRanges() const {
+  return parts_->Body->Input().SelectedRanges();
+}
+MouseAction ListerControl::CurrentMouseAction() const {
+  return parts_->Body->Input().Action();
+}
+bool ListerControl::DragGraphicsOn() const {
+  return parts_->DragGraphicsOn;
+}
+bool ListerControl::HoverGraphicsOn() const {
+  return parts_->HoverGraphicsOn;
+}
+const std::string& ListerControl::FilterText() const {
+  static const std::string none;
+  return parts_->Body->Filter() != nullptr ? parts_->Body->Filter()->Text() : none;
+}
+const std::string& ListerControl::FilterExtension() const {
+  static const std::string none;
+  return parts_->Body->Filter() != nullptr ? parts_->Body->Filter()->Extension() : none;
+}
+std::vector<ExtensionChoice> ListerControl::ExtensionChoices() const {
+  return parts_->Body->ExtensionChoices();
+}
+
 void ListerControl::CatchUp() {
   parts_->Body->CatchUp();
-}
-
-// --- What the user does.
-
-void ListerControl::Focused() {
-  parts_->State.Events.ListFocused(id_);
-}
-void ListerControl::MouseReleased() {
-  parts_->State.Events.MouseReleased(id_);
-}
-void ListerControl::MoveCurrent(RowId row) {
-  parts_->Body->MoveCurrent(row);
-}
-void ListerControl::Activate(RowId row) {
-  parts_->Body->Activate(row);
-}
-void ListerControl::Expand(RowId row) {
-  parts_->Body->Expand(row);
-}
-void ListerControl::Collapse(RowId row) {
-  parts_->Body->Collapse(row);
-}
-void ListerControl::KeyUpFolder() {
-  parts_->State.Events.UpFolderKey(id_, BackspaceKey, 0);
-}
-
-void ListerControl::ChooseDrive(const std::string& drive) {
-  if (!drive.empty()) parts_->Body->LoadDrive(drive, true);
-}
-
-void ListerControl::ClickHeading(int heading) {
-  if (heading < 0 || heading >= HeadingCount) return;
-  parts_->ActiveHeading = heading;
-  parts_->State.View().HeadingsChanged();
-}
-
-void ListerControl::DoubleClickHeading(int heading, bool shift) {
-  if (heading < 0 || heading >= HeadingCount) return;
-  ClickHeading(heading);
-  const SortKeys& keys = parts_->State.Keys;
-  const bool toggles =
-      keys.IsOnly(static_cast<HeadingId>(heading)) && !keys.Entries()[0].Descending;
-  SortCommand(shift ? "ascadd" : toggles ? "des" : "asc");
 }
 
 }  // namespace tarnwell::lister

@@ -18,13 +18,17 @@
 #include "base/Colour.h"
 #include "base/Value.h"
 #include "forms/Controls.h"
+#include "lister/Comparison.h"
 #include "lister/Headings.h"
+#include "lister/ItemColours.h"
 #include "lister/ListId.h"
 #include "lister/ListerEvents.h"
 #include "lister/ListerView.h"
 #include "platform/Clock.h"
+#include "platform/Collation.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderWatch.h"
+#include "platform/Launcher.h"
 #include "platform/MessagePump.h"
 
 namespace tarnwell::lister {
@@ -35,6 +39,8 @@ struct ListerServices {
   platform::FolderWatch& Watches;
   platform::MessagePump& Pump;
   platform::Clock& Clock;
+  platform::Collation& Order;
+  platform::Launcher& Launcher;
 };
 
 // The colours that a list paints itself with, each named as the property that sets it.
@@ -68,6 +74,41 @@ struct RowLook {
   bool IsOpen = false;       // the open folder of a folder list
   bool HasChildren = false;  // may be expanded, as far as is known
   bool IsExpanded = false;
+  bool IsSelected = false;
+  ItemColour Colour = ItemColour::Default;  // what is to be shown, by the display switch and limit
+  CompareMarks Marks = {};
+};
+
+// Which part of a row the mouse is on.
+enum class RowPart {
+  None,  // below the last row
+  Gap,   // the small space between icon and name, where the arrow of a selected item stands
+  Item,  // icon or name
+  Rest,  // the row's other cells and the space behind the name
+};
+
+// The mouse over a list.
+struct RowPointer {
+  RowId Row = NoRow;  // NoRow where Part is None
+  // Of the row in the height of the pointer, also where the pointer is beside the list: -1 above
+  // the first row, the number of rows below the last.
+  int Position = -1;
+  RowPart Part = RowPart::None;
+  MouseEvent Event;
+};
+
+// What goes on while a mouse button is down.
+enum class MouseAction {
+  None,
+  Sweep,  // selecting by the gap
+  Band,   // selecting by a frame that is drawn over the rows
+  Drag,   // what is selected is being dragged
+};
+
+// An entry of the drop-down list of extensions.
+struct ExtensionChoice {
+  std::string Extension;  // bytes, lower case; what SetExtensionFilter takes
+  int Count = 0;          // files that have it
 };
 
 class ListerControl : public forms::Control {
@@ -84,7 +125,10 @@ class ListerControl : public forms::Control {
   std::string ParentFolder;   // the folder that the folder list handed over
   bool ShowHidden = false;    // takes effect at the next RefreshList or load
   bool ShowSystem = false;
-  bool CancelRequested = false;  // stops the read that runs; the list itself sets it back
+  bool CancelRequested = false;      // stops the job that runs; the list itself sets it back
+  bool MouseLocked = false;          // nothing is started by the mouse
+  std::int32_t SelectionCursor = 0;  // where NextSelected goes on; 0 starts the walk
+  bool OperationResult = false;      // for file operations to leave a note in
   bool IsWin9x = false;
 
   // 1 when the list shows folders.
@@ -96,30 +140,35 @@ class ListerControl : public forms::Control {
   // Makes the folder the list's own without reading it.
   void SetCurrentFolder(const std::string& folder);
 
+  // Whether marks of a drag, and of the row under the pointer, are drawn; false wipes them.
+  void SetDragGraphicsOn(bool on);
+  void SetHoverGraphicsOn(bool on);
+
   // Called once, after all properties are set and before anything is loaded.
   void Initialize();
-  // A selection extends from the row that was last chosen by itself. The widget knows that row, and
-  // it stays while keys come and go, or else Shift with one arrow key after another would not work:
-  // the list has none of its own to forget.
+  // Forgets the item where a selection by Space and arrows began.
   void ResetStartItem();
   // The last call: drops watchers and view.
   void Terminate();
 
   void SetActive(bool active);
-  // `modifier` is "shift", "ctrl" or empty.
+  // `modifier` is "shift", "ctrl" or empty: the key that was pressed as the list was given the
+  // keyboard.
   void TakeFocus(std::string_view modifier = "");
   void RedrawList();
   // Reads the folder again and shows it; branches that are expanded stay so, the cursor stays on
   // the item of its name, or goes to the place where that was. In a file list selection and scroll
   // position stay too.
   void RefreshList();
+  // The same, after a file operation.
+  void RefreshAfterOperation();
   void SetLayout(std::int32_t layout);
+  // Colours and comments are shown, or neither.
+  void SetEnhancedMode(bool on);
 
   // Named settings: "FileCountMax", "ShowColor", "ShowFileIcons", "ShowFolderIcons",
-  // "ActiveHeading", "ActiveButton", "ActiveString", "BorderWidth" and the colours. Of these
-  // "FileCountMax", "ShowColor", "ActiveButton", "ActiveString" and "BorderWidth" have no effect
-  // yet. A name that the list does not know is ignored; a value of the wrong type throws
-  // base::ConversionError.
+  // "ActiveHeading", "ActiveButton", "ActiveString", "BorderWidth" and the colours. A name that the
+  // list does not know is ignored; a value of the wrong type throws base::ConversionError.
   void SetProperty(std::string_view name, const base::Value& value);
   // The three steps of a change of colours.
   void ReloadColors();
@@ -154,6 +203,12 @@ class ListerControl : public forms::Control {
 
   // Sorts by the active heading: "asc", "des" start anew, "ascadd", "desadd" add a level.
   void SortCommand(std::string_view word);
+  // Moves the active heading one place among those on show: "headleft", "headright". Past the end
+  // it stays where it is.
+  void MoveHeading(std::string_view word);
+  // Shows or hides the heading of that menu entry, "mnuHeadingSize" say, and raises
+  // HeadingsChanged.
+  void HeadingMenuClick(std::string_view menuName);
   std::int16_t SortKeyCount() const;
   bool GetSortKey(int level, std::string& key, std::string& direction) const;
   // Sets the entry of that level, 0 to SortKeyCount, and drops those behind it; a key that is no
@@ -173,6 +228,67 @@ class ListerControl : public forms::Control {
   void GetActiveItem(int number, std::string& folder, std::string& item) const;
   // The pair of a drive's root and a full path below it is the folder last open on that drive.
   void AddActiveItem(const std::string& folder, const std::string& item);
+
+  // --- Selection and targets. Paths are full ones; folders to work in end with a separator.
+
+  // A file list selects all, or nothing for "none"; the selection of a folder list is its open
+  // folder and stays.
+  void SelectAll(std::string_view word = "");
+  // Up (38) or Down (40). With `spaceHeld` the rows that are passed become what Space made of the
+  // first one; with Shift, as KeyDown or TakeFocus told it, the selection extends; with Ctrl the
+  // cursor alone moves; else the row reached is the one selected.
+  void ArrowKey(std::int16_t& keyCode, bool& spaceHeld);
+  // Selects the current item, or takes it out of the selection.
+  void SpaceKey();
+  void WheelScroll(bool up);
+  // Sees to it that what is to be acted on is selected: the clicked item if it is not among those
+  // selected, or the current item if nothing is.
+  void PrepareSelectionMouse();
+  void PrepareSelectionKeyboard();
+  // One item: its full path; a drive root: the drive's name and ":". More: their names. Empty when
+  // nothing is selected. Also makes ActiveItemName.
+  std::string FirstSelected();
+  // The full path of the next selected item from SelectionCursor on, "end" after the last.
+  std::string NextSelected();
+  // As of the last FirstSelected: full paths, each ended by a NUL, and one more NUL at the end.
+  // Empty when nothing was selected.
+  const std::string& ActiveItemName() const;
+  // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
+  // Otherwise, in a folder list: the folder clicked last.
+  std::string TargetFolder(bool byKey = false, bool forPaste = false) const;
+  std::string PasteFolder() const;
+  std::string DropFolder() const;  // under the last drop; empty if that was no folder
+  // The item clicked last, or the current one when the wish came by key. Kind 1: a drive root,
+  // whole in `folder`. 2: a folder, 4: a file, as parent and name. 8: empty space of a file list,
+  // as its folder and an empty name. 0, with both empty: nothing.
+  void GetClickedItem(std::string& folder, std::string& name, bool byKey, std::int32_t& kind) const;
+  // The full path of the first selected item up to the last dot of its name; empty if there is
+  // none.
+  std::string DuplicateBaseName() const;
+  // Brackets of an action on the selection, and of a drop: the rows meant are shown as such.
+  void BeginContextAction();
+  void EndAction();
+  void EndDrop();
+
+  // --- Tools.
+
+  // Keeps the colour of that word, "default" for none, with each selected item; what does not take
+  // it is told by StatusMessage. `count` gets the number of files in the list's folder.
+  void SetItemColor(const std::string& word, std::int32_t& count);
+  // Of all folders on show; of the folder under the mouse pointer. Messages are let through and
+  // CancelRequested is looked at. While a read runs the work waits for its end.
+  void CalculateFolderSizes();
+  void CalculateItemSize();
+  // What takes part in a comparison, read by the two below.
+  std::vector<CompareRecord> CompareRecords() const;
+  // Marks this list's items against the records of another, by the bits of `mode`: 1 size, 2 date.
+  // Leaves in each record what was found, for CompareSelf.
+  void CompareAgainst(std::vector<CompareRecord>& records, std::int32_t& mode);
+  // Marks this list's items by what CompareAgainst left in its own records.
+  void CompareSelf(const std::vector<CompareRecord>& records);
+  // Writes what the list shows to the file, see ListingFile.h. False if it cannot be written whole;
+  // the file is then as it was.
+  bool SaveListing(const std::string& path);
 
   void ShowStatus(const std::string& text);
 
@@ -207,20 +323,51 @@ class ListerControl : public forms::Control {
   // asked for it by CatchUpLater.
   void CatchUp();
 
-  // --- What the user does in the widget.
+  // The rows that are selected, as runs of positions from the top.
+  std::vector<RowRange> SelectedRanges() const;
+  MouseAction CurrentMouseAction() const;
+  bool DragGraphicsOn() const;
+  bool HoverGraphicsOn() const;
+  const std::string& FilterText() const;
+  const std::string& FilterExtension() const;  // empty for all
+  std::vector<ExtensionChoice> ExtensionChoices() const;
+
+  // --- What the user does in the widget. Key codes are those of ListKeyDown; `shift` is the mask
+  // of MouseEvent.
 
   void Focused();
-  void MouseReleased();
+  // True when the key meant something to the list. Raises ListKeyDown, or does what the key says.
+  bool KeyDown(int keyCode, int shift);
+  void KeyUp(int keyCode);
+  // Typed text moves the cursor to the next item whose name begins with it.
+  void TypeText(std::string_view text);
+  void MouseDown(const RowPointer& at);
+  void MouseMoved(const RowPointer& at);
+  void MouseUp(const RowPointer& at);
+  void WheelTurned(int delta);
   // The cursor moved to the row: a folder list opens it, a file list tells the item.
   void MoveCurrent(RowId row);
-  // Enter or a double click: a folder list opens and expands, a file list enters a folder.
+  // Enter or a double click: a folder list opens and expands, a file list enters a folder and opens
+  // a file in its application.
   void Activate(RowId row);
   void Expand(RowId row);
   void Collapse(RowId row);
-  void KeyUpFolder();
   void ChooseDrive(const std::string& drive);
   void ClickHeading(int heading);  // makes it the active one
   void DoubleClickHeading(int heading, bool shift);
+  // Shows or hides the heading, whether or not a menu has an entry for it.
+  void ToggleHeading(int heading);
+  // `*` stands for any run of characters, `?` for one, `#` for a digit; case does not count. Text
+  // without them filters by what names contain. Empty shows all.
+  void SetFilterText(const std::string& text);
+  void SetExtensionFilter(const std::string& extension);
+  void UpButton();
+  void NewFolderButton();
+  // What is dragged lies over the row, or over empty space; where it may be dropped.
+  void DragOver(RowId row);
+  void DragLeft();
+  void DropOn(RowId row, const Drop& drop);
+  void DragFinished(const MouseEvent& event);
 
  private:
   struct Parts;

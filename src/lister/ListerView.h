@@ -13,6 +13,12 @@ using RowId = std::int32_t;
 inline constexpr RowId RootRow = 0;
 inline constexpr RowId NoRow = -1;
 
+// Positions among the rows on show, First to Last; none if Last is the smaller one.
+struct RowRange {
+  int First = 0;
+  int Last = -1;
+};
+
 class ListerView {
  public:
   virtual ~ListerView() = default;
@@ -32,13 +38,22 @@ class ListerView {
   virtual void EndReorder() = 0;
   virtual void CellsChanged(RowId parent, int first, int last) = 0;
   virtual void ExpansionChanged(RowId row) = 0;
-  virtual void CurrentChanged() = 0;   // the row with the cursor is another one
-  virtual void HeadingsChanged() = 0;  // order, width, visibility or sort marks of headings
-  virtual void StyleChanged() = 0;     // colours, active or inactive
-  virtual void StatusChanged() = 0;    // the text of the status line
-  virtual void DrivesChanged() = 0;    // the drives, or which one is shown
+  virtual void CurrentChanged() = 0;    // the row with the cursor is another one
+  virtual void SelectionChanged() = 0;  // which rows are selected
+  virtual void HeadingsChanged() = 0;   // order, width, visibility or sort marks of headings
+  virtual void FilterChanged() = 0;     // the filter, or the extensions to choose from
+  virtual void StyleChanged() = 0;      // colours, active or inactive
+  virtual void StatusChanged() = 0;     // the text of the status line
+  virtual void DrivesChanged() = 0;     // the drives, or which one is shown
   virtual void Repaint() = 0;
   virtual void TakeFocus() = 0;
+  virtual void ScrollRows(int rows) = 0;     // down; up if it is below 0
+  virtual RowRange VisibleRows() const = 0;  // of a file list: rows on the screen
+  virtual int PageRows() const = 0;          // how many rows fit on the screen, at least 1
+  // The row under the mouse pointer; NoRow where there is none.
+  virtual RowId RowUnderPointer() const = 0;
+  // The user drags what is selected, until the button comes up.
+  virtual void BeginDrag() = 0;
   // ListerControl::CatchUp is to be called from the event loop once that time has passed.
   virtual void CatchUpLater(int milliseconds) = 0;
 };

@@ -36,7 +36,7 @@ char32_t TakeLowerCase(std::string_view name, std::size_t& position) {
 
 }  // namespace
 
-int CompareNames(std::string_view left, std::string_view right) {
+int NameOrder::Compare(std::string_view left, std::string_view right) const {
   std::size_t l = 0, r = 0;
   while (l < left.size() && r < right.size()) {
     if (IsDigit(left[l]) && IsDigit(right[r])) {
@@ -53,8 +53,8 @@ int CompareNames(std::string_view left, std::string_view right) {
   return (l < left.size()) - (r < right.size());
 }
 
-bool NameBefore(std::string_view left, std::string_view right) {
-  const int order = CompareNames(left, right);
+bool NameOrder::Before(std::string_view left, std::string_view right) const {
+  const int order = Compare(left, right);
   return order != 0 ? order < 0 : left < right;
 }
 

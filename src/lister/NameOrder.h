@@ -1,15 +1,27 @@
-// The order in which people expect names: without regard to case, runs of digits by their value.
+// The order in which people expect names: by the letters of the user's language, without regard to
+// case, runs of digits by their value.
 #pragma once
 
+#include <string>
 #include <string_view>
+
+#include "platform/Collation.h"
 
 namespace tarnwell::lister {
 
-// Below 0, 0 or above 0. Names that differ in case or in leading zeros alone compare as 0. Bytes
-// that are no UTF-8 compare by their value.
-int CompareNames(std::string_view left, std::string_view right);
+class NameOrder {
+ public:
+  // The collation outlives the order.
+  explicit NameOrder(const platform::Collation& collation) : collation_(collation) {}
 
-// A total order: names that compare as equal go by their bytes.
-bool NameBefore(std::string_view left, std::string_view right);
+  // Below 0, 0 or above 0. Names that differ in case, accents or leading zeros alone compare as 0.
+  // Bytes that are no UTF-8 come behind all letters, by their value.
+  int Compare(std::string_view left, std::string_view right) const;
+  // A total order: names that compare as equal go by their bytes.
+  bool Before(std::string_view left, std::string_view right) const;
+
+ private:
+  const platform::Collation& collation_;
+};
 
 }  // namespace tarnwell::lister

@@ -20,12 +20,19 @@ class NoView : public ListerView {
   void CellsChanged(RowId, int, int) override {}
   void ExpansionChanged(RowId) override {}
   void CurrentChanged() override {}
+  void SelectionChanged() override {}
+  void FilterChanged() override {}
   void HeadingsChanged() override {}
   void StyleChanged() override {}
   void StatusChanged() override {}
   void DrivesChanged() override {}
   void Repaint() override {}
   void TakeFocus() override {}
+  void ScrollRows(int) override {}
+  RowRange VisibleRows() const override { return {}; }
+  int PageRows() const override { return 1; }
+  RowId RowUnderPointer() const override { return NoRow; }
+  void BeginDrag() override {}
   void CatchUpLater(int) override {}
 };
 

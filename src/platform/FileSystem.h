@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/PathSyntax.h"
@@ -20,7 +22,7 @@ enum class ItemKind : std::uint8_t {
 
 // What reading a folder gives for each item, at the cost of the reading alone.
 struct FolderEntry {
-  std::string Name;  // bytes; never "." or ".."
+  std::string_view Name;  // bytes; never "." or ".."; valid during the call
   ItemKind Kind = ItemKind::File;
   bool IsLink = false;  // a symbolic link; Kind is then Unknown until it is followed
   bool IsHidden = false;
@@ -38,16 +40,58 @@ struct ItemAttributes {
   std::uint32_t Mode = 0;  // POSIX permission bits, or the platform's attribute bits
 };
 
+// Short texts that a file system can keep with an item.
+enum class ItemNote {
+  Colour,   // the word of the item's colour code
+  Comment,  // what the user wrote about the item
+};
+
+// Hands over one item; false ends the reading.
+using TakeEntry = std::function<bool(const FolderEntry&)>;
+
+// A folder that is held open: its items are reached from it by name, at less cost than by path, and
+// whatever happens to the path meanwhile.
+class OpenedFolder {
+ public:
+  virtual ~OpenedFolder() = default;
+  // Hands every item to `take`, in no order, until it returns false. The status tells why the
+  // folder could not be read to its end; what was read before stands. To be called once.
+  virtual base::Status Read(const TakeEntry& take) = 0;
+  // A link is followed.
+  virtual base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const = 0;
+  // An item without the note, and a file system that keeps none, give an empty text and no error.
+  virtual base::Status ReadNote(std::string_view name, ItemNote note, std::string& text) const = 0;
+};
+
+// What a folder holds, with all that lies below it.
+struct FolderTotal {
+  std::uint64_t Bytes = 0;  // lengths of the files, one with several names counted once
+  std::uint64_t Files = 0;  // all that is no folder
+  std::uint64_t Folders = 0;
+  std::uint64_t Unreadable = 0;  // folders and items that could not be looked at
+  base::Status Trouble;          // the reason of the first of them
+};
+
+struct Space {
+  std::uint64_t Free = 0;  // bytes that this user may still write
+  std::uint64_t Total = 0;
+};
+
 class FileSystem {
  public:
   virtual ~FileSystem() = default;
 
   virtual const base::PathSyntax& Syntax() const = 0;
 
-  // Hands every item of the folder to `take`, in no order, until it returns false. The status tells
-  // why a folder could not be opened or read to its end; what was read before stands.
-  using TakeEntry = std::function<bool(const FolderEntry&)>;
-  virtual base::Status ReadFolder(const std::string& folder, const TakeEntry& take) const = 0;
+  // Null with the reason in `status` where the folder cannot be opened.
+  virtual std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
+                                                   base::Status& status) const = 0;
+  // Opens the folder and reads it, as OpenedFolder::Read does.
+  base::Status ReadFolder(const std::string& folder, const TakeEntry& take) const {
+    base::Status status;
+    const std::unique_ptr<OpenedFolder> opened = OpenFolder(folder, status);
+    return opened ? opened->Read(take) : status;
+  }
 
   // Attributes of the item named `name` in `folder`; a link is followed. An empty name means the
   // folder itself.
@@ -58,6 +102,23 @@ class FileSystem {
   virtual bool FolderExists(const std::string& path) const = 0;
   // True when anything at all has that path.
   virtual bool Exists(const std::string& path) const = 0;
+
+  // Walks all that lies below the folder: links are not followed, other volumes mounted below it
+  // not entered. `goOn` is asked many times a second, with what has been counted so far, and ends
+  // the walk by false; what was counted stands then. The status tells why the folder itself could
+  // not be read; trouble further down is counted in the total.
+  using GoOn = std::function<bool(const FolderTotal& soFar)>;
+  virtual base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
+                                     FolderTotal& total) const = 0;
+  // Of the volume that holds the folder.
+  virtual base::Status ReadSpace(const std::string& folder, Space& space) const = 0;
+
+  // Keeps the text with the item; an empty one takes the note away. Gives an error where the file
+  // system keeps none.
+  virtual base::Status WriteNote(const std::string& path, ItemNote note,
+                                 const std::string& text) = 0;
+  // Makes one folder; one that is there already gives an error.
+  virtual base::Status MakeFolder(const std::string& path) = 0;
 
   // The whole content of a file.
   virtual base::Status ReadFile(const std::string& path, std::string& content) const = 0;

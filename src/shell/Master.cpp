@@ -70,7 +70,8 @@ Master::Master(const Services& services, Splash& splash)
                return std::make_unique<lister::ListerControl>(
                    list,
                    lister::ListerServices{services_.Files, services_.Drives, services_.Watches,
-                                          services_.Pump, services_.Clock},
+                                          services_.Pump, services_.Clock, services_.Order,
+                                          services_.Launcher},
                    events_);
              }),
       messages_(services_.Host, space_.Form),

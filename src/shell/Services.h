@@ -3,9 +3,11 @@
 
 #include "forms/FormHost.h"
 #include "platform/Clock.h"
+#include "platform/Collation.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderWatch.h"
+#include "platform/Launcher.h"
 #include "platform/MessagePump.h"
 #include "platform/SystemInfo.h"
 
@@ -20,6 +22,8 @@ struct Services {
   platform::Clock& Clock;
   platform::Dialogs& Dialogs;
   platform::SystemInfo& System;
+  platform::Collation& Order;
+  platform::Launcher& Launcher;
 };
 
 }  // namespace tarnwell::shell

@@ -95,9 +95,9 @@ void ListerWidget::ConnectTree() {
     });
   });
   connect(tree_, &ListerTree::UpFolderAsked, this,
-          [this] { Queue([this] { control_.KeyUpFolder(); }); });
+          [this] { Queue([this] { control_.KeyDown(8, 0); }); });
   connect(tree_, &ListerTree::MouseReleased, this,
-          [this] { Queue([this] { control_.MouseReleased(); }); });
+          [this] { Queue([this] { control_.MouseUp({}); }); });
   connect(tree_, &ListerTree::FocusTaken, this, &ListerWidget::TellFocus);
 }
 
@@ -319,6 +319,20 @@ void ListerWidget::Repaint() {
 void ListerWidget::TakeFocus() {
   tree_->setFocus();
 }
+
+void ListerWidget::SelectionChanged() {}
+void ListerWidget::FilterChanged() {}
+void ListerWidget::ScrollRows(int) {}
+lister::RowRange ListerWidget::VisibleRows() const {
+  return {};
+}
+int ListerWidget::PageRows() const {
+  return 1;
+}
+lister::RowId ListerWidget::RowUnderPointer() const {
+  return lister::NoRow;
+}
+void ListerWidget::BeginDrag() {}
 
 void ListerWidget::CatchUpLater(int milliseconds) {
   catchUpTimer_.start(milliseconds);

@@ -54,12 +54,19 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void CellsChanged(lister::RowId parent, int first, int last) override;
   void ExpansionChanged(lister::RowId row) override;
   void CurrentChanged() override;
+  void SelectionChanged() override;
+  void FilterChanged() override;
   void HeadingsChanged() override;
   void StyleChanged() override;
   void StatusChanged() override;
   void DrivesChanged() override;
   void Repaint() override;
   void TakeFocus() override;
+  void ScrollRows(int rows) override;
+  lister::RowRange VisibleRows() const override;
+  int PageRows() const override;
+  lister::RowId RowUnderPointer() const override;
+  void BeginDrag() override;
   void CatchUpLater(int milliseconds) override;
 
   void BuildDriveList();

@@ -63,15 +63,15 @@ class FakeFolderWatch : public platform::FolderWatch {
     return folders;
   }
   // Tells everyone who watches the folder that it changed.
-  void Notify(const std::string& folder) {
+  void Notify(const std::string& folder,
+              const platform::FolderChanges& changes = {{}, true, false}) {
     const std::vector<Entry> entries = *entries_;  // a listener may start and stop watches
     for (const Entry& entry : entries) {
-      if (entry.Folder == folder) entry.Changed();
+      if (entry.Folder == folder) entry.Changed(changes);
     }
   }
 
-  std::unique_ptr<platform::Watch> Start(const std::string& folder,
-                                         std::function<void()> changed) override {
+  std::unique_ptr<platform::Watch> Start(const std::string& folder, Changed changed) override {
     if (Refuses) return nullptr;
     entries_->push_back({folder, std::move(changed), ++last_});
     return std::make_unique<Handle>(entries_, last_);
@@ -80,7 +80,7 @@ class FakeFolderWatch : public platform::FolderWatch {
  private:
   struct Entry {
     std::string Folder;
-    std::function<void()> Changed;
+    platform::FolderWatch::Changed Changed;
     int Number;
   };
   struct Handle : platform::Watch {
@@ -145,6 +145,24 @@ class FakeClock : public platform::Clock {
   }
 };
 
+// Letters by their code points.
+class FakeCollation : public platform::Collation {
+ public:
+  void AppendWeights(std::string_view text, std::string& key) const override { key += text; }
+};
+
+// Remembers what was to be opened.
+class FakeLauncher : public platform::Launcher {
+ public:
+  std::vector<platform::LaunchRequest> Requests;
+  base::Status Fault;
+
+  base::Status Execute(const platform::LaunchRequest& request) override {
+    Requests.push_back(request);
+    return Fault;
+  }
+};
+
 class FakeSystemInfo : public platform::SystemInfo {
  public:
   bool Windows95 = false, Windows98 = false, WindowsMe = false;
@@ -166,9 +184,13 @@ struct FakePlatform {
   FakeFolderWatch Watches;
   FakePump Pump;
   FakeClock Clock;
+  FakeCollation Order;
+  FakeLauncher Launcher;
   FakeSystemInfo System;
 
-  lister::ListerServices Services() { return {Files, Drives, Watches, Pump, Clock}; }
+  lister::ListerServices Services() {
+    return {Files, Drives, Watches, Pump, Clock, Order, Launcher};
+  }
 };
 
 }  // namespace tarnwell::fakes

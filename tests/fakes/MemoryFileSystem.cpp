@@ -101,28 +101,109 @@ void MemoryFileSystem::Remove(const std::string& path) {
   }
 }
 
-base::Status MemoryFileSystem::ReadFolder(const std::string& folder, const TakeEntry& take) const {
-  MemoryItem* item = Find(folder, true);
-  if (item == nullptr) return NotFound();
-  if (item->Kind != ItemKind::Folder) return {20, "Not a directory"};
-  ++item->Reads;
-  if (item->ReadFault.Code != 0) return item->ReadFault;
+class MemoryFileSystem::Folder : public platform::OpenedFolder {
+ public:
+  Folder(const MemoryFileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
-  // A copy, since `take` may let a test change the folder; and not in the order of names, since no
-  // real folder is.
-  std::vector<platform::FolderEntry> entries;
-  for (const auto& [key, child] : item->Children) {
-    entries.push_back({child->Name, child->Kind, child->IsLink, child->IsHidden, child->IsSystem});
-  }
-  std::reverse(entries.begin(), entries.end());
-  int left = item->VanishAfter;
-  for (const platform::FolderEntry& entry : entries) {
-    if (left-- == 0) {
-      const_cast<MemoryFileSystem*>(this)->Remove(folder);
-      return NotFound();
+  base::Status Read(const platform::TakeEntry& take) override {
+    const MemoryItem* item = files_.Find(path_, true);
+    if (item == nullptr) return NotFound();
+    // A copy, since `take` may let a test change the folder; and not in the order of names, since
+    // no real folder is.
+    std::vector<std::string> names;
+    std::vector<platform::FolderEntry> entries;
+    for (const auto& [key, child] : item->Children) names.push_back(child->Name);
+    auto name = names.begin();
+    for (const auto& [key, child] : item->Children) {
+      entries.push_back({*name++, child->Kind, child->IsLink, child->IsHidden, child->IsSystem});
     }
-    if (!take(entry)) break;
+    std::reverse(entries.begin(), entries.end());
+    int left = item->VanishAfter;
+    for (const platform::FolderEntry& entry : entries) {
+      if (left-- == 0) {
+        const_cast<MemoryFileSystem&>(files_).Remove(path_);
+        return NotFound();
+      }
+      if (!take(entry)) break;
+    }
+    return {};
   }
+  base::Status ReadAttributes(std::string_view name,
+                              platform::ItemAttributes& attributes) const override {
+    return files_.ReadAttributes(path_, std::string(name), attributes);
+  }
+  base::Status ReadNote(std::string_view name, platform::ItemNote note,
+                        std::string& text) const override {
+    text.clear();
+    const MemoryItem* item = files_.Find(files_.syntax_.Join(path_, name), true);
+    if (item == nullptr) return NotFound();
+    const auto found = item->Notes.find(note);
+    if (found != item->Notes.end()) text = found->second;
+    return {};
+  }
+
+ private:
+  const MemoryFileSystem& files_;
+  std::string path_;
+};
+
+std::unique_ptr<platform::OpenedFolder> MemoryFileSystem::OpenFolder(const std::string& folder,
+                                                                     base::Status& status) const {
+  MemoryItem* item = Find(folder, true);
+  status = {};
+  if (item == nullptr) {
+    status = NotFound();
+  } else if (item->Kind != ItemKind::Folder) {
+    status = {20, "Not a directory"};
+  } else {
+    ++item->Reads;
+    status = item->ReadFault;
+  }
+  return status ? std::make_unique<Folder>(*this, folder) : nullptr;
+}
+
+base::Status MemoryFileSystem::MeasureFolder(const std::string& folder, const GoOn& goOn,
+                                             platform::FolderTotal& total) const {
+  const MemoryItem* item = Find(folder, true);
+  if (item == nullptr) return NotFound();
+  if (item->ReadFault.Code != 0) return item->ReadFault;
+  for (const auto& [key, child] : item->Children) {
+    if (!goOn(total)) return {};
+    if (child->Kind == ItemKind::Folder && !child->IsLink) {
+      ++total.Folders;
+      const base::Status status = MeasureFolder(syntax_.Join(folder, child->Name), goOn, total);
+      if (!status && total.Unreadable++ == 0) total.Trouble = status;
+    } else {
+      ++total.Files;
+      total.Bytes += child->Content.size();
+    }
+  }
+  return {};
+}
+
+base::Status MemoryFileSystem::ReadSpace(const std::string&, platform::Space& space) const {
+  space = Space;
+  return {};
+}
+
+base::Status MemoryFileSystem::WriteNote(const std::string& path, platform::ItemNote note,
+                                         const std::string& text) {
+  MemoryItem* item = Find(path, true);
+  if (item == nullptr) return NotFound();
+  if (NoteFault.Code != 0) return NoteFault;
+  if (text.empty()) {
+    item->Notes.erase(note);
+  } else {
+    item->Notes[note] = text;
+  }
+  return {};
+}
+
+base::Status MemoryFileSystem::MakeFolder(const std::string& path) {
+  if (WriteFault.Code != 0) return WriteFault;
+  if (Exists(path)) return {17, "File exists"};
+  if (!FolderExists(syntax_.ParentOf(path))) return NotFound();
+  AddFolder(path);
   return {};
 }
 

@@ -27,6 +27,7 @@ struct MemoryItem {
   std::int64_t Created = 0;
   std::int64_t Accessed = 0;
   std::uint32_t Mode = 0644;
+  std::map<platform::ItemNote, std::string> Notes;
   base::Status ReadFault;        // ReadFolder and ReadFile fail with it
   base::Status AttributesFault;  // ReadAttributes fails with it
   int VanishAfter = -1;          // the folder goes once that many items of it have been read
@@ -52,18 +53,28 @@ class MemoryFileSystem : public platform::FileSystem {
   void Remove(const std::string& path);
 
   base::Status WriteFault;  // WriteFile and RemoveFile fail with it
+  base::Status NoteFault;   // WriteNote fails with it
+  platform::Space Space;
 
   const base::PathSyntax& Syntax() const override { return syntax_; }
-  base::Status ReadFolder(const std::string& folder, const TakeEntry& take) const override;
+  std::unique_ptr<platform::OpenedFolder> OpenFolder(const std::string& folder,
+                                                     base::Status& status) const override;
   base::Status ReadAttributes(const std::string& folder, const std::string& name,
                               platform::ItemAttributes& attributes) const override;
   bool FolderExists(const std::string& path) const override;
   bool Exists(const std::string& path) const override;
+  base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
+                             platform::FolderTotal& total) const override;
+  base::Status ReadSpace(const std::string& folder, platform::Space& space) const override;
+  base::Status WriteNote(const std::string& path, platform::ItemNote note,
+                         const std::string& text) override;
+  base::Status MakeFolder(const std::string& path) override;
   base::Status ReadFile(const std::string& path, std::string& content) const override;
   base::Status WriteFile(const std::string& path, const std::string& content) override;
   base::Status RemoveFile(const std::string& path) override;
 
  private:
+  class Folder;
   std::string Folded(std::string_view name) const;
   // Root of the path, then the names below it.
   std::vector<std::string> Split(const std::string& path) const;

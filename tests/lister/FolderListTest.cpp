@@ -272,7 +272,9 @@ TEST_F(FolderList, RefreshFitsAnyChange) {
       const std::string name = "n" + std::to_string(number);
       if (Platform.Files.Exists("D:\\" + name)) expected.push_back(name);
     }
-    std::sort(expected.begin(), expected.end(), NameBefore);
+    const NameOrder order(Platform.Order);
+    std::sort(expected.begin(), expected.end(),
+              [&](const auto& left, const auto& right) { return order.Before(left, right); });
     std::string key, direction;
     List.GetSortKey(0, key, direction);
     if (direction == "des") std::reverse(expected.begin(), expected.end());

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "fakes/FakePlatform.h"
 #include "lister/NameOrder.h"
 
 namespace tarnwell::lister {
@@ -36,7 +37,10 @@ TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
   };
   auto sorted = names;
   std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
-  std::sort(sorted.begin(), sorted.end(), NameBefore);
+  const fakes::FakeCollation collation;
+  const NameOrder order(collation);
+  std::sort(sorted.begin(), sorted.end(),
+            [&](const auto& left, const auto& right) { return order.Before(left, right); });
   EXPECT_EQ(sorted, names);
 }
 

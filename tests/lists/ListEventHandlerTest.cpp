@@ -1,4 +1,5 @@
 #include "TestLists.h"
+#include "lister/ListInput.h"
 #include "lists/ListEventHandler.h"
 
 namespace tarnwell::lists {
@@ -26,7 +27,7 @@ TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Lists[101].Focused();  // nothing new, and so nothing is drawn
   EXPECT_EQ(Space.Form.cboCommand.Text, "dir");
   Host.SetScreenPointer(forms::MousePointer::WestEast);
-  Space.Lists[1].MouseReleased();
+  Space.Lists[1].MouseUp({});
   EXPECT_EQ(Lists(), (Ids{101, 1, 101}));
   EXPECT_EQ(Host.ScreenPointer(), forms::MousePointer::Default);
   Handler.TitleColorAsked(100);
@@ -52,7 +53,7 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   EXPECT_EQ(Pane(0).CurrentPath, "C:\\Data\\Sub\\Deep");
   EXPECT_NE(Row(100, "Deeper"), lister::NoRow);
   EXPECT_EQ(Space.Lists.Folders(1).CurrentFolder(), "C:\\Data\\Sub");
-  Space.Lists[100].KeyUpFolder();
+  Space.Lists[100].KeyDown(lister::BackspaceKey, 0);
   for (const char* above : {"C:\\Data", "C:\\", "C:\\"}) {  // and no farther
     Handler.UpFolderButton(0);
     EXPECT_EQ(Space.Lists.Folders(0).CurrentFolder(), above);

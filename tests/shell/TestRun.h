@@ -26,9 +26,10 @@ struct TestMachine {
     void Check(const std::string& path) const {
       if (!Fatal.empty() && path == Fatal) throw std::runtime_error("disk");
     }
-    base::Status ReadFolder(const std::string& folder, const TakeEntry& take) const override {
+    std::unique_ptr<platform::OpenedFolder> OpenFolder(const std::string& folder,
+                                                       base::Status& status) const override {
       Check(folder);
-      return MemoryFileSystem::ReadFolder(folder, take);
+      return MemoryFileSystem::OpenFolder(folder, status);
     }
     base::Status WriteFile(const std::string& path, const std::string& content) override {
       Check(path);
@@ -49,13 +50,15 @@ struct TestMachine {
   fakes::FakeFolderWatch Watches;
   fakes::FakePump Pump;
   fakes::FakeClock Clock;
+  fakes::FakeCollation Order;
+  fakes::FakeLauncher Launcher;
 };
 
 class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
       : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
-             Dialogs, machine.System},
+             Dialogs, machine.System, machine.Order, machine.Launcher},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);

@@ -82,24 +82,64 @@ const base::PathSyntax& LinuxFileSystem::Syntax() const {
   return base::PathSyntax::Posix();
 }
 
-base::Status LinuxFileSystem::ReadFolder(const std::string& folder, const TakeEntry& take) const {
-  Descriptor descriptor = OpenPath(folder, O_RDONLY | O_DIRECTORY);
-  if (!descriptor) return SystemError(errno);
-  const std::unique_ptr<DIR, CloseFolder> stream(fdopendir(descriptor.Get()));
-  if (!stream) return SystemError(errno);
-  descriptor.Release();
+namespace {
 
-  FolderEntry entry;
-  for (;;) {
-    errno = 0;
-    const dirent* const item = readdir(stream.get());
-    if (item == nullptr) return SystemError(errno);
-    entry.Name = item->d_name;
-    if (entry.Name == "." || entry.Name == "..") continue;
-    entry.IsHidden = entry.Name.front() == '.';
-    SetKind(entry, item->d_type);
-    if (!take(entry)) return {};
+class LinuxFolder : public OpenedFolder {
+ public:
+  LinuxFolder(DIR* stream, std::string path) : stream_(stream), path_(std::move(path)) {}
+
+  base::Status Read(const TakeEntry& take) override {
+    FolderEntry entry;
+    for (;;) {
+      errno = 0;
+      const dirent* const item = readdir(stream_.get());
+      if (item == nullptr) return SystemError(errno);
+      entry.Name = item->d_name;
+      if (entry.Name == "." || entry.Name == "..") continue;
+      entry.IsHidden = entry.Name.front() == '.';
+      SetKind(entry, item->d_type);
+      if (!take(entry)) return {};
+    }
   }
+  base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const override {
+    return LinuxFileSystem().ReadAttributes(path_, std::string(name), attributes);
+  }
+  base::Status ReadNote(std::string_view, ItemNote, std::string& text) const override {
+    text.clear();
+    return {};
+  }
+
+ private:
+  std::unique_ptr<DIR, CloseFolder> stream_;
+  std::string path_;
+};
+
+}  // namespace
+
+std::unique_ptr<OpenedFolder> LinuxFileSystem::OpenFolder(const std::string& folder,
+                                                          base::Status& status) const {
+  Descriptor descriptor = OpenPath(folder, O_RDONLY | O_DIRECTORY);
+  DIR* const stream = descriptor ? fdopendir(descriptor.Get()) : nullptr;
+  if (stream == nullptr) {
+    status = SystemError(errno);
+    return nullptr;
+  }
+  descriptor.Release();
+  status = {};
+  return std::make_unique<LinuxFolder>(stream, folder);
+}
+
+base::Status LinuxFileSystem::MeasureFolder(const std::string&, const GoOn&, FolderTotal&) const {
+  return SystemError(ENOSYS);
+}
+base::Status LinuxFileSystem::ReadSpace(const std::string&, Space&) const {
+  return SystemError(ENOSYS);
+}
+base::Status LinuxFileSystem::WriteNote(const std::string&, ItemNote, const std::string&) {
+  return SystemError(ENOSYS);
+}
+base::Status LinuxFileSystem::MakeFolder(const std::string&) {
+  return SystemError(ENOSYS);
 }
 
 base::Status LinuxFileSystem::ReadAttributes(const std::string& folder, const std::string& name,

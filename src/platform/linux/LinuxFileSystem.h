@@ -1,6 +1,7 @@
 // Folders and files by POSIX calls.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "platform/FileSystem.h"
@@ -12,11 +13,17 @@ namespace tarnwell::platform {
 class LinuxFileSystem : public FileSystem {
  public:
   const base::PathSyntax& Syntax() const override;
-  base::Status ReadFolder(const std::string& folder, const TakeEntry& take) const override;
+  std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
+                                           base::Status& status) const override;
   base::Status ReadAttributes(const std::string& folder, const std::string& name,
                               ItemAttributes& attributes) const override;
   bool FolderExists(const std::string& path) const override;
   bool Exists(const std::string& path) const override;
+  base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
+                             FolderTotal& total) const override;
+  base::Status ReadSpace(const std::string& folder, Space& space) const override;
+  base::Status WriteNote(const std::string& path, ItemNote note, const std::string& text) override;
+  base::Status MakeFolder(const std::string& path) override;
   base::Status ReadFile(const std::string& path, std::string& content) const override;
   base::Status WriteFile(const std::string& path, const std::string& content) override;
   base::Status RemoveFile(const std::string& path) override;

@@ -24,7 +24,7 @@ bool IsRemote(GFile* folder) {
 class GioWatch : public Watch {
  public:
   // Takes over the caller's reference to the monitor.
-  GioWatch(GFileMonitor* monitor, std::function<void()> changed)
+  GioWatch(GFileMonitor* monitor, FolderWatch::Changed changed)
       : changed_(std::move(changed)), monitor_(monitor) {
     signal_ = g_signal_connect(monitor_, "changed", G_CALLBACK(&GioWatch::Note), this);
   }
@@ -47,12 +47,12 @@ class GioWatch : public Watch {
     auto* const self = static_cast<GioWatch*>(data);
     self->timer_ = 0;
     // A copy, since the call may end this object.
-    const std::function<void()> changed = self->changed_;
-    GuardedCall(changed);
+    const FolderWatch::Changed changed = self->changed_;
+    GuardedCall([&] { changed({.Names = {}, .Everything = true}); });
     return G_SOURCE_REMOVE;
   }
 
-  std::function<void()> changed_;
+  FolderWatch::Changed changed_;
   GFileMonitor* monitor_;
   gulong signal_;
   guint timer_ = 0;
@@ -61,7 +61,7 @@ class GioWatch : public Watch {
 }  // namespace
 
 std::unique_ptr<Watch> LinuxFolderWatch::Start(const std::string& folder,
-                                               std::function<void()> changed) {
+                                               FolderWatch::Changed changed) {
   // GIO would take a missing folder and wait for it to come.
   if (!LinuxFileSystem().FolderExists(folder)) return nullptr;
   GFile* const file = g_file_new_for_path(folder.c_str());

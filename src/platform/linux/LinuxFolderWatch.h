@@ -14,7 +14,7 @@ namespace tarnwell::platform {
 // changes made there go unnoticed here.
 class LinuxFolderWatch : public FolderWatch {
  public:
-  std::unique_ptr<Watch> Start(const std::string& folder, std::function<void()> changed) override;
+  std::unique_ptr<Watch> Start(const std::string& folder, Changed changed) override;
 };
 
 }  // namespace tarnwell::platform

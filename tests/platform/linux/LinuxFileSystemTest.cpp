@@ -15,7 +15,7 @@ namespace {
 std::map<std::string, FolderEntry> Read(const std::string& folder) {
   std::map<std::string, FolderEntry> entries;
   const base::Status status = LinuxFileSystem().ReadFolder(folder, [&](const FolderEntry& entry) {
-    entries[entry.Name] = entry;
+    entries[std::string(entry.Name)] = entry;
     return true;
   });
   EXPECT_TRUE(status) << status.Reason;

@@ -31,7 +31,7 @@ TEST(LinuxFolderWatch, TellsOfEachKindOfChange) {
   const std::string watched = folder / "watched", file = watched + "/file", moved = file + "2";
   mkdir(watched.c_str(), 0755);
   int calls = 0;
-  const auto watch = LinuxFolderWatch().Start(watched, [&] { ++calls; });
+  const auto watch = LinuxFolderWatch().Start(watched, [&](const FolderChanges&) { ++calls; });
   ASSERT_NE(watch, nullptr);
   const std::function<void()> changes[] = {
       [&] { Put(file, ""); },
@@ -52,7 +52,8 @@ TEST(LinuxFolderWatch, MakesOneCallOfABurstAndNoneOfWhatLiesBelow) {
   const TempFolder folder;
   mkdir((folder / "sub").c_str(), 0755);
   int calls = 0;
-  const auto watch = LinuxFolderWatch().Start(folder.Path(), [&] { ++calls; });
+  const auto watch =
+      LinuxFolderWatch().Start(folder.Path(), [&](const FolderChanges&) { ++calls; });
   const auto burst = [&](const std::string& where) {
     for (int number = 0; number < 300; ++number) Put(where + "/" + std::to_string(number), "");
   };
@@ -68,19 +69,19 @@ TEST(LinuxFolderWatch, MayEndWithinItsOwnCallOrWithOneUnderWay) {
   const TempFolder folder;
   int calls = 0;
   std::unique_ptr<Watch> watch;
-  watch = LinuxFolderWatch().Start(folder.Path(), [&watch, &calls] {
+  watch = LinuxFolderWatch().Start(folder.Path(), [&watch, &calls](const FolderChanges&) {
     watch.reset();
     ++calls;  // reads what the call holds, after its watch is gone
   });
   Put(folder / "file", "");
   EXPECT_TRUE(RunUntil([&] { return calls == 1; }));
-  watch = LinuxFolderWatch().Start(folder.Path(), [&] { ++calls; });
+  watch = LinuxFolderWatch().Start(folder.Path(), [&](const FolderChanges&) { ++calls; });
   Put(folder / "other", "");
   RunUntil([] { return false; }, 50ms);
   watch.reset();
   EXPECT_FALSE(RunUntil([&] { return calls > 1; }, 500ms));
-  EXPECT_EQ(LinuxFolderWatch().Start(folder / "missing", [] {}), nullptr);
-  EXPECT_EQ(LinuxFolderWatch().Start(folder / "file", [] {}), nullptr);
+  EXPECT_EQ(LinuxFolderWatch().Start(folder / "missing", [](const FolderChanges&) {}), nullptr);
+  EXPECT_EQ(LinuxFolderWatch().Start(folder / "file", [](const FolderChanges&) {}), nullptr);
 }
 
 }  // namespace

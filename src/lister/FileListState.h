@@ -1,0 +1,26 @@
+// What the parts of a file list work on together.
+#pragma once
+
+#include <string>
+
+#include "lister/FileRows.h"
+#include "lister/ListBody.h"
+#include "lister/NameFilter.h"
+
+namespace tarnwell::lister {
+
+struct FileListState {
+  explicit FileListState(ListState& list) : List(list) {}
+
+  ListState& List;
+  FileRows Rows;  // of the folder on show, which may lag behind List.Folder
+  RowId Current = NoRow;
+  NameFilter Filter;
+  int Orders = 0;       // changes when rows change places
+  std::string Trouble;  // what of the folder could not be read, for the status line
+
+  // The view's calls on the rows of the root.
+  ListerView& View() { return List.View(); }
+};
+
+}  // namespace tarnwell::lister

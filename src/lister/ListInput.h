@@ -1,0 +1,64 @@
+// What the user does with the rows of a list, by mouse and keys, and what is selected by it: the
+// face that both kinds of list show the control. Moves the cursor and selects; reads nothing and
+// changes no file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "lister/ListerControl.h"
+
+namespace tarnwell::lister {
+
+// Key codes of ListKeyDown; letters and digits have those of their capitals.
+enum KeyCode : int {
+  BackspaceKey = 8,
+  EnterKey = 13,
+  EscapeKey = 27,
+  SpaceKeyCode = 32,
+  PageUpKey = 33,
+  PageDownKey = 34,
+  EndKey = 35,
+  HomeKey = 36,
+  LeftKey = 37,
+  UpKey = 38,
+  RightKey = 39,
+  DownKey = 40,
+  F3Key = 114,
+};
+
+// Bits of MouseEvent::Shift.
+enum ShiftMask : int { ShiftDown = 1, CtrlDown = 2, AltDown = 4 };
+
+class ListInput {
+ public:
+  virtual ~ListInput() = default;
+
+  virtual bool IsSelected(RowId row) const = 0;
+  virtual std::vector<RowRange> SelectedRanges() const = 0;
+  // The first selected row at or behind the position, which moves behind it; NoRow at the end.
+  virtual RowId NextSelected(std::int32_t& position) const = 0;
+  virtual MouseAction Action() const { return MouseAction::None; }
+
+  virtual void SelectAll(bool /*none*/) {}
+  // `shift`: the modifiers as far as the list knows them.
+  virtual void Arrow(int keyCode, bool spaceHeld, int shift) = 0;
+  virtual void Space() {}
+  virtual void ResetStart() {}
+  // The keys that the list acts on by itself; false for the others.
+  virtual bool KeyDown(int keyCode, int shift) = 0;
+  virtual void TypeText(std::string_view text) = 0;
+
+  virtual void MouseDown(const RowPointer& at) = 0;
+  virtual void MouseMoved(const RowPointer& at) = 0;
+  virtual void MouseUp(const RowPointer& at) = 0;
+
+  virtual void PrepareMouse() {}
+  virtual void PrepareKeyboard() {}
+  // The row clicked last; NoRow for empty space or if it is gone.
+  virtual RowId Clicked() const = 0;
+};
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,99 @@
+// The part of ListerControl that the widget tells of mouse, keys and buttons.
+#include "lister/ListerParts.h"
+
+namespace tarnwell::lister {
+
+void ListerControl::Focused() {
+  parts_->State.Events.ListFocused(id_);
+}
+bool ListerControl::KeyDown(int keyCode, int shift) {
+  parts_->Shift = shift;
+  if (parts_->Body->Input().KeyDown(keyCode, shift)) return true;
+  if (keyCode != BackspaceKey) return false;
+  parts_->State.Events.UpFolderKey(id_, keyCode, shift);
+  return true;
+}
+
+void ListerControl::KeyUp(int keyCode) {
+  if (keyCode == SpaceKeyCode) parts_->State.Events.SpaceReleased(id_);
+}
+
+void ListerControl::TypeText(std::string_view text) {
+  parts_->Body->Input().TypeText(text);
+}
+
+void ListerControl::MouseDown(const RowPointer& at) {
+  parts_->Body->Input().MouseDown(at);
+}
+void ListerControl::MouseMoved(const RowPointer& at) {
+  parts_->Body->Input().MouseMoved(at);
+}
+void ListerControl::MouseUp(const RowPointer& at) {
+  parts_->Body->Input().MouseUp(at);
+  parts_->State.Events.MouseReleased(id_);
+}
+
+void ListerControl::WheelTurned(int delta) {
+  parts_->State.Events.WheelTurned(id_, delta);
+}
+
+void ListerControl::MoveCurrent(RowId row) {
+  parts_->Body->MoveCurrent(row);
+}
+void ListerControl::Activate(RowId row) {
+  parts_->Body->Activate(row);
+}
+void ListerControl::Expand(RowId row) {
+  parts_->Body->Expand(row);
+}
+void ListerControl::Collapse(RowId row) {
+  parts_->Body->Collapse(row);
+}
+void ListerControl::ChooseDrive(const std::string& drive) {
+  if (!drive.empty()) parts_->Body->LoadDrive(drive, true);
+}
+
+void ListerControl::ClickHeading(int heading) {
+  if (heading < 0 || heading >= HeadingCount) return;
+  parts_->ActiveHeading = heading;
+  parts_->State.View().HeadingsChanged();
+}
+
+void ListerControl::DoubleClickHeading(int heading, bool shift) {
+  if (heading < 0 || heading >= HeadingCount) return;
+  ClickHeading(heading);
+  const SortKeys& keys = parts_->State.Keys;
+  const bool toggles =
+      keys.IsOnly(static_cast<HeadingId>(heading)) && !keys.Entries()[0].Descending;
+  SortCommand(shift ? "ascadd" : toggles ? "des" : "asc");
+}
+
+void ListerControl::ToggleHeading(int heading) {
+  if (heading < 0 || heading >= HeadingCount) return;
+  const bool active = parts_->State.Table[static_cast<HeadingId>(heading)].Active;
+  SetHeadingProperty(heading, "active", base::Value(!active));
+  parts_->State.Events.HeadingsChanged(id_);
+}
+
+void ListerControl::SetFilterText(const std::string& text) {
+  if (text != FilterText()) parts_->Body->SetFilterText(text);
+}
+void ListerControl::SetExtensionFilter(const std::string& extension) {
+  if (extension != FilterExtension()) parts_->Body->SetExtensionFilter(extension);
+}
+
+void ListerControl::UpButton() {
+  parts_->State.Events.UpFolderButton(id_);
+}
+void ListerControl::NewFolderButton() {
+  parts_->State.Events.NewFolderAsked(id_);
+}
+
+void ListerControl::DragOver(RowId) {}
+void ListerControl::DragLeft() {}
+void ListerControl::DropOn(RowId, const Drop&) {}
+void ListerControl::DragFinished(const MouseEvent& event) {
+  parts_->State.Events.DragEnded(id_, event);
+}
+
+}  // namespace tarnwell::lister
