@@ -13,6 +13,10 @@ namespace tarnwell::lister {
 
 // With a comma between groups of three digits.
 std::string GroupedNumber(std::uint64_t number);
+// "1 item", "2,000 items".
+std::string CountText(std::uint64_t number, std::string_view noun);
+// "512 bytes", "12.3 MB": units of 1024, three digits at most before the unit changes.
+std::string ByteText(std::uint64_t bytes);
 // "yyyy-mm-dd hh:mm:ss" in local time; empty for 0, a time that is not known.
 std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds);
 

@@ -66,6 +66,7 @@ class FileRows {
   void SetUnreadable(RowId row);
   void SetFolderSize(RowId row, std::uint64_t bytes);
   void SetNotes(RowId row, ItemColour colour, std::string comment);
+  void SetColour(RowId row, ItemColour colour);
   void SetMarks(RowId row, CompareMarks marks);
   void SetSelected(RowId row, bool selected);
   int SelectedCount() const { return selected_; }
