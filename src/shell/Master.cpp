@@ -85,7 +85,9 @@ Master::Master(const Services& services, Splash& splash)
       skin_(services_.Files, ProgramFile(SkinFolderName), targets_, messages_),
       panes_(space_, layout_, services_.Host, messages_, *this),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
-      events_(space_, navigation_, services_.Host, messages_, [this] { Close(); }) {
+      newFolder_(space_, services_.Files, services_.Host, messages_, dialogFields_),
+      events_(space_, navigation_, services_.Host, messages_,
+              {[this] { Close(); }, [this] { newFolder_.CreateNewFolder(true); }}) {
   workspace::MainForm& form = space_.Form;
   form.Left = StartLeft;
   form.Top = StartTop;

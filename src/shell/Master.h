@@ -6,6 +6,7 @@
 
 #include "commands/Dispatcher.h"
 #include "commands/Switches.h"
+#include "fileops/NewFolder.h"
 #include "lists/ListEventHandler.h"
 #include "lists/Navigation.h"
 #include "settings/LoadLastSettings.h"
@@ -95,6 +96,8 @@ class Master : private workspace::PaneHooks {
   settings::Skin skin_;
   workspace::PaneSet panes_;
   lists::Navigation navigation_;
+  fileops::DialogFields dialogFields_;
+  fileops::NewFolder newFolder_;
   lists::ListEventHandler events_;
   commands::Dispatcher commands_;
   settings::ReadMarkers markers_;
