@@ -59,6 +59,10 @@ std::string PermissionText(std::uint32_t mode) {
   return text;
 }
 
+std::string NameText(const base::PathSyntax& syntax, std::string_view path) {
+  return base::ForDisplay(syntax.IsDriveRoot(path) ? path : syntax.LastComponent(path));
+}
+
 std::string CannotRead(const std::string& path, const base::Status& status) {
   return "Cannot read " + base::ForDisplay(path) + ": " + status.Reason;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/PathSyntax.h"
 #include "base/Status.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -31,6 +32,8 @@ constexpr bool IsReadOnly(std::uint32_t mode) {
   return (mode & 0200) == 0;
 }
 
+// The name of the item; of a root, the path.
+std::string NameText(const base::PathSyntax& syntax, std::string_view path);
 // "Cannot read <path>: <reason>".
 std::string CannotRead(const std::string& path, const base::Status& status);
 

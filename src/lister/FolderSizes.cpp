@@ -125,7 +125,8 @@ void FolderSizes::Measure(Job& job, const Target& folder) {
 void FolderSizes::NoteTrouble(Job& job, const Target& folder, const base::Status& status,
                               const FolderTotal& total) const {
   if (job.Troubled++ > 0) return;
-  job.Trouble = status ? CountText(total.Unreadable, "item") + " in " + NameOf(folder) +
+  job.Trouble = status ? CountText(total.Unreadable, "item") + " in " +
+                             NameText(list_.Syntax, folder.Path) +
                              " could not be read: " + total.Trouble.Reason
                        : CannotRead(folder.Path, status);
 }
@@ -147,17 +148,13 @@ void FolderSizes::LookAround(Job& job) const {
   }
 }
 
-std::string FolderSizes::NameOf(const Target& folder) const {
-  const std::string_view path = folder.Path;
-  return base::ForDisplay(list_.Syntax.IsDriveRoot(path) ? path : list_.Syntax.LastComponent(path));
-}
-
 std::string FolderSizes::Progress(const Job& job) const {
   FolderTotal total = job.Sum;
   Add(total, job.Current);
-  const std::string what = job.IsAll ? "Sizes: " + GroupedNumber(job.Done) + " of " +
-                                           CountText(job.Folders.size(), "folder") + ", "
-                                     : "Size of " + NameOf(job.Folders[0]) + ": ";
+  const std::string what = job.IsAll
+                               ? "Sizes: " + GroupedNumber(job.Done) + " of " +
+                                     CountText(job.Folders.size(), "folder") + ", "
+                               : "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": ";
   return what + Content(total) + "; Escape stops";
 }
 
@@ -169,7 +166,7 @@ std::string FolderSizes::Summary(const Job& job) const {
   } else if (job.IsAll) {
     text = "Sizes: " + CountText(job.Done, "folder") + ", " + Content(job.Sum);
   } else if (job.Done > 0) {
-    text = "Size of " + NameOf(job.Folders[0]) + ": " + Content(job.Sum);
+    text = "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": " + Content(job.Sum);
   }
   if (job.Troubled > 0) text += (text.empty() ? "" : ". ") + job.Trouble;
   if (job.Troubled > 1) text += " (and " + CountText(job.Troubled - 1, "folder") + " more)";

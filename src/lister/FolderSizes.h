@@ -67,7 +67,6 @@ class FolderSizes {
   void LookAround(Job& job) const;
   void NoteTrouble(Job& job, const Target& folder, const base::Status& status,
                    const platform::FolderTotal& total) const;
-  std::string NameOf(const Target& folder) const;
   std::string Progress(const Job& job) const;
   std::string Summary(const Job& job) const;
 

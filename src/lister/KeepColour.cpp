@@ -12,9 +12,9 @@ struct Failures {
   std::uint64_t Count = 0;
   std::string First;
 
-  void Add(std::string_view name, const base::Status& status) {
+  void Add(const std::string& name, const base::Status& status) {
     if (Count++ > 0) return;
-    First = "Cannot keep the colour of " + base::ForDisplay(name) + ": " + status.Reason;
+    First = "Cannot keep the colour of " + name + ": " + status.Reason;
   }
   void Tell(ListState& list) const {
     if (Count == 0 || list.IsTerminated) return;
@@ -67,7 +67,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
     if (status) {
       Show(files, row, folder, name, colour);
     } else {
-      failures.Add(name, status);
+      failures.Add(base::ForDisplay(name), status);
     }
   }
   list.Control.CancelRequested = false;
@@ -77,7 +77,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
 void KeepColour(ListState& list, const std::string& path, ItemColour colour) {
   Failures failures;
   const base::Status status = Write(list, path, colour);
-  if (!status) failures.Add(list.Syntax.LastComponent(path), status);
+  if (!status) failures.Add(NameText(list.Syntax, path), status);
   failures.Tell(list);
 }
 
