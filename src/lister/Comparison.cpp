@@ -113,7 +113,7 @@ class RecordIndex {
 template <typename Work>
 void ForEachRow(const FileRows& rows, Work work) {
   for (RowId row = 1; row <= rows.StoreSize(); ++row) {
-    if (rows.Has(row)) work(row);
+    if (rows.IsUsed(row)) work(row);
   }
 }
 
@@ -136,7 +136,7 @@ std::string Number(int number) {
 
 std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax) {
   std::vector<CompareRecord> records;
-  records.reserve(static_cast<std::size_t>(rows.Count()));
+  records.reserve(rows.All().size());
   ForEachRow(rows, [&](RowId row) {
     const FileRow& item = rows.Row(row);
     CompareRecord& record = records.emplace_back();
