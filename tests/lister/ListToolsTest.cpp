@@ -1,3 +1,4 @@
+#include <compare>
 #include <random>
 
 #include "ListFixture.h"
@@ -285,7 +286,9 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
         const bool dated = left.Modified != 0 && right.Modified != 0;
         const auto size = known && (mode & 1) ? left.Size <=> right.Size : 0 <=> 0;
         const auto date = known && dated && (mode & 2) ? seconds(left) <=> seconds(right) : 0 <=> 0;
-        one = {.Larger = size > 0, .Smaller = size<0, .Newer = date> 0, .Older = date < 0};
+        one = {.Larger = std::is_gt(size),
+               .Smaller = size<0, .Newer = date> 0,
+               .Older = std::is_lt(date)};
         other = {.Larger = size<0, .Smaller = size> 0, .Newer = date<0, .Older = date> 0};
         --missing;
         break;
