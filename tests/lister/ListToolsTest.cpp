@@ -1,4 +1,3 @@
-#include <compare>
 #include <random>
 
 #include "ListFixture.h"
@@ -267,6 +266,7 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
     for (const RowId row : rows.All()) all.push_back(rows.Row(row).Marks);
     return all;
   };
+  const auto compare = [](auto left, auto right) { return (left > right) - (left < right); };
   const auto seconds = [](const FileRow& row) {
     return row.Modified < 0 ? -1 : row.Modified / 1'000'000'000;
   };
@@ -284,11 +284,10 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
         if (!syntax.Same(here.Name(l), there.Name(r))) continue;
         const bool known = left.HasAttributes && right.HasAttributes && !left.IsFolder();
         const bool dated = left.Modified != 0 && right.Modified != 0;
-        const auto size = known && (mode & 1) ? left.Size <=> right.Size : 0 <=> 0;
-        const auto date = known && dated && (mode & 2) ? seconds(left) <=> seconds(right) : 0 <=> 0;
-        one = {.Larger = std::is_gt(size),
-               .Smaller = size<0, .Newer = date> 0,
-               .Older = std::is_lt(date)};
+        const int size = known && (mode & 1) ? compare(left.Size, right.Size) : 0;
+        const bool byDate = known && dated && (mode & 2);
+        const int date = byDate ? compare(seconds(left), seconds(right)) : 0;
+        one = {.Larger = size > 0, .Smaller = size<0, .Newer = date> 0, .Older = date < 0};
         other = {.Larger = size<0, .Smaller = size> 0, .Newer = date<0, .Older = date> 0};
         --missing;
         break;
