@@ -11,13 +11,20 @@ struct KeyPair {
 };
 
 constexpr KeyPair KeyPairs[] = {
-    {Qt::Key_Backspace, lister::BackspaceKey}, {Qt::Key_Return, lister::EnterKey},
-    {Qt::Key_Enter, lister::EnterKey},         {Qt::Key_Escape, lister::EscapeKey},
-    {Qt::Key_Space, lister::SpaceKeyCode},     {Qt::Key_PageUp, lister::PageUpKey},
-    {Qt::Key_PageDown, lister::PageDownKey},   {Qt::Key_End, lister::EndKey},
-    {Qt::Key_Home, lister::HomeKey},           {Qt::Key_Left, lister::LeftKey},
-    {Qt::Key_Up, lister::UpKey},               {Qt::Key_Right, lister::RightKey},
-    {Qt::Key_Down, lister::DownKey},           {Qt::Key_F3, lister::F3Key},
+    {Qt::Key_Backspace, lister::BackspaceKey},
+    {Qt::Key_Return, lister::EnterKey},
+    {Qt::Key_Enter, lister::EnterKey},
+    {Qt::Key_Escape, lister::EscapeKey},
+    {Qt::Key_Space, lister::SpaceKeyCode},
+    {Qt::Key_PageUp, lister::PageUpKey},
+    {Qt::Key_PageDown, lister::PageDownKey},
+    {Qt::Key_End, lister::EndKey},
+    {Qt::Key_Home, lister::HomeKey},
+    {Qt::Key_Left, lister::LeftKey},
+    {Qt::Key_Up, lister::UpKey},
+    {Qt::Key_Right, lister::RightKey},
+    {Qt::Key_Down, lister::DownKey},
+    {Qt::Key_F3, lister::F3Key},
 };
 
 bool IsCommand(Qt::KeyboardModifiers modifiers) {

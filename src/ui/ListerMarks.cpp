@@ -93,7 +93,8 @@ QString MarksText(lister::CompareMarks marks) {
   if (marks.OnlyHere) return QStringLiteral("Only in this list");
   QStringList words;
   if (HasDate(marks)) words << (marks.Newer ? QStringLiteral("newer") : QStringLiteral("older"));
-  if (HasSize(marks)) words << (marks.Larger ? QStringLiteral("larger") : QStringLiteral("smaller"));
+  if (HasSize(marks))
+    words << (marks.Larger ? QStringLiteral("larger") : QStringLiteral("smaller"));
   if (words.isEmpty()) return {};
   QString text = words.join(QStringLiteral(" and ")) + QStringLiteral(" than in the other list");
   text[0] = text[0].toUpper();

@@ -55,8 +55,7 @@ void ListerMouse::Move(const QMouseEvent& event) {
     emit Hovered();
     return;
   }
-  const bool far =
-      (last_ - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+  const bool far = (last_ - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
   moved_ = moved_ || far;
   if (!moved_) return;
   const bool beside = last_.y() < 0 || last_.y() >= tree_.viewport()->height();
@@ -116,8 +115,8 @@ void ListerMouse::DoubleClick(const QMouseEvent& event) {
 void ListerMouse::PressMenuKey() {
   const QModelIndex current = tree_.currentIndex().siblingAtColumn(0);
   const QRect name = tree_.NameCellOf(current);
-  PointerReport report = ReportAt(name.bottomLeft() + QPoint(tree_.iconSize().width(), 0), 2,
-                                  Qt::NoModifier);
+  PointerReport report =
+      ReportAt(name.bottomLeft() + QPoint(tree_.iconSize().width(), 0), 2, Qt::NoModifier);
   report.Row = current;
   report.At.Row = current.isValid() ? ListerModel::RowOf(current) : lister::NoRow;
   report.At.Position = current.isValid() ? current.row() : -1;

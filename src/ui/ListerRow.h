@@ -6,10 +6,10 @@
 
 namespace tarnwell::ui {
 
-inline constexpr int CellMargin = 6;    // left and right of a cell's text, pixels
-inline constexpr int ColourBar = 4;     // at the left edge of an item that is coded with a colour
-inline constexpr int SelectionGap = 14; // between icon and name, where the arrow stands
-inline constexpr int IconGap = 5;       // the same in a folder list, which has no arrow
+inline constexpr int CellMargin = 6;     // left and right of a cell's text, pixels
+inline constexpr int ColourBar = 4;      // at the left edge of an item that is coded with a colour
+inline constexpr int SelectionGap = 14;  // between icon and name, where the arrow stands
+inline constexpr int IconGap = 5;        // the same in a folder list, which has no arrow
 
 struct NameCell {
   QRect Icon;

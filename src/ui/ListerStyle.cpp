@@ -40,8 +40,7 @@ double Contrast(const QColor& left, const QColor& right) {
 QColor SelectionColour(const QColor& background, const QColor& accent, const QColor& text,
                        int percent) {
   constexpr int least = 10;
-  while (percent > least &&
-         Contrast(Blend(background, accent, percent), text) < ReadableContrast) {
+  while (percent > least && Contrast(Blend(background, accent, percent), text) < ReadableContrast) {
     percent -= 5;
   }
   return Blend(background, accent, percent);

@@ -89,9 +89,8 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
   extensions_ = new ExtensionBox(QStringLiteral("Extensions of pane %1").arg(pane), this);
   extensions_->Fill = [this] { FillExtensions(); };
   extensions_->setToolTip(QStringLiteral("Show files of one extension"));
-  connect(extensions_, &QComboBox::activated, this, [this](int entry) {
-    emit ExtensionChosen(extensions_->itemData(entry).toByteArray());
-  });
+  connect(extensions_, &QComboBox::activated, this,
+          [this](int entry) { emit ExtensionChosen(extensions_->itemData(entry).toByteArray()); });
   connect(extensions_, &ListerChoice::FocusTaken, this, &ListerToolbar::FocusTaken);
 
   filter_->setAccessibleName(QStringLiteral("Filter of pane %1").arg(pane));

@@ -149,8 +149,8 @@ int ListerTree::PositionAt(int y) const {
 
 QRect ListerTree::NameCellOf(const QModelIndex& index) const {
   const int top = !index.isValid() ? 0
-                  : fileList_ ? (index.row() - verticalScrollBar()->value()) * RowHeight()
-                              : visualRect(index).top();
+                  : fileList_      ? (index.row() - verticalScrollBar()->value()) * RowHeight()
+                                   : visualRect(index).top();
   return QRect(columnViewportPosition(NameColumn), top, columnWidth(NameColumn), RowHeight())
       .adjusted(Indent(index), 0, 0, 0);
 }
@@ -308,12 +308,11 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
   RowState state{.Look = control_.Look(ListerModel::RowOf(name))};
   const auto& pointer = mouse_.Pointer();
   state.IsHovered = pointer && control_.HoverGraphicsOn() && row.contains(*pointer);
-  const QRect nameCell = QRect(columnViewportPosition(NameColumn), row.top(),
-                               columnWidth(NameColumn), row.height())
-                             .adjusted(Indent(name), 0, 0, 0);
-  state.IsGapHovered =
-      state.IsHovered &&
-      PartsOfName(nameCell, iconSize().width(), fileList_).Gap.contains(*pointer);
+  const QRect nameCell =
+      QRect(columnViewportPosition(NameColumn), row.top(), columnWidth(NameColumn), row.height())
+          .adjusted(Indent(name), 0, 0, 0);
+  state.IsGapHovered = state.IsHovered &&
+                       PartsOfName(nameCell, iconSize().width(), fileList_).Gap.contains(*pointer);
 
   painter->fillRect(row, style_.ColoursOf(state.Look.IsSelected, state.IsHovered).Fill);
   QStyleOptionViewItem cell = option;
@@ -328,8 +327,9 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
     Delegate().PaintCell(*painter, cell, index.siblingAtColumn(section), state);
   }
   if (!fileList_) {
-    drawBranches(painter, QRect(nameCell.left() - indentation(), row.top(), indentation(),
-                                row.height()), name);
+    drawBranches(painter,
+                 QRect(nameCell.left() - indentation(), row.top(), indentation(), row.height()),
+                 name);
   }
   if (state.Look.Colour != lister::ItemColour::Default) {
     painter->fillRect(QRect(row.left(), row.top() + 1, ColourBar, row.height() - 2),
