@@ -65,4 +65,9 @@ void ListerControl::BeginContextAction() {}
 void ListerControl::EndAction() {}
 void ListerControl::EndDrop() {}
 
+void ListerControl::Drag(int action) {
+  constexpr int begin = 1;
+  if (action == begin) parts_->State.View().BeginDrag();
+}
+
 }  // namespace tarnwell::lister
