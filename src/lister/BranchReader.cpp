@@ -95,11 +95,11 @@ void BranchReader::ExpandAll(std::vector<RowId> rows) {
     const RowId row = rows.back();
     rows.pop_back();
     const FolderNode& node = tree_.Node(row);
-    if ((IsToBeRead(row) || !node.IsFollowed) && !Read(row, OpenChildOf(row), rows)) return;
+    if ((IsToBeRead(row) || !node.IsFresh) && !Read(row, OpenChildOf(row), rows)) return;
     if (!tree_.Node(row).IsExpanded) ShowBranch(row);
     // They were not followed while a branch above them was collapsed.
     for (const RowId child : tree_.Node(row).Children) {
-      if (tree_.Node(child).IsExpanded && !tree_.Node(child).IsFollowed) rows.push_back(child);
+      if (tree_.Node(child).IsExpanded && !tree_.Node(child).IsFresh) rows.push_back(child);
     }
   }
 }
@@ -152,14 +152,15 @@ void BranchReader::ShowBranch(RowId row) {
 bool BranchReader::Read(RowId row, const std::string& wanted, std::vector<RowId>& remembered) {
   if (!folders_.GoesOn()) return false;
   const std::string folder = tree_.PathOf(row);
-  const bool followed = folders_.Follower.Add(folder);
+  folders_.Follower.Add(folder);
   Listing listing;
   const base::Status status = ReadSubfolders(folder, wanted, listing);
-  if (folders_.Stopped || folders_.Terminated) return false;
+  if (folders_.Stopped || folders_.List.IsTerminated) return false;
   tree_.Update(row, std::move(listing.Folders), status ? BranchState::Read : BranchState::Failed,
                folders_.View());
-  tree_.SetFollowed(row, followed);
-  if (followed) folders_.Followed.insert(row);
+  tree_.SetFresh(row, true);
+  folders_.Fresh.insert(row);
+  sizes_.FolderWasRead(row);
   if (status) {
     CollectRemembered(row, folder, listing, remembered);
   } else {

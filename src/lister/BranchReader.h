@@ -8,12 +8,14 @@
 #include <vector>
 
 #include "lister/FolderListState.h"
+#include "lister/ListSizes.h"
 
 namespace tarnwell::lister {
 
 class BranchReader {
  public:
-  explicit BranchReader(FolderListState& folders) : folders_(folders), tree_(folders.Tree) {}
+  BranchReader(FolderListState& folders, TreeSizes& sizes)
+      : folders_(folders), tree_(folders.Tree), sizes_(sizes) {}
 
   // The row of a folder of this tree, the branches above it read as needed; NoRow, with the trouble
   // told, if it cannot be found.
@@ -53,6 +55,7 @@ class BranchReader {
 
   FolderListState& folders_;
   FolderTree& tree_;
+  TreeSizes& sizes_;
 };
 
 }  // namespace tarnwell::lister

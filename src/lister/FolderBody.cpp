@@ -1,10 +1,12 @@
 #include "lister/FolderBody.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/KeepColour.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -20,13 +22,15 @@ constexpr std::int64_t MostRest = 60'000;
 void FolderBody::Run(Command command) {
   waiting_.push_back(std::move(command));
   if (busy_) return;
-  while (!folders_.Terminated && !waiting_.empty()) {
+  while (!state_.IsTerminated && !waiting_.empty()) {
     const Command next = std::move(waiting_.front());
     waiting_.pop_front();
     Perform(next);
   }
   MindNotices();
   facts_.Run();
+  // From the event loop: whoever gave the command is not to wait for it.
+  if (sizes_.HasWishes()) state_.View().CatchUpLater(0);
 }
 
 void FolderBody::RunOnRow(RowId row, std::function<Outcome()> command) {
@@ -38,13 +42,14 @@ void FolderBody::RunOnRow(RowId row, std::function<Outcome()> command) {
 void FolderBody::Perform(const Command& command) {
   busy_ = true;
   folders_.Stopped = false;
+  sizes_.HeedCancel();
   folders_.Trouble.clear();
   folders_.Pace.emplace(state_.Services.Clock, state_.Services.Pump);
   state_.Control.CancelRequested = false;
   const Outcome outcome = command();
   state_.Control.CancelRequested = false;
   busy_ = false;
-  if (folders_.Terminated) return;
+  if (state_.IsTerminated) return;
 
   if (tree_.Has(tree_.Open())) {
     state_.Folder = tree_.PathOf(tree_.Open());
@@ -63,16 +68,20 @@ void FolderBody::FolderChanged(const std::string& folder, const platform::Folder
 }
 
 void FolderBody::MindNotices() {
-  if (folders_.Terminated || willCatchUp_ || !notices_.AnyWaiting()) return;
+  if (state_.IsTerminated || willCatchUp_ || !notices_.AnyWaiting()) return;
   const std::int64_t rest = restUntil_ - state_.Services.Clock.Ticks();
-  if (rest <= 0 || state_.Control.View == nullptr) return CatchUp();
+  if (rest <= 0 || state_.Control.View == nullptr) return Run([this] { return ApplyNotices(); });
   willCatchUp_ = true;
   state_.View().CatchUpLater(static_cast<int>(rest));
 }
 
+// Notices that had to wait, and sizes that were asked for; a command that runs sees to them when it
+// is done.
 void FolderBody::CatchUp() {
   willCatchUp_ = false;
-  Run([this] { return ApplyNotices(); });
+  if (busy_) return;
+  MindNotices();
+  sizes_.Work();
 }
 
 void FolderBody::LoadDrive(const std::string& drive, bool chosen) {
@@ -97,13 +106,13 @@ void FolderBody::Refresh() {
 
 void FolderBody::Resort() {
   Run([this] {
-    tree_.SetOrder(state_.Keys.Entries()[0], state_.View());
+    tree_.SortBy(state_.Keys.Entries()[0], state_.View());
     return Outcome::Nothing;
   });
 }
 
 void FolderBody::Terminate() {
-  folders_.Terminated = true;
+  state_.IsTerminated = true;
   waiting_.clear();
   notices_.Forget();
   Follower.Stop();
@@ -215,12 +224,35 @@ void FolderBody::FollowBranches() {
   for (const RowId row : rows) folders.push_back(tree_.PathOf(row));
   Follower.KeepOnly(folders);
 
-  std::sort(rows.begin(), rows.end());
-  std::erase_if(folders_.Followed, [&](RowId row) {
-    if (std::binary_search(rows.begin(), rows.end(), row)) return false;
-    if (tree_.Has(row)) tree_.SetFollowed(row, false);
-    return true;
-  });
+  // What nobody tells of is fresh no more.
+  std::set<RowId> fresh;
+  for (std::size_t at = 0; at < rows.size(); ++at) {
+    if (tree_.Node(rows[at]).IsFresh && Follower.Follows(folders[at])) fresh.insert(rows[at]);
+  }
+  for (const RowId row : folders_.Fresh) {
+    if (tree_.Has(row)) tree_.SetFresh(row, fresh.contains(row));
+  }
+  folders_.Fresh = std::move(fresh);
+}
+
+// --- Tools.
+
+void FolderBody::SetItemColour(ItemColour colour) {
+  const RowId row = tree_.Current();
+  if (!tree_.Has(row)) return;
+  KeepColour(state_, tree_.PathOf(row), colour);
+  if (tree_.Has(row)) tree_.AskAnew(row);
+  SettingsChanged();
+}
+
+void FolderBody::CalculateFolderSizes() {
+  sizes_.AskForAll();
+  CatchUp();
+}
+
+void FolderBody::CalculateItemSize() {
+  sizes_.AskForItem();
+  CatchUp();
 }
 
 // --- What the widget and the form ask.
@@ -277,8 +309,10 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
       return base::ForDisplay(node.Name);
     case HeadingId::Extension:
       return "";
-    case HeadingId::Size:
-      return facts.HasSize ? GroupedNumber(facts.Size) : "";
+    case HeadingId::Size: {
+      const auto bytes = sizes_.SizeOf(row);
+      return bytes ? GroupedNumber(*bytes) : "";
+    }
     case HeadingId::DateLastModified:
       return DateText(clock, facts.Modified);
     case HeadingId::DateCreated:
@@ -297,6 +331,25 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
       return facts.HasAttributes ? PermissionText(facts.Mode) : "";
   }
   return "";
+}
+
+std::string FolderBody::CellBytes(RowId row, HeadingId heading) const {
+  if (!tree_.Has(row)) return "";
+  const FolderNode& node = tree_.Node(row);
+  switch (heading) {
+    case HeadingId::Name:
+      return node.Name;
+    case HeadingId::Path:
+      return row == FolderTree::TopRow ? "" : tree_.PathOf(node.Parent);
+    case HeadingId::Comments:
+      return tree_.FactsOf(row).Comment;
+    case HeadingId::Size: {
+      const auto bytes = sizes_.SizeOf(row);
+      return bytes ? std::to_string(*bytes) : "";
+    }
+    default:
+      return CellText(row, heading);
+  }
 }
 
 std::string FolderBody::PathOf(RowId row) const {

@@ -13,6 +13,7 @@
 #include "lister/FolderInput.h"
 #include "lister/FolderListState.h"
 #include "lister/FolderNotices.h"
+#include "lister/ListSizes.h"
 
 namespace tarnwell::lister {
 
@@ -21,10 +22,13 @@ class FolderBody : public ListBody {
   explicit FolderBody(ListState& state)
       : ListBody(state),
         folders_(state, Follower),
-        reader_(folders_),
+        sizes_(state, tree_),
+        reader_(folders_, sizes_),
         notices_(folders_, reader_),
-        facts_(folders_),
-        input_(tree_, state.Control) {}
+        facts_(folders_, sizes_),
+        input_(tree_, state.Control) {
+    tree_.SizeOf = [this](RowId row) { return sizes_.SizeOf(row); };
+  }
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
@@ -41,12 +45,17 @@ class FolderBody : public ListBody {
   std::string ParentOfKey(const std::string& key) const override;
   int OpenLevel() const override;
 
+  void SetItemColour(ItemColour colour) override;
+  void CalculateFolderSizes() override;
+  void CalculateItemSize() override;
+
   int ChildCount(RowId parent) const override;
   RowId Child(RowId parent, int position) const override;
   RowId Parent(RowId row) const override;
   int PositionOf(RowId row) const override;
   RowLook Look(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
+  std::string CellBytes(RowId row, HeadingId heading) const override;
   std::string PathOf(RowId row) const override;
   RowId CurrentRow() const override { return tree_.Current(); }
 
@@ -82,6 +91,7 @@ class FolderBody : public ListBody {
 
   FolderListState folders_;
   FolderTree& tree_ = folders_.Tree;
+  TreeSizes sizes_;
   BranchReader reader_;
   FolderNotices notices_;
   FolderFactReader facts_;

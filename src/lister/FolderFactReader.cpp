@@ -1,6 +1,7 @@
 #include "lister/FolderFactReader.h"
 
-#include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "lister/CellText.h"
 
@@ -43,8 +44,9 @@ std::uint8_t FolderFactReader::Wanted() const {
 
 void FolderFactReader::Run() {
   again_ = true;
-  if (running_ || folders_.Terminated || !tree_.Has(FolderTree::TopRow)) return;
+  if (running_ || folders_.List.IsTerminated || !tree_.Has(FolderTree::TopRow)) return;
   running_ = true;
+  HeedCancel();
   Pacer pace(folders_.List.Services.Clock, folders_.List.Services.Pump);
   while (again_) {
     again_ = false;
@@ -84,11 +86,7 @@ FolderFactReader::Outcome FolderFactReader::Fill(RowId branch, std::uint8_t want
       const Outcome outcome = Pump(pace);
       if (outcome != Outcome::Done) return outcome;
     }
-    if (!any && branch != RootRow) {
-      base::Status status;
-      opened = folders_.List.Services.Files.OpenFolder(tree_.PathOf(branch), status);
-    }
-    any = true;
+    if (!std::exchange(any, true)) opened = Open(branch);
     if (!FillRow(row, missing, opened.get())) continue;
     if (last < 0) first = position;
     last = position;
@@ -99,9 +97,18 @@ FolderFactReader::Outcome FolderFactReader::Fill(RowId branch, std::uint8_t want
   return Outcome::Done;
 }
 
+std::unique_ptr<platform::OpenedFolder> FolderFactReader::Open(RowId branch) const {
+  const base::PathSyntax& syntax = folders_.List.Syntax;
+  const std::string& top = tree_.Node(FolderTree::TopRow).Name;
+  const std::string folder = branch == RootRow ? syntax.ParentOf(top) : tree_.PathOf(branch);
+  if (branch == RootRow && syntax.Same(folder, top)) return nullptr;
+  base::Status status;
+  return folders_.List.Services.Files.OpenFolder(folder, status);
+}
+
 bool FolderFactReader::FillRow(RowId row, std::uint8_t wanted,
                                const platform::OpenedFolder* opened) {
-  const std::string& name = tree_.Node(row).Name;
+  const std::string_view name = folders_.List.Syntax.LastComponent(tree_.Node(row).Name);
   FolderFacts facts = tree_.FactsOf(row);
   if ((wanted & AttributeFacts) != 0) {
     platform::ItemAttributes attributes;
@@ -127,12 +134,14 @@ bool FolderFactReader::FillRow(RowId row, std::uint8_t wanted,
 
 FolderFactReader::Outcome FolderFactReader::Pump(Pacer& pace) {
   pace.Pump();
-  bool& cancel = folders_.List.Control.CancelRequested;
-  if (folders_.Terminated || cancel) {
-    cancel = false;
-    return Outcome::Stopped;
-  }
+  if (HeedCancel() || folders_.List.IsTerminated) return Outcome::Stopped;
   return again_ ? Outcome::Changed : Outcome::Done;
+}
+
+// Others may be at work further out: they learn of Escape too.
+bool FolderFactReader::HeedCancel() {
+  sizes_.HeedCancel();
+  return std::exchange(folders_.List.Control.CancelRequested, false);
 }
 
 }  // namespace tarnwell::lister

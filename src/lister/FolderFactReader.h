@@ -8,12 +8,14 @@
 #include <vector>
 
 #include "lister/FolderListState.h"
+#include "lister/FolderSizes.h"
 
 namespace tarnwell::lister {
 
 class FolderFactReader {
  public:
-  explicit FolderFactReader(FolderListState& folders) : folders_(folders), tree_(folders.Tree) {}
+  FolderFactReader(FolderListState& folders, FolderSizes& sizes)
+      : folders_(folders), tree_(folders.Tree), sizes_(sizes) {}
 
   // Reads what is wanted and not known yet. Does nothing inside itself: the outer call sees what
   // has changed meanwhile.
@@ -30,12 +32,17 @@ class FolderFactReader {
   Outcome FillAll(std::uint8_t wanted, Pacer& pace);
   // The children of the branch.
   Outcome Fill(RowId branch, std::uint8_t wanted, Pacer& pace);
-  // True when the row looks different now. `opened` holds the row; null if it cannot be opened.
+  // The folder that holds the children of the branch; null if it cannot be opened.
+  std::unique_ptr<platform::OpenedFolder> Open(RowId branch) const;
+  // True when the row looks different now. `opened` holds the row, or is null.
   bool FillRow(RowId row, std::uint8_t wanted, const platform::OpenedFolder* opened);
   Outcome Pump(Pacer& pace);
+  // Whether the user has stopped it.
+  bool HeedCancel();
 
   FolderListState& folders_;
   FolderTree& tree_;
+  FolderSizes& sizes_;
   bool running_ = false;
   bool again_ = false;  // the tree, or what is wanted of it, has changed in a run
 };

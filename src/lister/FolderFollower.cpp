@@ -11,12 +11,11 @@ void FolderFollower::Follow(const std::string& folder) {
   if (!folder.empty()) Add(folder);
 }
 
-bool FolderFollower::Add(const std::string& folder) {
+void FolderFollower::Add(const std::string& folder) {
   const auto known = entries_.find(folder);
-  if (known == entries_.end() && entries_.size() >= Most) return false;
+  if (known == entries_.end() && entries_.size() >= Most) return;
   Entry& entry = known != entries_.end() ? known->second : entries_[folder];
   if (!entry.Watching || entry.IsWorn) Watch(folder, entry);
-  return entry.Watching != nullptr;
 }
 
 void FolderFollower::KeepOnly(const std::vector<std::string>& folders) {

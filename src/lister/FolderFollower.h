@@ -27,8 +27,8 @@ class FolderFollower {
   // called before the folder is read, so that no change falls between the two.
   void Follow(const std::string& folder);
   // The folder is to be watched beside the others, if there is room; also to be called before it is
-  // read. True when notices of it will come.
-  bool Add(const std::string& folder);
+  // read.
+  void Add(const std::string& folder);
   // The first folders of these, as many as there may be, are to be watched and no others.
   void KeepOnly(const std::vector<std::string>& folders);
   bool Follows(const std::string& folder) const;

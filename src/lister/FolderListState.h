@@ -24,21 +24,20 @@ struct FolderListState {
   bool Stopped = false;  // by the user
   std::string Trouble;   // for the status line
 
-  std::set<RowId> Followed;  // rows whose branch is marked so, and maybe others
-  bool Terminated = false;
+  std::set<RowId> Fresh;  // rows that are marked so, and maybe others
 
   ListerView& View() { return List.View(); }
 
   // Lets messages through when it is time to. False when the command is to end.
   bool GoesOn() {
-    if (!Stopped && !Terminated && Pace->IsDue()) {
+    if (!Stopped && !List.IsTerminated && Pace->IsDue()) {
       Pace->Pump();
       if (List.Control.CancelRequested) {
         Stopped = true;
         Trouble = "Reading stopped";
       }
     }
-    return !Stopped && !Terminated;
+    return !Stopped && !List.IsTerminated;
   }
 };
 

@@ -186,13 +186,6 @@ bool FolderTree::SetFacts(RowId row, std::uint8_t tried, const FolderFacts& fact
   return true;
 }
 
-void FolderTree::SetSize(RowId row, std::uint64_t bytes, ListerView& view) {
-  FolderFacts& facts = facts_[row];
-  facts.Size = bytes;
-  facts.HasSize = true;
-  TellChanged(row, view);
-}
-
 void FolderTree::RemoveRange(RowId row, int first, int last, ListerView& view) {
   const std::vector<RowId>& list = Node(row).Children;
   const std::vector<RowId> gone(list.begin() + first, list.begin() + last + 1);

@@ -6,6 +6,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -34,10 +36,8 @@ struct FolderFacts {
   std::int64_t Modified = 0;
   std::int64_t Created = 0;
   std::int64_t Accessed = 0;
-  std::uint64_t Size = 0;  // bytes, once it has been measured
   std::uint32_t Mode = 0;
   bool HasAttributes = false;  // Mode and the times are known
-  bool HasSize = false;
   ItemColour Colour = ItemColour::Default;
   std::string Comment;
 
@@ -50,9 +50,9 @@ enum FactBits : std::uint8_t { NoFacts = 0, AttributeFacts = 1, ColourFact = 2, 
 struct FolderNode : Subfolder {
   BranchState State = BranchState::Unread;
   bool IsExpanded = false;
-  bool IsFollowed = false;  // the children are those on disk, as far as notices tell
-  std::uint8_t Tried = 0;   // FactBits that have been asked for since the branch was read
-  RowId Parent = NoRow;     // NoRow for one that is not in use
+  bool IsFresh = false;    // just read, or followed since: the children are those on disk
+  std::uint8_t Tried = 0;  // FactBits that have been asked for since the branch was read
+  RowId Parent = NoRow;    // NoRow for one that is not in use
   int Position = 0;
   std::vector<RowId> Children;
 
@@ -68,6 +68,9 @@ class FolderTree {
     nodes_.resize(1);
   }
 
+  // What a folder measures in bytes, where that is known; for the order by size.
+  std::function<std::optional<std::uint64_t>(RowId)> SizeOf;
+
   // All nodes go; the root given becomes the one node, open and current.
   void Reset(const std::string& root, ListerView& view);
   // The children of the node become these, in any order. Those that were there stay the same rows;
@@ -77,14 +80,14 @@ class FolderTree {
   void Remove(RowId row, const std::vector<RowId>& gone, ListerView& view);
   // Forgets the children of the node, which is as if it had never been read.
   void Forget(RowId row, ListerView& view);
-  // Children go by this key, then by name. What the key needs of facts counts as 0 until it is
-  // known: a branch is to be sorted again then.
-  void SetOrder(SortKey key, ListerView& view);
+  // Children go by this key, then by name, from now on. What the key needs of facts comes first
+  // until it is known: a branch is to be sorted again then.
+  void SortBy(SortKey key, ListerView& view);
   void SortBranch(RowId row, ListerView& view);
   void SetExpanded(RowId row, bool expanded, ListerView& view);
   void SetOpen(RowId row, ListerView& view);
   void SetCurrent(RowId row, ListerView& view);
-  void SetFollowed(RowId row, bool followed) { At(row).IsFollowed = followed; }
+  void SetFresh(RowId row, bool fresh) { At(row).IsFresh = fresh; }
 
   const FolderFacts& FactsOf(RowId row) const;
   // Says that the facts of those bits have been asked for. True if the row looks different now; the
@@ -92,8 +95,6 @@ class FolderTree {
   bool SetFacts(RowId row, std::uint8_t tried, const FolderFacts& facts);
   // They are to be asked for anew.
   void AskAnew(RowId row) { At(row).Tried = NoFacts; }
-  // A size that has been measured. Tells the view.
-  void SetSize(RowId row, std::uint64_t bytes, ListerView& view);
 
   bool Has(RowId row) const {
     return row > RootRow && row < static_cast<RowId>(nodes_.size()) && Node(row).Parent != NoRow;
@@ -116,8 +117,11 @@ class FolderTree {
 
  private:
   FolderNode& At(RowId row) { return nodes_[static_cast<std::size_t>(row)]; }
-  bool Before(RowId left, RowId right) const;
-  int CompareFacts(RowId left, RowId right) const;
+  void AppendKey(RowId row, std::string& key) const;
+  void AppendFact(RowId row, std::string& key) const;
+  bool BeforeByBytes(RowId left, RowId right) const;
+  std::vector<RowId> Sorted(const std::vector<RowId>& rows) const;
+  int PlaceOf(RowId row, RowId made) const;
   void RemoveMarked(RowId row, std::vector<char> goes, ListerView& view);
   void InsertMade(RowId row, std::vector<RowId> made, ListerView& view);
   void InsertAt(RowId row, int position, const std::vector<RowId>& made, ListerView& view);

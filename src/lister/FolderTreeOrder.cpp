@@ -1,12 +1,13 @@
 // The part of FolderTree that keeps children in order while they come and go.
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
+#include <cstdint>
 #include <unordered_set>
 #include <utility>
 
 #include "lister/FileRows.h"
 #include "lister/FolderTree.h"
+#include "lister/KeySort.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -26,15 +27,22 @@ std::vector<RowRange> RunsOf(const std::vector<char>& marks) {
   return runs;
 }
 
-template <typename Number>
-int Sign(Number left, Number right) {
-  return (left > right) - (left < right);
+// In the order of numbers.
+void AppendNumber(std::uint64_t number, std::string& key) {
+  for (int shift = 56; shift >= 0; shift -= 8) key += static_cast<char>(number >> shift & 0xFF);
 }
+
+// 0, a time that is not known, comes first.
+void AppendTime(std::int64_t time, std::string& key) {
+  constexpr std::uint64_t sign = std::uint64_t{1} << 63;
+  AppendNumber(time == 0 ? 0 : static_cast<std::uint64_t>(time) ^ sign, key);
+}
+
+constexpr char TextEnd = '\0';  // below all that stands in a key of text
 
 }  // namespace
 
-void FolderTree::SetOrder(SortKey key, ListerView& view) {
-  if (key.Heading == key_.Heading && key.Descending == key_.Descending) return;
+void FolderTree::SortBy(SortKey key, ListerView& view) {
   key_ = key;
   view.BeginUpdate();
   for (RowId row = TopRow; row < static_cast<RowId>(nodes_.size()); ++row) SortBranch(row, view);
@@ -42,42 +50,77 @@ void FolderTree::SetOrder(SortKey key, ListerView& view) {
 }
 
 void FolderTree::SortBranch(RowId row, ListerView& view) {
-  std::vector<RowId> order = Node(row).Children;
-  std::sort(order.begin(), order.end(),
-            [this](RowId left, RowId right) { return Before(left, right); });
-  SetChildren(row, std::move(order), view);
+  if (Node(row).Children.size() > 1) SetChildren(row, Sorted(Node(row).Children), view);
 }
 
-bool FolderTree::Before(RowId left, RowId right) const {
-  if (key_.Heading == HeadingId::Name && key_.Descending) std::swap(left, right);
-  if (const int order = CompareFacts(left, right)) return key_.Descending ? order > 0 : order < 0;
-  return names_.Before(Node(left).Name, Node(right).Name);
-}
-
-// By the heading that the tree is sorted by; 0 where only names tell folders apart.
-int FolderTree::CompareFacts(RowId left, RowId right) const {
-  if (key_.Heading == HeadingId::Name) return 0;
-  const FolderFacts& one = FactsOf(left);
-  const FolderFacts& other = FactsOf(right);
-  switch (key_.Heading) {
-    case HeadingId::Size:
-      return one.HasSize != other.HasSize ? Sign(one.HasSize, other.HasSize)
-                                          : Sign(one.Size, other.Size);
-    case HeadingId::DateLastModified:
-      return Sign(one.Modified, other.Modified);
-    case HeadingId::DateCreated:
-      return Sign(one.Created, other.Created);
-    case HeadingId::DateLastAccessed:
-      return Sign(one.Accessed, other.Accessed);
-    case HeadingId::Attributes:
-      return AttributeText(Node(left), one).compare(AttributeText(Node(right), other));
-    case HeadingId::Comments:
-      return names_.Compare(one.Comment, other.Comment);
-    case HeadingId::Permissions:
-      return Sign(one.Mode & 0777U, other.Mode & 0777U);
-    default:
-      return 0;
+void FolderTree::AppendKey(RowId row, std::string& key) const {
+  const std::size_t start = key.size();
+  const bool byName = key_.Heading == HeadingId::Name;
+  if (!byName) AppendFact(row, key);
+  const std::size_t end = key.size();
+  names_.AppendKey(Node(row).Name, key);
+  key += TextEnd;
+  if (!key_.Descending) return;
+  for (std::size_t at = start; at < (byName ? key.size() : end); ++at) {
+    key[at] = static_cast<char>(~key[at]);
   }
+}
+
+// By the heading that the tree is sorted by; nothing where only names tell folders apart.
+void FolderTree::AppendFact(RowId row, std::string& key) const {
+  const FolderFacts& facts = FactsOf(row);
+  switch (key_.Heading) {
+    case HeadingId::Size: {
+      const std::optional<std::uint64_t> bytes = SizeOf ? SizeOf(row) : std::nullopt;
+      return AppendNumber(bytes ? *bytes + 1 : 0, key);
+    }
+    case HeadingId::DateLastModified:
+      return AppendTime(facts.Modified, key);
+    case HeadingId::DateCreated:
+      return AppendTime(facts.Created, key);
+    case HeadingId::DateLastAccessed:
+      return AppendTime(facts.Accessed, key);
+    case HeadingId::Attributes:
+      key += AttributeText(Node(row), facts) + TextEnd;
+      return;
+    case HeadingId::Comments:
+      names_.AppendKey(facts.Comment, key);
+      key += TextEnd;
+      return;
+    case HeadingId::Permissions:
+      return AppendNumber(facts.Mode & 0777U, key);
+    default:
+      return;
+  }
+}
+
+// Of rows whose keys are equal.
+bool FolderTree::BeforeByBytes(RowId left, RowId right) const {
+  if (key_.Heading == HeadingId::Name && key_.Descending) std::swap(left, right);
+  return Node(left).Name < Node(right).Name;
+}
+
+std::vector<RowId> FolderTree::Sorted(const std::vector<RowId>& rows) const {
+  constexpr std::size_t usualKey = 32;  // bytes
+  KeySort sort(rows.size(), rows.size() * usualKey);
+  for (const RowId row : rows) {
+    sort.Add(row, [&](std::string& key) { AppendKey(row, key); });
+  }
+  return sort.Sorted([this](RowId left, RowId right) { return BeforeByBytes(left, right); }, {});
+}
+
+// Where a new child goes among the others.
+int FolderTree::PlaceOf(RowId row, RowId made) const {
+  std::string key, other;
+  AppendKey(made, key);
+  const auto before = [&](RowId child, RowId) {
+    other.clear();
+    AppendKey(child, other);
+    return other != key ? other < key : BeforeByBytes(child, made);
+  };
+  const std::vector<RowId>& children = Node(row).Children;
+  return static_cast<int>(std::lower_bound(children.begin(), children.end(), made, before) -
+                          children.begin());
 }
 
 void FolderTree::RemoveMarked(RowId row, std::vector<char> goes, ListerView& view) {
@@ -98,26 +141,26 @@ void FolderTree::RemoveMarked(RowId row, std::vector<char> goes, ListerView& vie
 
 // Puts new nodes among the children.
 void FolderTree::InsertMade(RowId row, std::vector<RowId> made, ListerView& view) {
-  const auto before = [this](RowId left, RowId right) { return Before(left, right); };
-  std::sort(made.begin(), made.end(), before);
   const std::vector<RowId>& children = Node(row).Children;
-  if (children.empty() || made.size() <= 1) {
-    if (made.empty()) return;
-    const auto place = std::lower_bound(children.begin(), children.end(), made.front(), before);
-    return InsertAt(row, static_cast<int>(place - children.begin()), made, view);
-  }
-  std::vector<RowId> order;
-  order.reserve(children.size() + made.size());
-  std::merge(children.begin(), children.end(), made.begin(), made.end(), std::back_inserter(order),
-             before);
+  if (made.empty()) return;
+  if (made.size() == 1) return InsertAt(row, PlaceOf(row, made[0]), made, view);
+  if (children.empty()) return InsertAt(row, 0, Sorted(made), view);
+
   const std::unordered_set<RowId> fresh(made.begin(), made.end());
+  made.insert(made.end(), children.begin(), children.end());
+  std::vector<RowId> order = Sorted(made);
   std::vector<char> isNew(order.size());
-  for (std::size_t at = 0; at < order.size(); ++at) isNew[at] = fresh.contains(order[at]) ? 1 : 0;
+  std::vector<RowId> known, added;
+  for (std::size_t at = 0; at < order.size(); ++at) {
+    isNew[at] = fresh.contains(order[at]) ? 1 : 0;
+    (isNew[at] != 0 ? added : known).push_back(order[at]);
+  }
   const std::vector<RowRange> runs = RunsOf(isNew);
   if (runs.size() > MostRuns) {
-    InsertAt(row, static_cast<int>(children.size()), made, view);
+    InsertAt(row, static_cast<int>(children.size()), added, view);
     return SetChildren(row, std::move(order), view);
   }
+  SetChildren(row, std::move(known), view);  // facts may have moved some
   for (const RowRange& run : runs) {
     InsertAt(row, run.First, {order.begin() + run.First, order.begin() + run.Last + 1}, view);
   }

@@ -342,6 +342,7 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   Platform.Watches.Notify("C:\\", {{}, false, true});
   EXPECT_EQ(List.CurrentFolder(), "C:\\Work");
   ASSERT_EQ(View.CatchUps.size(), 1u);
+  Platform.Clock.Tick += View.CatchUps[0];
   List.CatchUp();
   EXPECT_EQ(List.CurrentFolder(), "C:\\");
   EXPECT_EQ(Names(), Texts{"C:\\"});
