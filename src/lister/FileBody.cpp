@@ -66,7 +66,10 @@ int FileBody::PositionOf(RowId row) const {
 RowLook FileBody::Look(RowId row) const {
   if (!files_.Rows.Has(row)) return {};
   const FileRow& item = files_.Rows.Row(row);
-  return {.Kind = item.Kind, .IsLink = item.IsLink, .IsHidden = item.IsHidden};
+  return {.Kind = item.Kind,
+          .IsLink = item.IsLink,
+          .IsHidden = item.IsHidden,
+          .IsSelected = item.IsSelected};
 }
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {

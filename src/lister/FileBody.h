@@ -13,7 +13,9 @@ namespace tarnwell::lister {
 class FileBody : public ListBody {
  public:
   explicit FileBody(ListState& state)
-      : ListBody(state), files_(state), reader_(files_, Follower), input_(files_) {}
+      : ListBody(state), files_(state), reader_(files_, Follower), input_(files_) {
+    files_.BeforeReset = [this] { input_.Stop(); };
+  }
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }

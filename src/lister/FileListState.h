@@ -1,6 +1,7 @@
 // What the parts of a file list work on together.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "lister/FileRows.h"
@@ -16,8 +17,10 @@ struct FileListState {
   FileRows Rows;  // of the folder on show, which may lag behind List.Folder
   RowId Current = NoRow;
   NameFilter Filter;
+  std::string Find;     // what is being typed to find an item; empty for nothing
   int Orders = 0;       // changes when rows change places
   std::string Trouble;  // what of the folder could not be read, for the status line
+  std::function<void()> BeforeReset;  // all rows are about to go
 
   // The view's calls on the rows of the root.
   ListerView& View() { return List.View(); }

@@ -193,6 +193,7 @@ void FileReader::ShowNames(FileRows&& fresh) {
 }
 
 void FileReader::Replace(FileRows&& rows) {
+  if (files_.BeforeReset) files_.BeforeReset();
   files_.View().BeginReset();
   files_.Rows = std::move(rows);
   files_.Current = files_.Rows.Find(files_.List.Active.Find(files_.Rows.Folder()));

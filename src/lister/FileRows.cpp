@@ -156,6 +156,10 @@ void FileRows::SetSelected(RowId row, bool selected) {
   item.IsSelected = selected;
 }
 
+void FileRows::KeepSelection() {
+  for (FileRow& row : rows_) row.WasSelected = row.IsSelected;
+}
+
 std::string_view FileRows::Comment(RowId row) const {
   const auto found = comments_.find(row);
   return found == comments_.end() ? std::string_view() : found->second;
@@ -232,6 +236,7 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
 
 void FileRows::Remove(int first, int last) {
   for (int position = first; position <= last; ++position) {
+    SetSelected(At(position), false);
     positions_[static_cast<std::size_t>(At(position) - 1)] = -1;
     free_.push_back(At(position));
   }
@@ -245,7 +250,9 @@ std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, const std::vector<RowId
     if (partners[at] == NoRow) continue;
     FileRow& row = rows_[static_cast<std::size_t>(partners[at] - 1)];
     if (!row.LooksLike(fresh.rows_[at])) changed.push_back(partners[at]);
-    row = fresh.rows_[at];
+    const FileRow before = std::exchange(row, fresh.rows_[at]);
+    row.IsSelected = before.IsSelected;
+    row.WasSelected = before.WasSelected;
   }
   names_ = std::move(fresh.names_);
   return changed;

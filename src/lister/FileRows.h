@@ -40,6 +40,7 @@ struct FileRow {
   bool HasFolderSize : 1 = false;  // a folder's Size is known
   bool NotesWereRead : 1 = false;  // Colour and comment
   bool IsSelected : 1 = false;
+  bool WasSelected : 1 = false;  // at the last KeepSelection
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
   // Whether what a read of the folder gives is the same in both, the name left out of account.
@@ -68,6 +69,7 @@ class FileRows {
   void SetNotes(RowId row, ItemColour colour, std::string comment);
   void SetMarks(RowId row, CompareMarks marks);
   void SetSelected(RowId row, bool selected);
+  void KeepSelection();
   int SelectedCount() const { return selected_; }
   // Empty for most.
   std::string_view Comment(RowId row) const;

@@ -406,7 +406,8 @@ RowLook FolderBody::Look(RowId row) const {
           .IsHidden = node.IsHidden,
           .IsOpen = row == tree_.Open(),
           .HasChildren = node.HasChildren(),
-          .IsExpanded = node.IsExpanded};
+          .IsExpanded = node.IsExpanded,
+          .IsSelected = row == tree_.Current()};
 }
 
 // A tree knows the names of its folders and no more; its other cells are empty.

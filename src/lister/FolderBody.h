@@ -18,7 +18,7 @@ namespace tarnwell::lister {
 class FolderBody : public ListBody {
  public:
   explicit FolderBody(ListState& state)
-      : ListBody(state), tree_(state.Syntax, state.Names), input_(tree_, state.Control) {}
+      : ListBody(state), tree_(state.Syntax, state.Names), input_(tree_, state) {}
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
