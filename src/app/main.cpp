@@ -19,6 +19,7 @@
 #include "ui/IconSource.h"
 #include "ui/MainWindow.h"
 #include "ui/MsgBoxWindow.h"
+#include "ui/NewFolderWindow.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtFormHost.h"
 #include "ui/QtMessagePump.h"
@@ -75,6 +76,11 @@ int main(int argc, char** argv) {
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::MsgBoxWindow>(form, icons, [&host, &form] { host.Unload(form); });
   });
+
+  host.Bind<fileops::popNewFolder>(
+      [](fileops::popNewFolder& form) -> std::unique_ptr<ui::FormWindow> {
+        return std::make_unique<ui::NewFolderWindow>(form);
+      });
 
   const platform::LinuxTermination termination([&application] { application.RequestQuit(); });
   runningApplication = &application;

@@ -36,4 +36,11 @@ void Switches::SetCompareMode() {
   workspace_.Form.Touch();
 }
 
+void Switches::ToggleCompare(std::string_view entry, std::string_view button) {
+  bool& checked = workspace_.Form.Menus[entry].Checked;
+  checked = !checked;
+  workspace_.Form.Toolbar1[button].Pressed = checked;
+  SetCompareMode();
+}
+
 }  // namespace tarnwell::commands

@@ -22,6 +22,9 @@ class Switches : public settings::ViewSwitches {
   void ShowColor(bool show) override;
   void ShowCommandLine(bool show, bool noLayout) override;
   void SetCompareMode() override;
+  // The menu's way of setting a criterion of the comparison: "mnuCompareSize" goes with the button
+  // "compare_size", and so on.
+  void ToggleCompare(std::string_view entry, std::string_view button);
 
  private:
   // Exactly one of the two entries is checked, and the button goes with it. False if that is so

@@ -272,6 +272,8 @@ class ListerControl : public forms::Control {
   void BeginContextAction();
   void EndAction();
   void EndDrop();
+  // The form's answer to DragBegun; action 1 begins the drag.
+  void Drag(int action);
 
   // --- Tools.
 

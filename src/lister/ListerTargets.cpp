@@ -124,4 +124,9 @@ void ListerControl::EndDrop() {
   DragLeft();
 }
 
+void ListerControl::Drag(int action) {
+  constexpr int begin = 1;
+  if (action == begin) parts_->State.View().BeginDrag();
+}
+
 }  // namespace tarnwell::lister

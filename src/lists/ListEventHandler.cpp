@@ -1,7 +1,9 @@
 #include "lists/ListEventHandler.h"
 
 #include <cstddef>
+#include <exception>
 
+#include "lister/ListInput.h"
 #include "workspace/Highlight.h"
 
 namespace tarnwell::lists {
@@ -19,8 +21,29 @@ void ListEventHandler::DriveSelected(lister::ListId list) {
   navigation_.UpdateChildPane(list);
 }
 
+void ListEventHandler::DragBegun(lister::ListId list, const lister::MouseEvent&) {
+  constexpr int begin = 1;
+  workspace_.CurrentList = list;
+  workspace::HighlightActiveList(workspace_, false);
+  workspace_.ResizeAction = "DragStart";
+  workspace_.Lists[list].Drag(begin);
+}
+
+void ListEventHandler::DragEnded(lister::ListId, const lister::MouseEvent&) {
+  workspace_.ResizeAction.clear();
+}
+
+void ListEventHandler::NewFolderAt(lister::ListId, const std::string&, const std::string&) {
+  requests_.CreateNewFolder();
+}
+
+void ListEventHandler::NewFolderAsked(lister::ListId) {
+  requests_.CreateNewFolder();
+}
+
 void ListEventHandler::MouseReleased(lister::ListId list) {
   host_.SetScreenPointer(forms::MousePointer::Default);
+  workspace_.SpaceHeld = false;
   workspace::ColourTitleBar(workspace_, list);
 }
 
@@ -49,8 +72,13 @@ void ListEventHandler::ListFocused(lister::ListId list) {
   workspace_.EnteredList = list;
 }
 
-void ListEventHandler::ItemFocused(lister::ListId list, std::int16_t) {
+void ListEventHandler::PointerAsked(lister::ListId, int pointer) {
+  host_.SetScreenPointer(static_cast<forms::MousePointer>(pointer));
+}
+
+void ListEventHandler::ItemFocused(lister::ListId list, std::int16_t item) {
   workspace_.CurrentList = list;
+  workspace_.ActiveItem = item;
   workspace::HighlightActiveList(workspace_, true);
 }
 
@@ -63,8 +91,57 @@ void ListEventHandler::HeadingsChanged(lister::ListId) {
   workspace_.Form.Touch();
 }
 
+// The wheel acts on the active list, whichever list is under the pointer.
+void ListEventHandler::WheelTurned(lister::ListId list, int& delta) {
+  lister::ListerControl* const active = workspace_.Lists.Find(workspace_.ActiveList);
+  if (active == nullptr) return;
+  if (list != workspace_.ActiveList) active->TakeFocus("");
+  active->WheelScroll(delta > 0);
+}
+
+void ListEventHandler::ListKeyDown(lister::ListId, std::int16_t& keyCode) {
+  lister::ListerControl* const active = workspace_.Lists.Find(workspace_.ActiveList);
+  if (active == nullptr) return;
+  try {
+    HandleKey(*active, keyCode);
+  } catch (const std::exception&) {
+    messenger_.Message("An error occurred while handline the key presses.", forms::MessageKind::Ok);
+  }
+}
+
+void ListEventHandler::HandleKey(lister::ListerControl& list, std::int16_t& keyCode) {
+  switch (keyCode) {
+    case lister::SpaceKeyCode:
+      workspace_.SpaceHeld = true;
+      list.SpaceKey();
+      break;
+    case lister::UpKey:
+    case lister::DownKey:
+      list.ArrowKey(keyCode, workspace_.SpaceHeld);
+      break;
+    case lister::F3Key:
+      list.CalculateItemSize();
+      break;
+    default:
+      break;
+  }
+}
+
+void ListEventHandler::SpaceReleased(lister::ListId) {
+  workspace_.SpaceHeld = false;
+}
+
+void ListEventHandler::MouseLockAsked(lister::ListId, bool& locked) {
+  workspace_.ForEachList([&](lister::ListerControl& list) { list.MouseLocked = locked; });
+}
+
 void ListEventHandler::CloseAsked(lister::ListId) {
-  close_();
+  requests_.Close();
+}
+
+void ListEventHandler::CommandTextAsked(lister::ListId, const std::string& text) {
+  workspace_.Form.cboCommand.Text = text;
+  workspace_.Form.Touch();
 }
 
 void ListEventHandler::EscapeKey() {

@@ -13,41 +13,59 @@
 
 namespace tarnwell::lists {
 
+// What the handler passes on to parts of the program that it does not know.
+struct ListRequests {
+  std::function<void()> Close;            // unloads the main form
+  std::function<void()> CreateNewFolder;  // in the current list, as if asked for by key
+};
+
 class ListEventHandler : public lister::ListerEvents {
  public:
-  // `close` unloads the main form.
   ListEventHandler(workspace::Workspace& workspace, Navigation& navigation, forms::FormHost& host,
-                   forms::Messenger& messenger, std::function<void()> close)
+                   forms::Messenger& messenger, ListRequests requests)
       : workspace_(workspace),
         navigation_(navigation),
         host_(host),
         messenger_(messenger),
-        close_(std::move(close)) {}
+        requests_(std::move(requests)) {}
 
   void FolderSelected(lister::ListId list) override;
   void DriveSelected(lister::ListId list) override;
+  void DragBegun(lister::ListId list, const lister::MouseEvent& event) override;
+  void DragEnded(lister::ListId list, const lister::MouseEvent& event) override;
   void MouseReleased(lister::ListId list) override;
+  void NewFolderAt(lister::ListId list, const std::string& folder,
+                   const std::string& name) override;
+  void NewFolderAsked(lister::ListId list) override;
   void UpFolderKey(lister::ListId list, int keyCode, int shift) override;
   void OpenChildFolder(lister::ListId list, const std::string& folder,
                        const std::string& branch) override;
   void UpFolderButton(lister::ListId list) override;
   void TitleColorAsked(lister::ListId list) override;
   void ListFocused(lister::ListId list) override;
+  void PointerAsked(lister::ListId list, int pointer) override;
   void ItemFocused(lister::ListId list, std::int16_t item) override;
   void StatusMessage(lister::ListId list, const std::string& text) override;
   void HeadingsChanged(lister::ListId list) override;
+  void WheelTurned(lister::ListId list, int& delta) override;
+  void ListKeyDown(lister::ListId list, std::int16_t& keyCode) override;
+  void SpaceReleased(lister::ListId list) override;
+  void MouseLockAsked(lister::ListId list, bool& locked) override;
   void CloseAsked(lister::ListId list) override;
+  void CommandTextAsked(lister::ListId list, const std::string& text) override;
 
   // Escape at the form: the active list stops what it reads; a folder list and the file list of its
   // pane both do.
   void EscapeKey();
 
  private:
+  void HandleKey(lister::ListerControl& list, std::int16_t& keyCode);
+
   workspace::Workspace& workspace_;
   Navigation& navigation_;
   forms::FormHost& host_;
   forms::Messenger& messenger_;
-  std::function<void()> close_;
+  ListRequests requests_;
 };
 
 }  // namespace tarnwell::lists

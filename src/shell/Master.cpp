@@ -39,6 +39,16 @@ workspace::FormTables Tables() {
           .Images = commands::ImageKeys()};
 }
 
+constexpr std::pair<const char*, const char*> SortEntries[] = {{"mnuSortAsc", "asc"},
+                                                               {"mnuSortDes", "des"},
+                                                               {"mnuSortAscAdd", "ascadd"},
+                                                               {"mnuSortAddDes", "desadd"}};
+
+constexpr const char* HeadingEntries[] = {"mnuHeadingExtension",        "mnuHeadingSize",
+                                          "mnuHeadingDateLastModified", "mnuHeadingDateCreated",
+                                          "mnuHeadingDateLastAccessed", "mnuHeadingFileType",
+                                          "mnuHeadingAttributes",       "mnuHeadingComments"};
+
 }  // namespace
 
 struct Master::Stage {
@@ -85,7 +95,11 @@ Master::Master(const Services& services, Splash& splash)
       skin_(services_.Files, ProgramFile(SkinFolderName), targets_, messages_),
       panes_(space_, layout_, services_.Host, messages_, *this),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
-      events_(space_, navigation_, services_.Host, messages_, [this] { Close(); }) {
+      newFolder_(space_, services_.Files, services_.Host, messages_, dialogFields_),
+      events_(space_, navigation_, services_.Host, messages_,
+              {[this] { Close(); }, [this] { newFolder_.CreateNewFolder(true); }}),
+      listCommands_(space_),
+      comparison_(space_, services_.Host, messages_) {
   workspace::MainForm& form = space_.Form;
   form.Left = StartLeft;
   form.Top = StartTop;
@@ -126,6 +140,24 @@ void Master::SetUpMenus() {
     commands_.Bind("mnuPane" + std::to_string(pane), change);
     commands_.Bind("pane" + std::to_string(pane), change);
   }
+  for (const auto& [entry, word] : SortEntries) {
+    commands_.Bind(entry, [this, word = word] { listCommands_.Sort(word); });
+  }
+  commands_.Bind("mnuHeadLeft", [this] { listCommands_.MoveHeading("headleft"); });
+  commands_.Bind("mnuHeadRight", [this] { listCommands_.MoveHeading("headright"); });
+  for (const char* const heading : HeadingEntries) {
+    commands_.Bind(heading, [this, heading] { listCommands_.ToggleHeading(heading); });
+  }
+  commands_.Bind("mnuHidden", [this] { listCommands_.HiddenShowHide(); });
+  commands_.Bind("mnuSystem", [this] { listCommands_.SystemShowHide(); });
+  commands_.Bind("mnuColorOn", [this] { switches_.ShowColor(true); });
+  commands_.Bind("mnuColorOff", [this] { switches_.ShowColor(false); });
+  commands_.Bind("mnuCalculateFolderSizes", [this] { listCommands_.CalculateFolderSizes(); });
+  commands_.Bind("mnuCompare", [this] { comparison_.CompareFolders(); });
+  commands_.Bind("mnuCompareSize",
+                 [this] { switches_.ToggleCompare("mnuCompareSize", "compare_size"); });
+  commands_.Bind("mnuCompareDate",
+                 [this] { switches_.ToggleCompare("mnuCompareDate", "compare_date"); });
 }
 
 void Master::LinkMenus() {

@@ -6,6 +6,8 @@
 
 #include "commands/Dispatcher.h"
 #include "commands/Switches.h"
+#include "fileops/NewFolder.h"
+#include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 #include "lists/Navigation.h"
 #include "settings/LoadLastSettings.h"
@@ -15,6 +17,7 @@
 #include "shell/MessageBox.h"
 #include "shell/Services.h"
 #include "shell/Splash.h"
+#include "tools/CompareFolders.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
 #include "workspace/Workspace.h"
@@ -95,7 +98,11 @@ class Master : private workspace::PaneHooks {
   settings::Skin skin_;
   workspace::PaneSet panes_;
   lists::Navigation navigation_;
+  fileops::DialogFields dialogFields_;
+  fileops::NewFolder newFolder_;
   lists::ListEventHandler events_;
+  lists::ListCommands listCommands_;
+  tools::FolderComparison comparison_;
   commands::Dispatcher commands_;
   settings::ReadMarkers markers_;
   bool toSave_ = false;  // the load is done, and nothing is saved yet

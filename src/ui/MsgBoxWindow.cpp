@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/ShowDialog.h"
+
 namespace tarnwell::ui {
 namespace {
 
@@ -102,17 +104,7 @@ void MsgBoxWindow::Measure() {
 }
 
 void MsgBoxWindow::Show(QWidget* owner) {
-  if (owner != nullptr) {
-    setParent(owner, windowFlags());
-    setWindowModality(Qt::ApplicationModal);
-  }
-  const QRect room = screen()->availableGeometry();
-  const QPoint place(ToPixels(form_.Left), ToPixels(form_.Top));
-  move(std::clamp(place.x(), room.left(), std::max(room.right() - width(), room.left())),
-       std::clamp(place.y(), room.top(), std::max(room.bottom() - height(), room.top())));
-  show();
-  raise();
-  activateWindow();
+  ShowDialog(*this, form_, owner);
   buttons_[0].setFocus();
 }
 

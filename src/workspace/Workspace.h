@@ -36,6 +36,10 @@ struct Workspace {
   lister::ListId ActiveList = lister::NoList;   // takes keys and the wheel
   lister::ListId CurrentList = lister::NoList;  // what commands act on
   lister::ListId EnteredList = lister::NoList;  // the list of the last ListFocused
+  std::int16_t ActiveItem = 0;  // number of the item that had the focus last, from the top
+  bool SpaceHeld = false;       // from Space down in a list until it comes up
+  // What the mouse is doing on the form: "DragStart" while items are dragged out of a list.
+  std::string ResizeAction;
   std::int16_t InitialActivePane = -1;          // first open pane at start, -1 for none
   std::int16_t PreviousActivePane = -99;        // the pane that auto expand saw last
 

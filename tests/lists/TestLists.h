@@ -15,7 +15,7 @@ class TestLists : public workspace::TestWorkspace {
   explicit TestLists(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
       : TestWorkspace(std::move(platform)),
         Nav(Space, Platform.Files.Syntax(), Host),
-        Handler(Space, Nav, Host, Messages, [this] { ++Closed; }) {}
+        Handler(Space, Nav, Host, Messages, {[this] { ++Closed; }, [this] { ++NewFolders; }}) {}
 
   lister::ListerEvents& EventsOf() override {
     return Connected ? Handler : TestWorkspace::EventsOf();
@@ -39,6 +39,7 @@ class TestLists : public workspace::TestWorkspace {
   Navigation Nav;
   ListEventHandler Handler;
   int Closed = 0;
+  int NewFolders = 0;
   bool Connected = true;  // somebody hears what lists tell that are made from now on
 };
 

@@ -1,0 +1,19 @@
+// What the small dialogs of file operations answer with.
+#pragma once
+
+#include <string>
+
+#include "base/Colour.h"
+
+namespace tarnwell::fileops {
+
+struct DialogFields {
+  // The word of the button pressed, "cancel" say, or the name that was typed. Empty when the dialog
+  // was closed by other means.
+  std::string DialogResult;
+};
+
+// The box of a dialog that cannot be changed; those that can are white.
+inline constexpr base::Colour FixedBox = base::Rgb(166, 202, 240);
+
+}  // namespace tarnwell::fileops

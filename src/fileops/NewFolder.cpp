@@ -1,0 +1,53 @@
+#include "fileops/NewFolder.h"
+
+#include <exception>
+#include <stdexcept>
+#include <string>
+
+#include "fileops/popNewFolder.h"
+
+namespace tarnwell::fileops {
+namespace {
+
+const std::string Sorry = "Sorry, you cannot make a new folder here.";
+
+void CentreOn(const forms::Form& mainForm, forms::Form& dialog) {
+  dialog.Left = mainForm.Left + mainForm.Width / 2 - dialog.Width / 2;
+  dialog.Top = mainForm.Top + mainForm.Height / 2 - dialog.Height / 2;
+}
+
+}  // namespace
+
+void NewFolder::CreateNewFolder(bool byKey) {
+  lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
+  if (list == nullptr) return;
+  try {
+    AskAndMake(*list, byKey);
+  } catch (const std::exception& error) {
+    messenger_.Message(
+        Sorry + "\r\n\r\nThe system returned the following message:\r\n\r\n     " + error.what(),
+        forms::MessageKind::Ok);
+  }
+  list->RefreshList();
+  list->WatchStart();
+}
+
+void NewFolder::AskAndMake(lister::ListerControl& list, bool byKey) {
+  fields_.DialogResult.clear();
+  const std::string folder = list.TargetFolder(byKey);
+  if (folder.empty()) {
+    messenger_.Message(Sorry, forms::MessageKind::Ok);
+    return;
+  }
+  popNewFolder dialog(host_, fields_);
+  dialog.txtDest.Text = folder;
+  host_.Open(dialog);
+  CentreOn(workspace_.Form, dialog);
+  host_.ShowModal(dialog, &workspace_.Form);
+  if (fields_.DialogResult.empty() || fields_.DialogResult == "cancel") return;
+  list.WatchStop();
+  const base::Status status = files_.MakeFolder(folder + fields_.DialogResult);
+  if (!status) throw std::runtime_error(status.Reason);
+}
+
+}  // namespace tarnwell::fileops

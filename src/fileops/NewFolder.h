@@ -1,0 +1,33 @@
+// The command that makes a new folder in the current list.
+#pragma once
+
+#include "fileops/DialogFields.h"
+#include "forms/FormHost.h"
+#include "forms/Messenger.h"
+#include "platform/FileSystem.h"
+#include "workspace/Workspace.h"
+
+namespace tarnwell::fileops {
+
+class NewFolder {
+ public:
+  NewFolder(workspace::Workspace& workspace, platform::FileSystem& files, forms::FormHost& host,
+            forms::Messenger& messenger, DialogFields& fields)
+      : workspace_(workspace), files_(files), host_(host), messenger_(messenger), fields_(fields) {}
+
+  // Asks for the name and makes the folder where TargetFolder of the list says; `byKey` goes to
+  // that. A failure is told by a message. The list is read again in every case.
+  void CreateNewFolder(bool byKey);
+
+ private:
+  // Throws std::runtime_error with the system's words if the folder cannot be made.
+  void AskAndMake(lister::ListerControl& list, bool byKey);
+
+  workspace::Workspace& workspace_;
+  platform::FileSystem& files_;
+  forms::FormHost& host_;
+  forms::Messenger& messenger_;
+  DialogFields& fields_;
+};
+
+}  // namespace tarnwell::fileops

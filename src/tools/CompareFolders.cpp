@@ -1,0 +1,40 @@
+#include "tools/CompareFolders.h"
+
+#include <vector>
+
+#include "forms/PointerScope.h"
+#include "lists/ListCommands.h"
+
+namespace tarnwell::tools {
+
+void FolderComparison::CompareFolders() {
+  workspace::MainForm& form = workspace_.Form;
+  const forms::PointerScope pointers(host_, form.Toolbar1);
+  lists::WatchStopPanes(workspace_);
+  form.Menus["mnuCompareSize"].Checked = form.Toolbar1["compare_size"].Pressed;
+  form.Menus["mnuCompareDate"].Checked = form.Toolbar1["compare_date"].Pressed;
+  form.Touch();
+  if (workspace_.OpenPaneCount == 1) {
+    messenger_.Message("You are only showing one folder currently, so there is nothing to compare.",
+                       forms::MessageKind::Ok);
+  } else {
+    Compare();
+  }
+  lists::WatchStartPanes(workspace_);
+}
+
+void FolderComparison::Compare() {
+  if (workspace_.Lists.Find(workspace_.CurrentList) == nullptr) return;
+  const int reference = lister::PaneOf(workspace_.CurrentList);
+  lister::ListerControl& files = workspace_.Lists.Files(reference);
+  std::vector<lister::CompareRecord> records = files.CompareRecords();
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const auto i = static_cast<std::size_t>(pane);
+    if (pane == reference || workspace_.Panes[i].Status != workspace::Open) continue;
+    std::int32_t mode = workspace_.Settings.CompareMode;
+    workspace_.Lists.Files(pane).CompareAgainst(records, mode);
+  }
+  if (workspace_.OpenPaneCount == 2) files.CompareSelf(records);
+}
+
+}  // namespace tarnwell::tools
