@@ -13,6 +13,7 @@ void FileInput::MouseDown(const RowPointer& at) {
     DragFinished(at.Event);
   }
   if (!MayStart()) return;
+  list_.Control.Focused();
   SetTyped("");
   if (at.Event.Button == main) PressMain(at);
   if (at.Event.Button == other) PressOther(at);

@@ -123,7 +123,9 @@ void FolderInput::MouseDown(const RowPointer& at) {
   constexpr int main = 1, other = 2;
   if (at.Event.Button == main) DragFinished(at.Event);  // the end of one that got lost
   pressed_.Clear();
-  if (!MayStart() || (at.Event.Button != main && at.Event.Button != other)) return;
+  if (!MayStart()) return;
+  list_.Control.Focused();
+  if (at.Event.Button != main && at.Event.Button != other) return;
   SetTyped("");
   SetClicked(at.Part == RowPart::None ? NoRow : at.Row);
   if (at.Event.Button == other) return RaiseRightClick(at);

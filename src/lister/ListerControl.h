@@ -157,8 +157,6 @@ class ListerControl : public forms::Control {
   // keyboard.
   void TakeFocus(std::string_view modifier = "");
   void RedrawList();
-  // Action 1, the answer to DragBegun: what is selected is dragged, until DragFinished.
-  void Drag(int action);
   // Reads the folder again and shows it; branches that are expanded stay so, the cursor stays on
   // the item of its name, or goes to the place where that was. In a file list selection and scroll
   // position stay too.

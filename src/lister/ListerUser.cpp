@@ -25,7 +25,6 @@ void ListerControl::TypeText(std::string_view text) {
 }
 
 void ListerControl::MouseDown(const RowPointer& at) {
-  if (!MouseLocked) Focused();
   parts_->Body->Input().MouseDown(at);
 }
 void ListerControl::MouseMoved(const RowPointer& at) {
@@ -90,11 +89,6 @@ void ListerControl::UpButton() {
 }
 void ListerControl::NewFolderButton() {
   parts_->State.Events.NewFolderAsked(id_);
-}
-
-void ListerControl::Drag(int action) {
-  constexpr int begin = 1;
-  if (action == begin) parts_->State.View().BeginDrag();
 }
 
 void ListerControl::DragOver(RowId row) {

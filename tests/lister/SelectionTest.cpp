@@ -191,5 +191,181 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
   }
 }
 
+TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
+  for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
+    Platform.Files.AddFile(std::string("C:\\box\\") + name);
+  }
+  Load();
+  Click(2, RowPart::Item);
+  EXPECT_EQ(Events.Take(),
+            (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "MouseReleased"}));
+  // Rows that a sweep leaves again get back what they had; the ends of the list hold it up.
+  Pull({0, 4, 1}, RowPart::Gap);
+  EXPECT_EQ(Marks(), "###...");
+  EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Sweep);
+  EXPECT_TRUE(List.MouseLocked);
+  List.MouseMoved(At(9, RowPart::None));
+  EXPECT_EQ(Marks(), "######");
+  Platform.Files.Remove("C:\\box\\b");  // rows go, and their numbers serve others
+  Platform.Files.AddFile("C:\\box\\g");
+  List.RefreshList();
+  List.MouseMoved(At(-1, RowPart::None));
+  EXPECT_EQ(Marks(), "##....");
+  List.MouseDown(At(3, RowPart::Item, 0, 2));  // no menu meanwhile
+  List.MouseUp({});
+  EXPECT_FALSE(List.MouseLocked);
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 0", "Locked",
+                                  "Unlocked", "MouseReleased"}));
+
+  const auto began = [&](int from, RowPart part, int shift = 0) {
+    Pull({from, 2}, part, shift);
+    EXPECT_NE(List.CurrentMouseAction(), MouseAction::None);
+    EXPECT_TRUE(List.MouseLocked);
+    Events.Take();
+  };
+  const auto ended = [&] {
+    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::None);
+    EXPECT_FALSE(List.MouseLocked);
+    EXPECT_EQ(Events.Take(), Texts{"Unlocked"});
+    List.MouseMoved(At(0, RowPart::Item));
+    List.MouseUp(At(0, RowPart::Item));
+    EXPECT_EQ(Events.Take(), Texts{"MouseReleased"});
+  };
+  began(6, RowPart::Rest);
+  EXPECT_EQ(Marks(), "..####");
+  EXPECT_TRUE(List.KeyDown(EscapeKey, 0));
+  EXPECT_EQ(Marks(), "##....");
+  ended();
+  EXPECT_FALSE(List.KeyDown(EscapeKey, 0));
+  began(6, RowPart::Rest, ShiftDown);
+  EXPECT_EQ(Marks(), "######");
+  List.MouseDown(At(6, RowPart::None));  // the button came up where nobody saw it
+  EXPECT_EQ(Events.Take(), (Texts{"Unlocked", "ListFocused", "TitleColorAsked"}));
+  List.MouseUp({});
+  Events.Take();
+  EXPECT_EQ(Marks(), "......");
+  began(0, RowPart::Gap);
+  Load("D:\\");
+  EXPECT_FALSE(List.MouseLocked);
+  Load();
+  began(1, RowPart::Rest, CtrlDown);
+  EXPECT_EQ(Marks(), ".##...");
+  List.MouseUp({});
+  Events.Take();
+
+  // Several are dragged; a click without a drag breaks the selection up when the button comes up.
+  List.MouseDown(At(2, RowPart::Item));
+  EXPECT_EQ(Marks(), ".##...");
+  List.MouseMoved(At(4, RowPart::Item));
+  List.MouseMoved(At(5, RowPart::Item));
+  EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Drag);
+  List.DragFinished({});
+  List.MouseUp({});
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "DragBegun",
+                                  "DragMoved", "DragEnded", "MouseReleased"}));
+  EXPECT_EQ(Marks() + std::to_string(View.Drags), ".##...1");
+  List.MouseDown(At(2, RowPart::Item, CtrlDown));
+  EXPECT_EQ(Marks(), ".##...");
+  List.MouseUp(At(2, RowPart::Item, CtrlDown));
+  EXPECT_EQ(Marks(), ".#....");
+
+  // The other button keeps what is selected where it comes down on that or on nothing.
+  Events.Take();
+  List.MouseDown(At(1, RowPart::Rest, 0, 2));
+  EXPECT_EQ(Events.Clicked.Folder + "+" + Events.Clicked.Name, "C:\\box\\+c");
+  List.MouseDown(At(7, RowPart::None, 0, 2));
+  EXPECT_EQ(Events.Clicked.Folder + "+" + Events.Clicked.Name, "C:\\box\\+");
+  EXPECT_EQ(Marks(), ".#....");
+  List.MouseDown(At(0, RowPart::Item, 0, 4));
+  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  EXPECT_EQ(Marks(), "#.....");
+  EXPECT_FALSE(Events.Clicked.UsePath);
+  List.MouseLocked = true;
+  Events.Take();
+  Pull({3, 4}, RowPart::Gap);
+  List.MouseDown(At(3, RowPart::Item, 0, 2));
+  EXPECT_TRUE(Events.Take().empty());
+  EXPECT_EQ(Marks(), "#.....");
+  List.MouseLocked = false;
+  began(1, RowPart::Gap);
+  List.Terminate();
+  EXPECT_FALSE(List.MouseLocked);
+}
+
+TEST_F(Selection, TakesKeysAndTypedText) {
+  for (const char* name : {"bar", "Bat", "b c", "moon", "sun"}) {
+    Platform.Files.AddFile(std::string("C:\\box\\") + name);
+  }
+  Platform.Files.AddFolder("C:\\box\\sub");
+  Load();  // sub, b c, bar, Bat, moon, sun
+  const auto press = [&](int key, int shift = 0) { return List.KeyDown(key, shift); };
+  press(HomeKey);
+  // With Space held, arrows make of the rows what Space made of the first.
+  press(SpaceKeyCode);
+  press(SpaceKeyCode);  // the key repeats
+  press(DownKey);
+  press(DownKey);
+  EXPECT_EQ(Marks(), "......");
+  List.KeyUp(SpaceKeyCode);
+  press(SpaceKeyCode);
+  press(DownKey);
+  press(DownKey);
+  press(UpKey);
+  List.KeyUp(SpaceKeyCode);
+  EXPECT_EQ(Marks(), "..##..");
+  press(InsertKey);
+  EXPECT_EQ(Marks() + Current(), "..#...moon");
+  List.SelectAll();
+  List.SelectAll("none");
+  EXPECT_EQ(Marks(), "......");
+  List.PrepareSelectionKeyboard();
+  EXPECT_EQ(Marks(), "....#.");
+
+  const auto type = [&](const char* text) {
+    List.TypeText(text);
+    return Current() + "|" + List.StatusText();
+  };
+  press(HomeKey);
+  EXPECT_EQ(type("B"), "b c|Find: B");
+  EXPECT_EQ(type("B"), "bar|Find: B");
+  EXPECT_EQ(type("a"), "bar|No item begins with BBa");
+  Platform.Clock.Tick += 1000;
+  EXPECT_EQ(type("b"), "Bat|Find: b");
+  EXPECT_EQ(type("a"), "Bat|Find: ba");
+  EXPECT_EQ(Marks(), "...#..");
+  EXPECT_TRUE(press(EscapeKey));
+  EXPECT_FALSE(press(EscapeKey));
+  EXPECT_EQ(List.StatusText().find("Find"), std::string::npos);
+  EXPECT_EQ(type("b"), "b c|Find: b");
+  EXPECT_FALSE(press(SpaceKeyCode));  // within a name
+  EXPECT_EQ(type(" "), "b c|Find: b ");
+  List.SetProperty("ActiveString", std::string());
+  press(SpaceKeyCode);
+  EXPECT_EQ(Marks(), "......");
+
+  Events.Take();
+  press(EnterKey, CtrlDown);
+  press(HomeKey, CtrlDown);
+  press(EnterKey);
+  press(BackspaceKey);
+  press(UpKey, AltDown);
+  press('N', CtrlDown | ShiftDown);
+  press('Q', CtrlDown);
+  press(F3Key);
+  EXPECT_FALSE(press('Q', 0));
+  EXPECT_FALSE(press(EnterKey, AltDown));
+  EXPECT_EQ(Events.Take(),
+            (Texts{"CommandTextAsked \"C:\\box\\b c\"", "ItemFocused 0",
+                   "OpenChildFolder C:\\box\\sub in C:\\box", "UpFolderKey 8", "UpFolderKey 38",
+                   "NewFolderAsked", "CloseAsked", "ListKeyDown 114"}));
+  for (const char* path : {"", "(empty)", "C:\\gone", "D:\\"}) {
+    Events.Bookmark = path;
+    press('0', CtrlDown);
+  }
+  EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 9", "BookmarkAsked 9", "BookmarkAsked 9",
+                                  "StatusMessage Cannot open C:\\gone: it is no longer there",
+                                  "BookmarkAsked 9", "OpenChildFolder D:\\ in D:\\"}));
+}
+
 }  // namespace
 }  // namespace tarnwell::lister
