@@ -3,6 +3,7 @@
 #include <set>
 
 #include "ListFixture.h"
+#include "lister/FolderTree.h"
 #include "lister/ListInput.h"
 
 namespace tarnwell::lister {
@@ -365,6 +366,149 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 9", "BookmarkAsked 9", "BookmarkAsked 9",
                                   "StatusMessage Cannot open C:\\gone: it is no longer there",
                                   "BookmarkAsked 9", "OpenChildFolder D:\\ in D:\\"}));
+}
+
+// What an action would work on, by mouse.
+struct Target {
+  explicit Target(const ListerControl& list) { list.GetClickedItem(Folder, Name, false, Kind); }
+  std::string Folder, Name;
+  std::int32_t Kind = -1;
+  std::string Text() const { return std::to_string(Kind) + " " + Folder + "+" + Name; }
+};
+
+TEST_F(Selection, SaysWhatAnActionWorksOn) {
+  Platform.Files.AddFolder("C:\\box\\sub.d");
+  Platform.Files.AddFile("C:\\box\\a.tar.gz");
+  Platform.Files.AddFile("C:\\box\\.rc");
+  EXPECT_EQ(Target(List).Text() + List.TargetFolder() + List.PasteFolder(), "0 +");
+  Load();  // sub.d, .rc, a.tar.gz
+  EXPECT_EQ(List.FirstSelected() + List.ActiveItemName() + List.DuplicateBaseName(), "");
+  EXPECT_EQ(List.NextSelected(), "end");
+  EXPECT_EQ(Target(List).Text(), "8 C:\\box\\+");
+  Click(2, RowPart::Item);
+  EXPECT_EQ(Target(List).Text(), "4 C:\\box\\+a.tar.gz");
+  EXPECT_EQ(List.DuplicateBaseName(), "C:\\box\\a.tar");
+  EXPECT_EQ(List.FirstSelected(), "C:\\box\\a.tar.gz");
+  Click(1, RowPart::Item, ShiftDown);
+  EXPECT_EQ(List.DuplicateBaseName(), "C:\\box\\.rc");
+  EXPECT_EQ(List.FirstSelected(), ".rc, a.tar.gz");
+  EXPECT_EQ(List.ActiveItemName(), std::string("C:\\box\\.rc\0C:\\box\\a.tar.gz\0\0", 28));
+
+  // The clicked item stays the one that is meant while the menu's action runs.
+  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  List.BeginContextAction();
+  EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  Click(1, RowPart::Item);
+  List.PrepareSelectionMouse();
+  EXPECT_EQ(Marks() + Target(List).Text(), "#..2 C:\\box\\+sub.d");
+  List.EndAction();
+  EXPECT_EQ(Target(List).Text(), "8 C:\\box\\+");
+  EXPECT_EQ(List.TargetFolder(), "C:\\box\\");
+
+  Events.Take();
+  List.DragOver(Row(RootRow, "sub.d"));
+  EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  List.DropOn(Row(RootRow, "sub.d"), {"C:\\x\0", "x", "copy", 100});
+  EXPECT_FALSE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
+  EXPECT_EQ(List.DropFolder(), "C:\\box\\sub.d\\");
+  List.EndDrop();
+  EXPECT_EQ(List.DropFolder(), "");
+  List.DropOn(Row(RootRow, ".rc"), {"x", "x", "", NoList});
+  EXPECT_EQ(List.DropFolder(), "C:\\box\\");
+  Platform.Files.Remove("C:\\box");
+  EXPECT_EQ(List.TargetFolder() + List.PasteFolder(), "");
+}
+
+class FolderSelection : public Selection {
+ protected:
+  explicit FolderSelection(const base::PathSyntax& syntax = base::PathSyntax::Windows())
+      : Selection(2, syntax) {}
+  void LoadTree(const std::string& root) {
+    for (const char* path : {"a", "box", "d"}) Platform.Files.AddFolder(root + path);
+    Platform.Files.AddFolder(Platform.Files.Syntax().Join(root + "box", "Beta"));
+    std::string drive;
+    List.LoadDrive(drive, false);
+    Events.Take();
+  }
+  RowId Find(const std::string& name) const { return Row(FolderTree::TopRow, name); }
+};
+
+TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
+  LoadTree("C:\\");
+  const auto press = [&](int key, int shift = 0) {
+    EXPECT_TRUE(List.KeyDown(key, shift));
+    return Current();
+  };
+  EXPECT_EQ(
+      (Texts{press(DownKey), press(DownKey), press(RightKey), press(DownKey), press(DownKey),
+             press(UpKey), press(UpKey), press(LeftKey), press(DownKey), press(HomeKey),
+             press(UpKey), press(EndKey), press(LeftKey), press(RightKey), press(PageDownKey)}),
+      (Texts{"a", "box", "box", "Beta", "d", "Beta", "box", "box", "d", "C:\\", "C:\\", "d", "C:\\",
+             "a", "d"}));
+  press(UpKey);
+  press(EnterKey);
+  List.TypeText("be");
+  EXPECT_EQ(Current() + List.StatusText(), "BetaFind: be");
+  EXPECT_EQ(List.FirstSelected(), "C:\\box\\Beta");
+  EXPECT_EQ(List.ActiveItemName(), std::string("C:\\box\\Beta\0\0", 13));
+  List.SelectionCursor = 0;
+  EXPECT_EQ((Texts{List.NextSelected(), List.NextSelected()}), (Texts{"C:\\box\\Beta", "end"}));
+  Events.Take();
+  press('N', CtrlDown | ShiftDown);
+  EXPECT_EQ(Events.Take(), Texts{"NewFolderAt C:\\box\\Beta\\"});
+
+  // A right click leaves the open folder as it is.
+  List.MouseDown(On(Find("a"), 2));
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "RightClicked C:\\a"}));
+  EXPECT_TRUE(Events.Clicked.UsePath);
+  EXPECT_EQ(Target(List).Text() + Current(), "2 C:\\+aBeta");
+  EXPECT_EQ(List.TargetFolder() + List.TargetFolder(true), "C:\\a\\C:\\box\\Beta\\");
+  Platform.Files.Remove("C:\\a");  // its number may serve another
+  Platform.Files.AddFolder("C:\\aa");
+  List.RefreshList();
+  EXPECT_EQ(Target(List).Text(), "0 +");
+  EXPECT_EQ(List.TargetFolder(), "C:\\box\\Beta\\");
+  List.MouseDown(On(FolderTree::TopRow, 2));
+  EXPECT_EQ(Target(List).Text(), "1 C:\\+");
+
+  List.DropOn(Find("d"), {"x", "x", "", NoList});
+  EXPECT_EQ(List.DropFolder(), "C:\\d\\");
+  List.DropOn(NoRow, {"x", "x", "", NoList});
+  EXPECT_EQ(List.DropFolder(), "");
+
+  // What is dragged is what the button came down on, and never a drive.
+  Events.Take();
+  List.MouseDown(On(Find("d")));
+  List.MouseMoved(On(Find("box")));
+  EXPECT_EQ(List.FirstSelected(), "C:\\d");
+  List.MouseUp({});
+  List.MouseDown(On(FolderTree::TopRow));
+  List.MouseMoved(On(Find("box")));
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "FolderSelected 2", "DragBegun",
+                                  "DragEnded", "MouseReleased", "ListFocused", "TitleColorAsked"}));
+  List.MoveCurrent(FolderTree::TopRow);
+  EXPECT_EQ(List.FirstSelected(), "C:");
+  EXPECT_EQ(List.ActiveItemName() + List.DuplicateBaseName(), "");
+  Events.Take();
+  Events.Bookmark = "D:\\";
+  press('2', CtrlDown);
+  EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 1", "DriveSelected 2"}));
+}
+
+class PosixFolderSelection : public FolderSelection {
+ protected:
+  PosixFolderSelection() : FolderSelection(base::PathSyntax::Posix()) {}
+};
+
+TEST_F(PosixFolderSelection, NamesTargetsByTheOtherSyntax) {
+  LoadTree("/");
+  EXPECT_EQ(List.FirstSelected(), "/:");
+  List.MouseDown(On(Find("box"), 2));
+  EXPECT_EQ(Target(List).Text() + List.TargetFolder(), "2 /+box/box/");
+  EXPECT_EQ(Events.Clicked.Path + Events.Clicked.Folder + Events.Clicked.Name, "/box/box");
+  List.MouseDown(On(FolderTree::TopRow, 2));
+  EXPECT_EQ(Target(List).Text() + List.TargetFolder(), "1 /+/");
 }
 
 }  // namespace
