@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/KeepColour.h"
 
 namespace tarnwell::lister {
 
@@ -49,6 +50,54 @@ void FileBody::Activate(RowId row) {
   state_.Events.OpenChildFolder(state_.Control.Id(), path, folder);
 }
 
+// --- Tools.
+
+void FileBody::SetItemColour(ItemColour colour) {
+  KeepColour(files_, colour);
+}
+
+int FileBody::FileCount() const {
+  return files_.Rows.Count() - files_.Rows.FolderCount();
+}
+
+void FileBody::CalculateFolderSizes() {
+  sizes_.AskForAll();
+  MeasureSizes();
+}
+
+void FileBody::CalculateItemSize() {
+  sizes_.AskForItem();
+  MeasureSizes();
+}
+
+// What waits for a read goes on from the event loop: whoever asked for that read is not to wait.
+void FileBody::MeasureSizes() {
+  if (!reader_.IsReading()) return sizes_.Work();
+  if (sizes_.HasWishes()) reader_.WhenDone([this] { files_.View().CatchUpLater(0); });
+}
+
+void FileBody::CatchUp() {
+  reader_.CatchUp();
+  MeasureSizes();
+}
+
+std::vector<CompareRecord> FileBody::CompareRecords() const {
+  return MakeRecords(files_.Rows, state_.Syntax);
+}
+
+void FileBody::CompareAgainst(std::vector<CompareRecord>& records, std::int32_t mode) {
+  ShowMarks(MarkRows(files_.Rows, records, mode, state_.Syntax));
+}
+
+void FileBody::CompareSelf(const std::vector<CompareRecord>& records) {
+  ShowMarks(MarkOwnRows(files_.Rows, records, state_.Syntax));
+}
+
+void FileBody::ShowMarks(const CompareCounts& counts) {
+  if (files_.Rows.Count() > 0) state_.View().CellsChanged(RootRow, 0, files_.Rows.Count() - 1);
+  state_.SetStatus(CompareSummary(counts));
+}
+
 // --- What the widget and the form ask.
 
 int FileBody::ChildCount(RowId parent) const {
@@ -69,7 +118,8 @@ RowLook FileBody::Look(RowId row) const {
   return {.Kind = item.Kind,
           .IsLink = item.IsLink,
           .IsHidden = item.IsHidden,
-          .IsSelected = item.IsSelected};
+          .IsSelected = item.IsSelected,
+          .Marks = item.Marks};
 }
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {
@@ -83,7 +133,8 @@ std::string FileBody::CellText(RowId row, HeadingId heading) const {
     case HeadingId::Extension:
       return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
     case HeadingId::Size:
-      return item.HasAttributes && !item.IsFolder() ? GroupedNumber(item.Size) : "";
+      return (item.IsFolder() ? item.HasFolderSize : item.HasAttributes) ? GroupedNumber(item.Size)
+                                                                         : "";
     case HeadingId::DateLastModified:
       return DateText(clock, item.Modified);
     case HeadingId::DateCreated:
@@ -102,6 +153,26 @@ std::string FileBody::CellText(RowId row, HeadingId heading) const {
       return item.HasAttributes ? PermissionText(item.Mode) : "";
   }
   return "";
+}
+
+std::string FileBody::CellBytes(RowId row, HeadingId heading) const {
+  if (!files_.Rows.Has(row)) return "";
+  const FileRow& item = files_.Rows.Row(row);
+  const std::string_view name = files_.Rows.Name(row);
+  switch (heading) {
+    case HeadingId::Name:
+      return std::string(name);
+    case HeadingId::Extension:
+      return std::string(item.IsFolder() ? "" : ExtensionOf(name));
+    case HeadingId::Size:
+      return CellText(row, heading).empty() ? "" : std::to_string(item.Size);
+    case HeadingId::Comments:
+      return std::string(files_.Rows.Comment(row));
+    case HeadingId::Path:
+      return files_.Rows.Folder();
+    default:
+      return CellText(row, heading);
+  }
 }
 
 std::string FileBody::PathOf(RowId row) const {

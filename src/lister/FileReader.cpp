@@ -161,6 +161,7 @@ bool FileReader::ReadAttributesOf(RowId row, Job& job) {
       files_.List.Services.Files.ReadAttributes(files_.Rows.Folder(), name, attributes);
   if (status) {
     files_.Rows.SetAttributes(row, attributes);
+    files_.ShowKnownSize(row);
   } else {
     files_.Rows.SetUnreadable(row);
     if (job.Unreadable++ == 0) job.Reason = status.Reason;

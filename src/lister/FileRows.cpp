@@ -1,13 +1,17 @@
 #include "lister/FileRows.h"
 
 #include <algorithm>
-#include <array>
+#include <bit>
+#include <iterator>
+#include <string_view>
 #include <tuple>
 #include <unordered_map>
 #include <utility>
 
 #include "lister/CellText.h"
-#include "lister/NameOrder.h"
+#include "lister/KeySort.h"
+#include "lister/ListerControl.h"
+#include "lister/RowKeys.h"
 
 namespace tarnwell::lister {
 
@@ -15,106 +19,100 @@ using platform::ItemKind;
 
 namespace {
 
-template <typename Number>
-int Compare(Number left, Number right) {
-  return (left > right) - (left < right);
-}
+// Rows between two questions whether to go on: a few milliseconds.
+constexpr int RowsATurn = 16'384;
 
-std::string_view ExtensionOf(const FileRows& rows, const FileRow& row) {
-  return row.IsFolder() ? std::string_view() : lister::ExtensionOf(rows.NameOf(row));
-}
-
-// What the type's text begins with, without making it.
-std::string_view TypeStem(const FileRows& rows, const FileRow& row) {
-  if (row.IsLink) return "Link";
-  const std::string_view extension = ExtensionOf(rows, row);
-  return extension.empty() ? "File" : extension;
-}
-
-using Comparison = int (*)(const FileRows&, const FileRow&, const FileRow&, const NameOrder&);
-
-template <auto Member>
-int CompareMember(const FileRows&, const FileRow& left, const FileRow& right, const NameOrder&) {
-  return Compare(left.*Member, right.*Member);
-}
-
-int CompareEqual(const FileRows&, const FileRow&, const FileRow&, const NameOrder&) {
-  return 0;
-}
-
-struct Ordering {
-  Comparison Compare;
-  bool NeedsAttributes;
-};
-
-// In the order of HeadingId. Folders and files are never compared with each other.
-constexpr std::array<Ordering, HeadingCount> Orderings{{
-    {[](const FileRows& rows, const FileRow& left, const FileRow& right, const NameOrder& names) {
-       return names.Compare(rows.NameOf(left), rows.NameOf(right));
-     },
-     false},
-    {[](const FileRows& rows, const FileRow& left, const FileRow& right, const NameOrder& names) {
-       return names.Compare(ExtensionOf(rows, left), ExtensionOf(rows, right));
-     },
-     false},
-    {CompareMember<&FileRow::Size>, true},
-    {CompareMember<&FileRow::Modified>, true},
-    {CompareMember<&FileRow::Created>, true},
-    {CompareMember<&FileRow::Accessed>, true},
-    {[](const FileRows& rows, const FileRow& left, const FileRow& right, const NameOrder& names) {
-       return left.IsFolder() ? 0 : names.Compare(TypeStem(rows, left), TypeStem(rows, right));
-     },
-     false},
-    {[](const FileRows&, const FileRow& left, const FileRow& right, const NameOrder&) {
-       return AttributeText(left).compare(AttributeText(right));
-     },
-     true},
-    {CompareEqual, false},  // comments
-    {CompareEqual, false},  // path: all items are in one folder
-    {[](const FileRows&, const FileRow& left, const FileRow& right, const NameOrder&) {
-       return Compare(left.Mode & 0777U, right.Mode & 0777U);
-     },
-     true},
-}};
-
-const Ordering& OrderingOf(const SortKey& key) {
-  return Orderings[static_cast<std::size_t>(key.Heading)];
-}
+// So many bytes of names that nothing needs are left alone.
+constexpr std::size_t MostUnusedNames = std::size_t{1} << 20;
 
 }  // namespace
 
 bool FileRow::LooksLike(const FileRow& other) const {
   const auto shown = [](const FileRow& row) {
     return std::tuple(row.Kind, row.IsLink, row.IsHidden, row.IsSystem, row.HasAttributes, row.Mode,
-                      row.Size, row.Modified, row.Created, row.Accessed);
+                      row.Size, row.Modified, row.Created, row.Accessed, row.HasFolderSize,
+                      row.Colour);
   };
-  return shown(*this) == shown(other);
+  return shown(*this) == shown(other) && Marks == other.Marks;
 }
 
-int FileRows::FolderCount() const {
-  return static_cast<int>(std::count_if(order_.begin(), order_.end(),
-                                        [this](RowId row) { return Row(row).IsFolder(); }));
+RowTotals FileRows::Totals() const {
+  RowTotals totals{.Items = Count(), .Selected = selected_};
+  for (const RowId row : order_) {
+    const FileRow& item = Row(row);
+    totals.Folders += item.IsFolder();
+    totals.Bytes += item.Size;
+    if (item.IsSelected) totals.SelectedBytes += item.Size;
+  }
+  return totals;
 }
 
-void FileRows::Add(const platform::FolderEntry& entry) {
+// --- Rows come and go.
+
+RowId FileRows::Add(const platform::FolderEntry& entry) {
+  const RowId row = Store(entry);
+  if (row == NoRow) return NoRow;
+  positions_[static_cast<std::size_t>(row - 1)] = Count();
+  order_.push_back(row);
+  all_.push_back(row);
+  return row;
+}
+
+RowId FileRows::Store(const platform::FolderEntry& entry) {
+  if (unusedNames_ > MostUnusedNames && unusedNames_ > names_.Bytes() / 2) DropUnusedNames();
   FileRow row;
-  row.NameStart = static_cast<std::uint32_t>(names_.size());
+  if (!names_.Add(entry.Name, row.NameStart)) return NoRow;
   row.NameLength = static_cast<std::uint16_t>(entry.Name.size());
   row.Kind = entry.Kind;
   row.IsLink = entry.IsLink;
   row.IsHidden = entry.IsHidden;
   row.IsSystem = entry.IsSystem;
-  names_ += entry.Name;
-  positions_.push_back(Count());
-  rows_.push_back(row);
-  order_.push_back(StoreSize());
+  return StoreRow(row);
 }
 
+RowId FileRows::StoreRow(const FileRow& row) {
+  RowId number = NoRow;
+  if (free_.empty()) {
+    rows_.push_back(row);
+    positions_.push_back(-1);
+    number = StoreSize();
+  } else {
+    number = free_.back();
+    free_.pop_back();
+    Stored(number) = row;
+  }
+  Stored(number).IsUsed = true;
+  return number;
+}
+
+void FileRows::Forget(RowId row) {
+  unusedNames_ += Row(row).NameLength;
+  Stored(row) = {};
+  comments_.erase(row);
+  free_.push_back(row);
+}
+
+void FileRows::DropUnusedNames() {
+  NameArena names;
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    if (IsUsed(row)) names.Add(Name(row), Stored(row).NameStart);
+  }
+  names_ = std::move(names);
+  unusedNames_ = 0;
+}
+
+// --- What is known of them.
+
 void FileRows::SetAttributes(RowId row, const platform::ItemAttributes& attributes) {
-  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  FileRow& item = Stored(row);
   item.Kind = attributes.Kind;
   item.IsLink = attributes.IsLink;
-  item.Size = item.IsFolder() ? 0 : attributes.Size;
+  const bool sizeStays = item.IsFolder() && item.HasFolderSize &&
+                         (!item.HasAttributes || item.Modified == attributes.Modified);
+  if (!sizeStays) {
+    item.HasFolderSize = false;
+    item.Size = item.IsFolder() ? 0 : attributes.Size;
+  }
   item.Mode = attributes.Mode;
   item.Modified = attributes.Modified;
   item.Created = attributes.Created;
@@ -126,17 +124,17 @@ void FileRows::SetUnreadable(RowId row) {
   const ItemKind kind = Row(row).Kind;
   const bool isLink = Row(row).IsLink;
   SetAttributes(row, {.Kind = kind, .IsLink = isLink});
-  rows_[static_cast<std::size_t>(row - 1)].HasAttributes = false;
+  Stored(row).HasAttributes = false;
 }
 
 void FileRows::SetFolderSize(RowId row, std::uint64_t bytes) {
-  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  FileRow& item = Stored(row);
   item.Size = bytes;
   item.HasFolderSize = true;
 }
 
 void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
-  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  FileRow& item = Stored(row);
   item.Colour = colour;
   item.NotesWereRead = true;
   if (comment.empty()) {
@@ -146,18 +144,22 @@ void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
   }
 }
 
+void FileRows::SetColour(RowId row, ItemColour colour) {
+  rows_[static_cast<std::size_t>(row - 1)].Colour = colour;
+}
+
 void FileRows::SetMarks(RowId row, CompareMarks marks) {
-  rows_[static_cast<std::size_t>(row - 1)].Marks = marks;
+  Stored(row).Marks = marks;
 }
 
 void FileRows::SetSelected(RowId row, bool selected) {
-  FileRow& item = rows_[static_cast<std::size_t>(row - 1)];
+  FileRow& item = Stored(row);
   selected_ += static_cast<int>(selected) - static_cast<int>(item.IsSelected);
   item.IsSelected = selected;
 }
 
 void FileRows::KeepSelection() {
-  for (FileRow& row : rows_) row.WasSelected = row.IsSelected;
+  for (RowId row = 1; row <= StoreSize(); ++row) Stored(row).WasSelected = Row(row).IsSelected;
 }
 
 std::string_view FileRows::Comment(RowId row) const {
@@ -166,13 +168,22 @@ std::string_view FileRows::Comment(RowId row) const {
 }
 
 RowId FileRows::Find(std::string_view name) const {
-  const auto found =
-      std::find_if(order_.begin(), order_.end(), [&](RowId row) { return Name(row) == name; });
-  return found == order_.end() ? NoRow : *found;
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    const FileRow& item = Row(row);
+    if (item.NameLength == name.size() && item.IsUsed && NameOf(item) == name) return row;
+  }
+  return NoRow;
 }
 
+// --- Order.
+
 void FileRows::SetOrder(std::vector<RowId> order) {
-  order_ = std::move(order);
+  all_ = std::move(order);
+  std::vector<RowId> shown;
+  shown.reserve(order_.size());
+  std::copy_if(all_.begin(), all_.end(), std::back_inserter(shown),
+               [this](RowId row) { return PositionOf(row) >= 0; });
+  order_ = std::move(shown);
   Renumber(0);
 }
 
@@ -182,51 +193,181 @@ void FileRows::Renumber(int from) {
   }
 }
 
-std::vector<RowId> FileRows::Sorted(const std::vector<SortKey>& keys,
-                                    const NameOrder& names) const {
-  std::vector<RowId> order = order_;
-  std::sort(order.begin(), order.end(), [&](RowId one, RowId other) {
-    const FileRow& left = Row(one);
-    const FileRow& right = Row(other);
-    if (left.IsFolder() != right.IsFolder()) return left.IsFolder();
-    for (const SortKey& key : keys) {
-      const int comparison = OrderingOf(key).Compare(*this, left, right, names);
-      if (comparison != 0) return key.Descending ? comparison > 0 : comparison < 0;
-    }
-    return NameOf(left) < NameOf(right);
+std::vector<RowId> FileRows::Sorted(const std::vector<SortKey>& keys, const NameOrder& names,
+                                    const GoOn& goOn) const {
+  const RowKeys maker(*this, keys, names);
+  KeySort sort(rows_.size(), names_.Bytes() + 16 * rows_.size());
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    if (row % RowsATurn == 0 && goOn && !goOn()) return {};
+    if (IsUsed(row)) sort.Add(row, [&](std::string& key) { maker.Append(row, key); });
+  }
+  return sort.Sorted([&](RowId left, RowId right) { return maker.BeforeByBytes(left, right); },
+                     goOn);
+}
+
+std::vector<RowId> FileRows::Reordered(const std::vector<RowId>& changed,
+                                       const std::vector<SortKey>& keys,
+                                       const NameOrder& names) const {
+  const RowKeys maker(*this, keys, names);
+  std::vector<char> moves(static_cast<std::size_t>(StoreSize()) + 1);
+  std::vector<std::pair<std::string, RowId>> moving;
+  for (const RowId row : changed) {
+    if (std::exchange(moves[static_cast<std::size_t>(row)], 1) != 0) continue;
+    moving.emplace_back(std::string(), row);
+    maker.Append(row, moving.back().first);
+  }
+  std::sort(moving.begin(), moving.end(), [&](const auto& left, const auto& right) {
+    const int order = left.first.compare(right.first);
+    return order != 0 ? order < 0 : maker.BeforeByBytes(left.second, right.second);
   });
+  std::vector<RowId> order;
+  order.reserve(all_.size() + moving.size());
+  std::copy_if(all_.begin(), all_.end(), std::back_inserter(order),
+               [&](RowId row) { return moves[static_cast<std::size_t>(row)] == 0; });
+
+  // From the end, so that each row that stays is shifted once, to its last place.
+  std::string key;
+  std::size_t staying = order.size();
+  order.resize(order.size() + moving.size());
+  for (std::size_t left = moving.size(); left > 0; --left) {
+    const auto& [wanted, row] = moving[left - 1];
+    const auto place = std::partition_point(
+        order.begin(), order.begin() + staying, [&, &wanted = wanted, &row = row](RowId other) {
+          key.clear();
+          maker.Append(other, key);
+          const int comparison = key.compare(wanted);
+          return comparison != 0 ? comparison < 0 : maker.BeforeByBytes(other, row);
+        });
+    const auto end =
+        std::move_backward(place, order.begin() + staying, order.begin() + staying + left);
+    staying = static_cast<std::size_t>(place - order.begin());
+    *(end - 1) = row;
+  }
   return order;
 }
 
 bool FileRows::NeedsAttributes(const std::vector<SortKey>& keys) {
   return std::any_of(keys.begin(), keys.end(),
-                     [](const SortKey& key) { return OrderingOf(key).NeedsAttributes; });
+                     [](const SortKey& key) { return RowKeys::NeedsAttributes(key.Heading); });
 }
 
+bool FileRows::NeedsNotes(const std::vector<SortKey>& keys) {
+  return std::any_of(keys.begin(), keys.end(),
+                     [](const SortKey& key) { return RowKeys::NeedsNotes(key.Heading); });
+}
+
+// --- What is on show.
+
+std::vector<RowId> FileRows::Taken(const NameFilter& filter, const std::vector<RowId>& rows) const {
+  if (!filter.IsOn()) return rows;
+  // The names are looked at as they lie in memory, which takes a third of the time.
+  std::vector<char> taken(rows_.size() + 1);
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    const FileRow& item = Row(row);
+    taken[static_cast<std::size_t>(row)] =
+        item.IsUsed && filter.Takes(NameOf(item), item.IsFolder());
+  }
+  const auto isTaken = [&](RowId row) { return taken[static_cast<std::size_t>(row)] != 0; };
+  std::vector<RowId> these;
+  these.reserve(static_cast<std::size_t>(std::count_if(rows.begin(), rows.end(), isTaken)));
+  std::copy_if(rows.begin(), rows.end(), std::back_inserter(these), isTaken);
+  return these;
+}
+
+void FileRows::TakeOffShow(RowId row) {
+  positions_[static_cast<std::size_t>(row - 1)] = -1;
+  SetSelected(row, false);
+}
+
+void FileRows::Hide(int first, int last) {
+  for (int position = first; position <= last; ++position) TakeOffShow(At(position));
+  order_.erase(order_.begin() + first, order_.begin() + last + 1);
+  Renumber(first);
+}
+
+void FileRows::Show(int position, const std::vector<RowId>& rows) {
+  const std::size_t count = order_.size() + rows.size();
+  if (count > order_.capacity()) order_.reserve(count + count / 16);  // not twice as much
+  order_.insert(order_.begin() + position, rows.begin(), rows.end());
+  Renumber(position);
+}
+
+void FileRows::SetShown(std::vector<RowId> order) {
+  for (const RowId row : order_) positions_[static_cast<std::size_t>(row - 1)] = -1;
+  std::swap(order_, order);
+  Renumber(0);
+  for (const RowId row : order) {
+    if (PositionOf(row) < 0) TakeOffShow(row);
+  }
+}
+
+std::vector<ExtensionChoice> FileRows::Extensions(const NameOrder& names) const {
+  std::unordered_map<std::string_view, int> spellings;
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    const FileRow& item = Row(row);
+    if (item.IsUsed && !item.IsFolder()) ++spellings[ExtensionOf(NameOf(item))];
+  }
+  spellings.erase(std::string_view());
+  std::unordered_map<std::string, int> counts;
+  for (const auto& [extension, count] : spellings) counts[LowerCase(extension)] += count;
+
+  std::vector<std::pair<std::string, ExtensionChoice>> choices;
+  choices.reserve(counts.size());
+  for (const auto& [extension, count] : counts) {
+    choices.push_back({"", {extension, count}});
+    names.AppendKey(extension, choices.back().first);
+  }
+  std::sort(choices.begin(), choices.end(), [](const auto& left, const auto& right) {
+    const int order = left.first.compare(right.first);
+    return order != 0 ? order < 0 : left.second.Extension < right.second.Extension;
+  });
+  std::vector<ExtensionChoice> ordered;
+  ordered.reserve(choices.size());
+  for (auto& choice : choices) ordered.push_back(std::move(choice.second));
+  return ordered;
+}
+
+// --- A folder that is read again.
+
 std::vector<RowId> FileRows::PairWith(const FileRows& fresh) const {
-  std::unordered_map<std::string_view, RowId> byName;
-  byName.reserve(order_.size());
-  for (const RowId row : order_) byName.emplace(Name(row), row);
+  // A table of rows by the hash of their names, at most half full; a row that has found its partner
+  // stays in it below zero. It is given away once: a folder that changes while it is read may hand
+  // out an item twice.
+  std::vector<RowId> table(std::bit_ceil(2 * rows_.size() + 1));
+  const auto slot = [&](std::string_view name, const auto& isIt) -> RowId& {
+    std::size_t at = std::hash<std::string_view>()(name);
+    while (table[at &= table.size() - 1] != 0 && !isIt(table[at])) ++at;
+    return table[at];
+  };
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    if (IsUsed(row)) slot(Name(row), [](RowId) { return false; }) = row;
+  }
   std::vector<RowId> partners(fresh.rows_.size(), NoRow);
   for (std::size_t at = 0; at < partners.size(); ++at) {
-    const auto found = byName.find(fresh.NameOf(fresh.rows_[at]));
-    if (found == byName.end()) continue;
-    // Given away once: a folder that changes while it is read may hand out an item twice.
-    partners[at] = std::exchange(found->second, NoRow);
+    const std::string_view name = fresh.NameOf(fresh.rows_[at]);
+    RowId& found = slot(name, [&](RowId row) { return row > 0 && Name(row) == name; });
+    if (found == 0) continue;
+    partners[at] = found;
+    found = -found;
   }
   return partners;
 }
 
 void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partners) {
-  for (std::size_t at = 0; at < rows_.size(); ++at) {
+  for (std::size_t at = 0; at < partners.size(); ++at) {
     if (partners[at] == NoRow) continue;
     const FileRow& old = known.Row(partners[at]);
     FileRow& row = rows_[at];
-    if (!old.HasAttributes || row.IsLink != old.IsLink) continue;
+    if (row.IsLink != old.IsLink) continue;
     if (row.Kind != old.Kind && row.Kind != ItemKind::Unknown) continue;
+    row.Colour = old.Colour;
+    row.HasFolderSize = old.HasFolderSize;
+    row.Size = old.Size;
+    const std::string_view comment = known.Comment(partners[at]);
+    if (!comment.empty()) comments_[static_cast<RowId>(at + 1)] = comment;
+    if (!old.HasAttributes) continue;
     row.Kind = old.Kind;
     row.Mode = old.Mode;
-    row.Size = old.Size;
     row.Modified = old.Modified;
     row.Created = old.Created;
     row.Accessed = old.Accessed;
@@ -234,45 +375,27 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
   }
 }
 
-void FileRows::Remove(int first, int last) {
-  for (int position = first; position <= last; ++position) {
-    SetSelected(At(position), false);
-    positions_[static_cast<std::size_t>(At(position) - 1)] = -1;
-    free_.push_back(At(position));
-  }
-  order_.erase(order_.begin() + first, order_.begin() + last + 1);
-  Renumber(first);
-}
-
-std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, const std::vector<RowId>& partners) {
+std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, std::vector<RowId>& partners) {
+  names_ = std::move(fresh.names_);
+  unusedNames_ = fresh.unusedNames_;
+  comments_.clear();
   std::vector<RowId> changed;
   for (std::size_t at = 0; at < partners.size(); ++at) {
-    if (partners[at] == NoRow) continue;
-    FileRow& row = rows_[static_cast<std::size_t>(partners[at] - 1)];
-    if (!row.LooksLike(fresh.rows_[at])) changed.push_back(partners[at]);
-    const FileRow before = std::exchange(row, fresh.rows_[at]);
-    row.IsSelected = before.IsSelected;
-    row.WasSelected = before.WasSelected;
-  }
-  names_ = std::move(fresh.names_);
-  return changed;
-}
-
-void FileRows::Insert(int position, const std::vector<FileRow>& made) {
-  std::vector<RowId> numbers;
-  for (const FileRow& row : made) {
-    if (free_.empty()) {
-      rows_.push_back(row);
-      positions_.push_back(-1);
-      numbers.push_back(StoreSize());
+    FileRow now = fresh.rows_[at];
+    if (partners[at] == NoRow) {
+      partners[at] = StoreRow(now);
     } else {
-      numbers.push_back(free_.back());
-      free_.pop_back();
-      rows_[static_cast<std::size_t>(numbers.back() - 1)] = row;
+      FileRow& row = Stored(partners[at]);
+      if (!row.LooksLike(now)) changed.push_back(partners[at]);
+      now.IsSelected = row.IsSelected;
+      now.WasSelected = row.WasSelected;
+      row = now;
     }
   }
-  order_.insert(order_.begin() + position, numbers.begin(), numbers.end());
-  Renumber(position);
+  for (auto& [row, comment] : fresh.comments_) {
+    comments_[partners[static_cast<std::size_t>(row - 1)]] = std::move(comment);
+  }
+  return changed;
 }
 
 std::string AttributeText(const FileRow& row) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace tarnwell::lister {
@@ -29,99 +30,114 @@ std::vector<Run> RunsOf(int count, Rule rule) {
   return runs;
 }
 
-void Reorder(FileRows& rows, std::vector<RowId> order, ListerView& view) {
-  if (order == rows.Order()) return;
+// A set of rows.
+class RowSet {
+ public:
+  RowSet(const FileRows& rows, const std::vector<RowId>& members)
+      : has_(static_cast<std::size_t>(rows.StoreSize()) + 1) {
+    for (const RowId row : members) {
+      if (row != NoRow) has_[static_cast<std::size_t>(row)] = 1;
+    }
+  }
+  bool Has(RowId row) const { return has_[static_cast<std::size_t>(row)] != 0; }
+
+ private:
+  std::vector<char> has_;
+};
+
+void Reorder(FileRows& rows, std::vector<RowId> shown, ListerView& view) {
+  if (shown == rows.Order()) return;
   view.BeginReorder(RootRow);
-  rows.SetOrder(std::move(order));
+  rows.SetShown(std::move(shown));
   view.EndReorder();
 }
 
-void RemoveGone(FileRows& rows, const std::vector<RowId>& partners, ListerView& view) {
-  std::vector<char> stays(static_cast<std::size_t>(rows.StoreSize()) + 1);
-  for (const RowId row : partners) {
-    if (row != NoRow) stays[static_cast<std::size_t>(row)] = 1;
-  }
-  const auto isGone = [&](int position) {
-    return stays[static_cast<std::size_t>(rows.At(position))] == 0;
-  };
-  std::vector<Run> runs = RunsOf(rows.Count(), isGone);
+void HideOthers(FileRows& rows, const RowSet& staying, ListerView& view) {
+  const auto goes = [&](int position) { return !staying.Has(rows.At(position)); };
+  std::vector<Run> runs = RunsOf(rows.Count(), goes);
   if (runs.size() > MostRuns) {
-    std::vector<RowId> order = rows.Order();
-    std::stable_partition(order.begin(), order.end(),
-                          [&](RowId row) { return stays[static_cast<std::size_t>(row)] != 0; });
-    Reorder(rows, std::move(order), view);
-    runs = RunsOf(rows.Count(), isGone);
+    std::vector<RowId> shown = rows.Order();
+    std::stable_partition(shown.begin(), shown.end(), [&](RowId row) { return staying.Has(row); });
+    Reorder(rows, std::move(shown), view);
+    runs = RunsOf(rows.Count(), goes);
   }
   for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
     view.BeginRemove(RootRow, run->First, run->Last);
-    rows.Remove(run->First, run->Last);
+    rows.Hide(run->First, run->Last);
     view.EndRemove();
   }
 }
 
-void Insert(FileRows& rows, int position, const std::vector<FileRow>& made, ListerView& view) {
-  view.BeginInsert(RootRow, position, position + static_cast<int>(made.size()) - 1);
-  rows.Insert(position, made);
+void Show(FileRows& rows, int position, const std::vector<RowId>& coming, ListerView& view) {
+  view.BeginInsert(RootRow, position, position + static_cast<int>(coming.size()) - 1);
+  rows.Show(position, coming);
   view.EndInsert();
 }
 
-// `wanted`: the rows of the final order, those that are new without a number.
-struct Wanted {
-  RowId Row;
-  FileRow Content;
-};
-
-void InsertNew(FileRows& rows, const std::vector<Wanted>& wanted, ListerView& view) {
-  const int count = static_cast<int>(wanted.size());
-  const auto at = [&](int position) -> const Wanted& {
-    return wanted[static_cast<std::size_t>(position)];
-  };
-  const std::vector<Run> runs =
-      RunsOf(count, [&](int position) { return at(position).Row == NoRow; });
-  const bool oneByOne = runs.size() <= MostRuns;
-  std::vector<FileRow> made;
-  for (const Run& run : runs) {
-    for (int position = run.First; position <= run.Last; ++position) {
-      made.push_back(at(position).Content);
+// The rows on show are among those wanted, in the same order.
+void ShowOthers(FileRows& rows, std::vector<RowId> wanted, ListerView& view) {
+  const std::vector<Run> runs = RunsOf(static_cast<int>(wanted.size()), [&](int position) {
+    return !rows.Has(wanted[static_cast<std::size_t>(position)]);
+  });
+  if (runs.size() <= MostRuns) {
+    for (const Run& run : runs) {
+      Show(rows, run.First, {wanted.begin() + run.First, wanted.begin() + run.Last + 1}, view);
     }
-    if (!oneByOne) continue;
-    Insert(rows, run.First, made, view);
-    made.clear();
+    return;
   }
-  if (oneByOne) return;
-  int next = rows.Count();
-  Insert(rows, next, made, view);
-  std::vector<RowId> order;
-  order.reserve(wanted.size());
-  for (const Wanted& entry : wanted) {
-    order.push_back(entry.Row == NoRow ? rows.At(next++) : entry.Row);
+  std::vector<RowId> coming;
+  std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(coming),
+               [&](RowId row) { return !rows.Has(row); });
+  Show(rows, rows.Count(), coming, view);
+  Reorder(rows, std::move(wanted), view);
+}
+
+// `order` is that of all rows, `shown` that of those on show.
+void Arrange(FileRows& rows, std::vector<RowId> order, std::vector<RowId> shown, ListerView& view) {
+  HideOthers(rows, RowSet(rows, shown), view);
+  const RowSet staying(rows, order);
+  for (const RowId row : rows.All()) {
+    if (!staying.Has(row)) rows.Forget(row);
   }
-  Reorder(rows, std::move(order), view);
+  rows.SetAll(std::move(order));
+  std::vector<RowId> before;
+  std::copy_if(shown.begin(), shown.end(), std::back_inserter(before),
+               [&](RowId row) { return rows.Has(row); });
+  Reorder(rows, std::move(before), view);
+  ShowOthers(rows, std::move(shown), view);
 }
 
 }  // namespace
 
-void MergeRows(FileRows& rows, FileRows&& fresh, const std::vector<RowId>& partners,
-               ListerView& view) {
-  std::vector<Wanted> wanted;
-  std::vector<RowId> staying;
-  for (const RowId row : fresh.Order()) {
-    const RowId partner = partners[static_cast<std::size_t>(row - 1)];
-    wanted.push_back({partner, fresh.Row(row)});
-    if (partner != NoRow) staying.push_back(partner);
-  }
-  RemoveGone(rows, partners, view);
-  const std::vector<RowId> changed = rows.BecomeLike(fresh, partners);
-  Reorder(rows, std::move(staying), view);
-  InsertNew(rows, wanted, view);
+void ArrangeRows(FileRows& rows, std::vector<RowId> order, const NameFilter& filter,
+                 ListerView& view) {
+  std::vector<RowId> shown = rows.Taken(filter, order);
+  Arrange(rows, std::move(order), std::move(shown), view);
+}
 
-  if (changed.empty()) return;
-  int first = rows.Count(), last = 0;
+void MergeRows(FileRows& rows, FileRows&& fresh, std::vector<RowId> partners, ListerView& view) {
+  // What is gone goes first: its names will not be there any more.
+  const RowSet staying(rows, partners);
+  const auto those = [&](std::vector<RowId> order) {
+    std::erase_if(order, [&](RowId row) { return !staying.Has(row); });
+    return order;
+  };
+  Arrange(rows, those(rows.All()), those(rows.Order()), view);
+
+  const std::vector<RowId> changed = rows.BecomeLike(fresh, partners);
+  const auto here = [&](std::vector<RowId> order) {
+    for (RowId& row : order) row = partners[static_cast<std::size_t>(row - 1)];
+    return order;
+  };
+  Arrange(rows, here(fresh.All()), here(fresh.Order()), view);
+
+  int first = rows.Count(), last = -1;
   for (const RowId row : changed) {
+    if (!rows.Has(row)) continue;
     first = std::min(first, rows.PositionOf(row));
     last = std::max(last, rows.PositionOf(row));
   }
-  view.CellsChanged(RootRow, first, last);
+  if (first <= last) view.CellsChanged(RootRow, first, last);
 }
 
 }  // namespace tarnwell::lister

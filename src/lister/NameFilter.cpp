@@ -1,26 +1,105 @@
 #include "lister/NameFilter.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/LetterCase.h"
 
 namespace tarnwell::lister {
+namespace {
+
+constexpr std::string_view Blanks = " \t";
+constexpr std::string_view Wildcards = "*?#";
+
+std::string_view Trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(Blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+// Moves both positions over one element of the pattern, which is no `*`, where the name has it.
+bool Step(std::string_view pattern, std::size_t& p, std::string_view name, std::size_t& n) {
+  const char wanted = pattern[p];
+  if (wanted == '?') {
+    base::NextCodePoint(name, n);
+  } else if (wanted == '#' ? name[n] >= '0' && name[n] <= '9' : name[n] == wanted) {
+    ++n;
+  } else {
+    return false;
+  }
+  ++p;
+  return true;
+}
+
+// A `*` that took too little takes one character more. Only the last one met needs that, so the
+// work is at most the product of both lengths.
+bool Matches(std::string_view pattern, std::string_view name) {
+  constexpr std::size_t none = std::string_view::npos;
+  std::size_t p = 0, n = 0;
+  std::size_t behindStar = none, taken = 0;
+  while (n < name.size()) {
+    if (p < pattern.size() && pattern[p] == '*') {
+      behindStar = ++p;
+      taken = n;
+    } else if (p == pattern.size() || !Step(pattern, p, name, n)) {
+      if (behindStar == none) return false;
+      if (behindStar == pattern.size()) return true;
+      base::NextCodePoint(name, taken);
+      p = behindStar;
+      n = taken;
+    }
+  }
+  return pattern.find_first_not_of('*', p) == none;
+}
+
+// The same as LowerCase; keeps what `lower` has allocated.
+void MakeLowerCase(std::string_view name, std::string& lower) {
+  lower = name;
+  std::size_t at = 0;
+  for (; at < lower.size() && static_cast<unsigned char>(lower[at]) < 0x80; ++at) {
+    lower[at] = LowerAscii(lower[at]);
+  }
+  if (at == lower.size()) return;
+  lower.resize(at);
+  while (at < name.size()) {
+    base::AppendCodePoint(lower, LowerLetter(base::NextCodePoint(name, at)));
+  }
+}
+
+}  // namespace
 
 void NameFilter::SetText(const std::string& text) {
   text_ = text;
-  pattern_ = LowerCase(text);
-}
-
-void NameFilter::SetExtension(const std::string& extension) {
-  extension_ = extension;
+  patterns_.clear();
+  std::string_view rest = text_;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find(';'), rest.size());
+    if (const std::string_view pattern = Trimmed(rest.substr(0, end)); !pattern.empty()) {
+      patterns_.push_back({LowerCase(pattern), pattern.find_first_of(Wildcards) != pattern.npos});
+    }
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
 }
 
 bool NameFilter::Takes(std::string_view name, bool isFolder) const {
-  if (!extension_.empty() && !isFolder && LowerCase(ExtensionOf(name)) != extension_) return false;
-  return pattern_.empty() || LowerCase(name).find(pattern_) != std::string::npos;
+  std::string lower;
+  if (!extension_.empty() && !isFolder) {
+    MakeLowerCase(ExtensionOf(name), lower);
+    if (lower != extension_) return false;
+  }
+  if (patterns_.empty()) return true;
+  MakeLowerCase(name, lower);
+  return std::any_of(patterns_.begin(), patterns_.end(), [&](const Pattern& pattern) {
+    return pattern.IsWhole ? Matches(pattern.Text, lower) : lower.find(pattern.Text) != lower.npos;
+  });
 }
 
 std::string LowerCase(std::string_view name) {
-  return base::AsciiUpper(name);
+  std::string lower;
+  MakeLowerCase(name, lower);
+  return lower;
 }
 
 }  // namespace tarnwell::lister

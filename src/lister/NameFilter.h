@@ -3,28 +3,38 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarnwell::lister {
 
 class NameFilter {
  public:
-  // See ListerControl::SetFilterText and SetExtensionFilter.
+  // Patterns with ; between them, any of which may take a name; blanks at their ends do not count,
+  // nor does case. A pattern in which `*` stands for any run of characters, `?` for one or `#` for
+  // a digit is one of the whole name; one without these takes every name that contains it.
   void SetText(const std::string& text);
-  void SetExtension(const std::string& extension);
+  // In lower case; empty for all.
+  void SetExtension(const std::string& extension) { extension_ = extension; }
   const std::string& Text() const { return text_; }
   const std::string& Extension() const { return extension_; }
 
-  bool IsOn() const { return !text_.empty() || !extension_.empty(); }
+  bool IsOn() const { return !patterns_.empty() || !extension_.empty(); }
   // The text bears on files and folders, the extension on files alone.
   bool Takes(std::string_view name, bool isFolder) const;
 
  private:
+  struct Pattern {
+    std::string Text;  // lower case
+    bool IsWhole;      // has wildcards
+  };
+
   std::string text_;
-  std::string pattern_;    // the text in lower case, less blanks at its ends
-  std::string extension_;  // lower case
+  std::vector<Pattern> patterns_;
+  std::string extension_;
 };
 
-// The name in lower case, as filters compare it.
+// The name in lower case by the locale of the process, as filters compare it; bytes that are no
+// UTF-8 stay as they are.
 std::string LowerCase(std::string_view name);
 
 }  // namespace tarnwell::lister

@@ -1,56 +1,103 @@
 #include "lister/NameOrder.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <cwctype>
-#include <limits>
 
 #include "base/Text.h"
+#include "lister/LetterCase.h"
 
 namespace tarnwell::lister {
 namespace {
+
+// Before a byte that is no UTF-8, in the place of a letter's weight.
+constexpr char StrayByteMark = '\xFF';
+// The count of digits stands before them, so that a longer number is a greater one. Counts over a
+// byte's worth are told in parts.
+constexpr std::size_t DigitsAPart = 250;
+constexpr char FullPart = '\xFE';
+constexpr unsigned char LeastCount = 2;
 
 constexpr bool IsDigit(char byte) {
   return byte >= '0' && byte <= '9';
 }
 
-// The digits of the run that starts at the position, zeros at its start left out; the position
-// moves behind the run.
-std::string_view TakeDigits(std::string_view name, std::size_t& position) {
-  while (position < name.size() && name[position] == '0') ++position;
-  const std::size_t start = position;
-  while (position < name.size() && IsDigit(name[position])) ++position;
-  return name.substr(start, position - start);
-}
+// Letters on their way to the collation, which is asked for as many at a time as possible.
+class Letters {
+ public:
+  Letters(const platform::Collation& collation, std::string& key)
+      : collation_(collation), key_(key) {}
 
-char32_t TakeLowerCase(std::string_view name, std::size_t& position) {
-  const auto byte = static_cast<unsigned char>(name[position]);
-  if (byte < 0x80) {
-    ++position;
-    return byte >= 'A' && byte <= 'Z' ? byte + 0x20U : byte;
+  void Add(char byte) {
+    if (length_ == text_.size()) Flush();
+    text_[length_++] = byte;
   }
-  const char32_t codePoint = base::NextCodePoint(name, position);
-  const bool strayByte = codePoint >= 0xDC80 && codePoint <= 0xDCFF;
-  if (strayByte || codePoint > char32_t{std::numeric_limits<wchar_t>::max()}) return codePoint;
-  return static_cast<char32_t>(std::towlower(static_cast<std::wint_t>(codePoint)));
-}
+  void Add(char32_t codePoint) {
+    std::string bytes;
+    base::AppendCodePoint(bytes, codePoint);
+    if (length_ + bytes.size() > text_.size()) Flush();
+    bytes.copy(text_.data() + length_, bytes.size());
+    length_ += bytes.size();
+  }
+  void Flush() {
+    if (length_ > 0) collation_.AppendWeights({text_.data(), length_}, key_);
+    length_ = 0;
+  }
+
+ private:
+  const platform::Collation& collation_;
+  std::string& key_;
+  std::array<char, 256> text_;
+  std::size_t length_ = 0;
+};
 
 }  // namespace
 
-int NameOrder::Compare(std::string_view left, std::string_view right) const {
-  std::size_t l = 0, r = 0;
-  while (l < left.size() && r < right.size()) {
-    if (IsDigit(left[l]) && IsDigit(right[r])) {
-      const std::string_view one = TakeDigits(left, l);
-      const std::string_view other = TakeDigits(right, r);
-      if (one.size() != other.size()) return one.size() < other.size() ? -1 : 1;
-      if (const int order = one.compare(other)) return order;
-      continue;
+NameOrder::NameOrder(const platform::Collation& collation) : collation_(collation) {
+  // Numbers stand where their digits would: behind marks and before letters, as a rule.
+  collation.AppendWeights("0", digitMark_);
+}
+
+void NameOrder::AppendKey(std::string_view name, std::string& key) const {
+  Letters letters(collation_, key);
+  for (std::size_t at = 0; at < name.size();) {
+    const char byte = name[at];
+    if (IsDigit(byte)) {
+      letters.Flush();
+      const std::size_t start = at;
+      while (at < name.size() && IsDigit(name[at])) ++at;
+      AppendDigits(name.substr(start, at - start), key);
+    } else if (static_cast<unsigned char>(byte) < 0x80) {
+      letters.Add(LowerAscii(byte));
+      ++at;
+    } else {
+      const char32_t codePoint = base::NextCodePoint(name, at);
+      if (IsStrayByte(codePoint)) {
+        letters.Flush();
+        key += StrayByteMark;
+        key += byte;
+      } else {
+        letters.Add(LowerLetter(codePoint));
+      }
     }
-    const char32_t one = TakeLowerCase(left, l);
-    const char32_t other = TakeLowerCase(right, r);
-    if (one != other) return one < other ? -1 : 1;
   }
-  return (l < left.size()) - (r < right.size());
+  letters.Flush();
+}
+
+void NameOrder::AppendDigits(std::string_view digits, std::string& key) const {
+  digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
+  key += digitMark_;
+  std::size_t count = digits.size();
+  for (; count >= DigitsAPart; count -= DigitsAPart) key += FullPart;
+  key += static_cast<char>(LeastCount + count);
+  key += digits;
+}
+
+int NameOrder::Compare(std::string_view left, std::string_view right) const {
+  std::string one, other;
+  AppendKey(left, one);
+  AppendKey(right, other);
+  return one.compare(other);
 }
 
 bool NameOrder::Before(std::string_view left, std::string_view right) const {

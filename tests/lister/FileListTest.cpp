@@ -77,7 +77,7 @@ TEST_F(FileList, SortsByItsKeysInTurn) {
   EXPECT_EQ(SortKeyTexts(), Texts{"sNameasc"});
   List.SetProperty("ActiveHeading", std::int32_t{3});  // the size
   List.SortCommand("des");
-  EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "B9.txt", "a.PDF", "end", "plain"}));
+  EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "a.PDF", "B9.txt", "end", "plain"}));
   List.DoubleClickHeading(1, true);
   EXPECT_EQ(SortKeyTexts(), (Texts{"sSizedes", "sExtensionasc"}));
   EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "a.PDF", "B9.txt", "end", "plain"}));
@@ -108,7 +108,7 @@ TEST_F(FileList, PutsLateAttributesInOrderOnceAtTheEnd) {
   List.AddSortKey(0, "sSize", "des");
   Platform.Clock.TickStep = 50;
   Load();
-  EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "B9.txt", "a.PDF", "end", "plain"}));
+  EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "a.PDF", "B9.txt", "end", "plain"}));
   EXPECT_EQ(View.Reorders, 1);
   List.RefreshList();
   EXPECT_EQ(View.Reorders, 1);  // nothing has changed

@@ -28,6 +28,7 @@ class ShadowView : public NoView {
   int Drags = 0;
   int Page = 1;
   std::vector<int> CatchUps;  // the times asked for
+  RowId Pointed = NoRow;      // the row under the mouse pointer
 
   // The copy is what the list says now.
   void Check() const {
@@ -79,6 +80,7 @@ class ShadowView : public NoView {
     EXPECT_LE(first, last);
     EXPECT_LT(last, list_.ChildCount(parent));
   }
+  RowId RowUnderPointer() const override { return Pointed; }
   void CurrentChanged() override { ++CurrentChanges; }
   void SelectionChanged() override { ++SelectionChanges; }
   void BeginDrag() override { ++Drags; }
