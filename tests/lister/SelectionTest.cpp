@@ -17,6 +17,10 @@ class Selection : public ListFixture {
     View.Page = 4;
   }
 
+  void Make(const Texts& names) {
+    for (const std::string& name : names) Platform.Files.AddFile("C:\\box\\" + name);
+    Load();
+  }
   void Load(std::string folder = "C:\\box") {
     List.LoadFolderContents(folder, true);
     Events.Take();
@@ -42,14 +46,6 @@ class Selection : public ListFixture {
       List.MouseMoved(At(positions[at], part, shift));
     }
   }
-  std::set<std::string> Selected() {
-    std::set<std::string> names;
-    List.SelectionCursor = 0;
-    for (std::string path; (path = List.NextSelected()) != "end";) {
-      names.emplace(Platform.Files.Syntax().LastComponent(path));
-    }
-    return names;
-  }
   std::string Current() const { return List.CellText(List.CurrentRow(), HeadingId::Name); }
   // The positions that are selected, by both ways to ask.
   std::string Marks() const {
@@ -69,7 +65,7 @@ class Selection : public ListFixture {
 // What a user expects, by names alone.
 struct Model {
   Texts Rows;
-  std::set<std::string> Selected, Before;
+  std::set<std::string> Selected;
   std::string Current, Anchor;
 
   int PositionOf(const std::string& name) const {
@@ -86,19 +82,13 @@ struct Model {
       return;
     }
     Anchor = row;
-    if (shift == CtrlDown) return Toggle(row);
-    Selected = {row};
-  }
-  void Toggle(const std::string& row) {
-    if (Selected.erase(row) == 0) Selected.insert(row);
+    if (shift == 0) Selected = {row};
+    if (shift == CtrlDown && Selected.erase(row) == 0) Selected.insert(row);
   }
 };
 
 TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
-  for (int number = 0; number < 24; ++number) {
-    Platform.Files.AddFile("C:\\box\\f" + std::to_string(number));
-  }
-  Load();
+  for (int number = 0; number < 24; ++number) Make({"f" + std::to_string(number)});
   std::mt19937 random(11);
   const auto pick = [&](int below) { return static_cast<int>(random() % unsigned(below)); };
   constexpr int masks[] = {0, ShiftDown, CtrlDown, ShiftDown | CtrlDown};
@@ -113,7 +103,7 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
     const std::set<std::string> before = model.Selected;
     const int changes = View.SelectionChanges;
     bool once = true;
-    switch (pick(7)) {
+    switch (pick(6)) {
       case 0:
         Click(place, pick(2) == 0 ? RowPart::Item : RowPart::Rest, shift);
         model.Choose(place, shift);
@@ -131,36 +121,7 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
         EXPECT_EQ(Current(), model.Rows[static_cast<std::size_t>(there)]);
         break;
       }
-      case 3: {  // a sweep or a frame, taken back now and then
-        once = false;
-        const int end = pick(count + 4) - 2;
-        const RowPart part = pick(2) == 0 ? RowPart::Gap : RowPart::Rest;
-        Pull({place, pick(count), end}, part, shift);
-        const bool takenBack = pick(3) == 0;
-        EXPECT_TRUE(!takenBack || List.KeyDown(EscapeKey, 0));
-        List.MouseUp(At(end, part));
-        if (part == RowPart::Gap || (shift & ShiftDown) == 0) {
-          // A frame over a row that is selected leaves it as what ranges start from.
-          if (part == RowPart::Gap || !before.contains(row)) model.Anchor = row;
-        } else {
-          model.Choose(place, shift);
-          model.Selected = before;
-        }
-        if (takenBack) break;
-        const bool keeps = part == RowPart::Gap || shift != 0;
-        if (!keeps) model.Selected.clear();
-        const auto [first, last] = std::minmax({place, std::clamp(end, 0, count - 1)});
-        for (int at = first; at <= last; ++at) {
-          const std::string& name = model.Rows[static_cast<std::size_t>(at)];
-          const bool toggles = part == RowPart::Rest && shift == CtrlDown;
-          const bool selects =
-              toggles ? !before.contains(name) : part == RowPart::Rest || !before.contains(row);
-          if (selects) model.Selected.insert(name);
-          if (!selects) model.Selected.erase(name);
-        }
-        break;
-      }
-      case 4:
+      case 3:
         if (pick(8) != 0) break;
         if (pick(2) == 0) {
           List.KeyDown('A', CtrlDown);
@@ -170,33 +131,32 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
           if (shift == 0) model.Selected.clear();
         }
         break;
-      case 5:
+      case 4:
         once = false;
         if (count > 8) Platform.Files.Remove("C:\\box\\" + row);
         if (pick(2) == 0) Platform.Files.AddFile("C:\\box\\n" + std::to_string(round));
         List.RefreshList();
         break;
-      case 6:
+      case 5:
         once = false;
         List.SetFilterText(pick(2) == 0 ? "" : "*" + std::to_string(pick(10)) + "*");
         if (List.ChildCount(RootRow) == 0) List.SetFilterText("");
         break;
     }
-    const Texts rows = Names();
-    std::erase_if(model.Selected, [&](const std::string& name) {
-      return std::find(rows.begin(), rows.end(), name) == rows.end();
-    });
-    ASSERT_EQ(Selected(), model.Selected) << round;
+    std::set<std::string> left;
+    std::string marks;
+    for (const std::string& name : Names()) {
+      marks += model.Selected.contains(name) ? '#' : '.';
+      if (marks.back() == '#') left.insert(name);
+    }
+    model.Selected = left;
+    ASSERT_EQ(Marks(), marks) << round;
     EXPECT_TRUE(!once || View.SelectionChanges - changes == (before != model.Selected)) << round;
-    Marks();
   }
 }
 
 TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
-  for (const char* name : {"a", "b", "c", "d", "e", "f"}) {
-    Platform.Files.AddFile(std::string("C:\\box\\") + name);
-  }
-  Load();
+  Make({"a", "b", "c", "d", "e", "f"});
   Click(2, RowPart::Item);
   EXPECT_EQ(Events.Take(),
             (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "MouseReleased"}));
@@ -218,41 +178,28 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 0", "Locked",
                                   "Unlocked", "MouseReleased"}));
 
-  const auto began = [&](int from, RowPart part, int shift = 0) {
-    Pull({from, 2}, part, shift);
-    EXPECT_NE(List.CurrentMouseAction(), MouseAction::None);
-    EXPECT_TRUE(List.MouseLocked);
+  std::string other = "D:\\";
+  // A frame; whatever ends it lets the other lists go, and what comes after it does nothing.
+  const auto frame = [&](int from, int shift, const std::function<void()>& end) {
+    Pull({from, 2}, RowPart::Rest, shift);
+    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Band);
+    const std::string marks = Marks();
     Events.Take();
-  };
-  const auto ended = [&] {
-    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::None);
+    end();
     EXPECT_FALSE(List.MouseLocked);
-    EXPECT_EQ(Events.Take(), Texts{"Unlocked"});
+    EXPECT_EQ(Events.Take()[0], "Unlocked");
     List.MouseMoved(At(0, RowPart::Item));
-    List.MouseUp(At(0, RowPart::Item));
-    EXPECT_EQ(Events.Take(), Texts{"MouseReleased"});
+    List.MouseUp({});
+    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::None);
+    EXPECT_NE(Events.Take().back(), "Unlocked");
+    return marks + " " + Marks();
   };
-  began(6, RowPart::Rest);
-  EXPECT_EQ(Marks(), "..####");
-  EXPECT_TRUE(List.KeyDown(EscapeKey, 0));
-  EXPECT_EQ(Marks(), "##....");
-  ended();
+  EXPECT_EQ(frame(6, 0, [&] { EXPECT_TRUE(List.KeyDown(EscapeKey, 0)); }), "..#### ##....");
   EXPECT_FALSE(List.KeyDown(EscapeKey, 0));
-  began(6, RowPart::Rest, ShiftDown);
-  EXPECT_EQ(Marks(), "######");
-  List.MouseDown(At(6, RowPart::None));  // the button came up where nobody saw it
-  EXPECT_EQ(Events.Take(), (Texts{"Unlocked", "ListFocused", "TitleColorAsked"}));
-  List.MouseUp({});
-  Events.Take();
-  EXPECT_EQ(Marks(), "......");
-  began(0, RowPart::Gap);
-  Load("D:\\");
-  EXPECT_FALSE(List.MouseLocked);
+  EXPECT_EQ(frame(6, ShiftDown, [&] { Click(6, RowPart::None); }), "###### ......");  // an end lost
+  EXPECT_EQ(frame(0, 0, [&] { List.LoadFolderContents(other, true); }), "###... ");
   Load();
-  began(1, RowPart::Rest, CtrlDown);
-  EXPECT_EQ(Marks(), ".##...");
-  List.MouseUp({});
-  Events.Take();
+  EXPECT_EQ(frame(1, CtrlDown, [&] { List.MouseUp({}); }), ".##... .##...");
 
   // Several are dragged; a click without a drag breaks the selection up when the button comes up.
   List.MouseDown(At(2, RowPart::Item));
@@ -288,30 +235,18 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   EXPECT_TRUE(Events.Take().empty());
   EXPECT_EQ(Marks(), "#.....");
   List.MouseLocked = false;
-  began(1, RowPart::Gap);
-  List.Terminate();
-  EXPECT_FALSE(List.MouseLocked);
+  frame(1, 0, [&] { List.Terminate(); });
 }
 
 TEST_F(Selection, TakesKeysAndTypedText) {
-  for (const char* name : {"bar", "Bat", "b c", "moon", "sun"}) {
-    Platform.Files.AddFile(std::string("C:\\box\\") + name);
-  }
   Platform.Files.AddFolder("C:\\box\\sub");
-  Load();  // sub, b c, bar, Bat, moon, sun
+  Make({"bar", "Bat", "b c", "moon", "sun"});  // sub, b c, bar, Bat, moon, sun
   const auto press = [&](int key, int shift = 0) { return List.KeyDown(key, shift); };
-  press(HomeKey);
   // With Space held, arrows make of the rows what Space made of the first.
-  press(SpaceKeyCode);
-  press(SpaceKeyCode);  // the key repeats
-  press(DownKey);
-  press(DownKey);
+  for (const int key : {HomeKey, SpaceKeyCode, SpaceKeyCode, DownKey, DownKey}) press(key);
   EXPECT_EQ(Marks(), "......");
   List.KeyUp(SpaceKeyCode);
-  press(SpaceKeyCode);
-  press(DownKey);
-  press(DownKey);
-  press(UpKey);
+  for (const int key : {SpaceKeyCode, DownKey, DownKey, UpKey}) press(key);
   List.KeyUp(SpaceKeyCode);
   EXPECT_EQ(Marks(), "..##..");
   press(InsertKey);
@@ -347,18 +282,15 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   Events.Take();
   press(EnterKey, CtrlDown);
   press(HomeKey, CtrlDown);
-  press(EnterKey);
-  press(BackspaceKey);
   press(UpKey, AltDown);
   press('N', CtrlDown | ShiftDown);
   press('Q', CtrlDown);
-  press(F3Key);
-  EXPECT_FALSE(press('Q', 0));
-  EXPECT_FALSE(press(EnterKey, AltDown));
+  for (const int key : {EnterKey, BackspaceKey, F3Key}) press(key);
+  EXPECT_FALSE(press('Q', 0) || press(EnterKey, AltDown));
   EXPECT_EQ(Events.Take(),
-            (Texts{"CommandTextAsked \"C:\\box\\b c\"", "ItemFocused 0",
-                   "OpenChildFolder C:\\box\\sub in C:\\box", "UpFolderKey 8", "UpFolderKey 38",
-                   "NewFolderAsked", "CloseAsked", "ListKeyDown 114"}));
+            (Texts{"CommandTextAsked \"C:\\box\\b c\"", "ItemFocused 0", "UpFolderKey 38",
+                   "NewFolderAsked", "CloseAsked", "OpenChildFolder C:\\box\\sub in C:\\box",
+                   "UpFolderKey 8", "ListKeyDown 114"}));
   for (const char* path : {"", "(empty)", "C:\\gone", "D:\\"}) {
     Events.Bookmark = path;
     press('0', CtrlDown);
@@ -378,10 +310,8 @@ struct Target {
 
 TEST_F(Selection, SaysWhatAnActionWorksOn) {
   Platform.Files.AddFolder("C:\\box\\sub.d");
-  Platform.Files.AddFile("C:\\box\\a.tar.gz");
-  Platform.Files.AddFile("C:\\box\\.rc");
   EXPECT_EQ(Target(List).Text() + List.TargetFolder() + List.PasteFolder(), "0 +");
-  Load();  // sub.d, .rc, a.tar.gz
+  Make({"a.tar.gz", ".rc"});  // sub.d, .rc, a.tar.gz
   EXPECT_EQ(List.FirstSelected() + List.ActiveItemName() + List.DuplicateBaseName(), "");
   EXPECT_EQ(List.NextSelected(), "end");
   EXPECT_EQ(Target(List).Text(), "8 C:\\box\\+");
@@ -438,14 +368,14 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   LoadTree("C:\\");
   const auto press = [&](int key, int shift = 0) {
     EXPECT_TRUE(List.KeyDown(key, shift));
-    return Current();
+    return Current() + " ";
   };
-  EXPECT_EQ(
-      (Texts{press(DownKey), press(DownKey), press(RightKey), press(DownKey), press(DownKey),
-             press(UpKey), press(UpKey), press(LeftKey), press(DownKey), press(HomeKey),
-             press(UpKey), press(EndKey), press(LeftKey), press(RightKey), press(PageDownKey)}),
-      (Texts{"a", "box", "box", "Beta", "d", "Beta", "box", "box", "d", "C:\\", "C:\\", "d", "C:\\",
-             "a", "d"}));
+  std::string way;
+  for (const int key : {DownKey, DownKey, RightKey, DownKey, DownKey, UpKey, UpKey, LeftKey,
+                        DownKey, HomeKey, UpKey, EndKey, LeftKey, RightKey, PageDownKey}) {
+    way += press(key);
+  }
+  EXPECT_EQ(way, "a box box Beta d Beta box box d C:\\ C:\\ d C:\\ a d ");
   press(UpKey);
   press(EnterKey);
   List.TypeText("be");
