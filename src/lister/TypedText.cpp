@@ -23,12 +23,14 @@ bool TypedText::TakesCurrent() const {
 }
 
 bool TypedText::Begins(std::string_view name, std::string_view wanted) {
+  if (wanted.empty()) return false;
+  // As far as both are plain letters the locale need not be asked.
   const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
-  if (name.empty() || wanted.empty()) return false;
-  // Most names differ in the first letter, which is quicker to see without the locale.
-  if (isAscii(name[0]) && isAscii(wanted[0]) &&
-      !base::EqualsIgnoringCase(name.substr(0, 1), wanted.substr(0, 1))) {
-    return false;
+  for (std::size_t at = 0; at < wanted.size(); ++at) {
+    if (at == name.size()) return false;
+    if (!isAscii(name[at]) || !isAscii(wanted[at])) break;
+    if (!base::EqualsIgnoringCase(name.substr(at, 1), wanted.substr(at, 1))) return false;
+    if (at + 1 == wanted.size()) return true;
   }
   const std::string_view head = base::FirstCodePoints(name, base::CodePointCount(wanted));
   return LowerCase(head) == LowerCase(wanted);

@@ -240,7 +240,7 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
 
 TEST_F(Selection, TakesKeysAndTypedText) {
   Platform.Files.AddFolder("C:\\box\\sub");
-  Make({"bar", "Bat", "b c", "moon", "sun"});  // sub, b c, bar, Bat, moon, sun
+  Make({"bar", "Bat", "b c", "moon", "s\xC3\xBCn"});  // sub, b c, bar, Bat, moon, sün
   const auto press = [&](int key, int shift = 0) { return List.KeyDown(key, shift); };
   // With Space held, arrows make of the rows what Space made of the first.
   for (const int key : {HomeKey, SpaceKeyCode, SpaceKeyCode, DownKey, DownKey}) press(key);
@@ -272,6 +272,8 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_TRUE(press(EscapeKey));
   EXPECT_FALSE(press(EscapeKey));
   EXPECT_EQ(List.StatusText().find("Find"), std::string::npos);
+  EXPECT_EQ(type("S\xC3\xBC"), "s\xC3\xBCn|Find: S\xC3\xBC");
+  press(EscapeKey);
   EXPECT_EQ(type("b"), "b c|Find: b");
   EXPECT_FALSE(press(SpaceKeyCode));  // within a name
   EXPECT_EQ(type(" "), "b c|Find: b ");
