@@ -145,7 +145,7 @@ void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
 }
 
 void FileRows::SetColour(RowId row, ItemColour colour) {
-  rows_[static_cast<std::size_t>(row - 1)].Colour = colour;
+  Stored(row).Colour = colour;
 }
 
 void FileRows::SetMarks(RowId row, CompareMarks marks) {

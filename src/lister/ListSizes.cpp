@@ -6,7 +6,7 @@
 namespace tarnwell::lister {
 
 bool FileSizes::IsFolder(RowId row) const {
-  return files_.Rows.Has(row) && files_.Rows.Row(row).IsFolder() && !files_.Rows.Row(row).IsLink;
+  return files_.Rows.IsUsed(row) && files_.Rows.Row(row).IsFolder() && !files_.Rows.Row(row).IsLink;
 }
 
 std::string FileSizes::PathOf(RowId row) const {
@@ -29,7 +29,7 @@ std::vector<RowId> FileSizes::Folders() const {
 void FileSizes::Show(RowId row, std::uint64_t bytes) {
   files_.Rows.SetFolderSize(row, bytes);
   const int position = files_.Rows.PositionOf(row);
-  list_.View().CellsChanged(RootRow, position, position);
+  if (position >= 0) list_.View().CellsChanged(RootRow, position, position);
 }
 
 void FileSizes::Finish() {
