@@ -47,6 +47,13 @@ class Selection : public ListFixture {
     }
   }
   std::string Current() const { return List.CellText(List.CurrentRow(), HeadingId::Name); }
+  // Kind, folder and name of what an action by mouse would work on.
+  std::string Clicked() const {
+    std::string folder, name;
+    std::int32_t kind = -1;
+    List.GetClickedItem(folder, name, false, kind);
+    return std::to_string(kind) + " " + folder + "+" + name;
+  }
   // The positions that are selected, by both ways to ask.
   std::string Marks() const {
     std::string marks, ranges;
@@ -302,23 +309,15 @@ TEST_F(Selection, TakesKeysAndTypedText) {
                                   "BookmarkAsked 9", "OpenChildFolder D:\\ in D:\\"}));
 }
 
-// What an action would work on, by mouse.
-struct Target {
-  explicit Target(const ListerControl& list) { list.GetClickedItem(Folder, Name, false, Kind); }
-  std::string Folder, Name;
-  std::int32_t Kind = -1;
-  std::string Text() const { return std::to_string(Kind) + " " + Folder + "+" + Name; }
-};
-
 TEST_F(Selection, SaysWhatAnActionWorksOn) {
   Platform.Files.AddFolder("C:\\box\\sub.d");
-  EXPECT_EQ(Target(List).Text() + List.TargetFolder() + List.PasteFolder(), "0 +");
+  EXPECT_EQ(Clicked() + List.TargetFolder() + List.PasteFolder(), "0 +");
   Make({"a.tar.gz", ".rc"});  // sub.d, .rc, a.tar.gz
   EXPECT_EQ(List.FirstSelected() + List.ActiveItemName() + List.DuplicateBaseName(), "");
   EXPECT_EQ(List.NextSelected(), "end");
-  EXPECT_EQ(Target(List).Text(), "8 C:\\box\\+");
+  EXPECT_EQ(Clicked(), "8 C:\\box\\+");
   Click(2, RowPart::Item);
-  EXPECT_EQ(Target(List).Text(), "4 C:\\box\\+a.tar.gz");
+  EXPECT_EQ(Clicked(), "4 C:\\box\\+a.tar.gz");
   EXPECT_EQ(List.DuplicateBaseName(), "C:\\box\\a.tar");
   EXPECT_EQ(List.FirstSelected(), "C:\\box\\a.tar.gz");
   Click(1, RowPart::Item, ShiftDown);
@@ -332,15 +331,15 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
   Click(1, RowPart::Item);
   List.PrepareSelectionMouse();
-  EXPECT_EQ(Marks() + Target(List).Text(), "#..2 C:\\box\\+sub.d");
+  EXPECT_EQ(Marks() + Clicked(), "#..2 C:\\box\\+sub.d");
   List.EndAction();
-  EXPECT_EQ(Target(List).Text(), "8 C:\\box\\+");
+  EXPECT_EQ(Clicked(), "8 C:\\box\\+");
   EXPECT_EQ(List.TargetFolder(), "C:\\box\\");
 
   Events.Take();
   List.DragOver(Row(RootRow, "sub.d"));
   EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
-  List.DropOn(Row(RootRow, "sub.d"), {"C:\\x\0", "x", "copy", 100});
+  List.DropOn(Row(RootRow, "sub.d"), {"C:\\x", "x", "copy", 100});
   EXPECT_FALSE(List.Look(Row(RootRow, "sub.d")).IsTarget);
   EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
   EXPECT_EQ(List.DropFolder(), "C:\\box\\sub.d\\");
@@ -394,15 +393,15 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   List.MouseDown(On(Find("a"), 2));
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "RightClicked C:\\a"}));
   EXPECT_TRUE(Events.Clicked.UsePath);
-  EXPECT_EQ(Target(List).Text() + Current(), "2 C:\\+aBeta");
+  EXPECT_EQ(Clicked() + Current(), "2 C:\\+aBeta");
   EXPECT_EQ(List.TargetFolder() + List.TargetFolder(true), "C:\\a\\C:\\box\\Beta\\");
   Platform.Files.Remove("C:\\a");  // its number may serve another
   Platform.Files.AddFolder("C:\\aa");
   List.RefreshList();
-  EXPECT_EQ(Target(List).Text(), "0 +");
+  EXPECT_EQ(Clicked(), "0 +");
   EXPECT_EQ(List.TargetFolder(), "C:\\box\\Beta\\");
   List.MouseDown(On(FolderTree::TopRow, 2));
-  EXPECT_EQ(Target(List).Text(), "1 C:\\+");
+  EXPECT_EQ(Clicked(), "1 C:\\+");
 
   List.DropOn(Find("d"), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\d\\");
@@ -420,8 +419,8 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "FolderSelected 2", "DragBegun",
                                   "DragEnded", "MouseReleased", "ListFocused", "TitleColorAsked"}));
   List.MoveCurrent(FolderTree::TopRow);
-  EXPECT_EQ(List.FirstSelected(), "C:");
-  EXPECT_EQ(List.ActiveItemName() + List.DuplicateBaseName(), "");
+  EXPECT_EQ(List.DuplicateBaseName() + List.FirstSelected(), "C:");
+  EXPECT_EQ(List.ActiveItemName(), "");
   Events.Take();
   Events.Bookmark = "D:\\";
   press('2', CtrlDown);
@@ -437,10 +436,10 @@ TEST_F(PosixFolderSelection, NamesTargetsByTheOtherSyntax) {
   LoadTree("/");
   EXPECT_EQ(List.FirstSelected(), "/:");
   List.MouseDown(On(Find("box"), 2));
-  EXPECT_EQ(Target(List).Text() + List.TargetFolder(), "2 /+box/box/");
+  EXPECT_EQ(Clicked() + List.TargetFolder(), "2 /+box/box/");
   EXPECT_EQ(Events.Clicked.Path + Events.Clicked.Folder + Events.Clicked.Name, "/box/box");
   List.MouseDown(On(FolderTree::TopRow, 2));
-  EXPECT_EQ(Target(List).Text() + List.TargetFolder(), "1 /+/");
+  EXPECT_EQ(Clicked() + List.TargetFolder(), "1 /+/");
 }
 
 }  // namespace
