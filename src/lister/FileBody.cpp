@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/FileCells.h"
 #include "lister/KeepColour.h"
 
 namespace tarnwell::lister {
@@ -23,7 +24,7 @@ void FileBody::SetExtensionFilter(const std::string& extension) {
 }
 
 std::vector<ExtensionChoice> FileBody::ExtensionChoices() const {
-  return {};
+  return files_.Rows.Extensions(state_.Names);
 }
 
 void FileBody::MoveCurrent(RowId row) {
@@ -37,17 +38,25 @@ void FileBody::MoveCurrent(RowId row) {
 
 void FileBody::Activate(RowId row) {
   if (!files_.Rows.Has(row)) return;
-  ItemKind kind = files_.Rows.Row(row).Kind;
-  if (kind == ItemKind::Unknown) {  // its turn in the read has not come
-    platform::ItemAttributes attributes;
-    const std::string name(files_.Rows.Name(row));
-    if (state_.Services.Files.ReadAttributes(files_.Rows.Folder(), name, attributes)) {
-      kind = attributes.Kind;
-    }
-  }
-  if (kind != ItemKind::Folder) return;
   const std::string path = PathOf(row), folder = files_.Rows.Folder();
-  state_.Events.OpenChildFolder(state_.Control.Id(), path, folder);
+  platform::ItemAttributes attributes{.Kind = files_.Rows.Row(row).Kind};
+  base::Status status;
+  // Anything else may have become a folder, or its turn in the read has not come.
+  if (attributes.Kind != ItemKind::Folder) {
+    const std::string name(files_.Rows.Name(row));
+    status = state_.Services.Files.ReadAttributes(folder, name, attributes);
+  }
+  if (attributes.Kind == ItemKind::Folder) {
+    state_.Events.OpenChildFolder(state_.Control.Id(), path, folder);
+    return;
+  }
+  if (status && attributes.IsLink && attributes.Kind == ItemKind::Other) {
+    status = {.Code = -1, .Reason = "The link leads to no file and no folder"};
+  }
+  if (status) status = state_.Services.Launcher.Execute({path, "", folder});
+  if (status) return;
+  const std::string text = "Cannot open " + NameText(state_.Syntax, path) + ": " + status.Reason;
+  state_.Events.StatusMessage(state_.Control.Id(), text);
 }
 
 // --- Tools.
@@ -57,7 +66,7 @@ void FileBody::SetItemColour(ItemColour colour) {
 }
 
 int FileBody::FileCount() const {
-  return files_.Rows.Count() - files_.Rows.FolderCount();
+  return files_.FileCount();
 }
 
 void FileBody::CalculateFolderSizes() {
@@ -113,62 +122,15 @@ int FileBody::PositionOf(RowId row) const {
 }
 
 RowLook FileBody::Look(RowId row) const {
-  if (!files_.Rows.Has(row)) return {};
-  const FileRow& item = files_.Rows.Row(row);
-  return {.Kind = item.Kind, .IsLink = item.IsLink, .IsHidden = item.IsHidden, .Marks = item.Marks};
+  return files_.Rows.Has(row) ? FileLook(files_, row) : RowLook{};
 }
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {
-  if (!files_.Rows.Has(row)) return "";
-  const FileRow& item = files_.Rows.Row(row);
-  const std::string_view name = files_.Rows.Name(row);
-  const platform::Clock& clock = state_.Services.Clock;
-  switch (heading) {
-    case HeadingId::Name:
-      return base::ForDisplay(name);
-    case HeadingId::Extension:
-      return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
-    case HeadingId::Size:
-      return (item.IsFolder() ? item.HasFolderSize : item.HasAttributes) ? GroupedNumber(item.Size)
-                                                                         : "";
-    case HeadingId::DateLastModified:
-      return DateText(clock, item.Modified);
-    case HeadingId::DateCreated:
-      return DateText(clock, item.Created);
-    case HeadingId::DateLastAccessed:
-      return DateText(clock, item.Accessed);
-    case HeadingId::FileType:
-      return TypeText(name, item.Kind, item.IsLink);
-    case HeadingId::Attributes:
-      return AttributeText(item);
-    case HeadingId::Comments:
-      return "";
-    case HeadingId::Path:
-      return base::ForDisplay(files_.Rows.Folder());
-    case HeadingId::Permissions:
-      return item.HasAttributes ? PermissionText(item.Mode) : "";
-  }
-  return "";
+  return files_.Rows.Has(row) ? FileCellText(files_, row, heading) : "";
 }
 
 std::string FileBody::CellBytes(RowId row, HeadingId heading) const {
-  if (!files_.Rows.Has(row)) return "";
-  const FileRow& item = files_.Rows.Row(row);
-  const std::string_view name = files_.Rows.Name(row);
-  switch (heading) {
-    case HeadingId::Name:
-      return std::string(name);
-    case HeadingId::Extension:
-      return std::string(item.IsFolder() ? "" : ExtensionOf(name));
-    case HeadingId::Size:
-      return CellText(row, heading).empty() ? "" : std::to_string(item.Size);
-    case HeadingId::Comments:
-      return std::string(files_.Rows.Comment(row));
-    case HeadingId::Path:
-      return files_.Rows.Folder();
-    default:
-      return CellText(row, heading);
-  }
+  return files_.Rows.Has(row) ? FileCellBytes(files_, row, heading) : "";
 }
 
 std::string FileBody::PathOf(RowId row) const {

@@ -240,6 +240,8 @@ base::Status MemoryFileSystem::AttributesOf(const MemoryItem* item,
   if (item->AttributesFault.Code != 0) return item->AttributesFault;
   attributes = {};
   attributes.IsLink = item->IsLink;
+  attributes.IsHidden = item->IsHidden;
+  attributes.IsSystem = item->IsSystem;
   attributes.Kind = ItemKind::Other;
   item = Target(*item);
   if (item == nullptr) return {};
