@@ -13,6 +13,22 @@ std::string GroupedNumber(std::uint64_t number) {
   return text;
 }
 
+std::string CountText(std::uint64_t number, std::string_view noun) {
+  return GroupedNumber(number) + ' ' + std::string(noun) + (number == 1 ? "" : "s");
+}
+
+std::string ByteText(std::uint64_t bytes) {
+  if (bytes < 1000) return CountText(bytes, "byte");
+  constexpr std::array<const char*, 6> units{"KB", "MB", "GB", "TB", "PB", "EB"};
+  double size = static_cast<double>(bytes) / 1024;
+  std::size_t unit = 0;
+  for (; size >= 999.5 && unit + 1 < units.size(); ++unit) size /= 1024;
+  std::array<char, 32> text;
+  // 99.95 would be rounded to 100.0.
+  std::snprintf(text.data(), text.size(), size < 99.95 ? "%.1f %s" : "%.0f %s", size, units[unit]);
+  return text.data();
+}
+
 std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds) {
   if (nanoseconds == 0) return "";
   const platform::LocalTime time = clock.ToLocal(nanoseconds);
@@ -41,6 +57,10 @@ std::string PermissionText(std::uint32_t mode) {
     if (mode & 0400U >> at) text[at] = letters[at];
   }
   return text;
+}
+
+std::string NameText(const base::PathSyntax& syntax, std::string_view path) {
+  return base::ForDisplay(syntax.IsDriveRoot(path) ? path : syntax.LastComponent(path));
 }
 
 std::string CannotRead(const std::string& path, const base::Status& status) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/PathSyntax.h"
 #include "base/Status.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
@@ -13,6 +14,10 @@ namespace tarnwell::lister {
 
 // With a comma between groups of three digits.
 std::string GroupedNumber(std::uint64_t number);
+// "1 item", "2,000 items".
+std::string CountText(std::uint64_t number, std::string_view noun);
+// "512 bytes", "12.3 MB": units of 1024, three digits at most before the unit changes.
+std::string ByteText(std::uint64_t bytes);
 // "yyyy-mm-dd hh:mm:ss" in local time; empty for 0, a time that is not known.
 std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds);
 
@@ -27,6 +32,8 @@ constexpr bool IsReadOnly(std::uint32_t mode) {
   return (mode & 0200) == 0;
 }
 
+// The name of the item; of a root, the path.
+std::string NameText(const base::PathSyntax& syntax, std::string_view path);
 // "Cannot read <path>: <reason>".
 std::string CannotRead(const std::string& path, const base::Status& status);
 

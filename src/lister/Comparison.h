@@ -3,8 +3,13 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
+
+#include "base/PathSyntax.h"
 
 namespace tarnwell::lister {
+
+class FileRows;
 
 // What a comparison says of an item, always as seen from the list that shows it. Folders are
 // compared by name alone. Several may stand together; none of them: the same in both lists.
@@ -27,5 +32,27 @@ struct CompareRecord {
   // Bit 0: a folder. From bit 8 on what CompareAgainst found.
   std::int32_t State = 0;
 };
+
+// How many rows of a list got which marks. A row that differs in size and date counts for both.
+struct CompareCounts {
+  int OnlyHere = 0;
+  int Differing = 0;
+  int Larger = 0, Smaller = 0, Newer = 0, Older = 0;
+  int Same = 0;
+  int Missing = 0;  // items of the other list that this one has no partner for
+};
+
+// Of all rows, whether or not the filter shows them.
+std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax);
+// Marks all rows by the records of another list, and the records by the rows; `mode` as for
+// ListerControl::CompareAgainst. Items pair one to one by name and kind; where names differ in case
+// alone and that does not count, the first of one list goes with the first of the other.
+CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std::int32_t mode,
+                       const base::PathSyntax& syntax);
+// Marks all rows by what MarkRows left in records that were made of them.
+CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& records,
+                          const base::PathSyntax& syntax);
+// What the status line says of a comparison.
+std::string CompareSummary(const CompareCounts& counts);
 
 }  // namespace tarnwell::lister

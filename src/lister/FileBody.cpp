@@ -6,6 +6,8 @@
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/FileCells.h"
+#include "lister/KeepColour.h"
 
 namespace tarnwell::lister {
 
@@ -22,7 +24,7 @@ void FileBody::SetExtensionFilter(const std::string& extension) {
 }
 
 std::vector<ExtensionChoice> FileBody::ExtensionChoices() const {
-  return {};
+  return files_.Rows.Extensions(state_.Names);
 }
 
 void FileBody::MoveCurrent(RowId row) {
@@ -36,17 +38,73 @@ void FileBody::MoveCurrent(RowId row) {
 
 void FileBody::Activate(RowId row) {
   if (!files_.Rows.Has(row)) return;
-  ItemKind kind = files_.Rows.Row(row).Kind;
-  if (kind == ItemKind::Unknown) {  // its turn in the read has not come
-    platform::ItemAttributes attributes;
-    const std::string name(files_.Rows.Name(row));
-    if (state_.Services.Files.ReadAttributes(files_.Rows.Folder(), name, attributes)) {
-      kind = attributes.Kind;
-    }
-  }
-  if (kind != ItemKind::Folder) return;
   const std::string path = PathOf(row), folder = files_.Rows.Folder();
-  state_.Events.OpenChildFolder(state_.Control.Id(), path, folder);
+  platform::ItemAttributes attributes{.Kind = files_.Rows.Row(row).Kind};
+  base::Status status;
+  // Anything else may have become a folder, or its turn in the read has not come.
+  if (attributes.Kind != ItemKind::Folder) {
+    const std::string name(files_.Rows.Name(row));
+    status = state_.Services.Files.ReadAttributes(folder, name, attributes);
+  }
+  if (attributes.Kind == ItemKind::Folder) {
+    state_.Events.OpenChildFolder(state_.Control.Id(), path, folder);
+    return;
+  }
+  if (status && attributes.IsLink && attributes.Kind == ItemKind::Other) {
+    status = {.Code = -1, .Reason = "The link leads to no file and no folder"};
+  }
+  if (status) status = state_.Services.Launcher.Execute({path, "", folder});
+  if (status) return;
+  const std::string text = "Cannot open " + NameText(state_.Syntax, path) + ": " + status.Reason;
+  state_.Events.StatusMessage(state_.Control.Id(), text);
+}
+
+// --- Tools.
+
+void FileBody::SetItemColour(ItemColour colour) {
+  KeepColour(files_, colour);
+}
+
+int FileBody::FileCount() const {
+  return files_.FileCount();
+}
+
+void FileBody::CalculateFolderSizes() {
+  sizes_.AskForAll();
+  MeasureSizes();
+}
+
+void FileBody::CalculateItemSize() {
+  sizes_.AskForItem();
+  MeasureSizes();
+}
+
+// What waits for a read goes on from the event loop: whoever asked for that read is not to wait.
+void FileBody::MeasureSizes() {
+  if (!reader_.IsReading()) return sizes_.Work();
+  if (sizes_.HasWishes()) reader_.WhenDone([this] { files_.View().CatchUpLater(0); });
+}
+
+void FileBody::CatchUp() {
+  reader_.CatchUp();
+  MeasureSizes();
+}
+
+std::vector<CompareRecord> FileBody::CompareRecords() const {
+  return MakeRecords(files_.Rows, state_.Syntax);
+}
+
+void FileBody::CompareAgainst(std::vector<CompareRecord>& records, std::int32_t mode) {
+  ShowMarks(MarkRows(files_.Rows, records, mode, state_.Syntax));
+}
+
+void FileBody::CompareSelf(const std::vector<CompareRecord>& records) {
+  ShowMarks(MarkOwnRows(files_.Rows, records, state_.Syntax));
+}
+
+void FileBody::ShowMarks(const CompareCounts& counts) {
+  if (files_.Rows.Count() > 0) state_.View().CellsChanged(RootRow, 0, files_.Rows.Count() - 1);
+  state_.SetStatus(CompareSummary(counts));
 }
 
 // --- What the widget and the form ask.
@@ -64,41 +122,15 @@ int FileBody::PositionOf(RowId row) const {
 }
 
 RowLook FileBody::Look(RowId row) const {
-  if (!files_.Rows.Has(row)) return {};
-  const FileRow& item = files_.Rows.Row(row);
-  return {.Kind = item.Kind, .IsLink = item.IsLink, .IsHidden = item.IsHidden};
+  return files_.Rows.Has(row) ? FileLook(files_, row) : RowLook{};
 }
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {
-  if (!files_.Rows.Has(row)) return "";
-  const FileRow& item = files_.Rows.Row(row);
-  const std::string_view name = files_.Rows.Name(row);
-  const platform::Clock& clock = state_.Services.Clock;
-  switch (heading) {
-    case HeadingId::Name:
-      return base::ForDisplay(name);
-    case HeadingId::Extension:
-      return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
-    case HeadingId::Size:
-      return item.HasAttributes && !item.IsFolder() ? GroupedNumber(item.Size) : "";
-    case HeadingId::DateLastModified:
-      return DateText(clock, item.Modified);
-    case HeadingId::DateCreated:
-      return DateText(clock, item.Created);
-    case HeadingId::DateLastAccessed:
-      return DateText(clock, item.Accessed);
-    case HeadingId::FileType:
-      return TypeText(name, item.Kind, item.IsLink);
-    case HeadingId::Attributes:
-      return AttributeText(item);
-    case HeadingId::Comments:
-      return "";
-    case HeadingId::Path:
-      return base::ForDisplay(files_.Rows.Folder());
-    case HeadingId::Permissions:
-      return item.HasAttributes ? PermissionText(item.Mode) : "";
-  }
-  return "";
+  return files_.Rows.Has(row) ? FileCellText(files_, row, heading) : "";
+}
+
+std::string FileBody::CellBytes(RowId row, HeadingId heading) const {
+  return files_.Rows.Has(row) ? FileCellBytes(files_, row, heading) : "";
 }
 
 std::string FileBody::PathOf(RowId row) const {

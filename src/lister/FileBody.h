@@ -7,20 +7,28 @@
 #include "lister/FileInput.h"
 #include "lister/FileListState.h"
 #include "lister/FileReader.h"
+#include "lister/ListSizes.h"
 
 namespace tarnwell::lister {
 
 class FileBody : public ListBody {
  public:
   explicit FileBody(ListState& state)
-      : ListBody(state), files_(state), reader_(files_, Follower), input_(files_) {}
+      : ListBody(state),
+        files_(state),
+        reader_(files_, Follower),
+        input_(files_),
+        sizes_(files_, reader_) {}
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
 
   void SetFolder(const std::string& folder) override { reader_.SetFolder(folder); }
-  void Refresh() override { reader_.Refresh(); }
-  void CatchUp() override { reader_.CatchUp(); }
+  void Refresh() override {
+    sizes_.HeedCancel();
+    reader_.Refresh();
+  }
+  void CatchUp() override;
   void Resort() override { reader_.Resort(); }
   void Terminate() override { reader_.Terminate(); }
   void SettingsChanged() override { reader_.NotesChanged(); }
@@ -31,12 +39,21 @@ class FileBody : public ListBody {
   void SetExtensionFilter(const std::string& extension) override;
   std::vector<ExtensionChoice> ExtensionChoices() const override;
 
+  void SetItemColour(ItemColour colour) override;
+  int FileCount() const override;
+  void CalculateFolderSizes() override;
+  void CalculateItemSize() override;
+  std::vector<CompareRecord> CompareRecords() const override;
+  void CompareAgainst(std::vector<CompareRecord>& records, std::int32_t mode) override;
+  void CompareSelf(const std::vector<CompareRecord>& records) override;
+
   int ChildCount(RowId parent) const override;
   RowId Child(RowId parent, int position) const override;
   RowId Parent(RowId row) const override { return files_.Rows.Has(row) ? RootRow : NoRow; }
   int PositionOf(RowId row) const override;
   RowLook Look(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
+  std::string CellBytes(RowId row, HeadingId heading) const override;
   std::string PathOf(RowId row) const override;
   RowId CurrentRow() const override { return files_.Current; }
 
@@ -45,13 +62,18 @@ class FileBody : public ListBody {
 
  protected:
   void FolderChanged(const platform::FolderChanges& changes) override {
+    sizes_.HeedCancel();
     reader_.FolderChanged(changes);
   }
 
  private:
+  void MeasureSizes();
+  void ShowMarks(const CompareCounts& counts);
+
   FileListState files_;
   FileReader reader_;
   FileInput input_;
+  FileSizes sizes_;
 };
 
 }  // namespace tarnwell::lister

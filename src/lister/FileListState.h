@@ -1,26 +1,58 @@
 // What the parts of a file list work on together.
 #pragma once
 
+#include <algorithm>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "lister/FileRows.h"
+#include "lister/KnownSizes.h"
 #include "lister/ListBody.h"
 #include "lister/NameFilter.h"
 
 namespace tarnwell::lister {
 
 struct FileListState {
-  explicit FileListState(ListState& list) : List(list) {}
+  explicit FileListState(ListState& list) : List(list), Sizes(list.Syntax) {}
 
   ListState& List;
   FileRows Rows;  // of the folder on show, which may lag behind List.Folder
   RowId Current = NoRow;
   NameFilter Filter;
-  int Orders = 0;       // changes when rows change places
-  std::string Trouble;  // what of the folder could not be read, for the status line
+  std::string Find;                   // what is being typed to find an item; empty for nothing
+  int Orders = 0;                     // changes when rows come, go or change places
+  KnownSizes Sizes;                   // of folders
+  std::function<void()> BeforeReset;  // all rows are about to go
+
+  // For the status line.
+  std::string Progress;   // what is being read and how far; empty when nothing is
+  std::string Trouble;    // why not all of the folder is there
+  std::string Reason;     // why an item could not be looked at
+  platform::Space Space;  // of the volume; Total is 0 where that is not known
 
   // The view's calls on the rows of the root.
   ListerView& View() { return List.View(); }
+
+  bool ShowsComments() const { return List.Table[HeadingId::Comments].Active; }
+  bool ShowsColours() const {
+    return List.Settings.ShowColour && FileCount() <= List.Settings.FileCountMax;
+  }
+  // To be called once the attributes of a folder have come: shows its size if it has been measured
+  // and the folder has not changed since.
+  void ShowKnownSize(RowId row) {
+    if (Sizes.IsEmpty() || !Rows.Row(row).IsFolder() || Rows.Row(row).IsLink) return;
+    const std::string path = List.Syntax.Join(Rows.Folder(), Rows.Name(row));
+    Sizes.Verify(path, Rows.Row(row).Modified);
+    if (const auto bytes = Sizes.Find(path)) Rows.SetFolderSize(row, *bytes);
+  }
+  // In the folder, whether or not the filter takes them. Folders come first in any order.
+  int FileCount() const {
+    const std::vector<RowId>& all = Rows.All();
+    const auto first = std::partition_point(all.begin(), all.end(),
+                                            [this](RowId row) { return Rows.Row(row).IsFolder(); });
+    return static_cast<int>(all.end() - first);
+  }
 };
 
 }  // namespace tarnwell::lister

@@ -1,18 +1,14 @@
 #include "lister/FileReader.h"
 
 #include <algorithm>
-#include <array>
-#include <limits>
-#include <unordered_set>
 #include <utility>
 
-#include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/FileStatus.h"
+#include "lister/KeepCursor.h"
 #include "lister/MergeRows.h"
 
 namespace tarnwell::lister {
-
-using platform::ItemKind;
 
 namespace {
 
@@ -34,213 +30,20 @@ class Flag {
 
 }  // namespace
 
-struct FileReader::Job {
-  Job(int number, ListState& state)
-      : Number(number), Pace(state.Services.Clock, state.Services.Pump) {}
-
-  const int Number;
-  Pacer Pace;
-  FileReader::Standing Standing = FileReader::Standing::Going;
-  bool KindsChanged = false;  // a link turned out to lead to a folder
-  int Unreadable = 0;         // items without attributes
-  std::string Reason;         // of the first of them
-};
-
-// --- Reading.
+// --- What can be asked for.
 
 void FileReader::Load(const std::string& folder) {
   if (terminated_) return;
+  ListState& list = files_.List;
   ++newest_;
-  wanted_ = files_.List.Folder = PlainPath(files_.List.Syntax, folder);
-  files_.List.Control.CancelRequested = false;
+  std::string plain = PlainPath(list.Syntax, folder);
+  if (!list.Syntax.Same(plain, wanted_)) waiting_.clear();
+  wanted_ = list.Folder = std::move(plain);
+  list.Control.CancelRequested = false;
   stopped_ = willCatchUp_ = false;
-  if (reading_) return;  // the read that runs goes on with this folder
-  const Flag reading(reading_);
-  while (!Read() && !terminated_) continue;
+  readAsked_ = true;
+  Work();
 }
-
-void FileReader::Refresh() {
-  if (!files_.List.Folder.empty()) Load(files_.List.Folder);
-}
-
-void FileReader::FolderChanged(const platform::FolderChanges&) {
-  if (stopped_) return;
-  stale_ = true;
-  if (!reading_ && !willCatchUp_) Refresh();
-}
-
-void FileReader::CatchUp() {
-  willCatchUp_ = false;
-  if (reading_ || !stale_ || stopped_) return;
-  if (files_.List.Control.CancelRequested) {
-    stopped_ = true;  // Escape came when the read was just done
-  } else {
-    Refresh();
-  }
-}
-
-bool FileReader::Read() {
-  Job job(newest_, files_.List);
-  const platform::Clock& clock = files_.List.Services.Clock;
-  const std::int64_t start = clock.Ticks();
-  const std::string folder = wanted_;
-  stale_ = false;
-  files_.List.Folder = folder;
-  // The items of another folder must not stand under the new one while that is read.
-  if (!files_.List.Syntax.Same(files_.Rows.Folder(), folder)) Replace(FileRows(folder));
-  follower_.Follow(folder);  // before the read, so that no change falls between the two
-
-  FileRows fresh(folder);
-  const base::Status status = ReadNames(job, fresh);
-  if (job.Standing == Standing::Superseded) return false;
-  ShowNames(std::move(fresh));
-  if (job.Standing == Standing::Going) ReadAttributes(job);
-  if (job.Standing == Standing::Superseded) return false;
-  if (job.KindsChanged || FileRows::NeedsAttributes(files_.List.Keys.Entries())) Resort();
-
-  if (job.Standing == Standing::Cancelled) {
-    files_.List.Control.CancelRequested = false;
-    stopped_ = true;
-    files_.List.SetStatus("Reading stopped");
-  } else {
-    files_.List.SetStatus(Summary(job, status));
-    MindChanges(clock.Ticks() - start);
-  }
-  return true;
-}
-
-// A folder that changes all the time must not be read all the time.
-void FileReader::MindChanges(std::int64_t readFor) {
-  if (!stale_ || files_.List.Control.View == nullptr) return;
-  willCatchUp_ = true;
-  files_.View().CatchUpLater(static_cast<int>(std::clamp(readFor, LeastRest, MostRest)));
-}
-
-base::Status FileReader::ReadNames(Job& job, FileRows& rows) {
-  return files_.List.Services.Files.ReadFolder(rows.Folder(),
-                                               [&](const platform::FolderEntry& entry) {
-                                                 if (job.Pace.IsDue()) Pump(job, rows.Count());
-                                                 if (job.Standing != Standing::Going) return false;
-                                                 if (!files_.List.IsFilteredOut(entry))
-                                                   rows.Add(entry);
-                                                 return true;
-                                               });
-}
-
-void FileReader::ReadAttributes(Job& job) {
-  int order = files_.Orders;
-  int first = 0, last = -1;  // what has changed since the view was told
-  const auto tell = [&] {
-    if (first <= last) files_.View().CellsChanged(RootRow, first, last);
-    last = -1;
-  };
-  for (int position = 0; position < files_.Rows.Count(); ++position) {
-    const RowId row = files_.Rows.At(position);
-    if (files_.Rows.Row(row).WasTried) continue;
-    if (ReadAttributesOf(row, job)) {
-      if (last < 0) first = position;
-      last = position;
-    }
-    if (!job.Pace.IsDue()) continue;
-    tell();
-    Pump(job, files_.Rows.Count());
-    if (job.Standing != Standing::Going) return;
-    if (order == files_.Orders) continue;
-    // A sort came in: start from the top again, where the user looks, and skip what is done.
-    order = files_.Orders;
-    position = -1;
-  }
-  tell();
-}
-
-bool FileReader::ReadAttributesOf(RowId row, Job& job) {
-  const FileRow before = files_.Rows.Row(row);
-  platform::ItemAttributes attributes;
-  const std::string name(files_.Rows.Name(row));
-  const base::Status status =
-      files_.List.Services.Files.ReadAttributes(files_.Rows.Folder(), name, attributes);
-  if (status) {
-    files_.Rows.SetAttributes(row, attributes);
-  } else {
-    files_.Rows.SetUnreadable(row);
-    if (job.Unreadable++ == 0) job.Reason = status.Reason;
-  }
-  const FileRow& now = files_.Rows.Row(row);
-  job.KindsChanged = job.KindsChanged || now.IsFolder() != before.IsFolder();
-  return !now.LooksLike(before);
-}
-
-void FileReader::Pump(Job& job, int count) {
-  files_.List.SetStatus("Reading: " + GroupedNumber(static_cast<std::uint64_t>(count)) + " items");
-  job.Pace.Pump();
-  if (job.Number != newest_) {
-    job.Standing = Standing::Superseded;
-  } else if (files_.List.Control.CancelRequested) {
-    job.Standing = Standing::Cancelled;
-  }
-}
-
-void FileReader::ShowNames(FileRows&& fresh) {
-  const std::vector<RowId> partners = files_.Rows.PairWith(fresh);
-  fresh.TakeOver(files_.Rows, partners);
-  fresh.SetOrder(fresh.Sorted(files_.List.Keys.Entries(), files_.List.Names));
-  if (files_.Rows.Count() == 0) {
-    Replace(std::move(fresh));
-  } else {
-    Merge(std::move(fresh), partners);
-  }
-  ++files_.Orders;
-}
-
-void FileReader::Replace(FileRows&& rows) {
-  files_.View().BeginReset();
-  files_.Rows = std::move(rows);
-  files_.Current = files_.Rows.Find(files_.List.Active.Find(files_.Rows.Folder()));
-  files_.View().EndReset();
-}
-
-void FileReader::Merge(FileRows&& fresh, const std::vector<RowId>& partners) {
-  ListerView& view = files_.View();
-  const bool stays = std::find(partners.begin(), partners.end(), files_.Current) != partners.end();
-  const bool had = files_.Current != NoRow;
-  const RowId above = had && !stays ? StayingAbove(files_.Current, partners) : NoRow;
-  if (had && !stays) files_.Current = NoRow;  // the view must not look for it among those that go
-  view.BeginUpdate();
-  MergeRows(files_.Rows, std::move(fresh), partners, view);
-  view.EndUpdate();
-  if (had && stays) return;
-  if (had && files_.Rows.Count() > 0) {
-    const int place = above == NoRow ? 0 : files_.Rows.PositionOf(above) + 1;
-    files_.Current = files_.Rows.At(std::min(place, files_.Rows.Count() - 1));
-  } else {
-    files_.Current = files_.Rows.Find(files_.List.Active.Find(files_.Rows.Folder()));
-  }
-  if (had || files_.Current != NoRow) view.CurrentChanged();
-}
-
-// The last row above this one that stays; NoRow if there is none.
-RowId FileReader::StayingAbove(RowId row, const std::vector<RowId>& partners) const {
-  const std::unordered_set<RowId> staying(partners.begin(), partners.end());
-  for (int position = files_.Rows.PositionOf(row) - 1; position >= 0; --position) {
-    if (staying.contains(files_.Rows.At(position))) return files_.Rows.At(position);
-  }
-  return NoRow;
-}
-
-std::string FileReader::Summary(const Job& job, const base::Status& status) const {
-  const auto count = [](int number, const std::string& noun) {
-    return GroupedNumber(static_cast<std::uint64_t>(number)) + noun + (number == 1 ? "" : "s");
-  };
-  std::string text = count(files_.Rows.Count(), " item") + " (" +
-                     count(files_.Rows.FolderCount(), " folder") + ")";
-  if (!status) text += ". " + CannotRead(files_.Rows.Folder(), status);
-  if (job.Unreadable > 0) {
-    text += ". " + count(job.Unreadable, " item") + " could not be read: " + job.Reason;
-  }
-  return text;
-}
-
-// --- Commands.
 
 void FileReader::SetFolder(const std::string& folder) {
   const std::string plain = PlainPath(files_.List.Syntax, folder);
@@ -249,29 +52,295 @@ void FileReader::SetFolder(const std::string& folder) {
   follower_.Follow(plain);
 }
 
+void FileReader::Refresh() {
+  if (!files_.List.Folder.empty()) Load(files_.List.Folder);
+}
+
+void FileReader::FolderChanged(const platform::FolderChanges& changes) {
+  if (stopped_ || terminated_) return;
+  update_.Add(changes);
+  if (!busy_ && !willCatchUp_) CatchUp();
+}
+
+void FileReader::CatchUp() {
+  const bool waited = std::exchange(willCatchUp_, false);
+  if (busy_ || stopped_ || terminated_ || update_.HasNone()) return;
+  if (waited && files_.List.Control.CancelRequested) {
+    stopped_ = true;  // Escape came when the read was just done
+  } else if (update_.IsEverything() ||
+             !files_.List.Syntax.Same(files_.Rows.Folder(), files_.List.Folder)) {
+    Refresh();
+  } else {
+    Work();
+  }
+}
+
 void FileReader::Resort() {
-  std::vector<RowId> order = files_.Rows.Sorted(files_.List.Keys.Entries(), files_.List.Names);
-  if (order == files_.Rows.Order()) return;
-  files_.View().BeginReorder(RootRow);
-  files_.Rows.SetOrder(std::move(order));
-  ++files_.Orders;
-  files_.View().EndReorder();
+  sortAsked_ = true;
+  Work();
 }
 
 void FileReader::FilterChanged() {
-  Refresh();
+  if (sorting_) {
+    filterAsked_ = true;
+    return;
+  }
+  filterAsked_ = false;
+  KeepCursorAndPlace(files_, TakenBy(files_), [&] {
+    ArrangeRows(files_.Rows, files_.Rows.All(), files_.Filter, files_.View());
+  });
+  files_.View().FilterChanged();
+  ShowSummary(files_);
 }
 
-void FileReader::NotesChanged() {}
+void FileReader::NotesChanged() {
+  Work();
+}
 
 void FileReader::WhenDone(std::function<void()> work) {
-  work();
+  if (!busy_) return work();
+  waiting_.push_back(std::move(work));
 }
 
 void FileReader::Terminate() {
   terminated_ = true;
   ++newest_;
+  waiting_.clear();
   follower_.Stop();
+}
+
+// --- Work.
+
+void FileReader::Work() {
+  if (busy_) return;
+  const bool coloursBefore = files_.ShowsColours();
+  {
+    const Flag busy(busy_);
+    while (DoNext()) continue;
+  }
+  if (terminated_) return;
+  if (!files_.Progress.empty()) {
+    files_.Progress.clear();
+    ShowSummary(files_);
+  }
+  if (files_.ShowsColours() != coloursBefore) files_.View().Repaint();
+  RunWaiting();
+}
+
+bool FileReader::DoNext() {
+  if (terminated_) return false;
+  if (readAsked_) {
+    Read();
+  } else if (sortAsked_) {
+    ReadJob job = NewJob();
+    Sort(job);
+  } else if (!stopped_ && !willCatchUp_ && !update_.HasNone() && !update_.IsEverything()) {
+    Update();
+  } else if (!stopped_ && details_.LacksNotes()) {
+    ReadNotes();
+  } else {
+    if (!willCatchUp_) MindChanges(0);
+    return false;
+  }
+  return true;
+}
+
+void FileReader::RunWaiting() {
+  if (runsWaiting_) return;
+  const Flag runs(runsWaiting_);
+  while (!busy_ && !waiting_.empty()) {
+    const std::function<void()> work = std::move(waiting_.front());
+    waiting_.pop_front();
+    work();
+  }
+}
+
+ReadJob FileReader::NewJob() {
+  return {newest_, Pacer(files_.List.Services.Clock, files_.List.Services.Pump),
+          [this](ReadJob& job, const std::string& progress) { LetThrough(job, progress); }};
+}
+
+void FileReader::LetThrough(ReadJob& job, const std::string& progress) {
+  files_.Progress = progress;
+  ShowSummary(files_);
+  job.Pace.Pump();
+  if (job.Number != newest_) {
+    job.Standing = Standing::Superseded;
+  } else if (job.HeedsCancel && files_.List.Control.CancelRequested) {
+    job.Standing = Standing::Cancelled;
+  } else if (sortAsked_ && job.MaySort && !sorting_) {
+    Sort(job);
+  }
+}
+
+// --- Reading.
+
+void FileReader::Read() {
+  readAsked_ = false;
+  ReadJob job = NewJob();
+  const platform::Clock& clock = files_.List.Services.Clock;
+  const std::int64_t start = clock.Ticks();
+  const std::string folder = files_.List.Folder = wanted_;
+  update_.Clear();
+  if (!files_.List.Syntax.Same(files_.Rows.Folder(), folder)) ClearFor(folder);
+  follower_.Follow(folder);  // before the read, so that no change falls between the two
+
+  base::Status status;
+  job.Folder = files_.List.Services.Files.OpenFolder(folder, status);
+  FileRows fresh(folder);
+  if (job.Folder) status = ReadNames(job, fresh);
+  if (job.IsSuperseded()) return;
+  std::vector<RowId> partners = files_.Rows.PairWith(fresh);
+  fresh.TakeOver(files_.Rows, partners);
+  if (!SortFresh(job, fresh)) return;
+
+  files_.Trouble = status ? "" : CannotRead(folder, status);
+  files_.Reason.clear();
+  details_.Forget();
+  ShowNames(std::move(fresh), std::move(partners));
+  if (!files_.List.Services.Files.ReadSpace(folder, files_.Space)) files_.Space = {};
+  if (job.Goes() && job.Folder) ReadDetails(job);
+  if (job.IsSuperseded()) return;
+  if (job.Standing == Standing::Cancelled) Stop();
+  files_.Progress.clear();
+  ShowSummary(files_);
+  MindChanges(clock.Ticks() - start);
+}
+
+base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
+  std::uint64_t count = 0;
+  bool full = false;
+  const base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
+    if (job.Pace.IsDue() && !job.Pump("Reading names: " + CountText(count, "item"))) return false;
+    if (files_.List.IsFilteredOut(entry)) return true;
+    ++count;
+    full = rows.Add(entry) == NoRow;
+    return !full;
+  });
+  if (!full) return status;
+  return {.Code = -1, .Reason = "More names than fit into the list"};
+}
+
+bool FileReader::SortFresh(ReadJob& job, FileRows& fresh) {
+  do {
+    sortAsked_ = false;
+    const std::vector<SortKey> keys = files_.List.Keys.Entries();  // they may change meanwhile
+    std::vector<RowId> order = fresh.Sorted(keys, files_.List.Names, SortPace(job));
+    if (job.IsSuperseded()) return false;
+    if (!sortAsked_) fresh.SetOrder(std::move(order));
+  } while (sortAsked_);
+  fresh.Filter(files_.Filter);
+  return true;
+}
+
+FileRows::GoOn FileReader::SortPace(ReadJob& job) {
+  return [this, &job] {
+    if (job.Pace.IsDue()) job.Pump("Sorting");
+    return !job.IsSuperseded() && !sortAsked_;
+  };
+}
+
+void FileReader::ReadDetails(ReadJob& job) {
+  const std::vector<SortKey>& keys = files_.List.Keys.Entries();
+  job.MaySort = true;
+  details_.ReadAttributes(job);
+  if (job.IsSuperseded()) return;
+  // Once, at the end: rows that jump about while they come cannot be read or clicked.
+  if (details_.TakeKindsChanged() || FileRows::NeedsAttributes(keys)) Sort(job);
+  if (!job.Goes() || !details_.LacksNotes()) return;
+  details_.ReadNotes(job);
+  if (!job.IsSuperseded() && FileRows::NeedsNotes(keys)) Sort(job);
+}
+
+// The items of another folder must not stand under the new one while that is read.
+void FileReader::ClearFor(const std::string& folder) {
+  files_.Find.clear();
+  files_.Filter = {};
+  Replace(FileRows(folder));
+  files_.View().FilterChanged();
+}
+
+void FileReader::ShowNames(FileRows&& fresh, std::vector<RowId> partners) {
+  if (files_.Rows.Count() == 0) {
+    Replace(std::move(fresh));
+  } else {
+    std::vector<bool> staying(static_cast<std::size_t>(files_.Rows.StoreSize()) + 1);
+    for (const RowId row : fresh.Order()) {
+      const RowId partner = partners[static_cast<std::size_t>(row - 1)];
+      if (partner != NoRow) staying[static_cast<std::size_t>(partner)] = true;
+    }
+    KeepCursorAndPlace(
+        files_, [&](RowId row) { return staying[static_cast<std::size_t>(row)]; },
+        [&] { MergeRows(files_.Rows, std::move(fresh), std::move(partners), files_.View()); });
+  }
+  files_.View().FilterChanged();  // the extensions to choose from
+}
+
+void FileReader::Replace(FileRows&& rows) {
+  if (files_.BeforeReset) files_.BeforeReset();
+  files_.View().BeginReset();
+  files_.Rows = std::move(rows);
+  const RowId row = files_.Rows.Find(files_.List.Active.Find(files_.Rows.Folder()));
+  files_.Current = files_.Rows.Has(row) ? row : NoRow;
+  ++files_.Orders;
+  files_.View().EndReset();
+}
+
+void FileReader::Stop() {
+  files_.List.Control.CancelRequested = false;
+  stopped_ = true;
+  waiting_.clear();
+  files_.Trouble = "Reading stopped";
+}
+
+// A folder that changes all the time must not be read all the time.
+void FileReader::MindChanges(std::int64_t readFor) {
+  if (update_.HasNone() || stopped_ || files_.List.Control.View == nullptr) return;
+  willCatchUp_ = true;
+  files_.View().CatchUpLater(static_cast<int>(std::clamp(readFor, LeastRest, MostRest)));
+}
+
+// --- Work on the rows that are there.
+
+void FileReader::Sort(ReadJob& job) {
+  std::vector<RowId> order;
+  {
+    const Flag sorting(sorting_);
+    do {
+      sortAsked_ = false;
+      const std::vector<SortKey> keys = files_.List.Keys.Entries();
+      order = files_.Rows.Sorted(keys, files_.List.Names, SortPace(job));
+    } while (sortAsked_ && !job.IsSuperseded());
+  }
+  if (!job.IsSuperseded()) {
+    KeepCursor(files_, TakenBy(files_),
+               [&] { ArrangeRows(files_.Rows, std::move(order), files_.Filter, files_.View()); });
+  }
+  if (filterAsked_) FilterChanged();
+}
+
+void FileReader::ReadNotes() {
+  files_.List.Control.CancelRequested = false;
+  ReadJob job = NewJob();
+  job.MaySort = true;
+  base::Status status;
+  job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
+  details_.ReadNotes(job);
+  if (job.Standing == Standing::Cancelled) files_.List.Control.CancelRequested = false;
+  if (!job.IsSuperseded() && FileRows::NeedsNotes(files_.List.Keys.Entries())) Sort(job);
+}
+
+void FileReader::Update() {
+  ReadJob job = NewJob();
+  job.HeedsCancel = !files_.List.Control.CancelRequested;  // one left over is not for this
+  base::Status status;
+  job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
+  if (!job.Folder) return Refresh();
+  if (update_.Apply(job)) files_.View().FilterChanged();
+  if (job.IsSuperseded()) return;
+  if (job.Standing == Standing::Cancelled) Stop();
+  ShowSummary(files_);
+  MindChanges(0);
 }
 
 }  // namespace tarnwell::lister

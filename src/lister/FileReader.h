@@ -1,24 +1,28 @@
 // Reads the folder of a file list and keeps its rows up to date.
 //
 // Names and kinds come first, so that sorted rows are on the screen at once; attributes and notes
-// follow in slices, those of the rows on the screen first, and messages are let through between
-// them. A load that comes during another one takes its place: reads never nest.
+// follow in slices (DetailsReader.h), and messages are let through between them. Work that is asked
+// for meanwhile is done after it, or in its place: reads never nest, and the newest load wins.
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "lister/DetailsReader.h"
 #include "lister/FileListState.h"
-#include "lister/Pacer.h"
+#include "lister/FolderUpdate.h"
+#include "lister/ReadJob.h"
 
 namespace tarnwell::lister {
 
 class FileReader {
  public:
   // `follower` watches the folder on disk and is told what to watch.
-  FileReader(FileListState& files, FolderFollower& follower) : files_(files), follower_(follower) {}
+  FileReader(FileListState& files, FolderFollower& follower)
+      : files_(files), follower_(follower), details_(files), update_(files, details_) {}
 
   void Load(const std::string& folder);
   void SetFolder(const std::string& folder);
@@ -26,43 +30,58 @@ class FileReader {
   void CatchUp();
   void FolderChanged(const platform::FolderChanges& changes);
   void Resort();
-  // Filter or display switches have changed: the rows on show, and what is known of them, follow.
+  // The filter is another one: shows what it takes, without a look at the disk.
   void FilterChanged();
+  // Switches and headings may show notes that have not been read yet.
   void NotesChanged();
   void Terminate();
 
-  bool IsReading() const { return reading_; }
-  // Runs the work at once, or as soon as the read that runs is done.
+  bool IsReading() const { return busy_; }
+  // Runs the work at once, or as soon as the read that runs is done. It is dropped when that is
+  // stopped by the user or gives way to another folder.
   void WhenDone(std::function<void()> work);
 
  private:
-  // How a read stands after messages were let through.
-  enum class Standing { Going, Cancelled, Superseded };
-  struct Job;
+  // Does what is asked for, until nothing is left; nothing when it is at work already.
+  void Work();
+  bool DoNext();
+  void RunWaiting();
+  ReadJob NewJob();
+  void LetThrough(ReadJob& job, const std::string& progress);
 
-  // Reads the folder of the newest load once. False when a newer load has taken its place.
-  bool Read();
-  void ShowNames(FileRows&& fresh);
-  base::Status ReadNames(Job& job, FileRows& rows);
-  void ReadAttributes(Job& job);
-  // True when the row looks different now.
-  bool ReadAttributesOf(RowId row, Job& job);
-  void Pump(Job& job, int count);
+  // Reads the folder of the newest load once.
+  void Read();
+  base::Status ReadNames(ReadJob& job, FileRows& rows);
+  // By the keys that hold when it is done. False when a newer load has come meanwhile.
+  bool SortFresh(ReadJob& job, FileRows& fresh);
+  FileRows::GoOn SortPace(ReadJob& job);
+  void ReadDetails(ReadJob& job);
+  void ClearFor(const std::string& folder);
+  void ShowNames(FileRows&& fresh, std::vector<RowId> partners);
   void Replace(FileRows&& rows);
-  void Merge(FileRows&& fresh, const std::vector<RowId>& partners);
-  RowId StayingAbove(RowId row, const std::vector<RowId>& partners) const;
+  void Stop();
   void MindChanges(std::int64_t readFor);
-  std::string Summary(const Job& job, const base::Status& status) const;
+
+  void Sort(ReadJob& job);
+  void ReadNotes();
+  void Update();
 
   FileListState& files_;
   FolderFollower& follower_;
-  int newest_ = 0;            // number of the newest load
-  std::string wanted_;        // its folder
-  bool reading_ = false;      // a read runs
-  bool stale_ = false;        // the folder changed since the newest read began
+  DetailsReader details_;
+  FolderUpdate update_;  // changes on disk since the newest read began
+  int newest_ = 0;       // number of the newest load
+  std::string wanted_;   // its folder
+  bool readAsked_ = false;
+  bool sortAsked_ = false;
+  bool busy_ = false;         // Work runs
+  bool sorting_ = false;      // the rows on show must neither come nor go
+  bool filterAsked_ = false;  // while they were being sorted
   bool willCatchUp_ = false;  // the view was asked for it
   bool stopped_ = false;      // by the user: changes wait for the next load
   bool terminated_ = false;
+  std::deque<std::function<void()>> waiting_;  // for the read to be done
+  bool runsWaiting_ = false;
 };
 
 }  // namespace tarnwell::lister

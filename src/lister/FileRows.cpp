@@ -144,6 +144,10 @@ void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
   }
 }
 
+void FileRows::SetColour(RowId row, ItemColour colour) {
+  Stored(row).Colour = colour;
+}
+
 void FileRows::SetMarks(RowId row, CompareMarks marks) {
   Stored(row).Marks = marks;
 }

@@ -99,6 +99,7 @@ class FileRows {
   void SetUnreadable(RowId row);
   void SetFolderSize(RowId row, std::uint64_t bytes);
   void SetNotes(RowId row, ItemColour colour, std::string comment);
+  void SetColour(RowId row, ItemColour colour);
   void SetMarks(RowId row, CompareMarks marks);
   // Of a row on show. One that goes off show is not selected any more.
   void SetSelected(RowId row, bool selected);

@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/KeepColour.h"
 
 namespace tarnwell::lister {
 
@@ -41,6 +42,8 @@ void FolderBody::Run(Command command) {
     waiting_.pop_front();
     Perform(next);
   }
+  // From the event loop: whoever gave the command is not to wait for it.
+  if (!busy_ && sizes_.HasWishes()) state_.View().CatchUpLater(0);
 }
 
 void FolderBody::RunOnRow(RowId row, std::function<Outcome()> command) {
@@ -52,6 +55,7 @@ void FolderBody::RunOnRow(RowId row, std::function<Outcome()> command) {
 void FolderBody::Perform(const Command& command) {
   busy_ = true;
   stopped_ = false;
+  sizes_.HeedCancel();
   trouble_.clear();
   pace_.emplace(state_.Services.Clock, state_.Services.Pump);
   state_.Control.CancelRequested = false;
@@ -289,6 +293,7 @@ bool FolderBody::ReadOneBranch(RowId row, const std::string& wanted,
   if (stopped_ || terminated_) return false;
   tree_.Update(row, std::move(listing.Folders), status ? BranchState::Read : BranchState::Failed,
                state_.View());
+  sizes_.FolderWasRead(row);
   if (status) {
     CollectRemembered(row, folder, listing, remembered);
   } else {
@@ -368,6 +373,27 @@ bool FolderBody::IsOnTree(const std::string& folder) const {
          state_.Syntax.IsWithin(folder, tree_.PathOf(FolderTree::TopRow));
 }
 
+// --- Tools.
+
+void FolderBody::SetItemColour(ItemColour colour) {
+  if (tree_.Has(tree_.Current())) KeepColour(state_, tree_.PathOf(tree_.Current()), colour);
+}
+
+void FolderBody::CalculateFolderSizes() {
+  sizes_.AskForAll();
+  CatchUp();
+}
+
+void FolderBody::CalculateItemSize() {
+  sizes_.AskForItem();
+  CatchUp();
+}
+
+// Sizes that were asked for; a command that runs sees to them when it is done.
+void FolderBody::CatchUp() {
+  if (!busy_) sizes_.Work();
+}
+
 // --- What the widget and the form ask.
 
 std::string FolderBody::ParentOfKey(const std::string& key) const {
@@ -409,16 +435,29 @@ RowLook FolderBody::Look(RowId row) const {
           .IsExpanded = node.IsExpanded};
 }
 
-// A tree knows the names of its folders and no more; its other cells are empty.
+// A tree knows the names of its folders, and sizes once measured; its other cells are empty.
 std::string FolderBody::CellText(RowId row, HeadingId heading) const {
   if (!tree_.Has(row)) return "";
   const FolderNode& node = tree_.Node(row);
   if (heading == HeadingId::Name) return base::ForDisplay(node.Name);
   if (heading == HeadingId::FileType) return "Folder";
+  if (heading == HeadingId::Size) {
+    const auto bytes = sizes_.SizeOf(row);
+    return bytes ? GroupedNumber(*bytes) : "";
+  }
   if (heading == HeadingId::Path && row != FolderTree::TopRow) {
     return base::ForDisplay(tree_.PathOf(node.Parent));
   }
   return "";
+}
+
+std::string FolderBody::CellBytes(RowId row, HeadingId heading) const {
+  if (!tree_.Has(row)) return "";
+  const FolderNode& node = tree_.Node(row);
+  if (heading == HeadingId::Name) return node.Name;
+  if (heading == HeadingId::Path) return row == FolderTree::TopRow ? "" : tree_.PathOf(node.Parent);
+  const auto bytes = heading == HeadingId::Size ? sizes_.SizeOf(row) : std::nullopt;
+  return bytes ? std::to_string(*bytes) : heading == HeadingId::Size ? "" : CellText(row, heading);
 }
 
 std::string FolderBody::PathOf(RowId row) const {

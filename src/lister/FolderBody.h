@@ -11,6 +11,7 @@
 #include "lister/FolderInput.h"
 #include "lister/FolderTree.h"
 #include "lister/ListBody.h"
+#include "lister/ListSizes.h"
 #include "lister/Pacer.h"
 
 namespace tarnwell::lister {
@@ -18,7 +19,10 @@ namespace tarnwell::lister {
 class FolderBody : public ListBody {
  public:
   explicit FolderBody(ListState& state)
-      : ListBody(state), tree_(state.Syntax, state.Names), input_(tree_, state.Control) {}
+      : ListBody(state),
+        tree_(state.Syntax, state.Names),
+        input_(tree_, state.Control),
+        sizes_(state, tree_) {}
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
@@ -26,6 +30,7 @@ class FolderBody : public ListBody {
   void Refresh() override;
   void Resort() override;
   void Terminate() override;
+  void CatchUp() override;
 
   void LoadDrive(const std::string& drive, bool chosen) override;
   void OpenFolder(const std::string& folder) override;
@@ -33,12 +38,17 @@ class FolderBody : public ListBody {
   std::string ParentOfKey(const std::string& key) const override;
   int OpenLevel() const override;
 
+  void SetItemColour(ItemColour colour) override;
+  void CalculateFolderSizes() override;
+  void CalculateItemSize() override;
+
   int ChildCount(RowId parent) const override;
   RowId Child(RowId parent, int position) const override;
   RowId Parent(RowId row) const override;
   int PositionOf(RowId row) const override;
   RowLook Look(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
+  std::string CellBytes(RowId row, HeadingId heading) const override;
   std::string PathOf(RowId row) const override;
   RowId CurrentRow() const override { return tree_.Current(); }
 
@@ -94,6 +104,7 @@ class FolderBody : public ListBody {
 
   FolderTree tree_;
   FolderInput input_;
+  TreeSizes sizes_;
   std::deque<Command> waiting_;
   bool busy_ = false;
   std::optional<Pacer> pace_;  // of the command that runs

@@ -36,6 +36,7 @@ struct ListState {
   std::string Drive;   // on show, or remembered for the first load
   std::string Folder;  // open or on show
   std::string Status;
+  bool IsTerminated = false;  // work that let messages through is to end
 
   // The list's widget, or one that does nothing.
   ListerView& View() { return Control.View != nullptr ? *Control.View : nobody_; }
@@ -101,6 +102,8 @@ class ListBody {
   virtual int PositionOf(RowId row) const = 0;
   virtual RowLook Look(RowId row) const = 0;
   virtual std::string CellText(RowId row, HeadingId heading) const = 0;
+  // The cell for other programs: bytes as they are, numbers in digits alone.
+  virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
   virtual std::string PathOf(RowId row) const = 0;
   virtual RowId CurrentRow() const = 0;
 

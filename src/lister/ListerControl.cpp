@@ -10,6 +10,7 @@
 
 #include "base/Text.h"
 #include "lister/ListerParts.h"
+#include "lister/ListingFile.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -66,6 +67,7 @@ void ListerControl::SetHoverGraphicsOn(bool on) {
 }
 
 void ListerControl::Terminate() {
+  parts_->State.IsTerminated = true;
   parts_->Body->Terminate();
   View = nullptr;
 }
@@ -272,7 +274,9 @@ void ListerControl::AddActiveItem(const std::string& folder, const std::string& 
 // --- Tools.
 
 void ListerControl::SetItemColor(const std::string& word, std::int32_t& count) {
-  parts_->Body->SetItemColour(ColourOfWord(word));
+  const ItemColour colour = ColourOfWord(word);
+  const bool isKnown = colour != ItemColour::Default || word == ItemColours[0].Word;
+  if (isKnown) parts_->Body->SetItemColour(colour);
   count = parts_->Body->FileCount();
 }
 
@@ -293,8 +297,8 @@ void ListerControl::CompareSelf(const std::vector<CompareRecord>& records) {
   parts_->Body->CompareSelf(records);
 }
 
-bool ListerControl::SaveListing(const std::string&) {
-  return false;
+bool ListerControl::SaveListing(const std::string& path) {
+  return WriteListing(parts_->State, *parts_->Body, path);
 }
 
 void ListerControl::ShowStatus(const std::string& text) {

@@ -1,6 +1,7 @@
 // Lets messages through during long work, often enough that the window stays alive.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "platform/Clock.h"
@@ -11,20 +12,34 @@ namespace tarnwell::lister {
 class Pacer {
  public:
   Pacer(const platform::Clock& clock, platform::MessagePump& pump)
-      : clock_(clock), pump_(pump), last_(clock.Ticks()) {}
+      : clock_(clock), pump_(pump), last_(clock.Ticks()), looked_(last_) {}
 
-  bool IsDue() const { return clock_.Ticks() - last_ >= Interval; }
+  // To be asked after each piece of work. The clock is looked at once in many calls where these
+  // follow each other quickly.
+  bool IsDue() {
+    if (--calls_ > 0) return false;
+    const std::int64_t now = clock_.Ticks();
+    stride_ = now == looked_ ? std::min(stride_ * 2, MostCalls) : 1;
+    calls_ = stride_;
+    looked_ = now;
+    return now - last_ >= Interval;
+  }
   // What happens here may call the code that does the work: look around afterwards.
   void Pump() {
     pump_.DoEvents();
-    last_ = clock_.Ticks();
+    last_ = looked_ = clock_.Ticks();
   }
 
  private:
   static constexpr std::int64_t Interval = 50;  // milliseconds
+  static constexpr int MostCalls = 32;
+
   const platform::Clock& clock_;
   platform::MessagePump& pump_;
-  std::int64_t last_;
+  std::int64_t last_;    // when messages were let through
+  std::int64_t looked_;  // at the clock
+  int stride_ = 1;       // calls from one look to the next
+  int calls_ = 1;        // left until then
 };
 
 }  // namespace tarnwell::lister

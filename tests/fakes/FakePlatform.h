@@ -1,6 +1,7 @@
 // The other ports in memory, and all of them together as a test of a list or a form wants them.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -67,7 +68,8 @@ class FakeFolderWatch : public platform::FolderWatch {
               const platform::FolderChanges& changes = {{}, true, false}) {
     const std::vector<Entry> entries = *entries_;  // a listener may start and stop watches
     for (const Entry& entry : entries) {
-      if (entry.Folder == folder) entry.Changed(changes);
+      const bool watches = std::ranges::count(*entries_, entry.Number, &Entry::Number) != 0;
+      if (watches && entry.Folder == folder) entry.Changed(changes);
     }
   }
 
@@ -148,7 +150,9 @@ class FakeClock : public platform::Clock {
 // Letters by their code points.
 class FakeCollation : public platform::Collation {
  public:
-  void AppendWeights(std::string_view text, std::string& key) const override { key += text; }
+  void AppendWeights(std::string_view text, std::string& key) const override {
+    for (const char letter : text) key += letter == '\1' ? '\2' : letter;
+  }
 };
 
 // Remembers what was to be opened.

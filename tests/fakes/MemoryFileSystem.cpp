@@ -51,10 +51,10 @@ MemoryItem* MemoryFileSystem::Find(const std::string& path, bool followLast, int
 
 MemoryItem& MemoryFileSystem::Add(const std::string& path) {
   const std::vector<std::string> parts = Split(path);
-  std::unique_ptr<MemoryItem>* place = &roots_[Folded(parts[0])];
+  std::shared_ptr<MemoryItem>* place = &roots_[Folded(parts[0])];
   for (std::size_t at = 0;; ++at) {
     if (!*place) {
-      *place = std::make_unique<MemoryItem>();
+      *place = std::make_shared<MemoryItem>();
       (*place)->Name = parts[at];
     }
     if (at + 1 == parts.size()) return **place;
@@ -101,49 +101,60 @@ void MemoryFileSystem::Remove(const std::string& path) {
   }
 }
 
+const MemoryItem* MemoryFileSystem::Target(const MemoryItem& item) const {
+  return item.IsLink ? Find(item.Target, true) : &item;
+}
+
+// Knows its folder itself, not the path, so that it finds nothing once the folder is removed.
 class MemoryFileSystem::Folder : public platform::OpenedFolder {
  public:
-  Folder(const MemoryFileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+  Folder(const MemoryFileSystem& files, MemoryItem& folder, std::string path)
+      : files_(files), folder_(folder.weak_from_this()), path_(std::move(path)) {}
 
   base::Status Read(const platform::TakeEntry& take) override {
-    const MemoryItem* item = files_.Find(path_, true);
-    if (item == nullptr) return NotFound();
-    // A copy, since `take` may let a test change the folder; and not in the order of names, since
+    // Copied, since `take` may let a test change the folder; and not in the order of names, since
     // no real folder is.
-    std::vector<std::string> names;
-    std::vector<platform::FolderEntry> entries;
-    for (const auto& [key, child] : item->Children) names.push_back(child->Name);
-    auto name = names.begin();
-    for (const auto& [key, child] : item->Children) {
-      entries.push_back({*name++, child->Kind, child->IsLink, child->IsHidden, child->IsSystem});
+    std::vector<std::shared_ptr<MemoryItem>> items;
+    int left = -1;
+    if (const auto folder = folder_.lock()) {
+      for (const auto& [key, child] : folder->Children) items.push_back(child);
+      left = folder->VanishAfter;
     }
-    std::reverse(entries.begin(), entries.end());
-    int left = item->VanishAfter;
-    for (const platform::FolderEntry& entry : entries) {
-      if (left-- == 0) {
-        const_cast<MemoryFileSystem&>(files_).Remove(path_);
-        return NotFound();
-      }
-      if (!take(entry)) break;
+    std::reverse(items.begin(), items.end());
+    for (const auto& item : items) {
+      if (left-- == 0) const_cast<MemoryFileSystem&>(files_).Remove(path_);
+      if (folder_.expired()) break;
+      if (!take({item->Name, item->Kind, item->IsLink, item->IsHidden, item->IsSystem})) return {};
     }
-    return {};
+    return folder_.expired() ? NotFound() : base::Status();
   }
   base::Status ReadAttributes(std::string_view name,
                               platform::ItemAttributes& attributes) const override {
-    return files_.ReadAttributes(path_, std::string(name), attributes);
+    return files_.AttributesOf(Item(name).get(), attributes);
   }
   base::Status ReadNote(std::string_view name, platform::ItemNote note,
                         std::string& text) const override {
     text.clear();
-    const MemoryItem* item = files_.Find(files_.syntax_.Join(path_, name), true);
+    const auto item = Item(name);
     if (item == nullptr) return NotFound();
-    const auto found = item->Notes.find(note);
-    if (found != item->Notes.end()) text = found->second;
+    if (item->NoteFault.Code != 0) return item->NoteFault;
+    const MemoryItem* target = files_.Target(*item);
+    if (target == nullptr) return {};
+    const auto found = target->Notes.find(note);
+    if (found != target->Notes.end()) text = found->second;
     return {};
   }
 
  private:
+  std::shared_ptr<MemoryItem> Item(std::string_view name) const {
+    const auto folder = folder_.lock();
+    if (folder == nullptr || name.empty()) return folder;
+    const auto found = folder->Children.find(files_.Folded(name));
+    return found != folder->Children.end() ? found->second : nullptr;
+  }
+
   const MemoryFileSystem& files_;
+  std::weak_ptr<MemoryItem> folder_;
   std::string path_;
 };
 
@@ -159,29 +170,38 @@ std::unique_ptr<platform::OpenedFolder> MemoryFileSystem::OpenFolder(const std::
     ++item->Reads;
     status = item->ReadFault;
   }
-  return status ? std::make_unique<Folder>(*this, folder) : nullptr;
+  return status ? std::make_unique<Folder>(*this, *item, folder) : nullptr;
 }
 
 base::Status MemoryFileSystem::MeasureFolder(const std::string& folder, const GoOn& goOn,
                                              platform::FolderTotal& total) const {
-  const MemoryItem* item = Find(folder, true);
-  if (item == nullptr) return NotFound();
-  if (item->ReadFault.Code != 0) return item->ReadFault;
-  for (const auto& [key, child] : item->Children) {
-    if (!goOn(total)) return {};
-    if (child->Kind == ItemKind::Folder && !child->IsLink) {
-      ++total.Folders;
-      const base::Status status = MeasureFolder(syntax_.Join(folder, child->Name), goOn, total);
-      if (!status && total.Unreadable++ == 0) total.Trouble = status;
-    } else {
-      ++total.Files;
-      total.Bytes += child->Content.size();
+  MemoryItem* start = Find(folder, true);
+  if (start == nullptr) return NotFound();
+  if (start->ReadFault.Code != 0) return start->ReadFault;
+  // Held and looked up again each time, since `goOn` may let a test change the tree.
+  std::vector<std::shared_ptr<MemoryItem>> open{start->shared_from_this()};
+  while (!open.empty()) {
+    const auto above = std::move(open.back());
+    open.pop_back();
+    for (const auto children = above->Children; const auto& [key, child] : children) {
+      if (!goOn(total)) return {};
+      const bool isFolder = child->Kind == ItemKind::Folder;
+      ++(isFolder ? total.Folders : total.Files);
+      const base::Status& fault = isFolder ? child->ReadFault : child->AttributesFault;
+      if (fault.Code != 0) {
+        if (total.Unreadable++ == 0) total.Trouble = fault;
+      } else if (isFolder) {
+        open.push_back(child);
+      } else {
+        total.Bytes += child->Content.size();
+      }
     }
   }
   return {};
 }
 
-base::Status MemoryFileSystem::ReadSpace(const std::string&, platform::Space& space) const {
+base::Status MemoryFileSystem::ReadSpace(const std::string& folder, platform::Space& space) const {
+  if (Find(folder, true) == nullptr) return NotFound();
   space = Space;
   return {};
 }
@@ -190,7 +210,9 @@ base::Status MemoryFileSystem::WriteNote(const std::string& path, platform::Item
                                          const std::string& text) {
   MemoryItem* item = Find(path, true);
   if (item == nullptr) return NotFound();
-  if (NoteFault.Code != 0) return NoteFault;
+  for (const base::Status& fault : {NoteFault, item->NoteFault}) {
+    if (fault.Code != 0) return fault;
+  }
   if (text.empty()) {
     item->Notes.erase(note);
   } else {
@@ -209,14 +231,19 @@ base::Status MemoryFileSystem::MakeFolder(const std::string& path) {
 
 base::Status MemoryFileSystem::ReadAttributes(const std::string& folder, const std::string& name,
                                               platform::ItemAttributes& attributes) const {
-  const std::string path = name.empty() ? folder : syntax_.Join(folder, name);
-  const MemoryItem* item = Find(path, false);
+  return AttributesOf(Find(name.empty() ? folder : syntax_.Join(folder, name), false), attributes);
+}
+
+base::Status MemoryFileSystem::AttributesOf(const MemoryItem* item,
+                                            platform::ItemAttributes& attributes) const {
   if (item == nullptr) return NotFound();
   if (item->AttributesFault.Code != 0) return item->AttributesFault;
   attributes = {};
   attributes.IsLink = item->IsLink;
+  attributes.IsHidden = item->IsHidden;
+  attributes.IsSystem = item->IsSystem;
   attributes.Kind = ItemKind::Other;
-  if (item->IsLink) item = Find(path, true);
+  item = Target(*item);
   if (item == nullptr) return {};
   attributes.Kind = item->Kind;
   attributes.Size = item->Content.size();

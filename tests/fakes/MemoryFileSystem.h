@@ -15,7 +15,7 @@
 
 namespace tarnwell::fakes {
 
-struct MemoryItem {
+struct MemoryItem : std::enable_shared_from_this<MemoryItem> {
   std::string Name;
   platform::ItemKind Kind = platform::ItemKind::Folder;
   std::string Content;
@@ -30,9 +30,10 @@ struct MemoryItem {
   std::map<platform::ItemNote, std::string> Notes;
   base::Status ReadFault;        // ReadFolder and ReadFile fail with it
   base::Status AttributesFault;  // ReadAttributes fails with it
+  base::Status NoteFault;        // ReadNote and WriteNote fail with it
   int VanishAfter = -1;          // the folder goes once that many items of it have been read
   int Reads = 0;                 // how often the folder was read
-  std::map<std::string, std::unique_ptr<MemoryItem>> Children;  // by name, folded
+  std::map<std::string, std::shared_ptr<MemoryItem>> Children;  // by name, folded
 };
 
 class MemoryFileSystem : public platform::FileSystem {
@@ -52,8 +53,8 @@ class MemoryFileSystem : public platform::FileSystem {
   // Takes the item away with all that is below it.
   void Remove(const std::string& path);
 
-  base::Status WriteFault;  // WriteFile and RemoveFile fail with it
-  base::Status NoteFault;   // WriteNote fails with it
+  base::Status WriteFault;  // WriteFile, MakeFolder and RemoveFile fail with it
+  base::Status NoteFault;   // WriteNote fails with it, for any item
   platform::Space Space;
 
   const base::PathSyntax& Syntax() const override { return syntax_; }
@@ -78,11 +79,13 @@ class MemoryFileSystem : public platform::FileSystem {
   std::string Folded(std::string_view name) const;
   // Root of the path, then the names below it.
   std::vector<std::string> Split(const std::string& path) const;
+  const MemoryItem* Target(const MemoryItem& item) const;  // what a link leads to, or the item
   MemoryItem* Find(const std::string& path, bool followLast, int depth = 0) const;
   MemoryItem& Add(const std::string& path);
+  base::Status AttributesOf(const MemoryItem* item, platform::ItemAttributes& attributes) const;
 
   const base::PathSyntax& syntax_;
-  std::map<std::string, std::unique_ptr<MemoryItem>> roots_;  // by root path, folded
+  std::map<std::string, std::shared_ptr<MemoryItem>> roots_;  // by root path, folded
 };
 
 }  // namespace tarnwell::fakes

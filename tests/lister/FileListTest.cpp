@@ -39,7 +39,8 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
   EXPECT_EQ(List.CurrentFolder(), "C:\\box");
   EXPECT_EQ(Names(),
             (Texts{"sub", "way", ".profile", "a.PDF", "B9.txt", "b10.txt", "end", "plain"}));
-  EXPECT_EQ(List.StatusText(), "8 items (2 folders). 1 item could not be read: Permission denied");
+  EXPECT_EQ(List.StatusText(),
+            "8 items (2 folders), 1.2 MB. 1 item could not be read: Permission denied");
 
   EXPECT_EQ(Cell("b10.txt", HeadingId::Size), "1,234,567");
   EXPECT_EQ(Cell("B9.txt", HeadingId::Size), "3");
@@ -246,7 +247,7 @@ TEST_F(FileList, EscapeStopsTheReadThatRunsAndNoOther) {
   Platform.Pump.Post([this] { List.CancelRequested = true; });
   List.RefreshList();
   EXPECT_EQ(List.ChildCount(RootRow), 2);
-  EXPECT_EQ(List.StatusText(), "Reading stopped");
+  EXPECT_EQ(List.StatusText(), "Reading stopped. 2 items (2 folders)");
   EXPECT_FALSE(List.CancelRequested);
   List.RefreshList();
   EXPECT_EQ(List.ChildCount(RootRow), 7);
@@ -255,7 +256,7 @@ TEST_F(FileList, EscapeStopsTheReadThatRunsAndNoOther) {
   Platform.Pump.Post([this] { List.CancelRequested = true; });
   List.RefreshList();
   EXPECT_EQ(List.ChildCount(RootRow), 7);
-  EXPECT_EQ(List.StatusText(), "Reading stopped");
+  EXPECT_TRUE(List.StatusText().starts_with("Reading stopped. 7 items (2 folders)"));
 
   for (int message = 0; message < 3; ++message) Platform.Pump.Post([] {});
   Platform.Pump.Post([this] { List.Terminate(); });
@@ -267,8 +268,7 @@ TEST_F(FileList, EscapeStopsTheReadThatRunsAndNoOther) {
 TEST_F(FileList, TellsWhyAFolderCannotBeRead) {
   Load("C:\\none");
   EXPECT_EQ(List.ChildCount(RootRow), 0);
-  EXPECT_EQ(List.StatusText(),
-            "0 items (0 folders). Cannot read C:\\none: No such file or directory");
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\none: No such file or directory");
   Platform.Files.AddFolder("C:\\shut").ReadFault = Platform.Files.Denied();
   Load("C:\\shut");
   EXPECT_TRUE(List.StatusText().ends_with("Cannot read C:\\shut: Permission denied"));
@@ -277,7 +277,7 @@ TEST_F(FileList, TellsWhyAFolderCannotBeRead) {
   Load();
   EXPECT_EQ(List.ChildCount(RootRow), 3);
   EXPECT_TRUE(List.StatusText().starts_with(
-      "3 items (1 folder). Cannot read C:\\box: No such file or directory"));
+      "Cannot read C:\\box: No such file or directory. 3 items (1 folder). 3 items could not be"));
   Load("");
 }
 

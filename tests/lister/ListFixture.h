@@ -30,6 +30,9 @@ struct EventRecord : ListerEvents {
   void ItemFocused(ListId, std::int16_t item) override {
     Told.push_back("ItemFocused " + std::to_string(item));
   }
+  void StatusMessage(ListId, const std::string& text) override {
+    Told.push_back("StatusMessage " + text);
+  }
   // What was told since the last call.
   std::vector<std::string> Take() { return std::exchange(Told, {}); }
 };

@@ -25,6 +25,7 @@ class ShadowView : public NoView {
   int Reorders = 0;
   int CurrentChanges = 0;
   std::vector<int> CatchUps;  // the times asked for
+  RowId Pointed = NoRow;      // the row under the mouse pointer
 
   // The copy is what the list says now.
   void Check() const {
@@ -76,6 +77,7 @@ class ShadowView : public NoView {
     EXPECT_LE(first, last);
     EXPECT_LT(last, list_.ChildCount(parent));
   }
+  RowId RowUnderPointer() const override { return Pointed; }
   void CurrentChanged() override { ++CurrentChanges; }
   void CatchUpLater(int milliseconds) override { CatchUps.push_back(milliseconds); }
 

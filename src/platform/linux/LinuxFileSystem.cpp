@@ -56,6 +56,7 @@ base::Status LinuxFileSystem::ReadAttributes(const std::string& folder, const st
                                              ItemAttributes& attributes) const {
   const ReachedPath path(name.empty() ? folder : Syntax().Join(folder, name));
   if (path.Error() != 0) return SystemError(path.Error());
+  attributes.IsHidden = (name.empty() ? Syntax().LastComponent(folder) : name).starts_with('.');
   return ReadItemStat(path.Folder(), path.Rest(), attributes);
 }
 

@@ -75,6 +75,7 @@ base::Status LinuxFolder::Read(const TakeEntry& take) {
 base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {
   const EndedName ended(name);
   if (ended.Error() != 0) return SystemError(ended.Error());
+  attributes.IsHidden = name.starts_with('.');
   return ReadItemStat(folder_.Get(), ended.Text(), attributes);
 }
 

@@ -2,15 +2,19 @@
 
 #include <gio/gio.h>
 
+#include <set>
+#include <string>
 #include <utility>
 
 #include "platform/linux/GuardedCall.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/ReachedPath.h"
 
 namespace tarnwell::platform {
 namespace {
 
-constexpr guint delay = 200;  // milliseconds from the first change of a run to the call
+constexpr guint delay = 200;             // milliseconds from the first change of a run to the call
+constexpr std::size_t mostNames = 1000;  // reading more of them one by one costs more than all
 
 bool IsRemote(GFile* folder) {
   const char* const attribute = G_FILE_ATTRIBUTE_FILESYSTEM_REMOTE;
@@ -23,9 +27,9 @@ bool IsRemote(GFile* folder) {
 
 class GioWatch : public Watch {
  public:
-  // Takes over the caller's reference to the monitor.
-  GioWatch(GFileMonitor* monitor, FolderWatch::Changed changed)
-      : changed_(std::move(changed)), monitor_(monitor) {
+  // Takes over the caller's references to the folder and its monitor.
+  GioWatch(GFile* folder, GFileMonitor* monitor, FolderWatch::Changed changed)
+      : changed_(std::move(changed)), folder_(folder), monitor_(monitor) {
     signal_ = g_signal_connect(monitor_, "changed", G_CALLBACK(&GioWatch::Note), this);
   }
   GioWatch(const GioWatch&) = delete;
@@ -35,27 +39,77 @@ class GioWatch : public Watch {
     g_signal_handler_disconnect(monitor_, signal_);
     g_file_monitor_cancel(monitor_);
     g_object_unref(monitor_);
+    g_object_unref(folder_);
   }
 
  private:
-  static void Note(GFileMonitor*, GFile*, GFile*, GFileMonitorEvent, gpointer data) {
-    auto* const self = static_cast<GioWatch*>(data);
-    if (self->timer_ == 0) self->timer_ = g_timeout_add(delay, &GioWatch::Report, self);
+  static void Note(GFileMonitor*, GFile* item, GFile* other, GFileMonitorEvent event,
+                   gpointer data) noexcept {
+    GuardedCall([&] {
+      auto* const self = static_cast<GioWatch*>(data);
+      if (g_file_equal(item, self->folder_) != FALSE) {
+        if (!self->NoteFolder(event)) return;
+      } else {
+        self->NoteName(item);
+        if (event == G_FILE_MONITOR_EVENT_RENAMED) self->NoteName(other);
+      }
+      if (self->timer_ == 0) self->timer_ = g_timeout_add(delay, &GioWatch::Report, self);
+    });
   }
 
-  static gboolean Report(gpointer data) {
+  // What happened to the folder itself; false where that concerns none of its items.
+  bool NoteFolder(GFileMonitorEvent event) {
+    switch (event) {
+      case G_FILE_MONITOR_EVENT_UNMOUNTED:
+        changes_.FolderGone = true;
+        break;
+      case G_FILE_MONITOR_EVENT_DELETED:
+      case G_FILE_MONITOR_EVENT_RENAMED:
+      case G_FILE_MONITOR_EVENT_MOVED_OUT:
+      case G_FILE_MONITOR_EVENT_CREATED:  // it is back, or another one has its name
+        changes_.Everything = true;
+        break;
+      default:
+        return false;
+    }
+    return true;
+  }
+
+  void NoteName(GFile* item) {
+    if (changes_.Everything || item == nullptr) return;
+    char* const name = g_file_get_basename(item);
+    if (name != nullptr) names_.emplace(name);
+    g_free(name);
+    if (names_.size() <= mostNames) return;
+    changes_.Everything = true;
+    names_.clear();
+  }
+
+  static gboolean Report(gpointer data) noexcept {
     auto* const self = static_cast<GioWatch*>(data);
     self->timer_ = 0;
-    // A copy, since the call may end this object.
-    const FolderWatch::Changed changed = self->changed_;
-    GuardedCall([&] { changed({.Names = {}, .Everything = true}); });
+    GuardedCall([self] { self->Tell(); });
     return G_SOURCE_REMOVE;
   }
 
+  void Tell() {
+    FolderChanges changes = std::exchange(changes_, {});
+    // Of a folder that another program still uses the end is told late, if at all.
+    if (!OpenPath(g_file_peek_path(folder_), O_PATH | O_DIRECTORY)) changes.FolderGone = true;
+    const std::set<std::string> names = std::exchange(names_, {});
+    if (!changes.Everything) changes.Names.assign(names.begin(), names.end());
+    // A copy, since the call may end this object.
+    const FolderWatch::Changed changed = changed_;
+    changed(changes);
+  }
+
   FolderWatch::Changed changed_;
+  GFile* folder_;
   GFileMonitor* monitor_;
   gulong signal_;
   guint timer_ = 0;
+  FolderChanges changes_;
+  std::set<std::string> names_;
 };
 
 }  // namespace
@@ -68,9 +122,11 @@ std::unique_ptr<Watch> LinuxFolderWatch::Start(const std::string& folder,
   GFileMonitor* const monitor =
       IsRemote(file) ? nullptr
                      : g_file_monitor_directory(file, G_FILE_MONITOR_WATCH_MOVES, nullptr, nullptr);
-  g_object_unref(file);
-  if (monitor == nullptr) return nullptr;
-  return std::make_unique<GioWatch>(monitor, std::move(changed));
+  if (monitor == nullptr) {
+    g_object_unref(file);
+    return nullptr;
+  }
+  return std::make_unique<GioWatch>(file, monitor, std::move(changed));
 }
 
 }  // namespace tarnwell::platform

@@ -1,0 +1,68 @@
+#include "lister/FileCells.h"
+
+#include "base/Text.h"
+#include "lister/CellText.h"
+
+namespace tarnwell::lister {
+
+std::string FileCellText(const FileListState& files, RowId row, HeadingId heading) {
+  const FileRow& item = files.Rows.Row(row);
+  const std::string_view name = files.Rows.Name(row);
+  const platform::Clock& clock = files.List.Services.Clock;
+  switch (heading) {
+    case HeadingId::Name:
+      return base::ForDisplay(name);
+    case HeadingId::Extension:
+      return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
+    case HeadingId::Size:
+      return item.HasSize() ? GroupedNumber(item.Size) : "";
+    case HeadingId::DateLastModified:
+      return DateText(clock, item.Modified);
+    case HeadingId::DateCreated:
+      return DateText(clock, item.Created);
+    case HeadingId::DateLastAccessed:
+      return DateText(clock, item.Accessed);
+    case HeadingId::FileType:
+      return TypeText(name, item.Kind, item.IsLink);
+    case HeadingId::Attributes:
+      return AttributeText(item);
+    case HeadingId::Comments:
+      return base::ForDisplay(files.Rows.Comment(row));
+    case HeadingId::Path:
+      return base::ForDisplay(files.Rows.Folder());
+    case HeadingId::Permissions:
+      return item.HasAttributes ? PermissionText(item.Mode) : "";
+  }
+  return "";
+}
+
+std::string FileCellBytes(const FileListState& files, RowId row, HeadingId heading) {
+  const FileRow& item = files.Rows.Row(row);
+  const std::string_view name = files.Rows.Name(row);
+  switch (heading) {
+    case HeadingId::Name:
+      return std::string(name);
+    case HeadingId::Extension:
+      return std::string(item.IsFolder() ? "" : ExtensionOf(name));
+    case HeadingId::Size:
+      return item.HasSize() ? std::to_string(item.Size) : "";
+    case HeadingId::Comments:
+      return std::string(files.Rows.Comment(row));
+    case HeadingId::Path:
+      return files.Rows.Folder();
+    default:
+      return FileCellText(files, row, heading);
+  }
+}
+
+RowLook FileLook(const FileListState& files, RowId row) {
+  const FileRow& item = files.Rows.Row(row);
+  return {.Kind = item.Kind,
+          .IsLink = item.IsLink,
+          .IsHidden = item.IsHidden,
+          .IsSelected = item.IsSelected,
+          .Colour = files.ShowsColours() ? item.Colour : ItemColour::Default,
+          .Marks = item.Marks};
+}
+
+}  // namespace tarnwell::lister

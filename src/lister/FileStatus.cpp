@@ -1,0 +1,67 @@
+#include "lister/FileStatus.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+#include "lister/CellText.h"
+
+namespace tarnwell::lister {
+
+namespace {
+
+void Append(std::string& text, const std::string& sentence) {
+  if (sentence.empty()) return;
+  if (!text.empty()) text += ". ";
+  text += sentence;
+}
+
+std::string OnShow(const FileRows& rows, const RowTotals& totals) {
+  const auto all = static_cast<std::uint64_t>(rows.All().size());
+  const auto items = static_cast<std::uint64_t>(totals.Items);
+  std::string text = items == all ? CountText(items, "item")
+                                  : GroupedNumber(items) + " of " + CountText(all, "item");
+  text += " (" + CountText(static_cast<std::uint64_t>(totals.Folders), "folder") + ")";
+  if (totals.Bytes > 0) text += ", " + ByteText(totals.Bytes);
+  return text;
+}
+
+std::string Selected(const RowTotals& totals) {
+  if (totals.Selected == 0) return "";
+  std::string text = GroupedNumber(static_cast<std::uint64_t>(totals.Selected)) + " selected";
+  if (totals.SelectedBytes > 0) text += ", " + ByteText(totals.SelectedBytes);
+  return text;
+}
+
+std::string Unreadable(const FileListState& files) {
+  const std::vector<RowId>& all = files.Rows.All();
+  const auto count = std::count_if(all.begin(), all.end(), [&](RowId row) {
+    return files.Rows.Row(row).WasTried && !files.Rows.Row(row).HasAttributes;
+  });
+  if (count == 0) return "";
+  return CountText(static_cast<std::uint64_t>(count), "item") +
+         " could not be read: " + files.Reason;
+}
+
+}  // namespace
+
+std::string FileSummary(const FileListState& files) {
+  std::string text = files.Progress;
+  Append(text, files.Trouble);
+  // While a folder is read, rows and sizes are those of a moment ago, and counting costs time.
+  if (!text.empty() && files.Rows.All().empty()) return text;
+  if (!files.Progress.empty() && files.Rows.SelectedCount() == 0) return text;
+  const RowTotals totals = files.Rows.Totals();
+  if (files.Progress.empty()) Append(text, OnShow(files.Rows, totals));
+  Append(text, Selected(totals));
+  if (!files.Progress.empty()) return text;
+  if (!files.Reason.empty()) Append(text, Unreadable(files));
+  if (files.Space.Total > 0) Append(text, ByteText(files.Space.Free) + " free");
+  return text;
+}
+
+void ShowSummary(FileListState& files) {
+  files.List.SetStatus(FileSummary(files));
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,18 @@
+// The status line of a file list: what is being read, how much is on show and selected, what could
+// not be read, how much space is left.
+#pragma once
+
+#include <string>
+
+#include "lister/FileListState.h"
+
+namespace tarnwell::lister {
+
+// Most useful first, since a narrow pane shows the beginning alone. Valid UTF-8.
+std::string FileSummary(const FileListState& files);
+
+// Puts the summary into the status line. To be called after what it tells has changed, a selection
+// say, and to have it back when a job that told of itself there is done.
+void ShowSummary(FileListState& files);
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,176 @@
+#include "lister/FolderSizes.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/Text.h"
+#include "lister/CellText.h"
+
+namespace tarnwell::lister {
+
+using platform::FolderTotal;
+
+struct FolderSizes::Job {
+  Job(const ListState& list, bool isAll, std::string place, std::vector<Target> folders)
+      : IsAll(isAll),
+        Place(std::move(place)),
+        Folders(std::move(folders)),
+        Pace(list.Services.Clock, list.Services.Pump) {}
+
+  const bool IsAll;
+  const std::string Place;
+  std::vector<Target> Folders;
+  Pacer Pace;
+  FolderSizes::Standing Standing = FolderSizes::Standing::Going;
+  std::size_t Done = 0;
+  FolderTotal Sum;             // of the folders that are done
+  FolderTotal Current;         // of the one that is being measured, so far
+  std::uint64_t Troubled = 0;  // folders that could not be read to their end
+  std::string Trouble;         // what was wrong with the first of them
+};
+
+namespace {
+
+void Add(FolderTotal& sum, const FolderTotal& other) {
+  sum.Bytes += other.Bytes;
+  sum.Files += other.Files;
+  sum.Folders += other.Folders;
+}
+
+std::string Content(const FolderTotal& total) {
+  return CountText(total.Files + total.Folders, "item") + ", " + ByteText(total.Bytes);
+}
+
+}  // namespace
+
+void FolderSizes::AskForAll() {
+  if (job_ == nullptr || !job_->IsAll || job_->Place != Place()) allAsked_ = true;
+}
+
+void FolderSizes::AskForItem() {
+  const RowId row = list_.View().RowUnderPointer();
+  if (!IsFolder(row)) return;
+  Target folder{row, PathOf(row)};
+  if (std::ranges::none_of(itemsAsked_, [&](auto& asked) { return asked.Path == folder.Path; })) {
+    itemsAsked_.push_back(std::move(folder));
+  }
+}
+
+void FolderSizes::HeedCancel() {
+  if (job_ != nullptr) LookAround(*job_);
+}
+
+void FolderSizes::Work() {
+  while (job_ == nullptr && !list_.IsTerminated && HasWishes()) {
+    std::vector<Target> folders;
+    const bool isAll = std::exchange(allAsked_, false);
+    if (isAll) {
+      for (const RowId row : Folders()) folders.push_back({row, PathOf(row)});
+    } else {
+      folders.push_back(std::move(itemsAsked_.front()));
+      itemsAsked_.pop_front();
+    }
+    Job job(list_, isAll, Place(), std::move(folders));
+    job_ = &job;
+    const struct Release {
+      Job*& Slot;
+      ~Release() { Slot = nullptr; }
+    } release{job_};
+    Perform(job);
+  }
+}
+
+void FolderSizes::Perform(Job& job) {
+  list_.Control.CancelRequested = false;
+  for (const Target& folder : job.Folders) {
+    if (!GoesOn(job)) break;
+    Measure(job, folder);
+  }
+  if (job.Standing == Standing::Superseded) return;
+  if (job.Standing == Standing::Cancelled) {
+    list_.Control.CancelRequested = false;
+    allAsked_ = false;
+    itemsAsked_.clear();
+  }
+  if (job.Done > 0) Finish();
+  if (job.IsAll || job.Done + job.Troubled > 0 || job.Standing == Standing::Cancelled) {
+    list_.SetStatus(Summary(job));
+  }
+}
+
+void FolderSizes::Measure(Job& job, const Target& folder) {
+  const auto isThere = [&] { return IsFolder(folder.Row) && PathOf(folder.Row) == folder.Path; };
+  if (!isThere()) return;
+  const platform::FileSystem& files = list_.Services.Files;
+  platform::ItemAttributes attributes;
+  FolderTotal total;
+  base::Status status = files.ReadAttributes(folder.Path, "", attributes);
+  if (status) {
+    const auto goOn = [&](const FolderTotal& soFar) {
+      job.Current = soFar;
+      return GoesOn(job);
+    };
+    status = files.MeasureFolder(folder.Path, goOn, total);
+  }
+  job.Current = {};
+  if (job.Standing != Standing::Going) return;
+  if (!status || total.Unreadable > 0) NoteTrouble(job, folder, status, total);
+  if (!status) return;
+  Add(job.Sum, total);
+  ++job.Done;
+  sizes_.Keep(folder.Path, attributes.Modified, total.Bytes);
+  if (isThere()) Show(folder.Row, total.Bytes);
+}
+
+void FolderSizes::NoteTrouble(Job& job, const Target& folder, const base::Status& status,
+                              const FolderTotal& total) const {
+  if (job.Troubled++ > 0) return;
+  job.Trouble = status ? CountText(total.Unreadable, "item") + " in " +
+                             NameText(list_.Syntax, folder.Path) +
+                             " could not be read: " + total.Trouble.Reason
+                       : CannotRead(folder.Path, status);
+}
+
+bool FolderSizes::GoesOn(Job& job) {
+  if (job.Standing == Standing::Going && job.Pace.IsDue()) {
+    list_.SetStatus(Progress(job));
+    job.Pace.Pump();
+    LookAround(job);
+  }
+  return job.Standing == Standing::Going;
+}
+
+void FolderSizes::LookAround(Job& job) const {
+  if (list_.IsTerminated || job.Place != Place()) {
+    job.Standing = Standing::Superseded;
+  } else if (list_.Control.CancelRequested && job.Standing == Standing::Going) {
+    job.Standing = Standing::Cancelled;
+  }
+}
+
+std::string FolderSizes::Progress(const Job& job) const {
+  FolderTotal total = job.Sum;
+  Add(total, job.Current);
+  const std::string what = job.IsAll
+                               ? "Sizes: " + GroupedNumber(job.Done) + " of " +
+                                     CountText(job.Folders.size(), "folder") + ", "
+                               : "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": ";
+  return what + Content(total) + "; Escape stops";
+}
+
+std::string FolderSizes::Summary(const Job& job) const {
+  std::string text;
+  if (job.Standing == Standing::Cancelled) {
+    text = "Sizes stopped: " + GroupedNumber(job.Done) + " of " +
+           CountText(job.Folders.size(), "folder") + " done";
+  } else if (job.IsAll) {
+    text = "Sizes: " + CountText(job.Done, "folder") + ", " + Content(job.Sum);
+  } else if (job.Done > 0) {
+    text = "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": " + Content(job.Sum);
+  }
+  if (job.Troubled > 0) text += (text.empty() ? "" : ". ") + job.Trouble;
+  if (job.Troubled > 1) text += " (and " + CountText(job.Troubled - 1, "folder") + " more)";
+  return text;
+}
+
+}  // namespace tarnwell::lister

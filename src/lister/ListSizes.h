@@ -1,0 +1,59 @@
+// Folder sizes in the two kinds of list.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "lister/FileListState.h"
+#include "lister/FileReader.h"
+#include "lister/FolderSizes.h"
+#include "lister/FolderTree.h"
+
+namespace tarnwell::lister {
+
+class FileSizes : public FolderSizes {
+ public:
+  FileSizes(FileListState& files, FileReader& reader)
+      : FolderSizes(files.List, files.Sizes), files_(files), reader_(reader) {}
+
+ protected:
+  std::string Place() const override { return list_.Folder; }
+  bool IsFolder(RowId row) const override;
+  std::string PathOf(RowId row) const override;
+  std::vector<RowId> Folders() const override;  // those that the user sees first
+  void Show(RowId row, std::uint64_t bytes) override;
+  void Finish() override;
+
+ private:
+  FileListState& files_;
+  FileReader& reader_;
+};
+
+class TreeSizes : public FolderSizes {
+ public:
+  TreeSizes(ListState& list, const FolderTree& tree)
+      : FolderSizes(list, known_), tree_(tree), known_(list.Syntax) {}
+
+  // In bytes, if the folder has been measured.
+  std::optional<std::uint64_t> SizeOf(RowId row) const {
+    return known_.IsEmpty() ? std::nullopt : known_.Find(tree_.PathOf(row));
+  }
+  // The folder was read: if it has changed since it was measured, its size is forgotten.
+  void FolderWasRead(RowId row);
+
+ protected:
+  std::string Place() const override;
+  bool IsFolder(RowId row) const override { return tree_.Has(row) && !tree_.Node(row).IsLink; }
+  std::string PathOf(RowId row) const override { return tree_.PathOf(row); }
+  // A folder comes behind those that it holds: the root would keep all others waiting.
+  std::vector<RowId> Folders() const override;
+  void Show(RowId row, std::uint64_t bytes) override;
+
+ private:
+  const FolderTree& tree_;
+  KnownSizes known_;
+};
+
+}  // namespace tarnwell::lister

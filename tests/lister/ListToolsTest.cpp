@@ -1,0 +1,324 @@
+#include <random>
+
+#include "ListFixture.h"
+#include "lister/KeepColour.h"
+
+namespace tarnwell::lister {
+namespace {
+
+class ListTools : public ListFixture {
+ protected:
+  explicit ListTools(ListId id = 102) : ListFixture(id) {
+    fakes::MemoryFileSystem& files = Platform.Files;
+    files.AddFile("C:\\box\\one\\a", std::string(10, 'x'));
+    files.AddFile("C:\\box\\one\\deep\\b", std::string(20, 'x'));
+    files.AddFile("C:\\box\\two\\c", std::string(5, 'x'));
+    files.AddFile("C:\\box\\two\\d");
+    files.AddFolder("C:\\box\\shut").ReadFault = files.Denied();
+    files.AddLink("C:\\box\\way", "C:\\box\\one");
+    files.AddFile("C:\\box\\file", "text");
+    files.AddFolder("C:\\other\\one");
+  }
+
+  void Load(std::string folder = "C:\\box") { List.LoadFolderContents(folder, true); }
+  // At the `number`th time from now that messages are let through.
+  void AtPump(int number, std::function<void()> message) {
+    while (--number > 0) Platform.Pump.Post([] {});
+    Platform.Pump.Post(std::move(message));
+  }
+  std::string Sizes() const {
+    std::string sizes;
+    for (int at = 0; at < List.ChildCount(RootRow); ++at) {
+      const RowId row = List.Child(RootRow, at);
+      const std::string size = List.CellText(row, HeadingId::Size);
+      if (!size.empty()) sizes += List.CellText(row, HeadingId::Name) + " " + size + " ";
+    }
+    return sizes;
+  }
+  std::string Written() {
+    std::string content;
+    Platform.Files.ReadFile("C:\\out.csv", content);
+    return content;
+  }
+};
+
+TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
+  Load();
+  List.SortCommand("asc");
+  List.AddSortKey(0, "sSize", "asc");
+  List.CancelRequested = true;  // left over from a key that came with nothing to stop
+  List.CalculateFolderSizes();
+  EXPECT_EQ(Sizes(), "two 5 one 30 file 4 ");
+  EXPECT_EQ(List.StatusText(),
+            "Sizes: 2 folders, 5 items, 35 bytes. Cannot read C:\\box\\shut: Permission denied");
+  EXPECT_FALSE(List.CancelRequested);
+
+  Load("C:\\other");
+  EXPECT_EQ(Sizes(), "");
+  Platform.Files.At("C:\\box\\one").Modified = 1;
+  Platform.Files.AddFile("C:\\box\\two\\c", std::string(7, 'x'));
+  Load();
+  EXPECT_EQ(Sizes(), "two 5 file 4 ");
+  List.RefreshList();
+  View.Pointed = Row(RootRow, "two");
+  List.CalculateItemSize();
+  EXPECT_EQ(List.StatusText(), "Size of two: 2 items, 7 bytes");
+  EXPECT_EQ(Sizes(), "two 7 file 4 ");
+  for (const char* name : {"file", "way", ""}) {
+    View.Pointed = Row(RootRow, name);
+    List.CalculateItemSize();
+    EXPECT_EQ(List.StatusText(), "Size of two: 2 items, 7 bytes") << name;
+  }
+
+  Load("C:\\other");
+  Platform.Clock.TickStep = 60;
+  AtPump(1, [&] { List.CalculateFolderSizes(); });
+  Load();  // measures nothing: whoever asked for it is not to wait
+  EXPECT_EQ(Sizes(), "two 7 file 4 ");
+  EXPECT_EQ(View.CatchUps, std::vector<int>{0});
+  List.CatchUp();
+  EXPECT_EQ(Sizes(), "two 7 one 30 file 4 ");
+}
+
+// At each of the moments that there are.
+TEST_F(ListTools, MeasuringGivesWayToWhatComesInBetween) {
+  Platform.Clock.TickStep = 60;
+  constexpr int moments = 8;
+  const auto run = [&](auto message, auto check) {
+    for (int moment = 1; moment <= moments && !HasFailure(); ++moment) {
+      SCOPED_TRACE(moment);
+      Platform.Files.At("C:\\box\\one").Modified++;  // what is known from before does not count
+      Platform.Files.At("C:\\box\\two").Modified++;
+      Load("C:\\other");
+      Load();
+      AtPump(moment, message);
+      Platform.Pump.Calls = 0;
+      List.CalculateFolderSizes();
+      View.Check();
+      check(moment);
+    }
+  };
+  run([&] { List.CancelRequested = true; },
+      [&](int moment) {
+        EXPECT_EQ(Sizes(), moment > 4 ? "one 30 file 4 " : "file 4 ");
+        EXPECT_FALSE(List.CancelRequested);
+        EXPECT_EQ(Platform.Pump.Calls, moment);
+      });
+  // Escape and a change on disk in one go: the read must not swallow the key.
+  run([&] { List.CancelRequested = true, Platform.Watches.Notify("C:\\box"); },
+      [&](int) { EXPECT_EQ(List.StatusText().substr(0, 13), "Sizes stopped"); });
+  run([&] { Load("C:\\other"); },
+      [&](int) { EXPECT_EQ(List.StatusText() + Sizes(), "1 item (1 folder)"); });
+  run([&] { Load("C:\\other"), List.CalculateFolderSizes(); },
+      [&](int) { EXPECT_EQ(Sizes(), "one 0 "); });
+  run([&] { List.CalculateFolderSizes(); }, [&](int) { EXPECT_EQ(Platform.Pump.Calls, moments); });
+  run([&] { View.Pointed = Row(RootRow, "one"), List.CalculateItemSize(); },
+      [&](int) {
+        EXPECT_EQ(List.StatusText(), "Size of one: 3 items, 30 bytes");
+        EXPECT_EQ(Platform.Pump.Calls, moments + 4);
+      });
+  run(
+      [&] {  // the row goes, and another one takes its number
+        Platform.Files.At("C:\\box\\two").IsHidden = true;
+        List.RefreshList();
+        Platform.Files.AddFolder("C:\\box\\new");
+        List.RefreshList();
+      },
+      [&](int) {
+        EXPECT_EQ(Sizes(), "one 30 file 4 ");
+        Platform.Files.At("C:\\box\\two").IsHidden = false;
+        Platform.Files.Remove("C:\\box\\new");
+      });
+  Load();
+  AtPump(6, [&] { List.Terminate(); });
+  Platform.Pump.Calls = 0;
+  List.CalculateFolderSizes();
+  EXPECT_EQ(Platform.Pump.Calls, 6);
+}
+
+struct TreeTools : ListTools {
+  TreeTools() : ListTools(2) {}
+};
+
+TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
+  Platform.Files.AddFolder("C:\\a,\"b\"");
+  std::string drive = "C";
+  List.LoadDrive(drive, false);
+  const RowId top = List.Child(RootRow, 0);
+  List.Expand(top);
+  const RowId box = Row(top, "box");
+  List.Expand(box);
+  const auto size = [&](RowId row) { return List.CellText(row, HeadingId::Size); };
+  View.Pointed = Row(box, "two");
+  List.CalculateItemSize();
+  EXPECT_EQ(size(Row(box, "two")) + size(Row(box, "one")), "5");
+  List.CalculateFolderSizes();
+  EXPECT_EQ(size(top) + " " + size(box) + size(Row(box, "way")), "39 39");
+
+  List.SetHeadingProperty(static_cast<int>(HeadingId::Size), "active", base::Value(true));
+  ASSERT_TRUE(List.SaveListing("C:\\out.csv"));
+  EXPECT_EQ(
+      Written(),
+      "Name,Size,Path\r\nC:\\,39,\r\n\"a,\"\"b\"\"\",0,C:\\\r\nbox,39,C:\\\r\none,30,C:\\box\r\n"
+      "shut,,C:\\box\r\ntwo,5,C:\\box\r\nway,,C:\\box\r\nother,0,C:\\\r\n");
+
+  // A folder that has changed since is not shown with its old size.
+  Platform.Files.At("C:\\box").Modified = 1;
+  List.RefreshList();
+  EXPECT_EQ(size(box) + size(Row(box, "two")), "5");
+
+  Platform.Clock.TickStep = 60;
+  AtPump(3, [&] {
+    std::string other = "D";
+    List.LoadDrive(other, false);
+  });
+  List.CalculateFolderSizes();
+  EXPECT_EQ(Names(), Texts{"D:\\"});
+  EXPECT_EQ(size(List.Child(RootRow, 0)), "");
+  AtPump(1, [&] { List.CalculateFolderSizes(); });
+  List.LoadDrive(drive, false);
+  View.CatchUps.clear();
+  List.CatchUp();
+  EXPECT_EQ(size(List.Child(RootRow, 0)), "162");  // and the listing
+
+  Platform.Files.NoteFault = {95, "Operation not supported"};
+  Events.Take();
+  std::int32_t count = 0;
+  List.SetItemColor("red", count);
+  EXPECT_EQ(Events.Take(),
+            Texts{"StatusMessage Cannot keep the colour of C:\\: Operation not supported"});
+}
+
+TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
+  fakes::MemoryFileSystem& files = Platform.Files;
+  files.AddFile("C:\\odd\\a,b", std::string(1234567, 'x')).Modified = 86'400'000'000'000;
+  files.AddFile("C:\\odd\\q\"x.Txt");
+  files.AddFile("C:\\odd\\new\nline");
+  files.AddFile("C:\\odd\\\xff\xc3\xa4");
+  files.AddFile("C:\\odd\\ lead").AttributesFault = files.Denied();
+  Load("C:\\odd");
+  List.MoveHeading("headright");
+  ASSERT_TRUE(List.SaveListing("C:\\out.csv"));
+  const std::string whole =
+      "Extension,Name,Size,Date Modified\r\n,\" lead\",,\r\n,\"a,b\",1234567,1970-01-02 "
+      "00:00:00\r\n"
+      ",\"new\nline\",0,\r\nTxt,\"q\"\"x.Txt\",0,\r\n,\xef\xbf\xbd\xc3\xa4,0,\r\n";
+  EXPECT_EQ(Written(), whole);
+
+  files.WriteFault = {28, "No space left on device"};
+  EXPECT_FALSE(List.SaveListing("C:\\out.csv"));
+  EXPECT_EQ(List.StatusText(), "Cannot write the listing to C:\\out.csv: No space left on device");
+  files.WriteFault = {};
+  Platform.Clock.TickStep = 60;
+  for (int moment = 1; moment <= 5; ++moment) {
+    AtPump(moment, [&] { List.CancelRequested = true; });
+    EXPECT_FALSE(List.SaveListing("C:\\out.csv")) << moment;
+    AtPump(moment, [&] { Load(); });
+    EXPECT_FALSE(List.SaveListing("C:\\out.csv")) << moment;
+    Load("C:\\odd");
+    EXPECT_FALSE(List.CancelRequested);
+  }
+  EXPECT_EQ(Written(), whole);
+}
+
+TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
+  Load();
+  ListState state(List, Platform.Services(), Events);
+  FileListState files(state);
+  files.Rows = FileRows("C:\\box");
+  for (const char* name : {"file", "gone", "lost", "one", "two"}) {
+    files.Rows.Add({.Name = name});
+    files.Rows.SetSelected(files.Rows.Count(), std::string(name) != "two");
+  }
+  const auto note = [&](const std::string& name) {
+    return Platform.Files.At("C:\\box\\" + name).Notes[platform::ItemNote::Colour];
+  };
+  KeepColour(files, ItemColour::DarkGreen);
+  EXPECT_EQ(note("file") + note("one") + note("two"), "dark greendark green");
+  EXPECT_EQ(files.Rows.Row(1).Colour, ItemColour::DarkGreen);
+  EXPECT_EQ(files.Rows.Row(2).Colour, ItemColour::Default);
+  EXPECT_EQ(Events.Take(), Texts{"StatusMessage Cannot keep the colour of gone: No such file or "
+                                 "directory (and 1 more)"});
+  Platform.Clock.TickStep = 60;
+  AtPump(2, [&] { List.CancelRequested = true; });
+  KeepColour(files, ItemColour::Default);
+  EXPECT_EQ(note("file") + note("one"), "dark green");
+  EXPECT_FALSE(List.CancelRequested);
+}
+
+// Against a slow one that says the rules once more.
+TEST(Comparison, MarksWhatASlowOneMarks) {
+  std::mt19937 random(7);
+  const auto pick = [&](int count) { return static_cast<int>(random() % count); };
+  const auto fill = [&](FileRows& rows) {
+    for (RowId row = 1, count = pick(12); row <= count; ++row) {
+      const std::string names[] = {"a", "A", "b", "\xc3\xa4", "\xc3\x84", "\xff"};
+      const auto kind = pick(3) == 0 ? platform::ItemKind::Folder : platform::ItemKind::File;
+      rows.Add({.Name = names[pick(6)], .Kind = kind});
+      const auto size = static_cast<std::uint64_t>(pick(3));
+      const std::int64_t modified = (pick(4) - 1) * 700'000'000LL;  // -1, 0, 0 or 1 s; 0: unknown
+      if (pick(5) > 0) rows.SetAttributes(row, {.Kind = kind, .Size = size, .Modified = modified});
+    }
+    return std::vector<CompareMarks>(rows.All().size(), {.OnlyHere = true});
+  };
+  const auto marks = [](const FileRows& rows) {
+    std::vector<CompareMarks> all;
+    for (const RowId row : rows.All()) all.push_back(rows.Row(row).Marks);
+    return all;
+  };
+  const auto compare = [](auto left, auto right) { return (left > right) - (left < right); };
+  const auto seconds = [](const FileRow& row) {
+    return row.Modified < 0 ? -1 : row.Modified / 1'000'000'000;
+  };
+  for (int round = 0; round < 800 && !testing::Test::HasFailure(); ++round) {
+    const auto& syntax = round % 2 ? base::PathSyntax::Posix() : base::PathSyntax::Windows();
+    const std::int32_t mode = round / 2 % 4;
+    FileRows here, there;
+    std::vector<CompareMarks> wantHere = fill(here), wantThere = fill(there);
+    int missing = static_cast<int>(there.All().size());
+    for (const RowId l : here.All()) {
+      for (const RowId r : there.All()) {
+        const FileRow &left = here.Row(l), &right = there.Row(r);
+        CompareMarks &one = wantHere[l - 1], &other = wantThere[r - 1];
+        if (!other.OnlyHere || left.Kind != right.Kind) continue;
+        if (!syntax.Same(here.Name(l), there.Name(r))) continue;
+        const bool known = left.HasAttributes && right.HasAttributes && !left.IsFolder();
+        const bool dated = left.Modified != 0 && right.Modified != 0;
+        const int size = known && (mode & 1) ? compare(left.Size, right.Size) : 0;
+        const bool byDate = known && dated && (mode & 2);
+        const int date = byDate ? compare(seconds(left), seconds(right)) : 0;
+        one = {.Larger = size > 0, .Smaller = size<0, .Newer = date> 0, .Older = date < 0};
+        other = {.Larger = size<0, .Smaller = size> 0, .Newer = date<0, .Older = date> 0};
+        --missing;
+        break;
+      }
+    }
+    if (pick(2) == 0) here.SetShown({});  // as by a filter: what it hides is compared too
+    std::vector<CompareRecord> records = MakeRecords(there, syntax);
+    for (CompareRecord& record : records) record.State |= 0x700;  // of an earlier comparison
+    EXPECT_EQ(MarkRows(here, records, mode, syntax).Missing, missing);
+    MarkOwnRows(there, records, syntax);
+    EXPECT_EQ(marks(here), wantHere) << round;
+    EXPECT_EQ(marks(there), wantThere) << round;
+  }
+}
+
+TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
+  Load();
+  std::vector<CompareRecord> records = List.CompareRecords();
+  std::int32_t mode = 3;
+  List.CompareAgainst(records, mode);
+  EXPECT_EQ(List.StatusText(), "Compared: all 5 the same");
+  records[0].Name += "?";
+  Platform.Files.AddFile("C:\\box\\file", "longer");
+  Platform.Files.AddFile("C:\\box\\more");
+  List.RefreshList();
+  List.CompareAgainst(records, mode);
+  EXPECT_EQ(List.StatusText(),
+            "Compared: 2 only here, 1 differ (1 larger here), 3 the same; 1 missing here");
+  EXPECT_TRUE(List.Look(Row(RootRow, "file")).Marks.Larger);
+  EXPECT_TRUE(List.Look(Row(RootRow, "more")).Marks.OnlyHere);
+}
+
+}  // namespace
+}  // namespace tarnwell::lister
