@@ -51,8 +51,14 @@ class Rows : public testing::Test {
   void Change(FileRows& rows, RowId row) {
     const auto time = [&] { return (static_cast<std::int64_t>(Random() % 5) - 2) * 1'000'000'007; };
     const FileRow& item = rows.Row(row);
-    rows.SetAttributes(row, {item.Kind, item.IsLink, 250 + Random() % 9, time(), time(), time(),
-                             static_cast<std::uint32_t>(Random() % 4 * 0111)});
+    rows.SetAttributes(row, {.Kind = item.Kind,
+                             .IsLink = item.IsLink,
+                             .IsHidden = item.IsHidden,
+                             .Size = 250 + Random() % 9,
+                             .Modified = time(),
+                             .Created = time(),
+                             .Accessed = time(),
+                             .Mode = static_cast<std::uint32_t>(Random() % 4 * 0111)});
     if (item.IsFolder() && Random() % 2 == 0) rows.SetFolderSize(row, Random() % 4 << 62);
     if (Random() % 2 == 0) rows.SetNotes(row, ItemColour::Red, RandomName());
   }
