@@ -24,8 +24,12 @@ class ShadowView : public NoView {
   int Resets = 0;
   int Reorders = 0;
   int CurrentChanges = 0;
-  std::vector<int> CatchUps;  // the times asked for
-  RowId Pointed = NoRow;      // the row under the mouse pointer
+  int Repaints = 0;
+  int FilterChanges = 0;
+  RowRange Visible;
+  std::vector<RowRange> Cells;  // told to have changed
+  std::vector<int> CatchUps;    // the times asked for
+  RowId Pointed = NoRow;        // the row under the mouse pointer
 
   // The copy is what the list says now.
   void Check() const {
@@ -76,7 +80,11 @@ class ShadowView : public NoView {
     EXPECT_LE(0, first);
     EXPECT_LE(first, last);
     EXPECT_LT(last, list_.ChildCount(parent));
+    Cells.push_back({first, last});
   }
+  void Repaint() override { ++Repaints; }
+  void FilterChanged() override { ++FilterChanges; }
+  RowRange VisibleRows() const override { return Visible; }
   RowId RowUnderPointer() const override { return Pointed; }
   void CurrentChanged() override { ++CurrentChanges; }
   void CatchUpLater(int milliseconds) override { CatchUps.push_back(milliseconds); }
