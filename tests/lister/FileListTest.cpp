@@ -568,15 +568,78 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.SetCurrentFolder("C:\\box\\sub\\");
   EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
 
+  Platform.Files.AddFile("C:\\box\\sub\\inner");
+  List.RefreshList();
   Platform.Files.Remove("C:\\box\\sub");
-  Platform.Watches.Notify("C:\\box\\sub");
+  Platform.Watches.Notify("C:\\box\\sub", {{}, false, true});
   EXPECT_EQ(List.ChildCount(RootRow), 0);
-  EXPECT_TRUE(List.StatusText().ends_with("No such file or directory"));
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\box\\sub: No such file or directory");
 
   Platform.Watches.Refuses = true;
   Load();
   EXPECT_EQ(List.ChildCount(RootRow), 8);
   List.Terminate();
+}
+
+TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
+  Load();
+  std::vector<CompareRecord> none;
+  std::int32_t mode = 0;
+  List.CompareAgainst(none, mode);
+  const auto marked = [this](const std::string& name) {
+    return List.Look(Row(RootRow, name)).Marks.OnlyHere;
+  };
+  Platform.Files.AddFile("C:\\box\\a.PDF", "more");
+  View.Cells.clear();
+  Notify({"a.PDF", "B9.txt"});
+  EXPECT_FALSE(marked("a.PDF"));
+  EXPECT_TRUE(marked("B9.txt") && marked("sub"));
+  ASSERT_EQ(View.Cells.size(), 1u);
+  EXPECT_EQ(View.Cells[0].First, 2);
+  EXPECT_EQ(View.Cells[0].Last, 2);
+
+  // Notices that come during a read or an update wait; many names cost one read.
+  Platform.Clock.TickStep = 50;
+  const int reads = Platform.Files.At("C:\\box").Reads;
+  auto ran = PostAt(12, [this] {
+    Platform.Files.AddFile("C:\\box\\late");
+    Notify({"late"});
+  });
+  List.RefreshList();
+  EXPECT_FALSE(marked("B9.txt"));
+  EXPECT_TRUE(*ran);
+  EXPECT_EQ(Row(RootRow, "late"), NoRow);
+  EXPECT_EQ(View.CatchUps, std::vector<int>{200});
+  ran = PostAt(1, [this] {
+    Platform.Files.Remove("C:\\box\\B9.txt");
+    Notify({"B9.txt"});
+  });
+  List.CatchUp();
+  EXPECT_NE(Row(RootRow, "late"), NoRow);
+  EXPECT_NE(Row(RootRow, "B9.txt"), NoRow);
+  List.CatchUp();
+  EXPECT_EQ(Row(RootRow, "B9.txt"), NoRow);
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads + 3);
+  Platform.Clock.TickStep = 0;
+  Texts names;
+  for (int number = 0; number < 10'000; ++number) names.push_back("z" + std::to_string(number));
+  Platform.Files.AddFile("C:\\box\\z9");
+  Notify(names);
+  EXPECT_NE(Row(RootRow, "z9"), NoRow);
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads + 4);
+
+  // Another load, or the end, in the middle of looking.
+  Platform.Clock.TickStep = 50;
+  ran = PostAt(1, [this] { Load("D:\\"); });
+  Notify({"late", "z9"});
+  EXPECT_TRUE(*ran);
+  EXPECT_EQ(List.StatusText(), "0 items (0 folders)");
+  Load();
+  Platform.Files.Remove("C:\\box\\late");
+  ran = PostAt(1, [this] { List.CancelRequested = true; });
+  Notify({"late", "z9"});
+  EXPECT_NE(Row(RootRow, "late"), NoRow);
+  EXPECT_TRUE(List.StatusText().starts_with("Reading stopped"));
 }
 
 }  // namespace
