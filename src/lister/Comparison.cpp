@@ -1,10 +1,11 @@
 #include "lister/Comparison.h"
 
 #include <array>
+#include <bit>
 #include <charconv>
+#include <functional>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
 #include "lister/CellText.h"
@@ -64,38 +65,55 @@ Verdict Compare(const FileRow& row, const CompareRecord& record, std::int32_t mo
   return verdict;
 }
 
-// Hands out records by name and kind, each once, those of the same name in their order.
+// Hands out records by name and kind, each once, those of the same name in their order. A table
+// with a slot for each record and as many free ones, since a node for each would cost twice the
+// time.
 class RecordIndex {
  public:
   RecordIndex(const std::vector<CompareRecord>& records, const base::PathSyntax& syntax)
-      : syntax_(syntax), next_(records.size(), None) {
-    for (auto& map : first_) map.reserve(records.size());
-    for (std::size_t at = records.size(); at-- > 0;) {
-      const CompareRecord& record = records[at];
-      auto& map = first_[(record.State & FolderBit) != 0];
-      const auto [place, isNew] = map.try_emplace(record.Name, at);
-      if (!isNew) next_[at] = std::exchange(place->second, at);
+      : records_(records), syntax_(syntax), slots_(std::bit_ceil(2 * records.size() + 1)) {
+    for (std::size_t at = 0; at < records.size(); ++at) {
+      const std::size_t hash = std::hash<std::string_view>()(records[at].Name);
+      std::size_t place = hash & (slots_.size() - 1);
+      while (slots_[place].Number != 0) place = Behind(place);
+      slots_[place] = {static_cast<std::uint32_t>(hash), static_cast<std::uint32_t>(at + 1)};
     }
   }
 
   std::optional<std::size_t> Take(std::string_view name, bool isFolder) {
-    auto& map = first_[isFolder];
-    const auto found = syntax_.CaseSensitive ? map.find(name) : map.find(syntax_.Key(name));
-    if (found == map.end() || found->second == None) return std::nullopt;
-    return std::exchange(found->second, next_[found->second]);
+    const std::string folded = syntax_.CaseSensitive ? "" : syntax_.Key(name);
+    const std::string_view key = syntax_.CaseSensitive ? name : folded;
+    const std::size_t hash = std::hash<std::string_view>()(key);
+    for (std::size_t place = hash & (slots_.size() - 1); slots_[place].Number != 0;
+         place = Behind(place)) {
+      Slot& slot = slots_[place];
+      if (slot.IsTaken || slot.Hash != static_cast<std::uint32_t>(hash)) continue;
+      const CompareRecord& record = records_[slot.Number - 1];
+      if (record.Name != key || ((record.State & FolderBit) != 0) != isFolder) continue;
+      slot.IsTaken = true;
+      return slot.Number - 1;
+    }
+    return std::nullopt;
   }
 
  private:
-  static constexpr std::size_t None = static_cast<std::size_t>(-1);
+  struct Slot {
+    std::uint32_t Hash = 0;    // its lower half
+    std::uint32_t Number = 0;  // of the record, from 1; 0 for a free slot
+    bool IsTaken = false;
+  };
+
+  std::size_t Behind(std::size_t place) const { return (place + 1) & (slots_.size() - 1); }
+
+  const std::vector<CompareRecord>& records_;
   const base::PathSyntax& syntax_;
-  std::array<std::unordered_map<std::string_view, std::size_t>, 2> first_;  // files, folders
-  std::vector<std::size_t> next_;
+  std::vector<Slot> slots_;
 };
 
 template <typename Work>
 void ForEachRow(const FileRows& rows, Work work) {
   for (RowId row = 1; row <= rows.StoreSize(); ++row) {
-    if (rows.Has(row)) work(row);
+    if (rows.IsUsed(row)) work(row);
   }
 }
 
@@ -118,7 +136,7 @@ std::string Number(int number) {
 
 std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax) {
   std::vector<CompareRecord> records;
-  records.reserve(static_cast<std::size_t>(rows.Count()));
+  records.reserve(rows.All().size());
   ForEachRow(rows, [&](RowId row) {
     const FileRow& item = rows.Row(row);
     CompareRecord& record = records.emplace_back();

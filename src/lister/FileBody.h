@@ -61,7 +61,7 @@ class FileBody : public ListBody {
   void Activate(RowId row) override;
 
  protected:
-  void FolderChanged(const platform::FolderChanges& changes) override {
+  void FolderChanged(const std::string&, const platform::FolderChanges& changes) override {
     sizes_.HeedCancel();
     reader_.FolderChanged(changes);
   }

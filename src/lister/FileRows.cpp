@@ -145,7 +145,7 @@ void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
 }
 
 void FileRows::SetColour(RowId row, ItemColour colour) {
-  rows_[static_cast<std::size_t>(row - 1)].Colour = colour;
+  Stored(row).Colour = colour;
 }
 
 void FileRows::SetMarks(RowId row, CompareMarks marks) {
@@ -326,25 +326,44 @@ std::vector<ExtensionChoice> FileRows::Extensions(const NameOrder& names) const 
 // --- A folder that is read again.
 
 std::vector<RowId> FileRows::PairWith(const FileRows& fresh) const {
-  // A table of rows by the hash of their names, at most half full; a row that has found its partner
-  // stays in it below zero. It is given away once: a folder that changes while it is read may hand
-  // out an item twice.
-  std::vector<RowId> table(std::bit_ceil(2 * rows_.size() + 1));
+  std::vector<RowId> partners(fresh.rows_.size(), NoRow);
+  std::vector<char> isGiven(rows_.size() + 1);
+  const auto give = [&](std::size_t to, RowId row) {
+    partners[to] = row;
+    isGiven[static_cast<std::size_t>(row)] = 1;
+  };
+  // A folder is read in much the same order each time: most rows stand a little behind the last.
+  constexpr RowId farthest = 4;
+  RowId next = 1;
+  for (std::size_t at = 0; at < partners.size(); ++at) {
+    const std::string_view name = fresh.NameOf(fresh.rows_[at]);
+    for (RowId row = next; row < next + farthest; ++row) {
+      if (!IsUsed(row) || Name(row) != name) continue;
+      give(at, row);
+      next = row + 1;
+      break;
+    }
+  }
+  // The others by a table of rows by the hash of their names, at most half full. A row is given
+  // away once: a folder that changes while it is read may hand out an item twice.
+  const auto left = std::count(isGiven.begin(), isGiven.end(), 0);
+  std::vector<RowId> table(std::bit_ceil(2 * static_cast<std::size_t>(left) + 1));
   const auto slot = [&](std::string_view name, const auto& isIt) -> RowId& {
     std::size_t at = std::hash<std::string_view>()(name);
     while (table[at &= table.size() - 1] != 0 && !isIt(table[at])) ++at;
     return table[at];
   };
   for (RowId row = 1; row <= StoreSize(); ++row) {
-    if (IsUsed(row)) slot(Name(row), [](RowId) { return false; }) = row;
+    if (!IsUsed(row) || isGiven[static_cast<std::size_t>(row)] != 0) continue;
+    slot(Name(row), [](RowId) { return false; }) = row;
   }
-  std::vector<RowId> partners(fresh.rows_.size(), NoRow);
   for (std::size_t at = 0; at < partners.size(); ++at) {
+    if (partners[at] != NoRow) continue;
     const std::string_view name = fresh.NameOf(fresh.rows_[at]);
-    RowId& found = slot(name, [&](RowId row) { return row > 0 && Name(row) == name; });
-    if (found == 0) continue;
-    partners[at] = found;
-    found = -found;
+    const RowId row = slot(name, [&](RowId known) {
+      return isGiven[static_cast<std::size_t>(known)] == 0 && Name(known) == name;
+    });
+    if (row != 0) give(at, row);
   }
   return partners;
 }
@@ -357,10 +376,11 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
     if (row.IsLink != old.IsLink) continue;
     if (row.Kind != old.Kind && row.Kind != ItemKind::Unknown) continue;
     row.Colour = old.Colour;
+    if (const std::string_view comment = known.Comment(partners[at]); !comment.empty()) {
+      comments_[static_cast<RowId>(at + 1)] = comment;
+    }
     row.HasFolderSize = old.HasFolderSize;
     row.Size = old.Size;
-    const std::string_view comment = known.Comment(partners[at]);
-    if (!comment.empty()) comments_[static_cast<RowId>(at + 1)] = comment;
     if (!old.HasAttributes) continue;
     row.Kind = old.Kind;
     row.Mode = old.Mode;

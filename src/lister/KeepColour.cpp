@@ -31,10 +31,11 @@ base::Status Write(ListState& list, const std::string& path, ItemColour colour) 
 
 void Show(FileListState& files, RowId row, const std::string& folder, const std::string& name,
           ItemColour colour) {
-  if (files.Rows.Folder() != folder || !files.Rows.Has(row) || files.Rows.Name(row) != name) return;
+  const FileRows& rows = files.Rows;
+  if (rows.Folder() != folder || !rows.IsUsed(row) || rows.Name(row) != name) return;
   files.Rows.SetColour(row, colour);
-  const int position = files.Rows.PositionOf(row);
-  files.View().CellsChanged(RootRow, position, position);
+  const int position = rows.PositionOf(row);
+  if (position >= 0) files.View().CellsChanged(RootRow, position, position);
 }
 
 }  // namespace

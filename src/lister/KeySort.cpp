@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <numeric>
 
 namespace tarnwell::lister {
 namespace {
@@ -55,22 +56,16 @@ std::size_t KeySort::Length(const Entry& entry) const {
 std::vector<RowId> KeySort::Sorted(const Before& before, const std::function<bool()>& goOn) {
   keys_.append(NumberSize, '\0');  // a number may be read across the end of the last key
   if (!entries_.empty()) groups_.push_back({0, entries_.size(), 0});
-  std::size_t steps = 0;
   while (!groups_.empty()) {
     Group group = groups_.back();
     groups_.pop_back();
-    steps += group.Last - group.First;
-    if (steps >= StepsATurn) {
-      if (goOn && !goOn()) return {};
-      steps = 0;
-    }
     group.Depth = CommonLength(group);
     if (group.Depth >= Length(entries_[group.First])) {
       std::sort(entries_.begin() + group.First, entries_.begin() + group.Last,
                 [&](const Entry& left, const Entry& right) { return before(left.Row, right.Row); });
       continue;
     }
-    Load(group);
+    if (!Load(group, goOn)) return {};
     if (group.Last - group.First > MostCompared) {
       Deal(group);
     } else {
@@ -96,31 +91,40 @@ std::size_t KeySort::CommonLength(const Group& group) const {
   return common;
 }
 
-void KeySort::Load(const Group& group) {
+bool KeySort::Load(const Group& group, const std::function<bool()>& goOn) {
   for (std::size_t at = group.First; at < group.Last; ++at) {
     Entry& entry = entries_[at];
     entry.Bytes = NumberAt(Key(entry) + group.Depth);
     const std::size_t left = Length(entry) - group.Depth;  // what follows is no part of the key
     if (left < NumberSize) entry.Bytes &= ~std::uint64_t{0} << 8 * (NumberSize - left);
+    if (++steps_ % StepsATurn == 0 && goOn && !goOn()) return false;
   }
+  return true;
 }
 
 void KeySort::Deal(const Group& group) {
   const auto bucket = [](const Entry& entry) {
     return static_cast<std::size_t>(entry.Bytes >> 56);
   };
-  std::array<std::size_t, 257> ends{};
-  for (std::size_t at = group.First; at < group.Last; ++at) ++ends[bucket(entries_[at]) + 1];
-  for (std::size_t at = 1; at < ends.size(); ++at) {
-    const std::size_t first = group.First + ends[at - 1];
-    if (ends[at] > 1) groups_.push_back({first, first + ends[at], group.Depth + 1});
-    ends[at] += ends[at - 1];
-  }
+  std::array<std::size_t, 256> ends{};  // of the buckets, once all is dealt out
+  for (std::size_t at = group.First; at < group.Last; ++at) ++ends[bucket(entries_[at])];
+  std::exclusive_scan(ends.begin(), ends.end(), ends.begin(), std::size_t{0});
   dealt_.resize(group.Last - group.First);
   for (std::size_t at = group.First; at < group.Last; ++at) {
     dealt_[ends[bucket(entries_[at])]++] = entries_[at];
   }
   std::copy(dealt_.begin(), dealt_.end(), entries_.begin() + group.First);
+
+  std::size_t first = group.First;
+  for (const std::size_t end : ends) {
+    const std::size_t last = group.First + end;
+    if (last - first > MostCompared) {
+      groups_.push_back({first, last, group.Depth + 1});
+    } else if (last - first > 1) {
+      SortSmall({first, last, group.Depth});
+    }
+    first = last;
+  }
 }
 
 void KeySort::SortSmall(const Group& group) {

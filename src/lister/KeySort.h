@@ -51,7 +51,8 @@ class KeySort {
   const unsigned char* Key(const Entry& entry) const;
   std::size_t Length(const Entry& entry) const;
   std::size_t CommonLength(const Group& group) const;
-  void Load(const Group& group);
+  // False once `goOn` is false.
+  bool Load(const Group& group, const std::function<bool()>& goOn);
   void Deal(const Group& group);
   void SortSmall(const Group& group);
 
@@ -59,6 +60,7 @@ class KeySort {
   std::vector<Entry> entries_;
   std::vector<Entry> dealt_;
   std::vector<Group> groups_;  // still to be sorted
+  std::size_t steps_ = 0;
 };
 
 }  // namespace tarnwell::lister

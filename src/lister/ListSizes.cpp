@@ -6,7 +6,7 @@
 namespace tarnwell::lister {
 
 bool FileSizes::IsFolder(RowId row) const {
-  return files_.Rows.Has(row) && files_.Rows.Row(row).IsFolder() && !files_.Rows.Row(row).IsLink;
+  return files_.Rows.IsUsed(row) && files_.Rows.Row(row).IsFolder() && !files_.Rows.Row(row).IsLink;
 }
 
 std::string FileSizes::PathOf(RowId row) const {
@@ -29,7 +29,7 @@ std::vector<RowId> FileSizes::Folders() const {
 void FileSizes::Show(RowId row, std::uint64_t bytes) {
   files_.Rows.SetFolderSize(row, bytes);
   const int position = files_.Rows.PositionOf(row);
-  list_.View().CellsChanged(RootRow, position, position);
+  if (position >= 0) list_.View().CellsChanged(RootRow, position, position);
 }
 
 void FileSizes::Finish() {
@@ -59,6 +59,11 @@ std::vector<RowId> TreeSizes::Folders() const {
 void TreeSizes::Show(RowId row, std::uint64_t) {
   const FolderNode& node = tree_.Node(row);
   list_.View().CellsChanged(node.Parent, node.Position, node.Position);
+}
+
+void TreeSizes::Finish() {
+  const SortKey key = list_.Keys.Entries()[0];
+  if (key.Heading == HeadingId::Size) tree_.SortBy(key, list_.View());
 }
 
 void TreeSizes::FolderWasRead(RowId row) {

@@ -38,6 +38,7 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
   const std::vector<HeadingId> columns = Columns(list);
   const std::string folder = list.Folder;
   std::vector<std::string> fields;
+  fields.reserve(columns.size());
   for (const HeadingId column : columns) fields.push_back(list.Table[column].Caption);
   AppendLine(text, fields);
 

@@ -84,15 +84,15 @@ void NameFilter::SetText(const std::string& text) {
 }
 
 bool NameFilter::Takes(std::string_view name, bool isFolder) const {
-  std::string lower;
   if (!extension_.empty() && !isFolder) {
-    MakeLowerCase(ExtensionOf(name), lower);
-    if (lower != extension_) return false;
+    MakeLowerCase(ExtensionOf(name), lower_);
+    if (lower_ != extension_) return false;
   }
   if (patterns_.empty()) return true;
-  MakeLowerCase(name, lower);
+  MakeLowerCase(name, lower_);
   return std::any_of(patterns_.begin(), patterns_.end(), [&](const Pattern& pattern) {
-    return pattern.IsWhole ? Matches(pattern.Text, lower) : lower.find(pattern.Text) != lower.npos;
+    return pattern.IsWhole ? Matches(pattern.Text, lower_)
+                           : lower_.find(pattern.Text) != lower_.npos;
   });
 }
 

@@ -31,6 +31,7 @@ class NameFilter {
   std::string text_;
   std::vector<Pattern> patterns_;
   std::string extension_;
+  mutable std::string lower_;  // the name at hand; kept so that nothing is allocated for the next
 };
 
 // The name in lower case by the locale of the process, as filters compare it; bytes that are no

@@ -28,12 +28,19 @@ TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
       "a10",
       "a99999999999999999999998",
       "a99999999999999999999999",
+      "a" + std::string(249, '9'),
+      "a" + std::string(250, '1'),
+      "a" + std::string(500, '1'),
+      "a" + std::string(500, '2'),
       "B",
       "b.txt",
       "File9",
       "file10",
       "\xC3\xA4",  // a letter beyond ASCII
-      "\xFF",      // no UTF-8
+      "\xC3\xA4x",
+      "\x80",  // no UTF-8
+      "\xC3",
+      "\xFF",
   };
   auto sorted = names;
   std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
@@ -42,6 +49,8 @@ TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
   std::sort(sorted.begin(), sorted.end(),
             [&](const auto& left, const auto& right) { return order.Before(left, right); });
   EXPECT_EQ(sorted, names);
+  EXPECT_EQ(order.Compare("Read 007", "rEAD 7"), 0);
+  EXPECT_EQ(order.Compare("0", "000"), 0);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -123,6 +125,144 @@ TEST(LinuxFileSystem, ReadsAndRemovesFilesAlone) {
   EXPECT_FALSE(files.RemoveFile(folder / "sub"));
   EXPECT_TRUE(files.RemoveFile(folder / "link"));
   EXPECT_EQ(folder.Names(), "fifo sub ");
+}
+
+TEST(LinuxFileSystem, KeepsNotes) {
+  const TempFolder folder;
+  LinuxFileSystem files;
+  const std::string odd = "\xff\n" + std::string(253, 'x'), longText(1000, 'c');
+  mkdir((folder / "sub").c_str(), 0755);
+  Put(folder / odd, "");
+  mkfifo((folder / "fifo").c_str(), 0644);
+  symlink(odd.c_str(), (folder / "link").c_str());
+  symlink("nowhere", (folder / "dangling").c_str());
+  symlink("loop", (folder / "loop").c_str());
+  base::Status status = files.WriteNote(folder / odd, ItemNote::Comment, longText);
+  if (status.Code == ENOTSUP) GTEST_SKIP() << status.Reason;
+  ASSERT_TRUE(status) << status.Reason;
+
+  const auto opened = files.OpenFolder(folder.Path(), status);
+  const auto noteOf = [&](const std::string& name, ItemNote note) {
+    std::string text = "old";
+    const base::Status read = opened->ReadNote(name, note, text);
+    return read ? text : std::to_string(read.Code);
+  };
+  EXPECT_TRUE(files.WriteNote(folder / "link", ItemNote::Colour, "red"));
+  for (const std::string& name : {odd, std::string("link")}) {
+    EXPECT_EQ(noteOf(name, ItemNote::Colour) + noteOf(name, ItemNote::Comment), "red" + longText);
+  }
+  EXPECT_TRUE(files.WriteNote(folder / odd, ItemNote::Colour, ""));
+  EXPECT_TRUE(files.WriteNote(folder / odd, ItemNote::Colour, ""));
+  for (const std::string& name : {odd, std::string("sub"), std::string("fifo"),
+                                  std::string("dangling"), std::string("loop")}) {
+    EXPECT_EQ(noteOf(name, ItemNote::Colour), "") << name;
+  }
+  EXPECT_EQ(noteOf("missing", ItemNote::Colour), std::to_string(ENOENT));
+  EXPECT_EQ(files.WriteNote(folder / "dangling", ItemNote::Colour, "red").Code, ENOENT);
+  EXPECT_EQ(files.WriteNote(folder / "fifo", ItemNote::Colour, "red").Code, EPERM);
+  EXPECT_FALSE(files.WriteNote(folder / odd, ItemNote::Comment, std::string(100'000, 'x')));
+  EXPECT_EQ(noteOf(odd, ItemNote::Comment), longText);
+  EXPECT_EQ(files.WriteNote("/proc/self/status", ItemNote::Colour, "red").Code, ENOTSUP);
+}
+
+TEST(LinuxFileSystem, HoldsTheFolderThatItOpened) {
+  const TempFolder folder;
+  LinuxFileSystem files;
+  ASSERT_TRUE(files.MakeFolder(folder / "sub"));
+  EXPECT_EQ(files.MakeFolder(folder / "sub").Code, EEXIST);
+  EXPECT_EQ(files.MakeFolder(folder / "missing/sub").Code, ENOENT);
+  Put(folder / "sub/file", "12345");
+  base::Status status;
+  const auto opened = files.OpenFolder(folder / "sub", status);
+  ASSERT_NE(opened, nullptr);
+  rename((folder / "sub").c_str(), (folder / "moved").c_str());
+  ItemAttributes attributes;
+  EXPECT_TRUE(opened->ReadAttributes("file", attributes) && attributes.Size == 5);
+  EXPECT_EQ(opened->ReadAttributes("../moved/file", attributes).Code, EINVAL);
+  std::filesystem::remove_all(folder / "moved");
+  EXPECT_EQ(opened->ReadAttributes("file", attributes).Code, ENOENT);
+  EXPECT_EQ(opened->Read([](const FolderEntry&) { return true; }).Code, ENOENT);
+  Space space;
+  EXPECT_TRUE(files.ReadSpace(folder.Path(), space) && space.Free <= space.Total);
+  EXPECT_GT(space.Total, 0U);
+}
+
+TEST(LinuxFileSystem, MeasuresEachFileOnceAndLinksNever) {
+  const TempFolder folder;
+  const LinuxFileSystem files;
+  for (const char* name : {"a", "a/b", "a/c", "empty"}) mkdir((folder / name).c_str(), 0755);
+  Put(folder / "ten", "0123456789");
+  Put(folder / "a/b/five", "12345");
+  link((folder / "ten").c_str(), (folder / "a/c/ten again").c_str());
+  symlink("..", (folder / "a/up").c_str());
+  symlink("/usr", (folder / "a/out").c_str());
+  mkfifo((folder / "a/fifo").c_str(), 0644);
+  const auto measure = [&](const std::string& path, int calls) {
+    FolderTotal total;
+    EXPECT_TRUE(files.MeasureFolder(
+        path, [&](const FolderTotal&) { return --calls > 0; }, total));
+    return total;
+  };
+  FolderTotal total = measure(folder.Path(), 1000);
+  EXPECT_EQ(total.Bytes, 15U);
+  EXPECT_TRUE(total.Files == 6 && total.Folders == 4 && total.Unreadable == 0);
+  chmod((folder / "a/b").c_str(), 0);
+  EXPECT_EQ(InChild([&] {
+              BecomeNobody();
+              total = measure(folder.Path(), 1000);
+              return total.Bytes == 10 && total.Unreadable == 1 ? total.Trouble.Code : 0;
+            }),
+            EACCES);
+  for (int number = 0; number < 300; ++number) Put(folder / "a/c/" + std::to_string(number), "");
+  EXPECT_LT(measure(folder.Path(), 2).Files, 306U);  // stopped
+  EXPECT_EQ(measure(folder.Path(), 1000).Files, 306U);
+  FolderTotal none;
+  EXPECT_EQ(files.MeasureFolder(folder / "ten", {}, none).Code, ENOTDIR);
+}
+
+TEST(LinuxFileSystem, MeasuresOneVolume) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs the right to mount";
+  const TempFolder folder;
+  for (const char* name : {"a", "a/bound", "b"}) mkdir((folder / name).c_str(), 0755);
+  Put(folder / "b/file", "12345");
+  EXPECT_EQ(InChild([&] {
+              if (unshare(CLONE_NEWNS) != 0 ||
+                  mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+                  mount((folder / "b").c_str(), (folder / "a/bound").c_str(), nullptr, MS_BIND,
+                        nullptr) != 0) {
+                return 0;
+              }
+              FolderTotal total;
+              LinuxFileSystem().MeasureFolder(
+                  folder / "a", [](auto&) { return true; }, total);
+              if (total.Files != 0 || total.Folders != 1 || total.Unreadable != 0) return 1;
+              LinuxFileSystem().MeasureFolder(
+                  folder / "a/bound", [](auto&) { return true; }, total);
+              return total.Bytes == 5 ? 0 : 2;
+            }),
+            0);
+}
+
+TEST(LinuxFileSystem, MeasuresDeeperThanDescriptorsReach) {
+  const bool inMemory = access("/dev/shm", W_OK) == 0;  // disks take seconds to remove it
+  const TempFolder folder(inMemory ? "/dev/shm/" : testing::TempDir());
+  constexpr int depth = 5000;
+  int descriptor = open(folder.Path().c_str(), O_PATH | O_DIRECTORY);
+  for (int level = 0; level < depth; ++level) {
+    // A folder on either side of the way down, so that every level is come back to.
+    for (const char* name : {"a", "m", "z"}) mkdirat(descriptor, name, 0755);
+    close(openat(descriptor, "file", O_WRONLY | O_CREAT, 0644));
+    const int next = openat(descriptor, "m", O_PATH | O_DIRECTORY);
+    close(descriptor);
+    descriptor = next;
+  }
+  close(descriptor);
+  FolderTotal total;
+  EXPECT_TRUE(LinuxFileSystem().MeasureFolder(
+      folder.Path(), [](auto&) { return true; }, total));
+  EXPECT_TRUE(total.Files == depth && total.Folders == 3 * depth && total.Unreadable == 0);
+  // The cleaning up after tests goes by path and cannot reach so deep.
+  EXPECT_EQ(std::system(("rm -r '" + folder.Path() + "/m'").c_str()), 0);
 }
 
 TEST(LinuxFileSystem, WorksDeeperThanAPathMayBeLong) {

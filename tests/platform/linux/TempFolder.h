@@ -19,7 +19,8 @@ namespace tarnwell::platform {
 // Open to every user, and removed with all it holds.
 class TempFolder {
  public:
-  TempFolder() : path_(testing::TempDir() + "tarnwell-XXXXXX") {
+  explicit TempFolder(const std::string& where = testing::TempDir())
+      : path_(where + "tarnwell-XXXXXX") {
     if (mkdtemp(path_.data()) == nullptr || chmod(path_.c_str(), 0777) != 0) {
       throw std::system_error(errno, std::generic_category(), path_);
     }
