@@ -368,7 +368,7 @@ TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
 }
 
 TEST_F(FileList, GivesWayWhileItSorts) {
-  for (int number = 0; number < 12'000; ++number) {
+  for (int number = 0; number < 40'000; ++number) {
     Platform.Files.AddFile("D:\\many\\" + std::to_string(number), number % 2 == 0 ? "x" : "");
   }
   Load("D:\\many");
