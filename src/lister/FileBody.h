@@ -18,7 +18,9 @@ class FileBody : public ListBody {
         files_(state),
         reader_(files_, Follower),
         input_(files_),
-        sizes_(files_, reader_) {}
+        sizes_(files_, reader_) {
+    files_.BeforeReset = [this] { input_.Stop(); };
+  }
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
@@ -61,7 +63,7 @@ class FileBody : public ListBody {
   void Activate(RowId row) override;
 
  protected:
-  void FolderChanged(const platform::FolderChanges& changes) override {
+  void FolderChanged(const std::string&, const platform::FolderChanges& changes) override {
     sizes_.HeedCancel();
     reader_.FolderChanged(changes);
   }

@@ -49,7 +49,8 @@ struct FileRow {
   bool HasFolderSize : 1 = false;  // a folder's Size is known
   bool NotesWereRead : 1 = false;  // Colour and comment
   bool IsSelected : 1 = false;
-  bool IsUsed : 1 = false;  // an item's, not the place of one that is gone
+  bool WasSelected : 1 = false;  // at the last KeepSelection
+  bool IsUsed : 1 = false;       // an item's, not the place of one that is gone
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
   bool HasSize() const { return IsFolder() ? HasFolderSize : HasAttributes; }
@@ -78,7 +79,6 @@ class FileRows {
   const std::string& Folder() const { return folder_; }
   // Rows on show.
   int Count() const { return static_cast<int>(order_.size()); }
-  int FolderCount() const { return Totals().Folders; }
   // A look at every row on show.
   RowTotals Totals() const;
   // On show.
@@ -103,6 +103,7 @@ class FileRows {
   void SetMarks(RowId row, CompareMarks marks);
   // Of a row on show. One that goes off show is not selected any more.
   void SetSelected(RowId row, bool selected);
+  void KeepSelection();
   int SelectedCount() const { return selected_; }
   // Empty for most.
   std::string_view Comment(RowId row) const;

@@ -1,18 +1,19 @@
-// A folder list: the tree of one drive, read branch by branch as branches are expanded.
+// A folder list: the tree of one drive, read branch by branch as branches are expanded. Runs its
+// commands one after the other and puts its parts together: tree, readers, notices, input.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
-#include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
+#include "lister/BranchReader.h"
+#include "lister/FolderFactReader.h"
 #include "lister/FolderInput.h"
-#include "lister/FolderTree.h"
-#include "lister/ListBody.h"
+#include "lister/FolderListState.h"
+#include "lister/FolderNotices.h"
 #include "lister/ListSizes.h"
-#include "lister/Pacer.h"
 
 namespace tarnwell::lister {
 
@@ -20,17 +21,23 @@ class FolderBody : public ListBody {
  public:
   explicit FolderBody(ListState& state)
       : ListBody(state),
-        tree_(state.Syntax, state.Names),
-        input_(tree_, state.Control),
-        sizes_(state, tree_) {}
+        folders_(state, Follower),
+        sizes_(state, tree_),
+        reader_(folders_, sizes_),
+        notices_(folders_, reader_),
+        facts_(folders_, sizes_),
+        input_(tree_, state) {
+    tree_.SizeOf = [this](RowId row) { return sizes_.SizeOf(row); };
+  }
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
 
   void Refresh() override;
+  void CatchUp() override;
   void Resort() override;
   void Terminate() override;
-  void CatchUp() override;
+  void SettingsChanged() override;
 
   void LoadDrive(const std::string& drive, bool chosen) override;
   void OpenFolder(const std::string& folder) override;
@@ -58,11 +65,10 @@ class FolderBody : public ListBody {
   void Collapse(RowId row) override;
 
  protected:
-  void FolderChanged(const platform::FolderChanges& changes) override;
+  void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) override;
 
  private:
   enum class Outcome { Nothing, FolderOpened, DriveChosen };
-  struct Listing;
   using Command = std::function<Outcome()>;
 
   // Reading lets messages through, so a command can arrive inside another one: it then waits until
@@ -70,47 +76,30 @@ class FolderBody : public ListBody {
   void Run(Command command);
   void RunOnRow(RowId row, std::function<Outcome()> command);
   void Perform(const Command& command);
+  // Brings the tree up to date with what is on disk, unless that was just done for long.
+  void MindNotices();
 
   Outcome Load(const std::string& drive, bool chosen);
   Outcome OpenPath(const std::string& folder);
   Outcome OpenRow(RowId row, bool always);
   Outcome RefreshAll();
-  Outcome RefreshOpenBranch();
+  Outcome ApplyNotices();
   // Tells of the node that is open now if another one was before.
   Outcome TellIfMoved(const std::string& before);
-  void RefreshBranch(RowId row);
+  // Follows the open folder, those above it and the branches on show.
+  void FollowBranches();
 
-  // The row of a folder of this tree, its ancestors read as needed; NoRow if it cannot be found.
-  RowId Reach(const std::string& folder);
-  void ExpandAncestors(RowId row);
-  void ExpandRow(RowId row);
-  bool IsToBeRead(RowId row) const;
-  // Marks the branch as expanded if there is anything to show.
-  void ShowBranch(RowId row);
-  // Reads the children of a row, and expands those that were expanded before; `wanted` is shown
-  // even if it is hidden. False when the user stopped it; the branch is then as before.
-  bool ReadBranch(RowId row, const std::string& wanted);
-  // Adds the children to expand to `remembered`.
-  bool ReadOneBranch(RowId row, const std::string& wanted, std::vector<RowId>& remembered);
-  void CollectRemembered(RowId row, const std::string& path, const Listing& listing,
-                         std::vector<RowId>& remembered);
-  base::Status ReadSubfolders(const std::string& folder, const std::string& wanted,
-                              Listing& listing);
-  // Lets messages through when it is time to. False when the command is to end.
-  bool GoesOn();
-  // The child of the row that leads to the open node; empty if none does.
-  std::string OpenChildOf(RowId row) const;
-  bool IsOnTree(const std::string& folder) const;
-
-  FolderTree tree_;
-  FolderInput input_;
+  FolderListState folders_;
+  FolderTree& tree_ = folders_.Tree;
   TreeSizes sizes_;
+  BranchReader reader_;
+  FolderNotices notices_;
+  FolderFactReader facts_;
+  FolderInput input_;
   std::deque<Command> waiting_;
   bool busy_ = false;
-  std::optional<Pacer> pace_;  // of the command that runs
-  bool stopped_ = false;       // by the user, in that command
-  bool terminated_ = false;
-  std::string trouble_;  // for the status line, from the command that runs
+  std::int64_t restUntil_ = 0;  // ticks before which notices wait
+  bool willCatchUp_ = false;    // the view was asked for it
 };
 
 }  // namespace tarnwell::lister

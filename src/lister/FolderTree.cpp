@@ -1,15 +1,17 @@
 #include "lister/FolderTree.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <utility>
 
 namespace tarnwell::lister {
-
 void FolderTree::Reset(const std::string& root, ListerView& view) {
   view.BeginReset();
   ++removals_;
   nodes_.assign(1, {});
   free_.clear();
+  facts_.clear();
   Subfolder top;
   top.Name = root;
   Make(RootRow, std::move(top));
@@ -20,28 +22,55 @@ void FolderTree::Reset(const std::string& root, ListerView& view) {
 
 void FolderTree::Update(RowId row, std::vector<Subfolder> folders, BranchState state,
                         ListerView& view) {
-  std::sort(folders.begin(), folders.end(), [this](const Subfolder& left, const Subfolder& right) {
-    return Before(left.Name, right.Name);
-  });
-  // A folder that changes while it is read may hand out an item twice.
-  const auto twice = [](const Subfolder& left, const Subfolder& right) {
-    return left.Name == right.Name;
-  };
-  folders.erase(std::unique(folders.begin(), folders.end(), twice), folders.end());
-  const bool hadChildren = Node(row).HasChildren();
-  RemoveMissing(row, folders, view);
-  InsertNew(row, folders, view);
-  At(row).State = state;
+  // By name, those that have no row yet. A folder that changes while it is read may hand out an
+  // item twice.
+  std::unordered_map<std::string_view, std::size_t> fresh;
+  fresh.reserve(folders.size());
+  for (std::size_t at = 0; at < folders.size(); ++at) fresh.try_emplace(folders[at].Name, at);
 
-  // Old and new stand in the same order now.
-  for (std::size_t at = 0; at < folders.size(); ++at) {
-    const RowId child = Node(row).Children[at];
+  const bool hadChildren = Node(row).HasChildren();
+  std::vector<char> goes(Node(row).Children.size());
+  std::vector<RowId> changed;
+  for (const RowId child : Node(row).Children) {
     FolderNode& node = At(child);
-    if (node.IsLink == folders[at].IsLink && node.IsHidden == folders[at].IsHidden) continue;
-    node.IsLink = folders[at].IsLink;
-    node.IsHidden = folders[at].IsHidden;
-    TellChanged(child, view);
+    const auto found = fresh.find(node.Name);
+    if (found == fresh.end()) {
+      goes[static_cast<std::size_t>(node.Position)] = 1;
+      continue;
+    }
+    Subfolder& folder = folders[found->second];
+    fresh.erase(found);
+    node.Tried = NoFacts;
+    if (node.IsLink == folder.IsLink && node.IsHidden == folder.IsHidden &&
+        node.IsSystem == folder.IsSystem) {
+      continue;
+    }
+    static_cast<Subfolder&>(node) = std::move(folder);
+    changed.push_back(child);
   }
+  std::vector<std::size_t> added;
+  for (const auto& [name, at] : fresh) added.push_back(at);
+  std::sort(added.begin(), added.end());
+  std::vector<RowId> made;
+  for (const std::size_t at : added) made.push_back(Make(row, std::move(folders[at])));
+
+  RemoveMarked(row, std::move(goes), view);
+  InsertMade(row, std::move(made), view);
+  At(row).State = state;
+  if (!changed.empty()) {
+    const auto [first, last] = std::minmax_element(
+        changed.begin(), changed.end(),
+        [&](RowId left, RowId right) { return Node(left).Position < Node(right).Position; });
+    view.CellsChanged(row, Node(*first).Position, Node(*last).Position);
+  }
+  if (Node(row).HasChildren() != hadChildren) TellChanged(row, view);
+}
+
+void FolderTree::Remove(RowId row, const std::vector<RowId>& gone, ListerView& view) {
+  const bool hadChildren = Node(row).HasChildren();
+  std::vector<char> goes(Node(row).Children.size());
+  for (const RowId child : gone) goes[static_cast<std::size_t>(Node(child).Position)] = 1;
+  RemoveMarked(row, std::move(goes), view);
   if (Node(row).HasChildren() != hadChildren) TellChanged(row, view);
 }
 
@@ -52,19 +81,6 @@ void FolderTree::Forget(RowId row, ListerView& view) {
   if (Node(row).State == BranchState::Unread) return;
   At(row).State = BranchState::Unread;
   TellChanged(row, view);
-}
-
-void FolderTree::Sort(bool descending, ListerView& view) {
-  if (descending == descending_) return;
-  descending_ = descending;
-  for (RowId row = TopRow; row < static_cast<RowId>(nodes_.size()); ++row) {
-    if (Node(row).Children.size() < 2) continue;
-    view.BeginReorder(row);
-    // The order is total, so the other direction is the reverse.
-    std::reverse(At(row).Children.begin(), At(row).Children.end());
-    Renumber(row, 0);
-    view.EndReorder();
-  }
 }
 
 void FolderTree::SetExpanded(RowId row, bool expanded, ListerView& view) {
@@ -118,57 +134,56 @@ RowId FolderTree::FindChild(RowId row, std::string_view name) const {
   return match([&](const std::string& other) { return syntax_.Same(other, name); });
 }
 
+RowId FolderTree::Find(const std::string& path) const {
+  if (!Has(TopRow)) return NoRow;
+  const std::string& top = Node(TopRow).Name;
+  if (!path.starts_with(top)) return NoRow;
+  RowId row = TopRow;
+  std::string_view rest = std::string_view(path).substr(top.size());
+  while (!rest.empty() && row != NoRow) {
+    if (rest.front() == syntax_.Separator) {
+      rest.remove_prefix(1);
+    } else if (row == TopRow && !top.ends_with(syntax_.Separator)) {
+      return NoRow;  // a sibling whose name begins with that of the top
+    }
+    const std::string_view name = rest.substr(0, rest.find(syntax_.Separator));
+    row = FindChild(row, name);
+    rest.remove_prefix(name.size());
+  }
+  return row;
+}
+
+std::vector<RowId> FolderTree::BranchesOnShow() const {
+  std::vector<RowId> branches;
+  std::vector<RowId> rows;
+  if (Has(TopRow) && Node(TopRow).IsExpanded) rows.push_back(TopRow);
+  while (!rows.empty()) {
+    const RowId row = rows.back();
+    rows.pop_back();
+    branches.push_back(row);
+    const std::vector<RowId>& children = Node(row).Children;
+    std::copy_if(children.rbegin(), children.rend(), std::back_inserter(rows),
+                 [this](RowId child) { return Node(child).IsExpanded; });
+  }
+  return branches;
+}
+
 bool FolderTree::IsWithin(RowId row, RowId ancestor) const {
   while (row > RootRow && row != ancestor) row = Node(row).Parent;
   return row == ancestor;
 }
 
-bool FolderTree::Before(const std::string& left, const std::string& right) const {
-  return descending_ ? names_.Before(right, left) : names_.Before(left, right);
+const FolderFacts& FolderTree::FactsOf(RowId row) const {
+  static const FolderFacts none;
+  const auto known = facts_.find(row);
+  return known == facts_.end() ? none : known->second;
 }
 
-// Takes the children away that are not among the folders, which stand in the order of the tree.
-void FolderTree::RemoveMissing(RowId row, const std::vector<Subfolder>& folders, ListerView& view) {
-  std::vector<bool> missing;
-  auto folder = folders.begin();
-  for (const RowId child : Node(row).Children) {
-    const std::string& name = Node(child).Name;
-    while (folder != folders.end() && Before(folder->Name, name)) ++folder;
-    missing.push_back(folder == folders.end() || folder->Name != name);
-  }
-  for (int last = static_cast<int>(missing.size()) - 1; last >= 0; --last) {
-    if (!missing[static_cast<std::size_t>(last)]) continue;
-    int first = last;
-    while (first > 0 && missing[static_cast<std::size_t>(first - 1)]) --first;
-    RemoveRange(row, first, last, view);
-    last = first;
-  }
-}
-
-// Puts the folders in that are not among the children, all of which are among the folders.
-void FolderTree::InsertNew(RowId row, std::vector<Subfolder>& folders, ListerView& view) {
-  const auto isThere = [&](std::size_t at) {
-    const std::vector<RowId>& children = Node(row).Children;
-    return at < children.size() && Node(children[at]).Name == folders[at].Name;
-  };
-  // Whatever lies before `first` has been put right, so places in both lists are the same.
-  for (std::size_t first = 0; first < folders.size(); ++first) {
-    if (isThere(first)) continue;
-    const std::vector<RowId>& children = Node(row).Children;
-    std::size_t end = folders.size();
-    if (first < children.size()) {
-      const std::string& next = Node(children[first]).Name;
-      for (end = first; folders[end].Name != next;) ++end;
-    }
-    view.BeginInsert(row, static_cast<int>(first), static_cast<int>(end) - 1);
-    std::vector<RowId> made;
-    for (std::size_t at = first; at < end; ++at) made.push_back(Make(row, Subfolder(folders[at])));
-    std::vector<RowId>& list = At(row).Children;
-    list.insert(list.begin() + static_cast<std::ptrdiff_t>(first), made.begin(), made.end());
-    Renumber(row, static_cast<int>(first));
-    view.EndInsert();
-    first = end;
-  }
+bool FolderTree::SetFacts(RowId row, std::uint8_t tried, const FolderFacts& facts) {
+  At(row).Tried |= tried;
+  if (FactsOf(row) == facts) return false;
+  facts_[row] = facts;
+  return true;
 }
 
 void FolderTree::RemoveRange(RowId row, int first, int last, ListerView& view) {
@@ -196,6 +211,7 @@ void FolderTree::Release(RowId row) {
     rows.pop_back();
     rows.insert(rows.end(), Node(next).Children.begin(), Node(next).Children.end());
     At(next) = FolderNode{};
+    facts_.erase(next);
     free_.push_back(next);
   }
 }

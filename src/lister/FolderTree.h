@@ -5,30 +5,56 @@
 // is removed hands the marks that lie below it to its parent.
 #pragma once
 
+#include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "base/PathSyntax.h"
+#include "lister/ItemColours.h"
 #include "lister/ListerView.h"
 #include "lister/NameOrder.h"
+#include "lister/SortKeys.h"
 
 namespace tarnwell::lister {
 
-enum class BranchState { Unread, Read, Failed };
+enum class BranchState : std::uint8_t { Unread, Read, Failed };
 
 struct Subfolder {
   std::string Name;
   bool IsLink = false;
   bool IsHidden = false;
+  bool IsSystem = false;
 };
 
+// What a tree knows of a folder beside its name, once a heading, the order or the colours ask for
+// it.
+struct FolderFacts {
+  std::int64_t Modified = 0;
+  std::int64_t Created = 0;
+  std::int64_t Accessed = 0;
+  std::uint32_t Mode = 0;
+  bool HasAttributes = false;  // Mode and the times are known
+  ItemColour Colour = ItemColour::Default;
+  std::string Comment;
+
+  bool operator==(const FolderFacts&) const = default;
+};
+
+// Kinds of facts, as bits.
+enum FactBits : std::uint8_t { NoFacts = 0, AttributeFacts = 1, ColourFact = 2, CommentFact = 4 };
+
 struct FolderNode : Subfolder {
-  RowId Parent = NoRow;  // NoRow for one that is not in use
-  int Position = 0;
-  std::vector<RowId> Children;
   BranchState State = BranchState::Unread;
   bool IsExpanded = false;
+  bool IsFresh = false;    // just read, or followed since: the children are those on disk
+  std::uint8_t Tried = 0;  // FactBits that have been asked for since the branch was read
+  RowId Parent = NoRow;    // NoRow for one that is not in use
+  int Position = 0;
+  std::vector<RowId> Children;
 
   bool HasChildren() const { return State == BranchState::Unread || !Children.empty(); }
 };
@@ -42,16 +68,33 @@ class FolderTree {
     nodes_.resize(1);
   }
 
+  // What a folder measures in bytes, where that is known; for the order by size.
+  std::function<std::optional<std::uint64_t>(RowId)> SizeOf;
+
   // All nodes go; the root given becomes the one node, open and current.
   void Reset(const std::string& root, ListerView& view);
-  // The children of the node become these, in any order. Those that were there stay the same rows.
+  // The children of the node become these, in any order. Those that were there stay the same rows;
+  // their facts stand until they have been asked for anew.
   void Update(RowId row, std::vector<Subfolder> folders, BranchState state, ListerView& view);
+  // Some children of the node go.
+  void Remove(RowId row, const std::vector<RowId>& gone, ListerView& view);
   // Forgets the children of the node, which is as if it had never been read.
   void Forget(RowId row, ListerView& view);
-  void Sort(bool descending, ListerView& view);
+  // Children go by this key, then by name, from now on. What the key needs of facts comes first
+  // until it is known: a branch is to be sorted again then.
+  void SortBy(SortKey key, ListerView& view);
+  void SortBranch(RowId row, ListerView& view);
   void SetExpanded(RowId row, bool expanded, ListerView& view);
   void SetOpen(RowId row, ListerView& view);
   void SetCurrent(RowId row, ListerView& view);
+  void SetFresh(RowId row, bool fresh) { At(row).IsFresh = fresh; }
+
+  const FolderFacts& FactsOf(RowId row) const;
+  // Says that the facts of those bits have been asked for. True if the row looks different now; the
+  // view is not told.
+  bool SetFacts(RowId row, std::uint8_t tried, const FolderFacts& facts);
+  // They are to be asked for anew.
+  void AskAnew(RowId row) { At(row).Tried = NoFacts; }
 
   bool Has(RowId row) const {
     return row > RootRow && row < static_cast<RowId>(nodes_.size()) && Node(row).Parent != NoRow;
@@ -63,6 +106,10 @@ class FolderTree {
   std::string PathOf(RowId row) const;
   int LevelOf(RowId row) const;
   RowId FindChild(RowId row, std::string_view name) const;
+  // The row of that very path; NoRow if the tree has none.
+  RowId Find(const std::string& path) const;
+  // The expanded nodes below expanded nodes alone, from the top down.
+  std::vector<RowId> BranchesOnShow() const;
   // The node is the other one or lies below it.
   bool IsWithin(RowId row, RowId ancestor) const;
   // Changes whenever rows are removed, so that a RowId kept since may mean another folder.
@@ -70,9 +117,15 @@ class FolderTree {
 
  private:
   FolderNode& At(RowId row) { return nodes_[static_cast<std::size_t>(row)]; }
-  bool Before(const std::string& left, const std::string& right) const;
-  void RemoveMissing(RowId row, const std::vector<Subfolder>& folders, ListerView& view);
-  void InsertNew(RowId row, std::vector<Subfolder>& folders, ListerView& view);
+  void AppendKey(RowId row, std::string& key) const;
+  void AppendFact(RowId row, std::string& key) const;
+  bool BeforeByBytes(RowId left, RowId right) const;
+  std::vector<RowId> Sorted(const std::vector<RowId>& rows) const;
+  int PlaceOf(RowId row, RowId made) const;
+  void RemoveMarked(RowId row, std::vector<char> goes, ListerView& view);
+  void InsertMade(RowId row, std::vector<RowId> made, ListerView& view);
+  void InsertAt(RowId row, int position, const std::vector<RowId>& made, ListerView& view);
+  void SetChildren(RowId row, std::vector<RowId> order, ListerView& view);
   void RemoveRange(RowId row, int first, int last, ListerView& view);
   void Release(RowId row);
   RowId Make(RowId parent, Subfolder&& folder);
@@ -83,10 +136,14 @@ class FolderTree {
   const NameOrder& names_;
   std::vector<FolderNode> nodes_;  // by RowId; number 0 is the invisible root
   std::vector<RowId> free_;
+  std::unordered_map<RowId, FolderFacts> facts_;  // of the nodes of which any are known
   RowId open_ = NoRow;
   RowId current_ = NoRow;
-  bool descending_ = false;
+  SortKey key_;
   int removals_ = 0;
 };
+
+// Letters as those of FileRows.h.
+std::string AttributeText(const Subfolder& folder, const FolderFacts& facts);
 
 }  // namespace tarnwell::lister

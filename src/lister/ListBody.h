@@ -55,7 +55,9 @@ struct ListState {
 class ListBody {
  public:
   explicit ListBody(ListState& state)
-      : Follower(state.Services.Watches, [this](const auto& changes) { FolderChanged(changes); }),
+      : Follower(
+            state.Services.Watches,
+            [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); }),
         state_(state) {}
   virtual ~ListBody() = default;
 
@@ -113,8 +115,8 @@ class ListBody {
   virtual void Collapse(RowId) {}
 
  protected:
-  // A notice that the folder changed on disk.
-  virtual void FolderChanged(const platform::FolderChanges& changes) = 0;
+  // A notice that a folder changed on disk, as FolderFollower gives it.
+  virtual void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) = 0;
 
   ListState& state_;
 };

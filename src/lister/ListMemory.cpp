@@ -48,9 +48,15 @@ std::vector<std::string> ExpandedFolders::In(const std::string& folder) const {
   std::vector<std::string> found;
   const std::string below = KeyBelow(folder);
   for (auto entry = paths_.lower_bound(below);
-       entry != paths_.end() && entry->first.starts_with(below); ++entry) {
-    const bool isDirect = entry->first.find(syntax_.Separator, below.size()) == std::string::npos;
-    if (isDirect && entry->first.size() > below.size()) found.push_back(entry->second);
+       entry != paths_.end() && entry->first.starts_with(below);) {
+    const std::size_t end = entry->first.find(syntax_.Separator, below.size());
+    if (end == std::string::npos) {
+      if (entry->first.size() > below.size()) found.push_back(entry->second);
+      ++entry;
+    } else {  // over all that lies below this one
+      const char behind = static_cast<char>(syntax_.Separator + 1);
+      entry = paths_.lower_bound(entry->first.substr(0, end) + behind);
+    }
   }
   return found;
 }

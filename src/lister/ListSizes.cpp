@@ -61,6 +61,11 @@ void TreeSizes::Show(RowId row, std::uint64_t) {
   list_.View().CellsChanged(node.Parent, node.Position, node.Position);
 }
 
+void TreeSizes::Finish() {
+  const SortKey key = list_.Keys.Entries()[0];
+  if (key.Heading == HeadingId::Size) tree_.SortBy(key, list_.View());
+}
+
 void TreeSizes::FolderWasRead(RowId row) {
   const auto before = SizeOf(row);
   if (!before) return;

@@ -33,7 +33,7 @@ class FileSizes : public FolderSizes {
 
 class TreeSizes : public FolderSizes {
  public:
-  TreeSizes(ListState& list, const FolderTree& tree)
+  TreeSizes(ListState& list, FolderTree& tree)
       : FolderSizes(list, known_), tree_(tree), known_(list.Syntax) {}
 
   // In bytes, if the folder has been measured.
@@ -50,9 +50,10 @@ class TreeSizes : public FolderSizes {
   // A folder comes behind those that it holds: the root would keep all others waiting.
   std::vector<RowId> Folders() const override;
   void Show(RowId row, std::uint64_t bytes) override;
+  void Finish() override;
 
  private:
-  const FolderTree& tree_;
+  FolderTree& tree_;
   KnownSizes known_;
 };
 

@@ -51,8 +51,6 @@ TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
   EXPECT_TRUE(List.Look(work).HasChildren);
   EXPECT_EQ(Reads("C:\\Work"), 0);
   List.Expand(work);
-  List.Collapse(work);
-  List.Expand(work);
   EXPECT_EQ(Reads("C:\\Work"), 1);
   EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
   EXPECT_TRUE(List.Look(work).IsExpanded);
@@ -284,23 +282,71 @@ TEST_F(FolderList, RefreshFitsAnyChange) {
   }
 }
 
-TEST_F(FolderList, WatchesTheOpenFolder) {
+TEST_F(FolderList, FollowsEveryBranchOnShow) {
   Load();
   List.OpenFolder(0, "C:\\Work\\p9");
-  EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\Work\\p9"});
+  const Texts shown = {"C:\\", "C:\\Work", "C:\\Work\\p9"};
+  EXPECT_EQ(Platform.Watches.Watched(), shown);
   List.Expand(List.CurrentRow());
   Platform.Files.AddFolder("C:\\Work\\p9\\new");
   Platform.Watches.Notify("C:\\Work\\p9");
   EXPECT_NE(RowOf("C:\\Work\\p9\\new"), NoRow);
-  Platform.Files.Remove("C:\\Work");
-  Platform.Watches.Notify("C:\\Work\\p9");
-  EXPECT_EQ(List.CurrentFolder(), "C:\\");
-  EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\"});
+
+  // Nobody tells of a branch that is collapsed: it is read again when it comes back.
+  List.OpenFolder(0, "C:\\apps");
+  List.Collapse(RowOf("C:\\Work"));
+  Platform.Files.AddFolder("C:\\Work\\p9\\deeper");
+  List.Expand(RowOf("C:\\Work"));
+  EXPECT_EQ(Names(RowOf("C:\\Work\\p9")), (Texts{"deep", "deeper", "new"}));
+  EXPECT_EQ(Platform.Watches.Watched().size(), 4u);
+
+  // Whatever was missed in a bracket is made up for, unless a refresh has done it.
+  Events.Take();
   List.WatchStop();
+  Platform.Files.AddFolder("C:\\Work\\p11");
   List.OpenFolder(0, "C:\\Zoo");
   EXPECT_TRUE(Platform.Watches.Watched().empty());
+  EXPECT_EQ(RowOf("C:\\Work\\p11"), NoRow);
   List.WatchResume();
-  EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\Zoo"});
+  EXPECT_NE(RowOf("C:\\Work\\p11"), NoRow);
+  List.WatchStop();
+  List.RefreshList();
+  const int reads = Reads("C:\\");
+  List.WatchStart();
+  EXPECT_EQ(Reads("C:\\"), reads);
+  EXPECT_EQ(Platform.Watches.Watched().size(), 4u);
+
+  // The nearest folder that exists is opened, once, and nothing else collapses.
+  List.OpenFolder(0, "C:\\Work\\p9\\deep\\deeper");
+  Events.Take();
+  Platform.Files.Remove("C:\\Work\\p9");
+  Platform.Watches.Notify("C:\\Work\\p9\\deep", {{}, false, true});
+  Platform.Watches.Notify("C:\\Work", {{"p9"}, false, false});
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work");
+  EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});
+  EXPECT_EQ(Names(List.CurrentRow()), (Texts{"p10", "p11"}));
+  EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work"}));
+
+  // A burst during a command is served once, after it.
+  Platform.Clock.TickStep = 50;
+  const int before = Reads("C:\\Work");
+  for (int notice = 0; notice < 3; ++notice) {
+    Platform.Pump.Post([this] { Platform.Watches.Notify("C:\\Work"); });
+  }
+  List.RefreshList();
+  EXPECT_EQ(Reads("C:\\Work"), before + 2);
+  Platform.Clock.TickStep = 0;
+
+  // After long work the next notices wait a while.
+  Platform.Files.Remove("C:\\");
+  Platform.Watches.Notify("C:\\", {{}, false, true});
+  EXPECT_EQ(List.CurrentFolder(), "C:\\Work");
+  ASSERT_EQ(View.CatchUps.size(), 1u);
+  Platform.Clock.Tick += View.CatchUps[0];
+  List.CatchUp();
+  EXPECT_EQ(List.CurrentFolder(), "C:\\");
+  EXPECT_EQ(Names(), Texts{"C:\\"});
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\: No such file or directory");
   List.Terminate();
   EXPECT_TRUE(Platform.Watches.Watched().empty());
 }

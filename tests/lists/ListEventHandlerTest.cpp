@@ -21,7 +21,7 @@ class ListEventHandlerTest : public testing::Test, public TestLists {
 
 TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Lists[101].Focused();
-  EXPECT_EQ(Lists(), (Ids{101, 0, 101}));
+  EXPECT_EQ(Lists(), (Ids{101, 101, 101}));
   EXPECT_TRUE(Space.Lists[101].IsActive());
   Space.Form.cboCommand.Text = "dir";
   Space.Lists[101].Focused();  // nothing new, and so nothing is drawn

@@ -1,0 +1,66 @@
+#include "lister/FolderFollower.h"
+
+#include <algorithm>
+#include <set>
+
+namespace tarnwell::lister {
+
+void FolderFollower::Follow(const std::string& folder) {
+  CaughtUp();
+  std::erase_if(entries_, [&](const auto& entry) { return entry.first != folder; });
+  if (!folder.empty()) Add(folder);
+}
+
+void FolderFollower::Add(const std::string& folder) {
+  const auto known = entries_.find(folder);
+  if (known == entries_.end() && entries_.size() >= Most) return;
+  Entry& entry = known != entries_.end() ? known->second : entries_[folder];
+  if (!entry.Watching || entry.IsWorn) Watch(folder, entry);
+}
+
+void FolderFollower::KeepOnly(const std::vector<std::string>& folders) {
+  const std::size_t count = std::min(folders.size(), Most);
+  const std::set<std::string> wanted(folders.begin(),
+                                     folders.begin() + static_cast<std::ptrdiff_t>(count));
+  std::erase_if(entries_, [&](const auto& entry) { return !wanted.contains(entry.first); });
+  for (const std::string& folder : wanted) {
+    if (!entries_.contains(folder)) Watch(folder, entries_[folder]);
+  }
+}
+
+bool FolderFollower::Follows(const std::string& folder) const {
+  const auto entry = entries_.find(folder);
+  return entry != entries_.end() && entry->second.Watching;
+}
+
+void FolderFollower::Stop() {
+  stopped_ = true;
+  missed_ = !entries_.empty();
+  for (auto& [folder, entry] : entries_) entry.Watching.reset();
+}
+
+void FolderFollower::Resume() {
+  if (!stopped_) return;
+  stopped_ = false;
+  for (auto& [folder, entry] : entries_) Watch(folder, entry);
+  if (!missed_) return;
+  missed_ = false;
+  changed_("", {.Names = {}, .Everything = true, .FolderGone = false});
+}
+
+void FolderFollower::Watch(const std::string& folder, Entry& entry) {
+  entry.IsWorn = false;
+  entry.Watching.reset();
+  if (stopped_) return;
+  entry.Watching = watches_.Start(
+      folder, [this, folder](const platform::FolderChanges& changes) { Notice(folder, changes); });
+}
+
+void FolderFollower::Notice(const std::string& folder, const platform::FolderChanges& changes) {
+  const auto entry = entries_.find(folder);
+  if (entry == entries_.end()) return;
+  entry->second.IsWorn = changes.Everything || changes.FolderGone;
+  changed_(folder, changes);
+}
+
+}  // namespace tarnwell::lister

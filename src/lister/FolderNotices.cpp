@@ -1,0 +1,113 @@
+#include "lister/FolderNotices.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace tarnwell::lister {
+namespace {
+
+// With more names than this it is quicker to read the folder.
+constexpr std::size_t MostNames = 256;
+
+}  // namespace
+
+void FolderNotices::Gather(const std::string& folder, const platform::FolderChanges& changes) {
+  if (folder.empty()) {
+    all_ = true;
+    return;
+  }
+  Changes& known = waiting_[folder];
+  known.FolderGone = known.FolderGone || changes.FolderGone;
+  known.Everything = known.Everything || changes.Everything ||
+                     known.Names.size() + changes.Names.size() > MostNames;
+  if (known.Everything) {
+    known.Names.clear();
+  } else {
+    known.Names.insert(changes.Names.begin(), changes.Names.end());
+  }
+}
+
+void FolderNotices::Forget() {
+  waiting_.clear();
+  all_ = false;
+}
+
+void FolderNotices::Apply() {
+  const std::map<std::string, Changes> waiting = std::exchange(waiting_, {});
+  if (!tree_.Has(FolderTree::TopRow)) return Forget();
+  if (std::exchange(all_, false)) {
+    reader_.RefreshAllBelow(FolderTree::TopRow);
+  } else {
+    // A folder comes before those that lie in it.
+    for (const auto& [folder, changes] : waiting) {
+      if (!folders_.GoesOn()) break;
+      ApplyTo(folder, changes);
+    }
+  }
+  RemoveIfGone(tree_.Open());
+}
+
+void FolderNotices::ApplyTo(const std::string& folder, const Changes& changes) {
+  const RowId row = tree_.Find(folder);
+  if (row == NoRow) return;
+  if (changes.FolderGone) {
+    RemoveIfGone(row);
+    // It may have come again, as another folder.
+    if (tree_.Find(folder) == row) reader_.RefreshAllBelow(row);
+  } else if (tree_.Node(row).State != BranchState::Unread) {
+    if (changes.Everything) {
+      reader_.Reread(row);
+    } else {
+      ApplyNames(row, folder, changes.Names);
+    }
+  }
+}
+
+void FolderNotices::ApplyNames(RowId row, const std::string& folder,
+                               const std::set<std::string>& names) {
+  const platform::FileSystem& files = folders_.List.Services.Files;
+  std::vector<RowId> gone;
+  std::vector<std::string> changed;
+  bool reread = false;
+  for (const std::string& name : names) {
+    if (!folders_.GoesOn()) break;
+    platform::ItemAttributes attributes;
+    const bool isFolder = files.ReadAttributes(folder, name, attributes) &&
+                          attributes.Kind == platform::ItemKind::Folder;
+    const RowId child = tree_.FindChild(row, name);
+    if (child == NoRow) {
+      reread = reread || isFolder;  // whether it is hidden stands in the listing alone
+    } else if (!isFolder) {
+      gone.push_back(child);
+    } else {
+      const FolderNode& node = tree_.Node(child);
+      reread = reread || node.Name != name || node.IsLink != attributes.IsLink;
+      changed.push_back(name);
+    }
+  }
+  Remove(row, gone);
+  if (reread) reader_.Reread(row);
+  for (const std::string& name : changed) {
+    const RowId child = tree_.FindChild(row, name);
+    if (child == NoRow) continue;
+    tree_.AskAnew(child);
+    // It may be another folder of that name.
+    if (tree_.Node(child).State != BranchState::Unread) reader_.RefreshAllBelow(child);
+  }
+}
+
+void FolderNotices::RemoveIfGone(RowId row) {
+  RowId highest = NoRow;
+  for (; row > FolderTree::TopRow && !reader_.IsFolder(tree_.PathOf(row));
+       row = tree_.Node(row).Parent) {
+    highest = row;
+  }
+  if (highest != NoRow) Remove(row, {highest});
+}
+
+void FolderNotices::Remove(RowId row, const std::vector<RowId>& gone) {
+  for (const RowId child : gone) folders_.List.Expanded.RemoveWithin(tree_.PathOf(child));
+  tree_.Remove(row, gone, folders_.View());
+}
+
+}  // namespace tarnwell::lister
