@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <map>
 #include <random>
 
 #include "ListFixture.h"
@@ -217,69 +218,106 @@ TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   EXPECT_EQ(List.StatusText(), "");
 }
 
-TEST_F(FolderList, RefreshKeepsRowsAndFollowsTheDisk) {
-  Load();
-  List.OpenFolder(0, "C:\\Work\\p9\\deep");
-  const RowId open = List.CurrentRow(), zoo = RowOf("C:\\Zoo");
-  Platform.Files.Remove("C:\\apps");
-  Platform.Files.Remove("C:\\music");
-  for (const char* name : {"C:\\aa", "C:\\beta", "C:\\Zz", "C:\\Work\\p1"}) {
-    Platform.Files.AddFolder(name);
-  }
-  List.ShowHidden = true;
-  Events.Take();
-  const int resets = View.Resets;
-  List.RefreshList();
-  EXPECT_EQ(Names(List.Child(RootRow, 0)), (Texts{"aa", "beta", "secret", "Work", "Zoo", "Zz"}));
-  EXPECT_EQ(Names(RowOf("C:\\Work")), (Texts{"p1", "p9", "p10"}));
-  EXPECT_EQ(List.CurrentRow(), open);
-  EXPECT_EQ(RowOf("C:\\Zoo"), zoo);
-  EXPECT_EQ(View.Resets, resets);
-  EXPECT_TRUE(Events.Take().empty());
-
-  Platform.Files.Remove("C:\\Work\\p9");
-  List.RefreshList();
-  EXPECT_EQ(List.CurrentFolder(), "C:\\Work");
-  EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});
-  EXPECT_EQ(List.CurrentRow(), RowOf("C:\\Work"));
-  EXPECT_EQ(List.DriveFolder("C"), "C:\\Work");
-}
-
-TEST_F(FolderList, RefreshFitsAnyChange) {
-  // The view checks each step; many names come and go between others.
-  Platform.Files.AddFolder("D:\\keep");
+TEST_F(FolderList, TakesOverAnyChange) {
+  // The view checks each step; many names come and go between others, in two branches, and are read
+  // again or told by notices. Some are files, some are hidden.
+  Platform.Files.AddFolder("D:\\keep\\open");
   Load("D");
-  List.OpenFolder(0, "D:\\keep");
+  List.OpenFolder(0, "D:\\keep\\open");
+  const RowId top = List.Child(RootRow, 0), keep = Row(top, "keep"), open = List.CurrentRow();
+  const int resets = View.Resets;
+  const NameOrder order(Platform.Order);
   std::mt19937 random(5);
-  for (int round = 0; round < 200; ++round) {
-    for (int change = 0; change < 6; ++change) {
-      const std::string path = "D:\\n" + std::to_string(random() % 20);
-      if (random() % 2 == 0) {
-        Platform.Files.Remove(path);
-      } else {
-        Platform.Files.AddFolder(path + "\\below");
+  for (int round = 0; round < 300; ++round) {
+    std::map<std::string, platform::FolderChanges> changes;
+    for (int change = round % 3 == 0 ? 80 : 3; change > 0; --change) {
+      const std::string folder = random() % 2 == 0 ? "D:\\" : "D:\\keep";
+      const std::string name = "n" + std::to_string(random() % 60);
+      const std::string path = Platform.Files.Syntax().Join(folder, name);
+      const auto kind = random() % 8;
+      Platform.Files.Remove(path);
+      if (kind == 0) Platform.Files.AddFile(path);
+      if (kind > 3) Platform.Files.AddFolder(path + "\\below");
+      if (kind == 7) Platform.Files.At(path).IsHidden = true;
+      changes[folder].Names.push_back(name);
+    }
+    const bool descending = round % 14 < 7;
+    if (round % 7 == 0) List.SortCommand(descending ? "des" : "asc");
+    if (round % 4 == 0) List.Expand(List.Child(top, 0));
+    if (round % 5 == 0 && List.Child(top, 1) != keep) List.Collapse(List.Child(top, 1));
+    if (round % 2 == 0) changes.clear();
+    if (round % 2 == 0) List.RefreshList();
+    for (const auto& [folder, change] : changes) Platform.Watches.Notify(folder, change);
+    for (const RowId row : {top, keep}) {
+      Texts expected = row == top ? Texts{"Music", "keep"} : Texts{"open"};
+      for (int number = 0; number < 60; ++number) {
+        const std::string name = "n" + std::to_string(number);
+        const std::string path = Platform.Files.Syntax().Join(List.PathOf(row), name);
+        if (!Platform.Files.FolderExists(path) || Platform.Files.At(path).IsHidden) continue;
+        expected.push_back(name);
       }
+      std::sort(expected.begin(), expected.end(),
+                [&](const auto& left, const auto& right) { return order.Before(left, right); });
+      if (descending) std::reverse(expected.begin(), expected.end());
+      ASSERT_EQ(Names(row), expected) << round;
     }
-    if (round % 7 == 0) List.SortCommand(round % 2 == 0 ? "asc" : "des");
-    const RowId top = List.Child(RootRow, 0);
-    if (round % 3 == 0) List.Expand(List.Child(top, 0));
-    if (round % 5 == 0) List.Collapse(List.Child(top, 1));
-    List.RefreshList();
-    Texts expected = {"Music", "keep"};
-    for (int number = 0; number < 20; ++number) {
-      const std::string name = "n" + std::to_string(number);
-      if (Platform.Files.Exists("D:\\" + name)) expected.push_back(name);
-    }
-    const NameOrder order(Platform.Order);
-    std::sort(expected.begin(), expected.end(),
-              [&](const auto& left, const auto& right) { return order.Before(left, right); });
-    std::string key, direction;
-    List.GetSortKey(0, key, direction);
-    if (direction == "des") std::reverse(expected.begin(), expected.end());
-    ASSERT_EQ(Names(top), expected);
-    ASSERT_EQ(List.CurrentFolder(), "D:\\keep");
+    ASSERT_EQ(List.CurrentRow(), open);
     View.Check();
   }
+  EXPECT_EQ(View.Resets, resets);
+  EXPECT_EQ(Events.Take().size(), 2u);
+}
+
+TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
+  for (const char* name : {"apps", "music", "Work", "Zoo"}) {
+    Platform.Files.AddFolder("C:\\many\\" + std::string(name)).Modified = 86'400'000'000'000;
+  }
+  Platform.Files.At("C:\\many\\music").Modified *= 3;
+  Platform.Files.At("C:\\many\\Work").Mode = 0444;
+  Platform.Files.At("C:\\many\\Zoo").Notes = {{platform::ItemNote::Colour, "blue"},
+                                              {platform::ItemNote::Comment, "lions"}};
+  Load();
+  List.ExpandFolder(0, "C:\\many", 1);
+  const RowId many = RowOf("C:\\many"), music = Row(many, "music"), zoo = Row(many, "Zoo");
+  const auto modified = HeadingId::DateLastModified;
+  EXPECT_EQ(List.CellText(music, modified), "");
+  List.HeadingMenuClick("mnuHeadingDateLastModified");
+  List.HeadingMenuClick("mnuHeadingComments");
+  EXPECT_EQ(List.CellText(music, modified), "1970-01-04 00:00:00");
+  EXPECT_EQ(List.CellText(zoo, HeadingId::Comments), "lions");
+  EXPECT_EQ(List.CellText(Row(many, "Work"), HeadingId::Attributes), "R");
+  List.SetProperty("ShowColor", base::Value(true));
+  EXPECT_EQ(List.Look(zoo).Colour, ItemColour::Blue);
+  List.SetProperty("FileCountMax", base::Value(std::int32_t{3}));
+  EXPECT_EQ(List.Look(zoo).Colour, ItemColour::Default);
+
+  // By date, then by name; what comes or changes finds its place.
+  List.AddSortKey(0, "sModified", "des");
+  EXPECT_EQ(Names(many), (Texts{"music", "apps", "Work", "Zoo"}));
+  Platform.Files.At("C:\\many\\Work").Modified *= 5;
+  Platform.Files.AddFolder("C:\\many\\new").Modified = 86'400'000'000'000 * 4;
+  List.HeadingMenuClick("mnuHeadingComments");
+  Platform.Watches.Notify("C:\\many", {{"new", "Work"}, false, false});
+  EXPECT_EQ(Names(many), (Texts{"Work", "new", "music", "apps", "Zoo"}));
+
+  // Commands do not wait for it, and Escape ends it.
+  for (int number = 0; number < 30; ++number) {
+    Platform.Files.AddFolder("D:\\n" + std::to_string(number)).Modified = number + 1;
+  }
+  Platform.Clock.TickStep = 10;
+  std::string seen;
+  for (int message = 0; message < 20; ++message) {
+    Platform.Pump.Post([this, &seen] {
+      List.OpenFolder(0, "D:\\n7");
+      seen = List.CurrentFolder();
+    });
+  }
+  Load("D");
+  EXPECT_EQ(seen, "D:\\n7");
+  EXPECT_EQ(Names(List.Child(RootRow, 0)).front(), "n29");
+  Platform.Pump.Post([this] { List.CancelRequested = true; });
+  List.SortCommand("des");
+  EXPECT_FALSE(List.CancelRequested);
 }
 
 TEST_F(FolderList, FollowsEveryBranchOnShow) {
