@@ -155,6 +155,7 @@ void FolderBody::Collapse(RowId row) {
 FolderBody::Outcome FolderBody::Load(const std::string& drive, bool chosen) {
   state_.Drive = drive;
   notices_.Clear();
+  willCatchUp_ = false;
   tree_.Reset(PlainPath(state_.Syntax, state_.Syntax.DriveRoot(drive)), state_.View());
   state_.View().DrivesChanged();
   reader_.Expand(FolderTree::TopRow);
@@ -190,6 +191,7 @@ FolderBody::Outcome FolderBody::RefreshAll() {
   if (!tree_.Has(FolderTree::TopRow)) return Outcome::Nothing;
   const std::string before = state_.Folder;
   notices_.Clear();
+  willCatchUp_ = false;
   Follower.CaughtUp();
   tree_.AskAnew(FolderTree::TopRow);
   reader_.RefreshAllBelow(FolderTree::TopRow);
