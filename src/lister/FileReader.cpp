@@ -297,7 +297,9 @@ void FileReader::Stop() {
 void FileReader::MindChanges(std::int64_t readFor) {
   if (update_.HasNone() || stopped_ || files_.List.Control.View == nullptr) return;
   willCatchUp_ = true;
-  files_.View().CatchUpLater(static_cast<int>(std::clamp(readFor, LeastRest, MostRest)));
+  const std::int64_t rest =
+      update_.IsEverything() ? std::clamp(readFor, LeastRest, MostRest) : LeastRest;
+  files_.View().CatchUpLater(static_cast<int>(rest));
 }
 
 // --- Work on the rows that are there.

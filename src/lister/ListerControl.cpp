@@ -362,6 +362,9 @@ bool ListerControl::ShowIcons() const {
 const ListerColours& ListerControl::Colours() const {
   return parts_->State.Settings.Colours;
 }
+int ListerControl::BorderWidth() const {
+  return std::clamp(parts_->State.Settings.BorderWidth, 0, 8);
+}
 const std::string& ListerControl::StatusText() const {
   return parts_->State.Status;
 }

@@ -319,6 +319,7 @@ class ListerControl : public forms::Control {
   // kind of list, from the named settings.
   bool ShowIcons() const;
   const ListerColours& Colours() const;
+  int BorderWidth() const;  // pixels round the list, 0 to 8
   const std::string& StatusText() const;
   std::vector<platform::Drive> DriveChoices() const;
 

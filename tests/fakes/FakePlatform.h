@@ -106,6 +106,8 @@ class FakePump : public platform::MessagePump {
 
   // Runs at the next call of DoEvents; a second one posted runs at the call after that.
   void Post(std::function<void()> message) { messages_.push_back(std::move(message)); }
+  // Forgets what has not run.
+  void Drop() { messages_.clear(); }
 
   void DoEvents() override {
     ++Calls;

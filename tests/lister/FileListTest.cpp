@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <random>
+#include <set>
 
 #include "ListFixture.h"
 
@@ -24,6 +26,25 @@ class FileList : public ListFixture {
   void Load(std::string folder = "C:\\box\\") { List.LoadFolderContents(folder, true); }
   std::string Cell(const std::string& name, HeadingId heading) const {
     return List.CellText(Row(RootRow, name), heading);
+  }
+  // Runs the message at the pump of that number from now on, counted from 1; messages that did not
+  // have their turn before are dropped. Gives a flag that tells whether it ran.
+  std::shared_ptr<bool> PostAt(int pump, const std::function<void()>& message) {
+    auto ran = std::make_shared<bool>(false);
+    Platform.Pump.Drop();
+    while (--pump > 0) Platform.Pump.Post([] {});
+    Platform.Pump.Post([=] { *ran = true, message(); });
+    return ran;
+  }
+  // Runs the message at every pump from now on.
+  void PostAlways(const std::function<void()>& message) {
+    Platform.Pump.Post([=, this] { PostAlways(message), message(); });
+  }
+  void Notify(const Texts& names) { Platform.Watches.Notify("C:\\box", {names, false, false}); }
+  Texts Known() const {
+    Texts names = Names();
+    std::erase_if(names, [&](const auto& name) { return Cell(name, HeadingId::Size).empty(); });
+    return names;
   }
   Texts SortKeyTexts() const {
     Texts keys;
@@ -61,7 +82,16 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
 
   List.Activate(Row(RootRow, "way"));
   List.Activate(Row(RootRow, "a.PDF"));
-  EXPECT_EQ(Events.Take(), Texts{"OpenChildFolder C:\\box\\way in C:\\box"});
+  List.Activate(Row(RootRow, "end"));
+  Platform.Launcher.Fault = Platform.Files.Denied();
+  List.Activate(Row(RootRow, ".profile"));
+  EXPECT_EQ(Events.Take(),
+            (Texts{"OpenChildFolder C:\\box\\way in C:\\box",
+                   "StatusMessage Cannot open end: The link leads to no file and no folder",
+                   "StatusMessage Cannot open .profile: Permission denied"}));
+  ASSERT_EQ(Platform.Launcher.Requests.size(), 2u);
+  EXPECT_EQ(Platform.Launcher.Requests[0].File, "C:\\box\\a.PDF");
+  EXPECT_EQ(Platform.Launcher.Requests[0].Folder, "C:\\box");
   List.MoveCurrent(Row(RootRow, "a.PDF"));
   EXPECT_EQ(Events.Take(), Texts{"ItemFocused 3"});
   for (const RowId row : {NoRow, RootRow, RowId{9}}) {
@@ -138,19 +168,30 @@ TEST_F(FileList, RefreshKeepsTheCursorOnItsItemOrItsPlace) {
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
 }
 
-TEST_F(FileList, RefreshKeepsRowsAndFitsAnyChange) {
-  // The view checks each step. Now and then so much changes that rows are gathered first.
-  const std::string folder = "D:\\many\\";
-  Platform.Files.AddFile(folder + "keep");
-  Load(folder);
-  List.MoveCurrent(Row(RootRow, "keep"));
+TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
+  // The view checks each step. Now and then so much changes that rows are gathered first. What is
+  // looked at by name must come out as a whole read has it.
+  const std::string folder = "C:\\box\\";
+  for (const char* name : {"sub", "way", "end", "plain"}) Platform.Files.Remove(folder + name);
+  Load();
+  List.MoveCurrent(Row(RootRow, "a.PDF"));
   const int resets = View.Resets, moves = View.CurrentChanges;
   std::mt19937 random(7);
-  std::map<std::string, RowId> rows;
-  for (int round = 0; round < 120; ++round) {
+  std::map<std::string, RowId> rows{{"a.PDF", List.CurrentRow()}};
+  const auto check = [&] {
+    View.Check();
+    for (const auto& [name, row] : rows) {
+      const RowId now = Row(RootRow, name);
+      EXPECT_TRUE(now == row || now == NoRow) << name;
+    }
+    EXPECT_EQ(List.CurrentRow(), rows.at("a.PDF"));
+  };
+  for (int round = 0; round < 160; ++round) {
+    Texts changed;
     for (int change = round % 5 == 0 ? 90 : 3; change > 0; --change) {
       const std::string name = "n" + std::to_string(random() % 150);
-      switch (random() % 3) {
+      changed.push_back(name);
+      switch (random() % 4) {
         case 0:
           Platform.Files.Remove(folder + name);
           rows.erase(name);
@@ -158,20 +199,81 @@ TEST_F(FileList, RefreshKeepsRowsAndFitsAnyChange) {
         case 1:
           Platform.Files.AddFile(folder + name, std::string(random() % 9, 'x'));
           break;
+        case 2:
+          Platform.Files.AddFile(folder + name).IsHidden = true;
+          rows.erase(name);
+          break;
         default:
           if (!Platform.Files.Exists(folder + name)) Platform.Files.AddFolder(folder + name);
       }
     }
     if (round % 7 == 0) List.AddSortKey(0, round % 2 == 0 ? "sSize" : "sName", "des");
-    List.RefreshList();
-    View.Check();
-    for (const auto& [name, row] : rows) EXPECT_EQ(Row(RootRow, name), row) << name;
+    if (round % 11 == 0)
+      List.SetFilterText(round % 3 == 0 ? "a*;*1?" : round % 3 == 1 ? "" : "a*;n#");
+    const int reads = Platform.Files.At(folder).Reads;
+    if (round % 2 == 0) {
+      Notify(changed);
+      EXPECT_EQ(Platform.Files.At(folder).Reads, reads + 1);  // opened
+      check();
+      const Texts names = Names();
+      View.Cells.clear();
+      const int reorders = View.Reorders;
+      List.RefreshList();
+      EXPECT_EQ(Names(), names);
+      EXPECT_EQ(View.Reorders, reorders);
+      EXPECT_TRUE(View.Cells.empty());
+    } else {
+      List.RefreshList();
+    }
+    check();
     for (const std::string& name : Names()) rows[name] = Row(RootRow, name);
-    ASSERT_EQ(rows.size(), Platform.Files.At(folder).Children.size());
-    EXPECT_EQ(List.CurrentRow(), rows["keep"]);
   }
   EXPECT_EQ(View.Resets, resets);
   EXPECT_EQ(View.CurrentChanges, moves);
+}
+
+TEST_F(FileList, ReadsWhatIsOnTheScreenFirst) {
+  const auto name = [](int number) { return "f" + std::to_string(number); };
+  for (int number = 100; number < 200; ++number) {
+    Platform.Files.AddFile("D:\\many\\" + name(number), "x");
+  }
+  Platform.Clock.TickStep = 50;
+  View.Visible = {40, 44};
+  std::size_t told = 0;
+  PostAlways([&] {
+    const Texts known = Known();
+    if (known.size() == told || known.size() % 5 != 0 || known.size() > 20) return;
+    const auto all = [&](int first, int last) {
+      for (; first <= last; ++first) EXPECT_EQ(std::ranges::count(known, name(first)), 1) << first;
+    };
+    told = known.size();
+    if (told == 5) {
+      all(140, 144);
+      View.Visible = {70, 74};  // the user scrolls
+    } else if (told == 10) {
+      all(170, 174);
+      List.SortCommand("des");
+    } else if (told == 15) {
+      all(125, 129);
+      View.Visible = {98, 99};
+    } else {
+      all(100, 103);  // the pages around too
+    }
+  });
+  Load("D:\\many");
+  EXPECT_EQ(told, 20u);
+  EXPECT_EQ(Known().size(), 100u);
+
+  // The view is told ranges.
+  Platform.Pump.Drop();
+  Platform.Clock.TickStep = 0;
+  for (int number = 100; number < 200; ++number) {
+    Platform.Files.AddFile("D:\\many\\" + name(number), "four");
+  }
+  View.Cells.clear();
+  List.RefreshList();
+  EXPECT_LE(View.Cells.size(), 4u);
+  EXPECT_EQ(List.StatusText(), "100 items (0 folders), 400 bytes");
 }
 
 TEST_F(FileList, LoadsThatComeDuringALoadDoNotNest) {
@@ -203,66 +305,199 @@ TEST_F(FileList, LoadsThatComeDuringALoadDoNotNest) {
   EXPECT_EQ(List.CurrentFolder(), "C:\\box");
 }
 
-TEST_F(FileList, TheNewestReadWins) {
+TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
   Platform.Files.AddFile("C:\\box\\sub\\inner");
   Platform.Clock.TickStep = 50;
-  // In the names of the first folder, and then among the attributes.
-  for (const int messagesBefore : {1, 9}) {
-    for (int message = 0; message < messagesBefore; ++message) Platform.Pump.Post([] {});
-    Platform.Pump.Post([this] { Load("C:\\box\\sub"); });
+  List.SetProperty("ShowColor", true);
+  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  // Among the names, the attributes and the notes. The newest load wins.
+  std::set<std::string> phases;
+  for (int pump = 1;; ++pump) {
+    const auto ran = PostAt(pump, [this, &phases] {
+      const std::string& status = List.StatusText();
+      phases.insert(status.substr(0, status.find(':')));
+      EXPECT_EQ(List.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
+      Load("C:\\box\\sub");
+    });
     Load();
+    if (!*ran) break;
     EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
     EXPECT_EQ(Names(), Texts{"inner"});
     EXPECT_EQ(List.StatusText(), "1 item (0 folders)");
     EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box\\sub"});
   }
+  EXPECT_EQ(phases, (std::set<std::string>{"Reading names", "Reading details", "Reading notes"}));
 
-  Platform.Pump.Post([this] {
-    EXPECT_EQ(List.ChildCount(RootRow), 0);  // no items of the folder before
-    List.SortCommand("des");
-  });
-  Load();
-  EXPECT_EQ(Names(), (Texts{"way", "sub", "plain", "end", "b10.txt", "B9.txt", "a.PDF"}));
+  // Escape stops the read that runs, and one from before is no reason to stop.
+  for (int pump = 1;; ++pump) {
+    List.CancelRequested = true;
+    const auto ran = PostAt(pump, [this] { List.CancelRequested = true; });
+    List.RefreshList();
+    EXPECT_FALSE(List.CancelRequested);
+    if (!*ran) break;
+    EXPECT_TRUE(List.StatusText().starts_with("Reading stopped")) << pump;
+    EXPECT_EQ(List.ChildCount(RootRow), std::min(pump - 1, 7));
+  }
+  EXPECT_EQ(Known().size(), 4u);
 
-  // A sort in the middle leaves no item out, and what was known stays on show meanwhile.
-  for (int message = 0; message < 11; ++message) Platform.Pump.Post([] {});
-  Platform.Pump.Post([this] {
-    for (const char* name : {"b10.txt", "a.PDF"}) EXPECT_NE(Cell(name, HeadingId::Size), "");
-    List.SortCommand("asc");
-  });
-  Platform.Files.AddFile("C:\\box\\a.PDF", "four");
-  List.RefreshList();
-  EXPECT_EQ(Cell("b10.txt", HeadingId::Size), "1,234,567");
-  EXPECT_EQ(Cell("a.PDF", HeadingId::Size), "4");
+  // A sort or a filter in the middle leaves no item out, and what was known stays on show.
+  for (int pump = 1;; ++pump) {
+    Platform.Files.AddFile("C:\\box\\a.PDF", std::string(static_cast<std::size_t>(pump), 'x'));
+    const auto ran = PostAt(pump, [&] {
+      EXPECT_EQ(Cell("b10.txt", HeadingId::Size), "1,234,567");
+      List.SortCommand(pump % 2 == 0 ? "des" : "asc");
+      List.SetFilterText(pump % 3 == 0 ? "*" : "*a*");
+      EXPECT_EQ(List.ChildCount(RootRow), pump % 3 == 0 ? 7 : 3);
+    });
+    List.RefreshList();
+    List.SetFilterText("");
+    const Texts up{"sub", "way", "a.PDF", "B9.txt", "b10.txt", "end", "plain"};
+    const Texts down{"way", "sub", "plain", "end", "b10.txt", "B9.txt", "a.PDF"};
+    EXPECT_EQ(Names(), pump % 2 == 0 || !*ran ? down : up) << pump;
+    EXPECT_EQ(Cell("a.PDF", HeadingId::Size), std::to_string(pump));
+    if (!*ran && pump % 2 != 0) break;
+  }
+  for (int pump = 2;; pump += 3) {
+    ListerControl other(103, Platform.Services(), Events);
+    std::string folder = "C:\\box";
+    const auto ran = PostAt(pump, [&] { other.Terminate(); });
+    other.LoadFolderContents(folder, true);
+    if (!*ran) break;
+    EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box"});
+  }
 }
 
-TEST_F(FileList, EscapeStopsTheReadThatRunsAndNoOther) {
+TEST_F(FileList, GivesWayWhileItSorts) {
+  for (int number = 0; number < 40'000; ++number) {
+    Platform.Files.AddFile("D:\\many\\" + std::to_string(number), number % 2 == 0 ? "x" : "");
+  }
+  Load("D:\\many");
   Platform.Clock.TickStep = 50;
-  List.CancelRequested = true;
-  Load();
-  EXPECT_EQ(List.ChildCount(RootRow), 7);
-
-  Platform.Pump.Post([] {});
-  Platform.Pump.Post([] {});
-  Platform.Pump.Post([this] { List.CancelRequested = true; });
+  int step = 0;
+  PostAlways([&] {
+    if (List.StatusText() != "Sorting") return;
+    if (++step == 1) List.SortCommand("asc");
+    if (step != 2) return;
+    const int count = List.ChildCount(RootRow);
+    List.SetFilterText("#");
+    EXPECT_EQ(List.ChildCount(RootRow), count);  // no row comes or goes under the sort
+  });
+  List.SortCommand("des");
+  EXPECT_GT(step, 1);
+  EXPECT_EQ(Names(), (Texts{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}));
+  List.AddSortKey(0, "sSize", "des");
+  EXPECT_EQ(Names(), (Texts{"0", "2", "4", "6", "8", "1", "3", "5", "7", "9"}));
+  step = 0;
+  const int reads = Platform.Files.At("D:\\many").Reads;
   List.RefreshList();
-  EXPECT_EQ(List.ChildCount(RootRow), 2);
-  EXPECT_EQ(List.StatusText(), "Reading stopped. 2 items (2 folders)");
+  EXPECT_GT(step, 1);
+  EXPECT_EQ(Platform.Files.At("D:\\many").Reads, reads + 1);
+  EXPECT_EQ(Names(), (Texts{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}));
+
+  Platform.Pump.Drop();
+  PostAlways([&] {
+    if (List.StatusText() == "Sorting") Load("C:\\box\\sub");
+  });
+  List.SortCommand("des");
+  EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
+  EXPECT_EQ(List.StatusText(), "0 items (0 folders)");
+}
+
+TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
+  const auto keep = [this](const std::string& name, platform::ItemNote note, std::string text) {
+    Platform.Files.At("C:\\box\\" + name).Notes[note] = std::move(text);
+  };
+  const auto colour = [this](const std::string& name) {
+    return List.Look(Row(RootRow, name)).Colour;
+  };
+  keep("a.PDF", platform::ItemNote::Colour, "red");
+  keep("sub", platform::ItemNote::Colour, "dark green");
+  keep("a.PDF", platform::ItemNote::Comment, "mine\n");
+  Load();
+  EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
+  const int names = View.Resets;
+  List.SetProperty("ShowColor", true);
+  EXPECT_EQ(colour("a.PDF"), ItemColour::Red);
+  EXPECT_EQ(colour("sub"), ItemColour::DarkGreen);
+  EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "");
+  List.SetProperty("FileCountMax", std::int32_t{4});  // there are five files
+  EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
+  List.SetFilterText("a");
+  EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
+  List.SetFilterText("");
+  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "mine\u240a");
+  EXPECT_EQ(View.Resets, names);
+
+  // Changes on disk count for the limit, and bring notes that are new.
+  keep("B9.txt", platform::ItemNote::Colour, "blue");
+  keep("a.PDF", platform::ItemNote::Comment, "yours");
+  Platform.Files.Remove("C:\\box\\plain");
+  const int repaints = View.Repaints;
+  Notify({"plain", "B9.txt", "a.PDF"});
+  EXPECT_GT(View.Repaints, repaints);
+  EXPECT_EQ(colour("B9.txt"), ItemColour::Blue);
+  EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "yours");
+  List.AddSortKey(0, "sComments", "des");
+  EXPECT_EQ(Names()[2], "a.PDF");
+  Load("D:\\");
+  Load();
+  EXPECT_EQ(Names()[2], "a.PDF");
+  List.SetProperty("ShowColor", false);
+  EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
+
+  // Escape while they are read outside a load; what was asked for in the middle comes too.
+  Load("D:\\");
+  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  Load();
+  Platform.Clock.TickStep = 50;
+  auto ran = PostAt(2, [this] { List.CancelRequested = true; });
+  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  EXPECT_TRUE(*ran);
   EXPECT_FALSE(List.CancelRequested);
+  const int pumps = Platform.Pump.Calls;
+  List.SetHeadingProperty(1, "Width", std::int32_t{900});
+  EXPECT_EQ(Platform.Pump.Calls, pumps);
+  ran = PostAt(3, [this] { List.SetProperty("ShowColor", true); });
   List.RefreshList();
-  EXPECT_EQ(List.ChildCount(RootRow), 7);
+  EXPECT_TRUE(*ran);
+  EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "yours");
+  EXPECT_EQ(colour("sub"), ItemColour::DarkGreen);
+}
 
-  for (int message = 0; message < 9; ++message) Platform.Pump.Post([] {});
-  Platform.Pump.Post([this] { List.CancelRequested = true; });
-  List.RefreshList();
-  EXPECT_EQ(List.ChildCount(RootRow), 7);
-  EXPECT_TRUE(List.StatusText().starts_with("Reading stopped. 7 items (2 folders)"));
-
-  for (int message = 0; message < 3; ++message) Platform.Pump.Post([] {});
-  Platform.Pump.Post([this] { List.Terminate(); });
-  Load("C:\\box");
-  EXPECT_TRUE(Platform.Watches.Watched().empty());
+TEST_F(FileList, FiltersWithoutTheDisk) {
+  Platform.Files.Space = {3 << 20, 4 << 20};
   Load();
+  List.MoveCurrent(Row(RootRow, "B9.txt"));
+  const int reads = Platform.Files.At("C:\\box").Reads, told = View.FilterChanges;
+  List.SetFilterText("*.T?T; sub");
+  EXPECT_EQ(Names(), (Texts{"sub", "B9.txt", "b10.txt"}));
+  EXPECT_EQ(List.StatusText(),
+            "3 of 7 items (1 folder), 1.2 MB. 1 item could not be read: "
+            "Permission denied. 3.0 MB free");
+  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
+  List.SetFilterText("10");
+  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "b10.txt"));
+  List.SetFilterText("none");
+  EXPECT_EQ(List.CurrentRow(), NoRow);
+  List.SetFilterText("");
+  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
+  List.SetExtensionFilter("pdf");
+  EXPECT_EQ(Names(), (Texts{"sub", "way", "a.PDF"}));
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads);
+  EXPECT_GE(View.FilterChanges, told + 5);
+
+  Platform.Files.AddFile("C:\\box\\c.pdf");
+  Platform.Files.AddFile("C:\\box\\c.txt");
+  List.RefreshList();
+  EXPECT_EQ(Names(), (Texts{"sub", "way", "a.PDF", "c.pdf"}));
+  Texts choices;
+  for (const ExtensionChoice& choice : List.ExtensionChoices()) {
+    choices.push_back(choice.Extension + std::to_string(choice.Count));
+  }
+  EXPECT_EQ(choices, (Texts{"pdf2", "txt3"}));
+  Load("C:\\box\\sub");
+  EXPECT_EQ(List.FilterExtension(), "");
 }
 
 TEST_F(FileList, TellsWhyAFolderCannotBeRead) {
@@ -333,15 +568,78 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.SetCurrentFolder("C:\\box\\sub\\");
   EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
 
+  Platform.Files.AddFile("C:\\box\\sub\\inner");
+  List.RefreshList();
   Platform.Files.Remove("C:\\box\\sub");
-  Platform.Watches.Notify("C:\\box\\sub");
+  Platform.Watches.Notify("C:\\box\\sub", {{}, false, true});
   EXPECT_EQ(List.ChildCount(RootRow), 0);
-  EXPECT_TRUE(List.StatusText().ends_with("No such file or directory"));
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\box\\sub: No such file or directory");
 
   Platform.Watches.Refuses = true;
   Load();
   EXPECT_EQ(List.ChildCount(RootRow), 8);
   List.Terminate();
+}
+
+TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
+  Load();
+  std::vector<CompareRecord> none;
+  std::int32_t mode = 0;
+  List.CompareAgainst(none, mode);
+  const auto marked = [this](const std::string& name) {
+    return List.Look(Row(RootRow, name)).Marks.OnlyHere;
+  };
+  Platform.Files.AddFile("C:\\box\\a.PDF", "more");
+  View.Cells.clear();
+  Notify({"a.PDF", "B9.txt"});
+  EXPECT_FALSE(marked("a.PDF"));
+  EXPECT_TRUE(marked("B9.txt") && marked("sub"));
+  ASSERT_EQ(View.Cells.size(), 1u);
+  EXPECT_EQ(View.Cells[0].First, 2);
+  EXPECT_EQ(View.Cells[0].Last, 2);
+
+  // Notices that come during a read or an update wait; many names cost one read.
+  Platform.Clock.TickStep = 50;
+  const int reads = Platform.Files.At("C:\\box").Reads;
+  auto ran = PostAt(12, [this] {
+    Platform.Files.AddFile("C:\\box\\late");
+    Notify({"late"});
+  });
+  List.RefreshList();
+  EXPECT_FALSE(marked("B9.txt"));
+  EXPECT_TRUE(*ran);
+  EXPECT_EQ(Row(RootRow, "late"), NoRow);
+  EXPECT_EQ(View.CatchUps, std::vector<int>{200});
+  ran = PostAt(1, [this] {
+    Platform.Files.Remove("C:\\box\\B9.txt");
+    Notify({"B9.txt"});
+  });
+  List.CatchUp();
+  EXPECT_NE(Row(RootRow, "late"), NoRow);
+  EXPECT_NE(Row(RootRow, "B9.txt"), NoRow);
+  List.CatchUp();
+  EXPECT_EQ(Row(RootRow, "B9.txt"), NoRow);
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads + 3);
+  Platform.Clock.TickStep = 0;
+  Texts names;
+  for (int number = 0; number < 10'000; ++number) names.push_back("z" + std::to_string(number));
+  Platform.Files.AddFile("C:\\box\\z9");
+  Notify(names);
+  EXPECT_NE(Row(RootRow, "z9"), NoRow);
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads + 4);
+
+  // Another load, or the end, in the middle of looking.
+  Platform.Clock.TickStep = 50;
+  ran = PostAt(1, [this] { Load("D:\\"); });
+  Notify({"late", "z9"});
+  EXPECT_TRUE(*ran);
+  EXPECT_EQ(List.StatusText(), "0 items (0 folders)");
+  Load();
+  Platform.Files.Remove("C:\\box\\late");
+  ran = PostAt(1, [this] { List.CancelRequested = true; });
+  Notify({"late", "z9"});
+  EXPECT_NE(Row(RootRow, "late"), NoRow);
+  EXPECT_TRUE(List.StatusText().starts_with("Reading stopped"));
 }
 
 }  // namespace
