@@ -18,7 +18,9 @@ class FileBody : public ListBody {
         files_(state),
         reader_(files_, Follower),
         input_(files_),
-        sizes_(files_, reader_) {}
+        sizes_(files_, reader_) {
+    files_.BeforeReset = [this] { input_.Stop(); };
+  }
 
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }

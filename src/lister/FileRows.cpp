@@ -158,6 +158,10 @@ void FileRows::SetSelected(RowId row, bool selected) {
   item.IsSelected = selected;
 }
 
+void FileRows::KeepSelection() {
+  for (RowId row = 1; row <= StoreSize(); ++row) Stored(row).WasSelected = Row(row).IsSelected;
+}
+
 std::string_view FileRows::Comment(RowId row) const {
   const auto found = comments_.find(row);
   return found == comments_.end() ? std::string_view() : found->second;
@@ -404,6 +408,7 @@ std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, std::vector<RowId>& par
       FileRow& row = Stored(partners[at]);
       if (!row.LooksLike(now)) changed.push_back(partners[at]);
       now.IsSelected = row.IsSelected;
+      now.WasSelected = row.WasSelected;
       row = now;
     }
   }

@@ -49,6 +49,7 @@ struct FileRow {
   bool HasFolderSize : 1 = false;  // a folder's Size is known
   bool NotesWereRead : 1 = false;  // Colour and comment
   bool IsSelected : 1 = false;
+  bool WasSelected : 1 = false;  // at the last KeepSelection
   bool IsUsed : 1 = false;  // an item's, not the place of one that is gone
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
@@ -103,6 +104,7 @@ class FileRows {
   void SetMarks(RowId row, CompareMarks marks);
   // Of a row on show. One that goes off show is not selected any more.
   void SetSelected(RowId row, bool selected);
+  void KeepSelection();
   int SelectedCount() const { return selected_; }
   // Empty for most.
   std::string_view Comment(RowId row) const;

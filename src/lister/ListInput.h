@@ -26,6 +26,7 @@ enum KeyCode : int {
   UpKey = 38,
   RightKey = 39,
   DownKey = 40,
+  InsertKey = 45,
   F3Key = 114,
 };
 
@@ -57,8 +58,17 @@ class ListInput {
 
   virtual void PrepareMouse() {}
   virtual void PrepareKeyboard() {}
-  // The row clicked last; NoRow for empty space or if it is gone.
+  // The row clicked last; NoRow for empty space or if it is gone. It stays from Hold to Forget,
+  // wherever the user clicks.
   virtual RowId Clicked() const = 0;
+  virtual void HoldClicked() = 0;
+  virtual void ForgetClicked() = 0;
+
+  // What is looked for by typing; empty ends the search.
+  virtual void SetTyped(const std::string& text) = 0;
+  virtual void DragFinished(const MouseEvent& event) = 0;
+  // Ends what the mouse selects at this moment, as it stands: the rows are about to go.
+  virtual void Stop() {}
 };
 
 }  // namespace tarnwell::lister

@@ -67,6 +67,7 @@ void ListerControl::SetHoverGraphicsOn(bool on) {
 }
 
 void ListerControl::Terminate() {
+  parts_->Body->Input().Stop();
   parts_->State.IsTerminated = true;
   parts_->Body->Terminate();
   View = nullptr;
@@ -106,6 +107,8 @@ void ListerControl::SetLayout(std::int32_t) {
 void ListerControl::SetProperty(std::string_view name, const base::Value& value) {
   if (name == "ActiveHeading") {
     ClickHeading(base::ToInt16(value) - 1);
+  } else if (name == "ActiveString") {
+    parts_->Body->Input().SetTyped(base::ToText(value));
   } else if (parts_->State.Settings.Set(name, value)) {
     parts_->Body->SettingsChanged();
     parts_->State.View().Repaint();
@@ -330,7 +333,9 @@ int ListerControl::PositionOf(RowId row) const {
   return parts_->Body->PositionOf(row);
 }
 RowLook ListerControl::Look(RowId row) const {
-  return parts_->Body->Look(row);
+  RowLook look = parts_->Body->Look(row);
+  look.IsTarget = row > RootRow && parts_->IsTarget(row);
+  return look;
 }
 std::string ListerControl::CellText(RowId row, HeadingId heading) const {
   return parts_->Body->CellText(row, heading);
@@ -356,6 +361,9 @@ bool ListerControl::ShowIcons() const {
 }
 const ListerColours& ListerControl::Colours() const {
   return parts_->State.Settings.Colours;
+}
+int ListerControl::BorderWidth() const {
+  return std::clamp(parts_->State.Settings.BorderWidth, 0, 8);
 }
 const std::string& ListerControl::StatusText() const {
   return parts_->State.Status;

@@ -75,6 +75,7 @@ struct RowLook {
   bool HasChildren = false;  // may be expanded, as far as is known
   bool IsExpanded = false;
   bool IsSelected = false;
+  bool IsTarget = false;  // what is dragged would go there, or an open menu is for it
   ItemColour Colour = ItemColour::Default;  // what is to be shown, by the display switch and limit
   CompareMarks Marks = {};
 };
@@ -251,7 +252,7 @@ class ListerControl : public forms::Control {
   // The full path of the next selected item from SelectionCursor on, "end" after the last.
   std::string NextSelected();
   // As of the last FirstSelected: full paths, each ended by a NUL, and one more NUL at the end.
-  // Empty when nothing was selected.
+  // Empty when nothing was selected, and for a drive root.
   const std::string& ActiveItemName() const;
   // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
   // Otherwise, in a folder list: the folder clicked last.
@@ -318,6 +319,7 @@ class ListerControl : public forms::Control {
   // kind of list, from the named settings.
   bool ShowIcons() const;
   const ListerColours& Colours() const;
+  int BorderWidth() const;  // pixels round the list, 0 to 8
   const std::string& StatusText() const;
   std::vector<platform::Drive> DriveChoices() const;
 
@@ -343,6 +345,9 @@ class ListerControl : public forms::Control {
   void KeyUp(int keyCode);
   // Typed text moves the cursor to the next item whose name begins with it.
   void TypeText(std::string_view text);
+  // A press: the button that it is for is the event's. The other button selects what it comes down
+  // on and raises RightClicked. MouseMoved is for a pressed main button alone, and once the pointer
+  // has left the place where it came down by more than a trembling hand does.
   void MouseDown(const RowPointer& at);
   void MouseMoved(const RowPointer& at);
   void MouseUp(const RowPointer& at);

@@ -36,6 +36,7 @@ struct Drop {
   std::string Items;
   std::string SourceText;
   std::string Action;
+  ListId Source = NoList;  // the list that the drag began in, if it was one of this program
 };
 
 class ListerEvents {
@@ -69,7 +70,7 @@ class ListerEvents {
   virtual void CloseAsked(ListId) {}
   virtual void CommandTextAsked(ListId, const std::string& /*text*/) {}
   virtual void ItemsDropped(ListId, const Drop&) {}
-  virtual void DropSourceSet(ListId) {}
+  virtual void DropSourceSet(ListId) {}  // the list that a drag began in; before ItemsDropped
   // The list's menu needs the path of a bookmark slot, 0 to 9.
   virtual void BookmarkAsked(ListId, std::int16_t& /*slot*/, std::string& /*path*/) {}
 };

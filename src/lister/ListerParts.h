@@ -21,6 +21,23 @@ struct ListerControl::Parts {
     }
   }
 
+  bool IsFolder(RowId row) const {
+    const std::string path = Body->PathOf(row);
+    if (path.empty()) return false;
+    const platform::ItemKind kind = Body->Look(row).Kind;
+    // A read may not have come as far as to tell.
+    return kind == platform::ItemKind::Unknown ? State.Services.Files.FolderExists(path)
+                                               : kind == platform::ItemKind::Folder;
+  }
+  // The top of a folder list.
+  bool IsDriveRoot(RowId row) const {
+    return !IsFileList(State.Control.Id()) && Body->Parent(row) == RootRow;
+  }
+  // The row that is marked as the one that is meant.
+  bool IsTarget(RowId row) const {
+    return (DragGraphicsOn && row == DragRow) || (InAction && row == Body->Input().Clicked());
+  }
+
   ListState State;
   std::unique_ptr<ListBody> Body;
   int ActiveHeading = 0;
@@ -28,6 +45,8 @@ struct ListerControl::Parts {
   int Shift = 0;  // modifiers of the key that is being handled
   std::string ActiveItemName;
   std::string DropFolder;
+  RowId DragRow = NoRow;  // the folder that lies under a drag
+  bool InAction = false;  // a context action runs
   bool DragGraphicsOn = false;
   bool HoverGraphicsOn = false;
 };

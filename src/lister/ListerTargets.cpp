@@ -28,7 +28,21 @@ void ListerControl::PrepareSelectionKeyboard() {
 }
 
 std::string ListerControl::FirstSelected() {
-  return "";
+  const ListState& state = parts_->State;
+  parts_->ActiveItemName.clear();
+  std::int32_t position = 0;
+  std::string names, only;
+  for (RowId row = NoRow; (row = parts_->Body->Input().NextSelected(position)) != NoRow;) {
+    // No operation may get hold of a whole drive.
+    if (parts_->IsDriveRoot(row)) return state.Drive + ":";
+    const std::string path = PathOf(row);
+    parts_->ActiveItemName += path + '\0';
+    only = names.empty() ? path : "";
+    if (!names.empty()) names += ", ";
+    names += state.Syntax.LastComponent(path);
+  }
+  if (!names.empty()) parts_->ActiveItemName += '\0';
+  return only.empty() ? names : only;
 }
 
 std::string ListerControl::NextSelected() {
@@ -40,30 +54,75 @@ const std::string& ListerControl::ActiveItemName() const {
   return parts_->ActiveItemName;
 }
 
-std::string ListerControl::TargetFolder(bool, bool) const {
-  return "";
+std::string ListerControl::TargetFolder(bool byKey, bool) const {
+  const ListState& state = parts_->State;
+  std::string folder = state.Folder;
+  if (!byKey && !IsFileList(id_)) {
+    const std::string clicked = PathOf(parts_->Body->Input().Clicked());
+    if (!clicked.empty()) folder = clicked;
+  }
+  if (folder.empty() || !state.Services.Files.FolderExists(folder)) return "";
+  return state.Syntax.AddSeparator(folder);
 }
+
 std::string ListerControl::PasteFolder() const {
   return TargetFolder(true, true);
 }
+
 std::string ListerControl::DropFolder() const {
   return parts_->DropFolder;
 }
 
-void ListerControl::GetClickedItem(std::string& folder, std::string& name, bool,
+void ListerControl::GetClickedItem(std::string& folder, std::string& name, bool byKey,
                                    std::int32_t& kind) const {
+  constexpr std::int32_t nothing = 0, driveRoot = 1, folderItem = 2, file = 4, emptySpace = 8;
+  const base::PathSyntax& syntax = parts_->State.Syntax;
   folder.clear();
   name.clear();
-  kind = 0;
+  kind = nothing;
+  const RowId row = byKey ? CurrentRow() : parts_->Body->Input().Clicked();
+  const std::string path = PathOf(row);
+  if (path.empty()) {
+    if (byKey || !IsFileList(id_) || parts_->State.Folder.empty()) return;
+    kind = emptySpace;
+    folder = syntax.AddSeparator(parts_->State.Folder);
+  } else if (parts_->IsDriveRoot(row)) {
+    kind = driveRoot;
+    folder = syntax.AddSeparator(path);
+  } else {
+    kind = parts_->IsFolder(row) ? folderItem : file;
+    folder = syntax.GetFolderPath(path);
+    name = syntax.LastComponent(path);
+  }
 }
 
 std::string ListerControl::DuplicateBaseName() const {
-  return "";
+  std::int32_t position = 0;
+  const RowId row = parts_->Body->Input().NextSelected(position);
+  std::string path = PathOf(row);
+  if (path.empty() || parts_->IsDriveRoot(row)) return "";
+  const std::string_view name = parts_->State.Syntax.LastComponent(path);
+  const std::size_t dot = name.rfind('.');
+  if (dot != std::string_view::npos && dot > 0) path.resize(path.size() - name.size() + dot);
+  return path;
 }
 
-void ListerControl::BeginContextAction() {}
-void ListerControl::EndAction() {}
-void ListerControl::EndDrop() {}
+void ListerControl::BeginContextAction() {
+  parts_->InAction = true;
+  parts_->Body->Input().HoldClicked();
+  parts_->State.View().Repaint();
+}
+
+void ListerControl::EndAction() {
+  parts_->InAction = false;
+  parts_->Body->Input().ForgetClicked();
+  parts_->State.View().Repaint();
+}
+
+void ListerControl::EndDrop() {
+  parts_->DropFolder.clear();
+  DragLeft();
+}
 
 void ListerControl::Drag(int action) {
   constexpr int begin = 1;

@@ -4,18 +4,20 @@
 namespace tarnwell::lister {
 
 void ListerControl::Focused() {
+  // A Space that was let go elsewhere is not held any more.
+  parts_->Body->Input().ResetStart();
   parts_->State.Events.ListFocused(id_);
+  parts_->State.Events.TitleColorAsked(id_);
 }
 bool ListerControl::KeyDown(int keyCode, int shift) {
   parts_->Shift = shift;
-  if (parts_->Body->Input().KeyDown(keyCode, shift)) return true;
-  if (keyCode != BackspaceKey) return false;
-  parts_->State.Events.UpFolderKey(id_, keyCode, shift);
-  return true;
+  return parts_->Body->Input().KeyDown(keyCode, shift);
 }
 
 void ListerControl::KeyUp(int keyCode) {
-  if (keyCode == SpaceKeyCode) parts_->State.Events.SpaceReleased(id_);
+  if (keyCode != SpaceKeyCode) return;
+  parts_->Body->Input().ResetStart();
+  parts_->State.Events.SpaceReleased(id_);
 }
 
 void ListerControl::TypeText(std::string_view text) {
@@ -89,11 +91,32 @@ void ListerControl::NewFolderButton() {
   parts_->State.Events.NewFolderAsked(id_);
 }
 
-void ListerControl::DragOver(RowId) {}
-void ListerControl::DragLeft() {}
-void ListerControl::DropOn(RowId, const Drop&) {}
+void ListerControl::DragOver(RowId row) {
+  const RowId folder = parts_->IsFolder(row) ? row : NoRow;
+  const bool same = parts_->DragGraphicsOn && parts_->DragRow == folder;
+  parts_->DragRow = folder;
+  parts_->DragGraphicsOn = true;
+  if (!same) parts_->State.View().Repaint();
+}
+
+void ListerControl::DragLeft() {
+  parts_->DragRow = NoRow;
+  SetDragGraphicsOn(false);
+}
+
+void ListerControl::DropOn(RowId row, const Drop& drop) {
+  DragLeft();
+  if (drop.Items.empty() && drop.Source == NoList) return;
+  const std::string folder = parts_->IsFolder(row) ? PathOf(row)
+                             : IsFileList(id_)     ? parts_->State.Folder
+                                                   : "";
+  parts_->DropFolder = folder.empty() ? "" : parts_->State.Syntax.AddSeparator(folder);
+  if (drop.Source != NoList) parts_->State.Events.DropSourceSet(drop.Source);
+  parts_->State.Events.ItemsDropped(id_, drop);
+}
+
 void ListerControl::DragFinished(const MouseEvent& event) {
-  parts_->State.Events.DragEnded(id_, event);
+  parts_->Body->Input().DragFinished(event);
 }
 
 }  // namespace tarnwell::lister

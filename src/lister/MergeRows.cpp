@@ -45,6 +45,11 @@ class RowSet {
   std::vector<char> has_;
 };
 
+// Of a row that is in use. The row itself is not looked at, which counts with a million of them.
+bool IsShown(const FileRows& rows, RowId row) {
+  return rows.PositionOf(row) >= 0;
+}
+
 void Reorder(FileRows& rows, std::vector<RowId> shown, ListerView& view) {
   if (shown == rows.Order()) return;
   view.BeginReorder(RootRow);
@@ -77,7 +82,7 @@ void Show(FileRows& rows, int position, const std::vector<RowId>& coming, Lister
 // The rows on show are among those wanted, in the same order.
 void ShowOthers(FileRows& rows, std::vector<RowId> wanted, ListerView& view) {
   const std::vector<Run> runs = RunsOf(static_cast<int>(wanted.size()), [&](int position) {
-    return !rows.Has(wanted[static_cast<std::size_t>(position)]);
+    return !IsShown(rows, wanted[static_cast<std::size_t>(position)]);
   });
   if (runs.size() <= MostRuns) {
     for (const Run& run : runs) {
@@ -87,7 +92,7 @@ void ShowOthers(FileRows& rows, std::vector<RowId> wanted, ListerView& view) {
   }
   std::vector<RowId> coming;
   std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(coming),
-               [&](RowId row) { return !rows.Has(row); });
+               [&](RowId row) { return !IsShown(rows, row); });
   Show(rows, rows.Count(), coming, view);
   Reorder(rows, std::move(wanted), view);
 }
@@ -102,7 +107,7 @@ void Arrange(FileRows& rows, std::vector<RowId> order, std::vector<RowId> shown,
   rows.SetAll(std::move(order));
   std::vector<RowId> before;
   std::copy_if(shown.begin(), shown.end(), std::back_inserter(before),
-               [&](RowId row) { return rows.Has(row); });
+               [&](RowId row) { return IsShown(rows, row); });
   Reorder(rows, std::move(before), view);
   ShowOthers(rows, std::move(shown), view);
 }
@@ -133,7 +138,7 @@ void MergeRows(FileRows& rows, FileRows&& fresh, std::vector<RowId> partners, Li
 
   int first = rows.Count(), last = -1;
   for (const RowId row : changed) {
-    if (!rows.Has(row)) continue;
+    if (!IsShown(rows, row)) continue;
     first = std::min(first, rows.PositionOf(row));
     last = std::max(last, rows.PositionOf(row));
   }

@@ -33,7 +33,14 @@ bool Step(std::string_view pattern, std::size_t& p, std::string_view name, std::
   return true;
 }
 
-// A `*` that took too little takes one character more. Only the last one met needs that, so the
+// The next position, from this one on, at which what stands in the pattern behind a `*` may begin.
+std::size_t NextStart(std::string_view pattern, std::size_t behindStar, std::string_view name,
+                      std::size_t from) {
+  const char wanted = pattern[behindStar];
+  return Wildcards.find(wanted) != Wildcards.npos ? from : name.find(wanted, from);
+}
+
+// A `*` that took too little takes some characters more. Only the last one met needs that, so the
 // work is at most the product of both lengths.
 bool Matches(std::string_view pattern, std::string_view name) {
   constexpr std::size_t none = std::string_view::npos;
@@ -47,6 +54,8 @@ bool Matches(std::string_view pattern, std::string_view name) {
       if (behindStar == none) return false;
       if (behindStar == pattern.size()) return true;
       base::NextCodePoint(name, taken);
+      taken = NextStart(pattern, behindStar, name, taken);
+      if (taken == none) return false;
       p = behindStar;
       n = taken;
     }

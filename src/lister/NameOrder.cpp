@@ -11,7 +11,7 @@ namespace tarnwell::lister {
 namespace {
 
 // Before a byte that is no UTF-8, in the place of a letter's weight.
-constexpr char StrayByteMark = '\xFF';
+constexpr std::string_view StrayByteMark = "\xFF\xFF";
 // The count of digits stands before them, so that a longer number is a greater one. Counts over a
 // byte's worth are told in parts.
 constexpr std::size_t DigitsAPart = 250;

@@ -43,9 +43,10 @@ inline QString ToShownQString(std::string_view text) {
 
 // A tool-tip that shows the text as it is, also where a name in it looks like HTML.
 inline QString PlainToolTip(const QString& text) {
-  return text.contains(QLatin1Char('<')) || text.contains(QLatin1Char('&'))
-             ? QStringLiteral("<span>") + text.toHtmlEscaped() + QStringLiteral("</span>")
-             : text;
+  if (!text.contains(QLatin1Char('<')) && !text.contains(QLatin1Char('&'))) return text;
+  return QStringLiteral("<span>") +
+         text.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>")) +
+         QStringLiteral("</span>");
 }
 
 }  // namespace tarnwell::ui

@@ -1,6 +1,7 @@
 // The icons of drives, folders and files: those of the user's icon theme, else the program's own.
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QIcon>
 #include <QMimeDatabase>
@@ -21,17 +22,20 @@ class IconSource {
   const QIcon& Folder() const { return folder_; }
   const QIcon& OpenFolder() const { return openFolder_; }
   const QIcon& AnyFile() const { return file_; }
-  // By the type that the name at the end of the path tells; the file is not read.
-  QIcon File(const QString& path) const;
+  // By the extension of the name at the end of the path, in bytes; the file is not read.
+  QIcon File(std::string_view path) const;
 
  private:
+  QIcon FindFile(const QByteArray& extension) const;
+
   QString dataFolder_;
   QIcon drive_;
   QIcon folder_;
   QIcon openFolder_;
   QIcon file_;
-  QMimeDatabase types_;
-  mutable QHash<QString, QIcon> byType_;
+  bool themed_ = false;  // the theme tells types of files apart
+  QMimeDatabase types_;  // read when it is first asked, which takes time and memory
+  mutable QHash<QByteArray, QIcon> byExtension_;
 };
 
 }  // namespace tarnwell::ui

@@ -1,5 +1,5 @@
-// Paints the cells of a list: comfortable height, hidden items dimmed, the whole text as tool-tip
-// where the cell cuts it.
+// Paints the cells of a list: icon, arrow of a selected item, name and badges, other cells beside
+// them; the whole text as tool-tip where the cell cuts it, and what the badges mean.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -9,6 +9,13 @@
 
 namespace tarnwell::ui {
 
+// How a row is shown besides what the control says of it.
+struct RowState {
+  lister::RowLook Look;
+  bool IsHovered = false;
+  bool IsGapHovered = false;
+};
+
 class ListerDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
@@ -16,20 +23,25 @@ class ListerDelegate : public QStyledItemDelegate {
   // Both outlive the delegate.
   ListerDelegate(const lister::ListerControl& control, const ListerStyle& style, QObject* parent);
 
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override;
+  // Paints a cell onto the row's fill, which is there already.
+  void PaintCell(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                 const RowState& row) const;
+  int RowHeight(const QFontMetrics& metrics, const QSize& icon) const;
+  // Of the text of a row's name as it is shown, in pixels.
+  int NameWidth(const QFontMetrics& metrics, lister::RowId row) const;
+
+  // Width of what the cell holds, and the height that all rows have.
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
 
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
-
  private:
-  bool IsHidden(const QModelIndex& index) const;
+  void PaintName(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                 const RowState& row) const;
 
   const lister::ListerControl& control_;
   const ListerStyle& style_;
+  const bool fileList_;
 };
 
 }  // namespace tarnwell::ui

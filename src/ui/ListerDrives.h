@@ -1,16 +1,16 @@
 // The drive list of a folder list. Shows the drives that there are; changes nothing by itself.
 #pragma once
 
-#include <QComboBox>
 #include <string>
 #include <vector>
 
 #include "platform/FileSystem.h"
 #include "ui/IconSource.h"
+#include "ui/ListerChoice.h"
 
 namespace tarnwell::ui {
 
-class ListerDrives : public QComboBox {
+class ListerDrives : public ListerChoice {
   Q_OBJECT
 
  public:
@@ -24,11 +24,6 @@ class ListerDrives : public QComboBox {
 
  signals:
   void Chosen(const QByteArray& drive);  // the user picked the drive of that name
-  void FocusTaken();
-
- protected:
-  void focusInEvent(QFocusEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
 
  private:
   void Add(const platform::Drive& drive, const IconSource& icons);

@@ -1,5 +1,7 @@
 #include "ui/ListerHeader.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyle>
@@ -7,6 +9,7 @@
 #include <array>
 
 #include "ui/Convert.h"
+#include "ui/ListerRow.h"
 
 namespace tarnwell::ui {
 
@@ -52,6 +55,7 @@ ListerHeader::ListerHeader(lister::ListerControl& control, const ListerStyle& st
   setHighlightSections(false);
   setMinimumSectionSize(LeastWidth);
   setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  setResizeContentsPrecision(0);  // by the rows on the screen
   connect(this, &QHeaderView::sectionResized, this,
           [this](int section, int, int pixels) { WriteWidth(section, pixels); });
   connect(this, &QHeaderView::sectionMoved, this, [this] { WriteOrder(); });
@@ -87,6 +91,33 @@ QSize ListerHeader::sizeHint() const {
   return {QHeaderView::sizeHint().width(), fontMetrics().height() + 7};
 }
 
+QSize ListerHeader::sectionSizeFromContents(int section) const {
+  const QString caption = model()->headerData(section, orientation()).toString();
+  const int mark = MarkOf(control_, section).Level < 0 ? 0 : 2 * ArrowWidth + ArrowGap;
+  return {fontMetrics().horizontalAdvance(caption) + 2 * CellMargin + mark, sizeHint().height()};
+}
+
+void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  const lister::Headings& table = control_.HeadingTable();
+  for (const HeadingId id : table.Order()) {
+    QAction* const entry = menu->addAction(ToQString(table[id].Caption));
+    entry->setCheckable(true);
+    entry->setChecked(table[id].Active);
+    entry->setEnabled(id != HeadingId::Name);
+    connect(entry, &QAction::triggered, this,
+            [this, id] { emit ToggleAsked(static_cast<int>(id)); });
+  }
+  const int section = logicalIndexAt(event->pos());
+  if (section >= 0 && sectionResizeMode(section) == Interactive) {
+    menu->addSeparator();
+    connect(menu->addAction(QStringLiteral("Size column to contents")), &QAction::triggered, this,
+            [this, section] { emit sectionHandleDoubleClicked(section); });
+  }
+  menu->popup(event->globalPos());
+}
+
 void ListerHeader::WriteWidth(int section, int pixels) {
   // A hidden section reports no width, a stretched one the width of the list.
   if (showing_ || pixels <= 0 || sectionResizeMode(section) != Interactive) return;
@@ -115,9 +146,6 @@ void ListerHeader::paintSection(QPainter* painter, const QRect& rect, int sectio
   QColor line = style_.HeadingText;
   line.setAlphaF(0.25F);
 
-  // The margin of cells, so that headings stand right above their texts.
-  const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
-
   painter->save();
   painter->fillRect(rect, style_.Heading);
   if (pressed) painter->fillRect(rect, line);
@@ -126,7 +154,7 @@ void ListerHeader::paintSection(QPainter* painter, const QRect& rect, int sectio
     painter->fillRect(QRect(rect.left(), rect.bottom() - 1, rect.width(), 2), style_.HeadingText);
   }
   painter->setPen(text);
-  const QRect area = PaintSortMark(painter, rect.adjusted(margin, 0, -margin, 0), section);
+  const QRect area = PaintSortMark(painter, rect.adjusted(CellMargin, 0, -CellMargin, 0), section);
   painter->drawText(area, static_cast<int>(option.textAlignment),
                     option.fontMetrics.elidedText(option.text, Qt::ElideRight, area.width()));
   painter->restore();

@@ -22,7 +22,12 @@ class ListerHeader : public QHeaderView {
 
   QSize sizeHint() const override;
 
+ signals:
+  void ToggleAsked(int heading);  // is to be shown or hidden
+
  protected:
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  QSize sectionSizeFromContents(int section) const override;
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;
   void paintEvent(QPaintEvent* event) override;
 

@@ -1,6 +1,9 @@
 #include "ui/ListerModel.h"
 
+#include <QStringList>
+
 #include "ui/Convert.h"
+#include "ui/ListerMarks.h"
 
 namespace tarnwell::ui {
 
@@ -111,15 +114,29 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
       return Icon(row);
     case Qt::TextAlignmentRole:
       return static_cast<int>(AlignmentOf(index.column()));
+    case Qt::AccessibleDescriptionRole:
+      return Description(row);
     default:
       return {};
   }
 }
 
+// What sighted users see of the row by colour and badges.
+QString ListerModel::Description(RowId row) const {
+  const lister::RowLook look = control_.Look(row);
+  QStringList words;
+  if (look.Colour != lister::ItemColour::Default) {
+    words << ToQString(lister::ItemColours[static_cast<std::size_t>(look.Colour)].Word);
+  }
+  if (look.Marks.Any()) words << MarksText(look.Marks);
+  return words.join(QStringLiteral(", "));
+}
+
 QVariant ListerModel::Icon(RowId row) const {
   const lister::RowLook look = control_.Look(row);
   if (look.Kind != platform::ItemKind::Folder) {
-    return control_.ShowIcons() ? icons_.File(ToQString(control_.PathOf(row))) : icons_.AnyFile();
+    return control_.ShowIcons() ? icons_.File(control_.CellText(row, HeadingId::Name))
+                                : icons_.AnyFile();
   }
   return look.IsOpen ? icons_.OpenFolder() : icons_.Folder();
 }

@@ -47,6 +47,7 @@ class ListerModel : public QAbstractItemModel {
 
  private:
   QVariant Icon(lister::RowId row) const;
+  QString Description(lister::RowId row) const;
 
   const lister::ListerControl& control_;
   const IconSource& icons_;

@@ -9,6 +9,9 @@ namespace tarnwell::ui {
 
 namespace {
 
+constexpr double ReadableContrast = 4.5;  // text is easy to read from here on
+constexpr double VisibleContrast = 1.5;   // a patch of colour can be told from what it lies on
+
 // `percent` of `over` laid upon the rest of `under`.
 QColor Blend(const QColor& under, const QColor& over, int percent) {
   const auto mix = [percent](int low, int high) {
@@ -27,7 +30,7 @@ double Luminance(const QColor& colour) {
          0.0722 * linear(colour.blueF());
 }
 
-// 1 for two equal colours, 21 for black on white; text is easy to read from 4.5 on.
+// 1 for two equal colours, 21 for black on white.
 double Contrast(const QColor& left, const QColor& right) {
   const auto [low, high] = std::minmax({Luminance(left), Luminance(right)});
   return (high + 0.05) / (low + 0.05);
@@ -37,7 +40,9 @@ double Contrast(const QColor& left, const QColor& right) {
 QColor SelectionColour(const QColor& background, const QColor& accent, const QColor& text,
                        int percent) {
   constexpr int least = 10;
-  while (percent > least && Contrast(Blend(background, accent, percent), text) < 4.5) percent -= 5;
+  while (percent > least && Contrast(Blend(background, accent, percent), text) < ReadableContrast) {
+    percent -= 5;
+  }
   return Blend(background, accent, percent);
 }
 
@@ -56,18 +61,61 @@ QPalette PaletteOf(const QColor& background, const QColor& text, const QColor& s
   return palette;
 }
 
+// The colour, moved towards the text as far as it takes to tell it from the background.
+QColor Distinct(const QColor& colour, const QColor& text, const QColor& background,
+                double contrast) {
+  int percent = 0;
+  while (percent < 100 && Contrast(Blend(colour, text, percent), background) < contrast) {
+    percent += 10;
+  }
+  return Blend(colour, text, percent);
+}
+
+RowColours ColoursOn(const QColor& fill, const QColor& text, const QColor& secondary) {
+  RowColours colours{.Fill = fill, .Text = text, .Secondary = secondary, .Tints = {}};
+  if (Contrast(fill, secondary) < ReadableContrast) colours.Secondary = text;
+  for (std::size_t at = 0; at < colours.Tints.size(); ++at) {
+    colours.Tints[at] = SelectionColour(fill, ToQColor(lister::ItemColours[at].Colour), text, 30);
+  }
+  return colours;
+}
+
+// The colours of rows, from those of the list that the style has by now.
+void AddRowColours(ListerStyle& style, const QColor& secondary) {
+  const QColor background = style.List.color(QPalette::Base);
+  const QColor text = style.List.color(QPalette::Text);
+  const QColor selection = style.List.color(QPalette::Highlight);
+  style.Plain = ColoursOn(background, text, secondary);
+  style.Hovered = ColoursOn(Blend(background, selection, 25), text, secondary);
+  style.Selected = ColoursOn(selection, style.List.color(QPalette::HighlightedText), secondary);
+  style.Arrow = Distinct(style.ItemOutline, style.Selected.Text, selection, 3);
+  for (std::size_t at = 0; at < style.Bars.size(); ++at) {
+    style.Bars[at] =
+        Distinct(ToQColor(lister::ItemColours[at].Colour), text, background, VisibleContrast);
+  }
+}
+
 ListerStyle SystemStyle(bool active, const QPalette& system) {
   const QColor accent = system.color(QPalette::Highlight);
-  return {.List = system,
-          .Drives = system,
-          .Status = system,
-          .Outline = active ? accent : system.color(QPalette::Mid),
-          .Heading = system.color(QPalette::Button),
-          .HeadingText = system.color(QPalette::ButtonText),
-          .HeadingHover = system.color(QPalette::Link),
-          .ItemOutline = accent,
-          .ItemUnderline = accent,
-          .Secondary = system.color(QPalette::PlaceholderText)};
+  ListerStyle style{.List = system,
+                    .Drives = system,
+                    .Toolbar = system,
+                    .Status = system,
+                    .ScrollBars = system,
+                    .Pane = system.color(QPalette::Window),
+                    .Outline = active ? accent : system.color(QPalette::Mid),
+                    .Heading = system.color(QPalette::Button),
+                    .HeadingText = system.color(QPalette::ButtonText),
+                    .HeadingHover = system.color(QPalette::Link),
+                    .ItemOutline = accent,
+                    .ItemUnderline = accent,
+                    .Arrow = {},
+                    .Plain = {},
+                    .Hovered = {},
+                    .Selected = {},
+                    .Bars = {}};
+  AddRowColours(style, system.color(QPalette::PlaceholderText));
+  return style;
 }
 
 }  // namespace
@@ -82,19 +130,32 @@ ListerStyle MakeListerStyle(const lister::ListerColours& colours, bool active,
   const QColor driveText = ToQColor(colours.DriveText);
   const QColor status = ToQColor(colours.StatusBackground);
   const QColor statusText = ToQColor(colours.StatusText);
+  const QColor toolbar = ToQColor(colours.MinorToolbar);
+  const QColor program = ToQColor(colours.ProgramBackground);
   ListerStyle style{
       .List =
           PaletteOf(background, text, SelectionColour(background, accent, text, active ? 45 : 20)),
       .Drives = PaletteOf(drives, driveText, SelectionColour(drives, accent, driveText, 45)),
+      .Toolbar = PaletteOf(background, text, SelectionColour(background, accent, text, 45)),
       .Status = PaletteOf(status, statusText, status),
+      .ScrollBars = PaletteOf(program, text, accent),
+      .Pane = ToQColor(colours.PaneBackground),
       .Outline = ToQColor(active ? colours.ActiveListOutline : colours.InActiveListOutline),
       .Heading = ToQColor(active ? colours.ActiveHeading : colours.InactiveHeading),
       .HeadingText = ToQColor(active ? colours.ActiveHeadingText : colours.InactiveHeadingText),
       .HeadingHover = ToQColor(colours.HeadingHoverText),
       .ItemOutline = accent,
       .ItemUnderline = ToQColor(colours.ActiveItemUnderline),
-      .Secondary = ToQColor(colours.TextSecondary)};
+      .Arrow = {},
+      .Plain = {},
+      .Hovered = {},
+      .Selected = {},
+      .Bars = {}};
   style.Drives.setColor(QPalette::Button, drives);
+  // The fields on the toolbar are as the list, all round them is the toolbar's.
+  style.Toolbar.setColor(QPalette::Window, toolbar);
+  style.Toolbar.setColor(QPalette::Button, toolbar);
+  AddRowColours(style, ToQColor(colours.TextSecondary));
   return style;
 }
 

@@ -3,22 +3,45 @@
 
 #include <QColor>
 #include <QPalette>
+#include <array>
 
+#include "lister/ItemColours.h"
 #include "lister/ListerControl.h"
 
 namespace tarnwell::ui {
 
+// The colours of a row in one of its states. Text can be read on all that it is painted on.
+struct RowColours {
+  QColor Fill;
+  QColor Text;
+  QColor Secondary;  // cells beside the name, and hidden items
+  // By lister::ItemColour: what lies behind the name of an item that is coded with the colour.
+  std::array<QColor, lister::ItemColours.size()> Tints;
+};
+
 struct ListerStyle {
   QPalette List;
   QPalette Drives;
+  QPalette Toolbar;
   QPalette Status;
+  QPalette ScrollBars;
+  QColor Pane;     // what shows between the parts of the list
   QColor Outline;  // round the whole list
   QColor Heading;
   QColor HeadingText;
   QColor HeadingHover;
-  QColor ItemOutline;  // of the row with the cursor
+  QColor ItemOutline;  // of the row with the cursor, of the frame that selects
   QColor ItemUnderline;
-  QColor Secondary;  // text of hidden items
+  QColor Arrow;  // of a selected item
+  RowColours Plain;
+  RowColours Hovered;
+  RowColours Selected;
+  // By lister::ItemColour, to be told from the list's background.
+  std::array<QColor, lister::ItemColours.size()> Bars;
+
+  const RowColours& ColoursOf(bool selected, bool hovered) const {
+    return selected ? Selected : hovered ? Hovered : Plain;
+  }
 };
 
 // The skin's colours, or those of `system` while no skin has given the list any.

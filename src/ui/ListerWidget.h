@@ -1,4 +1,5 @@
-// The widget of a list: drive list (folder lists), rows under their headings, status line.
+// The widget of a list: drive list (folder lists) or filter toolbar (file lists), rows under their
+// headings, status line.
 //
 // Shows what the control says and tells it what the user does; decides nothing. Calls that may read
 // folders go to the control from the event loop, never from inside a Qt view: they let messages
@@ -13,6 +14,7 @@
 
 #include "lister/ListerControl.h"
 #include "ui/IconSource.h"
+#include "ui/ListerMouse.h"
 #include "ui/ListerStyle.h"
 
 class QLabel;
@@ -22,6 +24,7 @@ namespace tarnwell::ui {
 class ListerDrives;
 class ListerHeader;
 class ListerModel;
+class ListerToolbar;
 class ListerTree;
 
 class ListerWidget : public QWidget, private lister::ListerView {
@@ -69,8 +72,18 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void BeginDrag() override;
   void CatchUpLater(int milliseconds) override;
 
+  // A wish of the user that waits for its turn. One of a kind that can be told again and again,
+  // such as a held key, waits once at most.
+  struct Task {
+    std::function<void()> Run;
+    int Kind = 0;  // 0 for all that stand for themselves
+  };
+  using MouseCall = void (lister::ListerControl::*)(const lister::RowPointer&);
+
   void BuildDriveList();
+  void BuildToolbar();
   void ConnectTree();
+  void ConnectMouse();
   void ConnectHeader();
   void TellFocus();
   void PlaceChildren();
@@ -78,10 +91,14 @@ class ListerWidget : public QWidget, private lister::ListerView {
 
   // Runs the task from the event loop, after those before it, unless the control has let go of the
   // widget by then.
-  void Queue(std::function<void()> task);
+  void Queue(std::function<void()> run, int kind = 0);
   void RunNextTask();
   void QueueMove(const QModelIndex& index);
   void QueueExpansion(const QModelIndex& index);
+  void QueueKey(const QKeyEvent& event);
+  void RunKey(QKeyEvent& event);
+  void QueueMouse(MouseCall call, const PointerReport& report, int kind = 0);
+  void RunDrag();
 
   // Takes over from the control which of these rows, and of those below, are expanded.
   void ShowExpansion(lister::RowId parent, int first, int last);
@@ -89,21 +106,25 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void ShowRows();
   void ShowCurrent();
   void ScrollToCurrent();
+  // Screen readers learn of the selection from Qt, which nothing else here asks about it.
+  void MirrorSelection();
 
   lister::ListerControl& control_;
   const bool fileList_;
   const IconSource& icons_;
   ListerStyle style_;
   ListerModel* model_;
-  ListerDrives* drives_ = nullptr;  // folder lists only
+  ListerDrives* drives_ = nullptr;    // folder lists only
+  ListerToolbar* toolbar_ = nullptr;  // file lists only
   ListerTree* tree_;
   ListerHeader* header_;
   QLabel* status_;
 
   QTimer taskTimer_;
   QTimer catchUpTimer_;
-  std::deque<std::function<void()>> tasks_;
+  std::deque<Task> tasks_;
   QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
+  int border_ = 0;              // pixels round the list
   int rowChanges_ = 0;          // calls that change rows and are not ended
   bool scrollDue_ = false;      // the current row is to be brought into view once there is one
   lister::RowId insertParent_ = lister::RootRow;

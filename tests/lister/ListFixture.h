@@ -16,6 +16,10 @@ namespace tarnwell::lister {
 struct EventRecord : ListerEvents {
   std::vector<std::string> Told;
   std::function<void()> OnFolderSelected;
+  ListerControl* Answers = nullptr;  // gets what the form answers to mouse and keys
+  bool SpaceHeld = false;
+  std::string Bookmark;  // in every slot
+  RightClick Clicked;    // the last
 
   void FolderSelected(ListId list) override {
     Told.push_back("FolderSelected " + std::to_string(list));
@@ -30,9 +34,56 @@ struct EventRecord : ListerEvents {
   void ItemFocused(ListId, std::int16_t item) override {
     Told.push_back("ItemFocused " + std::to_string(item));
   }
+  void ListFocused(ListId) override { Told.emplace_back("ListFocused"); }
+  void TitleColorAsked(ListId) override { Told.emplace_back("TitleColorAsked"); }
+  void MouseReleased(ListId) override { Told.emplace_back("MouseReleased"); }
+  void DragBegun(ListId, const MouseEvent&) override {
+    Told.emplace_back("DragBegun");
+    if (Answers != nullptr) Answers->Drag(1);
+  }
+  void DragMoved(ListId, const MouseEvent&) override { Told.emplace_back("DragMoved"); }
+  void DragEnded(ListId, const MouseEvent&) override { Told.emplace_back("DragEnded"); }
+  void RightClicked(ListId, const RightClick& click) override {
+    Told.push_back("RightClicked " + click.Path);
+    Clicked = click;
+  }
+  void MouseLockAsked(ListId, bool& locked) override {
+    Told.emplace_back(locked ? "Locked" : "Unlocked");
+    if (Answers != nullptr) Answers->MouseLocked = locked;
+  }
+  void ListKeyDown(ListId, std::int16_t& keyCode) override {
+    Told.push_back("ListKeyDown " + std::to_string(keyCode));
+    if (Answers == nullptr) return;
+    if (keyCode != 32) return Answers->ArrowKey(keyCode, SpaceHeld);
+    SpaceHeld = true;
+    Answers->SpaceKey();
+  }
+  void SpaceReleased(ListId) override {
+    Told.emplace_back("SpaceReleased");
+    SpaceHeld = false;
+  }
+  void NewFolderAt(ListId, const std::string& folder, const std::string& name) override {
+    Told.push_back("NewFolderAt " + folder + name);
+  }
+  void NewFolderAsked(ListId) override { Told.emplace_back("NewFolderAsked"); }
+  void UpFolderKey(ListId, int keyCode, int) override {
+    Told.push_back("UpFolderKey " + std::to_string(keyCode));
+  }
+  void CloseAsked(ListId) override { Told.emplace_back("CloseAsked"); }
+  void CommandTextAsked(ListId, const std::string& text) override {
+    Told.push_back("CommandTextAsked " + text);
+  }
   void StatusMessage(ListId, const std::string& text) override {
     Told.push_back("StatusMessage " + text);
   }
+  void BookmarkAsked(ListId, std::int16_t& slot, std::string& path) override {
+    Told.push_back("BookmarkAsked " + std::to_string(slot));
+    path = Bookmark;
+  }
+  void DropSourceSet(ListId list) override {
+    Told.push_back("DropSourceSet " + std::to_string(list));
+  }
+  void ItemsDropped(ListId, const Drop&) override { Told.emplace_back("ItemsDropped"); }
   // What was told since the last call.
   std::vector<std::string> Take() { return std::exchange(Told, {}); }
 };

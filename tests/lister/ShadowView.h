@@ -24,6 +24,9 @@ class ShadowView : public NoView {
   int Resets = 0;
   int Reorders = 0;
   int CurrentChanges = 0;
+  int SelectionChanges = 0;
+  int Drags = 0;
+  int Page = 1;
   int Repaints = 0;
   int FilterChanges = 0;
   RowRange Visible;
@@ -87,6 +90,9 @@ class ShadowView : public NoView {
   RowRange VisibleRows() const override { return Visible; }
   RowId RowUnderPointer() const override { return Pointed; }
   void CurrentChanged() override { ++CurrentChanges; }
+  void SelectionChanged() override { ++SelectionChanges; }
+  void BeginDrag() override { ++Drags; }
+  int PageRows() const override { return Page; }
   void CatchUpLater(int milliseconds) override { CatchUps.push_back(milliseconds); }
 
  private:

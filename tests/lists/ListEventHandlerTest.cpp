@@ -1,5 +1,6 @@
 #include "TestLists.h"
 #include "lister/ListInput.h"
+#include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 
 namespace tarnwell::lists {
@@ -21,7 +22,7 @@ class ListEventHandlerTest : public testing::Test, public TestLists {
 
 TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Lists[101].Focused();
-  EXPECT_EQ(Lists(), (Ids{101, 0, 101}));
+  EXPECT_EQ(Lists(), (Ids{101, 101, 101}));
   EXPECT_TRUE(Space.Lists[101].IsActive());
   Space.Form.cboCommand.Text = "dir";
   Space.Lists[101].Focused();  // nothing new, and so nothing is drawn
@@ -71,6 +72,48 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   EXPECT_EQ(Messages.Texts, (workspace::Texts{"No such file"}));
   Handler.CloseAsked(1);
   EXPECT_EQ(Closed, 1);
+}
+
+TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
+  Platform.Files.AddFile("C:\\Data\\Sub\\a.txt");
+  Space.Lists[100].RefreshList();
+  Space.ActiveList = 100;
+  Space.Lists[101].KeyDown(lister::DownKey, 0);  // reported by another list
+  Space.Lists[100].KeyDown(lister::DownKey, 0);
+  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "a.txt"));
+  EXPECT_TRUE(Space.Lists[100].Look(Row(100, "a.txt")).IsSelected);
+  Space.Lists[100].KeyDown(lister::SpaceKeyCode, 0);
+  EXPECT_TRUE(Space.SpaceHeld);
+  EXPECT_FALSE(Space.Lists[100].Look(Row(100, "a.txt")).IsSelected);
+  Space.Lists[100].KeyDown(lister::UpKey, 0);  // takes the next one out as well
+  EXPECT_FALSE(Space.Lists[100].Look(Row(100, "Deep")).IsSelected);
+  Space.Lists[100].KeyUp(lister::SpaceKeyCode);
+  EXPECT_FALSE(Space.SpaceHeld);
+
+  bool locked = true;
+  Handler.MouseLockAsked(1, locked);
+  Space.ForEachList([](lister::ListerControl& list) { EXPECT_TRUE(list.MouseLocked); });
+  Handler.DragBegun(101, {});
+  EXPECT_EQ(Space.CurrentList, 101);
+  EXPECT_EQ(Space.ResizeAction, "DragStart");
+  Handler.DragEnded(101, {});
+  EXPECT_EQ(Space.ResizeAction, "");
+}
+
+TEST_F(ListEventHandlerTest, HiddenItemsAreShownInOpenPanesAtOnce) {
+  for (const int pane : {0, 1}) {
+    Platform.Files.AddFile("C:\\Data\\Sub\\secret").IsHidden = true;
+    Space.Lists.Files(pane).RefreshList();
+  }
+  Pane(1).Status = workspace::Closed;
+  ListCommands commands(Space);
+  commands.HiddenShowHide();
+  EXPECT_TRUE(Space.Form.Menus["mnuHidden"].Checked);
+  EXPECT_NE(Row(100, "secret"), lister::NoRow);
+  EXPECT_EQ(Row(101, "secret"), lister::NoRow);
+  EXPECT_TRUE(Space.Lists[101].ShowHidden);
+  commands.HiddenShowHide();
+  EXPECT_EQ(Row(100, "secret"), lister::NoRow);
 }
 
 }  // namespace

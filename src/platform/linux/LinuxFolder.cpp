@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdio>
-#include <cstring>
 
 #include "platform/linux/FolderBuffer.h"
 #include "platform/linux/ItemNotes.h"
@@ -41,8 +40,8 @@ class EndedName {
     } else if (start.size() + name.size() >= text_.size()) {
       error_ = ENAMETOOLONG;
     } else {
-      std::memcpy(text_.data(), start.data(), start.size());
-      std::memcpy(text_.data() + start.size(), name.data(), name.size());
+      start.copy(text_.data(), start.size());
+      name.copy(text_.data() + start.size(), name.size());
       text_[start.size() + name.size()] = '\0';
     }
   }

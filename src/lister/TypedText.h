@@ -1,0 +1,33 @@
+// What the user types to find a row, letter by letter.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tarnwell::lister {
+
+class TypedText {
+ public:
+  // Text that comes within a second of the last one, in milliseconds, is added to it.
+  void Add(std::string_view text, std::int64_t now);
+  void Set(const std::string& text);
+  bool GoesOn(std::int64_t now) const { return !typed_.empty() && now - last_ < Pause; }
+
+  // What names are to begin with. Several times the same letter means that letter.
+  const std::string& Wanted() const { return wanted_; }
+  // The row with the cursor will do if its name fits; otherwise the search begins behind it.
+  bool TakesCurrent() const;
+
+  // Without regard to case.
+  static bool Begins(std::string_view name, std::string_view wanted);
+
+ private:
+  static constexpr std::int64_t Pause = 1000;
+
+  std::string typed_;
+  std::string wanted_;
+  std::int64_t last_ = 0;
+};
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,60 @@
+#include "ui/ListerDrag.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+namespace tarnwell::ui {
+
+namespace {
+
+constexpr int Side = 32;
+constexpr int Margin = 6;
+
+}  // namespace
+
+std::vector<std::string_view> SplitItems(const std::string& items) {
+  std::vector<std::string_view> paths;
+  std::string_view rest = items;
+  for (std::size_t end = rest.find('\0'); end != std::string_view::npos && end > 0;
+       end = rest.find('\0')) {
+    paths.push_back(rest.substr(0, end));
+    rest.remove_prefix(end + 1);
+  }
+  return paths;
+}
+
+std::unique_ptr<QMimeData> MimeDataOf(const std::vector<std::string_view>& paths) {
+  QByteArray list;
+  for (const std::string_view path : paths) {
+    const auto bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
+    list += "file://" + bytes.toPercentEncoding("/") + "\r\n";
+  }
+  auto data = std::make_unique<QMimeData>();
+  data->setData(QStringLiteral("text/uri-list"), list);
+  return data;
+}
+
+QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colours,
+                    const QFont& font, double pixelRatio) {
+  QFont bold = font;
+  bold.setBold(true);
+  const QFontMetrics metrics(bold);
+  const QString number = count > 1 ? QString::number(count) : QString();
+  const int text = number.isEmpty() ? 0 : metrics.horizontalAdvance(number) + Margin;
+  const QSize size(Side + text + 2 * Margin, Side + 2 * Margin);
+  QPixmap picture(size * pixelRatio);
+  picture.setDevicePixelRatio(pixelRatio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(colours.color(QPalette::Mid));
+  painter.setBrush(colours.color(QPalette::Base));
+  painter.drawRoundedRect(QRectF(QPointF(0.5, 0.5), QSizeF(size) - QSizeF(1, 1)), 5, 5);
+  icon.paint(&painter, QRect(Margin, Margin, Side, Side));
+  painter.setPen(colours.color(QPalette::Text));
+  painter.setFont(bold);
+  painter.drawText(QRect(2 * Margin + Side, 0, text, size.height()), Qt::AlignVCenter, number);
+  return picture;
+}
+
+}  // namespace tarnwell::ui

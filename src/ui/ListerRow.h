@@ -1,0 +1,31 @@
+// Where the parts of a row stand, for those who paint it and for the mouse.
+#pragma once
+
+#include <QRect>
+#include <algorithm>
+
+namespace tarnwell::ui {
+
+inline constexpr int CellMargin = 6;     // left and right of a cell's text, pixels
+inline constexpr int ColourBar = 4;      // at the left edge of an item that is coded with a colour
+inline constexpr int SelectionGap = 14;  // between icon and name, where the arrow stands
+inline constexpr int IconGap = 5;        // the same in a folder list, which has no arrow
+
+struct NameCell {
+  QRect Icon;
+  QRect Gap;
+  QRect Text;  // what is left for the name; may be empty
+};
+
+// The parts of the name cell that fills `cell`, with an icon of `side` pixels.
+inline NameCell PartsOfName(const QRect& cell, int side, bool fileList) {
+  const int left = cell.left() + (fileList ? ColourBar + 3 : 2);
+  const int gap = fileList ? SelectionGap : IconGap;
+  const int text = left + side + gap;
+  return {.Icon = QRect(left, cell.top() + (cell.height() - side) / 2, side, side),
+          .Gap = QRect(left + side, cell.top(), gap, cell.height()),
+          .Text = QRect(text, cell.top(), std::max(0, cell.right() + 1 - CellMargin - text),
+                        cell.height())};
+}
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,76 @@
+// The small toolbar above a file list: what the list is filtered by, and three buttons.
+//
+// Shows what the control says of the filter and reports what the user wants; filters nothing.
+#pragma once
+
+#include <QLineEdit>
+#include <QToolButton>
+#include <QWidget>
+#include <array>
+
+#include "lister/ListerControl.h"
+#include "ui/IconSource.h"
+#include "ui/ListerStyle.h"
+
+namespace tarnwell::ui {
+
+class ExtensionBox;
+
+// The field for the filter. Escape empties it; Escape, Enter and Down lead back to the list.
+class FilterField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  explicit FilterField(QWidget* parent) : QLineEdit(parent) {}
+
+ signals:
+  void ListAsked();
+  void FocusChanged();
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+};
+
+class ListerToolbar : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Control and style outlive the toolbar.
+  ListerToolbar(const lister::ListerControl& control, const ListerStyle& style,
+                const IconSource& icons, QWidget* parent);
+
+  void ShowFilter();
+  void ShowStyle();
+  QSize sizeHint() const override;
+
+ signals:
+  void FilterTyped(const QString& text);
+  void ExtensionChosen(const QByteArray& extension);  // empty for all
+  void CalculateAsked();
+  void UpAsked();
+  void NewFolderAsked();
+  void ListAsked();  // the keyboard is to go to the list
+  void FocusTaken();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void AddButton(std::size_t number, const QString& icon, const QString& tip,
+                 void (ListerToolbar::*clicked)(), const IconSource& icons);
+  // All extensions of the folder; worked out when the user is about to see them.
+  void FillExtensions();
+  void PlaceChildren();
+
+  const lister::ListerControl& control_;
+  const ListerStyle& style_;
+  ExtensionBox* extensions_;
+  FilterField* filter_;
+  std::array<QToolButton*, 3> buttons_{};
+};
+
+}  // namespace tarnwell::ui

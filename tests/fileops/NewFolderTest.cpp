@@ -1,0 +1,55 @@
+#include "fileops/NewFolder.h"
+#include "fileops/popNewFolder.h"
+#include "lists/TestLists.h"
+
+namespace tarnwell::fileops {
+namespace {
+
+class NewFolderTest : public testing::Test, public lists::TestLists {
+ protected:
+  NewFolderTest() {
+    SetUpPane(0, "C:\\Data");
+    Nav.LoadFolders(0);
+    Space.CurrentList = 100;
+  }
+  // The user types the name and presses the button.
+  void Create(const std::string& name) {
+    Host.OnModal = [=](forms::Form& form) {
+      auto& dialog = dynamic_cast<popNewFolder&>(form);
+      EXPECT_EQ(dialog.txtDest.Text, "C:\\Data\\");
+      dialog.txtNewFolderName.Text = name;
+      dialog.cmdCopyClick();
+    };
+    Command.CreateNewFolder(true);
+  }
+
+  DialogFields Fields;
+  NewFolder Command{Space, Platform.Files, Host, Messages, Fields};
+};
+
+TEST_F(NewFolderTest, MakesTheFolderAndShowsIt) {
+  const std::size_t watches = Platform.Watches.Watched().size();
+  Create("New");
+  EXPECT_TRUE(Platform.Files.FolderExists("C:\\Data\\New"));
+  EXPECT_NE(Row(100, "New"), lister::NoRow);
+  EXPECT_TRUE(Messages.Texts.empty());
+  Create("New");  // a name that is taken
+  Create("cancel");
+  Create("");
+  Host.OnModal = {};  // closed by its frame
+  Command.CreateNewFolder(true);
+  EXPECT_EQ(Messages.Texts,
+            std::vector<std::string>{"Sorry, you cannot make a new folder here.\r\n\r\nThe system "
+                                     "returned the following message:\r\n\r\n     File exists"});
+  EXPECT_EQ(Space.Lists[100].ChildCount(lister::RootRow), 1);
+  EXPECT_EQ(Platform.Watches.Watched().size(), watches);  // the bracket is closed on every way
+}
+
+TEST_F(NewFolderTest, SaysSoWhereThereIsNoPlace) {
+  Platform.Files.Remove("C:\\Data");
+  Command.CreateNewFolder(true);
+  EXPECT_EQ(Messages.Texts, std::vector<std::string>{"Sorry, you cannot make a new folder here."});
+}
+
+}  // namespace
+}  // namespace tarnwell::fileops

@@ -1,0 +1,448 @@
+#include <algorithm>
+#include <random>
+#include <set>
+
+#include "ListFixture.h"
+#include "lister/FolderTree.h"
+#include "lister/ListInput.h"
+
+namespace tarnwell::lister {
+namespace {
+
+class Selection : public ListFixture {
+ protected:
+  explicit Selection(ListId id = 102, const base::PathSyntax& syntax = base::PathSyntax::Windows())
+      : ListFixture(id, syntax) {
+    Events.Answers = &List;
+    View.Page = 4;
+  }
+
+  void Make(const Texts& names) {
+    for (const std::string& name : names) Platform.Files.AddFile("C:\\box\\" + name);
+    Load();
+  }
+  void Load(std::string folder = "C:\\box") {
+    List.LoadFolderContents(folder, true);
+    Events.Take();
+  }
+  RowPointer At(int position, RowPart part, int shift = 0, int button = 1) const {
+    const bool none = position < 0 || position >= List.ChildCount(RootRow);
+    return {none ? NoRow : List.Child(RootRow, position),
+            position,
+            none ? RowPart::None : part,
+            {button, shift, 15, 30}};
+  }
+  RowPointer On(RowId row, int button = 1) const {
+    return {row, List.PositionOf(row), RowPart::Item, {button, 0, 15, 30}};
+  }
+  void Click(int position, RowPart part, int shift = 0) {
+    List.MouseDown(At(position, part, shift));
+    List.MouseUp(At(position, part, shift));
+  }
+  // Down at the first position, then over the others.
+  void Pull(const std::vector<int>& positions, RowPart part, int shift = 0) {
+    List.MouseDown(At(positions[0], part, shift));
+    for (std::size_t at = 1; at < positions.size(); ++at) {
+      List.MouseMoved(At(positions[at], part, shift));
+    }
+  }
+  std::string Current() const { return List.CellText(List.CurrentRow(), HeadingId::Name); }
+  // Kind, folder and name of what an action by mouse would work on.
+  std::string Clicked() const {
+    std::string folder, name;
+    std::int32_t kind = -1;
+    List.GetClickedItem(folder, name, false, kind);
+    return std::to_string(kind) + " " + folder + "+" + name;
+  }
+  // The positions that are selected, by both ways to ask.
+  std::string Marks() const {
+    std::string marks, ranges;
+    for (int at = 0; at < List.ChildCount(RootRow); ++at) {
+      marks += List.Look(List.Child(RootRow, at)).IsSelected ? '#' : '.';
+    }
+    ranges.resize(marks.size(), '.');
+    for (const RowRange range : List.SelectedRanges()) {
+      for (int at = range.First; at <= range.Last; ++at) ranges[static_cast<std::size_t>(at)] = '#';
+    }
+    EXPECT_EQ(marks, ranges);
+    return marks;
+  }
+};
+
+// What a user expects, by names alone.
+struct Model {
+  Texts Rows;
+  std::set<std::string> Selected;
+  std::string Current, Anchor;
+
+  int PositionOf(const std::string& name) const {
+    return static_cast<int>(std::find(Rows.begin(), Rows.end(), name) - Rows.begin());
+  }
+  void Choose(int position, int shift) {
+    const std::string& row = Rows[static_cast<std::size_t>(position)];
+    if ((shift & ShiftDown) != 0) {
+      if (PositionOf(Anchor) == static_cast<int>(Rows.size())) Anchor = Current;
+      if (PositionOf(Anchor) == static_cast<int>(Rows.size())) Anchor = row;
+      if (shift == ShiftDown) Selected.clear();
+      const auto [first, last] = std::minmax({PositionOf(Anchor), position});
+      Selected.insert(Rows.begin() + first, Rows.begin() + last + 1);
+      return;
+    }
+    Anchor = row;
+    if (shift == 0) Selected = {row};
+    if (shift == CtrlDown && Selected.erase(row) == 0) Selected.insert(row);
+  }
+};
+
+TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
+  for (int number = 0; number < 24; ++number) Make({"f" + std::to_string(number)});
+  std::mt19937 random(11);
+  const auto pick = [&](int below) { return static_cast<int>(random() % unsigned(below)); };
+  constexpr int masks[] = {0, ShiftDown, CtrlDown, ShiftDown | CtrlDown};
+  constexpr int keys[] = {UpKey, DownKey, HomeKey, EndKey, PageUpKey, PageDownKey};
+  Model model;
+  for (int round = 0; round < 3000; ++round) {
+    model.Rows = Names();
+    model.Current = Current();
+    const int count = static_cast<int>(model.Rows.size());
+    const int place = pick(count), shift = masks[pick(4)], steps[] = {-1, 1, -99, 99, -4, 4};
+    const std::string row = model.Rows[static_cast<std::size_t>(place)];
+    const std::set<std::string> before = model.Selected;
+    const int changes = View.SelectionChanges;
+    bool once = true;
+    switch (pick(6)) {
+      case 0:
+        Click(place, pick(2) == 0 ? RowPart::Item : RowPart::Rest, shift);
+        model.Choose(place, shift);
+        break;
+      case 1:
+        Click(place, RowPart::Gap, shift);
+        model.Choose(place, CtrlDown);
+        break;
+      case 2: {
+        const int key = pick(6), here = model.PositionOf(model.Current);
+        List.KeyDown(keys[key], shift);
+        int there = std::clamp(here + steps[key], 0, count - 1);
+        if (here == count) there = keys[key] == EndKey ? count - 1 : 0;
+        if (shift != CtrlDown) model.Choose(there, shift);
+        EXPECT_EQ(Current(), model.Rows[static_cast<std::size_t>(there)]);
+        break;
+      }
+      case 3:
+        if (pick(8) != 0) break;
+        if (pick(2) == 0) {
+          List.KeyDown('A', CtrlDown);
+          model.Selected = {model.Rows.begin(), model.Rows.end()};
+        } else {
+          Click(count, RowPart::None, shift);
+          if (shift == 0) model.Selected.clear();
+        }
+        break;
+      case 4:
+        once = false;
+        if (count > 8) Platform.Files.Remove("C:\\box\\" + row);
+        if (pick(2) == 0) Platform.Files.AddFile("C:\\box\\n" + std::to_string(round));
+        List.RefreshList();
+        break;
+      case 5:
+        once = false;
+        List.SetFilterText(pick(2) == 0 ? "" : "*" + std::to_string(pick(10)) + "*");
+        if (List.ChildCount(RootRow) > 0) break;
+        List.SetFilterText("");
+        model.Selected.clear();  // what was taken off the screen is not selected any more
+        break;
+    }
+    std::set<std::string> left;
+    std::string marks;
+    for (const std::string& name : Names()) {
+      marks += model.Selected.contains(name) ? '#' : '.';
+      if (marks.back() == '#') left.insert(name);
+    }
+    model.Selected = left;
+    ASSERT_EQ(Marks(), marks) << round;
+    EXPECT_TRUE(!once || View.SelectionChanges - changes == (before != model.Selected)) << round;
+  }
+}
+
+TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
+  Make({"a", "b", "c", "d", "e", "f"});
+  Click(2, RowPart::Item);
+  EXPECT_EQ(Events.Take(),
+            (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "MouseReleased"}));
+  // Rows that a sweep leaves again get back what they had; the ends of the list hold it up.
+  Pull({0, 4, 1}, RowPart::Gap);
+  EXPECT_EQ(Marks(), "###...");
+  EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Sweep);
+  EXPECT_TRUE(List.MouseLocked);
+  List.MouseMoved(At(9, RowPart::None));
+  EXPECT_EQ(Marks(), "######");
+  Platform.Files.Remove("C:\\box\\b");  // rows go, and their numbers serve others
+  Platform.Files.AddFile("C:\\box\\g");
+  List.RefreshList();
+  List.MouseMoved(At(-1, RowPart::None));
+  EXPECT_EQ(Marks(), "##....");
+  List.MouseDown(At(3, RowPart::Item, 0, 2));  // no menu meanwhile
+  List.MouseUp({});
+  EXPECT_FALSE(List.MouseLocked);
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 0", "Locked",
+                                  "Unlocked", "MouseReleased"}));
+
+  std::string other = "D:\\";
+  // A frame; whatever ends it lets the other lists go, and what comes after it does nothing.
+  const auto frame = [&](int from, int shift, const std::function<void()>& end) {
+    Pull({from, 2}, RowPart::Rest, shift);
+    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Band);
+    const std::string marks = Marks();
+    Events.Take();
+    end();
+    EXPECT_FALSE(List.MouseLocked);
+    EXPECT_EQ(Events.Take()[0], "Unlocked");
+    List.MouseMoved(At(0, RowPart::Item));
+    List.MouseUp({});
+    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::None);
+    EXPECT_NE(Events.Take().back(), "Unlocked");
+    return marks + " " + Marks();
+  };
+  EXPECT_EQ(frame(6, 0, [&] { EXPECT_TRUE(List.KeyDown(EscapeKey, 0)); }), "..#### ##....");
+  EXPECT_FALSE(List.KeyDown(EscapeKey, 0));
+  EXPECT_EQ(frame(6, ShiftDown, [&] { Click(6, RowPart::None); }), "###### ......");  // an end lost
+  EXPECT_EQ(frame(0, 0, [&] { List.LoadFolderContents(other, true); }), "###... ");
+  Load();
+  EXPECT_EQ(frame(1, CtrlDown, [&] { List.MouseUp({}); }), ".##... .##...");
+
+  // Several are dragged; a click without a drag breaks the selection up when the button comes up.
+  List.MouseDown(At(2, RowPart::Item));
+  EXPECT_EQ(Marks(), ".##...");
+  List.MouseMoved(At(4, RowPart::Item));
+  List.MouseMoved(At(5, RowPart::Item));
+  EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Drag);
+  List.DragFinished({});
+  List.MouseUp({});
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "DragBegun",
+                                  "DragMoved", "DragEnded", "MouseReleased"}));
+  EXPECT_EQ(Marks() + std::to_string(View.Drags), ".##...1");
+  List.MouseDown(At(2, RowPart::Item, CtrlDown));
+  EXPECT_EQ(Marks(), ".##...");
+  List.MouseUp(At(2, RowPart::Item, CtrlDown));
+  EXPECT_EQ(Marks(), ".#....");
+
+  // The other button keeps what is selected where it comes down on that or on nothing.
+  Events.Take();
+  List.MouseDown(At(1, RowPart::Rest, 0, 2));
+  EXPECT_EQ(Events.Clicked.Folder + "+" + Events.Clicked.Name, "C:\\box\\+c");
+  List.MouseDown(At(7, RowPart::None, 0, 2));
+  EXPECT_EQ(Events.Clicked.Folder + "+" + Events.Clicked.Name, "C:\\box\\+");
+  EXPECT_EQ(Marks(), ".#....");
+  List.MouseDown(At(0, RowPart::Item, 0, 4));
+  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  EXPECT_EQ(Marks(), "#.....");
+  EXPECT_FALSE(Events.Clicked.UsePath);
+  List.MouseLocked = true;
+  Events.Take();
+  Pull({3, 4}, RowPart::Gap);
+  List.MouseDown(At(3, RowPart::Item, 0, 2));
+  EXPECT_TRUE(Events.Take().empty());
+  EXPECT_EQ(Marks(), "#.....");
+  List.MouseLocked = false;
+  frame(1, 0, [&] { List.Terminate(); });
+}
+
+TEST_F(Selection, TakesKeysAndTypedText) {
+  Platform.Files.AddFolder("C:\\box\\sub");
+  Make({"bar", "Bat", "b c", "moon", "s\xC3\xBCn"});  // sub, b c, bar, Bat, moon, sün
+  const auto press = [&](int key, int shift = 0) { return List.KeyDown(key, shift); };
+  // With Space held, arrows make of the rows what Space made of the first.
+  for (const int key : {HomeKey, SpaceKeyCode, SpaceKeyCode, DownKey, DownKey}) press(key);
+  EXPECT_EQ(Marks(), "......");
+  List.KeyUp(SpaceKeyCode);
+  for (const int key : {SpaceKeyCode, DownKey, DownKey, UpKey}) press(key);
+  List.KeyUp(SpaceKeyCode);
+  EXPECT_EQ(Marks(), "..##..");
+  press(InsertKey);
+  EXPECT_EQ(Marks() + Current(), "..#...moon");
+  List.SelectAll();
+  List.SelectAll("none");
+  EXPECT_EQ(Marks(), "......");
+  List.PrepareSelectionKeyboard();
+  EXPECT_EQ(Marks(), "....#.");
+
+  const auto type = [&](const char* text) {
+    List.TypeText(text);
+    return Current() + "|" + List.StatusText();
+  };
+  press(HomeKey);
+  EXPECT_EQ(type("B"), "b c|Find: B");
+  EXPECT_EQ(type("B"), "bar|Find: B");
+  EXPECT_EQ(type("a"), "bar|No item begins with BBa");
+  Platform.Clock.Tick += 1000;
+  EXPECT_EQ(type("b"), "Bat|Find: b");
+  EXPECT_EQ(type("a"), "Bat|Find: ba");
+  EXPECT_EQ(Marks(), "...#..");
+  EXPECT_TRUE(press(EscapeKey));
+  EXPECT_FALSE(press(EscapeKey));
+  EXPECT_EQ(List.StatusText().find("Find"), std::string::npos);
+  EXPECT_EQ(type("S\xC3\xBC"), "s\xC3\xBCn|Find: S\xC3\xBC");
+  press(EscapeKey);
+  EXPECT_EQ(type("b"), "b c|Find: b");
+  EXPECT_FALSE(press(SpaceKeyCode));  // within a name
+  EXPECT_EQ(type(" "), "b c|Find: b ");
+  List.SetProperty("ActiveString", std::string());
+  press(SpaceKeyCode);
+  EXPECT_EQ(Marks(), "......");
+
+  Events.Take();
+  press(EnterKey, CtrlDown);
+  press(HomeKey, CtrlDown);
+  press(UpKey, AltDown);
+  press('N', CtrlDown | ShiftDown);
+  press('Q', CtrlDown);
+  for (const int key : {EnterKey, BackspaceKey, F3Key}) press(key);
+  EXPECT_FALSE(press('Q', 0) || press(EnterKey, AltDown));
+  EXPECT_EQ(Events.Take(),
+            (Texts{"CommandTextAsked \"C:\\box\\b c\"", "ItemFocused 0", "UpFolderKey 38",
+                   "NewFolderAsked", "CloseAsked", "OpenChildFolder C:\\box\\sub in C:\\box",
+                   "UpFolderKey 8", "ListKeyDown 114"}));
+  for (const char* path : {"", "(empty)", "C:\\gone", "D:\\"}) {
+    Events.Bookmark = path;
+    press('0', CtrlDown);
+  }
+  EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 9", "BookmarkAsked 9", "BookmarkAsked 9",
+                                  "StatusMessage Cannot open C:\\gone: it is no longer there",
+                                  "BookmarkAsked 9", "OpenChildFolder D:\\ in D:\\"}));
+}
+
+TEST_F(Selection, SaysWhatAnActionWorksOn) {
+  Platform.Files.AddFolder("C:\\box\\sub.d");
+  EXPECT_EQ(Clicked() + List.TargetFolder() + List.PasteFolder(), "0 +");
+  Make({"a.tar.gz", ".rc"});  // sub.d, .rc, a.tar.gz
+  EXPECT_EQ(List.FirstSelected() + List.ActiveItemName() + List.DuplicateBaseName(), "");
+  EXPECT_EQ(List.NextSelected(), "end");
+  EXPECT_EQ(Clicked(), "8 C:\\box\\+");
+  Click(2, RowPart::Item);
+  EXPECT_EQ(Clicked(), "4 C:\\box\\+a.tar.gz");
+  EXPECT_EQ(List.DuplicateBaseName(), "C:\\box\\a.tar");
+  EXPECT_EQ(List.FirstSelected(), "C:\\box\\a.tar.gz");
+  Click(1, RowPart::Item, ShiftDown);
+  EXPECT_EQ(List.DuplicateBaseName(), "C:\\box\\.rc");
+  EXPECT_EQ(List.FirstSelected(), ".rc, a.tar.gz");
+  EXPECT_EQ(List.ActiveItemName(), std::string("C:\\box\\.rc\0C:\\box\\a.tar.gz\0\0", 28));
+
+  // The clicked item stays the one that is meant while the menu's action runs.
+  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  List.BeginContextAction();
+  EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  Click(1, RowPart::Item);
+  List.PrepareSelectionMouse();
+  EXPECT_EQ(Marks() + Clicked(), "#..2 C:\\box\\+sub.d");
+  List.EndAction();
+  EXPECT_EQ(Clicked(), "8 C:\\box\\+");
+  EXPECT_EQ(List.TargetFolder(), "C:\\box\\");
+
+  Events.Take();
+  List.DragOver(Row(RootRow, "sub.d"));
+  EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  List.DropOn(Row(RootRow, "sub.d"), {"C:\\x", "x", "copy", 100});
+  EXPECT_FALSE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
+  EXPECT_EQ(List.DropFolder(), "C:\\box\\sub.d\\");
+  List.EndDrop();
+  EXPECT_EQ(List.DropFolder(), "");
+  List.DropOn(Row(RootRow, ".rc"), {"x", "x", "", NoList});
+  EXPECT_EQ(List.DropFolder(), "C:\\box\\");
+  Platform.Files.Remove("C:\\box");
+  EXPECT_EQ(List.TargetFolder() + List.PasteFolder(), "");
+}
+
+class FolderSelection : public Selection {
+ protected:
+  explicit FolderSelection(const base::PathSyntax& syntax = base::PathSyntax::Windows())
+      : Selection(2, syntax) {}
+  void LoadTree(const std::string& root) {
+    for (const char* path : {"a", "box", "d"}) Platform.Files.AddFolder(root + path);
+    Platform.Files.AddFolder(Platform.Files.Syntax().Join(root + "box", "Beta"));
+    std::string drive;
+    List.LoadDrive(drive, false);
+    Events.Take();
+  }
+  RowId Find(const std::string& name) const { return Row(FolderTree::TopRow, name); }
+};
+
+TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
+  LoadTree("C:\\");
+  const auto press = [&](int key, int shift = 0) {
+    EXPECT_TRUE(List.KeyDown(key, shift));
+    return Current() + " ";
+  };
+  std::string way;
+  for (const int key : {DownKey, DownKey, RightKey, DownKey, DownKey, UpKey, UpKey, LeftKey,
+                        DownKey, HomeKey, UpKey, EndKey, LeftKey, RightKey, PageDownKey}) {
+    way += press(key);
+  }
+  EXPECT_EQ(way, "a box box Beta d Beta box box d C:\\ C:\\ d C:\\ a d ");
+  press(UpKey);
+  press(EnterKey);
+  List.TypeText("be");
+  EXPECT_EQ(Current() + List.StatusText(), "BetaFind: be");
+  EXPECT_EQ(List.FirstSelected(), "C:\\box\\Beta");
+  EXPECT_EQ(List.ActiveItemName(), std::string("C:\\box\\Beta\0\0", 13));
+  List.SelectionCursor = 0;
+  EXPECT_EQ((Texts{List.NextSelected(), List.NextSelected()}), (Texts{"C:\\box\\Beta", "end"}));
+  Events.Take();
+  press('N', CtrlDown | ShiftDown);
+  EXPECT_EQ(Events.Take(), Texts{"NewFolderAt C:\\box\\Beta\\"});
+
+  // A right click leaves the open folder as it is.
+  List.MouseDown(On(Find("a"), 2));
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "RightClicked C:\\a"}));
+  EXPECT_TRUE(Events.Clicked.UsePath);
+  EXPECT_EQ(Clicked() + Current(), "2 C:\\+aBeta");
+  EXPECT_EQ(List.TargetFolder() + List.TargetFolder(true), "C:\\a\\C:\\box\\Beta\\");
+  Platform.Files.Remove("C:\\a");  // its number may serve another
+  Platform.Files.AddFolder("C:\\aa");
+  List.RefreshList();
+  EXPECT_EQ(Clicked(), "0 +");
+  EXPECT_EQ(List.TargetFolder(), "C:\\box\\Beta\\");
+  List.MouseDown(On(FolderTree::TopRow, 2));
+  EXPECT_EQ(Clicked(), "1 C:\\+");
+
+  List.DropOn(Find("d"), {"x", "x", "", NoList});
+  EXPECT_EQ(List.DropFolder(), "C:\\d\\");
+  List.DropOn(NoRow, {"x", "x", "", NoList});
+  EXPECT_EQ(List.DropFolder(), "");
+
+  // What is dragged is what the button came down on, and never a drive.
+  Events.Take();
+  List.MouseDown(On(Find("d")));
+  List.MouseMoved(On(Find("box")));
+  EXPECT_EQ(List.FirstSelected(), "C:\\d");
+  List.MouseUp({});
+  List.MouseDown(On(FolderTree::TopRow));
+  List.MouseMoved(On(Find("box")));
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "FolderSelected 2", "DragBegun",
+                                  "DragEnded", "MouseReleased", "ListFocused", "TitleColorAsked"}));
+  List.MoveCurrent(FolderTree::TopRow);
+  EXPECT_EQ(List.DuplicateBaseName() + List.FirstSelected(), "C:");
+  EXPECT_EQ(List.ActiveItemName(), "");
+  Events.Take();
+  Events.Bookmark = "D:\\";
+  press('2', CtrlDown);
+  EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 1", "DriveSelected 2"}));
+}
+
+class PosixFolderSelection : public FolderSelection {
+ protected:
+  PosixFolderSelection() : FolderSelection(base::PathSyntax::Posix()) {}
+};
+
+TEST_F(PosixFolderSelection, NamesTargetsByTheOtherSyntax) {
+  LoadTree("/");
+  EXPECT_EQ(List.FirstSelected(), "/:");
+  List.MouseDown(On(Find("box"), 2));
+  EXPECT_EQ(Clicked() + List.TargetFolder(), "2 /+box/box/");
+  EXPECT_EQ(Events.Clicked.Path + Events.Clicked.Folder + Events.Clicked.Name, "/box/box");
+  List.MouseDown(On(FolderTree::TopRow, 2));
+  EXPECT_EQ(Clicked() + List.TargetFolder(), "1 /+/");
+}
+
+}  // namespace
+}  // namespace tarnwell::lister
