@@ -192,7 +192,6 @@ FolderBody::Outcome FolderBody::RefreshAll() {
   const std::string before = state_.Folder;
   notices_.Clear();
   willCatchUp_ = false;
-  Follower.CaughtUp();
   tree_.AskAnew(FolderTree::TopRow);
   reader_.RefreshAllBelow(FolderTree::TopRow);
   return TellIfMoved(before);

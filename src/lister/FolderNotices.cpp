@@ -12,10 +12,6 @@ constexpr std::size_t MostNames = 256;
 }  // namespace
 
 void FolderNotices::Gather(const std::string& folder, const platform::FolderChanges& changes) {
-  if (folder.empty()) {
-    all_ = true;
-    return;
-  }
   Changes& known = waiting_[folder];
   known.FolderGone = known.FolderGone || changes.FolderGone;
   known.Everything = known.Everything || changes.Everything ||
@@ -27,22 +23,13 @@ void FolderNotices::Gather(const std::string& folder, const platform::FolderChan
   }
 }
 
-void FolderNotices::Clear() {
-  waiting_.clear();
-  all_ = false;
-}
-
 void FolderNotices::Apply() {
   const std::map<std::string, Changes> waiting = std::exchange(waiting_, {});
-  if (!tree_.Has(FolderTree::TopRow)) return Clear();
-  if (std::exchange(all_, false)) {
-    reader_.RefreshAllBelow(FolderTree::TopRow);
-  } else {
-    // A folder comes before those that lie in it.
-    for (const auto& [folder, changes] : waiting) {
-      if (!folders_.GoesOn()) break;
-      ApplyTo(folder, changes);
-    }
+  if (!tree_.Has(FolderTree::TopRow)) return;
+  // A folder comes before those that lie in it.
+  for (const auto& [folder, changes] : waiting) {
+    if (!folders_.GoesOn()) break;
+    ApplyTo(folder, changes);
   }
   RemoveIfGone(tree_.Open());
 }

@@ -18,8 +18,8 @@ class FolderNotices {
 
   // As FolderFollower gives it.
   void Gather(const std::string& folder, const platform::FolderChanges& changes);
-  bool AnyWaiting() const { return all_ || !waiting_.empty(); }
-  void Clear();
+  bool AnyWaiting() const { return !waiting_.empty(); }
+  void Clear() { waiting_.clear(); }
   // Part of a command. The marks of nodes that are gone lie on the nearest folder above afterwards.
   void Apply();
 
@@ -40,7 +40,6 @@ class FolderNotices {
   FolderTree& tree_;
   BranchReader& reader_;
   std::map<std::string, Changes> waiting_;  // by folder
-  bool all_ = false;                        // any folder may have changed
 };
 
 }  // namespace tarnwell::lister
