@@ -476,7 +476,10 @@ TEST_F(FileList, FiltersWithoutTheDisk) {
             "3 of 7 items (1 folder), 1.2 MB. 1 item could not be read: "
             "Permission denied. 3.0 MB free");
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
+  List.SelectAll();
+  EXPECT_TRUE(List.StatusText().starts_with("3 of 7 items (1 folder), 1.2 MB. 3 selected, 1.2 MB"));
   List.SetFilterText("10");
+  EXPECT_TRUE(List.StatusText().starts_with("1 of 7 items (0 folders), 1.2 MB. 1 selected"));
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "b10.txt"));
   List.SetFilterText("none");
   EXPECT_EQ(List.CurrentRow(), NoRow);
