@@ -294,15 +294,6 @@ TEST_F(FileList, LoadsThatComeDuringALoadDoNotNest) {
   EXPECT_EQ(deepest, 1);
   EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
   EXPECT_EQ(Names(), Texts{"inner"});
-
-  // Escape is for the newest.
-  Platform.Pump.Post([this] {
-    Load("C:\\box");
-    List.CancelRequested = true;
-  });
-  Load("C:\\box\\sub");
-  EXPECT_EQ(List.StatusText(), "Reading stopped");
-  EXPECT_EQ(List.CurrentFolder(), "C:\\box");
 }
 
 TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
