@@ -27,14 +27,14 @@ void FolderNotices::Gather(const std::string& folder, const platform::FolderChan
   }
 }
 
-void FolderNotices::Forget() {
+void FolderNotices::Clear() {
   waiting_.clear();
   all_ = false;
 }
 
 void FolderNotices::Apply() {
   const std::map<std::string, Changes> waiting = std::exchange(waiting_, {});
-  if (!tree_.Has(FolderTree::TopRow)) return Forget();
+  if (!tree_.Has(FolderTree::TopRow)) return Clear();
   if (std::exchange(all_, false)) {
     reader_.RefreshAllBelow(FolderTree::TopRow);
   } else {
@@ -66,7 +66,9 @@ void FolderNotices::ApplyTo(const std::string& folder, const Changes& changes) {
 void FolderNotices::ApplyNames(RowId row, const std::string& folder,
                                const std::set<std::string>& names) {
   const platform::FileSystem& files = folders_.List.Services.Files;
+  const ListState& list = folders_.List;
   std::vector<RowId> gone;
+  std::vector<Subfolder> come;
   std::vector<std::string> changed;
   bool reread = false;
   for (const std::string& name : names) {
@@ -75,17 +77,21 @@ void FolderNotices::ApplyNames(RowId row, const std::string& folder,
     const bool isFolder = files.ReadAttributes(folder, name, attributes) &&
                           attributes.Kind == platform::ItemKind::Folder;
     const RowId child = tree_.FindChild(row, name);
-    if (child == NoRow) {
-      reread = reread || isFolder;  // whether it is hidden stands in the listing alone
-    } else if (!isFolder) {
-      gone.push_back(child);
-    } else {
+    if (child != NoRow) {
       const FolderNode& node = tree_.Node(child);
-      reread = reread || node.Name != name || node.IsLink != attributes.IsLink;
-      changed.push_back(name);
+      if (!isFolder) gone.push_back(child);
+      if (isFolder) changed.push_back(name);
+      // Another spelling of the name, or another kind of item.
+      reread = reread || (isFolder && (node.Name != name || node.IsLink != attributes.IsLink ||
+                                       node.IsHidden != attributes.IsHidden));
+    } else if (isFolder && !list.IsFilteredOut({.Name = name,
+                                                .IsHidden = attributes.IsHidden,
+                                                .IsSystem = attributes.IsSystem})) {
+      come.push_back({name, attributes.IsLink, attributes.IsHidden, attributes.IsSystem});
     }
   }
-  Remove(row, gone);
+  Forget(gone);
+  tree_.Change(row, gone, std::move(come), folders_.View());
   if (reread) reader_.Reread(row);
   for (const std::string& name : changed) {
     const RowId child = tree_.FindChild(row, name);
@@ -102,12 +108,14 @@ void FolderNotices::RemoveIfGone(RowId row) {
        row = tree_.Node(row).Parent) {
     highest = row;
   }
-  if (highest != NoRow) Remove(row, {highest});
+  if (highest == NoRow) return;
+  Forget({highest});
+  tree_.Change(row, {highest}, {}, folders_.View());
 }
 
-void FolderNotices::Remove(RowId row, const std::vector<RowId>& gone) {
-  for (const RowId child : gone) folders_.List.Expanded.RemoveWithin(tree_.PathOf(child));
-  tree_.Remove(row, gone, folders_.View());
+// They are gone for certain.
+void FolderNotices::Forget(const std::vector<RowId>& gone) {
+  for (const RowId row : gone) folders_.List.Expanded.RemoveWithin(tree_.PathOf(row));
 }
 
 }  // namespace tarnwell::lister

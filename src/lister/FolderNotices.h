@@ -19,7 +19,7 @@ class FolderNotices {
   // As FolderFollower gives it.
   void Gather(const std::string& folder, const platform::FolderChanges& changes);
   bool AnyWaiting() const { return all_ || !waiting_.empty(); }
-  void Forget();
+  void Clear();
   // Part of a command. The marks of nodes that are gone lie on the nearest folder above afterwards.
   void Apply();
 
@@ -34,7 +34,7 @@ class FolderNotices {
   void ApplyNames(RowId row, const std::string& folder, const std::set<std::string>& names);
   // Removes the node, or the highest above it, that is no longer there.
   void RemoveIfGone(RowId row);
-  void Remove(RowId row, const std::vector<RowId>& gone);
+  void Forget(const std::vector<RowId>& gone);
 
   FolderListState& folders_;
   FolderTree& tree_;

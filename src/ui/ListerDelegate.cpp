@@ -29,8 +29,8 @@ bool IsName(const QModelIndex& index) {
 // The arrow of a selected item, pointing at the name.
 void PaintArrow(QPainter& painter, const QRect& gap, const QColor& colour) {
   const QPointF middle(gap.left() + gap.width() / 2.0, gap.top() + gap.height() / 2.0);
-  const QPointF corners[] = {middle + QPointF(-2.5, -4), middle + QPointF(2.5, 0),
-                             middle + QPointF(-2.5, 4)};
+  const QPointF corners[] = {middle + QPointF(-3, -4.5), middle + QPointF(3, 0),
+                             middle + QPointF(-3, 4.5)};
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
   painter.setBrush(colour);
@@ -91,7 +91,7 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
                      area.height() - 4);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colours.Tints[colour]);
+    painter.setBrush(style_.Tints[colour]);
     painter.drawRoundedRect(tint, 3, 3);
     painter.setRenderHint(QPainter::Antialiasing, false);
   }

@@ -25,6 +25,7 @@ constexpr KeyPair KeyPairs[] = {
     {Qt::Key_Right, lister::RightKey},
     {Qt::Key_Down, lister::DownKey},
     {Qt::Key_F3, lister::F3Key},
+    {Qt::Key_Insert, lister::InsertKey},
 };
 
 bool IsCommand(Qt::KeyboardModifiers modifiers) {

@@ -72,12 +72,9 @@ QColor Distinct(const QColor& colour, const QColor& text, const QColor& backgrou
 }
 
 RowColours ColoursOn(const QColor& fill, const QColor& text, const QColor& secondary) {
-  RowColours colours{.Fill = fill, .Text = text, .Secondary = secondary, .Tints = {}};
-  if (Contrast(fill, secondary) < ReadableContrast) colours.Secondary = text;
-  for (std::size_t at = 0; at < colours.Tints.size(); ++at) {
-    colours.Tints[at] = SelectionColour(fill, ToQColor(lister::ItemColours[at].Colour), text, 30);
-  }
-  return colours;
+  return {.Fill = fill,
+          .Text = text,
+          .Secondary = Contrast(fill, secondary) < ReadableContrast ? text : secondary};
 }
 
 // The colours of rows, from those of the list that the style has by now.
@@ -90,8 +87,9 @@ void AddRowColours(ListerStyle& style, const QColor& secondary) {
   style.Selected = ColoursOn(selection, style.List.color(QPalette::HighlightedText), secondary);
   style.Arrow = Distinct(style.ItemOutline, style.Selected.Text, selection, 3);
   for (std::size_t at = 0; at < style.Bars.size(); ++at) {
-    style.Bars[at] =
-        Distinct(ToQColor(lister::ItemColours[at].Colour), text, background, VisibleContrast);
+    const QColor colour = ToQColor(lister::ItemColours[at].Colour);
+    style.Bars[at] = Distinct(colour, text, background, VisibleContrast);
+    style.Tints[at] = SelectionColour(background, colour, text, 30);
   }
 }
 
@@ -113,7 +111,8 @@ ListerStyle SystemStyle(bool active, const QPalette& system) {
                     .Plain = {},
                     .Hovered = {},
                     .Selected = {},
-                    .Bars = {}};
+                    .Bars = {},
+                    .Tints = {}};
   AddRowColours(style, system.color(QPalette::PlaceholderText));
   return style;
 }
@@ -150,7 +149,8 @@ ListerStyle MakeListerStyle(const lister::ListerColours& colours, bool active,
       .Plain = {},
       .Hovered = {},
       .Selected = {},
-      .Bars = {}};
+      .Bars = {},
+      .Tints = {}};
   style.Drives.setColor(QPalette::Button, drives);
   // The fields on the toolbar are as the list, all round them is the toolbar's.
   style.Toolbar.setColor(QPalette::Window, toolbar);

@@ -10,13 +10,11 @@
 
 namespace tarnwell::ui {
 
-// The colours of a row in one of its states. Text can be read on all that it is painted on.
+// The colours of a row in one of its states.
 struct RowColours {
   QColor Fill;
   QColor Text;
   QColor Secondary;  // cells beside the name, and hidden items
-  // By lister::ItemColour: what lies behind the name of an item that is coded with the colour.
-  std::array<QColor, lister::ItemColours.size()> Tints;
 };
 
 struct ListerStyle {
@@ -36,8 +34,10 @@ struct ListerStyle {
   RowColours Plain;
   RowColours Hovered;
   RowColours Selected;
-  // By lister::ItemColour, to be told from the list's background.
+  // By lister::ItemColour: the bar of an item that is coded with the colour, which can be told from
+  // the list's background, and what lies behind its name.
   std::array<QColor, lister::ItemColours.size()> Bars;
+  std::array<QColor, lister::ItemColours.size()> Tints;
 
   const RowColours& ColoursOf(bool selected, bool hovered) const {
     return selected ? Selected : hovered ? Hovered : Plain;

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "ui/ListerDelegate.h"
 #include "ui/ListerKeys.h"
@@ -184,17 +185,17 @@ int ListerTree::sizeHintForColumn(int column) const {
 // --- What the user does
 
 bool ListerTree::event(QEvent* event) {
-  // The window has Escape as a shortcut; while the mouse is at work it is for the list first.
   if (event->type() == QEvent::ShortcutOverride &&
-      control_.CurrentMouseAction() != MouseAction::None &&
-      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-    event->accept();
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && TakesEscape) {
+    escapeTaken_ = TakesEscape();
+    event->setAccepted(escapeTaken_);
     return true;
   }
   return QTreeView::event(event);
 }
 
 void ListerTree::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && std::exchange(escapeTaken_, false)) return;
   event->setAccepted(KeyCodeOf(*event) != 0 || !TypedText(*event).isEmpty());
   if (event->isAccepted()) emit KeyPressed(*event);
 }
@@ -334,6 +335,15 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
   if (state.Look.Colour != lister::ItemColour::Default) {
     painter->fillRect(QRect(row.left(), row.top() + 1, ColourBar, row.height() - 2),
                       style_.Bars[static_cast<std::size_t>(state.Look.Colour)]);
+  }
+
+  if (state.Look.IsTarget) {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(style_.ItemOutline, 2));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(row).adjusted(2, 2, -2, -2), 3, 3);
+    painter->restore();
   }
 
   if (currentIndex().siblingAtColumn(NameColumn) != name) return;

@@ -4,6 +4,7 @@
 
 #include <QPersistentModelIndex>
 #include <QTreeView>
+#include <functional>
 
 #include "lister/ListerControl.h"
 #include "ui/ListerMouse.h"
@@ -55,6 +56,9 @@ class ListerTree : public QTreeView {
   // How far the rows are scrolled, in pixels.
   QPoint Scrolled() const;
 
+  // Asked when Escape goes down, ahead of the window, which has it as a shortcut: true if the list
+  // had a use for it.
+  std::function<bool()> TakesEscape;
   // What Qt itself does with a key: branches, and in a folder list the cursor.
   bool TakesKey(const QKeyEvent& event) const;
   void HandleKey(QKeyEvent& event) { QTreeView::keyPressEvent(&event); }
@@ -103,7 +107,8 @@ class ListerTree : public QTreeView {
   ListerMouse mouse_;
   QPersistentModelIndex top_;
   bool currentHeld_ = false;
-  int turned_ = 0;  // of the wheel, short of a notch
+  bool escapeTaken_ = false;  // and its key press is still to come
+  int turned_ = 0;            // of the wheel, short of a notch
 };
 
 }  // namespace tarnwell::ui

@@ -14,6 +14,7 @@
 #include <memory>
 #include <utility>
 
+#include "lister/ListInput.h"
 #include "ui/Convert.h"
 #include "ui/ListerDelegate.h"
 #include "ui/ListerDrag.h"
@@ -131,6 +132,9 @@ void ListerWidget::ConnectTree() {
   });
   connect(tree_, &ListerTree::FocusTaken, this, &ListerWidget::TellFocus);
   connect(tree_, &ListerTree::KeyPressed, this, &ListerWidget::QueueKey);
+  tree_->TakesEscape = [this] {
+    return control_.View == this && control_.KeyDown(lister::EscapeKey, 0);
+  };
   connect(tree_, &ListerTree::KeyReleased, this, [this](const QKeyEvent& event) {
     Queue([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] {
       const QPointer<ListerWidget> alive(this);
