@@ -73,6 +73,7 @@ bool ListerTree::IsShown(const QModelIndex& index) const {
 void ListerTree::HoldTop() {
   const int row = verticalScrollBar()->value();  // by rows, all of which are in one branch
   top_ = row > 0 ? model()->index(row, 0) : QModelIndex();
+  topHeld_ = true;
 }
 
 void ListerTree::ReleaseTop() {
@@ -81,17 +82,16 @@ void ListerTree::ReleaseTop() {
     verticalScrollBar()->setValue(top_.row());
   }
   top_ = QModelIndex();
+  topHeld_ = false;
 }
 
 void ListerTree::HoldCurrent() {
   const int row = currentIndex().row();
   const lister::RowRange visible = VisibleRows();
-  currentHeld_ = fileList_ && row >= visible.First && row <= visible.Last;
+  currentHeld_ = fileList_ && !topHeld_ && row >= visible.First && row <= visible.Last;
 }
 
 void ListerTree::ReleaseCurrent() {
-  // The order is new from top to bottom: what was the first in sight is not to be followed.
-  top_ = QModelIndex();
   if (currentHeld_) BringIntoView(currentIndex());
   currentHeld_ = false;
 }

@@ -80,6 +80,8 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   ConnectHeader();
 
   control_.View = this;
+  isRead_ = QAccessible::isActive();
+  QAccessible::installActivationObserver(this);
   SetMeasures();
   StyleChanged();
   DrivesChanged();
@@ -89,6 +91,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
 }
 
 ListerWidget::~ListerWidget() {
+  QAccessible::removeActivationObserver(this);
   if (control_.View == this) control_.View = nullptr;
 }
 
@@ -417,8 +420,13 @@ void ListerWidget::ScrollToCurrent() {
   if (!scrollDue_) tree_->BringIntoView(tree_->currentIndex());
 }
 
+void ListerWidget::accessibilityActiveChanged(bool active) {
+  isRead_ = active;
+  MirrorSelection();
+}
+
 void ListerWidget::MirrorSelection() {
-  if (!fileList_ || !QAccessible::isActive()) return;
+  if (!fileList_ || !isRead_) return;
   const std::vector<lister::RowRange> ranges = control_.SelectedRanges();
   QItemSelection selection;
   if (ranges.size() <= MostMirrored) {
