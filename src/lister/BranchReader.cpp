@@ -202,7 +202,8 @@ base::Status BranchReader::ReadSubfolders(const std::string& folder, const std::
                   [&](const Subfolder& entry) { return list.Syntax.Same(entry.Name, wanted); });
   if (!found && list.Services.Files.ReadAttributes(folder, wanted, attributes) &&
       attributes.Kind == ItemKind::Folder) {
-    listing.Folders.push_back({wanted, attributes.IsLink, false, false});
+    listing.Folders.push_back(
+        {wanted, attributes.IsLink, attributes.IsHidden, attributes.IsSystem});
   }
   return status;
 }

@@ -23,10 +23,12 @@ void DetailsReader::Go(ReadJob& job, std::string_view what, Lacks lacks, Look lo
   const std::int64_t total = std::count_if(all.begin(), all.end(), lacks);
   std::int64_t done = 0;
   bool showsScreen = total > ManyRows;
-  int first = 0, last = -1;  // positions that have changed since the view was told
+  RowRange changed;  // since the view was told
   const auto tell = [&] {
-    if (first <= last) files_.View().CellsChanged(RootRow, first, last);
-    last = -1;
+    if (changed.First <= changed.Last) {
+      files_.View().CellsChanged(RootRow, changed.First, changed.Last);
+    }
+    changed = {};
   };
   while (done < total) {
     const RowId row = walk.Next();
@@ -35,9 +37,9 @@ void DetailsReader::Go(ReadJob& job, std::string_view what, Lacks lacks, Look lo
     ++done;
     const int position = files_.Rows.PositionOf(row);
     if (look(row) && position >= 0) {
-      if (position < last) tell();  // the walk has gone back
-      if (last < 0) first = position;
-      last = position;
+      const bool isFirst = changed.Last < changed.First;
+      changed.First = isFirst ? position : std::min(changed.First, position);
+      changed.Last = std::max(changed.Last, position);
     }
     const bool screenIsDone = showsScreen && !walk.IsOnScreen();
     if (!screenIsDone && !job.Pace.IsDue()) continue;

@@ -210,15 +210,15 @@ void FileReader::Read() {
 base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
   std::uint64_t count = 0;
   bool full = false;
-  const base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
+  base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
     if (job.Pace.IsDue() && !job.Pump("Reading names: " + CountText(count, "item"))) return false;
     if (files_.List.IsFilteredOut(entry)) return true;
     ++count;
     full = rows.Add(entry) == NoRow;
     return !full;
   });
-  if (!full) return status;
-  return {.Code = -1, .Reason = "More names than fit into the list"};
+  if (full) status = {.Code = -1, .Reason = "More names than fit into the list"};
+  return status;
 }
 
 bool FileReader::SortFresh(ReadJob& job, FileRows& fresh) {

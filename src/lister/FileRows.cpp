@@ -38,7 +38,8 @@ bool FileRow::LooksLike(const FileRow& other) const {
 
 RowTotals FileRows::Totals() const {
   RowTotals totals{.Items = Count(), .Selected = selected_};
-  for (const RowId row : order_) {
+  for (RowId row = 1; row <= StoreSize(); ++row) {  // as they are stored: many times quicker
+    if (!Has(row)) continue;
     const FileRow& item = Row(row);
     totals.Folders += item.IsFolder();
     totals.Bytes += item.Size;

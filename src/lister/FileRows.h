@@ -50,7 +50,7 @@ struct FileRow {
   bool NotesWereRead : 1 = false;  // Colour and comment
   bool IsSelected : 1 = false;
   bool WasSelected : 1 = false;  // at the last KeepSelection
-  bool IsUsed : 1 = false;  // an item's, not the place of one that is gone
+  bool IsUsed : 1 = false;       // an item's, not the place of one that is gone
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
   bool HasSize() const { return IsFolder() ? HasFolderSize : HasAttributes; }
@@ -79,7 +79,6 @@ class FileRows {
   const std::string& Folder() const { return folder_; }
   // Rows on show.
   int Count() const { return static_cast<int>(order_.size()); }
-  int FolderCount() const { return Totals().Folders; }
   // A look at every row on show.
   RowTotals Totals() const;
   // On show.

@@ -1,8 +1,6 @@
 #include "lister/FileStatus.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <utility>
 
 #include "lister/CellText.h"
 
@@ -33,14 +31,12 @@ std::string Selected(const RowTotals& totals) {
   return text;
 }
 
-std::string Unreadable(const FileListState& files) {
-  const std::vector<RowId>& all = files.Rows.All();
-  const auto count = std::count_if(all.begin(), all.end(), [&](RowId row) {
-    return files.Rows.Row(row).WasTried && !files.Rows.Row(row).HasAttributes;
-  });
-  if (count == 0) return "";
-  return CountText(static_cast<std::uint64_t>(count), "item") +
-         " could not be read: " + files.Reason;
+std::string Unreadable(const FileRows& rows, const std::string& reason) {
+  std::uint64_t count = 0;
+  for (RowId row = 1; row <= rows.StoreSize(); ++row) {
+    count += rows.IsUsed(row) && rows.Row(row).WasTried && !rows.Row(row).HasAttributes;
+  }
+  return count > 0 ? CountText(count, "item") + " could not be read: " + reason : "";
 }
 
 }  // namespace
@@ -55,7 +51,7 @@ std::string FileSummary(const FileListState& files) {
   if (files.Progress.empty()) Append(text, OnShow(files.Rows, totals));
   Append(text, Selected(totals));
   if (!files.Progress.empty()) return text;
-  if (!files.Reason.empty()) Append(text, Unreadable(files));
+  if (!files.Reason.empty()) Append(text, Unreadable(files.Rows, files.Reason));
   if (files.Space.Total > 0) Append(text, ByteText(files.Space.Free) + " free");
   return text;
 }

@@ -114,7 +114,7 @@ void FolderBody::Resort() {
 void FolderBody::Terminate() {
   state_.IsTerminated = true;
   waiting_.clear();
-  notices_.Forget();
+  notices_.Clear();
   Follower.Stop();
 }
 
@@ -154,7 +154,8 @@ void FolderBody::Collapse(RowId row) {
 
 FolderBody::Outcome FolderBody::Load(const std::string& drive, bool chosen) {
   state_.Drive = drive;
-  notices_.Forget();
+  notices_.Clear();
+  willCatchUp_ = false;
   tree_.Reset(PlainPath(state_.Syntax, state_.Syntax.DriveRoot(drive)), state_.View());
   state_.View().DrivesChanged();
   reader_.Expand(FolderTree::TopRow);
@@ -189,8 +190,8 @@ FolderBody::Outcome FolderBody::OpenRow(RowId row, bool always) {
 FolderBody::Outcome FolderBody::RefreshAll() {
   if (!tree_.Has(FolderTree::TopRow)) return Outcome::Nothing;
   const std::string before = state_.Folder;
-  notices_.Forget();
-  Follower.CaughtUp();
+  notices_.Clear();
+  willCatchUp_ = false;
   tree_.AskAnew(FolderTree::TopRow);
   reader_.RefreshAllBelow(FolderTree::TopRow);
   return TellIfMoved(before);

@@ -6,7 +6,6 @@
 namespace tarnwell::lister {
 
 void FolderFollower::Follow(const std::string& folder) {
-  CaughtUp();
   std::erase_if(entries_, [&](const auto& entry) { return entry.first != folder; });
   if (!folder.empty()) Add(folder);
 }
@@ -35,23 +34,34 @@ bool FolderFollower::Follows(const std::string& folder) const {
 
 void FolderFollower::Stop() {
   stopped_ = true;
-  missed_ = !entries_.empty();
-  for (auto& [folder, entry] : entries_) entry.Watching.reset();
+  for (auto& [folder, entry] : entries_) Watch(folder, entry);
+}
+
+void FolderFollower::Start() {
+  if (!stopped_) return;
+  stopped_ = false;
+  for (auto& [folder, entry] : entries_) Watch(folder, entry);
 }
 
 void FolderFollower::Resume() {
   if (!stopped_) return;
-  stopped_ = false;
-  for (auto& [folder, entry] : entries_) Watch(folder, entry);
-  if (!missed_) return;
-  missed_ = false;
-  changed_("", {.Names = {}, .Everything = true, .FolderGone = false});
+  Start();
+  std::vector<std::string> changed;
+  for (const auto& [folder, entry] : entries_) {
+    if (stamp_(folder) != entry.Stamp) changed.push_back(folder);
+  }
+  for (const std::string& folder : changed) {
+    Notice(folder, {.Names = {}, .Everything = true, .FolderGone = stamp_(folder) == 0});
+  }
 }
 
 void FolderFollower::Watch(const std::string& folder, Entry& entry) {
   entry.IsWorn = false;
   entry.Watching.reset();
-  if (stopped_) return;
+  if (stopped_) {
+    entry.Stamp = stamp_(folder);
+    return;
+  }
   entry.Watching = watches_.Start(
       folder, [this, folder](const platform::FolderChanges& changes) { Notice(folder, changes); });
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -14,14 +15,17 @@ namespace tarnwell::lister {
 
 class FolderFollower {
  public:
-  // The folder is empty, and the changes are Everything, where any of the folders may have changed.
   using Changed =
       std::function<void(const std::string& folder, const platform::FolderChanges& changes)>;
   // No more folders than this: watches are a scarce good.
   static constexpr std::size_t Most = 128;
 
-  FolderFollower(platform::FolderWatch& watches, Changed changed)
-      : watches_(watches), changed_(std::move(changed)) {}
+  // Another number after items of the folder came, went or got another name; 0 for one that is
+  // gone.
+  using Stamp = std::function<std::int64_t(const std::string& folder)>;
+
+  FolderFollower(platform::FolderWatch& watches, Stamp stamp, Changed changed)
+      : watches_(watches), stamp_(std::move(stamp)), changed_(std::move(changed)) {}
 
   // From now on this is the one folder to watch, at once unless stopped. Empty for none. To be
   // called before the folder is read, so that no change falls between the two.
@@ -33,30 +37,29 @@ class FolderFollower {
   void KeepOnly(const std::vector<std::string>& folders);
   bool Follows(const std::string& folder) const;
 
-  // No notices until Resume, whatever is followed meanwhile.
+  // No notices until Start or Resume, whatever is followed meanwhile.
   void Stop();
-  // Tells by an empty folder that something may have been missed, unless CaughtUp or Follow said
-  // otherwise.
+  // What happened since Stop is known already, and not told.
+  void Start();
+  // Tells of the folders that are not as they were at Stop, or when they were last to be read.
   void Resume();
-  bool IsStopped() const { return stopped_; }
-  // What is followed has been read since Stop.
-  void CaughtUp() { missed_ = false; }
 
  private:
   struct Entry {
     std::unique_ptr<platform::Watch> Watching;  // null while stopped, and where there can be none
-    bool IsWorn =
-        false;  // the folder may have gone and come again: to be renewed with the next read
+    // The folder may have gone and come again: to be renewed with the next read.
+    bool IsWorn = false;
+    std::int64_t Stamp = 0;  // while stopped: the folder as it is known
   };
 
   void Watch(const std::string& folder, Entry& entry);
   void Notice(const std::string& folder, const platform::FolderChanges& changes);
 
   platform::FolderWatch& watches_;
+  Stamp stamp_;
   Changed changed_;
   std::map<std::string, Entry> entries_;  // by folder
   bool stopped_ = false;
-  bool missed_ = false;  // changes, since they were not watched for
 };
 
 }  // namespace tarnwell::lister

@@ -12,10 +12,6 @@ constexpr std::size_t MostNames = 256;
 }  // namespace
 
 void FolderNotices::Gather(const std::string& folder, const platform::FolderChanges& changes) {
-  if (folder.empty()) {
-    all_ = true;
-    return;
-  }
   Changes& known = waiting_[folder];
   known.FolderGone = known.FolderGone || changes.FolderGone;
   known.Everything = known.Everything || changes.Everything ||
@@ -27,22 +23,13 @@ void FolderNotices::Gather(const std::string& folder, const platform::FolderChan
   }
 }
 
-void FolderNotices::Forget() {
-  waiting_.clear();
-  all_ = false;
-}
-
 void FolderNotices::Apply() {
   const std::map<std::string, Changes> waiting = std::exchange(waiting_, {});
-  if (!tree_.Has(FolderTree::TopRow)) return Forget();
-  if (std::exchange(all_, false)) {
-    reader_.RefreshAllBelow(FolderTree::TopRow);
-  } else {
-    // A folder comes before those that lie in it.
-    for (const auto& [folder, changes] : waiting) {
-      if (!folders_.GoesOn()) break;
-      ApplyTo(folder, changes);
-    }
+  if (!tree_.Has(FolderTree::TopRow)) return;
+  // A folder comes before those that lie in it.
+  for (const auto& [folder, changes] : waiting) {
+    if (!folders_.GoesOn()) break;
+    ApplyTo(folder, changes);
   }
   RemoveIfGone(tree_.Open());
 }
@@ -66,7 +53,9 @@ void FolderNotices::ApplyTo(const std::string& folder, const Changes& changes) {
 void FolderNotices::ApplyNames(RowId row, const std::string& folder,
                                const std::set<std::string>& names) {
   const platform::FileSystem& files = folders_.List.Services.Files;
+  const ListState& list = folders_.List;
   std::vector<RowId> gone;
+  std::vector<Subfolder> come;
   std::vector<std::string> changed;
   bool reread = false;
   for (const std::string& name : names) {
@@ -75,17 +64,21 @@ void FolderNotices::ApplyNames(RowId row, const std::string& folder,
     const bool isFolder = files.ReadAttributes(folder, name, attributes) &&
                           attributes.Kind == platform::ItemKind::Folder;
     const RowId child = tree_.FindChild(row, name);
-    if (child == NoRow) {
-      reread = reread || isFolder;  // whether it is hidden stands in the listing alone
-    } else if (!isFolder) {
-      gone.push_back(child);
-    } else {
+    if (child != NoRow) {
       const FolderNode& node = tree_.Node(child);
-      reread = reread || node.Name != name || node.IsLink != attributes.IsLink;
-      changed.push_back(name);
+      if (!isFolder) gone.push_back(child);
+      if (isFolder) changed.push_back(name);
+      // Another spelling of the name, or another kind of item.
+      reread = reread || (isFolder && (node.Name != name || node.IsLink != attributes.IsLink ||
+                                       node.IsHidden != attributes.IsHidden));
+    } else if (isFolder && !list.IsFilteredOut({.Name = name,
+                                                .IsHidden = attributes.IsHidden,
+                                                .IsSystem = attributes.IsSystem})) {
+      come.push_back({name, attributes.IsLink, attributes.IsHidden, attributes.IsSystem});
     }
   }
-  Remove(row, gone);
+  Forget(gone);
+  tree_.Change(row, gone, std::move(come), folders_.View());
   if (reread) reader_.Reread(row);
   for (const std::string& name : changed) {
     const RowId child = tree_.FindChild(row, name);
@@ -102,12 +95,14 @@ void FolderNotices::RemoveIfGone(RowId row) {
        row = tree_.Node(row).Parent) {
     highest = row;
   }
-  if (highest != NoRow) Remove(row, {highest});
+  if (highest == NoRow) return;
+  Forget({highest});
+  tree_.Change(row, {highest}, {}, folders_.View());
 }
 
-void FolderNotices::Remove(RowId row, const std::vector<RowId>& gone) {
-  for (const RowId child : gone) folders_.List.Expanded.RemoveWithin(tree_.PathOf(child));
-  tree_.Remove(row, gone, folders_.View());
+// They are gone for certain.
+void FolderNotices::Forget(const std::vector<RowId>& gone) {
+  for (const RowId row : gone) folders_.List.Expanded.RemoveWithin(tree_.PathOf(row));
 }
 
 }  // namespace tarnwell::lister

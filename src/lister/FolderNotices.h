@@ -18,8 +18,8 @@ class FolderNotices {
 
   // As FolderFollower gives it.
   void Gather(const std::string& folder, const platform::FolderChanges& changes);
-  bool AnyWaiting() const { return all_ || !waiting_.empty(); }
-  void Forget();
+  bool AnyWaiting() const { return !waiting_.empty(); }
+  void Clear() { waiting_.clear(); }
   // Part of a command. The marks of nodes that are gone lie on the nearest folder above afterwards.
   void Apply();
 
@@ -34,13 +34,12 @@ class FolderNotices {
   void ApplyNames(RowId row, const std::string& folder, const std::set<std::string>& names);
   // Removes the node, or the highest above it, that is no longer there.
   void RemoveIfGone(RowId row);
-  void Remove(RowId row, const std::vector<RowId>& gone);
+  void Forget(const std::vector<RowId>& gone);
 
   FolderListState& folders_;
   FolderTree& tree_;
   BranchReader& reader_;
   std::map<std::string, Changes> waiting_;  // by folder
-  bool all_ = false;                        // any folder may have changed
 };
 
 }  // namespace tarnwell::lister

@@ -66,11 +66,15 @@ void FolderTree::Update(RowId row, std::vector<Subfolder> folders, BranchState s
   if (Node(row).HasChildren() != hadChildren) TellChanged(row, view);
 }
 
-void FolderTree::Remove(RowId row, const std::vector<RowId>& gone, ListerView& view) {
+void FolderTree::Change(RowId row, const std::vector<RowId>& gone, std::vector<Subfolder> come,
+                        ListerView& view) {
   const bool hadChildren = Node(row).HasChildren();
   std::vector<char> goes(Node(row).Children.size());
   for (const RowId child : gone) goes[static_cast<std::size_t>(Node(child).Position)] = 1;
+  std::vector<RowId> made;
+  for (Subfolder& folder : come) made.push_back(Make(row, std::move(folder)));
   RemoveMarked(row, std::move(goes), view);
+  InsertMade(row, std::move(made), view);
   if (Node(row).HasChildren() != hadChildren) TellChanged(row, view);
 }
 

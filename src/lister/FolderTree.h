@@ -76,8 +76,9 @@ class FolderTree {
   // The children of the node become these, in any order. Those that were there stay the same rows;
   // their facts stand until they have been asked for anew.
   void Update(RowId row, std::vector<Subfolder> folders, BranchState state, ListerView& view);
-  // Some children of the node go.
-  void Remove(RowId row, const std::vector<RowId>& gone, ListerView& view);
+  // Some children of the node go, folders that it has no child for come.
+  void Change(RowId row, const std::vector<RowId>& gone, std::vector<Subfolder> come,
+              ListerView& view);
   // Forgets the children of the node, which is as if it had never been read.
   void Forget(RowId row, ListerView& view);
   // Children go by this key, then by name, from now on. What the key needs of facts comes first

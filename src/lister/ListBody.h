@@ -46,6 +46,8 @@ struct ListState {
     return (entry.IsHidden && !Control.ShowHidden) || (entry.IsSystem && !Control.ShowSystem);
   }
   std::string DriveFolder(const std::string& drive) const;
+  // As FolderFollower wants it.
+  std::int64_t StampOf(const std::string& folder) const;
 
  private:
   NoView nobody_;
@@ -56,7 +58,7 @@ class ListBody {
  public:
   explicit ListBody(ListState& state)
       : Follower(
-            state.Services.Watches,
+            state.Services.Watches, [&state](const auto& folder) { return state.StampOf(folder); },
             [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); }),
         state_(state) {}
   virtual ~ListBody() = default;

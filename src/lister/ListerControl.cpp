@@ -309,7 +309,7 @@ void ListerControl::ShowStatus(const std::string& text) {
 }
 
 void ListerControl::WatchStart() {
-  parts_->Body->Follower.Resume();
+  parts_->Body->Follower.Start();
 }
 void ListerControl::WatchStop() {
   parts_->Body->Follower.Stop();

@@ -295,6 +295,8 @@ class ListerControl : public forms::Control {
 
   void ShowStatus(const std::string& text);
 
+  // From WatchStop on changes on disk are not followed. WatchStart follows them again, for a list
+  // that shows what it should; WatchResume looks first whether items came or went meanwhile.
   void WatchStart();
   void WatchStop();
   void WatchResume();

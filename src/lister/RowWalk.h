@@ -1,6 +1,7 @@
 // The rows of a file list in the order in which what is dear is found out for them: those on the
-// screen, the pages around them, then the rest, those that the filter does not take among them. The
-// user may scroll, sort or filter meanwhile.
+// screen, the pages around them, then the rest, those that the filter does not take among them, as
+// the folder gave them, in which order a file system has them at hand. The user may scroll, sort or
+// filter meanwhile.
 #pragma once
 
 #include <algorithm>
@@ -15,23 +16,20 @@ class RowWalk {
 
   // NoRow at the end. Some rows come twice.
   RowId Next() {
-    for (; next_ > last_; Enter(part_ + 1)) {
-      if (part_ == Rest) return NoRow;
+    for (; part_ != Rest; Enter(part_ + 1)) {
+      if (next_ <= last_) return files_.Rows.At(next_++);
     }
-    const int at = next_++;
-    return part_ == Rest ? files_.Rows.All()[static_cast<std::size_t>(at)] : files_.Rows.At(at);
+    while (rest_ < files_.Rows.StoreSize()) {
+      if (files_.Rows.IsUsed(++rest_)) return rest_;
+    }
+    return NoRow;
   }
   bool IsOnScreen() const { return part_ == Screen; }
   // After messages were let through.
   void LookAgain() {
     const RowRange visible = files_.View().VisibleRows();
-    const bool moved = files_.Orders != orders_;
-    if (!moved && visible.First == visible_.First && visible.Last == visible_.Last) return;
-    if (moved) {
-      rest_ = 0;
-    } else if (part_ == Rest) {
-      rest_ = next_;
-    }
+    const bool scrolled = visible.First != visible_.First || visible.Last != visible_.Last;
+    if (!scrolled && files_.Orders == orders_) return;
     orders_ = files_.Orders;
     visible_ = visible;
     Enter(Screen);
@@ -41,15 +39,10 @@ class RowWalk {
   enum Part { Screen, Around, Rest };
 
   void Enter(int part) {
+    const int margin = part == Around ? 2 * files_.View().PageRows() : 0;
     part_ = part;
-    if (part == Rest) {
-      next_ = rest_;
-      last_ = static_cast<int>(files_.Rows.All().size()) - 1;
-    } else {
-      const int margin = part == Around ? 2 * files_.View().PageRows() : 0;
-      next_ = std::max(visible_.First - margin, 0);
-      last_ = std::min(visible_.Last + margin, files_.Rows.Count() - 1);
-    }
+    next_ = std::max(visible_.First - margin, 0);
+    last_ = std::min(visible_.Last + margin, files_.Rows.Count() - 1);
   }
 
   FileListState& files_;
@@ -58,7 +51,7 @@ class RowWalk {
   int part_ = Screen;
   int next_ = 0;
   int last_ = -1;
-  int rest_ = 0;  // where the rest goes on
+  RowId rest_ = 0;  // up to which row the rest has come
 };
 
 }  // namespace tarnwell::lister

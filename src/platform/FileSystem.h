@@ -33,13 +33,13 @@ struct FolderEntry {
 struct ItemAttributes {
   ItemKind Kind = ItemKind::File;  // of what a link leads to; Other for a link that leads nowhere
   bool IsLink = false;
+  bool IsHidden = false;  // this and the next: of the item itself, no link followed
+  bool IsSystem = false;
   std::uint64_t Size = 0;  // bytes; 0 for a folder
   std::int64_t Modified = 0;
   std::int64_t Created = 0;
   std::int64_t Accessed = 0;
   std::uint32_t Mode = 0;  // POSIX permission bits, or the platform's attribute bits
-  bool IsHidden = false;   // this and the next: of the item itself, no link followed
-  bool IsSystem = false;
 };
 
 // Short texts that a file system can keep with an item.

@@ -62,6 +62,7 @@ MemoryItem& MemoryFileSystem::Add(const std::string& path) {
     if (folder->IsLink) folder = Find(folder->Target, true);
     if (folder == nullptr || folder->Kind != ItemKind::Folder) throw std::out_of_range(path);
     place = &folder->Children[Folded(parts[at + 1])];
+    if (!*place) ++folder->Modified;
   }
 }
 
@@ -97,7 +98,7 @@ void MemoryFileSystem::Remove(const std::string& path) {
     return;
   }
   if (MemoryItem* folder = Find(syntax_.ParentOf(path), true)) {
-    folder->Children.erase(Folded(parts.back()));
+    if (folder->Children.erase(Folded(parts.back())) != 0) ++folder->Modified;
   }
 }
 

@@ -42,6 +42,7 @@ TEST(LinuxFileSystem, ReadsAndWritesOddNames) {
     EXPECT_TRUE(files.ReadFile(folder / name, content) && content == "content of " + name);
     EXPECT_TRUE(files.ReadAttributes(folder.Path(), name, attributes));
     EXPECT_EQ(attributes.Size, content.size());
+    EXPECT_EQ(attributes.IsHidden, name == ".dot");
   }
   // Cut at its NUL, this would be the name of a file that exists.
   const std::string cut = folder / std::string(".dot\0x", 6);
