@@ -212,12 +212,20 @@ void ListerWidget::QueueExpansion(const QModelIndex& index) {
     const RowId row = ListerModel::RowOf(branch);
     const bool expanded = tree_->isExpanded(branch);
     if (expanded == control_.Look(row).IsExpanded) return;
-    if (expanded) {
-      control_.Expand(row);
-    } else {
+    if (!expanded) {
       control_.Collapse(row);
+      return;
     }
+    const QPointer<ListerWidget> alive(this);
+    control_.Expand(row);
+    if (alive && branch.isValid()) ShowBranch(branch);
   });
+}
+
+void ListerWidget::ShowBranch(const QModelIndex& branch) {
+  const int rows = std::min(model_->rowCount(branch), PageRows() - 1);
+  if (rows > 0) tree_->scrollTo(model_->index(rows - 1, 0, branch));
+  tree_->scrollTo(branch);
 }
 
 void ListerWidget::BeginDrag() {
