@@ -212,11 +212,13 @@ void ListerWidget::QueueExpansion(const QModelIndex& index) {
     const RowId row = ListerModel::RowOf(branch);
     const bool expanded = tree_->isExpanded(branch);
     if (expanded == control_.Look(row).IsExpanded) return;
-    if (expanded) {
-      control_.Expand(row);
-    } else {
+    if (!expanded) {
       control_.Collapse(row);
+      return;
     }
+    const QPointer<ListerTree> tree(tree_);
+    control_.Expand(row);
+    if (tree) tree->RevealBranch(branch);
   });
 }
 
