@@ -278,9 +278,7 @@ void Master::ShowActiveList() {
   space_.Form.UnloadHandler = [this] { Shutdown(); };
   toSave_ = true;
   services_.Drives.OnChange([this] {
-    space_.ForEachList([](lister::ListerControl& list) {
-      if (list.View != nullptr) list.View->DrivesChanged();
-    });
+    space_.ForEachList([](lister::ListerControl& list) { list.DrivesChanged(); });
   });
   splash_.LoadFinished = true;
 }

@@ -121,13 +121,6 @@ void ListerTree::BringIntoView(const QModelIndex& index) {
   verticalScrollBar()->setValue(!near ? row - page / 2 : row < top ? row : row - page + 1);
 }
 
-void ListerTree::RevealBranch(const QModelIndex& index) {
-  const int count = model()->rowCount(index);
-  if (count == 0 || !isExpanded(index) || !IsShown(index)) return;
-  scrollTo(model()->index(count - 1, NameColumn, index));
-  scrollTo(index);
-}
-
 // --- Where rows stand
 
 int ListerTree::RowHeight() const {

@@ -39,8 +39,6 @@ class ListerTree : public QTreeView {
   void ScrollRows(int rows);  // down; up if it is below 0
   // Scrolls as little as it takes; a row far away comes to the middle.
   void BringIntoView(const QModelIndex& index);
-  // As many of the rows below as there is room for, and the row above them.
-  void RevealBranch(const QModelIndex& index);
 
   // --- Where rows stand, in the viewport.
 

@@ -163,6 +163,8 @@ void ListerWidget::CellsChanged(RowId parent, int first, int last) {
 void ListerWidget::ExpansionChanged(RowId row) {
   ShowExpansion(row);
   tree_->RefreshBranches();
+  const bool opened = row == control_.CurrentRow() && control_.Look(row).IsExpanded;
+  if (opened && isVisible() && rowChanges_ == 0) ShowBranch(model_->IndexOf(row));
 }
 
 void ListerWidget::CurrentChanged() {

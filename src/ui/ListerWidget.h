@@ -100,8 +100,12 @@ class ListerWidget : public QWidget,
   void RunNextTask();
   void QueueMove(const QModelIndex& index);
   void QueueExpansion(const QModelIndex& index);
+  // As many of the rows that came out as fit are brought on the screen.
+  void ShowBranch(const QModelIndex& branch);
   void QueueKey(const QKeyEvent& event);
   void RunKey(QKeyEvent& event);
+  // The tree has kept the key from the window, which may know what to do with it.
+  void PassOn(QKeyEvent& event);
   void QueueMouse(MouseCall call, const PointerReport& report, int kind = 0);
   void RunDrag();
 

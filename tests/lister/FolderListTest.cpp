@@ -327,6 +327,9 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   List.CatchUp();
   EXPECT_EQ(Names(), Texts{List.CurrentFolder()});
   EXPECT_EQ(List.StatusText(), "Cannot read C:\\: No such file or directory");
+  Platform.Files.AddFolder("C:\\back");  // the volume is there again
+  List.DrivesChanged();
+  EXPECT_NE(RowOf("C:\\back"), NoRow);
 }
 
 TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
