@@ -104,6 +104,8 @@ class ListerWidget : public QWidget,
   void ShowBranch(const QModelIndex& branch);
   void QueueKey(const QKeyEvent& event);
   void RunKey(QKeyEvent& event);
+  // The tree has kept the key from the window, which may know what to do with it.
+  void PassOn(QKeyEvent& event);
   void QueueMouse(MouseCall call, const PointerReport& report, int kind = 0);
   void RunDrag();
 

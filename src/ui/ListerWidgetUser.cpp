@@ -76,7 +76,7 @@ void ListerWidget::ConnectTree() {
     Queue([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] {
       const QPointer<ListerWidget> alive(this);
       if (const int code = KeyCodeOf(*copy); code != 0) control_.KeyUp(code);
-      if (alive) QCoreApplication::sendEvent(parent(), copy.get());
+      if (alive) PassOn(*copy);
     });
   });
   connect(tree_, &ListerTree::TextTyped, this, [this](const QString& text) {
@@ -164,9 +164,12 @@ void ListerWidget::RunKey(QKeyEvent& event) {
   } else if (tree_->TakesKey(event)) {
     tree_->HandleKey(event);
   } else {
-    // The tree has kept it from the window, which may know what to do with it.
-    QCoreApplication::sendEvent(parent(), &event);
+    PassOn(event);
   }
+}
+
+void ListerWidget::PassOn(QKeyEvent& event) {
+  if (parent() != nullptr) QCoreApplication::sendEvent(parent(), &event);
 }
 
 void ListerWidget::QueueMouse(MouseCall call, const PointerReport& report, int kind) {

@@ -160,6 +160,7 @@ TEST_F(ListerWidgetTest, ToolbarFiltersAndGivesWay) {
   extensions->showPopup();
   ASSERT_EQ(extensions->count(), 3);
   EXPECT_EQ(extensions->itemText(1) + extensions->itemText(2), ".md (1).txt (3)");
+  extensions->setCurrentIndex(1);
   extensions->hidePopup();
   emit extensions->activated(1);
   Settle();
