@@ -49,7 +49,7 @@ class FolderFollower {
  private:
   struct Entry {
     std::unique_ptr<platform::Watch> Watching;  // null while stopped, and where there can be none
-    std::int64_t Stamp = 0;  // before it was last read
+    std::int64_t Stamp = 0;                     // before it was last read
   };
 
   void Watch(const std::string& folder, Entry& entry);
