@@ -15,7 +15,7 @@ void FolderFollower::Add(const std::string& folder) {
   if (known == entries_.end() && entries_.size() >= Most) return;
   Entry& entry = known != entries_.end() ? known->second : entries_[folder];
   entry.Stamp = stamp_(folder);
-  if (!entry.Watching || entry.IsWorn) Watch(folder, entry);
+  Watch(folder, entry);
 }
 
 void FolderFollower::KeepOnly(const std::vector<std::string>& folders) {
@@ -57,7 +57,6 @@ void FolderFollower::Resume() {
 }
 
 void FolderFollower::Watch(const std::string& folder, Entry& entry) {
-  entry.IsWorn = false;
   entry.Watching.reset();
   if (stopped_) return;
   entry.Watching = watches_.Start(
@@ -65,10 +64,7 @@ void FolderFollower::Watch(const std::string& folder, Entry& entry) {
 }
 
 void FolderFollower::Notice(const std::string& folder, const platform::FolderChanges& changes) {
-  const auto entry = entries_.find(folder);
-  if (entry == entries_.end()) return;
-  entry->second.IsWorn = changes.Everything || changes.FolderGone;
-  changed_(folder, changes);
+  if (entries_.contains(folder)) changed_(folder, changes);
 }
 
 }  // namespace tarnwell::lister

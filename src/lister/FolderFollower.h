@@ -28,7 +28,8 @@ class FolderFollower {
       : watches_(watches), stamp_(std::move(stamp)), changed_(std::move(changed)) {}
 
   // From now on this is the one folder to watch, at once unless stopped. Empty for none. To be
-  // called before the folder is read, so that no change falls between the two.
+  // called before the folder is read, so that no change falls between the two. Each time anew: the
+  // path may lead to another folder by now.
   void Follow(const std::string& folder);
   // The folder is to be watched beside the others, if there is room; also to be called before it is
   // read.
@@ -48,9 +49,7 @@ class FolderFollower {
  private:
   struct Entry {
     std::unique_ptr<platform::Watch> Watching;  // null while stopped, and where there can be none
-    // The folder may have gone and come again: to be renewed with the next read.
-    bool IsWorn = false;
-    std::int64_t Stamp = 0;  // before it was last read
+    std::int64_t Stamp = 0;                     // before it was last read
   };
 
   void Watch(const std::string& folder, Entry& entry);
