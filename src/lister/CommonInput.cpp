@@ -116,7 +116,10 @@ void CommonInput::SetTyped(const std::string& text) {
 
 RowId CommonInput::FindTyped(std::string_view wanted, bool takesCurrent) const {
   const RowId current = Current();
-  const RowId first = takesCurrent && current != NoRow ? current : RowBelow(current);
+  if (takesCurrent && current != NoRow && TypedText::Begins(NameOf(current), wanted)) {
+    return current;
+  }
+  const RowId first = RowBelow(current);
   if (first == NoRow) return NoRow;
   RowId row = first;
   do {

@@ -54,8 +54,8 @@ class CommonInput : public ListInput {
 
  protected:
   virtual RowId Current() const = 0;
-  // The row below this one among those on show, the first one below the last and for NoRow; NoRow
-  // if there are no rows.
+  // The row on show below this one, which may not be on show itself; the first one below the last
+  // and for NoRow; NoRow if there are no rows.
   virtual RowId RowBelow(RowId row) const = 0;
   virtual std::string_view NameOf(RowId row) const = 0;
   virtual void MoveTo(RowId row) = 0;
@@ -67,7 +67,9 @@ class CommonInput : public ListInput {
   // Escape, once no search is left to end by it.
   virtual bool TakeBack() { return false; }
 
+  // What is done by key counts as a click on the row that it leads to.
   void SetClicked(RowId row);
+  bool IsHeld() const { return holdsClicked_; }
   // False where the mouse must not start anything.
   bool MayStart() const;
   void BeginDrag(const MouseEvent& event);

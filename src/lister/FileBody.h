@@ -20,6 +20,7 @@ class FileBody : public ListBody {
         input_(files_),
         sizes_(files_, reader_) {
     files_.BeforeReset = [this] { input_.Stop(); };
+    files_.AfterStop = [this] { sizes_.DropWishes(); };
   }
 
   ListInput& Input() override { return input_; }

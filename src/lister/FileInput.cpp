@@ -45,6 +45,7 @@ RowId FileInput::RowAway(int rows) const {
 // The cursor last: it raises an event, on which anything may happen to the rows.
 void FileInput::GoTo(RowId row, int shift) {
   if (row == NoRow) return;
+  SetClicked(row);
   if ((shift & ShiftDown) != 0) {
     selection_.SelectTo(row, (shift & CtrlDown) != 0);
   } else if ((shift & CtrlDown) == 0) {
@@ -68,6 +69,7 @@ void FileInput::Arrow(int keyCode, bool spaceHeld, int shift) {
   }
   selection_.Sweep(files_.Rows.PositionOf(keyStart_.Get()), files_.Rows.PositionOf(row),
                    keySelects_ ? Sweeping::Selects : Sweeping::Unselects, true);
+  SetClicked(row);
   list_.Control.MoveCurrent(row);
 }
 
@@ -77,6 +79,7 @@ void FileInput::Space() {
   selection_.Toggle(Current());
   keyStart_.Set(Current());
   keySelects_ = selection_.Has(Current());
+  SetClicked(Current());
 }
 
 void FileInput::ResetStart() {
@@ -122,8 +125,15 @@ void FileInput::ShowTyped(const std::string& text) {
   }
 }
 
+// A click that took its row out of the selection leaves the others as what is meant.
+void FileInput::HoldClicked() {
+  if (!selection_.Has(Clicked())) SetClicked(NoRow);
+  CommonInput::HoldClicked();
+}
+
 void FileInput::PrepareMouse() {
-  if (Clicked() != NoRow && !selection_.Has(Clicked())) selection_.SelectOnly(Clicked());
+  if (IsHeld() && Clicked() != NoRow && !selection_.Has(Clicked()))
+    selection_.SelectOnly(Clicked());
 }
 
 void FileInput::PrepareKeyboard() {

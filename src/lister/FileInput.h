@@ -25,6 +25,7 @@ class FileInput : public CommonInput {
   void MouseUp(const RowPointer& at) override;
   void Stop() override;
 
+  void HoldClicked() override;
   void PrepareMouse() override;
   void PrepareKeyboard() override;
 

@@ -24,6 +24,7 @@ struct FileListState {
   int Orders = 0;                     // changes when rows come, go or change places
   KnownSizes Sizes;                   // of folders
   std::function<void()> BeforeReset;  // all rows are about to go
+  std::function<void()> AfterStop;    // the user has ended a read
 
   // For the status line.
   std::string Progress;   // what is being read and how far; empty when nothing is

@@ -63,12 +63,10 @@ void FileReader::FolderChanged(const platform::FolderChanges& changes) {
 }
 
 void FileReader::CatchUp() {
-  const bool waited = std::exchange(willCatchUp_, false);
+  willCatchUp_ = false;
   if (busy_ || stopped_ || terminated_ || update_.HasNone()) return;
-  if (waited && files_.List.Control.CancelRequested) {
-    stopped_ = true;  // Escape came when the read was just done
-  } else if (update_.IsEverything() ||
-             !files_.List.Syntax.Same(files_.Rows.Folder(), files_.List.Folder)) {
+  if (update_.IsEverything() ||
+      !files_.List.Syntax.Same(files_.Rows.Folder(), files_.List.Folder)) {
     Refresh();
   } else {
     Work();
@@ -290,6 +288,7 @@ void FileReader::Stop() {
   files_.List.Control.CancelRequested = false;
   stopped_ = true;
   waiting_.clear();
+  if (files_.AfterStop) files_.AfterStop();
   files_.Trouble = "Reading stopped";
 }
 

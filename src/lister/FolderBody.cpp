@@ -194,6 +194,7 @@ FolderBody::Outcome FolderBody::OpenRow(RowId row, bool always) {
   reader_.ExpandAncestors(row);
   state_.Folder = tree_.PathOf(tree_.Open());
   state_.Active.Set(tree_.PathOf(FolderTree::TopRow), state_.Folder);
+  input_.Opened(tree_.Open());
   return moved || always ? Outcome::FolderOpened : Outcome::Nothing;
 }
 

@@ -41,7 +41,8 @@ class FolderFollower {
   void Stop();
   // What happened since Stop is known already, and not told.
   void Start();
-  // Tells of the folders that are not as they were at Stop, or when they were last to be read.
+  // Tells of the folders that are not as they were when they were last to be read: at Stop notices
+  // may have been under way.
   void Resume();
 
  private:
@@ -49,7 +50,7 @@ class FolderFollower {
     std::unique_ptr<platform::Watch> Watching;  // null while stopped, and where there can be none
     // The folder may have gone and come again: to be renewed with the next read.
     bool IsWorn = false;
-    std::int64_t Stamp = 0;  // while stopped: the folder as it is known
+    std::int64_t Stamp = 0;  // before it was last read
   };
 
   void Watch(const std::string& folder, Entry& entry);

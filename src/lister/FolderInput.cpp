@@ -37,8 +37,12 @@ RowId FolderInput::LastIn(RowId row) const {
   return row;
 }
 
+// The cursor may be in a branch that is still being read, and collapsed until then.
 RowId FolderInput::RowBelow(RowId row) const {
   if (!tree_.Has(FolderTree::TopRow)) return NoRow;
+  for (RowId above = row; above > RootRow; above = tree_.Node(above).Parent) {
+    if (above != row && !tree_.Node(above).IsExpanded) row = above;
+  }
   const RowId next = row == NoRow ? NoRow : Next(row);
   return next == NoRow ? FolderTree::TopRow : next;
 }

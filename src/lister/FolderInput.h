@@ -17,6 +17,9 @@ class FolderInput : public CommonInput {
     return position++ == 0 ? Current() : NoRow;
   }
 
+  // The node has become the open one.
+  void Opened(RowId row) { SetClicked(row); }
+
   void Arrow(int keyCode, bool spaceHeld, int shift) override;
 
   void MouseDown(const RowPointer& at) override;

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "lister/NameFilter.h"
+
 namespace tarnwell::lister {
 namespace {
 
@@ -77,6 +79,11 @@ void FolderNotices::ApplyNames(RowId row, const std::string& folder,
       come.push_back({name, attributes.IsLink, attributes.IsHidden, attributes.IsSystem});
     }
   }
+  // Where case does not count both names are there, and only the folder tells which one is right.
+  std::set<std::string> known;
+  for (const std::string& name : changed) known.insert(LowerCase(name));
+  const auto isRespelt = [&](const Subfolder& its) { return known.contains(LowerCase(its.Name)); };
+  reread = std::erase_if(come, isRespelt) > 0 || reread;
   Forget(gone);
   tree_.Change(row, gone, std::move(come), folders_.View());
   if (reread) reader_.Reread(row);

@@ -44,16 +44,29 @@ std::string Content(const FolderTotal& total) {
 }  // namespace
 
 void FolderSizes::AskForAll() {
+  DropWishesFromElsewhere();
   if (job_ == nullptr || !job_->IsAll || job_->Place != Place()) allAsked_ = true;
 }
 
 void FolderSizes::AskForItem() {
   const RowId row = list_.View().RowUnderPointer();
   if (!IsFolder(row)) return;
+  DropWishesFromElsewhere();
   Target folder{row, PathOf(row)};
   if (std::ranges::none_of(itemsAsked_, [&](auto& asked) { return asked.Path == folder.Path; })) {
     itemsAsked_.push_back(std::move(folder));
   }
+}
+
+void FolderSizes::DropWishes() {
+  allAsked_ = false;
+  itemsAsked_.clear();
+}
+
+void FolderSizes::DropWishesFromElsewhere() {
+  std::string here = Place();
+  if (here != place_) DropWishes();
+  place_ = std::move(here);
 }
 
 void FolderSizes::HeedCancel() {
@@ -61,6 +74,7 @@ void FolderSizes::HeedCancel() {
 }
 
 void FolderSizes::Work() {
+  DropWishesFromElsewhere();
   while (job_ == nullptr && !list_.IsTerminated && HasWishes()) {
     std::vector<Target> folders;
     const bool isAll = std::exchange(allAsked_, false);
@@ -89,8 +103,7 @@ void FolderSizes::Perform(Job& job) {
   if (job.Standing == Standing::Superseded) return;
   if (job.Standing == Standing::Cancelled) {
     list_.Control.CancelRequested = false;
-    allAsked_ = false;
-    itemsAsked_.clear();
+    DropWishes();
   }
   if (job.Done > 0) Finish();
   if (job.IsAll || job.Done + job.Troubled > 0 || job.Standing == Standing::Cancelled) {

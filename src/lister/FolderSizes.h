@@ -22,12 +22,13 @@ class FolderSizes {
   FolderSizes(const FolderSizes&) = delete;
   FolderSizes& operator=(const FolderSizes&) = delete;
 
-  // These two leave a wish, which the next Work takes up. One for all folders is dropped while they
-  // are being measured.
+  // These two leave a wish, which the next Work takes up if the list still shows the same place.
+  // One for all folders is dropped while they are being measured.
   void AskForAll();
   // The folder under the mouse pointer; over anything else there is nothing to wish for.
   void AskForItem();
   bool HasWishes() const { return allAsked_ || !itemsAsked_.empty(); }
+  void DropWishes();
   // Does what was asked for; nothing while it is at work already. The list must not be in the
   // middle of a read.
   void Work();
@@ -61,6 +62,7 @@ class FolderSizes {
     std::string Path;
   };
 
+  void DropWishesFromElsewhere();
   void Perform(Job& job);
   void Measure(Job& job, const Target& folder);
   bool GoesOn(Job& job);
@@ -70,6 +72,7 @@ class FolderSizes {
   std::string Progress(const Job& job) const;
   std::string Summary(const Job& job) const;
 
+  std::string place_;  // where the wishes are for
   bool allAsked_ = false;
   std::deque<Target> itemsAsked_;
   Job* job_ = nullptr;  // the one that is worked on

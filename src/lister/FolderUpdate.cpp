@@ -43,7 +43,21 @@ bool FolderUpdate::Apply(ReadJob& job) {
     LookAt(item, *job.Folder);
     if (job.Pace.IsDue() && !job.Pump("Looking at changes")) return false;
   }
-  return Change(items);
+  // Where case does not count both names are there, and only the folder tells which one is right.
+  if (!IsRespelt(items)) return Change(items);
+  names_.clear();
+  everything_ = true;
+  return false;
+}
+
+bool FolderUpdate::IsRespelt(const std::vector<Item>& items) {
+  std::unordered_set<std::string> known;
+  for (const Item& item : items) {
+    if (item.IsThere && item.Row != NoRow) known.insert(LowerCase(item.Name));
+  }
+  return std::any_of(items.begin(), items.end(), [&](const Item& item) {
+    return item.IsThere && item.Row == NoRow && known.contains(LowerCase(item.Name));
+  });
 }
 
 std::vector<FolderUpdate::Item> FolderUpdate::TakeItems() {

@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "lister/CellText.h"
+#include "lister/FileStatus.h"
 #include "lister/Pacer.h"
 
 namespace tarnwell::lister {
@@ -49,6 +50,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
   }
   Failures failures;
   std::size_t done = 0;
+  bool told = false;
   Pacer pace(list.Services.Clock, list.Services.Pump);
   list.Control.CancelRequested = false;
   for (const auto& [row, name] : items) {
@@ -56,10 +58,12 @@ void KeepColour(FileListState& files, ItemColour colour) {
       const std::string count =
           GroupedNumber(done) + " of " + GroupedNumber(items.size()) + " items";
       list.SetStatus("Colours: " + count + "; Escape stops");
+      told = true;
       pace.Pump();
       if (list.IsTerminated) return;
       if (list.Control.CancelRequested) {
         list.SetStatus("Colours stopped: " + count + " done");
+        told = false;
         break;
       }
     }
@@ -72,6 +76,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
     }
   }
   list.Control.CancelRequested = false;
+  if (told) ShowSummary(files);
   failures.Tell(list);
 }
 

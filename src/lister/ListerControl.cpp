@@ -309,13 +309,13 @@ void ListerControl::ShowStatus(const std::string& text) {
 }
 
 void ListerControl::WatchStart() {
-  parts_->Body->Follower.Start();
+  if (!parts_->State.IsTerminated) parts_->Body->Follower.Start();
 }
 void ListerControl::WatchStop() {
   parts_->Body->Follower.Stop();
 }
 void ListerControl::WatchResume() {
-  parts_->Body->Follower.Resume();
+  if (!parts_->State.IsTerminated) parts_->Body->Follower.Resume();
 }
 
 void ListerControl::DrivesChanged() {

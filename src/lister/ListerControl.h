@@ -242,8 +242,9 @@ class ListerControl : public forms::Control {
   // Selects the current item, or takes it out of the selection.
   void SpaceKey();
   void WheelScroll(bool up);
-  // Sees to it that what is to be acted on is selected: the clicked item if it is not among those
-  // selected, or the current item if nothing is.
+  // Sees to it that what is to be acted on is selected. By mouse: within the bracket of an action
+  // the item that was clicked for it, if it has been taken out of the selection since. By keyboard:
+  // the current item if nothing is selected.
   void PrepareSelectionMouse();
   void PrepareSelectionKeyboard();
   // One item: its full path; a drive root: the drive's name and ":". More: their names. Empty when
@@ -255,13 +256,13 @@ class ListerControl : public forms::Control {
   // Empty when nothing was selected, and for a drive root.
   const std::string& ActiveItemName() const;
   // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
-  // Otherwise, in a folder list: the folder clicked last.
+  // Otherwise, in a folder list: the folder clicked or opened last.
   std::string TargetFolder(bool byKey = false, bool forPaste = false) const;
   std::string PasteFolder() const;
   std::string DropFolder() const;  // under the last drop; empty if that was no folder
-  // The item clicked last, or the current one when the wish came by key. Kind 1: a drive root,
-  // whole in `folder`. 2: a folder, 4: a file, as parent and name. 8: empty space of a file list,
-  // as its folder and an empty name. 0, with both empty: nothing.
+  // The item that a click or a key led to last, or the current one when the wish came by key. Kind
+  // 1: a drive root, whole in `folder`. 2: a folder, 4: a file, as parent and name. 8: empty space
+  // of a file list, as its folder and an empty name. 0, with both empty: nothing.
   void GetClickedItem(std::string& folder, std::string& name, bool byKey, std::int32_t& kind) const;
   // The full path of the first selected item up to the last dot of its name; empty if there is
   // none.

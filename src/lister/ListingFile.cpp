@@ -36,7 +36,7 @@ std::vector<HeadingId> Columns(const ListState& list) {
 // False when it was ended; `reason` then tells why.
 bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::string& reason) {
   const std::vector<HeadingId> columns = Columns(list);
-  const std::string folder = list.Folder;
+  const std::string folder = list.Folder, drive = list.Drive;
   std::vector<std::string> fields;
   fields.reserve(columns.size());
   for (const HeadingId column : columns) fields.push_back(list.Table[column].Caption);
@@ -52,6 +52,7 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
       pace.Pump();
       if (list.Control.CancelRequested) reason = "stopped";
       if (IsFileList(list.Control.Id()) && list.Folder != folder) reason = "the folder has changed";
+      if (list.Drive != drive) reason = "the drive has changed";
       if (!reason.empty()) return false;
     }
     ++done;

@@ -634,6 +634,16 @@ TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
   Notify({"late", "z9"});
   EXPECT_NE(Row(RootRow, "late"), NoRow);
   EXPECT_TRUE(List.StatusText().starts_with("Reading stopped"));
+
+  // An item of another spelling, where both names lead to it; and an Escape from long before.
+  Platform.Clock.TickStep = 0;
+  Load();
+  List.CancelRequested = true;
+  Platform.Files.At("C:\\box\\z9").Name = "Z9";
+  Notify({"z9", "Z9"});
+  List.CatchUp();
+  EXPECT_EQ(Row(RootRow, "z9"), NoRow);
+  EXPECT_NE(Row(RootRow, "Z9"), NoRow);
 }
 
 }  // namespace

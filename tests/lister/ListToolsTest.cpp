@@ -78,6 +78,12 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   EXPECT_EQ(View.CatchUps, std::vector<int>{0});
   List.CatchUp();
   EXPECT_EQ(Sizes(), "two 7 one 30 file 4 ");
+
+  // The wish goes with the read that it waited for.
+  AtPump(1, [&] { List.CalculateFolderSizes(), List.CancelRequested = true; });
+  Load("C:\\other");
+  List.CatchUp();
+  EXPECT_EQ(List.StatusText().substr(0, 15) + Sizes(), "Reading stopped");
 }
 
 // At each of the moments that there are.
@@ -244,6 +250,9 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
   KeepColour(files, ItemColour::Default);
   EXPECT_EQ(note("file") + note("one"), "dark green");
   EXPECT_FALSE(List.CancelRequested);
+  EXPECT_EQ(state.Status, "Colours stopped: 1 of 4 items done");
+  KeepColour(files, ItemColour::Default);
+  EXPECT_EQ(state.Status, "5 items (0 folders). 4 selected");
 }
 
 // Against a slow one that says the rules once more.

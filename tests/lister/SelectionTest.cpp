@@ -349,6 +349,16 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   EXPECT_EQ(List.DropFolder(), "");
   List.DropOn(Row(RootRow, ".rc"), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\box\\");
+  // What the mouse took out of the selection, or a key has left behind, is not meant any more.
+  List.SelectAll("none");
+  for (const int place : {0, 1, 2, 1}) Click(place, RowPart::Gap);
+  List.BeginContextAction();
+  List.PrepareSelectionMouse();
+  List.EndAction();
+  EXPECT_EQ(Marks(), "#.#");
+  Click(0, RowPart::Item);
+  List.KeyDown(DownKey, 0);
+  EXPECT_EQ(Clicked(), "4 C:\\box\\+.rc");
   Platform.Files.Remove("C:\\box");
   EXPECT_EQ(List.TargetFolder() + List.PasteFolder(), "");
 }
@@ -409,6 +419,18 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(List.DropFolder(), "C:\\d\\");
   List.DropOn(NoRow, {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "");
+
+  // Text that is typed while the branch with the cursor is still being read.
+  List.MouseDown(On(Find("d")));
+  List.OpenFolder(0, "C:\\box");
+  EXPECT_EQ(List.TargetFolder(), "C:\\box\\");
+  List.Collapse(Find("box"));
+  Platform.Clock.TickStep = 60;
+  Platform.Pump.Post([this] { List.TypeText("d"); });
+  List.OpenFolder(0, "C:\\box\\Beta");
+  Platform.Clock.TickStep = 0;
+  EXPECT_EQ(Current(), "d");
+  List.OpenFolder(0, "C:\\box\\Beta");
 
   // What is dragged is what the button came down on, and never a drive.
   Events.Take();
