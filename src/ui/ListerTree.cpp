@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
@@ -283,6 +284,14 @@ void ListerTree::contextMenuEvent(QContextMenuEvent* event) {
 bool ListerTree::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave) mouse_.Leave();
   return QTreeView::viewportEvent(event);
+}
+
+void ListerTree::resizeEvent(QResizeEvent* event) {
+  const int bottom = NameCellOf(currentIndex()).bottom();
+  const bool wasSeen = currentIndex().isValid() && bottom > 0 && bottom < event->oldSize().height();
+  QTreeView::resizeEvent(event);
+  // A list that becomes lower keeps the cursor in sight.
+  if (wasSeen && bottom >= viewport()->height()) BringIntoView(currentIndex());
 }
 
 // --- Painting

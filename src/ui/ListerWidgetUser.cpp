@@ -27,6 +27,16 @@ namespace {
 constexpr int MouseMoves = 1;
 constexpr int KeyKinds = 16;
 
+void MouseDown(lister::ListerControl& control, const lister::RowPointer& at) {
+  control.MouseDown(at);
+}
+void MouseMoved(lister::ListerControl& control, const lister::RowPointer& at) {
+  control.MouseMoved(at);
+}
+void MouseUp(lister::ListerControl& control, const lister::RowPointer& at) {
+  control.MouseUp(at);
+}
+
 }  // namespace
 
 void ListerWidget::BuildDriveList() {
@@ -92,15 +102,12 @@ void ListerWidget::ConnectTree() {
 
 void ListerWidget::ConnectMouse() {
   ListerMouse* const mouse = &tree_->Mouse();
-  connect(mouse, &ListerMouse::Pressed, this, [this](const PointerReport& report) {
-    QueueMouse(&lister::ListerControl::MouseDown, report);
-  });
-  connect(mouse, &ListerMouse::Moved, this, [this](const PointerReport& report) {
-    QueueMouse(&lister::ListerControl::MouseMoved, report, MouseMoves);
-  });
-  connect(mouse, &ListerMouse::Released, this, [this](const PointerReport& report) {
-    QueueMouse(&lister::ListerControl::MouseUp, report);
-  });
+  connect(mouse, &ListerMouse::Pressed, this,
+          [this](const PointerReport& report) { QueueMouse(MouseDown, report); });
+  connect(mouse, &ListerMouse::Moved, this,
+          [this](const PointerReport& report) { QueueMouse(MouseMoved, report, MouseMoves); });
+  connect(mouse, &ListerMouse::Released, this,
+          [this](const PointerReport& report) { QueueMouse(MouseUp, report); });
   connect(mouse, &ListerMouse::DoubleClicked, this, [this](const PointerReport& report) {
     Queue([this, row = report.Row] {
       if (row.isValid()) control_.Activate(ListerModel::RowOf(row));
@@ -185,7 +192,7 @@ void ListerWidget::QueueMouse(MouseCall call, const PointerReport& report, int k
       }
     }
     const QPointer<ListerTree> tree(tree_);
-    (control_.*call)(at);
+    call(control_, at);
     if (tree) tree->viewport()->update();  // the frame that selects goes along
   };
   // Only the newest of moves that wait in a row counts.
