@@ -43,21 +43,23 @@ bool FolderUpdate::Apply(ReadJob& job) {
     LookAt(item, *job.Folder);
     if (job.Pace.IsDue() && !job.Pump("Looking at changes")) return false;
   }
-  // Where case does not count both names are there, and only the folder tells which one is right.
-  if (!IsRespelt(items)) return Change(items);
+  if (!AreUnclear(items)) return Change(items);
   names_.clear();
   everything_ = true;
   return false;
 }
 
-bool FolderUpdate::IsRespelt(const std::vector<Item>& items) {
-  std::unordered_set<std::string> known;
+bool FolderUpdate::AreUnclear(const std::vector<Item>& items) {
+  std::unordered_map<std::string, bool> spellings;  // and whether the item is new
   for (const Item& item : items) {
-    if (item.IsThere && item.Row != NoRow) known.insert(LowerCase(item.Name));
+    if (!item.IsThere) continue;
+    const bool isNew = item.Row == NoRow;
+    if (isNew && !item.Status) return true;  // its kind, and whether it is hidden
+    // Where case does not count both names of an item that was renamed are there.
+    const auto [other, isFirst] = spellings.emplace(LowerCase(item.Name), isNew);
+    if (!isFirst && (isNew || other->second)) return true;
   }
-  return std::any_of(items.begin(), items.end(), [&](const Item& item) {
-    return item.IsThere && item.Row == NoRow && known.contains(LowerCase(item.Name));
-  });
+  return false;
 }
 
 std::vector<FolderUpdate::Item> FolderUpdate::TakeItems() {

@@ -39,8 +39,8 @@ class FolderUpdate {
   };
 
   std::vector<Item> TakeItems();
-  // A name is new that differs from that of a row in case alone.
-  static bool IsRespelt(const std::vector<Item>& items);
+  // Only reading the folder can tell what is new.
+  static bool AreUnclear(const std::vector<Item>& items);
   void LookAt(Item& item, const platform::OpenedFolder& folder) const;
   bool Change(std::vector<Item>& items);
   // True when the row looks different now.
