@@ -104,6 +104,16 @@ void FolderBody::Refresh() {
   Run([this] { return RefreshAll(); });
 }
 
+// A volume that was taken out and put in again: its root could not be read, and now it can.
+void FolderBody::DrivesChanged() {
+  Run([this] {
+    const bool failed = tree_.Has(FolderTree::TopRow) &&
+                        tree_.Node(FolderTree::TopRow).State == BranchState::Failed;
+    const bool isThere = state_.Services.Files.FolderExists(tree_.PathOf(FolderTree::TopRow));
+    return failed && isThere ? RefreshAll() : Outcome::Nothing;
+  });
+}
+
 void FolderBody::Resort() {
   Run([this] {
     tree_.SortBy(state_.Keys.Entries()[0], state_.View());

@@ -37,6 +37,7 @@ class FolderBody : public ListBody {
   void CatchUp() override;
   void Resort() override;
   void Terminate() override;
+  void DrivesChanged() override;
   void SettingsChanged() override;
 
   void LoadDrive(const std::string& drive, bool chosen) override;

@@ -14,7 +14,8 @@ void FolderFollower::Add(const std::string& folder) {
   const auto known = entries_.find(folder);
   if (known == entries_.end() && entries_.size() >= Most) return;
   Entry& entry = known != entries_.end() ? known->second : entries_[folder];
-  if (!entry.Watching || entry.IsWorn) Watch(folder, entry);
+  entry.Stamp = stamp_(folder);
+  Watch(folder, entry);
 }
 
 void FolderFollower::KeepOnly(const std::vector<std::string>& folders) {
@@ -23,7 +24,7 @@ void FolderFollower::KeepOnly(const std::vector<std::string>& folders) {
                                      folders.begin() + static_cast<std::ptrdiff_t>(count));
   std::erase_if(entries_, [&](const auto& entry) { return !wanted.contains(entry.first); });
   for (const std::string& folder : wanted) {
-    if (!entries_.contains(folder)) Watch(folder, entries_[folder]);
+    if (!entries_.contains(folder)) Add(folder);
   }
 }
 
@@ -56,21 +57,14 @@ void FolderFollower::Resume() {
 }
 
 void FolderFollower::Watch(const std::string& folder, Entry& entry) {
-  entry.IsWorn = false;
   entry.Watching.reset();
-  if (stopped_) {
-    entry.Stamp = stamp_(folder);
-    return;
-  }
+  if (stopped_) return;
   entry.Watching = watches_.Start(
       folder, [this, folder](const platform::FolderChanges& changes) { Notice(folder, changes); });
 }
 
 void FolderFollower::Notice(const std::string& folder, const platform::FolderChanges& changes) {
-  const auto entry = entries_.find(folder);
-  if (entry == entries_.end()) return;
-  entry->second.IsWorn = changes.Everything || changes.FolderGone;
-  changed_(folder, changes);
+  if (entries_.contains(folder)) changed_(folder, changes);
 }
 
 }  // namespace tarnwell::lister

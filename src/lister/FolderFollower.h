@@ -28,7 +28,8 @@ class FolderFollower {
       : watches_(watches), stamp_(std::move(stamp)), changed_(std::move(changed)) {}
 
   // From now on this is the one folder to watch, at once unless stopped. Empty for none. To be
-  // called before the folder is read, so that no change falls between the two.
+  // called before the folder is read, so that no change falls between the two. Each time anew: the
+  // path may lead to another folder by now.
   void Follow(const std::string& folder);
   // The folder is to be watched beside the others, if there is room; also to be called before it is
   // read.
@@ -41,15 +42,14 @@ class FolderFollower {
   void Stop();
   // What happened since Stop is known already, and not told.
   void Start();
-  // Tells of the folders that are not as they were at Stop, or when they were last to be read.
+  // Tells of the folders that are not as they were when they were last to be read: at Stop notices
+  // may have been under way.
   void Resume();
 
  private:
   struct Entry {
     std::unique_ptr<platform::Watch> Watching;  // null while stopped, and where there can be none
-    // The folder may have gone and come again: to be renewed with the next read.
-    bool IsWorn = false;
-    std::int64_t Stamp = 0;  // while stopped: the folder as it is known
+    std::int64_t Stamp = 0;                     // before it was last read
   };
 
   void Watch(const std::string& folder, Entry& entry);

@@ -73,6 +73,7 @@ class ListBody {
   virtual void CatchUp() {}
   virtual void Resort() = 0;
   virtual void Terminate() = 0;
+  virtual void DrivesChanged() {}
   // What is shown of the rows has changed: settings, headings.
   virtual void SettingsChanged() {}
 

@@ -319,6 +319,11 @@ void ListerControl::WatchResume() {
   if (!parts_->State.IsTerminated) parts_->Body->Follower.Resume();
 }
 
+void ListerControl::DrivesChanged() {
+  parts_->State.View().DrivesChanged();
+  parts_->Body->DrivesChanged();
+}
+
 // --- What the widget shows.
 
 int ListerControl::ChildCount(RowId parent) const {

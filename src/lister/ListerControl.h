@@ -302,6 +302,10 @@ class ListerControl : public forms::Control {
   void WatchStop();
   void WatchResume();
 
+  // Volumes came or went: the drive list shows it, and so does the tree of a volume that is there
+  // again.
+  void DrivesChanged();
+
   // --- What the widget shows. Rows are read in place; a row that does not exist gives nothing.
 
   ListerView* View = nullptr;

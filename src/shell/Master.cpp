@@ -277,11 +277,8 @@ void Master::ShowActiveList() {
   space_.Form.ResizeEnabled = true;
   space_.Form.UnloadHandler = [this] { Shutdown(); };
   toSave_ = true;
-  services_.Drives.OnChange([this] {
-    space_.ForEachList([](lister::ListerControl& list) {
-      if (list.View != nullptr) list.View->DrivesChanged();
-    });
-  });
+  services_.Drives.OnChange(
+      [this] { space_.ForEachList([](lister::ListerControl& list) { list.DrivesChanged(); }); });
   splash_.LoadFinished = true;
 }
 

@@ -58,6 +58,13 @@ ListerChoice::ListerChoice(const QString& name, QWidget* parent) : QComboBox(par
   setMinimumSize(0, 0);
 }
 
+void ListerChoice::showPopup() {
+  // What unfolds is a window, and those do not inherit it.
+  view()->parentWidget()->setPalette(palette());
+  view()->setPalette(palette());
+  QComboBox::showPopup();
+}
+
 void ListerChoice::focusInEvent(QFocusEvent* event) {
   QComboBox::focusInEvent(event);
   emit FocusTaken();

@@ -12,6 +12,8 @@ class ListerChoice : public QComboBox {
  public:
   ListerChoice(const QString& name, QWidget* parent);
 
+  void showPopup() override;
+
  signals:
   void FocusTaken();
 

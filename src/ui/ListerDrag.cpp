@@ -44,12 +44,11 @@ QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colour
   const QSize size(Side + text + 2 * Margin, Side + 2 * Margin);
   QPixmap picture(size * pixelRatio);
   picture.setDevicePixelRatio(pixelRatio);
-  picture.fill(Qt::transparent);
+  // Without rounded corners: not every display can show what lies behind them.
+  picture.fill(colours.color(QPalette::Base));
   QPainter painter(&picture);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(colours.color(QPalette::Mid));
-  painter.setBrush(colours.color(QPalette::Base));
-  painter.drawRoundedRect(QRectF(QPointF(0.5, 0.5), QSizeF(size) - QSizeF(1, 1)), 5, 5);
+  painter.setPen(colours.color(QPalette::Highlight));
+  painter.drawRect(QRectF(QPointF(0.5, 0.5), QSizeF(size) - QSizeF(1, 1)));
   icon.paint(&painter, QRect(Margin, Margin, Side, Side));
   painter.setPen(colours.color(QPalette::Text));
   painter.setFont(bold);

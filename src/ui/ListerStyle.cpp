@@ -56,6 +56,9 @@ QPalette PaletteOf(const QColor& background, const QColor& text, const QColor& s
        {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText}) {
     palette.setColor(role, text);
   }
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, Blend(background, text, 50));
+  }
   palette.setColor(QPalette::Highlight, selection);
   palette.setColor(QPalette::PlaceholderText, Blend(background, text, 60));
   return palette;

@@ -27,21 +27,28 @@ constexpr double Rounding = 3;
 
 }  // namespace
 
-// Its entries are made when they are about to be seen.
+// Its entries are made when they are about to be seen or stepped through, and stay while they are
+// seen.
 class ExtensionBox : public ListerChoice {
  public:
   using ListerChoice::ListerChoice;
   std::function<void()> Fill;
+  bool IsOpen = false;
 
   void showPopup() override {
     Fill();
+    IsOpen = true;
     ListerChoice::showPopup();
+  }
+  void hidePopup() override {
+    ListerChoice::hidePopup();
+    IsOpen = false;
   }
 
  protected:
-  void focusInEvent(QFocusEvent* event) override {
+  void keyPressEvent(QKeyEvent* event) override {
     Fill();
-    ListerChoice::focusInEvent(event);
+    ListerChoice::keyPressEvent(event);
   }
 };
 
@@ -134,6 +141,8 @@ void ListerToolbar::ShowFilter() {
   const QString text = ToQString(control_.FilterText());
   // The field is left alone while it says the same, for the sake of its cursor.
   if (filter_->text() != text) filter_->setText(text);
+  update();
+  if (extensions_->IsOpen) return;
   const std::string& extension = control_.FilterExtension();
   const QSignalBlocker blocker(extensions_);
   extensions_->clear();
@@ -143,8 +152,6 @@ void ListerToolbar::ShowFilter() {
                          QByteArray::fromStdString(extension));
   }
   extensions_->setCurrentIndex(extensions_->count() - 1);
-  if (extensions_->hasFocus()) FillExtensions();
-  update();
 }
 
 void ListerToolbar::FillExtensions() {
@@ -165,6 +172,7 @@ void ListerToolbar::FillExtensions() {
 
 void ListerToolbar::ShowStyle() {
   setPalette(style_.Toolbar);
+  extensions_->setPalette(style_.Toolbar);  // an inherited one does not reach its pop-up
   update();
 }
 

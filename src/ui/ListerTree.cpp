@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <algorithm>
 #include <utility>
@@ -73,6 +74,7 @@ bool ListerTree::IsShown(const QModelIndex& index) const {
 void ListerTree::HoldTop() {
   const int row = verticalScrollBar()->value();  // by rows, all of which are in one branch
   top_ = row > 0 ? model()->index(row, 0) : QModelIndex();
+  topHeld_ = true;
 }
 
 void ListerTree::ReleaseTop() {
@@ -81,17 +83,16 @@ void ListerTree::ReleaseTop() {
     verticalScrollBar()->setValue(top_.row());
   }
   top_ = QModelIndex();
+  topHeld_ = false;
 }
 
 void ListerTree::HoldCurrent() {
   const int row = currentIndex().row();
   const lister::RowRange visible = VisibleRows();
-  currentHeld_ = fileList_ && row >= visible.First && row <= visible.Last;
+  currentHeld_ = fileList_ && !topHeld_ && row >= visible.First && row <= visible.Last;
 }
 
 void ListerTree::ReleaseCurrent() {
-  // The order is new from top to bottom: what was the first in sight is not to be followed.
-  top_ = QModelIndex();
   if (currentHeld_) BringIntoView(currentIndex());
   currentHeld_ = false;
 }
@@ -283,6 +284,14 @@ void ListerTree::contextMenuEvent(QContextMenuEvent* event) {
 bool ListerTree::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave) mouse_.Leave();
   return QTreeView::viewportEvent(event);
+}
+
+void ListerTree::resizeEvent(QResizeEvent* event) {
+  const int bottom = NameCellOf(currentIndex()).bottom();
+  const bool wasSeen = currentIndex().isValid() && bottom > 0 && bottom < event->oldSize().height();
+  QTreeView::resizeEvent(event);
+  // A list that becomes lower keeps the cursor in sight.
+  if (wasSeen && bottom >= viewport()->height()) BringIntoView(currentIndex());
 }
 
 // --- Painting

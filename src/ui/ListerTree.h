@@ -31,7 +31,8 @@ class ListerTree : public QTreeView {
   // in sight stays so; a list that is not scrolled stays at its top.
   void HoldTop();
   void ReleaseTop();
-  // The same when rows change places: the row with the cursor stays in sight if it was.
+  // Between these two rows change places, and the row with the cursor stays in sight if it was,
+  // unless the top is held.
   void HoldCurrent();
   void ReleaseCurrent();
   void ScrollToTop();
@@ -86,6 +87,7 @@ class ListerTree : public QTreeView {
   void wheelEvent(QWheelEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -106,6 +108,7 @@ class ListerTree : public QTreeView {
   const bool fileList_;
   ListerMouse mouse_;
   QPersistentModelIndex top_;
+  bool topHeld_ = false;
   bool currentHeld_ = false;
   bool escapeTaken_ = false;  // and its key press is still to come
   int turned_ = 0;            // of the wheel, short of a notch

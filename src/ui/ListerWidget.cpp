@@ -1,26 +1,19 @@
 #include "ui/ListerWidget.h"
 
 #include <QAccessible>
-#include <QDrag>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPainter>
-#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
-#include <memory>
-#include <utility>
 
-#include "lister/ListInput.h"
 #include "ui/Convert.h"
 #include "ui/ListerDelegate.h"
-#include "ui/ListerDrag.h"
 #include "ui/ListerDrives.h"
 #include "ui/ListerHeader.h"
-#include "ui/ListerKeys.h"
 #include "ui/ListerModel.h"
 #include "ui/ListerToolbar.h"
 #include "ui/ListerTree.h"
@@ -33,9 +26,6 @@ namespace {
 
 constexpr int LeastTreeHeight = 60;         // below it the status line gives way, then the toolbar
 constexpr std::size_t MostMirrored = 1000;  // runs of selected rows
-// Kinds of tasks that wait once at most. Keys have kinds above these.
-constexpr int MouseMoves = 1;
-constexpr int KeyKinds = 16;
 
 }  // namespace
 
@@ -80,6 +70,8 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   ConnectHeader();
 
   control_.View = this;
+  isRead_ = QAccessible::isActive();
+  QAccessible::installActivationObserver(this);
   SetMeasures();
   StyleChanged();
   DrivesChanged();
@@ -89,198 +81,8 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
 }
 
 ListerWidget::~ListerWidget() {
+  QAccessible::removeActivationObserver(this);
   if (control_.View == this) control_.View = nullptr;
-}
-
-void ListerWidget::BuildDriveList() {
-  const int pane = lister::PaneOf(control_.Id()) + 1;
-  drives_ = new ListerDrives(QStringLiteral("Drives of pane %1").arg(pane), this);
-  connect(drives_, &ListerDrives::FocusTaken, this, &ListerWidget::TellFocus);
-  connect(drives_, &ListerDrives::Chosen, this, [this](const QByteArray& drive) {
-    Queue([this, name = drive.toStdString()] { control_.ChooseDrive(name); });
-  });
-}
-
-void ListerWidget::BuildToolbar() {
-  toolbar_ = new ListerToolbar(control_, style_, icons_, this);
-  // At once, so that the list keeps up with the typing: a filter reads nothing.
-  connect(toolbar_, &ListerToolbar::FilterTyped, this, [this](const QString& text) {
-    if (control_.View == this) control_.SetFilterText(text.toStdString());
-  });
-  connect(toolbar_, &ListerToolbar::ExtensionChosen, this, [this](const QByteArray& extension) {
-    Queue([this, name = extension.toStdString()] { control_.SetExtensionFilter(name); });
-  });
-  connect(toolbar_, &ListerToolbar::CalculateAsked, this,
-          [this] { Queue([this] { control_.CalculateFolderSizes(); }); });
-  connect(toolbar_, &ListerToolbar::UpAsked, this,
-          [this] { Queue([this] { control_.UpButton(); }); });
-  connect(toolbar_, &ListerToolbar::NewFolderAsked, this,
-          [this] { Queue([this] { control_.NewFolderButton(); }); });
-  connect(toolbar_, &ListerToolbar::ListAsked, this, [this] { tree_->setFocus(); });
-  connect(toolbar_, &ListerToolbar::FocusTaken, this, &ListerWidget::TellFocus);
-}
-
-void ListerWidget::ConnectTree() {
-  connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this](const QModelIndex& index) { QueueMove(index); });
-  connect(tree_, &QTreeView::expanded, this, &ListerWidget::QueueExpansion);
-  connect(tree_, &QTreeView::collapsed, this, &ListerWidget::QueueExpansion);
-  connect(tree_, &ListerTree::ActivateAsked, this, [this](const QModelIndex& index) {
-    Queue([this, row = QPersistentModelIndex(index)] {
-      if (row.isValid()) control_.Activate(ListerModel::RowOf(row));
-    });
-  });
-  connect(tree_, &ListerTree::FocusTaken, this, &ListerWidget::TellFocus);
-  connect(tree_, &ListerTree::KeyPressed, this, &ListerWidget::QueueKey);
-  tree_->TakesEscape = [this] {
-    return control_.View == this && control_.KeyDown(lister::EscapeKey, 0);
-  };
-  connect(tree_, &ListerTree::KeyReleased, this, [this](const QKeyEvent& event) {
-    Queue([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] {
-      const QPointer<ListerWidget> alive(this);
-      if (const int code = KeyCodeOf(*copy); code != 0) control_.KeyUp(code);
-      if (alive) QCoreApplication::sendEvent(parent(), copy.get());
-    });
-  });
-  connect(tree_, &ListerTree::TextTyped, this, [this](const QString& text) {
-    Queue([this, typed = text.toStdString()] { control_.TypeText(typed); });
-  });
-  connect(tree_, &ListerTree::WheelTurned, this, [this](int notches) {
-    // One by one, since a notch is what a list scrolls by.
-    for (int count = std::abs(notches); count > 0; --count) {
-      Queue([this, delta = notches > 0 ? 120 : -120] { control_.WheelTurned(delta); });
-    }
-  });
-}
-
-void ListerWidget::ConnectMouse() {
-  ListerMouse* const mouse = &tree_->Mouse();
-  connect(mouse, &ListerMouse::Pressed, this, [this](const PointerReport& report) {
-    QueueMouse(&lister::ListerControl::MouseDown, report);
-  });
-  connect(mouse, &ListerMouse::Moved, this, [this](const PointerReport& report) {
-    QueueMouse(&lister::ListerControl::MouseMoved, report, MouseMoves);
-  });
-  connect(mouse, &ListerMouse::Released, this, [this](const PointerReport& report) {
-    QueueMouse(&lister::ListerControl::MouseUp, report);
-  });
-  connect(mouse, &ListerMouse::DoubleClicked, this, [this](const PointerReport& report) {
-    Queue([this, row = report.Row] {
-      if (row.isValid()) control_.Activate(ListerModel::RowOf(row));
-    });
-  });
-  connect(mouse, &ListerMouse::Hovered, this, [this, mouse] {
-    if (control_.View == this) control_.SetHoverGraphicsOn(mouse->Pointer().has_value());
-  });
-}
-
-void ListerWidget::ConnectHeader() {
-  connect(header_, &QHeaderView::sectionPressed, this, [this] { TakeFocus(); });
-  connect(header_, &QHeaderView::sectionClicked, this,
-          [this](int heading) { Queue([this, heading] { control_.ClickHeading(heading); }); });
-  connect(header_, &QHeaderView::sectionDoubleClicked, this, [this](int heading) {
-    const bool shift = QGuiApplication::keyboardModifiers() & Qt::ShiftModifier;
-    Queue([this, heading, shift] { control_.DoubleClickHeading(heading, shift); });
-  });
-  connect(header_, &ListerHeader::ToggleAsked, this,
-          [this](int heading) { Queue([this, heading] { control_.ToggleHeading(heading); }); });
-}
-
-void ListerWidget::TellFocus() {
-  if (control_.View == this) control_.Focused();
-}
-
-// --- Tasks
-
-void ListerWidget::Queue(std::function<void()> run, int kind) {
-  tasks_.push_back({std::move(run), kind});
-  taskTimer_.start();
-}
-
-void ListerWidget::RunNextTask() {
-  if (tasks_.empty()) return;
-  const std::function<void()> run = std::move(tasks_.front().Run);
-  tasks_.pop_front();
-  // Set going before the task runs, so that a task that lets messages through does not hold up the
-  // others. Nothing of this widget may be touched after the task: it may have been deleted in it.
-  if (!tasks_.empty()) taskTimer_.start();
-  if (control_.View == this) run();
-}
-
-void ListerWidget::QueueKey(const QKeyEvent& event) {
-  const int kind = KeyKinds + event.key();
-  // A held key waits once: what piles up would run on after it is released.
-  const bool waits =
-      std::ranges::any_of(tasks_, [kind](const Task& task) { return task.Kind == kind; });
-  if (event.isAutoRepeat() && waits) return;
-  Queue([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] { RunKey(*copy); }, kind);
-}
-
-void ListerWidget::RunKey(QKeyEvent& event) {
-  const QPointer<ListerWidget> alive(this);
-  const int code = KeyCodeOf(event);
-  if (code != 0 && control_.KeyDown(code, ShiftOf(event.modifiers()))) return;
-  if (!alive || control_.View != this) return;
-  const QString text = TypedText(event);
-  if (!text.isEmpty()) {
-    control_.TypeText(text.toStdString());
-  } else if (tree_->TakesKey(event)) {
-    tree_->HandleKey(event);
-  } else {
-    // The tree has kept it from the window, which may know what to do with it.
-    QCoreApplication::sendEvent(parent(), &event);
-  }
-}
-
-void ListerWidget::QueueMouse(MouseCall call, const PointerReport& report, int kind) {
-  auto run = [this, call, report] {
-    lister::RowPointer at = report.At;
-    if (at.Row != lister::NoRow) {
-      // Rows may have come and gone since.
-      at.Row = report.Row.isValid() ? ListerModel::RowOf(report.Row) : lister::NoRow;
-      if (at.Row == lister::NoRow) {
-        at.Part = lister::RowPart::None;
-      } else {
-        at.Position = report.Row.row();
-      }
-    }
-    const QPointer<ListerTree> tree(tree_);
-    (control_.*call)(at);
-    if (tree) tree->viewport()->update();  // the frame that selects goes along
-  };
-  // Only the newest of moves that wait in a row counts.
-  if (kind != 0 && !tasks_.empty() && tasks_.back().Kind == kind) {
-    tasks_.back().Run = std::move(run);
-  } else {
-    Queue(std::move(run), kind);
-  }
-}
-
-void ListerWidget::QueueMove(const QModelIndex& index) {
-  // While rows change, Qt moves the cursor off rows that go; the control knows better.
-  if (rowChanges_ > 0 || !index.isValid()) return;
-  const bool queued = move_.isValid();
-  move_ = index;
-  if (queued) return;
-  Queue([this] {
-    const QPersistentModelIndex newest = std::exchange(move_, {});
-    if (newest.isValid()) control_.MoveCurrent(ListerModel::RowOf(newest));
-  });
-}
-
-void ListerWidget::QueueExpansion(const QModelIndex& index) {
-  if (control_.Look(ListerModel::RowOf(index)).IsExpanded == tree_->isExpanded(index)) return;
-  Queue([this, branch = QPersistentModelIndex(index)] {
-    if (!branch.isValid()) return;
-    const RowId row = ListerModel::RowOf(branch);
-    const bool expanded = tree_->isExpanded(branch);
-    if (expanded == control_.Look(row).IsExpanded) return;
-    if (expanded) {
-      control_.Expand(row);
-    } else {
-      control_.Collapse(row);
-    }
-  });
 }
 
 // --- Rows
@@ -361,6 +163,8 @@ void ListerWidget::CellsChanged(RowId parent, int first, int last) {
 void ListerWidget::ExpansionChanged(RowId row) {
   ShowExpansion(row);
   tree_->RefreshBranches();
+  const bool opened = row == control_.CurrentRow() && control_.Look(row).IsExpanded;
+  if (opened && isVisible() && rowChanges_ == 0) ShowBranch(model_->IndexOf(row));
 }
 
 void ListerWidget::CurrentChanged() {
@@ -417,8 +221,13 @@ void ListerWidget::ScrollToCurrent() {
   if (!scrollDue_) tree_->BringIntoView(tree_->currentIndex());
 }
 
+void ListerWidget::accessibilityActiveChanged(bool active) {
+  isRead_ = active;
+  MirrorSelection();
+}
+
 void ListerWidget::MirrorSelection() {
-  if (!fileList_ || !QAccessible::isActive()) return;
+  if (!fileList_ || !isRead_) return;
   const std::vector<lister::RowRange> ranges = control_.SelectedRanges();
   QItemSelection selection;
   if (ranges.size() <= MostMirrored) {
@@ -497,35 +306,6 @@ lister::RowId ListerWidget::RowUnderPointer() const {
   const auto& pointer = tree_->Mouse().Pointer();
   const QModelIndex row = pointer ? tree_->RowAt(pointer->y()) : QModelIndex();
   return row.isValid() ? ListerModel::RowOf(row) : lister::NoRow;
-}
-
-void ListerWidget::BeginDrag() {
-  Queue([this] { RunDrag(); });
-}
-
-void ListerWidget::RunDrag() {
-  if (!(QGuiApplication::mouseButtons() & Qt::LeftButton)) return;
-  control_.FirstSelected();  // makes the list of items
-  const std::string items = control_.ActiveItemName();
-  const std::vector<std::string_view> paths = SplitItems(items);
-  tree_->Mouse().Forget();
-  const QPointer<ListerWidget> alive(this);
-  if (!paths.empty()) {
-    const QIcon icon =
-        tree_->currentIndex().siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
-    auto* const drag = new QDrag(tree_);  // Qt deletes it
-    drag->setMimeData(MimeDataOf(paths).release());
-    drag->setPixmap(
-        DragPicture(icon, paths.size(), style_.List, font(), tree_->devicePixelRatioF()));
-    drag->setHotSpot(QPoint(-12, -8));
-    drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::CopyAction);
-  }
-  if (!alive || control_.View != this) return;
-  const QPoint place = mapFromGlobal(QCursor::pos());
-  control_.DragFinished({.Button = 1,
-                         .Shift = ShiftOf(QGuiApplication::queryKeyboardModifiers()),
-                         .X = static_cast<float>(ToTwips(place.x())),
-                         .Y = static_cast<float>(ToTwips(place.y()))});
 }
 
 void ListerWidget::CatchUpLater(int milliseconds) {

@@ -6,6 +6,7 @@
 // through, and rows may come and go meanwhile.
 #pragma once
 
+#include <QAccessible>
 #include <QPersistentModelIndex>
 #include <QTimer>
 #include <QWidget>
@@ -27,7 +28,9 @@ class ListerModel;
 class ListerToolbar;
 class ListerTree;
 
-class ListerWidget : public QWidget, private lister::ListerView {
+class ListerWidget : public QWidget,
+                     private lister::ListerView,
+                     private QAccessible::ActivationObserver {
   Q_OBJECT
 
  public:
@@ -72,13 +75,15 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void BeginDrag() override;
   void CatchUpLater(int milliseconds) override;
 
+  void accessibilityActiveChanged(bool active) override;
+
   // A wish of the user that waits for its turn. One of a kind that can be told again and again,
   // such as a held key, waits once at most.
   struct Task {
     std::function<void()> Run;
     int Kind = 0;  // 0 for all that stand for themselves
   };
-  using MouseCall = void (lister::ListerControl::*)(const lister::RowPointer&);
+  using MouseCall = void (*)(lister::ListerControl&, const lister::RowPointer&);
 
   void BuildDriveList();
   void BuildToolbar();
@@ -95,8 +100,12 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void RunNextTask();
   void QueueMove(const QModelIndex& index);
   void QueueExpansion(const QModelIndex& index);
+  // As many of the rows that came out as fit are brought on the screen.
+  void ShowBranch(const QModelIndex& branch);
   void QueueKey(const QKeyEvent& event);
   void RunKey(QKeyEvent& event);
+  // The tree has kept the key from the window, which may know what to do with it.
+  void PassOn(QKeyEvent& event);
   void QueueMouse(MouseCall call, const PointerReport& report, int kind = 0);
   void RunDrag();
 
@@ -106,7 +115,8 @@ class ListerWidget : public QWidget, private lister::ListerView {
   void ShowRows();
   void ShowCurrent();
   void ScrollToCurrent();
-  // Screen readers learn of the selection from Qt, which nothing else here asks about it.
+  // Screen readers learn of the selection from Qt, which nothing else here asks about it. Nothing
+  // is kept there while no one reads.
   void MirrorSelection();
 
   lister::ListerControl& control_;
@@ -124,6 +134,7 @@ class ListerWidget : public QWidget, private lister::ListerView {
   QTimer catchUpTimer_;
   std::deque<Task> tasks_;
   QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
+  bool isRead_ = false;         // by a screen reader, maybe
   int border_ = 0;              // pixels round the list
   int rowChanges_ = 0;          // calls that change rows and are not ended
   bool scrollDue_ = false;      // the current row is to be brought into view once there is one

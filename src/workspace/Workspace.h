@@ -40,8 +40,8 @@ struct Workspace {
   bool SpaceHeld = false;       // from Space down in a list until it comes up
   // What the mouse is doing on the form: "DragStart" while items are dragged out of a list.
   std::string ResizeAction;
-  std::int16_t InitialActivePane = -1;          // first open pane at start, -1 for none
-  std::int16_t PreviousActivePane = -99;        // the pane that auto expand saw last
+  std::int16_t InitialActivePane = -1;    // first open pane at start, -1 for none
+  std::int16_t PreviousActivePane = -99;  // the pane that auto expand saw last
 
   base::Twips PaneGap = 0;             // thickness of a splitter bar
   base::Twips CommandStripHeight = 0;  // kept free under the panes for the command line

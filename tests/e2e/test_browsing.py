@@ -26,7 +26,7 @@ class BrowsingTest(EndToEndTest):
             self.wait_names(program, [*ODD_SHOWN, odd_folder], pane)
             program.folders(pane).wait_has(self.home.name)
         self.assertFalse(program.is_open(3))
-        self.assertEqual(program.status("files"), "9 items (1 folder)")
+        self.assertIn("9 items (1 folder), 157 bytes. ", program.status("files"))
         self.assertEqual(self.marker.read_bytes(), b"")
         self.assertFalse(self.settings.exists())
 

@@ -285,13 +285,16 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   List.Expand(RowOf("C:\\Work"));
   EXPECT_EQ(Names(RowOf("C:\\Work\\p9")), (Texts{"deep", "deeper", "new"}));
 
-  // Whatever was missed in a bracket is made up for, unless a refresh has done it.
+  // Whatever was missed in a bracket is made up for, unless a refresh has done it; also what the
+  // watch was about to tell.
+  Platform.Files.AddFolder("C:\\late");
   List.WatchStop();
   Platform.Files.AddFolder("C:\\Work\\p11");
   List.OpenFolder(0, "C:\\Zoo");
   EXPECT_TRUE(Platform.Watches.Watched().empty());
   List.WatchResume();
   EXPECT_NE(RowOf("C:\\Work\\p11"), NoRow);
+  EXPECT_NE(RowOf("C:\\late"), NoRow);
   List.WatchStop();
   List.RefreshList();
   const int reads = Reads("C:\\");
@@ -327,6 +330,9 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   List.CatchUp();
   EXPECT_EQ(Names(), Texts{List.CurrentFolder()});
   EXPECT_EQ(List.StatusText(), "Cannot read C:\\: No such file or directory");
+  Platform.Files.AddFolder("C:\\back");  // the volume is there again
+  List.DrivesChanged();
+  EXPECT_NE(RowOf("C:\\back"), NoRow);
 }
 
 TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {

@@ -1,4 +1,4 @@
-// Notices of changes in a folder by GIO.
+// Notices of changes in a folder by inotify.
 #pragma once
 
 #include <functional>
@@ -9,13 +9,20 @@
 
 namespace tarnwell::platform {
 
+class NoticeQueue;
+
 // Reports from the default main context of GLib, 200 ms after the first of a run of changes, with
-// the names up to a thousand and Everything beyond. A file that is being written all the time is
-// told of about once a second. A Watch may be destroyed within its own call. Folders on other
-// machines are not watched, since changes made there go unnoticed here.
+// the names up to a thousand and Everything beyond. A Watch may be destroyed within its own call.
+// Folders on other machines are not watched, since changes made there go unnoticed here.
+//
+// Not by GIO's monitors: those share what they know by path, so that two of one folder by different
+// paths fall silent with the first that ends, and a path that leads elsewhere by now is not seen.
 class LinuxFolderWatch : public FolderWatch {
  public:
   std::unique_ptr<Watch> Start(const std::string& folder, Changed changed) override;
+
+ private:
+  std::shared_ptr<NoticeQueue> queue_;  // of all watches; they may outlive this object
 };
 
 }  // namespace tarnwell::platform

@@ -153,7 +153,7 @@ class Walk {
   }
 
   void Note(int error) {
-    if (error == ENOENT) return;
+    if (error == ENOENT || error == ENOTDIR) return;  // gone, or another item by now
     if (total_.Unreadable++ == 0) total_.Trouble = SystemError(error);
   }
 

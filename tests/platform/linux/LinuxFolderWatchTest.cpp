@@ -99,6 +99,29 @@ TEST(LinuxFolderWatch, TellsThatTheFolderWent) {
   }
 }
 
+TEST(LinuxFolderWatch, GoesByTheFolderAndNotByItsPath) {
+  const TempFolder folder;
+  const std::string inner = folder / "a/inner", link = folder / "link";
+  std::filesystem::create_directories(inner);
+  symlink("a/inner", link.c_str());
+  LinuxFolderWatch watches;
+  Told told, other;
+  const auto watch = watches.Start(link, told.Take());
+  auto brief = watches.Start(inner, other.Take());
+  brief.reset();
+  Put(inner + "/new", "");
+  EXPECT_TRUE(RunUntil([&] { return told.Names.contains("new"); }));
+
+  // Another folder has come in the place of one further up.
+  rename((folder / "a").c_str(), (folder / "b").c_str());
+  std::filesystem::create_directories(inner);
+  brief = watches.Start(inner, other.Take());
+  Put(inner + "/newer", "");
+  Put(folder / "b/inner/newest", "");
+  EXPECT_TRUE(RunUntil([&] { return !other.Names.empty() && told.Names.contains("newest"); }));
+  EXPECT_EQ(other.Names, std::set<std::string>{"newer"});
+}
+
 TEST(LinuxFolderWatch, MakesFewCallsOfABurst) {
   const TempFolder folder;
   Told told;

@@ -1,0 +1,136 @@
+// A list in its widget over the in-memory platform, and hands to use it with.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTreeView>
+#include <string>
+#include <vector>
+
+#include "fakes/FakePlatform.h"
+#include "lister/ListInput.h"
+#include "ui/ListerModel.h"
+#include "ui/ListerRow.h"
+#include "ui/ListerWidget.h"
+#include "ui/TestApplication.h"
+
+namespace tarnwell::ui {
+
+using lister::RowId;
+
+struct Heard : lister::ListerEvents {
+  std::vector<lister::ListId> Folders, Drives;
+  std::vector<int> Notches;
+  std::vector<std::string> RightClicks;
+  void FolderSelected(lister::ListId list) override { Folders.push_back(list); }
+  void DriveSelected(lister::ListId list) override { Drives.push_back(list); }
+  void WheelTurned(lister::ListId, int& delta) override { Notches.push_back(delta); }
+  void RightClicked(lister::ListId, const lister::RightClick& click) override {
+    RightClicks.push_back(click.Path);
+  }
+  void ListKeyDown(lister::ListId, std::int16_t& code) override {
+    bool spaceHeld = false;
+    if (List != nullptr && code != lister::SpaceKeyCode) List->ArrowKey(code, spaceHeld);
+  }
+  lister::ListerControl* List = nullptr;
+};
+
+class ListerWidgetTest : public testing::Test {
+ protected:
+  ListerWidgetTest() {
+    TestApplication();
+    for (const char* folder : {"/a/b/c", "/d/e", "/f", "/media/disk/g"}) {
+      Platform.Files.AddFolder(folder);
+    }
+    for (const char* file : {"/d/one.txt", "/d/three.txt", "/d/two.txt"}) {
+      Platform.Files.AddFile(file);
+    }
+    Platform.Drives.Volumes.push_back({"/media/disk", "Disk"});
+  }
+
+  struct List {
+    List(ListerWidgetTest& test, lister::ListId id)
+        : Control(id, test.Services, test.Events), Widget(Control, test.Icons, &Window) {
+      test.Events.List = &Control;
+      Control.AddSortKey(0, "sName", "asc");
+      Control.Initialize();
+      Widget.resize(400, 300);
+      Tree = Widget.findChild<QTreeView*>();
+      Header = Tree->header();
+    }
+    ~List() { Control.Terminate(); }
+
+    RowId Row(const std::string& path, RowId above = lister::RootRow) const {
+      for (int i = 0; i < Control.ChildCount(above); ++i) {
+        const RowId row = Control.Child(above, i);
+        if (Control.PathOf(row) == path) return row;
+        const RowId below = Row(path, row);
+        if (below != lister::NoRow) return below;
+      }
+      return lister::NoRow;
+    }
+    QModelIndex Index(const std::string& path) const {
+      return static_cast<ListerModel*>(Tree->model())->IndexOf(Row(path));
+    }
+    std::string PathAt(const QModelIndex& index) const {
+      return Control.PathOf(ListerModel::RowOf(index));
+    }
+    void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const char* text = "",
+               bool repeated = false) {
+      QKeyEvent event(QEvent::KeyPress, key, modifiers, text, repeated);
+      QApplication::sendEvent(Tree, &event);
+    }
+    void Show(std::string folder) {
+      Window.resize(400, 300);
+      Window.show();
+      if (lister::IsFileList(Control.Id())) Control.LoadFolderContents(folder, true);
+      if (!lister::IsFileList(Control.Id())) Control.LoadDrive(folder, false);
+      Settle();
+    }
+    // A place in the row: in the gap, or pixels from the left.
+    QPoint Gap(const std::string& path) const {
+      const QRect cell = Tree->visualRect(Index(path));
+      return PartsOfName(cell, Tree->iconSize().width(), true).Gap.center();
+    }
+    QPoint At(const std::string& path, int x) const { return {x, Gap(path).y()}; }
+    void Mouse(QEvent::Type type, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
+      const bool moves = type == QEvent::MouseMove, ends = type == QEvent::MouseButtonRelease;
+      QMouseEvent event(type, place, Tree->viewport()->mapToGlobal(place),
+                        moves ? Qt::NoButton : button, ends ? Qt::NoButton : button, {});
+      QApplication::sendEvent(Tree->viewport(), &event);
+      Settle();
+    }
+    void Click(QPoint place) {
+      Mouse(QEvent::MouseButtonPress, place);
+      Mouse(QEvent::MouseButtonRelease, place);
+    }
+    std::string Selected() const {
+      std::string names;
+      for (int at = 0; at < Control.ChildCount(lister::RootRow); ++at) {
+        const RowId row = Control.Child(lister::RootRow, at);
+        if (!Control.Look(row).IsSelected) continue;
+        names += Control.CellText(row, lister::HeadingId::Name) + " ";
+      }
+      return names;
+    }
+
+    lister::ListerControl Control;
+    QWidget Window;
+    ListerWidget Widget;
+    QTreeView* Tree;
+    QHeaderView* Header;
+  };
+
+  static void Settle() {
+    for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  }
+
+  fakes::FakePlatform Platform{base::PathSyntax::Posix()};
+  lister::ListerServices Services = Platform.Services();
+  Heard Events;
+  IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
+};
+
+}  // namespace tarnwell::ui
