@@ -96,7 +96,8 @@ void ListerControl::RefreshAfterOperation() {
 
 void ListerControl::SetEnhancedMode(bool on) {
   SetProperty("ShowColor", base::Value(on));
-  SetHeadingProperty(static_cast<int>(HeadingId::Comments), "active", base::Value(on));
+  if (parts_->State.Table[HeadingId::Comments].Active == on) return;
+  ToggleHeading(static_cast<int>(HeadingId::Comments));
 }
 
 // The widget follows the size of the list by itself; what is left is to paint it anew.
