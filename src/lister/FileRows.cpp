@@ -137,7 +137,6 @@ void FileRows::SetFolderSize(RowId row, std::uint64_t bytes) {
 void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
   FileRow& item = Stored(row);
   item.Colour = colour;
-  item.NotesWereRead = true;
   if (comment.empty()) {
     comments_.erase(row);
   } else {

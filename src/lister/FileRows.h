@@ -47,7 +47,6 @@ struct FileRow {
   bool HasAttributes : 1 = false;  // Size, Mode and the times are known
   bool WasTried : 1 = false;       // they have been asked for
   bool HasFolderSize : 1 = false;  // a folder's Size is known
-  bool NotesWereRead : 1 = false;  // Colour and comment
   bool IsSelected : 1 = false;
   bool WasSelected : 1 = false;  // at the last KeepSelection
   bool IsUsed : 1 = false;       // an item's, not the place of one that is gone
