@@ -181,7 +181,12 @@ void MainWindow::SyncColours() {
   const QPalette inside = skinned ? PaletteOn(ToQColor(form_.BackColour)) : plain;
   const QPalette menu = skinned ? PaletteOn(ToQColor(form_.MenuBackColour)) : plain;
   if (area_->palette() != inside) area_->setPalette(inside);
-  if (menuBar()->palette() != menu) menuBar()->setPalette(menu);
+  if (menuBar()->palette() == menu) return;
+  menuBar()->setPalette(menu);
+  // A menu that unfolds is a window of its own, and takes no colours from the bar.
+  QPalette sheet = menu;
+  if (skinned) sheet.setColor(QPalette::Base, menu.color(QPalette::Window));
+  for (QMenu* const unfolding : menuBar()->findChildren<QMenu*>()) unfolding->setPalette(sheet);
 }
 
 // A list that is about to go hands the keyboard to the active list; left alone, the toolkit would
