@@ -49,9 +49,11 @@ void FolderTree::Update(RowId row, std::vector<Subfolder> folders, BranchState s
     changed.push_back(child);
   }
   std::vector<std::size_t> added;
+  added.reserve(fresh.size());
   for (const auto& [name, at] : fresh) added.push_back(at);
   std::sort(added.begin(), added.end());
   std::vector<RowId> made;
+  made.reserve(added.size());
   for (const std::size_t at : added) made.push_back(Make(row, std::move(folders[at])));
 
   RemoveMarked(row, std::move(goes), view);
@@ -72,6 +74,7 @@ void FolderTree::Change(RowId row, const std::vector<RowId>& gone, std::vector<S
   std::vector<char> goes(Node(row).Children.size());
   for (const RowId child : gone) goes[static_cast<std::size_t>(Node(child).Position)] = 1;
   std::vector<RowId> made;
+  made.reserve(come.size());
   for (Subfolder& folder : come) made.push_back(Make(row, std::move(folder)));
   RemoveMarked(row, std::move(goes), view);
   InsertMade(row, std::move(made), view);

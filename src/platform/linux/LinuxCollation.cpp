@@ -1,10 +1,10 @@
 #include "platform/linux/LinuxCollation.h"
 
 #include <langinfo.h>
-#include <wctype.h>
 
 #include <algorithm>
 #include <cstring>
+#include <cwctype>
 #include <string>
 
 #include "base/Text.h"
@@ -88,7 +88,7 @@ void LinuxCollation::FillTable() {
       if (together != apart) pairs_.push_back({first, second, WeightOf(together)});
     }
   }
-  for (const Pair& pair : pairs_) ascii_[static_cast<std::size_t>(pair.First)].StartsPair = true;
+  for (const Pair& pair : pairs_) ascii_[static_cast<unsigned char>(pair.First)].StartsPair = true;
 }
 
 const LinuxCollation::Weight* LinuxCollation::FindPair(char first, char second) const {

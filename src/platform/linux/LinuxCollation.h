@@ -1,9 +1,8 @@
 // The order of letters by the locale of the process.
 #pragma once
 
-#include <locale.h>
-
 #include <array>
+#include <clocale>
 #include <cstdint>
 #include <vector>
 

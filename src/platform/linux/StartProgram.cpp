@@ -102,6 +102,7 @@ std::vector<std::string> TerminalWords() {
 
 base::Status Spawn(const std::vector<std::string>& words, const std::string& folder) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   // In a session of its own, so that it outlives the terminal that this program was started from.
