@@ -169,7 +169,8 @@ class ListerControl : public forms::Control {
 
   // Named settings: "FileCountMax", "ShowColor", "ShowFileIcons", "ShowFolderIcons",
   // "ActiveHeading", "ActiveButton", "ActiveString", "BorderWidth" and the colours. A name that the
-  // list does not know is ignored; a value of the wrong type throws base::ConversionError.
+  // list does not know is ignored, and so is "ActiveButton", which means nothing to it; for the
+  // others a value of the wrong type throws base::ConversionError.
   void SetProperty(std::string_view name, const base::Value& value);
   // The three steps of a change of colours.
   void ReloadColors();
