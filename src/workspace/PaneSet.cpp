@@ -115,7 +115,7 @@ void PaneSet::EqualizePanes() {
     record.PercentWidth = static_cast<float>(share);
     record.PercentHeightH = static_cast<float>(share);
     record.Width = base::RoundToTwips(share * inside);
-    record.HeightH = base::RoundToTwips(share * workspace_.AreaWidth);
+    record.HeightH = base::RoundToTwips(share * workspace_.Area.AreaWidth);
   }
 }
 

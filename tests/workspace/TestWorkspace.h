@@ -61,10 +61,16 @@ class TestWorkspace {
                 return std::make_unique<lister::ListerControl>(list, Platform.Services(),
                                                                EventsOf());
               }),
-        Layout(Space) {
+        Layout(Space, Messages) {
     Space.PaneGap = 60;
-    Space.Form.ScaleWidth = 15120;
-    Space.Form.ScaleHeight = 9000;
+    Space.CommandStripHeight = 335;
+    Space.Form.Width = Space.Form.ScaleWidth = 15120;
+    Space.Form.Height = Space.Form.ScaleHeight = 9000;
+    Space.Form.Toolbar1.Height = 435;
+    for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
+      Space.Form.TitleBar[i].Height = 255;
+      Space.Form.cmdTitle[i].Width = Space.Form.cmdClosePane[i].Width = 315;
+    }
     for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
       Space.Panes[i].InitialDrive = "C";
       Space.Panes[i].Status = i < 2 ? Open : Closed;
