@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "base/Text.h"
+#include "forms/PointerScope.h"
 
 namespace tarnwell::lists {
 namespace {
@@ -23,21 +24,6 @@ std::string PaneCaption(int pane, const std::string& path) {
   for (const char c : path) caption.append(c == '&' ? 2 : 1, c);
   return caption;
 }
-
-// Puts the hourglass over the window and the old pointer back.
-class BusyPointer {
- public:
-  explicit BusyPointer(forms::FormHost& host) : host_(host), before_(host.ScreenPointer()) {
-    host_.SetScreenPointer(forms::MousePointer::Hourglass);
-  }
-  ~BusyPointer() { host_.SetScreenPointer(before_); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-
- private:
-  forms::FormHost& host_;
-  forms::MousePointer before_;
-};
 
 }  // namespace
 
@@ -115,7 +101,7 @@ void Navigation::UpdateChildPane(lister::ListId list) {
 }
 
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
-  const BusyPointer pointer(host_);
+  const forms::PointerScope pointer(host_);
   const int pane = lister::PaneOf(list);
   const std::string& title = workspace_.Form.TitleBar[static_cast<std::size_t>(pane)].Text;
   if (title.size() == 1 && title.front() == syntax_.Separator) return;

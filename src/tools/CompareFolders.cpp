@@ -9,7 +9,7 @@ namespace tarnwell::tools {
 
 void FolderComparison::CompareFolders() {
   workspace::MainForm& form = workspace_.Form;
-  const forms::PointerScope pointers(host_, form.Toolbar1);
+  const forms::PointerScope pointers(host_, &form.Toolbar1);
   lists::WatchStopPanes(workspace_);
   form.Menus["mnuCompareSize"].Checked = form.Toolbar1["compare_size"].Pressed;
   form.Menus["mnuCompareDate"].Checked = form.Toolbar1["compare_date"].Pressed;
