@@ -61,7 +61,7 @@ void Navigation::LoadPaneDrive(int pane) {
   workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
   folders.LoadDrive(record.InitialDrive, false);
-  record.CurrentPath = folders.CurrentFolder();
+  record.CurrentPath = syntax_.AddSeparator(folders.CurrentFolder());
   record.DriveLoaded = true;
 }
 
@@ -75,9 +75,7 @@ void Navigation::UpdateChildPane(lister::ListId list) {
 
   std::string path = syntax_.AddSeparator(workspace_.Panes[i].CurrentPath);
   std::string shown = path;
-  if (shown.front() == PlacePrefix && shown.size() >= PlacePrefixLength) {
-    shown.erase(0, PlacePrefixLength);
-  }
+  if (shown.front() == PlacePrefix) shown.erase(0, PlacePrefixLength);
   form.TitleBar[i].Text = shown;
   form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
   const std::string cut = CutPath(shown);
@@ -95,7 +93,7 @@ void Navigation::UpdateChildPane(lister::ListId list) {
     // What cannot be read is the list's to tell.
   }
   // While the list read, the user may have picked another folder: then that one is the newer.
-  const std::string& newest = path != handedOverFolder_[i] ? handedOverFolder_[i] : path;
+  const std::string& newest = handedOverFolder_[i];
   files.SetCurrentFolder(newest);
   files.ParentFolder = newest;
 }
@@ -105,8 +103,10 @@ void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
   const int pane = lister::PaneOf(list);
   const std::string& title = workspace_.Form.TitleBar[static_cast<std::size_t>(pane)].Text;
   if (title.size() == 1 && title.front() == syntax_.Separator) return;
-  if (syntax_.IsDriveRoot(title)) return;
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
+  // The text tells no root that is a mount point.
+  const std::string root = syntax_.DriveRoot(folders.InitialDrive());
+  if (syntax_.IsDriveRoot(title) || syntax_.Same(title, root)) return;
   if (folders.CurrentNodeLevel() == 1) {
     folders.OpenFolder(0);
     return;
