@@ -27,6 +27,9 @@ enum KeyCode : int {
   RightKey = 39,
   DownKey = 40,
   InsertKey = 45,
+  DeleteKey = 46,
+  F1Key = 112,
+  F2Key = 113,
   F3Key = 114,
 };
 

@@ -75,6 +75,11 @@ struct Workspace {
   std::string ResizeAction;
   SplitterDrag Drag;
 
+  // 1: cut, copy and paste are the platform's; 0: the program's own, by the two values below.
+  std::int32_t ShellVerbMode = 1;
+  std::string InternalClipAction;                      // "copy" or "move"
+  lister::ListId InternalClipSource = lister::NoList;  // NoList when nothing is kept
+
   bool KeyArmed = false;  // a key may act: a held key acts once, until some key is released
 
   bool IsWin9x = false;
