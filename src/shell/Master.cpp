@@ -39,25 +39,6 @@ workspace::FormTables Tables() {
           .Images = commands::ImageKeys()};
 }
 
-constexpr std::pair<const char*, const char*> SortEntries[] = {{"mnuSortAsc", "asc"},
-                                                               {"mnuSortDes", "des"},
-                                                               {"mnuSortAscAdd", "ascadd"},
-                                                               {"mnuSortAddDes", "desadd"}};
-
-struct LayoutCommand {
-  const char* Entry;
-  const char* Button;
-  const char* Word;
-};
-
-constexpr LayoutCommand LayoutCommands[] = {{"mnuVertical", "layoutvertical", "vertical"},
-                                            {"mnuHorizontal", "layouthorizontal", "horizontal"}};
-
-constexpr const char* HeadingEntries[] = {"mnuHeadingExtension",        "mnuHeadingSize",
-                                          "mnuHeadingDateLastModified", "mnuHeadingDateCreated",
-                                          "mnuHeadingDateLastAccessed", "mnuHeadingFileType",
-                                          "mnuHeadingAttributes",       "mnuHeadingComments"};
-
 }  // namespace
 
 struct Master::Stage {
@@ -67,7 +48,7 @@ struct Master::Stage {
 
 // The words are shown as they stand, and a failing stage is named by them.
 const Master::Stage Master::Stages[] = {
-    {"setting up menus...", &Master::SetUpMenus},
+    {"setting up menus...", nullptr},  // they come with the form
     {"creating menu links...", &Master::LinkMenus},
     {"assigning images...", &Master::AssignImages},
     {"detecting environment...", &Master::DetectEnvironment},
@@ -107,9 +88,11 @@ Master::Master(const Services& services, Splash& splash)
       navigation_(space_, services_.Files.Syntax(), services_.Host),
       newFolder_(space_, services_.Files, services_.Host, messages_, dialogFields_),
       events_(space_, layout_, navigation_, messages_,
-              {[this] { Close(); }, [this] { newFolder_.CreateNewFolder(true); }}),
+              {[this] { Exit(); }, [this] { newFolder_.CreateNewFolder(true); }}),
       listCommands_(space_),
-      comparison_(space_, services_.Host, messages_) {
+      comparison_(space_, services_.Host, messages_),
+      commands_({space_, panes_, layout_, listCommands_, switches_, comparison_, skin_, *this}),
+      keyboard_(space_, messages_, *this) {
   workspace::MainForm& form = space_.Form;
   form.Left = StartLeft;
   form.Top = StartTop;
@@ -128,7 +111,7 @@ void Master::Load() {
   try {
     for (const Stage& stage : Stages) {
       splash_.ShowStatus(std::string(stage.Status));
-      (this->*stage.Run)();
+      if (stage.Run != nullptr) (this->*stage.Run)();
     }
   } catch (const std::exception&) {
     messages_.Message(
@@ -141,43 +124,6 @@ void Master::Load() {
         forms::MessageKind::Ok);
     splash_.StartFailed = true;
   }
-}
-
-void Master::SetUpMenus() {
-  commands_.Bind("mnuExit", [this] { Close(); });
-  for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto change = [this, pane] { panes_.ChangePanes(pane); };
-    commands_.Bind("mnuPane" + std::to_string(pane), change);
-    commands_.Bind("pane" + std::to_string(pane), change);
-  }
-  for (const auto& [entry, word] : SortEntries) {
-    commands_.Bind(entry, [this, word = word] { listCommands_.Sort(word); });
-  }
-  commands_.Bind("mnuHeadLeft", [this] { listCommands_.MoveHeading("headleft"); });
-  commands_.Bind("mnuHeadRight", [this] { listCommands_.MoveHeading("headright"); });
-  for (const char* const heading : HeadingEntries) {
-    commands_.Bind(heading, [this, heading] { listCommands_.ToggleHeading(heading); });
-  }
-  for (const auto& [entry, button, word] : LayoutCommands) {
-    const auto change = [this, word = word] { layout_.SwitchLayout(word); };
-    commands_.Bind(entry, change);
-    commands_.Bind(button, change);
-  }
-  commands_.Bind("mnuAutoExpandOn", [this] { layout_.SwitchAutoExpand(true); });
-  commands_.Bind("mnuAutoExpandOff", [this] { layout_.SwitchAutoExpand(false); });
-  commands_.Bind("layoutautoexpand", [this] {
-    layout_.SwitchAutoExpand(space_.Form.Toolbar1["layoutautoexpand"].Pressed);
-  });
-  commands_.Bind("mnuHidden", [this] { listCommands_.HiddenShowHide(); });
-  commands_.Bind("mnuSystem", [this] { listCommands_.SystemShowHide(); });
-  commands_.Bind("mnuColorOn", [this] { switches_.ShowColor(true); });
-  commands_.Bind("mnuColorOff", [this] { switches_.ShowColor(false); });
-  commands_.Bind("mnuCalculateFolderSizes", [this] { listCommands_.CalculateFolderSizes(); });
-  commands_.Bind("mnuCompare", [this] { comparison_.CompareFolders(); });
-  commands_.Bind("mnuCompareSize",
-                 [this] { switches_.ToggleCompare("mnuCompareSize", "compare_size"); });
-  commands_.Bind("mnuCompareDate",
-                 [this] { switches_.ToggleCompare("mnuCompareDate", "compare_date"); });
 }
 
 void Master::LinkMenus() {
@@ -318,17 +264,17 @@ void Master::Resize() {
 // A command by key may come while the mouse drags a bar: its panes may be others afterwards.
 void Master::MenuClick(std::string_view name) {
   splitters_.GiveUp();
-  commands_.Run(name);
+  commands_.MenuClick(name);
 }
 
 void Master::ButtonClick(std::string_view key) {
-  if (!commands_.IsBound(key)) return;
+  if (!commands::Commands::IsCommand(key)) return;
   splitters_.GiveUp();
   // The click has pressed or raised the button before its command runs.
   forms::ToolbarButton& button = space_.Form.Toolbar1[key];
   if (button.Style == forms::ButtonStyle::Check) button.Pressed = !button.Pressed;
   space_.Form.Touch();
-  commands_.Run(key);
+  commands_.ButtonClick(key);
 }
 
 void Master::TitleClick(int pane) {
@@ -351,16 +297,12 @@ void Master::EscapeKey() {
   if (!splitters_.GiveUp()) events_.EscapeKey();
 }
 
-void Master::KeyUp() {
-  space_.KeyArmed = true;
-  ResetStartItems();
+void Master::NotYet(std::string_view what) {
+  messages_.Message("This version of Tarnwell does not have " + std::string(what) + " yet.",
+                    forms::MessageKind::Ok);
 }
 
-void Master::ResetStartItems() {
-  space_.ForEachList([](lister::ListerControl& list) { list.ResetStartItem(); });
-}
-
-void Master::Close() {
+void Master::Exit() {
   services_.Host.Unload(space_.Form);
 }
 

@@ -4,7 +4,8 @@
 
 #include <string>
 
-#include "commands/Dispatcher.h"
+#include "commands/Commands.h"
+#include "commands/Keyboard.h"
 #include "commands/Switches.h"
 #include "fileops/NewFolder.h"
 #include "lists/ListCommands.h"
@@ -25,14 +26,15 @@
 
 namespace tarnwell::shell {
 
-class Master : private workspace::PaneHooks {
+class Master : private workspace::PaneHooks,
+               private commands::ProgramCommands,
+               private commands::KeyActions {
  public:
   // The start is shown on `splash`, which must live as long as Load runs.
   Master(const Services& services, Splash& splash);
 
   workspace::MainForm& Form() { return space_.Form; }
   workspace::Workspace& Space() { return space_; }
-  const commands::Dispatcher& Commands() const { return commands_; }
   MessageBox& Messages() { return messages_; }
 
   // Handler of the form's load: runs the stages in order. A failing one is named to the user, and
@@ -60,9 +62,9 @@ class Master : private workspace::PaneHooks {
   void TitleMouseMove(int pane) { layout_.TitleMouseMove(pane); }
   // Over the form but no list; a notch away from the user is 120.
   void WheelTurned(int delta);
-  // Gives up the drag of a splitter if one runs; else the active list stops what it does.
-  void EscapeKey();
-  void KeyUp();
+  // A key, before the control that has the keyboard sees it; see Keyboard.h.
+  void KeyDown(int code, int shift) { keyboard_.KeyDown(code, shift); }
+  void KeyUp() { keyboard_.KeyUp(); }
   void ChangeResizeFlag(bool value) { space_.Form.ResizeEnabled = value; }
 
  private:
@@ -70,7 +72,6 @@ class Master : private workspace::PaneHooks {
   static const Stage Stages[];
 
   // The stages, in their order.
-  void SetUpMenus();
   void LinkMenus();
   void AssignImages();
   void DetectEnvironment();
@@ -84,14 +85,37 @@ class Master : private workspace::PaneHooks {
   void ShowActiveList();
 
   void SetControlProperties();
-  void ResetStartItems();
   void Shutdown();
-  void Close();
-
   void ReplayPaneSettings(int pane) override { settingsFile_.ReplayPaneSettings(pane); }
   void ApplySkinChange() override { skin_.ApplySkinChange(); }
   void LoadFolders(int pane) override { navigation_.LoadFolders(pane); }
   void LoadPaneDrive(int pane) override { navigation_.LoadPaneDrive(pane); }
+
+  void Exit() override;
+  void ShowOptions() override { NotYet("options"); }
+  void SaveFileListing() override { NotYet("the export of listings"); }
+  void OpenRecycleBin() override { NotYet("the recycle bin"); }
+  void EmptyRecycleBin() override { NotYet("the recycle bin"); }
+  void MapNetworkDrive() override { NotYet("network drives"); }
+  void DisconnectNetworkDrive() override { NotYet("network drives"); }
+  void ShowTips() override { NotYet("tips"); }
+  void ColorChooser() override { NotYet("the choice of skins"); }
+  void OpenHelp() override { NotYet("help"); }
+  void OpenWebSite() override { NotYet("the web site"); }
+  void ShowAbout() override { NotYet("its acknowledgements"); }
+  void CheckForUpdate() override { NotYet("the search for updates"); }
+
+  // Gives up the drag of a splitter if one runs; else the active list stops what it does.
+  void EscapeKey() override;
+  void RenameItem(bool) override { NotYet("renaming"); }
+  void ShowShellMenu(commands::ShellVerb) override { NotYet("the clipboard"); }
+  void DeleteSelection(bool) override { NotYet("deleting"); }
+  void FileOperate(const std::string&, lister::ListId, lister::ListId,
+                   const std::string&) override {
+    NotYet("copying and moving");
+  }
+  // The command is there and its work is to come.
+  void NotYet(std::string_view what);
 
   std::string ProgramFile(std::string_view name) const;
 
@@ -113,7 +137,8 @@ class Master : private workspace::PaneHooks {
   lists::ListEventHandler events_;
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;
-  commands::Dispatcher commands_;
+  commands::Commands commands_;
+  commands::Keyboard keyboard_;
   settings::ReadMarkers markers_;
   bool toSave_ = false;  // the load is done, and nothing is saved yet
 };

@@ -93,7 +93,7 @@ void MainWindow::BuildMenus() {
       parents.push_back(menu);
     } else if (entry.IsSeparator()) {
       parents.back()->addSeparator();
-    } else if (master_.Commands().IsBound(entry.Name)) {
+    } else if (commands::Commands::IsCommand(entry.Name)) {
       QAction* action = parents.back()->addAction(MenuText(entry.Caption));
       action->setCheckable(entry.Checkable);
       menuActions_[entry.Name] = action;
@@ -110,7 +110,7 @@ void MainWindow::BuildMenus() {
 
 void MainWindow::BuildToolbar() {
   for (const forms::ToolbarButton& button : form_.Toolbar1.Buttons()) {
-    if (!master_.Commands().IsBound(button.Key)) continue;
+    if (!commands::Commands::IsCommand(button.Key)) continue;
     QAction* action =
         toolbar_->addAction(icons_.Own(form_.ImageList1.Key(button.Image)), ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
@@ -124,8 +124,7 @@ void MainWindow::BuildToolbar() {
 
 void MainWindow::Sync() {
   setWindowTitle(ToShownQString(form_.Caption));
-  // The commands are bound while the form loads.
-  if (menuActions_.empty() && master_.Commands().IsBound("mnuExit")) {
+  if (menuActions_.empty()) {
     BuildMenus();
     BuildToolbar();
   }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/Commands.h"
 #include "commands/MenuTable.h"
 #include "commands/Switches.h"
 #include "commands/ToolbarTable.h"
@@ -45,6 +46,21 @@ TEST_F(CommandsTest, TablesHaveNoNameTwiceAndAPictureForEachRow) {
     if (Space.Form.Menus.FindByCaption(row.Caption) == nullptr) unknown.push_back(row.Caption);
   }
   EXPECT_EQ(unknown, (std::vector<std::string_view>{"Auto Expand Pane Size"}));
+}
+
+// Everything that can be chosen is a command, but for submenus and what is drawn apart.
+TEST_F(CommandsTest, EachEntryAndButtonHasACommand) {
+  const auto menu = MenuTable();
+  std::vector<std::string_view> without;
+  for (std::size_t i = 0; i < menu.size(); ++i) {
+    const bool isSubmenu = i + 1 < menu.size() && menu[i + 1].Level > menu[i].Level;
+    if (isSubmenu || menu[i].Caption == "-" || Commands::IsCommand(menu[i].Name)) continue;
+    without.push_back(menu[i].Name);
+  }
+  for (const forms::ToolbarRow& row : ToolbarTable()) {
+    if (!row.Key.empty() && !Commands::IsCommand(row.Key)) without.push_back(row.Key);
+  }
+  EXPECT_EQ(without, (std::vector<std::string_view>{"mPopRestore", "mPopExit", "placeholder243"}));
 }
 
 TEST_F(CommandsTest, SwitchesKeepTicksAndButtonsTogether) {
