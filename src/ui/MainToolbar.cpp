@@ -1,0 +1,65 @@
+#include "ui/MainToolbar.h"
+
+#include <QAction>
+#include <QLayout>
+#include <utility>
+
+#include "ui/Convert.h"
+#include "ui/FormWindow.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// The pictures are drawn on a grid of 16.
+constexpr QSize IconSize(16, 16);
+constexpr int ButtonSide = MainToolbar::Height - 2;
+
+}  // namespace
+
+MainToolbar::MainToolbar(shell::Master& master, const IconSource& icons, QWidget* parent)
+    : QToolBar(parent), master_(master), icons_(icons) {
+  setIconSize(IconSize);
+  layout()->setContentsMargins(4, 1, 4, 1);
+  layout()->setSpacing(1);
+  setCursor(Qt::ArrowCursor);
+  setAccessibleName(QStringLiteral("Toolbar"));
+}
+
+void MainToolbar::Build() {
+  const workspace::MainForm& form = master_.Form();
+  bool groupEnded = false;
+  for (const forms::ToolbarButton& button : form.Toolbar1.Buttons()) {
+    groupEnded = groupEnded || button.Style == forms::ButtonStyle::Separator;
+    if (!master_.Commands().IsBound(button.Key)) continue;
+    if (std::exchange(groupEnded, false) && !buttons_.empty()) addSeparator();
+    QAction* action =
+        addAction(icons_.Own(form.ImageList1.Key(button.Image)), ToQString(button.Key));
+    action->setCheckable(button.Style == forms::ButtonStyle::Check);
+    widgetForAction(action)->setMinimumSize(ButtonSide, ButtonSide);
+    buttons_[button.Key] = action;
+    connect(action, &QAction::triggered, this, [this, key = button.Key] {
+      Guarded([this, &key] { master_.ButtonClick(key); });
+      master_.Form().Touch();
+    });
+  }
+}
+
+void MainToolbar::Sync() {
+  // The commands are bound while the form loads.
+  if (buttons_.empty() && master_.Commands().IsBound("mnuExit")) Build();
+  for (const auto& [key, action] : buttons_) {
+    const forms::ToolbarButton& button = master_.Form().Toolbar1[key];
+    if (action->isCheckable()) action->setChecked(button.Pressed);
+    action->setEnabled(button.Enabled);
+    // A pane's button is named by its pane, and its tip is the folder that the pane shows.
+    const bool ofPane = key.starts_with("pane");
+    const QString name = ofPane ? QStringLiteral("Pane %1").arg(key.back() - '0' + 1)
+                                : ToShownQString(button.ToolTip);
+    action->setText(name);
+    action->setToolTip(
+        PlainToolTip(button.ToolTip.empty() ? name : ToShownQString(button.ToolTip)));
+    if (QWidget* widget = widgetForAction(action)) widget->setAccessibleName(name);
+  }
+}
+
+}  // namespace tarnwell::ui
