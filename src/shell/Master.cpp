@@ -315,8 +315,15 @@ void Master::Resize() {
   }
 }
 
+// A command by key may come while the mouse drags a bar: its panes may be others afterwards.
+void Master::MenuClick(std::string_view name) {
+  splitters_.GiveUp();
+  commands_.Run(name);
+}
+
 void Master::ButtonClick(std::string_view key) {
   if (!commands_.IsBound(key)) return;
+  splitters_.GiveUp();
   // The click has pressed or raised the button before its command runs.
   forms::ToolbarButton& button = space_.Form.Toolbar1[key];
   if (button.Style == forms::ButtonStyle::Check) button.Pressed = !button.Pressed;

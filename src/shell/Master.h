@@ -48,7 +48,7 @@ class Master : private workspace::PaneHooks {
   // --- What the user and the window do to the form.
 
   void Resize();
-  void MenuClick(std::string_view name) { commands_.Run(name); }
+  void MenuClick(std::string_view name);
   void ButtonClick(std::string_view key);
   void ClosePaneClick(int pane) { panes_.ChangePanes(pane); }
   void TitleClick(int pane);

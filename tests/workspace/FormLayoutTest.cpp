@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "TestWorkspace.h"
+#include "workspace/EnhancedMode.h"
 #include "workspace/FormLayout.h"
 #include "workspace/Highlight.h"
 
@@ -124,6 +125,24 @@ TEST_F(FormLayoutTest, HighlightsTheCurrentListWhenAskedToDraw) {
     EXPECT_EQ(Space.Form.Menus["mnuHeadingSize"].Checked, list == 101);
     EXPECT_EQ(Space.Lists[101].IsActive(), list == 101);
   }
+}
+
+TEST_F(FormLayoutTest, ButtonOrEntryTurnsTheEnhancedModeOfOpenPanes) {
+  Pane(1).Status = Closed;
+  bool& pressed = Space.Form.Toolbar1["useenhancedmode"].Pressed;
+  bool& checked = Space.Form.Menus["mnuUseEnhancedMode"].Checked;
+  for (const bool flag : {false, true}) {
+    pressed = !flag;
+    checked = flag;
+    SwitchMode(Space, flag, flag);
+    EXPECT_TRUE(pressed && checked);
+    EXPECT_TRUE(Space.Lists[0].HeadingActive("Comments") &&
+                Space.Lists[100].HeadingActive("Comments"));
+    EXPECT_FALSE(Space.Lists[101].HeadingActive("Comments"));
+  }
+  pressed = false;
+  SwitchMode(Space, false, false);
+  EXPECT_FALSE(checked || Space.Lists[100].HeadingActive("Comments"));
 }
 
 }  // namespace

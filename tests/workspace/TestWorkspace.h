@@ -33,10 +33,10 @@ inline FormTables SmallTables() {
       "mnuCompareSize mnuCommandOn mnuCommandOff mnuColorOn mnuColorOff mnuAutoExpandOn "
       "mnuAutoExpandOff mnuHeadingExtension mnuHeadingSize mnuHeadingDateLastModified "
       "mnuHeadingDateCreated mnuHeadingDateLastAccessed mnuHeadingFileType mnuHeadingAttributes "
-      "mnuHeadingComments");
+      "mnuHeadingComments mnuUseEnhancedMode");
   static const Texts keys = split(
       "pane0 pane1 pane2 pane3 pane4 layoutvertical layouthorizontal layoutautoexpand "
-      "showcommandline showcolor compare_size compare_date headascadd headdesadd");
+      "showcommandline showcolor useenhancedmode compare_size compare_date headascadd headdesadd");
   static constexpr std::string_view images[] = {"layouthorizontal", "layoutvertical"};
   static const auto [menu, toolbar] = [] {
     std::vector<forms::MenuRow> rows{{1, "mnuOrientation", "&Orientation"}};
