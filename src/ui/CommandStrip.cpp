@@ -20,6 +20,7 @@ CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area)
     : form_(form), path_(new QLineEdit(&area)), command_(new QComboBox(&area)) {
   path_->setReadOnly(true);
   path_->setFrame(false);
+  path_->setTextMargins(0, 0, 0, 4);  // in line with what is typed beside it
   path_->setFocusPolicy(Qt::ClickFocus);
   path_->setAccessibleName(QStringLiteral("Current path"));
   command_->setEditable(true);

@@ -27,7 +27,7 @@ void DragBar::Sync(const forms::Shape& bar) {
   if (isWindow()) place.moveTopLeft(area_.mapToGlobal(place.topLeft()));
   const QColor colour = ToQColor(bar.BackColour);
   if (palette().color(QPalette::Window) != colour) setPalette(QPalette(colour));
-  if (shown && isHidden()) raise();
+  if (shown && isHidden() && !isWindow()) raise();
   PlaceAt(*this, place, shown);
 }
 

@@ -1,6 +1,7 @@
 #include "ui/MainToolbar.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QLayout>
 #include <utility>
 
@@ -19,10 +20,18 @@ constexpr int ButtonSide = MainToolbar::Height - 2;
 MainToolbar::MainToolbar(shell::Master& master, const IconSource& icons, QWidget* parent)
     : QToolBar(parent), master_(master), icons_(icons) {
   setIconSize(IconSize);
-  layout()->setContentsMargins(4, 1, 4, 1);
-  layout()->setSpacing(1);
   setCursor(Qt::ArrowCursor);
   setAccessibleName(QStringLiteral("Toolbar"));
+}
+
+bool MainToolbar::event(QEvent* event) {
+  const bool done = QToolBar::event(event);
+  if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) {
+    // In place of the style's, which would take more height than there is.
+    layout()->setContentsMargins(1, 1, 1, 1);
+    layout()->setSpacing(1);
+  }
+  return done;
 }
 
 void MainToolbar::Build() {

@@ -19,6 +19,9 @@ class MainToolbar : public QToolBar {
   // What shows its button already is not touched. The place is the window's affair.
   void Sync();
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   void Build();
 

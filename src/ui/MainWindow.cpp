@@ -79,6 +79,8 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
 
 MainWindow::~MainWindow() {
   disconnect(qApp, nullptr, this, nullptr);  // what has the focus goes before the rest
+  Close();
+  hide();
 }
 
 FormSurface::Actions MainWindow::SurfaceActions() {
@@ -121,7 +123,8 @@ void MainWindow::SyncToolbar() {
   form_.Toolbar1.Top = 0;
   form_.Toolbar1.Width = ToTwips(surface_->width());
   form_.Toolbar1.Height = ToTwips(MainToolbar::Height);
-  PlaceAt(*toolbar_, RectOf(form_.Toolbar1), form_.Toolbar1.Visible);
+  // The first button stands in line with the panes.
+  PlaceAt(*toolbar_, RectOf(form_.Toolbar1).adjusted(3, 0, 0, 0), form_.Toolbar1.Visible);
 }
 
 // Before a skin is loaded every colour is zero, and the toolkit's own serve.
@@ -135,7 +138,15 @@ void MainWindow::SyncColours() {
     return IsSkinned() ? PlainPalette(back, TextOn(back)) : QGuiApplication::palette();
   };
   const QPalette inside = on(form_.BackColour);
-  if (surface_->palette() != inside) surface_->setPalette(inside);
+  if (surface_->palette() != inside) {
+    surface_->setPalette(inside);
+    QPalette buttons = inside;
+    // A button that is down is drawn darker than the others, which would not show on a dark skin.
+    if (inside.color(QPalette::WindowText) == Qt::white) {
+      buttons.setColor(QPalette::Button, Blend(inside.color(QPalette::Button), Qt::white, 20));
+    }
+    toolbar_->setPalette(buttons);
+  }
   menu_.SetColours(on(form_.MenuBackColour));
 }
 

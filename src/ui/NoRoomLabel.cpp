@@ -1,5 +1,6 @@
 #include "ui/NoRoomLabel.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 
 namespace tarnwell::ui {
@@ -17,17 +18,18 @@ NoRoomLabel::NoRoomLabel(QWidget* parent) : QLabel(parent) {
 
 void NoRoomLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  int flags = Qt::AlignCenter | Qt::TextWordWrap;
   QFont smaller = font();
-  for (double factor = 1;; factor -= FontStep) {
+  for (double factor = 1; factor >= SmallestFont; factor -= FontStep) {
     smaller.setPointSizeF(font().pointSizeF() * factor);
     painter.setFont(smaller);
-    if (rect().contains(painter.boundingRect(rect(), flags, text()))) break;
-    if (factor > SmallestFont) continue;
-    flags |= Qt::TextWrapAnywhere;
-    break;
+    constexpr int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    if (!rect().contains(painter.boundingRect(rect(), flags, text()))) continue;
+    painter.drawText(rect(), flags, text());
+    return;
   }
-  painter.drawText(rect(), flags, text());
+  const QFontMetrics metrics = painter.fontMetrics();
+  if (metrics.height() > height()) return;
+  painter.drawText(rect(), Qt::AlignCenter, metrics.elidedText(text(), Qt::ElideRight, width()));
 }
 
 }  // namespace tarnwell::ui

@@ -1,4 +1,4 @@
-// Stands where a list has no room: its text, wrapped and as large as fits.
+// Stands where a list has no room: its text, wrapped and as large as fits, cut where none does.
 #pragma once
 
 #include <QLabel>
