@@ -106,7 +106,7 @@ Master::Master(const Services& services, Splash& splash)
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
       newFolder_(space_, services_.Files, services_.Host, messages_, dialogFields_),
-      events_(space_, navigation_, services_.Host, messages_,
+      events_(space_, layout_, navigation_, messages_,
               {[this] { Close(); }, [this] { newFolder_.CreateNewFolder(true); }}),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_) {

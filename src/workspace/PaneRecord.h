@@ -46,7 +46,7 @@ struct PaneRecord {
   base::Twips HeightH = 0;        // saved: horizontal layout, height of the pane
   base::Twips Left = 0;           // saved: vertical layout, left edge of the pane
   base::Twips Top = 0;            // horizontal layout, top edge of the pane
-  std::string CurrentPath;        // folder that the folder list has open, with a separator
+  std::string CurrentPath;        // folder that the folder list has open
   bool DriveLoaded = false;       // the folder list has loaded its drive
 
   bool IsOpen() const { return Status == Open; }

@@ -120,7 +120,7 @@ void PaneSet::EqualizePanes() {
 }
 
 void PaneSet::InitializePaneSet(int pane) {
-  const forms::PointerScope pointers(host_, workspace_.Form.Toolbar1);
+  const forms::PointerScope pointers(host_, &workspace_.Form.Toolbar1);
   try {
     SetUpLists(pane);
   } catch (const std::exception&) {
