@@ -26,6 +26,9 @@ constexpr KeyPair KeyPairs[] = {
     {Qt::Key_Down, lister::DownKey},
     {Qt::Key_F3, lister::F3Key},
     {Qt::Key_Insert, lister::InsertKey},
+    {Qt::Key_Delete, lister::DeleteKey},
+    {Qt::Key_F1, lister::F1Key},
+    {Qt::Key_F2, lister::F2Key},
 };
 
 bool IsCommand(Qt::KeyboardModifiers modifiers) {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "ui/Convert.h"
+#include "ui/Shades.h"
 
 namespace tarnwell::ui {
 
@@ -11,15 +12,6 @@ namespace {
 
 constexpr double ReadableContrast = 4.5;  // text is easy to read from here on
 constexpr double VisibleContrast = 1.5;   // a patch of colour can be told from what it lies on
-
-// `percent` of `over` laid upon the rest of `under`.
-QColor Blend(const QColor& under, const QColor& over, int percent) {
-  const auto mix = [percent](int low, int high) {
-    return (low * (100 - percent) + high * percent) / 100;
-  };
-  return QColor(mix(under.red(), over.red()), mix(under.green(), over.green()),
-                mix(under.blue(), over.blue()));
-}
 
 // Light as the eye weighs it, 0 to 1.
 double Luminance(const QColor& colour) {

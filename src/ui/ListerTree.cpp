@@ -23,8 +23,6 @@ using lister::MouseAction;
 namespace {
 
 constexpr int NameColumn = static_cast<int>(HeadingId::Name);
-constexpr int Notch = 120;       // of the wheel, as Qt counts
-constexpr int MostNotches = 20;  // of one event
 
 int FloorDivide(int value, int by) {
   return value >= 0 ? value / by : -((by - 1 - value) / by);
@@ -268,11 +266,7 @@ void ListerTree::wheelEvent(QWheelEvent* event) {
     return;
   }
   event->accept();
-  // Touchpads turn by small steps; those of the other direction are of another gesture.
-  if ((turned_ > 0) != (angle.y() > 0)) turned_ = 0;
-  turned_ += angle.y();
-  const int notches = std::clamp(turned_ / Notch, -MostNotches, MostNotches);
-  turned_ %= Notch;
+  const int notches = wheel_.Add(angle.y());
   if (notches != 0) emit WheelTurned(notches);
 }
 

@@ -9,6 +9,7 @@
 #include "lister/ListerControl.h"
 #include "ui/ListerMouse.h"
 #include "ui/ListerStyle.h"
+#include "ui/WheelNotches.h"
 
 namespace tarnwell::ui {
 
@@ -111,7 +112,7 @@ class ListerTree : public QTreeView {
   bool topHeld_ = false;
   bool currentHeld_ = false;
   bool escapeTaken_ = false;  // and its key press is still to come
-  int turned_ = 0;            // of the wheel, short of a notch
+  WheelNotches wheel_;
 };
 
 }  // namespace tarnwell::ui

@@ -95,7 +95,9 @@ void ListerWidget::ConnectTree() {
   connect(tree_, &ListerTree::WheelTurned, this, [this](int notches) {
     // One by one, since a notch is what a list scrolls by.
     for (int count = std::abs(notches); count > 0; --count) {
-      Queue([this, delta = notches > 0 ? 120 : -120] { control_.WheelTurned(delta); });
+      Queue([this, delta = notches > 0 ? WheelNotches::Angle : -WheelNotches::Angle] {
+        control_.WheelTurned(delta);
+      });
     }
   });
 }

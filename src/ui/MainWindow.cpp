@@ -1,47 +1,44 @@
 #include "ui/MainWindow.h"
 
-#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QFrame>
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
 #include <QScreen>
-#include <QShortcut>
-#include <QToolBar>
-#include <QToolButton>
 #include <algorithm>
 #include <cstddef>
+#include <string>
+#include <utility>
 #include <vector>
 
+#include "lister/ListInput.h"
 #include "ui/Place.h"
+#include "ui/Shades.h"
+#include "ui/WindowKeys.h"
 
 namespace tarnwell::ui {
 namespace {
 
-constexpr QSize LeastSize(320, 240);
-constexpr QSize ButtonIcon(20, 20);
+// Below 5000 twips either way the form does not arrange its panes.
+constexpr QSize LeastSize(400, 334);
+// What has to be on a screen of a window's upper edge, for the mouse to move the window by.
+constexpr QSize LeastGrip(80, 16);
 
-// A palette around one colour, with black or white text, whichever can be read on it.
-QPalette PaletteOn(const QColor& back) {
-  QPalette palette(back, back);
-  const QColor text = qGray(back.rgb()) > 127 ? Qt::black : Qt::white;
-  for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
-    palette.setColor(role, text);
+// Of 100 parts text colour in a line that is to be seen and not to be noticed.
+constexpr int EdgeStrength = 22;
+
+// A window that cannot be reached with the mouse, whatever the settings say, comes to the screen.
+QPoint ReachablePlace(const QRect& window, const QScreen& screen) {
+  const QRect upper(window.topLeft(), QSize(window.width(), LeastGrip.height()));
+  for (const QScreen* each : screen.virtualSiblings()) {
+    const QRect grip = upper & each->availableGeometry();
+    if (grip.width() >= LeastGrip.width() && grip.height() >= LeastGrip.height()) {
+      return window.topLeft();
+    }
   }
-  return palette;
-}
-
-bool HoldsCommand(const QMenu& menu) {
-  const auto actions = menu.actions();
-  return std::ranges::any_of(actions, [](const QAction* action) {
-    return action->menu() != nullptr ? HoldsCommand(*action->menu()) : !action->isSeparator();
-  });
-}
-
-QString MenuText(const std::string& caption) {
-  return ToShownQString(caption);
+  const QRect room = screen.availableGeometry();
+  return {std::clamp(window.left(), room.left(),
+                     std::max(room.left(), room.right() + 1 - window.width())),
+          std::clamp(window.top(), room.top(),
+                     std::max(room.top(), room.bottom() + 1 - window.height()))};
 }
 
 }  // namespace
@@ -50,123 +47,91 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
     : master_(master),
       form_(master.Form()),
       icons_(icons),
-      area_(new QWidget(this)),
-      toolbar_(new QToolBar(area_)) {
+      menu_(master, icons, *menuBar()),
+      surface_(new FormSurface(SurfaceActions(), this)),
+      keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
+      toolbar_(new MainToolbar(master, icons, surface_)),
+      escape_(new QShortcut(Qt::Key_Escape, this)),
+      strip_(form_, *surface_) {
   setMinimumSize(LeastSize);
-  setCentralWidget(area_);
-  area_->setAutoFillBackground(true);
-  area_->installEventFilter(this);
-  toolbar_->setIconSize(ButtonIcon);
-  toolbar_->setAccessibleName(QStringLiteral("Toolbar"));
+  setCentralWidget(surface_);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    backs_[i] = new QFrame(area_);
-    backs_[i]->setAutoFillBackground(true);
-    backs_[i]->hide();
-    titles_[i] = new PaneTitle(pane, icons_.OpenFolder(),
-                               {.Click = [this, pane] { master_.TitleClick(pane); },
-                                .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
-                                .Close = [this, pane] { master_.ClosePaneClick(pane); }},
-                               area_);
-    titles_[i]->hide();
-  }
-  auto* escape = new QShortcut(Qt::Key_Escape, this);
-  connect(escape, &QShortcut::activated, this, [this] { master_.EscapeKey(); });
-}
-
-MainWindow::~MainWindow() = default;
-
-// Menus show the entries behind which a command stands, and the submenus that hold one.
-void MainWindow::BuildMenus() {
-  const auto& entries = form_.Menus.Entries();
-  std::vector<QMenu*> parents;  // the open submenu of each level
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    const forms::MenuEntry& entry = entries[i];
-    const auto level = static_cast<std::size_t>(entry.Level);
-    parents.resize(std::min(parents.size(), level - 1));
-    const bool hasChildren = i + 1 < entries.size() && entries[i + 1].Level > entry.Level;
-    if (parents.size() + 1 < level || (!entry.Visible && level == 1)) continue;
-    if (hasChildren) {
-      QMenu* menu = parents.empty() ? menuBar()->addMenu(MenuText(entry.Caption))
-                                    : parents.back()->addMenu(MenuText(entry.Caption));
-      menuActions_[entry.Name] = menu->menuAction();
-      parents.push_back(menu);
-    } else if (entry.IsSeparator()) {
-      parents.back()->addSeparator();
-    } else if (commands::Commands::IsCommand(entry.Name)) {
-      QAction* action = parents.back()->addAction(MenuText(entry.Caption));
-      action->setCheckable(entry.Checkable);
-      menuActions_[entry.Name] = action;
-      connect(action, &QAction::triggered, this, [this, name = entry.Name] {
-        Guarded([this, &name] { master_.MenuClick(name); });
-        form_.Touch();  // the click has turned the mark; the form says how it stands
-      });
+    PaneTitle*& title = titles_[static_cast<std::size_t>(pane)];
+    title = new PaneTitle(pane, icons_.OpenFolder(),
+                          {.Click = [this, pane] { master_.TitleClick(pane); },
+                           .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
+                           .MouseMove = [this, pane] { master_.TitleMouseMove(pane); },
+                           .Close = [this, pane] { master_.ClosePaneClick(pane); }},
+                          surface_);
+    title->hide();
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      noRoom_[list] = new NoRoomLabel(surface_);
+      noRoom_[list]->hide();
     }
   }
-  for (const auto& [name, action] : menuActions_) {
-    if (action->menu() != nullptr) action->setVisible(HoldsCommand(*action->menu()));
-  }
+  // Wayland keeps it to itself where windows stand.
+  const bool placesWindows = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+  for (DragBar*& bar : bars_) bar = new DragBar(*surface_, placesWindows);
+  connect(escape_, &QShortcut::activated, this, [this] {
+    master_.KeyDown(lister::EscapeKey, 0);
+    SyncDrag();
+  });
+  new WindowKeys(
+      *this,
+      {.Down = [this](int code, int shift) { master_.KeyDown(code, shift); },
+       .Up = [this] { master_.KeyUp(); },
+       .IsFormKey = [this](const QWidget* focus) { return focus == keeper_ || IsRows(focus); }});
+  connect(qApp, &QApplication::focusChanged, this, [this] { NoteFocus(); });
 }
 
-void MainWindow::BuildToolbar() {
-  for (const forms::ToolbarButton& button : form_.Toolbar1.Buttons()) {
-    if (!commands::Commands::IsCommand(button.Key)) continue;
-    QAction* action =
-        toolbar_->addAction(icons_.Own(form_.ImageList1.Key(button.Image)), ToQString(button.Key));
-    action->setCheckable(button.Style == forms::ButtonStyle::Check);
-    buttons_[button.Key] = action;
-    connect(action, &QAction::triggered, this, [this, key = button.Key] {
-      Guarded([this, &key] { master_.ButtonClick(key); });
-      form_.Touch();
-    });
-  }
+MainWindow::~MainWindow() {
+  disconnect(qApp, nullptr, this, nullptr);  // what has the focus goes before the rest
+  Close();
+  hide();
+}
+
+FormSurface::Actions MainWindow::SurfaceActions() {
+  return {.MouseMove =
+              [this](float x, float y) {
+                master_.MouseMove(x, y);
+                SyncDrag();
+              },
+          .MouseDown =
+              [this](float x, float y) {
+                master_.MouseDown(x, y);
+                SyncDrag();
+              },
+          .MouseUp =
+              [this] {
+                if (IsClosed()) return;
+                master_.MouseUp();
+                Sync();
+              },
+          .WheelTurned = [this](int delta) { master_.WheelTurned(delta); },
+          .Resized = [this] { InsideResized(); }};
 }
 
 void MainWindow::Sync() {
   setWindowTitle(ToShownQString(form_.Caption));
-  if (menuActions_.empty()) {
-    BuildMenus();
-    BuildToolbar();
-  }
-  SyncMenus();
+  menu_.Sync();
   SyncToolbar();
   SyncColours();
-  MoveFocusFromClosed();
+  TakeKeyboard();
   for (int pane = 0; pane < lister::PaneCount; ++pane) SyncPane(pane);
-  GiveFocusToActive();
-}
-
-void MainWindow::SyncMenus() {
-  for (const auto& [name, action] : menuActions_) {
-    const forms::MenuEntry& entry = form_.Menus[name];
-    action->setText(MenuText(entry.Caption));
-    if (action->isCheckable()) action->setChecked(entry.Checked);
-    if (action->menu() == nullptr) {
-      action->setVisible(entry.Visible);
-      action->setIcon(icons_.Own(form_.MenuImages.ImageOf(entry)));
-    }
-  }
+  strip_.Sync(IsSkinned());
+  SyncShapes();
+  SyncDrag();
+  // When the first pane of all opens, nothing has the keyboard.
+  if (isVisible() && focusWidget() == nullptr) keeper_->setFocus();
 }
 
 void MainWindow::SyncToolbar() {
-  for (const auto& [key, action] : buttons_) {
-    const forms::ToolbarButton& button = form_.Toolbar1[key];
-    if (action->isCheckable()) action->setChecked(button.Pressed);
-    action->setEnabled(button.Enabled);
-    // A pane's button is named by its pane, and its tip is the folder that the pane shows.
-    const bool ofPane = key.starts_with("pane");
-    const QString name = ofPane ? QStringLiteral("Pane %1").arg(key.back() - '0' + 1)
-                                : ToShownQString(button.ToolTip);
-    action->setText(name);
-    action->setToolTip(
-        PlainToolTip(button.ToolTip.empty() ? name : ToShownQString(button.ToolTip)));
-    if (QWidget* widget = toolbar_->widgetForAction(action)) widget->setAccessibleName(name);
-  }
-  const int height = toolbar_->sizeHint().height();
+  toolbar_->Sync();
   form_.Toolbar1.Top = 0;
-  form_.Toolbar1.Width = ToTwips(area_->width());
-  form_.Toolbar1.Height = ToTwips(height);
-  PlaceAt(*toolbar_, QRect(0, 0, area_->width(), height), form_.Toolbar1.Visible);
+  form_.Toolbar1.Width = ToTwips(surface_->width());
+  form_.Toolbar1.Height = ToTwips(MainToolbar::Height);
+  // The first button stands in line with the panes.
+  PlaceAt(*toolbar_, RectOf(form_.Toolbar1).adjusted(3, 0, 0, 0), form_.Toolbar1.Visible);
 }
 
 // Before a skin is loaded every colour is zero, and the toolkit's own serve.
@@ -175,48 +140,26 @@ bool MainWindow::IsSkinned() const {
 }
 
 void MainWindow::SyncColours() {
-  const bool skinned = IsSkinned();
-  const QPalette plain = QGuiApplication::palette();
-  const QPalette inside = skinned ? PaletteOn(ToQColor(form_.BackColour)) : plain;
-  const QPalette menu = skinned ? PaletteOn(ToQColor(form_.MenuBackColour)) : plain;
-  if (area_->palette() != inside) area_->setPalette(inside);
-  if (menuBar()->palette() == menu) return;
-  menuBar()->setPalette(menu);
-  // A menu that unfolds is a window of its own, and takes no colours from the bar.
-  QPalette sheet = menu;
-  if (skinned) sheet.setColor(QPalette::Base, menu.color(QPalette::Window));
-  for (QMenu* const unfolding : menuBar()->findChildren<QMenu*>()) unfolding->setPalette(sheet);
-}
-
-// A list that is about to go hands the keyboard to the active list; left alone, the toolkit would
-// give it to whichever comes next, and so make that one the active list.
-void MainWindow::MoveFocusFromClosed() {
-  const lister::ListId active = master_.Space().ActiveList;
-  for (const auto& [list, widget] : lists_) {
-    const auto pane = static_cast<std::size_t>(lister::PaneOf(list));
-    const bool closes = !master_.Space().Panes[pane].IsOpen() && widget->isVisible();
-    if (!closes || !widget->isAncestorOf(focusWidget())) continue;
-    if (lister::ListerControl* control = master_.Space().Lists.Find(active)) control->TakeFocus();
+  const auto on = [this](base::Colour colour) {
+    const QColor back = ToQColor(colour);
+    return IsSkinned() ? PlainPalette(back, TextOn(back)) : QGuiApplication::palette();
+  };
+  const QPalette inside = on(form_.BackColour);
+  if (surface_->palette() != inside) {
+    surface_->setPalette(inside);
+    QPalette buttons = inside;
+    // A button that is down is drawn darker than the others, which would not show on a dark skin.
+    if (inside.color(QPalette::WindowText) == Qt::white) {
+      buttons.setColor(QPalette::Button, Blend(inside.color(QPalette::Button), Qt::white, 20));
+    }
+    toolbar_->setPalette(buttons);
   }
-}
-
-// When the first pane of all opens, nothing has the keyboard.
-void MainWindow::GiveFocusToActive() {
-  if (!isVisible() || focusWidget() != nullptr) return;
-  const lister::ListId active = master_.Space().ActiveList;
-  if (lister::ListerControl* control = master_.Space().Lists.Find(active)) control->TakeFocus();
+  menu_.SetColours(on(form_.MenuBackColour));
 }
 
 void MainWindow::SyncPane(int pane) {
   const auto i = static_cast<std::size_t>(pane);
-  const forms::Shape& back = form_.shpBack[i];
-  const bool open = master_.Space().Panes[i].IsOpen() && form_.TitleBar[i].Visible;
-  PlaceAt(*backs_[i], RectOf(back), open && back.Visible);
-  const QPalette palette = IsSkinned() ? PaletteOn(ToQColor(back.BackColour)) : area_->palette();
-  if (backs_[i]->palette() != palette) backs_[i]->setPalette(palette);
-  forms::TextBox title = form_.TitleBar[i];
-  title.Visible = open;
-  titles_[i]->Sync(title, form_.cmdTitle[i], form_.cmdClosePane[i]);
+  titles_[i]->Sync(form_.TitleBar[i], form_.cmdTitle[i], form_.cmdClosePane[i], form_.shpBack[i]);
   SyncList(lister::FolderListOf(pane));
   SyncList(lister::FileListOf(pane));
 }
@@ -226,27 +169,102 @@ void MainWindow::SyncList(lister::ListId list) {
   if (control == nullptr) return;
   std::unique_ptr<ListerWidget>& widget = lists_[list];
   if (!widget) {
-    widget = std::make_unique<ListerWidget>(*control, icons_, area_);
+    widget = std::make_unique<ListerWidget>(*control, icons_, surface_);
+    widget->setAttribute(Qt::WA_NoMousePropagation);
+    widget->setCursor(Qt::ArrowCursor);
     widget->hide();
   }
-  const bool open = master_.Space().Panes[static_cast<std::size_t>(lister::PaneOf(list))].IsOpen();
-  // Before the first arrangement a list has no place to be shown at.
-  PlaceAt(*widget, RectOf(*control), open && control->Visible && control->Width > 0);
+  // Left alone, the toolkit would give the keyboard of a list that goes to whichever comes next,
+  // and so make that one the current list.
+  if (!IsPlaced(*control) && HasKeyboard(list)) keeper_->setFocus();
+  PlaceAt(*widget, RectOf(*control), IsPlaced(*control));
 }
 
+void MainWindow::SyncShapes() {
+  const QPalette plain = surface_->palette();
+  std::vector<FormSurface::Patch> patches;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const forms::Shape& back = form_.shpBack[static_cast<std::size_t>(pane)];
+    if (IsPlaced(back) && IsSkinned()) {
+      patches.push_back({RectOf(back), ToQColor(back.BackColour), {}});
+    }
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      const forms::Label& shown = form_.lblNoRoom[list];
+      const QColor fill = ToQColor(shown.BackColour);
+      const QPalette colours = IsSkinned() ? PlainPalette(fill, TextOn(fill)) : plain;
+      NoRoomLabel& label = *noRoom_[list];
+      if (label.palette() != colours) label.setPalette(colours);
+      label.setText(ToShownQString(shown.Caption));
+      PlaceAt(label, RectOf(shown), IsPlaced(shown));
+      const forms::Shape& holder = form_.shpPlaceHolder[list];
+      if (!IsPlaced(holder)) continue;
+      const QColor frame =
+          Blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText), EdgeStrength);
+      patches.push_back({RectOf(holder), colours.color(QPalette::Window), frame});
+    }
+  }
+  surface_->ShowShapes(
+      std::move(patches), MainToolbar::Height,
+      Blend(plain.color(QPalette::Window), plain.color(QPalette::WindowText), EdgeStrength));
+}
+
+// What follows the mouse. The grey bars lie behind the others.
+void MainWindow::SyncDrag() {
+  if (IsClosed()) return;
+  surface_->ShowPointer(form_.MousePointer);
+  const forms::Shape* const shapes[] = {&form_.LineVert2, &form_.LineHorz2, &form_.LineVert,
+                                        &form_.LineHorz};
+  for (std::size_t i = 0; i < bars_.size(); ++i) bars_[i]->Sync(*shapes[i]);
+}
+
+// --- The keyboard
+
+QWidget* MainWindow::Typist() const {
+  const auto found = lists_.find(master_.Space().ActiveList);
+  return found == lists_.end() ? nullptr : found->second->focusProxy();
+}
+
+bool MainWindow::IsRows(const QWidget* widget) const {
+  return std::ranges::any_of(
+      lists_, [widget](const auto& each) { return each.second->focusProxy() == widget; });
+}
+
+bool MainWindow::HasKeyboard(lister::ListId list) const {
+  const auto found = lists_.find(list);
+  return found != lists_.end() && found->second->isAncestorOf(focusWidget());
+}
+
+void MainWindow::NoteFocus() {
+  if (IsClosed()) return;
+  const QWidget* const focus = focusWidget();
+  const bool inList = std::ranges::any_of(
+      lists_, [focus](const auto& each) { return each.second->isAncestorOf(focus); });
+  form_.ActiveControl = focus == keeper_             ? "txtFocus"
+                        : strip_.HoldsCommand(focus) ? "cboCommand"
+                        : inList                     ? "ListerControl"
+                                                     : "";
+  // There the key means nothing to the form.
+  escape_->setEnabled(form_.ActiveControl != "cboCommand");
+}
+
+// The form wants the keyboard off its controls. What is typed is for the active list, which may
+// have it already.
+void MainWindow::TakeKeyboard() {
+  if (form_.ActiveControl != "txtFocus" || focusWidget() == keeper_) return;
+  if (!HasKeyboard(master_.Space().ActiveList)) keeper_->setFocus();
+  NoteFocus();
+}
+
+// --- The window's place
+
 void MainWindow::Show(QWidget*) {
-  const QRect room = screen()->availableGeometry();
-  const QSize size = QSize(ToPixels(form_.Width), ToPixels(form_.Height))
-                         .expandedTo(LeastSize)
-                         .boundedTo(room.size());
-  // The title row stays within reach, whatever the settings say.
-  const int left = std::clamp(ToPixels(form_.Left), room.left(),
-                              std::max(room.left(), room.right() + 1 - size.width()));
-  const int top = std::clamp(ToPixels(form_.Top), room.top(),
-                             std::max(room.top(), room.bottom() + 1 - size.height()));
+  const QRect wished(ToPixels(form_.Left), ToPixels(form_.Top), ToPixels(form_.Width),
+                     ToPixels(form_.Height));
+  const QSize size =
+      wished.size().expandedTo(LeastSize).boundedTo(screen()->availableVirtualSize());
   const bool maximise = form_.State == forms::WindowState::Maximised;
   resize(size);
-  move(left, top);
+  move(ReachablePlace(QRect(wished.topLeft(), size), *screen()));
   maximise ? showMaximized() : show();
   activateWindow();
 }
@@ -266,34 +284,38 @@ void MainWindow::NotePlace() {
   form_.Height = ToTwips(height());
 }
 
-void MainWindow::AreaResized() {
+void MainWindow::InsideResized() {
   if (IsClosed()) return;
   NotePlace();
   SyncToolbar();
-  form_.ScaleWidth = ToTwips(area_->width());
-  form_.ScaleHeight = ToTwips(area_->height());
+  form_.ScaleWidth = ToTwips(surface_->width());
+  form_.ScaleHeight = ToTwips(surface_->height());
   Guarded([this] { master_.Resize(); });
   Sync();
 }
 
-bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == area_ && event->type() == QEvent::Resize) AreaResized();
-  return QMainWindow::eventFilter(watched, event);
+// --- Events
+
+bool MainWindow::event(QEvent* event) {
+  // Another window is about to hear of the mouse, or a question holds this one up.
+  if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowBlocked) {
+    surface_->EndDrag();
+  }
+  if (event->type() == QEvent::Hide) {
+    for (DragBar* const bar : bars_) bar->hide();
+  }
+  return QMainWindow::event(event);
 }
 
 void MainWindow::moveEvent(QMoveEvent* event) {
   NotePlace();
+  SyncDrag();
   QMainWindow::moveEvent(event);
 }
 
 void MainWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::WindowStateChange) NotePlace();
   QMainWindow::changeEvent(event);
-}
-
-void MainWindow::keyReleaseEvent(QKeyEvent* event) {
-  master_.KeyUp();
-  QMainWindow::keyReleaseEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

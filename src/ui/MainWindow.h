@@ -4,21 +4,23 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QShortcut>
 #include <array>
 #include <map>
 #include <memory>
-#include <string>
 
 #include "shell/Master.h"
+#include "ui/CommandStrip.h"
+#include "ui/DragBar.h"
+#include "ui/FocusKeeper.h"
+#include "ui/FormSurface.h"
 #include "ui/FormWindow.h"
 #include "ui/IconSource.h"
 #include "ui/ListerWidget.h"
+#include "ui/MainMenu.h"
+#include "ui/MainToolbar.h"
+#include "ui/NoRoomLabel.h"
 #include "ui/PaneTitle.h"
-
-class QAction;
-class QFrame;
-class QMenu;
-class QToolBar;
 
 namespace tarnwell::ui {
 
@@ -33,36 +35,41 @@ class MainWindow : public QMainWindow, public FormWindow {
   void Show(QWidget* owner) override;
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void BuildMenus();
-  void BuildToolbar();
+  FormSurface::Actions SurfaceActions();
   void NotePlace();
-  void AreaResized();
-  void SyncMenus();
-  void SyncToolbar();
+  void InsideResized();
+  void NoteFocus();
+  void TakeKeyboard();
+  bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
+  bool HasKeyboard(lister::ListId list) const;
+  QWidget* Typist() const;
   bool IsSkinned() const;
+  void SyncToolbar();
   void SyncColours();
-  void MoveFocusFromClosed();
-  void GiveFocusToActive();
   void SyncPane(int pane);
   void SyncList(lister::ListId list);
+  void SyncShapes();
+  void SyncDrag();
 
   shell::Master& master_;
   workspace::MainForm& form_;
   const IconSource& icons_;
-  QWidget* area_;
-  QToolBar* toolbar_;
-  std::map<std::string, QAction*> menuActions_;  // by the name of the entry
-  std::map<std::string, QAction*> buttons_;      // by the key of the button
-  std::array<QFrame*, lister::PaneCount> backs_{};
+  MainMenu menu_;
+  FormSurface* surface_;
+  FocusKeeper* keeper_;
+  MainToolbar* toolbar_;
+  QShortcut* escape_;
+  CommandStrip strip_;
   std::array<PaneTitle*, lister::PaneCount> titles_{};
+  workspace::PerList<NoRoomLabel*> noRoom_;
   std::map<lister::ListId, std::unique_ptr<ListerWidget>> lists_;
+  std::array<DragBar*, 4> bars_{};
 };
 
 }  // namespace tarnwell::ui

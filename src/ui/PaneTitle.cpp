@@ -7,6 +7,7 @@
 
 #include "ui/Convert.h"
 #include "ui/Place.h"
+#include "ui/Shades.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -18,11 +19,13 @@ constexpr int PictureSize = 16;
 PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent)
     : QFrame(parent), actions_(std::move(actions)), path_(this), picture_(this), close_(this) {
   setAutoFillBackground(true);
+  setCursor(Qt::ArrowCursor);
   path_.setReadOnly(true);
   path_.setFrame(false);
   path_.setFocusPolicy(Qt::NoFocus);
   path_.setTextMargins(4, 0, 4, 0);
   path_.setCursor(Qt::ArrowCursor);
+  path_.setMouseTracking(true);
   path_.setAccessibleName(QStringLiteral("Path of pane %1").arg(pane + 1));
   path_.installEventFilter(this);
   picture_.setPixmap(picture.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
@@ -37,13 +40,19 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
 }
 
 void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
-                     const forms::Picture& close) {
-  QRect row = RectOf(title).united(RectOf(close));
-  PlaceAt(*this, row, title.Visible);
-  const QPoint origin = row.topLeft();
-  PlaceAt(path_, RectOf(title).translated(-origin), true);
-  PlaceAt(picture_, RectOf(picture).translated(-origin), picture.Visible);
-  PlaceAt(close_, RectOf(close).translated(-origin), close.Visible);
+                     const forms::Picture& close, const forms::Shape& pane) {
+  const QRect row(RectOf(title).topLeft(), QPoint(RectOf(pane).right(), RectOf(close).bottom()));
+  PlaceAt(*this, row, IsPlaced(title));
+  const QRect inside(QPoint(0, 0), row.size());
+  QRect path = RectOf(title).translated(-row.topLeft());
+  path.setBottom(inside.bottom());
+  PlaceAt(path_, path & inside, true);
+  const auto place = [&](QWidget& widget, const forms::Picture& shown) {
+    const QRect rect = RectOf(shown).translated(-row.topLeft());
+    PlaceAt(widget, rect, shown.Visible && inside.contains(rect));
+  };
+  place(picture_, picture);
+  place(close_, close);
   const QString text = ToShownQString(title.Text);
   if (path_.text() != text) {
     path_.setText(text);
@@ -52,25 +61,29 @@ void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
   // Without a skin both are the same: then the toolkit's own colours serve.
   QPalette palette = QGuiApplication::palette();
   if (title.BackColour != title.ForeColour) {
-    const QColor back = ToQColor(title.BackColour);
-    palette = QPalette(back, back);
-    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
-      palette.setColor(role, ToQColor(title.ForeColour));
-    }
-    palette.setColor(QPalette::Base, back);
+    palette = PlainPalette(ToQColor(title.BackColour), ToQColor(title.ForeColour));
   }
   if (this->palette() != palette) setPalette(palette);
 }
 
 bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    const bool inside = rect().contains(mapFromGlobal(mouse->globalPosition().toPoint()));
-    if (mouse->button() == Qt::LeftButton && event->type() == QEvent::MouseButtonPress) {
-      actions_.MouseDown();
-    } else if (mouse->button() == Qt::LeftButton && inside) {
-      actions_.Click();
+  switch (event->type()) {
+    case QEvent::MouseMove:
+      if (watched == &path_ && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
+        actions_.MouseMove();
+      }
+      break;
+    case QEvent::MouseButtonPress:
+      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) actions_.MouseDown();
+      break;
+    case QEvent::MouseButtonRelease: {
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      const bool inside = rect().contains(mapFromGlobal(mouse->globalPosition().toPoint()));
+      if (mouse->button() == Qt::LeftButton && inside) actions_.Click();
+      break;
     }
+    default:
+      break;
   }
   return QFrame::eventFilter(watched, event);
 }

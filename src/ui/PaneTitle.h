@@ -17,14 +17,16 @@ class PaneTitle : public QFrame {
   struct Actions {
     std::function<void()> Click;
     std::function<void()> MouseDown;
+    std::function<void()> MouseMove;  // over the path, with no button down
     std::function<void()> Close;
   };
   // `pane` counts from 0.
   PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent);
 
-  // Shows the pane's controls of the form.
-  void Sync(const forms::TextBox& title, const forms::Picture& picture,
-            const forms::Picture& close);
+  // Shows the pane's controls of the form in one row, as high as the pictures, that ends with the
+  // pane. A picture that does not fit in whole is left out.
+  void Sync(const forms::TextBox& title, const forms::Picture& picture, const forms::Picture& close,
+            const forms::Shape& pane);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -18,6 +18,11 @@ inline QRect RectOf(const forms::Control& control) {
   return {from, QSize(to.x() - from.x(), to.y() - from.y())};
 }
 
+// Before the first arrangement a control has no place to be shown at.
+inline bool IsPlaced(const forms::Control& control) {
+  return control.Visible && control.Width > 0 && control.Height > 0;
+}
+
 // A widget that is where it should be is not touched.
 inline void PlaceAt(QWidget& widget, const QRect& rect, bool visible) {
   if (visible && widget.geometry() != rect) widget.setGeometry(rect);

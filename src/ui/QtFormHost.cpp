@@ -4,24 +4,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/Pointer.h"
+
 namespace tarnwell::ui {
-namespace {
-
-Qt::CursorShape ShapeOf(forms::MousePointer pointer) {
-  switch (pointer) {
-    case forms::MousePointer::NorthSouth:
-      return Qt::SizeVerCursor;
-    case forms::MousePointer::WestEast:
-      return Qt::SizeHorCursor;
-    case forms::MousePointer::Hourglass:
-      return Qt::WaitCursor;
-    default:
-      return Qt::ArrowCursor;
-  }
-}
-
-}  // namespace
-
 QtFormHost::~QtFormHost() = default;
 
 QtFormHost::OpenForm* QtFormHost::Find(const forms::Form& form) {

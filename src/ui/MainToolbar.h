@@ -1,0 +1,33 @@
+// The toolbar of the main window: shows the buttons behind which a command stands.
+#pragma once
+
+#include <QToolBar>
+#include <map>
+#include <string>
+
+#include "shell/Master.h"
+#include "ui/IconSource.h"
+
+namespace tarnwell::ui {
+
+class MainToolbar : public QToolBar {
+ public:
+  static constexpr int Height = 28;  // the panes begin right below
+
+  MainToolbar(shell::Master& master, const IconSource& icons, QWidget* parent);
+
+  // What shows its button already is not touched. The place is the window's affair.
+  void Sync();
+
+ protected:
+  bool event(QEvent* event) override;
+
+ private:
+  void Build();
+
+  shell::Master& master_;
+  const IconSource& icons_;
+  std::map<std::string, QAction*> buttons_;  // by the keys of the form's
+};
+
+}  // namespace tarnwell::ui

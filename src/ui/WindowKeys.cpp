@@ -1,0 +1,43 @@
+#include "ui/WindowKeys.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <utility>
+
+#include "lister/ListInput.h"
+#include "ui/ListerKeys.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// Whether or not the toolkit counts a modifier among those held as it comes down.
+int ShiftWith(const QKeyEvent& key) {
+  const int held = ShiftOf(key.modifiers());
+  if (key.key() == Qt::Key_Shift) return held | lister::ShiftDown;
+  if (key.key() == Qt::Key_Control) return held | lister::CtrlDown;
+  return held;
+}
+
+}  // namespace
+
+WindowKeys::WindowKeys(QWidget& window, Actions actions)
+    : QObject(&window), window_(window), actions_(std::move(actions)) {
+  qApp->installEventFilter(this);
+}
+
+bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
+  const bool isDown = event->type() == QEvent::KeyPress;
+  if (!isDown && event->type() != QEvent::KeyRelease) return false;
+  // A key that a widget leaves alone comes by again on its way up.
+  const QWidget* const focus = QApplication::focusWidget();
+  if (focus == nullptr || watched != focus || focus->window() != &window_) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  if (!isDown) {
+    if (!key.isAutoRepeat()) actions_.Up();
+  } else if (actions_.IsFormKey(focus)) {
+    actions_.Down(KeyCodeOf(key), ShiftWith(key));
+  }
+  return false;
+}
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QMouseEvent>
+#include <QTreeView>
+#include <algorithm>
+#include <set>
+#include <string>
+
+#include "TestApplication.h"
+#include "shell/TestRun.h"
+#include "ui/MainWindow.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// Counts the events of these types that reach the widgets.
+struct EventCount : QObject {
+  template <typename Widgets>
+  EventCount(const Widgets& widgets, std::set<QEvent::Type> types) : Types(std::move(types)) {
+    for (QWidget* const widget : widgets) widget->installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (Types.count(event->type()) != 0) ++Count;
+    return false;
+  }
+  std::set<QEvent::Type> Types;
+  int Count = 0;
+};
+
+// The whole program over the platform in memory, in its real window: two columns.
+class MainWindowTest : public testing::Test {
+ protected:
+  MainWindowTest() {
+    Machine.Files.AddFile("C:\\Tarnwell\\user.usr",
+                          "\"ProgramPosition\",300,450,15000,9000,0\r\n\"Layout\",0,0,0,0,0\r\n"
+                          "\"Status\",0,0,1,1,1\r\n");
+    Run.Start();
+    Run.Form().View = &Window;
+    Window.Sync();
+    Window.Show(nullptr);
+    Settle();
+  }
+  ~MainWindowTest() override { Run.Form().View = nullptr; }
+
+  static void Settle() {
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+  }
+  void Resize(int width, int height) {
+    Window.setMinimumSize(1, 1);  // a tiling desktop asks nobody
+    Window.resize(width, height);
+    Settle();
+  }
+  template <typename WidgetType>
+  QList<WidgetType*> Shown() {
+    QList<WidgetType*> found;
+    for (QWidget* const each : Window.findChildren<QWidget*>()) {
+      auto* const widget = dynamic_cast<WidgetType*>(each);
+      if (widget != nullptr && widget->isVisible()) found << widget;
+    }
+    return found;
+  }
+  QTreeView* Tree(const char* name) {
+    const QList<QTreeView*> trees = Window.findChildren<QTreeView*>();
+    return *std::ranges::find(trees, QString(name), &QTreeView::accessibleName);
+  }
+  QRect PlaceOf(const char* list) { return Tree(list)->parentWidget()->geometry(); }
+  void Mouse(QEvent::Type type, QPoint at, Qt::MouseButtons held = Qt::LeftButton) {
+    const bool moves = type == QEvent::MouseMove;
+    QMouseEvent event(type, at, Inside.mapToGlobal(at), moves ? Qt::NoButton : Qt::LeftButton, held,
+                      {});
+    QCoreApplication::sendEvent(&Inside, &event);
+    Settle();
+  }
+
+  QApplication& Application = TestApplication();
+  shell::TestMachine Machine;
+  shell::TestRun Run{Machine};
+  IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
+  MainWindow Window{Run.Main(), Icons};
+  QWidget& Inside = *Window.centralWidget();
+};
+
+TEST_F(MainWindowTest, AResizeToTheSameSizeTouchesNothing) {
+  EventCount events(Window.findChildren<QWidget*>(),
+                    {QEvent::Move, QEvent::Resize, QEvent::Show, QEvent::Hide,
+                     QEvent::PaletteChange, QEvent::ActionChanged});
+  QResizeEvent same(Inside.size(), Inside.size());
+  for (int i = 0; i < 3; ++i) QCoreApplication::sendEvent(&Inside, &same);
+  Settle();
+  EXPECT_EQ(events.Count, 3);  // those that were sent
+}
+
+TEST_F(MainWindowTest, ADragMovesBarsAndPaintsNoList) {
+  const QRect before = PlaceOf("Folders of pane 1");
+  const QPoint from(before.right() + 2, before.center().y());
+  Tree("Folders of pane 1")->setFocus();
+  for (const bool givenUp : {true, false}) {
+    Mouse(QEvent::MouseMove, from, Qt::NoButton);
+    EXPECT_EQ(Inside.cursor().shape(), Qt::SizeHorCursor);
+    EXPECT_EQ(Tree("Folders of pane 1")->cursor().shape(), Qt::ArrowCursor);
+    QList<QWidget*> rows;
+    for (const QTreeView* tree : Shown<QTreeView>()) rows << tree->viewport();
+    const EventCount paints(rows, {QEvent::Paint});
+    Mouse(QEvent::MouseButtonPress, from);
+    for (int i = 1; i <= 30; ++i) {
+      Mouse(QEvent::MouseMove, from + QPoint(5 * i, i));
+      const QList<DragBar*> bars = Shown<DragBar>();
+      ASSERT_EQ(bars.size(), 2);
+      for (const DragBar* bar : bars) {
+        EXPECT_NEAR(Inside.mapFromGlobal(bar->pos()).x(), before.right() + 1 + 5 * i, 4);
+      }
+    }
+    EXPECT_EQ(paints.Count, 0);
+    if (givenUp) {
+      QKeyEvent escape(QEvent::ShortcutOverride, Qt::Key_Escape, {});
+      QCoreApplication::sendEvent(Window.focusWidget(), &escape);
+      EXPECT_FALSE(escape.isAccepted());
+      QMetaObject::invokeMethod(Window.findChild<QShortcut*>(), "activated");
+      EXPECT_TRUE(Shown<DragBar>().empty());
+    }
+    Mouse(QEvent::MouseButtonRelease, from + QPoint(150, 30), Qt::NoButton);
+    EXPECT_TRUE(Shown<DragBar>().empty());
+    EXPECT_NEAR(PlaceOf("Folders of pane 1").width(), before.width() + (givenUp ? 0 : 150), 4);
+  }
+  // Releases that this window does not get.
+  const QPoint gap(PlaceOf("Folders of pane 1").right() + 2, from.y());
+  for (const auto& lose : {std::function<void()>([&] { Mouse(QEvent::MouseMove, gap, {}); }),
+                           std::function<void()>([&] { Window.hide(); })}) {
+    Mouse(QEvent::MouseButtonPress, gap);
+    EXPECT_EQ(Shown<DragBar>().size(), 2);
+    lose();
+    EXPECT_TRUE(Shown<DragBar>().empty() && !Run.Space().IsResizing());
+  }
+}
+
+TEST_F(MainWindowTest, TitlesAndPlaceholdersStandInTheSmallestWindow) {
+  for (const int pane : {2, 3, 4}) Run.Main().ClosePaneClick(pane);  // opens it
+  Tree("Files of pane 1")->setFocus();
+  Run.Space().ActiveList = 100;
+  Resize(640, 334);
+  EXPECT_TRUE(Tree("Folders of pane 5")->isVisible() && !Tree("Files of pane 5")->isVisible());
+  EXPECT_EQ(Shown<NoRoomLabel>().size(), 5);
+  EXPECT_EQ(Run.Form().ActiveControl, "txtFocus");
+  EXPECT_EQ(Run.Space().CurrentList, 100);
+  for (const char* layout : {"layouthorizontal", "layoutvertical"}) {
+    Run.Main().ButtonClick(layout);
+    for (const QSize size : {QSize(1, 1), QSize(640, 480), QSize(400, 334)}) {
+      Resize(size.width(), size.height());
+      EXPECT_EQ(Shown<PaneTitle>().size(), 5);
+      for (const PaneTitle* title : Shown<PaneTitle>()) {
+        EXPECT_TRUE(size.width() == 1 || Inside.rect().contains(title->geometry()));
+      }
+    }
+  }
+  Resize(1000, 700);
+  EXPECT_TRUE(Shown<NoRoomLabel>().empty());
+}
+
+TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
+  QTreeView* const other = Tree("Folders of pane 2");
+  Tree("Folders of pane 1")->setFocus();
+  for (const lister::ListId active : {lister::FolderListOf(0), lister::FolderListOf(1)}) {
+    EXPECT_EQ(Run.Form().ActiveControl, "ListerControl");
+    Run.Space().ActiveList = active;
+    Run.Form().ActiveControl = "txtFocus";
+    Window.Sync();
+  }
+  EXPECT_EQ(Run.Form().ActiveControl, "txtFocus");
+  const EventCount keys(QList<QWidget*>{other}, {QEvent::KeyPress, QEvent::FocusIn});
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, {});
+  QCoreApplication::sendEvent(Window.focusWidget(), &key);
+  EXPECT_EQ(keys.Count, 1);
+  EXPECT_EQ(Run.Space().CurrentList, 0);
+
+  Run.Form().Menus["mnuCommandOn"].Checked = true;
+  Run.Main().ClosePaneClick(1);
+  Settle();
+  auto& command = *Inside.findChild<QComboBox*>({}, Qt::FindDirectChildrenOnly);
+  command.setFocus();
+  EXPECT_EQ(Run.Form().ActiveControl, "cboCommand");
+  EXPECT_FALSE(Window.findChild<QShortcut*>()->isEnabled());
+  command.setEditText("ls");
+  EXPECT_EQ(Run.Form().cboCommand.Text, "ls");
+  Run.Form().cboCommand.Text = "a\xFF";
+  Window.Sync();
+  EXPECT_EQ(command.currentText(), QString::fromUtf8("a\xEF\xBF\xBD"));
+  EXPECT_EQ(Run.Form().cboCommand.Text, "a\xFF");
+}
+
+}  // namespace
+}  // namespace tarnwell::ui
