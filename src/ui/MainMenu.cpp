@@ -60,8 +60,7 @@ void MainMenu::Sync() {
     const forms::MenuEntry& shown = form.Menus[name];
     entry.Action->setText(ToShownQString(shown.Caption));
     if (entry.Action->isCheckable()) entry.Action->setChecked(shown.Checked);
-    if (entry.Action->menu() != nullptr) continue;
-    entry.Action->setVisible(shown.Visible);
+    if (entry.Action->menu() == nullptr) entry.Action->setVisible(shown.Visible);
     const std::string_view image = form.MenuImages.ImageOf(shown);
     if (entry.Image == image) continue;
     entry.Image = image;
