@@ -10,6 +10,7 @@
 #include "ui/FormWindow.h"
 
 namespace tarnwell::ui {
+
 void MainMenu::Build() {
   const auto& entries = master_.Form().Menus.Entries();
   std::vector<QMenu*> parents;  // the open submenu of each level

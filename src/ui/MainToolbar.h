@@ -12,7 +12,7 @@ namespace tarnwell::ui {
 
 class MainToolbar : public QToolBar {
  public:
-  static constexpr int Height = 28;  // the panes begin right below
+  static constexpr int Height = 29;  // the titles of the first panes begin below it
 
   MainToolbar(shell::Master& master, const IconSource& icons, QWidget* parent);
 

@@ -85,7 +85,8 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
 }
 
 MainWindow::~MainWindow() {
-  disconnect(qApp, nullptr, this, nullptr);  // what has the focus goes before the rest
+  // The children lose focus and mouse while this object is whole, and nothing is told of that.
+  disconnect(qApp, nullptr, this, nullptr);
   Close();
   hide();
 }

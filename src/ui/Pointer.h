@@ -1,7 +1,7 @@
 // The pointer shapes that the program asks for, as Qt's.
 #pragma once
 
-#include <Qt>
+#include <QCursor>
 
 #include "forms/Controls.h"
 

@@ -22,7 +22,7 @@ inline QColor TextOn(const QColor& back) {
 
 // A palette around the two colours.
 inline QPalette PlainPalette(const QColor& back, const QColor& text) {
-  QPalette palette(back, back);
+  QPalette palette(Blend(back, text, 8), back);
   palette.setColor(QPalette::Base, back);
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
     palette.setColor(role, text);
