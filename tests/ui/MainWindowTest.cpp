@@ -168,10 +168,19 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   }
   EXPECT_EQ(Run.Form().ActiveControl, "txtFocus");
   const EventCount keys(QList<QWidget*>{other}, {QEvent::KeyPress, QEvent::FocusIn});
-  QKeyEvent key(QEvent::KeyPress, Qt::Key_Down, {});
-  QCoreApplication::sendEvent(Window.focusWidget(), &key);
+  QKeyEvent end(QEvent::KeyPress, Qt::Key_End, {});
+  QCoreApplication::sendEvent(Window.focusWidget(), &end);
   EXPECT_EQ(keys.Count, 1);
   EXPECT_EQ(Run.Space().CurrentList, 0);
+  // Arrows give the list the keyboard as well, and reach it all the same.
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent down(type, Qt::Key_Down, {});
+    QCoreApplication::sendEvent(Window.focusWidget(), &down);
+    EXPECT_EQ(Run.Space().KeyArmed, type == QEvent::KeyRelease);
+  }
+  EXPECT_EQ(keys.Count, 3);
+  EXPECT_EQ(Run.Space().CurrentList, 1);
+  EXPECT_EQ(Run.Form().ActiveControl, "ListerControl");
 
   Run.Form().Menus["mnuCommandOn"].Checked = true;
   Run.Main().ClosePaneClick(1);
