@@ -11,8 +11,8 @@
 namespace tarnwell::ui {
 namespace {
 
-// The pictures are drawn on a grid of 16.
-constexpr QSize IconSize(16, 16);
+// Half as large again as the grid that the pictures are drawn on.
+constexpr QSize IconSize(24, 24);
 constexpr int ButtonSide = MainToolbar::Height - 2;
 
 }  // namespace
@@ -41,11 +41,10 @@ void MainToolbar::Build() {
     groupEnded = groupEnded || button.Style == forms::ButtonStyle::Separator;
     if (!commands::Commands::IsCommand(button.Key)) continue;
     if (std::exchange(groupEnded, false) && !buttons_.empty()) addSeparator();
-    QAction* action =
-        addAction(icons_.Own(form.ImageList1.Key(button.Image)), ToQString(button.Key));
+    QAction* action = addAction(ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
     widgetForAction(action)->setMinimumSize(ButtonSide, ButtonSide);
-    buttons_[button.Key] = action;
+    buttons_[button.Key].Action = action;
     connect(action, &QAction::triggered, this, [this, key = button.Key] {
       Guarded([this, &key] { master_.ButtonClick(key); });
       master_.Form().Touch();
@@ -55,8 +54,15 @@ void MainToolbar::Build() {
 
 void MainToolbar::Sync() {
   if (buttons_.empty()) Build();
-  for (const auto& [key, action] : buttons_) {
-    const forms::ToolbarButton& button = master_.Form().Toolbar1[key];
+  const workspace::MainForm& form = master_.Form();
+  for (auto& [key, shown] : buttons_) {
+    const forms::ToolbarButton& button = form.Toolbar1[key];
+    QAction* const action = shown.Action;
+    const std::string_view image = form.ImageList1.Key(button.Image);
+    if (shown.Image != image) {
+      shown.Image = image;
+      action->setIcon(icons_.Own(image));
+    }
     if (action->isCheckable()) action->setChecked(button.Pressed);
     action->setEnabled(button.Enabled);
     // A pane's button is named by its pane, and its tip is the folder that the pane shows.

@@ -27,7 +27,11 @@ class MainToolbar : public QToolBar {
 
   shell::Master& master_;
   const IconSource& icons_;
-  std::map<std::string, QAction*> buttons_;  // by the keys of the form's
+  struct Button {
+    QAction* Action = nullptr;
+    std::string Image;  // key of the picture on show
+  };
+  std::map<std::string, Button> buttons_;  // by the keys of the form's
 };
 
 }  // namespace tarnwell::ui
