@@ -12,11 +12,6 @@ namespace {
 
 const std::string Sorry = "Sorry, you cannot make a new folder here.";
 
-void CentreOn(const forms::Form& mainForm, forms::Form& dialog) {
-  dialog.Left = mainForm.Left + mainForm.Width / 2 - dialog.Width / 2;
-  dialog.Top = mainForm.Top + mainForm.Height / 2 - dialog.Height / 2;
-}
-
 }  // namespace
 
 void NewFolder::CreateNewFolder(bool byKey) {

@@ -36,6 +36,10 @@ struct Button : Control {
   std::string Caption;
 };
 
+struct CheckBox : Control {
+  bool Checked = false;
+};
+
 struct Picture : Control {};
 
 // A rectangle that is painted: an outline, a placeholder, a bar.

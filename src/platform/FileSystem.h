@@ -122,6 +122,10 @@ class FileSystem {
   // Makes one folder; one that is there already gives an error.
   virtual base::Status MakeFolder(const std::string& path) = 0;
 
+  // Gives an item another path on the same volume. A path that is taken gives an error, and nothing
+  // is replaced; another case of the same name is no other item.
+  virtual base::Status Rename(const std::string& from, const std::string& to) = 0;
+
   // The whole content of a file.
   virtual base::Status ReadFile(const std::string& path, std::string& content) const = 0;
   // Replaces the file in one step: after a failure, or a crash at any moment, the path holds either

@@ -12,6 +12,7 @@
 #include "fakes/MemoryFileSystem.h"
 #include "lister/ListerControl.h"
 #include "platform/Clock.h"
+#include "platform/FileOperation.h"
 #include "platform/FolderWatch.h"
 #include "platform/MessagePump.h"
 #include "platform/SystemInfo.h"
@@ -169,6 +170,18 @@ class FakeLauncher : public platform::Launcher {
   }
 };
 
+// Notes what is asked for; a test may do the work.
+class FakeFileOperation : public platform::FileOperation {
+ public:
+  std::vector<platform::OperationRequest> Requests;
+  std::function<int(const platform::OperationRequest&)> OnRun;  // gives the result's code
+
+  platform::OperationResult Run(const platform::OperationRequest& request) override {
+    Requests.push_back(request);
+    return {.Code = OnRun ? OnRun(request) : 0};
+  }
+};
+
 class FakeSystemInfo : public platform::SystemInfo {
  public:
   bool Windows95 = false, Windows98 = false, WindowsMe = false;
@@ -192,6 +205,7 @@ struct FakePlatform {
   FakeClock Clock;
   FakeCollation Order;
   FakeLauncher Launcher;
+  FakeFileOperation Operation;
   FakeSystemInfo System;
 
   lister::ListerServices Services() {

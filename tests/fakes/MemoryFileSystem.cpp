@@ -230,6 +230,24 @@ base::Status MemoryFileSystem::MakeFolder(const std::string& path) {
   return {};
 }
 
+base::Status MemoryFileSystem::Rename(const std::string& from, const std::string& to) {
+  if (WriteFault.Code != 0) return WriteFault;
+  MemoryItem* const old = Find(syntax_.ParentOf(from), true);
+  MemoryItem* const target = Find(syntax_.ParentOf(to), true);
+  const std::string name = Split(from).back();
+  if (old == nullptr || target == nullptr || !old->Children.contains(Folded(name))) {
+    return NotFound();
+  }
+  if (Exists(to) && !syntax_.Same(from, to)) return {17, "File exists"};
+  auto node = old->Children.extract(Folded(name));
+  node.mapped()->Name = Split(to).back();
+  node.key() = Folded(node.mapped()->Name);
+  target->Children.insert(std::move(node));
+  ++old->Modified;
+  ++target->Modified;
+  return {};
+}
+
 base::Status MemoryFileSystem::ReadAttributes(const std::string& folder, const std::string& name,
                                               platform::ItemAttributes& attributes) const {
   return AttributesOf(Find(name.empty() ? folder : syntax_.Join(folder, name), false), attributes);

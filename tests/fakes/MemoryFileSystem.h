@@ -70,6 +70,7 @@ class MemoryFileSystem : public platform::FileSystem {
   base::Status WriteNote(const std::string& path, platform::ItemNote note,
                          const std::string& text) override;
   base::Status MakeFolder(const std::string& path) override;
+  base::Status Rename(const std::string& from, const std::string& to) override;
   base::Status ReadFile(const std::string& path, std::string& content) const override;
   base::Status WriteFile(const std::string& path, const std::string& content) override;
   base::Status RemoveFile(const std::string& path) override;

@@ -24,6 +24,7 @@ class LinuxFileSystem : public FileSystem {
   base::Status ReadSpace(const std::string& folder, Space& space) const override;
   base::Status WriteNote(const std::string& path, ItemNote note, const std::string& text) override;
   base::Status MakeFolder(const std::string& path) override;
+  base::Status Rename(const std::string& from, const std::string& to) override;
   base::Status ReadFile(const std::string& path, std::string& content) const override;
   base::Status WriteFile(const std::string& path, const std::string& content) override;
   base::Status RemoveFile(const std::string& path) override;

@@ -1,0 +1,67 @@
+#include "fileops/DeleteSelection.h"
+
+#include <string>
+
+#include "fileops/ItemList.h"
+#include "fileops/popDelete.h"
+
+namespace tarnwell::fileops {
+
+void DeleteCommand::DeleteSelection(bool permanent) {
+  const lister::ListId remembered = workspace_.CurrentList;
+  lister::ListerControl* const list = workspace_.Lists.Find(remembered);
+  if (list == nullptr) return;
+  std::string shown = list->FirstSelected();
+  // A drive's text ends so and it has no items; a file's name may end so as well.
+  if (shown.empty() || (shown.ends_with(':') && list->ActiveItemName().empty())) return;
+  if (shown.find(syntax_.Separator) != std::string::npos) {
+    shown = "Folder: " + std::string(syntax_.LastComponent(shown));
+  }
+  fields_.DialogResult.clear();
+  std::string items;
+  if (workspace_.ShellVerbMode == 0) {
+    popDelete dialog(host_, fields_);
+    host_.Open(dialog);
+    dialog.txtSource.Text = shown;
+    dialog.chkSendToRecycleBin.Checked = !permanent;
+    CentreOn(workspace_.Form, dialog);
+    host_.ShowModal(dialog, &workspace_.Form);
+    if (fields_.DialogResult == "cancel") return;
+    operations_.FileOperate(fields_.DialogResult, remembered, remembered, "", false, "");
+    return;
+  }
+  if (!permanent) {
+    shellDelete_();
+  } else if (!DeleteForGood(*list, shown, items)) {
+    return;
+  }
+  if (lister::IsFileList(remembered)) {
+    workspace_.Lists[workspace_.CurrentList].RefreshList();
+    return;
+  }
+  const std::string open = OnDisk(list->DriveFolder(), syntax_);
+  if (!open.empty() && HoldsItem(items, open, syntax_))
+    navigation_.MoveFocusUpOneFolder(remembered);
+}
+
+bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string& shown,
+                                  std::string& items) {
+  popDelete dialog(host_, fields_);
+  host_.Open(dialog);
+  dialog.chkSendToRecycleBin.Visible = false;
+  dialog.Label2.Visible = false;
+  dialog.txtSource.Text = shown;
+  dialog.Label1.Caption = "Permanently Delete?";
+  fields_.DialogResult = "cancel";  // also when the dialog is closed by its frame
+  CentreOn(workspace_.Form, dialog);
+  host_.ShowModal(dialog, &workspace_.Form);
+  if (fields_.DialogResult == "cancel") return false;
+  items = list.ActiveItemName();
+  platform_.Run({.Function = platform::FileFunction::Delete,
+                 .Items = items,
+                 .Destination = std::string(1, '\0'),
+                 .Flags = platform::NoConfirmation});
+  return true;
+}
+
+}  // namespace tarnwell::fileops

@@ -1,0 +1,47 @@
+// The command that deletes what is selected.
+#pragma once
+
+#include <functional>
+
+#include "fileops/FileOperate.h"
+#include "forms/FormHost.h"
+
+namespace tarnwell::fileops {
+
+class DeleteCommand {
+ public:
+  // Carries out the Delete entry of the platform's own menu on the selection, which asks and keeps
+  // undo by itself.
+  using ShellDelete = std::function<void()>;
+
+  DeleteCommand(workspace::Workspace& workspace, const base::PathSyntax& syntax,
+                platform::FileOperation& platform, FileOperations& operations,
+                lists::Navigation& navigation, forms::FormHost& host, DialogFields& fields,
+                ShellDelete shellDelete)
+      : workspace_(workspace),
+        syntax_(syntax),
+        platform_(platform),
+        operations_(operations),
+        navigation_(navigation),
+        host_(host),
+        fields_(fields),
+        shellDelete_(std::move(shellDelete)) {}
+
+  // Deletes the selection of the current list: for good after a question, or by the platform's own
+  // way. A drive is never deleted, and nothing is said of it.
+  void DeleteSelection(bool permanent);
+
+ private:
+  bool DeleteForGood(lister::ListerControl& list, const std::string& shown, std::string& items);
+
+  workspace::Workspace& workspace_;
+  const base::PathSyntax& syntax_;
+  platform::FileOperation& platform_;
+  FileOperations& operations_;
+  lists::Navigation& navigation_;
+  forms::FormHost& host_;
+  DialogFields& fields_;
+  ShellDelete shellDelete_;
+};
+
+}  // namespace tarnwell::fileops

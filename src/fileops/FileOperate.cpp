@@ -1,0 +1,112 @@
+#include "fileops/FileOperate.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "fileops/ItemList.h"
+#include "lists/WatchPanes.h"
+
+namespace tarnwell::fileops {
+
+using platform::FileFunction;
+
+namespace {
+
+constexpr std::pair<std::string_view, FileFunction> Words[] = {
+    {"copy", FileFunction::Copy}, {"move", FileFunction::Move}, {"delete", FileFunction::Delete}};
+
+FileFunction FunctionOf(std::string_view word) {
+  const auto* const row =
+      std::ranges::find(Words, word, [](const auto& each) { return each.first; });
+  return row == std::end(Words) ? FileFunction::None : row->second;
+}
+
+}  // namespace
+
+void FileOperations::FileOperate(const std::string& action, lister::ListId source,
+                                 lister::ListId target, std::string folder, bool refreshChild,
+                                 const std::string& items) {
+  if (source == lister::NoList) return;
+  const FileFunction function = FunctionOf(action);
+  if (function == FileFunction::Delete) target = source;
+  lists::WatchBracket watches(workspace_, [this, function, source, target] {
+    const bool moves = function == FileFunction::Move;
+    lists::WatchResumePanes(workspace_, moves ? source : lister::NoList, lister::NoList);
+    workspace_.Lists[target].WatchStart();
+    if (moves && source >= 0) workspace_.Lists[source].WatchStart();
+  });
+  if (action == "cancel") {
+    watches.LeaveOpen();
+    return;
+  }
+  lister::ListerControl* const from = workspace_.Lists.Find(source);
+  const std::string& what = items.empty() && from != nullptr ? from->ActiveItemName() : items;
+  if (what.empty()) {
+    messenger_.Message("No files selected for this operation.", forms::MessageKind::Ok);
+    watches.LeaveOpen();
+    return;
+  }
+  Carry(function, source, target, std::move(folder), refreshChild, std::string(what));
+}
+
+// `items` is a copy: lists that are read again forget theirs.
+void FileOperations::Carry(FileFunction function, lister::ListId source, lister::ListId target,
+                           std::string folder, bool refreshChild, const std::string& items) {
+  const bool leaves = function == FileFunction::Delete && DeletesFolderOnShow(source, items);
+  platform::OperationRequest request;
+  request.Function = function;
+  request.Items = items;
+  if (function == FileFunction::Copy || function == FileFunction::Move) {
+    folder = syntax_.AddSeparator(folder);
+    request.Destination = folder;
+  }
+  request.Destination += '\0';
+  request.Flags = FlagsOf(function, items, folder);
+  platform_.Run(request);  // what went wrong, the platform has told
+
+  lister::ListerControl& shown = workspace_.Lists[target];
+  if (function != FileFunction::Delete && source >= 0 && !lister::IsFileList(source) &&
+      !lister::IsFileList(target)) {
+    shown.RefreshAfterOperation();
+  }
+  if (leaves) navigation_.MoveFocusUpOneFolder(source);
+  shown.RefreshList();
+  if (!refreshChild) refreshChild = shown.OperationResult;
+  if (refreshChild && !lister::IsFileList(target)) {
+    lister::ListerControl& child = workspace_.Lists.Files(lister::PaneOf(target));
+    child.RefreshList();
+    child.WatchStart();
+  }
+  shown.OperationResult = false;
+  if (source >= 0 && function == FileFunction::Move) workspace_.Lists[source].RefreshList();
+}
+
+std::uint16_t FileOperations::FlagsOf(FileFunction function, const std::string& items,
+                                      const std::string& folder) const {
+  const bool deletes = function == FileFunction::Delete;
+  int flags = 0;
+  if (!deletes || fields_.SendToRecycle) flags |= platform::AllowUndo;
+  // Items that are copied to where they are become twins.
+  if (syntax_.GetFolderPath(FirstItem(items)) == folder) flags |= platform::RenameOnCollision;
+  if (deletes) flags |= platform::NoConfirmation;
+  return static_cast<std::uint16_t>(flags);
+}
+
+bool FileOperations::DeletesFolderOnShow(lister::ListId source, const std::string& items) const {
+  if (source < 0 || lister::IsFileList(source)) return false;
+  const std::string shown = OnDisk(workspace_.Lists[source].DriveFolder(), syntax_);
+  return !shown.empty() && HoldsItem(items, shown, syntax_);
+}
+
+void FileOperations::PerformShellAction(const std::string& source, const std::string& destination,
+                                        std::int32_t& result) {
+  result = platform_
+               .Run({.Function = FileFunction::Copy,
+                     .Items = source + '\0',
+                     .Destination = destination + '\0',
+                     .Flags = platform::Silent | platform::SimpleProgress})
+               .Code;
+}
+
+}  // namespace tarnwell::fileops

@@ -1,0 +1,57 @@
+// Copying, moving and deleting of items of the lists, and bringing the lists up to date after it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "fileops/DialogFields.h"
+#include "forms/Messenger.h"
+#include "lists/Navigation.h"
+#include "platform/FileOperation.h"
+#include "workspace/Workspace.h"
+
+namespace tarnwell::fileops {
+
+// A drag that did not begin in one of the program's lists.
+inline constexpr lister::ListId ForeignList = -2;
+
+class FileOperations {
+ public:
+  FileOperations(workspace::Workspace& workspace, const base::PathSyntax& syntax,
+                 platform::FileOperation& platform, lists::Navigation& navigation,
+                 forms::Messenger& messenger, DialogFields& fields)
+      : workspace_(workspace),
+        syntax_(syntax),
+        platform_(platform),
+        navigation_(navigation),
+        messenger_(messenger),
+        fields_(fields) {}
+
+  // `action` is "copy", "move" or "delete"; "cancel" does nothing, and any other word is handed to
+  // the platform as an operation that it does not know. The items are those given, each full path
+  // ended by a NUL, or what is selected in the source list. The target list shows the target folder
+  // and is read again; with `refreshChild` its file list too. After "cancel" and where there are no
+  // items, the lists stay as they are and follow no folder until some other command.
+  void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,
+                   std::string folder, bool refreshChild, const std::string& items);
+
+  // Copies one item without a word. `result` gets the platform's code, 0 for success.
+  void PerformShellAction(const std::string& source, const std::string& destination,
+                          std::int32_t& result);
+
+ private:
+  void Carry(platform::FileFunction function, lister::ListId source, lister::ListId target,
+             std::string folder, bool refreshChild, const std::string& items);
+  std::uint16_t FlagsOf(platform::FileFunction function, const std::string& items,
+                        const std::string& folder) const;
+  bool DeletesFolderOnShow(lister::ListId source, const std::string& items) const;
+
+  workspace::Workspace& workspace_;
+  const base::PathSyntax& syntax_;
+  platform::FileOperation& platform_;
+  lists::Navigation& navigation_;
+  forms::Messenger& messenger_;
+  DialogFields& fields_;
+};
+
+}  // namespace tarnwell::fileops

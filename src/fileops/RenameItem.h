@@ -1,0 +1,35 @@
+// The command that gives an item another name.
+#pragma once
+
+#include <string>
+
+#include "fileops/DialogFields.h"
+#include "forms/FormHost.h"
+#include "forms/Messenger.h"
+#include "platform/FileSystem.h"
+#include "workspace/Workspace.h"
+
+namespace tarnwell::fileops {
+
+class RenameCommand {
+ public:
+  RenameCommand(workspace::Workspace& workspace, platform::FileSystem& files, forms::FormHost& host,
+                forms::Messenger& messenger, DialogFields& fields)
+      : workspace_(workspace), files_(files), host_(host), messenger_(messenger), fields_(fields) {}
+
+  // Asks for the new name of the current list's clicked item, or of that with the cursor when
+  // `byKey`. What has no name of its own is passed over without a word.
+  void RenameItem(bool byKey);
+
+ private:
+  // Throws std::runtime_error with the system's words if the name cannot be given.
+  void AskAndRename(lister::ListerControl& list, bool byKey);
+
+  workspace::Workspace& workspace_;
+  platform::FileSystem& files_;
+  forms::FormHost& host_;
+  forms::Messenger& messenger_;
+  DialogFields& fields_;
+};
+
+}  // namespace tarnwell::fileops

@@ -1,0 +1,208 @@
+#include "fileops/DeleteSelection.h"
+#include "fileops/DuplicateItems.h"
+#include "fileops/RenameItem.h"
+#include "fileops/popCopyMove.h"
+#include "fileops/popDelete.h"
+#include "fileops/popRename.h"
+#include "lists/TestLists.h"
+
+namespace tarnwell::fileops {
+namespace {
+
+using platform::FileFunction;
+using namespace std::string_literals;
+
+constexpr const char* Sorry = "Sorry, the renaming could not be performed.";
+
+class OperationsTest : public testing::Test, public lists::TestLists {
+ protected:
+  OperationsTest() {
+    for (const char* file : {"C:\\Data\\one.txt", "C:\\Data\\two", "C:\\Data\\Sub\\x"}) {
+      Platform.Files.AddFile(file);
+    }
+    Platform.Files.AddFolder("C:\\Other");
+    SetUpPane(0, "C:\\Data");
+    SetUpPane(1, "C:\\Other");
+    for (const int pane : {0, 1}) Nav.LoadFolders(pane);
+    Space.CurrentList = 100;
+    Watched = Platform.Watches.Watched().size();
+  }
+
+  // What the platform was asked last, in one line.
+  std::string Asked() {
+    if (Platform.Operation.Requests.empty()) return "nothing";
+    const platform::OperationRequest request = Platform.Operation.Requests.back();
+    Platform.Operation.Requests.clear();
+    std::string text = std::to_string(static_cast<int>(request.Function)) + " " + request.Items +
+                       "> " + request.Destination + "| " + std::to_string(request.Flags);
+    std::replace(text.begin(), text.end(), '\0', ';');
+    return text;
+  }
+  bool AllWatch() { return Platform.Watches.Watched().size() == Watched; }
+  // The user, before the next dialog of this type.
+  template <typename Dialog>
+  void Answer(std::function<void(Dialog&)> answer) {
+    Host.OnModal = [=](forms::Form& form) { answer(dynamic_cast<Dialog&>(form)); };
+  }
+
+  DialogFields Fields;
+  const base::PathSyntax& Syntax = Platform.Files.Syntax();
+  FileOperations Operations{Space, Syntax, Platform.Operation, Nav, Messages, Fields};
+  int ShellDeletes = 0;
+  DeleteCommand Deleting{Space, Syntax, Platform.Operation,        Operations, Nav,
+                         Host,  Fields, [this] { ++ShellDeletes; }};
+  RenameCommand Renaming{Space, Platform.Files, Host, Messages, Fields};
+  std::size_t Watched = 0;
+};
+
+TEST_F(OperationsTest, HandsThePlatformItemsTargetAndFlags) {
+  const std::string items = "C:\\Data\\one.txt\0"s;
+  Platform.Operation.OnRun = [this](const platform::OperationRequest&) {
+    EXPECT_TRUE(Platform.Watches.Watched().empty());
+    Platform.Files.AddFile("C:\\Other\\new");
+    return 0;
+  };
+  Operations.FileOperate("copy", 100, 101, "C:\\Other", false, items);
+  EXPECT_EQ(Asked(), "2 C:\\Data\\one.txt;> C:\\Other\\;| 64");
+  EXPECT_NE(Row(101, "new"), lister::NoRow);
+  EXPECT_TRUE(AllWatch());
+  Platform.Operation.OnRun = {};
+  struct Case {
+    const char *Word, *Folder, *Asked;
+    bool Recycle;
+  };
+  for (const Case& each :
+       {Case{"move", "C:\\Data\\", "1 C:\\Data\\one.txt;> C:\\Data\\;| 72", false},
+        {"move", "c:\\data\\", "1 C:\\Data\\one.txt;> c:\\data\\;| 64", false},
+        {"delete", "", "3 C:\\Data\\one.txt;> ;| 16", false},
+        {"delete", "", "3 C:\\Data\\one.txt;> ;| 80", true},
+        {"rename", "C:\\Other", "0 C:\\Data\\one.txt;> ;| 64", false},
+        {"", "", "0 C:\\Data\\one.txt;> ;| 64", false}}) {
+    Fields.SendToRecycle = each.Recycle;
+    Operations.FileOperate(each.Word, 100, 101, each.Folder, false, items);
+    EXPECT_EQ(Asked(), each.Asked);
+    EXPECT_TRUE(AllWatch());
+  }
+  // A drag from another program, onto a folder list.
+  Operations.FileOperate("copy", ForeignList, 1, "C:\\Other", true, items);
+  EXPECT_EQ(Asked(), "2 C:\\Data\\one.txt;> C:\\Other\\;| 64");
+  Operations.FileOperate("copy", lister::NoList, 101, "C:\\Other", false, items);
+  EXPECT_TRUE(AllWatch());
+  Operations.FileOperate("cancel", 100, 101, "C:\\Other", false, items);
+  EXPECT_TRUE(Platform.Watches.Watched().empty());
+  Operations.FileOperate("copy", 101, 100, "C:\\Data", false, "");
+  EXPECT_EQ(Messages.Texts, (workspace::Texts{"No files selected for this operation."}));
+  EXPECT_EQ(Asked(), "nothing");
+  std::int32_t code = 0;
+  Platform.Operation.OnRun = [](const platform::OperationRequest&) { return 5; };
+  Operations.PerformShellAction("C:\\a", "C:\\b", code);
+  EXPECT_EQ(Asked() + std::to_string(code), "2 C:\\a;> C:\\b;| 2605");
+}
+
+TEST_F(OperationsTest, MovesUpFromAFolderThatItDeletes) {
+  Space.Lists.Folders(0).OpenFolder(0, "C:\\Data\\Sub");
+  Platform.Operation.OnRun = [this](const platform::OperationRequest&) {
+    Platform.Files.Remove("C:\\Data\\Sub");
+    return 0;
+  };
+  Operations.FileOperate("delete", 0, 0, "", false, "C:\\Data\\Sub\0"s);
+  EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\Data\\");
+  EXPECT_TRUE(AllWatch());
+
+  Space.CurrentList = 0;
+  Answer<popDelete>([](popDelete& dialog) { dialog.cmdDeleteClick(); });
+  Deleting.DeleteSelection(true);
+  EXPECT_EQ(Asked(), "3 C:\\Data;;> ;| 16");
+  EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
+  Deleting.DeleteSelection(true);  // a drive
+  EXPECT_EQ(Asked(), "nothing");
+}
+
+TEST_F(OperationsTest, DeletesForGoodAfterAQuestionAlone) {
+  lister::ListerControl& files = Space.Lists[100];
+  Deleting.DeleteSelection(true);  // nothing selected
+  EXPECT_EQ(Host.Told.size(), 0U);
+  files.MoveCurrent(Row(100, "one.txt"));
+  files.SpaceKey();
+  for (const bool deletes : {false, true}) {
+    Answer<popDelete>([=](popDelete& dialog) {
+      EXPECT_EQ(dialog.Label1.Caption + dialog.txtSource.Text,
+                "Permanently Delete?Folder: one.txt");
+      EXPECT_FALSE(dialog.chkSendToRecycleBin.Visible || dialog.Label2.Visible);
+      if (deletes) dialog.cmdDeleteClick();
+    });
+    Deleting.DeleteSelection(true);
+    EXPECT_EQ(Asked(), deletes ? "3 C:\\Data\\one.txt;;> ;| 16" : "nothing");
+  }
+  Deleting.DeleteSelection(false);
+  EXPECT_EQ(ShellDeletes, 1);
+  Space.ShellVerbMode = 0;
+  Answer<popDelete>([](popDelete& dialog) {
+    EXPECT_TRUE(dialog.chkSendToRecycleBin.Checked && dialog.chkSendToRecycleBin.Visible);
+    dialog.cmdDeleteClick();
+  });
+  Deleting.DeleteSelection(false);
+  EXPECT_EQ(Asked(), "3 C:\\Data\\one.txt;;> ;| 80");
+}
+
+TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
+  Space.Lists[100].MoveCurrent(Row(100, "one.txt"));
+  const auto rename = [this](const std::string& name) {
+    Answer<popRename>([=](popRename& dialog) {
+      dialog.txtDest.Text = name;
+      dialog.cmdRenameClick();
+    });
+    Renaming.RenameItem(true);
+  };
+  Answer<popRename>([](popRename& dialog) {
+    EXPECT_EQ(dialog.txtSource.Text + dialog.txtDest.Text, "one.txtone.txt");
+    EXPECT_EQ(dialog.SelStart * 10 + dialog.SelLength, 30U);
+    dialog.txtDest.Text = "größe";
+    dialog.SelLength = 5;
+    dialog.PositionCursor();
+    EXPECT_EQ(dialog.SelLength, 5U);
+    dialog.cmdCancelClick();
+  });
+  Renaming.RenameItem(true);
+  for (const char* same : {"one.txt", "cancel", ""}) rename(same);
+  EXPECT_NE(Row(100, "one.txt"), lister::NoRow);
+  rename("ONE.txt");
+  EXPECT_NE(Row(100, "ONE.txt"), lister::NoRow);
+  EXPECT_TRUE(Messages.Texts.empty());
+  for (const char* bad : {"two", "Sub\\two"}) rename(bad);
+  ASSERT_EQ(Messages.Texts.size(), 2U);
+  EXPECT_EQ(Messages.Texts[0], Sorry +
+                                   "\r\n\r\nThe system returned the following message: "
+                                   "\r\n\r\nFile exists"s);
+  EXPECT_TRUE(Messages.Texts[1].ends_with("A name cannot hold the character \\."));
+  EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\ONE.txt") && AllWatch());
+}
+
+TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
+  EXPECT_EQ(TimeStamp({2026, 1, 15, 14, 30, 0}), "260115-143000");
+  EXPECT_EQ(StampedPath("C:\\Data\\report.final.txt", "-S"), "C:\\Data\\report.final-S.txt");
+  EXPECT_EQ(StampedPath("C:\\a.b\\c", "-S"), "C:\\a-S.b\\c");
+  DuplicateCommand duplicate(Platform.Files, Platform.Operation, Platform.Clock, Host, Messages);
+  Platform.Operation.OnRun = [](const platform::OperationRequest& request) {
+    return request.Items.find("two") == std::string::npos ? 0 : 13;
+  };
+  duplicate.DuplicateItems({"C:\\Data\\two", "C:\\a.b\\c", "C:\\Data\\one.txt"});
+  ASSERT_EQ(Platform.Operation.Requests.size(), 2U);
+  EXPECT_TRUE(Asked().ends_with(".txt;| 1664"));
+  EXPECT_EQ(Messages.Texts, (workspace::Texts{"There was an error duplicating the following items:"
+                                              "\r\n\r\nC:\\Data\\two\r\nC:\\a.b\\c\r\n"}));
+  duplicate.DuplicateItems({});
+  EXPECT_EQ(Messages.Texts.size(), 1U);
+}
+
+TEST_F(OperationsTest, TheQuestionOfADropAnswersByItsFields) {
+  popCopyMove dialog(Host, Fields);
+  Host.Open(dialog);
+  dialog.txtDest.Text = "D:\\";
+  dialog.cmdMoveClick();
+  EXPECT_EQ(Fields.DialogResult + Fields.DialogDestination, "moveD:\\");
+  EXPECT_EQ(dialog.txtSource.BackColour, FixedBox);
+}
+
+}  // namespace
+}  // namespace tarnwell::fileops
