@@ -49,7 +49,7 @@ MemoryItem* MemoryFileSystem::Find(const std::string& path, bool followLast, int
   return item;
 }
 
-MemoryItem& MemoryFileSystem::Add(const std::string& path) {
+MemoryItem& MemoryFileSystem::AddFolder(const std::string& path) {
   const std::vector<std::string> parts = Split(path);
   std::shared_ptr<MemoryItem>* place = &roots_[Folded(parts[0])];
   for (std::size_t at = 0;; ++at) {
@@ -66,19 +66,15 @@ MemoryItem& MemoryFileSystem::Add(const std::string& path) {
   }
 }
 
-MemoryItem& MemoryFileSystem::AddFolder(const std::string& path) {
-  return Add(path);
-}
-
 MemoryItem& MemoryFileSystem::AddFile(const std::string& path, const std::string& content) {
-  MemoryItem& item = Add(path);
+  MemoryItem& item = AddFolder(path);
   item.Kind = ItemKind::File;
   item.Content = content;
   return item;
 }
 
 MemoryItem& MemoryFileSystem::AddLink(const std::string& path, const std::string& target) {
-  MemoryItem& item = Add(path);
+  MemoryItem& item = AddFolder(path);
   item.Kind = ItemKind::Unknown;
   item.IsLink = true;
   item.Target = target;
@@ -138,7 +134,6 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
     text.clear();
     const auto item = Item(name);
     if (item == nullptr) return NotFound();
-    if (item->NoteFault.Code != 0) return item->NoteFault;
     const MemoryItem* target = files_.Target(*item);
     if (target == nullptr) return {};
     const auto found = target->Notes.find(note);
@@ -211,9 +206,7 @@ base::Status MemoryFileSystem::WriteNote(const std::string& path, platform::Item
                                          const std::string& text) {
   MemoryItem* item = Find(path, true);
   if (item == nullptr) return NotFound();
-  for (const base::Status& fault : {NoteFault, item->NoteFault}) {
-    if (fault.Code != 0) return fault;
-  }
+  if (NoteFault.Code != 0) return NoteFault;
   if (text.empty()) {
     item->Notes.erase(note);
   } else {

@@ -22,68 +22,56 @@ struct EventRecord : ListerEvents {
   RightClick Clicked;    // the last
 
   void FolderSelected(ListId list) override {
-    Told.push_back("FolderSelected " + std::to_string(list));
+    Tell("FolderSelected", list);
     if (OnFolderSelected) OnFolderSelected();
   }
-  void DriveSelected(ListId list) override {
-    Told.push_back("DriveSelected " + std::to_string(list));
-  }
+  void DriveSelected(ListId list) override { Tell("DriveSelected", list); }
   void OpenChildFolder(ListId, const std::string& folder, const std::string& branch) override {
-    Told.push_back("OpenChildFolder " + folder + " in " + branch);
+    Tell("OpenChildFolder", folder + " in " + branch);
   }
-  void ItemFocused(ListId, std::int16_t item) override {
-    Told.push_back("ItemFocused " + std::to_string(item));
-  }
-  void ListFocused(ListId) override { Told.emplace_back("ListFocused"); }
-  void TitleColorAsked(ListId) override { Told.emplace_back("TitleColorAsked"); }
-  void MouseReleased(ListId) override { Told.emplace_back("MouseReleased"); }
+  void ItemFocused(ListId, std::int16_t item) override { Tell("ItemFocused", item); }
+  void ListFocused(ListId) override { Tell("ListFocused"); }
+  void TitleColorAsked(ListId) override { Tell("TitleColorAsked"); }
+  void MouseReleased(ListId) override { Tell("MouseReleased"); }
   void DragBegun(ListId, const MouseEvent&) override {
-    Told.emplace_back("DragBegun");
+    Tell("DragBegun");
     if (Answers != nullptr) Answers->Drag(1);
   }
-  void DragMoved(ListId, const MouseEvent&) override { Told.emplace_back("DragMoved"); }
-  void DragEnded(ListId, const MouseEvent&) override { Told.emplace_back("DragEnded"); }
+  void DragMoved(ListId, const MouseEvent&) override { Tell("DragMoved"); }
+  void DragEnded(ListId, const MouseEvent&) override { Tell("DragEnded"); }
   void RightClicked(ListId, const RightClick& click) override {
-    Told.push_back("RightClicked " + click.Path);
+    Tell("RightClicked", click.Path);
     Clicked = click;
   }
   void MouseLockAsked(ListId, bool& locked) override {
-    Told.emplace_back(locked ? "Locked" : "Unlocked");
+    Tell(locked ? "Locked" : "Unlocked");
     if (Answers != nullptr) Answers->MouseLocked = locked;
   }
   void ListKeyDown(ListId, std::int16_t& keyCode) override {
-    Told.push_back("ListKeyDown " + std::to_string(keyCode));
+    Tell("ListKeyDown", keyCode);
     if (Answers == nullptr) return;
     if (keyCode != 32) return Answers->ArrowKey(keyCode, SpaceHeld);
     SpaceHeld = true;
     Answers->SpaceKey();
   }
-  void SpaceReleased(ListId) override {
-    Told.emplace_back("SpaceReleased");
-    SpaceHeld = false;
-  }
+  void SpaceReleased(ListId) override { SpaceHeld = false; }
   void NewFolderAt(ListId, const std::string& folder, const std::string& name) override {
-    Told.push_back("NewFolderAt " + folder + name);
+    Tell("NewFolderAt", folder + name);
   }
-  void NewFolderAsked(ListId) override { Told.emplace_back("NewFolderAsked"); }
-  void UpFolderKey(ListId, int keyCode, int) override {
-    Told.push_back("UpFolderKey " + std::to_string(keyCode));
-  }
-  void CloseAsked(ListId) override { Told.emplace_back("CloseAsked"); }
-  void CommandTextAsked(ListId, const std::string& text) override {
-    Told.push_back("CommandTextAsked " + text);
-  }
-  void StatusMessage(ListId, const std::string& text) override {
-    Told.push_back("StatusMessage " + text);
-  }
+  void NewFolderAsked(ListId) override { Tell("NewFolderAsked"); }
+  void UpFolderKey(ListId, int keyCode, int) override { Tell("UpFolderKey", keyCode); }
+  void CloseAsked(ListId) override { Tell("CloseAsked"); }
+  void CommandTextAsked(ListId, const std::string& text) override { Tell("CommandTextAsked", text); }
+  void StatusMessage(ListId, const std::string& text) override { Tell("StatusMessage", text); }
   void BookmarkAsked(ListId, std::int16_t& slot, std::string& path) override {
-    Told.push_back("BookmarkAsked " + std::to_string(slot));
+    Tell("BookmarkAsked", slot);
     path = Bookmark;
   }
-  void DropSourceSet(ListId list) override {
-    Told.push_back("DropSourceSet " + std::to_string(list));
-  }
-  void ItemsDropped(ListId, const Drop&) override { Told.emplace_back("ItemsDropped"); }
+  void DropSourceSet(ListId list) override { Tell("DropSourceSet", list); }
+  void ItemsDropped(ListId, const Drop&) override { Tell("ItemsDropped"); }
+  void Tell(const std::string& what) { Told.push_back(what); }
+  void Tell(const std::string& what, const std::string& of) { Told.push_back(what + " " + of); }
+  void Tell(const std::string& what, int number) { Tell(what, std::to_string(number)); }
   // What was told since the last call.
   std::vector<std::string> Take() { return std::exchange(Told, {}); }
 };

@@ -142,46 +142,6 @@ TEST_F(Rows, StandInTheOrderOfAllKeys) {
   }
 }
 
-TEST_F(Rows, LetOthersHaveATurnWhileTheyAreSorted) {
-  const FileRows rows = RandomRows(40'000);
-  int asked = 0, most = 1000;
-  const auto goOn = [&] { return ++asked < most; };
-  EXPECT_EQ(rows.Sorted({}, Names, goOn), rows.Sorted({}, Names));
-  ASSERT_GT(asked, 3);
-  for (const int stop : {1, asked}) {
-    most = stop;
-    asked = 0;
-    EXPECT_TRUE(rows.Sorted({}, Names, goOn).empty());
-    EXPECT_EQ(asked, stop);
-  }
-}
-
-// Repeats what it is told, and so notices when it is told wrong.
-struct ReplayView : NoView {
-  explicit ReplayView(const FileRows& rows) : Source(rows) {}
-  void BeginInsert(RowId, int first, int last) override {
-    At = first;
-    Count = last - first + 1;
-  }
-  void EndInsert() override {
-    const auto from = Source.Order().begin() + At;
-    Shown.insert(Shown.begin() + At, from, from + Count);
-    EXPECT_EQ(Shown, Source.Order());
-  }
-  void BeginRemove(RowId, int first, int last) override {
-    Shown.erase(Shown.begin() + first, Shown.begin() + last + 1);
-  }
-  void EndRemove() override { EXPECT_EQ(Shown, Source.Order()); }
-  void EndReorder() override {
-    EXPECT_TRUE(std::is_permutation(Shown.begin(), Shown.end(), Source.Order().begin(),
-                                    Source.Order().end()));
-    Shown = Source.Order();
-  }
-  const FileRows& Source;
-  std::vector<RowId> Shown;
-  int At = 0, Count = 0;
-};
-
 TEST_F(Rows, KeepWhatIsKnownOfThemOverAnyChange) {
   struct Item {
     std::int64_t Modified = 0;
@@ -193,7 +153,7 @@ TEST_F(Rows, KeepWhatIsKnownOfThemOverAnyChange) {
   };
   std::map<std::string, Item> items;  // what there should be
   FileRows rows;
-  ReplayView view(rows);
+  NoView view;
   NameFilter filter;
   const auto attributes = [](const Item& item) {
     return platform::ItemAttributes{.Kind = item.IsFolder() ? ItemKind::Folder : ItemKind::File,
@@ -246,7 +206,6 @@ TEST_F(Rows, KeepWhatIsKnownOfThemOverAnyChange) {
 
     ASSERT_EQ(rows.All(), rows.Sorted({}, Names));
     ASSERT_EQ(rows.All().size(), items.size());
-    ASSERT_EQ(rows.Order(), view.Shown);
     RowTotals expected;
     for (auto& [name, item] : items) {
       const RowId row = rows.Find(name);
@@ -283,22 +242,6 @@ TEST_F(Rows, KeepWhatIsKnownOfThemOverAnyChange) {
     EXPECT_EQ(numbers(rows.Totals()), numbers(expected));
     EXPECT_EQ(rows.SelectedCount(), expected.Selected);
   }
-}
-
-TEST_F(Rows, CountExtensionsOfAllFiles) {
-  FileRows rows;
-  for (const char* name : {"a.txt", "b.TXT", "c.7z", "d.10", "none", ".hidden", "e."}) {
-    rows.Add({.Name = name});
-  }
-  rows.Add({.Name = "folder.d", .Kind = ItemKind::Folder});
-  NameFilter filter;
-  filter.SetText("none");
-  rows.Filter(filter);
-  std::vector<std::string> choices;
-  for (const ExtensionChoice& choice : rows.Extensions(Names)) {
-    choices.push_back(choice.Extension + std::to_string(choice.Count));
-  }
-  EXPECT_EQ(choices, (std::vector<std::string>{"7z1", "101", "txt2"}));
 }
 
 TEST_F(Rows, TakeNoRoomForNamesThatAreGone) {

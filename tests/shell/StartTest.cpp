@@ -113,27 +113,6 @@ TEST_F(StartTest, GoesOnWhereItsFolderTakesNoFiles) {
   EXPECT_TRUE(Run.App.StartForm().LoadFinished && Run.WasToldOf("show Master"));
 }
 
-TEST_F(StartTest, AsksForAResetBehindAStartThatDidNotEnd) {
-  for (const std::string answer : {"Yes", "No", ""}) {
-    TestMachine machine;
-    machine.LeaveMarker();
-    machine.LeaveSettings();
-    TestRun run(machine);
-    run.OnBox = [&](popMsgBox& box) {
-      EXPECT_EQ(run.App.StartForm().txtStatus.Caption, "checking for proper shut down...");
-      if (!answer.empty()) box.ButtonClick(answer == "Yes" ? 1 : 0);
-    };
-    run.Start();
-    EXPECT_EQ(run.Boxes,
-              (Texts{"It appears as though Tarnwell did not shut down properly or another copy is "
-                     "already running.\r\n\r\nDo you want to reset to all of Tarnwell's default "
-                     "settings?"}));
-    EXPECT_EQ(machine.HasSettings(), answer != "Yes");
-    EXPECT_EQ(run.Space().Settings.FileCountMax, answer == "Yes" ? 50 : 60);
-    EXPECT_EQ(machine.Files.At("C:\\Tarnwell\\run.txt").Content, "");
-  }
-}
-
 // A file that the real switches turn: what was loaded is what is saved again.
 TEST_F(StartTest, GivesSwitchesAndOldSystemsTheirDue) {
   Machine.System.Windows98 = Machine.System.WindowsMe = true;
