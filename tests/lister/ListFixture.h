@@ -61,7 +61,9 @@ struct EventRecord : ListerEvents {
   void NewFolderAsked(ListId) override { Tell("NewFolderAsked"); }
   void UpFolderKey(ListId, int keyCode, int) override { Tell("UpFolderKey", keyCode); }
   void CloseAsked(ListId) override { Tell("CloseAsked"); }
-  void CommandTextAsked(ListId, const std::string& text) override { Tell("CommandTextAsked", text); }
+  void CommandTextAsked(ListId, const std::string& text) override {
+    Tell("CommandTextAsked", text);
+  }
   void StatusMessage(ListId, const std::string& text) override { Tell("StatusMessage", text); }
   void BookmarkAsked(ListId, std::int16_t& slot, std::string& path) override {
     Tell("BookmarkAsked", slot);
@@ -100,6 +102,21 @@ class ListFixture : public testing::Test {
     std::vector<std::string> paths;
     for (int at = 0; at <= List.ExpandedCount(); ++at) paths.push_back(List.ExpandedFolder(at));
     return paths;
+  }
+  // Asks all that can be asked, and does all that can be done, with rows that are none.
+  void CheckNoRow(RowId beyond) {
+    for (const RowId row : {NoRow, RootRow, beyond}) {
+      EXPECT_EQ(List.PathOf(row) + List.CellText(row, HeadingId::Path), "");
+      EXPECT_EQ(List.PositionOf(row), -1);
+      EXPECT_FALSE(List.Look(row).HasChildren);
+      List.MoveCurrent(row);
+      List.Activate(row);
+      List.Expand(row);
+      List.Collapse(row);
+    }
+    for (const int position : {-1, 99}) EXPECT_EQ(List.Child(RootRow, position), NoRow);
+    EXPECT_EQ(List.ChildCount(beyond), 0);
+    EXPECT_TRUE(Events.Take().empty());
   }
 
   fakes::FakePlatform Platform;
