@@ -64,6 +64,11 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   List.CalculateItemSize();
   EXPECT_EQ(List.StatusText(), "Size of two: 2 items, 7 bytes");
   EXPECT_EQ(Sizes(), "two 7 file 4 ");
+  Platform.Files.At("C:\\box\\two").Modified++;
+  List.RefreshList();
+  EXPECT_EQ(Sizes(), "file 4 ");
+  View.Pointed = Row(RootRow, "two");
+  List.CalculateItemSize();
   for (const char* name : {"file", "way", ""}) {
     View.Pointed = Row(RootRow, name);
     List.CalculateItemSize();
