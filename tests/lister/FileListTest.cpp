@@ -468,6 +468,10 @@ TEST_F(FileList, FiltersWithoutTheDisk) {
   List.SetFilterText("none");
   List.SetFilterText("");
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
+  List.SetExtensionFilter("txt");
+  List.SetFilterText("b;d;w");  // takes folders by their names, whatever the extension
+  EXPECT_EQ(Names(), (Texts{"sub", "way", "B9.txt", "b10.txt"}));
+  List.SetFilterText("");
   List.SetExtensionFilter("pdf");
   EXPECT_EQ(Names(), (Texts{"sub", "way", "a.PDF"}));
   EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads);
