@@ -55,20 +55,16 @@ TEST_F(ListerWidgetTest, BranchesFollowTheControlAndTheUser) {
 TEST_F(ListerWidgetTest, MouseSelectsByGapAndFrame) {
   List list(*this, 100);
   list.Show("/d");  // e, one, three, two
-  list.Mouse(QEvent::MouseButtonPress, list.Gap("/d/one.txt"));
-  list.Mouse(QEvent::MouseMove, list.Gap("/d/one.txt") + QPoint(2, 2));  // a tremble
-  EXPECT_EQ(list.Control.CurrentMouseAction(), lister::MouseAction::None);
-  list.Mouse(QEvent::MouseMove, list.Gap("/d/two.txt"));
-  EXPECT_EQ(list.Control.CurrentMouseAction(), lister::MouseAction::Sweep);
-  list.Mouse(QEvent::MouseMove, list.Gap("/d/three.txt") + QPoint(0, -1));
-  list.Mouse(QEvent::MouseButtonRelease, list.Gap("/d/three.txt"));
+  list.Click(list.Gap("/d/one.txt"));
+  list.Click(list.Gap("/d/three.txt"));
   EXPECT_EQ(list.Selected(), "one.txt three.txt ");
-  EXPECT_EQ(list.Control.CurrentMouseAction(), lister::MouseAction::None);
 
   // From the space behind the names, with the columns scrolled sideways.
   list.Tree->horizontalScrollBar()->setValue(7);
   const QPoint start = list.At("/d/two.txt", 180), end(350, 1);
   list.Mouse(QEvent::MouseButtonPress, start);
+  list.Mouse(QEvent::MouseMove, start + QPoint(2, 2));  // a tremble
+  EXPECT_EQ(list.Control.CurrentMouseAction(), lister::MouseAction::None);
   const QRect spot(QPoint(250, start.y() - 3), QSize(1, 1));
   const QRgb before = list.Tree->viewport()->grab(spot).toImage().pixel(0, 0);
   list.Mouse(QEvent::MouseMove, end);
