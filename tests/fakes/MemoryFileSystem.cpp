@@ -154,8 +154,13 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
   std::string path_;
 };
 
+void MemoryFileSystem::ThrowIfFatal(const std::string& path) const {
+  if (!Fatal.empty() && path == Fatal) throw std::runtime_error("disk");
+}
+
 std::unique_ptr<platform::OpenedFolder> MemoryFileSystem::OpenFolder(const std::string& folder,
                                                                      base::Status& status) const {
+  ThrowIfFatal(folder);
   MemoryItem* item = Find(folder, true);
   status = {};
   if (item == nullptr) {
@@ -267,6 +272,7 @@ base::Status MemoryFileSystem::ReadFile(const std::string& path, std::string& co
 }
 
 base::Status MemoryFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  ThrowIfFatal(path);
   if (WriteFault.Code != 0) return WriteFault;
   if (MemoryItem* item = Find(path, true)) {
     if (item->Kind != ItemKind::File) return {21, "Is a directory"};

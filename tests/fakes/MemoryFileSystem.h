@@ -53,6 +53,7 @@ class MemoryFileSystem : public platform::FileSystem {
   void Remove(const std::string& path);
 
   base::Status WriteFault;  // WriteFile, MakeFolder and RemoveFile fail with it
+  std::string Fatal;        // OpenFolder and WriteFile throw where they meet this path
   base::Status NoteFault;   // WriteNote fails with it, for any item
   platform::Space Space;
 
@@ -75,6 +76,7 @@ class MemoryFileSystem : public platform::FileSystem {
 
  private:
   class Folder;
+  void ThrowIfFatal(const std::string& path) const;
   std::string Folded(std::string_view name) const;
   // Root of the path, then the names below it.
   std::vector<std::string> Split(const std::string& path) const;
