@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <map>
-#include <memory>
 #include <random>
 #include <set>
 
@@ -23,18 +22,8 @@ class FileList : public ListFixture {
     files.AddLink("C:\\box\\end", "C:\\none");
   }
 
-  void Load(std::string folder = "C:\\box\\") { List.LoadFolderContents(folder, true); }
   std::string Cell(const std::string& name, HeadingId heading) const {
     return List.CellText(Row(RootRow, name), heading);
-  }
-  // Runs the message at the pump of that number from now on, counted from 1; messages that did not
-  // have their turn before are dropped. Gives a flag that tells whether it ran.
-  std::shared_ptr<bool> PostAt(int pump, const std::function<void()>& message) {
-    auto ran = std::make_shared<bool>(false);
-    Platform.Pump.Drop();
-    while (--pump > 0) Platform.Pump.Post([] {});
-    Platform.Pump.Post([=] { *ran = true, message(); });
-    return ran;
   }
   // Runs the message at every pump from now on.
   void PostAlways(const std::function<void()>& message) {
@@ -266,43 +255,34 @@ TEST_F(FileList, ReadsWhatIsOnTheScreenFirst) {
   EXPECT_EQ(told, 20u);
 }
 
-TEST_F(FileList, LoadsThatComeDuringALoadDoNotNest) {
-  Platform.Files.AddFile("C:\\box\\sub\\inner");
-  Platform.Clock.TickStep = 50;
-  int depth = 0, loads = 0;
-  PostAlways([&] {  // the user goes from folder to folder faster than they are read
-    if (++loads > 40) return;
-    EXPECT_EQ(++depth, 1);
-    Load(loads % 2 == 0 ? "C:\\box\\sub" : "C:\\box");
-    List.SetCurrentFolder(loads % 2 == 0 ? "C:\\box\\sub\\" : "C:\\box\\");
-    --depth;
-  });
-  Load();
-  EXPECT_GE(loads, 40);
-  EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
-  EXPECT_EQ(Names(), Texts{"inner"});
-}
-
 TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
   Platform.Files.AddFile("C:\\box\\sub\\inner");
   Platform.Clock.TickStep = 50;
   List.SetProperty("ShowColor", true);
   List.ToggleHeading(static_cast<int>(HeadingId::Comments));
-  // Among the names, the attributes and the notes. The newest load wins.
+  // Among the names, the attributes and the notes. The newest load wins, and none nests.
   std::set<std::string> phases;
+  int depth = 0;
+  const auto goOn = [&] {
+    EXPECT_EQ(++depth, 1);
+    const std::string& status = List.StatusText();
+    phases.insert(status.substr(0, status.find(':')));
+    EXPECT_EQ(List.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
+    for (const char* folder : {"D:\\", "C:\\box\\sub"}) Load(folder);
+    List.SetCurrentFolder("C:\\box\\sub\\");
+    --depth;
+  };
   for (int pump = 1;; ++pump) {
-    const auto ran = PostAt(pump, [this, &phases] {
-      const std::string& status = List.StatusText();
-      phases.insert(status.substr(0, status.find(':')));
-      EXPECT_EQ(List.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
-      Load("C:\\box\\sub");
-    });
+    const auto ran = PostAt(pump, goOn);
+    for (int more = 0; more < 3; ++more) Platform.Pump.Post(goOn);
     Load();
     if (!*ran) break;
     EXPECT_EQ(Names(), Texts{"inner"});
     EXPECT_EQ(List.StatusText(), "1 item (0 folders)");
+    EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
     EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box\\sub"});
   }
+  Platform.Pump.Drop();
   EXPECT_EQ(phases, (std::set<std::string>{"Reading names", "Reading details", "Reading notes"}));
 
   // Escape stops the read that runs, and one from before is no reason to stop.

@@ -21,7 +21,6 @@ class FolderList : public ListFixture {
     Platform.Files.AddLink("C:\\lost", "D:\\nowhere");
   }
 
-  void Load(std::string drive = "C") { List.LoadDrive(drive, false); }
   RowId RowOf(const std::string& path) const { return RowOf(path, RootRow); }
   int Reads(const std::string& path) { return Platform.Files.At(path).Reads; }
 
@@ -37,7 +36,7 @@ class FolderList : public ListFixture {
 };
 
 TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
-  Load();
+  LoadDrive("C");
   const RowId top = List.Child(RootRow, 0);
   EXPECT_EQ(Names(top), (Texts{"apps", "music", "Work", "Zoo"}));
   EXPECT_EQ(List.CurrentFolder() + List.InitialDrive(), "C:\\C");
@@ -54,7 +53,7 @@ TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
 }
 
 TEST_F(FolderList, OpensAFolderWithTheBranchesAboveIt) {
-  Load();
+  LoadDrive("C");
   Events.Take();
   List.OpenFolder(0, "c:\\work\\P9\\deep\\");
   EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9\\deep");
@@ -89,7 +88,7 @@ TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
                            "C:\\secret", "D:\\Music", "C:\\Work\\p9"}) {
     List.AddExpanded(path);
   }
-  Load();
+  LoadDrive("C");
   EXPECT_EQ(Expanded(),
             (Texts{"C:\\", "C:\\secret", "C:\\Work\\p9", "C:\\Work\\p9\\deep", "D:\\Music"}));
   EXPECT_EQ(Reads("C:\\Work\\p9"), 0);  // the branch above it is not expanded
@@ -108,7 +107,7 @@ TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
   List.Expand(RowOf("C:\\apps"));
   const Texts before = Expanded();
   List.RefreshList();
-  Load();
+  LoadDrive("C");
   EXPECT_EQ(Expanded(), before);
   Platform.Files.AddFolder("C:\\Zoo\\disk\\other");
   List.RefreshList();
@@ -120,7 +119,7 @@ TEST_F(FolderList, RemembersTheFolderOfEachDrive) {
   EXPECT_EQ(List.InitialDrive() + List.DriveFolder("D") + List.DriveFolder(),
             "D:\\Music\\LiveC:\\");
   List.AddActiveItem("C:\\", "C:\\Work\\p9");
-  Load();
+  LoadDrive("C");
   EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9");
   Events.Take();
   List.ChooseDrive("D");
@@ -132,13 +131,13 @@ TEST_F(FolderList, RemembersTheFolderOfEachDrive) {
   EXPECT_EQ(folder + item, "D:\\D:\\Music\\Live");
 
   Platform.Files.Remove("C:\\Work");
-  Load();
+  LoadDrive("C");
   EXPECT_EQ(List.CurrentFolder(), "C:\\");
 }
 
 TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   Platform.Files.At("C:\\Work").ReadFault = Platform.Files.Denied();
-  Load();
+  LoadDrive("C");
   const RowId work = RowOf("C:\\Work");
   List.Expand(work);
   EXPECT_EQ(List.StatusText(), "Cannot read C:\\Work: Permission denied");
@@ -161,7 +160,7 @@ TEST_F(FolderList, TakesOverAnyChange) {
   // The view checks each step; many names come and go between others, in two branches, and are read
   // again or told by notices. Some are files, some are hidden.
   Platform.Files.AddFolder("D:\\keep\\open");
-  Load("D");
+  LoadDrive("D");
   List.OpenFolder(0, "D:\\keep\\open");
   const RowId top = List.Child(RootRow, 0), keep = Row(top, "keep"), open = List.CurrentRow();
   const NameOrder order(Platform.Order);
@@ -211,7 +210,7 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
   Platform.Files.At("C:\\many\\music").Modified *= 3;
   Platform.Files.At("C:\\many\\Zoo").Notes = {{platform::ItemNote::Colour, "blue"},
                                               {platform::ItemNote::Comment, "lions"}};
-  Load();
+  LoadDrive("C");
   List.ExpandFolder(0, "C:\\many", 1);
   const RowId many = RowOf("C:\\many"), music = Row(many, "music"), zoo = Row(many, "Zoo");
   const auto modified = HeadingId::DateLastModified;
@@ -247,7 +246,7 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
       seen = List.CurrentFolder();
     });
   }
-  Load("D");
+  LoadDrive("D");
   EXPECT_EQ(seen, "D:\\n7");
   EXPECT_EQ(Names(List.Child(RootRow, 0)).front(), "n99");
   const int calls = Platform.Pump.Calls;
@@ -259,7 +258,7 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
 }
 
 TEST_F(FolderList, FollowsEveryBranchOnShow) {
-  Load();
+  LoadDrive("C");
   List.OpenFolder(0, "C:\\Work\\p9");
   EXPECT_EQ(Platform.Watches.Watched(), (Texts{"C:\\", "C:\\Work", "C:\\Work\\p9"}));
   List.Expand(List.CurrentRow());
@@ -331,7 +330,7 @@ TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
   Platform.Clock.TickStep = 50;
   Platform.Pump.Post([this] { List.OpenFolder(0, "C:\\Work\\p10"); });
   Platform.Pump.Post([this] { List.MoveCurrent(List.Child(RootRow, 0)); });
-  Load();
+  LoadDrive("C");
   EXPECT_EQ(List.CurrentFolder(), "C:\\");
   EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work"}));
   EXPECT_EQ(Events.Take().size(), 3u);
@@ -361,7 +360,7 @@ TEST_F(FolderList, SortsByOneKeyAndSurvivesAnyArgument) {
   EXPECT_EQ(List.SortKeyCount(), 1);
   List.OpenFolder(0);
   List.RefreshList();
-  Load();
+  LoadDrive("C");
   Events.Take();
   CheckNoRow(RowId{999});
   EXPECT_EQ(List.CurrentFolder(), "C:\\");

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -102,6 +103,17 @@ class ListFixture : public testing::Test {
     std::vector<std::string> paths;
     for (int at = 0; at <= List.ExpandedCount(); ++at) paths.push_back(List.ExpandedFolder(at));
     return paths;
+  }
+  void Load(std::string folder = "C:\\box\\") { List.LoadFolderContents(folder, true); }
+  void LoadDrive(std::string drive = "") { List.LoadDrive(drive, false); }
+  // Runs the message at the pump of that number from now on, counted from 1; messages that did not
+  // have their turn before are dropped. Gives a flag that tells whether it ran.
+  std::shared_ptr<bool> PostAt(int pump, const std::function<void()>& message) {
+    auto ran = std::make_shared<bool>(false);
+    Platform.Pump.Drop();
+    while (--pump > 0) Platform.Pump.Post([] {});
+    Platform.Pump.Post([=] { *ran = true, message(); });
+    return ran;
   }
   // Asks all that can be asked, and does all that can be done, with rows that are none.
   void CheckNoRow(RowId beyond) {

@@ -21,8 +21,8 @@ class Selection : public ListFixture {
     for (const std::string& name : names) Platform.Files.AddFile("C:\\box\\" + name);
     Load();
   }
-  void Load(std::string folder = "C:\\box") {
-    List.LoadFolderContents(folder, true);
+  void Load() {
+    ListFixture::Load();
     Events.Take();
   }
   RowPointer At(int position, RowPart part, int shift = 0, int button = 1) const {
@@ -185,7 +185,6 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 0", "Locked",
                                   "Unlocked", "MouseReleased"}));
 
-  std::string other = "D:\\";
   // A frame; whatever ends it lets the other lists go, and what comes after it does nothing.
   const auto frame = [&](int from, int shift, const std::function<void()>& end) {
     Pull({from, 2}, RowPart::Rest, shift);
@@ -202,7 +201,7 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   EXPECT_EQ(frame(6, 0, [&] { EXPECT_TRUE(List.KeyDown(EscapeKey, 0)); }), "..#### ##....");
   EXPECT_FALSE(List.KeyDown(EscapeKey, 0));
   EXPECT_EQ(frame(6, ShiftDown, [&] { Click(6, RowPart::None); }), "###### ......");  // an end lost
-  EXPECT_EQ(frame(0, 0, [&] { List.LoadFolderContents(other, true); }), "###... ");
+  EXPECT_EQ(frame(0, 0, [&] { ListFixture::Load("D:\\"); }), "###... ");
   Load();
   EXPECT_EQ(frame(1, CtrlDown, [&] { List.MouseUp({}); }), ".##... .##...");
 
@@ -357,8 +356,7 @@ class FolderSelection : public Selection {
   void LoadTree(const std::string& root) {
     for (const char* path : {"a", "box", "d"}) Platform.Files.AddFolder(root + path);
     Platform.Files.AddFolder(Platform.Files.Syntax().Join(root + "box", "Beta"));
-    std::string drive;
-    List.LoadDrive(drive, false);
+    LoadDrive();
     Events.Take();
   }
   RowId Find(const std::string& name) const { return Row(FolderTree::TopRow, name); }
