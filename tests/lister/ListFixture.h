@@ -6,6 +6,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ShadowView.h"
@@ -40,6 +42,7 @@ struct EventRecord : ListerEvents {
   }
   void DragMoved(ListId, const MouseEvent&) override { Tell("DragMoved"); }
   void DragEnded(ListId, const MouseEvent&) override { Tell("DragEnded"); }
+  void WheelTurned(ListId, int& delta) override { Tell("WheelTurned", delta); }
   void RightClicked(ListId, const RightClick& click) override {
     Tell("RightClicked", click.Path);
     Clicked = click;
@@ -77,6 +80,11 @@ struct EventRecord : ListerEvents {
   void Tell(const std::string& what, int number) { Tell(what, std::to_string(number)); }
   // What was told since the last call.
   std::vector<std::string> Take() { return std::exchange(Told, {}); }
+  // Of that, what begins so.
+  std::vector<std::string> Take(std::string_view start) {
+    std::erase_if(Told, [&](const std::string& told) { return !told.starts_with(start); });
+    return Take();
+  }
 };
 
 class ListFixture : public testing::Test {

@@ -87,7 +87,8 @@ TEST_F(ListerWidgetTest, MouseSelectsByGapAndFrame) {
   QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
   QApplication::sendEvent(list.Tree->viewport(), &key);
   Settle();
-  EXPECT_EQ(Events.RightClicks, std::vector<std::string>({"", "/d/three.txt", "/d/three.txt"}));
+  const std::string click = "RightClicked /d/three.txt";
+  EXPECT_EQ(Events.Take("RightClicked"), (Texts{"RightClicked ", click, click}));
   list.Click(list.At("/d/two.txt", 40));
   EXPECT_EQ(list.Selected(), "two.txt ");
 }
@@ -127,7 +128,8 @@ TEST_F(ListerWidgetTest, KeysAndWheelKeepTheirOrderAndPileNothingUp) {
     QApplication::sendEvent(list.Tree->viewport(), &wheel);
   }
   Settle();
-  EXPECT_EQ(Events.Notches, std::vector<int>({-120, 120, 120, 120}));
+  const std::string up = "WheelTurned 120";
+  EXPECT_EQ(Events.Take("Wheel"), (Texts{"WheelTurned -120", up, up, up}));
   list.Control.WheelScroll(true);
   EXPECT_LT(list.Control.View->VisibleRows().Last, 49);
 }
@@ -281,12 +283,12 @@ TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
 TEST_F(ListerWidgetTest, TheNewestCursorReachesTheControlOnceAndOutlivesItsRows) {
   List list(*this, 0);
   list.Show("/");
-  Events.Folders.clear();
+  Events.Take();
   list.Tree->setCurrentIndex(list.Index("/a"));
   list.Tree->setCurrentIndex(list.Index("/d"));
-  EXPECT_TRUE(Events.Folders.empty());  // never from inside the view
+  EXPECT_TRUE(Events.Told.empty());  // never from inside the view
   Settle();
-  EXPECT_EQ(Events.Folders.size(), 1U);
+  EXPECT_EQ(Events.Take(), Texts{"FolderSelected 0"});
 
   // The user's last word stands, whatever the list opens before it hears of it.
   list.Tree->setCurrentIndex(list.Index("/a"));
@@ -330,10 +332,9 @@ TEST_F(ListerWidgetTest, DrivesAndStatus) {
   auto* const drives = list.Widget.findChild<QComboBox*>();
   EXPECT_EQ(drives->currentText(), "System");
   ASSERT_EQ(drives->count(), 2);
-  Events.Drives.clear();
   emit drives->activated(1);
   Settle();
-  EXPECT_EQ(Events.Drives.size(), 1U);
+  EXPECT_EQ(Events.Take("Drive"), Texts{"DriveSelected 0"});
   EXPECT_EQ(drives->currentText() + drives->toolTip(), "Disk/media/disk");
 
   // The wheel over the closed list is not for it.
@@ -341,7 +342,7 @@ TEST_F(ListerWidgetTest, DrivesAndStatus) {
                     Qt::NoModifier, Qt::NoScrollPhase, false);
   QApplication::sendEvent(drives, &wheel);
   Settle();
-  EXPECT_EQ(Events.Drives.size(), 1U);
+  EXPECT_TRUE(Events.Take("Drive").empty());
 
   // A drive whose volume has gone is shown by its path, and not as another one.
   Platform.Drives.Volumes.pop_back();
