@@ -32,9 +32,10 @@ class Rows : public testing::Test {
   FileRows RandomRows(std::size_t count) {
     std::set<std::string> names;
     while (names.size() < count) {
-      const std::string name = RandomName() + "x", number = std::to_string(Random() % count);
+      const std::string name = RandomName() + "x";
+      std::string number = std::to_string(Random() % count);
       names.insert(name + number);
-      if (Random() % 8 == 0) names.insert(name + "0" + number);  // of equal rank
+      if (Random() % 8 == 0) names.insert(name + number.insert(0, 1, '0'));  // of equal rank
     }
     std::vector<std::string> shuffled(names.begin(), names.end());
     std::shuffle(shuffled.begin(), shuffled.end(), Random);
