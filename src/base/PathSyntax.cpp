@@ -53,6 +53,14 @@ std::string PathSyntax::GetFolderPath(std::string_view path) const {
   return std::string(path.substr(0, path.rfind(Separator) + 1));  // npos + 1 is 0
 }
 
+std::string PathSyntax::ValidatePath(std::string_view path) const {
+  const std::size_t start = FindNetworkStart(path);
+  if (start == std::string_view::npos) return std::string(path);
+  const std::size_t end = path.find(Separator, start + NetworkMark.size());
+  if (end == std::string_view::npos || end + 1 == path.size()) return "";
+  return std::string(path.substr(start));
+}
+
 std::string_view PathSyntax::LastComponent(std::string_view path) const {
   if (path.ends_with(Separator)) path.remove_suffix(1);
   return path.substr(path.rfind(Separator) + 1);

@@ -30,6 +30,9 @@ struct PathSyntax {
   std::string RemoveRightSlash(std::string_view path) const;
   // The path up to and with its last separator; empty if it has none.
   std::string GetFolderPath(std::string_view path) const;
+  // A path with a network mark in it is cut to start there, and is empty unless something follows
+  // the name of the server and a separator; any other path comes back unchanged.
+  std::string ValidatePath(std::string_view path) const;
   // What follows the last separator, one separator at the end of the path left out of account.
   std::string_view LastComponent(std::string_view path) const;
   // The path of an item: folder and name with one separator between them; with an empty folder the

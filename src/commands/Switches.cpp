@@ -22,7 +22,9 @@ void Switches::ShowColor(bool show) {
 
 void Switches::ShowCommandLine(bool show, bool noLayout) {
   if (!Turn("mnuCommandOn", "mnuCommandOff", "showcommandline", show)) return;
-  if (!noLayout) layout_.ResizeForm(true);
+  if (noLayout) return;
+  workspace_.CommandLineChanged = true;
+  layout_.ResizeForm(true);
 }
 
 void Switches::SetCompareMode() {

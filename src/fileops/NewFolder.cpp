@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fileops/popNewFolder.h"
+#include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
 namespace {
@@ -21,6 +22,7 @@ void CentreOn(const forms::Form& mainForm, forms::Form& dialog) {
 void NewFolder::CreateNewFolder(bool byKey) {
   lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
   if (list == nullptr) return;
+  const lists::WatchBracket watch(*list);
   try {
     AskAndMake(*list, byKey);
   } catch (const std::exception& error) {
@@ -29,7 +31,6 @@ void NewFolder::CreateNewFolder(bool byKey) {
         forms::MessageKind::Ok);
   }
   list->RefreshList();
-  list->WatchStart();
 }
 
 void NewFolder::AskAndMake(lister::ListerControl& list, bool byKey) {

@@ -48,12 +48,4 @@ void ListCommands::ShowHide(std::string_view entry, bool lister::ListerControl::
   }
 }
 
-void WatchStopPanes(workspace::Workspace& workspace) {
-  workspace.ForEachList([](lister::ListerControl& list) { list.WatchStop(); });
-}
-
-void WatchStartPanes(workspace::Workspace& workspace) {
-  workspace.ForEachList([](lister::ListerControl& list) { list.WatchStart(); });
-}
-
 }  // namespace tarnwell::lists

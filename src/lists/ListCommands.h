@@ -28,8 +28,4 @@ class ListCommands {
   workspace::Workspace& workspace_;
 };
 
-// No list follows its folder on disk until WatchStartPanes.
-void WatchStopPanes(workspace::Workspace& workspace);
-void WatchStartPanes(workspace::Workspace& workspace);
-
 }  // namespace tarnwell::lists

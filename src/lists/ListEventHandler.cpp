@@ -4,20 +4,24 @@
 #include <exception>
 
 #include "lister/ListInput.h"
+#include "lists/ClearGraphics.h"
 #include "workspace/Highlight.h"
 
 namespace tarnwell::lists {
 
+void MouseLocked(workspace::Workspace& workspace, bool locked) {
+  workspace.ForEachList([locked](lister::ListerControl& list) { list.MouseLocked = locked; });
+}
+
 void ListEventHandler::FolderSelected(lister::ListId list) {
   const lister::ListerControl& folders = workspace_.Lists[list];
   if (folders.FolderListType() != 1) return;
-  workspace_.Panes.at(static_cast<std::size_t>(list)).CurrentPath = folders.CurrentFolder();
+  workspace_.PaneOfList(list).CurrentPath = folders.CurrentFolder();
   navigation_.UpdateChildPane(list);
 }
 
 void ListEventHandler::DriveSelected(lister::ListId list) {
-  const auto pane = static_cast<std::size_t>(lister::PaneOf(list));
-  workspace_.Panes.at(pane).CurrentPath = workspace_.Lists[list].DriveFolder();
+  workspace_.PaneOfList(list).CurrentPath = workspace_.Lists[list].DriveFolder();
   navigation_.UpdateChildPane(list);
 }
 
@@ -42,9 +46,9 @@ void ListEventHandler::NewFolderAsked(lister::ListId) {
 }
 
 void ListEventHandler::MouseReleased(lister::ListId list) {
-  host_.SetScreenPointer(forms::MousePointer::Default);
+  SetPointer(forms::MousePointer::Default);
   workspace_.SpaceHeld = false;
-  workspace::ColourTitleBar(workspace_, list);
+  ClearGraphics(workspace_, layout_, list);
 }
 
 void ListEventHandler::UpFolderKey(lister::ListId list, int, int) {
@@ -73,7 +77,20 @@ void ListEventHandler::ListFocused(lister::ListId list) {
 }
 
 void ListEventHandler::PointerAsked(lister::ListId, int pointer) {
-  host_.SetScreenPointer(static_cast<forms::MousePointer>(pointer));
+  const auto asked = static_cast<forms::MousePointer>(pointer);
+  switch (asked) {  // other numbers are no pointers of this program
+    case forms::MousePointer::Default:
+    case forms::MousePointer::Arrow:
+    case forms::MousePointer::NorthSouth:
+    case forms::MousePointer::WestEast:
+    case forms::MousePointer::Hourglass:
+      SetPointer(asked);
+  }
+}
+
+void ListEventHandler::SetPointer(forms::MousePointer pointer) {
+  workspace_.Form.MousePointer = pointer;
+  workspace_.Form.Touch();
 }
 
 void ListEventHandler::ItemFocused(lister::ListId list, std::int16_t item) {
@@ -132,7 +149,7 @@ void ListEventHandler::SpaceReleased(lister::ListId) {
 }
 
 void ListEventHandler::MouseLockAsked(lister::ListId, bool& locked) {
-  workspace_.ForEachList([&](lister::ListerControl& list) { list.MouseLocked = locked; });
+  MouseLocked(workspace_, locked);
 }
 
 void ListEventHandler::CloseAsked(lister::ListId) {
@@ -142,6 +159,14 @@ void ListEventHandler::CloseAsked(lister::ListId) {
 void ListEventHandler::CommandTextAsked(lister::ListId, const std::string& text) {
   workspace_.Form.cboCommand.Text = text;
   workspace_.Form.Touch();
+}
+
+void ListEventHandler::DropSourceSet(lister::ListId list) {
+  workspace_.DragSourceList = list;
+}
+
+void ListEventHandler::BookmarkAsked(lister::ListId, std::int16_t& slot, std::string& path) {
+  path = workspace_.Settings.Bookmarks.at(static_cast<std::size_t>(slot)).Path;
 }
 
 void ListEventHandler::EscapeKey() {

@@ -5,10 +5,10 @@
 #include <functional>
 #include <string>
 
-#include "forms/FormHost.h"
 #include "forms/Messenger.h"
 #include "lister/ListerEvents.h"
 #include "lists/Navigation.h"
+#include "workspace/FormLayout.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::lists {
@@ -19,13 +19,16 @@ struct ListRequests {
   std::function<void()> CreateNewFolder;  // in the current list, as if asked for by key
 };
 
+// Lets the mouse start nothing in any list, or lets it again.
+void MouseLocked(workspace::Workspace& workspace, bool locked);
+
 class ListEventHandler : public lister::ListerEvents {
  public:
-  ListEventHandler(workspace::Workspace& workspace, Navigation& navigation, forms::FormHost& host,
-                   forms::Messenger& messenger, ListRequests requests)
+  ListEventHandler(workspace::Workspace& workspace, workspace::FormLayout& layout,
+                   Navigation& navigation, forms::Messenger& messenger, ListRequests requests)
       : workspace_(workspace),
+        layout_(layout),
         navigation_(navigation),
-        host_(host),
         messenger_(messenger),
         requests_(std::move(requests)) {}
 
@@ -53,17 +56,21 @@ class ListEventHandler : public lister::ListerEvents {
   void MouseLockAsked(lister::ListId list, bool& locked) override;
   void CloseAsked(lister::ListId list) override;
   void CommandTextAsked(lister::ListId list, const std::string& text) override;
+  void DropSourceSet(lister::ListId list) override;
+  // Throws std::out_of_range for a slot that there is not.
+  void BookmarkAsked(lister::ListId list, std::int16_t& slot, std::string& path) override;
 
   // Escape at the form: the active list stops what it reads; a folder list and the file list of its
   // pane both do.
   void EscapeKey();
 
  private:
+  void SetPointer(forms::MousePointer pointer);
   void HandleKey(lister::ListerControl& list, std::int16_t& keyCode);
 
   workspace::Workspace& workspace_;
+  workspace::FormLayout& layout_;
   Navigation& navigation_;
-  forms::FormHost& host_;
   forms::Messenger& messenger_;
   ListRequests requests_;
 };

@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "base/Text.h"
+#include "forms/PointerScope.h"
 
 namespace tarnwell::lists {
 namespace {
@@ -23,21 +24,6 @@ std::string PaneCaption(int pane, const std::string& path) {
   for (const char c : path) caption.append(c == '&' ? 2 : 1, c);
   return caption;
 }
-
-// Puts the hourglass over the window and the old pointer back.
-class BusyPointer {
- public:
-  explicit BusyPointer(forms::FormHost& host) : host_(host), before_(host.ScreenPointer()) {
-    host_.SetScreenPointer(forms::MousePointer::Hourglass);
-  }
-  ~BusyPointer() { host_.SetScreenPointer(before_); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-
- private:
-  forms::FormHost& host_;
-  forms::MousePointer before_;
-};
 
 }  // namespace
 
@@ -75,7 +61,7 @@ void Navigation::LoadPaneDrive(int pane) {
   workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
   folders.LoadDrive(record.InitialDrive, false);
-  record.CurrentPath = folders.CurrentFolder();
+  record.CurrentPath = syntax_.AddSeparator(folders.CurrentFolder());
   record.DriveLoaded = true;
 }
 
@@ -89,9 +75,7 @@ void Navigation::UpdateChildPane(lister::ListId list) {
 
   std::string path = syntax_.AddSeparator(workspace_.Panes[i].CurrentPath);
   std::string shown = path;
-  if (shown.front() == PlacePrefix && shown.size() >= PlacePrefixLength) {
-    shown.erase(0, PlacePrefixLength);
-  }
+  if (shown.front() == PlacePrefix) shown.erase(0, PlacePrefixLength);
   form.TitleBar[i].Text = shown;
   form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
   const std::string cut = CutPath(shown);
@@ -109,18 +93,20 @@ void Navigation::UpdateChildPane(lister::ListId list) {
     // What cannot be read is the list's to tell.
   }
   // While the list read, the user may have picked another folder: then that one is the newer.
-  const std::string& newest = path != handedOverFolder_[i] ? handedOverFolder_[i] : path;
+  const std::string& newest = handedOverFolder_[i];
   files.SetCurrentFolder(newest);
   files.ParentFolder = newest;
 }
 
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
-  const BusyPointer pointer(host_);
+  const forms::PointerScope pointer(host_);
   const int pane = lister::PaneOf(list);
   const std::string& title = workspace_.Form.TitleBar[static_cast<std::size_t>(pane)].Text;
   if (title.size() == 1 && title.front() == syntax_.Separator) return;
-  if (syntax_.IsDriveRoot(title)) return;
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
+  // The text tells no root that is a mount point.
+  const std::string root = syntax_.DriveRoot(folders.InitialDrive());
+  if (syntax_.IsDriveRoot(title) || syntax_.Same(title, root)) return;
   if (folders.CurrentNodeLevel() == 1) {
     folders.OpenFolder(0);
     return;

@@ -50,14 +50,8 @@ void StorePaneInt32(const SettingTargets& targets, const SettingRecord& record) 
 }
 
 void StoreLayout(const SettingTargets& targets, const SettingRecord& record) {
-  workspace::Workspace& space = targets.Space;
-  space.Settings.Layout = ToInt32(record.Fields[0]);
-  const bool vertical = space.Settings.Layout == workspace::Vertical;
-  space.Form.MenuImages.SetImage(
-      "&Orientation",
-      space.Form.ImageList1.Index(vertical ? "layoutvertical" : "layouthorizontal"));
-  space.Form.Toolbar1["layoutvertical"].Pressed = vertical;
-  space.Form.Toolbar1["layouthorizontal"].Pressed = !vertical;
+  targets.Space.Settings.Layout = ToInt32(record.Fields[0]);
+  workspace::ShowLayout(targets.Space);
 }
 
 void StoreCompareMode(const SettingTargets& targets, const SettingRecord& record) {

@@ -56,9 +56,6 @@ constexpr std::array<PaneDefault, lister::PaneCount> PaneDefaults = {{
     {workspace::Closed, 5, 0, 0},
 }};
 
-constexpr base::Twips FolderListWidth = 4100;
-constexpr base::Twips FolderListHeight = 4000;
-
 }  // namespace
 
 void AssignDefaults(workspace::Workspace& space, const base::PathSyntax& syntax,
@@ -79,8 +76,8 @@ void AssignDefaults(workspace::Workspace& space, const base::PathSyntax& syntax,
     pane.ControlGroup = static_cast<std::int16_t>(i);
     pane.PercentWidth = start.PercentWidth;
     pane.PercentHeightH = start.PercentHeightH;
-    pane.WidthH = FolderListWidth;
-    pane.Height = FolderListHeight;
+    pane.WidthH = workspace::DefaultWidthH;
+    pane.Height = workspace::DefaultHeight;
     space.Panes[i] = pane;
   }
   space.OpenPaneCount = 2;

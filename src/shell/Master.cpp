@@ -24,7 +24,7 @@ constexpr base::Twips TitleTop = 410;
 constexpr base::Twips TitleBarHeight = 255;
 constexpr base::Twips TitlePictureHeight = 315;
 constexpr base::Twips TitlePictureWidth = 315;
-constexpr base::Twips CurrentPathHeight = 315;
+constexpr base::Twips CommandLineHeight = 315;
 constexpr int OldSystemBorder = 2;
 
 // Where the window stands until the settings say otherwise.
@@ -43,6 +43,15 @@ constexpr std::pair<const char*, const char*> SortEntries[] = {{"mnuSortAsc", "a
                                                                {"mnuSortDes", "des"},
                                                                {"mnuSortAscAdd", "ascadd"},
                                                                {"mnuSortAddDes", "desadd"}};
+
+struct LayoutCommand {
+  const char* Entry;
+  const char* Button;
+  const char* Word;
+};
+
+constexpr LayoutCommand LayoutCommands[] = {{"mnuVertical", "layoutvertical", "vertical"},
+                                            {"mnuHorizontal", "layouthorizontal", "horizontal"}};
 
 constexpr const char* HeadingEntries[] = {"mnuHeadingExtension",        "mnuHeadingSize",
                                           "mnuHeadingDateLastModified", "mnuHeadingDateCreated",
@@ -85,7 +94,7 @@ Master::Master(const Services& services, Splash& splash)
                    events_);
              }),
       messages_(services_.Host, space_.Form),
-      layout_(space_),
+      layout_(space_, messages_),
       switches_(space_, layout_,
                 [this](std::string_view name, const base::Value& value) {
                   skin_.SendProperty(name, value);
@@ -94,9 +103,10 @@ Master::Master(const Services& services, Splash& splash)
       settingsFile_(services_.Files, ProgramFile(SettingsName), targets_),
       skin_(services_.Files, ProgramFile(SkinFolderName), targets_, messages_),
       panes_(space_, layout_, services_.Host, messages_, *this),
+      splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
       newFolder_(space_, services_.Files, services_.Host, messages_, dialogFields_),
-      events_(space_, navigation_, services_.Host, messages_,
+      events_(space_, layout_, navigation_, messages_,
               {[this] { Close(); }, [this] { newFolder_.CreateNewFolder(true); }}),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_) {
@@ -148,6 +158,16 @@ void Master::SetUpMenus() {
   for (const char* const heading : HeadingEntries) {
     commands_.Bind(heading, [this, heading] { listCommands_.ToggleHeading(heading); });
   }
+  for (const auto& [entry, button, word] : LayoutCommands) {
+    const auto change = [this, word = word] { layout_.SwitchLayout(word); };
+    commands_.Bind(entry, change);
+    commands_.Bind(button, change);
+  }
+  commands_.Bind("mnuAutoExpandOn", [this] { layout_.SwitchAutoExpand(true); });
+  commands_.Bind("mnuAutoExpandOff", [this] { layout_.SwitchAutoExpand(false); });
+  commands_.Bind("layoutautoexpand", [this] {
+    layout_.SwitchAutoExpand(space_.Form.Toolbar1["layoutautoexpand"].Pressed);
+  });
   commands_.Bind("mnuHidden", [this] { listCommands_.HiddenShowHide(); });
   commands_.Bind("mnuSystem", [this] { listCommands_.SystemShowHide(); });
   commands_.Bind("mnuColorOn", [this] { switches_.ShowColor(true); });
@@ -201,7 +221,7 @@ void Master::SetControlProperties() {
   workspace::MainForm& form = space_.Form;
   space_.PaneGap = PaneGap;
   space_.CommandStripHeight = CommandStripHeight;
-  space_.TitleTop = TitleTop;
+  space_.Area.TitleTop = TitleTop;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const auto i = static_cast<std::size_t>(pane);
     form.cmdClosePane[i].Height = TitlePictureHeight;
@@ -223,7 +243,8 @@ void Master::SetControlProperties() {
   form.LineVert.BackColour = form.LineHorz.BackColour = base::Rgb(166, 202, 240);
   form.LineVert2.BackColour = form.LineHorz2.BackColour = base::Rgb(150, 150, 150);
   form.txtCurrentPath.BackColour = colours_[settings::ColorProgramBackground];
-  form.txtCurrentPath.Height = CurrentPathHeight;
+  form.txtCurrentPath.Height = CommandLineHeight;
+  form.cboCommand.Height = CommandLineHeight;
   space_.KeyArmed = true;
 }
 
@@ -288,11 +309,21 @@ void Master::Resize() {
   layout_.ResizeForm(false);
   if (!form.FirstResizePending) return;
   form.FirstResizePending = false;
-  if (lister::ListerControl* active = space_.Lists.Find(space_.ActiveList)) active->TakeFocus();
+  if (lister::ListerControl* active = space_.Lists.Find(space_.ActiveList)) {
+    active->TakeFocus();
+    form.ActiveControl.clear();  // in place of the arrangement, which took the keyboard
+  }
+}
+
+// A command by key may come while the mouse drags a bar: its panes may be others afterwards.
+void Master::MenuClick(std::string_view name) {
+  splitters_.GiveUp();
+  commands_.Run(name);
 }
 
 void Master::ButtonClick(std::string_view key) {
   if (!commands_.IsBound(key)) return;
+  splitters_.GiveUp();
   // The click has pressed or raised the button before its command runs.
   forms::ToolbarButton& button = space_.Form.Toolbar1[key];
   if (button.Style == forms::ButtonStyle::Check) button.Pressed = !button.Pressed;
@@ -310,6 +341,14 @@ void Master::TitleClick(int pane) {
 void Master::TitleMouseDown(int pane) {
   space_.CurrentList = lister::FolderListOf(pane);
   workspace::HighlightActiveList(space_, false);
+}
+
+void Master::WheelTurned(int delta) {
+  if (auto* const active = space_.Lists.Find(space_.ActiveList)) active->WheelScroll(delta >= 1);
+}
+
+void Master::EscapeKey() {
+  if (!splitters_.GiveUp()) events_.EscapeKey();
 }
 
 void Master::KeyUp() {

@@ -20,6 +20,7 @@
 #include "tools/CompareFolders.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
+#include "workspace/Splitters.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::shell {
@@ -47,12 +48,20 @@ class Master : private workspace::PaneHooks {
   // --- What the user and the window do to the form.
 
   void Resize();
-  void MenuClick(std::string_view name) { commands_.Run(name); }
+  void MenuClick(std::string_view name);
   void ButtonClick(std::string_view key);
   void ClosePaneClick(int pane) { panes_.ChangePanes(pane); }
   void TitleClick(int pane);
   void TitleMouseDown(int pane);
-  void EscapeKey() { events_.EscapeKey(); }
+  // The mouse over the form's own surface, in twips; a press and a release of any button.
+  void MouseMove(float x, float y) { splitters_.MouseMove(x, y); }
+  void MouseDown(float x, float y) { splitters_.MouseDown(x, y); }
+  void MouseUp() { splitters_.MouseUp(); }
+  void TitleMouseMove(int pane) { layout_.TitleMouseMove(pane); }
+  // Over the form but no list; a notch away from the user is 120.
+  void WheelTurned(int delta);
+  // Gives up the drag of a splitter if one runs; else the active list stops what it does.
+  void EscapeKey();
   void KeyUp();
   void ChangeResizeFlag(bool value) { space_.Form.ResizeEnabled = value; }
 
@@ -97,6 +106,7 @@ class Master : private workspace::PaneHooks {
   settings::SettingsFile settingsFile_;
   settings::Skin skin_;
   workspace::PaneSet panes_;
+  workspace::Splitters splitters_;
   lists::Navigation navigation_;
   fileops::DialogFields dialogFields_;
   fileops::NewFolder newFolder_;

@@ -3,14 +3,14 @@
 #include <vector>
 
 #include "forms/PointerScope.h"
-#include "lists/ListCommands.h"
+#include "lists/WatchPanes.h"
 
 namespace tarnwell::tools {
 
 void FolderComparison::CompareFolders() {
   workspace::MainForm& form = workspace_.Form;
-  const forms::PointerScope pointers(host_, form.Toolbar1);
-  lists::WatchStopPanes(workspace_);
+  const forms::PointerScope pointers(host_, &form.Toolbar1);
+  const lists::WatchBracket watches(workspace_, [this] { lists::WatchStartPanes(workspace_); });
   form.Menus["mnuCompareSize"].Checked = form.Toolbar1["compare_size"].Pressed;
   form.Menus["mnuCompareDate"].Checked = form.Toolbar1["compare_date"].Pressed;
   form.Touch();
@@ -20,7 +20,6 @@ void FolderComparison::CompareFolders() {
   } else {
     Compare();
   }
-  lists::WatchStartPanes(workspace_);
 }
 
 void FolderComparison::Compare() {

@@ -2,18 +2,17 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 
 #include "workspace/ArrangePanes.h"
 #include "workspace/Highlight.h"
+#include "workspace/PaneShares.h"
 
 namespace tarnwell::workspace {
 namespace {
 
-// Share of the active pane under auto expand, and what the other open panes divide.
-constexpr float ActiveWidth = 0.8F;
-constexpr float OthersWidth = 0.2F;
-constexpr float ActiveHeight = 0.7F;
-constexpr float OthersHeight = 0.3F;
+// Outer width and height below which nothing is placed.
+constexpr base::Twips LeastFormSize = 5000;
 
 void PutAt(forms::Control& control, const Place& place) {
   control.Left = place.Left;
@@ -22,98 +21,208 @@ void PutAt(forms::Control& control, const Place& place) {
   control.Height = place.Height;
 }
 
+void MoveTo(forms::Control& control, const Place& place) {
+  control.Left = place.Left;
+  control.Top = place.Top;
+}
+
+FormMeasures MeasuresOf(Workspace& workspace) {
+  const MainForm& form = workspace.Form;
+  return {.Layout = workspace.Settings.Layout,
+          .InsideWidth = form.ScaleWidth,
+          .InsideHeight = form.ScaleHeight,
+          .ToolbarTop = form.Toolbar1.Top,
+          .ToolbarHeight = form.Toolbar1.Height,
+          .TitleHeight = form.TitleBar[1].Height,
+          .TitlePictureWidth = form.cmdTitle[0].Width,
+          .ClosePictureWidth = form.cmdClosePane[0].Width,
+          .PaneGap = workspace.PaneGap,
+          .CommandStripHeight = workspace.CommandStripHeight,
+          .CommandOn = form.Menus["mnuCommandOn"].Checked};
+}
+
 }  // namespace
 
 void FormLayout::ResizeForm(bool force) {
   MainForm& form = workspace_.Form;
   if (form.State == forms::WindowState::Minimised) return;
   form.LastWindowState = form.State;
-  const bool changed = form.ScaleWidth != lastWidth_ || form.ScaleHeight != lastHeight_ ||
-                       workspace_.Settings.Layout != lastLayout_;
-  if (!force && !changed) {
-    for (int pane = 0; pane < lister::PaneCount; ++pane) {
-      const PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
-      if (!record.IsOpen() || !record.Initialized) continue;
-      workspace_.Lists.Folders(pane).RedrawList();
-      workspace_.Lists.Files(pane).RedrawList();
-    }
+  if (!force && !workspace_.IsResizing() && IsUnchanged()) {
+    for (PaneRecord& pane : workspace_.Panes) RedrawLists(pane);
     return;
   }
-  lastWidth_ = form.ScaleWidth;
-  lastHeight_ = form.ScaleHeight;
-  lastLayout_ = workspace_.Settings.Layout;
-  PlaceControls();
+  NoteChanges();
+  HideControls();
+  // The outer size is told when the window is shown; the inside is never larger.
+  const bool fits = std::max(form.Width, form.ScaleWidth) >= LeastFormSize &&
+                    std::max(form.Height, form.ScaleHeight) >= LeastFormSize;
+  if (fits) Arrange();
+  ShowControls();
   HighlightActiveList(workspace_, true);
+  for (PaneRecord& pane : workspace_.Panes) {
+    if (!pane.NeedsRedraw || !RedrawLists(pane)) continue;
+    pane.NeedsRedraw = false;
+  }
+  form.ActiveControl = "txtFocus";
   form.Touch();
 }
 
-void FormLayout::PlaceControls() {
+// The inside can change alone, when the menu bar takes another line.
+bool FormLayout::IsUnchanged() const {
+  return IsSameSize() && workspace_.Settings.Layout == workspace_.LastLayout;
+}
+
+bool FormLayout::IsSameSize() const {
+  const MainForm& form = workspace_.Form;
+  return form.Width == workspace_.LastFormWidth && form.Height == workspace_.LastFormHeight &&
+         form.ScaleWidth == lastInsideWidth_ && form.ScaleHeight == lastInsideHeight_;
+}
+
+void FormLayout::NoteChanges() {
+  const MainForm& form = workspace_.Form;
+  const bool sameSize = IsSameSize();
+  const bool sameLayout = workspace_.Settings.Layout == workspace_.LastLayout;
+  for (PaneRecord& pane : workspace_.Panes) {
+    const bool changed = !sameLayout || workspace_.CommandLineChanged;
+    if (!sameSize || (pane.IsOpen() && changed)) pane.NeedsRedraw = true;
+  }
+  workspace_.CommandLineChanged = false;
+  workspace_.LastFormWidth = form.Width;
+  workspace_.LastFormHeight = form.Height;
+  workspace_.LastLayout = workspace_.Settings.Layout;
+  lastInsideWidth_ = form.ScaleWidth;
+  lastInsideHeight_ = form.ScaleHeight;
+}
+
+void FormLayout::HideControls() {
   MainForm& form = workspace_.Form;
-  workspace_.AreaWidth = form.ScaleWidth;
-  const ArrangeMeasures measures{
-      .Layout = workspace_.Settings.Layout == Vertical ? Vertical : Horizontal,
-      .InsideWidth = form.ScaleWidth,
-      .InsideHeight = form.ScaleHeight,
-      .ToolbarBottom = form.Toolbar1.Top + form.Toolbar1.Height,
-      .TitleHeight = form.cmdClosePane[0].Height,
-      .TitlePictureWidth = form.cmdClosePane[0].Width,
-      .PaneGap = workspace_.PaneGap};
-  const auto places = ArrangePanes(workspace_.Panes, measures);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const auto i = static_cast<std::size_t>(pane);
-    PaneRecord& record = workspace_.Panes[i];
-    // A pane whose set-up failed half-way is shown with what it has.
-    const bool shown = record.IsOpen() && record.Initialized;
-    record.NeedsRedraw = false;
-    form.shpBack[i].Visible = shown;
-    form.TitleBar[i].Visible = shown;
-    form.cmdTitle[i].Visible = shown;
-    form.cmdClosePane[i].Visible = shown;
-    if (record.Initialized) {
-      workspace_.Lists.Folders(pane).Visible = shown;
-      workspace_.Lists.Files(pane).Visible = shown;
+    const PaneRecord& record = workspace_.Panes[i];
+    if (!record.NeedsRedraw && record.IsOpen()) continue;
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      if (record.Initialized) workspace_.Lists[list].Visible = false;
+      form.shpPlaceHolder[list].Visible = false;
+      form.lblNoRoom[list].Visible = false;
     }
-    if (!shown) continue;
-    // Controls that are not shown keep their places: the measures of every title are taken from
-    // one.
-    PutAt(form.shpBack[i], places[i].Back);
-    PutAt(form.TitleBar[i], places[i].Title);
-    PutAt(form.cmdTitle[i], places[i].TitlePicture);
-    PutAt(form.cmdClosePane[i], places[i].ClosePicture);
-    lister::ListerControl& folders = workspace_.Lists.Folders(pane);
-    lister::ListerControl& files = workspace_.Lists.Files(pane);
-    PutAt(folders, places[i].FolderList);
-    PutAt(files, places[i].FileList);
-    record.FolderListWidth = folders.Width;
-    record.FolderListHeight = folders.Height;
-    record.FileListWidth = files.Width;
-    record.FileListHeight = files.Height;
-    record.Left = places[i].Back.Left;
-    record.Top = places[i].Back.Top;
-    if (measures.Layout == Vertical) record.Width = places[i].Back.Width;
-    if (measures.Layout == Horizontal) record.HeightH = places[i].Back.Height;
-    folders.SetLayout(workspace_.Settings.Layout);
-    files.SetLayout(workspace_.Settings.Layout);
+    form.cmdClosePane[i].Visible = false;
+    form.TitleBar[i].Visible = false;
+    form.cmdTitle[i].Visible = false;
+    form.shpBack[i].Visible = false;
+  }
+  form.txtCurrentPath.Visible = false;
+  form.cboCommand.Visible = false;
+}
+
+void FormLayout::Arrange() {
+  try {
+    const Arrangement arrangement = ArrangePanes2(workspace_.Panes, MeasuresOf(workspace_));
+    workspace_.Area = arrangement.Area;
+    if (!arrangement.IsPlaced) return;
+    workspace_.Panes = arrangement.Panes;
+    Apply(arrangement);
+  } catch (const std::exception&) {
+    messenger_.Message("A error occurred while arrange the panes.", forms::MessageKind::Ok);
   }
 }
 
-void FormLayout::DoAutoExpand() {
-  const int active = lister::PaneOf(workspace_.ActiveList);
-  const int open = workspace_.OpenPaneCount;
-  const bool vertical = workspace_.Settings.Layout == Vertical;
-  const float most = vertical ? ActiveWidth : ActiveHeight;
-  const float rest = vertical ? OthersWidth : OthersHeight;
+void FormLayout::Apply(const Arrangement& arrangement) {
+  MainForm& form = workspace_.Form;
+  form.LineHorz2.Left = arrangement.LineHorz2.Left;
+  form.LineHorz2.Width = arrangement.LineHorz2.Width;
+  form.LineVert2.Top = arrangement.LineVert2.Top;
+  form.LineVert2.Height = arrangement.LineVert2.Height;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+    const auto i = static_cast<std::size_t>(pane);
+    const PaneRecord& record = workspace_.Panes[i];
     if (!record.IsOpen()) continue;
-    record.NeedsRedraw = true;
-    float& share = vertical ? record.PercentWidth : record.PercentHeightH;
-    if (pane != active) {
-      share = rest / static_cast<float>(std::max(open - 1, 1));
-    } else {
-      share = open == 1 ? 1.0F : most;
+    const PanePlaces& places = arrangement.Places[i];
+    MoveTo(form.TitleBar[i], places.Title);
+    form.TitleBar[i].Width = places.Title.Width;
+    MoveTo(form.cmdTitle[i], places.TitlePicture);
+    MoveTo(form.cmdClosePane[i], places.ClosePicture);
+    PutAt(form.shpBack[i], places.Back);
+    for (const bool isFiles : {false, true}) {
+      const ListPlaces& at = isFiles ? places.Files : places.Folders;
+      const lister::ListId list = isFiles ? lister::FileListOf(pane) : lister::FolderListOf(pane);
+      PutAt(form.shpPlaceHolder[list], at.PlaceHolder);
+      PutAt(form.lblNoRoom[list], at.NoRoom);
+      // A pane may be open whose set-up is still under way.
+      if (record.Initialized) PutAt(workspace_.Lists[list], at.List);
     }
   }
+  if (!form.Menus["mnuCommandOn"].Checked) return;
+  MoveTo(form.txtCurrentPath, arrangement.CurrentPath);
+  form.txtCurrentPath.Width = arrangement.CurrentPath.Width;
+  MoveTo(form.cboCommand, arrangement.Command);
+  form.cboCommand.Width = arrangement.Command.Width;
+}
+
+void FormLayout::ShowControls() {
+  MainForm& form = workspace_.Form;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const auto i = static_cast<std::size_t>(pane);
+    const PaneRecord& record = workspace_.Panes[i];
+    if (!record.NeedsRedraw || !record.IsOpen() || !record.Initialized) continue;
+    form.shpBack[i].Visible = true;
+    form.cmdClosePane[i].Visible = true;
+    form.TitleBar[i].Visible = true;
+    form.cmdTitle[i].Visible = true;
+    ShowList(lister::FolderListOf(pane), record.FolderHasRoom);
+    ShowList(lister::FileListOf(pane), record.FileHasRoom);
+  }
+  const bool commandOn = form.Menus["mnuCommandOn"].Checked;
+  form.txtCurrentPath.Visible = commandOn;
+  form.cboCommand.Visible = commandOn;
+}
+
+void FormLayout::ShowList(lister::ListId list, bool hasRoom) {
+  if (hasRoom) {
+    workspace_.Lists[list].SetLayout(workspace_.Settings.Layout);
+    workspace_.Lists[list].Visible = true;
+  } else {
+    workspace_.Form.shpPlaceHolder[list].Visible = true;
+    workspace_.Form.lblNoRoom[list].Visible = true;
+  }
+}
+
+bool FormLayout::RedrawLists(const PaneRecord& pane) {
+  if (!pane.IsOpen() || !pane.Initialized) return false;
+  const int number = static_cast<int>(&pane - workspace_.Panes.data());
+  workspace_.Lists.Folders(number).RedrawList();
+  workspace_.Lists.Files(number).RedrawList();
+  return true;
+}
+
+void FormLayout::SwitchLayout(std::string_view word) {
+  const std::int32_t wished = word == "vertical" ? Vertical : Horizontal;
+  const bool isVertical = workspace_.Settings.Layout == Vertical;
+  const bool same = isVertical == (wished == Vertical);
+  if (!same) workspace_.Settings.Layout = wished;
+  ShowLayout(workspace_);  // a click on the button of the layout in force has raised it
+  if (same) return;
+  if (workspace_.Form.Menus["mnuAutoExpandOn"].Checked) {
+    DoAutoExpand();
+  } else {
+    ResizeForm(true);
+  }
+}
+
+void ShowLayout(Workspace& workspace) {
+  MainForm& form = workspace.Form;
+  const bool isVertical = workspace.Settings.Layout == Vertical;
+  form.Toolbar1["layoutvertical"].Pressed = isVertical;
+  form.Toolbar1["layouthorizontal"].Pressed = !isVertical;
+  form.MenuImages.SetImage(
+      "&Orientation", form.ImageList1.Index(isVertical ? "layoutvertical" : "layouthorizontal"));
+  form.Touch();
+}
+
+void FormLayout::DoAutoExpand() {
+  for (PaneRecord& pane : workspace_.Panes) {
+    if (pane.IsOpen()) pane.NeedsRedraw = true;
+  }
+  ExpandPane(workspace_.Panes, workspace_.Settings.Layout, lister::PaneOf(workspace_.ActiveList));
   ResizeForm(true);
 }
 
@@ -126,6 +235,15 @@ void FormLayout::SwitchAutoExpand(bool turnOn) {
   menus["mnuAutoExpandOff"].Checked = !turnOn;
   workspace_.Form.Touch();
   if (turnOn) DoAutoExpand();
+}
+
+void FormLayout::TitleMouseMove(int pane) {
+  if (!workspace_.Form.Menus["mnuAutoExpandOn"].Checked) return;
+  workspace_.Form.MousePointer = forms::MousePointer::Arrow;
+  workspace_.Form.Touch();
+  if (lister::PaneOf(workspace_.ActiveList) == pane) return;
+  workspace_.ActiveList = lister::FolderListOf(pane);
+  DoAutoExpand();
 }
 
 }  // namespace tarnwell::workspace

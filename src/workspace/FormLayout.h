@@ -1,31 +1,53 @@
 // Places the controls of the main form and shows what is open.
 #pragma once
 
+#include <string_view>
+
+#include "forms/Messenger.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::workspace {
 
 class FormLayout {
  public:
-  explicit FormLayout(Workspace& workspace) : workspace_(workspace) {}
+  FormLayout(Workspace& workspace, forms::Messenger& messenger)
+      : workspace_(workspace), messenger_(messenger) {}
 
-  // The one entry for every rearrangement. With `force` false, nothing moves unless the form's size
-  // or the layout has changed.
+  // The one entry for every rearrangement. With `force` false, nothing moves unless the form's
+  // size or the layout has changed or a bar is dragged.
   void ResizeForm(bool force);
+
+  // "vertical": panes as columns; any other word: as rows. The word of the layout in force
+  // rearranges nothing.
+  void SwitchLayout(std::string_view word);
 
   // Gives the active pane the most of the room, the others equal shares of the rest, and
   // rearranges.
   void DoAutoExpand();
   // Switches that on or off; both the menu entries and the toolbar button follow.
   void SwitchAutoExpand(bool turnOn);
+  // The mouse moved over the title of a pane: under auto expand another pane's becomes the active
+  // one and expands.
+  void TitleMouseMove(int pane);
 
  private:
-  void PlaceControls();
+  bool IsSameSize() const;
+  bool IsUnchanged() const;
+  void NoteChanges();
+  void HideControls();
+  void Arrange();
+  void Apply(const Arrangement& arrangement);
+  void ShowControls();
+  void ShowList(lister::ListId list, bool hasRoom);
+  bool RedrawLists(const PaneRecord& pane);  // false for one that has none to redraw
 
   Workspace& workspace_;
-  base::Twips lastWidth_ = -1;
-  base::Twips lastHeight_ = -1;
-  std::int32_t lastLayout_ = -1;
+  forms::Messenger& messenger_;
+  base::Twips lastInsideWidth_ = -1;
+  base::Twips lastInsideHeight_ = -1;
 };
+
+// Brings the layout's buttons and its picture in the menu up to date.
+void ShowLayout(Workspace& workspace);
 
 }  // namespace tarnwell::workspace

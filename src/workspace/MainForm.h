@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "forms/Controls.h"
@@ -82,6 +83,13 @@ class MainForm : public forms::Form {
 
   forms::TextBox txtCurrentPath;
   forms::ComboBox cboCommand;
+
+  // The pointer over the form's own surface; lists and other controls have their own.
+  forms::MousePointer MousePointer = forms::MousePointer::Default;
+  // Name of the control that has the keyboard, kept by the window: "cboCommand", "ListerControl",
+  // "txtFocus" or empty for any other. Writing "txtFocus" takes the keyboard off the others: keys
+  // then go to the active list, without making it the current one.
+  std::string ActiveControl;
 
   // State at the last arrangement that was not of a minimised window.
   forms::WindowState LastWindowState = forms::WindowState::Normal;

@@ -15,6 +15,11 @@ namespace tarnwell::workspace {
 // settings file may hold is horizontal too.
 enum PaneLayout : std::int32_t { Vertical = 0, Horizontal = 1 };
 
+// Splits are kept on this grid, and these are what panes begin with; twips.
+inline constexpr base::Twips SplitGrid = 100;
+inline constexpr base::Twips DefaultHeight = 4000;
+inline constexpr base::Twips DefaultWidthH = 4100;
+
 enum PaneStatus : std::int32_t { Open = 0, Closed = 1 };
 
 // Measures are twips. Fields marked "saved" are settings keys of the same name.
@@ -41,7 +46,7 @@ struct PaneRecord {
   base::Twips HeightH = 0;        // saved: horizontal layout, height of the pane
   base::Twips Left = 0;           // saved: vertical layout, left edge of the pane
   base::Twips Top = 0;            // horizontal layout, top edge of the pane
-  std::string CurrentPath;        // folder that the folder list has open, with a separator
+  std::string CurrentPath;        // folder that the folder list has open
   bool DriveLoaded = false;       // the folder list has loaded its drive
 
   bool IsOpen() const { return Status == Open; }

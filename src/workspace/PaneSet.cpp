@@ -115,12 +115,12 @@ void PaneSet::EqualizePanes() {
     record.PercentWidth = static_cast<float>(share);
     record.PercentHeightH = static_cast<float>(share);
     record.Width = base::RoundToTwips(share * inside);
-    record.HeightH = base::RoundToTwips(share * workspace_.AreaWidth);
+    record.HeightH = base::RoundToTwips(share * workspace_.Area.AreaWidth);
   }
 }
 
 void PaneSet::InitializePaneSet(int pane) {
-  const forms::PointerScope pointers(host_, workspace_.Form.Toolbar1);
+  const forms::PointerScope pointers(host_, &workspace_.Form.Toolbar1);
   try {
     SetUpLists(pane);
   } catch (const std::exception&) {

@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "lister/ListerControl.h"
+#include "workspace/ArrangePanes.h"
 #include "workspace/ListSet.h"
 #include "workspace/MainForm.h"
 #include "workspace/PaneRecord.h"
@@ -20,6 +22,22 @@ struct TitleColours {
   base::Colour ActiveText = 0;
   base::Colour Inactive = 0;
   base::Colour InactiveText = 0;
+};
+
+// Of the drag of a splitter that runs, in twips: what was as the button went down.
+struct SplitterDrag {
+  std::int16_t ZonePane = -1;        // whose split it is
+  std::int16_t DragPaneBefore = -1;  // the open panes on either side of a bar between panes
+  std::int16_t DragPaneAfter = -1;
+  float DragStartX = 0;  // of the pointer
+  float DragStartY = 0;
+  float BarStartLeft = 0;  // of LineVert
+  float BarStartTop = 0;   // of LineHorz
+  float SizeAfter = 0;     // Width of columns, HeightH of rows
+  float SizeBefore = 0;
+  float OriginAfter = 0;  // Left of columns, Top of rows
+  float OriginBefore = 0;
+  float SplitStart = 0;  // Height of columns, WidthH of rows
 };
 
 struct Workspace {
@@ -38,20 +56,38 @@ struct Workspace {
   lister::ListId EnteredList = lister::NoList;  // the list of the last ListFocused
   std::int16_t ActiveItem = 0;  // number of the item that had the focus last, from the top
   bool SpaceHeld = false;       // from Space down in a list until it comes up
-  // What the mouse is doing on the form: "DragStart" while items are dragged out of a list.
-  std::string ResizeAction;
-  std::int16_t InitialActivePane = -1;    // first open pane at start, -1 for none
-  std::int16_t PreviousActivePane = -99;  // the pane that auto expand saw last
+  lister::ListId DragSourceList = lister::NoList;  // the list that a drag came from
+  lister::ListId ClearedList = lister::NoList;     // the list of the last ClearGraphics
+  std::int16_t InitialActivePane = -1;             // first open pane at start, -1 for none
+  std::int16_t PreviousActivePane = -99;           // the pane that auto expand saw last
 
   base::Twips PaneGap = 0;             // thickness of a splitter bar
   base::Twips CommandStripHeight = 0;  // kept free under the panes for the command line
-  base::Twips TitleTop = 0;            // top of the pane area
-  std::int32_t AreaWidth = 0;          // width of the workspace as last laid out
+  WorkArea Area;                       // as last laid out
+  bool CommandLineChanged = false;     // the next arrangement takes every open pane anew
+  base::Twips LastFormWidth = -1;      // outer size and layout of the form as last arranged
+  base::Twips LastFormHeight = -1;
+  std::int32_t LastLayout = -1;
+
+  std::string_view MouseZone;  // the splitter under the pointer, see SplitterZones.h
+  // What the mouse is doing on the form: "DoResizingWestEast" and "DoResizingNorthSouth" while a
+  // bar is dragged, "DragStart" while items are dragged out of a list, else empty.
+  std::string ResizeAction;
+  SplitterDrag Drag;
 
   bool KeyArmed = false;  // a key may act: a held key acts once, until some key is released
 
   bool IsWin9x = false;
   std::string OsName;  // of a Windows of the 9x line; empty on every other system
+
+  PaneRecord& PaneOfList(lister::ListId list) {
+    return Panes.at(static_cast<std::size_t>(lister::PaneOf(list)));
+  }
+
+  // A bar is dragged.
+  bool IsResizing() const {
+    return ResizeAction == "DoResizingWestEast" || ResizeAction == "DoResizingNorthSouth";
+  }
 
   // Calls `work` with the folder list, then the file list, of each pane that has been set up.
   template <typename Work>

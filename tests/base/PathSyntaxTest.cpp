@@ -22,6 +22,16 @@ TEST(PathSyntaxTest, TakesPathsApartAndPutsThemTogether) {
   EXPECT_EQ(posix.Join("/", "a") + posix.Join("/a", "b") + posix.Join("", "b"), "/a/a/bb");
 }
 
+TEST(PathSyntaxTest, ValidPathBeginsAtItsServerAndHasMoreThanThat) {
+  const char* const cases[][2] = {{"*|C:\\a\\", "*|C:\\a\\"},
+                                  {"*|\\\\s\\a", "\\\\s\\a"},
+                                  {"\\\\s\\\\b", "\\\\s\\\\b"},
+                                  {"\\\\s", ""},
+                                  {"*|\\\\s\\", ""}};
+  for (const auto& [path, valid] : cases) EXPECT_EQ(windows.ValidatePath(path), valid) << path;
+  EXPECT_EQ(posix.ValidatePath("//s/") + posix.ValidatePath("\\\\s"), "//s/\\\\s");
+}
+
 TEST(PathSyntaxTest, ParentStopsAtTheTop) {
   const char* const cases[][2] = {{"/a/b/", "/a"},       {"/a", "/"},       {"/", "/"},
                                   {"//a", "/"},          {"/a/..", "/a"},   {"a", ""},

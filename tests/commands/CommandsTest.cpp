@@ -8,6 +8,7 @@
 #include "commands/MenuTable.h"
 #include "commands/Switches.h"
 #include "commands/ToolbarTable.h"
+#include "fakes/FakeForms.h"
 
 namespace tarnwell::commands {
 namespace {
@@ -15,7 +16,8 @@ namespace {
 class CommandsTest : public testing::Test {
  protected:
   workspace::Workspace Space{{MenuTable(), ToolbarTable(), ImageKeys()}, {}};
-  workspace::FormLayout Layout{Space};
+  fakes::FakeMessenger Messages;
+  workspace::FormLayout Layout{Space, Messages};
   std::string Sent;
   Switches Switch{Space, Layout, [this](std::string_view name, const base::Value& value) {
                     Sent += std::string(name) + " " + base::ToText(value) + ";";
@@ -46,7 +48,7 @@ TEST_F(CommandsTest, TablesHaveNoNameTwiceAndAPictureForEachRow) {
 }
 
 TEST_F(CommandsTest, SwitchesKeepTicksAndButtonsTogether) {
-  Space.Form.ScaleWidth = 9000;
+  Space.Form.ScaleWidth = Space.Form.ScaleHeight = 9000;
   for (const bool on : {true, false, true}) {
     Switch.ShowColor(on);
     Switch.ShowCommandLine(on, true);
@@ -60,9 +62,9 @@ TEST_F(CommandsTest, SwitchesKeepTicksAndButtonsTogether) {
   }
   EXPECT_EQ(Sent, "ShowColor True;ShowColor False;ShowColor True;");
   Switch.ShowCommandLine(true, false);  // on already
-  EXPECT_EQ(Space.AreaWidth, 0);
+  EXPECT_EQ(Space.Area.AreaWidth, 0);
   Switch.ShowCommandLine(false, false);
-  EXPECT_EQ(Space.AreaWidth, 9000);  // arranged anew
+  EXPECT_EQ(Space.Area.AreaWidth, 9000);  // arranged anew
 
   for (const int mode : {0, 1, 2, 3}) {
     Space.Form.Toolbar1["compare_size"].Pressed = (mode & 1) != 0;

@@ -1,12 +1,23 @@
+#include <map>
+
 #include "TestLists.h"
 #include "lister/ListInput.h"
+#include "lister/ShadowView.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 
 namespace tarnwell::lists {
 namespace {
 
+using List = lister::ListerControl;
 using workspace::Ids;
+
+struct WheelView : lister::ShadowView {
+  using ShadowView::ShadowView;
+  void TakeFocus() override { Told += "focus "; }
+  void ScrollRows(int rows) override { Told += rows < 0 ? "up " : "down "; }
+  std::string Told;
+};
 
 class ListEventHandlerTest : public testing::Test, public TestLists {
  protected:
@@ -16,6 +27,14 @@ class ListEventHandlerTest : public testing::Test, public TestLists {
       SetUpPane(pane, "C:\\Data\\Sub");
       Nav.LoadFolders(pane);
     }
+  }
+  template <typename Test>
+  Ids ListsThat(Test test) {
+    Ids lists;
+    Space.ForEachList([&](List& list) {
+      if (test(list)) lists.push_back(list.Id());
+    });
+    return lists;
   }
   Ids Lists() const { return {Space.CurrentList, Space.ActiveList, Space.EnteredList}; }
 };
@@ -27,10 +46,11 @@ TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Form.cboCommand.Text = "dir";
   Space.Lists[101].Focused();  // nothing new, and so nothing is drawn
   EXPECT_EQ(Space.Form.cboCommand.Text, "dir");
-  Host.SetScreenPointer(forms::MousePointer::WestEast);
+  for (const int pointer : {9, 5}) Handler.PointerAsked(1, pointer);  // 5 is none
+  EXPECT_EQ(Space.Form.MousePointer, forms::MousePointer::WestEast);
   Space.Lists[1].MouseUp({});
   EXPECT_EQ(Lists(), (Ids{101, 1, 101}));
-  EXPECT_EQ(Host.ScreenPointer(), forms::MousePointer::Default);
+  EXPECT_EQ(Space.Form.MousePointer, forms::MousePointer::Default);
   Handler.TitleColorAsked(100);
   Space.Lists[100].MoveCurrent(Row(100, "Deep"));
   EXPECT_EQ(Lists(), (Ids{100, 100, 101}));
@@ -38,14 +58,40 @@ TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
 
   // Escape stops the active list, with a folder list also its file list.
   for (const Ids& stopped : {Ids{1, 101}, Ids{101}, Ids{0, 100}, Ids{}}) {
-    Space.ForEachList([](lister::ListerControl& list) { list.CancelRequested = false; });
+    Space.ForEachList([](List& list) { list.CancelRequested = false; });
     Space.ActiveList = stopped.empty() ? lister::NoList : stopped[0];
     Handler.EscapeKey();
-    Ids found;
-    Space.ForEachList([&](lister::ListerControl& list) {
-      if (list.CancelRequested) found.push_back(list.Id());
-    });
-    EXPECT_EQ(found, stopped);
+    EXPECT_EQ(ListsThat([](List& list) { return list.CancelRequested; }), stopped);
+  }
+}
+
+TEST_F(ListEventHandlerTest, ReleasedMouseRedrawsForAnotherListAndExpandsAnotherPane) {
+  std::map<lister::ListId, lister::ShadowView> views;
+  Space.ForEachList([&](List& list) { views.try_emplace(list.Id(), list); });
+  const auto redrawnFor = [&](lister::ListId list) {
+    for (auto& [id, view] : views) view.Repaints = 0;
+    Space.Lists[list].MouseUp({});
+    return ListsThat([&](List& each) { return views.at(each.Id()).Repaints > 0; });
+  };
+  for (const lister::ListId list : Ids{100, 0}) {
+    EXPECT_EQ(redrawnFor(list), (Ids{static_cast<lister::ListId>(100 - list), 1, 101}));
+    EXPECT_EQ(redrawnFor(list), Ids{});
+  }
+  Space.ForEachList([](List& list) {
+    list.SetDragGraphicsOn(true);
+    list.SetHoverGraphicsOn(true);
+  });
+  Space.Lists[0].MouseUp({});
+  EXPECT_EQ(ListsThat([](List& list) { return list.DragGraphicsOn(); }), Ids{});
+  EXPECT_EQ(ListsThat([](List& list) { return list.HoverGraphicsOn(); }), Ids{0});
+
+  EXPECT_EQ(Pane(0).PercentHeightH, 0);
+  Space.Form.Menus["mnuAutoExpandOn"].Checked = true;
+  for (const lister::ListId list : Ids{100, 101, 1, 0}) {  // pane 0 is known already
+    Pane(0).PercentHeightH = Pane(1).PercentHeightH = 0.5F;
+    Space.Lists[list].MouseUp({});
+    const bool expands = list == 101 || list == 0;
+    EXPECT_FLOAT_EQ(Pane(lister::PaneOf(list)).PercentHeightH, expands ? 0.7F : 0.5F) << list;
   }
 }
 
@@ -68,6 +114,13 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   Handler.DriveSelected(101);
   EXPECT_EQ(Pane(1).CurrentPath, "D:\\");
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "C:\\Data\\Sub\\");
+  Space.Settings.Bookmarks[9].Path = "C:\\Data";
+  Space.Lists[101].KeyDown('0', lister::CtrlDown);
+  EXPECT_EQ(Space.Form.TitleBar[1].Text, "C:\\Data\\");
+  std::string path;
+  for (std::int16_t slot : Ids{-1, 10}) {
+    EXPECT_THROW(Handler.BookmarkAsked(0, slot, path), std::out_of_range);
+  }
   Handler.StatusMessage(100, "No such file");
   EXPECT_EQ(Messages.Texts, (workspace::Texts{"No such file"}));
   Handler.CloseAsked(1);
@@ -90,21 +143,26 @@ TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
   Space.Lists[100].KeyUp(lister::SpaceKeyCode);
   EXPECT_FALSE(Space.SpaceHeld);
 
+  WheelView view(Space.Lists[100]);
+  Space.Lists[1].WheelTurned(120);
+  Space.Lists[100].WheelTurned(-120);
+  EXPECT_EQ(view.Told, "focus up down ");
+
   bool locked = true;
   Handler.MouseLockAsked(1, locked);
-  Space.ForEachList([](lister::ListerControl& list) { EXPECT_TRUE(list.MouseLocked); });
+  Space.ForEachList([](List& list) { EXPECT_TRUE(list.MouseLocked); });
   Handler.DragBegun(101, {});
   EXPECT_EQ(Space.CurrentList, 101);
   EXPECT_EQ(Space.ResizeAction, "DragStart");
   Handler.DragEnded(101, {});
   EXPECT_EQ(Space.ResizeAction, "");
+  Space.Lists[1].DropOn(lister::NoRow,
+                        {.Items = {}, .SourceText = {}, .Action = {}, .Source = 101});
+  EXPECT_EQ(Space.DragSourceList, 101);
 }
 
 TEST_F(ListEventHandlerTest, HiddenItemsAreShownInOpenPanesAtOnce) {
-  for (const int pane : {0, 1}) {
-    Platform.Files.AddFile("C:\\Data\\Sub\\secret").IsHidden = true;
-    Space.Lists.Files(pane).RefreshList();
-  }
+  Platform.Files.AddFile("C:\\Data\\Sub\\secret").IsHidden = true;
   Pane(1).Status = workspace::Closed;
   ListCommands commands(Space);
   commands.HiddenShowHide();

@@ -25,7 +25,8 @@ TEST_F(NavigationTest, LoadsThePanesFolderAndShowsItCutAndInCapitals) {
   Nav.LoadFolders(0);
   const std::string shown = "D:\\..." + std::string(43, 'N') + "\\";
   EXPECT_EQ(Caption(0) + ToolTip(0), "Show Pane &1 - " + shown + shown);
-  EXPECT_TRUE(Pane(0).DriveLoaded && Pane(0).CurrentPath == "D:\\" + Name);
+  EXPECT_EQ(CutPath(shown.substr(1)), shown.substr(1));  // 49 are few enough
+  EXPECT_TRUE(Pane(0).DriveLoaded && Pane(0).CurrentPath == "D:\\" + Name + "\\");
   EXPECT_TRUE(Space.Lists[0].ShowSystem && Space.Lists[100].ShowSystem);
   EXPECT_FALSE(Space.Lists[0].ShowHidden || Space.Lists[100].ShowHidden);
 }
@@ -40,6 +41,20 @@ TEST_F(NavigationTest, FallsBackToTheDefaultDriveWithoutAWord) {
     EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
   }
   EXPECT_TRUE(Messages.Texts.empty());
+}
+
+TEST(NavigationOnMountsTest, GoesUpToTheMountPointAndNoFarther) {
+  TestLists run(std::make_shared<fakes::FakePlatform>(base::PathSyntax::Posix()));
+  run.Platform.Drives.Volumes.push_back({"/mnt/disk", "Disk"});
+  run.SetUpPane(0, "/mnt/disk/a");
+  lister::ListerControl& folders = run.Space.Lists.Folders(0);
+  folders.SetDriveFolder(run.Pane(0).InitialDrive = "/mnt/disk", "/mnt/disk/a");
+  run.Nav.LoadFolders(0);
+  run.Nav.MoveFocusUpOneFolder(100);
+  run.Platform.Files.AddFile("/mnt/disk/new");
+  run.Nav.MoveFocusUpOneFolder(100);
+  EXPECT_EQ(run.Space.Form.TitleBar[0].Text, "/mnt/disk/");
+  EXPECT_EQ(run.Row(100, "new"), lister::NoRow);  // nothing is opened again
 }
 
 TEST_F(NavigationTest, HandsAFolderToTheFileListAndShowsItEverywhere) {
@@ -77,6 +92,7 @@ TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {
   // The user's choices, while the file list is still at work on A.
   const std::function<void()> choose = [&] {
     if (files.CurrentFolder() != "C:\\A") return Platform.Pump.Post(choose);
+    EXPECT_NE(files.ParentFolder, "C:\\A\\");  // its hand-over is under way
     Space.Lists.Folders(1).OpenFolder(0, "C:\\Other");
     if (++nested == 1) Space.Lists.Folders(0).OpenFolder(0, "C:\\B");
   };

@@ -15,7 +15,7 @@ class TestLists : public workspace::TestWorkspace {
   explicit TestLists(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
       : TestWorkspace(std::move(platform)),
         Nav(Space, Platform.Files.Syntax(), Host),
-        Handler(Space, Nav, Host, Messages, {[this] { ++Closed; }, [this] { ++NewFolders; }}) {}
+        Handler(Space, Layout, Nav, Messages, {[this] { ++Closed; }, [this] { ++NewFolders; }}) {}
 
   lister::ListerEvents& EventsOf() override {
     return Connected ? Handler : TestWorkspace::EventsOf();

@@ -50,6 +50,7 @@ TEST_F(StartTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
     return Run.Form().TitleBar[0].Visible && Run.Space().Lists.Files(1).Visible;
   };
   EXPECT_TRUE(Run.Form().FirstResizePending);
+  Run.Form().ScaleWidth = Run.Form().ScaleHeight = 12000;
   for (const bool enabled : {false, true}) {
     EXPECT_FALSE(visible());
     Run.Main().ChangeResizeFlag(enabled);

@@ -58,7 +58,7 @@ TEST_F(CompareFoldersTest, MarksTheOtherPanesAndOfTwoAlsoTheCurrentOne) {
   Space.OpenPaneCount = 1;
   Command.CompareFolders();
   EXPECT_EQ(Messages.Texts,
-            std::vector<std::string>{
+            workspace::Texts{
                 "You are only showing one folder currently, so there is nothing to compare."});
 }
 

@@ -1,104 +1,199 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <random>
+#include <vector>
 
 #include "workspace/ArrangePanes.h"
+#include "workspace/PaneShares.h"
 
 namespace tarnwell::workspace {
 namespace {
 
+using base::Twips;
+
+constexpr FormMeasures Measures{.Layout = Vertical,
+                                .InsideWidth = 15120,
+                                .InsideHeight = 10720,
+                                .ToolbarHeight = 435,
+                                .TitleHeight = 255,
+                                .TitlePictureWidth = 315,
+                                .ClosePictureWidth = 315,
+                                .PaneGap = 60,
+                                .CommandStripHeight = 335};
+constexpr Twips PictureHeight = 315;  // of those in a title
+
 bool Inside(const Place& inner, const Place& outer) {
   return inner.Width >= 0 && inner.Height >= 0 && inner.Left >= outer.Left &&
-         inner.Top >= outer.Top && inner.Left + inner.Width <= outer.Left + outer.Width &&
-         inner.Top + inner.Height <= outer.Top + outer.Height;
+         inner.Top >= outer.Top && inner.Right() <= outer.Right() &&
+         inner.Bottom() <= outer.Bottom();
 }
 
 bool Overlap(const Place& one, const Place& other) {
-  return one.Left < other.Left + other.Width && other.Left < one.Left + one.Width &&
-         one.Top < other.Top + other.Height && other.Top < one.Top + one.Height;
+  return one.Left < other.Right() && other.Left < one.Right() && one.Top < other.Bottom() &&
+         other.Top < one.Bottom();
 }
 
-constexpr ArrangeMeasures Measures{.InsideWidth = 15120,
-                                   .InsideHeight = 10720,
-                                   .ToolbarBottom = 600,
-                                   .TitleHeight = 315,
-                                   .TitlePictureWidth = 315,
-                                   .PaneGap = 60};
+// The first `open` panes are open, with equal shares.
+PaneRecords Equal(int open) {
+  PaneRecords panes;
+  for (std::size_t i = 0; i < panes.size(); ++i) {
+    panes[i].Status = static_cast<int>(i) < open ? Open : Closed;
+    panes[i].PercentWidth = panes[i].PercentHeightH = 1.0F / static_cast<float>(open);
+    panes[i].Height = DefaultHeight;
+    panes[i].WidthH = DefaultWidthH;
+    panes[i].ControlGroup = static_cast<std::int16_t>(i);
+  }
+  return panes;
+}
 
-// Whatever a settings file holds, the panes share the form without a hole.
-TEST(ArrangePanesTest, FillsTheFormWithOpenPanesForAnyRecord) {
+std::vector<Twips> Sizes(const PaneRecord& pane) {
+  return {pane.Width,         pane.HeightH,         pane.Height,
+          pane.WidthH,        pane.FolderListWidth, pane.FolderListHeight,
+          pane.FileListWidth, pane.FileListHeight,  pane.Left,
+          pane.Top,           pane.FolderHasRoom,   pane.FileHasRoom};
+}
+
+// Whatever a settings file holds, all open panes can be seen and worked with.
+TEST(ArrangePanesTest, KeepsEveryOpenPaneApartAndInsideForAnyRecord) {
   using Float = std::numeric_limits<float>;
   using Int = std::numeric_limits<std::int32_t>;
   constexpr float infinity = Float::infinity(), none = Float::quiet_NaN();
   constexpr float shares[] = {0,     .5F,  .35F, 1,     1e-30F,   -1,   7,
                               1e30F, -.1F, 1e9,  .001F, infinity, none, -infinity};
-  constexpr base::Twips splits[] = {0, 1, 4000, 4100, 14000, -60, Int::max(), Int::min()};
+  constexpr Twips splits[] = {0, 1, 149, 4000, 4100, 14000, -60, Int::max(), Int::min()};
   constexpr std::int32_t states[] = {Open, Open, Closed, 5};
+  constexpr std::int16_t groups[] = {0, 1, 2, 3, 4, 9, -1};
+  constexpr Twips insides[] = {0, 15, 1999, 2735, 3500, 9600, 15120, 57600, 240'000'000};
   std::mt19937 random(20);
   const auto any = [&random](const auto& table) { return table[random() % std::size(table)]; };
-  for (int round = 0; round < 5000; ++round) {
-    PaneRecords panes;
+  int placed = 0;
+  for (int round = 0; round < 20000; ++round) {
+    PaneRecords panes = Equal(5);
+    const bool keepsGroups = random() % 3 != 0;
     for (PaneRecord& pane : panes) {
       pane.Status = any(states);
       pane.PercentWidth = any(shares);
       pane.PercentHeightH = any(shares);
       pane.Height = any(splits);
       pane.WidthH = any(splits);
+      if (!keepsGroups) pane.ControlGroup = any(groups);
     }
-    const auto open = std::ranges::count_if(panes, &PaneRecord::IsOpen);
-    ArrangeMeasures m = Measures;
+    FormMeasures m = Measures;
     m.Layout = static_cast<std::int32_t>(random() % 2);
-    m.InsideWidth = static_cast<base::Twips>(random() % 60000) - 600;
-    m.InsideHeight = static_cast<base::Twips>(random() % 60000) - 600;
-    const Place area{60, 660, m.InsideWidth - 120, m.InsideHeight - 720};
-    const bool hasRoom = area.Width > 400 && area.Height > 400;
-    SCOPED_TRACE(testing::Message() << "round " << round << ", " << open << " open");
-    base::Twips covered = 0;
-    const auto places = ArrangePanes(panes, m);
+    m.InsideWidth = any(insides);
+    m.InsideHeight = any(insides);
+    m.CommandOn = random() % 2 == 0;
+    SCOPED_TRACE(testing::Message() << "round " << round);
+    const Arrangement result = ArrangePanes2(panes, m);
+    if (!result.IsPlaced) continue;
+    ++placed;
+    const Twips bottom = m.InsideHeight - (m.CommandOn ? 335 : 0);
+    const Place area{0, m.ToolbarHeight, m.InsideWidth, bottom - m.ToolbarHeight};
+    double sum = 0;
+    std::vector<Place> backs;
     for (std::size_t i = 0; i < panes.size(); ++i) {
-      const auto& [back, title, picture, close, folders, files] = places[i];
-      if (!panes[i].IsOpen()) {
-        ASSERT_EQ(back.Width + back.Height + folders.Width + files.Height, 0);
-        continue;
-      }
-      for (const Place& each : {back, title, folders, files}) {
+      const PanePlaces& at = result.Places[i];
+      const PaneRecord& pane = result.Panes[i];
+      if (!pane.IsOpen()) continue;
+      const Place& folders = at.Folders.List;
+      const Place& files = at.Files.List;
+      sum += pane.*ShareField(m.Layout);
+      for (const Place& each : {at.Back, at.Title, folders, files, at.Folders.PlaceHolder,
+                                at.Files.PlaceHolder, at.Folders.NoRoom}) {
         ASSERT_TRUE(each.Width >= 0 && each.Height >= 0);
       }
-      if (!hasRoom) continue;
-      ASSERT_TRUE(Inside(back, area));
-      if (back.Height >= 315 && back.Width >= 630) {
-        ASSERT_TRUE(Inside(folders, back) && Inside(files, back) && Inside(title, back) &&
-                    Inside(picture, back) && Inside(close, back));
-        ASSERT_FALSE(Overlap(folders, files) || Overlap(folders, title) || Overlap(files, title));
-      }
-      const base::Twips size = m.Layout == Vertical ? back.Width : back.Height;
-      const base::Twips whole = m.Layout == Vertical ? area.Width : area.Height;
-      ASSERT_GE(size, (whole - (open - 1) * 60) / 500 - 1);  // no pane is out of reach
-      covered += size;
-      for (std::size_t j = 0; j < i; ++j) {
-        ASSERT_FALSE(panes[j].IsOpen() && Overlap(back, places[j].Back));
-      }
+      // In reach: a title to see, a bar to take hold of.
+      ASSERT_TRUE(Inside(at.Back, area) && at.Back.Width >= 200 && at.Back.Height >= 255);
+      const Place row{at.Title.Left, at.Title.Top, at.Title.Width, PictureHeight};
+      ASSERT_TRUE(Inside({row.Left, row.Top, row.Width, 255}, at.Back) && row.Width >= 200);
+      ASSERT_FALSE(Overlap(folders, files) || Overlap(folders, row) || Overlap(files, row));
+      ASSERT_TRUE(Inside(folders, at.Back) && Inside(files, at.Back));
+      backs.push_back(at.Back);
     }
-    if (open == 0 || !hasRoom) continue;
-    ASSERT_EQ(covered + (open - 1) * 60, m.Layout == Vertical ? area.Width : area.Height);
+    for (const Place& one : backs) {
+      const auto over = [&one](const Place& other) { return Overlap(one, other); };
+      ASSERT_EQ(std::ranges::count_if(backs, over), 1);
+    }
+    ASSERT_NEAR(sum, backs.empty() ? 0 : 1, 0.001);
+
+    const Arrangement again = ArrangePanes2(result.Panes, m);
+    for (std::size_t i = 0; i < panes.size(); ++i) {
+      ASSERT_EQ(Sizes(again.Panes[i]), Sizes(result.Panes[i])) << i;
+      if (!panes[i].IsOpen()) continue;
+      ASSERT_EQ(again.Panes[i].*ShareField(m.Layout), result.Panes[i].*ShareField(m.Layout));
+    }
+  }
+  EXPECT_GT(placed, 5000);
+}
+
+TEST(ArrangePanesTest, LaysColumnsFromEdgeToEdge) {
+  PaneRecords panes = Equal(3);
+  panes[0].PercentWidth = 0.5F;
+  panes[1].PercentWidth = panes[2].PercentWidth = 0.25F;
+  panes[1].Height = 90000;
+  const auto [isPlaced, area, records, places, horz, vert, path, command] =
+      ArrangePanes2(panes, Measures);
+  EXPECT_TRUE(isPlaced);
+  EXPECT_EQ((std::vector{area.TitleTop, area.RowsHeight, area.ColumnHeight, area.ListsTop,
+                         Twips{area.FirstOpenPane}, Twips{area.LastOpenPane}}),
+            (std::vector<Twips>{430, 10285, 9970, 690, 0, 2}));
+  EXPECT_EQ(Sizes(records[0]),
+            (std::vector<Twips>{7560, 0, 4000, 4100, 7470, 3910, 7470, 5880, 0, 0, true, true}));
+  // The split leaves 500, on the grid.
+  EXPECT_EQ(Sizes(records[1]),
+            (std::vector<Twips>{3780, 0, 9500, 4100, 3720, 9410, 3720, 380, 7560, 0, true, false}));
+  const PanePlaces& middle = places[1];
+  EXPECT_EQ(places[0].Folders.List.Left, 60);
+  EXPECT_EQ(middle.Folders.List.Left, places[0].Folders.List.Right() + 60);
+  EXPECT_EQ(places[2].Folders.List.Right(), 15120 - 60);
+  EXPECT_EQ(middle.Folders.List.Top, 690 + 120);
+  EXPECT_EQ(middle.Files.List.Top, middle.Folders.List.Bottom() + 60);
+  EXPECT_EQ(middle.Title.Top, 490);
+  EXPECT_EQ(middle.Title.Width, 3720 - 630 + 30);
+  EXPECT_EQ(middle.TitlePicture.Left, middle.Title.Right() - 15);
+  EXPECT_EQ(middle.ClosePicture.Left + 315, middle.Folders.List.Right());
+  EXPECT_EQ(middle.Files.PlaceHolder.Width, 3720 - 210);
+  EXPECT_EQ(middle.Files.NoRoom.Left, middle.Files.List.Left + 155);
+  EXPECT_EQ(middle.Back.Bottom(), middle.Files.List.Bottom());
+  EXPECT_EQ((std::vector{horz.Width, vert.Top, vert.Height}),
+            (std::vector<Twips>{15120, 690, 9970}));
+
+  const Arrangement alone = ArrangePanes2(Equal(1), Measures);
+  EXPECT_EQ(alone.Panes[0].FolderListWidth, 15120 - 90);
+  for (const auto& [height, rounded] : {std::pair{4149, 4100}, {4150, 4200}, {4250, 4200}}) {
+    panes[0].Height = height;
+    EXPECT_EQ(ArrangePanes2(panes, Measures).Panes[0].Height, rounded);
   }
 }
 
-TEST(ArrangePanesTest, GivesEachPaneItsShareAndEachListItsPart) {
-  PaneRecords panes;
-  for (const std::size_t closed : {0U, 2U, 3U}) panes[closed].Status = Closed;
-  panes[1].PercentHeightH = 0.65F;
-  panes[4].PercentHeightH = 0.35F;
-  panes[1].WidthH = 4100;
-  panes[4].WidthH = 90000;  // wider than the form
-  const auto places = ArrangePanes(panes, Measures);
-  EXPECT_NEAR(places[1].Back.Height, 6461, 1);
-  EXPECT_NEAR(places[4].Back.Height, 3479, 1);
-  EXPECT_EQ(places[1].FolderList.Width, 4040);
-  EXPECT_EQ(places[1].FileList.Left, 4160);
-  EXPECT_GT(places[4].FileList.Width, 1000);
+TEST(ArrangePanesTest, LaysRowsAboveTheCommandLine) {
+  FormMeasures m = Measures;
+  m.Layout = Horizontal;
+  m.CommandOn = true;
+  PaneRecords panes = Equal(2);
+  panes[0].WidthH = 14900;
+  const Arrangement result = ArrangePanes2(panes, m);
+  EXPECT_EQ(result.Area.RowsHeight, 9950);
+  EXPECT_EQ(Sizes(result.Panes[1]), (std::vector<Twips>{0, 4975, 4000, 4100, 4010, 4570, 10930,
+                                                        4570, 0, 5375, true, true}));
+  EXPECT_EQ(result.Panes[0].WidthH, 14300);
+  EXPECT_FALSE(result.Panes[0].FileHasRoom);
+  const PanePlaces& second = result.Places[1];
+  EXPECT_EQ(second.Title.Top, 5375 + 60);
+  EXPECT_EQ(second.Folders.List.Top, result.Places[0].Folders.List.Bottom() + 375);
+  EXPECT_EQ(second.Files.List.Right(), 15120 - 60);
+  EXPECT_EQ(second.Title.Right() + 600, second.Files.List.Right());
+  EXPECT_EQ(second.Folders.PlaceHolder.Height, 4570 - 105);
+  EXPECT_EQ(result.LineVert2.Top, 690 - 255 + 30);
+  EXPECT_EQ(result.CurrentPath.Top, 10720 - 305);
+  EXPECT_EQ(result.Command.Right(), 15120 - 60);
+  m.InsideHeight = 2300;
+  EXPECT_FALSE(ArrangePanes2(panes, m).IsPlaced);
+  m.InsideWidth = 0;
+  EXPECT_EQ(ArrangePanes2(panes, m).Area.AreaWidth, 0);
 }
 
 }  // namespace

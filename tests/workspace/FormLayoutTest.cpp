@@ -1,4 +1,8 @@
+#include <functional>
+#include <vector>
+
 #include "TestWorkspace.h"
+#include "workspace/EnhancedMode.h"
 #include "workspace/FormLayout.h"
 #include "workspace/Highlight.h"
 
@@ -18,35 +22,92 @@ class FormLayoutTest : public testing::Test, public TestWorkspace {
 TEST_F(FormLayoutTest, MovesNothingUnlessSomethingChanged) {
   Pane(2).Status = Open;  // its set-up never ran
   Layout.ResizeForm(false);
-  EXPECT_TRUE(Space.Form.TitleBar[1].Visible && !Space.Form.TitleBar[2].Visible);
-  const base::Twips top = Space.Form.TitleBar[1].Top;
-  Space.Form.TitleBar[1].Top = 1;
+  forms::TextBox& title = Space.Form.TitleBar[1];
+  EXPECT_TRUE(title.Visible && !Space.Form.TitleBar[2].Visible && !Space.Form.TitleBar[3].Visible);
+  EXPECT_EQ(Space.Form.ActiveControl, "txtFocus");
+  const base::Twips top = title.Top;
+  title.Top = 1;
+  Space.Form.ActiveControl.clear();
   Layout.ResizeForm(false);
-  EXPECT_EQ(Space.Form.TitleBar[1].Top, 1);
-  Layout.ResizeForm(true);
-  EXPECT_EQ(Space.Form.TitleBar[1].Top, top);
-  Space.Settings.Layout = Vertical;
-  Layout.ResizeForm(false);
-  EXPECT_LT(Space.Form.TitleBar[1].Top, top);
+  EXPECT_EQ(title.Top, 1);
+  EXPECT_EQ(Space.Form.ActiveControl, "");
+  for (const auto& change : std::vector<std::function<void()>>{
+           [this] { Layout.ResizeForm(true); },
+           [this] { ++Space.Form.ScaleHeight; },  // the menu bar took another line
+           [this] { Space.Form.Height += 900; },
+           [this] { Space.CommandLineChanged = Space.Form.Menus["mnuCommandOn"].Checked = true; },
+           [this] { Space.ResizeAction = "DoResizingWestEast"; }}) {
+    title.Top = 1;
+    change();
+    Layout.ResizeForm(Space.CommandLineChanged);
+    EXPECT_NEAR(title.Top, top, 200);
+  }
+  EXPECT_TRUE(Space.Form.cboCommand.Visible && !Space.CommandLineChanged);
+  EXPECT_EQ(Space.Form.txtCurrentPath.Top, 9001 - 305);
 
-  const base::Twips left = Space.Form.TitleBar[1].Left;
-  Space.Form.ScaleWidth = 0;
+  title.Top = 1;
   Space.Form.State = forms::WindowState::Minimised;
   Layout.ResizeForm(true);
-  EXPECT_EQ(Space.Form.TitleBar[1].Left, left);
+  Space.Form.State = forms::WindowState::Maximised;
+  Space.Form.Height = Space.Form.ScaleHeight = 4999;  // too low: controls stay where they are
+  Layout.ResizeForm(true);
+  EXPECT_EQ(title.Top, 1);
+  EXPECT_TRUE(title.Visible && Space.Lists[101].Visible);
+  EXPECT_EQ(Space.Form.LastWindowState, forms::WindowState::Maximised);
 }
 
-TEST_F(FormLayoutTest, ClosedPanesTakeNothingFromTheOpenOnes) {
-  Space.Form.cmdClosePane[0].Height = Space.Form.cmdClosePane[0].Width = 315;
-  Layout.ResizeForm(true);
-  for (const bool open : {false, true}) {
-    Pane(0).Status = open ? Open : Closed;
-    Layout.ResizeForm(true);
-    EXPECT_EQ(Space.Form.TitleBar[1].Height, 315);
-    EXPECT_EQ(Space.Form.cmdClosePane[1].Width, 315);
-    EXPECT_EQ(Space.Form.TitleBar[0].Visible, open);
-    EXPECT_EQ(Space.Lists.Files(0).Visible, open);
+TEST_F(FormLayoutTest, SaysSoWhereAListHasNoRoom) {
+  Space.Form.ScaleHeight = Space.Form.Height = 5100;
+  for (const int layout : {Horizontal, Vertical}) {
+    Space.Settings.Layout = layout;
+    Pane(0).PercentHeightH = Pane(0).PercentWidth = 0.3F;
+    Pane(1).PercentHeightH = Pane(1).PercentWidth = 0.7F;
+    Pane(1).Height = 600;
+    Layout.ResizeForm(false);
+    // Rows: pane 0 is too low for both. Columns: a low folder list is shown all the same.
+    for (const lister::ListId list : Ids{0, 100, 1, 101}) {
+      const bool hasRoom = layout == Vertical ? list != 100 : list % 100 == 1;
+      EXPECT_EQ(Space.Lists[list].Visible, hasRoom) << list;
+      EXPECT_EQ(Space.Form.lblNoRoom[list].Visible, !hasRoom);
+      EXPECT_EQ(Space.Form.shpPlaceHolder[list].Visible, !hasRoom);
+    }
+    EXPECT_EQ(Space.Form.TitleBar[1].Height + Space.Form.cmdClosePane[1].Width, 255 + 315);
   }
+}
+
+TEST_F(FormLayoutTest, GivesTheActivePaneTheMostOfTheRoom) {
+  Layout.TitleMouseMove(1);  // nothing expands yet
+  EXPECT_EQ(Space.ActiveList, 0);
+  Layout.SwitchAutoExpand(true);
+  EXPECT_TRUE(Space.Form.Toolbar1["layoutautoexpand"].Pressed);
+  EXPECT_FLOAT_EQ(Pane(0).PercentHeightH, 0.7F);
+  EXPECT_FLOAT_EQ(Pane(1).PercentHeightH, 0.3F);
+  EXPECT_EQ(Pane(0).PercentWidth, 0);
+  Space.ActiveList = 100;
+  Space.CurrentList = 100;
+  Space.Form.TitleBar[1].Top = 1;
+  Layout.TitleMouseMove(0);  // the pane that has expanded already
+  EXPECT_EQ(Space.ActiveList, 100);
+  EXPECT_EQ(Space.Form.TitleBar[1].Top, 1);
+  Layout.TitleMouseMove(1);
+  EXPECT_EQ((Ids{Space.ActiveList, Space.CurrentList}), (Ids{1, 100}));
+  EXPECT_FLOAT_EQ(Pane(1).PercentHeightH, 0.7F);
+
+  Layout.SwitchLayout("vertical");
+  EXPECT_FLOAT_EQ(Pane(1).PercentWidth, 0.8F);
+  EXPECT_FLOAT_EQ(Pane(0).PercentWidth, 0.2F);
+  Layout.SwitchAutoExpand(false);
+  EXPECT_FLOAT_EQ(Pane(1).PercentWidth, 0.8F);
+  Space.Form.TitleBar[1].Top = 1;
+  Space.Form.Toolbar1["layoutvertical"].Pressed = false;  // as the click has left it
+  Layout.SwitchLayout("vertical");
+  EXPECT_TRUE(Space.Form.Toolbar1["layoutvertical"].Pressed);
+  EXPECT_EQ(Space.Form.TitleBar[1].Top, 1);
+  Layout.SwitchLayout("horizontal");
+  EXPECT_TRUE(Space.Form.Toolbar1["layouthorizontal"].Pressed);
+  EXPECT_EQ(Space.Form.Menus["mnuOrientation"].Image,
+            Space.Form.ImageList1.Index("layouthorizontal"));
+  EXPECT_GT(Space.Form.TitleBar[1].Top, 1000);
 }
 
 TEST_F(FormLayoutTest, HighlightsTheCurrentListWhenAskedToDraw) {
@@ -64,6 +125,24 @@ TEST_F(FormLayoutTest, HighlightsTheCurrentListWhenAskedToDraw) {
     EXPECT_EQ(Space.Form.Menus["mnuHeadingSize"].Checked, list == 101);
     EXPECT_EQ(Space.Lists[101].IsActive(), list == 101);
   }
+}
+
+TEST_F(FormLayoutTest, ButtonOrEntryTurnsTheEnhancedModeOfOpenPanes) {
+  Pane(1).Status = Closed;
+  bool& pressed = Space.Form.Toolbar1["useenhancedmode"].Pressed;
+  bool& checked = Space.Form.Menus["mnuUseEnhancedMode"].Checked;
+  for (const bool flag : {false, true}) {
+    pressed = !flag;
+    checked = flag;
+    SwitchMode(Space, flag, flag);
+    EXPECT_TRUE(pressed && checked);
+    EXPECT_TRUE(Space.Lists[0].HeadingActive("Comments") &&
+                Space.Lists[100].HeadingActive("Comments"));
+    EXPECT_FALSE(Space.Lists[101].HeadingActive("Comments"));
+  }
+  pressed = false;
+  SwitchMode(Space, false, false);
+  EXPECT_FALSE(checked || Space.Lists[100].HeadingActive("Comments"));
 }
 
 }  // namespace

@@ -33,10 +33,10 @@ inline FormTables SmallTables() {
       "mnuCompareSize mnuCommandOn mnuCommandOff mnuColorOn mnuColorOff mnuAutoExpandOn "
       "mnuAutoExpandOff mnuHeadingExtension mnuHeadingSize mnuHeadingDateLastModified "
       "mnuHeadingDateCreated mnuHeadingDateLastAccessed mnuHeadingFileType mnuHeadingAttributes "
-      "mnuHeadingComments");
+      "mnuHeadingComments mnuUseEnhancedMode");
   static const Texts keys = split(
       "pane0 pane1 pane2 pane3 pane4 layoutvertical layouthorizontal layoutautoexpand "
-      "showcommandline showcolor compare_size compare_date headascadd headdesadd");
+      "showcommandline showcolor useenhancedmode compare_size compare_date headascadd headdesadd");
   static constexpr std::string_view images[] = {"layouthorizontal", "layoutvertical"};
   static const auto [menu, toolbar] = [] {
     std::vector<forms::MenuRow> rows{{1, "mnuOrientation", "&Orientation"}};
@@ -61,10 +61,16 @@ class TestWorkspace {
                 return std::make_unique<lister::ListerControl>(list, Platform.Services(),
                                                                EventsOf());
               }),
-        Layout(Space) {
+        Layout(Space, Messages) {
     Space.PaneGap = 60;
-    Space.Form.ScaleWidth = 15120;
-    Space.Form.ScaleHeight = 9000;
+    Space.CommandStripHeight = 335;
+    Space.Form.Width = Space.Form.ScaleWidth = 15120;
+    Space.Form.Height = Space.Form.ScaleHeight = 9000;
+    Space.Form.Toolbar1.Height = 435;
+    for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
+      Space.Form.TitleBar[i].Height = 255;
+      Space.Form.cmdTitle[i].Width = Space.Form.cmdClosePane[i].Width = 315;
+    }
     for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
       Space.Panes[i].InitialDrive = "C";
       Space.Panes[i].Status = i < 2 ? Open : Closed;

@@ -1,0 +1,40 @@
+// Keeps the lists from answering the changes on disk that the program makes itself.
+#pragma once
+
+#include <functional>
+
+#include "workspace/Workspace.h"
+
+namespace tarnwell::lists {
+
+// No list that has been set up follows its folder until one of the others.
+void WatchStopPanes(workspace::Workspace& workspace);
+// All follow again; what happened meanwhile is known.
+void WatchStartPanes(workspace::Workspace& workspace);
+// All follow again and look what happened meanwhile.
+void WatchResumePanesAll(workspace::Workspace& workspace);
+// The same for the lists of open panes, except two; NoList skips nothing.
+void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolderList,
+                      lister::ListId skipFileList);
+
+// Sees to it that lists that were stopped follow their folders again however a scope is left.
+class WatchBracket {
+ public:
+  // Stops the lists of all panes. At the end `resume` runs: one of the routines above, and
+  // WatchStart of the lists that it skips. What it throws is dropped.
+  WatchBracket(workspace::Workspace& workspace, std::function<void()> resume);
+  // For one list, which the caller stops when the user has made up their mind. At the end
+  // WatchStart.
+  explicit WatchBracket(lister::ListerControl& list);
+  ~WatchBracket();
+  WatchBracket(const WatchBracket&) = delete;
+  WatchBracket& operator=(const WatchBracket&) = delete;
+
+  // What is stopped stays so.
+  void LeaveOpen() { resume_ = {}; }
+
+ private:
+  std::function<void()> resume_;
+};
+
+}  // namespace tarnwell::lists

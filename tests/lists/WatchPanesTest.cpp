@@ -1,0 +1,55 @@
+#include "TestLists.h"
+#include "lists/WatchPanes.h"
+
+namespace tarnwell::lists {
+namespace {
+
+using workspace::Texts;
+
+// Both lists of a pane watch the root of its drive.
+class WatchPanesTest : public testing::Test, public TestLists {
+ protected:
+  WatchPanesTest() {
+    for (const int pane : {0, 1, 2}) {  // the last one is closed
+      const std::string drive = Pane(pane).InitialDrive = "EFG"[pane];
+      Platform.Drives.Volumes.push_back({drive, drive});
+      SetUpPane(pane, drive + ":\\");
+      Nav.LoadFolders(pane);
+    }
+  }
+  bool HasSeen(lister::ListId list) { return Row(list, "new") != lister::NoRow; }
+  Texts Watched() const { return Platform.Watches.Watched(); }
+};
+
+TEST_F(WatchPanesTest, BracketEndsOnEveryWayOutButWhenLeftOpen) {
+  const auto fail = [this] {
+    const WatchBracket bracket(Space, [this] { WatchStartPanes(Space); });
+    EXPECT_EQ(Watched(), Texts{});
+    Platform.Files.AddFile("E:\\new");
+    throw 1;
+  };
+  EXPECT_ANY_THROW(fail());
+  EXPECT_EQ(Watched().size(), 6U);
+  EXPECT_FALSE(HasSeen(100));  // the start tells nothing of what was
+  WatchBracket(Space, [] { ADD_FAILURE(); }).LeaveOpen();
+  EXPECT_EQ(Watched(), Texts{});
+  WatchBracket(Space, [] { throw 1; });
+}
+
+TEST_F(WatchPanesTest, ResumesOpenPanesButTwoListsOrAll) {
+  WatchStopPanes(Space);
+  for (const char* file : {"E:\\new", "F:\\new"}) Platform.Files.AddFile(file);
+  WatchResumePanes(Space, 1, 100);
+  EXPECT_EQ(Watched(), (Texts{"E:\\", "F:\\"}));
+  EXPECT_TRUE(HasSeen(101) && !HasSeen(100));
+  WatchStopPanes(Space);
+  WatchResumePanesAll(Space);
+  EXPECT_EQ(Watched(), (Texts{"E:\\", "E:\\", "F:\\", "F:\\", "G:\\", "G:\\"}));
+  EXPECT_TRUE(HasSeen(100));
+  WatchStopPanes(Space);
+  WatchResumePanes(Space, lister::NoList, lister::NoList);
+  EXPECT_EQ(Watched(), (Texts{"E:\\", "F:\\", "E:\\", "F:\\"}));
+}
+
+}  // namespace
+}  // namespace tarnwell::lists
