@@ -143,7 +143,7 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
 
  private:
   std::shared_ptr<MemoryItem> Item(std::string_view name) const {
-    const auto folder = folder_.lock();
+    auto folder = folder_.lock();
     if (folder == nullptr || name.empty()) return folder;
     const auto found = folder->Children.find(files_.Folded(name));
     return found != folder->Children.end() ? found->second : nullptr;
