@@ -19,7 +19,7 @@
 #include "ui/IconSource.h"
 #include "ui/MainWindow.h"
 #include "ui/MsgBoxWindow.h"
-#include "ui/NewFolderWindow.h"
+#include "ui/OperationDialogs.h"
 #include "ui/QtDialogs.h"
 #include "ui/QtFormHost.h"
 #include "ui/QtMessagePump.h"
@@ -38,6 +38,11 @@ shell::Application* runningApplication = nullptr;
 
 void SaveAtExit() {
   if (runningApplication != nullptr) runningApplication->MainObject().SaveWithoutWindows();
+}
+
+template <typename... Forms>
+void BindDialogs(ui::QtFormHost& host) {
+  (host.Bind<Forms>([](Forms& form) { return ui::WindowOf(form); }), ...);
 }
 
 }  // namespace
@@ -76,11 +81,8 @@ int main(int argc, char** argv) {
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::MsgBoxWindow>(form, icons, [&host, &form] { host.Unload(form); });
   });
-
-  host.Bind<fileops::popNewFolder>(
-      [](fileops::popNewFolder& form) -> std::unique_ptr<ui::FormWindow> {
-        return std::make_unique<ui::NewFolderWindow>(form);
-      });
+  BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
+      host);
 
   const platform::LinuxTermination termination([&application] { application.RequestQuit(); });
   runningApplication = &application;
