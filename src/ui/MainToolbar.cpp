@@ -2,7 +2,9 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLayout>
+#include <algorithm>
 #include <utility>
 
 #include "ui/Convert.h"
@@ -43,13 +45,39 @@ void MainToolbar::Build() {
     if (std::exchange(groupEnded, false) && !buttons_.empty()) addSeparator();
     QAction* action = addAction(ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
-    widgetForAction(action)->setMinimumSize(ButtonSide, ButtonSide);
+    QWidget* const widget = widgetForAction(action);
+    widget->setMinimumSize(ButtonSide, ButtonSide);
+    widget->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
+    widget->installEventFilter(this);
     buttons_[button.Key].Action = action;
     connect(action, &QAction::triggered, this, [this, key = button.Key] {
       Guarded([this, &key] { master_.ButtonClick(key); });
       master_.Form().Touch();
     });
   }
+}
+
+bool MainToolbar::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QToolBar::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Left && key != Qt::Key_Right) return QToolBar::eventFilter(watched, event);
+  MoveKeyboard(watched, key == Qt::Key_Left ? -1 : 1);
+  return true;
+}
+
+void MainToolbar::MoveKeyboard(const QObject* from, int step) {
+  QList<QWidget*> reachable;
+  for (QAction* const action : actions()) {
+    QWidget* const widget = widgetForAction(action);
+    if (!action->isSeparator() && widget->isVisible() && widget->isEnabled()) reachable << widget;
+  }
+  const auto at = std::ranges::find(reachable, from);
+  if (at == reachable.end()) return;
+  const qsizetype next = at - reachable.begin() + step;
+  if (next < 0 || next >= reachable.size()) return;
+  (*at)->setFocusPolicy(Qt::NoFocus);
+  reachable[next]->setFocusPolicy(Qt::TabFocus);
+  reachable[next]->setFocus(Qt::TabFocusReason);
 }
 
 void MainToolbar::Sync() {
