@@ -320,6 +320,21 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   List.CompareAgainst(records, mode);
   EXPECT_EQ(List.StatusText(),
             "Compared: 2 only here, 1 differ (1 larger here), 3 the same; 1 missing here");
+
+  // The kinds go with the rows that have them, and the view learns it.
+  List.WatchStart();
+  EXPECT_EQ(View.Marks, (CompareMarks{.OnlyHere = true, .Larger = true}));
+  Platform.Files.AddFile("C:\\box\\file", "longest");
+  Platform.Watches.Notify("C:\\box", {{"file"}, false, false});
+  EXPECT_EQ(View.Marks, CompareMarks{.OnlyHere = true});
+  List.CompareAgainst(records, mode);
+  Platform.Files.Remove("C:\\box\\file");
+  Platform.Watches.Notify("C:\\box", {{"file"}, false, false});
+  EXPECT_EQ(View.Marks, CompareMarks{.OnlyHere = true});
+  const std::string text = List.StatusText();
+  List.RefreshList();
+  EXPECT_EQ(View.Marks, CompareMarks{});
+  EXPECT_EQ(List.StatusText(), text);
 }
 
 }  // namespace

@@ -357,5 +357,23 @@ TEST_F(ListerWidgetTest, DrivesAndStatus) {
   EXPECT_TRUE(status->toolTip().contains("&lt;b&gt;"));
 }
 
+TEST_F(ListerWidgetTest, ALegendTellsTheMarksAsFarAsThereIsRoom) {
+  List list(*this, 100);
+  list.Show("/d");
+  std::vector<lister::CompareRecord> records{{"one.txt", "1", ""}};
+  std::int32_t mode = 1;
+  list.Control.CompareAgainst(records, mode);
+  const auto* status = list.Widget.findChild<QLabel*>();
+  const auto* legend = status->findChild<QLabel*>();
+  list.Widget.resize(1200, 300);
+  EXPECT_EQ(status->text(), status->accessibleDescription());
+  const int whole = legend->width();
+  list.Widget.resize(whole * 3 / 2, 300);
+  EXPECT_TRUE(legend->isVisible() && legend->width() < whole);
+  EXPECT_GE(legend->x(), status->width() / 2);
+  EXPECT_LT(status->fontMetrics().horizontalAdvance(status->text()), legend->x());
+  EXPECT_EQ(legend->accessibleName(), "Marks: only here, smaller");
+}
+
 }  // namespace
 }  // namespace tarnwell::ui
