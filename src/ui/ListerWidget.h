@@ -24,6 +24,7 @@ namespace tarnwell::ui {
 
 class ListerDrives;
 class ListerHeader;
+class ListerLegend;
 class ListerModel;
 class ListerToolbar;
 class ListerTree;
@@ -129,6 +130,7 @@ class ListerWidget : public QWidget,
   ListerTree* tree_;
   ListerHeader* header_;
   QLabel* status_;
+  ListerLegend* legend_ = nullptr;  // file lists only
 
   QTimer taskTimer_;
   QTimer catchUpTimer_;

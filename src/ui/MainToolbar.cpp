@@ -2,7 +2,9 @@
 
 #include <QAction>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLayout>
+#include <algorithm>
 #include <utility>
 
 #include "ui/Convert.h"
@@ -11,8 +13,8 @@
 namespace tarnwell::ui {
 namespace {
 
-// The pictures are drawn on a grid of 16.
-constexpr QSize IconSize(16, 16);
+// Half as large again as the grid that the pictures are drawn on.
+constexpr QSize IconSize(24, 24);
 constexpr int ButtonSide = MainToolbar::Height - 2;
 
 }  // namespace
@@ -41,11 +43,13 @@ void MainToolbar::Build() {
     groupEnded = groupEnded || button.Style == forms::ButtonStyle::Separator;
     if (!commands::Commands::IsCommand(button.Key)) continue;
     if (std::exchange(groupEnded, false) && !buttons_.empty()) addSeparator();
-    QAction* action =
-        addAction(icons_.Own(form.ImageList1.Key(button.Image)), ToQString(button.Key));
+    QAction* action = addAction(ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
-    widgetForAction(action)->setMinimumSize(ButtonSide, ButtonSide);
-    buttons_[button.Key] = action;
+    QWidget* const widget = widgetForAction(action);
+    widget->setMinimumSize(ButtonSide, ButtonSide);
+    widget->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
+    widget->installEventFilter(this);
+    buttons_[button.Key].Action = action;
     connect(action, &QAction::triggered, this, [this, key = button.Key] {
       Guarded([this, &key] { master_.ButtonClick(key); });
       master_.Form().Touch();
@@ -53,10 +57,40 @@ void MainToolbar::Build() {
   }
 }
 
+bool MainToolbar::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QToolBar::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Left && key != Qt::Key_Right) return QToolBar::eventFilter(watched, event);
+  MoveKeyboard(watched, key == Qt::Key_Left ? -1 : 1);
+  return true;
+}
+
+void MainToolbar::MoveKeyboard(const QObject* from, int step) {
+  QList<QWidget*> reachable;
+  for (QAction* const action : actions()) {
+    QWidget* const widget = widgetForAction(action);
+    if (!action->isSeparator() && widget->isVisible() && widget->isEnabled()) reachable << widget;
+  }
+  const auto at = std::ranges::find(reachable, from);
+  if (at == reachable.end()) return;
+  const qsizetype next = at - reachable.begin() + step;
+  if (next < 0 || next >= reachable.size()) return;
+  (*at)->setFocusPolicy(Qt::NoFocus);
+  reachable[next]->setFocusPolicy(Qt::TabFocus);
+  reachable[next]->setFocus(Qt::TabFocusReason);
+}
+
 void MainToolbar::Sync() {
   if (buttons_.empty()) Build();
-  for (const auto& [key, action] : buttons_) {
-    const forms::ToolbarButton& button = master_.Form().Toolbar1[key];
+  const workspace::MainForm& form = master_.Form();
+  for (auto& [key, shown] : buttons_) {
+    const forms::ToolbarButton& button = form.Toolbar1[key];
+    QAction* const action = shown.Action;
+    const std::string_view image = form.ImageList1.Key(button.Image);
+    if (shown.Image != image) {
+      shown.Image = image;
+      action->setIcon(icons_.Own(image));
+    }
     if (action->isCheckable()) action->setChecked(button.Pressed);
     action->setEnabled(button.Enabled);
     // A pane's button is named by its pane, and its tip is the folder that the pane shows.

@@ -1,4 +1,5 @@
-// The toolbar of the main window: shows the buttons behind which a command stands.
+// The toolbar of the main window: shows the buttons behind which a command stands. One stop for
+// Tab; from there the arrows lead from button to button.
 #pragma once
 
 #include <QToolBar>
@@ -21,13 +22,20 @@ class MainToolbar : public QToolBar {
 
  protected:
   bool event(QEvent* event) override;
+  // Of the buttons.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void Build();
+  void MoveKeyboard(const QObject* from, int step);
 
   shell::Master& master_;
   const IconSource& icons_;
-  std::map<std::string, QAction*> buttons_;  // by the keys of the form's
+  struct Button {
+    QAction* Action = nullptr;
+    std::string Image;  // key of the picture on show
+  };
+  std::map<std::string, Button> buttons_;  // by the keys of the form's
 };
 
 }  // namespace tarnwell::ui

@@ -1,0 +1,59 @@
+"""Keys reach the form, its lists, its menus and its toolbar, each what is meant for it."""
+
+import unittest
+
+from harness import Atspi, EndToEndTest, keys, run, wait_for
+
+
+class KeysTest(EndToEndTest):
+    def test_keys_go_where_they_are_meant_for(self):
+        (self.home / "box/deep").mkdir(parents=True)
+        (self.home / "box/deep/file").write_bytes(b"x" * 4321)
+        (self.home / "box/one.txt").write_text("1")
+        program = self.start()
+        files = program.files()
+        files.enter("box")
+        self.wait_names(program, ["deep", "one.txt"])
+        keys("ctrl+a")
+        wait_for("all to be selected", lambda: "2 selected" in program.status("files"))
+
+        # What is typed in a field stays there.
+        field = program.control("Filter of pane 1")
+        field.click()
+        run("xdotool", "type", "one")
+        self.wait_names(program, ["one.txt"])
+        keys("ctrl+a", "Delete")
+        self.wait_names(program, ["deep", "one.txt"])
+        self.assertIsNone(program.look("Tarnwell", Atspi.Role.DIALOG))
+        keys("Escape")
+        wait_for("the keyboard to be in the file list", lambda: files.has("FOCUSED"))
+
+        # F3 measures what the pointer rests on, whatever has the cursor.
+        folder = files.row("deep").place()
+        run("xdotool", "mousemove", folder.x + 60, folder.y + folder.height // 2)
+        keys("F3")
+        wait_for("the size of the folder", lambda: "4,321" in [
+            Atspi.Table.get_accessible_at(files.node, 0, column).get_name()
+            for column in range(Atspi.Table.get_n_columns(files.node))])
+
+        # The menu by its access keys; the toolbar is one stop, with arrows from there.
+        keys("alt+p", "5")
+        wait_for("pane 5 to open", lambda: program.is_open(5))
+        button = program.button(1)
+        for _ in range(40):
+            if button.has("FOCUSED"):
+                break
+            keys("Tab")
+        keys("Right", "Right", "space")
+        wait_for("pane 3 to open", lambda: program.is_open(3))
+        self.assertTrue(program.button(3).has("CHECKED"))
+        # Whatever had the keyboard, the active list gets the arrows.
+        keys("Down")
+        wait_for("a list to have the keyboard", lambda: any(
+            rows(pane).has("FOCUSED") for rows in (program.files, program.folders)
+            for pane in (1, 2, 3, 5)))
+        self.close_clean(program)
+
+
+if __name__ == "__main__":
+    unittest.main()
