@@ -118,9 +118,17 @@ void FormLayout::HideControls() {
 
 void FormLayout::Arrange() {
   try {
-    const Arrangement arrangement = ArrangePanes2(workspace_.Panes, MeasuresOf(workspace_));
+    Arrangement arrangement = ArrangePanes2(workspace_.Panes, MeasuresOf(workspace_));
     if (!arrangement.IsPlaced) return;
     workspace_.Area = arrangement.Area;
+    // Shares that were mended can give or take the room of a pane that nobody meant to change.
+    for (std::size_t i = 0; i < arrangement.Panes.size(); ++i) {
+      const PaneRecord& was = workspace_.Panes[i];
+      PaneRecord& pane = arrangement.Panes[i];
+      if (was.FolderHasRoom != pane.FolderHasRoom || was.FileHasRoom != pane.FileHasRoom) {
+        pane.NeedsRedraw = true;
+      }
+    }
     workspace_.Panes = arrangement.Panes;
     Apply(arrangement);
   } catch (const std::exception&) {
@@ -179,13 +187,10 @@ void FormLayout::ShowControls() {
 }
 
 void FormLayout::ShowList(lister::ListId list, bool hasRoom) {
-  if (hasRoom) {
-    workspace_.Lists[list].SetLayout(workspace_.Settings.Layout);
-    workspace_.Lists[list].Visible = true;
-  } else {
-    workspace_.Form.shpPlaceHolder[list].Visible = true;
-    workspace_.Form.lblNoRoom[list].Visible = true;
-  }
+  if (hasRoom) workspace_.Lists[list].SetLayout(workspace_.Settings.Layout);
+  workspace_.Lists[list].Visible = hasRoom;
+  workspace_.Form.shpPlaceHolder[list].Visible = !hasRoom;
+  workspace_.Form.lblNoRoom[list].Visible = !hasRoom;
 }
 
 bool FormLayout::RedrawLists(const PaneRecord& pane) {
