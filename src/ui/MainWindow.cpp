@@ -315,7 +315,12 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 }
 
 void MainWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::WindowStateChange) NotePlace();
+  if (event->type() == QEvent::WindowStateChange) {
+    const bool wasMinimised = form_.State == forms::WindowState::Minimised;
+    NotePlace();
+    // What changed meanwhile is not arranged yet, and the size may be the same.
+    if (wasMinimised && form_.State != forms::WindowState::Minimised) InsideResized();
+  }
   QMainWindow::changeEvent(event);
 }
 
