@@ -11,33 +11,16 @@
 
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderBuffer.h"
+#include "platform/linux/FolderChain.h"
+#include "platform/linux/ItemIdentity.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/SystemError.h"
 
 namespace tarnwell::platform {
 namespace {
 
-constexpr std::size_t openAtOnce = 32;  // folders held open, of those on the way down
-constexpr int countPerCall = 64;        // items between two questions whether to go on
+constexpr int countPerCall = 64;  // items between two questions whether to go on
 constexpr unsigned wanted = STATX_TYPE | STATX_NLINK | STATX_SIZE | STATX_INO | STATX_MNT_ID;
-
-struct Identity {
-  std::uint32_t Major = 0;
-  std::uint32_t Minor = 0;
-  std::uint64_t Number = 0;
-  bool operator==(const Identity&) const = default;
-};
-
-struct HashIdentity {
-  std::size_t operator()(const Identity& item) const {
-    const std::uint64_t device = std::uint64_t{item.Major} << 32 | item.Minor;
-    return static_cast<std::size_t>((item.Number ^ device) * 0x9E3779B97F4A7C15U);
-  }
-};
-
-Identity IdentityOf(const struct statx& found) {
-  return {found.stx_dev_major, found.stx_dev_minor, found.stx_ino};
-}
 
 class Walk {
  public:
@@ -49,24 +32,23 @@ class Walk {
     start_ = found;
     const int error = ReadFolder(folder.Get());
     if (error != 0) return SystemError(error);
-    levels_.push_back({std::move(folder), IdentityOf(found), 0});
-    while (!levels_.empty() && !Stopped()) {
-      if (names_.size() > levels_.back().FirstName) {
+    Enter(std::move(folder), found, 0);
+    while (!folders_.IsEmpty() && !Stopped()) {
+      if (names_.size() > firstNames_.back()) {
         EnterLast();
       } else {
-        Leave();
+        folders_.Leave();
+        firstNames_.pop_back();
       }
     }
     return {};
   }
 
  private:
-  // A folder on the way down; its subfolders that are still to come are the names from FirstName.
-  struct Level {
-    Descriptor Folder;  // closed while the walk is far below it
-    Identity Self;
-    std::size_t FirstName;
-  };
+  void Enter(Descriptor folder, const struct statx& found, std::size_t firstName) {
+    folders_.Enter(std::move(folder), IdentityOf(found));
+    firstNames_.push_back(firstName);
+  }
 
   // Counts the items of a folder and puts the names of its subfolders on the list. Gives an error
   // number.
@@ -109,7 +91,7 @@ class Walk {
 
   void EnterLast() {
     const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
-    const int folder = levels_.back().Folder.Get();
+    const int folder = folders_.Get();
     const char* const name = names_.data() + start;
     Descriptor opened;
     struct statx found;
@@ -123,33 +105,14 @@ class Walk {
     if (!opened) return;
     if (const int error = ReadFolder(opened.Get()); error != 0) Note(error);
     if (names_.size() == start) return;
-    levels_.push_back({std::move(opened), IdentityOf(found), start});
-    if (levels_.size() > openAtOnce) levels_[levels_.size() - openAtOnce - 1].Folder = Descriptor();
-  }
-
-  void Leave() {
-    const Level left = std::move(levels_.back());
-    levels_.pop_back();
-    if (levels_.empty() || levels_.back().Folder || !left.Folder) return;
-    // One that was moved meanwhile has another parent, where nothing is to be counted.
-    Descriptor parent(openat(left.Folder.Get(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC));
-    struct statx found;
-    if (parent && statx(parent.Get(), "", AT_EMPTY_PATH, wanted, &found) == 0 &&
-        IdentityOf(found) == levels_.back().Self) {
-      levels_.back().Folder = std::move(parent);
-    }
+    Enter(std::move(opened), found, start);
   }
 
   // Nor is a folder entered that would be mounted by that. A volume may be mounted at several
-  // places, of which the walk has begun in one; systems that do not tell mounts apart still tell
-  // the volumes.
+  // places, of which the walk has begun in one.
   bool IsSameVolume(const struct statx& found) const {
     if ((found.stx_attributes & STATX_ATTR_AUTOMOUNT) != 0) return false;
-    if ((found.stx_mask & start_.stx_mask & STATX_MNT_ID) != 0) {
-      return found.stx_mnt_id == start_.stx_mnt_id;
-    }
-    return found.stx_dev_major == start_.stx_dev_major &&
-           found.stx_dev_minor == start_.stx_dev_minor;
+    return IsSameMount(found, start_);
   }
 
   void Note(int error) {
@@ -168,11 +131,12 @@ class Walk {
   const FileSystem::GoOn& goOn_;
   FolderTotal& total_;
   struct statx start_ {};
-  std::vector<Level> levels_;
-  std::string
-      names_;  // of subfolders still to come, each ended by a NUL, those of each level in turn
+  FolderChain folders_;
+  // Of subfolders still to come, each ended by a NUL, those of each folder of the chain in turn.
+  std::string names_;
+  std::vector<std::size_t> firstNames_;  // where those of each folder begin
   FolderBuffer buffer_;
-  std::unordered_set<Identity, HashIdentity> counted_;  // files with several names
+  std::unordered_set<ItemIdentity, HashItemIdentity> counted_;  // files with several names
   int sinceCall_ = 0;
   bool stopped_ = false;
 };

@@ -1,23 +1,20 @@
 #include "platform/linux/ReplaceFile.h"
 
-#include <sys/random.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdint>
-#include <cstdio>
 #include <string_view>
 
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/SystemError.h"
+#include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
 namespace {
 
 constexpr int linkLimit = 40;  // the kernel's own
-constexpr int nameAttempts = 100;
 
 // Where the file is to stand once every link is followed.
 struct Target {
@@ -55,18 +52,15 @@ class TemporaryFile {
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile() {
-    if (file_ || closed_) unlinkat(folder_, name_.data(), 0);
+    if (file_ || closed_) unlinkat(folder_, name_.Text(), 0);
   }
 
   // These give an error number.
   int Create(mode_t mode) {
-    for (int attempt = 0; attempt < nameAttempts; ++attempt) {
-      std::uint64_t number = 0;
-      if (getrandom(&number, sizeof number, 0) != sizeof number) return errno;
-      std::snprintf(name_.data(), name_.size(), ".tarnwell-%016jx.tmp",
-                    static_cast<std::uintmax_t>(number));
+    for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
+      if (const int error = name_.Renew(); error != 0) return error;
       const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-      file_ = Descriptor(openat(folder_, name_.data(), flags, mode));
+      file_ = Descriptor(openat(folder_, name_.Text(), flags, mode));
       if (file_) return 0;
       if (errno != EEXIST) return errno;
     }
@@ -107,14 +101,14 @@ class TemporaryFile {
   }
 
   int RenameTo(const std::string& name) {
-    if (renameat(folder_, name_.data(), folder_, name.c_str()) != 0) return errno;
+    if (renameat(folder_, name_.Text(), folder_, name.c_str()) != 0) return errno;
     closed_ = false;
     return 0;
   }
 
  private:
   int folder_;
-  std::array<char, 40> name_{};
+  TemporaryName name_;
   Descriptor file_;
   bool closed_ = false;  // whole, and still under its temporary name
 };

@@ -10,8 +10,8 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <set>
+#include <sstream>
 #include <system_error>
 
 namespace tarnwell::platform {
@@ -55,8 +55,9 @@ inline void Put(const std::string& path, const std::string& content, mode_t mode
 }
 
 inline std::string Get(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
 }
 
 // Runs the check in a child process and gives what it gave; -1 if the child did not end by itself

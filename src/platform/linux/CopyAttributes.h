@@ -1,0 +1,18 @@
+// What a copy has from its original besides the content.
+#pragma once
+
+#include <sys/stat.h>
+
+namespace tarnwell::platform {
+
+// Gives the open copy the owner, permissions, extended attributes (access lists among them) and
+// times of the open original, of which `original` tells; `copy` tells of the copy as it is. What
+// the user may not pass on or the file system cannot keep is left out, and rights are cut rather
+// than given to somebody else: set-user-id goes with another owner, and another group gets no more
+// than everybody has. Gives an error number.
+int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy);
+
+// Owner and times of a symbolic link.
+void CopyLinkAttributes(const struct statx& original, int folder, const char* name);
+
+}  // namespace tarnwell::platform

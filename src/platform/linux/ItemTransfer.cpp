@@ -1,0 +1,218 @@
+#include "platform/linux/ItemTransfer.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "platform/linux/DeleteTree.h"
+#include "platform/linux/RenameItem.h"
+#include "platform/linux/SystemError.h"
+#include "platform/linux/TemporaryName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// How much a move copies before it flushes and deletes.
+constexpr std::uint64_t batchBytes = 256 << 20;
+constexpr std::size_t batchItems = 10'000;
+
+// Others that keep making and removing the item in the way must not keep this going.
+constexpr int mostConflicts = 20;
+
+}  // namespace
+
+ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target)
+    : talk_(talk),
+      target_(target),
+      moves_(talk.Function() == FileFunction::Move),
+      flushed_(moves_) {}
+
+void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
+                        const std::string& targetName) {
+  Level base;
+  base.CanRename = moves_;
+  from_ = source->Path;
+  to_ = target_.Path;
+  base.FromLength = from_.size();
+  base.ToLength = to_.size();
+  Descriptor from(fcntl(source->Folder.Get(), F_DUPFD_CLOEXEC, 0));
+  Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));
+  struct statx target;
+  int error = from && to ? 0 : errno;
+  if (error == 0) error = LookAt(from.Get(), "", base.Source);
+  if (error == 0) error = LookAt(to.Get(), "", target);
+  if (error != 0) {
+    talk_.Retries(OperationStep::Find, FromPath(name), error);
+    return;
+  }
+  sources_.Enter(std::move(from), IdentityOf(base.Source));
+  targets_.Enter(std::move(to), IdentityOf(target));
+  levels_.push_back(std::move(base));
+  made_ = {};
+  const std::size_t copiedBefore = copied_.Count();
+
+  struct statx found;
+  while ((error = LookAt(sources_.Get(), name.c_str(), found)) != 0 &&
+         talk_.Retries(OperationStep::Find, FromPath(name), error)) {
+  }
+  if (error == 0) {
+    TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
+    Walk();
+  }
+  levels_.clear();
+  names_.clear();
+  sources_ = {};
+  targets_ = {};
+
+  if (copied_.Count() == copiedBefore) return;
+  batch_.push_back({source, name});
+  const bool isMuch = talk_.BytesDone() - batchStart_ >= batchBytes;
+  if (isMuch || copied_.Count() >= batchItems) FinishBatch();
+}
+
+void ItemTransfer::Finish() {
+  FinishBatch();
+}
+
+void ItemTransfer::Walk() {
+  while (levels_.size() > 1) {
+    if (names_.size() > levels_.back().FirstName && !talk_.IsCancelled()) {
+      const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
+      const std::string name = names_.data() + start;
+      names_.resize(start);
+      TakeItem({name, S_IFDIR, name});
+    } else {
+      LeaveFolder();
+    }
+  }
+}
+
+void ItemTransfer::TakeItem(Item item) {
+  int conflicts = 0;
+  while (talk_.GoesOn()) {
+    const Failure failure = Attempt(item);
+    if (talk_.IsCancelled() || failure.Error == 0) return;
+    if (failure.Error == EEXIST && item.Decided != Way::Replace && conflicts < mostConflicts) {
+      ++conflicts;
+      item.Decided = FindWay(item);
+      if (item.Decided != Way::Leave) continue;
+      PassOver(item);
+      return;
+    }
+    if (!Retries(item, failure)) {
+      PassOver(item);
+      return;
+    }
+  }
+}
+
+bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
+  const std::string path = failure.IsTarget ? ToPath(item.Target) : FromPath(item.Name);
+  if (failure.Reason == nullptr) return talk_.Retries(failure.Step, path, failure.Error);
+  return talk_.Retries(failure.Step, path, {failure.Error, failure.Reason});
+}
+
+// What was left counts as done, so that the progress comes to its end.
+void ItemTransfer::PassOver(const Item& item) {
+  struct statx found;
+  if (LookAt(sources_.Get(), item.Name.c_str(), found) != 0) return;
+  talk_.AddItems(1);
+  if (S_ISREG(found.stx_mode)) talk_.AddBytes(found.stx_size);
+}
+
+void ItemTransfer::ReportIfDue(const Item& item) {
+  if (talk_.IsReportDue()) talk_.Report(FromPath(item.Name), ToPath(item.Target));
+}
+
+ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
+  const bool isFolder = item.Type == S_IFDIR;
+  if (isFolder && levels_.size() == 1) {
+    struct statx found;
+    if (const int error = LookAt(sources_.Get(), item.Name.c_str(), found); error != 0) {
+      return {OperationStep::Find, error};
+    }
+    if (GoesIntoItself(IdentityOf(found))) {
+      return {OperationStep::Find, EINVAL, "A folder cannot go into itself"};
+    }
+  }
+  if (levels_.back().CanRename && item.Decided != Way::Merge) {
+    const Failure failure = Rename(item);
+    if (failure.Error != EXDEV) return failure;
+    levels_.back().CanRename = false;
+  }
+  if (beforeCopying_) std::exchange(beforeCopying_, nullptr)();
+  // Before anything is copied in vain.
+  if (item.Decided == Way::Free && !levels_.back().IsNew) {
+    struct statx there;
+    if (LookAt(targets_.Get(), item.Target.c_str(), there) == 0) {
+      return {OperationStep::Find, EEXIST, nullptr, true};
+    }
+  }
+  ReportIfDue(item);
+  switch (item.Type) {
+    case S_IFDIR:
+      return CopyFolder(item);
+    case S_IFREG:
+      return CopyFile(item);
+    case S_IFLNK:
+      return CopyLink(item);
+    default:
+      return {OperationStep::Read, EOPNOTSUPP, "Devices, sockets and FIFOs cannot be copied"};
+  }
+}
+
+ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
+  const char* const name = item.Name.c_str();
+  const char* const target = item.Target.c_str();
+  const int from = sources_.Get();
+  const int to = targets_.Get();
+  int error = 0;
+  if (item.Decided != Way::Replace) {
+    error = RenameNew(from, name, to, target);
+  } else if (item.Type != S_IFDIR) {
+    error = renameat(from, name, to, target) == 0 ? 0 : errno;
+  } else {
+    TemporaryName temporary;
+    error = temporary.Renew();
+    if (error == 0) error = RenameNew(from, name, to, temporary.Text());
+    if (error == 0) {
+      error = PutInPlaceOf(to, temporary.Text(), target);
+      if (error != 0) RenameNew(to, temporary.Text(), from, name);
+    }
+  }
+  if (error != 0) return {OperationStep::Move, error};
+  talk_.AddItems(1);
+  ReportIfDue(item);
+  return {};
+}
+
+ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& source) {
+  if (moves_) copied_.Add(sources_.Self(), item.Name, source);
+  talk_.AddItems(1);
+  return {};
+}
+
+// Nothing of what was copied so far is deleted at the source any more.
+void ItemTransfer::ForgetCopied() {
+  copied_.Clear();
+  batch_.clear();
+}
+
+void ItemTransfer::FinishBatch() {
+  batchStart_ = talk_.BytesDone();
+  const std::vector<Taken> batch = std::exchange(batch_, {});
+  if (!copied_.IsEmpty() && !talk_.IsCancelled()) {
+    int error = 0;
+    while ((error = flushed_.Flush()) != 0 &&
+           talk_.Retries(OperationStep::Flush, target_.Path, error)) {
+    }
+    TreeDeletion deletion(talk_);
+    for (const Taken& item : batch) {
+      if (error != 0) break;
+      deletion.DeleteCopied(item.Source->Folder.Get(), item.Name,
+                            item.Source->Path + "/" + item.Name, copied_);
+    }
+  }
+  copied_.Clear();
+}
+
+}  // namespace tarnwell::platform

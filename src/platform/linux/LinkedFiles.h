@@ -1,0 +1,32 @@
+// Files with several names, as an operation meets one name after the other.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+#include "platform/linux/ItemIdentity.h"
+
+namespace tarnwell::platform {
+
+// Remembers where the first name was copied to, so that the next becomes another name of the copy.
+class LinkedFiles {
+ public:
+  // `path` leads to the copy from the folder that the operation's targets lie in.
+  void Add(const struct statx& original, const struct statx& copy, std::string path) {
+    copies_[IdentityOf(original)] = {IdentityOf(copy), std::move(path)};
+  }
+  // Gives the copy another name in the open folder `to`; `base` is the folder that paths start
+  // from. ENOENT where there is no copy to be found, EEXIST where the name is taken, unless what
+  // has it, no folder, is to go. Gives an error number.
+  int Link(const struct statx& original, int base, int to, const char* name, bool replaces) const;
+
+ private:
+  struct Copy {
+    ItemIdentity Self;
+    std::string Path;
+  };
+
+  std::unordered_map<ItemIdentity, Copy, HashItemIdentity> copies_;
+};
+
+}  // namespace tarnwell::platform

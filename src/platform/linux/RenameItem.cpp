@@ -1,0 +1,111 @@
+#include "platform/linux/RenameItem.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <string_view>
+
+#include "platform/linux/FolderBuffer.h"
+#include "platform/linux/ItemIdentity.h"
+#include "platform/linux/ReachedPath.h"
+#include "platform/linux/SystemError.h"
+
+namespace tarnwell::platform {
+namespace {
+
+bool IsMissingCall(int error) {
+  return error == EINVAL || error == ENOSYS || error == ENOTSUP;
+}
+
+struct ParentAndName {
+  Descriptor Folder;
+  std::string Name;
+};
+
+// Gives an error number.
+int FindParent(const std::string& path, ParentAndName& found) {
+  const std::size_t slash = path.rfind('/');
+  found.Name = path.substr(slash + 1);  // the whole path where there is no separator
+  if (found.Name.empty() || found.Name.find('\0') != found.Name.npos) return EINVAL;
+  const std::string folder = slash == path.npos ? "." : path.substr(0, slash + 1);
+  found.Folder = OpenPath(folder, O_RDONLY | O_DIRECTORY);
+  if (!found.Folder) found.Folder = OpenPath(folder, O_PATH | O_DIRECTORY);
+  return found.Folder ? 0 : errno;
+}
+
+bool HasExactName(int folder, std::string_view name) {
+  const Descriptor fresh(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  FolderBuffer buffer;
+  while (fresh && buffer.Fill(fresh.Get()) == 0 && !buffer.IsEmpty()) {
+    while (const dirent64* const item = buffer.Next()) {
+      if (name == item->d_name) return true;
+    }
+  }
+  return !fresh;  // unknown: taken, then
+}
+
+// Whether the name that is taken is taken by the item itself. Two names of one file look the same,
+// but are both in the folder.
+bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
+  struct statx item;
+  struct statx taken;
+  if (LookAt(from.Folder.Get(), from.Name.c_str(), item) != 0 ||
+      LookAt(to.Folder.Get(), to.Name.c_str(), taken) != 0 ||
+      IdentityOf(item) != IdentityOf(taken) || LookAt(from.Folder.Get(), "", item) != 0 ||
+      LookAt(to.Folder.Get(), "", taken) != 0 || IdentityOf(item) != IdentityOf(taken)) {
+    return false;
+  }
+  return !HasExactName(to.Folder.Get(), to.Name);
+}
+
+}  // namespace
+
+int RenameNew(int fromFolder, const char* from, int toFolder, const char* to) {
+  if (renameat2(fromFolder, from, toFolder, to, RENAME_NOREPLACE) == 0) return 0;
+  const int error = errno;
+  if (!IsMissingCall(error)) return error;
+  struct statx taken;
+  if (const int missing = LookAt(toFolder, to, taken); missing != ENOENT) {
+    return missing == 0 ? EEXIST : missing;
+  }
+  return renameat(fromFolder, from, toFolder, to) == 0 ? 0 : errno;
+}
+
+int PutInPlaceOf(int folder, const char* temporary, const char* name) {
+  if (renameat2(folder, temporary, folder, name, RENAME_EXCHANGE) == 0) {
+    if (unlinkat(folder, temporary, 0) == 0) return 0;
+    const int error = errno;
+    renameat2(folder, temporary, folder, name, RENAME_EXCHANGE);
+    return error;
+  }
+  if (errno != ENOENT && !IsMissingCall(errno)) return errno;
+  // Without the exchange the old one goes first; the new one is whole by now.
+  if (unlinkat(folder, name, 0) != 0 && errno != ENOENT) return errno;
+  return RenameNew(folder, temporary, folder, name);
+}
+
+base::Status RenameItem(const std::string& from, const std::string& to) {
+  ParentAndName source;
+  ParentAndName target;
+  if (const int error = FindParent(from, source); error != 0) return SystemError(error);
+  if (const int error = FindParent(to, target); error != 0) return SystemError(error);
+  const int sourceFolder = source.Folder.Get();
+  const int targetFolder = target.Folder.Get();
+  int error = RenameNew(sourceFolder, source.Name.c_str(), targetFolder, target.Name.c_str());
+  if (error == EEXIST && source.Name == target.Name) {
+    struct statx one;
+    struct statx other;
+    // To its own name: nothing is to be done.
+    if (LookAt(sourceFolder, "", one) == 0 && LookAt(targetFolder, "", other) == 0 &&
+        IdentityOf(one) == IdentityOf(other)) {
+      return {};
+    }
+  }
+  if (error == EEXIST && IsOtherSpelling(source, target)) {
+    error = renameat(sourceFolder, source.Name.c_str(), targetFolder, target.Name.c_str()) == 0
+                ? 0
+                : errno;
+  }
+  return SystemError(error);
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,93 @@
+#include "platform/linux/ItemTransfer.h"
+#include "platform/linux/TwinName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+ConflictSide SideOf(std::string path, const struct statx& item) {
+  ConflictSide side;
+  side.Path = std::move(path);
+  side.IsLink = S_ISLNK(item.stx_mode);
+  side.Kind = S_ISDIR(item.stx_mode)   ? ItemKind::Folder
+              : S_ISREG(item.stx_mode) ? ItemKind::File
+                                       : ItemKind::Other;
+  if (side.Kind == ItemKind::File) side.Size = item.stx_size;
+  side.Modified = item.stx_mtime.tv_sec * 1'000'000'000 + item.stx_mtime.tv_nsec;
+  return side;
+}
+
+}  // namespace
+
+ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
+  for (;;) {
+    struct statx there;
+    int error = LookAt(targets_.Get(), item.Target.c_str(), there);
+    if (error == ENOENT) return Way::Free;
+    if (error != 0) {
+      if (talk_.Retries(OperationStep::Find, ToPath(item.Target), error)) continue;
+      return Way::Leave;
+    }
+    struct statx source;
+    error = LookAt(sources_.Get(), item.Name.c_str(), source);
+    if (error != 0) {
+      if (talk_.Retries(OperationStep::Find, FromPath(item.Name), error)) continue;
+      return Way::Leave;
+    }
+    const bool isSame = IdentityOf(there) == IdentityOf(source);
+    // It is where it is to go already.
+    if (isSame && moves_ && item.Name == item.Target && sources_.Self() == targets_.Self()) {
+      return Way::Leave;
+    }
+    bool makesTwin = talk_.Has(RenameOnCollision);
+    if (isSame && !makesTwin) {
+      const base::Status reason{EEXIST, "Source and target are the same item"};
+      if (talk_.Retries(OperationStep::Find, FromPath(item.Name), reason)) continue;
+      return Way::Leave;
+    }
+    const Way way = makesTwin ? Way::Free : Ask(item, source, there, makesTwin);
+    const bool giveWay = way == Way::Replace && S_ISDIR(there.stx_mode);
+    if (giveWay) {
+      const base::Status reason{EISDIR, "A folder stands in the way, and gives way to no file"};
+      if (talk_.Retries(OperationStep::Write, ToPath(item.Target), reason)) continue;
+      return Way::Leave;
+    }
+    if (makesTwin) {
+      item.Target = FreeTwin(targets_.Get(), item.Target, S_ISDIR(source.stx_mode));
+    }
+    return way;
+  }
+}
+
+ItemTransfer::Way ItemTransfer::Ask(const Item& item, const struct statx& source,
+                                    const struct statx& target, bool& makesTwin) {
+  const bool merges = S_ISDIR(source.stx_mode) && S_ISDIR(target.stx_mode);
+  if (merges && !talk_.AsksToMerge()) return Way::Merge;
+  OperationConflict conflict;
+  conflict.Source = SideOf(FromPath(item.Name), source);
+  conflict.Target = SideOf(ToPath(item.Target), target);
+  switch (talk_.AskConflict(std::move(conflict))) {
+    case ConflictChoice::Replace:
+      return merges ? Way::Merge : Way::Replace;
+    case ConflictChoice::KeepBoth:
+      makesTwin = true;
+      return Way::Free;
+    case ConflictChoice::Skip:
+    case ConflictChoice::Cancel:
+      break;
+  }
+  talk_.NoteLeft(EEXIST);
+  return Way::Leave;
+}
+
+std::string ItemTransfer::FreeTwin(int folder, const std::string& name, bool isFolder) {
+  const TwinParts parts = SplitTwinName(name, isFolder);
+  unsigned number = parts.Number;
+  struct statx found;
+  std::string twin;
+  do {
+    twin = MakeTwinName(parts, ++number);
+  } while (LookAt(folder, twin.c_str(), found) == 0);
+  return twin;
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,136 @@
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+
+#include "platform/linux/CopyAttributes.h"
+#include "platform/linux/ItemTransfer.h"
+#include "platform/linux/PendingFile.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// Files up to this size may be written under their own names, into a folder that has none yet.
+constexpr std::uint64_t smallSize = 1 << 20;
+
+bool IsUnchanged(const struct statx& before, const struct statx& after) {
+  return before.stx_size == after.stx_size && before.stx_mtime.tv_sec == after.stx_mtime.tv_sec &&
+         before.stx_mtime.tv_nsec == after.stx_mtime.tv_nsec;
+}
+
+// Nobody is to read it meanwhile who may not read the original.
+mode_t FirstMode(const struct statx& source) {
+  const bool isOwn = source.stx_uid == geteuid() && source.stx_gid == getegid();
+  return source.stx_mode & (isOwn ? 0777U : 0700U);
+}
+
+}  // namespace
+
+ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
+  // No waiting, should another item have taken its place.
+  constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  const Descriptor from(openat(sources_.Get(), item.Name.c_str(), flags));
+  struct statx source;
+  const int error = from ? LookAt(from.Get(), "", source) : errno;
+  if (error != 0) return {OperationStep::Read, error};
+  if (!S_ISREG(source.stx_mode)) return {OperationStep::Read, EINVAL, "Not a regular file"};
+
+  // Its other names must find it, and what takes long must not lie hidden.
+  Level& level = levels_.back();
+  const bool isLinked = source.stx_nlink > 1;
+  if ((isLinked || source.stx_size > smallSize) && !level.ReplacesFile && !PutInPlace()) {
+    return {};  // the user has heard of it
+  }
+  if (isLinked) {
+    const int base = target_.Folder.Get();
+    const bool replaces = item.Decided == Way::Replace;
+    const int linked = links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
+    if (linked == 0) return Done(item, source);
+    if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
+  }
+  const std::uint64_t bytesBefore = talk_.BytesDone();
+  const Failure failure = CopyContentOf(item, from.Get(), source);
+  if (failure.Error == 0) return Done(item, source);
+  talk_.SetBytesDone(bytesBefore);
+  return failure;
+}
+
+ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
+                                                  const struct statx& source) {
+  const auto written = [](int error) {
+    return Failure{OperationStep::Write, error, nullptr, true};
+  };
+  const char* const name = item.Target.c_str();
+  const bool isHidden = !levels_.back().Temporary.empty() && source.stx_size <= smallSize;
+  PendingFile pending(targets_.Get());
+  int error =
+      isHidden ? pending.CreateAs(name, FirstMode(source)) : pending.Create(FirstMode(source));
+  struct statx copy;
+  if (error == 0) error = LookAt(pending.Get(), "", copy);
+  if (error != 0) return written(error);
+
+  error = content_.Copy(from, source, pending.Get(), copy, [&](std::uint64_t bytes) {
+    talk_.AddBytes(bytes);
+    ReportIfDue(item);
+    return talk_.GoesOn();
+  });
+  if (error != 0 && content_.IsReadError()) return {OperationStep::Read, error};
+  if (error != 0) return written(error);
+
+  struct statx after;
+  error = LookAt(from, "", after);
+  if (error != 0) return {OperationStep::Read, error};
+  const bool isWhole = source.stx_size == 0 || content_.Length() == source.stx_size;
+  if (!isWhole || !IsUnchanged(source, after)) {
+    return {OperationStep::Read, EBUSY, "The file has changed while it was copied"};
+  }
+  error = CopyAttributes(from, source, pending.Get(), copy);
+  if (error == 0) error = flushed_.Take(pending.Get(), copy);
+  if (error != 0) return written(error);
+  if (moves_) {
+    error = LookAt(pending.Get(), "", copy);
+    if (error != 0) return written(error);
+    if (copy.stx_size != content_.Length()) {
+      return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
+    }
+  }
+  error = pending.Place(name, item.Decided == Way::Replace);
+  if (error != 0) return written(error);
+  if (source.stx_nlink > 1) {
+    links_.Add(source, copy, ToPath(item.Target).substr(target_.Path.size() + 1));
+  }
+  return {};
+}
+
+ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
+  const int from = sources_.Get();
+  const int to = targets_.Get();
+  std::array<char, PATH_MAX> text;
+  const ssize_t length = readlinkat(from, item.Name.c_str(), text.data(), text.size() - 1);
+  if (length < 0) return {OperationStep::Read, errno};
+  text.at(static_cast<std::size_t>(length)) = '\0';
+  struct statx source;
+  if (const int error = LookAt(from, item.Name.c_str(), source); error != 0) {
+    return {OperationStep::Read, error};
+  }
+
+  const bool replaces = item.Decided == Way::Replace;
+  TemporaryName temporary;
+  int error = replaces ? temporary.Renew() : 0;
+  const char* const name = replaces ? temporary.Text() : item.Target.c_str();
+  if (error == 0 && symlinkat(text.data(), to, name) != 0) error = errno;
+  if (error == 0) {
+    CopyLinkAttributes(source, to, name);
+    if (replaces && renameat(to, name, to, item.Target.c_str()) != 0) {
+      error = errno;
+      unlinkat(to, name, 0);
+    }
+  }
+  struct statx folder;
+  if (error == 0) error = LookAt(to, "", folder);
+  if (error == 0) error = flushed_.Take(to, folder);
+  if (error != 0) return {OperationStep::Write, error, nullptr, true};
+  return Done(item, source);
+}
+
+}  // namespace tarnwell::platform

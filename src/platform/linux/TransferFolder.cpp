@@ -1,0 +1,210 @@
+#include <sys/xattr.h>
+
+#include <cstring>
+#include <utility>
+
+#include "platform/linux/CopyAttributes.h"
+#include "platform/linux/DeleteTree.h"
+#include "platform/linux/ItemTransfer.h"
+#include "platform/linux/RenameItem.h"
+#include "platform/linux/TemporaryName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+// Gives an error number.
+int MakeTemporaryFolder(int folder, std::string& name) {
+  TemporaryName temporary;
+  for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
+    if (const int error = temporary.Renew(); error != 0) return error;
+    if (mkdirat(folder, temporary.Text(), 0700) == 0) {
+      name = temporary.Text();
+      return 0;
+    }
+    if (errno != EEXIST) return errno;
+  }
+  return EBUSY;
+}
+
+}  // namespace
+
+// Looks upwards from the target, whatever links the paths go through.
+bool ItemTransfer::GoesIntoItself(const ItemIdentity& source) const {
+  constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+  Descriptor at(openat(target_.Folder.Get(), ".", flags));
+  ItemIdentity last;
+  struct statx found;
+  while (at && LookAt(at.Get(), "", found) == 0 && IdentityOf(found) != last) {
+    last = IdentityOf(found);
+    if (last == source) return true;
+    at = Descriptor(openat(at.Get(), "..", flags));
+  }
+  return false;
+}
+
+ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
+  Descriptor source(openat(sources_.Get(), item.Name.c_str(), folderFlags));
+  Level level;
+  int error = source ? LookAt(source.Get(), "", level.Source) : errno;
+  if (error != 0) return {OperationStep::Read, error};
+  // The look upwards misses a target that is mounted inside of the source a second time.
+  const ItemIdentity self = IdentityOf(level.Source);
+  struct statx base;
+  error = LookAt(target_.Folder.Get(), "", base);
+  if (error != 0) return {OperationStep::Find, error, nullptr, true};
+  if (self == IdentityOf(base) || self == made_) {
+    return {OperationStep::Find, EINVAL, "A folder cannot go into itself"};
+  }
+
+  level.FirstName = names_.size();
+  std::string others;
+  Descriptor target;
+  Failure failure{OperationStep::Read, ReadNames(source.Get(), others)};
+  if (failure.Error == 0) failure = OpenTargetFolder(item, others.size() > 1, level, target);
+  struct statx made;
+  if (failure.Error == 0) {
+    failure = {OperationStep::MakeFolder, LookAt(target.Get(), "", made), nullptr, true};
+  }
+  if (failure.Error != 0) {
+    names_.resize(level.FirstName);
+    return failure;
+  }
+  if (levels_.size() == 1) made_ = IdentityOf(made);
+  from_ += "/" + item.Name;
+  to_ += "/" + item.Target;
+  level.FromLength = from_.size();
+  level.ToLength = to_.size();
+  level.Name = item.Name;
+  level.Target = item.Target;
+  level.CanRename = moves_ && !level.IsNew;
+  sources_.Enter(std::move(source), self);
+  targets_.Enter(std::move(target), IdentityOf(made));
+  levels_.push_back(std::move(level));
+  TakeOthers(others);
+  if (!levels_.back().ReplacesFile) PutInPlace();
+  return {};
+}
+
+// A folder with files gets its own name when they are whole, so that small ones need no temporary
+// names of their own.
+ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool holdsFiles,
+                                                     Level& level, Descriptor& opened) {
+  const int folder = targets_.Get();
+  level.IsNew = item.Decided != Way::Merge;
+  level.ReplacesFile = item.Decided == Way::Replace;
+  int error = 0;
+  if (level.IsNew && (holdsFiles || level.ReplacesFile)) {
+    error = MakeTemporaryFolder(folder, level.Temporary);
+  } else if (level.IsNew && mkdirat(folder, item.Target.c_str(), 0700) != 0) {
+    error = errno;
+  }
+  if (error != 0) return {OperationStep::MakeFolder, error, nullptr, true};
+  const char* const name = level.Temporary.empty() ? item.Target.c_str() : level.Temporary.c_str();
+  opened = Descriptor(openat(folder, name, folderFlags));
+  if (!opened) {
+    error = errno;
+    if (level.IsNew) unlinkat(folder, name, AT_REMOVEDIR);
+    return {OperationStep::MakeFolder, error, nullptr, true};
+  }
+  // What it holds must not inherit what its original does not give.
+  if (level.IsNew) fremovexattr(opened.Get(), "system.posix_acl_default");
+  return {};
+}
+
+// The folders go on the list, the others into the text, each with a letter for its kind in front.
+// Gives an error number.
+int ItemTransfer::ReadNames(int folder, std::string& others) {
+  for (;;) {
+    if (const int error = buffer_.Fill(folder); error != 0) return error;
+    if (buffer_.IsEmpty() || !talk_.GoesOn()) return 0;
+    while (const dirent64* const item = buffer_.Next()) {
+      unsigned char type = item->d_type;
+      struct statx found;
+      if (type == DT_UNKNOWN && LookAt(folder, item->d_name, found) == 0) {
+        type = static_cast<unsigned char>(IFTODT(found.stx_mode));
+      }
+      if (type != DT_DIR) others += static_cast<char>(type);
+      std::string& list = type == DT_DIR ? names_ : others;
+      list.append(item->d_name, std::strlen(item->d_name) + 1);
+    }
+  }
+}
+
+void ItemTransfer::TakeOthers(const std::string& others) {
+  for (std::size_t at = 0;
+       at < others.size() && !levels_.back().IsGivenUp && !talk_.IsCancelled();) {
+    const auto type = static_cast<unsigned char>(others[at]);
+    const std::string name = others.data() + at + 1;
+    at += name.size() + 2;
+    TakeItem({name, DTTOIF(type), name});
+  }
+}
+
+// Gives the folder at hand its own name. What was put there meanwhile stays, and the folder gets
+// another name. False if it was given up.
+bool ItemTransfer::PutInPlace() {
+  Level& level = levels_.back();
+  if (level.Temporary.empty()) return true;
+  if (level.IsGivenUp) return false;
+  const int above = targets_.Above();
+  for (;;) {
+    const int error = RenameNew(above, level.Temporary.c_str(), above, level.Target.c_str());
+    if (error == 0) {
+      level.Temporary.clear();
+      return true;
+    }
+    if (error == EEXIST) {
+      level.Target = FreeTwin(above, level.Target, true);
+      to_ = to_.substr(0, levels_[levels_.size() - 2].ToLength) + "/" + level.Target;
+      level.ToLength = to_.size();
+      continue;
+    }
+    if (talk_.Retries(OperationStep::MakeFolder, to_, error)) continue;
+    ForgetCopied();
+    names_.resize(level.FirstName);
+    level.IsGivenUp = true;
+    return false;
+  }
+}
+
+void ItemTransfer::LeaveFolder() {
+  bool isWhole = !levels_.back().IsNew || FinishNewFolder(levels_.back());
+  const Level left = std::move(levels_.back());
+  levels_.pop_back();
+  sources_.Leave();
+  targets_.Leave();
+  names_.resize(left.FirstName);
+  from_.resize(levels_.back().FromLength);
+  to_.resize(levels_.back().ToLength);
+  if (!left.Temporary.empty() && !FinishReplacing(left)) isWhole = false;
+  if (isWhole && !talk_.IsCancelled()) Done({left.Name, S_IFDIR, left.Target}, left.Source);
+}
+
+// False if the folder was given up.
+bool ItemTransfer::FinishReplacing(const Level& left) {
+  const char* const temporary = left.Temporary.c_str();
+  while (left.ReplacesFile && talk_.GoesOn()) {
+    const int error = PutInPlaceOf(targets_.Get(), temporary, left.Target.c_str());
+    if (error == 0) return true;
+    if (!talk_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
+  }
+  ForgetCopied();
+  DeleteQuietly(targets_.Get(), left.Temporary);
+  return false;
+}
+
+bool ItemTransfer::FinishNewFolder(const Level& level) {
+  for (;;) {
+    struct statx copy;
+    int error = targets_.Get() < 0 || sources_.Get() < 0 ? ESTALE : 0;
+    if (error == 0) error = LookAt(targets_.Get(), "", copy);
+    if (error == 0) error = CopyAttributes(sources_.Get(), level.Source, targets_.Get(), copy);
+    if (error == 0) error = flushed_.Take(targets_.Get(), copy);
+    if (error == 0) return true;
+    if (!talk_.Retries(OperationStep::MakeFolder, to_, error)) return false;
+  }
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,54 @@
+#include "platform/linux/TwinName.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace tarnwell::platform {
+namespace {
+
+constexpr std::string_view archive = ".tar";
+constexpr std::size_t mostDigits = 6;  // more of them are part of the name
+
+std::size_t ExtensionStart(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  if (dot == name.npos || dot == 0) return name.size();
+  const std::string_view stem = name.substr(0, dot);
+  const bool isDouble = stem.size() > archive.size() && stem.ends_with(archive);
+  return isDouble ? dot - archive.size() : dot;
+}
+
+bool IsInsideCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+}  // namespace
+
+TwinParts SplitTwinName(std::string_view name, bool isFolder) {
+  const std::size_t cut = isFolder ? name.size() : ExtensionStart(name);
+  TwinParts parts{name.substr(0, cut), 1, name.substr(cut)};
+  if (!parts.Stem.ends_with(')')) return parts;
+  const std::size_t open = parts.Stem.rfind(" (");
+  if (open == name.npos || open == 0) return parts;
+  const std::string_view digits = parts.Stem.substr(open + 2, parts.Stem.size() - open - 3);
+  if (digits.empty() || digits.size() > mostDigits || digits.front() == '0') return parts;
+  unsigned number = 0;
+  const char* const end = digits.data() + digits.size();
+  if (std::from_chars(digits.data(), end, number).ptr != end || number < 2) return parts;
+  parts.Stem = parts.Stem.substr(0, open);
+  parts.Number = number;
+  return parts;
+}
+
+std::string MakeTwinName(const TwinParts& parts, unsigned number, std::size_t longest) {
+  const std::string tail = " (" + std::to_string(number) + ")" + std::string(parts.Extension);
+  std::string_view stem = parts.Stem;
+  if (stem.size() + tail.size() > longest) {
+    std::size_t length = longest > tail.size() ? longest - tail.size() : 1;
+    length = std::min(length, stem.size());
+    while (length > 1 && length < stem.size() && IsInsideCharacter(stem[length])) --length;
+    stem = stem.substr(0, length);
+  }
+  return std::string(stem) + tail;
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,25 @@
+// Names for an item beside its like.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tarnwell::platform {
+
+// A name, cut where the number of a twin goes: "report (2).txt" is "report", 2 and ".txt".
+struct TwinParts {
+  std::string_view Stem;
+  unsigned Number = 1;  // 1 for a name without one
+  std::string_view Extension;
+};
+
+// A folder's name has no extension, and neither has a name with its only dot in front. An archive's
+// double extension (".tar.gz") counts as one.
+TwinParts SplitTwinName(std::string_view name, bool isFolder);
+
+// "report (3).txt". The stem is cut, between two characters, where the name would be longer than
+// `longest` bytes.
+std::string MakeTwinName(const TwinParts& parts, unsigned number, std::size_t longest = 255);
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,84 @@
+// What the thread of a running file operation and the user interface have to say to each other.
+//
+// Keeps the newest progress, holds the operation up for a pause or a question, and carries the
+// answer back. Shows nothing; whoever waits here is let go by Cancel, so that an operation always
+// comes to its end, whether or not there is still a window to ask in.
+#pragma once
+
+#include <QImage>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "platform/OperationUser.h"
+
+namespace tarnwell::ui {
+
+struct ConflictQuestion {
+  platform::OperationConflict Conflict;
+  QImage SourcePicture;  // null for what is no picture
+  QImage TargetPicture;
+};
+struct NoTrashQuestion {
+  std::string Path;
+};
+struct MissingFolderQuestion {
+  std::string Path;
+};
+using OperationQuestion = std::variant<ConflictQuestion, platform::OperationTrouble,
+                                       NoTrashQuestion, MissingFolderQuestion>;
+using OperationAnswer = std::variant<platform::ConflictAnswer, platform::TroubleChoice,
+                                     platform::NoTrashAnswer, platform::MissingFolderChoice>;
+
+// The texts of `Numbers` are in `From` and `To` instead.
+struct ProgressNote {
+  platform::OperationProgress Numbers;
+  std::string From;
+  std::string To;
+};
+
+class OperationMailbox : public platform::OperationUser {
+ public:
+  // `wake` runs on the operation's thread when a question waits to be taken.
+  explicit OperationMailbox(std::function<void()> wake) : wake_(std::move(wake)) {}
+
+  // --- For the user interface. None of these waits.
+
+  void Pause(bool on);
+  // For good: a question that waits, and all to come, are answered so.
+  void Cancel();
+  bool IsCancelled() const;
+  ProgressNote Progress() const;
+  // The question that waits, once; nothing if it has been taken or there is none.
+  std::optional<OperationQuestion> TakeQuestion();
+  // To the question taken last; its alternative must be that of the question.
+  void Answer(const OperationAnswer& answer);
+
+  // --- For the operation, on its thread.
+
+  void OnProgress(const platform::OperationProgress& progress) override;
+  bool GoesOn() override;
+  bool AsksToMerge() const override { return true; }
+  platform::ConflictAnswer OnConflict(const platform::OperationConflict& conflict) override;
+  platform::TroubleChoice OnTrouble(const platform::OperationTrouble& trouble) override;
+  platform::NoTrashAnswer OnNoTrash(const std::string& path) override;
+  platform::MissingFolderChoice OnMissingFolder(const std::string& path) override;
+
+ private:
+  template <typename Reply>
+  Reply Ask(OperationQuestion question, const Reply& cancelled);
+
+  const std::function<void()> wake_;
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  bool paused_ = false;
+  bool cancelled_ = false;
+  ProgressNote progress_;
+  std::optional<OperationQuestion> question_;
+  std::optional<OperationAnswer> answer_;
+};
+
+}  // namespace tarnwell::ui

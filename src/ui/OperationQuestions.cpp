@@ -1,0 +1,99 @@
+#include "ui/OperationQuestions.h"
+
+#include <utility>
+
+#include "lister/CellText.h"
+#include "ui/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+using platform::MissingFolderChoice;
+using platform::NoTrashAnswer;
+using platform::NoTrashChoice;
+using platform::OperationStep;
+using platform::TroubleChoice;
+using Role = QuestionWindow::Role;
+
+struct StepWords {
+  OperationStep Step;
+  const char* Words;
+};
+
+constexpr StepWords Steps[] = {
+    {OperationStep::Find, "This item cannot be reached."},
+    {OperationStep::Read, "This item cannot be read."},
+    {OperationStep::Write, "This item cannot be written."},
+    {OperationStep::MakeFolder, "This folder cannot be made."},
+    {OperationStep::Move, "This item cannot be moved or renamed."},
+    {OperationStep::Flush, "It is not sure that this copy is on the disk."},
+    {OperationStep::Delete, "This item cannot be deleted."},
+    {OperationStep::Trash, "This item cannot be moved to the trash."},
+};
+
+QString WordsOf(OperationStep step) {
+  for (const StepWords& each : Steps) {
+    if (each.Step == step) return QString::fromLatin1(each.Words);
+  }
+  return QStringLiteral("Something went wrong with this item.");
+}
+
+void AddItem(QuestionWindow& window, const std::string& path, const OperationTools& tools) {
+  window.AddPath(QStringLiteral("Item:"), lister::NameText(tools.Syntax, path));
+  window.AddPath(QStringLiteral("Folder:"), tools.Syntax.ParentOf(path));
+}
+
+}  // namespace
+
+std::unique_ptr<QuestionWindow> WindowOf(const platform::OperationTrouble& trouble,
+                                         const OperationTools& tools, TakeAnswer take) {
+  auto window = std::make_unique<QuestionWindow>(QStringLiteral("File Operation Problem"),
+                                                 WordsOf(trouble.Step), tools.Icons.Own("warning"));
+  AddItem(*window, trouble.Path, tools);
+  window->AddFact(QStringLiteral("Reason:"), ToShownQString(trouble.Reason.Reason));
+  const auto add = [&](const char* caption, Role role, TroubleChoice choice) {
+    window->AddButton(QString::fromLatin1(caption), role, [take, choice] { take(choice); });
+  };
+  // Trying again changes nothing by itself; what is skipped would be missed unnoticed.
+  add("&Retry", Role::Default, TroubleChoice::Retry);
+  add("&Skip", Role::Plain, TroubleChoice::Skip);
+  add("Skip &All", Role::Plain, TroubleChoice::SkipAll);
+  add("Ca&ncel", Role::Cancel, TroubleChoice::Cancel);
+  return window;
+}
+
+std::unique_ptr<QuestionWindow> WindowOf(const NoTrashQuestion& question,
+                                         const OperationTools& tools, TakeAnswer take) {
+  auto window = std::make_unique<QuestionWindow>(
+      QStringLiteral("No Trash"), QStringLiteral("The drive of this item has no trash."),
+      tools.Icons.Own("warning"));
+  AddItem(*window, question.Path, tools);
+  window->AddText(QStringLiteral("What is deleted for good cannot be brought back."));
+  const QCheckBox& check =
+      window->AddCheck(QStringLiteral("Do the same with a&ll other items that have no trash"));
+  const auto add = [&](const char* caption, Role role, NoTrashChoice choice) {
+    window->AddButton(QString::fromLatin1(caption), role, [take, choice, &check] {
+      take(NoTrashAnswer{choice, check.isChecked()});
+    });
+  };
+  add("&Delete for Good", Role::Plain, NoTrashChoice::DeleteForGood);
+  add("&Skip", Role::Default, NoTrashChoice::Skip);
+  add("Ca&ncel", Role::Cancel, NoTrashChoice::Cancel);
+  return window;
+}
+
+std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
+                                         const OperationTools& tools, TakeAnswer take) {
+  auto window = std::make_unique<QuestionWindow>(
+      QStringLiteral("Missing Folder"), QStringLiteral("This folder does not exist. Make it?"),
+      tools.Icons.Own("question"));
+  AddItem(*window, question.Path, tools);
+  const auto add = [&](const char* caption, Role role, MissingFolderChoice choice) {
+    window->AddButton(QString::fromLatin1(caption), role, [take, choice] { take(choice); });
+  };
+  add("&Make Folder", Role::Default, MissingFolderChoice::Make);
+  add("Ca&ncel", Role::Cancel, MissingFolderChoice::Cancel);
+  return window;
+}
+
+}  // namespace tarnwell::ui

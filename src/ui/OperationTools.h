@@ -1,0 +1,16 @@
+// What the windows of file operations look things up in.
+#pragma once
+
+#include "base/PathSyntax.h"
+#include "platform/Clock.h"
+#include "ui/IconSource.h"
+
+namespace tarnwell::ui {
+
+struct OperationTools {
+  const base::PathSyntax& Syntax;
+  const platform::Clock& Clock;
+  const IconSource& Icons;
+};
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,32 @@
+// Runs file operations on a thread of their own, while the windows stay alive: shows the progress
+// and asks the questions.
+#pragma once
+
+#include "platform/FileOperation.h"
+#include "ui/OperationSession.h"
+
+namespace tarnwell::ui {
+
+class QtFileOperation : public platform::FileOperation {
+ public:
+  QtFileOperation(OperationEngine engine, const OperationTools& tools)
+      : engine_(std::move(engine)), tools_(tools) {}
+
+  // No other window takes input until it returns; closing one of them cancels the operation, and
+  // closes the window after it. A call during another one does nothing, and comes back as aborted.
+  // When the program is asked to end, the operation is cancelled and its end awaited.
+  platform::OperationResult Run(const platform::OperationRequest& request) override;
+
+  // For an end that leaves no time for windows: when it returns nothing runs any more, and no half
+  // file is left. Does nothing while nothing runs.
+  void CancelAndWait() {
+    if (session_ != nullptr) session_->CancelAndWait();
+  }
+
+ private:
+  const OperationEngine engine_;
+  const OperationTools tools_;
+  OperationSession* session_ = nullptr;  // the one that runs
+};
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,114 @@
+#include "ui/QuestionWindow.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <utility>
+
+#include "ui/Convert.h"
+#include "ui/ElidedLabel.h"
+
+namespace tarnwell::ui {
+namespace {
+
+constexpr int BodyWidth = 440;  // logical pixels
+constexpr int Margin = 14;
+constexpr int Spacing = 10;
+constexpr int RowSpacing = 6;
+constexpr int PictureSize = 32;
+constexpr int ButtonWidth = 88;
+
+}  // namespace
+
+QuestionWindow::QuestionWindow(const QString& title, const QString& heading, const QIcon& picture)
+    : body_(new QVBoxLayout), buttons_(new QHBoxLayout) {
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                 Qt::WindowCloseButtonHint);
+  setWindowTitle(title);
+  auto* const sign = new QLabel(this);
+  sign->setPixmap(picture.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
+  auto* const head = new QLabel(heading, this);
+  head->setTextFormat(Qt::PlainText);
+  head->setWordWrap(true);
+  head->setFixedWidth(BodyWidth);
+  QFont bold = head->font();
+  bold.setBold(true);
+  head->setFont(bold);
+  setAccessibleDescription(heading);
+
+  body_->setSpacing(Spacing);
+  body_->addWidget(head);
+  auto* const upper = new QHBoxLayout;
+  upper->setSpacing(Margin);
+  upper->addWidget(sign, 0, Qt::AlignTop);
+  upper->addLayout(body_);
+  buttons_->addStretch();
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(Margin, Margin, Margin, Margin);
+  column->setSpacing(Margin);
+  column->addLayout(upper);
+  column->addLayout(buttons_);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void QuestionWindow::AddText(const QString& text) {
+  auto* const label = new QLabel(text, this);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setFixedWidth(BodyWidth);
+  AddPart(*label);
+}
+
+void QuestionWindow::AddPart(QWidget& part) {
+  facts_ = nullptr;
+  body_->addWidget(&part);
+}
+
+void QuestionWindow::AddRow(const QString& caption, QWidget& content) {
+  if (facts_ == nullptr) {
+    facts_ = new QGridLayout;
+    facts_->setHorizontalSpacing(Spacing);
+    facts_->setVerticalSpacing(RowSpacing);
+    facts_->setColumnStretch(1, 1);
+    body_->addLayout(facts_);
+  }
+  const int row = facts_->rowCount();
+  facts_->addWidget(new QLabel(caption, this), row, 0, Qt::AlignTop);
+  facts_->addWidget(&content, row, 1);
+}
+
+void QuestionWindow::AddPath(const QString& caption, const std::string& path) {
+  auto* const label = new ElidedLabel(this);
+  label->ShowText(ToShownQString(path));
+  AddRow(caption, *label);
+}
+
+void QuestionWindow::AddFact(const QString& caption, const QString& text) {
+  auto* const label = new QLabel(text, this);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  AddRow(caption, *label);
+}
+
+QCheckBox& QuestionWindow::AddCheck(const QString& text) {
+  auto* const check = new QCheckBox(text, this);
+  AddPart(*check);
+  return *check;
+}
+
+void QuestionWindow::AddButton(const QString& caption, Role role, Choice choose) {
+  auto* const button = new QPushButton(caption, this);
+  button->setMinimumWidth(ButtonWidth);
+  buttons_->addWidget(button);
+  if (role == Role::Cancel) cancel_ = choose;
+  connect(button, &QPushButton::clicked, this,
+          [this, choose = std::move(choose)] { Choose(choose); });
+  if (role != Role::Default) return;
+  button->setDefault(true);
+  button->setFocus();
+}
+
+void QuestionWindow::Choose(const Choice& choice) {
+  if (!std::exchange(answered_, true)) choice();
+}
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,85 @@
+// Real items for file operations, and a user who answers as told.
+#pragma once
+
+#include <fcntl.h>
+#include <sys/xattr.h>
+
+#include <functional>
+#include <map>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "TempFolder.h"
+#include "platform/linux/RunOperation.h"
+
+namespace tarnwell::platform {
+
+struct ScriptedUser : OperationUser {
+  int CancelAt = -1;  // which question whether to go on is the last
+  int Asked = 0;
+  ConflictAnswer Conflict;
+  TroubleChoice Trouble = TroubleChoice::Skip;
+  NoTrashAnswer NoTrash;
+  std::function<void()> Meanwhile;
+  std::string Heard;  // what was asked about, each followed by a blank
+  OperationProgress Last;
+
+  static std::string NameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+  bool GoesOn() override {
+    if (Meanwhile) Meanwhile();
+    return Asked++ != CancelAt;
+  }
+  void OnProgress(const OperationProgress& progress) override { Last = progress; }
+  ConflictAnswer OnConflict(const OperationConflict& conflict) override {
+    Heard += "conflict:" + NameOf(conflict.Target.Path) + " ";
+    return Conflict;
+  }
+  TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
+    Heard += NameOf(trouble.Path) + ":" + std::to_string(trouble.Reason.Code) + " ";
+    return Trouble;
+  }
+  NoTrashAnswer OnNoTrash(const std::string&) override { return NoTrash; }
+};
+
+inline OperationResult Do(OperationUser& user, FileFunction function,
+                          const std::vector<std::string>& items, const std::string& to,
+                          int flags = 0) {
+  OperationRequest request{function, {}, to + '\0', static_cast<std::uint16_t>(flags)};
+  for (const std::string& item : items) request.Items += item + '\0';
+  return RunOperation(request, user);
+}
+
+// Every item below the folder by its path there, with all that a copy is to keep.
+inline std::map<std::string, std::string> Describe(const std::string& folder) {
+  std::map<std::string, std::string> items;
+  std::map<ino_t, std::string> first;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    const std::string path = entry.path();
+    struct stat found {};
+    lstat(path.c_str(), &found);
+    std::ostringstream text;
+    text << std::oct << found.st_mode << ' ' << std::dec << found.st_uid << ' '
+         << found.st_mtim.tv_sec << '.' << found.st_mtim.tv_nsec;
+    for (const char* name : {"user.tarnwell.color", "system.posix_acl_access"}) {
+      char value[100];
+      const ssize_t length = lgetxattr(path.c_str(), name, value, sizeof value);
+      if (length > 0) text << ' ' << std::string(value, static_cast<std::size_t>(length));
+    }
+    if (S_ISLNK(found.st_mode)) text << std::filesystem::read_symlink(entry.path());
+    const std::string relative = path.substr(folder.size());
+    if (S_ISREG(found.st_mode)) {
+      text << ' ' << found.st_size << ' ' << std::hash<std::string>()(Get(path));
+      if (found.st_nlink > 1) {
+        // Which name comes first is up to the folder; which belong together is not.
+        std::string& names = first[found.st_ino];
+        if (!names.empty()) items[std::min(names, relative) + "=" + std::max(names, relative)];
+        names = relative;
+      }
+    }
+    items[relative] = text.str();
+  }
+  return items;
+}
+
+}  // namespace tarnwell::platform

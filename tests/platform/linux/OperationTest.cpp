@@ -1,0 +1,451 @@
+#include <gtest/gtest.h>
+#include <linux/posix_acl.h>
+#include <linux/posix_acl_xattr.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <random>
+
+#include "OperationFixture.h"
+#include "platform/linux/Descriptor.h"
+#include "platform/linux/RenameItem.h"
+#include "platform/linux/TwinName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string otherVolume = "/dev/shm/";
+
+// Small and large files, links and names of all kinds.
+void MakeTree(const std::string& at) {
+  fs::create_directories(at + "/sub/empty");
+  fs::create_directories(at + "/shut");
+  fs::create_directory(at + "/mixed");
+  Put(at + "/mixed/in", "in");
+  const std::string odd[] = {
+      "-rf",    "new\nline",          "per%cent \"quoted\"", "no \xff\xfe UTF-8",
+      "~ $(x)", std::string(255, 'n')};
+  for (const std::string& name : odd) Put(at + "/sub/" + name, name, 0640);
+  Put(at + "/tool", "#!/bin/true", 04751);
+  Put(at + "/empty", "");
+  Put(at + "/shut/large", std::string(3'000'000, 'L'), 0400);
+  Put(at + "/sub/twice", "one file, two names");
+  fs::create_hard_link(at + "/sub/twice", at + "/again");
+  symlink("nowhere/at all", (at + "/dangling").c_str());
+  symlink("sub", (at + "/to folder").c_str());
+  setxattr((at + "/tool").c_str(), "user.tarnwell.color", "red", 3, 0);
+  setxattr((at + "/sub").c_str(), "user.tarnwell.color", "blue", 4, 0);
+  const int sparse = open((at + "/sparse").c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600);
+  EXPECT_EQ(pwrite(sparse, "middle", 6, 4 << 20), 6);
+  EXPECT_EQ(ftruncate(sparse, 8 << 20), 0);
+  close(sparse);
+  const timespec times[] = {{1'000'000'000, 1}, {1'100'000'000, 123'456'789}};
+  for (const char* name : {"/tool", "/dangling", "/sub/empty", "/shut", "/sub"}) {
+    utimensat(AT_FDCWD, (at + name).c_str(), times, AT_SYMLINK_NOFOLLOW);
+  }
+  chmod((at + "/shut").c_str(), 0555);
+}
+
+// Names of the folders and files, those of temporary ones among them.
+std::string NamesBelow(const std::string& folder) {
+  std::string names;
+  for (const auto& [path, text] : Describe(folder)) names += path.substr(1) + " ";
+  return names;
+}
+
+TEST(Operation, CopiesAndMovesKeepEverything) {
+  const TempFolder here;
+  MakeTree(here / "tree");
+  fs::create_hard_link(here / "tree/tool", here / "tree/shut/tool");
+  struct {
+    posix_acl_xattr_header Head{POSIX_ACL_XATTR_VERSION};
+    posix_acl_xattr_entry Entries[5]{{ACL_USER_OBJ, 6, ~0U},
+                                     {ACL_USER, 4, 1234},
+                                     {ACL_GROUP_OBJ, 4, ~0U},
+                                     {ACL_MASK, 4, ~0U},
+                                     {ACL_OTHER, 0, ~0U}};
+  } list;
+  setxattr((here / "tree/empty").c_str(), "system.posix_acl_access", &list, sizeof list, 0);
+  const auto original = Describe(here / "tree");
+  for (const std::string& where : {testing::TempDir(), otherVolume}) {
+    const TempFolder there(where);
+    // What the target would hand down must not get into the copy.
+    setxattr(there.Path().c_str(), "system.posix_acl_default", &list, sizeof list, 0);
+    ScriptedUser user;
+    EXPECT_EQ(Do(user, FileFunction::Copy, {here / "tree"}, there.Path() + "/").Code, 0);
+    EXPECT_EQ(Describe(there / "tree"), original);
+    EXPECT_TRUE(user.Last.ItemsDone == user.Last.ItemsTotal && user.Last.BytesTotal > 11'000'000);
+    struct stat sparse {};
+    stat((there / "tree/sparse").c_str(), &sparse);
+    EXPECT_LT(sparse.st_blocks * 512, 1 << 20);
+    EXPECT_EQ(Do(user, FileFunction::Move, {there / "tree"}, here / "moved").Code, 0);
+    EXPECT_EQ(Describe(here / "moved"), original);
+    EXPECT_EQ(there.Names(), "");
+    EXPECT_EQ(Do(user, FileFunction::Delete, {here / "moved"}, "").Code, 0);
+    EXPECT_EQ(user.Heard + here.Names(), "tree ");
+  }
+}
+
+TEST(Operation, AsksAboutConflictsAndMerges) {
+  using enum ConflictChoice;
+  for (const FileFunction function : {FileFunction::Copy, FileFunction::Move}) {
+    for (const std::string& where : {testing::TempDir(), otherVolume}) {
+      for (const ConflictChoice choice : {Replace, Skip, KeepBoth, Cancel}) {
+        const TempFolder from;
+        const TempFolder to(where);
+        for (const TempFolder* folder : {&from, &to}) {
+          fs::create_directories(*folder / "d");
+          Put(*folder / "d/f.txt", folder == &from ? "new" : "old");
+        }
+        Put(from / "d/g", "g");
+        Put(to / "d/h", "h");
+        fs::create_directory(from / "mixed");
+        Put(from / "mixed/in", "in");
+        Put(to / "mixed", "old");
+        Put(from / "other", "file");
+        fs::create_directory(to / "other");
+        Put(to / "other/kept", "kept");
+        ScriptedUser user;
+        user.Conflict = {choice, true};
+        const OperationResult result =
+            Do(user, function, {from / "d", from / "mixed", from / "other"}, to.Path());
+        const bool moved = function == FileFunction::Move;
+        EXPECT_EQ(Get(to / "other/kept"), "kept");
+        switch (choice) {
+          case Replace:
+            EXPECT_EQ(result.Code, EISDIR);
+            EXPECT_EQ(NamesBelow(to.Path()), "d d/f.txt d/g d/h mixed mixed/in other other/kept ");
+            EXPECT_EQ(Get(to / "d/f.txt") + Get(to / "mixed/in"), "newin");
+            EXPECT_EQ(from.Names(), moved ? "other " : "d mixed other ");
+            break;
+          case Skip:
+            EXPECT_EQ(result.Code, EEXIST);
+            EXPECT_EQ(NamesBelow(to.Path()), "d d/f.txt d/g d/h mixed other other/kept ");
+            EXPECT_EQ(Get(to / "d/f.txt") + Get(from / "d/f.txt"), "oldnew");
+            EXPECT_EQ(fs::exists(from / "d/g"), !moved);
+            EXPECT_EQ(Get(from / "mixed/in"), "in");
+            break;
+          case KeepBoth:
+            EXPECT_EQ(result.Code, 0);
+            EXPECT_EQ(NamesBelow(to.Path()),
+                      "d d/f (2).txt d/f.txt d/g d/h mixed mixed (2) mixed (2)/in other other (2) "
+                      "other/kept ");
+            EXPECT_EQ(Get(to / "d/f.txt") + Get(to / "d/f (2).txt"), "oldnew");
+            EXPECT_EQ(from.Names(), moved ? "" : "d mixed other ");
+            break;
+          case Cancel:
+            EXPECT_TRUE(result.Aborted && result.Code != 0);
+            EXPECT_EQ(Get(to / "d/f.txt") + Get(from / "d/f.txt"), "oldnew");
+            EXPECT_EQ(from.Names(), "d mixed other ");
+        }
+      }
+    }
+  }
+}
+
+// Every file under its own name is whole, the one that is replaced too.
+void ExpectWhole(const std::string& from, const std::string& to) {
+  for (const auto& entry : fs::recursive_directory_iterator(to)) {
+    const std::string relative = entry.path().string().substr(to.size());
+    EXPECT_EQ(relative.find("/.tarnwell-"), relative.npos) << relative;
+    if (entry.is_regular_file() && Get(to + relative) != "old") {
+      EXPECT_TRUE(Get(to + relative) == Get(from + relative)) << relative;
+    }
+  }
+}
+
+TEST(Operation, LeavesNothingHalfWhereverItIsCancelled) {
+  const TempFolder here;
+  const std::string from = here / "from";
+  MakeTree(from);
+  const auto original = Describe(from);
+  for (const FileFunction function : {FileFunction::Copy, FileFunction::Move}) {
+    bool cancelled = true;
+    for (int at = 0; cancelled; ++at) {
+      const TempFolder there(otherVolume);
+      fs::create_directories(there / "from/shut");
+      Put(there / "from/shut/large", "old");
+      Put(there / "from/mixed", "old");
+      ScriptedUser user;
+      user.CancelAt = at;
+      const OperationResult result =
+          Do(user, function, {from}, there.Path(), NoConfirmation | Silent);
+      cancelled = result.Aborted;
+      EXPECT_EQ(result.Code, cancelled ? ECANCELED : 0);
+      if (function == FileFunction::Copy) {
+        ExpectWhole(from, there / "from");
+        EXPECT_EQ(Describe(from), original);
+      } else {
+        // What is gone at the source has arrived.
+        const auto isThere = [](const std::string& path) {
+          return fs::exists(fs::symlink_status(path));
+        };
+        for (const auto& [path, text] : original) {
+          if (path.find('=') != path.npos) continue;
+          EXPECT_TRUE(isThere(from + path) || isThere(there / ("from" + path))) << path;
+        }
+        EXPECT_EQ(NamesBelow(there / "from").find(".tarnwell"), std::string::npos);
+        if (!fs::exists(from) || Describe(from) != original) {
+          fs::remove_all(from);
+          MakeTree(from);
+        }
+      }
+      ASSERT_LT(at, 500);
+    }
+  }
+}
+
+TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
+  std::mt19937 chance(7);
+  for (int round = 0; round < 40; ++round) {
+    const TempFolder here;
+    const TempFolder there(otherVolume);
+    std::vector<std::string> files;
+    for (int number = 0; number < 60; ++number) {
+      const std::string folder = "/tree/" + std::to_string(number % 5);
+      fs::create_directories(here.Path() + folder);
+      files.push_back(folder + "/file" + std::to_string(number));
+      Put(here.Path() + files.back(), std::string(number % 9 == 0 ? 1'500'000U : 5'000U + number,
+                                                  static_cast<char>('A' + number)));
+    }
+    const auto original = Describe(here.Path());
+    const pid_t child = fork();
+    if (child == 0) {
+      ScriptedUser user;
+      Do(user, FileFunction::Move, {here / "tree"}, there.Path());
+      _exit(0);
+    }
+    usleep(static_cast<useconds_t>(chance() % 30'000));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const auto whole = [&](const std::string& root, const std::string& file) {
+      const std::string content = Get(root + file);
+      const auto number = static_cast<unsigned>(std::stoi(file.substr(file.find("file") + 4)));
+      return content == std::string(number % 9 == 0 ? 1'500'000U : 5'000U + number,
+                                    static_cast<char>('A' + number));
+    };
+    for (const std::string& file : files) {
+      EXPECT_TRUE(whole(here.Path(), file) || whole(there.Path(), file)) << file;
+      EXPECT_TRUE(!fs::exists(there.Path() + file) || whole(there.Path(), file)) << file;
+    }
+    // The same again carries it through.
+    ScriptedUser user;
+    if (fs::exists(here / "tree")) {
+      EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path(), NoConfirmation).Code,
+                0);
+    }
+    for (const std::string& file : files) EXPECT_TRUE(whole(there.Path(), file)) << file;
+    EXPECT_EQ(user.Heard + here.Names(), "");
+  }
+}
+
+TEST(Operation, LeavesWhatCannotBeCopiedOrHasChanged) {
+  const TempFolder here;
+  const TempFolder there(otherVolume);
+  fs::create_directories(here / "tree/sub");
+  mkfifo((here / "tree/sub/fifo").c_str(), 0600);
+  Put(here / "tree/early", "before");
+  Put(here / "tree/sub/large", std::string(20'000'000, 'x'));
+  ScriptedUser user;
+  bool changed = false;
+  user.Meanwhile = [&] {
+    if (changed || user.Asked < 20) return;  // in the middle of the large one
+    changed = true;
+    Put(here / "tree/early", "changed since");
+    Put(here / "tree/come", "later");
+    std::ofstream(here / "tree/sub/large", std::ios::app) << "more";
+  };
+  EXPECT_NE(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, 0);
+  EXPECT_TRUE(changed);
+  EXPECT_NE(user.Heard.find("fifo:" + std::to_string(EOPNOTSUPP)), std::string::npos) << user.Heard;
+  EXPECT_NE(user.Heard.find("large:" + std::to_string(EBUSY)), std::string::npos) << user.Heard;
+  EXPECT_NE(user.Heard.find("early:" + std::to_string(EBUSY)), std::string::npos) << user.Heard;
+  EXPECT_EQ(NamesBelow(here.Path()),
+            "tree tree/come tree/early tree/sub tree/sub/fifo tree/sub/large ");
+  EXPECT_EQ(NamesBelow(there.Path()), "tree tree/early tree/sub ");
+
+  // Without windows nothing is asked, and the rest is done.
+  ScriptedUser silent;
+  const OperationResult result = Do(silent, FileFunction::Copy, {here / "none", here / "tree"},
+                                    there / "new/", NoErrorWindows);
+  EXPECT_EQ(result.Code, ENOENT);
+  EXPECT_EQ(silent.Heard + Get(there / "new/tree/early"), "changed since");
+}
+
+// As root, in a child that sees a small volume there; 77 where that cannot be.
+int OnSmallVolume(const std::string& folder, const char* size, const std::function<int()>& check) {
+  return InChild([&] {
+    if (unshare(CLONE_NEWNS) != 0 ||
+        mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("none", folder.c_str(), "tmpfs", 0, size) != 0) {
+      return 77;
+    }
+    return check();
+  });
+}
+
+TEST(Operation, FullVolumesAndMountedOnes) {
+  const TempFolder here;
+  fs::create_directories(here / "small");
+  fs::create_directories(here / "tree");
+  for (int number = 0; number < 8; ++number) {
+    Put(here / ("tree/file" + std::to_string(number)), std::string(400'000, 'x'));
+  }
+  Put(here / "tree/large", std::string(5'000'000, 'x'));
+  const int full = OnSmallVolume(here / "small", "size=2m", [&] {
+    Put(here / "small/file", "old");
+    ScriptedUser user;
+    if (Do(user, FileFunction::Copy, {here / "tree/large"}, here / "small/file", NoConfirmation)
+            .Code != ENOSPC) {
+      return 1;
+    }
+    if (Get(here / "small/file") != "old" || NamesBelow(here / "small") != "file ") return 2;
+    if (Do(user, FileFunction::Move, {here / "tree"}, here / "small/").Code != ENOSPC) return 3;
+    // Some fit; all others, and nothing else, are still at the source.
+    for (const auto& entry : fs::directory_iterator(here / "small/tree")) {
+      if (fs::file_size(entry) != 400'000 || fs::exists(here / "tree" / entry.path().filename())) {
+        return 4;
+      }
+    }
+    return fs::exists(here / "tree/large") ? 0 : 5;
+  });
+  if (full == 77) GTEST_SKIP() << "needs the right to mount";
+  EXPECT_EQ(full, 0);
+
+  Put(here / "plain", "x");
+  EXPECT_EQ(OnSmallVolume(
+                here / "small", "size=2m",
+                [&] {
+                  Put(here / "small/file", "other volume");
+                  ScriptedUser user;
+                  Do(user, FileFunction::Delete, {here / "tree", here / "plain", here.Path()}, "");
+                  const bool stays = Get(here / "small/file") == "other volume";
+                  return stays && user.Heard == "small:" + std::to_string(EBUSY) + " " ? 0 : 1;
+                }),
+            0);
+  EXPECT_EQ(here.Names(), "small ");
+}
+
+TEST(Operation, GoesAsDeepAsFoldersLie) {
+  constexpr int depth = 5000;
+  const TempFolder here(otherVolume);
+  Descriptor at(open(here.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  for (int level = 0; level < depth; ++level) {
+    ASSERT_EQ(mkdirat(at.Get(), "a folder", 0755), 0);
+    at = Descriptor(openat(at.Get(), "a folder", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  }
+  close(openat(at.Get(), "bottom", O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+  ScriptedUser user;
+  EXPECT_EQ(Do(user, FileFunction::Copy, {here / "a folder"}, here / "copy").Code, 0);
+  EXPECT_EQ(Do(user, FileFunction::Delete, {here / "a folder"}, "").Code, 0);
+  const TempFolder there;
+  EXPECT_EQ(Do(user, FileFunction::Move, {here / "copy"}, there / "a folder").Code, 0);
+  EXPECT_EQ(user.Heard + here.Names(), "");
+  at = Descriptor(open(there.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  for (int level = 0; level < depth && at; ++level) {
+    at = Descriptor(openat(at.Get(), "a folder", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  }
+  EXPECT_EQ(faccessat(at.Get(), "bottom", F_OK, 0), 0);
+  EXPECT_EQ(Do(user, FileFunction::Delete, {there / "a folder"}, "").Code, 0);
+  EXPECT_EQ(there.Names(), "");
+}
+
+TEST(Operation, RefusesWhatWouldDoHarm) {
+  const TempFolder here;
+  MakeTree(here / "tree");
+  symlink((here / "tree/sub").c_str(), (here / "way in").c_str());
+  const auto before = Describe(here.Path());
+  for (const FileFunction function : {FileFunction::Copy, FileFunction::Move}) {
+    for (const std::string& to :
+         {here / "tree", here / "tree/sub/", here / "way in", here / "tree/sub/name"}) {
+      ScriptedUser user;
+      EXPECT_EQ(Do(user, function, {here / "tree"}, to).Code, EINVAL) << to;
+      EXPECT_EQ(user.Heard, "tree:" + std::to_string(EINVAL) + " ");
+    }
+    ScriptedUser user;
+    EXPECT_EQ(
+        Do(user, function, {here / "tree/again"}, here / "tree/sub/twice", NoConfirmation).Code,
+        EEXIST);
+    EXPECT_EQ(Do(user, function, {here / "tree/tool"}, here / "none/tool").Code, ENOENT);
+    EXPECT_EQ(Do(user, function, {"relative", here / "tree"}, here.Path()).Code, EINVAL);
+    EXPECT_EQ(Do(user, function, {here / "tree/.."}, here.Path()).Code, EINVAL);
+    EXPECT_EQ(Do(user, function, {}, here.Path()).Code, EINVAL);
+    EXPECT_EQ(Do(user, function, {here / "tree"}, "").Code, EINVAL);
+  }
+  ScriptedUser user;
+  EXPECT_EQ(Do(user, FileFunction::None, {here / "tree"}, here.Path()).Code, EINVAL);
+  EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, here.Path()).Code, 0);  // is there
+  EXPECT_EQ(Do(user, FileFunction::Delete, {"/"}, "").Code, EINVAL);
+  EXPECT_EQ(Describe(here.Path()), before);
+
+  // Deleting takes links themselves, at the top and below.
+  fs::create_directories(here / "gone/sub");
+  symlink((here / "tree").c_str(), (here / "gone/sub/out").c_str());
+  EXPECT_EQ(Do(user, FileFunction::Delete, {here / "gone", here / "way in"}, "").Code, 0);
+  EXPECT_EQ(here.Names(), "tree ");
+  EXPECT_EQ(Describe(here / "tree").size() + 2, before.size());
+}
+
+TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
+  const TempFolder here;
+  Put(here / "a.tar.gz", "a");
+  fs::create_directory(here / "d.x");
+  ScriptedUser user;
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_EQ(Do(user, FileFunction::Copy, {here / "a.tar.gz", here / "d.x"}, here.Path() + "/",
+                 RenameOnCollision)
+                  .Code,
+              0);
+  }
+  EXPECT_EQ(
+      Do(user, FileFunction::Copy, {here / "a (2).tar.gz"}, here.Path(), RenameOnCollision).Code,
+      0);
+  EXPECT_EQ(here.Names(), "a (2).tar.gz a (3).tar.gz a (4).tar.gz a.tar.gz d.x d.x (2) d.x (3) ");
+  const auto twin = [](const std::string& name) {
+    const TwinParts parts = SplitTwinName(name, false);
+    return MakeTwinName(parts, parts.Number + 1, 14);
+  };
+  EXPECT_EQ(twin(".rc") + "|" + twin("n (0).t") + "|" + twin("(2)") + "|" + twin("n (9)"),
+            ".rc (2)|n (0) (2).t|(2) (2)|n (10)");
+  EXPECT_EQ(twin("12345\xC3\xA4\xC3\xA4.txt"), "12345 (2).txt");
+
+  EXPECT_EQ(Do(user, FileFunction::Rename, {here / "a.tar.gz"}, here / "d.x").Code, EEXIST);
+  fs::create_hard_link(here / "a.tar.gz", here / "A.TAR.GZ");
+  EXPECT_EQ(RenameItem(here / "a.tar.gz", here / "A.TAR.GZ").Code, EEXIST);
+  EXPECT_EQ(Do(user, FileFunction::Rename, {here / "a.tar.gz"}, here / "b\n").Code, 0);
+  EXPECT_TRUE(RenameItem(here / "b\n", here / "b\n"));
+  EXPECT_EQ(Get(here / "b\n"), "a");
+  EXPECT_EQ(RenameItem(here / "none", here / "c").Code, ENOENT);
+}
+
+TEST(Operation, SendsToTheTrashWhereThereIsOne) {
+  const char* const home = getenv("HOME");
+  const TempFolder here(home != nullptr ? std::string(home) + "/" : testing::TempDir());
+  const TempFolder noTrash(otherVolume);
+  Put(here / "new\nline", "x");
+  symlink("new\nline", (here / "link").c_str());
+  for (const char* name : {"kept", "gone"}) Put(noTrash / name, "x");
+  EXPECT_EQ(InChild([&] {
+              setenv("XDG_DATA_HOME", (here / "data").c_str(), 1);
+              ScriptedUser user;
+              const auto toTrash = [&](const std::string& item) {
+                return Do(user, FileFunction::Delete, {item}, "", AllowUndo | NoConfirmation).Code;
+              };
+              if (toTrash(here / "link") != 0 || toTrash(here / "new\nline") != 0) return 1;
+              if (toTrash(noTrash / "kept") == 0) return 2;
+              user.NoTrash = {NoTrashChoice::DeleteForGood, true};
+              if (toTrash(noTrash / "gone") != 0 || toTrash(here / "none") == 0) return 3;
+              return user.Heard.starts_with("none:") ? 0 : 4;
+            }),
+            0);
+  EXPECT_EQ(here.Names() + noTrash.Names(), "data kept ");
+  EXPECT_EQ(Get(here / "data/Trash/files/new\nline"), "x");
+  EXPECT_TRUE(fs::is_symlink(here / "data/Trash/files/link"));
+}
+
+}  // namespace
+}  // namespace tarnwell::platform

@@ -1,0 +1,308 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <atomic>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "TestApplication.h"
+#include "fakes/FakePlatform.h"
+#include "ui/QtFileOperation.h"
+
+namespace tarnwell::ui {
+namespace {
+
+using namespace std::chrono_literals;
+using platform::ConflictChoice;
+using platform::FileFunction;
+using platform::ItemKind;
+using platform::NoTrashChoice;
+using platform::OperationRequest;
+using platform::OperationResult;
+using platform::OperationUser;
+using platform::TroubleChoice;
+
+struct RealTicks : fakes::FakeClock {
+  std::int64_t Ticks() const override {
+    return std::chrono::steady_clock::now().time_since_epoch() / 1ms;
+  }
+};
+
+// An engine that a test writes, in the real windows over a main window with a text box.
+class FileOperationTest : public testing::Test {
+ protected:
+  FileOperationTest() : Icons((TestApplication(), QStringLiteral(TARNWELL_TESTS "/../data"))) {
+    Main.resize(300, 100);
+    Edit.setParent(&Main);
+    Main.show();
+    Edit.setFocus();
+  }
+  ~FileOperationTest() override {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  OperationResult Run(std::function<int(OperationUser&)> work, std::uint16_t flags = 0) {
+    Work = std::move(work);
+    return Operation.Run(
+        {FileFunction::Copy, std::string("/a/b\0", 5), std::string("/c/\0", 4), flags});
+  }
+  // Runs once in the event loop of the operation, as soon as there is such a window.
+  void When(const QString& title, std::function<void(QDialog&)> react) {
+    auto* const poll = new QTimer(&Main);
+    QObject::connect(poll, &QTimer::timeout, &Main, [=, this] {
+      if (QDialog* const found = Dialog(title)) {
+        poll->deleteLater();
+        react(*found);
+      }
+    });
+    poll->start(5);
+  }
+  void After(int milliseconds, std::function<void()> react) {
+    QTimer::singleShot(milliseconds, &Main, std::move(react));
+  }
+  static QDialog* Dialog(const QString& title) {
+    for (QWidget* const each : QApplication::topLevelWidgets()) {
+      auto* const dialog = qobject_cast<QDialog*>(each);
+      if (dialog != nullptr && each->isVisible() && each->windowTitle().contains(title)) {
+        return dialog;
+      }
+    }
+    return nullptr;
+  }
+  static void Press(QWidget& widget, int key, const QString& text = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&widget, &press);
+  }
+  static QPushButton* Button(const QDialog& window, const QString& caption) {
+    for (QPushButton* const each : window.findChildren<QPushButton*>()) {
+      if (each->text().remove('&') == caption) return each;
+    }
+    return nullptr;
+  }
+  // Lets the work take that long, and answers whether it was cancelled.
+  static bool Spend(OperationUser& user, std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    platform::OperationProgress progress{.Function = FileFunction::Copy,
+                                         .From = "/a/b",
+                                         .To = "/c/b",
+                                         .BytesTotal = 4096,
+                                         .ItemsTotal = 2};
+    while (std::chrono::steady_clock::now() < end) {
+      progress.BytesDone = 1024;
+      user.OnProgress(progress);
+      if (!user.GoesOn()) return true;
+      std::this_thread::sleep_for(2ms);
+    }
+    return false;
+  }
+
+  RealTicks Clock;
+  IconSource Icons;
+  QWidget Main;
+  QLineEdit Edit;
+  std::function<int(OperationUser&)> Work;
+  QtFileOperation Operation{[this](const OperationRequest&, OperationUser& user) {
+                              return OperationResult{.Code = Work(user)};
+                            },
+                            {base::PathSyntax::Posix(), Clock, Icons}};
+};
+
+TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
+  const platform::OperationConflict conflict{
+      FileFunction::Copy,
+      {.Path = "/a/new\xFF\n", .Size = 2000, .Modified = 9'000'000'000},
+      {.Path = "/c/new\xFF\n", .Size = 1000, .Modified = 1'000'000'000}};
+  platform::OperationConflict unlike = conflict;
+  unlike.Target.Kind = ItemKind::Folder;
+  const auto enter = [](QDialog& window) { Press(*window.focusWidget(), Qt::Key_Return); };
+  const auto escape = [](QDialog& window) { Press(window, Qt::Key_Escape); };
+  const auto click = [](const char* caption, bool forAll = false) {
+    return [caption, forAll](QDialog& window) {
+      if (forAll) window.findChild<QCheckBox*>()->setChecked(true);
+      Button(window, caption)->click();
+    };
+  };
+  std::string answers;
+  const auto ask = [&](const QString& title, std::function<void(QDialog&)> react,
+                       std::function<int(OperationUser&)> question) {
+    When(title, std::move(react));
+    answers += std::to_string(Run(std::move(question)).Code) + ' ';
+    EXPECT_EQ(Dialog(title), nullptr);
+  };
+  const auto meet = [](const platform::OperationConflict& facts) {
+    return [&facts](OperationUser& user) {
+      const platform::ConflictAnswer answer = user.OnConflict(facts);
+      return static_cast<int>(answer.Choice) + (answer.ForAll ? 10 : 0);
+    };
+  };
+  const QString taken = "Name Already Taken";
+  ask(taken, enter, meet(conflict));
+  ask(taken, escape, meet(conflict));
+  ask(taken, click("Replace", true), meet(conflict));
+  ask(taken, click("Keep Both"), meet(conflict));
+  ask(
+      taken,
+      [&](QDialog& window) {
+        EXPECT_EQ(Button(window, "Replace"), nullptr);
+        window.close();
+      },
+      meet(unlike));
+  EXPECT_EQ(answers, "1 3 10 2 3 ");
+
+  answers.clear();
+  const auto trouble = [](OperationUser& user) {
+    return static_cast<int>(user.OnTrouble(
+        {platform::OperationStep::Write, "/c/b", {.Code = 28, .Reason = "No space left"}}));
+  };
+  for (const char* caption : {"Retry", "Skip", "Skip All", "Cancel"}) {
+    ask("Problem", click(caption), trouble);
+  }
+  ask("Problem", enter, trouble);
+  const auto noTrash = [](OperationUser& user) {
+    const platform::NoTrashAnswer answer = user.OnNoTrash("/a/b");
+    return static_cast<int>(answer.Choice) + (answer.ForAll ? 10 : 0);
+  };
+  ask("No Trash", enter, noTrash);
+  ask("No Trash", click("Delete for Good", true), noTrash);
+  const auto missing = [](OperationUser& user) {
+    return static_cast<int>(user.OnMissingFolder("/c"));
+  };
+  ask("Missing Folder", escape, missing);
+  ask("Missing Folder", enter, missing);
+  EXPECT_EQ(answers, "0 1 2 3 0 1 10 1 0 ");
+}
+
+TEST_F(FileOperationTest, OnlyWorkThatTakesTimeShowsItsProgressAndPausesOrCancels) {
+  bool seen = false;
+  When("Copying", [&](QDialog&) { seen = true; });
+  EXPECT_EQ(Run([](OperationUser& user) { return Spend(user, 100ms); }).Code, 0);
+  EXPECT_EQ(Run([](OperationUser& user) { return Spend(user, 700ms); }, platform::Silent).Code, 0);
+  EXPECT_FALSE(seen);
+
+  std::atomic<int> steps = 0;
+  int whilePaused = -1;
+  When("25% - Copying", [&](QDialog& window) {
+    EXPECT_EQ(window.findChild<QProgressBar*>()->value(), 25);
+    Button(window, "Pause")->click();
+    After(50, [&] { whilePaused = steps; });
+    After(150, [&] {
+      EXPECT_EQ(steps, whilePaused);
+      Button(window, "Continue")->click();
+      After(50, [&] {
+        EXPECT_GT(steps, whilePaused);
+        Press(window, Qt::Key_Escape);
+      });
+    });
+  });
+  QElapsedTimer time;
+  time.start();
+  EXPECT_EQ(Run([&](OperationUser& user) {
+              while (!Spend(user, 10ms)) ++steps;
+              return 7;
+            }).Code,
+            7);
+  EXPECT_GT(time.elapsed(), 600);
+  EXPECT_THROW(Run([](OperationUser&) -> int { throw std::runtime_error("engine"); }),
+               std::runtime_error);
+}
+
+TEST_F(FileOperationTest, OtherWindowsTakeNothingAndASecondOperationIsRefused) {
+  const auto type = [this] {
+    Press(Edit, Qt::Key_A, "a");
+    QMimeData files;
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&Edit, &drop);
+    EXPECT_FALSE(drop.isAccepted());
+    const OperationResult second = Operation.Run({FileFunction::Delete, "", "", 0});
+    EXPECT_NE(second.Code, 0);
+    EXPECT_TRUE(second.Aborted);
+  };
+  int calls = 0;
+  After(20, type);  // before there is a window, and with it
+  When("Copying", [&](QDialog&) { type(); });
+  EXPECT_EQ(Run([&](OperationUser& user) {
+              ++calls;
+              return Spend(user, 650ms);
+            }).Code,
+            0);
+  EXPECT_EQ(calls, 1);
+  EXPECT_EQ(Edit.text(), "");
+  Press(Edit, Qt::Key_A, "a");
+  EXPECT_EQ(Edit.text(), "a");
+}
+
+TEST_F(FileOperationTest, ClosingTheProgramCancelsAndWaits) {
+  const auto untilCancelled = [](OperationUser& user) { return Spend(user, 10s) ? 5 : 0; };
+  const auto settle = [] {
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+  };
+  // The window closes after the operation, whatever it was about to ask.
+  After(20, [&] {
+    EXPECT_FALSE(Main.close());
+    EXPECT_TRUE(Main.isVisible());
+  });
+  EXPECT_EQ(Run(untilCancelled).Code, 5);
+  EXPECT_TRUE(Main.isVisible());
+  settle();
+  EXPECT_FALSE(Main.isVisible());
+  Main.show();
+  When("Missing", [&](QDialog&) { Main.close(); });
+  EXPECT_EQ(Run([&](OperationUser& user) {
+              return static_cast<int>(user.OnMissingFolder("/c")) * 10 + untilCancelled(user);
+            }).Code,
+            15);
+  settle();
+  Main.show();
+
+  // Without a window and its events.
+  After(20, [&] { Operation.CancelAndWait(); });
+  EXPECT_EQ(Run(untilCancelled).Code, 5);
+  // When the program is told to quit, and when its loops are.
+  for (const auto& quit : {QCoreApplication::quit, +[] { QCoreApplication::exit(); }}) {
+    After(20, quit);
+    After(0, [&] { EXPECT_EQ(Run(untilCancelled).Code, 5); });
+    QApplication::exec();
+    Main.show();
+  }
+}
+
+TEST(OperationMeterTest, LeavesPausesOutAndForgetsOldSpeeds) {
+  OperationMeter meter;
+  EXPECT_EQ(meter.BytesPerSecond(), 0U);
+  EXPECT_EQ(meter.SecondsLeft(1000, 10), std::nullopt);
+  for (int second = 0; second <= 10; ++second) meter.Note(second * 1000, second * 100U, second);
+  EXPECT_EQ(meter.BytesPerSecond(), 100U);
+  EXPECT_EQ(meter.SecondsLeft(3000, 12), 20U);
+  EXPECT_EQ(meter.SecondsLeft(0, 12), 2U);
+  meter.Pause(10000);
+  meter.Note(50000, 1000, 10);
+  meter.Continue(90000);
+  meter.Note(91000, 1100, 11);
+  EXPECT_EQ(meter.BytesPerSecond(), 100U);
+  for (int second = 92; second <= 130; ++second) meter.Note(second * 1000, 1100, 11);
+  EXPECT_EQ(meter.BytesPerSecond(), 0U);
+  EXPECT_EQ(meter.SecondsLeft(3000, 12), std::nullopt);
+
+  EXPECT_EQ(PercentOf(0, 0), 0);
+  EXPECT_EQ(PercentOf(~0ULL - 1, ~0ULL), 99);
+  EXPECT_EQ(PercentOf(3, 3), 100);
+  EXPECT_EQ(TimeLeftText(4), "A few seconds left");
+  EXPECT_EQ(TimeLeftText(11), "About 15 seconds left");
+  EXPECT_EQ(TimeLeftText(51), "About 1 minute left");
+  EXPECT_EQ(TimeLeftText(3541), "About 1 hour left");
+  EXPECT_EQ(TimeLeftText(200000), "About 2 days left");
+}
+
+}  // namespace
+}  // namespace tarnwell::ui
