@@ -24,7 +24,7 @@ void DeleteCommand::DeleteSelection(bool permanent) {
     host_.Open(dialog);
     dialog.txtSource.Text = shown;
     dialog.chkSendToRecycleBin.Checked = !permanent;
-    CentreOn(workspace_.Form, dialog);
+    dialog.CentreOn(workspace_.Form);
     host_.ShowModal(dialog, &workspace_.Form);
     if (fields_.DialogResult == "cancel") return;
     operations_.FileOperate(fields_.DialogResult, remembered, remembered, "", false, "");
@@ -53,7 +53,7 @@ bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string
   dialog.txtSource.Text = shown;
   dialog.Label1.Caption = "Permanently Delete?";
   fields_.DialogResult = "cancel";  // also when the dialog is closed by its frame
-  CentreOn(workspace_.Form, dialog);
+  dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);
   if (fields_.DialogResult == "cancel") return false;
   items = list.ActiveItemName();

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "base/Colour.h"
-#include "forms/Form.h"
 
 namespace tarnwell::fileops {
 
@@ -18,11 +17,5 @@ struct DialogFields {
 
 // The box of a dialog that cannot be changed; those that can are white.
 inline constexpr base::Colour FixedBox = base::Rgb(166, 202, 240);
-
-// Puts the dialog over the middle of the main form.
-inline void CentreOn(const forms::Form& mainForm, forms::Form& dialog) {
-  dialog.Left = mainForm.Left + mainForm.Width / 2 - dialog.Width / 2;
-  dialog.Top = mainForm.Top + mainForm.Height / 2 - dialog.Height / 2;
-}
 
 }  // namespace tarnwell::fileops

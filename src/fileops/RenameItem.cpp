@@ -39,7 +39,7 @@ void RenameCommand::AskAndRename(lister::ListerControl& list, bool byKey) {
   dialog.txtSource.Text = dialog.txtDest.Text = name;
   dialog.SelLength = base::CodePointCount(name);
   dialog.PositionCursor();
-  CentreOn(workspace_.Form, dialog);
+  dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);
   if (fields_.DialogResult.empty() || fields_.DialogResult == "cancel") return;
   const base::PathSyntax& syntax = files_.Syntax();

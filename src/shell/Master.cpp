@@ -1,5 +1,6 @@
 #include "shell/Master.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <memory>
@@ -7,8 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "base/Text.h"
 #include "commands/MenuTable.h"
 #include "commands/ToolbarTable.h"
+#include "fileops/ItemList.h"
 #include "shell/ProgramFiles.h"
 #include "workspace/Highlight.h"
 
@@ -87,6 +90,11 @@ Master::Master(const Services& services, Splash& splash)
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
       newFolder_(space_, services_.Files, services_.Host, messages_, dialogFields_),
+      rename_(space_, services_.Files, services_.Host, messages_, dialogFields_),
+      operations_(space_, services_.Files.Syntax(), services_.Operation, navigation_, messages_,
+                  dialogFields_),
+      delete_(space_, services_.Files.Syntax(), services_.Operation, operations_, navigation_,
+              services_.Host, dialogFields_, [this] { SendToTrash(); }),
       events_(space_, layout_, navigation_, messages_,
               {[this] { Exit(); }, [this] { newFolder_.CreateNewFolder(true); }}),
       listCommands_(space_),
@@ -296,6 +304,24 @@ void Master::WheelTurned(int delta) {
 
 void Master::EscapeKey() {
   if (!splitters_.GiveUp()) events_.EscapeKey();
+}
+
+// What is selected in the current list goes to the trash after a question.
+void Master::SendToTrash() {
+  const std::string items = space_.Lists[space_.CurrentList].ActiveItemName();
+  const auto count = std::ranges::count(items, '\0') - 1;  // the list ends with a NUL more
+  if (count < 1) return;
+  const std::string what = count == 1 ? "\"" +
+                                            base::ForDisplay(services_.Files.Syntax().LastComponent(
+                                                fileops::FirstItem(items))) +
+                                            "\""
+                                      : "these " + std::to_string(count) + " items";
+  messages_.Message("Do you want to move " + what + " to the trash?", forms::MessageKind::YesNo);
+  if (messages_.MessageResult() != "YES") return;
+  services_.Operation.Run({.Function = platform::FileFunction::Delete,
+                           .Items = items,
+                           .Destination = std::string(1, '\0'),
+                           .Flags = platform::AllowUndo});
 }
 
 void Master::NotYet(std::string_view what) {

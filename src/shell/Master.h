@@ -7,7 +7,10 @@
 #include "commands/Commands.h"
 #include "commands/Keyboard.h"
 #include "commands/Switches.h"
+#include "fileops/DeleteSelection.h"
+#include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
+#include "fileops/RenameItem.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 #include "lists/Navigation.h"
@@ -107,13 +110,14 @@ class Master : private workspace::PaneHooks,
 
   // Gives up the drag of a splitter if one runs; else the active list stops what it does.
   void EscapeKey() override;
-  void RenameItem(bool) override { NotYet("renaming"); }
+  void RenameItem(bool byKey) override { rename_.RenameItem(byKey); }
   void ShowShellMenu(commands::ShellVerb) override { NotYet("the clipboard"); }
-  void DeleteSelection(bool) override { NotYet("deleting"); }
-  void FileOperate(const std::string&, lister::ListId, lister::ListId,
-                   const std::string&) override {
-    NotYet("copying and moving");
+  void DeleteSelection(bool permanent) override { delete_.DeleteSelection(permanent); }
+  void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,
+                   const std::string& folder) override {
+    operations_.FileOperate(action, source, target, folder, true, "");
   }
+  void SendToTrash();
   // The command is there and its work is to come.
   void NotYet(std::string_view what);
 
@@ -134,6 +138,9 @@ class Master : private workspace::PaneHooks,
   lists::Navigation navigation_;
   fileops::DialogFields dialogFields_;
   fileops::NewFolder newFolder_;
+  fileops::RenameCommand rename_;
+  fileops::FileOperations operations_;
+  fileops::DeleteCommand delete_;
   lists::ListEventHandler events_;
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;
