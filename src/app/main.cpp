@@ -14,6 +14,7 @@
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/LinuxSystemInfo.h"
 #include "platform/linux/LinuxTermination.h"
+#include "platform/linux/RunOperation.h"
 #include "shell/Application.h"
 #include "ui/GuardedApplication.h"
 #include "ui/IconSource.h"
@@ -21,6 +22,7 @@
 #include "ui/MsgBoxWindow.h"
 #include "ui/OperationDialogs.h"
 #include "ui/QtDialogs.h"
+#include "ui/QtFileOperation.h"
 #include "ui/QtFormHost.h"
 #include "ui/QtMessagePump.h"
 #include "ui/SplashWindow.h"
@@ -33,10 +35,12 @@ constexpr shell::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION
                                         TARNWELL_VERSION_REVISION};
 
 // For the end that leaves no time for windows: the display has gone, and with it the way back into
-// main. What the user did is saved all the same.
+// main. What the user did is saved all the same, and no file is left half copied.
 shell::Application* runningApplication = nullptr;
+ui::QtFileOperation* runningOperation = nullptr;
 
 void SaveAtExit() {
+  if (runningOperation != nullptr) runningOperation->CancelAndWait();
   if (runningApplication != nullptr) runningApplication->MainObject().SaveWithoutWindows();
 }
 
@@ -69,8 +73,10 @@ int main(int argc, char** argv) {
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 
+  ui::QtFileOperation operation(platform::RunOperation, {files.Syntax(), clock, icons});
+
   shell::Application application(
-      {host, files, drives, watches, pump, clock, dialogs, system, order, launcher},
+      {host, files, drives, watches, pump, clock, dialogs, system, order, launcher, operation},
       ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
@@ -84,8 +90,10 @@ int main(int argc, char** argv) {
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
-  const platform::LinuxTermination termination([&application] { application.RequestQuit(); });
+  const platform::LinuxTermination termination(
+      [&] { operation.CancelThen([&application] { application.RequestQuit(); }); });
   runningApplication = &application;
+  runningOperation = &operation;
   std::atexit(SaveAtExit);
 
   application.Start();
@@ -95,5 +103,6 @@ int main(int argc, char** argv) {
   // Windows that were closed last still look at what they showed.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   runningApplication = nullptr;
+  runningOperation = nullptr;
   return application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/Collation.h"
 #include "platform/Dialogs.h"
+#include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderWatch.h"
 #include "platform/Launcher.h"
@@ -24,6 +25,7 @@ struct Services {
   platform::SystemInfo& System;
   platform::Collation& Order;
   platform::Launcher& Launcher;
+  platform::FileOperation& Operation;
 };
 
 }  // namespace tarnwell::shell

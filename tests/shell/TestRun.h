@@ -32,7 +32,7 @@ class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
       : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
-             Dialogs, machine.System, machine.Order, machine.Launcher},
+             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);

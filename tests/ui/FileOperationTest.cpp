@@ -265,6 +265,20 @@ TEST_F(FileOperationTest, ClosingTheProgramCancelsAndWaits) {
   settle();
   Main.show();
 
+  // What is to come after it, even if asked for in the middle of it.
+  bool running = false;
+  bool then = false;
+  After(20, [&] { Operation.CancelThen([&] { then = !running; }); });
+  EXPECT_EQ(Run([&](OperationUser& user) {
+              running = true;
+              const int code = untilCancelled(user);
+              running = false;
+              return code;
+            }).Code,
+            5);
+  settle();
+  EXPECT_TRUE(then);
+
   // Without a window and its events.
   After(20, [&] { Operation.CancelAndWait(); });
   EXPECT_EQ(Run(untilCancelled).Code, 5);
