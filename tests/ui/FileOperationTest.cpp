@@ -158,7 +158,14 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
         window.close();
       },
       meet(unlike));
-  EXPECT_EQ(answers, "1 3 10 2 3 ");
+  platform::OperationConflict folders = unlike;
+  folders.Source.Kind = ItemKind::Folder;
+  ask(taken, click("Replace"), [&](OperationUser& user) {
+    const int first = meet(folders)(user);
+    folders.Target.Path += "/below";
+    return first + meet(folders)(user);
+  });
+  EXPECT_EQ(answers, "1 3 10 2 3 0 ");
 
   answers.clear();
   const auto trouble = [](OperationUser& user) {
