@@ -38,7 +38,7 @@ void NewFolder::AskAndMake(lister::ListerControl& list, bool byKey) {
   popNewFolder dialog(host_, fields_);
   dialog.txtDest.Text = folder;
   host_.Open(dialog);
-  CentreOn(workspace_.Form, dialog);
+  dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);
   if (fields_.DialogResult.empty() || fields_.DialogResult == "cancel") return;
   list.WatchStop();

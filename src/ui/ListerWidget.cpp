@@ -315,6 +315,13 @@ lister::RowId ListerWidget::RowUnderPointer() const {
   return row.isValid() ? ListerModel::RowOf(row) : lister::NoRow;
 }
 
+void ListerWidget::EnterControls() {
+  if (toolbar_ && toolbar_->isVisible()) toolbar_->EnterFilter();
+  if (!drives_) return;
+  drives_->setFocus();
+  drives_->showPopup();
+}
+
 void ListerWidget::CatchUpLater(int milliseconds) {
   catchUpTimer_.start(milliseconds);
 }
@@ -332,7 +339,8 @@ void ListerWidget::PlaceChildren() {
   const int statusHeight = status_->fontMetrics().height() + 6;
   const int toolbarHeight = toolbar_ ? toolbar_->sizeHint().height() : 0;
   if (drives_) {
-    const int height = drives_->sizeHint().height();
+    // As high as the row above a file list, so that headings side by side stand in line.
+    const int height = ListerToolbar::RowHeight(fontMetrics());
     drives_->setGeometry(area.left(), area.top(), area.width(), height);
     area.setTop(area.top() + height);
   }

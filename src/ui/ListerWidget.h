@@ -39,6 +39,9 @@ class ListerWidget : public QWidget,
   ListerWidget(lister::ListerControl& control, const IconSource& icons, QWidget* parent = nullptr);
   ~ListerWidget() override;
 
+  // Gives the keyboard to the filter of a file list, or unfolds the drives of a folder list.
+  void EnterControls();
+
   QSize minimumSizeHint() const override { return {40, 40}; }
 
  protected:

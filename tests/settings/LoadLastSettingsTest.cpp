@@ -74,11 +74,10 @@ TEST_F(LoadLastSettingsTest, SetsUpPaneZeroAndTheOpenPanes) {
 
   TestProgram closed(Shared);
   closed.StartWith("\"Status\",1,1,1,1,1\r\n");
-  EXPECT_EQ((Ids{closed.Space.OpenPaneCount, closed.Space.InitialActivePane}), (Ids{0, -1}));
-  EXPECT_TRUE(closed.Pane(0).Initialized && closed.Pane(0).DriveLoaded);
-  closed.Layout.ResizeForm(true);
-  closed.Panes.ChangePanes(0);
-  EXPECT_EQ(closed.Space.CurrentList, 0);
+  // There is no window without a pane.
+  EXPECT_EQ((Ids{closed.Space.OpenPaneCount, closed.Space.CurrentList}), (Ids{1, 0}));
+  EXPECT_TRUE(closed.Pane(0).IsOpen() && closed.Pane(0).DriveLoaded);
+  EXPECT_EQ(closed.PressedPanes(), "0");
   EXPECT_TRUE(Messages.Texts.empty() && closed.Messages.Texts.empty());
 }
 
