@@ -35,7 +35,7 @@ constexpr shell::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION
                                         TARNWELL_VERSION_REVISION};
 
 // For the end that leaves no time for windows: the display has gone, and with it the way back into
-// main. What the user did is saved all the same.
+// main. What the user did is saved all the same, and no file is left half copied.
 shell::Application* runningApplication = nullptr;
 ui::QtFileOperation* runningOperation = nullptr;
 
@@ -74,6 +74,7 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(programIcon);
 
   ui::QtFileOperation operation(platform::RunOperation, {files.Syntax(), clock, icons});
+
   shell::Application application(
       {host, files, drives, watches, pump, clock, dialogs, system, order, launcher, operation},
       ProgramVersion);
@@ -89,7 +90,8 @@ int main(int argc, char** argv) {
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
-  const platform::LinuxTermination termination([&application] { application.RequestQuit(); });
+  const platform::LinuxTermination termination(
+      [&] { operation.CancelThen([&application] { application.RequestQuit(); }); });
   runningApplication = &application;
   runningOperation = &operation;
   std::atexit(SaveAtExit);

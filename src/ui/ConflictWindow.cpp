@@ -27,10 +27,6 @@ constexpr int RowSpacing = 4;
 // Times this near each other are the same: some file systems keep no finer ones.
 constexpr std::int64_t SameTime = 2'000'000'000;  // nanoseconds
 
-bool IsFolder(const ConflictSide& side) {
-  return side.Kind == ItemKind::Folder && !side.IsLink;
-}
-
 QString KindOf(const ConflictSide& side) {
   if (side.IsLink) return QStringLiteral("link");
   if (side.Kind == ItemKind::Folder) return QStringLiteral("folder");
@@ -45,8 +41,8 @@ struct Meeting {
 
 Meeting MeetingOf(const ConflictSide& source, const ConflictSide& target) {
   if (IsFolder(source) && IsFolder(target)) {
-    return {QStringLiteral("Replace merges the two: what is in the folder there stays, and what "
-                           "comes is added to it. Files that meet are asked about."),
+    return {QStringLiteral("Replace merges the two, with the folders in them: what is there "
+                           "stays, and what comes is added. Files that meet are asked about."),
             QStringLiteral("Do the same with a&ll other folders")};
   }
   const QString forAll = QStringLiteral("Do the same with a&ll other items of unlike kinds");

@@ -108,10 +108,18 @@ Reply OperationMailbox::Ask(OperationQuestion question, const Reply& cancelled) 
 
 platform::ConflictAnswer OperationMailbox::OnConflict(const platform::OperationConflict& conflict) {
   if (IsCancelled()) return {.Choice = platform::ConflictChoice::Cancel};
+  const bool areFolders = IsFolder(conflict.Source) && IsFolder(conflict.Target);
+  if (areFolders && !merged_.empty() && syntax_.IsWithin(conflict.Target.Path, merged_)) {
+    return {.Choice = platform::ConflictChoice::Replace};
+  }
   // Read here: this thread may wait for a slow disk.
-  return Ask<platform::ConflictAnswer>(
+  const auto answer = Ask<platform::ConflictAnswer>(
       ConflictQuestion{conflict, ReadPicture(conflict.Source), ReadPicture(conflict.Target)},
       {.Choice = platform::ConflictChoice::Cancel});
+  if (areFolders && answer.Choice == platform::ConflictChoice::Replace) {
+    merged_ = conflict.Target.Path;
+  }
+  return answer;
 }
 
 platform::TroubleChoice OperationMailbox::OnTrouble(const platform::OperationTrouble& trouble) {

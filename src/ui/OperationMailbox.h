@@ -13,9 +13,14 @@
 #include <string>
 #include <variant>
 
+#include "base/PathSyntax.h"
 #include "platform/OperationUser.h"
 
 namespace tarnwell::ui {
+
+inline bool IsFolder(const platform::ConflictSide& side) {
+  return side.Kind == platform::ItemKind::Folder && !side.IsLink;
+}
 
 struct ConflictQuestion {
   platform::OperationConflict Conflict;
@@ -43,7 +48,8 @@ struct ProgressNote {
 class OperationMailbox : public platform::OperationUser {
  public:
   // `wake` runs on the operation's thread when a question waits to be taken.
-  explicit OperationMailbox(std::function<void()> wake) : wake_(std::move(wake)) {}
+  OperationMailbox(const base::PathSyntax& syntax, std::function<void()> wake)
+      : syntax_(syntax), wake_(std::move(wake)) {}
 
   // --- For the user interface. None of these waits.
 
@@ -62,6 +68,7 @@ class OperationMailbox : public platform::OperationUser {
   void OnProgress(const platform::OperationProgress& progress) override;
   bool GoesOn() override;
   bool AsksToMerge() const override { return true; }
+  // Folders within one that the user had merged are merged without a question.
   platform::ConflictAnswer OnConflict(const platform::OperationConflict& conflict) override;
   platform::TroubleChoice OnTrouble(const platform::OperationTrouble& trouble) override;
   platform::NoTrashAnswer OnNoTrash(const std::string& path) override;
@@ -71,7 +78,9 @@ class OperationMailbox : public platform::OperationUser {
   template <typename Reply>
   Reply Ask(OperationQuestion question, const Reply& cancelled);
 
+  const base::PathSyntax& syntax_;
   const std::function<void()> wake_;
+  std::string merged_;  // path of the folder that was merged last; of the operation's thread
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   bool paused_ = false;

@@ -87,7 +87,8 @@ std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
   auto window = std::make_unique<QuestionWindow>(
       QStringLiteral("Missing Folder"), QStringLiteral("This folder does not exist. Make it?"),
       tools.Icons.Own("question"));
-  AddItem(*window, question.Path, tools);
+  window->AddPath(QStringLiteral("Folder:"), lister::NameText(tools.Syntax, question.Path));
+  window->AddPath(QStringLiteral("In:"), tools.Syntax.ParentOf(question.Path));
   const auto add = [&](const char* caption, Role role, MissingFolderChoice choice) {
     window->AddButton(QString::fromLatin1(caption), role, [take, choice] { take(choice); });
   };

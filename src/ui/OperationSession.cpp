@@ -28,10 +28,11 @@ OperationSession::OperationSession(const platform::OperationRequest& request,
                                    const OperationTools& tools)
     : request_(request),
       tools_(tools),
-      mailbox_([this] {
-        QMetaObject::invokeMethod(
-            this, [this] { ShowQuestion(); }, Qt::QueuedConnection);
-      }),
+      mailbox_(tools.Syntax,
+               [this] {
+                 QMetaObject::invokeMethod(
+                     this, [this] { ShowQuestion(); }, Qt::QueuedConnection);
+               }),
       owner_(WindowInUse()) {
   tick_.setInterval(TickTime);
   connect(&tick_, &QTimer::timeout, this, [this] { Tick(); });

@@ -30,11 +30,12 @@ class OperationSession : public QObject {
   // Returns when the engine is done, and lets events through until then. What the engine throws
   // comes out here. To be called once.
   platform::OperationResult Run(const OperationEngine& engine);
-  // Cancels, and waits for the engine without letting events through. While Run runs only.
+  // These two while Run runs only. The first returns at once.
+  void Cancel();
+  // Waits for the engine without letting events through.
   void CancelAndWait();
 
  private:
-  void Cancel();
   void Pause(bool on);
   void End();
   void Tick();

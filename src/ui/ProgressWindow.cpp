@@ -84,6 +84,9 @@ ProgressWindow::ProgressWindow(const platform::OperationRequest& request,
   numbers->addWidget(&items_, 1, 0);
   numbers->addWidget(&left_, 1, 1, Qt::AlignRight);
   column->addLayout(numbers);
+  const bool hasBytes = request.Function != platform::FileFunction::Delete;
+  bytes_.setVisible(hasBytes);
+  speed_.setVisible(hasBytes);
 
   auto* const buttons = new QHBoxLayout;
   buttons->addStretch();
@@ -137,12 +140,10 @@ void ProgressWindow::ShowBar(const platform::OperationProgress& progress) {
   // A part of what is not known yet is no number.
   bar_.setRange(0, progress.IsCounting ? 0 : 100);
   bar_.setValue(percent);
-  const std::string more = progress.IsCounting ? ", counting..." : "";
   SetText(bytes_, byBytes ? OfText(ByteText(progress.BytesDone), ByteText(progress.BytesTotal))
                           : std::string());
   SetText(items_, OfText(GroupedNumber(progress.ItemsDone),
-                         lister::CountText(progress.ItemsTotal, "item")) +
-                      more);
+                         lister::CountText(progress.ItemsTotal, "item")));
   QString title = verb_;
   if (!progress.IsCounting) title = QStringLiteral("%1% - %2").arg(percent).arg(verb_);
   if (paused_) title += QStringLiteral(" (paused)");
@@ -153,10 +154,11 @@ void ProgressWindow::ShowSpeed(const platform::OperationProgress& progress,
                                const OperationMeter& meter) {
   const std::uint64_t speed = meter.BytesPerSecond();
   SetText(speed_, speed > 0 ? lister::ByteText(speed) + "/s" : "");
-  std::optional<std::uint64_t> seconds;
-  if (!progress.IsCounting) {
-    seconds = meter.SecondsLeft(progress.BytesTotal, progress.ItemsTotal);
+  if (progress.IsCounting) {
+    SetText(left_, "Counting...");
+    return;
   }
+  const auto seconds = meter.SecondsLeft(progress.BytesTotal, progress.ItemsTotal);
   SetText(left_, seconds ? TimeLeftText(*seconds) : "");
 }
 
@@ -179,6 +181,7 @@ void ProgressWindow::ShowCancelling() {
   cancel_.setEnabled(false);
   speed_.clear();
   left_.setText(QStringLiteral("Cancelling..."));
+  setWindowTitle(QStringLiteral("%1 (cancelling)").arg(verb_));
 }
 
 void ProgressWindow::reject() {

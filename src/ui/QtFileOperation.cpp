@@ -1,5 +1,6 @@
 #include "ui/QtFileOperation.h"
 
+#include <QApplication>
 #include <system_error>
 
 namespace tarnwell::ui {
@@ -8,14 +9,27 @@ platform::OperationResult QtFileOperation::Run(const platform::OperationRequest&
   if (session_ != nullptr) {
     return {.Code = static_cast<int>(std::errc::device_or_resource_busy), .Aborted = true};
   }
-  struct Clear {
-    OperationSession*& Session;
-    ~Clear() { Session = nullptr; }
+  struct Ending {
+    QtFileOperation& Of;
+    ~Ending() {
+      Of.session_ = nullptr;
+      if (!Of.then_) return;
+      QMetaObject::invokeMethod(qApp, std::exchange(Of.then_, nullptr), Qt::QueuedConnection);
+    }
   };
   OperationSession session(request, tools_);
   session_ = &session;
-  const Clear clear{session_};
+  const Ending ending{*this};
   return session.Run(engine_);
+}
+
+void QtFileOperation::CancelThen(std::function<void()> then) {
+  if (session_ == nullptr) {
+    then();
+    return;
+  }
+  then_ = std::move(then);
+  session_->Cancel();
 }
 
 }  // namespace tarnwell::ui

@@ -2,6 +2,9 @@
 // and asks the questions.
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "platform/FileOperation.h"
 #include "ui/OperationSession.h"
 
@@ -17,6 +20,10 @@ class QtFileOperation : public platform::FileOperation {
   // When the program is asked to end, the operation is cancelled and its end awaited.
   platform::OperationResult Run(const platform::OperationRequest& request) override;
 
+  // Cancels what runs, and calls `then` from the event loop once Run has returned; at once while
+  // nothing runs.
+  void CancelThen(std::function<void()> then);
+
   // For an end that leaves no time for windows: when it returns nothing runs any more, and no half
   // file is left. Does nothing while nothing runs.
   void CancelAndWait() {
@@ -27,6 +34,7 @@ class QtFileOperation : public platform::FileOperation {
   const OperationEngine engine_;
   const OperationTools tools_;
   OperationSession* session_ = nullptr;  // the one that runs
+  std::function<void()> then_;
 };
 
 }  // namespace tarnwell::ui

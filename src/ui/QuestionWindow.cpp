@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 #include <utility>
 
 #include "ui/Convert.h"
@@ -16,6 +17,7 @@ constexpr int Spacing = 10;
 constexpr int RowSpacing = 6;
 constexpr int PictureSize = 32;
 constexpr int ButtonWidth = 88;
+constexpr int ButtonPadding = 16;
 
 }  // namespace
 
@@ -33,7 +35,7 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
   QFont bold = head->font();
   bold.setBold(true);
   head->setFont(bold);
-  setAccessibleDescription(heading);
+  Describe(heading);
 
   body_->setSpacing(Spacing);
   body_->addWidget(head);
@@ -50,11 +52,17 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
   column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
+void QuestionWindow::Describe(const QString& line) {
+  const QString before = accessibleDescription();
+  setAccessibleDescription(before.isEmpty() ? line : before + '\n' + line);
+}
+
 void QuestionWindow::AddText(const QString& text) {
   auto* const label = new QLabel(text, this);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setFixedWidth(BodyWidth);
+  Describe(text);
   AddPart(*label);
 }
 
@@ -63,7 +71,8 @@ void QuestionWindow::AddPart(QWidget& part) {
   body_->addWidget(&part);
 }
 
-void QuestionWindow::AddRow(const QString& caption, QWidget& content) {
+void QuestionWindow::AddRow(const QString& caption, const QString& text, QWidget& content) {
+  Describe(caption + ' ' + text);
   if (facts_ == nullptr) {
     facts_ = new QGridLayout;
     facts_->setHorizontalSpacing(Spacing);
@@ -78,15 +87,16 @@ void QuestionWindow::AddRow(const QString& caption, QWidget& content) {
 
 void QuestionWindow::AddPath(const QString& caption, const std::string& path) {
   auto* const label = new ElidedLabel(this);
-  label->ShowText(ToShownQString(path));
-  AddRow(caption, *label);
+  const QString text = ToShownQString(path);
+  label->ShowText(text);
+  AddRow(caption, text, *label);
 }
 
 void QuestionWindow::AddFact(const QString& caption, const QString& text) {
   auto* const label = new QLabel(text, this);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
-  AddRow(caption, *label);
+  AddRow(caption, text, *label);
 }
 
 QCheckBox& QuestionWindow::AddCheck(const QString& text) {
@@ -97,7 +107,7 @@ QCheckBox& QuestionWindow::AddCheck(const QString& text) {
 
 void QuestionWindow::AddButton(const QString& caption, Role role, Choice choose) {
   auto* const button = new QPushButton(caption, this);
-  button->setMinimumWidth(ButtonWidth);
+  button->setMinimumWidth(std::max(ButtonWidth, button->sizeHint().width() + ButtonPadding));
   buttons_->addWidget(button);
   if (role == Role::Cancel) cancel_ = choose;
   connect(button, &QPushButton::clicked, this,

@@ -36,7 +36,8 @@ class QuestionWindow : public QDialog {
   void reject() override { Choose(cancel_); }
 
  private:
-  void AddRow(const QString& caption, QWidget& content);
+  void AddRow(const QString& caption, const QString& text, QWidget& content);
+  void Describe(const QString& line);  // to screen readers
   void Choose(const Choice& choice);
 
   QVBoxLayout* body_;

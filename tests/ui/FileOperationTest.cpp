@@ -158,7 +158,14 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
         window.close();
       },
       meet(unlike));
-  EXPECT_EQ(answers, "1 3 10 2 3 ");
+  platform::OperationConflict folders = unlike;
+  folders.Source.Kind = ItemKind::Folder;
+  ask(taken, click("Replace"), [&](OperationUser& user) {
+    const int first = meet(folders)(user);
+    folders.Target.Path += "/below";
+    return first + meet(folders)(user);
+  });
+  EXPECT_EQ(answers, "1 3 10 2 3 0 ");
 
   answers.clear();
   const auto trouble = [](OperationUser& user) {
@@ -264,6 +271,20 @@ TEST_F(FileOperationTest, ClosingTheProgramCancelsAndWaits) {
             15);
   settle();
   Main.show();
+
+  // What is to come after it, even if asked for in the middle of it.
+  bool running = false;
+  bool then = false;
+  After(20, [&] { Operation.CancelThen([&] { then = !running; }); });
+  EXPECT_EQ(Run([&](OperationUser& user) {
+              running = true;
+              const int code = untilCancelled(user);
+              running = false;
+              return code;
+            }).Code,
+            5);
+  settle();
+  EXPECT_TRUE(then);
 
   // Without a window and its events.
   After(20, [&] { Operation.CancelAndWait(); });

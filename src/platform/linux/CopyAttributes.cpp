@@ -43,8 +43,8 @@ void CopyAttribute(int from, int to, const char* name, std::string& value) {
 
 // A new item inherits access lists from its folder, which the original may not have. Tells whether
 // the original has any attributes.
-bool CopyExtended(int from, int to) {
-  const std::string given = ListAttributes(to);
+bool CopyExtended(int from, int to, bool mayInherit) {
+  const std::string given = mayInherit ? ListAttributes(to) : std::string();
   const std::string wanted = ListAttributes(from);
   if (given.empty() && wanted.empty()) return false;
   const auto names = [](const std::string& list, const auto& take) {
@@ -74,9 +74,15 @@ mode_t SetOwner(const struct statx& original, int to, const struct statx& copy) 
 
 }  // namespace
 
-int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy) {
+bool HandsDownAccessLists(int folder) {
+  return fgetxattr(folder, defaultAccessList.data(), nullptr, 0) >= 0 ||
+         (errno != ENODATA && errno != ENOTSUP);
+}
+
+int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
+                   bool mayInherit) {
   const mode_t mode = SetOwner(original, to, copy);
-  const bool hasExtended = CopyExtended(from, to);
+  const bool hasExtended = CopyExtended(from, to, mayInherit);
   // Changed only where it may differ: file systems without permissions refuse any change. A new
   // owner clears the special bits, and an access list brings permissions of its own.
   const bool differs = (copy.stx_mode & 07777U) != mode || (mode & 07000U) != 0 || hasExtended;

@@ -9,8 +9,13 @@ namespace tarnwell::platform {
 // times of the open original, of which `original` tells; `copy` tells of the copy as it is. What
 // the user may not pass on or the file system cannot keep is left out, and rights are cut rather
 // than given to somebody else: set-user-id goes with another owner, and another group gets no more
-// than everybody has. Gives an error number.
-int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy);
+// than everybody has. `mayInherit` tells that the copy may have access lists from its folder, which
+// it is not to keep. Gives an error number.
+int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
+                   bool mayInherit);
+
+// Whether the open folder hands access lists down to what is made in it.
+bool HandsDownAccessLists(int folder);
 
 // Owner and times of a symbolic link.
 void CopyLinkAttributes(const struct statx& original, int folder, const char* name);

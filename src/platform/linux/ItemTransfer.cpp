@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/SystemError.h"
@@ -28,29 +29,18 @@ ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target)
 
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
                         const std::string& targetName) {
-  Level base;
-  base.CanRename = moves_;
-  from_ = source->Path;
-  to_ = target_.Path;
-  base.FromLength = from_.size();
-  base.ToLength = to_.size();
-  Descriptor from(fcntl(source->Folder.Get(), F_DUPFD_CLOEXEC, 0));
-  Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));
-  struct statx target;
-  int error = from && to ? 0 : errno;
-  if (error == 0) error = LookAt(from.Get(), "", base.Source);
-  if (error == 0) error = LookAt(to.Get(), "", target);
-  if (error != 0) {
-    talk_.Retries(OperationStep::Find, FromPath(name), error);
-    return;
+  if (source != source_) {
+    const int error = EnterBase(source);
+    if (error != 0) {
+      talk_.Retries(OperationStep::Find, source->Path + "/" + name, error);
+      return;
+    }
   }
-  sources_.Enter(std::move(from), IdentityOf(base.Source));
-  targets_.Enter(std::move(to), IdentityOf(target));
-  levels_.push_back(std::move(base));
   made_ = {};
   const std::size_t copiedBefore = copied_.Count();
 
   struct statx found;
+  int error = 0;
   while ((error = LookAt(sources_.Get(), name.c_str(), found)) != 0 &&
          talk_.Retries(OperationStep::Find, FromPath(name), error)) {
   }
@@ -58,15 +48,38 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
     TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
     Walk();
   }
-  levels_.clear();
-  names_.clear();
-  sources_ = {};
-  targets_ = {};
-
   if (copied_.Count() == copiedBefore) return;
   batch_.push_back({source, name});
   const bool isMuch = talk_.BytesDone() - batchStart_ >= batchBytes;
   if (isMuch || copied_.Count() >= batchItems) FinishBatch();
+}
+
+// Gives an error number.
+int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
+  source_ = nullptr;
+  sources_ = {};
+  targets_ = {};
+  levels_.clear();
+  Level base;
+  Descriptor from(fcntl(source->Folder.Get(), F_DUPFD_CLOEXEC, 0));
+  if (!from) return errno;
+  Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));
+  if (!to) return errno;
+  struct statx target;
+  int error = LookAt(from.Get(), "", base.Source);
+  if (error == 0) error = LookAt(to.Get(), "", target);
+  if (error != 0) return error;
+  from_ = source->Path;
+  to_ = target_.Path;
+  base.FromLength = from_.size();
+  base.ToLength = to_.size();
+  base.CanRename = moves_;
+  base.HandsDown = HandsDownAccessLists(to.Get());
+  sources_.Enter(std::move(from), IdentityOf(base.Source));
+  targets_.Enter(std::move(to), IdentityOf(target));
+  levels_.push_back(std::move(base));
+  source_ = source;
+  return 0;
 }
 
 void ItemTransfer::Finish() {

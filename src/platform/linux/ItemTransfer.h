@@ -1,6 +1,8 @@
 // Copying and moving of items.
 #pragma once
 
+#include <unistd.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -67,6 +69,7 @@ class ItemTransfer {
     std::string Name;
     std::string Target;
     std::string Temporary;      // while it lies under another name than its own
+    bool HandsDown = false;     // gives access lists to what is made there
     bool IsNew = false;         // nothing can be in the way there
     bool CanRename = false;     // a move from here to there may be a rename
     bool IsGivenUp = false;     // cannot get its own name
@@ -79,6 +82,7 @@ class ItemTransfer {
   };
 
   // The walk (ItemTransfer.cpp).
+  int EnterBase(const std::shared_ptr<const OpenPlace>& source);
   void Walk();
   void TakeItem(Item item);
   Failure Attempt(Item& item);
@@ -106,6 +110,7 @@ class ItemTransfer {
   // Files and links (TransferFile.cpp).
   Failure CopyFile(const Item& item);
   Failure CopyContentOf(const Item& item, int from, const struct statx& source);
+  mode_t FirstMode(const struct statx& source) const;
   Failure CopyLink(const Item& item);
 
   // Conflicts (TransferConflict.cpp).
@@ -117,6 +122,9 @@ class ItemTransfer {
   OperationTalk& talk_;
   const OpenPlace& target_;
   const bool moves_;
+  const uid_t user_ = geteuid();
+  const gid_t group_ = getegid();
+  std::shared_ptr<const OpenPlace> source_;  // where the last item was taken from
   FolderChain sources_;
   FolderChain targets_;
   std::vector<Level> levels_;

@@ -15,10 +15,12 @@ PendingFile::~PendingFile() {
   if (name_ != nullptr && !isPlaced_) unlinkat(folder_, name_, 0);
 }
 
-int PendingFile::Create(mode_t mode) {
-  file_ = Descriptor(openat(folder_, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
+int PendingFile::Create(mode_t mode, bool isNamed) {
+  if (!isNamed) file_ = Descriptor(openat(folder_, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
   if (file_) return 0;
-  if (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT) return errno;
+  const bool isUnknown =
+      errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOENT;
+  if (!isNamed && !isUnknown) return errno;
   for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
     if (const int error = temporary_.Renew(); error != 0) return error;
     const int error = CreateAs(temporary_.Text(), mode);

@@ -17,8 +17,9 @@ class PendingFile {
   PendingFile& operator=(const PendingFile&) = delete;
   ~PendingFile();
 
-  // These give an error number.
-  int Create(mode_t mode);
+  // These give an error number. What is to take the place of another needs a name first, which
+  // costs less from the start.
+  int Create(mode_t mode, bool isNamed);
   // Makes it under the name itself, for a folder that is not in its place yet.
   int CreateAs(const char* name, mode_t mode);
   // Gives it its name; EEXIST where the name is taken, unless what has it, no folder, is to go.

@@ -18,13 +18,13 @@ bool IsUnchanged(const struct statx& before, const struct statx& after) {
          before.stx_mtime.tv_nsec == after.stx_mtime.tv_nsec;
 }
 
+}  // namespace
+
 // Nobody is to read it meanwhile who may not read the original.
-mode_t FirstMode(const struct statx& source) {
-  const bool isOwn = source.stx_uid == geteuid() && source.stx_gid == getegid();
+mode_t ItemTransfer::FirstMode(const struct statx& source) const {
+  const bool isOwn = source.stx_uid == user_ && source.stx_gid == group_;
   return source.stx_mode & (isOwn ? 0777U : 0700U);
 }
-
-}  // namespace
 
 ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
   // No waiting, should another item have taken its place.
@@ -61,10 +61,12 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
     return Failure{OperationStep::Write, error, nullptr, true};
   };
   const char* const name = item.Target.c_str();
-  const bool isHidden = !levels_.back().Temporary.empty() && source.stx_size <= smallSize;
+  const bool replaces = item.Decided == Way::Replace;
+  const bool isSmall = source.stx_size <= smallSize;
+  const bool isHidden = isSmall && !levels_.back().Temporary.empty();
   PendingFile pending(targets_.Get());
-  int error =
-      isHidden ? pending.CreateAs(name, FirstMode(source)) : pending.Create(FirstMode(source));
+  int error = isHidden ? pending.CreateAs(name, FirstMode(source))
+                       : pending.Create(FirstMode(source), replaces && isSmall);
   struct statx copy;
   if (error == 0) error = LookAt(pending.Get(), "", copy);
   if (error != 0) return written(error);
@@ -84,7 +86,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (!isWhole || !IsUnchanged(source, after)) {
     return {OperationStep::Read, EBUSY, "The file has changed while it was copied"};
   }
-  error = CopyAttributes(from, source, pending.Get(), copy);
+  error = CopyAttributes(from, source, pending.Get(), copy, levels_.back().HandsDown);
   if (error == 0) error = flushed_.Take(pending.Get(), copy);
   if (error != 0) return written(error);
   if (moves_) {
@@ -94,7 +96,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
       return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
     }
   }
-  error = pending.Place(name, item.Decided == Way::Replace);
+  error = pending.Place(name, replaces);
   if (error != 0) return written(error);
   if (source.stx_nlink > 1) {
     links_.Add(source, copy, ToPath(item.Target).substr(target_.Path.size() + 1));

@@ -108,8 +108,12 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
     if (level.IsNew) unlinkat(folder, name, AT_REMOVEDIR);
     return {OperationStep::MakeFolder, error, nullptr, true};
   }
+  level.HandsDown = HandsDownAccessLists(opened.Get());
   // What it holds must not inherit what its original does not give.
-  if (level.IsNew) fremovexattr(opened.Get(), "system.posix_acl_default");
+  if (level.IsNew && level.HandsDown &&
+      fremovexattr(opened.Get(), "system.posix_acl_default") == 0) {
+    level.HandsDown = false;
+  }
   return {};
 }
 
@@ -200,7 +204,8 @@ bool ItemTransfer::FinishNewFolder(const Level& level) {
     struct statx copy;
     int error = targets_.Get() < 0 || sources_.Get() < 0 ? ESTALE : 0;
     if (error == 0) error = LookAt(targets_.Get(), "", copy);
-    if (error == 0) error = CopyAttributes(sources_.Get(), level.Source, targets_.Get(), copy);
+    if (error == 0)
+      error = CopyAttributes(sources_.Get(), level.Source, targets_.Get(), copy, true);
     if (error == 0) error = flushed_.Take(targets_.Get(), copy);
     if (error == 0) return true;
     if (!talk_.Retries(OperationStep::MakeFolder, to_, error)) return false;

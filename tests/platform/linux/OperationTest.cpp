@@ -32,7 +32,7 @@ void MakeTree(const std::string& at) {
   for (const std::string& name : odd) Put(at + "/sub/" + name, name, 0640);
   Put(at + "/tool", "#!/bin/true", 04751);
   Put(at + "/empty", "");
-  Put(at + "/shut/large", std::string(3'000'000, 'L'), 0400);
+  Put(at + "/shut/large", std::string(1'200'000, 'L'), 0400);
   Put(at + "/sub/twice", "one file, two names");
   fs::create_hard_link(at + "/sub/twice", at + "/again");
   symlink("nowhere/at all", (at + "/dangling").c_str());
@@ -78,7 +78,7 @@ TEST(Operation, CopiesAndMovesKeepEverything) {
     ScriptedUser user;
     EXPECT_EQ(Do(user, FileFunction::Copy, {here / "tree"}, there.Path() + "/").Code, 0);
     EXPECT_EQ(Describe(there / "tree"), original);
-    EXPECT_TRUE(user.Last.ItemsDone == user.Last.ItemsTotal && user.Last.BytesTotal > 11'000'000);
+    EXPECT_TRUE(user.Last.ItemsDone == user.Last.ItemsTotal && user.Last.BytesTotal > 9'500'000);
     struct stat sparse {};
     stat((there / "tree/sparse").c_str(), &sparse);
     EXPECT_LT(sparse.st_blocks * 512, 1 << 20);
@@ -340,10 +340,8 @@ TEST(Operation, GoesAsDeepAsFoldersLie) {
   }
   close(openat(at.Get(), "bottom", O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
   ScriptedUser user;
-  EXPECT_EQ(Do(user, FileFunction::Copy, {here / "a folder"}, here / "copy").Code, 0);
-  EXPECT_EQ(Do(user, FileFunction::Delete, {here / "a folder"}, "").Code, 0);
   const TempFolder there;
-  EXPECT_EQ(Do(user, FileFunction::Move, {here / "copy"}, there / "a folder").Code, 0);
+  EXPECT_EQ(Do(user, FileFunction::Move, {here / "a folder"}, there.Path()).Code, 0);
   EXPECT_EQ(user.Heard + here.Names(), "");
   at = Descriptor(open(there.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   for (int level = 0; level < depth && at; ++level) {
