@@ -12,11 +12,6 @@ namespace {
 
 const std::string Sorry = "Sorry, you cannot make a new folder here.";
 
-void CentreOn(const forms::Form& mainForm, forms::Form& dialog) {
-  dialog.Left = mainForm.Left + mainForm.Width / 2 - dialog.Width / 2;
-  dialog.Top = mainForm.Top + mainForm.Height / 2 - dialog.Height / 2;
-}
-
 }  // namespace
 
 void NewFolder::CreateNewFolder(bool byKey) {
@@ -43,7 +38,7 @@ void NewFolder::AskAndMake(lister::ListerControl& list, bool byKey) {
   popNewFolder dialog(host_, fields_);
   dialog.txtDest.Text = folder;
   host_.Open(dialog);
-  CentreOn(workspace_.Form, dialog);
+  dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);
   if (fields_.DialogResult.empty() || fields_.DialogResult == "cancel") return;
   list.WatchStop();

@@ -42,6 +42,12 @@ class Form {
   base::Colour BackColour = base::White;
   WindowState State = WindowState::Normal;
 
+  // Puts the form over the middle of the other one.
+  void CentreOn(const Form& other) {
+    Left = base::RoundToTwips(other.Left + other.Width / 2.0 - Width / 2.0);
+    Top = base::RoundToTwips(other.Top + other.Height / 2.0 - Height / 2.0);
+  }
+
   // Handler of the form's load; runs each time the form is opened, before it is shown.
   virtual void Load() {}
   // Handler of the form's unload, whatever closed it.

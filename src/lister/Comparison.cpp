@@ -119,11 +119,7 @@ void ForEachRow(const FileRows& rows, Work work) {
 
 void Count(const CompareMarks& marks, CompareCounts& counts) {
   const bool differs = marks.Larger || marks.Smaller || marks.Newer || marks.Older;
-  counts.OnlyHere += marks.OnlyHere;
-  counts.Larger += marks.Larger;
-  counts.Smaller += marks.Smaller;
-  counts.Newer += marks.Newer;
-  counts.Older += marks.Older;
+  counts.Add(marks, 1);
   counts.Differing += differs;
   counts.Same += !marks.OnlyHere && !differs;
 }
@@ -133,6 +129,22 @@ std::string Number(int number) {
 }
 
 }  // namespace
+
+void MarkCounts::Add(CompareMarks marks, int rows) {
+  OnlyHere += marks.OnlyHere * rows;
+  Larger += marks.Larger * rows;
+  Smaller += marks.Smaller * rows;
+  Newer += marks.Newer * rows;
+  Older += marks.Older * rows;
+}
+
+CompareMarks MarkCounts::Kinds() const {
+  return {.OnlyHere = OnlyHere > 0,
+          .Larger = Larger > 0,
+          .Smaller = Smaller > 0,
+          .Newer = Newer > 0,
+          .Older = Older > 0};
+}
 
 std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax) {
   std::vector<CompareRecord> records;

@@ -33,11 +33,20 @@ struct CompareRecord {
   std::int32_t State = 0;
 };
 
-// How many rows of a list got which marks. A row that differs in size and date counts for both.
-struct CompareCounts {
+// How many rows have each mark. A row that differs in size and date counts for both.
+struct MarkCounts {
   int OnlyHere = 0;
-  int Differing = 0;
   int Larger = 0, Smaller = 0, Newer = 0, Older = 0;
+
+  // `rows` more have these marks; fewer if it is below 0.
+  void Add(CompareMarks marks, int rows);
+  // Those that any row has.
+  CompareMarks Kinds() const;
+};
+
+// What a comparison found in a list.
+struct CompareCounts : MarkCounts {
+  int Differing = 0;
   int Same = 0;
   int Missing = 0;  // items of the other list that this one has no partner for
 };

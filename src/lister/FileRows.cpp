@@ -88,6 +88,7 @@ RowId FileRows::StoreRow(const FileRow& row) {
 
 void FileRows::Forget(RowId row) {
   unusedNames_ += Row(row).NameLength;
+  SetMarks(row, {});
   Stored(row) = {};
   comments_.erase(row);
   free_.push_back(row);
@@ -149,6 +150,8 @@ void FileRows::SetColour(RowId row, ItemColour colour) {
 }
 
 void FileRows::SetMarks(RowId row, CompareMarks marks) {
+  marked_.Add(Row(row).Marks, -1);
+  marked_.Add(marks, 1);
   Stored(row).Marks = marks;
 }
 
@@ -398,6 +401,7 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
 std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, std::vector<RowId>& partners) {
   names_ = std::move(fresh.names_);
   unusedNames_ = fresh.unusedNames_;
+  marked_ = fresh.marked_;
   comments_.clear();
   std::vector<RowId> changed;
   for (std::size_t at = 0; at < partners.size(); ++at) {

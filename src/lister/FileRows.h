@@ -100,6 +100,8 @@ class FileRows {
   void SetNotes(RowId row, ItemColour colour, std::string comment);
   void SetColour(RowId row, ItemColour colour);
   void SetMarks(RowId row, CompareMarks marks);
+  // The kinds of marks that rows have, on show or not.
+  CompareMarks Marks() const { return marked_.Kinds(); }
   // Of a row on show. One that goes off show is not selected any more.
   void SetSelected(RowId row, bool selected);
   void KeepSelection();
@@ -189,6 +191,7 @@ class FileRows {
   BlockVector<int> positions_;  // by row; -1 for one that is not on show
   std::unordered_map<RowId, std::string> comments_;
   int selected_ = 0;
+  MarkCounts marked_;
 };
 
 // Letters for read-only, hidden, system and link, those that apply.

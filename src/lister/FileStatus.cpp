@@ -57,7 +57,7 @@ std::string FileSummary(const FileListState& files) {
 }
 
 void ShowSummary(FileListState& files) {
-  files.List.SetStatus(FileSummary(files));
+  files.List.SetStatus(FileSummary(files), files.Rows.Marks());
 }
 
 }  // namespace tarnwell::lister

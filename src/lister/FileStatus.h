@@ -11,8 +11,9 @@ namespace tarnwell::lister {
 // Most useful first, since a narrow pane shows the beginning alone. Valid UTF-8.
 std::string FileSummary(const FileListState& files);
 
-// Puts the summary into the status line. To be called after what it tells has changed, a selection
-// say, and to have it back when a job that told of itself there is done.
+// Puts the summary into the status line, and the kinds of marks that rows have. To be called after
+// what it tells has changed, rows or a selection say, and to have it back when a job that told of
+// itself there is done.
 void ShowSummary(FileListState& files);
 
 }  // namespace tarnwell::lister

@@ -13,9 +13,10 @@ ListState::ListState(ListerControl& control, const ListerServices& services, Lis
       Expanded(Syntax),
       Active(Syntax) {}
 
-void ListState::SetStatus(std::string text) {
-  if (Status == text) return;
+void ListState::SetStatus(std::string text, CompareMarks marks) {
+  if (Status == text && Marks == marks) return;
   Status = std::move(text);
+  Marks = marks;
   View().StatusChanged();
 }
 

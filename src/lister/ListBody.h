@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "lister/Comparison.h"
 #include "lister/FolderFollower.h"
 #include "lister/Headings.h"
 #include "lister/ListInput.h"
@@ -36,11 +37,13 @@ struct ListState {
   std::string Drive;   // on show, or remembered for the first load
   std::string Folder;  // open or on show
   std::string Status;
+  CompareMarks Marks;         // the kinds that rows have
   bool IsTerminated = false;  // work that let messages through is to end
 
   // The list's widget, or one that does nothing.
   ListerView& View() { return Control.View != nullptr ? *Control.View : nobody_; }
-  void SetStatus(std::string text);
+  void SetStatus(std::string text) { SetStatus(std::move(text), Marks); }
+  void SetStatus(std::string text, CompareMarks marks);
   // Items that the user does not want to see.
   bool IsFilteredOut(const platform::FolderEntry& entry) const {
     return (entry.IsHidden && !Control.ShowHidden) || (entry.IsSystem && !Control.ShowSystem);

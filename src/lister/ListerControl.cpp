@@ -374,6 +374,9 @@ int ListerControl::BorderWidth() const {
 const std::string& ListerControl::StatusText() const {
   return parts_->State.Status;
 }
+CompareMarks ListerControl::MarksInList() const {
+  return parts_->State.Marks;
+}
 std::vector<platform::Drive> ListerControl::DriveChoices() const {
   return parts_->State.Services.Drives.List();
 }

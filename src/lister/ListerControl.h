@@ -329,6 +329,8 @@ class ListerControl : public forms::Control {
   const ListerColours& Colours() const;
   int BorderWidth() const;  // pixels round the list, 0 to 8
   const std::string& StatusText() const;
+  // The kinds of marks that rows have, whether or not the filter shows them.
+  CompareMarks MarksInList() const;
   std::vector<platform::Drive> DriveChoices() const;
 
   // The folder changed while it was read: reads it again. The view calls this when the list has

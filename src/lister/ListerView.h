@@ -43,7 +43,7 @@ class ListerView {
   virtual void HeadingsChanged() = 0;   // order, width, visibility or sort marks of headings
   virtual void FilterChanged() = 0;     // the filter, or the extensions to choose from
   virtual void StyleChanged() = 0;      // colours, active or inactive
-  virtual void StatusChanged() = 0;     // the text of the status line
+  virtual void StatusChanged() = 0;     // the text of the status line, or the marks in the list
   virtual void DrivesChanged() = 0;     // the drives, or which one is shown
   virtual void Repaint() = 0;
   virtual void TakeFocus() = 0;

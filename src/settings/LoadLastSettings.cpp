@@ -13,6 +13,15 @@ constexpr std::size_t BookmarkLimit = 100;
 constexpr std::size_t BookmarkHead = 10;
 constexpr std::size_t BookmarkTail = 87;
 
+// Only a damaged file has every pane closed.
+void OpenFirstPane(workspace::Workspace& space) {
+  space.Panes[0].Status = workspace::Open;
+  space.Form.Toolbar1["pane0"].Pressed = true;
+  space.Form.Menus["mnuPane0"].Checked = true;
+  space.OpenPaneCount = 1;
+  space.InitialActivePane = 0;
+}
+
 void FindActivePane(workspace::Workspace& space) {
   space.InitialActivePane = -1;
   // Counted anew: a damaged record of states may have been read in part.
@@ -22,6 +31,7 @@ void FindActivePane(workspace::Workspace& space) {
     ++space.OpenPaneCount;
     if (space.InitialActivePane < 0) space.InitialActivePane = static_cast<std::int16_t>(pane);
   }
+  if (space.OpenPaneCount == 0) OpenFirstPane(space);
   space.PreviousActivePane = space.InitialActivePane;
   space.ActiveList = space.InitialActivePane;
   space.CurrentList = space.InitialActivePane;

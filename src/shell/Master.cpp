@@ -252,6 +252,7 @@ void Master::ShowActiveList() {
 void Master::Resize() {
   workspace::MainForm& form = space_.Form;
   if (!form.ResizeEnabled) return;
+  splitters_.GiveUp();  // its measures are of another room
   layout_.ResizeForm(false);
   if (!form.FirstResizePending) return;
   form.FirstResizePending = false;

@@ -51,8 +51,7 @@ void MessageBox::Message(const std::string& text, forms::MessageKind kind,
       box.Buttons[i].Visible = !captions[i].empty();
     }
     host_.Open(box);
-    box.Left = base::RoundToTwips(parent.Left + parent.Width / 2.0 - box.Width / 2.0);
-    box.Top = base::RoundToTwips(parent.Top + parent.Height / 2.0 - box.Height / 2.0);
+    box.CentreOn(parent);
     const forms::MousePointer pointer = host_.ScreenPointer();
     host_.SetScreenPointer(forms::MousePointer::Arrow);
     try {

@@ -81,6 +81,10 @@ void AddRowColours(ListerStyle& style, const QColor& secondary) {
   style.Hovered = ColoursOn(Blend(background, selection, 25), text, secondary);
   style.Selected = ColoursOn(selection, style.List.color(QPalette::HighlightedText), secondary);
   style.Arrow = Distinct(style.ItemOutline, style.Selected.Text, selection, 3);
+  const QColor status = style.Status.color(QPalette::Window);
+  const QColor statusText = style.Status.color(QPalette::WindowText);
+  style.LegendMore = Distinct(style.Arrow, statusText, status, 3);
+  style.LegendLess = Distinct(style.Plain.Secondary, statusText, status, 3);
   for (std::size_t at = 0; at < style.Bars.size(); ++at) {
     const QColor colour = ToQColor(lister::ItemColours[at].Colour);
     style.Bars[at] = Distinct(colour, text, background, VisibleContrast);
@@ -103,6 +107,8 @@ ListerStyle SystemStyle(bool active, const QPalette& system) {
                     .ItemOutline = accent,
                     .ItemUnderline = accent,
                     .Arrow = {},
+                    .LegendMore = {},
+                    .LegendLess = {},
                     .Plain = {},
                     .Hovered = {},
                     .Selected = {},
@@ -141,6 +147,8 @@ ListerStyle MakeListerStyle(const lister::ListerColours& colours, bool active,
       .ItemOutline = accent,
       .ItemUnderline = ToQColor(colours.ActiveItemUnderline),
       .Arrow = {},
+      .LegendMore = {},
+      .LegendLess = {},
       .Plain = {},
       .Hovered = {},
       .Selected = {},

@@ -31,6 +31,9 @@ struct ListerStyle {
   QColor ItemOutline;  // of the row with the cursor, of the frame that selects
   QColor ItemUnderline;
   QColor Arrow;  // of a selected item
+  // Of badges on the status line: as on rows, as far as they can be told from it.
+  QColor LegendMore;
+  QColor LegendLess;
   RowColours Plain;
   RowColours Hovered;
   RowColours Selected;

@@ -73,6 +73,9 @@ void FilterField::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       emit ListAsked();
       return;
+    case Qt::Key_Up:
+      emit ExtensionsAsked();
+      return;
     default:
       QLineEdit::keyPressEvent(event);
   }
@@ -110,6 +113,11 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
   connect(filter_, &QLineEdit::textEdited, this, &ListerToolbar::FilterTyped);
   connect(filter_, &QLineEdit::textChanged, this, qOverload<>(&QWidget::update));
   connect(filter_, &FilterField::ListAsked, this, &ListerToolbar::ListAsked);
+  connect(filter_, &FilterField::ExtensionsAsked, this, [this] {
+    if (!extensions_->isVisible()) return;
+    extensions_->setFocus();
+    extensions_->showPopup();
+  });
   connect(filter_, &FilterField::FocusChanged, this, [this] {
     update();
     if (filter_->hasFocus()) emit FocusTaken();
@@ -177,7 +185,16 @@ void ListerToolbar::ShowStyle() {
 }
 
 QSize ListerToolbar::sizeHint() const {
-  return {200, std::max(ButtonSide, fontMetrics().height() + 8) + 4};
+  return {200, RowHeight(fontMetrics())};
+}
+
+int ListerToolbar::RowHeight(const QFontMetrics& font) {
+  return std::max(ButtonSide, font.height() + 8) + 4;
+}
+
+void ListerToolbar::EnterFilter() {
+  filter_->setFocus();
+  filter_->selectAll();
 }
 
 // What is least missed gives way first: the width of the extensions, then all of them, then the
@@ -218,19 +235,19 @@ void ListerToolbar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().color(QPalette::Window));
   painter.setRenderHint(QPainter::Antialiasing);
-  const auto frame = [&](const QRect& place, bool strong, const QBrush& fill) {
+  // What filters has a coloured frame; a thick one is where the keyboard is.
+  const auto frame = [&](const QRect& place, bool filters, bool thick, const QBrush& fill) {
     QColor line = palette().color(QPalette::Text);
     line.setAlphaF(0.3F);
-    painter.setPen(strong ? QPen(style_.ItemOutline, 2) : QPen(line, 1));
+    painter.setPen(QPen(filters || thick ? style_.ItemOutline : line, thick ? 2 : 1));
     painter.setBrush(fill);
-    const double half = strong ? 0 : 0.5;
+    const double half = thick ? 0 : 0.5;
     painter.drawRoundedRect(QRectF(place).adjusted(half, half, -half, -half), Rounding, Rounding);
   };
-  const bool filters = !filter_->text().isEmpty();
-  frame(filter_->geometry().adjusted(-2, -2, 2, 2), filters || filter_->hasFocus(),
+  frame(filter_->geometry().adjusted(-2, -2, 2, 2), !filter_->text().isEmpty(), filter_->hasFocus(),
         palette().brush(QPalette::Base));
   if (extensions_->isVisible() && !control_.FilterExtension().empty()) {
-    frame(extensions_->geometry(), true, Qt::NoBrush);
+    frame(extensions_->geometry(), true, true, Qt::NoBrush);
   }
 }
 

@@ -3,6 +3,7 @@
 // Shows what the control says of the filter and reports what the user wants; filters nothing.
 #pragma once
 
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <QToolButton>
 #include <QWidget>
@@ -16,7 +17,8 @@ namespace tarnwell::ui {
 
 class ExtensionBox;
 
-// The field for the filter. Escape empties it; Escape, Enter and Down lead back to the list.
+// The field for the filter. Escape empties it; Escape, Enter and Down lead back to the list, Up to
+// the extensions.
 class FilterField : public QLineEdit {
   Q_OBJECT
 
@@ -25,6 +27,7 @@ class FilterField : public QLineEdit {
 
  signals:
   void ListAsked();
+  void ExtensionsAsked();
   void FocusChanged();
 
  protected:
@@ -45,6 +48,11 @@ class ListerToolbar : public QWidget {
   void ShowFilter();
   void ShowStyle();
   QSize sizeHint() const override;
+  // Gives the field for the filter the keyboard.
+  void EnterFilter();
+
+  // Pixels that a row of controls above a list takes.
+  static int RowHeight(const QFontMetrics& font);
 
  signals:
   void FilterTyped(const QString& text);

@@ -14,6 +14,7 @@
 #include "ui/ListerDelegate.h"
 #include "ui/ListerDrives.h"
 #include "ui/ListerHeader.h"
+#include "ui/ListerLegend.h"
 #include "ui/ListerModel.h"
 #include "ui/ListerToolbar.h"
 #include "ui/ListerTree.h"
@@ -58,6 +59,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   status_->setAutoFillBackground(true);
   status_->setMargin(2);
   status_->setIndent(3);
+  if (fileList_) legend_ = new ListerLegend(style_, status_);
 
   taskTimer_.setSingleShot(true);
   taskTimer_.setInterval(0);
@@ -255,12 +257,17 @@ void ListerWidget::StyleChanged() {
   }
   if (drives_) drives_->setPalette(style_.Drives);
   if (toolbar_) toolbar_->ShowStyle();
+  if (legend_) legend_->update();
   Repaint();
 }
 
 void ListerWidget::StatusChanged() {
   const QString text = ToShownQString(control_.StatusText());
-  const int room = status_->width() - status_->indent() - 2 * status_->margin();
+  int room = status_->width() - status_->indent() - 2 * status_->margin();
+  if (legend_) {
+    const int wanted = status_->fontMetrics().horizontalAdvance(text);
+    room -= legend_->Show(control_.MarksInList(), room - std::min(wanted, room / 2));
+  }
   status_->setText(status_->fontMetrics().elidedText(text, Qt::ElideRight, room));
   status_->setToolTip(PlainToolTip(text));
   status_->setAccessibleDescription(text);
@@ -308,6 +315,13 @@ lister::RowId ListerWidget::RowUnderPointer() const {
   return row.isValid() ? ListerModel::RowOf(row) : lister::NoRow;
 }
 
+void ListerWidget::EnterControls() {
+  if (toolbar_ && toolbar_->isVisible()) toolbar_->EnterFilter();
+  if (!drives_) return;
+  drives_->setFocus();
+  drives_->showPopup();
+}
+
 void ListerWidget::CatchUpLater(int milliseconds) {
   catchUpTimer_.start(milliseconds);
 }
@@ -325,7 +339,8 @@ void ListerWidget::PlaceChildren() {
   const int statusHeight = status_->fontMetrics().height() + 6;
   const int toolbarHeight = toolbar_ ? toolbar_->sizeHint().height() : 0;
   if (drives_) {
-    const int height = drives_->sizeHint().height();
+    // As high as the row above a file list, so that headings side by side stand in line.
+    const int height = ListerToolbar::RowHeight(fontMetrics());
     drives_->setGeometry(area.left(), area.top(), area.width(), height);
     area.setTop(area.top() + height);
   }

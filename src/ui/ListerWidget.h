@@ -24,6 +24,7 @@ namespace tarnwell::ui {
 
 class ListerDrives;
 class ListerHeader;
+class ListerLegend;
 class ListerModel;
 class ListerToolbar;
 class ListerTree;
@@ -37,6 +38,9 @@ class ListerWidget : public QWidget,
   // Makes itself the view of the control. Control and icons outlive the widget.
   ListerWidget(lister::ListerControl& control, const IconSource& icons, QWidget* parent = nullptr);
   ~ListerWidget() override;
+
+  // Gives the keyboard to the filter of a file list, or unfolds the drives of a folder list.
+  void EnterControls();
 
   QSize minimumSizeHint() const override { return {40, 40}; }
 
@@ -129,6 +133,7 @@ class ListerWidget : public QWidget,
   ListerTree* tree_;
   ListerHeader* header_;
   QLabel* status_;
+  ListerLegend* legend_ = nullptr;  // file lists only
 
   QTimer taskTimer_;
   QTimer catchUpTimer_;

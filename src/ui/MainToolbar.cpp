@@ -33,6 +33,8 @@ bool MainToolbar::event(QEvent* event) {
     layout()->setContentsMargins(1, 1, 1, 1);
     layout()->setSpacing(1);
   }
+  // The toolkit takes the pointer off again wherever there is no handle.
+  if (event->type() == QEvent::HoverMove) setCursor(Qt::ArrowCursor);
   return done;
 }
 

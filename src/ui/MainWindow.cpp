@@ -76,6 +76,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
     master_.KeyDown(lister::EscapeKey, 0);
     SyncDrag();
   });
+  BindKeys();
   new WindowKeys(
       *this,
       {.Down = [this](int code, int shift) { master_.KeyDown(code, shift); },
@@ -89,6 +90,20 @@ MainWindow::~MainWindow() {
   disconnect(qApp, nullptr, this, nullptr);
   Close();
   hide();
+}
+
+// Ways for the keyboard to what the mouse finds by itself.
+void MainWindow::BindKeys() {
+  const auto bind = [this](const QKeySequence& key, auto act) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, act);
+  };
+  const auto enter = [this](lister::ListId (*listOf)(int)) {
+    const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
+    if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
+  };
+  bind(QKeySequence::Find, [enter] { enter(&lister::FileListOf); });
+  bind(Qt::Key_F4, [enter] { enter(&lister::FolderListOf); });
+  bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
 }
 
 FormSurface::Actions MainWindow::SurfaceActions() {
@@ -315,7 +330,12 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 }
 
 void MainWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::WindowStateChange) NotePlace();
+  if (event->type() == QEvent::WindowStateChange) {
+    const bool wasMinimised = form_.State == forms::WindowState::Minimised;
+    NotePlace();
+    // What changed meanwhile is not arranged yet, and the size may be the same.
+    if (wasMinimised && form_.State != forms::WindowState::Minimised) InsideResized();
+  }
   QMainWindow::changeEvent(event);
 }
 

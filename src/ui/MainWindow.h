@@ -41,6 +41,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   void changeEvent(QEvent* event) override;
 
  private:
+  void BindKeys();
   FormSurface::Actions SurfaceActions();
   void NotePlace();
   void InsideResized();

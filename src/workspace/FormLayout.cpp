@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <exception>
+#include <utility>
 
 #include "workspace/ArrangePanes.h"
 #include "workspace/Highlight.h"
@@ -45,9 +46,10 @@ FormMeasures MeasuresOf(Workspace& workspace) {
 
 void FormLayout::ResizeForm(bool force) {
   MainForm& form = workspace_.Form;
+  isOwed_ = isOwed_ || force || workspace_.IsResizing();
   if (form.State == forms::WindowState::Minimised) return;
   form.LastWindowState = form.State;
-  if (!force && !workspace_.IsResizing() && IsUnchanged()) {
+  if (!std::exchange(isOwed_, false) && IsUnchanged()) {
     for (PaneRecord& pane : workspace_.Panes) RedrawLists(pane);
     return;
   }
@@ -67,11 +69,11 @@ void FormLayout::ResizeForm(bool force) {
   form.Touch();
 }
 
-// The inside can change alone, when the menu bar takes another line.
 bool FormLayout::IsUnchanged() const {
   return IsSameSize() && workspace_.Settings.Layout == workspace_.LastLayout;
 }
 
+// The inside can change alone, when the menu bar takes another line.
 bool FormLayout::IsSameSize() const {
   const MainForm& form = workspace_.Form;
   return form.Width == workspace_.LastFormWidth && form.Height == workspace_.LastFormHeight &&
@@ -116,9 +118,17 @@ void FormLayout::HideControls() {
 
 void FormLayout::Arrange() {
   try {
-    const Arrangement arrangement = ArrangePanes2(workspace_.Panes, MeasuresOf(workspace_));
-    workspace_.Area = arrangement.Area;
+    Arrangement arrangement = ArrangePanes2(workspace_.Panes, MeasuresOf(workspace_));
     if (!arrangement.IsPlaced) return;
+    workspace_.Area = arrangement.Area;
+    // Shares that were mended can give or take the room of a pane that nobody meant to change.
+    for (std::size_t i = 0; i < arrangement.Panes.size(); ++i) {
+      const PaneRecord& was = workspace_.Panes[i];
+      PaneRecord& pane = arrangement.Panes[i];
+      if (was.FolderHasRoom != pane.FolderHasRoom || was.FileHasRoom != pane.FileHasRoom) {
+        pane.NeedsRedraw = true;
+      }
+    }
     workspace_.Panes = arrangement.Panes;
     Apply(arrangement);
   } catch (const std::exception&) {
@@ -177,13 +187,10 @@ void FormLayout::ShowControls() {
 }
 
 void FormLayout::ShowList(lister::ListId list, bool hasRoom) {
-  if (hasRoom) {
-    workspace_.Lists[list].SetLayout(workspace_.Settings.Layout);
-    workspace_.Lists[list].Visible = true;
-  } else {
-    workspace_.Form.shpPlaceHolder[list].Visible = true;
-    workspace_.Form.lblNoRoom[list].Visible = true;
-  }
+  if (hasRoom) workspace_.Lists[list].SetLayout(workspace_.Settings.Layout);
+  workspace_.Lists[list].Visible = hasRoom;
+  workspace_.Form.shpPlaceHolder[list].Visible = !hasRoom;
+  workspace_.Form.lblNoRoom[list].Visible = !hasRoom;
 }
 
 bool FormLayout::RedrawLists(const PaneRecord& pane) {

@@ -14,7 +14,8 @@ class FormLayout {
       : workspace_(workspace), messenger_(messenger) {}
 
   // The one entry for every rearrangement. With `force` false, nothing moves unless the form's
-  // size or the layout has changed or a bar is dragged.
+  // size or the layout has changed or a bar is dragged. A minimised form is left as it is, and what
+  // was forced meanwhile is made up for by the next call.
   void ResizeForm(bool force);
 
   // "vertical": panes as columns; any other word: as rows. The word of the layout in force
@@ -45,6 +46,7 @@ class FormLayout {
   forms::Messenger& messenger_;
   base::Twips lastInsideWidth_ = -1;
   base::Twips lastInsideHeight_ = -1;
+  bool isOwed_ = false;  // an arrangement that does not ask whether anything has changed
 };
 
 // Brings the layout's buttons and its picture in the menu up to date.

@@ -143,8 +143,10 @@ void Splitters::ShowBars(const Place& list, const PaneRecord& pane) {
     workspace_.ResizeAction = "DoResizingWestEast";
   } else {
     const Twips top = list.Bottom() + gap / 2 - form.LineHorz.Height / 2;
-    Show(form.LineHorz, IsBetweenPanes() ? 0 : pane.Left - gap, top);
-    form.LineHorz.Width = IsBetweenPanes() ? form.Width : pane.Width + 2 * gap;
+    // A settings file may hold any measure, and it stands until the pane is first placed.
+    Show(form.LineHorz, IsBetweenPanes() ? 0 : base::RoundToTwips(pane.Left - 1.0 * gap), top);
+    form.LineHorz.Width =
+        IsBetweenPanes() ? form.Width : base::RoundToTwips(pane.Width + 2.0 * gap);
     Show(form.LineHorz2, form.LineHorz2.Left, top);
     workspace_.Drag.BarStartTop = static_cast<float>(top);
     workspace_.ResizeAction = "DoResizingNorthSouth";

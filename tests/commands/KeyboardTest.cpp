@@ -106,8 +106,22 @@ TEST_F(KeyboardTest, SelectsInTheActiveListAndCopiesFromTheCurrentOne) {
   files.SelectAll("none");
   Press('C', CtrlDown);
   EXPECT_EQ(files.FirstSelected(), "C:\\Data\\b");
-  Space.IsWin9x = true;
-  EXPECT_EQ(Press('K', ShiftDown), "held");
+
+  // The active list learns of Shift and Ctrl, but not on old systems.
+  Space.ActiveList = 100;
+  for (const int shift : {0, int{ShiftDown}, int{CtrlDown}, int{ShiftDown}}) {
+    std::int16_t up = lister::UpKey, down = lister::DownKey;
+    bool spaceHeld = false;
+    files.TakeFocus();
+    files.ArrowKey(up, spaceHeld);
+    Keys.KeyUp();
+    EXPECT_EQ(Press('K', shift), shift == ShiftDown ? "held" : "armed");
+    files.ArrowKey(down, spaceHeld);
+    const lister::RowRange selected = files.SelectedRanges().front();
+    EXPECT_EQ(selected.First, shift == 0 || Space.IsWin9x ? 1 : 0);
+    EXPECT_EQ(selected.Last, shift == CtrlDown ? 0 : 1);
+    Space.IsWin9x = shift == CtrlDown;
+  }
 
   Space.ShellVerbMode = 0;
   Keys.KeyUp();

@@ -5,7 +5,7 @@ import random
 import subprocess
 import unittest
 
-from harness import EndToEndTest, keys, wait_for
+from harness import EndToEndTest, keys, run, wait_for
 
 # Runs a command that has no more rights on files than their permissions give, also under root.
 PLAIN_USER = [] if os.geteuid() else ["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
@@ -69,6 +69,12 @@ class BadFilesTest(EndToEndTest):
             wait_for("the pane to close", lambda: not program.button(pane).has("CHECKED"))
         self.wait_path(program, "/")  # in place of the drive that is not there
         self.wait_path(program, self.home, 2)
+        # Its folder list is as wide as it can be; the mouse makes room for the other list.
+        folders = program.folders(2).place()
+        self.assertFalse(program.is_open(2))
+        run("xdotool", "mousemove", folders.x + folders.width + 3, folders.y + 99, "mousedown", 1)
+        run("xdotool", "mousemove", "--sync", folders.x + 400, folders.y + 99)
+        run("xdotool", "mouseup", 1)
         self.wait_names(program, ["kept"], 2)
         self.close_clean(program)
 

@@ -55,7 +55,7 @@ class EndingsTest(EndToEndTest):
         program = self.start()
         for pane in (2, 1):
             program.control(f"Close pane {pane}").click()
-        program.message(LAST_PANE)
+        self.assertEqual(program.message(LAST_PANE).name, "Tarnwell")
         self.end_by(program)
         self.check_saved(b'"Status",0,1,1,1,1\r\n')
 

@@ -28,6 +28,14 @@ class KeysTest(EndToEndTest):
         keys("Escape")
         wait_for("the keyboard to be in the file list", lambda: files.has("FOCUSED"))
 
+        # The filter and the drives of the active pane have keys of their own.
+        keys("ctrl+f")
+        wait_for("the keyboard to be in the filter", lambda: field.has("FOCUSED"))
+        keys("Down", "F4", "Escape")
+        wait_for("the keyboard to be at the drives",
+                 lambda: program.control("Drives of pane 1").has("FOCUSED"))
+        files.row("one.txt").click(x=60)
+
         # F3 measures what the pointer rests on, whatever has the cursor.
         folder = files.row("deep").place()
         run("xdotool", "mousemove", folder.x + 60, folder.y + folder.height // 2)

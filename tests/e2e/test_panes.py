@@ -1,10 +1,8 @@
-"""Panes open and close by toolbar, menu and title, and the last one stays."""
+"""Panes open and close by toolbar, menu and title."""
 
 import unittest
 
 from harness import EndToEndTest, keys, wait_for
-
-LAST_PANE = " You must always have at least one pane open."
 
 
 class PanesTest(EndToEndTest):
@@ -37,21 +35,6 @@ class PanesTest(EndToEndTest):
         self.assertEqual(program.wait_end(), 0)
         self.check_clean_end()
         self.assertIn(b'"Status",0,1,1,1,0\r\n', self.settings.read_bytes())
-
-    def test_last_pane_stays(self):
-        program = self.start()
-        program.control("Close pane 1").click()
-        self.wait_open(program, 2)
-        for close, key in ((program.button(2).click, "Return"),
-                           (program.control("Close pane 2").click, "Escape"),
-                           (lambda: program.menu("Panes", "Show Pane 2"), "space")):
-            close()
-            self.assertEqual(program.message(LAST_PANE).name, "Tarnwell")
-            self.assertIsNotNone(program.look("OK"))
-            program.dismiss(LAST_PANE, key)
-            wait_for("the main window to be active again", program.window)
-            self.wait_open(program, 2)
-        self.wait_path(program, self.home, 2)
 
     def test_drive_list_is_named_and_leads_home(self):
         (self.home / "below").mkdir()

@@ -66,14 +66,6 @@ class RestartTest(EndToEndTest):
         self.assertTrue(self.settings.read_bytes().startswith(b'"ProgramPosition","max",'))
         self.assertEqual(self.start().place(), place)
 
-    def test_all_panes_closed_by_a_damaged_file(self):
-        self.settings.write_bytes(START + b'"Status",1,1,1,#TRUE#,7\r\n')
-        program = self.launch()
-        program.button(2).click()
-        self.wait_path(program, self.home, 2)
-        wait_for("pane 2's button", lambda: program.button(2).has("CHECKED"))
-        self.close_clean(program)
-
 
 if __name__ == "__main__":
     unittest.main()

@@ -99,16 +99,11 @@ struct FakeMessenger : forms::Messenger {
   const std::string& MessageResult() const override { return Result; }
 };
 
-// Records the yes-or-no questions, as "title: text"; whatever else is asked is cancelled.
+// Whatever is asked is cancelled.
 struct FakeDialogs : platform::Dialogs {
   using Text = std::optional<std::string>;
-  std::vector<std::string> Questions;
-  std::function<bool()> OnAskYesNo;  // the user's answer; No without it
 
-  bool AskYesNo(const std::string& title, const std::string& text) override {
-    Questions.push_back(title + ": " + text);
-    return OnAskYesNo && OnAskYesNo();
-  }
+  bool AskYesNo(const std::string&, const std::string&) override { return false; }
   void ShowCritical(const std::string&, const std::string&) override {}
   Text AskText(const std::string&, const std::string&, const std::string&) override { return {}; }
   std::optional<base::Colour> AskColour(base::Colour) override { return {}; }

@@ -49,7 +49,7 @@ MemoryItem* MemoryFileSystem::Find(const std::string& path, bool followLast, int
   return item;
 }
 
-MemoryItem& MemoryFileSystem::Add(const std::string& path) {
+MemoryItem& MemoryFileSystem::AddFolder(const std::string& path) {
   const std::vector<std::string> parts = Split(path);
   std::shared_ptr<MemoryItem>* place = &roots_[Folded(parts[0])];
   for (std::size_t at = 0;; ++at) {
@@ -66,19 +66,15 @@ MemoryItem& MemoryFileSystem::Add(const std::string& path) {
   }
 }
 
-MemoryItem& MemoryFileSystem::AddFolder(const std::string& path) {
-  return Add(path);
-}
-
 MemoryItem& MemoryFileSystem::AddFile(const std::string& path, const std::string& content) {
-  MemoryItem& item = Add(path);
+  MemoryItem& item = AddFolder(path);
   item.Kind = ItemKind::File;
   item.Content = content;
   return item;
 }
 
 MemoryItem& MemoryFileSystem::AddLink(const std::string& path, const std::string& target) {
-  MemoryItem& item = Add(path);
+  MemoryItem& item = AddFolder(path);
   item.Kind = ItemKind::Unknown;
   item.IsLink = true;
   item.Target = target;
@@ -138,7 +134,6 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
     text.clear();
     const auto item = Item(name);
     if (item == nullptr) return NotFound();
-    if (item->NoteFault.Code != 0) return item->NoteFault;
     const MemoryItem* target = files_.Target(*item);
     if (target == nullptr) return {};
     const auto found = target->Notes.find(note);
@@ -148,7 +143,7 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
 
  private:
   std::shared_ptr<MemoryItem> Item(std::string_view name) const {
-    const auto folder = folder_.lock();
+    auto folder = folder_.lock();
     if (folder == nullptr || name.empty()) return folder;
     const auto found = folder->Children.find(files_.Folded(name));
     return found != folder->Children.end() ? found->second : nullptr;
@@ -159,8 +154,13 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
   std::string path_;
 };
 
+void MemoryFileSystem::ThrowIfFatal(const std::string& path) const {
+  if (!Fatal.empty() && path == Fatal) throw std::runtime_error("disk");
+}
+
 std::unique_ptr<platform::OpenedFolder> MemoryFileSystem::OpenFolder(const std::string& folder,
                                                                      base::Status& status) const {
+  ThrowIfFatal(folder);
   MemoryItem* item = Find(folder, true);
   status = {};
   if (item == nullptr) {
@@ -211,9 +211,7 @@ base::Status MemoryFileSystem::WriteNote(const std::string& path, platform::Item
                                          const std::string& text) {
   MemoryItem* item = Find(path, true);
   if (item == nullptr) return NotFound();
-  for (const base::Status& fault : {NoteFault, item->NoteFault}) {
-    if (fault.Code != 0) return fault;
-  }
+  if (NoteFault.Code != 0) return NoteFault;
   if (text.empty()) {
     item->Notes.erase(note);
   } else {
@@ -274,6 +272,7 @@ base::Status MemoryFileSystem::ReadFile(const std::string& path, std::string& co
 }
 
 base::Status MemoryFileSystem::WriteFile(const std::string& path, const std::string& content) {
+  ThrowIfFatal(path);
   if (WriteFault.Code != 0) return WriteFault;
   if (MemoryItem* item = Find(path, true)) {
     if (item->Kind != ItemKind::File) return {21, "Is a directory"};

@@ -30,7 +30,6 @@ struct MemoryItem : std::enable_shared_from_this<MemoryItem> {
   std::map<platform::ItemNote, std::string> Notes;
   base::Status ReadFault;        // ReadFolder and ReadFile fail with it
   base::Status AttributesFault;  // ReadAttributes fails with it
-  base::Status NoteFault;        // ReadNote and WriteNote fail with it
   int VanishAfter = -1;          // the folder goes once that many items of it have been read
   int Reads = 0;                 // how often the folder was read
   std::map<std::string, std::shared_ptr<MemoryItem>> Children;  // by name, folded
@@ -54,6 +53,7 @@ class MemoryFileSystem : public platform::FileSystem {
   void Remove(const std::string& path);
 
   base::Status WriteFault;  // WriteFile, MakeFolder and RemoveFile fail with it
+  std::string Fatal;        // OpenFolder and WriteFile throw where they meet this path
   base::Status NoteFault;   // WriteNote fails with it, for any item
   platform::Space Space;
 
@@ -76,12 +76,12 @@ class MemoryFileSystem : public platform::FileSystem {
 
  private:
   class Folder;
+  void ThrowIfFatal(const std::string& path) const;
   std::string Folded(std::string_view name) const;
   // Root of the path, then the names below it.
   std::vector<std::string> Split(const std::string& path) const;
   const MemoryItem* Target(const MemoryItem& item) const;  // what a link leads to, or the item
   MemoryItem* Find(const std::string& path, bool followLast, int depth = 0) const;
-  MemoryItem& Add(const std::string& path);
   base::Status AttributesOf(const MemoryItem* item, platform::ItemAttributes& attributes) const;
 
   const base::PathSyntax& syntax_;

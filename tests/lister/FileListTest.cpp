@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <map>
-#include <memory>
 #include <random>
 #include <set>
 
@@ -23,18 +22,8 @@ class FileList : public ListFixture {
     files.AddLink("C:\\box\\end", "C:\\none");
   }
 
-  void Load(std::string folder = "C:\\box\\") { List.LoadFolderContents(folder, true); }
   std::string Cell(const std::string& name, HeadingId heading) const {
     return List.CellText(Row(RootRow, name), heading);
-  }
-  // Runs the message at the pump of that number from now on, counted from 1; messages that did not
-  // have their turn before are dropped. Gives a flag that tells whether it ran.
-  std::shared_ptr<bool> PostAt(int pump, const std::function<void()>& message) {
-    auto ran = std::make_shared<bool>(false);
-    Platform.Pump.Drop();
-    while (--pump > 0) Platform.Pump.Post([] {});
-    Platform.Pump.Post([=] { *ran = true, message(); });
-    return ran;
   }
   // Runs the message at every pump from now on.
   void PostAlways(const std::function<void()>& message) {
@@ -63,22 +52,25 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
   EXPECT_EQ(List.StatusText(),
             "8 items (2 folders), 1.2 MB. 1 item could not be read: Permission denied");
 
-  EXPECT_EQ(Cell("b10.txt", HeadingId::Size), "1,234,567");
-  EXPECT_EQ(Cell("B9.txt", HeadingId::Size), "3");
-  EXPECT_EQ(Cell("sub", HeadingId::Size) + Cell("plain", HeadingId::Size), "");
+  const std::pair<const char*, const char*> cells[] = {
+      {"sub", "||Folder||rw-r--r--"},
+      {"way", "||Folder|L|rw-r--r--"},
+      {"end", "0||Link|RL|---------"},
+      {".profile", "0||File|H|rw-r--r--"},
+      {"B9.txt", "3|txt|TXT file|R|r-xr-xr-x"},
+      {"b10.txt", "1,234,567|txt|TXT file||rw-r--r--"},
+      {"plain", "||File||"}};
+  for (const auto& [name, expected] : cells) {
+    std::string texts = Cell(name, HeadingId::Size);
+    for (const auto heading : {HeadingId::Extension, HeadingId::FileType, HeadingId::Attributes,
+                               HeadingId::Permissions}) {
+      texts += "|" + Cell(name, heading);
+    }
+    EXPECT_EQ(texts, expected) << name;
+  }
   EXPECT_EQ(Cell("a.PDF", HeadingId::DateLastModified), "1970-01-02 00:00:00");
   EXPECT_EQ(Cell("B9.txt", HeadingId::DateLastModified), "");
-  EXPECT_EQ(Cell("a.PDF", HeadingId::Extension), "PDF");
-  EXPECT_EQ(Cell("b10.txt", HeadingId::FileType), "TXT file");
-  EXPECT_EQ(Cell(".profile", HeadingId::FileType), "File");
-  EXPECT_EQ(Cell("way", HeadingId::FileType), "Folder");
-  EXPECT_EQ(Cell("end", HeadingId::FileType), "Link");
-  EXPECT_EQ(Cell("way", HeadingId::Attributes), "L");
-  EXPECT_EQ(Cell("B9.txt", HeadingId::Attributes), "R");
-  EXPECT_EQ(Cell(".profile", HeadingId::Attributes), "H");
-  EXPECT_EQ(Cell("B9.txt", HeadingId::Permissions), "r-xr-xr-x");
   EXPECT_EQ(Cell("a.PDF", HeadingId::Path), "C:\\box");
-  EXPECT_EQ(List.PathOf(Row(RootRow, "sub")), "C:\\box\\sub");
 
   List.Activate(Row(RootRow, "way"));
   List.Activate(Row(RootRow, "a.PDF"));
@@ -91,16 +83,9 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
                    "StatusMessage Cannot open .profile: Permission denied"}));
   ASSERT_EQ(Platform.Launcher.Requests.size(), 2u);
   EXPECT_EQ(Platform.Launcher.Requests[0].File, "C:\\box\\a.PDF");
-  EXPECT_EQ(Platform.Launcher.Requests[0].Folder, "C:\\box");
   List.MoveCurrent(Row(RootRow, "a.PDF"));
   EXPECT_EQ(Events.Take(), Texts{"ItemFocused 3"});
-  for (const RowId row : {NoRow, RootRow, RowId{9}}) {
-    EXPECT_EQ(List.PathOf(row) + List.CellText(row, HeadingId::Path), "");
-    EXPECT_EQ(List.PositionOf(row), -1);
-    List.MoveCurrent(row);
-    List.Activate(row);
-  }
-  EXPECT_TRUE(Events.Take().empty());
+  CheckNoRow(RowId{9});
 }
 
 TEST_F(FileList, SortsByItsKeysInTurn) {
@@ -108,7 +93,6 @@ TEST_F(FileList, SortsByItsKeysInTurn) {
   EXPECT_EQ(SortKeyTexts(), Texts{"sNameasc"});
   List.SetProperty("ActiveHeading", std::int32_t{3});  // the size
   List.SortCommand("des");
-  EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "a.PDF", "B9.txt", "end", "plain"}));
   List.DoubleClickHeading(1, true);
   EXPECT_EQ(SortKeyTexts(), (Texts{"sSizedes", "sExtensionasc"}));
   EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "a.PDF", "B9.txt", "end", "plain"}));
@@ -116,50 +100,37 @@ TEST_F(FileList, SortsByItsKeysInTurn) {
   EXPECT_EQ(SortKeyTexts(), (Texts{"sSizedes", "sExtensiondes"}));
   EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "B9.txt", "a.PDF", "end", "plain"}));
 
-  List.DoubleClickHeading(0, false);
-  EXPECT_EQ(SortKeyTexts(), Texts{"sNameasc"});
-  List.DoubleClickHeading(0, false);
-  EXPECT_EQ(Names(), (Texts{"way", "sub", "plain", "end", "b10.txt", "B9.txt", "a.PDF"}));
-  List.DoubleClickHeading(0, false);
-  EXPECT_EQ(SortKeyTexts(), Texts{"sNameasc"});
+  for (const char* direction : {"asc", "des", "asc"}) {
+    List.DoubleClickHeading(0, false);
+    EXPECT_EQ(SortKeyTexts(), Texts{std::string("sName") + direction});
+  }
   List.SortCommand("sideways");
-
   List.AddSortKey(1, "sType", "asc");
   List.AddSortKey(2, "sNone", "asc");
   List.AddSortKey(2, "sSize", "up");
-  List.AddSortKey(3, "sSize", "asc");
-  List.AddSortKey(-1, "sSize", "asc");
+  for (const int level : {3, -1}) List.AddSortKey(level, "sSize", "asc");
   EXPECT_EQ(SortKeyTexts(), (Texts{"sNameasc", "sTypeasc"}));
-  List.AddSortKey(0, "sType", "des");
-  EXPECT_EQ(SortKeyTexts(), Texts{"sTypedes"});
-  EXPECT_EQ(Names(), (Texts{"sub", "way", "B9.txt", "b10.txt", "a.PDF", "end", "plain"}));
-}
 
-TEST_F(FileList, PutsLateAttributesInOrderOnceAtTheEnd) {
+  // Attributes that come late are put in order once, at the end.
+  Load("D:\\");
   List.AddSortKey(0, "sSize", "des");
+  EXPECT_EQ(SortKeyTexts(), Texts{"sSizedes"});
+  View.Reorders = 0;
   Platform.Clock.TickStep = 50;
   Load();
   EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "a.PDF", "B9.txt", "end", "plain"}));
   EXPECT_EQ(View.Reorders, 1);
-  List.RefreshList();
-  EXPECT_EQ(View.Reorders, 1);  // nothing has changed
-  EXPECT_GT(Platform.Pump.Calls, 7);
 }
 
-TEST_F(FileList, RefreshKeepsTheCursorOnItsItemOrItsPlace) {
+TEST_F(FileList, RefreshKeepsTheCursorAtItsPlace) {
   Load();
-  List.MoveCurrent(Row(RootRow, "b10.txt"));
-  Platform.Files.AddFile("C:\\box\\aa.txt");
-  List.RefreshList();
-  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "b10.txt"));
-  Platform.Files.Remove("C:\\box\\b10.txt");
-  List.RefreshList();
-  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "end"));
-  List.MoveCurrent(Row(RootRow, "plain"));
-  Platform.Files.Remove("C:\\box\\plain");
-  List.RefreshList();
-  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "end"));
-
+  // Of the item that goes, be it the last; where it stays is shown by any change.
+  for (const char* name : {"b10.txt", "plain"}) {
+    List.MoveCurrent(Row(RootRow, name));
+    Platform.Files.Remove(std::string("C:\\box\\") + name);
+    List.RefreshList();
+    EXPECT_EQ(List.CurrentRow(), Row(RootRow, "end"));
+  }
   // A folder that was visited before has the cursor where it was.
   List.MoveCurrent(Row(RootRow, "B9.txt"));
   Load("C:\\box\\sub");
@@ -173,23 +144,38 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
   // looked at by name must come out as a whole read has it.
   const std::string folder = "C:\\box\\";
   for (const char* name : {"sub", "way", "end", "plain"}) Platform.Files.Remove(folder + name);
+  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
   Load();
   List.MoveCurrent(Row(RootRow, "a.PDF"));
   const int resets = View.Resets, moves = View.CurrentChanges;
   std::mt19937 random(7);
   std::map<std::string, RowId> rows{{"a.PDF", List.CurrentRow()}};
+  std::set<std::string> selected;
   const auto check = [&] {
     View.Check();
     for (const auto& [name, row] : rows) {
       const RowId now = Row(RootRow, name);
       EXPECT_TRUE(now == row || now == NoRow) << name;
     }
+    const std::set<std::string> before = std::exchange(selected, {});
+    for (const std::string& name : Names()) {
+      EXPECT_EQ(List.Look(Row(RootRow, name)).IsSelected, before.contains(name)) << name;
+      if (before.contains(name)) selected.insert(name);
+    }
     EXPECT_EQ(List.CurrentRow(), rows.at("a.PDF"));
+  };
+  const auto shown = [&] {
+    Texts texts{List.StatusText()};
+    for (const std::string& name : Names()) {
+      texts.push_back(name + " " + Cell(name, HeadingId::Size) + Cell(name, HeadingId::Comments));
+    }
+    return texts;
   };
   for (int round = 0; round < 160; ++round) {
     Texts changed;
     for (int change = round % 5 == 0 ? 90 : 3; change > 0; --change) {
-      const std::string name = "n" + std::to_string(random() % 150);
+      // Two names may be equal but for a zero.
+      const std::string name = (random() % 2 == 0 ? "n0" : "n") + std::to_string(random() % 75);
       changed.push_back(name);
       switch (random() % 4) {
         case 0:
@@ -197,7 +183,8 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
           rows.erase(name);
           break;
         case 1:
-          Platform.Files.AddFile(folder + name, std::string(random() % 9, 'x'));
+          Platform.Files.AddFile(folder + name, std::string(random() % 9, 'x'))
+              .Notes[platform::ItemNote::Comment] = std::string(random() % 3, 'c');
           break;
         case 2:
           Platform.Files.AddFile(folder + name).IsHidden = true;
@@ -215,18 +202,22 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
       Notify(changed);
       EXPECT_EQ(Platform.Files.At(folder).Reads, reads + 1);  // opened
       check();
-      const Texts names = Names();
+      const Texts before = shown();
       View.Cells.clear();
       const int reorders = View.Reorders;
       List.RefreshList();
-      EXPECT_EQ(Names(), names);
+      EXPECT_EQ(shown(), before);
       EXPECT_EQ(View.Reorders, reorders);
       EXPECT_TRUE(View.Cells.empty());
     } else {
       List.RefreshList();
     }
     check();
-    for (const std::string& name : Names()) rows[name] = Row(RootRow, name);
+    if (round % 3 == 0) List.SelectAll();
+    for (const std::string& name : Names()) {
+      rows[name] = Row(RootRow, name);
+      if (round % 3 == 0) selected.insert(name);
+    }
   }
   EXPECT_EQ(View.Resets, resets);
   EXPECT_EQ(View.CurrentChanges, moves);
@@ -262,38 +253,6 @@ TEST_F(FileList, ReadsWhatIsOnTheScreenFirst) {
   });
   Load("D:\\many");
   EXPECT_EQ(told, 20u);
-  EXPECT_EQ(Known().size(), 100u);
-
-  // The view is told ranges.
-  Platform.Pump.Drop();
-  Platform.Clock.TickStep = 0;
-  for (int number = 100; number < 200; ++number) {
-    Platform.Files.AddFile("D:\\many\\" + name(number), "four");
-  }
-  View.Cells.clear();
-  List.RefreshList();
-  EXPECT_LE(View.Cells.size(), 4u);
-  EXPECT_EQ(List.StatusText(), "100 items (0 folders), 400 bytes");
-}
-
-TEST_F(FileList, LoadsThatComeDuringALoadDoNotNest) {
-  Platform.Clock.TickStep = 50;
-  int depth = 0, deepest = 0, loads = 0;
-  // The user goes from folder to folder faster than they are read.
-  const std::function<void()> goOn = [&] {
-    deepest = std::max(deepest, ++depth);
-    if (++loads < 40) Platform.Pump.Post(goOn);
-    Load(loads % 2 == 0 ? "C:\\box\\sub" : "C:\\box");
-    List.SetCurrentFolder(loads % 2 == 0 ? "C:\\box\\sub\\" : "C:\\box\\");
-    --depth;
-  };
-  Platform.Files.AddFile("C:\\box\\sub\\inner");
-  Platform.Pump.Post(goOn);
-  Load();
-  EXPECT_EQ(loads, 40);
-  EXPECT_EQ(deepest, 1);
-  EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
-  EXPECT_EQ(Names(), Texts{"inner"});
 }
 
 TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
@@ -301,22 +260,29 @@ TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
   Platform.Clock.TickStep = 50;
   List.SetProperty("ShowColor", true);
   List.ToggleHeading(static_cast<int>(HeadingId::Comments));
-  // Among the names, the attributes and the notes. The newest load wins.
+  // Among the names, the attributes and the notes. The newest load wins, and none nests.
   std::set<std::string> phases;
+  int depth = 0;
+  const auto goOn = [&] {
+    EXPECT_EQ(++depth, 1);
+    const std::string& status = List.StatusText();
+    phases.insert(status.substr(0, status.find(':')));
+    EXPECT_EQ(List.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
+    for (const char* folder : {"D:\\", "C:\\box\\sub"}) Load(folder);
+    List.SetCurrentFolder("C:\\box\\sub\\");
+    --depth;
+  };
   for (int pump = 1;; ++pump) {
-    const auto ran = PostAt(pump, [this, &phases] {
-      const std::string& status = List.StatusText();
-      phases.insert(status.substr(0, status.find(':')));
-      EXPECT_EQ(List.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
-      Load("C:\\box\\sub");
-    });
+    const auto ran = PostAt(pump, goOn);
+    for (int more = 0; more < 3; ++more) Platform.Pump.Post(goOn);
     Load();
     if (!*ran) break;
-    EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
     EXPECT_EQ(Names(), Texts{"inner"});
     EXPECT_EQ(List.StatusText(), "1 item (0 folders)");
+    EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
     EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box\\sub"});
   }
+  Platform.Pump.Drop();
   EXPECT_EQ(phases, (std::set<std::string>{"Reading names", "Reading details", "Reading notes"}));
 
   // Escape stops the read that runs, and one from before is no reason to stop.
@@ -363,6 +329,8 @@ TEST_F(FileList, GivesWayWhileItSorts) {
     Platform.Files.AddFile("D:\\many\\" + std::to_string(number), number % 2 == 0 ? "x" : "");
   }
   Load("D:\\many");
+  EXPECT_EQ(List.StatusText(), "40,000 items (0 folders), 19.5 KB");
+  EXPECT_LE(View.Cells.size(), 4u);  // the view is told ranges
   Platform.Clock.TickStep = 50;
   int step = 0;
   PostAlways([&] {
@@ -374,15 +342,13 @@ TEST_F(FileList, GivesWayWhileItSorts) {
     EXPECT_EQ(List.ChildCount(RootRow), count);  // no row comes or goes under the sort
   });
   List.SortCommand("des");
-  EXPECT_GT(step, 1);
+  EXPECT_GT(step, 3);  // also while the keys are compared
   EXPECT_EQ(Names(), (Texts{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}));
   List.AddSortKey(0, "sSize", "des");
   EXPECT_EQ(Names(), (Texts{"0", "2", "4", "6", "8", "1", "3", "5", "7", "9"}));
   step = 0;
-  const int reads = Platform.Files.At("D:\\many").Reads;
   List.RefreshList();
   EXPECT_GT(step, 1);
-  EXPECT_EQ(Platform.Files.At("D:\\many").Reads, reads + 1);
   EXPECT_EQ(Names(), (Texts{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}));
 
   Platform.Pump.Drop();
@@ -395,45 +361,43 @@ TEST_F(FileList, GivesWayWhileItSorts) {
 }
 
 TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
-  const auto keep = [this](const std::string& name, platform::ItemNote note, std::string text) {
-    Platform.Files.At("C:\\box\\" + name).Notes[note] = std::move(text);
+  const auto notes = [this](const std::string& name) -> std::map<platform::ItemNote, std::string>& {
+    return Platform.Files.At("C:\\box\\" + name).Notes;
   };
   const auto colour = [this](const std::string& name) {
     return List.Look(Row(RootRow, name)).Colour;
   };
-  keep("a.PDF", platform::ItemNote::Colour, "red");
-  keep("sub", platform::ItemNote::Colour, "dark green");
-  keep("a.PDF", platform::ItemNote::Comment, "mine\n");
+  constexpr auto colourNote = platform::ItemNote::Colour, comment = platform::ItemNote::Comment;
+  notes("a.PDF") = {{colourNote, "red"}, {comment, "mine\n"}};
+  notes("sub") = {{colourNote, "dark green"}};
   Load();
   EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
-  const int names = View.Resets;
+  const int resets = View.Resets;
   List.SetProperty("ShowColor", true);
   EXPECT_EQ(colour("a.PDF"), ItemColour::Red);
   EXPECT_EQ(colour("sub"), ItemColour::DarkGreen);
   EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "");
   List.SetProperty("FileCountMax", std::int32_t{4});  // there are five files
-  EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
-  List.SetFilterText("a");
-  EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
-  List.SetFilterText("");
+  for (const char* filter : {"", "a", ""}) {
+    List.SetFilterText(filter);
+    EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
+  }
   List.ToggleHeading(static_cast<int>(HeadingId::Comments));
   EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "mine\u240a");
-  EXPECT_EQ(View.Resets, names);
+  EXPECT_EQ(View.Resets, resets);
 
   // Changes on disk count for the limit, and bring notes that are new.
-  keep("B9.txt", platform::ItemNote::Colour, "blue");
-  keep("a.PDF", platform::ItemNote::Comment, "yours");
+  notes("B9.txt") = {{colourNote, "blue"}, {comment, "yours"}};
   Platform.Files.Remove("C:\\box\\plain");
   const int repaints = View.Repaints;
   Notify({"plain", "B9.txt", "a.PDF"});
   EXPECT_GT(View.Repaints, repaints);
   EXPECT_EQ(colour("B9.txt"), ItemColour::Blue);
-  EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "yours");
+  EXPECT_EQ(Cell("B9.txt", HeadingId::Comments), "yours");
   List.AddSortKey(0, "sComments", "des");
-  EXPECT_EQ(Names()[2], "a.PDF");
   Load("D:\\");
   Load();
-  EXPECT_EQ(Names()[2], "a.PDF");
+  EXPECT_EQ(Names()[2], "B9.txt");
   List.SetProperty("ShowColor", false);
   EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
 
@@ -442,17 +406,16 @@ TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
   List.ToggleHeading(static_cast<int>(HeadingId::Comments));
   Load();
   Platform.Clock.TickStep = 50;
-  auto ran = PostAt(2, [this] { List.CancelRequested = true; });
+  const auto ran = PostAt(2, [this] { List.CancelRequested = true; });
   List.ToggleHeading(static_cast<int>(HeadingId::Comments));
   EXPECT_TRUE(*ran);
   EXPECT_FALSE(List.CancelRequested);
   const int pumps = Platform.Pump.Calls;
   List.SetHeadingProperty(1, "Width", std::int32_t{900});
   EXPECT_EQ(Platform.Pump.Calls, pumps);
-  ran = PostAt(3, [this] { List.SetProperty("ShowColor", true); });
+  PostAt(3, [this] { List.SetProperty("ShowColor", true); });
   List.RefreshList();
-  EXPECT_TRUE(*ran);
-  EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "yours");
+  EXPECT_EQ(Cell("B9.txt", HeadingId::Comments), "yours");
   EXPECT_EQ(colour("sub"), ItemColour::DarkGreen);
 }
 
@@ -473,34 +436,38 @@ TEST_F(FileList, FiltersWithoutTheDisk) {
   EXPECT_TRUE(List.StatusText().starts_with("1 of 7 items (0 folders), 1.2 MB. 1 selected"));
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "b10.txt"));
   List.SetFilterText("none");
-  EXPECT_EQ(List.CurrentRow(), NoRow);
   List.SetFilterText("");
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
+  List.SetExtensionFilter("txt");
+  List.SetFilterText("b;d;w");  // takes folders by their names, whatever the extension
+  EXPECT_EQ(Names(), (Texts{"sub", "way", "B9.txt", "b10.txt"}));
+  List.SetFilterText("");
   List.SetExtensionFilter("pdf");
   EXPECT_EQ(Names(), (Texts{"sub", "way", "a.PDF"}));
   EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads);
   EXPECT_GE(View.FilterChanges, told + 5);
 
-  Platform.Files.AddFile("C:\\box\\c.pdf");
-  Platform.Files.AddFile("C:\\box\\c.txt");
+  Platform.Files.AddFolder("C:\\box\\folder.d");
+  for (const char* name : {"c.pdf", "c.TXT", "c.7z", "d.10", "e."}) {
+    Platform.Files.AddFile("C:\\box\\" + std::string(name));
+  }
   List.RefreshList();
-  EXPECT_EQ(Names(), (Texts{"sub", "way", "a.PDF", "c.pdf"}));
+  EXPECT_EQ(Names(), (Texts{"folder.d", "sub", "way", "a.PDF", "c.pdf"}));
   Texts choices;
   for (const ExtensionChoice& choice : List.ExtensionChoices()) {
     choices.push_back(choice.Extension + std::to_string(choice.Count));
   }
-  EXPECT_EQ(choices, (Texts{"pdf2", "txt3"}));
+  EXPECT_EQ(choices, (Texts{"7z1", "101", "pdf2", "txt3"}));
   Load("C:\\box\\sub");
   EXPECT_EQ(List.FilterExtension(), "");
 }
 
 TEST_F(FileList, TellsWhyAFolderCannotBeRead) {
-  Load("C:\\none");
-  EXPECT_EQ(List.ChildCount(RootRow), 0);
-  EXPECT_EQ(List.StatusText(), "Cannot read C:\\none: No such file or directory");
   Platform.Files.AddFolder("C:\\shut").ReadFault = Platform.Files.Denied();
+  Load("C:\\none");
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\none: No such file or directory");
   Load("C:\\shut");
-  EXPECT_TRUE(List.StatusText().ends_with("Cannot read C:\\shut: Permission denied"));
+  EXPECT_EQ(List.StatusText(), "Cannot read C:\\shut: Permission denied");
   EXPECT_EQ(List.CurrentFolder(), "C:\\shut");
   Platform.Files.At("C:\\box").VanishAfter = 3;
   Load();
@@ -513,20 +480,14 @@ TEST_F(FileList, TellsWhyAFolderCannotBeRead) {
 TEST_F(FileList, FollowsItsFolderOnDisk) {
   Load();
   EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box"});
-  Platform.Files.AddFile("C:\\box\\new");
-  Platform.Watches.Notify("C:\\box");
-  EXPECT_NE(Row(RootRow, "new"), NoRow);
-
   // What changes during a read is read after it, but not at once and not for ever.
   Platform.Clock.TickStep = 50;
   for (int message = 0; message < 12; ++message) Platform.Pump.Post([] {});
   Platform.Pump.Post([this] {
     Platform.Files.AddFile("C:\\box\\late");
     Platform.Watches.Notify("C:\\box");
-    EXPECT_EQ(Row(RootRow, "late"), NoRow);
   });
   List.RefreshList();
-  EXPECT_EQ(Row(RootRow, "late"), NoRow);
   ASSERT_EQ(View.CatchUps.size(), 1u);
   EXPECT_GT(View.CatchUps[0], 500);  // as long as the read took
   Platform.Clock.TickStep = 0;
@@ -535,9 +496,8 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.CatchUp();
   EXPECT_NE(Row(RootRow, "late"), NoRow);
   List.CatchUp();
-  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, 4);
   Platform.Watches.Notify("C:\\box");
-  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, 5);
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, 4);
 
   // After Escape the list rests until the user wants it read.
   Platform.Clock.TickStep = 50;
@@ -551,7 +511,7 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.CatchUp();
   EXPECT_EQ(List.StatusText(), "Reading stopped");
   List.RefreshList();
-  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, 7);
+  EXPECT_EQ(Platform.Files.At("C:\\box").Reads, 6);
 
   // A stop holds over loads until it is taken back.
   List.WatchStop();
@@ -559,19 +519,16 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   EXPECT_TRUE(Platform.Watches.Watched().empty());
   List.WatchStart();
   EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box\\sub"});
-  List.SetCurrentFolder("C:\\box\\sub\\");
-  EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
 
   Platform.Files.AddFile("C:\\box\\sub\\inner");
   List.RefreshList();
   Platform.Files.Remove("C:\\box\\sub");
   Platform.Watches.Notify("C:\\box\\sub", {{}, false, true});
   EXPECT_EQ(List.ChildCount(RootRow), 0);
-  EXPECT_EQ(List.StatusText(), "Cannot read C:\\box\\sub: No such file or directory");
 
   Platform.Watches.Refuses = true;
   Load();
-  EXPECT_EQ(List.ChildCount(RootRow), 8);
+  EXPECT_EQ(List.ChildCount(RootRow), 7);
   List.Terminate();
 }
 
@@ -589,22 +546,20 @@ TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
   EXPECT_FALSE(marked("a.PDF"));
   EXPECT_TRUE(marked("B9.txt") && marked("sub"));
   ASSERT_EQ(View.Cells.size(), 1u);
-  EXPECT_EQ(View.Cells[0].First, 2);
-  EXPECT_EQ(View.Cells[0].Last, 2);
+  EXPECT_TRUE(View.Cells[0].First == 2 && View.Cells[0].Last == 2);
 
   // Notices that come during a read or an update wait; many names cost one read.
   Platform.Clock.TickStep = 50;
   const int reads = Platform.Files.At("C:\\box").Reads;
-  auto ran = PostAt(12, [this] {
+  PostAt(12, [this] {
     Platform.Files.AddFile("C:\\box\\late");
     Notify({"late"});
   });
   List.RefreshList();
   EXPECT_FALSE(marked("B9.txt"));
-  EXPECT_TRUE(*ran);
   EXPECT_EQ(Row(RootRow, "late"), NoRow);
   EXPECT_EQ(View.CatchUps, std::vector<int>{200});
-  ran = PostAt(1, [this] {
+  PostAt(1, [this] {
     Platform.Files.Remove("C:\\box\\B9.txt");
     Notify({"B9.txt"});
   });
@@ -624,13 +579,12 @@ TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
 
   // Another load, or the end, in the middle of looking.
   Platform.Clock.TickStep = 50;
-  ran = PostAt(1, [this] { Load("D:\\"); });
+  PostAt(1, [this] { Load("D:\\"); });
   Notify({"late", "z9"});
-  EXPECT_TRUE(*ran);
   EXPECT_EQ(List.StatusText(), "0 items (0 folders)");
   Load();
   Platform.Files.Remove("C:\\box\\late");
-  ran = PostAt(1, [this] { List.CancelRequested = true; });
+  PostAt(1, [this] { List.CancelRequested = true; });
   Notify({"late", "z9"});
   EXPECT_NE(Row(RootRow, "late"), NoRow);
   EXPECT_TRUE(List.StatusText().starts_with("Reading stopped"));

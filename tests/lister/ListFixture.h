@@ -4,7 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ShadowView.h"
@@ -22,70 +25,66 @@ struct EventRecord : ListerEvents {
   RightClick Clicked;    // the last
 
   void FolderSelected(ListId list) override {
-    Told.push_back("FolderSelected " + std::to_string(list));
+    Tell("FolderSelected", list);
     if (OnFolderSelected) OnFolderSelected();
   }
-  void DriveSelected(ListId list) override {
-    Told.push_back("DriveSelected " + std::to_string(list));
-  }
+  void DriveSelected(ListId list) override { Tell("DriveSelected", list); }
   void OpenChildFolder(ListId, const std::string& folder, const std::string& branch) override {
-    Told.push_back("OpenChildFolder " + folder + " in " + branch);
+    Tell("OpenChildFolder", folder + " in " + branch);
   }
-  void ItemFocused(ListId, std::int16_t item) override {
-    Told.push_back("ItemFocused " + std::to_string(item));
-  }
-  void ListFocused(ListId) override { Told.emplace_back("ListFocused"); }
-  void TitleColorAsked(ListId) override { Told.emplace_back("TitleColorAsked"); }
-  void MouseReleased(ListId) override { Told.emplace_back("MouseReleased"); }
+  void ItemFocused(ListId, std::int16_t item) override { Tell("ItemFocused", item); }
+  void ListFocused(ListId) override { Tell("ListFocused"); }
+  void TitleColorAsked(ListId) override { Tell("TitleColorAsked"); }
+  void MouseReleased(ListId) override { Tell("MouseReleased"); }
   void DragBegun(ListId, const MouseEvent&) override {
-    Told.emplace_back("DragBegun");
+    Tell("DragBegun");
     if (Answers != nullptr) Answers->Drag(1);
   }
-  void DragMoved(ListId, const MouseEvent&) override { Told.emplace_back("DragMoved"); }
-  void DragEnded(ListId, const MouseEvent&) override { Told.emplace_back("DragEnded"); }
+  void DragMoved(ListId, const MouseEvent&) override { Tell("DragMoved"); }
+  void DragEnded(ListId, const MouseEvent&) override { Tell("DragEnded"); }
+  void WheelTurned(ListId, int& delta) override { Tell("WheelTurned", delta); }
   void RightClicked(ListId, const RightClick& click) override {
-    Told.push_back("RightClicked " + click.Path);
+    Tell("RightClicked", click.Path);
     Clicked = click;
   }
   void MouseLockAsked(ListId, bool& locked) override {
-    Told.emplace_back(locked ? "Locked" : "Unlocked");
+    Tell(locked ? "Locked" : "Unlocked");
     if (Answers != nullptr) Answers->MouseLocked = locked;
   }
   void ListKeyDown(ListId, std::int16_t& keyCode) override {
-    Told.push_back("ListKeyDown " + std::to_string(keyCode));
+    Tell("ListKeyDown", keyCode);
     if (Answers == nullptr) return;
     if (keyCode != 32) return Answers->ArrowKey(keyCode, SpaceHeld);
     SpaceHeld = true;
     Answers->SpaceKey();
   }
-  void SpaceReleased(ListId) override {
-    Told.emplace_back("SpaceReleased");
-    SpaceHeld = false;
-  }
+  void SpaceReleased(ListId) override { SpaceHeld = false; }
   void NewFolderAt(ListId, const std::string& folder, const std::string& name) override {
-    Told.push_back("NewFolderAt " + folder + name);
+    Tell("NewFolderAt", folder + name);
   }
-  void NewFolderAsked(ListId) override { Told.emplace_back("NewFolderAsked"); }
-  void UpFolderKey(ListId, int keyCode, int) override {
-    Told.push_back("UpFolderKey " + std::to_string(keyCode));
-  }
-  void CloseAsked(ListId) override { Told.emplace_back("CloseAsked"); }
+  void NewFolderAsked(ListId) override { Tell("NewFolderAsked"); }
+  void UpFolderKey(ListId, int keyCode, int) override { Tell("UpFolderKey", keyCode); }
+  void CloseAsked(ListId) override { Tell("CloseAsked"); }
   void CommandTextAsked(ListId, const std::string& text) override {
-    Told.push_back("CommandTextAsked " + text);
+    Tell("CommandTextAsked", text);
   }
-  void StatusMessage(ListId, const std::string& text) override {
-    Told.push_back("StatusMessage " + text);
-  }
+  void StatusMessage(ListId, const std::string& text) override { Tell("StatusMessage", text); }
   void BookmarkAsked(ListId, std::int16_t& slot, std::string& path) override {
-    Told.push_back("BookmarkAsked " + std::to_string(slot));
+    Tell("BookmarkAsked", slot);
     path = Bookmark;
   }
-  void DropSourceSet(ListId list) override {
-    Told.push_back("DropSourceSet " + std::to_string(list));
-  }
-  void ItemsDropped(ListId, const Drop&) override { Told.emplace_back("ItemsDropped"); }
+  void DropSourceSet(ListId list) override { Tell("DropSourceSet", list); }
+  void ItemsDropped(ListId, const Drop&) override { Tell("ItemsDropped"); }
+  void Tell(const std::string& what) { Told.push_back(what); }
+  void Tell(const std::string& what, const std::string& of) { Told.push_back(what + " " + of); }
+  void Tell(const std::string& what, int number) { Tell(what, std::to_string(number)); }
   // What was told since the last call.
   std::vector<std::string> Take() { return std::exchange(Told, {}); }
+  // Of that, what begins so.
+  std::vector<std::string> Take(std::string_view start) {
+    std::erase_if(Told, [&](const std::string& told) { return !told.starts_with(start); });
+    return Take();
+  }
 };
 
 class ListFixture : public testing::Test {
@@ -112,6 +111,32 @@ class ListFixture : public testing::Test {
     std::vector<std::string> paths;
     for (int at = 0; at <= List.ExpandedCount(); ++at) paths.push_back(List.ExpandedFolder(at));
     return paths;
+  }
+  void Load(std::string folder = "C:\\box\\") { List.LoadFolderContents(folder, true); }
+  void LoadDrive(std::string drive = "") { List.LoadDrive(drive, false); }
+  // Runs the message at the pump of that number from now on, counted from 1; messages that did not
+  // have their turn before are dropped. Gives a flag that tells whether it ran.
+  std::shared_ptr<bool> PostAt(int pump, const std::function<void()>& message) {
+    auto ran = std::make_shared<bool>(false);
+    Platform.Pump.Drop();
+    while (--pump > 0) Platform.Pump.Post([] {});
+    Platform.Pump.Post([=] { *ran = true, message(); });
+    return ran;
+  }
+  // Asks all that can be asked, and does all that can be done, with rows that are none.
+  void CheckNoRow(RowId beyond) {
+    for (const RowId row : {NoRow, RootRow, beyond}) {
+      EXPECT_EQ(List.PathOf(row) + List.CellText(row, HeadingId::Path), "");
+      EXPECT_EQ(List.PositionOf(row), -1);
+      EXPECT_FALSE(List.Look(row).HasChildren);
+      List.MoveCurrent(row);
+      List.Activate(row);
+      List.Expand(row);
+      List.Collapse(row);
+    }
+    for (const int position : {-1, 99}) EXPECT_EQ(List.Child(RootRow, position), NoRow);
+    EXPECT_EQ(List.ChildCount(beyond), 0);
+    EXPECT_TRUE(Events.Take().empty());
   }
 
   fakes::FakePlatform Platform;

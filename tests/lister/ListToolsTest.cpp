@@ -20,12 +20,6 @@ class ListTools : public ListFixture {
     files.AddFolder("C:\\other\\one");
   }
 
-  void Load(std::string folder = "C:\\box") { List.LoadFolderContents(folder, true); }
-  // At the `number`th time from now that messages are let through.
-  void AtPump(int number, std::function<void()> message) {
-    while (--number > 0) Platform.Pump.Post([] {});
-    Platform.Pump.Post(std::move(message));
-  }
   std::string Sizes() const {
     std::string sizes;
     for (int at = 0; at < List.ChildCount(RootRow); ++at) {
@@ -64,6 +58,11 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   List.CalculateItemSize();
   EXPECT_EQ(List.StatusText(), "Size of two: 2 items, 7 bytes");
   EXPECT_EQ(Sizes(), "two 7 file 4 ");
+  Platform.Files.At("C:\\box\\two").Modified++;
+  List.RefreshList();
+  EXPECT_EQ(Sizes(), "file 4 ");
+  View.Pointed = Row(RootRow, "two");
+  List.CalculateItemSize();
   for (const char* name : {"file", "way", ""}) {
     View.Pointed = Row(RootRow, name);
     List.CalculateItemSize();
@@ -72,7 +71,7 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
 
   Load("C:\\other");
   Platform.Clock.TickStep = 60;
-  AtPump(1, [&] { List.CalculateFolderSizes(); });
+  PostAt(1, [&] { List.CalculateFolderSizes(); });
   Load();  // measures nothing: whoever asked for it is not to wait
   EXPECT_EQ(Sizes(), "two 7 file 4 ");
   EXPECT_EQ(View.CatchUps, std::vector<int>{0});
@@ -80,7 +79,7 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   EXPECT_EQ(Sizes(), "two 7 one 30 file 4 ");
 
   // The wish goes with the read that it waited for.
-  AtPump(1, [&] { List.CalculateFolderSizes(), List.CancelRequested = true; });
+  PostAt(1, [&] { List.CalculateFolderSizes(), List.CancelRequested = true; });
   Load("C:\\other");
   List.CatchUp();
   EXPECT_EQ(List.StatusText().substr(0, 15) + Sizes(), "Reading stopped");
@@ -97,7 +96,7 @@ TEST_F(ListTools, MeasuringGivesWayToWhatComesInBetween) {
       Platform.Files.At("C:\\box\\two").Modified++;
       Load("C:\\other");
       Load();
-      AtPump(moment, message);
+      PostAt(moment, message);
       Platform.Pump.Calls = 0;
       List.CalculateFolderSizes();
       View.Check();
@@ -136,7 +135,7 @@ TEST_F(ListTools, MeasuringGivesWayToWhatComesInBetween) {
         Platform.Files.Remove("C:\\box\\new");
       });
   Load();
-  AtPump(6, [&] { List.Terminate(); });
+  PostAt(6, [&] { List.Terminate(); });
   Platform.Pump.Calls = 0;
   List.CalculateFolderSizes();
   EXPECT_EQ(Platform.Pump.Calls, 6);
@@ -148,8 +147,7 @@ struct TreeTools : ListTools {
 
 TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   Platform.Files.AddFolder("C:\\a,\"b\"");
-  std::string drive = "C";
-  List.LoadDrive(drive, false);
+  LoadDrive();
   const RowId top = List.Child(RootRow, 0);
   List.Expand(top);
   const RowId box = Row(top, "box");
@@ -174,15 +172,12 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   EXPECT_EQ(size(box) + size(Row(box, "two")), "5");
 
   Platform.Clock.TickStep = 60;
-  AtPump(3, [&] {
-    std::string other = "D";
-    List.LoadDrive(other, false);
-  });
+  PostAt(3, [&] { LoadDrive("D"); });
   List.CalculateFolderSizes();
   EXPECT_EQ(Names(), Texts{"D:\\"});
   EXPECT_EQ(size(List.Child(RootRow, 0)), "");
-  AtPump(1, [&] { List.CalculateFolderSizes(); });
-  List.LoadDrive(drive, false);
+  PostAt(1, [&] { List.CalculateFolderSizes(); });
+  LoadDrive("C");
   View.CatchUps.clear();
   List.CatchUp();
   EXPECT_EQ(size(List.Child(RootRow, 0)), "162");  // and the listing
@@ -217,9 +212,9 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
   files.WriteFault = {};
   Platform.Clock.TickStep = 60;
   for (int moment = 1; moment <= 5; ++moment) {
-    AtPump(moment, [&] { List.CancelRequested = true; });
+    PostAt(moment, [&] { List.CancelRequested = true; });
     EXPECT_FALSE(List.SaveListing("C:\\out.csv")) << moment;
-    AtPump(moment, [&] { Load(); });
+    PostAt(moment, [&] { Load(); });
     EXPECT_FALSE(List.SaveListing("C:\\out.csv")) << moment;
     Load("C:\\odd");
     EXPECT_FALSE(List.CancelRequested);
@@ -246,7 +241,7 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
   EXPECT_EQ(Events.Take(), Texts{"StatusMessage Cannot keep the colour of gone: No such file or "
                                  "directory (and 1 more)"});
   Platform.Clock.TickStep = 60;
-  AtPump(2, [&] { List.CancelRequested = true; });
+  PostAt(2, [&] { List.CancelRequested = true; });
   KeepColour(files, ItemColour::Default);
   EXPECT_EQ(note("file") + note("one"), "dark green");
   EXPECT_FALSE(List.CancelRequested);
@@ -325,8 +320,21 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   List.CompareAgainst(records, mode);
   EXPECT_EQ(List.StatusText(),
             "Compared: 2 only here, 1 differ (1 larger here), 3 the same; 1 missing here");
-  EXPECT_TRUE(List.Look(Row(RootRow, "file")).Marks.Larger);
-  EXPECT_TRUE(List.Look(Row(RootRow, "more")).Marks.OnlyHere);
+
+  // The kinds go with the rows that have them, and the view learns it.
+  List.WatchStart();
+  EXPECT_EQ(View.Marks, (CompareMarks{.OnlyHere = true, .Larger = true}));
+  Platform.Files.AddFile("C:\\box\\file", "longest");
+  Platform.Watches.Notify("C:\\box", {{"file"}, false, false});
+  EXPECT_EQ(View.Marks, CompareMarks{.OnlyHere = true});
+  List.CompareAgainst(records, mode);
+  Platform.Files.Remove("C:\\box\\file");
+  Platform.Watches.Notify("C:\\box", {{"file"}, false, false});
+  EXPECT_EQ(View.Marks, CompareMarks{.OnlyHere = true});
+  const std::string text = List.StatusText();
+  List.RefreshList();
+  EXPECT_EQ(View.Marks, CompareMarks{});
+  EXPECT_EQ(List.StatusText(), text);
 }
 
 }  // namespace

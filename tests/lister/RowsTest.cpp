@@ -1,18 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <random>
 #include <set>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "fakes/FakePlatform.h"
 #include "lister/CellText.h"
+#include "lister/FileRows.h"
 #include "lister/ListerControl.h"
-#include "lister/MergeRows.h"
-#include "lister/NoView.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -25,17 +22,21 @@ const NameOrder Names(Letters);
 class Rows : public testing::Test {
  protected:
   // Names that have much in common: case, numbers, zeros before them, bytes that are no UTF-8.
-  std::string RandomName(std::size_t longest = 5) {
+  std::string RandomName() {
     static const std::vector<std::string> parts = {
         "a", "A", "b", "0", "7", "12", ".", ".tXt", " ", "\xC3\xA4", "\xFE", "picture number "};
     std::string name;
-    for (auto left = 1 + Random() % longest; left > 0; --left)
-      name += parts[Random() % parts.size()];
+    for (auto left = 1 + Random() % 5; left > 0; --left) name += parts[Random() % parts.size()];
     return name;
   }
   FileRows RandomRows(std::size_t count) {
     std::set<std::string> names;
-    while (names.size() < count) names.insert(RandomName() + std::to_string(Random() % count));
+    while (names.size() < count) {
+      const std::string name = RandomName() + "x";
+      std::string number = std::to_string(Random() % count);
+      names.insert(name + number);
+      if (Random() % 8 == 0) names.insert(name + number.insert(0, 1, '0'));  // of equal rank
+    }
     std::vector<std::string> shuffled(names.begin(), names.end());
     std::shuffle(shuffled.begin(), shuffled.end(), Random);
     FileRows rows;
@@ -140,165 +141,6 @@ TEST_F(Rows, StandInTheOrderOfAllKeys) {
     std::sort(expected.begin(), expected.end(), before);
     ASSERT_EQ(rows.Reordered(changed, keys, Names), expected) << round;
   }
-}
-
-TEST_F(Rows, LetOthersHaveATurnWhileTheyAreSorted) {
-  const FileRows rows = RandomRows(40'000);
-  int asked = 0, most = 1000;
-  const auto goOn = [&] { return ++asked < most; };
-  EXPECT_EQ(rows.Sorted({}, Names, goOn), rows.Sorted({}, Names));
-  ASSERT_GT(asked, 3);
-  for (const int stop : {1, asked}) {
-    most = stop;
-    asked = 0;
-    EXPECT_TRUE(rows.Sorted({}, Names, goOn).empty());
-    EXPECT_EQ(asked, stop);
-  }
-}
-
-// Repeats what it is told, and so notices when it is told wrong.
-struct ReplayView : NoView {
-  explicit ReplayView(const FileRows& rows) : Source(rows) {}
-  void BeginInsert(RowId, int first, int last) override {
-    At = first;
-    Count = last - first + 1;
-  }
-  void EndInsert() override {
-    const auto from = Source.Order().begin() + At;
-    Shown.insert(Shown.begin() + At, from, from + Count);
-    EXPECT_EQ(Shown, Source.Order());
-  }
-  void BeginRemove(RowId, int first, int last) override {
-    Shown.erase(Shown.begin() + first, Shown.begin() + last + 1);
-  }
-  void EndRemove() override { EXPECT_EQ(Shown, Source.Order()); }
-  void EndReorder() override {
-    EXPECT_TRUE(std::is_permutation(Shown.begin(), Shown.end(), Source.Order().begin(),
-                                    Source.Order().end()));
-    Shown = Source.Order();
-  }
-  const FileRows& Source;
-  std::vector<RowId> Shown;
-  int At = 0, Count = 0;
-};
-
-TEST_F(Rows, KeepWhatIsKnownOfThemOverAnyChange) {
-  struct Item {
-    std::int64_t Modified = 0;
-    std::uint64_t FolderSize = 0;  // 0: not measured
-    std::string Comment;
-    bool IsSelected = false;
-    RowId Row = NoRow;
-    bool IsFolder() const { return FolderSize > 0; }
-  };
-  std::map<std::string, Item> items;  // what there should be
-  FileRows rows;
-  ReplayView view(rows);
-  NameFilter filter;
-  const auto attributes = [](const Item& item) {
-    return platform::ItemAttributes{.Kind = item.IsFolder() ? ItemKind::Folder : ItemKind::File,
-                                    .Modified = item.Modified};
-  };
-  const auto entry = [&](const auto& known) {
-    return platform::FolderEntry{.Name = known.first, .Kind = attributes(known.second).Kind};
-  };
-  for (int round = 0; round < 300; ++round) {
-    const bool many = round % 7 == 0;
-    std::vector<RowId> changed;
-    std::vector<RowId> gone;
-    std::set<std::string> goneNames;
-    for (int change = many ? 300 : 4; change > 0; --change) {
-      const std::string name = RandomName(2);  // so few that they meet again
-      const auto found = items.find(name);
-      if (goneNames.contains(name)) continue;
-      if (found == items.end()) {
-        Item& item = items[name];
-        item.FolderSize = Random() % 3 == 0 ? 5 : 0;
-      } else if (Random() % 2 == 0) {
-        if (found->second.Row != NoRow) gone.push_back(found->second.Row);
-        items.erase(found);
-        goneNames.insert(name);
-      } else {
-        found->second.Modified = static_cast<std::int64_t>(Random() % 3);
-        if (found->second.Row != NoRow) changed.push_back(found->second.Row);
-      }
-    }
-    const std::vector<std::string> texts = {"", "b", "*1*", "a*;.t", "none of these"};
-    if (round % 3 == 0) filter.SetText(texts[Random() % texts.size()]);
-    filter.SetExtension(round % 11 == 0 ? "txt" : "");
-    if (round % 2 == 0) {  // all is read again
-      FileRows fresh;
-      for (const auto& known : items) fresh.Add(entry(known));
-      std::vector<RowId> partners = rows.PairWith(fresh);
-      fresh.TakeOver(rows, partners);
-      fresh.SetOrder(fresh.Sorted({}, Names));
-      fresh.Filter(filter);
-      MergeRows(rows, std::move(fresh), std::move(partners), view);
-    } else {  // what is named alone
-      std::erase_if(changed, [&](RowId row) { return std::count(gone.begin(), gone.end(), row); });
-      for (auto& known : items) {
-        if (known.second.Row == NoRow) changed.push_back(rows.Store(entry(known)));
-      }
-      std::vector<RowId> order = rows.Reordered(changed, {}, Names);
-      std::erase_if(order, [&](RowId row) { return std::count(gone.begin(), gone.end(), row); });
-      ArrangeRows(rows, order, filter, view);
-    }
-
-    ASSERT_EQ(rows.All(), rows.Sorted({}, Names));
-    ASSERT_EQ(rows.All().size(), items.size());
-    ASSERT_EQ(rows.Order(), view.Shown);
-    RowTotals expected;
-    for (auto& [name, item] : items) {
-      const RowId row = rows.Find(name);
-      ASSERT_TRUE(rows.IsUsed(row));
-      EXPECT_TRUE(item.Row == NoRow || item.Row == row) << name;
-      item.Row = row;
-      const bool isShown = filter.Takes(name, item.IsFolder());
-      ASSERT_EQ(rows.Has(row), isShown);
-      EXPECT_TRUE(!isShown || rows.At(rows.PositionOf(row)) == row);
-      item.IsSelected = item.IsSelected && isShown;
-      EXPECT_EQ(rows.Row(row).IsSelected, item.IsSelected);
-      EXPECT_EQ(rows.Comment(row), item.Comment);
-      // The folder's size goes with the first look that finds another date.
-      const bool sizeStays = rows.Row(row).HasFolderSize && rows.Row(row).Modified == item.Modified;
-      rows.SetAttributes(row, attributes(item));
-      EXPECT_EQ(rows.Row(row).HasFolderSize, sizeStays) << name;
-      if (item.IsFolder()) rows.SetFolderSize(row, item.FolderSize);
-      if (isShown) {
-        rows.SetSelected(row, item.IsSelected = Random() % 2 == 0);
-        expected.Selected += item.IsSelected;
-        expected.SelectedBytes += item.IsSelected ? item.FolderSize : 0;
-        expected.Folders += item.IsFolder();
-        expected.Bytes += item.FolderSize;
-        ++expected.Items;
-      }
-      if (Random() % 4 == 0) {
-        rows.SetNotes(row, ItemColour::Blue, item.Comment = Random() % 2 == 0 ? RandomName() : "");
-      }
-    }
-    const auto numbers = [](const RowTotals& totals) {
-      return std::tuple(totals.Items, totals.Folders, totals.Bytes, totals.Selected,
-                        totals.SelectedBytes);
-    };
-    EXPECT_EQ(numbers(rows.Totals()), numbers(expected));
-    EXPECT_EQ(rows.SelectedCount(), expected.Selected);
-  }
-}
-
-TEST_F(Rows, CountExtensionsOfAllFiles) {
-  FileRows rows;
-  for (const char* name : {"a.txt", "b.TXT", "c.7z", "d.10", "none", ".hidden", "e."}) {
-    rows.Add({.Name = name});
-  }
-  rows.Add({.Name = "folder.d", .Kind = ItemKind::Folder});
-  NameFilter filter;
-  filter.SetText("none");
-  rows.Filter(filter);
-  std::vector<std::string> choices;
-  for (const ExtensionChoice& choice : rows.Extensions(Names)) {
-    choices.push_back(choice.Extension + std::to_string(choice.Count));
-  }
-  EXPECT_EQ(choices, (std::vector<std::string>{"7z1", "101", "txt2"}));
 }
 
 TEST_F(Rows, TakeNoRoomForNamesThatAreGone) {

@@ -21,8 +21,8 @@ class Selection : public ListFixture {
     for (const std::string& name : names) Platform.Files.AddFile("C:\\box\\" + name);
     Load();
   }
-  void Load(std::string folder = "C:\\box") {
-    List.LoadFolderContents(folder, true);
+  void Load() {
+    ListFixture::Load();
     Events.Take();
   }
   RowPointer At(int position, RowPart part, int shift = 0, int button = 1) const {
@@ -172,8 +172,6 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   // Rows that a sweep leaves again get back what they had; the ends of the list hold it up.
   Pull({0, 4, 1}, RowPart::Gap);
   EXPECT_EQ(Marks(), "###...");
-  EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Sweep);
-  EXPECT_TRUE(List.MouseLocked);
   List.MouseMoved(At(9, RowPart::None));
   EXPECT_EQ(Marks(), "######");
   Platform.Files.Remove("C:\\box\\b");  // rows go, and their numbers serve others
@@ -187,52 +185,43 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 0", "Locked",
                                   "Unlocked", "MouseReleased"}));
 
-  std::string other = "D:\\";
   // A frame; whatever ends it lets the other lists go, and what comes after it does nothing.
   const auto frame = [&](int from, int shift, const std::function<void()>& end) {
     Pull({from, 2}, RowPart::Rest, shift);
     EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Band);
     const std::string marks = Marks();
-    Events.Take();
     end();
     EXPECT_FALSE(List.MouseLocked);
-    EXPECT_EQ(Events.Take()[0], "Unlocked");
+    Events.Take();
     List.MouseMoved(At(0, RowPart::Item));
     List.MouseUp({});
-    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::None);
-    EXPECT_NE(Events.Take().back(), "Unlocked");
+    EXPECT_EQ(Events.Take().back(), "MouseReleased");
     return marks + " " + Marks();
   };
   EXPECT_EQ(frame(6, 0, [&] { EXPECT_TRUE(List.KeyDown(EscapeKey, 0)); }), "..#### ##....");
   EXPECT_FALSE(List.KeyDown(EscapeKey, 0));
   EXPECT_EQ(frame(6, ShiftDown, [&] { Click(6, RowPart::None); }), "###### ......");  // an end lost
-  EXPECT_EQ(frame(0, 0, [&] { List.LoadFolderContents(other, true); }), "###... ");
+  EXPECT_EQ(frame(0, 0, [&] { ListFixture::Load("D:\\"); }), "###... ");
   Load();
   EXPECT_EQ(frame(1, CtrlDown, [&] { List.MouseUp({}); }), ".##... .##...");
 
   // Several are dragged; a click without a drag breaks the selection up when the button comes up.
-  List.MouseDown(At(2, RowPart::Item));
-  EXPECT_EQ(Marks(), ".##...");
-  List.MouseMoved(At(4, RowPart::Item));
-  List.MouseMoved(At(5, RowPart::Item));
-  EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Drag);
+  Pull({2, 4, 5}, RowPart::Item);
   List.DragFinished({});
   List.MouseUp({});
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "DragBegun",
                                   "DragMoved", "DragEnded", "MouseReleased"}));
   EXPECT_EQ(Marks() + std::to_string(View.Drags), ".##...1");
-  List.MouseDown(At(2, RowPart::Item, CtrlDown));
-  EXPECT_EQ(Marks(), ".##...");
-  List.MouseUp(At(2, RowPart::Item, CtrlDown));
+  Click(2, RowPart::Item, CtrlDown);
   EXPECT_EQ(Marks(), ".#....");
 
   // The other button keeps what is selected where it comes down on that or on nothing.
   Events.Take();
-  List.MouseDown(At(1, RowPart::Rest, 0, 2));
-  EXPECT_EQ(Events.Clicked.Folder + "+" + Events.Clicked.Name, "C:\\box\\+c");
-  List.MouseDown(At(7, RowPart::None, 0, 2));
-  EXPECT_EQ(Events.Clicked.Folder + "+" + Events.Clicked.Name, "C:\\box\\+");
-  EXPECT_EQ(Marks(), ".#....");
+  for (const int place : {1, 7}) {
+    List.MouseDown(At(place, RowPart::Rest, 0, 2));
+    EXPECT_EQ(Events.Clicked.Folder + Events.Clicked.Name, place == 1 ? "C:\\box\\c" : "C:\\box\\");
+    EXPECT_EQ(Marks(), ".#....");
+  }
   List.MouseDown(At(0, RowPart::Item, 0, 4));
   List.MouseDown(At(0, RowPart::Item, 0, 2));
   EXPECT_EQ(Marks(), "#.....");
@@ -278,8 +267,7 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_EQ(type("b"), "Bat|Find: b");
   EXPECT_EQ(type("a"), "Bat|Find: ba");
   EXPECT_EQ(Marks(), "...#..");
-  EXPECT_TRUE(press(EscapeKey));
-  EXPECT_FALSE(press(EscapeKey));
+  EXPECT_TRUE(press(EscapeKey) && !press(EscapeKey));
   EXPECT_EQ(List.StatusText().find("Find"), std::string::npos);
   EXPECT_EQ(type("S\xC3\xBC"), "s\xC3\xBCn|Find: S\xC3\xBC");
   press(EscapeKey);
@@ -316,8 +304,7 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   EXPECT_EQ(Clicked() + List.TargetFolder() + List.PasteFolder(), "0 +");
   Make({"a.tar.gz", ".rc"});  // sub.d, .rc, a.tar.gz
   EXPECT_EQ(List.FirstSelected() + List.ActiveItemName() + List.DuplicateBaseName(), "");
-  EXPECT_EQ(List.NextSelected(), "end");
-  EXPECT_EQ(Clicked(), "8 C:\\box\\+");
+  EXPECT_EQ(List.NextSelected() + Clicked(), "end8 C:\\box\\+");
   Click(2, RowPart::Item);
   EXPECT_EQ(Clicked(), "4 C:\\box\\+a.tar.gz");
   EXPECT_EQ(List.DuplicateBaseName(), "C:\\box\\a.tar");
@@ -335,8 +322,7 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   List.PrepareSelectionMouse();
   EXPECT_EQ(Marks() + Clicked(), "#..2 C:\\box\\+sub.d");
   List.EndAction();
-  EXPECT_EQ(Clicked(), "8 C:\\box\\+");
-  EXPECT_EQ(List.TargetFolder(), "C:\\box\\");
+  EXPECT_EQ(Clicked() + " " + List.TargetFolder(), "8 C:\\box\\+ C:\\box\\");
 
   Events.Take();
   List.DragOver(Row(RootRow, "sub.d"));
@@ -370,8 +356,7 @@ class FolderSelection : public Selection {
   void LoadTree(const std::string& root) {
     for (const char* path : {"a", "box", "d"}) Platform.Files.AddFolder(root + path);
     Platform.Files.AddFolder(Platform.Files.Syntax().Join(root + "box", "Beta"));
-    std::string drive;
-    List.LoadDrive(drive, false);
+    LoadDrive();
     Events.Take();
   }
   RowId Find(const std::string& name) const { return Row(FolderTree::TopRow, name); }
@@ -394,7 +379,6 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   List.TypeText("be");
   EXPECT_EQ(Current() + List.StatusText(), "BetaFind: be");
   EXPECT_EQ(List.FirstSelected(), "C:\\box\\Beta");
-  EXPECT_EQ(List.ActiveItemName(), std::string("C:\\box\\Beta\0\0", 13));
   List.SelectionCursor = 0;
   EXPECT_EQ((Texts{List.NextSelected(), List.NextSelected()}), (Texts{"C:\\box\\Beta", "end"}));
   Events.Take();
@@ -461,7 +445,6 @@ TEST_F(PosixFolderSelection, NamesTargetsByTheOtherSyntax) {
   EXPECT_EQ(List.FirstSelected(), "/:");
   List.MouseDown(On(Find("box"), 2));
   EXPECT_EQ(Clicked() + List.TargetFolder(), "2 /+box/box/");
-  EXPECT_EQ(Events.Clicked.Path + Events.Clicked.Folder + Events.Clicked.Name, "/box/box");
   List.MouseDown(On(FolderTree::TopRow, 2));
   EXPECT_EQ(Clicked() + List.TargetFolder(), "1 /+/");
 }

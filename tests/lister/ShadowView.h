@@ -29,6 +29,7 @@ class ShadowView : public NoView {
   int Page = 1;
   int Repaints = 0;
   int FilterChanges = 0;
+  CompareMarks Marks;  // in the list, as far as that was told
   RowRange Visible;
   std::vector<RowRange> Cells;  // told to have changed
   std::vector<int> CatchUps;    // the times asked for
@@ -87,6 +88,7 @@ class ShadowView : public NoView {
   }
   void Repaint() override { ++Repaints; }
   void FilterChanged() override { ++FilterChanges; }
+  void StatusChanged() override { Marks = list_.MarksInList(); }
   RowRange VisibleRows() const override { return Visible; }
   RowId RowUnderPointer() const override { return Pointed; }
   void CurrentChanged() override { ++CurrentChanges; }

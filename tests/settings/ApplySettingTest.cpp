@@ -14,32 +14,6 @@ class ApplySettingTest : public testing::Test, public TestProgram {
   }
 };
 
-TEST_F(ApplySettingTest, PlacesTheWindow) {
-  struct Case {
-    std::string Fields;
-    base::Twips Top, Left, Width;
-    bool Maximised;
-  };
-  workspace::MainForm& form = Space.Form;
-  for (const Case& each : {Case{"300,450,9000,6000,0", 300, 450, 9000, false},
-                           Case{"\"max\",-60,-75,0,0", -60, -75, 15600, true},
-                           Case{"-48000,-48000,2400,405,0", 1050, 1500, 15600, true},
-                           Case{"300,\"left\",9000,6000,0", 300, 1500, 15600, false},
-                           Case{"\"other\",2,3,0,0", 1050, 1500, 15600, false},
-                           Case{"2.5,3.5,40000,1,0", 2, 4, 40000, false}}) {
-    form.Top = 1050;
-    form.Left = 1500;
-    form.Width = 15600;
-    form.State = forms::WindowState::Normal;
-    form.ResizeEnabled = true;
-    Read("\"PROGRAMPOSITION\"," + each.Fields);
-    EXPECT_TRUE(form.Top == each.Top && form.Left == each.Left && form.Width == each.Width)
-        << each.Fields << ": " << form.Top << ", " << form.Left << ", " << form.Width;
-    EXPECT_EQ(form.State == forms::WindowState::Maximised, each.Maximised) << each.Fields;
-    EXPECT_FALSE(form.ResizeEnabled);
-  }
-}
-
 TEST_F(ApplySettingTest, SkipsRecordsThatNameNothingAndEndsBadOnesWhereTheyStand) {
   Read(
       "\"BookMark\",10,\"x\",0,0,0\r\n\"BookMark\",-1,\"x\",0,0,0\r\n"

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <random>
 
 #include "TestProgram.h"
 
@@ -15,9 +14,6 @@ TEST_F(LoadLastSettingsTest, StartsWithTheDefaultsWhereThereIsNoFile) {
   for (const char* button : {"layouthorizontal", "compare_size", "compare_date"}) {
     EXPECT_TRUE(Space.Form.Toolbar1[button].Pressed) << button;
   }
-  for (const char* entry : {"mnuCompareDate", "mnuCompareSize", "mnuCommandOff"}) {
-    EXPECT_TRUE(Space.Form.Menus[entry].Checked) << entry;
-  }
   EXPECT_TRUE(Pane(0).Initialized && Pane(1).Initialized && !Pane(2).Initialized);
   EXPECT_EQ(Space.OpenPaneCount, 2);
   EXPECT_EQ(Space.InitialActivePane + Space.PreviousActivePane, 0);
@@ -31,22 +27,40 @@ TEST_F(LoadLastSettingsTest, StartsWithTheDefaultsWhereThereIsNoFile) {
   }
 }
 
-TEST_F(LoadLastSettingsTest, ClearsTheFirstRunFlagsWithAnyRecordAndMaximisesWithoutAPosition) {
-  struct Case {
-    const char* Content;
+TEST_F(LoadLastSettingsTest, PlacesTheWindowAndClearsTheFirstRunFlagsWithAnyRecord) {
+  const std::string position = "\"ProgramPosition\"";
+  const struct {
+    std::string Content;
     bool First, Found, Maximised;
+    base::Twips Top, Left, Width;
+  } cases[] = {
+      {"", true, false, true, 1050, 1500, 15600},
+      {"\r\n", false, false, true, 1050, 1500, 15600},
+      {"\"PROGRAMPOSITION\",300,450,9000,6000,0", false, false, true, 300, 450, 9000},
+      {position + ",300,450,9000,6000,0", false, true, false, 300, 450, 9000},
+      {position, false, true, false, 1050, 1500, 15600},
+      {position + ",\"max\",-60,-75,0,0", false, true, true, -60, -75, 15600},
+      {position + ",-48000,-48000,2400,405,0", false, true, true, 1050, 1500, 15600},
+      {position + ",300,\"left\",9000,6000,0", false, true, false, 300, 1500, 15600},
+      {position + ",\"other\",2,3,0,0", false, true, false, 1050, 1500, 15600},
+      {position + ",2.5,3.5,40000,1,0", false, true, false, 2, 4, 40000},
   };
-  for (const Case& each : {Case{"", true, false, true}, Case{"\r\n", false, false, true},
-                           Case{"\"ProgramPosition\",300,450,9000,6000,0", false, true, false},
-                           Case{"\"PROGRAMPOSITION\",300,450,9000,6000,0", false, false, true},
-                           Case{"\"ProgramPosition\",-48000,0,0,0,0", false, true, true},
-                           Case{"\"ProgramPosition\"", false, true, false}}) {
+  for (const auto& each : cases) {
     TestProgram run(Shared);
+    workspace::MainForm& form = run.Space.Form;
+    form.Top = 1050;
+    form.Left = 1500;
+    form.Width = 15600;
+    form.ResizeEnabled = true;
     const ReadMarkers markers = run.StartWith(each.Content);
     EXPECT_TRUE(markers.FirstArrangement == each.First && markers.FirstTips == each.First &&
-                markers.PositionFound == each.Found &&
-                (run.Space.Form.State == forms::WindowState::Maximised) == each.Maximised)
+                markers.PositionFound == each.Found)
         << each.Content;
+    EXPECT_TRUE(form.Top == each.Top && form.Left == each.Left && form.Width == each.Width)
+        << each.Content << ": " << form.Top << ", " << form.Left << ", " << form.Width;
+    EXPECT_EQ(form.State == forms::WindowState::Maximised, each.Maximised) << each.Content;
+    // Placed without an arrangement.
+    EXPECT_EQ(form.ResizeEnabled, each.Content.find(',') == std::string::npos) << each.Content;
   }
 }
 
@@ -60,35 +74,20 @@ TEST_F(LoadLastSettingsTest, SetsUpPaneZeroAndTheOpenPanes) {
 
   TestProgram closed(Shared);
   closed.StartWith("\"Status\",1,1,1,1,1\r\n");
-  EXPECT_EQ((Ids{closed.Space.OpenPaneCount, closed.Space.InitialActivePane}), (Ids{0, -1}));
-  EXPECT_TRUE(closed.Pane(0).Initialized && closed.Pane(0).DriveLoaded);
-  closed.Layout.ResizeForm(true);
-  closed.Panes.ChangePanes(0);
-  EXPECT_EQ(closed.Space.CurrentList, 0);
+  // There is no window without a pane.
+  EXPECT_EQ((Ids{closed.Space.OpenPaneCount, closed.Space.CurrentList}), (Ids{1, 0}));
+  EXPECT_TRUE(closed.Pane(0).IsOpen() && closed.Pane(0).DriveLoaded);
+  EXPECT_EQ(closed.PressedPanes(), "0");
   EXPECT_TRUE(Messages.Texts.empty() && closed.Messages.Texts.empty());
 }
 
-TEST_F(LoadLastSettingsTest, BearsMegabytesOfNoiseAndThousandsOfExpandedFolders) {
-  const std::string letters = "\"\"\",,,,\r\n01-.E#aHSL \xFF";
-  const char* keys[] = {"\"Heading\",", "\"STATUS\",", "\"SORTING\",0,", "\"Active\",1,"};
-  std::mt19937 random(3);
-  std::string block, noise, folders;
-  while (block.size() < 100'001) {
-    block += random() % 64 == 0 ? std::string(keys[random() % 4])
-                                : std::string(1, letters[random() % letters.size()]);
-  }
-  while (noise.size() < 5'000'000) noise += block;
-  StartWith(noise);
-  EXPECT_EQ(Status.back(), "loading skin...");
-  EXPECT_TRUE(Pane(0).DriveLoaded);
-  EXPECT_EQ(Saved().back(), "\"End\",0,0,0,0,0");
-
+TEST_F(LoadLastSettingsTest, BearsThousandsOfExpandedFolders) {
+  std::string folders;
   for (int i = 0; i < 30000; ++i) {
     folders += "\"Expanded\",0,\"C:\\gone " + std::to_string(i) + "\",0,0,0\r\n";
   }
-  TestProgram next(Shared);
-  next.StartWith(folders);
-  EXPECT_EQ(next.Space.Lists.Folders(0).ExpandedFolder(0), "C:\\");
+  StartWith(folders);
+  EXPECT_EQ(Space.Lists.Folders(0).ExpandedFolder(0), "C:\\");
 }
 
 }  // namespace

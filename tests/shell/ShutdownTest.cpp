@@ -44,19 +44,6 @@ TEST_F(ShutdownTest, SavesThenTakesTheMarkerAwayThenClosesAllForms) {
   EXPECT_FALSE(Machine.HasSettings());
 }
 
-// A request to end can come at any moment.
-TEST_F(ShutdownTest, EndsOnRequestBeforeTheLoadWithoutATrace) {
-  Run.App.Start();
-  Run.Dialogs.OnAskYesNo = [&] {  // with a question open
-    Run.App.RequestQuit();
-    return false;
-  };
-  Run.App.StartForm().KeyDown(82);
-  Run.Tick(30);
-  EXPECT_TRUE(Run.Host.OpenForms().empty() && !Run.WasToldOf("open Master"));
-  EXPECT_FALSE(Machine.HasMarker() || Machine.HasSettings());
-}
-
 // Nobody is there any more to answer, so nothing may wait for an answer either.
 TEST_F(ShutdownTest, EndsOnRequestRightBehindTheLoad) {
   for (const bool hasSkin : {true, false}) {

@@ -60,25 +60,6 @@ TEST_F(StartTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "exit");
 }
 
-TEST_F(StartTest, AsksOnceForEachPressOfTheResetKey) {
-  Splash& splash = Run.App.StartForm();
-  Machine.LeaveSettings();
-  Run.App.Start();
-  splash.KeyDown(KeyR + 1);
-  EXPECT_FALSE(splash.ResetKeyPressed);
-  for (const int key : {KeyR, KeyR}) splash.KeyDown(key);  // held until the next tick
-  Run.Tick(2);
-  EXPECT_EQ(Run.Dialogs.Questions, (Texts{"Tarnwell: Do you want to reset Tarnwell?"}));
-  EXPECT_TRUE(Machine.HasSettings());
-  Run.Dialogs.OnAskYesNo = [] { return true; };
-  for (const std::size_t asked : {2U, 3U}) {  // the second time there is nothing left to delete
-    splash.KeyDown(KeyR);
-    Run.Tick(2);
-    EXPECT_EQ(Run.Dialogs.Questions.size(), asked);
-    EXPECT_FALSE(Machine.HasSettings());
-  }
-}
-
 TEST_F(StartTest, NamesTheStageThatFailedAndEnds) {
   const std::string stages[][2] = {{"C:\\Tarnwell\\run.txt", "storing start up information..."},
                                    {"C:\\Tarnwell\\skins", "loading initial pane..."}};
@@ -101,37 +82,6 @@ TEST_F(StartTest, NamesTheStageThatFailedAndEnds) {
     run.Main().SaveWithoutWindows();
     EXPECT_EQ(machine.Settings(), "\"FileCountMax\",60,0,0,0,0");
     EXPECT_FALSE(machine.HasMarker());
-  }
-}
-
-// Nobody can make room on a full disk with a program that does not start.
-TEST_F(StartTest, GoesOnWhereItsFolderTakesNoFiles) {
-  Machine.Files.WriteFault = fakes::MemoryFileSystem::Denied();
-  Run.Start();
-  EXPECT_EQ(Run.Boxes, (Texts{"Tarnwell cannot write to its own folder, C:\\Tarnwell:\r\n"
-                              "Permission denied.\r\n\r\nYou can go on, but your settings may not "
-                              "be kept."}));
-  EXPECT_TRUE(Run.App.StartForm().LoadFinished && Run.WasToldOf("show Master"));
-}
-
-TEST_F(StartTest, AsksForAResetBehindAStartThatDidNotEnd) {
-  for (const std::string answer : {"Yes", "No", ""}) {
-    TestMachine machine;
-    machine.LeaveMarker();
-    machine.LeaveSettings();
-    TestRun run(machine);
-    run.OnBox = [&](popMsgBox& box) {
-      EXPECT_EQ(run.App.StartForm().txtStatus.Caption, "checking for proper shut down...");
-      if (!answer.empty()) box.ButtonClick(answer == "Yes" ? 1 : 0);
-    };
-    run.Start();
-    EXPECT_EQ(run.Boxes,
-              (Texts{"It appears as though Tarnwell did not shut down properly or another copy is "
-                     "already running.\r\n\r\nDo you want to reset to all of Tarnwell's default "
-                     "settings?"}));
-    EXPECT_EQ(machine.HasSettings(), answer != "Yes");
-    EXPECT_EQ(run.Space().Settings.FileCountMax, answer == "Yes" ? 50 : 60);
-    EXPECT_EQ(machine.Files.At("C:\\Tarnwell\\run.txt").Content, "");
   }
 }
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -19,23 +18,7 @@ namespace tarnwell::shell {
 using Texts = std::vector<std::string>;
 
 // What outlives a run.
-struct TestMachine {
-  // Whatever looks at the path in Fatal, or writes it, throws.
-  struct Disk : fakes::MemoryFileSystem {
-    std::string Fatal;
-    void Check(const std::string& path) const {
-      if (!Fatal.empty() && path == Fatal) throw std::runtime_error("disk");
-    }
-    std::unique_ptr<platform::OpenedFolder> OpenFolder(const std::string& folder,
-                                                       base::Status& status) const override {
-      Check(folder);
-      return MemoryFileSystem::OpenFolder(folder, status);
-    }
-    base::Status WriteFile(const std::string& path, const std::string& content) override {
-      Check(path);
-      return MemoryFileSystem::WriteFile(path, content);
-    }
-  };
+struct TestMachine : fakes::FakePlatform {
   TestMachine() { Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0"); }
   bool HasMarker() const { return Files.Exists("C:\\Tarnwell\\run.txt"); }
   bool HasSettings() const { return Files.Exists("C:\\Tarnwell\\user.usr"); }
@@ -43,15 +26,6 @@ struct TestMachine {
   // A settings file with something in it to tell it by, and the marker of a run that did not end.
   void LeaveSettings() { Files.AddFile("C:\\Tarnwell\\user.usr", "\"FileCountMax\",60,0,0,0,0"); }
   void LeaveMarker() { Files.AddFile("C:\\Tarnwell\\run.txt", "old"); }
-
-  Disk Files;
-  fakes::FakeSystemInfo System;
-  fakes::FakeDrives Drives{Files.Syntax()};
-  fakes::FakeFolderWatch Watches;
-  fakes::FakePump Pump;
-  fakes::FakeClock Clock;
-  fakes::FakeCollation Order;
-  fakes::FakeLauncher Launcher;
 };
 
 class TestRun {

@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "fakes/FakePlatform.h"
-#include "lister/ListInput.h"
+#include "lister/ListFixture.h"
 #include "ui/ListerModel.h"
 #include "ui/ListerRow.h"
 #include "ui/ListerWidget.h"
@@ -19,23 +18,7 @@
 namespace tarnwell::ui {
 
 using lister::RowId;
-
-struct Heard : lister::ListerEvents {
-  std::vector<lister::ListId> Folders, Drives;
-  std::vector<int> Notches;
-  std::vector<std::string> RightClicks;
-  void FolderSelected(lister::ListId list) override { Folders.push_back(list); }
-  void DriveSelected(lister::ListId list) override { Drives.push_back(list); }
-  void WheelTurned(lister::ListId, int& delta) override { Notches.push_back(delta); }
-  void RightClicked(lister::ListId, const lister::RightClick& click) override {
-    RightClicks.push_back(click.Path);
-  }
-  void ListKeyDown(lister::ListId, std::int16_t& code) override {
-    bool spaceHeld = false;
-    if (List != nullptr && code != lister::SpaceKeyCode) List->ArrowKey(code, spaceHeld);
-  }
-  lister::ListerControl* List = nullptr;
-};
+using lister::Texts;
 
 class ListerWidgetTest : public testing::Test {
  protected:
@@ -53,7 +36,7 @@ class ListerWidgetTest : public testing::Test {
   struct List {
     List(ListerWidgetTest& test, lister::ListId id)
         : Control(id, test.Services, test.Events), Widget(Control, test.Icons, &Window) {
-      test.Events.List = &Control;
+      test.Events.Answers = &Control;
       Control.AddSortKey(0, "sName", "asc");
       Control.Initialize();
       Widget.resize(400, 300);
@@ -129,7 +112,7 @@ class ListerWidgetTest : public testing::Test {
 
   fakes::FakePlatform Platform{base::PathSyntax::Posix()};
   lister::ListerServices Services = Platform.Services();
-  Heard Events;
+  lister::EventRecord Events;
   IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
 };
 

@@ -67,31 +67,25 @@ class MessageBoxTest : public testing::Test {
 TEST_F(MessageBoxTest, EachWayOfClosingGivesItsWord) {
   const auto enter = [](QDialog& box) { Press(box, Qt::Key_Return); };
   const auto escape = [](QDialog& box) { Press(box, Qt::Key_Escape); };
+  const auto yes = [](QDialog& box) { Button(box, "Yes")->click(); };
+  const auto choose = [](QDialog& box) {
+    EXPECT_EQ(Button(box, "Cancel"), nullptr);
+    EXPECT_LT(Button(box, "Yes")->x(), Button(box, "No")->x());
+    Button(box, "Yes")->setFocus();
+    Press(box, Qt::Key_Return);
+  };
+  const auto endProgram = [this](QDialog&) {
+    const std::vector<forms::Form*> open = Host.OpenForms();
+    for (forms::Form* form : open) Host.Unload(*form);
+  };
   EXPECT_EQ(Ask(MessageKind::Ok, enter), "OK");
   EXPECT_EQ(Ask(MessageKind::YesNo, enter), "NO");  // the careful answer has the focus
   EXPECT_EQ(Ask(MessageKind::YesNoCancel, enter), "CANCEL");
   EXPECT_EQ(Ask(MessageKind::YesNo, escape), "");
   EXPECT_EQ(Ask(MessageKind::YesNoCancel, [](QDialog& box) { box.close(); }), "");
-  EXPECT_EQ(Ask(MessageKind::YesNoCancel, [](QDialog& box) { Button(box, "Yes")->click(); }),
-            "YES");
-  EXPECT_EQ(Ask(MessageKind::YesNo,
-                [](QDialog& box) {
-                  EXPECT_EQ(Button(box, "Cancel"), nullptr);
-                  EXPECT_LT(Button(box, "Yes")->x(), Button(box, "No")->x());
-                  Press(box, Qt::Key_Tab);
-                  Button(box, "Yes")->setFocus();
-                  Press(box, Qt::Key_Return);
-                }),
-            "YES");
-}
-
-TEST_F(MessageBoxTest, TheProgramsEndClosesTheBoxWithoutAnAnswer) {
-  EXPECT_EQ(Ask(MessageKind::YesNo,
-                [this](QDialog&) {
-                  const std::vector<forms::Form*> open = Host.OpenForms();
-                  for (forms::Form* form : open) Host.Unload(*form);
-                }),
-            "");
+  EXPECT_EQ(Ask(MessageKind::YesNoCancel, yes), "YES");
+  EXPECT_EQ(Ask(MessageKind::YesNo, choose), "YES");
+  EXPECT_EQ(Ask(MessageKind::YesNo, endProgram), "");
 }
 
 TEST_F(MessageBoxTest, LongTextStaysOnTheScreenAndNamesAreShownPlainly) {

@@ -45,10 +45,18 @@ TEST_F(FormLayoutTest, MovesNothingUnlessSomethingChanged) {
   EXPECT_TRUE(Space.Form.cboCommand.Visible && !Space.CommandLineChanged);
   EXPECT_EQ(Space.Form.txtCurrentPath.Top, 9001 - 305);
 
+  for (const bool dragged : {false, true}) {
+    title.Top = 1;
+    Space.ResizeAction = dragged ? "DoResizingWestEast" : "";
+    Space.Form.State = forms::WindowState::Minimised;
+    Layout.ResizeForm(!dragged);
+    EXPECT_EQ(title.Top, 1);
+    Space.ResizeAction.clear();
+    Space.Form.State = forms::WindowState::Maximised;
+    Layout.ResizeForm(false);  // makes up for it
+    EXPECT_NEAR(title.Top, top, 200);
+  }
   title.Top = 1;
-  Space.Form.State = forms::WindowState::Minimised;
-  Layout.ResizeForm(true);
-  Space.Form.State = forms::WindowState::Maximised;
   Space.Form.Height = Space.Form.ScaleHeight = 4999;  // too low: controls stay where they are
   Layout.ResizeForm(true);
   EXPECT_EQ(title.Top, 1);

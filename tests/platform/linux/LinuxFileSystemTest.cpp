@@ -14,6 +14,23 @@
 namespace tarnwell::platform {
 namespace {
 
+// Makes a folder in each folder and goes into it: deeper than a path may be long. `each` makes what
+// else is to be there, around that folder if it wants to.
+void Deepen(
+    const std::string& folder, const std::vector<std::string>& names,
+    const std::function<void(int)>& each = [](int) {}) {
+  int descriptor = open(folder.c_str(), O_PATH | O_DIRECTORY);
+  for (const std::string& name : names) {
+    each(descriptor);
+    mkdirat(descriptor, name.c_str(), 0755);
+    const int next = openat(descriptor, name.c_str(), O_PATH | O_DIRECTORY);
+    ASSERT_GE(next, 0);
+    close(descriptor);
+    descriptor = next;
+  }
+  close(descriptor);
+}
+
 std::map<std::string, FolderEntry> Read(const std::string& folder) {
   std::map<std::string, FolderEntry> entries;
   const base::Status status = LinuxFileSystem().ReadFolder(folder, [&](const FolderEntry& entry) {
@@ -248,16 +265,11 @@ TEST(LinuxFileSystem, MeasuresDeeperThanDescriptorsReach) {
   const bool inMemory = access("/dev/shm", W_OK) == 0;  // disks take seconds to remove it
   const TempFolder folder(inMemory ? "/dev/shm/" : testing::TempDir());
   constexpr int depth = 5000;
-  int descriptor = open(folder.Path().c_str(), O_PATH | O_DIRECTORY);
-  for (int level = 0; level < depth; ++level) {
+  Deepen(folder.Path(), std::vector<std::string>(depth, "m"), [](int level) {
     // A folder on either side of the way down, so that every level is come back to.
-    for (const char* name : {"a", "m", "z"}) mkdirat(descriptor, name, 0755);
-    close(openat(descriptor, "file", O_WRONLY | O_CREAT, 0644));
-    const int next = openat(descriptor, "m", O_PATH | O_DIRECTORY);
-    close(descriptor);
-    descriptor = next;
-  }
-  close(descriptor);
+    for (const char* name : {"a", "m", "z"}) mkdirat(level, name, 0755);
+    close(openat(level, "file", O_WRONLY | O_CREAT, 0644));
+  });
   FolderTotal total;
   EXPECT_TRUE(LinuxFileSystem().MeasureFolder(
       folder.Path(), [](auto&) { return true; }, total));
@@ -269,18 +281,10 @@ TEST(LinuxFileSystem, MeasuresDeeperThanDescriptorsReach) {
 TEST(LinuxFileSystem, WorksDeeperThanAPathMayBeLong) {
   const TempFolder folder;
   LinuxFileSystem files;
+  const std::vector<std::string> names(26, std::string(250, 'x'));
+  Deepen(folder.Path(), names);
   std::string path = folder.Path();
-  int descriptor = open(path.c_str(), O_PATH | O_DIRECTORY);
-  for (const char letter : std::string("abcdefghijklmnopqrstuvwxyz")) {
-    const std::string name(250, letter);
-    ASSERT_EQ(mkdirat(descriptor, name.c_str(), 0755), 0);
-    const int next = openat(descriptor, name.c_str(), O_PATH | O_DIRECTORY);
-    close(descriptor);
-    descriptor = next;
-    path += "/" + name;
-  }
-  close(descriptor);
-
+  for (const std::string& name : names) path += "/" + name;
   std::string content;
   ItemAttributes attributes;
   EXPECT_TRUE(files.FolderExists(path) && files.WriteFile(path + "/file", "deep"));
