@@ -36,6 +36,12 @@ inline int LookAt(int folder, const char* name, struct statx& found) {
   return statx(folder, name, flags, wanted, &found) == 0 ? 0 : errno;
 }
 
+// Whether the content is still that of the earlier look, as far as size and time tell.
+inline bool IsUnchanged(const struct statx& before, const struct statx& after) {
+  return before.stx_size == after.stx_size && before.stx_mtime.tv_sec == after.stx_mtime.tv_sec &&
+         before.stx_mtime.tv_nsec == after.stx_mtime.tv_nsec;
+}
+
 // Systems that do not tell mounts apart still tell the volumes.
 inline bool IsSameMount(const struct statx& one, const struct statx& other) {
   if ((one.stx_mask & other.stx_mask & STATX_MNT_ID) != 0) {

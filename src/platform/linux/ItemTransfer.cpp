@@ -29,7 +29,7 @@ ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target)
 
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
                         const std::string& targetName) {
-  if (source != source_) {
+  if (source != source_ || sources_.Get() < 0 || targets_.Get() < 0) {
     const int error = EnterBase(source);
     if (error != 0) {
       talk_.Retries(OperationStep::Find, source->Path + "/" + name, error);

@@ -112,6 +112,7 @@ class ItemTransfer {
   Failure CopyContentOf(const Item& item, int from, const struct statx& source);
   mode_t FirstMode(const struct statx& source) const;
   Failure CopyLink(const Item& item);
+  Failure FinishFile(const Item& item, const struct statx& source);
 
   // Conflicts (TransferConflict.cpp).
   Way FindWay(Item& item);

@@ -12,7 +12,7 @@ namespace tarnwell::platform {
 int LinkedFiles::Link(const struct statx& original, int base, int to, const char* name,
                       bool replaces) const {
   const auto known = copies_.find(IdentityOf(original));
-  if (known == copies_.end()) return ENOENT;
+  if (known == copies_.end() || !IsUnchanged(known->second.Original, original)) return ENOENT;
   const ReachedPath copy(known->second.Path, base);
   if (copy.Error() != 0) return ENOENT;
   // Another file may stand there by now.

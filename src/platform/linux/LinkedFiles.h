@@ -13,15 +13,16 @@ class LinkedFiles {
  public:
   // `path` leads to the copy from the folder that the operation's targets lie in.
   void Add(const struct statx& original, const struct statx& copy, std::string path) {
-    copies_[IdentityOf(original)] = {IdentityOf(copy), std::move(path)};
+    copies_[IdentityOf(original)] = {original, IdentityOf(copy), std::move(path)};
   }
   // Gives the copy another name in the open folder `to`; `base` is the folder that paths start
-  // from. ENOENT where there is no copy to be found, EEXIST where the name is taken, unless what
-  // has it, no folder, is to go. Gives an error number.
+  // from. ENOENT where there is no copy of the file as it is now, EEXIST where the name is taken,
+  // unless what has it, no folder, is to go. Gives an error number.
   int Link(const struct statx& original, int base, int to, const char* name, bool replaces) const;
 
  private:
   struct Copy {
+    struct statx Original {};
     ItemIdentity Self;
     std::string Path;
   };

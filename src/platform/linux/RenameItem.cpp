@@ -8,6 +8,7 @@
 #include "platform/linux/ItemIdentity.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/SystemError.h"
+#include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -57,6 +58,19 @@ bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
   return !HasExactName(to.Folder.Get(), to.Name);
 }
 
+// The system takes a rename to the same item for done already, so that it goes by a third name.
+// Gives an error number.
+int Respell(const ParentAndName& from, const ParentAndName& to) {
+  TemporaryName temporary;
+  const int folder = from.Folder.Get();
+  int error = temporary.Renew();
+  if (error == 0) error = RenameNew(folder, from.Name.c_str(), folder, temporary.Text());
+  if (error != 0) return error;
+  error = RenameNew(folder, temporary.Text(), folder, to.Name.c_str());
+  if (error != 0) RenameNew(folder, temporary.Text(), folder, from.Name.c_str());
+  return error;
+}
+
 }  // namespace
 
 int RenameNew(int fromFolder, const char* from, int toFolder, const char* to) {
@@ -100,11 +114,7 @@ base::Status RenameItem(const std::string& from, const std::string& to) {
       return {};
     }
   }
-  if (error == EEXIST && IsOtherSpelling(source, target)) {
-    error = renameat(sourceFolder, source.Name.c_str(), targetFolder, target.Name.c_str()) == 0
-                ? 0
-                : errno;
-  }
+  if (error == EEXIST && IsOtherSpelling(source, target)) error = Respell(source, target);
   return SystemError(error);
 }
 

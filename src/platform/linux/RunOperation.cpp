@@ -100,6 +100,7 @@ class Operation {
         Rename();
         break;
       case FileFunction::None:
+      default:
         return {EINVAL, false};
     }
     talk_.ReportEnd();

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <limits>
+
 #include "platform/linux/ItemTransfer.h"
 #include "platform/linux/TwinName.h"
 
@@ -12,7 +15,11 @@ ConflictSide SideOf(std::string path, const struct statx& item) {
               : S_ISREG(item.stx_mode) ? ItemKind::File
                                        : ItemKind::Other;
   if (side.Kind == ItemKind::File) side.Size = item.stx_size;
-  side.Modified = item.stx_mtime.tv_sec * 1'000'000'000 + item.stx_mtime.tv_nsec;
+  // File systems may hold times beyond what 64 bits of nanoseconds reach.
+  constexpr std::int64_t second = 1'000'000'000;
+  constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / second - 1;
+  side.Modified = std::clamp<std::int64_t>(item.stx_mtime.tv_sec, -limit, limit) * second +
+                  item.stx_mtime.tv_nsec;
   return side;
 }
 

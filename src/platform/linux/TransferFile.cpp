@@ -13,11 +13,6 @@ namespace {
 // Files up to this size may be written under their own names, into a folder that has none yet.
 constexpr std::uint64_t smallSize = 1 << 20;
 
-bool IsUnchanged(const struct statx& before, const struct statx& after) {
-  return before.stx_size == after.stx_size && before.stx_mtime.tv_sec == after.stx_mtime.tv_sec &&
-         before.stx_mtime.tv_nsec == after.stx_mtime.tv_nsec;
-}
-
 }  // namespace
 
 // Nobody is to read it meanwhile who may not read the original.
@@ -45,12 +40,12 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     const int base = target_.Folder.Get();
     const bool replaces = item.Decided == Way::Replace;
     const int linked = links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
-    if (linked == 0) return Done(item, source);
+    if (linked == 0) return FinishFile(item, source);
     if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
   }
   const std::uint64_t bytesBefore = talk_.BytesDone();
   const Failure failure = CopyContentOf(item, from.Get(), source);
-  if (failure.Error == 0) return Done(item, source);
+  if (failure.Error == 0) return FinishFile(item, source);
   talk_.SetBytesDone(bytesBefore);
   return failure;
 }
@@ -63,7 +58,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   const char* const name = item.Target.c_str();
   const bool replaces = item.Decided == Way::Replace;
   const bool isSmall = source.stx_size <= smallSize;
-  const bool isHidden = isSmall && !levels_.back().Temporary.empty();
+  const bool isHidden = isSmall && !replaces && !levels_.back().Temporary.empty();
   PendingFile pending(targets_.Get());
   int error = isHidden ? pending.CreateAs(name, FirstMode(source))
                        : pending.Create(FirstMode(source), replaces && isSmall);
@@ -128,10 +123,18 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
       unlinkat(to, name, 0);
     }
   }
-  struct statx folder;
-  if (error == 0) error = LookAt(to, "", folder);
-  if (error == 0) error = flushed_.Take(to, folder);
   if (error != 0) return {OperationStep::Write, error, nullptr, true};
+  return FinishFile(item, source);
+}
+
+// A name is on the disk when its folder is. New folders are seen to when they are left.
+ItemTransfer::Failure ItemTransfer::FinishFile(const Item& item, const struct statx& source) {
+  if (moves_ && !levels_.back().IsNew) {
+    struct statx folder;
+    int error = LookAt(targets_.Get(), "", folder);
+    if (error == 0) error = flushed_.Take(targets_.Get(), folder);
+    if (error != 0) return {OperationStep::Flush, error, nullptr, true};
+  }
   return Done(item, source);
 }
 

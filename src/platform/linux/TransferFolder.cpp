@@ -142,7 +142,7 @@ void ItemTransfer::TakeOthers(const std::string& others) {
     const auto type = static_cast<unsigned char>(others[at]);
     const std::string name = others.data() + at + 1;
     at += name.size() + 2;
-    TakeItem({name, DTTOIF(type), name});
+    TakeItem({name, static_cast<unsigned>(DTTOIF(type)), name});
   }
 }
 
