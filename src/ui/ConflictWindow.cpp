@@ -84,7 +84,7 @@ QString SizeText(const ConflictSide& side, const ConflictSide& other) {
 
 QString DateText(const ConflictSide& side, const ConflictSide& other,
                  const platform::Clock& clock) {
-  const QString text = ToQString(lister::DateText(clock, side.Modified));
+  QString text = ToQString(lister::DateText(clock, side.Modified));
   if (text.isEmpty() || other.Modified == 0) return text;
   const bool same = std::abs(side.Modified - other.Modified) < SameTime;
   return text + Compared(!same && side.Modified > other.Modified,
