@@ -14,6 +14,7 @@
 #include "platform/linux/LinuxFolder.h"
 #include "platform/linux/MeasureFolder.h"
 #include "platform/linux/ReachedPath.h"
+#include "platform/linux/RenameItem.h"
 #include "platform/linux/ReplaceFile.h"
 #include "platform/linux/SystemError.h"
 
@@ -97,28 +98,7 @@ base::Status LinuxFileSystem::MakeFolder(const std::string& path) {
 }
 
 base::Status LinuxFileSystem::Rename(const std::string& from, const std::string& to) {
-  const ReachedPath old(from);
-  const ReachedPath wanted(to);
-  for (const ReachedPath* const path : {&old, &wanted}) {
-    if (path->Error() != 0) return SystemError(path->Error());
-  }
-  if (renameat2(old.Folder(), old.Rest(), wanted.Folder(), wanted.Rest(), RENAME_NOREPLACE) == 0) {
-    return {};
-  }
-  // Some file systems know no such flag, and those to which case means nothing take the item for
-  // one that is in its own way.
-  const int error = errno;
-  if (error != EINVAL && error != ENOSYS && error != EEXIST) return SystemError(error);
-  struct stat item {
-  }, there{};
-  if (fstatat(old.Folder(), old.Rest(), &item, AT_SYMLINK_NOFOLLOW) != 0) return SystemError(errno);
-  if (fstatat(wanted.Folder(), wanted.Rest(), &there, AT_SYMLINK_NOFOLLOW) == 0) {
-    const bool itself = item.st_dev == there.st_dev && item.st_ino == there.st_ino &&
-                        (item.st_nlink == 1 || S_ISDIR(item.st_mode));
-    if (!itself) return SystemError(EEXIST);
-  }
-  const int done = renameat(old.Folder(), old.Rest(), wanted.Folder(), wanted.Rest());
-  return SystemError(done == 0 ? 0 : errno);
+  return RenameItem(from, to);
 }
 
 base::Status LinuxFileSystem::ReadFile(const std::string& path, std::string& content) const {
