@@ -92,9 +92,7 @@ int PutInPlaceOf(int folder, const char* temporary, const char* name) {
     return error;
   }
   if (errno != ENOENT && !IsMissingCall(errno)) return errno;
-  // Without the exchange the old one goes first; the new one is whole by now.
-  if (unlinkat(folder, name, 0) != 0 && errno != ENOENT) return errno;
-  return RenameNew(folder, temporary, folder, name);
+  return renameat(folder, temporary, folder, name) == 0 ? 0 : errno;
 }
 
 base::Status RenameItem(const std::string& from, const std::string& to) {
