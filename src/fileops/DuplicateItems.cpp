@@ -36,7 +36,9 @@ void DuplicateCommand::DuplicateItems(const std::vector<std::string>& paths) {
     const std::string stamp = TimeStamp(clock_.ToLocal(clock_.Now()));
     std::string failures;
     for (const std::string& path : paths) {
-      if (!Duplicate(path, StampedPath(path, stamp))) failures += base::ForDisplay(path) + "\r\n";
+      const platform::OperationResult result = Duplicate(path, StampedPath(path, stamp));
+      if (result.Code != 0) failures += base::ForDisplay(path) + "\r\n";
+      if (result.Aborted) break;  // the user wants no more of them
     }
     if (failures.empty()) return;
     messenger_.Message("There was an error duplicating the following items:\r\n\r\n" + failures,
@@ -47,16 +49,15 @@ void DuplicateCommand::DuplicateItems(const std::vector<std::string>& paths) {
   }
 }
 
-bool DuplicateCommand::Duplicate(const std::string& path, const std::string& copy) {
+platform::OperationResult DuplicateCommand::Duplicate(const std::string& path,
+                                                      const std::string& copy) {
   // A dot in a folder's name, with none in the item's, leads to a folder that is not there.
   const std::string folder = files_.Syntax().GetFolderPath(copy);
-  if (!files_.FolderExists(folder)) return false;
-  return platform_
-             .Run({.Function = platform::FileFunction::Copy,
-                   .Items = path + '\0',
-                   .Destination = copy + '\0',
-                   .Flags = DuplicateFlags})
-             .Code == 0;
+  if (!files_.FolderExists(folder)) return {.Code = -1};
+  return platform_.Run({.Function = platform::FileFunction::Copy,
+                        .Items = path + '\0',
+                        .Destination = copy + '\0',
+                        .Flags = DuplicateFlags});
 }
 
 }  // namespace tarnwell::fileops

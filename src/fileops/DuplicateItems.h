@@ -28,7 +28,7 @@ class DuplicateCommand {
   void DuplicateItems(const std::vector<std::string>& paths);
 
  private:
-  bool Duplicate(const std::string& path, const std::string& copy);
+  platform::OperationResult Duplicate(const std::string& path, const std::string& copy);
 
   platform::FileSystem& files_;
   platform::FileOperation& platform_;
