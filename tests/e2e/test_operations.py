@@ -1,0 +1,61 @@
+"""Items are renamed and deleted by keys, and nothing else on the disk changes."""
+
+import unittest
+
+from harness import EndToEndTest, keys, run, wait_for
+
+
+class OperationsTest(EndToEndTest):
+    def select(self, program, name):
+        program.files().row(name).click(x=60)
+        wait_for(f"{name} to be selected", lambda: "1 selected" in program.status("files"))
+
+    def answer(self, title, *names):
+        """Presses the keys in the dialog of that title."""
+        number = wait_for(f"the dialog {title}", lambda: run(
+            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
+        wait_for("it to be active", lambda: run("xdotool", "getactivewindow") in number.split())
+        keys(*names)
+        wait_for("it to close", lambda: not run(
+            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
+
+    def test_rename_and_delete(self):
+        for name in ("keep.txt", "old.tar.gz", "waste"):
+            (self.home / name).write_text(name)
+        (self.home / "full/deep").mkdir(parents=True)
+        (self.home / "full/link").symlink_to(self.home / "keep.txt")
+        program = self.start()
+        self.select(program, "old.tar.gz")
+        keys("F2")
+        self.answer("Rename", "x", "Escape")
+        self.assertTrue((self.home / "old.tar.gz").exists())
+        # The caret stands before the last dot, and the rest stays.
+        keys("F2")
+        self.answer("Rename", "x", "Return")
+        self.wait_names(program, ["keep.txt", "old.tarx.gz", "waste", "full"])
+        self.assertEqual((self.home / "old.tarx.gz").read_text(), "old.tar.gz")
+        self.select(program, "waste")
+        keys("F2")
+        self.answer("Rename", "ctrl+a", "k", "e", "e", "p", "period", "t", "x", "t", "Return")
+        program.dismiss("File exists")
+        self.assertEqual((self.home / "keep.txt").read_text(), "keep.txt")
+
+        for name in ("waste", "full"):
+            self.select(program, name)
+            keys("shift+Delete")
+            self.answer("File Operation", "Escape")
+            self.assertTrue((self.home / name).exists())
+            keys("shift+Delete")
+            self.answer("File Operation", "Return")
+            wait_for(f"{name} to go", lambda: not (self.home / name).exists())
+        self.wait_names(program, ["keep.txt", "old.tarx.gz"])
+        self.select(program, "old.tarx.gz")
+        keys("Delete")
+        program.dismiss("to the trash?", "Escape")
+        self.assertTrue((self.home / "old.tarx.gz").exists())
+        self.close_clean(program)
+        self.assertEqual((self.home / "keep.txt").read_text(), "keep.txt")
+
+
+if __name__ == "__main__":
+    unittest.main()
