@@ -55,6 +55,7 @@ class Master : private workspace::PaneHooks,
   void Resize();
   void MenuClick(std::string_view name);
   void ButtonClick(std::string_view key);
+  void CommandEnter() { NotYet("the command line"); }  // Enter in cboCommand
   void ClosePaneClick(int pane) { panes_.ChangePanes(pane); }
   void TitleClick(int pane);
   void TitleMouseDown(int pane);

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QSignalBlocker>
+#include <utility>
 
 #include "ui/Place.h"
 #include "ui/Shades.h"
@@ -16,7 +17,7 @@ QPalette PaletteOf(const forms::TextBox& box, bool skinned) {
 
 }  // namespace
 
-CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area)
+CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void()> enter)
     : form_(form), path_(new QLineEdit(&area)), command_(new QComboBox(&area)) {
   path_->setReadOnly(true);
   path_->setFrame(false);
@@ -32,6 +33,7 @@ CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area)
     shown_ = text.toStdString();
     form_.cboCommand.Text = shown_;
   });
+  QObject::connect(command_->lineEdit(), &QLineEdit::returnPressed, command_, std::move(enter));
   path_->hide();
   command_->hide();
 }

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <functional>
 #include <string>
 
 #include "workspace/MainForm.h"
@@ -11,8 +12,8 @@ namespace tarnwell::ui {
 
 class CommandStrip {
  public:
-  // Both are children of the area.
-  CommandStrip(workspace::MainForm& form, QWidget& area);
+  // Both are children of the area. `enter` runs what has been typed.
+  CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void()> enter);
 
   // `skinned`: the form's colours hold. What is typed goes into the form at once.
   void Sync(bool skinned);

@@ -52,7 +52,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
       toolbar_(new MainToolbar(master, icons, surface_)),
       escape_(new QShortcut(Qt::Key_Escape, this)),
-      strip_(form_, *surface_) {
+      strip_(form_, *surface_, [this] { master_.CommandEnter(); }) {
   setMinimumSize(LeastSize);
   setCentralWidget(surface_);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {

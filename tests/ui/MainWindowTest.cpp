@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QTreeView>
 #include <algorithm>
@@ -191,6 +192,9 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   EXPECT_FALSE(Window.findChild<QShortcut*>()->isEnabled());
   command.setEditText("ls");
   EXPECT_EQ(Run.Form().cboCommand.Text, "ls");
+  const auto told = Run.Boxes.size();
+  emit command.lineEdit()->returnPressed();
+  EXPECT_EQ(Run.Boxes.size(), told + 1);
   Run.Form().cboCommand.Text = "a\xFF";
   Window.Sync();
   EXPECT_EQ(command.currentText(), QString::fromUtf8("a\xEF\xBF\xBD"));
