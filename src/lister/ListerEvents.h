@@ -24,10 +24,12 @@ struct MouseEvent {
 struct RightClick {
   float X = 0;
   float Y = 0;
-  std::string Path;  // full path of the item; empty for empty space
+  // The folder that holds the item; with UsePath what the menu is for, whatever is selected: a
+  // folder's path, with a separator at its end if it is the open folder as seen from within.
   std::string Folder;
   std::string Name;
-  bool UsePath = false;  // the menu is for Path alone, whatever is selected
+  std::string Path;  // full path of the item; empty for empty space
+  bool UsePath = false;
 };
 
 // Items: full paths, each ended by a NUL. Action: "copy", "move", or empty when the user is to be

@@ -17,6 +17,11 @@ namespace tarnwell::lists {
 struct ListRequests {
   std::function<void()> Close;            // unloads the main form
   std::function<void()> CreateNewFolder;  // in the current list, as if asked for by key
+  // The context menu at a place in the form, in twips. `clicked` is the path of the item that was
+  // clicked; the menu is for `path`, or if that is empty for what is selected.
+  std::function<void(float x, float y, const std::string& clicked, const std::string& path)>
+      ShowContextMenu = {};
+  std::function<void(lister::ListId list, const lister::Drop& drop)> DropItems = {};
 };
 
 // Lets the mouse start nothing in any list, or lets it again.

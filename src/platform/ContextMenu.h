@@ -5,33 +5,41 @@
 #include <string>
 #include <vector>
 
+#include "base/Status.h"
+
 namespace tarnwell::platform {
 
 struct ContextEntry {
-  int Id = 0;           // number within the range asked for; 0 for a separator
-  std::string Caption;  // "&" marks the access key
+  int Id = 0;           // unlike that of any other entry of the menu
+  std::string Caption;  // "&" marks the access key, "&&" is an ampersand; empty for a separator
+  // Name of one of the program's own pictures, or of one in the desktop's icon theme; may be empty.
+  std::string Picture;
+  bool IsSeparator = false;
   bool Enabled = true;
-  std::vector<ContextEntry> Children;
+  bool IsDefault = false;              // what a double click does
+  std::vector<ContextEntry> Children;  // of a submenu
 };
 
-// The entries for one folder and some of its items. Lives as long as the menu is up.
+// The entries for some items of a folder. Lives as long as the menu is up.
 class ItemMenu {
  public:
   virtual ~ItemMenu() = default;
-  // The entries, numbered from `firstId` to `lastId` at most.
-  virtual std::vector<ContextEntry> Fill(int firstId, int lastId) = 0;
-  // Carries out the entry that is `offset` numbers above `firstId`. Reports failures by itself.
+  // The entries from the top down, numbered from `firstId` to `lastId` at most.
+  virtual base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) = 0;
+  // Carries out the entry that is `offset` numbers above `firstId`, and returns when that is done.
+  // Asks, shows progress and reports failures by itself.
   virtual void Invoke(int offset) = 0;
 };
 
 class ContextMenu {
  public:
   virtual ~ContextMenu() = default;
-  // The menu for the items of that name in the folder, or for the folder itself if there are none.
-  // Null, with the reason in `reason`, if the folder cannot be reached.
+  // Whether there is an item at the full path, and why not.
+  virtual base::Status Find(const std::string& path) const = 0;
+  // The menu for the items of that name in the folder; for the open folder itself, as seen from
+  // within, if there are none. Null if the platform has no menu for them.
   virtual std::unique_ptr<ItemMenu> ForItems(const std::string& folder,
-                                             const std::vector<std::string>& names,
-                                             std::string& reason) = 0;
+                                             const std::vector<std::string>& names) = 0;
 };
 
 }  // namespace tarnwell::platform

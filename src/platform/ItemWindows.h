@@ -1,0 +1,37 @@
+// Port: what a platform adapter without menus and windows of its own shows for items.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarnwell::platform {
+
+struct ApplicationChoice {
+  std::string Id;             // names the application to whoever made the list
+  std::string Name;           // for people
+  std::string Picture;        // in the desktop's icon theme; may be empty
+  bool IsRegistered = false;  // for the type in question
+};
+
+struct ChosenApplication {
+  std::string Id;          // empty when the user typed a command instead
+  std::string Command;     // a program and its arguments
+  bool AlwaysUse = false;  // from now on for all files of the type
+};
+
+class ItemWindows {
+ public:
+  virtual ~ItemWindows() = default;
+  // Opens a window that lives on by itself. Full paths, at least one.
+  virtual void ShowProperties(const std::vector<std::string>& paths) = 0;
+  // What to open the item with; nothing on cancel. `path` is the first of the items, `type` what
+  // its type is called.
+  virtual std::optional<ChosenApplication> ChooseApplication(
+      const std::string& path, const std::string& type,
+      const std::vector<ApplicationChoice>& applications) = 0;
+  // Shows what the folder holds in the pane that the user works in.
+  virtual void OpenFolder(const std::string& path) = 0;
+};
+
+}  // namespace tarnwell::platform
