@@ -28,7 +28,7 @@ base::Status OpenAddress(const std::string& address, const char* scheme) {
 
 base::Status OpenFile(const std::string& path, const LaunchRequest& request) {
   Opener opener;
-  const base::Status found = FindOpener(path, opener);
+  base::Status found = FindOpener(path, opener);
   if (found && opener.Kind == OpenerKind::Entry) return Launch(opener.Application.get(), {});
   if (!request.Parameters.empty()) return StartProgram(path, request.Parameters, request.Folder);
   if (!found) return found;
