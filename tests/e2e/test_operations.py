@@ -2,22 +2,13 @@
 
 import unittest
 
-from harness import EndToEndTest, keys, run, wait_for
+from harness import EndToEndTest, keys, wait_for
 
 
 class OperationsTest(EndToEndTest):
     def select(self, program, name):
         program.files().row(name).click(x=60)
         wait_for(f"{name} to be selected", lambda: "1 selected" in program.status("files"))
-
-    def answer(self, title, *names):
-        """Presses the keys in the dialog of that title."""
-        number = wait_for(f"the dialog {title}", lambda: run(
-            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
-        wait_for("it to be active", lambda: run("xdotool", "getactivewindow") in number.split())
-        keys(*names)
-        wait_for("it to close", lambda: not run(
-            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
 
     def test_rename_and_delete(self):
         for name in ("keep.txt", "old.tar.gz", "waste"):
