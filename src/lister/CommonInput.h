@@ -47,6 +47,7 @@ class CommonInput : public ListInput {
   bool KeyDown(int keyCode, int shift) override;
   void TypeText(std::string_view text) override;
   void SetTyped(const std::string& text) override;
+  void GoToBookmark(int slot) override;
   void DragFinished(const MouseEvent& event) override;
   RowId Clicked() const override { return clicked_.Get(); }
   void HoldClicked() override { holdsClicked_ = true; }
@@ -84,7 +85,6 @@ class CommonInput : public ListInput {
   void ActivateCurrent(int keyCode, int shift);
   void AskCommandText(int keyCode, int shift);
   void AskClose(int keyCode, int shift);
-  void GoToBookmark(int keyCode, int shift);
   RowId FindTyped(std::string_view wanted, bool takesCurrent) const;
 
   KeptRow clicked_;

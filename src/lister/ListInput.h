@@ -67,6 +67,8 @@ class ListInput {
   virtual void HoldClicked() = 0;
   virtual void ForgetClicked() = 0;
 
+  virtual void GoToBookmark(int slot) = 0;
+
   // What is looked for by typing; empty ends the search.
   virtual void SetTyped(const std::string& text) = 0;
   virtual void DragFinished(const MouseEvent& event) = 0;

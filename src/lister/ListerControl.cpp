@@ -168,6 +168,16 @@ void ListerControl::ExpandFolder(int, const std::string& folder, int) {
   parts_->Body->ExpandFolder(folder);
 }
 
+void ListerControl::ShowFolder(const std::string& folder) {
+  const ListState& state = parts_->State;
+  const std::string top = PathOf(Child(RootRow, 0));
+  if (!top.empty() && state.Syntax.IsWithin(folder, top)) return OpenFolder(0, folder);
+  const std::string drive = state.Services.Drives.DriveOf(folder);
+  if (drive.empty()) return OpenFolder(0, folder);
+  SetDriveFolder(drive, folder);
+  ChooseDrive(drive);
+}
+
 // A node is known by its path.
 std::string ListerControl::CurrentNodeKey() const {
   return IsFileList(id_) ? "" : parts_->State.Folder;

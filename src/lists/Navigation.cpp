@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <exception>
 
+#include "base/Caption.h"
 #include "base/Text.h"
 #include "forms/PointerScope.h"
 
@@ -18,11 +19,8 @@ constexpr std::size_t DisplayTail = 44;
 constexpr char PlacePrefix = '*';
 constexpr std::size_t PlacePrefixLength = 2;
 
-// An ampersand in a path is doubled, as menus show it.
 std::string PaneCaption(int pane, const std::string& path) {
-  std::string caption = "Show Pane &" + std::to_string(pane + 1) + " - ";
-  for (const char c : path) caption.append(c == '&' ? 2 : 1, c);
-  return caption;
+  return "Show Pane &" + std::to_string(pane + 1) + " - " + base::AsCaption(path);
 }
 
 }  // namespace
