@@ -85,13 +85,7 @@ void CommonInput::GoToBookmark(int keyCode, int) {
   std::string folder;
   const ListId id = list_.Control.Id();
   list_.Events.BookmarkAsked(id, slot, folder);
-  if (folder.empty() || folder == "(empty)") return;
-  if (list_.Services.Files.FolderExists(folder)) {
-    OpenBookmark(folder);
-  } else {
-    list_.Events.StatusMessage(
-        id, "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
-  }
+  if (!folder.empty() && folder != "(empty)") list_.Control.GoToFolder(folder);
 }
 
 // --- Typing.
