@@ -29,7 +29,7 @@ KeyAction CommonInput::ActionOf(int keyCode, int shift) {
   };
   if (shift == CtrlDown && keyCode >= '0' && keyCode <= '9') {
     // 1 is the first slot, 0 the tenth.
-    return [this, slot = (keyCode - '0' + 9) % 10] { GoToBookmark(slot); };
+    return [this, slot = (keyCode - '0' + 9) % 10] { list_.Control.GoToBookmark(slot); };
   }
   return FindAction(*this, Bindings, keyCode, shift);
 }
@@ -78,17 +78,6 @@ void CommonInput::AskCommandText(int, int) {
 
 void CommonInput::AskClose(int, int) {
   list_.Events.CloseAsked(list_.Control.Id());
-}
-
-void CommonInput::GoToBookmark(int slot) {
-  const std::string folder = list_.Control.Bookmark(slot);
-  if (folder.empty() || folder == "(empty)") return;
-  if (list_.Services.Files.FolderExists(folder)) {
-    OpenBookmark(folder);
-  } else {
-    list_.Events.StatusMessage(
-        list_.Control.Id(), "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
-  }
 }
 
 // --- Typing.

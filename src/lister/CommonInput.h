@@ -47,7 +47,6 @@ class CommonInput : public ListInput {
   bool KeyDown(int keyCode, int shift) override;
   void TypeText(std::string_view text) override;
   void SetTyped(const std::string& text) override;
-  void GoToBookmark(int slot) override;
   void DragFinished(const MouseEvent& event) override;
   RowId Clicked() const override { return clicked_.Get(); }
   void HoldClicked() override { holdsClicked_ = true; }
@@ -63,7 +62,6 @@ class CommonInput : public ListInput {
   // The text of the search has changed; empty: there is none any more.
   virtual void ShowTyped(const std::string& text) = 0;
   virtual void AskNewFolder(int keyCode, int shift) = 0;
-  virtual void OpenBookmark(const std::string& folder) = 0;
   virtual KeyAction ActionOf(int keyCode, int shift);
   // Escape, once no search is left to end by it.
   virtual bool TakeBack() { return false; }

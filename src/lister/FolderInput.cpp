@@ -109,8 +109,16 @@ void FolderInput::AskNewFolder(int, int) {
   list_.Events.NewFolderAt(list_.Control.Id(), folder, "");
 }
 
-void FolderInput::OpenBookmark(const std::string& folder) {
-  list_.Control.ShowFolder(folder);
+void FolderInput::GoToFolder(const std::string& folder) {
+  const base::PathSyntax& syntax = list_.Syntax;
+  if (tree_.Has(FolderTree::TopRow) && syntax.IsWithin(folder, tree_.PathOf(FolderTree::TopRow))) {
+    list_.Control.OpenFolder(0, folder);
+    return;
+  }
+  const std::string drive = list_.Services.Drives.DriveOf(folder);
+  if (drive.empty()) return;
+  list_.Control.SetDriveFolder(drive, folder);
+  list_.Control.ChooseDrive(drive);
 }
 
 // --- Mouse.

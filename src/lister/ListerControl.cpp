@@ -167,15 +167,13 @@ void ListerControl::OpenFolder(int, const std::string& folder) {
 void ListerControl::ExpandFolder(int, const std::string& folder, int) {
   parts_->Body->ExpandFolder(folder);
 }
-
-void ListerControl::ShowFolder(const std::string& folder) {
-  const ListState& state = parts_->State;
-  const std::string top = PathOf(Child(RootRow, 0));
-  if (!top.empty() && state.Syntax.IsWithin(folder, top)) return OpenFolder(0, folder);
-  const std::string drive = state.Services.Drives.DriveOf(folder);
-  if (drive.empty()) return OpenFolder(0, folder);
-  SetDriveFolder(drive, folder);
-  ChooseDrive(drive);
+void ListerControl::GoToFolder(const std::string& folder) {
+  if (parts_->State.Services.Files.FolderExists(folder)) {
+    parts_->Body->Input().GoToFolder(folder);
+  } else {
+    parts_->State.Events.StatusMessage(
+        id_, "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
+  }
 }
 
 // A node is known by its path.

@@ -207,9 +207,9 @@ class ListerControl : public forms::Control {
   // empty path means the top of the tree. A folder that cannot be found is told in the status line.
   void OpenFolder(int level, const std::string& folder = "");
   void ExpandFolder(int level, const std::string& folder, int);
-  // Folder list: the same for a folder anywhere. One outside of the tree on show brings the tree of
-  // its drive, as if the user had chosen that.
-  void ShowFolder(const std::string& folder);
+  // Either kind of list: to the folder, on another drive if need be. One that is no longer there is
+  // told by StatusMessage.
+  void GoToFolder(const std::string& folder);
   // Key of the open node; its depth, 1 for the top; the folder above the node of a key.
   std::string CurrentNodeKey() const;
   std::int32_t CurrentNodeLevel() const;

@@ -98,7 +98,8 @@ std::string ListerControl::Bookmark(int slot) const {
   return folder;
 }
 void ListerControl::GoToBookmark(int slot) {
-  parts_->Body->Input().GoToBookmark(slot);
+  const std::string folder = Bookmark(slot);
+  if (!folder.empty() && folder != "(empty)") GoToFolder(folder);
 }
 
 void ListerControl::DragOver(RowId row) {

@@ -61,9 +61,7 @@ void ListEventHandler::UpFolderButton(lister::ListId list) {
 
 void ListEventHandler::OpenChildFolder(lister::ListId list, const std::string& folder,
                                        const std::string& branch) {
-  lister::ListerControl& folders = workspace_.Lists.Folders(lister::PaneOf(list));
-  folders.ExpandFolder(0, branch, 1);
-  folders.ShowFolder(folder);  // a bookmark may lead to another drive
+  navigation_.OpenChildFolder(list, folder, branch);
 }
 
 void ListEventHandler::TitleColorAsked(lister::ListId list) {

@@ -96,6 +96,17 @@ void Navigation::UpdateChildPane(lister::ListId list) {
   files.ParentFolder = newest;
 }
 
+void Navigation::OpenChildFolder(lister::ListId list, const std::string& folder,
+                                 const std::string& branch) {
+  lister::ListerControl& folders = workspace_.Lists.Folders(lister::PaneOf(list));
+  if (!syntax_.IsWithin(folder, syntax_.DriveRoot(folders.InitialDrive()))) {
+    folders.GoToFolder(folder);
+    return;
+  }
+  folders.ExpandFolder(0, branch, 1);
+  folders.OpenFolder(0, folder);
+}
+
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
   const forms::PointerScope pointer(host_);
   const int pane = lister::PaneOf(list);

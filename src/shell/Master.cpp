@@ -313,6 +313,10 @@ void Master::WheelTurned(int delta) {
   if (auto* const active = space_.Lists.Find(space_.ActiveList)) active->WheelScroll(delta >= 1);
 }
 
+void Master::OpenFolder(const std::string& path) {
+  if (auto* const list = space_.Lists.Find(space_.CurrentList)) list->GoToFolder(path);
+}
+
 void Master::EscapeKey() {
   if (!splitters_.GiveUp()) events_.EscapeKey();
 }

@@ -66,6 +66,8 @@ class Master : private workspace::PaneHooks,
   void MouseDown(float x, float y) { splitters_.MouseDown(x, y); }
   void MouseUp() { splitters_.MouseUp(); }
   void TitleMouseMove(int pane) { layout_.TitleMouseMove(pane); }
+  // To the folder in the pane of the current list, as a bookmark does.
+  void OpenFolder(const std::string& path);
   // Over the form but no list; a notch away from the user is 120.
   void WheelTurned(int delta);
   // A key, before the control that has the keyboard sees it; see Keyboard.h.
