@@ -31,8 +31,8 @@ bool IsApplication(const QListWidgetItem* item) {
 QIcon IconOf(const platform::ApplicationChoice& application, const IconSource& icons) {
   const QString name = ToQString(application.Picture);
   // A picture in a file of its own is named by its path.
-  const QIcon icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
-  if (!icon.availableSizes().isEmpty()) return icon;
+  QIcon icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
+  if (!icon.pixmap(PictureSize).isNull()) return icon;
   return QIcon::fromTheme(QStringLiteral("application-x-executable"), icons.Own("commandline"));
 }
 
