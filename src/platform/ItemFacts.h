@@ -42,7 +42,6 @@ struct VolumeFacts {
 struct PermissionChange {
   std::uint32_t Set = 0;
   std::uint32_t Clear = 0;
-  bool operator==(const PermissionChange&) const = default;
 };
 
 struct PermissionTrouble {

@@ -20,6 +20,8 @@ constexpr int Margin = 14;
 constexpr int Spacing = 10;
 constexpr int ButtonWidth = 88;
 constexpr int PictureSize = 24;
+constexpr int ItemHeight = 32;
+constexpr int HeadingHeight = 28;
 constexpr int IdRole = Qt::UserRole;  // bytes; headings have none
 
 bool IsApplication(const QListWidgetItem* item) {
@@ -29,8 +31,9 @@ bool IsApplication(const QListWidgetItem* item) {
 QIcon IconOf(const platform::ApplicationChoice& application, const IconSource& icons) {
   const QString name = ToQString(application.Picture);
   // A picture in a file of its own is named by its path.
-  const QIcon icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
-  return icon.availableSizes().isEmpty() ? icons.AnyFile() : icon;
+  QIcon icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
+  if (!icon.pixmap(PictureSize).isNull()) return icon;
+  return QIcon::fromTheme(QStringLiteral("application-x-executable"), icons.Own("commandline"));
 }
 
 }  // namespace
@@ -124,12 +127,14 @@ void ApplicationChooser::AddSection(const QString& heading, bool registered,
     if (!std::exchange(hasHeading, true)) {
       auto* const head = new QListWidgetItem(heading, &list_);
       head->setFlags(Qt::NoItemFlags);
+      head->setSizeHint(QSize(0, HeadingHeight));
       QFont bold = list_.font();
       bold.setBold(true);
       head->setFont(bold);
       head->setForeground(list_.palette().brush(QPalette::Active, QPalette::Text));
     }
     auto* const item = new QListWidgetItem(ToShownQString(application.Name), &list_);
+    item->setSizeHint(QSize(0, ItemHeight));
     item->setToolTip(PlainToolTip(item->text()));
     item->setData(IdRole, static_cast<uint>(at));
   }

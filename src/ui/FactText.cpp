@@ -3,10 +3,17 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QTextLayout>
-#include <QtMath>
 #include <algorithm>
+#include <cmath>
 
 namespace tarnwell::ui {
+namespace {
+
+int LineHeight(const QFont& font) {
+  return static_cast<int>(std::ceil(QFontMetricsF(font).lineSpacing()));
+}
+
+}  // namespace
 
 FactText::FactText(int width, int mostLines, QWidget* parent)
     : QPlainTextEdit(parent), mostLines_(mostLines) {
@@ -45,7 +52,7 @@ void FactText::Fit() {
   }
   const bool scrolls = lines > mostLines_;
   setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-  setFixedHeight(qCeil(QFontMetricsF(font()).lineSpacing()) * std::clamp(lines, 1, mostLines_) + 1);
+  setFixedHeight(LineHeight(font()) * std::clamp(lines, 1, mostLines_) + 1);
 }
 
 void FactText::changeEvent(QEvent* event) {

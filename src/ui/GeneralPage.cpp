@@ -19,7 +19,7 @@ constexpr int Spacing = 12;
 constexpr int RowSpacing = 7;
 constexpr int ValueWidth = 330;
 constexpr int CaptionWidth = 92;
-constexpr int MostLines = 4;
+constexpr int MostLines = 6;
 constexpr const char* Various = "various";
 
 QString NumberedItems(std::uint64_t count) {

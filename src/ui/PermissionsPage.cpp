@@ -121,9 +121,9 @@ void PermissionsPage::AddTable() {
   }
   table_->addWidget(new QLabel(QStringLiteral("Special:"), this), row, 0);
   table_->addWidget(MakeSpecialRow(), row++, 1, 1, 4);
-  table_->addWidget(new QLabel(QStringLiteral("In figures:"), this), row, 0);
-  figures_.setTextInteractionFlags(Qt::TextSelectableByMouse);
-  table_->addWidget(&figures_, row, 1, 1, 4);
+  table_->addWidget(new QLabel(QStringLiteral("Octal:"), this), row, 0);
+  octal_.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  table_->addWidget(&octal_, row, 1, 1, 4);
 }
 
 QWidget* PermissionsPage::MakeSpecialRow() {
@@ -153,7 +153,7 @@ QCheckBox* PermissionsPage::AddBox(std::uint32_t bit, const QString& caption, co
 // Clicked back to "it differs", a box asks for nothing any more.
 void PermissionsPage::Touch(std::size_t at) {
   boxes_[at].IsTouched = boxes_[at].Check->checkState() != Qt::PartiallyChecked;
-  ShowFigures();
+  ShowOctal();
   touched_();
 }
 
@@ -172,9 +172,10 @@ void PermissionsPage::Show(const ItemsSummary& summary) {
   mayChange_ = summary.Changeable > 0;
   QString reason = ToQString(summary.WhyFixed);
   if (const std::uint64_t fixed = summary.Count - summary.Changeable; mayChange_ && fixed > 0) {
-    reason = QStringLiteral("%1 of the %2 cannot be changed and are left as they are. %3")
+    reason = QStringLiteral("%1 of the %2 %3 left unchanged. %4")
                  .arg(ToQString(lister::GroupedNumber(fixed)),
-                      ToQString(lister::CountText(summary.Count, "item")), reason);
+                      ToQString(lister::CountText(summary.Count, "item")),
+                      QString::fromLatin1(fixed == 1 ? "is" : "are"), reason);
   }
   reason_.setText(reason);
   reason_.setVisible(!reason.isEmpty());
@@ -182,17 +183,17 @@ void PermissionsPage::Show(const ItemsSummary& summary) {
   inside_.setChecked(false);
   hint_.setVisible(summary.ChangeableFolders > 0);
   Enable(mayChange_);
-  ShowFigures();
+  ShowOctal();
 }
 
-void PermissionsPage::ShowFigures() {
+void PermissionsPage::ShowOctal() {
   std::uint32_t mode = 0;
   bool differs = false;
   for (const Box& box : boxes_) {
     if (box.Check->checkState() == Qt::Checked) mode |= box.Bit;
     differs = differs || box.Check->checkState() == Qt::PartiallyChecked;
   }
-  figures_.setText(differs ? QStringLiteral("not the same for all")
+  octal_.setText(differs ? QStringLiteral("not the same for all")
                            : QStringLiteral("%1 (%2)")
                                  .arg(mode, mode > 0777 ? 4 : 3, 8, QLatin1Char('0'))
                                  .arg(ToQString(lister::PermissionText(mode))));

@@ -43,7 +43,7 @@ class PermissionsPage : public QWidget {
   QWidget* MakeSpecialRow();
   QCheckBox* AddBox(std::uint32_t bit, const QString& caption, const QString& name);
   void Touch(std::size_t at);
-  void ShowFigures();
+  void ShowOctal();
   void Enable(bool on);
 
   const std::function<void()> touched_;
@@ -51,7 +51,7 @@ class PermissionsPage : public QWidget {
   std::vector<Box> boxes_;
   QLabel owner_;
   QLabel group_;
-  QLabel figures_;
+  QLabel octal_;
   QCheckBox inside_;
   QLabel hint_;
   QLabel reason_;
