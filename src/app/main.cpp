@@ -8,9 +8,11 @@
 
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxCollation.h"
+#include "platform/linux/LinuxContextMenu.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/LinuxFolderWatch.h"
+#include "platform/linux/LinuxItemInspector.h"
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/LinuxSystemInfo.h"
 #include "platform/linux/LinuxTermination.h"
@@ -22,9 +24,12 @@
 #include "ui/MsgBoxWindow.h"
 #include "ui/OperationDialogs.h"
 #include "ui/QtDialogs.h"
+#include "ui/QtFileClipboard.h"
 #include "ui/QtFileOperation.h"
 #include "ui/QtFormHost.h"
+#include "ui/QtItemWindows.h"
 #include "ui/QtMessagePump.h"
+#include "ui/QtPopupMenus.h"
 #include "ui/SplashWindow.h"
 
 namespace {
@@ -38,9 +43,11 @@ constexpr shell::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION
 // main. What the user did is saved all the same, and no file is left half copied.
 shell::Application* runningApplication = nullptr;
 ui::QtFileOperation* runningOperation = nullptr;
+ui::QtItemWindows* openItemWindows = nullptr;
 
 void SaveAtExit() {
   if (runningOperation != nullptr) runningOperation->CancelAndWait();
+  if (openItemWindows != nullptr) openItemWindows->CancelAndWait();
   if (runningApplication != nullptr) runningApplication->MainObject().SaveWithoutWindows();
 }
 
@@ -75,14 +82,26 @@ int main(int argc, char** argv) {
 
   ui::QtFileOperation operation(platform::RunOperation, {files.Syntax(), clock, icons});
 
-  shell::Application application(
-      {host, files, drives, watches, pump, clock, dialogs, system, order, launcher, operation},
-      ProgramVersion);
+  ui::QtPopupMenus popups(icons);
+  ui::QtFileClipboard clipboard;
+  const platform::LinuxItemInspector inspector;
+  ui::QtItemWindows itemWindows({{files.Syntax(), clock, icons}, files, inspector},
+                                [](const std::string& folder) {
+                                  if (runningApplication != nullptr)
+                                    runningApplication->MainObject().OpenFolder(folder);
+                                });
+  platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, drives});
+
+  shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
+                                  launcher, operation, contextMenu, popups},
+                                 ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
-    return std::make_unique<ui::MainWindow>(application.MainObject(), icons);
+    auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons);
+    popups.SetWindow(window.get());
+    return window;
   });
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::MsgBoxWindow>(form, icons, [&host, &form] { host.Unload(form); });
@@ -91,9 +110,10 @@ int main(int argc, char** argv) {
       host);
 
   const platform::LinuxTermination termination(
-      [&] { operation.CancelThen([&application] { application.RequestQuit(); }); });
+      [&] { operation.CancelThen([&] { popups.CloseThen([&] { application.RequestQuit(); }); }); });
   runningApplication = &application;
   runningOperation = &operation;
+  openItemWindows = &itemWindows;
   std::atexit(SaveAtExit);
 
   application.Start();
@@ -104,5 +124,6 @@ int main(int argc, char** argv) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   runningApplication = nullptr;
   runningOperation = nullptr;
+  openItemWindows = nullptr;
   return application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
 }

@@ -8,6 +8,7 @@ namespace tarnwell::commands {
 
 using lister::CtrlDown;
 using lister::ShiftDown;
+using shellmenu::MenuMode;
 
 struct Keyboard::Row {
   int Code;
@@ -90,7 +91,7 @@ void Keyboard::Drop(int) {}
 
 void Keyboard::Cut(int) {
   if (workspace_.ShellVerbMode != 0) {
-    actions_.ShowShellMenu(ShellVerb::Cut);
+    actions_.ShowShellMenu(MenuMode::Cut);
   } else if (Current() != nullptr) {
     KeepForPaste("move", *Current());
   }
@@ -101,7 +102,7 @@ void Keyboard::Copy(int) {
   if (Current() == nullptr) return;
   if (workspace_.ShellVerbMode != 0) {
     Current()->PrepareSelectionKeyboard();
-    actions_.ShowShellMenu(ShellVerb::Copy);
+    actions_.ShowShellMenu(MenuMode::Copy);
   } else {
     KeepForPaste("copy", *Current());
   }
@@ -116,7 +117,7 @@ void Keyboard::KeepForPaste(const char* action, lister::ListerControl& current) 
 
 void Keyboard::Paste(int) {
   if (workspace_.ShellVerbMode != 0) {
-    actions_.ShowShellMenu(ShellVerb::Paste);
+    actions_.ShowShellMenu(MenuMode::Paste);
     return;
   }
   const std::string folder = Current() == nullptr ? "" : Current()->PasteFolder();

@@ -5,12 +5,10 @@
 #include <string>
 
 #include "forms/Messenger.h"
+#include "shellmenu/MenuWords.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::commands {
-
-// What the items that a key acts on are to be given to.
-enum class ShellVerb { Copy = 1, Cut = 2, Paste = 3 };
 
 // The work behind the keys, which other parts of the program do.
 class KeyActions {
@@ -20,7 +18,7 @@ class KeyActions {
   virtual void RenameItem(bool byKey) = 0;
   virtual void OpenHelp() = 0;
   // Carries out the entry of the context menu without showing it.
-  virtual void ShowShellMenu(ShellVerb verb) = 0;
+  virtual void ShowShellMenu(shellmenu::MenuMode mode) = 0;
   virtual void DeleteSelection(bool permanent) = 0;
   // Copies or moves what is selected in the source list to the folder of the target list.
   virtual void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,

@@ -8,11 +8,6 @@
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
-namespace {
-
-constexpr std::int32_t EmptySpace = 8;  // kind of GetClickedItem
-
-}  // namespace
 
 void RenameCommand::RenameItem(bool byKey) {
   lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
@@ -33,7 +28,7 @@ void RenameCommand::AskAndRename(lister::ListerControl& list, bool byKey) {
   std::string folder, name;
   std::int32_t kind = 0;
   list.GetClickedItem(folder, name, byKey, kind);
-  if (kind == EmptySpace || folder.empty() || name.empty()) return;
+  if (kind == lister::ClickedEmptySpace || folder.empty() || name.empty()) return;
   popRename dialog(host_, fields_);
   host_.Open(dialog);
   dialog.txtSource.Text = dialog.txtDest.Text = name;

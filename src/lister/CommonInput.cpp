@@ -28,7 +28,8 @@ KeyAction CommonInput::ActionOf(int keyCode, int shift) {
       {'Q', CtrlDown, &This::AskClose},
   };
   if (shift == CtrlDown && keyCode >= '0' && keyCode <= '9') {
-    return [this, keyCode, shift] { GoToBookmark(keyCode, shift); };
+    // 1 is the first slot, 0 the tenth.
+    return [this, slot = (keyCode - '0' + 9) % 10] { list_.Control.GoToBookmark(slot); };
   }
   return FindAction(*this, Bindings, keyCode, shift);
 }
@@ -77,21 +78,6 @@ void CommonInput::AskCommandText(int, int) {
 
 void CommonInput::AskClose(int, int) {
   list_.Events.CloseAsked(list_.Control.Id());
-}
-
-// 1 is the first slot, 0 the tenth.
-void CommonInput::GoToBookmark(int keyCode, int) {
-  std::int16_t slot = static_cast<std::int16_t>((keyCode - '0' + 9) % 10);
-  std::string folder;
-  const ListId id = list_.Control.Id();
-  list_.Events.BookmarkAsked(id, slot, folder);
-  if (folder.empty() || folder == "(empty)") return;
-  if (list_.Services.Files.FolderExists(folder)) {
-    OpenBookmark(folder);
-  } else {
-    list_.Events.StatusMessage(
-        id, "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
-  }
 }
 
 // --- Typing.
@@ -160,10 +146,16 @@ void CommonInput::RaiseRightClick(const RowPointer& at) {
   RightClick click;
   click.X = at.Event.X;
   click.Y = at.Event.Y;
-  std::int32_t kind = 0;
+  std::int32_t kind = NothingClicked;
   list_.Control.GetClickedItem(click.Folder, click.Name, false, kind);
   click.Path = list_.Control.PathOf(Clicked());
-  click.UsePath = !IsFileList(list_.Control.Id()) && !click.Path.empty();
+  if (kind == ClickedFolder && !IsFileList(list_.Control.Id())) {
+    click.UsePath = true;
+    click.Folder = click.Path;
+  } else if (kind == ClickedEmptySpace) {
+    std::int32_t position = 0;
+    click.UsePath = NextSelected(position) == NoRow;
+  }
   list_.Events.RightClicked(list_.Control.Id(), click);
 }
 

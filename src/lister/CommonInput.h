@@ -62,7 +62,6 @@ class CommonInput : public ListInput {
   // The text of the search has changed; empty: there is none any more.
   virtual void ShowTyped(const std::string& text) = 0;
   virtual void AskNewFolder(int keyCode, int shift) = 0;
-  virtual void OpenBookmark(const std::string& folder) = 0;
   virtual KeyAction ActionOf(int keyCode, int shift);
   // Escape, once no search is left to end by it.
   virtual bool TakeBack() { return false; }
@@ -84,7 +83,6 @@ class CommonInput : public ListInput {
   void ActivateCurrent(int keyCode, int shift);
   void AskCommandText(int keyCode, int shift);
   void AskClose(int keyCode, int shift);
-  void GoToBookmark(int keyCode, int shift);
   RowId FindTyped(std::string_view wanted, bool takesCurrent) const;
 
   KeptRow clicked_;

@@ -112,7 +112,7 @@ void FileInput::AskNewFolder(int, int) {
   list_.Events.NewFolderAsked(list_.Control.Id());
 }
 
-void FileInput::OpenBookmark(const std::string& folder) {
+void FileInput::GoToFolder(const std::string& folder) {
   list_.Events.OpenChildFolder(list_.Control.Id(), folder, list_.Syntax.ParentOf(folder));
 }
 

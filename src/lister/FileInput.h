@@ -20,6 +20,7 @@ class FileInput : public CommonInput {
   void Space() override;
   void ResetStart() override;
 
+  void GoToFolder(const std::string& folder) override;
   void MouseDown(const RowPointer& at) override;
   void MouseMoved(const RowPointer& at) override;
   void MouseUp(const RowPointer& at) override;
@@ -38,7 +39,6 @@ class FileInput : public CommonInput {
   void MoveTo(RowId row) override;
   void ShowTyped(const std::string& text) override;
   void AskNewFolder(int keyCode, int shift) override;
-  void OpenBookmark(const std::string& folder) override;
   KeyAction ActionOf(int keyCode, int shift) override;
   bool TakeBack() override;
 

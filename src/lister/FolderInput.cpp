@@ -109,7 +109,7 @@ void FolderInput::AskNewFolder(int, int) {
   list_.Events.NewFolderAt(list_.Control.Id(), folder, "");
 }
 
-void FolderInput::OpenBookmark(const std::string& folder) {
+void FolderInput::GoToFolder(const std::string& folder) {
   const base::PathSyntax& syntax = list_.Syntax;
   if (tree_.Has(FolderTree::TopRow) && syntax.IsWithin(folder, tree_.PathOf(FolderTree::TopRow))) {
     list_.Control.OpenFolder(0, folder);

@@ -22,6 +22,7 @@ class FolderInput : public CommonInput {
 
   void Arrow(int keyCode, bool spaceHeld, int shift) override;
 
+  void GoToFolder(const std::string& folder) override;
   void MouseDown(const RowPointer& at) override;
   void MouseMoved(const RowPointer& at) override;
   void MouseUp(const RowPointer& at) override;
@@ -33,7 +34,6 @@ class FolderInput : public CommonInput {
   void MoveTo(RowId row) override;
   void ShowTyped(const std::string& text) override;
   void AskNewFolder(int keyCode, int shift) override;
-  void OpenBookmark(const std::string& folder) override;
   KeyAction ActionOf(int keyCode, int shift) override;
 
  private:

@@ -54,6 +54,8 @@ class ListInput {
   // The keys that the list acts on by itself; false for the others.
   virtual bool KeyDown(int keyCode, int shift) = 0;
   virtual void TypeText(std::string_view text) = 0;
+  // To a folder that exists, on another drive if need be.
+  virtual void GoToFolder(const std::string& folder) = 0;
 
   virtual void MouseDown(const RowPointer& at) = 0;
   virtual void MouseMoved(const RowPointer& at) = 0;

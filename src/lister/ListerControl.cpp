@@ -167,6 +167,14 @@ void ListerControl::OpenFolder(int, const std::string& folder) {
 void ListerControl::ExpandFolder(int, const std::string& folder, int) {
   parts_->Body->ExpandFolder(folder);
 }
+void ListerControl::GoToFolder(const std::string& folder) {
+  if (parts_->State.Services.Files.FolderExists(folder)) {
+    parts_->Body->Input().GoToFolder(folder);
+  } else {
+    parts_->State.Events.StatusMessage(
+        id_, "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
+  }
+}
 
 // A node is known by its path.
 std::string ListerControl::CurrentNodeKey() const {

@@ -98,6 +98,15 @@ struct RowPointer {
   MouseEvent Event;
 };
 
+// What was clicked, by the numbers of GetClickedItem.
+enum ClickedKind : std::int32_t {
+  NothingClicked = 0,
+  ClickedDriveRoot = 1,
+  ClickedFolder = 2,
+  ClickedFile = 4,
+  ClickedEmptySpace = 8,  // of a file list
+};
+
 // What goes on while a mouse button is down.
 enum class MouseAction {
   None,
@@ -198,6 +207,9 @@ class ListerControl : public forms::Control {
   // empty path means the top of the tree. A folder that cannot be found is told in the status line.
   void OpenFolder(int level, const std::string& folder = "");
   void ExpandFolder(int level, const std::string& folder, int);
+  // Either kind of list: to the folder, on another drive if need be. One that is no longer there is
+  // told by StatusMessage.
+  void GoToFolder(const std::string& folder);
   // Key of the open node; its depth, 1 for the top; the folder above the node of a key.
   std::string CurrentNodeKey() const;
   std::int32_t CurrentNodeLevel() const;
@@ -380,6 +392,10 @@ class ListerControl : public forms::Control {
   void SetExtensionFilter(const std::string& extension);
   void UpButton();
   void NewFolderButton();
+  // Bookmarks have slots 0 to 9. The form is asked for what a slot holds. A slot without a folder
+  // leads nowhere, and one whose folder is gone is told by StatusMessage.
+  std::string Bookmark(int slot) const;
+  void GoToBookmark(int slot);
   // What is dragged lies over the row, or over empty space; where it may be dropped.
   void DragOver(RowId row);
   void DragLeft();

@@ -75,22 +75,21 @@ std::string ListerControl::DropFolder() const {
 
 void ListerControl::GetClickedItem(std::string& folder, std::string& name, bool byKey,
                                    std::int32_t& kind) const {
-  constexpr std::int32_t nothing = 0, driveRoot = 1, folderItem = 2, file = 4, emptySpace = 8;
   const base::PathSyntax& syntax = parts_->State.Syntax;
   folder.clear();
   name.clear();
-  kind = nothing;
+  kind = NothingClicked;
   const RowId row = byKey ? CurrentRow() : parts_->Body->Input().Clicked();
   const std::string path = PathOf(row);
   if (path.empty()) {
     if (byKey || !IsFileList(id_) || parts_->State.Folder.empty()) return;
-    kind = emptySpace;
+    kind = ClickedEmptySpace;
     folder = syntax.AddSeparator(parts_->State.Folder);
   } else if (parts_->IsDriveRoot(row)) {
-    kind = driveRoot;
+    kind = ClickedDriveRoot;
     folder = syntax.AddSeparator(path);
   } else {
-    kind = parts_->IsFolder(row) ? folderItem : file;
+    kind = parts_->IsFolder(row) ? ClickedFolder : ClickedFile;
     folder = syntax.GetFolderPath(path);
     name = syntax.LastComponent(path);
   }

@@ -91,6 +91,17 @@ void ListerControl::NewFolderButton() {
   parts_->State.Events.NewFolderAsked(id_);
 }
 
+std::string ListerControl::Bookmark(int slot) const {
+  std::string folder;
+  auto asked = static_cast<std::int16_t>(slot);
+  parts_->State.Events.BookmarkAsked(id_, asked, folder);
+  return folder;
+}
+void ListerControl::GoToBookmark(int slot) {
+  const std::string folder = Bookmark(slot);
+  if (!folder.empty() && folder != "(empty)") GoToFolder(folder);
+}
+
 void ListerControl::DragOver(RowId row) {
   const RowId folder = parts_->IsFolder(row) ? row : NoRow;
   const bool same = parts_->DragGraphicsOn && parts_->DragRow == folder;

@@ -61,9 +61,7 @@ void ListEventHandler::UpFolderButton(lister::ListId list) {
 
 void ListEventHandler::OpenChildFolder(lister::ListId list, const std::string& folder,
                                        const std::string& branch) {
-  lister::ListerControl& folders = workspace_.Lists.Folders(lister::PaneOf(list));
-  folders.ExpandFolder(0, branch, 1);
-  folders.OpenFolder(0, folder);
+  navigation_.OpenChildFolder(list, folder, branch);
 }
 
 void ListEventHandler::TitleColorAsked(lister::ListId list) {
@@ -163,6 +161,14 @@ void ListEventHandler::CommandTextAsked(lister::ListId, const std::string& text)
 
 void ListEventHandler::DropSourceSet(lister::ListId list) {
   workspace_.DragSourceList = list;
+}
+
+void ListEventHandler::RightClicked(lister::ListId list, const lister::RightClick& click) {
+  workspace::HighlightActiveList(workspace_, false);
+  const lister::ListerControl& control = workspace_.Lists[list];
+  requests_.ShowContextMenu(click.X + static_cast<float>(control.Left),
+                            click.Y + static_cast<float>(control.Top), click.Path,
+                            click.UsePath ? click.Folder : "");
 }
 
 void ListEventHandler::BookmarkAsked(lister::ListId, std::int16_t& slot, std::string& path) {

@@ -39,6 +39,7 @@ class ListEventHandler : public lister::ListerEvents {
 
   void FolderSelected(lister::ListId list) override;
   void DriveSelected(lister::ListId list) override;
+  void RightClicked(lister::ListId list, const lister::RightClick& click) override;
   void DragBegun(lister::ListId list, const lister::MouseEvent& event) override;
   void DragEnded(lister::ListId list, const lister::MouseEvent& event) override;
   void MouseReleased(lister::ListId list) override;

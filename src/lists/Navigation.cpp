@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <exception>
 
+#include "base/Caption.h"
 #include "base/Text.h"
 #include "forms/PointerScope.h"
 
@@ -18,11 +19,8 @@ constexpr std::size_t DisplayTail = 44;
 constexpr char PlacePrefix = '*';
 constexpr std::size_t PlacePrefixLength = 2;
 
-// An ampersand in a path is doubled, as menus show it.
 std::string PaneCaption(int pane, const std::string& path) {
-  std::string caption = "Show Pane &" + std::to_string(pane + 1) + " - ";
-  for (const char c : path) caption.append(c == '&' ? 2 : 1, c);
-  return caption;
+  return "Show Pane &" + std::to_string(pane + 1) + " - " + base::AsCaption(path);
 }
 
 }  // namespace
@@ -96,6 +94,17 @@ void Navigation::UpdateChildPane(lister::ListId list) {
   const std::string& newest = handedOverFolder_[i];
   files.SetCurrentFolder(newest);
   files.ParentFolder = newest;
+}
+
+void Navigation::OpenChildFolder(lister::ListId list, const std::string& folder,
+                                 const std::string& branch) {
+  lister::ListerControl& folders = workspace_.Lists.Folders(lister::PaneOf(list));
+  if (!syntax_.IsWithin(folder, syntax_.DriveRoot(folders.InitialDrive()))) {
+    folders.GoToFolder(folder);
+    return;
+  }
+  folders.ExpandFolder(0, branch, 1);
+  folders.OpenFolder(0, folder);
 }
 
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {

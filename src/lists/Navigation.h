@@ -30,6 +30,10 @@ class Navigation {
   // hand-over wins. The ids of file lists do nothing.
   void UpdateChildPane(lister::ListId list);
 
+  // Opens a folder from the file list of a pane, in whose folder list `branch`, which holds it, is
+  // expanded. A folder on another drive shows that drive.
+  void OpenChildFolder(lister::ListId list, const std::string& folder, const std::string& branch);
+
   // Opens the folder above the one that the list's pane shows; at a root, nothing.
   void MoveFocusUpOneFolder(lister::ListId list);
 

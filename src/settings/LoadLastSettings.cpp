@@ -3,15 +3,10 @@
 #include <cstddef>
 #include <string>
 
-#include "base/Text.h"
 #include "settings/Defaults.h"
 
 namespace tarnwell::settings {
 namespace {
-
-constexpr std::size_t BookmarkLimit = 100;
-constexpr std::size_t BookmarkHead = 10;
-constexpr std::size_t BookmarkTail = 87;
 
 // Only a damaged file has every pane closed.
 void OpenFirstPane(workspace::Workspace& space) {
@@ -65,7 +60,7 @@ ReadMarkers LoadLastSettings(const StartSettings& start) {
 
 void MakeBookmarkDisplayPaths(workspace::ProgramSettings& settings) {
   for (workspace::BookmarkRecord& bookmark : settings.Bookmarks) {
-    bookmark.DisplayPath = base::Shorten(bookmark.Path, BookmarkLimit, BookmarkHead, BookmarkTail);
+    bookmark.DisplayPath = workspace::DisplayPathOf(bookmark.Path);
   }
 }
 

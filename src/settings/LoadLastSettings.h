@@ -25,8 +25,7 @@ struct StartSettings {
 // on the way.
 ReadMarkers LoadLastSettings(const StartSettings& start);
 
-// Rebuilds the texts under which menus show the bookmarks: 101 characters or more become the first
-// 10, "..." and the last 87.
+// Rebuilds the texts under which menus show the bookmarks.
 void MakeBookmarkDisplayPaths(workspace::ProgramSettings& settings);
 
 }  // namespace tarnwell::settings

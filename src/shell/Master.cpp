@@ -1,6 +1,5 @@
 #include "shell/Master.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <memory>
@@ -11,7 +10,6 @@
 #include "base/Text.h"
 #include "commands/MenuTable.h"
 #include "commands/ToolbarTable.h"
-#include "fileops/ItemList.h"
 #include "shell/ProgramFiles.h"
 #include "workspace/Highlight.h"
 
@@ -94,9 +92,22 @@ Master::Master(const Services& services, Splash& splash)
       operations_(space_, services_.Files.Syntax(), services_.Operation, navigation_, messages_,
                   dialogFields_),
       delete_(space_, services_.Files.Syntax(), services_.Operation, operations_, navigation_,
-              services_.Host, dialogFields_, [this] { SendToTrash(); }),
+              services_.Host, dialogFields_,
+              [this] { ShowShellMenu(shellmenu::MenuMode::Delete); }),
+      duplicate_(services_.Files, services_.Operation, services_.Clock, services_.Host, messages_),
+      contextMenu_(
+          space_,
+          {services_.Files.Syntax(), services_.Drives, services_.ItemMenus, services_.Popups},
+          messages_,
+          {newFolder_, rename_, duplicate_, operations_, delete_, services_.Launcher,
+           [this] { OpenCommandLine(); }}),
       events_(space_, layout_, navigation_, messages_,
-              {[this] { Exit(); }, [this] { newFolder_.CreateNewFolder(true); }}),
+              {.Close = [this] { Exit(); },
+               .CreateNewFolder = [this] { newFolder_.CreateNewFolder(true); },
+               .ShowContextMenu =
+                   [this](float x, float y, const std::string& clicked, const std::string& path) {
+                     contextMenu_.ShowForClick(x, y, clicked, path);
+                   }}),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_),
       commands_({space_, panes_, layout_, listCommands_, switches_, comparison_, skin_, *this}),
@@ -302,26 +313,12 @@ void Master::WheelTurned(int delta) {
   if (auto* const active = space_.Lists.Find(space_.ActiveList)) active->WheelScroll(delta >= 1);
 }
 
-void Master::EscapeKey() {
-  if (!splitters_.GiveUp()) events_.EscapeKey();
+void Master::OpenFolder(const std::string& path) {
+  if (auto* const list = space_.Lists.Find(space_.CurrentList)) list->GoToFolder(path);
 }
 
-// What is selected in the current list goes to the trash after a question.
-void Master::SendToTrash() {
-  const std::string items = space_.Lists[space_.CurrentList].ActiveItemName();
-  const auto count = std::ranges::count(items, '\0') - 1;  // the list ends with a NUL more
-  if (count < 1) return;
-  const std::string what = count == 1 ? "\"" +
-                                            base::ForDisplay(services_.Files.Syntax().LastComponent(
-                                                fileops::FirstItem(items))) +
-                                            "\""
-                                      : "these " + std::to_string(count) + " items";
-  messages_.Message("Do you want to move " + what + " to the trash?", forms::MessageKind::YesNo);
-  if (messages_.MessageResult() != "YES") return;
-  services_.Operation.Run({.Function = platform::FileFunction::Delete,
-                           .Items = items,
-                           .Destination = std::string(1, '\0'),
-                           .Flags = platform::AllowUndo});
+void Master::EscapeKey() {
+  if (!splitters_.GiveUp()) events_.EscapeKey();
 }
 
 void Master::NotYet(std::string_view what) {

@@ -8,6 +8,7 @@
 #include "commands/Keyboard.h"
 #include "commands/Switches.h"
 #include "fileops/DeleteSelection.h"
+#include "fileops/DuplicateItems.h"
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
@@ -21,6 +22,7 @@
 #include "shell/MessageBox.h"
 #include "shell/Services.h"
 #include "shell/Splash.h"
+#include "shellmenu/ShowShellMenu.h"
 #include "tools/CompareFolders.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
@@ -55,7 +57,7 @@ class Master : private workspace::PaneHooks,
   void Resize();
   void MenuClick(std::string_view name);
   void ButtonClick(std::string_view key);
-  void CommandEnter() { NotYet("the command line"); }  // Enter in cboCommand
+  void CommandEnter() { OpenCommandLine(); }  // Enter in cboCommand
   void ClosePaneClick(int pane) { panes_.ChangePanes(pane); }
   void TitleClick(int pane);
   void TitleMouseDown(int pane);
@@ -64,6 +66,8 @@ class Master : private workspace::PaneHooks,
   void MouseDown(float x, float y) { splitters_.MouseDown(x, y); }
   void MouseUp() { splitters_.MouseUp(); }
   void TitleMouseMove(int pane) { layout_.TitleMouseMove(pane); }
+  // To the folder in the pane of the current list, as a bookmark does.
+  void OpenFolder(const std::string& path);
   // Over the form but no list; a notch away from the user is 120.
   void WheelTurned(int delta);
   // A key, before the control that has the keyboard sees it; see Keyboard.h.
@@ -112,13 +116,15 @@ class Master : private workspace::PaneHooks,
   // Gives up the drag of a splitter if one runs; else the active list stops what it does.
   void EscapeKey() override;
   void RenameItem(bool byKey) override { rename_.RenameItem(byKey); }
-  void ShowShellMenu(commands::ShellVerb) override { NotYet("the clipboard"); }
+  void ShowShellMenu(shellmenu::MenuMode mode) override {
+    contextMenu_.ShowShellMenu(0, 0, "", mode);
+  }
   void DeleteSelection(bool permanent) override { delete_.DeleteSelection(permanent); }
   void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,
                    const std::string& folder) override {
     operations_.FileOperate(action, source, target, folder, true, "");
   }
-  void SendToTrash();
+  void OpenCommandLine() { NotYet("the command line"); }
   // The command is there and its work is to come.
   void NotYet(std::string_view what);
 
@@ -142,6 +148,8 @@ class Master : private workspace::PaneHooks,
   fileops::RenameCommand rename_;
   fileops::FileOperations operations_;
   fileops::DeleteCommand delete_;
+  fileops::DuplicateCommand duplicate_;
+  shellmenu::ContextMenuCommand contextMenu_;
   lists::ListEventHandler events_;
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;

@@ -4,12 +4,14 @@
 #include "forms/FormHost.h"
 #include "platform/Clock.h"
 #include "platform/Collation.h"
+#include "platform/ContextMenu.h"
 #include "platform/Dialogs.h"
 #include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderWatch.h"
 #include "platform/Launcher.h"
 #include "platform/MessagePump.h"
+#include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
 
 namespace tarnwell::shell {
@@ -26,6 +28,8 @@ struct Services {
   platform::Collation& Order;
   platform::Launcher& Launcher;
   platform::FileOperation& Operation;
+  platform::ContextMenu& ItemMenus;
+  platform::PopupMenus& Popups;
 };
 
 }  // namespace tarnwell::shell

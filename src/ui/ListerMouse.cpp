@@ -1,6 +1,7 @@
 #include "ui/ListerMouse.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QHeaderView>
 #include <algorithm>
 
@@ -128,6 +129,13 @@ void ListerMouse::PressMenuKey() {
 void ListerMouse::Leave() {
   pointer_.reset();
   emit Hovered();
+}
+
+void ListerMouse::CatchRelease() {
+  if (!IsDown() || QGuiApplication::mouseButtons().testFlag(button_)) return;
+  last_ = tree_.viewport()->mapFromGlobal(QCursor::pos());
+  modifiers_ = QGuiApplication::queryKeyboardModifiers();
+  End();
 }
 
 void ListerMouse::Forget() {

@@ -36,6 +36,8 @@ class ListerMouse : public QObject {
   // A right click by the keyboard on the row with the cursor.
   void PressMenuKey();
   void Leave();
+  // A menu may have taken the release of the button.
+  void CatchRelease();
   // A drag took the mouse: the release of the button will not be seen here.
   void Forget();
 

@@ -1,14 +1,17 @@
 #include "ui/ListerToolbar.h"
 
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <algorithm>
 #include <functional>
 #include <utility>
 
+#include "base/Caption.h"
 #include "ui/Convert.h"
 #include "ui/ListerChoice.h"
+#include "workspace/ProgramSettings.h"
 
 namespace tarnwell::ui {
 
@@ -24,6 +27,8 @@ constexpr int FilterMost = 260;
 constexpr int FilterGood = 130;  // the buttons and the drop-down list leave it as much
 constexpr int FilterLeast = 60;
 constexpr double Rounding = 3;
+
+enum Button : std::size_t { Calculate, Up, NewFolder, Bookmarks };
 
 }  // namespace
 
@@ -123,12 +128,14 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
     if (filter_->hasFocus()) emit FocusTaken();
   });
 
-  AddButton(0, QStringLiteral("calculate"), QStringLiteral("Calculate folder sizes"),
+  AddButton(Calculate, QStringLiteral("calculate"), QStringLiteral("Calculate folder sizes"),
             &ListerToolbar::CalculateAsked, icons);
-  AddButton(1, QStringLiteral("up"), QStringLiteral("Up one folder"), &ListerToolbar::UpAsked,
+  AddButton(Up, QStringLiteral("up"), QStringLiteral("Up one folder"), &ListerToolbar::UpAsked,
             icons);
-  AddButton(2, QStringLiteral("newfolder"), QStringLiteral("New folder"),
+  AddButton(NewFolder, QStringLiteral("newfolder"), QStringLiteral("New folder"),
             &ListerToolbar::NewFolderAsked, icons);
+  AddButton(Bookmarks, QStringLiteral("bookmarks"), QStringLiteral("Bookmarks"),
+            &ListerToolbar::OpenBookmarks, icons);
   ShowFilter();
 }
 
@@ -143,6 +150,30 @@ void ListerToolbar::AddButton(std::size_t number, const QString& icon, const QSt
       QStringLiteral("%1 of pane %2").arg(tip).arg(lister::PaneOf(control_.Id()) + 1));
   connect(button, &QToolButton::clicked, this, clicked);
   buttons_[number] = button;
+}
+
+void ListerToolbar::OpenBookmarks() {
+  QToolButton* const button = buttons_[Bookmarks];
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setPalette(style_.List);  // windows do not inherit it
+  for (int slot = 0; slot < workspace::BookmarkCount; ++slot) {
+    const std::string folder = control_.Bookmark(slot);
+    const std::string path = base::AsCaption(workspace::DisplayPathOf(folder));
+    // The last digit of the number is the access key, and with Ctrl the key in the list.
+    const int digit = (slot + 1) % 10;
+    QAction* const entry = menu->addAction(QStringLiteral("%1&%2  %3\tCtrl+%2")
+                                               .arg(slot < 9 ? QString() : QStringLiteral("1"))
+                                               .arg(digit)
+                                               .arg(ToShownQString(path)));
+    entry->setEnabled(!folder.empty() && folder != workspace::EmptyBookmark);
+    connect(entry, &QAction::triggered, this, [this, slot] {
+      emit ListAsked();
+      emit BookmarkChosen(slot);
+    });
+  }
+  menu->popup(button->mapToGlobal(button->rect().bottomLeft()));
+  if (button->hasFocus()) menu->setActiveAction(menu->actions().value(0));
 }
 
 void ListerToolbar::ShowFilter() {

@@ -1,4 +1,4 @@
-// The small toolbar above a file list: what the list is filtered by, and three buttons.
+// The small toolbar above a file list: what the list is filtered by, and buttons.
 //
 // Shows what the control says of the filter and reports what the user wants; filters nothing.
 #pragma once
@@ -60,7 +60,8 @@ class ListerToolbar : public QWidget {
   void CalculateAsked();
   void UpAsked();
   void NewFolderAsked();
-  void ListAsked();  // the keyboard is to go to the list
+  void BookmarkChosen(int slot);  // 0 to 9
+  void ListAsked();               // the keyboard is to go to the list
   void FocusTaken();
 
  protected:
@@ -70,6 +71,8 @@ class ListerToolbar : public QWidget {
  private:
   void AddButton(std::size_t number, const QString& icon, const QString& tip,
                  void (ListerToolbar::*clicked)(), const IconSource& icons);
+  // The menu of the bookmarks, below its button.
+  void OpenBookmarks();
   // All extensions of the folder; worked out when the user is about to see them.
   void FillExtensions();
   void PlaceChildren();
@@ -78,7 +81,7 @@ class ListerToolbar : public QWidget {
   const ListerStyle& style_;
   ExtensionBox* extensions_;
   FilterField* filter_;
-  std::array<QToolButton*, 3> buttons_{};
+  std::array<QToolButton*, 4> buttons_{};
 };
 
 }  // namespace tarnwell::ui

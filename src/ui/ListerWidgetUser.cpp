@@ -28,6 +28,8 @@ namespace {
 constexpr int MouseMoves = 1;
 constexpr int KeyKinds = 16;
 
+constexpr int OtherButton = 2;
+
 void MouseDown(lister::ListerControl& control, const lister::RowPointer& at) {
   control.MouseDown(at);
 }
@@ -64,6 +66,8 @@ void ListerWidget::BuildToolbar() {
           [this] { Queue([this] { control_.UpButton(); }); });
   connect(toolbar_, &ListerToolbar::NewFolderAsked, this,
           [this] { Queue([this] { control_.NewFolderButton(); }); });
+  connect(toolbar_, &ListerToolbar::BookmarkChosen, this,
+          [this](int slot) { Queue([this, slot] { control_.GoToBookmark(slot); }); });
   connect(toolbar_, &ListerToolbar::ListAsked, this, [this] { tree_->setFocus(); });
   connect(toolbar_, &ListerToolbar::FocusTaken, this, &ListerWidget::TellFocus);
 }
@@ -196,7 +200,9 @@ void ListerWidget::QueueMouse(MouseCall call, const PointerReport& report, int k
     }
     const QPointer<ListerTree> tree(tree_);
     call(control_, at);
-    if (tree) tree->viewport()->update();  // the frame that selects goes along
+    if (!tree) return;
+    if (call == MouseDown && at.Event.Button == OtherButton) tree->Mouse().CatchRelease();
+    tree->viewport()->update();  // the frame that selects goes along
   };
   // Only the newest of moves that wait in a row counts.
   if (kind != 0 && !tasks_.empty() && tasks_.back().Kind == kind) {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <utility>
 
 #include "lister/ListInput.h"
@@ -27,6 +28,10 @@ WindowKeys::WindowKeys(QWidget& window, Actions actions)
 
 bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
   const bool isDown = event->type() == QEvent::KeyPress;
+  // A filter that comes to the application while a key is being acted on takes the first place
+  // among them, and so this one gets the same key once more.
+  if (isDown && event == done_) return false;
+  done_ = nullptr;
   if (!isDown && event->type() != QEvent::KeyRelease) return false;
   // A key that a widget leaves alone comes by again on its way up.
   const QWidget* const focus = QApplication::focusWidget();
@@ -35,7 +40,9 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
   if (!isDown) {
     if (!key.isAutoRepeat()) actions_.Up();
   } else if (actions_.IsFormKey(focus)) {
+    const QPointer<WindowKeys> alive(this);
     actions_.Down(KeyCodeOf(key), ShiftWith(key));
+    if (alive) done_ = event;
   }
   return false;
 }

@@ -24,6 +24,7 @@ class WindowKeys : public QObject {
  private:
   QWidget& window_;
   Actions actions_;
+  const QEvent* done_ = nullptr;  // the key that was acted on last, until another event comes by
 };
 
 }  // namespace tarnwell::ui

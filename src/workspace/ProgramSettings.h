@@ -6,12 +6,19 @@
 #include <string>
 #include <string_view>
 
+#include "base/Text.h"
 #include "workspace/PaneRecord.h"
 
 namespace tarnwell::workspace {
 
 inline constexpr int BookmarkCount = 10;
 inline constexpr std::string_view EmptyBookmark = "(empty)";
+
+// The path of a bookmark as menus show it: 101 characters or more become the first 10, "..." and
+// the last 87.
+inline std::string DisplayPathOf(std::string_view path) {
+  return base::Shorten(path, 100, 10, 87);
+}
 
 struct BookmarkRecord {
   std::string Path{EmptyBookmark};

@@ -25,8 +25,8 @@ class KeyboardTest : public testing::Test, public lists::TestLists, public KeyAc
   void EscapeKey() override { Done += "escape "; }
   void RenameItem(bool byKey) override { Done += byKey ? "rename " : "?"; }
   void OpenHelp() override { throw std::runtime_error("no help"); }
-  void ShowShellMenu(ShellVerb verb) override {
-    Done += "menu" + std::to_string(static_cast<int>(verb)) + " ";
+  void ShowShellMenu(shellmenu::MenuMode mode) override {
+    Done += "menu" + std::to_string(static_cast<int>(mode)) + " ";
   }
   void DeleteSelection(bool permanent) override { Done += permanent ? "DELETE " : "delete "; }
   void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,

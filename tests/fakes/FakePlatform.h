@@ -10,12 +10,15 @@
 #include <utility>
 #include <vector>
 
+#include "base/Caption.h"
 #include "fakes/MemoryFileSystem.h"
 #include "lister/ListerControl.h"
 #include "platform/Clock.h"
+#include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"
 #include "platform/FolderWatch.h"
 #include "platform/MessagePump.h"
+#include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
 
 namespace tarnwell::fakes {
@@ -177,6 +180,110 @@ class FakeFileOperation : public platform::FileOperation {
   }
 };
 
+// A platform's menu of the entries that a test puts into Captions, a line for an empty one.
+class FakeContextMenu : public platform::ContextMenu {
+ public:
+  explicit FakeContextMenu(const platform::FileSystem& files) : files_(files) {}
+
+  std::vector<std::string> Captions{
+      "&Open", "", "Cu&t", "&Copy", "&Paste", "Create &Shortcut", "&Delete", "P&roperties"};
+  bool Refuses = false;              // there is no menu for any items
+  base::Status Fault;                // of a menu that cannot be filled
+  std::string Asked;                 // "folder: name, name" of the last menu
+  std::vector<std::string> Invoked;  // captions without marks
+  std::vector<int> Offsets;          // of the last
+  std::function<void()> OnInvoke;    // the platform at work
+
+  base::Status Find(const std::string& path) const override {
+    return files_.Exists(path) ? base::Status() : MemoryFileSystem::NotFound();
+  }
+  std::unique_ptr<platform::ItemMenu> ForItems(const std::string& folder,
+                                               const std::vector<std::string>& names) override {
+    Asked = folder + ":";
+    for (const std::string& name : names) Asked += " " + name;
+    return Refuses ? nullptr : std::make_unique<Menu>(*this);
+  }
+
+ private:
+  struct Menu : platform::ItemMenu {
+    explicit Menu(FakeContextMenu& owner) : Owner(owner) {}
+    base::Status Fill(int firstId, int, std::vector<platform::ContextEntry>& entries) override {
+      for (const std::string& caption : Owner.Captions) {
+        entries.emplace_back().Id = firstId++;
+        entries.back().Caption = caption;
+        entries.back().IsSeparator = caption.empty();
+      }
+      return Owner.Fault;
+    }
+    void Invoke(int offset) override {
+      Owner.Offsets = {offset};
+      Owner.Invoked.push_back(
+          base::WithoutMarks(Owner.Captions.at(static_cast<std::size_t>(offset))));
+      if (Owner.OnInvoke) Owner.OnInvoke();
+    }
+    FakeContextMenu& Owner;
+  };
+  const platform::FileSystem& files_;
+};
+
+// A pop-up menu in which a test chooses by caption.
+class FakePopupMenus : public platform::PopupMenus {
+ public:
+  using Entries = std::vector<platform::ContextEntry>;
+
+  std::string Choice;             // caption without marks, also in a submenu; empty: Escape
+  std::string Refused;            // an entry of this caption cannot be added
+  bool Refuses = false;           // no menu can be made
+  Entries Shown;                  // the last menu, from the top down
+  std::pair<int, int> Place;      // where it was shown
+  int Tracked = 0;                // how many were shown
+  std::function<void()> OnTrack;  // while one is shown
+
+  std::unique_ptr<platform::PopupMenu> Create() override {
+    Shown.clear();
+    return Refuses ? nullptr : std::make_unique<Menu>(*this);
+  }
+  // Null if there is none.
+  const platform::ContextEntry* Find(const std::string& caption) const {
+    return Find(Shown, caption);
+  }
+  // The captions of the last menu, one a line, those of submenus indented.
+  std::string Text() const { return TextOf(Shown, ""); }
+
+ private:
+  struct Menu : platform::PopupMenu {
+    explicit Menu(FakePopupMenus& owner) : Owner(owner) {}
+    bool InsertOnTop(const platform::ContextEntry& entry) override {
+      if (!entry.IsSeparator && entry.Caption == Owner.Refused) return false;
+      Owner.Shown.insert(Owner.Shown.begin(), entry);
+      return true;
+    }
+    int Track(int x, int y) override {
+      ++Owner.Tracked;
+      Owner.Place = {x, y};
+      if (Owner.OnTrack) Owner.OnTrack();
+      const platform::ContextEntry* const chosen = Owner.Find(Owner.Choice);
+      return chosen == nullptr ? 0 : chosen->Id;
+    }
+    FakePopupMenus& Owner;
+  };
+  static const platform::ContextEntry* Find(const Entries& entries, const std::string& caption) {
+    for (const platform::ContextEntry& entry : entries) {
+      if (!entry.IsSeparator && base::WithoutMarks(entry.Caption) == caption) return &entry;
+      if (const auto* const below = Find(entry.Children, caption)) return below;
+    }
+    return nullptr;
+  }
+  static std::string TextOf(const Entries& entries, const std::string& indent) {
+    std::string text;
+    for (const platform::ContextEntry& entry : entries) {
+      text += indent + (entry.IsSeparator ? "-" : entry.Caption) + "|" + std::to_string(entry.Id) +
+              "\n" + TextOf(entry.Children, indent + " ");
+    }
+    return text;
+  }
+};
+
 class FakeSystemInfo : public platform::SystemInfo {
  public:
   bool Windows95 = false, Windows98 = false, WindowsMe = false;
@@ -201,6 +308,8 @@ struct FakePlatform {
   FakeCollation Order;
   FakeLauncher Launcher;
   FakeFileOperation Operation;
+  FakeContextMenu ItemMenus{Files};
+  FakePopupMenus Popups;
   FakeSystemInfo System;
 
   lister::ListerServices Services() {

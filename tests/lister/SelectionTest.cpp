@@ -226,6 +226,13 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   List.MouseDown(At(0, RowPart::Item, 0, 2));
   EXPECT_EQ(Marks(), "#.....");
   EXPECT_FALSE(Events.Clicked.UsePath);
+  List.MouseDown(At(7, RowPart::Rest, 0, 2));  // for what is selected
+  EXPECT_EQ(Events.Clicked.UsePath, false);
+  List.SelectAll("none");
+  List.MouseDown(At(7, RowPart::Rest, 0, 2));  // for the folder
+  EXPECT_EQ(Events.Clicked.Folder + Events.Clicked.Path, "C:\\box\\");
+  EXPECT_TRUE(Events.Clicked.UsePath);
+  List.MouseDown(At(0, RowPart::Item, 0, 2));
   List.MouseLocked = true;
   Events.Take();
   Pull({3, 4}, RowPart::Gap);
@@ -389,6 +396,7 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   List.MouseDown(On(Find("a"), 2));
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "RightClicked C:\\a"}));
   EXPECT_TRUE(Events.Clicked.UsePath);
+  EXPECT_EQ(Events.Clicked.Folder, "C:\\a");
   EXPECT_EQ(Clicked() + Current(), "2 C:\\+aBeta");
   EXPECT_EQ(List.TargetFolder() + List.TargetFolder(true), "C:\\a\\C:\\box\\Beta\\");
   Platform.Files.Remove("C:\\a");  // its number may serve another
@@ -397,7 +405,8 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(Clicked(), "0 +");
   EXPECT_EQ(List.TargetFolder(), "C:\\box\\Beta\\");
   List.MouseDown(On(FolderTree::TopRow, 2));
-  EXPECT_EQ(Clicked(), "1 C:\\+");
+  EXPECT_EQ(Clicked() + Events.Clicked.Path, "1 C:\\+C:\\");
+  EXPECT_FALSE(Events.Clicked.UsePath);
 
   List.DropOn(Find("d"), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\d\\");

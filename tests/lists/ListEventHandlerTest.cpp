@@ -117,6 +117,11 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   Space.Settings.Bookmarks[9].Path = "C:\\Data";
   Space.Lists[101].KeyDown('0', lister::CtrlDown);
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "C:\\Data\\");
+  Space.Settings.Bookmarks[0].Path = "D:\\far\\off";  // on another drive
+  Platform.Files.AddFolder("D:\\far\\off");
+  Space.Lists[101].GoToBookmark(0);
+  EXPECT_EQ(Space.Form.TitleBar[1].Text + Space.Lists[1].InitialDrive(), "D:\\far\\off\\D");
+  EXPECT_EQ(Space.Lists[101].Bookmark(9), "C:\\Data");
   std::string path;
   for (std::int16_t slot : Ids{-1, 10}) {
     EXPECT_THROW(Handler.BookmarkAsked(0, slot, path), std::out_of_range);

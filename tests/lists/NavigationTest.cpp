@@ -79,6 +79,22 @@ TEST_F(NavigationTest, HandsAFolderToTheFileListAndShowsItEverywhere) {
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "Trash\\");
 }
 
+TEST_F(NavigationTest, GoesToAFolderOnAnyDriveFromEitherList) {
+  SetUpPane(0, "D:\\pics\\new");
+  SetUpPane(0, "C:\\work");
+  Nav.LoadFolders(0);
+  for (const lister::ListId list : workspace::Ids{100, 0}) {
+    for (const std::string folder : {"D:\\pics", "D:\\pics\\new", "C:\\work"}) {
+      Space.Lists[list].GoToFolder(folder);
+      EXPECT_EQ(Space.Lists.Files(0).ParentFolder, folder + "\\") << list;
+      EXPECT_EQ(Space.Lists.Folders(0).InitialDrive(), folder.substr(0, 1));
+    }
+    EXPECT_TRUE(Messages.Texts.empty());
+    Space.Lists[list].GoToFolder("D:\\gone");
+    EXPECT_EQ(std::exchange(Messages.Texts, {}).size(), 1U);
+  }
+}
+
 TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {
   for (const std::string folder : {"C:\\A", "C:\\B", "C:\\Other"}) {
     for (const char* file : {"\\1", "\\2", "\\3"}) Platform.Files.AddFile(folder + file);

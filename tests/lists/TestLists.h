@@ -15,7 +15,13 @@ class TestLists : public workspace::TestWorkspace {
   explicit TestLists(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
       : TestWorkspace(std::move(platform)),
         Nav(Space, Platform.Files.Syntax(), Host),
-        Handler(Space, Layout, Nav, Messages, {[this] { ++Closed; }, [this] { ++NewFolders; }}) {}
+        Handler(Space, Layout, Nav, Messages,
+                {.Close = [this] { ++Closed; },
+                 .CreateNewFolder = [this] { ++NewFolders; },
+                 .ShowContextMenu =
+                     [this](float x, float y, const std::string& clicked, const std::string& path) {
+                       if (OnContextMenu) OnContextMenu(x, y, clicked, path);
+                     }}) {}
 
   lister::ListerEvents& EventsOf() override {
     return Connected ? Handler : TestWorkspace::EventsOf();
@@ -38,6 +44,8 @@ class TestLists : public workspace::TestWorkspace {
 
   Navigation Nav;
   ListEventHandler Handler;
+  std::function<void(float x, float y, const std::string& clicked, const std::string& path)>
+      OnContextMenu;
   int Closed = 0;
   int NewFolders = 0;
   bool Connected = true;  // somebody hears what lists tell that are made from now on

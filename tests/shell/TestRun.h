@@ -32,7 +32,8 @@ class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
       : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
-             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation},
+             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
+             machine.ItemMenus, machine.Popups},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);

@@ -150,6 +150,34 @@ TEST_F(ListerWidgetTest, ToolbarOffersExtensionsAndGivesWay) {
   EXPECT_EQ(list.Control.ChildCount(lister::RootRow), 2);
   EXPECT_EQ(extensions->currentText(), ".md");
 
+  // Bookmarks by mouse: those that are empty cannot be chosen.
+  auto* const bookmarks = list.Widget.findChildren<QToolButton*>().last();
+  EXPECT_EQ(bookmarks->accessibleName(), "Bookmarks of pane 1");
+  for (const char* folder : {"(empty)", "/gone & away", "/f"}) {
+    Events.Bookmark = folder;
+    Events.Take();
+    bookmarks->click();
+    auto* const menu = list.Widget.findChild<QMenu*>();
+    ASSERT_EQ(menu->actions().size(), 10);
+    QAction* const last = menu->actions().last();
+    EXPECT_EQ(last->isEnabled(), folder[0] == '/');
+    if (folder[1] == 'g') {
+      EXPECT_EQ(last->text(), "1&0  /gone && away\tCtrl+0");
+    }
+    Events.Take();
+    last->trigger();
+    menu->close();
+    Settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const Texts told = Events.Take();
+    ASSERT_EQ(told.size(), folder[0] == '/' ? 2U : 0U);
+    if (folder[0] == '/') {
+      EXPECT_EQ(told[1], folder[1] == 'f' ? "OpenChildFolder /f in /"
+                                          : "StatusMessage Cannot open /gone & away: it is no "
+                                            "longer there");
+    }
+  }
+
   const auto buttons =
       list.Widget.findChildren<QToolButton*>(QString(), Qt::FindChildrenRecursively);
   const auto shown = [&] { return std::ranges::count_if(buttons, &QWidget::isVisible); };

@@ -183,6 +183,19 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   EXPECT_EQ(Run.Space().CurrentList, 1);
   EXPECT_EQ(Run.Form().ActiveControl, "ListerControl");
 
+  // Once each, also when the work filters events meanwhile, as file operations do.
+  QObject filter;
+  Machine.ItemMenus.OnInvoke = [&] {
+    qApp->installEventFilter(&filter);
+    qApp->removeEventFilter(&filter);
+  };
+  for (const std::size_t times : {1U, 2U}) {
+    QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    QCoreApplication::sendEvent(Window.focusWidget(), &paste);
+    EXPECT_EQ(Machine.ItemMenus.Invoked.size(), times);
+    Settle();
+  }
+
   Run.Form().Menus["mnuCommandOn"].Checked = true;
   Run.Main().ClosePaneClick(1);
   Settle();

@@ -13,20 +13,19 @@ namespace {
 
 constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
 
-ItemKind KindOf(mode_t mode) {
+}  // namespace
+
+ItemKind KindOfMode(std::uint32_t mode) {
   if (S_ISREG(mode)) return ItemKind::File;
   if (S_ISDIR(mode)) return ItemKind::Folder;
   return ItemKind::Other;
 }
 
-// File systems may hold times beyond what 64 bits of nanoseconds reach (years 1677 to 2262).
 std::int64_t Nanoseconds(const statx_timestamp& time) {
   constexpr std::int64_t second = 1'000'000'000;
   constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / second - 1;
   return std::clamp<std::int64_t>(time.tv_sec, -limit, limit) * second + time.tv_nsec;
 }
-
-}  // namespace
 
 base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attributes) {
   struct statx found;
@@ -38,7 +37,7 @@ base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attribut
     struct statx target;
     if (statx(folder, path, AT_NO_AUTOMOUNT, wanted, &target) == 0) found = target;
   }
-  attributes.Kind = KindOf(found.stx_mode);
+  attributes.Kind = KindOfMode(found.stx_mode);
   attributes.IsLink = isLink;
   attributes.Size = attributes.Kind == ItemKind::Folder ? 0 : found.stx_size;
   attributes.Modified = Nanoseconds(found.stx_mtime);

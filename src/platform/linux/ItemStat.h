@@ -8,6 +8,10 @@
 
 namespace tarnwell::platform {
 
+ItemKind KindOfMode(std::uint32_t mode);
+// Within 64 bits: file systems may hold times beyond what they reach (years 1677 to 2262).
+std::int64_t Nanoseconds(const statx_timestamp& time);
+
 // Of the item that `path` leads to from the open folder; a link is followed. Never mounts anything.
 base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attributes);
 

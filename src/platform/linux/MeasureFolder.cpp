@@ -19,8 +19,10 @@
 namespace tarnwell::platform {
 namespace {
 
-constexpr int countPerCall = 64;  // items between two questions whether to go on
-constexpr unsigned wanted = STATX_TYPE | STATX_NLINK | STATX_SIZE | STATX_INO | STATX_MNT_ID;
+constexpr int countPerCall = 64;          // items between two questions whether to go on
+constexpr std::uint64_t blockSize = 512;  // of stx_blocks, whatever the file system
+constexpr unsigned wanted =
+    STATX_TYPE | STATX_NLINK | STATX_SIZE | STATX_BLOCKS | STATX_INO | STATX_MNT_ID;
 
 class Walk {
  public:
@@ -79,6 +81,7 @@ class Walk {
     if (type != S_IFREG) return;
     if (found.stx_nlink > 1 && !counted_.insert(IdentityOf(found)).second) return;
     total_.Bytes += found.stx_size;
+    total_.OnDisk += found.stx_blocks * blockSize;
   }
 
   // Looks at an item without following or mounting anything.

@@ -31,6 +31,11 @@ void Deepen(
   close(descriptor);
 }
 
+std::uint64_t BytesOnDisk(const std::string& path) {
+  struct stat found {};
+  return stat(path.c_str(), &found) == 0 ? static_cast<std::uint64_t>(found.st_blocks) * 512 : 0;
+}
+
 std::map<std::string, FolderEntry> Read(const std::string& folder) {
   std::map<std::string, FolderEntry> entries;
   const base::Status status = LinuxFileSystem().ReadFolder(folder, [&](const FolderEntry& entry) {
@@ -223,6 +228,7 @@ TEST(LinuxFileSystem, MeasuresEachFileOnceAndLinksNever) {
   };
   FolderTotal total = measure(folder.Path(), 1000);
   EXPECT_EQ(total.Bytes, 15U);
+  EXPECT_EQ(total.OnDisk, BytesOnDisk(folder / "ten") + BytesOnDisk(folder / "a/b/five"));
   EXPECT_TRUE(total.Files == 6 && total.Folders == 4 && total.Unreadable == 0);
   chmod((folder / "a/b").c_str(), 0);
   EXPECT_EQ(InChild([&] {

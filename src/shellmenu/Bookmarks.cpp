@@ -1,0 +1,34 @@
+#include "shellmenu/Bookmarks.h"
+
+#include <cstddef>
+#include <exception>
+
+#include "settings/LoadLastSettings.h"
+#include "shellmenu/ShellMenuTables.h"
+
+namespace tarnwell::shellmenu {
+
+void Bookmarks::AddRemoveBookMark(int slot, std::string_view word) {
+  workspace::BookmarkRecord& bookmark =
+      workspace_.Settings.Bookmarks.at(static_cast<std::size_t>(slot));
+  const std::string folder =
+      word == ClearSlot ? std::string(workspace::EmptyBookmark) : GetClickedFolder();
+  if (!folder.empty()) bookmark.Path = folder;
+  settings::MakeBookmarkDisplayPaths(workspace_.Settings);
+}
+
+std::string Bookmarks::GetClickedFolder() {
+  try {
+    std::string folder, name;
+    std::int32_t kind = lister::NothingClicked;
+    workspace_.Lists[workspace_.CurrentList].GetClickedItem(folder, name, false, kind);
+    if (kind == lister::ClickedDriveRoot) return folder;
+    if (kind == lister::ClickedFolder || kind == lister::ClickedEmptySpace) return folder + name;
+  } catch (const std::exception&) {
+    messenger_.Message("An error occurred while getting the folder name that was clicked on.",
+                       forms::MessageKind::Ok);
+  }
+  return "";
+}
+
+}  // namespace tarnwell::shellmenu

@@ -1,0 +1,82 @@
+// Does what the word from the context menu says, in the current list.
+//
+// Entries that the platform has carried out by now are followed up here: lists are read again.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "fileops/DeleteSelection.h"
+#include "fileops/DuplicateItems.h"
+#include "fileops/FileOperate.h"
+#include "fileops/NewFolder.h"
+#include "fileops/RenameItem.h"
+#include "platform/Launcher.h"
+#include "shellmenu/Bookmarks.h"
+
+namespace tarnwell::shellmenu {
+
+// The commands that words lead to.
+struct MenuCommands {
+  fileops::NewFolder& NewFolder;
+  fileops::RenameCommand& Rename;
+  fileops::DuplicateCommand& Duplicate;
+  fileops::FileOperations& Operations;
+  fileops::DeleteCommand& Delete;
+  platform::Launcher& Launcher;
+  std::function<void()> OpenCommandLine;
+};
+
+// What has been cut or copied, as far as lists have to be read again for it.
+struct CutPasteState {
+  int CutPasteCount = 0;  // 1 after a cut, 2 after the paste that follows it
+  lister::ListId CutSourceList = lister::NoList;
+  lister::ListId CutMarkList = lister::NoList;  // has items that are marked as cut
+};
+
+class MenuDispatch {
+ public:
+  MenuDispatch(workspace::Workspace& workspace, forms::Messenger& messenger, MenuCommands commands)
+      : workspace_(workspace),
+        messenger_(messenger),
+        commands_(std::move(commands)),
+        bookmarks_(workspace, messenger) {}
+
+  // `paths` are the items that the menu was for. An error ends it without a word.
+  void Dispatch(std::string word, const std::vector<std::string>& paths);
+
+  const CutPasteState& CutPaste() const { return cuts_; }
+
+ private:
+  // A word with what it is for.
+  struct Choice {
+    const std::string& Word;
+    int Slot;
+    const std::vector<std::string>& Paths;
+    const std::string& FirstPath() const { return Paths.at(0); }
+  };
+  struct Row;
+  static const Row Rows[];
+
+  void Act(const Choice& choice);
+  void ChangeBookmark(const Choice& choice);
+  void ForgetCutMark(const Choice& choice);
+  void CutOrCopy(const Choice& choice);
+  void Paste(const Choice& choice);
+  void Delete(const Choice& choice);
+  void Rename(const Choice& choice);
+  void CommandLine(const Choice& choice);
+  void CompactDatabase(const Choice& choice);
+  void NewFolder(const Choice& choice);
+  void Duplicate(const Choice& choice);
+  void RefreshCurrent();
+
+  workspace::Workspace& workspace_;
+  forms::Messenger& messenger_;
+  MenuCommands commands_;
+  Bookmarks bookmarks_;
+  CutPasteState cuts_;
+};
+
+}  // namespace tarnwell::shellmenu

@@ -1,0 +1,113 @@
+#include "shellmenu/ShowShellMenu.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "base/Measure.h"
+#include "lists/WatchPanes.h"
+
+namespace tarnwell::shellmenu {
+namespace {
+
+// The rows that are meant are shown as such. A list hears of no further right click until the end,
+// so there is one on every way out.
+class ActionBracket {
+ public:
+  explicit ActionBracket(workspace::Workspace& workspace)
+      : workspace_(workspace), contextList_(workspace.CurrentList) {
+    workspace_.Lists[contextList_].BeginContextAction();
+  }
+  ~ActionBracket() {
+    End(workspace_.CurrentList);
+    if (workspace_.CurrentList != contextList_) End(contextList_);
+  }
+  ActionBracket(const ActionBracket&) = delete;
+  ActionBracket& operator=(const ActionBracket&) = delete;
+
+ private:
+  void End(lister::ListId id) {
+    if (lister::ListerControl* const list = workspace_.Lists.Find(id)) list->EndAction();
+  }
+
+  workspace::Workspace& workspace_;
+  const lister::ListId contextList_;
+};
+
+// The pictures of the program's own menus stand back while the platform draws its menu.
+class PicturesOff {
+ public:
+  explicit PicturesOff(forms::MenuImageHelper& pictures) : pictures_(pictures) {
+    pictures_.Detach();
+  }
+  ~PicturesOff() { pictures_.Attach(); }
+  PicturesOff(const PicturesOff&) = delete;
+  PicturesOff& operator=(const PicturesOff&) = delete;
+
+ private:
+  forms::MenuImageHelper& pictures_;
+};
+
+int PixelOf(float twips) {
+  return base::RoundToTwips(twips) / base::TwipsPerPixel;
+}
+
+}  // namespace
+
+void ContextMenuCommand::ShowForClick(float x, float y, const std::string& clicked,
+                                      const std::string& path) {
+  clickedItemPath_ = clicked;
+  ShowShellMenu(x, y, path, MenuMode::Show);
+}
+
+void ContextMenuCommand::ShowShellMenu(float x, float y, std::string path, MenuMode mode) {
+  lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
+  if (list == nullptr) return;
+  const lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
+  const ActionBracket action(workspace_);
+  if (mode == MenuMode::Paste) path = PasteTarget(*list);
+  if (mode != MenuMode::Show) clickedItemPath_.clear();
+  const MenuItems items = collector_.Collect(*list, path, clickedItemPath_, mode);
+  MenuRequest request;
+  request.Mode = mode;
+  request.X = PixelOf(x);
+  request.Y = PixelOf(y);
+  dispatch_.Dispatch(Choose(items, std::move(request)), items.Paths);
+}
+
+// A drive's root is no path without its separator.
+std::string ContextMenuCommand::PasteTarget(const lister::ListerControl& list) const {
+  const std::string folder = list.TargetFolder(true, true);
+  return platform_.Syntax.IsDriveRoot(folder) ? folder : platform_.Syntax.RemoveRightSlash(folder);
+}
+
+std::string ContextMenuCommand::Choose(const MenuItems& items, MenuRequest request) {
+  if (items.Paths.empty()) return "";
+  const base::PathSyntax& syntax = platform_.Syntax;
+  for (const std::string& path : items.Paths) {
+    if (IsThere(path)) {
+      request.Names.emplace_back(syntax.LastComponent(path));
+    } else if (&path == &items.Paths.front()) {
+      return "";
+    }
+  }
+  request.FirstPath = items.Paths.front();
+  request.Folder = syntax.GetFolderPath(request.FirstPath);
+  // It ends with a separator: the folder itself is meant, as seen from within.
+  const bool isFolderItself = request.Folder == request.FirstPath;
+  if (isFolderItself) request.Names.clear();
+  request.IsDriveRoot = items.IsDriveRoot || isFolderItself;
+  const PicturesOff pictures(workspace_.Form.MenuImages);
+  return builder_.BuildAndTrackMenu(request);
+}
+
+bool ContextMenuCommand::IsThere(const std::string& path) {
+  const base::Status status = platform_.Menu.Find(path);
+  if (status) return true;
+  char code[16];
+  std::snprintf(code, sizeof code, "%X", static_cast<unsigned>(status.Code));
+  messenger_.Message(std::string("Error: &H") + code + ", " + status.Reason,
+                     forms::MessageKind::Ok);
+  return false;
+}
+
+}  // namespace tarnwell::shellmenu

@@ -1,0 +1,59 @@
+// The context menu of a list: for what it is, what is chosen in it, and what comes of that. The
+// keys that copy, cut, paste and delete go through the same menu without showing it.
+#pragma once
+
+#include <string>
+
+#include "platform/FileSystem.h"
+#include "shellmenu/BuildAndTrackMenu.h"
+#include "shellmenu/CollectItems.h"
+#include "shellmenu/MenuDispatch.h"
+
+namespace tarnwell::shellmenu {
+
+struct MenuPlatform {
+  const base::PathSyntax& Syntax;
+  const platform::Drives& Drives;
+  platform::ContextMenu& Menu;
+  platform::PopupMenus& Popups;
+};
+
+class ContextMenuCommand {
+ public:
+  ContextMenuCommand(workspace::Workspace& workspace, const MenuPlatform& platform,
+                     forms::Messenger& messenger, MenuCommands commands)
+      : workspace_(workspace),
+        platform_(platform),
+        messenger_(messenger),
+        collector_(platform.Syntax, platform.Drives, messenger),
+        builder_(workspace, platform.Menu, platform.Popups, messenger),
+        dispatch_(workspace, messenger, std::move(commands)) {}
+
+  // After a right click: `clicked` is the path of the item under it, empty for none.
+  void ShowForClick(float x, float y, const std::string& clicked, const std::string& path);
+
+  // The menu of the current list, at a place in the main form in twips. It is for the item of
+  // `path`, or if that is empty for what is clicked and selected. Modes other than Show carry out
+  // an entry of the platform's unseen; Paste is for the list's folder. No list follows its folder
+  // meanwhile.
+  void ShowShellMenu(float x, float y, std::string path, MenuMode mode);
+
+  const CutPasteState& CutPaste() const { return dispatch_.CutPaste(); }
+
+ private:
+  std::string PasteTarget(const lister::ListerControl& list) const;
+  // The word of the entry chosen.
+  std::string Choose(const MenuItems& items, MenuRequest request);
+  // Tells the user if not.
+  bool IsThere(const std::string& path);
+
+  workspace::Workspace& workspace_;
+  MenuPlatform platform_;
+  forms::Messenger& messenger_;
+  ItemCollector collector_;
+  MenuBuilder builder_;
+  MenuDispatch dispatch_;
+  std::string clickedItemPath_;
+};
+
+}  // namespace tarnwell::shellmenu

@@ -1,0 +1,192 @@
+#include "MenuFixture.h"
+
+namespace tarnwell::shellmenu {
+namespace {
+
+using workspace::Texts;
+
+TEST_F(ContextMenuTest, StandsAboveThePlatformsEntriesAtTheClick) {
+  Space.Settings.Bookmarks[1].DisplayPath = "C:\\R&D\n";
+  Popups.OnTrack = [this] {
+    EXPECT_TRUE(Platform.Watches.Watched().empty());
+    EXPECT_EQ(Picture(), "");
+    EXPECT_TRUE(Space.Lists[100].Look(Row(100, "b.txt")).IsTarget);
+  };
+  Space.Lists[100].Left = 1500;
+  Space.Lists[100].Top = 700;
+  Click(100, "b.txt");
+  Popups.OnTrack = {};
+  EXPECT_TRUE(IsOver());
+  EXPECT_EQ(Popups.Place, std::pair(101, 48));  // 15 and 30 twips within the list
+  const std::string head =
+      "New Folder|111795\n-|111794\nRename|111793\nDuplicate|111792\nCommand Line|111791\n"
+      "-|111790\nBookmarks|113000\n";
+  const std::string text = Popups.Text();
+  EXPECT_TRUE(text.starts_with(head +
+                               " 1    (empty)|113001\n  Add to Slot 1|114002\n  Clear Slot 1|"
+                               "114001\n 2    C:\\R&&D\u240A|113002\n  Add to Slot 2|114012\n"))
+      << text;
+  const std::string tail =
+      " 10  (empty)|113010\n  Add to Slot 10|114092\n  Clear Slot 10|114091\nColour Code|111789\n"
+      " Default|119999\n Black|120000\n Gray|120001\n Dark Green|120002\n Light Green|120003\n"
+      " Blue|120004\n Cyan|120005\n Yellow|120006\n Orange|120007\n Red|120008\n Burgundy|120009\n"
+      " Lavender|120010\n-|111788\n&Open|1\n-|2\nCu&t|3\n&Copy|4\n&Paste|5\n"
+      "Create &Shortcut|6\n&Delete|7\nP&roperties|8\n";
+  EXPECT_TRUE(text.ends_with(tail)) << text;
+  EXPECT_EQ(Popups.Find("Default")->Picture + Popups.Find("Dark Green")->Picture, "pic_cforest");
+
+  // The folder itself is neither renamed nor duplicated, and has no "Access" whatever it is called.
+  Platform.Files.AddFolder("C:\\XXXXX");
+  for (const char* folder : {"C:\\Data\\", "C:\\XXXXX"}) {
+    Menu.ShowShellMenu(0, 0, folder, MenuMode::Show);
+    EXPECT_EQ(Popups.Find("Rename") == nullptr, std::string_view(folder).ends_with('\\'));
+    EXPECT_EQ(Popups.Find("Access"), nullptr);
+    EXPECT_NE(Popups.Find("New Folder"), nullptr);
+  }
+}
+
+TEST_F(ContextMenuTest, IsForWhatIsClickedAndSelected) {
+  Select({"a.txt", "c.txt"});
+  const auto asked = [this](const std::string& clicked, const std::string& path = "") {
+    Platform.ItemMenus.Asked = "nothing";
+    Menu.ShowForClick(0, 0, clicked, path);
+    EXPECT_TRUE(IsOver());
+    return Platform.ItemMenus.Asked;
+  };
+  EXPECT_EQ(asked(""), "C:\\Data\\: a.txt c.txt");
+  EXPECT_EQ(asked("C:\\Data\\a.txt"), "C:\\Data\\: a.txt c.txt");  // not twice
+  EXPECT_EQ(asked("C:\\Data\\c.txt"), "C:\\Data\\: c.txt a.txt");
+  EXPECT_EQ(asked("C:\\Data\\Sub\\"), "C:\\Data\\: Sub a.txt c.txt");
+  EXPECT_EQ(asked("C:\\Other\\o"), "C:\\Other\\: o a.txt c.txt");  // they count as of one folder
+  EXPECT_EQ(asked("C:\\"), "C:\\:");
+  EXPECT_EQ(Popups.Find("Duplicate"), nullptr);
+  EXPECT_EQ(asked("C:\\Data\\a.txt", "C:\\Other"), "C:\\: Other");
+  EXPECT_EQ(asked("", "C:\\Other\\"), "C:\\Other\\:");
+  Platform.Files.AddFile("\\\\server\\share\\x");
+  EXPECT_EQ(asked("*|\\\\server\\share\\x"), "\\\\server\\share\\: x a.txt c.txt");
+  for (const char* server : {"*|\\\\server", "\\\\server\\"}) {
+    EXPECT_EQ(asked(server[0] == '*' ? server : "", server[0] == '*' ? "" : server), "nothing");
+  }
+  Select({});
+  EXPECT_EQ(asked(""), "nothing");
+  EXPECT_TRUE(Messages.Texts.empty());
+
+  // What has gone is told of; without the first there is no menu.
+  Select({"a.txt", "c.txt"});
+  Platform.Files.Remove("C:\\Data\\c.txt");
+  EXPECT_EQ(asked(""), "C:\\Data\\: a.txt");
+  EXPECT_EQ(asked("C:\\Data\\c.txt"), "nothing");
+  const std::string error = "Error: &H2, No such file or directory";
+  EXPECT_EQ(Messages.Texts, (Texts{error, error}));
+}
+
+TEST_F(ContextMenuTest, GivesUpAt30000Items) {
+  for (int number = 1; number < 30000; ++number) {
+    Platform.Files.AddFile("D:\\many\\" + std::to_string(number));
+  }
+  std::string folder = "D:\\many";
+  Space.Lists[101].LoadFolderContents(folder, true);
+  Space.CurrentList = 101;
+  Space.Lists[101].SelectAll();
+  Menu.ShowForClick(0, 0, "D:\\many\\7", "");
+  EXPECT_EQ(Popups.Tracked, 1);
+  Menu.ShowForClick(0, 0, "C:\\Data\\a.txt", "");  // one more
+  EXPECT_EQ(Popups.Tracked, 1);
+  EXPECT_TRUE(IsOver());
+  ASSERT_EQ(Messages.Texts.size(), 1U);
+  EXPECT_TRUE(Messages.Texts[0].starts_with("Unless you have 30000 files or objects"));
+}
+
+TEST(ContextMenuOnMountsTest, KnowsDrivesByTheirNames) {
+  MenuRun run(base::PathSyntax::Posix(), "/box/Data");
+  run.Platform.Files.AddFolder("/mnt/disk");
+  run.Platform.Drives.Volumes.push_back({"/mnt/disk", "Disk"});
+  run.Space.Lists[100].SelectAll();
+  for (const auto& [clicked, asked] :
+       {std::pair{"/", "/:"}, {"/mnt/disk", "/mnt/: disk"}, {"/mnt", "/: mnt"}}) {
+    run.Space.Lists[100].SelectAll(std::string_view(clicked) == "/mnt" ? "none" : "");
+    run.Menu.ShowForClick(0, 0, clicked, "");
+    EXPECT_EQ(run.Platform.ItemMenus.Asked, asked);
+    EXPECT_EQ(run.Popups.Find("Rename") != nullptr, std::string_view(clicked) == "/mnt");
+  }
+  for (const auto& [folder, asked] : {std::pair{"/", "/:"}, {"/box/Data", "/box/: Data"}}) {
+    run.Space.Lists[100].SetCurrentFolder(folder);
+    run.Menu.ShowShellMenu(0, 0, "", MenuMode::Paste);
+    EXPECT_EQ(run.Platform.ItemMenus.Asked, asked);
+  }
+  EXPECT_EQ(run.Platform.ItemMenus.Invoked, (Texts{"Paste", "Paste"}));
+}
+
+TEST_F(ContextMenuTest, KeysCarryOutThePlatformsEntryUnseen) {
+  Select({"a.txt", "b.txt"});
+  const auto invoked = [this](MenuMode mode) {
+    Menu.ShowShellMenu(0, 0, "", mode);
+    EXPECT_TRUE(IsOver());
+    return std::exchange(Platform.ItemMenus.Invoked, {});
+  };
+  Menu.ShowForClick(0, 0, "C:\\Data\\c.txt", "");
+  Popups.Tracked = 0;
+  EXPECT_EQ(invoked(MenuMode::Copy), Texts{"Copy"});
+  EXPECT_EQ(Platform.ItemMenus.Asked, "C:\\Data\\: a.txt b.txt");  // without the item clicked then
+  EXPECT_EQ(invoked(MenuMode::Cut), Texts{"Cut"});
+  EXPECT_EQ(invoked(MenuMode::Delete), Texts{"Delete"});
+  EXPECT_EQ(invoked(MenuMode::Paste), Texts{"Paste"});
+  EXPECT_EQ(Platform.ItemMenus.Asked, "C:\\: Data");
+
+  // The lower of two, in this spelling alone.
+  Platform.ItemMenus.Captions = {"Copy", "C&o&py", "&copy"};
+  Menu.ShowShellMenu(0, 0, "", MenuMode::Copy);
+  EXPECT_EQ(Platform.ItemMenus.Offsets, std::vector<int>{1});
+  Platform.ItemMenus.Invoked.clear();
+  Platform.ItemMenus.Captions = {"&Kopieren", "copy", "Copy as path", ""};
+  EXPECT_EQ(invoked(MenuMode::Copy), Texts{});
+  EXPECT_EQ(Popups.Tracked, 0);
+}
+
+TEST_F(ContextMenuTest, LeavesNothingBehindOnAnyWayOut) {
+  const auto shows = [this] {
+    Popups.Tracked = 0;
+    Choose("a.txt", "");
+    EXPECT_TRUE(IsOver());
+    return Popups.Tracked == 1;
+  };
+  for (bool* fault : {&Platform.ItemMenus.Refuses, &Popups.Refuses}) {
+    *fault = true;
+    EXPECT_FALSE(shows());
+    *fault = false;
+  }
+  Platform.ItemMenus.Fault = {5, "no"};
+  EXPECT_FALSE(shows());
+  Platform.ItemMenus.Fault = {};
+  EXPECT_TRUE(shows());
+  EXPECT_TRUE(Messages.Texts.empty());
+
+  // An entry that cannot be added is told of, and the others are there.
+  Popups.Refused = "Bookmarks";
+  Choose("a.txt", "New Folder");
+  EXPECT_EQ(Messages.Texts,
+            (Texts{"A custom menu item could not be added. Please contact the makers of Tarnwell "
+                   "for a patch."}));
+  EXPECT_NE(Popups.Find("Colour Code"), nullptr);
+  EXPECT_EQ(Dialogs, Texts{"popNewFolder"});
+  Popups.Refused = "&Copy";
+  Menu.ShowShellMenu(0, 0, "", MenuMode::Copy);
+  EXPECT_TRUE(Platform.ItemMenus.Invoked.empty());
+
+  Popups.Refused.clear();
+
+  // Also when the platform's work or a command breaks off.
+  Platform.ItemMenus.OnInvoke = [] { throw std::runtime_error("broken"); };
+  EXPECT_ANY_THROW(Choose("a.txt", "Open"));
+  EXPECT_TRUE(IsOver());
+  Messages.Texts.clear();
+  CommandLine = [] { throw std::runtime_error("broken"); };
+  Choose("a.txt", "Command Line");
+  EXPECT_TRUE(IsOver());
+  EXPECT_TRUE(Messages.Texts.empty());
+  Space.CurrentList = lister::NoList;
+  Menu.ShowShellMenu(0, 0, "", MenuMode::Copy);
+}
+
+}  // namespace
+}  // namespace tarnwell::shellmenu
