@@ -38,9 +38,9 @@ struct MissingFolderQuestion {
 };
 using OperationQuestion = std::variant<ConflictQuestion, platform::OperationTrouble,
                                        NoTrashQuestion, LossQuestion, MissingFolderQuestion>;
-using OperationAnswer = std::variant<platform::ConflictAnswer, platform::TroubleChoice,
-                                     platform::NoTrashAnswer, platform::LossAnswer,
-                                     platform::MissingFolderChoice>;
+using OperationAnswer =
+    std::variant<platform::ConflictAnswer, platform::TroubleChoice, platform::NoTrashAnswer,
+                 platform::LossAnswer, platform::MissingFolderChoice>;
 
 // The texts of `Numbers` are in `From` and `To` instead.
 struct ProgressNote {

@@ -22,8 +22,8 @@ class OperationMeter {
 
   // Over the last few seconds; 0 as long as nothing can be said.
   std::uint64_t BytesPerSecond() const;
-  // By bytes and items, since making a file costs time whatever its size. Nothing as long as nothing
-  // can be said, and while the work stands still.
+  // By bytes and items, since making a file costs time whatever its size. Nothing as long as
+  // nothing can be said, and while the work stands still.
   std::optional<std::uint64_t> SecondsLeft(std::uint64_t bytesTotal,
                                            std::uint64_t itemsTotal) const;
 

@@ -84,15 +84,16 @@ std::unique_ptr<QuestionWindow> WindowOf(const NoTrashQuestion& question,
   return window;
 }
 
-std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question,
-                                         const OperationTools& tools, TakeAnswer take) {
+std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question, const OperationTools& tools,
+                                         TakeAnswer take) {
   auto window = std::make_unique<QuestionWindow>(
       QStringLiteral("Something Would Be Lost"),
       QStringLiteral("The drive there cannot keep all that belongs to this item."),
       tools.Icons.Own("warning"));
   AddItem(*window, question.Path, tools);
-  window->AddText(QStringLiteral("Moved there, it keeps its content, but loses its access list or "
-                                 "its attributes: colour, comment and the like."));
+  window->AddText(
+      QStringLiteral("Moved there, it keeps its content, but loses its access list or "
+                     "its attributes: colour, comment and the like."));
   const QCheckBox& check =
       window->AddCheck(QStringLiteral("Do the same with a&ll other items like this"));
   const auto add = [&](const char* caption, Role role, LossChoice choice) {

@@ -11,8 +11,8 @@ namespace tarnwell::platform {
 // Remembers where the first name was copied to, so that the next becomes another name of the copy.
 class LinkedFiles {
  public:
-  // `path` leads to the copy from the folder that the operation's targets lie in, once all is in its
-  // place; `pathNow` does until then.
+  // `path` leads to the copy from the folder that the operation's targets lie in, once all is in
+  // its place; `pathNow` does until then.
   void Add(const struct statx& original, const struct statx& copy, std::string path,
            std::string pathNow) {
     copies_[IdentityOf(original)] = {original, IdentityOf(copy), std::move(path),

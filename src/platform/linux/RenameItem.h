@@ -13,8 +13,8 @@ int RenameNew(int fromFolder, const char* from, int toFolder, const char* to);
 
 // Puts the item in the place of a file or link of its volume, which goes then; the folders are open
 // ones. One step where the file system can exchange names, so that whoever ends the program in
-// between finds both items whole. EISDIR for a folder that stands there, which stays. Gives an error
-// number.
+// between finds both items whole. EISDIR for a folder that stands there, which stays. Gives an
+// error number.
 int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to);
 
 // Renames the item, and overwrites nothing. A change of case alone works too where the file system

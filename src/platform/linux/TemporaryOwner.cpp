@@ -94,8 +94,7 @@ std::optional<TemporaryOwner> TemporaryOwner::FromName(std::string_view name) {
   name.remove_prefix(std::string_view(Beginning).size());
   TemporaryOwner owner;
   for (std::uint64_t* const field : {&owner.Machine, &owner.Run, &owner.Process, &owner.Start}) {
-    const auto [end, error] =
-        std::from_chars(name.data(), name.data() + name.size(), *field, 16);
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), *field, 16);
     if (error != std::errc() || end == name.data() + name.size() || *end != '-') return {};
     name.remove_prefix(static_cast<std::size_t>(end - name.data()) + 1);
   }
