@@ -12,28 +12,6 @@ constexpr int Margin = 6;
 
 }  // namespace
 
-std::vector<std::string_view> SplitItems(const std::string& items) {
-  std::vector<std::string_view> paths;
-  std::string_view rest = items;
-  for (std::size_t end = rest.find('\0'); end != std::string_view::npos && end > 0;
-       end = rest.find('\0')) {
-    paths.push_back(rest.substr(0, end));
-    rest.remove_prefix(end + 1);
-  }
-  return paths;
-}
-
-std::unique_ptr<QMimeData> MimeDataOf(const std::vector<std::string_view>& paths) {
-  QByteArray list;
-  for (const std::string_view path : paths) {
-    const auto bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
-    list += "file://" + bytes.toPercentEncoding("/") + "\r\n";
-  }
-  auto data = std::make_unique<QMimeData>();
-  data->setData(QStringLiteral("text/uri-list"), list);
-  return data;
-}
-
 QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colours,
                     const QFont& font, double pixelRatio) {
   QFont bold = font;

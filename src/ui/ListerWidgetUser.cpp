@@ -8,6 +8,7 @@
 
 #include "lister/ListInput.h"
 #include "ui/Convert.h"
+#include "ui/FileUris.h"
 #include "ui/ListerDrag.h"
 #include "ui/ListerDrives.h"
 #include "ui/ListerHeader.h"

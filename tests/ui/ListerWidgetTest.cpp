@@ -15,7 +15,6 @@
 #include <algorithm>
 
 #include "ui/Convert.h"
-#include "ui/ListerDrag.h"
 #include "ui/ListerFixture.h"
 #include "ui/ListerMarks.h"
 
@@ -185,9 +184,6 @@ TEST_F(ListerWidgetTest, ScreenReadersSeeTheSelectionThroughASort) {
   }
   QAccessible::setActive(false);
   EXPECT_EQ(MarksText({.Larger = true, .Newer = true}), "Newer and larger than in the other list");
-  const std::string items("/d/a b\xFF%\n\0/d/\xC3\xA4\0\0", 16);
-  EXPECT_EQ(MimeDataOf(SplitItems(items))->data("text/uri-list"),
-            "file:///d/a%20b%FF%25%0A\r\nfile:///d/%C3%A4\r\n");
 }
 
 TEST_F(ListerWidgetTest, RefreshKeepsScrollSelectionAndCursor) {

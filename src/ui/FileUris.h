@@ -1,0 +1,34 @@
+// Files as other programs hand them over, by the clipboard or by a drag: lists of addresses.
+//
+// Every byte of a path that is no plain letter goes in percent form, so that names that are no
+// UTF-8 come through whole.
+#pragma once
+
+#include <QByteArray>
+#include <QMimeData>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/FileClipboard.h"
+
+namespace tarnwell::ui {
+
+// The paths of a list in which each is ended by a NUL.
+std::vector<std::string_view> SplitItems(const std::string& items);
+
+// What a drag offers: text/uri-list.
+std::unique_ptr<QMimeData> MimeDataOf(const std::vector<std::string_view>& paths);
+// What the clipboard offers: the addresses, whether they are cut, and the paths as text.
+std::unique_ptr<QMimeData> ClipboardDataOf(const platform::ClipboardFiles& files);
+
+// Whether there is a list of addresses. Looks at the names of the formats alone.
+bool HasFiles(const QMimeData& data);
+// The files of a drag or of the clipboard.
+platform::ClipboardFiles FilesOf(const QMimeData& data);
+
+// The path that a file's address names; empty for anything else, and for files of other computers.
+std::string PathOfUri(QByteArrayView uri);
+
+}  // namespace tarnwell::ui
