@@ -8,6 +8,7 @@
 #include "commands/Keyboard.h"
 #include "commands/Switches.h"
 #include "fileops/DeleteSelection.h"
+#include "fileops/DropItems.h"
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
@@ -142,6 +143,7 @@ class Master : private workspace::PaneHooks,
   fileops::RenameCommand rename_;
   fileops::FileOperations operations_;
   fileops::DeleteCommand delete_;
+  fileops::DropCommand drop_;
   lists::ListEventHandler events_;
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;

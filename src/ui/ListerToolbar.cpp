@@ -25,6 +25,8 @@ constexpr int FilterGood = 130;  // the buttons and the drop-down list leave it 
 constexpr int FilterLeast = 60;
 constexpr double Rounding = 3;
 
+enum Button : std::size_t { Calculate, Up, NewFolder };
+
 }  // namespace
 
 // Its entries are made when they are about to be seen or stepped through, and stay while they are
@@ -123,11 +125,11 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
     if (filter_->hasFocus()) emit FocusTaken();
   });
 
-  AddButton(0, QStringLiteral("calculate"), QStringLiteral("Calculate folder sizes"),
+  AddButton(Calculate, QStringLiteral("calculate"), QStringLiteral("Calculate folder sizes"),
             &ListerToolbar::CalculateAsked, icons);
-  AddButton(1, QStringLiteral("up"), QStringLiteral("Up one folder"), &ListerToolbar::UpAsked,
+  AddButton(Up, QStringLiteral("up"), QStringLiteral("Up one folder"), &ListerToolbar::UpAsked,
             icons);
-  AddButton(2, QStringLiteral("newfolder"), QStringLiteral("New folder"),
+  AddButton(NewFolder, QStringLiteral("newfolder"), QStringLiteral("New folder"),
             &ListerToolbar::NewFolderAsked, icons);
   ShowFilter();
 }
@@ -190,6 +192,10 @@ QSize ListerToolbar::sizeHint() const {
 
 int ListerToolbar::RowHeight(const QFontMetrics& font) {
   return std::max(ButtonSide, font.height() + 8) + 4;
+}
+
+QWidget& ListerToolbar::UpButton() const {
+  return *buttons_[Up];
 }
 
 void ListerToolbar::EnterFilter() {

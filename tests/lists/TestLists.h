@@ -15,7 +15,13 @@ class TestLists : public workspace::TestWorkspace {
   explicit TestLists(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
       : TestWorkspace(std::move(platform)),
         Nav(Space, Platform.Files.Syntax(), Host),
-        Handler(Space, Layout, Nav, Messages, {[this] { ++Closed; }, [this] { ++NewFolders; }}) {}
+        Handler(Space, Layout, Nav, Messages,
+                {.Close = [this] { ++Closed; },
+                 .CreateNewFolder = [this] { ++NewFolders; },
+                 .DropItems =
+                     [this](lister::ListId list, const auto& drop) {
+                       if (OnDrop) OnDrop(list, drop);
+                     }}) {}
 
   lister::ListerEvents& EventsOf() override {
     return Connected ? Handler : TestWorkspace::EventsOf();
@@ -40,6 +46,7 @@ class TestLists : public workspace::TestWorkspace {
   ListEventHandler Handler;
   int Closed = 0;
   int NewFolders = 0;
+  std::function<void(lister::ListId, const lister::Drop&)> OnDrop;
   bool Connected = true;  // somebody hears what lists tell that are made from now on
 };
 
