@@ -17,7 +17,8 @@ namespace {
 // In milliseconds.
 constexpr int BranchDelay = 800;
 constexpr int FolderDelay = 1200;  // what is on show goes away for it
-constexpr int ScrollInterval = 120;
+constexpr int ScrollDelay = 400;   // for a drop on the row at the edge
+constexpr int ScrollInterval = 80;
 
 }  // namespace
 
@@ -26,7 +27,6 @@ ListerDrop::ListerDrop(lister::ListerControl& control, ListerTree& tree, QObject
   tree_.viewport()->setAcceptDrops(true);
   tree_.viewport()->installEventFilter(this);
   spring_.setSingleShot(true);
-  scroll_.setInterval(ScrollInterval);
   rethink_.setSingleShot(true);
   rethink_.setInterval(0);
   connect(&spring_, &QTimer::timeout, this, &ListerDrop::Spring);
@@ -85,10 +85,10 @@ void ListerDrop::Move(QDropEvent& event) {
   if (over_ != Over::Rows || control_.View == nullptr) return;
   Read(event);
   const bool fits = Show();
-  const int edge = tree_.RowHeight();
+  const int edge = tree_.RowHeight() / 2;
   const bool atEdge = place_.y() < edge || place_.y() >= tree_.viewport()->height() - edge;
   if (!atEdge) scroll_.stop();
-  if (atEdge && !scroll_.isActive()) scroll_.start();
+  if (atEdge && !scroll_.isActive()) scroll_.start(ScrollDelay);
   if (!fits) return;
   event.setDropAction(action_ == "move" ? Qt::MoveAction : Qt::CopyAction);
   event.accept();
@@ -120,9 +120,8 @@ void ListerDrop::Take(QDropEvent& event) {
   const bool copies = event.possibleActions().testFlag(Qt::CopyAction);
   event.setDropAction(copies ? Qt::CopyAction : Qt::IgnoreAction);
   event.accept();
-  const lister::Drop drop{.Items = items_,
-                          .Action = action_,
-                          .Source = source_ ? source_->Id() : lister::NoList};
+  const lister::Drop drop{
+      .Items = items_, .Action = action_, .Source = source_ ? source_->Id() : lister::NoList};
   auto tell = [self = QPointer(this), folder = folder_, drop] {
     if (self) emit self->Dropped(folder, drop);
   };
@@ -191,6 +190,7 @@ void ListerDrop::Spring() {
 }
 
 void ListerDrop::ScrollAlong() {
+  scroll_.start(ScrollInterval);
   if (IsListening()) tree_.ScrollRows(place_.y() < tree_.RowHeight() ? -1 : 1);
 }
 
