@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 
 #include "ui/Convert.h"
 
@@ -32,16 +33,28 @@ std::optional<std::string> AskFile(const platform::FileQuestion& question,
   return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
 
+// The text is shown as it is, also where a name in it looks like HTML. Gives the button; none where
+// the window below goes, as when the program is asked to end, and takes the box along.
+int ShowBox(QMessageBox::Icon icon, const std::string& title, const std::string& text,
+            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton usual) {
+  const QPointer<QMessageBox> box = new QMessageBox(icon, ToQString(title), ToQString(text),
+                                                    buttons, QApplication::activeWindow());
+  box->setTextFormat(Qt::PlainText);
+  box->setDefaultButton(usual);
+  const int answer = box->exec();
+  delete box;
+  return answer;
+}
+
 }  // namespace
 
 bool QtDialogs::AskYesNo(const std::string& title, const std::string& text) {
-  return QMessageBox::question(QApplication::activeWindow(), ToQString(title), ToQString(text),
-                               QMessageBox::Yes | QMessageBox::No,
-                               QMessageBox::No) == QMessageBox::Yes;
+  return ShowBox(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
+                 QMessageBox::No) == QMessageBox::Yes;
 }
 
 void QtDialogs::ShowCritical(const std::string& title, const std::string& text) {
-  QMessageBox::critical(QApplication::activeWindow(), ToQString(title), ToQString(text));
+  ShowBox(QMessageBox::Critical, title, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 std::optional<std::string> QtDialogs::AskText(const std::string& title, const std::string& prompt,

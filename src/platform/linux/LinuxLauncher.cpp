@@ -1,11 +1,10 @@
 #include "platform/linux/LinuxLauncher.h"
 
-#include <gio/gdesktopappinfo.h>
-
 #include <cerrno>
 #include <string_view>
 
 #include "base/PathSyntax.h"
+#include "platform/linux/FileOpener.h"
 #include "platform/linux/GioObject.h"
 #include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/StartProgram.h"
@@ -27,39 +26,14 @@ base::Status OpenAddress(const std::string& address, const char* scheme) {
   return done != FALSE ? base::Status() : error.Status();
 }
 
-base::Status OpenWith(GAppInfo* application, GFile* file) {
-  GList files{file, nullptr, nullptr};
-  GioError error;
-  const gboolean done =
-      g_app_info_launch(application, file != nullptr ? &files : nullptr, nullptr, error.Place());
-  return done != FALSE ? base::Status() : error.Status();
-}
-
 base::Status OpenFile(const std::string& path, const LaunchRequest& request) {
-  const GioObject<GFile> file(g_file_new_for_path(path.c_str()));
-  GioError error;
-  const GioObject<GFileInfo> info(
-      g_file_query_info(file.get(),
-                        G_FILE_ATTRIBUTE_STANDARD_TYPE "," G_FILE_ATTRIBUTE_STANDARD_CONTENT_TYPE
-                                                       "," G_FILE_ATTRIBUTE_ACCESS_CAN_EXECUTE,
-                        G_FILE_QUERY_INFO_NONE, nullptr, error.Place()));
-  if (!info) return error.Status();
-  const bool isProgram =
-      g_file_info_get_file_type(info.get()) == G_FILE_TYPE_REGULAR &&
-      g_file_info_get_attribute_boolean(info.get(), G_FILE_ATTRIBUTE_ACCESS_CAN_EXECUTE) != FALSE;
-  const char* const type = g_file_info_get_content_type(info.get());
-  if (type == nullptr) return {ENOENT, "The kind of this file is not known"};
-
-  // An entry may start anything; the right to be executed tells that the user wants that.
-  if (isProgram && std::string_view(type) == "application/x-desktop") {
-    const GioObject<GDesktopAppInfo> entry(g_desktop_app_info_new_from_filename(path.c_str()));
-    if (entry) return OpenWith(G_APP_INFO(entry.get()), nullptr);
-  }
+  Opener opener;
+  base::Status found = FindOpener(path, opener);
+  if (found && opener.Kind == OpenerKind::Entry) return Launch(opener.Application.get(), {});
   if (!request.Parameters.empty()) return StartProgram(path, request.Parameters, request.Folder);
-  const GioObject<GAppInfo> application(g_app_info_get_default_for_type(type, FALSE));
-  if (application) return OpenWith(application.get(), file.get());
-  if (isProgram) return StartProgram(path, "", request.Folder);
-  return {ENOENT, "No application is registered for this kind of file (" + std::string(type) + ")"};
+  if (!found) return found;
+  if (opener.Kind == OpenerKind::Program) return StartProgram(path, "", request.Folder);
+  return Launch(opener.Application.get(), {path});
 }
 
 }  // namespace

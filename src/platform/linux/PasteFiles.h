@@ -1,0 +1,19 @@
+// Pasting the files of the clipboard.
+#pragma once
+
+#include <string>
+
+#include "platform/Dialogs.h"
+#include "platform/FileClipboard.h"
+#include "platform/FileOperation.h"
+
+namespace tarnwell::platform {
+
+// Copies what the clipboard holds to the folder, or moves what was cut, which then leaves the
+// clipboard as far as it has left its place. Items that lie in the folder already become twins;
+// cut ones stay. Tells of what is no file of this computer. Nothing on the clipboard: nothing
+// happens.
+void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperation& operation,
+                Dialogs& dialogs);
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,337 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <set>
+
+#include "TestDesktop.h"
+#include "fakes/FakePlatform.h"
+#include "platform/linux/ItemList.h"
+#include "platform/linux/LinuxContextMenu.h"
+#include "platform/linux/RunOperation.h"
+
+namespace tarnwell::platform {
+namespace {
+
+struct MemoryClipboard : FileClipboard {
+  ClipboardFiles Files;
+
+  void Put(const ClipboardFiles& files) override { Files = files; }
+  bool HasFiles() const override { return !Files.Items.empty() || Files.Foreign > 0; }
+  ClipboardFiles Get() const override { return Files; }
+  void Clear() override { Files = {}; }
+};
+
+struct NotedDialogs : Dialogs {
+  bool Yes = true;
+  std::string Told;
+
+  bool AskYesNo(const std::string&, const std::string& text) override {
+    Told += text + "|";
+    return Yes;
+  }
+  void ShowCritical(const std::string&, const std::string& text) override { Told += text + "|"; }
+  std::optional<std::string> AskText(const std::string&, const std::string&,
+                                     const std::string&) override {
+    return {};
+  }
+  std::optional<base::Colour> AskColour(base::Colour) override { return {}; }
+  std::optional<std::string> AskOpenFile(const FileQuestion&) override { return {}; }
+  std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
+};
+
+struct NotedWindows : ItemWindows {
+  std::string Noted;
+  std::vector<ApplicationChoice> Offered;
+  std::optional<ChosenApplication> Choice;
+
+  void ShowProperties(const std::vector<std::string>& paths) override {
+    for (const std::string& path : paths) Noted += "properties " + path + "|";
+  }
+  std::optional<ChosenApplication> ChooseApplication(
+      const std::string& path, const std::string& type,
+      const std::vector<ApplicationChoice>& applications) override {
+    Noted += "choose " + path + " " + type + "|";
+    Offered = applications;
+    return Choice;
+  }
+  void OpenFolder(const std::string& path) override { Noted += "open " + path + "|"; }
+};
+
+std::string CaptionsOf(const std::vector<ContextEntry>& entries) {
+  std::string captions;
+  for (const ContextEntry& entry : entries) {
+    captions += entry.IsSeparator ? "-" : entry.Caption;
+    if (!entry.Enabled) captions += "(off)";
+    if (entry.IsDefault) captions += "(default)";
+    captions += "|";
+  }
+  return captions;
+}
+
+class LinuxContextMenuTest : public testing::Test {
+ protected:
+  static constexpr int First = 10, Last = 32767;
+
+  LinuxContextMenuTest() {
+    Put(Place / "a.txt", "text");
+    Put(Place / "b.txt", "text");
+    Put(Place / "p.png", "no picture");
+    std::filesystem::create_directory(Place / "dir");
+    std::filesystem::create_directory_symlink("dir", Place / "way");
+    Operation.OnRun = [](const OperationRequest& request) {
+      OperationUser user;
+      return RunOperation(request, user).Code;
+    };
+  }
+
+  std::unique_ptr<ItemMenu> Make(const std::string& folder, const std::vector<std::string>& names,
+                                 int last = Last) {
+    Entries.clear();
+    std::unique_ptr<ItemMenu> menu = Menus.ForItems(folder, names);
+    EXPECT_TRUE(menu->Fill(First, last, Entries));
+    return menu;
+  }
+  std::string Offer(const std::string& folder, const std::vector<std::string>& names) {
+    Make(folder, names);
+    return CaptionsOf(Entries);
+  }
+  // Invokes the entry of that caption, in the submenu too.
+  void Choose(const std::vector<std::string>& names, const std::string& caption) {
+    Choose(*Make(Place.Path(), names), caption);
+  }
+  void Choose(ItemMenu& menu, const std::string& caption) {
+    std::vector<ContextEntry> all = Entries;
+    for (const ContextEntry& entry : Entries) {
+      all.insert(all.end(), entry.Children.begin(), entry.Children.end());
+    }
+    const auto found = std::ranges::find(all, caption, &ContextEntry::Caption);
+    ASSERT_NE(found, all.end()) << caption;
+    menu.Invoke(found->Id - First);
+  }
+  std::string Took() { return std::exchange(Dialogs.Told, {}); }
+
+  TempFolder Place;
+  fakes::FakeDrives Drives{base::PathSyntax::Posix()};
+  MemoryClipboard Clipboard;
+  fakes::FakeFileOperation Operation;
+  NotedDialogs Dialogs;
+  NotedWindows Windows;
+  LinuxContextMenu Menus{{Clipboard, Operation, Dialogs, Windows, Drives}};
+  std::vector<ContextEntry> Entries;
+};
+
+TEST_F(LinuxContextMenuTest, OffersWhatSuitsTheItems) {
+  const std::string start = "&Open(default)|Open Wit&h|-|";
+  const std::string end = "-|Create &Shortcut|&Delete|-|P&roperties|";
+  EXPECT_EQ(Offer(Place.Path(), {"a.txt"}), start + "Cu&t|&Copy|" + end);
+  EXPECT_EQ(Offer(Place.Path(), {"dir", "way"}), start + "Cu&t|&Copy|" + end);
+  EXPECT_EQ(Offer(Place.Path(), {"dir"}), start + "Cu&t|&Copy|&Paste(off)|" + end);
+  Clipboard.Files.Items = std::string("/x\0", 3);
+  EXPECT_EQ(Offer(Place.Path() + "/", {"way"}), start + "Cu&t|&Copy|&Paste|" + end);
+  EXPECT_EQ(Offer(Place.Path() + "/", {}), "Open Wit&h|-|&Paste|-|P&roperties|");
+  EXPECT_EQ(Offer("/", {}), "Open Wit&h|-|&Paste|-|P&roperties|");
+  EXPECT_EQ(Offer(Place.Path(), {"gone"}), start + "Cu&t|&Copy|" + end);
+  // Roots: a mount, also by way of a link and among others, and the home folder.
+  const std::string root = start + "&Copy|&Paste|-|P&roperties|";
+  std::filesystem::create_directory_symlink("/", Place / "root");
+  EXPECT_EQ(Offer("/", {"proc"}), root);
+  EXPECT_EQ(Offer(Place / "root", {"proc"}), root);
+  EXPECT_EQ(Offer("/", {"usr", "proc"}), start + "&Copy|-|P&roperties|");
+  Drives.Home = Place / "dir";
+  EXPECT_EQ(Offer(Place.Path(), {"dir"}), root);
+  EXPECT_EQ(Menus.ForItems("", {"a"}), nullptr);
+
+  // Applications for every one of the types, the default first; numbers in range, none twice.
+  Make(Place.Path(), {"a.txt"});
+  EXPECT_EQ(CaptionsOf(Entries[1].Children).find("x|See && show|"), 0U);
+  EXPECT_TRUE(CaptionsOf(Entries[1].Children).ends_with("|-|&Other Application...|"));
+  EXPECT_EQ(Entries[1].Children[1].Picture, "eye");
+  Make(Place.Path(), {"p.png", "a.txt"});
+  EXPECT_EQ(CaptionsOf(Entries[1].Children), "See && show|-|&Other Application...|");
+  std::set<int> ids{First - 1, Entries[1].Children[0].Id, Entries[1].Children[1].Id,
+                    Entries[1].Children[2].Id};
+  for (const ContextEntry& entry : Entries) ids.insert(entry.Id);
+  EXPECT_EQ(ids.size(), Entries.size() + 4);
+  EXPECT_EQ(*ids.begin(), First - 1);
+  Make(Place.Path(), {"a.txt"}, First + 12);
+  EXPECT_EQ(CaptionsOf(Entries[1].Children), "x|-|&Other Application...|");
+  EXPECT_EQ(Entries[1].Children.back().Id, First + 12);
+  EXPECT_EQ(Menus.ForItems("/", {"usr"})->Fill(First, First + 5, Entries).Code, ERANGE);
+
+  EXPECT_TRUE(Menus.Find(Place / "a.txt"));
+  EXPECT_EQ(Menus.Find(Place / "gone").Code, ENOENT);
+  EXPECT_EQ(Menus.Find(Place / "a.txt/x").Code, ENOTDIR);
+}
+
+TEST_F(LinuxContextMenuTest, OpensItems) {
+  const std::string folder = Place.Path() + "/";
+  Put(Place / "run", std::string("\0\1", 2), 0755);
+  Put(Place / "start.desktop", TestDesktop::Entry(desktop.Folder / "windowed"), 0755);
+  Put(Place / "odd", std::string("\0\1", 2));
+  setenv("TERMINAL", (desktop.Folder / "terminal").c_str(), 1);
+  Choose({"a.txt", "p.png", "b.txt", "run", "dir", "start.desktop", "odd"}, "&Open");
+  EXPECT_NE(desktop.Told("viewer").find("\n[" + folder + "p.png]\n[" + folder + "dir]\n"),
+            std::string::npos);
+  EXPECT_NE(desktop.Told("open it").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
+            std::string::npos);
+  EXPECT_EQ(desktop.Told("windowed").find('['), std::string::npos);
+  EXPECT_EQ(desktop.Told("terminal"),
+            "terminal in " + Place.Path() + "\n[-e]\n[" + folder + "run]\n");
+  EXPECT_EQ(Took(),
+            "\"odd\" could not be opened.\n\nNo application is registered for this kind of "
+            "file (application/octet-stream)|");
+  Choose({"way"}, "&Open");
+  EXPECT_EQ(std::exchange(Windows.Noted, {}), "open " + folder + "way|");
+  Choose({"a.txt", "b.txt"}, "See && show");
+  EXPECT_NE(desktop.Told("viewer").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
+            std::string::npos);
+
+  const std::unique_ptr<ItemMenu> late = Make(Place.Path(), {"a.txt", "dir\n2"});
+  unlink((Place / "a.txt").c_str());
+  for (const char* caption : {"&Open", "x", "&Other Application..."}) {
+    Windows.Choice = {"", "true", false};
+    Choose(*late, caption);
+    EXPECT_EQ(Took(),
+              "2 items could not be opened:\n\n\"a.txt\": No such file or directory\n"
+              "\"dir\xE2\x90\x8A"
+              "2\": No such file or directory|")
+        << caption;
+  }
+  late->Invoke(-1);
+  late->Invoke(5000);
+}
+
+TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
+  const std::string path = Place / "a.css";
+  Put(path, "a {}");
+  const auto choose = [&](const ChosenApplication& choice) {
+    Windows.Choice = choice;
+    Choose({"a.css"}, "&Other Application...");
+  };
+  choose({"windowed.desktop", "", true});
+  EXPECT_NE(desktop.Told("windowed").find("[" + path + "]"), std::string::npos);
+  EXPECT_EQ(Windows.Noted, "choose " + path + " CSS stylesheet|");
+  EXPECT_EQ(Windows.Offered[0].Id, "opener.desktop");
+  EXPECT_TRUE(Windows.Offered[1].IsRegistered);
+  EXPECT_EQ(std::ranges::count(Windows.Offered, "viewer.desktop", &ApplicationChoice::Id), 1);
+  const auto windowed =
+      std::ranges::find(Windows.Offered, "windowed.desktop", &ApplicationChoice::Id);
+  EXPECT_FALSE(windowed->IsRegistered);
+  choose({"viewer.desktop", "", false});
+  EXPECT_NE(desktop.Told("viewer"), "");
+  EXPECT_EQ(Windows.Offered[0].Id, "windowed.desktop");  // what was to be used always
+
+  choose({"", "'" + (desktop.Folder / "windowed") + "' -x 'y z'", false});
+  EXPECT_EQ(desktop.Told("windowed"),
+            "windowed in " + Place.Path() + "\n[-x]\n[y z]\n[" + path + "]\n");
+  EXPECT_EQ(Took(), "");
+  choose({"", "no-such-program-anywhere", false});
+  EXPECT_EQ(Took(),
+            "\"no-such-program-anywhere\" could not be started.\n\nNo such file or directory|");
+  choose({"", "'open", false});
+  EXPECT_EQ(Took().find("\"'open\" could not be started.\n\n"), 0U);
+}
+
+TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
+  const std::string target = Place / "dir";
+  Choose({"a.txt", "b.txt"}, "Cu&t");
+  EXPECT_EQ(Clipboard.Files.Items, JoinItems({Place / "a.txt", Place / "b.txt"}));
+  EXPECT_TRUE(Clipboard.Files.IsCut);
+  Choose(*Make(Place.Path() + "/", {}), "&Paste");  // into its own folder
+  EXPECT_TRUE(Operation.Requests.empty());
+  EXPECT_TRUE(Clipboard.HasFiles());
+  // A part of it cannot go: that part stays cut.
+  Put(target + "/b.txt", "other");
+  Choose({"way"}, "&Paste");
+  EXPECT_EQ(Operation.Requests.back().Destination, Place / "way" + std::string("/\0", 2));
+  EXPECT_EQ(Operation.Requests.back().Flags, AllowUndo);
+  EXPECT_EQ(Get(target + "/a.txt"), "text");
+  EXPECT_EQ(Get(target + "/b.txt"), "other");
+  EXPECT_EQ(Clipboard.Files.Items, JoinItems({Place / "b.txt"}));
+  EXPECT_TRUE(Clipboard.Files.IsCut);
+  unlink((target + "/b.txt").c_str());
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Get(target + "/b.txt"), "text");
+  EXPECT_FALSE(Clipboard.HasFiles());
+  // What another program put there meanwhile is left alone.
+  Choose({"p.png"}, "Cu&t");
+  Operation.OnRun = [this](const OperationRequest&) {
+    Clipboard.Files.Items = std::string("/new\0", 5);
+    return 0;
+  };
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Clipboard.Files.Items, std::string("/new\0", 5));
+
+  // Copied: twins in the items' own folder, by whatever way they came; the rest as ever.
+  Operation.OnRun = [](const OperationRequest& request) {
+    OperationUser user;
+    return RunOperation(request, user).Code;
+  };
+  Operation.Requests.clear();
+  Clipboard.Files = {JoinItems({Place / "way/a.txt", Place / "p.png"}), false, 2};
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Operation.Requests.size(), 2U);
+  EXPECT_EQ(Get(target + "/a (2).txt"), "text");
+  EXPECT_EQ(Get(target + "/p.png"), "no picture");
+  EXPECT_EQ(Took(),
+            "2 items on the clipboard are no files of this computer and cannot be pasted.|");
+  Clipboard.Files = {};
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Operation.Requests.size(), 2U);
+  EXPECT_EQ(Took(), "");
+  Choose({"p.png"}, "&Copy");
+  EXPECT_FALSE(Clipboard.Files.IsCut);
+  const std::unique_ptr<ItemMenu> late = Make(Place.Path(), {"dir"});
+  std::filesystem::remove_all(target);
+  Choose(*late, "&Paste");
+  EXPECT_EQ(Took(), "\"dir\" could not be opened to paste there.\n\nNo such file or directory|");
+}
+
+TEST_F(LinuxContextMenuTest, LinksTrashesAndShows) {
+  const std::string longName(250, 'n');
+  Put(Place / longName, "long");
+  for (int times = 0; times < 2; ++times) Choose({"a.txt", "dir", longName}, "Create &Shortcut");
+  EXPECT_EQ(std::filesystem::read_symlink(Place / "Link to a.txt"), "a.txt");
+  EXPECT_EQ(Get(Place / "Link to a (2).txt"), "text");
+  EXPECT_EQ(std::filesystem::read_symlink(Place / "Link to dir (2)"), "dir");
+  EXPECT_EQ(Get(Place / ("Link to " + longName.substr(0, 243) + " (3)")), "long");
+  EXPECT_EQ(Took(), "");
+  chmod(Place.Path().c_str(), 0555);
+  EXPECT_EQ(InChild([this] {
+              BecomeNobody();
+              Choose({"a.txt", "dir", "gone"}, "Create &Shortcut");
+              return Took() ==
+                             "3 items could not be given a shortcut:\n\n"
+                             "\"a.txt\": Permission denied\n\"dir\": Permission denied\n"
+                             "\"gone\": No such file or directory|"
+                         ? 0
+                         : 1;
+            }),
+            0);
+  chmod(Place.Path().c_str(), 0777);
+
+  Operation.OnRun = nullptr;
+  Dialogs.Yes = false;
+  Choose({"a\tb"}, "&Delete");
+  EXPECT_EQ(Took(),
+            "Do you want to move \"a\xE2\x90\x89"
+            "b\" to the trash?|");
+  EXPECT_TRUE(Operation.Requests.empty());
+  Dialogs.Yes = true;
+  Choose({"a.txt", "b.txt"}, "&Delete");
+  EXPECT_EQ(Took(), "Do you want to move these 2 items to the trash?|");
+  const OperationRequest& request = Operation.Requests.back();
+  EXPECT_EQ(request.Function, FileFunction::Delete);
+  EXPECT_EQ(request.Items, JoinItems({Place / "a.txt", Place / "b.txt"}));
+  EXPECT_EQ(request.Flags, AllowUndo);
+
+  Choose({"a.txt", "dir"}, "P&roperties");
+  Choose(*Make(Place.Path() + "/", {}), "P&roperties");
+  EXPECT_EQ(Windows.Noted, "properties " + (Place / "a.txt") + "|properties " + (Place / "dir") +
+                               "|properties " + Place.Path() + "|");
+}
+
+}  // namespace
+}  // namespace tarnwell::platform

@@ -1,0 +1,64 @@
+// A desktop with a few applications, which tell how they were started.
+#pragma once
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <thread>
+
+#include "TempFolder.h"
+
+namespace tarnwell::platform {
+
+// Registrations of its own. Made before main, since GLib looks for the user's but once.
+struct TestDesktop {
+  TestDesktop() {
+    setenv("XDG_DATA_HOME", Folder.Path().c_str(), 1);
+    setenv("XDG_CONFIG_HOME", Folder.Path().c_str(), 1);
+    setenv("XDG_CURRENT_DESKTOP", "", 1);
+    std::filesystem::create_directory(Folder / "applications");
+    // Each program tells its name, its folder, what it was given and whether it got a descriptor.
+    const std::string place = "'" + Folder.Path() + "/'";
+    const std::string tell =
+        "#!/bin/sh\n{ echo \"${0##*/} in $PWD\"; for each; do echo \"[$each]\"; done;"
+        "[ -e /proc/$$/fd/9 ] && echo leak; } > " +
+        place + "new.$$; mv " + place + "new.$$ " + place + "log.\"${0##*/}\"\n";
+    for (const char* name : {"open it", "viewer", "windowed", "terminal", "tool"})
+      Write(name, tell, 0755);
+    Write("applications/opener.desktop", Entry("\"" + Folder / "open it" + "\" %U"));
+    Write("applications/viewer.desktop",
+          Entry(Folder / "viewer" + " %F", "See & show") + "Icon=eye\n");
+    Write("applications/windowed.desktop", Entry(Folder / "windowed" + " --new %F"));
+    Write("applications/tool.desktop", Entry(Folder / "tool") + "Terminal=true\n");
+    Write("mimeapps.list",
+          "[Default Applications]\ntext/plain=opener.desktop\nimage/png=viewer.desktop\n"
+          "inode/directory=viewer.desktop\nx-scheme-handler/odd=opener.desktop\n"
+          "[Added Associations]\ntext/plain=viewer.desktop\n");
+  }
+  static std::string Entry(const std::string& command, const std::string& name = "x") {
+    return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + command + "\n";
+  }
+  void Write(const std::string& name, const std::string& content, mode_t mode = 0644) const {
+    std::ofstream(Folder / name) << content;
+    chmod((Folder / name).c_str(), mode);
+  }
+  // What the started program told; empty after ten seconds without it.
+  std::string Told(const std::string& program) const {
+    const std::string log = Folder / ("log." + program);
+    for (int wait = 0; wait < 1000 && access(log.c_str(), F_OK) != 0; ++wait) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    const std::string told = Get(log);
+    unlink(log.c_str());
+    return told;
+  }
+
+  const TempFolder Folder;
+};
+
+inline const TestDesktop desktop;
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTimer>
+
+#include "TestApplication.h"
+#include "ui/QtPopupMenus.h"
+
+namespace tarnwell::ui {
+namespace {
+
+using platform::ContextEntry;
+
+void Press(QWidget* popup, Qt::Key key) {
+  const auto letter = key < 128 ? QString(QChar(key)).toLower() : QString();
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, letter);
+  QCoreApplication::sendEvent(popup, &press);
+}
+
+void RightClick(QMenu& menu, const QPoint& place) {
+  for (const auto type :
+       {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    const bool down = type == QEvent::MouseButtonPress;
+    QMouseEvent event(type, place, menu.mapToGlobal(place),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::RightButton,
+                      down ? Qt::RightButton : Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&menu, &event);
+  }
+}
+
+ContextEntry Entry(int id, const std::string& caption) {
+  ContextEntry entry;
+  entry.Id = id;
+  entry.Caption = caption;
+  return entry;
+}
+
+class QtPopupMenusTest : public testing::Test {
+ protected:
+  QtPopupMenusTest() {
+    Window.setCentralWidget(new QWidget);
+    Window.resize(600, 400);
+    Window.show();
+    Menus.SetWindow(&Window);
+    Menu = Menus.Create();
+    EXPECT_TRUE(Menu->InsertOnTop(Entry(2, "&Delete")));
+    ContextEntry other = Entry(1, "");
+    other.IsSeparator = true;
+    EXPECT_TRUE(Menu->InsertOnTop(other));
+    other = Entry(7, "Open Wit&h");
+    other.Children = {Entry(8, "A && B\tC"), Entry(9, std::string(3000, 'x') + "&y")};
+    EXPECT_TRUE(Menu->InsertOnTop(other));
+    other = Entry(5, "&Paste");
+    other.Enabled = false;
+    EXPECT_TRUE(Menu->InsertOnTop(other));
+    other = Entry(4, "&Open");
+    other.IsDefault = true;
+    EXPECT_TRUE(Menu->InsertOnTop(other));
+  }
+  // What Track gives when `act` is done with the menu that is up.
+  int Track(const std::function<void(QMenu&)>& act) {
+    QTimer::singleShot(0, &Window, [this, &act] {
+      Shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(Shown, nullptr);
+      act(*Shown);
+    });
+    return Menu->Track(20, 30);
+  }
+  static QWidget* Popup() { return QApplication::activePopupWidget(); }
+
+  QApplication& App = TestApplication();
+  QMainWindow Window;
+  const IconSource Icons{QString()};
+  QtPopupMenus Menus{Icons};
+  std::unique_ptr<platform::PopupMenu> Menu;
+  QMenu* Shown = nullptr;
+};
+
+TEST_F(QtPopupMenusTest, ShowsEntriesAndGivesTheNumberOfTheChosenOne) {
+  const int byKeys = Track([this](QMenu& menu) {
+    EXPECT_EQ(menu.pos(), Window.centralWidget()->mapToGlobal(QPoint(20, 30)));
+    const QList<QAction*> entries = menu.actions();
+    ASSERT_EQ(entries.size(), 5);
+    EXPECT_EQ(entries[0]->text(), "&Open");
+    EXPECT_EQ(menu.defaultAction(), entries[0]);
+    EXPECT_FALSE(entries[1]->isEnabled());
+    EXPECT_TRUE(entries[3]->isSeparator());
+    const QList<QAction*> inner = entries[2]->menu()->actions();
+    EXPECT_EQ(inner[0]->text(), QString::fromUtf8("A && B\xE2\x90\x89"
+                                                  "C"));
+    EXPECT_LT(entries[2]->menu()->sizeHint().width(), Window.screen()->availableSize().width());
+    EXPECT_GT(inner[1]->toolTip().size(), 3000);
+    const QAccessibleInterface* access = QAccessible::queryAccessibleInterface(&menu);
+    EXPECT_EQ(access->child(2)->text(QAccessible::Name), "Open With");
+    Press(&menu, Qt::Key_H);
+    Press(Popup(), Qt::Key_Return);
+  });
+  EXPECT_EQ(byKeys, 8);
+  EXPECT_EQ(Track([](QMenu& menu) {
+              Press(&menu, Qt::Key_P);
+              menu.close();
+            }),
+            0);
+  EXPECT_EQ(
+      Track([](QMenu& menu) { RightClick(menu, menu.actionGeometry(menu.actions()[4]).center()); }),
+      2);
+  EXPECT_EQ(Track([](QMenu& menu) { Press(&menu, Qt::Key_Escape); }), 0);
+}
+
+TEST_F(QtPopupMenusTest, GivesWayToTheEndOfTheProgram) {
+  bool ended = false;
+  Menus.CloseThen([&ended] { ended = true; });
+  EXPECT_TRUE(std::exchange(ended, false));
+  EXPECT_EQ(Track([&](QMenu& menu) {
+              Press(&menu, Qt::Key_H);
+              Menus.CloseThen([&ended] { ended = true; });
+              EXPECT_FALSE(ended);
+            }),
+            0);
+  EXPECT_FALSE(ended);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(ended);
+  EXPECT_EQ(Popup(), nullptr);
+  // The window waits for the menu.
+  EXPECT_EQ(Track([this](QMenu&) {
+              Window.close();
+              EXPECT_TRUE(Window.isVisible());
+            }),
+            0);
+  EXPECT_TRUE(Window.isVisible());
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(Window.isVisible());
+  // And it may take the menu along.
+  auto other = std::make_unique<QMainWindow>();
+  other->setCentralWidget(new QWidget);
+  Menus.SetWindow(other.get());
+  Menu = Menus.Create();
+  EXPECT_TRUE(Menu->InsertOnTop(Entry(1, "x")));
+  EXPECT_EQ(Track([&other](QMenu&) { other.reset(); }), 0);
+  EXPECT_EQ(Menus.Create(), nullptr);
+  EXPECT_FALSE(Menu->InsertOnTop(Entry(1, "x")));
+}
+
+}  // namespace
+}  // namespace tarnwell::ui
