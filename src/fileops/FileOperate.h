@@ -12,9 +12,6 @@
 
 namespace tarnwell::fileops {
 
-// A drag that did not begin in one of the program's lists.
-inline constexpr lister::ListId ForeignList = -2;
-
 class FileOperations {
  public:
   FileOperations(workspace::Workspace& workspace, const base::PathSyntax& syntax,

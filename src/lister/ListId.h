@@ -11,6 +11,7 @@ using ListId = std::int16_t;
 inline constexpr int PaneCount = 5;
 inline constexpr ListId FileListOffset = 100;
 inline constexpr ListId NoList = -1;
+inline constexpr ListId ForeignList = -2;  // where a drag began that came from another program
 
 constexpr bool IsFileList(ListId list) {
   return list >= FileListOffset;

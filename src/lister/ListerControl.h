@@ -396,11 +396,17 @@ class ListerControl : public forms::Control {
   // leads nowhere, and one whose folder is gone is told by StatusMessage.
   std::string Bookmark(int slot) const;
   void GoToBookmark(int slot);
-  // What is dragged lies over the row, or over empty space; where it may be dropped.
+  // The folder that takes what is dropped on the row, or on empty space; empty for none.
+  std::string DropTarget(RowId row) const;
+  // Whether the items may be dropped into the folder. Items and action as a Drop has them.
+  bool TakesDrop(const std::string& folder, const std::string& items,
+                 std::string_view action) const;
+  // What is dragged lies over the row, or over empty space, and may be dropped there.
   void DragOver(RowId row);
   void DragLeft();
-  void DropOn(RowId row, const Drop& drop);
-  void DragFinished(const MouseEvent& event);
+  // `folder`: the DropTarget of the place as the button came up. A drop without a text for showing
+  // gets one.
+  void DropOn(const std::string& folder, Drop drop);
 
  private:
   struct Parts;

@@ -35,9 +35,9 @@ struct RightClick {
 // Items: full paths, each ended by a NUL. Action: "copy", "move", or empty when the user is to be
 // asked.
 struct Drop {
-  std::string Items;
-  std::string SourceText;
-  std::string Action;
+  std::string Items = {};
+  std::string SourceText = {};
+  std::string Action = {};
   ListId Source = NoList;  // the list that the drag began in, if it was one of this program
 };
 

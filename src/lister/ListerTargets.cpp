@@ -1,4 +1,5 @@
 // The part of ListerControl that says what an action works on.
+#include "lister/DropRules.h"
 #include "lister/ListerParts.h"
 
 namespace tarnwell::lister {
@@ -31,18 +32,13 @@ std::string ListerControl::FirstSelected() {
   const ListState& state = parts_->State;
   parts_->ActiveItemName.clear();
   std::int32_t position = 0;
-  std::string names, only;
   for (RowId row = NoRow; (row = parts_->Body->Input().NextSelected(position)) != NoRow;) {
     // No operation may get hold of a whole drive.
     if (parts_->IsDriveRoot(row)) return state.Drive + ":";
-    const std::string path = PathOf(row);
-    parts_->ActiveItemName += path + '\0';
-    only = names.empty() ? path : "";
-    if (!names.empty()) names += ", ";
-    names += state.Syntax.LastComponent(path);
+    parts_->ActiveItemName += PathOf(row) + '\0';
   }
-  if (!names.empty()) parts_->ActiveItemName += '\0';
-  return only.empty() ? names : only;
+  if (!parts_->ActiveItemName.empty()) parts_->ActiveItemName += '\0';
+  return TextOfItems(parts_->ActiveItemName, state.Syntax);
 }
 
 std::string ListerControl::NextSelected() {

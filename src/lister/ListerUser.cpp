@@ -1,4 +1,5 @@
 // The part of ListerControl that the widget tells of mouse, keys and buttons.
+#include "lister/DropRules.h"
 #include "lister/ListerParts.h"
 
 namespace tarnwell::lister {
@@ -115,19 +116,23 @@ void ListerControl::DragLeft() {
   SetDragGraphicsOn(false);
 }
 
-void ListerControl::DropOn(RowId row, const Drop& drop) {
+std::string ListerControl::DropTarget(RowId row) const {
+  if (parts_->IsFolder(row)) return PathOf(row);
+  return IsFileList(id_) ? parts_->State.Folder : "";
+}
+
+bool ListerControl::TakesDrop(const std::string& folder, const std::string& items,
+                              std::string_view action) const {
+  return !MouseLocked && MayDrop(items, folder, action, parts_->State.Syntax);
+}
+
+void ListerControl::DropOn(const std::string& folder, Drop drop) {
   DragLeft();
+  if (drop.SourceText.empty()) drop.SourceText = TextOfItems(drop.Items, parts_->State.Syntax);
   if (drop.Items.empty() && drop.Source == NoList) return;
-  const std::string folder = parts_->IsFolder(row) ? PathOf(row)
-                             : IsFileList(id_)     ? parts_->State.Folder
-                                                   : "";
   parts_->DropFolder = folder.empty() ? "" : parts_->State.Syntax.AddSeparator(folder);
   if (drop.Source != NoList) parts_->State.Events.DropSourceSet(drop.Source);
   parts_->State.Events.ItemsDropped(id_, drop);
-}
-
-void ListerControl::DragFinished(const MouseEvent& event) {
-  parts_->Body->Input().DragFinished(event);
 }
 
 }  // namespace tarnwell::lister

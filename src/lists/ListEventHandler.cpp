@@ -159,6 +159,10 @@ void ListEventHandler::CommandTextAsked(lister::ListId, const std::string& text)
   workspace_.Form.Touch();
 }
 
+void ListEventHandler::ItemsDropped(lister::ListId list, const lister::Drop& drop) {
+  requests_.DropItems(list, drop);
+}
+
 void ListEventHandler::DropSourceSet(lister::ListId list) {
   workspace_.DragSourceList = list;
 }

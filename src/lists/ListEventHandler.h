@@ -62,6 +62,7 @@ class ListEventHandler : public lister::ListerEvents {
   void MouseLockAsked(lister::ListId list, bool& locked) override;
   void CloseAsked(lister::ListId list) override;
   void CommandTextAsked(lister::ListId list, const std::string& text) override;
+  void ItemsDropped(lister::ListId list, const lister::Drop& drop) override;
   void DropSourceSet(lister::ListId list) override;
   // Throws std::out_of_range for a slot that there is not.
   void BookmarkAsked(lister::ListId list, std::int16_t& slot, std::string& path) override;

@@ -89,6 +89,19 @@ struct NoTrashAnswer {
   bool ForAll = false;
 };
 
+// The volume that an item is moved to cannot keep its access list, or extended attributes that are
+// the user's own. What a copy cannot keep is still at the source, and not asked about.
+enum class LossChoice {
+  MoveAnyway,
+  Skip,  // the item stays where it is
+  Cancel,
+};
+
+struct LossAnswer {
+  LossChoice Choice = LossChoice::Skip;
+  bool ForAll = false;
+};
+
 enum class MissingFolderChoice { Make, Cancel };
 
 // Hears of progress and answers the questions of one operation. All calls come from the thread that
@@ -111,6 +124,7 @@ class OperationUser {
     return TroubleChoice::Skip;
   }
   virtual NoTrashAnswer OnNoTrash(const std::string& /*path*/) { return {}; }
+  virtual LossAnswer OnLoss(const std::string& /*path*/) { return {}; }
   // The target folder does not exist.
   virtual MissingFolderChoice OnMissingFolder(const std::string& /*path*/) {
     return MissingFolderChoice::Make;

@@ -101,13 +101,16 @@ Master::Master(const Services& services, Splash& splash)
           messages_,
           {newFolder_, rename_, duplicate_, operations_, delete_, services_.Launcher,
            [this] { OpenCommandLine(); }}),
+      drop_(space_, services_.Files.Syntax(), operations_, services_.Host, dialogFields_),
       events_(space_, layout_, navigation_, messages_,
               {.Close = [this] { Exit(); },
                .CreateNewFolder = [this] { newFolder_.CreateNewFolder(true); },
                .ShowContextMenu =
                    [this](float x, float y, const std::string& clicked, const std::string& path) {
                      contextMenu_.ShowForClick(x, y, clicked, path);
-                   }}),
+                   },
+               .DropItems = [this](lister::ListId list,
+                                   const lister::Drop& drop) { drop_.DropItems(list, drop); }}),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_),
       commands_({space_, panes_, layout_, listCommands_, switches_, comparison_, skin_, *this}),

@@ -8,6 +8,7 @@
 #include "commands/Keyboard.h"
 #include "commands/Switches.h"
 #include "fileops/DeleteSelection.h"
+#include "fileops/DropItems.h"
 #include "fileops/DuplicateItems.h"
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
@@ -150,6 +151,7 @@ class Master : private workspace::PaneHooks,
   fileops::DeleteCommand delete_;
   fileops::DuplicateCommand duplicate_;
   shellmenu::ContextMenuCommand contextMenu_;
+  fileops::DropCommand drop_;
   lists::ListEventHandler events_;
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;

@@ -34,4 +34,28 @@ QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colour
   return picture;
 }
 
+QPixmap AskPointer(double pixelRatio) {
+  constexpr int side = 56;
+  QPixmap picture(QSize(side, side) * pixelRatio);
+  picture.setDevicePixelRatio(pixelRatio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(side / 2.0, side / 2.0);
+  const QPointF arrow[] = {{0, 0}, {0, 15}, {3.5, 12}, {6, 17.5}, {8.5, 16.5}, {6, 11}, {10.5, 11}};
+  painter.setPen(QPen(Qt::white, 1));
+  painter.setBrush(Qt::black);
+  painter.drawPolygon(arrow, std::size(arrow));
+  const QRectF badge(10, 13, 13, 13);
+  painter.setPen(QPen(Qt::black, 1));
+  painter.setBrush(Qt::white);
+  painter.drawRoundedRect(badge, 2, 2);
+  QFont font;
+  font.setPixelSize(11);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.drawText(badge, Qt::AlignCenter, QStringLiteral("?"));
+  return picture;
+}
+
 }  // namespace tarnwell::ui

@@ -13,4 +13,7 @@ namespace tarnwell::ui {
 QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colours,
                     const QFont& font, double pixelRatio);
 
+// An arrow with a question mark: whoever drops here is asked what to do. Its tip is in the middle.
+QPixmap AskPointer(double pixelRatio);
+
 }  // namespace tarnwell::ui

@@ -223,6 +223,10 @@ int ListerToolbar::RowHeight(const QFontMetrics& font) {
   return std::max(ButtonSide, font.height() + 8) + 4;
 }
 
+QWidget& ListerToolbar::UpButton() const {
+  return *buttons_[Up];
+}
+
 void ListerToolbar::EnterFilter() {
   filter_->setFocus();
   filter_->selectAll();

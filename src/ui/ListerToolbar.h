@@ -48,6 +48,7 @@ class ListerToolbar : public QWidget {
   void ShowFilter();
   void ShowStyle();
   QSize sizeHint() const override;
+  QWidget& UpButton() const;
   // Gives the field for the filter the keyboard.
   void EnterFilter();
 

@@ -181,6 +181,22 @@ int ListerTree::sizeHintForColumn(int column) const {
   return width;
 }
 
+// --- Dragging
+
+void ListerTree::MarkWhole(bool on) {
+  if (std::exchange(wholeMarked_, on) != on) viewport()->update();
+}
+
+void ListerTree::WhenDragEnds(std::function<void()> work) {
+  if (drag_ == nullptr) return work();
+  afterDrag_ = std::move(work);
+}
+
+void ListerTree::EndDrag() {
+  drag_ = nullptr;
+  if (const auto work = std::exchange(afterDrag_, {})) work();
+}
+
 // --- What the user does
 
 bool ListerTree::event(QEvent* event) {
@@ -292,6 +308,10 @@ void ListerTree::resizeEvent(QResizeEvent* event) {
 
 void ListerTree::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
+  if (wholeMarked_ && control_.DragGraphicsOn()) {
+    QPainter painter(viewport());
+    PaintTarget(painter, viewport()->rect());
+  }
   if (!mouse_.IsDown() || control_.CurrentMouseAction() != MouseAction::Band) return;
   QPainter painter(viewport());
   PaintBand(painter);
@@ -303,6 +323,15 @@ void ListerTree::PaintBand(QPainter& painter) const {
   painter.setPen(style_.ItemOutline);
   painter.setBrush(fill);
   painter.drawRect(mouse_.Band().intersected(viewport()->rect().adjusted(-9, -9, 9, 9)));
+}
+
+void ListerTree::PaintTarget(QPainter& painter, const QRect& area) const {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(style_.ItemOutline, 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(area).adjusted(2, 2, -2, -2), 3, 3);
+  painter.restore();
 }
 
 void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
@@ -340,14 +369,7 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                       style_.Bars[static_cast<std::size_t>(state.Look.Colour)]);
   }
 
-  if (state.Look.IsTarget) {
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(style_.ItemOutline, 2));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(row).adjusted(2, 2, -2, -2), 3, 3);
-    painter->restore();
-  }
+  if (state.Look.IsTarget) PaintTarget(*painter, row);
 
   if (currentIndex().siblingAtColumn(NameColumn) != name) return;
   if (hasFocus()) {

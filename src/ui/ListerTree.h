@@ -11,6 +11,8 @@
 #include "ui/ListerStyle.h"
 #include "ui/WheelNotches.h"
 
+class QDrag;
+
 namespace tarnwell::ui {
 
 class ListerDelegate;
@@ -58,6 +60,15 @@ class ListerTree : public QTreeView {
   // How far the rows are scrolled, in pixels.
   QPoint Scrolled() const;
 
+  // The list as a whole is what would take what is dragged, while the control shows such marks.
+  void MarkWhole(bool on);
+  // What is selected here is dragged: runs the work once that is over, now if it is not.
+  void WhenDragEnds(std::function<void()> work);
+  void BeginDrag(QDrag& drag) { drag_ = &drag; }
+  void EndDrag();
+  QDrag* RunningDrag() const { return drag_; }
+  lister::ListId Id() const { return control_.Id(); }
+
   // Asked when Escape goes down, ahead of the window, which has it as a shortcut: true if the list
   // had a use for it.
   std::function<bool()> TakesEscape;
@@ -103,6 +114,7 @@ class ListerTree : public QTreeView {
   const ListerDelegate& Delegate() const;
   int Indent(const QModelIndex& index) const;
   void PaintBand(QPainter& painter) const;
+  void PaintTarget(QPainter& painter, const QRect& area) const;
 
   const lister::ListerControl& control_;
   const ListerStyle& style_;
@@ -111,6 +123,9 @@ class ListerTree : public QTreeView {
   QPersistentModelIndex top_;
   bool topHeld_ = false;
   bool currentHeld_ = false;
+  bool wholeMarked_ = false;
+  QDrag* drag_ = nullptr;
+  std::function<void()> afterDrag_;
   bool escapeTaken_ = false;  // and its key press is still to come
   WheelNotches wheel_;
 };

@@ -69,6 +69,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
           [this] { Queue([this] { control_.CatchUp(); }); });
   ConnectTree();
   ConnectMouse();
+  ConnectDrop();
   ConnectHeader();
 
   control_.View = this;

@@ -23,6 +23,7 @@ class QLabel;
 namespace tarnwell::ui {
 
 class ListerDrives;
+class ListerDrop;
 class ListerHeader;
 class ListerLegend;
 class ListerModel;
@@ -93,6 +94,7 @@ class ListerWidget : public QWidget,
   void BuildToolbar();
   void ConnectTree();
   void ConnectMouse();
+  void ConnectDrop();
   void ConnectHeader();
   void TellFocus();
   void PlaceChildren();
@@ -131,6 +133,7 @@ class ListerWidget : public QWidget,
   ListerDrives* drives_ = nullptr;    // folder lists only
   ListerToolbar* toolbar_ = nullptr;  // file lists only
   ListerTree* tree_;
+  ListerDrop* drop_;
   ListerHeader* header_;
   QLabel* status_;
   ListerLegend* legend_ = nullptr;  // file lists only

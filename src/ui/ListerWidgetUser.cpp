@@ -11,6 +11,7 @@
 #include "ui/FileUris.h"
 #include "ui/ListerDrag.h"
 #include "ui/ListerDrives.h"
+#include "ui/ListerDrop.h"
 #include "ui/ListerHeader.h"
 #include "ui/ListerKeys.h"
 #include "ui/ListerModel.h"
@@ -123,6 +124,30 @@ void ListerWidget::ConnectMouse() {
   connect(mouse, &ListerMouse::Hovered, this, [this, mouse] {
     if (control_.View == this) control_.SetHoverGraphicsOn(mouse->Pointer().has_value());
   });
+}
+
+void ListerWidget::ConnectDrop() {
+  drop_ = new ListerDrop(control_, *tree_, this);
+  if (toolbar_) drop_->WatchUpButton(toolbar_->UpButton());
+  connect(model_, &QAbstractItemModel::modelReset, drop_, &ListerDrop::Reconsider);
+  connect(model_, &QAbstractItemModel::rowsInserted, drop_, &ListerDrop::Reconsider);
+  connect(model_, &QAbstractItemModel::rowsRemoved, drop_, &ListerDrop::Reconsider);
+  connect(model_, &QAbstractItemModel::layoutChanged, drop_, &ListerDrop::Reconsider);
+  connect(drop_, &ListerDrop::UpAsked, this, [this] { Queue([this] { control_.UpButton(); }); });
+  connect(drop_, &ListerDrop::OpenAsked, this, [this](const QPersistentModelIndex& folder) {
+    if (!fileList_) return tree_->expand(folder);
+    Queue([this, folder] {
+      if (folder.isValid()) control_.Activate(ListerModel::RowOf(folder));
+    });
+  });
+  connect(drop_, &ListerDrop::Dropped, this,
+          [this](const std::string& folder, const lister::Drop& drop) {
+            Queue([this, folder, drop] {
+              // The drag came from another program's window.
+              if (drop.Source == lister::NoList) window()->activateWindow();
+              control_.DropOn(folder, drop);
+            });
+          });
 }
 
 void ListerWidget::ConnectHeader() {
@@ -257,23 +282,32 @@ void ListerWidget::RunDrag() {
   const std::string items = control_.ActiveItemName();
   const std::vector<std::string_view> paths = SplitItems(items);
   tree_->Mouse().Forget();
+  tree_->Mouse().Leave();
   const QPointer<ListerWidget> alive(this);
   if (!paths.empty()) {
-    const QIcon icon =
-        tree_->currentIndex().siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
+    const std::vector<lister::RowRange> selected = control_.SelectedRanges();
+    const QModelIndex first =
+        selected.empty() ? tree_->currentIndex() : model_->index(selected.front().First, 0);
+    const QIcon icon = first.siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
     auto* const drag = new QDrag(tree_);  // Qt deletes it
     drag->setMimeData(MimeDataOf(paths).release());
     drag->setPixmap(
         DragPicture(icon, paths.size(), style_.List, font(), tree_->devicePixelRatioF()));
-    drag->setHotSpot(QPoint(-12, -8));
+    // Below the row that the pointer is on.
+    drag->setHotSpot(QPoint(-8, -tree_->RowHeight()));
+    tree_->BeginDrag(*drag);
+    // What other programs do with the items is theirs to do, also to take the old ones away.
     drag->exec(Qt::CopyAction | Qt::MoveAction | Qt::LinkAction, Qt::CopyAction);
   }
   if (!alive || control_.View != this) return;
   const QPoint place = mapFromGlobal(QCursor::pos());
-  control_.DragFinished({.Button = 1,
-                         .Shift = ShiftOf(QGuiApplication::queryKeyboardModifiers()),
-                         .X = static_cast<float>(ToTwips(place.x())),
-                         .Y = static_cast<float>(ToTwips(place.y()))});
+  lister::RowPointer at;
+  at.Event = {.Button = 1,
+              .Shift = ShiftOf(QGuiApplication::queryKeyboardModifiers()),
+              .X = static_cast<float>(ToTwips(place.x())),
+              .Y = static_cast<float>(ToTwips(place.y()))};
+  control_.MouseUp(at);
+  if (alive) tree_->EndDrag();
 }
 
 }  // namespace tarnwell::ui

@@ -131,6 +131,10 @@ platform::NoTrashAnswer OperationMailbox::OnNoTrash(const std::string& path) {
                                       {.Choice = platform::NoTrashChoice::Cancel});
 }
 
+platform::LossAnswer OperationMailbox::OnLoss(const std::string& path) {
+  return Ask<platform::LossAnswer>(LossQuestion{path}, {.Choice = platform::LossChoice::Cancel});
+}
+
 platform::MissingFolderChoice OperationMailbox::OnMissingFolder(const std::string& path) {
   return Ask(MissingFolderQuestion{path}, platform::MissingFolderChoice::Cancel);
 }

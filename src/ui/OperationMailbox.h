@@ -30,13 +30,17 @@ struct ConflictQuestion {
 struct NoTrashQuestion {
   std::string Path;
 };
+struct LossQuestion {
+  std::string Path;
+};
 struct MissingFolderQuestion {
   std::string Path;
 };
 using OperationQuestion = std::variant<ConflictQuestion, platform::OperationTrouble,
-                                       NoTrashQuestion, MissingFolderQuestion>;
-using OperationAnswer = std::variant<platform::ConflictAnswer, platform::TroubleChoice,
-                                     platform::NoTrashAnswer, platform::MissingFolderChoice>;
+                                       NoTrashQuestion, LossQuestion, MissingFolderQuestion>;
+using OperationAnswer =
+    std::variant<platform::ConflictAnswer, platform::TroubleChoice, platform::NoTrashAnswer,
+                 platform::LossAnswer, platform::MissingFolderChoice>;
 
 // The texts of `Numbers` are in `From` and `To` instead.
 struct ProgressNote {
@@ -72,6 +76,7 @@ class OperationMailbox : public platform::OperationUser {
   platform::ConflictAnswer OnConflict(const platform::OperationConflict& conflict) override;
   platform::TroubleChoice OnTrouble(const platform::OperationTrouble& trouble) override;
   platform::NoTrashAnswer OnNoTrash(const std::string& path) override;
+  platform::LossAnswer OnLoss(const std::string& path) override;
   platform::MissingFolderChoice OnMissingFolder(const std::string& path) override;
 
  private:

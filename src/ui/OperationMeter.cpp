@@ -13,6 +13,9 @@ constexpr OperationMeter::Ticks SpeedSpan = 3000;
 constexpr OperationMeter::Ticks LeftSpan = 20000;
 // Before that any number would be a guess.
 constexpr OperationMeter::Ticks LeastSpan = 1000;
+// How many bytes could be copied while a file is made: about this many on disks, sticks and shares
+// alike, for what is fast at the one is so at the other.
+constexpr std::uint64_t BytesPerItem = 128 << 10;
 constexpr double LongestWait = 100.0 * 24 * 3600;  // seconds
 
 constexpr std::uint64_t RoundedUp(std::uint64_t number, std::uint64_t step) {
@@ -21,9 +24,13 @@ constexpr std::uint64_t RoundedUp(std::uint64_t number, std::uint64_t step) {
 
 }  // namespace
 
+std::uint64_t OperationMeter::WorkOf(std::uint64_t bytes, std::uint64_t items) {
+  return bytes + items * BytesPerItem;
+}
+
 void OperationMeter::Note(Ticks now, std::uint64_t bytes, std::uint64_t items) {
   if (pausedAt_) return;
-  samples_.push_back({now - pausedFor_, bytes, items});
+  samples_.push_back({now - pausedFor_, bytes, WorkOf(bytes, items)});
   // One older than the span stays, for the rate to reach over all of it.
   while (samples_.size() > 2 && samples_.back().At - samples_[1].At >= LeftSpan) {
     samples_.pop_front();
@@ -56,11 +63,10 @@ std::uint64_t OperationMeter::BytesPerSecond() const {
 
 std::optional<std::uint64_t> OperationMeter::SecondsLeft(std::uint64_t bytesTotal,
                                                          std::uint64_t itemsTotal) const {
-  const auto count = bytesTotal > 0 ? &Sample::Bytes : &Sample::Items;
-  const std::uint64_t total = bytesTotal > 0 ? bytesTotal : itemsTotal;
-  const double rate = Rate(count, LeftSpan);
+  const std::uint64_t total = WorkOf(bytesTotal, itemsTotal);
+  const double rate = Rate(&Sample::Work, LeftSpan);
   if (rate <= 0) return std::nullopt;
-  const std::uint64_t done = std::min(samples_.back().*count, total);
+  const std::uint64_t done = std::min(samples_.back().Work, total);
   return static_cast<std::uint64_t>(
       std::ceil(std::min(static_cast<double>(total - done) / rate, LongestWait)));
 }

@@ -22,8 +22,8 @@ class OperationMeter {
 
   // Over the last few seconds; 0 as long as nothing can be said.
   std::uint64_t BytesPerSecond() const;
-  // By bytes, or by items where `bytesTotal` is 0. Nothing as long as nothing can be said, and
-  // while the work stands still.
+  // By bytes and items, since making a file costs time whatever its size. Nothing as long as
+  // nothing can be said, and while the work stands still.
   std::optional<std::uint64_t> SecondsLeft(std::uint64_t bytesTotal,
                                            std::uint64_t itemsTotal) const;
 
@@ -31,8 +31,9 @@ class OperationMeter {
   struct Sample {
     Ticks At;  // working time
     std::uint64_t Bytes;
-    std::uint64_t Items;
+    std::uint64_t Work;
   };
+  static std::uint64_t WorkOf(std::uint64_t bytes, std::uint64_t items);
   double Rate(std::uint64_t Sample::*count, Ticks span) const;  // a second
 
   std::deque<Sample> samples_;  // the newest at the end

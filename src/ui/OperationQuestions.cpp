@@ -8,6 +8,8 @@
 namespace tarnwell::ui {
 namespace {
 
+using platform::LossAnswer;
+using platform::LossChoice;
 using platform::MissingFolderChoice;
 using platform::NoTrashAnswer;
 using platform::NoTrashChoice;
@@ -79,6 +81,29 @@ std::unique_ptr<QuestionWindow> WindowOf(const NoTrashQuestion& question,
   add("&Delete for Good", Role::Plain, NoTrashChoice::DeleteForGood);
   add("&Skip", Role::Default, NoTrashChoice::Skip);
   add("Ca&ncel", Role::Cancel, NoTrashChoice::Cancel);
+  return window;
+}
+
+std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question, const OperationTools& tools,
+                                         TakeAnswer take) {
+  auto window = std::make_unique<QuestionWindow>(
+      QStringLiteral("Something Would Be Lost"),
+      QStringLiteral("The drive there cannot keep all that belongs to this item."),
+      tools.Icons.Own("warning"));
+  AddItem(*window, question.Path, tools);
+  window->AddText(
+      QStringLiteral("Moved there, it keeps its content, but loses its access list or "
+                     "its attributes: colour, comment and the like."));
+  const QCheckBox& check =
+      window->AddCheck(QStringLiteral("Do the same with a&ll other items like this"));
+  const auto add = [&](const char* caption, Role role, LossChoice choice) {
+    window->AddButton(QString::fromLatin1(caption), role, [take, choice, &check] {
+      take(LossAnswer{choice, check.isChecked()});
+    });
+  };
+  add("&Move Anyway", Role::Plain, LossChoice::MoveAnyway);
+  add("&Skip", Role::Default, LossChoice::Skip);
+  add("Ca&ncel", Role::Cancel, LossChoice::Cancel);
   return window;
 }
 

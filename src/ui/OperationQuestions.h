@@ -20,6 +20,8 @@ std::unique_ptr<QuestionWindow> WindowOf(const platform::OperationTrouble& troub
                                          const OperationTools& tools, TakeAnswer take);
 std::unique_ptr<QuestionWindow> WindowOf(const NoTrashQuestion& question,
                                          const OperationTools& tools, TakeAnswer take);
+std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question, const OperationTools& tools,
+                                         TakeAnswer take);
 std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
                                          const OperationTools& tools, TakeAnswer take);
 

@@ -56,10 +56,10 @@ struct Workspace {
   lister::ListId EnteredList = lister::NoList;  // the list of the last ListFocused
   std::int16_t ActiveItem = 0;  // number of the item that had the focus last, from the top
   bool SpaceHeld = false;       // from Space down in a list until it comes up
-  lister::ListId DragSourceList = lister::NoList;  // the list that a drag came from
-  lister::ListId ClearedList = lister::NoList;     // the list of the last ClearGraphics
-  std::int16_t InitialActivePane = -1;             // first open pane at start, -1 for none
-  std::int16_t PreviousActivePane = -99;           // the pane that auto expand saw last
+  lister::ListId DragSourceList = lister::ForeignList;  // the list that a drop comes from
+  lister::ListId ClearedList = lister::NoList;          // the list of the last ClearGraphics
+  std::int16_t InitialActivePane = -1;                  // first open pane at start, -1 for none
+  std::int16_t PreviousActivePane = -99;                // the pane that auto expand saw last
 
   base::Twips PaneGap = 0;             // thickness of a splitter bar
   base::Twips CommandStripHeight = 0;  // kept free under the panes for the command line

@@ -88,12 +88,12 @@ class Control:
     def place(self):
         return self.node.get_extents(Atspi.CoordType.SCREEN)
 
-    def click(self, times=1, x=None):
-        """Presses the left button in the middle, or `x` pixels from the left edge."""
+    def click(self, times=1, x=None, button=1):
+        """Presses the button in the middle, or `x` pixels from the left edge."""
         place = self.place()
         across = place.width // 2 if x is None else x
         run("xdotool", "mousemove", place.x + across, place.y + place.height // 2,
-            "click", "--repeat", times, "--delay", 40, 1)
+            "click", "--repeat", times, "--delay", 40, button)
 
 
 class List(Control):
@@ -311,6 +311,15 @@ class EndToEndTest(unittest.TestCase):
     def wait_names(self, program, names, pane=1):
         wait_for(f"files {sorted(names)} in pane {pane}",
                  lambda: sorted(program.files(pane).names()) == sorted(names))
+
+    def answer(self, title, *names):
+        """Presses the keys in the dialog of that title."""
+        number = wait_for(f"the dialog {title}", lambda: run(
+            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
+        wait_for("it to be active", lambda: run("xdotool", "getactivewindow") in number.split())
+        keys(*names)
+        wait_for("it to close", lambda: not run(
+            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
 
     def check_clean_end(self):
         self.assertFalse(self.marker.exists(), "the run marker is still there")

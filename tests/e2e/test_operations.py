@@ -1,23 +1,16 @@
 """Items are renamed and deleted by keys, and nothing else on the disk changes."""
 
+import os
+import signal
 import unittest
 
-from harness import EndToEndTest, keys, run, wait_for
+from harness import EndToEndTest, keys, wait_for
 
 
 class OperationsTest(EndToEndTest):
     def select(self, program, name):
         program.files().row(name).click(x=60)
         wait_for(f"{name} to be selected", lambda: "1 selected" in program.status("files"))
-
-    def answer(self, title, *names):
-        """Presses the keys in the dialog of that title."""
-        number = wait_for(f"the dialog {title}", lambda: run(
-            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
-        wait_for("it to be active", lambda: run("xdotool", "getactivewindow") in number.split())
-        keys(*names)
-        wait_for("it to close", lambda: not run(
-            "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
 
     def test_rename_and_delete(self):
         for name in ("keep.txt", "old.tar.gz", "waste"):
@@ -55,6 +48,27 @@ class OperationsTest(EndToEndTest):
         self.assertTrue((self.home / "old.tarx.gz").exists())
         self.close_clean(program)
         self.assertEqual((self.home / "keep.txt").read_text(), "keep.txt")
+
+    def test_a_signal_cuts_long_work_short(self):
+        first = self.home / "first"
+        first.write_text("kept")
+        for number in range(3):
+            folder = self.home / f"many/{number}"
+            folder.mkdir(parents=True)
+            (folder / "0").write_text("")
+            for name in range(1, 50_000):
+                os.link(folder / "0", folder / str(name))
+        program = self.start()
+        self.select(program, "many")
+        keys("shift+Delete")
+        self.answer("File Operation", "Return")
+        wait_for("it to be under way", lambda: sum(
+            len(os.listdir(folder)) for folder in (self.home / "many").iterdir()) < 140_000)
+        program.signal(signal.SIGTERM)
+        self.assertEqual(program.wait_end(), 0)
+        self.check_clean_end()
+        self.assertEqual(first.read_text(), "kept")
+        self.assertTrue((self.home / "many").exists(), "it went on to the end")
 
 
 if __name__ == "__main__":

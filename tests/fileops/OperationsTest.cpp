@@ -84,7 +84,7 @@ TEST_F(OperationsTest, HandsThePlatformItemsTargetAndFlags) {
     EXPECT_TRUE(AllWatch());
   }
   // A drag from another program, onto a folder list.
-  Operations.FileOperate("copy", ForeignList, 1, "C:\\Other", true, items);
+  Operations.FileOperate("copy", lister::ForeignList, 1, "C:\\Other", true, items);
   EXPECT_EQ(Asked(), "2 C:\\Data\\one.txt;> C:\\Other\\;| 64");
   Operations.FileOperate("copy", lister::NoList, 101, "C:\\Other", false, items);
   EXPECT_TRUE(AllWatch());

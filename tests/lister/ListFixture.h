@@ -23,6 +23,7 @@ struct EventRecord : ListerEvents {
   bool SpaceHeld = false;
   std::string Bookmark;  // in every slot
   RightClick Clicked;    // the last
+  Drop Dropped;          // the last
 
   void FolderSelected(ListId list) override {
     Tell("FolderSelected", list);
@@ -74,7 +75,11 @@ struct EventRecord : ListerEvents {
     path = Bookmark;
   }
   void DropSourceSet(ListId list) override { Tell("DropSourceSet", list); }
-  void ItemsDropped(ListId, const Drop&) override { Tell("ItemsDropped"); }
+  void UpFolderButton(ListId) override { Tell("UpFolderButton"); }
+  void ItemsDropped(ListId, const Drop& drop) override {
+    Tell("ItemsDropped");
+    Dropped = drop;
+  }
   void Tell(const std::string& what) { Told.push_back(what); }
   void Tell(const std::string& what, const std::string& of) { Told.push_back(what + " " + of); }
   void Tell(const std::string& what, int number) { Tell(what, std::to_string(number)); }

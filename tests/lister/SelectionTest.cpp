@@ -3,6 +3,7 @@
 #include <set>
 
 #include "ListFixture.h"
+#include "lister/DropRules.h"
 #include "lister/FolderTree.h"
 #include "lister/ListInput.h"
 
@@ -207,7 +208,6 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
 
   // Several are dragged; a click without a drag breaks the selection up when the button comes up.
   Pull({2, 4, 5}, RowPart::Item);
-  List.DragFinished({});
   List.MouseUp({});
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "DragBegun",
                                   "DragMoved", "DragEnded", "MouseReleased"}));
@@ -334,13 +334,13 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   Events.Take();
   List.DragOver(Row(RootRow, "sub.d"));
   EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
-  List.DropOn(Row(RootRow, "sub.d"), {"C:\\x", "x", "copy", 100});
+  List.DropOn(List.DropTarget(Row(RootRow, "sub.d")), {"C:\\x", "x", "copy", 100});
   EXPECT_FALSE(List.Look(Row(RootRow, "sub.d")).IsTarget);
   EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
   EXPECT_EQ(List.DropFolder(), "C:\\box\\sub.d\\");
   List.EndDrop();
   EXPECT_EQ(List.DropFolder(), "");
-  List.DropOn(Row(RootRow, ".rc"), {"x", "x", "", NoList});
+  List.DropOn(List.DropTarget(Row(RootRow, ".rc")), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\box\\");
   // What the mouse took out of the selection, or a key has left behind, is not meant any more.
   List.SelectAll("none");
@@ -408,9 +408,9 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(Clicked() + Events.Clicked.Path, "1 C:\\+C:\\");
   EXPECT_FALSE(Events.Clicked.UsePath);
 
-  List.DropOn(Find("d"), {"x", "x", "", NoList});
+  List.DropOn(List.DropTarget(Find("d")), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\d\\");
-  List.DropOn(NoRow, {"x", "x", "", NoList});
+  List.DropOn(List.DropTarget(NoRow), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "");
 
   // Text that is typed while the branch with the cursor is still being read.
@@ -456,6 +456,29 @@ TEST_F(PosixFolderSelection, NamesTargetsByTheOtherSyntax) {
   EXPECT_EQ(Clicked() + List.TargetFolder(), "2 /+box/box/");
   List.MouseDown(On(FolderTree::TopRow, 2));
   EXPECT_EQ(Clicked() + List.TargetFolder(), "1 /+/");
+}
+
+TEST(DropRules, RefuseWhatWouldLoseOrChangeNothing) {
+  const base::PathSyntax& windows = base::PathSyntax::Windows();
+  const std::string items("C:\\a\\Sub\0C:\\a\\x\0", 16);
+  struct Case {
+    const char* Folder;
+    int Asks, Copies;  // whether a plain drop and one with Ctrl are taken
+  };
+  for (const Case& each : {Case{"C:\\b", 1, 1},
+                           {"C:\\A\\", 0, 1},
+                           {"C:\\a\\sub", 0, 0},
+                           {"C:\\a\\Sub\\Deep", 0, 0},
+                           {"C:\\a\\Sub2", 1, 1},
+                           {"C:\\", 1, 1},
+                           {"", 0, 0}}) {
+    EXPECT_EQ(MayDrop(items, each.Folder, "", windows), each.Asks) << each.Folder;
+    EXPECT_EQ(MayDrop(items, each.Folder, "move", windows), each.Asks) << each.Folder;
+    EXPECT_EQ(MayDrop(items, each.Folder, "copy", windows), each.Copies) << each.Folder;
+  }
+  EXPECT_TRUE(MayDrop(items + "C:\\b\\y" + '\0', "C:\\b", "", windows));  // not all are there
+  EXPECT_FALSE(MayDrop(std::string("C:\\\0", 4), "C:\\", "", windows));
+  EXPECT_FALSE(MayDrop("", "C:\\b", "copy", windows));
 }
 
 }  // namespace

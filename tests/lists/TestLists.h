@@ -21,6 +21,10 @@ class TestLists : public workspace::TestWorkspace {
                  .ShowContextMenu =
                      [this](float x, float y, const std::string& clicked, const std::string& path) {
                        if (OnContextMenu) OnContextMenu(x, y, clicked, path);
+                     },
+                 .DropItems =
+                     [this](lister::ListId list, const auto& drop) {
+                       if (OnDrop) OnDrop(list, drop);
                      }}) {}
 
   lister::ListerEvents& EventsOf() override {
@@ -48,6 +52,7 @@ class TestLists : public workspace::TestWorkspace {
       OnContextMenu;
   int Closed = 0;
   int NewFolders = 0;
+  std::function<void(lister::ListId, const lister::Drop&)> OnDrop;
   bool Connected = true;  // somebody hears what lists tell that are made from now on
 };
 

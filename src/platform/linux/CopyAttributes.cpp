@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::string_view accessList = "system.posix_acl_access";
 constexpr std::string_view defaultAccessList = "system.posix_acl_default";
+constexpr std::string_view ofUser = "user.";
 
 std::array<timespec, 2> TimesOf(const struct statx& item) {
   return {timespec{item.stx_atime.tv_sec, static_cast<long>(item.stx_atime.tv_nsec)},
@@ -34,19 +35,24 @@ std::string ListAttributes(int item) {
   return names;
 }
 
-void CopyAttribute(int from, int to, const char* name, std::string& value) {
+bool CopyAttribute(int from, int to, const char* name, std::string& value) {
   value.resize(XATTR_SIZE_MAX);
   const ssize_t length = fgetxattr(from, name, value.data(), value.size());
-  if (length < 0) return;
-  fsetxattr(to, name, value.data(), static_cast<std::size_t>(length), 0);
+  if (length < 0) return errno == ENODATA;  // gone since
+  return fsetxattr(to, name, value.data(), static_cast<std::size_t>(length), 0) == 0;
 }
 
-// A new item inherits access lists from its folder, which the original may not have. Tells whether
-// the original has any attributes.
-bool CopyExtended(int from, int to, bool mayInherit) {
+struct Extended {
+  bool HasAny = false;           // the original, that is
+  bool LosesAccessList = false;  // which told of more people than the permissions do
+  bool LosesOwn = false;         // the user's; those of the system differ by volume
+};
+
+// A new item inherits access lists from its folder, which the original may not have.
+Extended CopyExtended(int from, int to, bool mayInherit) {
   const std::string given = mayInherit ? ListAttributes(to) : std::string();
   const std::string wanted = ListAttributes(from);
-  if (given.empty() && wanted.empty()) return false;
+  if (given.empty() && wanted.empty()) return {};
   const auto names = [](const std::string& list, const auto& take) {
     for (const char* name = list.c_str(); name < list.data() + list.size();
          name += std::strlen(name) + 1) {
@@ -56,9 +62,19 @@ bool CopyExtended(int from, int to, bool mayInherit) {
   names(given, [&](const char* name) {
     if (name == accessList || name == defaultAccessList) fremovexattr(to, name);
   });
+  Extended result{.HasAny = !wanted.empty()};
   std::string value;
-  names(wanted, [&](const char* name) { CopyAttribute(from, to, name, value); });
-  return !wanted.empty();
+  names(wanted, [&](const char* name) {
+    if (CopyAttribute(from, to, name, value)) return;
+    result.LosesAccessList |= name == accessList;
+    result.LosesOwn |= std::string_view(name).starts_with(ofUser) || name == accessList ||
+                       name == defaultAccessList;
+  });
+  return result;
+}
+
+mode_t WithoutGroup(mode_t mode) {
+  return (mode & 07707U) | (mode & ((mode & 7U) << 3));
 }
 
 // The permissions that the copy is to have, once its owner has been set as far as the user may.
@@ -69,7 +85,7 @@ mode_t SetOwner(const struct statx& original, int to, const struct statx& copy) 
   if (original.stx_uid != copy.stx_uid) mode &= ~static_cast<mode_t>(S_ISUID);
   if (fchown(to, static_cast<uid_t>(-1), original.stx_gid) == 0) return mode;
   mode &= ~static_cast<mode_t>(S_ISGID);
-  return (mode & 07707U) | (mode & ((mode & 7U) << 3));
+  return WithoutGroup(mode);
 }
 
 }  // namespace
@@ -80,12 +96,16 @@ bool HandsDownAccessLists(int folder) {
 }
 
 int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
-                   bool mayInherit) {
-  const mode_t mode = SetOwner(original, to, copy);
-  const bool hasExtended = CopyExtended(from, to, mayInherit);
+                   bool mayInherit, bool& losesSome) {
+  mode_t mode = SetOwner(original, to, copy);
+  const Extended extended = CopyExtended(from, to, mayInherit);
+  losesSome = extended.LosesOwn;
+  // Beside an access list, what the permissions give the group is the most that anybody in the list
+  // gets.
+  if (extended.LosesAccessList) mode = WithoutGroup(mode);
   // Changed only where it may differ: file systems without permissions refuse any change. A new
   // owner clears the special bits, and an access list brings permissions of its own.
-  const bool differs = (copy.stx_mode & 07777U) != mode || (mode & 07000U) != 0 || hasExtended;
+  const bool differs = (copy.stx_mode & 07777U) != mode || (mode & 07000U) != 0 || extended.HasAny;
   if (differs && fchmod(to, mode) != 0 && errno != EPERM && errno != ENOTSUP && errno != ENOSYS) {
     return errno;
   }

@@ -98,6 +98,11 @@ void TreeDeletion::EnterFolder(const std::string& name) {
   Level level{{}, names_.size(), path_.size() + 1 + name.size(), name};
   for (;;) {
     const int folder = folders_.Get();
+    // The user has heard of one that was not copied, and need not hear that it cannot be opened.
+    if (copied_ != nullptr && LookAt(folder, name.c_str(), level.Found) == 0 &&
+        !MayDelete(name.c_str(), level.Found)) {
+      return;
+    }
     Descriptor opened(openat(folder, name.c_str(), flags));
     int error = opened ? LookAt(opened.Get(), "", level.Found) : errno;
     if (error == ENOENT) return;

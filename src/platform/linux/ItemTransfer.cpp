@@ -6,8 +6,8 @@
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/RenameItem.h"
+#include "platform/linux/SweepTemporaries.h"
 #include "platform/linux/SystemError.h"
-#include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -119,6 +119,7 @@ void ItemTransfer::TakeItem(Item item) {
 }
 
 bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
+  if (failure.IsSettled) return false;
   const std::string path = failure.IsTarget ? ToPath(item.Target) : FromPath(item.Name);
   if (failure.Reason == nullptr) return talk_.Retries(failure.Step, path, failure.Error);
   return talk_.Retries(failure.Step, path, {failure.Error, failure.Reason});
@@ -153,6 +154,9 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
     levels_.back().CanRename = false;
   }
   if (beforeCopying_) std::exchange(beforeCopying_, nullptr)();
+  if (Level& level = levels_.back(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
+    SweepTemporaries(targets_.Get(), [this] { return talk_.GoesOn(); });
+  }
   // Before anything is copied in vain.
   if (item.Decided == Way::Free && !levels_.back().IsNew) {
     struct statx there;
@@ -184,13 +188,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   } else if (item.Type != S_IFDIR) {
     error = renameat(from, name, to, target) == 0 ? 0 : errno;
   } else {
-    TemporaryName temporary;
-    error = temporary.Renew();
-    if (error == 0) error = RenameNew(from, name, to, temporary.Text());
-    if (error == 0) {
-      error = PutInPlaceOf(to, temporary.Text(), target);
-      if (error != 0) RenameNew(to, temporary.Text(), from, name);
-    }
+    error = PutInPlaceOf(from, name, to, target);
   }
   if (error != 0) return {OperationStep::Move, error};
   talk_.AddItems(1);

@@ -51,6 +51,7 @@ class ItemTransfer {
     int Error = 0;                 // 0 for none
     const char* Reason = nullptr;  // where the system's own words would mislead
     bool IsTarget = false;         // the target's path is the one to name
+    bool IsSettled = false;        // the user has been asked about it
   };
 
   struct Item {
@@ -71,6 +72,8 @@ class ItemTransfer {
     std::string Temporary;      // while it lies under another name than its own
     bool HandsDown = false;     // gives access lists to what is made there
     bool IsNew = false;         // nothing can be in the way there
+    bool IsOwn = false;         // it, or one above it, is new
+    bool IsSwept = false;       // of what killed runs have left
     bool CanRename = false;     // a move from here to there may be a rename
     bool IsGivenUp = false;     // cannot get its own name
     bool ReplacesFile = false;  // keeps its temporary name until all below it is whole
@@ -111,8 +114,9 @@ class ItemTransfer {
   Failure CopyFile(const Item& item);
   Failure CopyContentOf(const Item& item, int from, const struct statx& source);
   mode_t FirstMode(const struct statx& source) const;
+  bool LeavesForLoss(const std::string& path);
   Failure CopyLink(const Item& item);
-  Failure FinishFile(const Item& item, const struct statx& source);
+  Failure FinishItem(const Item& item, const struct statx& source);
 
   // Conflicts (TransferConflict.cpp).
   Way FindWay(Item& item);

@@ -13,12 +13,20 @@ int LinkedFiles::Link(const struct statx& original, int base, int to, const char
                       bool replaces) const {
   const auto known = copies_.find(IdentityOf(original));
   if (known == copies_.end() || !IsUnchanged(known->second.Original, original)) return ENOENT;
-  const ReachedPath copy(known->second.Path, base);
+  const Copy& copy = known->second;
+  const int error = LinkTo(copy, copy.Path, base, to, name, replaces);
+  if (error != ENOENT || copy.PathNow == copy.Path) return error;
+  return LinkTo(copy, copy.PathNow, base, to, name, replaces);
+}
+
+int LinkedFiles::LinkTo(const Copy& known, const std::string& path, int base, int to,
+                        const char* name, bool replaces) const {
+  const ReachedPath copy(path, base);
   if (copy.Error() != 0) return ENOENT;
   // Another file may stand there by now.
   struct statx found;
   const auto isCopy = [&](int folder, const char* at) {
-    return LookAt(folder, at, found) == 0 && IdentityOf(found) == known->second.Self;
+    return LookAt(folder, at, found) == 0 && IdentityOf(found) == known.Self;
   };
   if (!isCopy(copy.Folder(), copy.Rest())) return ENOENT;
 

@@ -10,6 +10,7 @@
 namespace tarnwell::platform {
 
 LinuxTermination::LinuxTermination(std::function<void()> quit) : quit_(std::move(quit)) {
+  std::signal(SIGXFSZ, [](int) {});
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     sources_.push_back(g_unix_signal_add(
         signal,

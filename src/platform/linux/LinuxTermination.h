@@ -7,7 +7,8 @@
 namespace tarnwell::platform {
 
 // While it lives, SIGTERM, SIGINT and SIGHUP call `quit` from the event loop (GLib's default main
-// context) instead of killing the process.
+// context) instead of killing the process. From then on a file that may not grow any further is
+// trouble of that file, told by the call that writes it, and not the end of the program.
 class LinuxTermination {
  public:
   explicit LinuxTermination(std::function<void()> quit);

@@ -86,6 +86,23 @@ NoTrashChoice OperationTalk::AskNoTrash(const std::string& path) {
   return answer.Choice;
 }
 
+LossChoice OperationTalk::AskLoss(const std::string& path) {
+  if (Has(NoConfirmation)) return LossChoice::MoveAnyway;
+  LossAnswer answer;
+  if (lossForAll_) {
+    answer.Choice = *lossForAll_;
+  } else if (!Has(NoErrorWindows)) {
+    answer = user_.OnLoss(path);
+  }
+  if (answer.Choice == LossChoice::Cancel) {
+    Cancel();
+  } else if (answer.ForAll) {
+    lossForAll_ = answer.Choice;
+  }
+  if (answer.Choice == LossChoice::Skip) NoteLeft(ENOTSUP);
+  return answer.Choice;
+}
+
 bool OperationTalk::MakesFolder(const std::string& path) {
   if (Has(NoConfirmNewFolder) || Has(NoConfirmation)) return true;
   if (user_.OnMissingFolder(path) == MissingFolderChoice::Make) return true;

@@ -35,6 +35,7 @@ class OperationTalk {
   bool AsksToMerge() const { return user_.AsksToMerge(); }
   ConflictChoice AskConflict(OperationConflict conflict);
   NoTrashChoice AskNoTrash(const std::string& path);
+  LossChoice AskLoss(const std::string& path);
   // Whether to make the missing target folder.
   bool MakesFolder(const std::string& path);
 
@@ -69,6 +70,7 @@ class OperationTalk {
   bool skipsAll_ = false;
   std::array<std::optional<ConflictChoice>, 3> conflictForAll_;
   std::optional<NoTrashChoice> noTrashForAll_;
+  std::optional<LossChoice> lossForAll_;
 };
 
 }  // namespace tarnwell::platform

@@ -63,12 +63,29 @@ bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
 int Respell(const ParentAndName& from, const ParentAndName& to) {
   TemporaryName temporary;
   const int folder = from.Folder.Get();
-  int error = temporary.Renew();
+  int error = temporary.RenewAside();
   if (error == 0) error = RenameNew(folder, from.Name.c_str(), folder, temporary.Text());
   if (error != 0) return error;
   error = RenameNew(folder, temporary.Text(), folder, to.Name.c_str());
   if (error != 0) RenameNew(folder, temporary.Text(), folder, from.Name.c_str());
   return error;
+}
+
+// For a folder in the place of a file, where names cannot be exchanged. Gives an error number.
+int PushAside(int fromFolder, const char* from, int toFolder, const char* to) {
+  struct statx found;
+  int error = LookAt(toFolder, to, found);
+  if (error == 0 && S_ISDIR(found.stx_mode)) return EISDIR;
+  TemporaryName aside;
+  if (error == 0) error = aside.RenewAside();
+  if (error == 0) error = RenameNew(toFolder, to, toFolder, aside.Text());
+  if (error != 0) return error;
+  error = RenameNew(fromFolder, from, toFolder, to);
+  if (error != 0) {
+    RenameNew(toFolder, aside.Text(), toFolder, to);
+    return error;
+  }
+  return unlinkat(toFolder, aside.Text(), 0) == 0 ? 0 : errno;
 }
 
 }  // namespace
@@ -84,15 +101,16 @@ int RenameNew(int fromFolder, const char* from, int toFolder, const char* to) {
   return renameat(fromFolder, from, toFolder, to) == 0 ? 0 : errno;
 }
 
-int PutInPlaceOf(int folder, const char* temporary, const char* name) {
-  if (renameat2(folder, temporary, folder, name, RENAME_EXCHANGE) == 0) {
-    if (unlinkat(folder, temporary, 0) == 0) return 0;
+int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to) {
+  if (renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE) == 0) {
+    if (unlinkat(fromFolder, from, 0) == 0) return 0;
     const int error = errno;
-    renameat2(folder, temporary, folder, name, RENAME_EXCHANGE);
+    renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE);
     return error;
   }
   if (errno != ENOENT && !IsMissingCall(errno)) return errno;
-  return renameat(folder, temporary, folder, name) == 0 ? 0 : errno;
+  if (renameat(fromFolder, from, toFolder, to) == 0) return 0;
+  return errno == ENOTDIR ? PushAside(fromFolder, from, toFolder, to) : errno;
 }
 
 base::Status RenameItem(const std::string& from, const std::string& to) {

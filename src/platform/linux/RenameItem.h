@@ -11,10 +11,11 @@ namespace tarnwell::platform {
 // calls of the "at" family. A name that is taken gives EEXIST. Gives an error number.
 int RenameNew(int fromFolder, const char* from, int toFolder, const char* to);
 
-// Puts the item under its temporary name in the place of a file or link, which goes then; both
-// names are of the same open folder. EISDIR for a folder that stands there, which stays. Gives an
+// Puts the item in the place of a file or link of its volume, which goes then; the folders are open
+// ones. One step where the file system can exchange names, so that whoever ends the program in
+// between finds both items whole. EISDIR for a folder that stands there, which stays. Gives an
 // error number.
-int PutInPlaceOf(int folder, const char* temporary, const char* name);
+int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to);
 
 // Renames the item, and overwrites nothing. A change of case alone works too where the file system
 // takes both names for the same.

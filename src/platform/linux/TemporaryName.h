@@ -1,33 +1,30 @@
 // Names for what is not whole yet.
 #pragma once
 
-#include <sys/random.h>
-
 #include <array>
-#include <cerrno>
-#include <cstdint>
-#include <cstdio>
+
+#include "platform/linux/TemporaryOwner.h"
 
 namespace tarnwell::platform {
 
-// Hidden, told by its beginning and end, and taken by nothing else as far as chance can tell.
+// Hidden, told by its beginning and end, and taken by nothing else as far as chance can tell. Says
+// whose it is, so that what a killed run has left can be told from what is being written: see
+// SweepTemporaries.
 class TemporaryName {
  public:
   // Makes up another name. Gives an error number.
-  int Renew() {
-    std::uint64_t number = 0;
-    if (getrandom(&number, sizeof number, 0) != sizeof number) return errno;
-    std::snprintf(text_.data(), text_.size(), ".tarnwell-%016jx.tmp",
-                  static_cast<std::uintmax_t>(number));
-    return 0;
-  }
+  int Renew() { return Renew(TemporaryOwner::Ending); }
+  // The same for an item that was whole before and only steps aside: never swept away.
+  int RenewAside() { return Renew(".aside"); }
   const char* Text() const { return text_.data(); }
 
   // How many names to try before giving up.
   static constexpr int Attempts = 100;
 
  private:
-  std::array<char, 40> text_{};
+  int Renew(const char* ending);
+
+  std::array<char, 128> text_{};
 };
 
 }  // namespace tarnwell::platform

@@ -40,12 +40,12 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     const int base = target_.Folder.Get();
     const bool replaces = item.Decided == Way::Replace;
     const int linked = links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
-    if (linked == 0) return FinishFile(item, source);
+    if (linked == 0) return FinishItem(item, source);
     if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
   }
   const std::uint64_t bytesBefore = talk_.BytesDone();
   const Failure failure = CopyContentOf(item, from.Get(), source);
-  if (failure.Error == 0) return FinishFile(item, source);
+  if (failure.Error == 0) return FinishItem(item, source);
   talk_.SetBytesDone(bytesBefore);
   return failure;
 }
@@ -78,12 +78,17 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   error = LookAt(from, "", after);
   if (error != 0) return {OperationStep::Read, error};
   const bool isWhole = source.stx_size == 0 || content_.Length() == source.stx_size;
-  if (!isWhole || !IsUnchanged(source, after)) {
+  if (!IsUnchanged(source, after)) {
     return {OperationStep::Read, EBUSY, "The file has changed while it was copied"};
   }
-  error = CopyAttributes(from, source, pending.Get(), copy, levels_.back().HandsDown);
+  if (!isWhole) return {OperationStep::Read, EIO, "The file gives less than its size tells"};
+  bool losesSome = false;
+  error = CopyAttributes(from, source, pending.Get(), copy, levels_.back().HandsDown, losesSome);
   if (error == 0) error = flushed_.Take(pending.Get(), copy);
   if (error != 0) return written(error);
+  if (losesSome && LeavesForLoss(FromPath(item.Name))) {
+    return {.Step = OperationStep::Write, .Error = ENOTSUP, .IsSettled = true};
+  }
   if (moves_) {
     error = LookAt(pending.Get(), "", copy);
     if (error != 0) return written(error);
@@ -94,9 +99,20 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   error = pending.Place(name, replaces);
   if (error != 0) return written(error);
   if (source.stx_nlink > 1) {
-    links_.Add(source, copy, ToPath(item.Target).substr(target_.Path.size() + 1));
+    std::string now;
+    for (std::size_t at = 1; at < levels_.size(); ++at) {
+      const Level& level = levels_[at];
+      now += (level.Temporary.empty() ? level.Target : level.Temporary) + "/";
+    }
+    links_.Add(source, copy, ToPath(item.Target).substr(target_.Path.size() + 1),
+               now + item.Target);
   }
   return {};
+}
+
+// A copy has its original to go back to; a move would leave nothing of what is lost.
+bool ItemTransfer::LeavesForLoss(const std::string& path) {
+  return moves_ && talk_.AskLoss(path) != LossChoice::MoveAnyway;
 }
 
 ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
@@ -124,11 +140,11 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
     }
   }
   if (error != 0) return {OperationStep::Write, error, nullptr, true};
-  return FinishFile(item, source);
+  return FinishItem(item, source);
 }
 
-// A name is on the disk when its folder is. New folders are seen to when they are left.
-ItemTransfer::Failure ItemTransfer::FinishFile(const Item& item, const struct statx& source) {
+// A name is on the disk when its folder is. What new folders hold is seen to when they are left.
+ItemTransfer::Failure ItemTransfer::FinishItem(const Item& item, const struct statx& source) {
   if (moves_ && !levels_.back().IsNew) {
     struct statx folder;
     int error = LookAt(targets_.Get(), "", folder);

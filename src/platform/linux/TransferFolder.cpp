@@ -78,7 +78,8 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   level.ToLength = to_.size();
   level.Name = item.Name;
   level.Target = item.Target;
-  level.CanRename = moves_ && !level.IsNew;
+  level.IsOwn = level.IsNew || levels_.back().IsOwn;
+  level.CanRename = moves_ && !level.IsOwn;
   sources_.Enter(std::move(source), self);
   targets_.Enter(std::move(target), IdentityOf(made));
   levels_.push_back(std::move(level));
@@ -183,14 +184,19 @@ void ItemTransfer::LeaveFolder() {
   from_.resize(levels_.back().FromLength);
   to_.resize(levels_.back().ToLength);
   if (!left.Temporary.empty() && !FinishReplacing(left)) isWhole = false;
-  if (isWhole && !talk_.IsCancelled()) Done({left.Name, S_IFDIR, left.Target}, left.Source);
+  if (!isWhole || talk_.IsCancelled()) return;
+  const Item item{left.Name, S_IFDIR, left.Target};
+  Failure failure;
+  do {
+    failure = left.IsNew ? FinishItem(item, left.Source) : Done(item, left.Source);
+  } while (failure.Error != 0 && Retries(item, failure));
 }
 
 // False if the folder was given up.
 bool ItemTransfer::FinishReplacing(const Level& left) {
   const char* const temporary = left.Temporary.c_str();
   while (left.ReplacesFile && talk_.GoesOn()) {
-    const int error = PutInPlaceOf(targets_.Get(), temporary, left.Target.c_str());
+    const int error = PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str());
     if (error == 0) return true;
     if (!talk_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
   }
@@ -204,10 +210,12 @@ bool ItemTransfer::FinishNewFolder(const Level& level) {
     struct statx copy;
     int error = targets_.Get() < 0 || sources_.Get() < 0 ? ESTALE : 0;
     if (error == 0) error = LookAt(targets_.Get(), "", copy);
-    if (error == 0)
-      error = CopyAttributes(sources_.Get(), level.Source, targets_.Get(), copy, true);
+    bool losesSome = false;
+    if (error == 0) {
+      error = CopyAttributes(sources_.Get(), level.Source, targets_.Get(), copy, true, losesSome);
+    }
     if (error == 0) error = flushed_.Take(targets_.Get(), copy);
-    if (error == 0) return true;
+    if (error == 0) return !losesSome || !LeavesForLoss(from_);
     if (!talk_.Retries(OperationStep::MakeFolder, to_, error)) return false;
   }
 }

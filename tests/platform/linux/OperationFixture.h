@@ -82,4 +82,11 @@ inline std::map<std::string, std::string> Describe(const std::string& folder) {
   return items;
 }
 
+// Names of the folders and files, those of temporary ones among them.
+inline std::string NamesBelow(const std::string& folder) {
+  std::string names;
+  for (const auto& [path, text] : Describe(folder)) names += path.substr(1) + " ";
+  return names;
+}
+
 }  // namespace tarnwell::platform

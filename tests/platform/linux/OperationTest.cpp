@@ -50,13 +50,6 @@ void MakeTree(const std::string& at) {
   chmod((at + "/shut").c_str(), 0555);
 }
 
-// Names of the folders and files, those of temporary ones among them.
-std::string NamesBelow(const std::string& folder) {
-  std::string names;
-  for (const auto& [path, text] : Describe(folder)) names += path.substr(1) + " ";
-  return names;
-}
-
 TEST(Operation, CopiesAndMovesKeepEverything) {
   const TempFolder here;
   MakeTree(here / "tree");
@@ -240,6 +233,7 @@ TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
     }
     for (const std::string& file : files) EXPECT_TRUE(whole(there.Path(), file)) << file;
     EXPECT_EQ(user.Heard + here.Names(), "");
+    EXPECT_EQ(NamesBelow(there.Path()).find(".tarnwell"), std::string::npos);
   }
 }
 
@@ -449,6 +443,14 @@ TEST(Operation, SendsToTheTrashWhereThereIsOne) {
   const std::string trashed = std::string(data) + "/Trash/files/";
   EXPECT_EQ(Get(trashed + "new\nline"), "x");
   EXPECT_TRUE(fs::is_symlink(trashed + "link"));
+  // A reader of the trash that is not ours.
+  const std::string list = here / "list";
+  if (std::system(("trash-list >'" + list + "' 2>/dev/null").c_str()) != 0) {
+    GTEST_SKIP() << "trash-list is not installed";
+  }
+  for (const char* name : {"link", "new\nline"}) {
+    EXPECT_NE(Get(list).find(" " + here / name + "\n"), std::string::npos) << name;
+  }
 }
 
 }  // namespace

@@ -1,0 +1,47 @@
+// What follows when items are dropped on a list, and the paste of the program's own clipboard.
+#pragma once
+
+#include <string>
+
+#include "base/PathSyntax.h"
+#include "fileops/DialogFields.h"
+#include "fileops/FileOperate.h"
+#include "forms/FormHost.h"
+#include "lister/ListerEvents.h"
+#include "workspace/Workspace.h"
+
+namespace tarnwell::fileops {
+
+class DropCommand {
+ public:
+  DropCommand(workspace::Workspace& workspace, const base::PathSyntax& syntax,
+              FileOperations& operations, forms::FormHost& host, DialogFields& fields)
+      : workspace_(workspace),
+        syntax_(syntax),
+        operations_(operations),
+        host_(host),
+        fields_(fields) {}
+
+  // Copies or moves the items into the DropFolder of the list; asks if the drop does not say what
+  // to do. The user can change the folder there.
+  void DropItems(lister::ListId list, const lister::Drop& drop);
+
+  // Copies or moves what is selected in the source list into the DropFolder of the target list, and
+  // ends the source's action. Asks, unless told to do what the clipboard holds.
+  void Paste(lister::ListId source, lister::ListId target, bool skipDialog);
+
+ private:
+  // Where a drop on the list goes; empty if that is no folder.
+  std::string DestinationOf(lister::ListId list) const;
+  // Gives the folder as the user leaves it. What to do is then in DialogResult, which a dialog that
+  // is closed without a button leaves as it was.
+  std::string Ask(const std::string& text, const std::string& destination);
+
+  workspace::Workspace& workspace_;
+  const base::PathSyntax& syntax_;
+  FileOperations& operations_;
+  forms::FormHost& host_;
+  DialogFields& fields_;
+};
+
+}  // namespace tarnwell::fileops

@@ -1,0 +1,32 @@
+// Whose a temporary item is.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarnwell::platform {
+
+// A process, told from all others on this machine and on those that it shares volumes with.
+struct TemporaryOwner {
+  // Of a temporary item's name; the owner's text and a random number stand between.
+  static constexpr const char* Beginning = ".tarnwell-";
+  static constexpr const char* Ending = ".tmp";
+
+  std::uint64_t Machine = 0;  // 0 where the machine has no name of its own
+  std::uint64_t Run = 0;      // from one start of the system to the next; 0 if unknown
+  std::uint64_t Process = 0;  // its number in that run
+  std::uint64_t Start = 0;    // when it began: numbers of processes are used again
+
+  static const TemporaryOwner& OfProcess();
+  // That of the item of this name; nothing for any other name.
+  static std::optional<TemporaryOwner> FromName(std::string_view name);
+  std::string Text() const;
+
+  // Whether the process is certainly no more, by what this one can see. `changed` is when its item
+  // was changed last, in seconds since 1970: it tells of a run before this one.
+  bool IsGone(std::int64_t changed) const;
+};
+
+}  // namespace tarnwell::platform

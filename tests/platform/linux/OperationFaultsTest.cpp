@@ -1,0 +1,212 @@
+// File operations where system calls fail, each in a child process whose calls are refused by the
+// kernel itself.
+#include <linux/filter.h>
+#include <linux/fs.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <ctime>
+
+#include "OperationFixture.h"
+#include "platform/linux/LinuxTermination.h"
+#include "platform/linux/TemporaryName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string otherVolume = "/dev/shm/";
+
+struct AtLeast {
+  unsigned Argument;
+  unsigned Value;
+};
+
+// From now on such a call fails with the error when all the conditions hold.
+void Refuse(unsigned call, unsigned error, const std::vector<AtLeast>& conditions) {
+  std::vector<sock_filter> steps{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+  const auto after = static_cast<unsigned char>(2 * conditions.size() + 1);
+  steps.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, after));
+  for (std::size_t at = 0; at < conditions.size(); ++at) {
+    steps.push_back(BPF_STMT(
+        BPF_LD | BPF_W | BPF_ABS,
+        static_cast<unsigned>(offsetof(seccomp_data, args)) + 8 * conditions[at].Argument));
+    const auto rest = static_cast<unsigned char>(2 * (conditions.size() - at) - 1);
+    steps.push_back(BPF_JUMP(BPF_JMP | BPF_JGE | BPF_K, conditions[at].Value, 0, rest));
+  }
+  steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error));
+  steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+  const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
+  if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
+      prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0) {
+    _exit(77);
+  }
+}
+
+#define EXPECT_HELD(code)                                    \
+  if (const int held = (code); held == 77) {                 \
+    GTEST_SKIP() << "needs the right to have calls refused"; \
+  } else {                                                   \
+    EXPECT_EQ(held, 0);                                      \
+  }
+
+TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
+  const TempFolder here;
+  const TempFolder there(otherVolume);
+  fs::create_directory(here / "tree");
+  Put(here / "tree/large", std::string(1'000'000, 'L'));
+  Put(here / "tree/small", "small");
+  EXPECT_HELD(InChild([&] {
+    // Files that get numbers beyond these cannot be read to their ends.
+    std::vector<int> low;
+    while (low.empty() || low.back() < 99) low.push_back(dup(0));
+    Refuse(SYS_pread64, EIO, {{0, 100}, {3, 262'144}});
+    Refuse(SYS_copy_file_range, ENOSYS, {});
+    Refuse(SYS_ioctl, ENOTTY, {{1, FICLONE}});
+    struct : ScriptedUser {
+      std::function<void()> Repair;
+      TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
+        if (trouble.Step != OperationStep::Read || trouble.Reason.Reason.empty()) _exit(1);
+        if (Repair) Repair();
+        return ScriptedUser::OnTrouble(trouble);
+      }
+    } user;
+    const std::string heard = "large:" + std::to_string(EIO) + " ";
+    const int code = Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code;
+    if (code != EIO || user.Heard != heard) return 2;
+    if (Get(here / "tree/large").size() != 1'000'000 || fs::exists(here / "tree/small")) return 3;
+    if (Describe(there.Path()).size() != 2 || Get(there / "tree/small") != "small") return 4;
+    user.Trouble = TroubleChoice::Retry;
+    user.Repair = [&] {
+      for (const int each : low) close(each);
+    };
+    if (Do(user, FileFunction::Move, {here / "tree"}, there.Path(), NoConfirmation).Code != 0) {
+      return 5;
+    }
+    return user.Heard == heard + heard && here.Names().empty() &&
+                   Get(there / "tree/large") == std::string(1'000'000, 'L')
+               ? 0
+               : 6;
+  }));
+}
+
+TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
+  const TempFolder here;
+  const TempFolder there(otherVolume);
+  fs::create_directory(here / "tree");
+  for (const char* name : {"a", "b", "plain"}) Put(here / ("tree/") + name, name);
+  setxattr((here / "tree/a").c_str(), "user.tarnwell.color", "red", 3, 0);
+  // Somebody named may do everything, the group nothing.
+  const std::string list(
+      "\2\0\0\0\1\0\7\0\xFF\xFF\xFF\xFF\2\0\7\0\xD2\4\0\0\4\0\0\0\xFF\xFF\xFF\xFF"
+      "\20\0\7\0\xFF\xFF\xFF\xFF\40\0\0\0\xFF\xFF\xFF\xFF",
+      44);
+  ASSERT_EQ(
+      setxattr((here / "tree/b").c_str(), "system.posix_acl_access", list.data(), list.size(), 0),
+      0);
+  EXPECT_HELD(InChild([&] {
+    Refuse(SYS_fsetxattr, ENOTSUP, {});
+    struct : ScriptedUser {
+      LossAnswer Answer;
+      LossAnswer OnLoss(const std::string& path) override {
+        Heard += NameOf(path) + " ";
+        return Answer;
+      }
+    } user;
+    if (Do(user, FileFunction::Copy, {here / "tree"}, there / "copy").Code != 0) return 1;
+    if (!user.Heard.empty()) return 2;
+    struct stat copy {};
+    if (stat((there / "copy/b").c_str(), &copy) != 0 || (copy.st_mode & 077) != 0) return 3;
+    if (Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code != ENOTSUP) return 4;
+    if (!fs::exists(here / "tree/a") || !fs::exists(here / "tree/b")) return 5;
+    if (user.Heard.size() != 4 || fs::exists(here / "tree/plain")) return 6;
+    user.Answer = {LossChoice::MoveAnyway, true};
+    const int code = Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code;
+    return code == 0 && user.Heard.size() == 6 && here.Names().empty() ? 0 : 7;
+  }));
+}
+
+TEST(OperationFaults, AFolderTakesTheNameOfAFileWhereNamesCannotBeExchanged) {
+  for (const bool exchanges : {true, false}) {
+    for (const FileFunction function : {FileFunction::Move, FileFunction::Copy}) {
+      const TempFolder here;
+      fs::create_directories(here / "from/item/sub");
+      fs::create_directory(here / "to");
+      Put(here / "to/item", "old");
+      Put(here / "from/item/one", "new");
+      fs::create_hard_link(here / "from/item/one", here / "from/item/sub/two");
+      const auto before = Describe(here / "from");
+      EXPECT_HELD(InChild([&] {
+        if (!exchanges) Refuse(SYS_renameat2, EINVAL, {{4, 2}});
+        ScriptedUser user;
+        user.Conflict.Choice = ConflictChoice::Replace;
+        if (Do(user, function, {here / "from/item"}, here / "to/").Code != 0) return 1;
+        return Describe(here / "to") == before ? 0 : 2;
+      }));
+    }
+  }
+}
+
+TEST(OperationFaults, AFileThatMayNotGrowAnyFurther) {
+  const TempFolder here;
+  fs::create_directory(here / "to");
+  Put(here / "file", std::string(2'000'000, 'x'));
+  EXPECT_EQ(InChild([&] {
+              const LinuxTermination termination([] {});
+              const rlimit limit{1'000'000, 1'000'000};
+              setrlimit(RLIMIT_FSIZE, &limit);
+              ScriptedUser user;
+              const int code = Do(user, FileFunction::Move, {here / "file"}, here / "to/file").Code;
+              if (code != 0) return 1;  // a rename needs no room
+              const int grown = Do(user, FileFunction::Copy, {here / "to"}, here / "twin").Code;
+              return grown == EFBIG && NamesBelow(here.Path()) == "to to/file twin " ? 0 : 2;
+            }),
+            0);
+}
+
+TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
+  const TempFolder here;
+  fs::create_directories(here / "to/tree");
+  fs::create_directory(here / "tree");
+  Put(here / "tree/file", "x");
+  const std::string to = here / "to/";
+  ASSERT_EQ(InChild([&] {
+              TemporaryName name;
+              name.Renew();
+              fs::create_directories(to + "tree/" + name.Text() + "/sub");
+              name.Renew();
+              Put(to + name.Text(), "half");
+              name.RenewAside();
+              Put(to + name.Text(), "a user's");
+              return 0;
+            }),
+            0);
+  TemporaryName own;
+  own.Renew();
+  Put(to + own.Text(), "being written");
+  TemporaryOwner other = TemporaryOwner::OfProcess();
+  other.Run ^= 1;
+  EXPECT_FALSE(other.IsGone(std::time(nullptr)));
+  EXPECT_EQ(other.IsGone(0), other.Machine != 0);  // of a run before this one
+  other.Machine ^= 1;
+  EXPECT_FALSE(other.IsGone(0));
+  Put(to + ".tarnwell-" + other.Text() + "-0.tmp", "another machine's");
+  Put(to + ".tarnwell-notes.tmp", "no such name at all");
+  ScriptedUser user;
+  EXPECT_EQ(Do(user, FileFunction::Copy, {here / "tree"}, to).Code, 0);
+  EXPECT_EQ(NamesBelow(here / "to/tree"), "file ");
+  std::string kept;
+  for (const auto& entry : fs::directory_iterator(to)) {
+    if (entry.is_regular_file()) kept += Get(entry.path()).substr(0, 1);
+  }
+  std::ranges::sort(kept);
+  EXPECT_EQ(kept, "aabn");
+}
+
+}  // namespace
+}  // namespace tarnwell::platform
