@@ -29,7 +29,7 @@ int FindByCaption(const std::vector<ContextEntry>& entries, std::string_view cap
 std::string MenuCaptionById(const std::vector<ContextEntry>& entries, int id) {
   for (const ContextEntry& entry : entries) {
     if (entry.Id == id) return entry.Caption;
-    const std::string below = MenuCaptionById(entry.Children, id);
+    std::string below = MenuCaptionById(entry.Children, id);
     if (!below.empty()) return below;
   }
   return "";
