@@ -194,9 +194,9 @@ void PermissionsPage::ShowOctal() {
     differs = differs || box.Check->checkState() == Qt::PartiallyChecked;
   }
   octal_.setText(differs ? QStringLiteral("not the same for all")
-                           : QStringLiteral("%1 (%2)")
-                                 .arg(mode, mode > 0777 ? 4 : 3, 8, QLatin1Char('0'))
-                                 .arg(ToQString(lister::PermissionText(mode))));
+                         : QStringLiteral("%1 (%2)")
+                               .arg(mode, mode > 0777 ? 4 : 3, 8, QLatin1Char('0'))
+                               .arg(ToQString(lister::PermissionText(mode))));
 }
 
 std::optional<platform::PermissionChange> PermissionsPage::Change() const {
@@ -219,6 +219,7 @@ void PermissionsPage::Enable(bool on) {
 
 void PermissionsPage::ShowBusy(const QString& text) {
   Enable(false);
+  if (text.isEmpty()) return;
   reason_.setText(text);
   reason_.show();
 }

@@ -27,7 +27,7 @@ class PermissionsPage : public QWidget {
   // What the user wants, by the boxes that he has touched; nothing if that is how it is already.
   std::optional<platform::PermissionChange> Change() const;
   bool IsInside() const { return inside_.isVisibleTo(this) && inside_.isChecked(); }
-  // Takes no clicks while a change is carried out; `text` tells how far it is.
+  // Takes no clicks until the permissions are shown again; `text` tells how far the change is.
   void ShowBusy(const QString& text);
   // Empty takes away what was told.
   void ShowTroubles(const platform::PermissionOutcome& outcome);

@@ -105,7 +105,7 @@ void PropertiesWindow::FollowFacts() {
     }
     if (done) count_.reset();
   }
-  if (facts_ && facts_->IsDone()) {
+  if (facts_ && facts_->Read().HasSummary) {
     shown_.Summary = facts_->Read().Summary;
     hasPermissions_ = false;
     facts_.reset();
@@ -128,6 +128,7 @@ void PropertiesWindow::Apply() {
   const auto wanted = permissions_.Change();
   if (!wanted || change_ || facts_) return;
   permissions_.ShowTroubles({});
+  permissions_.ShowBusy({});
   change_ = std::make_unique<Worker<platform::PermissionOutcome>>(
       ChangePermissions(tools_.Inspector, paths_, *wanted, permissions_.IsInside()));
   change_->WaitFor(FirstWait, [](const platform::PermissionOutcome&) { return false; });

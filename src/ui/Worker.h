@@ -42,8 +42,11 @@ class Worker {
       : thread_([this, run = std::move(work)](std::stop_token stop) {
           Talk talk(*this, std::move(stop));
           run(talk);
-          const std::lock_guard lock(mutex_);
-          done_ = true;
+          {
+            const std::lock_guard lock(mutex_);
+            done_ = true;
+          }
+          told_.notify_all();
         }) {}
 
   void Cancel() { thread_.request_stop(); }
@@ -55,11 +58,11 @@ class Worker {
     const std::lock_guard lock(mutex_);
     return note_;
   }
-  // Waits until the note is as wished, but no longer than that.
+  // Waits until the note is as wished or the work is done, but no longer than that.
   template <typename Wish>
   void WaitFor(std::chrono::milliseconds most, Wish wish) {
     std::unique_lock lock(mutex_);
-    told_.wait_for(lock, most, [&] { return wish(note_); });
+    told_.wait_for(lock, most, [&] { return done_ || wish(note_); });
   }
 
  private:

@@ -103,7 +103,9 @@ class PropertiesWindowTest : public testing::Test {
   PropertiesWindow& Show(const std::vector<std::string>& paths) {
     Windows.ShowProperties(paths);
     const auto open = Open();
-    return **std::ranges::find(open, paths, &PropertiesWindow::Paths);
+    PropertiesWindow& window = **std::ranges::find(open, paths, &PropertiesWindow::Paths);
+    Until([&] { return Fact(window, "Owner") != ""; });
+    return window;
   }
   static void Until(const std::function<bool()>& reached) {
     QElapsedTimer time;
