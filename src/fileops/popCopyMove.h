@@ -35,11 +35,15 @@ class popCopyMove : public forms::Form {
   }
   void Unload() override { fields_.DialogDestination = txtDest.Text; }
 
-  void cmdCopyClick() { Answer("copy"); }
-  void cmdMoveClick() { Answer("move"); }
+  void cmdCopyClick() { Work("copy"); }
+  void cmdMoveClick() { Work("move"); }
   void cmdCancelClick() { Answer("cancel"); }
 
  private:
+  // Without a folder there is nowhere to go: an empty path with a separator would be a root.
+  void Work(const char* word) {
+    if (!txtDest.Text.empty()) Answer(word);
+  }
   void Answer(const char* word) {
     fields_.DialogResult = word;
     host_.Unload(*this);
