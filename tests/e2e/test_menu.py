@@ -19,9 +19,10 @@ class MenuTest(EndToEndTest):
         """Right click on the control, then the keys in the menu."""
         windows = self.windows(program)
         control.click(x=24, button=3)
-        wait_for("the menu", lambda: self.windows(program) > windows)
+        menu = wait_for("the menu", lambda: self.windows(program) - windows)
         keys(*names)
-        wait_for("the menu to go", lambda: not self.windows(program) > windows)
+        # What was chosen may open a window of its own at once.
+        wait_for("the menu to go", lambda: not menu & self.windows(program))
 
     def test_entries(self):
         (self.home / "inner").mkdir()
