@@ -74,9 +74,9 @@ int main(int argc, char** argv) {
   platform::LinuxCollation order;
   platform::LinuxLauncher launcher;
   ui::QtMessagePump pump;
-  ui::QtDialogs dialogs;
   ui::QtFormHost host;
   const ui::IconSource icons(QFile::decodeName(system.DataFolder().c_str()));
+  ui::QtDialogs dialogs(icons);
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 

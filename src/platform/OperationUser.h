@@ -59,6 +59,7 @@ struct ConflictAnswer {
 // What was being done when something went wrong.
 enum class OperationStep {
   Find,        // reaching an item, or the folder that it is to go to
+  Place,       // putting a folder into itself, which is refused
   Read,        // reading a file, a link or a folder
   Write,       // writing a file or link, or putting it in its place
   MakeFolder,  // making a folder, or the last touches to it

@@ -24,6 +24,7 @@ struct StepWords {
 
 constexpr StepWords Steps[] = {
     {OperationStep::Find, "This item cannot be reached."},
+    {OperationStep::Place, "This folder cannot go there."},
     {OperationStep::Read, "This item cannot be read."},
     {OperationStep::Write, "This item cannot be written."},
     {OperationStep::MakeFolder, "This folder cannot be made."},

@@ -1,5 +1,6 @@
 #include "ui/QtDialogs.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QFile>
@@ -12,6 +13,8 @@
 
 namespace tarnwell::ui {
 namespace {
+
+constexpr int PictureSize = 32;  // logical pixels
 
 // Names of files go through the toolkit's own coding, which is the way back as well.
 QString PathText(const std::string& path) {
@@ -35,11 +38,14 @@ std::optional<std::string> AskFile(const platform::FileQuestion& question,
 
 // The text is shown as it is, also where a name in it looks like HTML. Gives the button; none where
 // the window below goes, as when the program is asked to end, and takes the box along.
-int ShowBox(QMessageBox::Icon icon, const std::string& title, const std::string& text,
+int ShowBox(const QIcon& picture, const std::string& title, const std::string& text,
             QMessageBox::StandardButtons buttons, QMessageBox::StandardButton usual) {
-  const QPointer<QMessageBox> box = new QMessageBox(icon, ToQString(title), ToQString(text),
-                                                    buttons, QApplication::activeWindow());
+  const QPointer<QMessageBox> box =
+      new QMessageBox(QMessageBox::NoIcon, ToQString(title), ToQString(text), buttons,
+                      QApplication::activeWindow());
   box->setTextFormat(Qt::PlainText);
+  box->setIconPixmap(picture.pixmap(QSize(PictureSize, PictureSize), box->devicePixelRatio()));
+  for (QAbstractButton* const button : box->buttons()) button->setIcon(QIcon());
   box->setDefaultButton(usual);
   const int answer = box->exec();
   delete box;
@@ -49,12 +55,12 @@ int ShowBox(QMessageBox::Icon icon, const std::string& title, const std::string&
 }  // namespace
 
 bool QtDialogs::AskYesNo(const std::string& title, const std::string& text) {
-  return ShowBox(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No,
+  return ShowBox(icons_.Own("question"), title, text, QMessageBox::Yes | QMessageBox::No,
                  QMessageBox::No) == QMessageBox::Yes;
 }
 
 void QtDialogs::ShowCritical(const std::string& title, const std::string& text) {
-  ShowBox(QMessageBox::Critical, title, text, QMessageBox::Ok, QMessageBox::Ok);
+  ShowBox(icons_.Own("warning"), title, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 std::optional<std::string> QtDialogs::AskText(const std::string& title, const std::string& prompt,

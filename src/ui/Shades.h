@@ -26,6 +26,7 @@ inline QPalette PlainPalette(const QColor& back, const QColor& text) {
   palette.setColor(QPalette::Base, back);
   for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
     palette.setColor(role, text);
+    palette.setColor(QPalette::Disabled, role, Blend(back, text, 50));
   }
   return palette;
 }

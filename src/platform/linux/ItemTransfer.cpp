@@ -145,7 +145,7 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
       return {OperationStep::Find, error};
     }
     if (GoesIntoItself(IdentityOf(found))) {
-      return {OperationStep::Find, EINVAL, "A folder cannot go into itself"};
+      return {OperationStep::Place, EINVAL, "A folder cannot go into itself"};
     }
   }
   if (levels_.back().CanRename && item.Decided != Way::Merge) {

@@ -55,7 +55,7 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   error = LookAt(target_.Folder.Get(), "", base);
   if (error != 0) return {OperationStep::Find, error, nullptr, true};
   if (self == IdentityOf(base) || self == made_) {
-    return {OperationStep::Find, EINVAL, "A folder cannot go into itself"};
+    return {OperationStep::Place, EINVAL, "A folder cannot go into itself"};
   }
 
   level.FirstName = names_.size();
