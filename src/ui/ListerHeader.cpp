@@ -100,7 +100,7 @@ QSize ListerHeader::sectionSizeFromContents(int section) const {
 void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setPalette(style_.List);  // windows do not inherit it
+  menu->setPalette(style_.Menu);  // windows do not inherit it
   const lister::Headings& table = control_.HeadingTable();
   for (const HeadingId id : table.Order()) {
     QAction* const entry = menu->addAction(ToQString(table[id].Caption));

@@ -97,6 +97,7 @@ ListerStyle SystemStyle(bool active, const QPalette& system) {
   ListerStyle style{.List = system,
                     .Drives = system,
                     .Toolbar = system,
+                    .Menu = system,
                     .Status = system,
                     .ScrollBars = system,
                     .Pane = system.color(QPalette::Window),
@@ -132,11 +133,13 @@ ListerStyle MakeListerStyle(const lister::ListerColours& colours, bool active,
   const QColor statusText = ToQColor(colours.StatusText);
   const QColor toolbar = ToQColor(colours.MinorToolbar);
   const QColor program = ToQColor(colours.ProgramBackground);
+  const QColor raised = Blend(background, text, 7);
   ListerStyle style{
       .List =
           PaletteOf(background, text, SelectionColour(background, accent, text, active ? 45 : 20)),
       .Drives = PaletteOf(drives, driveText, SelectionColour(drives, accent, driveText, 45)),
       .Toolbar = PaletteOf(background, text, SelectionColour(background, accent, text, 45)),
+      .Menu = PaletteOf(raised, text, SelectionColour(raised, accent, text, 45)),
       .Status = PaletteOf(status, statusText, status),
       .ScrollBars = PaletteOf(program, text, accent),
       .Pane = ToQColor(colours.PaneBackground),

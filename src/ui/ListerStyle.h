@@ -21,6 +21,7 @@ struct ListerStyle {
   QPalette List;
   QPalette Drives;
   QPalette Toolbar;
+  QPalette Menu;  // for the menus of a list, told from the list beneath by a shade
   QPalette Status;
   QPalette ScrollBars;
   QColor Pane;     // what shows between the parts of the list

@@ -115,6 +115,13 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
   filter_->setClearButtonEnabled(true);
   filter_->setFrame(false);
   filter_->setMinimumSize(0, 0);
+  filter_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(filter_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+    QMenu* const menu = filter_->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setPalette(style_.Menu);
+    menu->popup(filter_->mapToGlobal(place));
+  });
   connect(filter_, &QLineEdit::textEdited, this, &ListerToolbar::FilterTyped);
   connect(filter_, &QLineEdit::textChanged, this, qOverload<>(&QWidget::update));
   connect(filter_, &FilterField::ListAsked, this, &ListerToolbar::ListAsked);
@@ -156,7 +163,7 @@ void ListerToolbar::OpenBookmarks() {
   QToolButton* const button = buttons_[Bookmarks];
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setPalette(style_.List);  // windows do not inherit it
+  menu->setPalette(style_.Menu);  // windows do not inherit it
   for (int slot = 0; slot < workspace::BookmarkCount; ++slot) {
     const std::string folder = control_.Bookmark(slot);
     const std::string path = base::AsCaption(workspace::DisplayPathOf(folder));

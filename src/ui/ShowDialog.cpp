@@ -13,8 +13,9 @@ void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner) {
     dialog.setWindowModality(Qt::ApplicationModal);
   }
   const QRect room = dialog.screen()->availableGeometry();
-  const int right = std::max(room.right() - dialog.width(), room.left());
-  const int bottom = std::max(room.bottom() - dialog.height(), room.top());
+  // The window itself has no size of its own before it is shown.
+  const int right = std::max(room.right() - ToPixels(form.Width), room.left());
+  const int bottom = std::max(room.bottom() - ToPixels(form.Height), room.top());
   dialog.move(std::clamp(ToPixels(form.Left), room.left(), right),
               std::clamp(ToPixels(form.Top), room.top(), bottom));
   dialog.show();

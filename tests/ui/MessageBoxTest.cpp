@@ -11,6 +11,7 @@
 #include "TestApplication.h"
 #include "shell/MessageBox.h"
 #include "shell/popMsgBox.h"
+#include "ui/Convert.h"
 #include "ui/MsgBoxWindow.h"
 #include "ui/QtFormHost.h"
 
@@ -63,6 +64,14 @@ class MessageBoxTest : public testing::Test {
   forms::Form Main{"Master"};
   shell::MessageBox Messages{Host, Main};
 };
+
+TEST_F(MessageBoxTest, LiesOverTheMiddleOfItsWindow) {
+  Main.Top = Main.Width = Main.Height = ToTwips(400);
+  Ask(MessageKind::Ok, [](QDialog& box) {
+    EXPECT_NEAR(box.geometry().center().y(), 600, 2);
+    Press(box, Qt::Key_Escape);
+  });
+}
 
 TEST_F(MessageBoxTest, EachWayOfClosingGivesItsWord) {
   const auto enter = [](QDialog& box) { Press(box, Qt::Key_Return); };
