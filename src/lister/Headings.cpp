@@ -24,7 +24,7 @@ struct HeadingDefault {
 constexpr std::array<HeadingDefault, HeadingCount> Defaults{{
     {"", "sName", "Name", "Name of the item", 3600, true},
     {"Extension", "sExtension", "Extension", "What follows the last dot of the name", 1150, true},
-    {"Size", "sSize", "Size", "Size in bytes", 1300, true},
+    {"Size", "sSize", "Size", "Size in bytes", 1500, true},
     {"DateLastModified", "sModified", "Date Modified", "When the content was last changed", 2100,
      true},
     {"DateCreated", "sCreated", "Date Created", "When the item was made", 2100, false},
