@@ -2,12 +2,14 @@
 
 #include <QAccessible>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
 
 #include "TestApplication.h"
 #include "ui/QtPopupMenus.h"
+#include "ui/Shades.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -44,6 +46,7 @@ class QtPopupMenusTest : public testing::Test {
     Window.setCentralWidget(new QWidget);
     Window.resize(600, 400);
     Window.show();
+    Window.menuBar()->setPalette(PlainPalette(Qt::white, Qt::black));
     Menus.SetWindow(&Window);
     Menu = Menus.Create();
     EXPECT_TRUE(Menu->InsertOnTop(Entry(2, "&Delete")));
@@ -87,6 +90,8 @@ TEST_F(QtPopupMenusTest, ShowsEntriesAndGivesTheNumberOfTheChosenOne) {
     EXPECT_EQ(entries[0]->text(), "&Open");
     EXPECT_EQ(menu.defaultAction(), entries[0]);
     EXPECT_FALSE(entries[1]->isEnabled());
+    EXPECT_NE(menu.palette().color(QPalette::Disabled, QPalette::Text),
+              menu.palette().color(QPalette::Active, QPalette::Text));
     EXPECT_TRUE(entries[3]->isSeparator());
     const QList<QAction*> inner = entries[2]->menu()->actions();
     EXPECT_EQ(inner[0]->text(), QString::fromUtf8("A && B\xE2\x90\x89"
