@@ -230,8 +230,8 @@ void LinuxItemMenu::ChooseApplication() {
   const auto place = std::ranges::find(choices, chosen->Id, &ApplicationChoice::Id);
   if (place == choices.end()) return;
   GAppInfo* const application = all[static_cast<std::size_t>(place - choices.begin())].get();
-  if (chosen->AlwaysUse) {
-    if (const base::Status status = UseAlways(application, types_); !status) {
+  if (chosen->AlwaysUse && !types_.empty()) {
+    if (const base::Status status = UseAlways(application, types_.front()); !status) {
       Tell(place->Name, "could not be made the usual application", status);
     }
   }

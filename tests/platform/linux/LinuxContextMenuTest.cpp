@@ -227,6 +227,11 @@ TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
   EXPECT_EQ(desktop.Told("windowed"),
             "windowed in " + Place.Path() + "\n[-x]\n[y z]\n[" + path + "]\n");
   EXPECT_EQ(Took(), "");
+  // What is asked about is the type of the first.
+  Windows.Choice = {"windowed.desktop", "", true};
+  Choose({"a.css", "a.txt"}, "&Other Application...");
+  Choose({"a.txt"}, "&Open");
+  EXPECT_NE(desktop.Told("open it"), "");
   choose({"", "no-such-program-anywhere", false});
   EXPECT_EQ(Took(),
             "\"no-such-program-anywhere\" could not be started.\n\nNo such file or directory|");
@@ -277,9 +282,16 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   EXPECT_EQ(Get(target + "/p.png"), "no picture");
   EXPECT_EQ(Took(),
             "2 items on the clipboard are no files of this computer and cannot be pasted.|");
+  Clipboard.Files = {JoinItems({"/", Place / "b.txt"}), false, 0};
+  Put(Place / "b.txt", "new");
+  unlink((target + "/b.txt").c_str());
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Get(target + "/b.txt"), "new");
+  EXPECT_EQ(Took(), "\"/\" could not be pasted.\n\nThe root of all folders goes nowhere|");
+  Operation.Requests.clear();
   Clipboard.Files = {};
   Choose({"dir"}, "&Paste");
-  EXPECT_EQ(Operation.Requests.size(), 2U);
+  EXPECT_EQ(Operation.Requests.size(), 0U);
   EXPECT_EQ(Took(), "");
   Choose({"p.png"}, "&Copy");
   EXPECT_FALSE(Clipboard.Files.IsCut);
