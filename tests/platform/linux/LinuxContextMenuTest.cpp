@@ -188,6 +188,11 @@ TEST_F(LinuxContextMenuTest, OpensItems) {
   EXPECT_NE(desktop.Told("viewer").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
             std::string::npos);
 
+  Dialogs.Yes = false;
+  Choose(std::vector<std::string>(31, "a.txt"), "&Open");
+  EXPECT_EQ(Took(), "Do you want to open these 31 items?|");
+  EXPECT_NE(access((desktop.Folder / "log.open it").c_str(), F_OK), 0);
+
   const std::unique_ptr<ItemMenu> late = Make(Place.Path(), {"a.txt", "dir\n2"});
   unlink((Place / "a.txt").c_str());
   for (const char* caption : {"&Open", "x", "&Other Application..."}) {
