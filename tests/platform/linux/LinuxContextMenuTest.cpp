@@ -235,6 +235,7 @@ TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
   // What is asked about is the type of the first.
   Windows.Choice = {"windowed.desktop", "", true};
   Choose({"a.css", "a.txt"}, "&Other Application...");
+  EXPECT_NE(desktop.Told("windowed").find("a.txt]"), std::string::npos);
   Choose({"a.txt"}, "&Open");
   EXPECT_NE(desktop.Told("open it"), "");
   choose({"", "no-such-program-anywhere", false});
