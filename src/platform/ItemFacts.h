@@ -69,7 +69,7 @@ class ItemInspector {
   // Changes the permissions of the item; for a link that is trouble. With `inside` also those of
   // all that lies below a folder, without the special bits: files become executable only if they
   // are so for somebody already, and folders can be entered by those who may list them. Links there
-  // are left alone, and a folder where another volume is mounted is trouble. What has been done is
+  // are left alone, and what is mounted among them is trouble. What has been done is
   // added to the outcome.
   virtual void SetPermissions(const std::string& path, const PermissionChange& change, bool inside,
                               const GoOn& goOn, PermissionOutcome& outcome) const = 0;

@@ -35,6 +35,10 @@ std::string MenuCaptionById(const std::vector<ContextEntry>& entries, int id) {
   return "";
 }
 
+bool IsOnTop(const std::vector<ContextEntry>& entries, int id) {
+  return std::ranges::find(entries, id, &ContextEntry::Id) != entries.end();
+}
+
 // The lowest of several.
 void RemovePaste(std::vector<ContextEntry>& entries) {
   const auto found = std::find_if(entries.rbegin(), entries.rend(), [](const ContextEntry& entry) {
@@ -67,7 +71,11 @@ std::string MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
   const int id = request.Mode == MenuMode::Show ? menu->Track(request.X, request.Y)
                                                 : FindByCaption(entries, CaptionOf(request.Mode));
   if (id == NothingChosen) return "";
-  const MenuWord chosen = WordOf(MenuCaptionById(entries, id), workspace_.ShellVerbMode);
+  // What the platform has in a submenu bears the names of applications, whatever words they are.
+  const bool isNamedByOthers = id <= LastPlatformId && !IsOnTop(entries, id);
+  const MenuWord chosen = isNamedByOthers
+                              ? MenuWord{std::string(UnknownWord), true}
+                              : WordOf(MenuCaptionById(entries, id), workspace_.ShellVerbMode);
   if (chosen.IsPlatforms && id <= LastPlatformId) items->Invoke(id - FirstPlatformId);
   return chosen.Word;
 }

@@ -54,11 +54,27 @@ bool IsThisComputer(QByteArrayView host) {
          host.compare(QSysInfo::machineHostName().toUtf8(), Qt::CaseInsensitive) == 0;
 }
 
+// Without "." and "..", which a list of files has no use for.
+std::string Resolved(std::string_view path) {
+  std::string plain;
+  while (!path.empty()) {
+    const std::size_t end = std::min(path.find('/'), path.size());
+    const std::string_view part = path.substr(0, end);
+    path.remove_prefix(std::min(end + 1, path.size()));
+    if (part == "..") {
+      plain.resize(plain.empty() ? 0 : plain.rfind('/'));
+    } else if (!part.empty() && part != ".") {
+      (plain += '/') += part;
+    }
+  }
+  return plain.empty() ? "/" : plain;
+}
+
 // Adds what the lines name; false if there are no addresses among them.
 bool TakeUris(QByteArray lines, platform::ClipboardFiles& files) {
   const int foreign = files.Foreign;
   while (lines.endsWith('\0')) lines.chop(1);  // some programs hand over the end of a C string
-  for (const QByteArray& each : lines.split('\n')) {
+  for (const QByteArray& each : lines.replace('\r', '\n').split('\n')) {
     const QByteArray line = each.trimmed();
     if (line.isEmpty() || line.startsWith('#')) continue;
     const std::string path = PathOfUri(line);
@@ -136,10 +152,9 @@ std::string PathOfUri(QByteArrayView uri) {
     if (slash < 0 || !IsThisComputer(rest.first(slash))) return {};
     rest = rest.sliced(slash);
   }
-  std::string path = Unescape(rest);
+  const std::string path = Unescape(rest);
   if (!path.starts_with('/') || path.find('\0') != std::string::npos) return {};
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  return path;
+  return Resolved(path);
 }
 
 }  // namespace tarnwell::ui

@@ -180,7 +180,8 @@ class FakeFileOperation : public platform::FileOperation {
   }
 };
 
-// A platform's menu of the entries that a test puts into Captions, a line for an empty one.
+// A platform's menu of the entries that a test puts into Captions, a line for an empty one. One
+// that begins with "> " is the only entry of a submenu.
 class FakeContextMenu : public platform::ContextMenu {
  public:
   explicit FakeContextMenu(const platform::FileSystem& files) : files_(files) {}
@@ -209,16 +210,20 @@ class FakeContextMenu : public platform::ContextMenu {
     explicit Menu(FakeContextMenu& owner) : Owner(owner) {}
     base::Status Fill(int firstId, int, std::vector<platform::ContextEntry>& entries) override {
       for (const std::string& caption : Owner.Captions) {
-        entries.emplace_back().Id = firstId++;
-        entries.back().Caption = caption;
+        const bool isBelow = caption.starts_with("> ");
+        if (isBelow) entries.emplace_back().Caption = "More";
+        std::vector<platform::ContextEntry>& place = isBelow ? entries.back().Children : entries;
+        place.emplace_back().Id = firstId++;
+        place.back().Caption = caption.substr(isBelow ? 2 : 0);
         entries.back().IsSeparator = caption.empty();
       }
       return Owner.Fault;
     }
     void Invoke(int offset) override {
       Owner.Offsets = {offset};
+      const std::string_view caption = Owner.Captions.at(static_cast<std::size_t>(offset));
       Owner.Invoked.push_back(
-          base::WithoutMarks(Owner.Captions.at(static_cast<std::size_t>(offset))));
+          base::WithoutMarks(caption.substr(caption.starts_with("> ") ? 2 : 0)));
       if (Owner.OnInvoke) Owner.OnInvoke();
     }
     FakeContextMenu& Owner;

@@ -141,6 +141,14 @@ TEST_F(ContextMenuTest, KeysCarryOutThePlatformsEntryUnseen) {
   Platform.ItemMenus.Captions = {"&Kopieren", "copy", "Copy as path", ""};
   EXPECT_EQ(invoked(MenuMode::Copy), Texts{});
   EXPECT_EQ(Popups.Tracked, 0);
+
+  // An application that happens to be called as one of the program's own entries.
+  Platform.ItemMenus.Captions = {"> Orange "};
+  Choose("a.txt", "Orange ");
+  EXPECT_EQ(Platform.ItemMenus.Invoked, Texts{"Orange "});
+  Platform.ItemMenus.Captions = {"Duplicate "};
+  Choose("a.txt", "Duplicate ");
+  EXPECT_EQ(Platform.ItemMenus.Invoked, Texts{"Orange "});
 }
 
 TEST_F(ContextMenuTest, LeavesNothingBehindOnAnyWayOut) {

@@ -63,11 +63,13 @@ TEST(FileUris, AreReadFromOtherPrograms) {
 
   // What is said of a cut counts for the list that says it; without one the other list serves.
   data.setData("x-special/gnome-copied-files",
-               QByteArray("cut\nfile:///one\nfile:///t%20wo\n") + QByteArray(1, '\0'));
+               QByteArray("cut\nfile:///a/../one/.\rfile:///../t%20wo//\n") + QByteArray(1, '\0'));
   files = FilesOf(data);
   EXPECT_EQ(files.Items, Items("/one\n/t wo\n"));
   EXPECT_TRUE(files.IsCut);
   EXPECT_EQ(files.Foreign, 0);
+  EXPECT_EQ(PathOfUri("file:///a/b%2f%2E./..x/c/.."), "/a/..x");
+  EXPECT_EQ(PathOfUri("file:///a/.."), "/");
   for (const char* broken : {"", "cut", "cut\n", "paste\nfile:///one"}) {
     data.setData("x-special/gnome-copied-files", broken);
     EXPECT_EQ(FilesOf(data).Foreign, 6) << broken;

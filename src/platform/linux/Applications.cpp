@@ -85,14 +85,11 @@ ApplicationList ApplicationsAfter(const ApplicationList& first) {
   return list;
 }
 
-base::Status UseAlways(GAppInfo* application, const std::vector<std::string>& types) {
-  for (const std::string& type : types) {
-    GioError error;
-    if (g_app_info_set_as_default_for_type(application, type.c_str(), error.Place()) == FALSE) {
-      return error.Status();
-    }
-  }
-  return {};
+base::Status UseAlways(GAppInfo* application, const std::string& type) {
+  GioError error;
+  const gboolean done =
+      g_app_info_set_as_default_for_type(application, type.c_str(), error.Place());
+  return done != FALSE ? base::Status() : error.Status();
 }
 
 std::string TypeName(const std::string& type) {

@@ -22,8 +22,8 @@ ApplicationList ApplicationsFor(const std::vector<std::string>& types);
 // Those given, then all others that are meant to be shown to people, by their names.
 ApplicationList ApplicationsAfter(const ApplicationList& first);
 
-// From now on the application opens files of the types.
-base::Status UseAlways(GAppInfo* application, const std::vector<std::string>& types);
+// From now on the application opens files of the type.
+base::Status UseAlways(GAppInfo* application, const std::string& type);
 
 std::string TypeName(const std::string& type);  // for people
 std::string IdOf(GAppInfo* application);        // empty if it has none

@@ -23,16 +23,20 @@ std::array<timespec, 2> TimesOf(const struct statx& item) {
           timespec{item.stx_mtime.tv_sec, static_cast<long>(item.stx_mtime.tv_nsec)}};
 }
 
-// The names, each ended by a NUL; empty where there are none to be had.
-std::string ListAttributes(int item) {
+// The names, each ended by a NUL. False where there are some that are not told: too many, say.
+bool ListAttributes(int item, std::string& names) {
   std::array<char, 1024> few;
   ssize_t length = flistxattr(item, few.data(), few.size());
-  if (length >= 0) return {few.data(), static_cast<std::size_t>(length)};
-  if (errno != ERANGE) return {};
-  std::string names(XATTR_LIST_MAX, '\0');
-  length = flistxattr(item, names.data(), names.size());
+  if (length >= 0) {
+    names.assign(few.data(), static_cast<std::size_t>(length));
+    return true;
+  }
+  if (errno == ERANGE) {
+    names.resize(XATTR_LIST_MAX);
+    length = flistxattr(item, names.data(), names.size());
+  }
   names.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-  return names;
+  return length >= 0 || errno == ENOTSUP || errno == ENOSYS || errno == EPERM;
 }
 
 bool CopyAttribute(int from, int to, const char* name, std::string& value) {
@@ -50,9 +54,11 @@ struct Extended {
 
 // A new item inherits access lists from its folder, which the original may not have.
 Extended CopyExtended(int from, int to, bool mayInherit) {
-  const std::string given = mayInherit ? ListAttributes(to) : std::string();
-  const std::string wanted = ListAttributes(from);
-  if (given.empty() && wanted.empty()) return {};
+  std::string given;
+  std::string wanted;
+  if (mayInherit) ListAttributes(to, given);
+  const bool isKnown = ListAttributes(from, wanted);
+  if (given.empty() && wanted.empty() && isKnown) return {};
   const auto names = [](const std::string& list, const auto& take) {
     for (const char* name = list.c_str(); name < list.data() + list.size();
          name += std::strlen(name) + 1) {
@@ -62,7 +68,8 @@ Extended CopyExtended(int from, int to, bool mayInherit) {
   names(given, [&](const char* name) {
     if (name == accessList || name == defaultAccessList) fremovexattr(to, name);
   });
-  Extended result{.HasAny = !wanted.empty()};
+  // The access list may be among what is not told.
+  Extended result{.HasAny = !wanted.empty(), .LosesAccessList = !isKnown, .LosesOwn = !isKnown};
   std::string value;
   names(wanted, [&](const char* name) {
     if (CopyAttribute(from, to, name, value)) return;

@@ -94,7 +94,9 @@ class PermissionWalk {
       return;
     }
     const bool isFolder = S_ISDIR(found.stx_mode);
-    if (!IsTop() && isFolder && !IsSameMount(found, start_)) {
+    // Files can be mounted too, but what holds them may give them another device of its own.
+    const bool tellsMounts = (found.stx_mask & STATX_MNT_ID) != 0;
+    if (!IsTop() && (isFolder || tellsMounts) && !IsSameMount(found, start_)) {
       return Fail(path_, {EBUSY, "Another volume is mounted here"});
     }
     const std::uint32_t mode = found.stx_mode & AllBits;

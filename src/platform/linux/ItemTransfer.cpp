@@ -59,8 +59,9 @@ int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   source_ = nullptr;
   sources_ = {};
   targets_ = {};
-  levels_.clear();
   Level base;
+  base.IsSwept = !levels_.empty() && levels_.front().IsSwept;
+  levels_.clear();
   Descriptor from(fcntl(source->Folder.Get(), F_DUPFD_CLOEXEC, 0));
   if (!from) return errno;
   Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));

@@ -50,6 +50,9 @@ constexpr std::size_t leastRoom = std::size(rows) + 2;
 
 constexpr const char* notOpened = "could not be opened";
 
+// More of them may mean as many programs at once.
+constexpr std::size_t mostUnasked = 30;
+
 std::string WithoutAccessKeys(std::string text) {
   for (std::size_t at = text.find('&'); at != text.npos; at = text.find('&', at + 2)) {
     text.insert(at, 1, '&');
@@ -178,19 +181,22 @@ void LinuxItemMenu::Invoke(int offset) {
   }
 }
 
-std::vector<std::string> LinuxItemMenu::FoundItems(FailureList& failures) const {
+std::vector<std::string> LinuxItemMenu::ItemsToOpen(FailureList& failures) const {
   std::vector<std::string> found;
   for (const std::string& path : paths_) {
     const base::Status status = FindItem(path);
     failures.Add(path, status);
     if (status) found.push_back(path);
   }
+  const std::string question =
+      "Do you want to open these " + std::to_string(found.size()) + " items?";
+  if (found.size() > mostUnasked && !tools_.Dialogs.AskYesNo("Open", question)) found.clear();
   return found;
 }
 
 void LinuxItemMenu::Open() {
   FailureList failures;
-  const std::vector<std::string> found = FoundItems(failures);
+  const std::vector<std::string> found = ItemsToOpen(failures);
   if (IsOneFolder() && !found.empty()) {
     tools_.Windows.OpenFolder(found.front());
   } else {
@@ -201,7 +207,7 @@ void LinuxItemMenu::Open() {
 
 void LinuxItemMenu::OpenWith(GAppInfo* application) {
   FailureList failures;
-  const std::vector<std::string> found = FoundItems(failures);
+  const std::vector<std::string> found = ItemsToOpen(failures);
   if (!found.empty()) {
     const base::Status status = Launch(application, found);
     for (const std::string& path : found) failures.Add(path, status);
@@ -230,8 +236,8 @@ void LinuxItemMenu::ChooseApplication() {
   const auto place = std::ranges::find(choices, chosen->Id, &ApplicationChoice::Id);
   if (place == choices.end()) return;
   GAppInfo* const application = all[static_cast<std::size_t>(place - choices.begin())].get();
-  if (chosen->AlwaysUse) {
-    if (const base::Status status = UseAlways(application, types_); !status) {
+  if (chosen->AlwaysUse && !types_.empty()) {
+    if (const base::Status status = UseAlways(application, types_.front()); !status) {
       Tell(place->Name, "could not be made the usual application", status);
     }
   }
@@ -240,7 +246,7 @@ void LinuxItemMenu::ChooseApplication() {
 
 void LinuxItemMenu::RunCommand(const std::string& command) {
   FailureList failures;
-  const std::vector<std::string> found = FoundItems(failures);
+  const std::vector<std::string> found = ItemsToOpen(failures);
   failures.Show(tools_.Dialogs, notOpened);
   if (found.empty()) return;
   const base::Status status = OpenWithCommand(command, found, folder_);

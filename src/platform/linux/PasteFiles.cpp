@@ -70,8 +70,13 @@ void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperati
     return;
   }
   FolderTest target(identity);
+  FailureList nameless;
   std::vector<std::string> fromHere, fromElsewhere;
   for (std::string& path : SplitItemList(files.Items)) {
+    if (base::PathSyntax::Posix().LastComponent(path).empty()) {
+      nameless.Add(path, {EINVAL, "The root of all folders goes nowhere"});
+      continue;
+    }
     (target.HoldsItem(path) ? fromHere : fromElsewhere).push_back(std::move(path));
   }
 
@@ -90,6 +95,7 @@ void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperati
     request.Flags |= RenameOnCollision;
     operation.Run(request);
   }
+  nameless.Show(dialogs, "could not be pasted");
   if (files.Foreign == 0) return;
   dialogs.ShowCritical(
       "Tarnwell", (files.Foreign == 1

@@ -8,7 +8,8 @@
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderBuffer.h"
-#include "platform/linux/TemporaryOwner.h"
+#include "platform/linux/RenameItem.h"
+#include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -41,9 +42,12 @@ void SweepTemporaries(int folder, const std::function<bool()>& goesOn) {
     }
   }
   QuietUser user(goesOn);
+  TemporaryName taken;
   for (const std::string& name : left) {
+    // Should somebody be writing it after all, he finds it gone, and takes nothing for copied.
+    if (taken.Renew() != 0 || RenameNew(folder, name.c_str(), folder, taken.Text()) != 0) continue;
     OperationTalk talk(user, FileFunction::Delete, Silent | NoErrorWindows);
-    TreeDeletion(talk).Delete(folder, name, "/" + name);
+    TreeDeletion(talk).Delete(folder, taken.Text(), std::string("/") + taken.Text());
   }
 }
 

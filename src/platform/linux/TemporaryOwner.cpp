@@ -17,6 +17,7 @@ namespace tarnwell::platform {
 namespace {
 
 constexpr std::int64_t clockSlack = 60;  // seconds that clocks may disagree
+constexpr int halfBits = 32;  // of a run, for the start of the system; then the container
 
 std::string ReadText(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -50,12 +51,21 @@ std::uint64_t ThisMachine() {
   return HashOf(number + name.data());
 }
 
-// Containers number their processes for themselves.
+// A /proc from elsewhere tells of other processes under these numbers.
+bool ProcIsOwn() {
+  std::array<char, 32> self{};
+  return readlink("/proc/self", self.data(), self.size() - 1) > 0 &&
+         std::to_string(getpid()) == self.data();
+}
+
+// Containers number their processes for themselves, and may have a clock of their own.
 std::uint64_t ThisRun() {
   const std::string number = ReadText("/proc/sys/kernel/random/boot_id");
   struct stat realm {};
-  if (number.empty() || stat("/proc/self/ns/pid", &realm) != 0) return 0;
-  return HashOf(number + std::to_string(realm.st_ino));
+  if (number.empty() || !ProcIsOwn() || stat("/proc/self/ns/pid", &realm) != 0) return 0;
+  std::string container = std::to_string(realm.st_ino);
+  if (stat("/proc/self/ns/time", &realm) == 0) container += " " + std::to_string(realm.st_ino);
+  return HashOf(number) >> halfBits << halfBits | HashOf(container) >> halfBits;
 }
 
 bool IsAlive(const TemporaryOwner& owner) {
@@ -90,7 +100,7 @@ std::string TemporaryOwner::Text() const {
 }
 
 std::optional<TemporaryOwner> TemporaryOwner::FromName(std::string_view name) {
-  if (!name.starts_with(Beginning) || !name.ends_with(Ending)) return {};
+  if (!name.starts_with(Beginning)) return {};
   name.remove_prefix(std::string_view(Beginning).size());
   TemporaryOwner owner;
   for (std::uint64_t* const field : {&owner.Machine, &owner.Run, &owner.Process, &owner.Start}) {
@@ -98,12 +108,19 @@ std::optional<TemporaryOwner> TemporaryOwner::FromName(std::string_view name) {
     if (error != std::errc() || end == name.data() + name.size() || *end != '-') return {};
     name.remove_prefix(static_cast<std::size_t>(end - name.data()) + 1);
   }
-  return owner;
+  // What a user has made of such an item by giving it another name is the user's.
+  const std::string_view random = name.substr(0, RandomDigits);
+  const bool isWhole = random.size() == RandomDigits && name.substr(RandomDigits) == Ending &&
+                       random.find_first_not_of("0123456789abcdef") == random.npos;
+  return isWhole ? std::optional(owner) : std::nullopt;
 }
 
 bool TemporaryOwner::IsGone(std::int64_t changed) const {
   const TemporaryOwner& own = OfProcess();
-  if (Run != 0 && Run == own.Run) return Start != 0 && !IsAlive(*this);
+  if (Run == 0 || own.Run == 0) return false;
+  if (Run == own.Run) return Start != 0 && !IsAlive(*this);
+  // In another container, into which nobody sees; clocks may have been set since.
+  if (Run >> halfBits == own.Run >> halfBits) return false;
   return Machine != 0 && Machine == own.Machine && changed + clockSlack < StartOfRun();
 }
 

@@ -1,6 +1,7 @@
 // Whose a temporary item is.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,10 +14,13 @@ struct TemporaryOwner {
   // Of a temporary item's name; the owner's text and a random number stand between.
   static constexpr const char* Beginning = ".tarnwell-";
   static constexpr const char* Ending = ".tmp";
+  static constexpr std::size_t RandomDigits = 16;  // hexadecimal, small letters
 
   std::uint64_t Machine = 0;  // 0 where the machine has no name of its own
-  std::uint64_t Run = 0;      // from one start of the system to the next; 0 if unknown
-  std::uint64_t Process = 0;  // its number in that run
+  // From one start of the system to the next, which the upper half tells; the lower one tells the
+  // container. 0 if unknown.
+  std::uint64_t Run = 0;
+  std::uint64_t Process = 0;  // its number in that container
   std::uint64_t Start = 0;    // when it began: numbers of processes are used again
 
   static const TemporaryOwner& OfProcess();

@@ -188,6 +188,11 @@ TEST_F(LinuxContextMenuTest, OpensItems) {
   EXPECT_NE(desktop.Told("viewer").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
             std::string::npos);
 
+  Dialogs.Yes = false;
+  Choose(std::vector<std::string>(31, "a.txt"), "&Open");
+  EXPECT_EQ(Took(), "Do you want to open these 31 items?|");
+  EXPECT_NE(access((desktop.Folder / "log.open it").c_str(), F_OK), 0);
+
   const std::unique_ptr<ItemMenu> late = Make(Place.Path(), {"a.txt", "dir\n2"});
   unlink((Place / "a.txt").c_str());
   for (const char* caption : {"&Open", "x", "&Other Application..."}) {
@@ -227,6 +232,12 @@ TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
   EXPECT_EQ(desktop.Told("windowed"),
             "windowed in " + Place.Path() + "\n[-x]\n[y z]\n[" + path + "]\n");
   EXPECT_EQ(Took(), "");
+  // What is asked about is the type of the first.
+  Windows.Choice = {"windowed.desktop", "", true};
+  Choose({"a.css", "a.txt"}, "&Other Application...");
+  EXPECT_NE(desktop.Told("windowed").find("a.txt]"), std::string::npos);
+  Choose({"a.txt"}, "&Open");
+  EXPECT_NE(desktop.Told("open it"), "");
   choose({"", "no-such-program-anywhere", false});
   EXPECT_EQ(Took(),
             "\"no-such-program-anywhere\" could not be started.\n\nNo such file or directory|");
@@ -277,9 +288,16 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   EXPECT_EQ(Get(target + "/p.png"), "no picture");
   EXPECT_EQ(Took(),
             "2 items on the clipboard are no files of this computer and cannot be pasted.|");
+  Clipboard.Files = {JoinItems({"/", Place / "b.txt"}), false, 0};
+  Put(Place / "b.txt", "new");
+  unlink((target + "/b.txt").c_str());
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Get(target + "/b.txt"), "new");
+  EXPECT_EQ(Took(), "\"/\" could not be pasted.\n\nThe root of all folders goes nowhere|");
+  Operation.Requests.clear();
   Clipboard.Files = {};
   Choose({"dir"}, "&Paste");
-  EXPECT_EQ(Operation.Requests.size(), 2U);
+  EXPECT_EQ(Operation.Requests.size(), 0U);
   EXPECT_EQ(Took(), "");
   Choose({"p.png"}, "&Copy");
   EXPECT_FALSE(Clipboard.Files.IsCut);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
+#include <utility>
 
 #include "OperationFixture.h"
 #include "platform/linux/LinuxTermination.h"
@@ -129,6 +130,13 @@ TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
     const int code = Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code;
     return code == 0 && user.Heard.size() == 6 && here.Names().empty() ? 0 : 7;
   }));
+  Put(here / "many", "more of them than are told");
+  EXPECT_HELD(InChild([&] {
+    Refuse(SYS_flistxattr, E2BIG, {});
+    ScriptedUser user;
+    const int code = Do(user, FileFunction::Move, {here / "many"}, there.Path()).Code;
+    return code == ENOTSUP && fs::exists(here / "many") ? 0 : 1;
+  }));
 }
 
 TEST(OperationFaults, AFolderTakesTheNameOfAFileWhereNamesCannotBeExchanged) {
@@ -181,6 +189,8 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
               fs::create_directories(to + "tree/" + name.Text() + "/sub");
               name.Renew();
               Put(to + name.Text(), "half");
+              const std::string half = name.Text();
+              Put(to + half.substr(0, half.size() - 4) + " (2).tmp", "copy that a user made");
               name.RenewAside();
               Put(to + name.Text(), "a user's");
               return 0;
@@ -190,12 +200,14 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
   own.Renew();
   Put(to + own.Text(), "being written");
   TemporaryOwner other = TemporaryOwner::OfProcess();
-  other.Run ^= 1;
+  const std::uint64_t run = std::exchange(other.Run, other.Run ^ 1);
+  EXPECT_FALSE(other.IsGone(0));  // it may live in another container
+  other.Run = run ^ 1ULL << 63;
   EXPECT_FALSE(other.IsGone(std::time(nullptr)));
   EXPECT_EQ(other.IsGone(0), other.Machine != 0);  // of a run before this one
   other.Machine ^= 1;
   EXPECT_FALSE(other.IsGone(0));
-  Put(to + ".tarnwell-" + other.Text() + "-0.tmp", "another machine's");
+  Put(to + ".tarnwell-" + other.Text() + "-0123456789abcdef.tmp", "machine of others");
   Put(to + ".tarnwell-notes.tmp", "no such name at all");
   ScriptedUser user;
   EXPECT_EQ(Do(user, FileFunction::Copy, {here / "tree"}, to).Code, 0);
@@ -205,7 +217,7 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
     if (entry.is_regular_file()) kept += Get(entry.path()).substr(0, 1);
   }
   std::ranges::sort(kept);
-  EXPECT_EQ(kept, "aabn");
+  EXPECT_EQ(kept, "abcmn");
 }
 
 }  // namespace

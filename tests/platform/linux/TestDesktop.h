@@ -1,6 +1,7 @@
 // A desktop with a few applications, which tell how they were started.
 #pragma once
 
+#include <gio/gio.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,6 +38,8 @@ struct TestDesktop {
           "[Default Applications]\ntext/plain=opener.desktop\nimage/png=viewer.desktop\n"
           "inode/directory=viewer.desktop\nx-scheme-handler/odd=opener.desktop\n"
           "[Added Associations]\ntext/plain=viewer.desktop\n");
+    // GLib loses what it has read of types when it is first asked where they are described.
+    g_content_type_get_mime_dirs();
   }
   static std::string Entry(const std::string& command, const std::string& name = "x") {
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + command + "\n";
