@@ -12,7 +12,8 @@ namespace tarnwell::platform {
 struct ContextEntry {
   int Id = 0;           // unlike that of any other entry of the menu
   std::string Caption;  // "&" marks the access key, "&&" is an ampersand; empty for a separator
-  // Name of one of the program's own pictures, or of one in the desktop's icon theme; may be empty.
+  // Name of one of the program's own pictures or of one in the desktop's icon theme, or the full
+  // path of a picture; may be empty.
   std::string Picture;
   bool IsSeparator = false;
   bool Enabled = true;
