@@ -45,6 +45,8 @@ std::string DropCommand::DestinationOf(lister::ListId list) const {
 }
 
 std::string DropCommand::Ask(const std::string& text, const std::string& destination) {
+  // The word of another dialog must not stand: what is dropped would be gone for good.
+  if (fields_.DialogResult == "delete") fields_.DialogResult.clear();
   popCopyMove dialog(host_, fields_);
   host_.Open(dialog);
   dialog.txtSource.Text = text;

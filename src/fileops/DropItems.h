@@ -34,7 +34,7 @@ class DropCommand {
   // Where a drop on the list goes; empty if that is no folder.
   std::string DestinationOf(lister::ListId list) const;
   // Gives the folder as the user leaves it. What to do is then in DialogResult, which a dialog that
-  // is closed without a button leaves as it was.
+  // is closed without a button leaves as it was; the answer to a delete is forgotten first.
   std::string Ask(const std::string& text, const std::string& destination);
 
   workspace::Workspace& workspace_;

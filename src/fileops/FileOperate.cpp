@@ -50,7 +50,7 @@ void FileOperations::FileOperate(const std::string& action, lister::ListId sourc
   Carry(function, source, target, std::move(folder), refreshChild, std::string(what));
 }
 
-// `items` is a copy: lists that are read again forget theirs.
+// `items` is a copy: a list makes its own anew whenever it is asked what is selected.
 void FileOperations::Carry(FileFunction function, lister::ListId source, lister::ListId target,
                            std::string folder, bool refreshChild, const std::string& items) {
   const bool leaves = function == FileFunction::Delete && DeletesFolderOnShow(source, items);

@@ -250,7 +250,7 @@ void FolderBody::FollowBranches() {
 // --- Tools.
 
 void FolderBody::SetItemColour(ItemColour colour) {
-  const RowId row = tree_.Current();
+  const RowId row = input_.Meant();
   if (!tree_.Has(row)) return;
   KeepColour(state_, tree_.PathOf(row), colour);
   if (tree_.Has(row)) tree_.AskAnew(row);

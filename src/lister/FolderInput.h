@@ -17,6 +17,10 @@ class FolderInput : public CommonInput {
     return position++ == 0 ? Current() : NoRow;
   }
 
+  // What an action is for: within its bracket the node that was clicked for it, else the current
+  // one.
+  RowId Meant() const { return IsHeld() && Clicked() != NoRow ? Clicked() : Current(); }
+
   // The node has become the open one.
   void Opened(RowId row) { SetClicked(row); }
 

@@ -46,8 +46,6 @@ class MenuDispatch {
   // `paths` are the items that the menu was for. An error ends it without a word.
   void Dispatch(std::string word, const std::vector<std::string>& paths);
 
-  const CutPasteState& CutPaste() const { return cuts_; }
-
  private:
   // A word with what it is for.
   struct Choice {

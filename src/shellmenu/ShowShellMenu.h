@@ -35,10 +35,8 @@ class ContextMenuCommand {
   // The menu of the current list, at a place in the main form in twips. It is for the item of
   // `path`, or if that is empty for what is clicked and selected. Modes other than Show carry out
   // an entry of the platform's unseen; Paste is for the list's folder. No list follows its folder
-  // meanwhile.
+  // meanwhile. What the platform's entry throws comes out of here, once all that has ended.
   void ShowShellMenu(float x, float y, std::string path, MenuMode mode);
-
-  const CutPasteState& CutPaste() const { return dispatch_.CutPaste(); }
 
  private:
   std::string PasteTarget(const lister::ListerControl& list) const;

@@ -73,6 +73,9 @@ TEST_F(DropItemsTest, DoesWhatTheDropSaysOrTheUser) {
   other.DropOn("C:\\Other", drop);
   EXPECT_EQ(Take(),
             (Texts{"C:\\Data\\one.txt> C:\\Other\\", "1 C:\\Data\\one.txt;> C:\\Other\\;"}));
+  Fields.DialogResult = "delete";  // but nothing dropped is deleted for it
+  other.DropOn("C:\\Other", drop);
+  EXPECT_EQ(Take().back(), "0 C:\\Data\\one.txt;> ;");
   drop.Items += "C:\\Data\\new.txt\0"s;
   Button = "copy";
   NewFolder = "C:\\New";

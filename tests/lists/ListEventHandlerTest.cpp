@@ -161,8 +161,7 @@ TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
   EXPECT_EQ(Space.ResizeAction, "DragStart");
   Handler.DragEnded(101, {});
   EXPECT_EQ(Space.ResizeAction, "");
-  Space.Lists[1].DropOn("",
-                        {.Items = {}, .SourceText = {}, .Action = {}, .Source = 101});
+  Space.Lists[1].DropOn("", {.Items = {}, .SourceText = {}, .Action = {}, .Source = 101});
   EXPECT_EQ(Space.DragSourceList, 101);
 }
 
