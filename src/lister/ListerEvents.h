@@ -39,6 +39,7 @@ struct Drop {
   std::string SourceText = {};
   std::string Action = {};
   ListId Source = NoList;  // the list that the drag began in, if it was one of this program
+  int Foreign = 0;         // what else was dragged and is no file of this computer
 };
 
 class ListerEvents {

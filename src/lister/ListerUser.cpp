@@ -1,4 +1,5 @@
 // The part of ListerControl that the widget tells of mouse, keys and buttons.
+#include "lister/CellText.h"
 #include "lister/DropRules.h"
 #include "lister/ListerParts.h"
 
@@ -133,6 +134,11 @@ void ListerControl::DropOn(const std::string& folder, Drop drop) {
   parts_->DropFolder = folder.empty() ? "" : parts_->State.Syntax.AddSeparator(folder);
   if (drop.Source != NoList) parts_->State.Events.DropSourceSet(drop.Source);
   parts_->State.Events.ItemsDropped(id_, drop);
+  if (drop.Foreign == 0) return;
+  parts_->State.Events.StatusMessage(
+      id_, CountText(static_cast<std::uint64_t>(drop.Foreign), "dropped item") +
+               (drop.Foreign == 1 ? " is no file" : " are no files") +
+               " of this computer and could not be taken.");
 }
 
 }  // namespace tarnwell::lister

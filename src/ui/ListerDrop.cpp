@@ -71,8 +71,10 @@ void ListerDrop::Enter(QDropEvent& event, Over over) {
   Leave();
   event.ignore();
   if (control_.View == nullptr || !HasFiles(*event.mimeData())) return;
-  items_ = FilesOf(*event.mimeData()).Items;
-  if (items_.empty()) return;
+  const platform::ClipboardFiles files = FilesOf(*event.mimeData());
+  if (files.Items.empty()) return;
+  items_ = files.Items;
+  foreign_ = files.Foreign;
   over_ = over;
   source_ = qobject_cast<ListerTree*>(event.source());
   if (ask_.isNull()) ask_ = AskPointer(tree_.devicePixelRatioF());
@@ -120,8 +122,10 @@ void ListerDrop::Take(QDropEvent& event) {
   const bool copies = event.possibleActions().testFlag(Qt::CopyAction);
   event.setDropAction(copies ? Qt::CopyAction : Qt::IgnoreAction);
   event.accept();
-  const lister::Drop drop{
-      .Items = items_, .Action = action_, .Source = source_ ? source_->Id() : lister::NoList};
+  const lister::Drop drop{.Items = items_,
+                          .Action = action_,
+                          .Source = source_ ? source_->Id() : lister::NoList,
+                          .Foreign = foreign_};
   auto tell = [self = QPointer(this), folder = folder_, drop] {
     if (self) emit self->Dropped(folder, drop);
   };

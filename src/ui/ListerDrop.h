@@ -70,6 +70,7 @@ class ListerDrop : public QObject {
   Over over_ = Over::Nothing;
   QPointer<ListerTree> source_;  // null for another program
   std::string items_;
+  int foreign_ = 0;
   std::string action_;  // what would be done by the keys that are held, as a Drop has it
   std::string folder_;  // where a drop would go
   QPoint place_;        // in the viewport

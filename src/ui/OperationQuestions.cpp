@@ -57,9 +57,11 @@ std::unique_ptr<QuestionWindow> WindowOf(const platform::OperationTrouble& troub
   const auto add = [&](const char* caption, Role role, TroubleChoice choice) {
     window->AddButton(QString::fromLatin1(caption), role, [take, choice] { take(choice); });
   };
-  // Trying again changes nothing by itself; what is skipped would be missed unnoticed.
-  add("&Retry", Role::Default, TroubleChoice::Retry);
-  add("&Skip", Role::Plain, TroubleChoice::Skip);
+  // Trying again changes nothing by itself; what is skipped would be missed unnoticed. A folder
+  // goes into itself at no time.
+  const bool mayHelp = trouble.Step != OperationStep::Place;
+  if (mayHelp) add("&Retry", Role::Default, TroubleChoice::Retry);
+  add("&Skip", mayHelp ? Role::Plain : Role::Default, TroubleChoice::Skip);
   add("Skip &All", Role::Plain, TroubleChoice::SkipAll);
   add("Ca&ncel", Role::Cancel, TroubleChoice::Cancel);
   return window;

@@ -337,6 +337,10 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   List.DropOn(List.DropTarget(Row(RootRow, "sub.d")), {"C:\\x", "x", "copy", 100});
   EXPECT_FALSE(List.Look(Row(RootRow, "sub.d")).IsTarget);
   EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
+  List.DropOn("C:\\box\\sub.d", {"C:\\x", "x", "copy", NoList, 2});
+  EXPECT_EQ(Events.Take(), (Texts{"ItemsDropped",
+                                  "StatusMessage 2 dropped items are no files of this computer and "
+                                  "could not be taken."}));
   EXPECT_EQ(List.DropFolder(), "C:\\box\\sub.d\\");
   List.EndDrop();
   EXPECT_EQ(List.DropFolder(), "");
