@@ -1,6 +1,7 @@
 // Port: how a running file operation talks with whoever watches it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -105,6 +106,13 @@ struct LossAnswer {
 
 enum class MissingFolderChoice { Make, Cancel };
 
+// What a user is to know of an item when all is over, though there is nothing to decide.
+enum class OperationRemark {
+  Changed,     // others wrote it meanwhile: the copy holds what could be read
+  Unfinished,  // left where it is: another operation is still making it
+};
+constexpr std::size_t OperationRemarkCount = 2;
+
 // Hears of progress and answers the questions of one operation. All calls come from the thread that
 // runs the operation, which waits for the answer. What is not answered by a class of its own gets
 // the answer that loses nothing.
@@ -130,6 +138,8 @@ class OperationUser {
   virtual MissingFolderChoice OnMissingFolder(const std::string& /*path*/) {
     return MissingFolderChoice::Make;
   }
+
+  virtual void OnRemark(OperationRemark /*remark*/, const std::string& /*path*/) {}
 };
 
 }  // namespace tarnwell::platform

@@ -17,6 +17,8 @@ using Lock = std::unique_lock<std::mutex>;
 constexpr int PictureEdge = 128;
 // The user waits for the question meanwhile.
 constexpr std::uint64_t LargestPicture = 32U << 20;  // bytes
+// Of each remark; more are counted only.
+constexpr std::size_t MostRemarks = 1000;
 constexpr const char* PictureTypes[] = {"png", "jpg", "jpeg", "gif", "bmp", "webp"};
 
 QImage ReadPicture(const platform::ConflictSide& side) {
@@ -55,6 +57,12 @@ void OperationMailbox::Cancel() {
   changed_.notify_all();
 }
 
+void OperationMailbox::Leave() {
+  const Lock lock(mutex_);
+  cancelled_ = leaving_ = true;
+  changed_.notify_all();
+}
+
 bool OperationMailbox::IsCancelled() const {
   const Lock lock(mutex_);
   return cancelled_;
@@ -67,7 +75,9 @@ ProgressNote OperationMailbox::Progress() const {
 
 std::optional<OperationQuestion> OperationMailbox::TakeQuestion() {
   const Lock lock(mutex_);
-  return std::exchange(question_, std::nullopt);
+  std::optional<OperationQuestion> question = std::exchange(question_, std::nullopt);
+  if (question && IsMoot(std::holds_alternative<RemarksQuestion>(*question))) question.reset();
+  return question;
 }
 
 void OperationMailbox::Answer(const OperationAnswer& answer) {
@@ -94,16 +104,18 @@ bool OperationMailbox::GoesOn() {
 
 template <typename Reply>
 Reply OperationMailbox::Ask(OperationQuestion question, const Reply& cancelled) {
+  const bool isRemarks = std::holds_alternative<RemarksQuestion>(question);
+  const auto isMoot = [this, isRemarks] { return IsMoot(isRemarks); };
   Lock lock(mutex_);
-  if (cancelled_) return cancelled;
+  if (isMoot()) return cancelled;
   answer_.reset();
   question_ = std::move(question);
   lock.unlock();
   wake_();
   lock.lock();
-  changed_.wait(lock, [this] { return cancelled_ || answer_; });
+  changed_.wait(lock, [&] { return isMoot() || answer_; });
   question_.reset();
-  return cancelled_ ? cancelled : std::get<Reply>(*answer_);
+  return isMoot() ? cancelled : std::get<Reply>(*answer_);
 }
 
 platform::ConflictAnswer OperationMailbox::OnConflict(const platform::OperationConflict& conflict) {
@@ -137,6 +149,16 @@ platform::LossAnswer OperationMailbox::OnLoss(const std::string& path) {
 
 platform::MissingFolderChoice OperationMailbox::OnMissingFolder(const std::string& path) {
   return Ask(MissingFolderQuestion{path}, platform::MissingFolderChoice::Cancel);
+}
+
+void OperationMailbox::OnRemark(platform::OperationRemark remark, const std::string& path) {
+  RemarksQuestion::List& list = remarks_.Lists.at(static_cast<std::size_t>(remark));
+  if (list.Count++ < MostRemarks) list.Paths.push_back(path);
+}
+
+void OperationMailbox::TellRemarks() {
+  const auto isEmpty = [](const RemarksQuestion::List& list) { return list.Count == 0; };
+  if (!std::ranges::all_of(remarks_.Lists, isEmpty)) Ask(std::move(remarks_), RemarksSeen{});
 }
 
 }  // namespace tarnwell::ui

@@ -1,17 +1,19 @@
 // What the thread of a running file operation and the user interface have to say to each other.
 //
 // Keeps the newest progress, holds the operation up for a pause or a question, and carries the
-// answer back. Shows nothing; whoever waits here is let go by Cancel, so that an operation always
-// comes to its end, whether or not there is still a window to ask in.
+// answer back. Shows nothing; whoever waits here is let go by Cancel and Leave, so that an
+// operation always comes to its end, whether or not there is still a window to ask in.
 #pragma once
 
 #include <QImage>
+#include <array>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "base/PathSyntax.h"
 #include "platform/OperationUser.h"
@@ -36,11 +38,21 @@ struct LossQuestion {
 struct MissingFolderQuestion {
   std::string Path;
 };
-using OperationQuestion = std::variant<ConflictQuestion, platform::OperationTrouble,
-                                       NoTrashQuestion, LossQuestion, MissingFolderQuestion>;
+// What there is to say at the end; the answer tells only that it was seen.
+struct RemarksQuestion {
+  struct List {
+    std::vector<std::string> Paths;  // the first of them
+    std::size_t Count = 0;
+  };
+  std::array<List, platform::OperationRemarkCount> Lists;  // by remark
+};
+struct RemarksSeen {};
+using OperationQuestion =
+    std::variant<ConflictQuestion, platform::OperationTrouble, NoTrashQuestion, LossQuestion,
+                 MissingFolderQuestion, RemarksQuestion>;
 using OperationAnswer =
     std::variant<platform::ConflictAnswer, platform::TroubleChoice, platform::NoTrashAnswer,
-                 platform::LossAnswer, platform::MissingFolderChoice>;
+                 platform::LossAnswer, platform::MissingFolderChoice, RemarksSeen>;
 
 // The texts of `Numbers` are in `From` and `To` instead.
 struct ProgressNote {
@@ -60,6 +72,8 @@ class OperationMailbox : public platform::OperationUser {
   void Pause(bool on);
   // For good: a question that waits, and all to come, are answered so.
   void Cancel();
+  // The same, and nothing is told at the end either: the program is to go on, or to end, at once.
+  void Leave();
   bool IsCancelled() const;
   ProgressNote Progress() const;
   // The question that waits, once; nothing if it has been taken or there is none.
@@ -78,18 +92,26 @@ class OperationMailbox : public platform::OperationUser {
   platform::NoTrashAnswer OnNoTrash(const std::string& path) override;
   platform::LossAnswer OnLoss(const std::string& path) override;
   platform::MissingFolderChoice OnMissingFolder(const std::string& path) override;
+  void OnRemark(platform::OperationRemark remark, const std::string& path) override;
+  // Tells what there was to remark, and waits until it was seen. To be called after the work.
+  void TellRemarks();
 
  private:
   template <typename Reply>
   Reply Ask(OperationQuestion question, const Reply& cancelled);
+  // Whether nobody waits for the answer any more.
+  bool IsMoot(bool isRemarks) const { return leaving_ || (cancelled_ && !isRemarks); }
 
   const base::PathSyntax& syntax_;
   const std::function<void()> wake_;
-  std::string merged_;  // path of the folder that was merged last; of the operation's thread
+  // Of the operation's thread:
+  std::string merged_;  // path of the folder that was merged last
+  RemarksQuestion remarks_;
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   bool paused_ = false;
   bool cancelled_ = false;
+  bool leaving_ = false;
   ProgressNote progress_;
   std::optional<OperationQuestion> question_;
   std::optional<OperationAnswer> answer_;

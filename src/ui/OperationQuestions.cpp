@@ -41,6 +41,12 @@ QString WordsOf(OperationStep step) {
   return QStringLiteral("Something went wrong with this item.");
 }
 
+// By remark.
+constexpr const char* Remarks[platform::OperationRemarkCount] = {
+    "Changed while being copied; the copy holds what could be read:",
+    "Left where it is, as another operation is still making it:",
+};
+
 void AddItem(QuestionWindow& window, const std::string& path, const OperationTools& tools) {
   window.AddPath(QStringLiteral("Item:"), lister::NameText(tools.Syntax, path));
   window.AddPath(QStringLiteral("Folder:"), tools.Syntax.ParentOf(path));
@@ -122,6 +128,25 @@ std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
   };
   add("&Make Folder", Role::Default, MissingFolderChoice::Make);
   add("Ca&ncel", Role::Cancel, MissingFolderChoice::Cancel);
+  return window;
+}
+
+std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
+                                         const OperationTools& tools, TakeAnswer take) {
+  auto window = std::make_unique<QuestionWindow>(
+      QStringLiteral("To Be Noted"),
+      QStringLiteral("The operation is over. Not all went as usual."), tools.Icons.Own("warning"));
+  for (std::size_t remark = 0; remark < question.Lists.size(); ++remark) {
+    const RemarksQuestion::List& list = question.Lists.at(remark);
+    if (list.Count == 0) continue;
+    QStringList lines;
+    for (const std::string& path : list.Paths) lines << ToShownQString(path);
+    const std::size_t more = list.Count - list.Paths.size();
+    if (more > 0)
+      lines << QStringLiteral("and %1 more").arg(ToQString(lister::CountText(more, "item")));
+    window->AddList(QString::fromLatin1(Remarks[remark]), lines);
+  }
+  window->AddButton(QStringLiteral("&OK"), Role::Only, [take] { take(RemarksSeen{}); });
   return window;
 }
 

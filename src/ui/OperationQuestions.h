@@ -24,5 +24,7 @@ std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question, const Ope
                                          TakeAnswer take);
 std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
                                          const OperationTools& tools, TakeAnswer take);
+std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
+                                         const OperationTools& tools, TakeAnswer take);
 
 }  // namespace tarnwell::ui

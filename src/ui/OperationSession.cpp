@@ -49,6 +49,7 @@ platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
     };
     try {
       const platform::OperationResult result = engine(request_, mailbox_);
+      mailbox_.TellRemarks();
       end();
       return result;
     } catch (...) {
@@ -65,7 +66,7 @@ platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
   if (!ended_) loop_.exec();
   if (!ended_) {
     // The whole program has been asked to end, and no loop runs any more.
-    mailbox_.Cancel();
+    mailbox_.Leave();
     result_.wait();
     End();
   }
@@ -73,11 +74,16 @@ platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
 }
 
 void OperationSession::CancelAndWait() {
-  mailbox_.Cancel();
+  mailbox_.Leave();
   if (result_.valid()) result_.wait();
 }
 
 void OperationSession::Cancel() {
+  mailbox_.Leave();
+  GiveUp();
+}
+
+void OperationSession::GiveUp() {
   mailbox_.Cancel();
   CloseQuestion();
   if (progress_) progress_->ShowCancelling();
@@ -117,7 +123,7 @@ void OperationSession::ShowProgress() {
   progress_ = std::make_unique<ProgressWindow>(
       request_, tools_,
       ProgressWindow::Actions{.Pause = [this](bool on) { Pause(on); },
-                              .Cancel = [this] { Cancel(); }});
+                              .Cancel = [this] { GiveUp(); }});
   if (mailbox_.IsCancelled()) progress_->ShowCancelling();
   Tick();
   lock_->Allow(progress_.get());
@@ -142,7 +148,9 @@ void OperationSession::SetPointer(Qt::CursorShape shape) {
 
 void OperationSession::ShowQuestion() {
   const std::optional<OperationQuestion> question = mailbox_.TakeQuestion();
-  if (!question || mailbox_.IsCancelled()) return;
+  if (!question) return;
+  // All is over but for this.
+  if (std::holds_alternative<RemarksQuestion>(*question)) Discard(progress_);
   LeaveQuietTime();
   untilShown_.stop();
   meter_.Pause(Now());

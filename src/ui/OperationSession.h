@@ -30,13 +30,14 @@ class OperationSession : public QObject {
   // Returns when the engine is done, and lets events through until then. What the engine throws
   // comes out here. To be called once.
   platform::OperationResult Run(const OperationEngine& engine);
-  // These two while Run runs only. The first returns at once.
+  // These two while Run runs only; nothing is shown after them. The first returns at once.
   void Cancel();
   // Waits for the engine without letting events through.
   void CancelAndWait();
 
  private:
   void Pause(bool on);
+  void GiveUp();
   void End();
   void Tick();
   void ShowProgress();

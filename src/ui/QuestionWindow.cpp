@@ -1,6 +1,7 @@
 #include "ui/QuestionWindow.h"
 
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
@@ -15,6 +16,7 @@ constexpr int BodyWidth = 440;  // logical pixels
 constexpr int Margin = 14;
 constexpr int Spacing = 10;
 constexpr int RowSpacing = 6;
+constexpr int ListRows = 8;  // at once
 constexpr int PictureSize = 32;
 constexpr int ButtonWidth = 88;
 constexpr int ButtonPadding = 16;
@@ -66,6 +68,21 @@ void QuestionWindow::AddText(const QString& text) {
   AddPart(*label);
 }
 
+void QuestionWindow::AddList(const QString& text, const QStringList& lines) {
+  AddText(text);
+  auto* const list = new QListWidget(this);
+  list->addItems(lines);
+  for (int row = 0; row < list->count(); ++row) list->item(row)->setToolTip(lines.at(row));
+  list->setAccessibleName(text);
+  list->setUniformItemSizes(true);
+  list->setTextElideMode(Qt::ElideMiddle);
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list->setFixedWidth(BodyWidth);
+  const int rows = std::min(list->count(), ListRows);
+  list->setFixedHeight(rows * list->sizeHintForRow(0) + 2 * list->frameWidth());
+  AddPart(*list);
+}
+
 void QuestionWindow::AddPart(QWidget& part) {
   facts_ = nullptr;
   body_->addWidget(&part);
@@ -109,10 +126,10 @@ void QuestionWindow::AddButton(const QString& caption, Role role, Choice choose)
   auto* const button = new QPushButton(caption, this);
   button->setMinimumWidth(std::max(ButtonWidth, button->sizeHint().width() + ButtonPadding));
   buttons_->addWidget(button);
-  if (role == Role::Cancel) cancel_ = choose;
+  if (role == Role::Cancel || role == Role::Only) cancel_ = choose;
   connect(button, &QPushButton::clicked, this,
           [this, choose = std::move(choose)] { Choose(choose); });
-  if (role != Role::Default) return;
+  if (role != Role::Default && role != Role::Only) return;
   button->setDefault(true);
   button->setFocus();
 }

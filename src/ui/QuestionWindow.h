@@ -24,12 +24,14 @@ class QuestionWindow : public QDialog {
   // One line: bytes of a name or path, given up in the middle where it is too long.
   void AddPath(const QString& caption, const std::string& path);
   void AddFact(const QString& caption, const QString& text);
+  // A text and the lines that it is about, as they stand.
+  void AddList(const QString& text, const QStringList& lines);
   void AddPart(QWidget& part);
   QCheckBox& AddCheck(const QString& text);
 
-  enum class Role { Plain, Default, Cancel };
+  enum class Role { Plain, Default, Cancel, Only };
   // From left to right. One is the default, which has the keyboard; one is the cancel, which
-  // Escape and the frame's close button press too.
+  // Escape and the frame's close button press too. The only one is both.
   void AddButton(const QString& caption, Role role, Choice choose);
 
  protected:

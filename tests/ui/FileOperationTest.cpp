@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
@@ -194,6 +195,26 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
   ask("Missing Folder", escape, missing);
   ask("Missing Folder", enter, missing);
   EXPECT_EQ(answers, "0 1 2 3 0 1 10 1 10 1 0 ");
+
+  // What there is to say at the end is said also after a cancel.
+  const auto remark = [](OperationUser& user) {
+    for (int file = 0; file < 1002; ++file) {
+      user.OnRemark(platform::OperationRemark::Changed, "/a/" + std::to_string(file));
+    }
+    return Spend(user, 5s) ? 5 : 0;
+  };
+  When("Copying", escape);
+  ask(
+      "Noted",
+      [&](QDialog& window) {
+        const auto* const list = window.findChild<QListWidget*>();
+        EXPECT_EQ(list->item(0)->text(), "/a/0");
+        EXPECT_EQ(list->item(list->count() - 1)->text(), "and 2 items more");
+        enter(window);
+      },
+      remark);
+  After(20, [&] { Operation.CancelThen([] {}); });
+  EXPECT_EQ(Run(remark).Code, 5);
 }
 
 TEST_F(FileOperationTest, OnlyWorkThatTakesTimeShowsItsProgressAndPausesOrCancels) {

@@ -34,6 +34,10 @@ void OperationTalk::NoteLeft(int error) {
   if (result_.Code == 0) result_.Code = error;
 }
 
+void OperationTalk::Remark(OperationRemark remark, const std::string& path) {
+  if (!Has(NoErrorWindows)) user_.OnRemark(remark, path);
+}
+
 bool OperationTalk::Retries(OperationStep step, const std::string& path, int error) {
   return Retries(step, path, SystemError(error));
 }

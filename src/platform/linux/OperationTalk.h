@@ -31,6 +31,8 @@ class OperationTalk {
   bool Retries(OperationStep step, const std::string& path, const base::Status& reason);
   // Something was left as it was without a word.
   void NoteLeft(int error);
+  // Something that the user is told at the end.
+  void Remark(OperationRemark remark, const std::string& path);
 
   bool AsksToMerge() const { return user_.AsksToMerge(); }
   ConflictChoice AskConflict(OperationConflict conflict);

@@ -78,10 +78,13 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   error = LookAt(from, "", after);
   if (error != 0) return {OperationStep::Read, error};
   const bool isWhole = source.stx_size == 0 || content_.Length() == source.stx_size;
-  if (!IsUnchanged(source, after)) {
+  const bool isChanged = !IsUnchanged(source, after);
+  // Logs and recordings are never at rest. Their original stays, unless it is moved.
+  if (isChanged && moves_) {
     return {OperationStep::Read, EBUSY, "The file has changed while it was copied"};
   }
-  if (!isWhole) return {OperationStep::Read, EIO, "The file gives less than its size tells"};
+  if (!isWhole && !isChanged)
+    return {OperationStep::Read, EIO, "The file gives less than its size tells"};
   bool losesSome = false;
   error = CopyAttributes(from, source, pending.Get(), copy, levels_.back().HandsDown, losesSome);
   if (error == 0) error = flushed_.Take(pending.Get(), copy);
@@ -98,6 +101,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   }
   error = pending.Place(name, replaces);
   if (error != 0) return written(error);
+  if (isChanged) talk_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
     for (std::size_t at = 1; at < levels_.size(); ++at) {

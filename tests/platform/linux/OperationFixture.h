@@ -39,6 +39,9 @@ struct ScriptedUser : OperationUser {
     Heard += NameOf(trouble.Path) + ":" + std::to_string(trouble.Reason.Code) + " ";
     return Trouble;
   }
+  void OnRemark(OperationRemark, const std::string& path) override {
+    Heard += "remark:" + NameOf(path) + " ";
+  }
   NoTrashAnswer OnNoTrash(const std::string&) override { return NoTrash; }
 };
 

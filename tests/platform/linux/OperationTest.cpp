@@ -262,6 +262,14 @@ TEST(Operation, LeavesWhatCannotBeCopiedOrHasChanged) {
             "tree tree/come tree/early tree/sub tree/sub/fifo tree/sub/large ");
   EXPECT_EQ(NamesBelow(there.Path()), "tree tree/early tree/sub ");
 
+  // A copy has its original to go back to.
+  ScriptedUser copier;
+  copier.Meanwhile = [&] { std::ofstream(here / "tree/sub/large", std::ios::app) << "more"; };
+  const auto size = fs::file_size(here / "tree/sub/large");
+  EXPECT_EQ(Do(copier, FileFunction::Copy, {here / "tree/sub/large"}, there / "grown").Code, 0);
+  EXPECT_EQ(copier.Heard, "remark:large ");
+  EXPECT_GE(fs::file_size(there / "grown"), size);
+
   // Without windows nothing is asked, and the rest is done.
   ScriptedUser silent;
   const OperationResult result = Do(silent, FileFunction::Copy, {here / "none", here / "tree"},
