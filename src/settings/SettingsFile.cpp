@@ -1,6 +1,7 @@
 #include "settings/SettingsFile.h"
 
 #include <exception>
+#include <system_error>
 #include <utility>
 
 #include "base/Text.h"
@@ -9,10 +10,22 @@
 #include "settings/SettingsContent.h"
 
 namespace tarnwell::settings {
+namespace {
+
+constexpr int MostUnread = 100;
+
+bool IsMissing(const base::Status& status) {
+  return std::error_code(status.Code, std::system_category()) ==
+         std::errc::no_such_file_or_directory;
+}
+
+}  // namespace
 
 void SettingsFile::ReadSettingsFile(int scope, ReadMarkers& markers) {
   std::string content;
-  if (!files_.ReadFile(path_, content)) return;
+  const base::Status status = files_.ReadFile(path_, content);
+  isUnread_ = !status && !IsMissing(status);
+  if (!status) return;
   RecordReader reader(content);
   SettingRecord record;
   while (reader.Read(record)) {
@@ -44,7 +57,18 @@ void SettingsFile::ReplayPaneSettings(int pane) const {
   }
 }
 
-void SettingsFile::SaveSettings() const {
+bool SettingsFile::MoveAside() {
+  const std::string aside = path_ + ".unread";
+  for (int number = 1; number <= MostUnread; ++number) {
+    const std::string free = number == 1 ? aside : aside + std::to_string(number);
+    if (!files_.Exists(free)) return static_cast<bool>(files_.Rename(path_, free));
+  }
+  return false;
+}
+
+void SettingsFile::SaveSettings() {
+  if (isUnread_ && files_.Exists(path_) && !MoveAside()) return;
+  isUnread_ = false;
   // Nobody is left to tell; the old file stands when the new one cannot be written.
   files_.WriteFile(path_, SettingsContent(targets_.Space, loaded_));
 }

@@ -37,14 +37,19 @@ class SettingsFile {
   // Applies what the kept records say of the pane's lists.
   void ReplayPaneSettings(int pane) const;
   // Writes the file, in one step: a failure leaves the old file as it was, and is not told. Panes
-  // that were not set up in this run keep the records that they had.
-  void SaveSettings() const;
+  // that were not set up in this run keep the records that they had. A file that was there and
+  // could not be read is not written over: it moves aside as <path>.unread, with a number behind
+  // where that is taken; one that cannot move is left, and nothing is saved.
+  void SaveSettings();
 
  private:
+  bool MoveAside();
+
   platform::FileSystem& files_;
   std::string path_;
   SettingTargets targets_;
   std::vector<SettingRecord> loaded_;  // of panes, in file order
+  bool isUnread_ = false;              // the file is there, and what it holds is not known
 };
 
 }  // namespace tarnwell::settings

@@ -114,6 +114,15 @@ TEST_F(SettingsFileTest, StartsWithTheDefaultsWhereItCannotRead) {
   EXPECT_TRUE(next.Start().FirstTips);
   EXPECT_EQ(next.Space.Settings.FileCountMax, 50);
   EXPECT_TRUE(next.Messages.Texts.empty());
+
+  // What it could not read is not lost when it saves, nor what it could not read before.
+  Platform.Files.AddFile(Path + ".unread", "older");
+  next.Saved();
+  const std::string aside = Platform.Files.At(Path + ".unread2").Content;
+  EXPECT_NE(aside.find("\"FileCountMax\",99,"), std::string::npos);
+  EXPECT_EQ(Platform.Files.At(Path + ".unread").Content, "older");
+  next.Saved();  // its own file stays
+  EXPECT_FALSE(Platform.Files.Exists(Path + ".unread3"));
 }
 
 }  // namespace
