@@ -23,6 +23,18 @@ std::string PaneCaption(int pane, const std::string& path) {
   return "Show Pane &" + std::to_string(pane + 1) + " - " + base::AsCaption(path);
 }
 
+// What to say of a folder that cannot be shown again.
+std::string LostFolder(const lister::ListerControl& folders, const base::PathSyntax& syntax,
+                       const std::string& lost) {
+  std::string nearest = syntax.ParentOf(lost);
+  while (!folders.FolderExists(nearest)) {
+    const std::string above = syntax.ParentOf(nearest);
+    if (syntax.Same(above, nearest)) return lost + " cannot be opened";
+    nearest = above;
+  }
+  return lost + " cannot be opened; the nearest folder that can is " + nearest;
+}
+
 }  // namespace
 
 std::string CutPath(std::string_view path) {
@@ -42,7 +54,9 @@ void Navigation::LoadFolders(int pane) {
 
   workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
   std::string path = folders.DriveFolder(record.InitialDrive);
+  std::string lost;
   if (!folders.FolderExists(path)) {
+    lost = LostFolder(folders, syntax_, path);
     record.InitialDrive = syntax_.DefaultDrive;
     path = syntax_.DriveRoot(record.InitialDrive);
     folders.SetDriveFolder(record.InitialDrive, path);
@@ -53,6 +67,7 @@ void Navigation::LoadFolders(int pane) {
   workspace_.Form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
   workspace_.Form.Touch();
   LoadPaneDrive(pane);
+  if (!lost.empty()) folders.ShowStatus(lost);
 }
 
 void Navigation::LoadPaneDrive(int pane) {

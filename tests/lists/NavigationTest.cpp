@@ -31,7 +31,7 @@ TEST_F(NavigationTest, LoadsThePanesFolderAndShowsItCutAndInCapitals) {
   EXPECT_FALSE(Space.Lists[0].ShowHidden || Space.Lists[100].ShowHidden);
 }
 
-TEST_F(NavigationTest, FallsBackToTheDefaultDriveWithoutAWord) {
+TEST_F(NavigationTest, FallsBackToTheDefaultDriveAndNamesWhatIsLost) {
   for (const char* drive : {"X", "D", "no drive at all"}) {
     SetUpPane(0, "D:\\gone");
     Platform.Files.Remove("D:\\gone");
@@ -39,6 +39,10 @@ TEST_F(NavigationTest, FallsBackToTheDefaultDriveWithoutAWord) {
     Nav.LoadFolders(0);
     EXPECT_EQ(Pane(0).InitialDrive, "C") << drive;
     EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
+    const std::string told = Space.Lists[0].StatusText();
+    EXPECT_EQ(told.ends_with("; the nearest folder that can is D:\\"), *drive == 'D') << told;
+    EXPECT_TRUE(told.starts_with(drive + std::string(*drive == 'D' ? ":\\gone" : ":\\") +
+                                 " cannot be opened"));
   }
   EXPECT_TRUE(Messages.Texts.empty());
 }
