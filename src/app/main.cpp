@@ -59,6 +59,7 @@ void BindDialogs(ui::QtFormHost& host) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  platform::OutliveFailedWrites();
   ui::GuardedApplication qtApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnwell"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tarnwell"));

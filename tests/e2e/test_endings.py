@@ -26,6 +26,7 @@ class EndingsTest(EndToEndTest):
             with self.subTest(signal=number.name):
                 self.settings.unlink(missing_ok=True)
                 program = self.start()
+                program.signal(signal.SIGPIPE)  # as from an output that nobody reads
                 program.button(3).click()
                 wait_for("pane 3 to open", lambda: program.is_open(3))
                 self.end_by(program, number)

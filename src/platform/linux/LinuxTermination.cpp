@@ -9,8 +9,12 @@
 
 namespace tarnwell::platform {
 
+// By handlers, since those who are started inherit what is ignored.
+void OutliveFailedWrites() {
+  for (const int signal : {SIGXFSZ, SIGPIPE}) std::signal(signal, [](int) {});
+}
+
 LinuxTermination::LinuxTermination(std::function<void()> quit) : quit_(std::move(quit)) {
-  std::signal(SIGXFSZ, [](int) {});
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     sources_.push_back(g_unix_signal_add(
         signal,

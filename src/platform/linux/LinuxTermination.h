@@ -1,4 +1,4 @@
-// Ends the program cleanly when the system asks it to.
+// Ends the program cleanly when the system asks it to, and only then.
 #pragma once
 
 #include <functional>
@@ -6,9 +6,13 @@
 
 namespace tarnwell::platform {
 
+// From then on a file that may not grow any further, and an output that nobody reads any more, are
+// trouble of the call that writes, and not the end of the program. Programs that it starts are not
+// concerned.
+void OutliveFailedWrites();
+
 // While it lives, SIGTERM, SIGINT and SIGHUP call `quit` from the event loop (GLib's default main
-// context) instead of killing the process. From then on a file that may not grow any further is
-// trouble of that file, told by the call that writes it, and not the end of the program.
+// context) instead of killing the process.
 class LinuxTermination {
  public:
   explicit LinuxTermination(std::function<void()> quit);

@@ -165,7 +165,7 @@ TEST(OperationFaults, AFileThatMayNotGrowAnyFurther) {
   fs::create_directory(here / "to");
   Put(here / "file", std::string(2'000'000, 'x'));
   EXPECT_EQ(InChild([&] {
-              const LinuxTermination termination([] {});
+              OutliveFailedWrites();
               const rlimit limit{1'000'000, 1'000'000};
               setrlimit(RLIMIT_FSIZE, &limit);
               ScriptedUser user;
