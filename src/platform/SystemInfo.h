@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "base/Status.h"
+
 namespace tarnwell::platform {
 
 class SystemInfo {
@@ -14,6 +16,11 @@ class SystemInfo {
   // The folder of the program's own files (settings, run marker, skins), without a separator at its
   // end unless it is a root.
   virtual std::string ProgramFolder() const = 0;
+  // Why that folder is not there and could not be made; success where it is there.
+  virtual base::Status FolderTrouble() const = 0;
+  // The folder of the skins: that of the program's folder, or, where it has none and could be given
+  // none, the one of the files that came with the program.
+  virtual std::string SkinFolder() const = 0;
 };
 
 }  // namespace tarnwell::platform

@@ -83,7 +83,7 @@ Master::Master(const Services& services, Splash& splash)
                 }),
       targets_{space_, layout_, colours_, switches_},
       settingsFile_(services_.Files, ProgramFile(SettingsName), targets_),
-      skin_(services_.Files, ProgramFile(SkinFolderName), targets_, messages_),
+      skin_(services_.Files, services_.System.SkinFolder(), targets_, messages_),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
@@ -231,9 +231,19 @@ void Master::GetLastSettings() {
        [this](const std::string& text) { splash_.ShowStatus(text); }});
 }
 
+// Whatever has the name makes room first: through a link the marker would empty another file.
+base::Status Master::MakeRunMarker() {
+  const std::string marker = ProgramFile(RunMarkerName);
+  if (services_.Files.Exists(marker)) {
+    if (base::Status status = services_.Files.RemoveFile(marker); !status) return status;
+  }
+  return services_.Files.WriteFile(marker, "");
+}
+
 // A full or read-only disk keeps nobody from looking at files, least of all from making room.
 void Master::PlaceRunFile() {
-  const base::Status status = services_.Files.WriteFile(ProgramFile(RunMarkerName), "");
+  base::Status status = services_.System.FolderTrouble();
+  if (status) status = MakeRunMarker();
   if (status) return;
   messages_.Message("Tarnwell cannot write to its own folder, " + services_.System.ProgramFolder() +
                         ":\r\n" + status.Reason +

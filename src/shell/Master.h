@@ -94,6 +94,7 @@ class Master : private workspace::PaneHooks,
   void ShowActiveList();
 
   void SetControlProperties();
+  base::Status MakeRunMarker();
   void Shutdown();
   void ReplayPaneSettings(int pane) override { settingsFile_.ReplayPaneSettings(pane); }
   void ApplySkinChange() override { skin_.ApplySkinChange(); }

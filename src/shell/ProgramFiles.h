@@ -7,7 +7,6 @@ namespace tarnwell::shell {
 
 inline constexpr std::string_view SettingsName = "user.usr";
 inline constexpr std::string_view RunMarkerName = "run.txt";
-inline constexpr std::string_view SkinFolderName = "skins";
 inline constexpr std::string_view AnimationName = "ring6full.gif";
 
 }  // namespace tarnwell::shell

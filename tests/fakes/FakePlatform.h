@@ -293,11 +293,14 @@ class FakeSystemInfo : public platform::SystemInfo {
  public:
   bool Windows95 = false, Windows98 = false, WindowsMe = false;
   std::string Folder = "C:\\Tarnwell";
+  base::Status Trouble;
 
   bool IsWindows95() const override { return Windows95; }
   bool IsWindows98() const override { return Windows98; }
   bool IsWindowsMe() const override { return WindowsMe; }
   std::string ProgramFolder() const override { return Folder; }
+  base::Status FolderTrouble() const override { return Trouble; }
+  std::string SkinFolder() const override { return Folder + "\\skins"; }
 };
 
 // All of the above by one syntax.

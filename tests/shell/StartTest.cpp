@@ -85,6 +85,24 @@ TEST_F(StartTest, NamesTheStageThatFailedAndEnds) {
   }
 }
 
+TEST_F(StartTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
+  Machine.Files.AddFile("C:\\precious", "kept");
+  Machine.Files.AddLink("C:\\Tarnwell\\run.txt", "C:\\precious");
+  for (const bool isThere : {true, false}) {
+    TestRun run(Machine);
+    Machine.System.Trouble = isThere ? base::Status() : base::Status{28, "No space"};
+    Machine.Files.WriteFault = isThere ? fakes::MemoryFileSystem::Denied() : base::Status();
+    run.Start();
+    ASSERT_EQ(run.Boxes.size(), 2U);  // the first is about the marker that it found
+    const std::string reason = isThere ? ":\r\nPermission denied." : ":\r\nNo space.";
+    EXPECT_NE(run.Boxes[1].find("C:\\Tarnwell" + reason), std::string::npos) << run.Boxes[1];
+  }
+  Machine.System.Trouble = {};
+  Run.Start();
+  EXPECT_EQ(Machine.Files.At("C:\\precious").Content, "kept");
+  EXPECT_FALSE(Machine.Files.At("C:\\Tarnwell\\run.txt").IsLink);
+}
+
 // A file that the real switches turn: what was loaded is what is saved again.
 TEST_F(StartTest, GivesSwitchesAndOldSystemsTheirDue) {
   Machine.System.Windows98 = Machine.System.WindowsMe = true;

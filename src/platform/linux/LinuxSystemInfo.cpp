@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -13,6 +14,9 @@
 
 #include "platform/linux/HomeFolder.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/ReachedPath.h"
+#include "platform/linux/SweepTemporaries.h"
+#include "platform/linux/SystemError.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -28,8 +32,12 @@ std::string Variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
+std::string SkinsIn(const std::string& folder) {
+  return Syntax().Join(folder, "skins");
+}
+
 bool HoldsSkins(const std::string& folder) {
-  return LinuxFileSystem().FolderExists(Syntax().Join(folder, "skins"));
+  return LinuxFileSystem().FolderExists(SkinsIn(folder));
 }
 
 std::string FindDataFolder(const std::string& executableFolder) {
@@ -72,8 +80,8 @@ void Fill(const std::string& folder, const std::string& dataFolder) {
   }
   // Under another name until it is whole, so that a start cut short is made good by the next.
   const std::string unfinished = Syntax().Join(folder, ".skins-unfinished");
-  if (CopySkins(Syntax().Join(dataFolder, "skins"), unfinished)) {
-    std::rename(unfinished.c_str(), Syntax().Join(folder, "skins").c_str());
+  if (CopySkins(SkinsIn(dataFolder), unfinished)) {
+    std::rename(unfinished.c_str(), SkinsIn(folder).c_str());
   }
 }
 
@@ -115,9 +123,21 @@ LinuxSystemInfo::LinuxSystemInfo(const ProgramPlaces& places)
     : dataFolder_(FindDataFolder(places.ExecutableFolder)) {
   const Choice choice = ChooseFolder(places);
   programFolder_ = choice.Folder;
-  if (!choice.Own) return;
-  g_mkdir_with_parents(programFolder_.c_str(), 0700);
-  if (!dataFolder_.empty() && !HoldsSkins(programFolder_)) Fill(programFolder_, dataFolder_);
+  if (choice.Own && g_mkdir_with_parents(programFolder_.c_str(), 0700) != 0) {
+    folderTrouble_ = SystemError(errno);
+    return;
+  }
+  if (const Descriptor folder = OpenPath(programFolder_, O_PATH | O_DIRECTORY); folder) {
+    SweepTemporaries(folder.Get(), [] { return true; });
+  }
+  if (choice.Own && !dataFolder_.empty() && !HoldsSkins(programFolder_)) {
+    Fill(programFolder_, dataFolder_);
+  }
+}
+
+std::string LinuxSystemInfo::SkinFolder() const {
+  const bool ofData = !dataFolder_.empty() && !HoldsSkins(programFolder_);
+  return SkinsIn(ofData ? dataFolder_ : programFolder_);
 }
 
 }  // namespace tarnwell::platform

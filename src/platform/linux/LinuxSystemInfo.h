@@ -22,7 +22,7 @@ struct ProgramPlaces {
 // folder when that is writable and holds "skins", else "tarnwell" in the user's data folder. The
 // first and the last are made where they are missing, and where they hold no "skins" they are given
 // the files that came with the program. What cannot be made or copied is left; the program goes on
-// without.
+// without. What a killed run has left half written in the folder is cleared away.
 class LinuxSystemInfo : public SystemInfo {
  public:
   explicit LinuxSystemInfo(const ProgramPlaces& places);
@@ -30,12 +30,15 @@ class LinuxSystemInfo : public SystemInfo {
   bool IsWindows98() const override { return false; }
   bool IsWindowsMe() const override { return false; }
   std::string ProgramFolder() const override { return programFolder_; }
+  base::Status FolderTrouble() const override { return folderTrouble_; }
+  std::string SkinFolder() const override;
   // The folder of the files that came with the program (icons, skins); empty if there is none.
   std::string DataFolder() const { return dataFolder_; }
 
  private:
   std::string dataFolder_;
   std::string programFolder_;
+  base::Status folderTrouble_;
 };
 
 }  // namespace tarnwell::platform

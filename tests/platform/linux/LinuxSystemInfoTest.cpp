@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "TempFolder.h"
 #include "platform/linux/LinuxSystemInfo.h"
+#include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -49,10 +51,18 @@ TEST_F(Installed, FinishesAFirstStartCutShort) {
   std::filesystem::create_directories(folder + "/.skins-unfinished");
   Put(folder + "/.skins-unfinished/a.twk", "a");
   Put(folder + "/TIPOFDAY.TXT", "mine");
+  ASSERT_EQ(InChild([&] {  // as one that was killed while it saved
+              TemporaryName name;
+              name.Renew();
+              Put(folder + "/" + name.Text(), "half");
+              return 0;
+            }),
+            0);
   places_.TarnwellHome = folder + "/";
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
   EXPECT_EQ(Get(folder + "/skins/b.twk") + Get(folder + "/TIPOFDAY.TXT"), "bmine");
   EXPECT_FALSE(std::filesystem::exists(folder + "/.skins-unfinished"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 2);
 }
 
 TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
@@ -70,7 +80,10 @@ TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
     // The home cannot be made either: the path stands all the same.
     places_.HomeFolder = "/proc/missing";
     const LinuxSystemInfo info(places_);
-    return info.ProgramFolder() == "/proc/missing/.local/share/tarnwell" ? 0 : 1;
+    if (info.ProgramFolder() != "/proc/missing/.local/share/tarnwell") return 1;
+    // The reason is that of the step that failed, and the skins are those that came with it.
+    if (info.FolderTrouble().Code != ENOENT) return 2;
+    return info.SkinFolder() == root_ / "share/tarnwell/skins" ? 0 : 3;
   });
   EXPECT_EQ(result, 0);
 }
