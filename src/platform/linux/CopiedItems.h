@@ -10,18 +10,30 @@
 
 namespace tarnwell::platform {
 
-// Knows items by their name in their folder, and as they were when they were copied.
+// Knows items by their way from the folder that the move began in, and as they were when they were
+// copied.
 class CopiedItems {
  public:
   enum class State { Unknown, Copied, Changed };
+  // Two that fall together would have to be names of one file, or files of one size and time, to be
+  // taken for each other.
+  using Key = std::size_t;
 
-  void Add(const ItemIdentity& folder, std::string_view name, const struct statx& item) {
-    items_[KeyOf(folder, name)] = RecordOf(item);
+  // The folder is to stay open, so that it keeps its number.
+  static Key KeyOfFirst(const ItemIdentity& folder) { return HashItemIdentity()(folder); }
+  static Key KeyBelow(Key folder, std::string_view name) {
+    return folder * 31 + std::hash<std::string_view>()(name);
   }
-  State Find(const ItemIdentity& folder, std::string_view name, const struct statx& item) const {
-    const auto found = items_.find(KeyOf(folder, name));
+
+  // `isLasting` as HasLastingNumbers tells of its volume.
+  void Add(Key key, const struct statx& item, bool isLasting) {
+    items_[key] = RecordOf(item, isLasting);
+  }
+  State Find(Key key, const struct statx& item) const {
+    const auto found = items_.find(key);
     if (found == items_.end()) return State::Unknown;
-    return found->second == RecordOf(item) ? State::Copied : State::Changed;
+    const bool isLasting = found->second.Self != ItemIdentity();
+    return found->second == RecordOf(item, isLasting) ? State::Copied : State::Changed;
   }
   void Clear() { items_.clear(); }
   bool IsEmpty() const { return items_.empty(); }
@@ -29,7 +41,8 @@ class CopiedItems {
 
  private:
   struct Record {
-    ItemIdentity Self;
+    ItemIdentity Self;  // none where it does not last
+    unsigned Type = 0;
     std::uint64_t Size = 0;
     std::int64_t Seconds = 0;
     std::uint32_t Nanoseconds = 0;
@@ -37,16 +50,17 @@ class CopiedItems {
   };
 
   // Size and time of a folder tell of its items, which are looked at for themselves.
-  static Record RecordOf(const struct statx& item) {
-    if (S_ISDIR(item.stx_mode)) return {IdentityOf(item)};
-    return {IdentityOf(item), item.stx_size, item.stx_mtime.tv_sec, item.stx_mtime.tv_nsec};
-  }
-  // Two that fall together would have to be names of one file to be taken for each other.
-  static std::size_t KeyOf(const ItemIdentity& folder, std::string_view name) {
-    return HashItemIdentity()(folder) * 31 + std::hash<std::string_view>()(name);
+  static Record RecordOf(const struct statx& item, bool isLasting) {
+    Record record{isLasting ? IdentityOf(item) : ItemIdentity(),
+                  item.stx_mode & static_cast<unsigned>(S_IFMT)};
+    if (S_ISDIR(item.stx_mode)) return record;
+    record.Size = item.stx_size;
+    record.Seconds = item.stx_mtime.tv_sec;
+    record.Nanoseconds = item.stx_mtime.tv_nsec;
+    return record;
   }
 
-  std::unordered_map<std::size_t, Record> items_;
+  std::unordered_map<Key, Record> items_;
 };
 
 }  // namespace tarnwell::platform

@@ -20,12 +20,13 @@ void TreeDeletion::DeleteCopied(int folder, const std::string& name, const std::
 
 void TreeDeletion::Run(int folder, const std::string& name, const std::string& path) {
   path_ = path.substr(0, path.size() - name.size() - 1);
-  Level above{{}, 0, path_.size(), {}};
+  Level above{{}, 0, 0, path_.size(), {}};
   Descriptor held(fcntl(folder, F_DUPFD_CLOEXEC, 0));
   if (!held || LookAt(folder, "", above.Found) != 0) {
     talk_.Retries(OperationStep::Delete, path, errno);
     return;
   }
+  above.Key = CopiedItems::KeyOfFirst(IdentityOf(above.Found));
   folders_.Enter(std::move(held), IdentityOf(above.Found));
   levels_.push_back(std::move(above));
   TakeItem(name.c_str(), true);
@@ -63,7 +64,7 @@ void TreeDeletion::TakeItem(const char* name, bool mayBeFolder) {
 
 bool TreeDeletion::MayDelete(const char* name, const struct statx& found) {
   if (copied_ == nullptr) return true;
-  switch (copied_->Find(IdentityOf(levels_.back().Found), name, found)) {
+  switch (copied_->Find(CopiedItems::KeyBelow(levels_.back().Key, name), found)) {
     case CopiedItems::State::Copied:
       return true;
     case CopiedItems::State::Changed:
@@ -95,7 +96,8 @@ void TreeDeletion::DeleteFile(const char* name) {
 
 void TreeDeletion::EnterFolder(const std::string& name) {
   constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-  Level level{{}, names_.size(), path_.size() + 1 + name.size(), name};
+  const CopiedItems::Key key = CopiedItems::KeyBelow(levels_.back().Key, name);
+  Level level{{}, key, names_.size(), path_.size() + 1 + name.size(), name};
   for (;;) {
     const int folder = folders_.Get();
     // The user has heard of one that was not copied, and need not hear that it cannot be opened.

@@ -26,6 +26,7 @@ class TreeDeletion {
  private:
   struct Level {
     struct statx Found {};
+    CopiedItems::Key Key;
     std::size_t FirstName;   // of its subfolders that are still to come
     std::size_t PathLength;  // of its own path
     std::string Name;

@@ -5,6 +5,7 @@
 
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
+#include "platform/linux/LastingNumbers.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/SweepTemporaries.h"
 #include "platform/linux/SystemError.h"
@@ -76,6 +77,8 @@ int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   base.ToLength = to_.size();
   base.CanRename = moves_;
   base.HandsDown = HandsDownAccessLists(to.Get());
+  base.Key = CopiedItems::KeyOfFirst(IdentityOf(base.Source));
+  base.IsLasting = HasLastingNumbers(from.Get());
   sources_.Enter(std::move(from), IdentityOf(base.Source));
   targets_.Enter(std::move(to), IdentityOf(target));
   levels_.push_back(std::move(base));
@@ -198,7 +201,10 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
 }
 
 ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& source) {
-  if (moves_) copied_.Add(sources_.Self(), item.Name, source);
+  const Level& level = levels_.back();
+  if (moves_) {
+    copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.IsLasting);
+  }
   talk_.AddItems(1);
   return {};
 }

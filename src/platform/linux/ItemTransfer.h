@@ -64,6 +64,8 @@ class ItemTransfer {
   // A folder on the way down.
   struct Level {
     struct statx Source {};
+    CopiedItems::Key Key = 0;
+    bool IsLasting = true;      // has inode numbers that last
     std::size_t FirstName = 0;  // of its subfolders that are still to come
     std::size_t FromLength = 0;
     std::size_t ToLength = 0;

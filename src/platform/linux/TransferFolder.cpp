@@ -6,6 +6,7 @@
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/ItemTransfer.h"
+#include "platform/linux/LastingNumbers.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TemporaryName.h"
 
@@ -76,6 +77,10 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   to_ += "/" + item.Target;
   level.FromLength = from_.size();
   level.ToLength = to_.size();
+  level.Key = CopiedItems::KeyBelow(levels_.back().Key, item.Name);
+  level.IsLasting = IsSameMount(level.Source, levels_.back().Source)
+                        ? levels_.back().IsLasting
+                        : HasLastingNumbers(source.Get());
   level.Name = item.Name;
   level.Target = item.Target;
   level.IsOwn = level.IsNew || levels_.back().IsOwn;

@@ -9,6 +9,7 @@
 #include <random>
 
 #include "OperationFixture.h"
+#include "platform/linux/CopiedItems.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TwinName.h"
@@ -276,6 +277,25 @@ TEST(Operation, LeavesWhatCannotBeCopiedOrHasChanged) {
                                     there / "new/", NoErrorWindows);
   EXPECT_EQ(result.Code, ENOENT);
   EXPECT_EQ(silent.Heard + Get(there / "new/tree/early"), "changed since");
+}
+
+TEST(CopiedItemsTest, NumbersCountOnlyWhereTheyLast) {
+  CopiedItems copied;
+  struct statx item {};
+  item.stx_mode = S_IFREG;
+  const auto find = [&](CopiedItems::Key key, std::uint64_t number, std::int64_t time) {
+    item.stx_ino = number;
+    item.stx_mtime.tv_sec = time;
+    return copied.Find(key, item);
+  };
+  item.stx_ino = 4;
+  for (const bool isLasting : {true, false}) copied.Add(isLasting ? 1 : 2, item, isLasting);
+  EXPECT_EQ(find(1, 5, 0), CopiedItems::State::Changed);
+  EXPECT_EQ(find(2, 5, 0), CopiedItems::State::Copied);
+  EXPECT_EQ(find(2, 5, 1), CopiedItems::State::Changed);
+  item.stx_mode = S_IFLNK;
+  EXPECT_EQ(find(2, 5, 0), CopiedItems::State::Changed);
+  EXPECT_EQ(find(3, 5, 0), CopiedItems::State::Unknown);
 }
 
 // As root, in a child that sees a small volume there; 77 where that cannot be.
