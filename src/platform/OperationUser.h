@@ -38,6 +38,8 @@ struct OperationConflict {
   FileFunction Function = FileFunction::None;
   ConflictSide Source;
   ConflictSide Target;
+  // The volume takes two names for the same that differ in case, and this is the other one.
+  bool IsOtherSpelling = false;
 };
 
 enum class ConflictChoice {
@@ -52,8 +54,8 @@ enum class ConflictChoice {
 
 struct ConflictAnswer {
   ConflictChoice Choice = ConflictChoice::Skip;
-  // Also for what is still to come: files and links, two folders, and unlike kinds each for
-  // themselves.
+  // Also for what is still to come: files and links, two folders, unlike kinds, and other spellings
+  // each for themselves.
   bool ForAll = false;
 };
 

@@ -121,7 +121,8 @@ Reply OperationMailbox::Ask(OperationQuestion question, const Reply& cancelled) 
 platform::ConflictAnswer OperationMailbox::OnConflict(const platform::OperationConflict& conflict) {
   if (IsCancelled()) return {.Choice = platform::ConflictChoice::Cancel};
   const bool areFolders = IsFolder(conflict.Source) && IsFolder(conflict.Target);
-  if (areFolders && !merged_.empty() && syntax_.IsWithin(conflict.Target.Path, merged_)) {
+  if (areFolders && !conflict.IsOtherSpelling && !merged_.empty() &&
+      syntax_.IsWithin(conflict.Target.Path, merged_)) {
     return {.Choice = platform::ConflictChoice::Replace};
   }
   // Read here: this thread may wait for a slow disk.

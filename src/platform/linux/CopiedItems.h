@@ -25,7 +25,7 @@ class CopiedItems {
     return folder * 31 + std::hash<std::string_view>()(name);
   }
 
-  // `isLasting` as HasLastingNumbers tells of its volume.
+  // `isLasting` as TraitsOf its volume tells.
   void Add(Key key, const struct statx& item, bool isLasting) {
     items_[key] = RecordOf(item, isLasting);
   }

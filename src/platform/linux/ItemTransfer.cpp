@@ -5,7 +5,7 @@
 
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
-#include "platform/linux/LastingNumbers.h"
+#include "platform/linux/NameProbe.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/SweepTemporaries.h"
 #include "platform/linux/SystemError.h"
@@ -78,7 +78,8 @@ int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   base.CanRename = moves_;
   base.HandsDown = HandsDownAccessLists(to.Get());
   base.Key = CopiedItems::KeyOfFirst(IdentityOf(base.Source));
-  base.IsLasting = HasLastingNumbers(from.Get());
+  base.From = TraitsOf(from.Get());
+  base.To = TraitsOf(to.Get());
   sources_.Enter(std::move(from), IdentityOf(base.Source));
   targets_.Enter(std::move(to), IdentityOf(target));
   levels_.push_back(std::move(base));
@@ -161,13 +162,7 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
   if (Level& level = levels_.back(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
     SweepTemporaries(targets_.Get(), [this] { return talk_.GoesOn(); });
   }
-  // Before anything is copied in vain.
-  if (item.Decided == Way::Free && !levels_.back().IsNew) {
-    struct statx there;
-    if (LookAt(targets_.Get(), item.Target.c_str(), there) == 0) {
-      return {OperationStep::Find, EEXIST, nullptr, true};
-    }
-  }
+  if (const Failure failure = LookAhead(item); failure.Error != 0) return failure;
   ReportIfDue(item);
   switch (item.Type) {
     case S_IFDIR:
@@ -179,6 +174,25 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
     default:
       return {OperationStep::Read, EOPNOTSUPP, "Devices, sockets and FIFOs cannot be copied"};
   }
+}
+
+// Before anything is copied in vain.
+ItemTransfer::Failure ItemTransfer::LookAhead(const Item& item) {
+  const Level& level = levels_.back();
+  if (item.Decided != Way::Free) return {};
+  if (!level.To.TakesAnyName && IsUnusualName(item.Target)) {
+    const int error = TryName(targets_.Get(), item.Target);
+    const bool isLong = error == ENAMETOOLONG;
+    const char* const reason = isLong ? nullptr : "The drive there takes no such name";
+    if (error != 0) return {OperationStep::Write, error, reason, true};
+  }
+  // In a new folder there can be nothing but what was copied under another spelling. Files find
+  // that soon enough.
+  if (level.IsNew && item.Type != S_IFDIR) return {};
+  struct statx there;
+  const int error = LookAt(targets_.Get(), item.Target.c_str(), there);
+  if (error == ENOENT) return {};
+  return {OperationStep::Find, error == 0 ? EEXIST : error, nullptr, true};
 }
 
 ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
@@ -203,7 +217,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
 ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& source) {
   const Level& level = levels_.back();
   if (moves_) {
-    copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.IsLasting);
+    copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.From.HasLastingNumbers);
   }
   talk_.AddItems(1);
   return {};

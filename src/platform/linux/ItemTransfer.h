@@ -17,6 +17,7 @@
 #include "platform/linux/ItemCounter.h"
 #include "platform/linux/LinkedFiles.h"
 #include "platform/linux/OperationTalk.h"
+#include "platform/linux/VolumeTraits.h"
 
 namespace tarnwell::platform {
 
@@ -65,7 +66,8 @@ class ItemTransfer {
   struct Level {
     struct statx Source {};
     CopiedItems::Key Key = 0;
-    bool IsLasting = true;      // has inode numbers that last
+    VolumeTraits From;
+    VolumeTraits To;
     std::size_t FirstName = 0;  // of its subfolders that are still to come
     std::size_t FromLength = 0;
     std::size_t ToLength = 0;
@@ -91,6 +93,7 @@ class ItemTransfer {
   void Walk();
   void TakeItem(Item item);
   Failure Attempt(Item& item);
+  Failure LookAhead(const Item& item);
   Failure Rename(const Item& item);
   bool Retries(const Item& item, const Failure& failure);
   void PassOver(const Item& item);
@@ -122,9 +125,10 @@ class ItemTransfer {
 
   // Conflicts (TransferConflict.cpp).
   Way FindWay(Item& item);
-  Way Ask(const Item& item, const struct statx& source, const struct statx& target,
-          bool& makesTwin);
-  static std::string FreeTwin(int folder, const std::string& name, bool isFolder);
+  Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
+          const struct statx& target, bool& makesTwin);
+  // Gives an error number.
+  static int FindFreeTwin(int folder, std::string& name, bool isFolder);
 
   OperationTalk& talk_;
   const OpenPlace& target_;

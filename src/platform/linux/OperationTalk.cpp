@@ -12,6 +12,7 @@ constexpr std::chrono::milliseconds reportInterval(40);
 
 // Answers for all hold for conflicts of the same sort.
 std::size_t SortOf(const OperationConflict& conflict) {
+  if (conflict.IsOtherSpelling) return 3;
   const bool fromFolder = conflict.Source.Kind == ItemKind::Folder;
   const bool toFolder = conflict.Target.Kind == ItemKind::Folder;
   if (fromFolder != toFolder) return 2;

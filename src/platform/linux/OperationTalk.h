@@ -70,7 +70,7 @@ class OperationTalk {
   Totals totals_;
   std::chrono::steady_clock::time_point lastReport_{};
   bool skipsAll_ = false;
-  std::array<std::optional<ConflictChoice>, 3> conflictForAll_;
+  std::array<std::optional<ConflictChoice>, 4> conflictForAll_;
   std::optional<NoTrashChoice> noTrashForAll_;
   std::optional<LossChoice> lossForAll_;
 };

@@ -2,13 +2,13 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <string_view>
 
-#include "platform/linux/FolderBuffer.h"
 #include "platform/linux/ItemIdentity.h"
+#include "platform/linux/NameSpelling.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/SystemError.h"
 #include "platform/linux/TemporaryName.h"
+#include "platform/linux/VolumeTraits.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -33,29 +33,21 @@ int FindParent(const std::string& path, ParentAndName& found) {
   return found.Folder ? 0 : errno;
 }
 
-bool HasExactName(int folder, std::string_view name) {
-  const Descriptor fresh(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  FolderBuffer buffer;
-  while (fresh && buffer.Fill(fresh.Get()) == 0 && !buffer.IsEmpty()) {
-    while (const dirent64* const item = buffer.Next()) {
-      if (name == item->d_name) return true;
-    }
-  }
-  return !fresh;  // unknown: taken, then
-}
-
 // Whether the name that is taken is taken by the item itself. Two names of one file look the same,
-// but are both in the folder.
+// but are both in the folder. Volumes that make inode numbers up may give each spelling its own.
 bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
-  struct statx item;
-  struct statx taken;
-  if (LookAt(from.Folder.Get(), from.Name.c_str(), item) != 0 ||
-      LookAt(to.Folder.Get(), to.Name.c_str(), taken) != 0 ||
-      IdentityOf(item) != IdentityOf(taken) || LookAt(from.Folder.Get(), "", item) != 0 ||
-      LookAt(to.Folder.Get(), "", taken) != 0 || IdentityOf(item) != IdentityOf(taken)) {
-    return false;
-  }
-  return !HasExactName(to.Folder.Get(), to.Name);
+  struct statx one;
+  struct statx other;
+  const auto look = [&](const char* fromName, const char* toName) {
+    return LookAt(from.Folder.Get(), fromName, one) == 0 &&
+           LookAt(to.Folder.Get(), toName, other) == 0;
+  };
+  if (!look("", "") || IdentityOf(one) != IdentityOf(other)) return false;
+  if (!look(from.Name.c_str(), to.Name.c_str())) return false;
+  const bool isItself = IdentityOf(one) == IdentityOf(other) ||
+                        (!TraitsOf(from.Folder.Get()).HasLastingNumbers &&
+                         IsSameButForCase(from.Name, to.Name) && IsUnchanged(one, other));
+  return isItself && !HasExactName(to.Folder.Get(), to.Name);
 }
 
 // The system takes a rename to the same item for done already, so that it goes by a third name.

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "platform/linux/ItemTransfer.h"
+#include "platform/linux/NameSpelling.h"
 #include "platform/linux/TwinName.h"
 
 namespace tarnwell::platform {
@@ -51,27 +52,35 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       if (talk_.Retries(OperationStep::Find, FromPath(item.Name), reason)) continue;
       return Way::Leave;
     }
-    const Way way = makesTwin ? Way::Free : Ask(item, source, there, makesTwin);
+    const std::string spelled = SpellingThere(targets_.Get(), item.Target);
+    const Way way = makesTwin ? Way::Free : Ask(item, spelled, source, there, makesTwin);
     const bool giveWay = way == Way::Replace && S_ISDIR(there.stx_mode);
     if (giveWay) {
       const base::Status reason{EISDIR, "A folder stands in the way, and gives way to no file"};
       if (talk_.Retries(OperationStep::Write, ToPath(item.Target), reason)) continue;
       return Way::Leave;
     }
-    if (makesTwin) {
-      item.Target = FreeTwin(targets_.Get(), item.Target, S_ISDIR(source.stx_mode));
+    if (way == Way::Merge) item.Target = spelled;
+    if (!makesTwin) return way;
+    std::string twin = item.Target;
+    error = FindFreeTwin(targets_.Get(), twin, S_ISDIR(source.stx_mode));
+    if (error == 0) {
+      item.Target = twin;
+      return way;
     }
-    return way;
+    if (!talk_.Retries(OperationStep::Find, ToPath(twin), error)) return Way::Leave;
   }
 }
 
-ItemTransfer::Way ItemTransfer::Ask(const Item& item, const struct statx& source,
-                                    const struct statx& target, bool& makesTwin) {
+ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled,
+                                    const struct statx& source, const struct statx& target,
+                                    bool& makesTwin) {
   const bool merges = S_ISDIR(source.stx_mode) && S_ISDIR(target.stx_mode);
   if (merges && !talk_.AsksToMerge()) return Way::Merge;
   OperationConflict conflict;
   conflict.Source = SideOf(FromPath(item.Name), source);
-  conflict.Target = SideOf(ToPath(item.Target), target);
+  conflict.Target = SideOf(ToPath(spelled), target);
+  conflict.IsOtherSpelling = spelled != item.Target;
   switch (talk_.AskConflict(std::move(conflict))) {
     case ConflictChoice::Replace:
       return merges ? Way::Merge : Way::Replace;
@@ -86,15 +95,17 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const struct statx& source
   return Way::Leave;
 }
 
-std::string ItemTransfer::FreeTwin(int folder, const std::string& name, bool isFolder) {
-  const TwinParts parts = SplitTwinName(name, isFolder);
+int ItemTransfer::FindFreeTwin(int folder, std::string& name, bool isFolder) {
+  const std::string first = name;
+  const TwinParts parts = SplitTwinName(first, isFolder);
   unsigned number = parts.Number;
   struct statx found;
-  std::string twin;
-  do {
-    twin = MakeTwinName(parts, ++number);
-  } while (LookAt(folder, twin.c_str(), found) == 0);
-  return twin;
+  int error = 0;
+  while (error == 0) {
+    name = MakeTwinName(parts, ++number);
+    error = LookAt(folder, name.c_str(), found);
+  }
+  return error == ENOENT ? 0 : error;
 }
 
 }  // namespace tarnwell::platform

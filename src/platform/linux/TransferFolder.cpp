@@ -6,7 +6,6 @@
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/ItemTransfer.h"
-#include "platform/linux/LastingNumbers.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TemporaryName.h"
 
@@ -78,9 +77,9 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   level.FromLength = from_.size();
   level.ToLength = to_.size();
   level.Key = CopiedItems::KeyBelow(levels_.back().Key, item.Name);
-  level.IsLasting = IsSameMount(level.Source, levels_.back().Source)
-                        ? levels_.back().IsLasting
-                        : HasLastingNumbers(source.Get());
+  const Level& above = levels_.back();
+  level.From = IsSameMount(level.Source, above.Source) ? above.From : TraitsOf(source.Get());
+  level.To = level.IsNew ? above.To : TraitsOf(target.Get());
   level.Name = item.Name;
   level.Target = item.Target;
   level.IsOwn = level.IsNew || levels_.back().IsOwn;
@@ -160,13 +159,14 @@ bool ItemTransfer::PutInPlace() {
   if (level.IsGivenUp) return false;
   const int above = targets_.Above();
   for (;;) {
-    const int error = RenameNew(above, level.Temporary.c_str(), above, level.Target.c_str());
+    int error = RenameNew(above, level.Temporary.c_str(), above, level.Target.c_str());
     if (error == 0) {
       level.Temporary.clear();
       return true;
     }
-    if (error == EEXIST) {
-      level.Target = FreeTwin(above, level.Target, true);
+    std::string twin = level.Target;
+    if (error == EEXIST && (error = FindFreeTwin(above, twin, true)) == 0) {
+      level.Target = twin;
       to_ = to_.substr(0, levels_[levels_.size() - 2].ToLength) + "/" + level.Target;
       level.ToLength = to_.size();
       continue;

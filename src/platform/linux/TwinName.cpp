@@ -40,15 +40,20 @@ TwinParts SplitTwinName(std::string_view name, bool isFolder) {
 }
 
 std::string MakeTwinName(const TwinParts& parts, unsigned number, std::size_t longest) {
-  const std::string tail = " (" + std::to_string(number) + ")" + std::string(parts.Extension);
-  std::string_view stem = parts.Stem;
-  if (stem.size() + tail.size() > longest) {
-    std::size_t length = longest > tail.size() ? longest - tail.size() : 1;
-    length = std::min(length, stem.size());
-    while (length > 1 && length < stem.size() && IsInsideCharacter(stem[length])) --length;
-    stem = stem.substr(0, length);
+  std::string stem(parts.Stem);
+  std::string tail = " (" + std::to_string(number) + ")";
+  // An extension that leaves no room for a stem is cut as if it were part of it.
+  if (tail.size() + parts.Extension.size() < longest) {
+    tail += parts.Extension;
+  } else {
+    stem += parts.Extension;
   }
-  return std::string(stem) + tail;
+  if (stem.size() + tail.size() > longest) {
+    std::size_t length = std::min(longest - tail.size(), stem.size());
+    while (length > 1 && length < stem.size() && IsInsideCharacter(stem[length])) --length;
+    stem.resize(length);
+  }
+  return stem + tail;
 }
 
 }  // namespace tarnwell::platform

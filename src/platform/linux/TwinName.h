@@ -19,7 +19,7 @@ struct TwinParts {
 TwinParts SplitTwinName(std::string_view name, bool isFolder);
 
 // "report (3).txt". The stem is cut, between two characters, where the name would be longer than
-// `longest` bytes.
+// `longest` bytes, of which there are some tens.
 std::string MakeTwinName(const TwinParts& parts, unsigned number, std::size_t longest = 255);
 
 }  // namespace tarnwell::platform

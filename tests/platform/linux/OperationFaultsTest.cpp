@@ -160,6 +160,27 @@ TEST(OperationFaults, AFolderTakesTheNameOfAFileWhereNamesCannotBeExchanged) {
   }
 }
 
+TEST(OperationFaults, AFailingLookAtTheTargetIsTold) {
+  const TempFolder here;
+  fs::create_directory(here / "to");
+  Put(here / "file", "x");
+  EXPECT_HELD(InChild([&] {
+    struct : ScriptedUser {
+      TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
+        Heard += trouble.Path + ":" + std::to_string(trouble.Reason.Code);
+        return TroubleChoice::Skip;
+      }
+    } user;
+    user.Meanwhile = [&] {
+      // The target folder was opened last.
+      const auto target = static_cast<unsigned>(dup(0)) - 1;
+      if (user.Asked == 1) Refuse(SYS_statx, EIO, {{0, target}});
+    };
+    if (Do(user, FileFunction::Copy, {here / "file"}, here / "to/").Code != EIO) return 1;
+    return user.Heard == here / "to/file:" + std::to_string(EIO) ? 0 : 2;
+  }));
+}
+
 TEST(OperationFaults, AFileThatMayNotGrowAnyFurther) {
   const TempFolder here;
   fs::create_directory(here / "to");

@@ -11,6 +11,8 @@
 #include "OperationFixture.h"
 #include "platform/linux/CopiedItems.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/NameProbe.h"
+#include "platform/linux/NameSpelling.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TwinName.h"
 
@@ -430,6 +432,12 @@ TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
   EXPECT_EQ(twin(".rc") + "|" + twin("n (0).t") + "|" + twin("(2)") + "|" + twin("n (9)"),
             ".rc (2)|n (0) (2).t|(2) (2)|n (10)");
   EXPECT_EQ(twin("12345\xC3\xA4\xC3\xA4.txt"), "12345 (2).txt");
+  EXPECT_EQ(twin("x.extension long"), "x.extensio (2)");
+
+  // What volumes without case ask.
+  EXPECT_TRUE(IsSameButForCase("\xC3\x84rger.TXT", "a\xCC\x88rger.txt"));
+  EXPECT_TRUE(IsSameButForCase("\xFF.A", "\xFF.a"));
+  EXPECT_FALSE(IsSameButForCase("\xFE.A", "\xFF.a"));
 
   EXPECT_EQ(Do(user, FileFunction::Rename, {here / "a.tar.gz"}, here / "d.x").Code, EEXIST);
   fs::create_hard_link(here / "a.tar.gz", here / "A.TAR.GZ");
@@ -438,6 +446,13 @@ TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
   EXPECT_TRUE(RenameItem(here / "b\n", here / "b\n"));
   EXPECT_EQ(Get(here / "b\n"), "a");
   EXPECT_EQ(RenameItem(here / "none", here / "c").Code, ENOENT);
+
+  const Descriptor folder(open(here.Path().c_str(), O_RDONLY | O_CLOEXEC));
+  const std::string before = NamesBelow(here.Path());
+  EXPECT_EQ(SpellingThere(folder.Get(), "A.TAR.GZ"), "A.TAR.GZ");
+  EXPECT_EQ(TryName(folder.Get(), "a:b\n\xFF"), 0);
+  EXPECT_EQ(TryName(folder.Get(), std::string(256, 'n')), ENAMETOOLONG);
+  EXPECT_EQ(NamesBelow(here.Path()), before);
 }
 
 TEST(Operation, SendsToTheTrashWhereThereIsOne) {

@@ -1,0 +1,43 @@
+#include "platform/linux/VolumeTraits.h"
+
+#include <linux/magic.h>
+#include <sys/vfs.h>
+
+namespace tarnwell::platform {
+namespace {
+
+using VolumeType = decltype(statfs::f_type);
+
+// Those that the system's own headers leave out, as statfs(2) and the kernel's sources tell them.
+constexpr VolumeType ntfs = 0x7366746E;
+constexpr VolumeType sharedFolders = 0x786F4256;  // of a virtual machine
+
+struct Limits {
+  VolumeType Type;
+  VolumeTraits Traits;
+};
+
+constexpr Limits limits[] = {
+    {MSDOS_SUPER_MAGIC, {false, false}},
+    {EXFAT_SUPER_MAGIC, {false, false}},
+    {FUSE_SUPER_MAGIC, {false, false}},  // whatever runs in user space
+    {SMB_SUPER_MAGIC, {false, false}},
+    {CIFS_SUPER_MAGIC, {false, false}},
+    {SMB2_SUPER_MAGIC, {false, false}},
+    {sharedFolders, {false, false}},
+    {ntfs, {true, false}},
+    {V9FS_MAGIC, {true, false}},
+};
+
+}  // namespace
+
+VolumeTraits TraitsOf(int folder) {
+  struct statfs volume {};
+  if (fstatfs(folder, &volume) != 0) return {};
+  for (const Limits& each : limits) {
+    if (each.Type == volume.f_type) return each.Traits;
+  }
+  return {};
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,18 @@
+// What volumes of some kinds cannot do.
+#pragma once
+
+namespace tarnwell::platform {
+
+struct VolumeTraits {
+  // False where the volume makes inode numbers up and may give an item another one once it has not
+  // been in use for a while: two looks at different times cannot be compared by number there.
+  bool HasLastingNumbers = true;
+  // False where some characters may stand in no name.
+  bool TakesAnyName = true;
+};
+
+// Of the volume that the open folder is on. One of which nothing can be learnt is taken for one
+// that can do both.
+VolumeTraits TraitsOf(int folder);
+
+}  // namespace tarnwell::platform
