@@ -384,6 +384,8 @@ class ListerControl : public forms::Control {
   void Collapse(RowId row);
   void ChooseDrive(const std::string& drive);
   void ClickHeading(int heading);  // makes it the active one
+  // Sorts by the heading, with Shift in addition to the others. Ascending; descending if that is
+  // how it sorts already.
   void DoubleClickHeading(int heading, bool shift);
   // Shows or hides the heading, whether or not a menu has an entry for it.
   void ToggleHeading(int heading);

@@ -66,10 +66,13 @@ void ListerControl::ClickHeading(int heading) {
 void ListerControl::DoubleClickHeading(int heading, bool shift) {
   if (heading < 0 || heading >= HeadingCount) return;
   ClickHeading(heading);
+  const auto id = static_cast<HeadingId>(heading);
   const SortKeys& keys = parts_->State.Keys;
-  const bool toggles =
-      keys.IsOnly(static_cast<HeadingId>(heading)) && !keys.Entries()[0].Descending;
-  SortCommand(shift ? "ascadd" : toggles ? "des" : "asc");
+  const SortKey* const key = keys.Find(id);
+  // A heading that is among the keys already changes its direction, in a new sort if it is the only
+  // one.
+  const bool turns = key != nullptr && !key->Descending && (shift || keys.Entries().size() == 1);
+  SortCommand(std::string(turns ? "des" : "asc") + (shift ? "add" : ""));
 }
 
 void ListerControl::ToggleHeading(int heading) {

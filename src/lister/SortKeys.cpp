@@ -15,9 +15,7 @@ bool SortKeys::Set(int level, SortKey key) {
 
 void SortKeys::Add(SortKey key) {
   if (single_) return StartNew(key);
-  const auto place = std::find_if(entries_.begin(), entries_.end(), [&](const SortKey& entry) {
-    return entry.Heading == key.Heading;
-  });
+  const auto place = std::ranges::find(entries_, key.Heading, &SortKey::Heading);
   if (place != entries_.end()) {
     *place = key;
   } else {
@@ -25,8 +23,9 @@ void SortKeys::Add(SortKey key) {
   }
 }
 
-bool SortKeys::IsOnly(HeadingId heading) const {
-  return entries_.size() == 1 && entries_[0].Heading == heading;
+const SortKey* SortKeys::Find(HeadingId heading) const {
+  const auto found = std::ranges::find(entries_, heading, &SortKey::Heading);
+  return found == entries_.end() ? nullptr : &*found;
 }
 
 }  // namespace tarnwell::lister

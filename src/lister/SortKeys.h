@@ -26,8 +26,8 @@ class SortKeys {
   void StartNew(SortKey key) { entries_ = {key}; }
   // Behind the others; a heading that is among them stays in its place with the new direction.
   void Add(SortKey key);
-  // The heading is the only key.
-  bool IsOnly(HeadingId heading) const;
+  // The key of that heading; null if the list is not sorted by it.
+  const SortKey* Find(HeadingId heading) const;
 
  private:
   bool single_;

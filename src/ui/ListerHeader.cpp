@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleOptionHeader>
+#include <QTreeView>
 #include <array>
 
 #include "ui/Convert.h"
@@ -49,7 +50,6 @@ bool HasSecondLevel(const lister::ListerControl& control) {
 ListerHeader::ListerHeader(lister::ListerControl& control, const ListerStyle& style,
                            QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), control_(control), style_(style) {
-  setSectionsClickable(true);
   setSectionsMovable(true);
   setStretchLastSection(false);
   setHighlightSections(false);
@@ -59,6 +59,13 @@ ListerHeader::ListerHeader(lister::ListerControl& control, const ListerStyle& st
   connect(this, &QHeaderView::sectionResized, this,
           [this](int section, int, int pixels) { WriteWidth(section, pixels); });
   connect(this, &QHeaderView::sectionMoved, this, [this] { WriteOrder(); });
+}
+
+void ListerHeader::BecomeHeaderOf(QTreeView& tree) {
+  tree.setHeader(this);
+  // A tree view takes both from any header that it is given.
+  setSectionsClickable(true);
+  setFirstSectionMovable(true);
 }
 
 void ListerHeader::ShowHeadings() {
@@ -95,6 +102,11 @@ QSize ListerHeader::sectionSizeFromContents(int section) const {
   const QString caption = model()->headerData(section, orientation()).toString();
   const int mark = MarkOf(control_, section).Level < 0 ? 0 : 2 * ArrowWidth + ArrowGap;
   return {fontMetrics().horizontalAdvance(caption) + 2 * CellMargin + mark, sizeHint().height()};
+}
+
+void ListerHeader::mouseReleaseEvent(QMouseEvent* event) {
+  QHeaderView::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton) emit Released();
 }
 
 void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {

@@ -7,6 +7,8 @@
 #include "lister/ListerControl.h"
 #include "ui/ListerStyle.h"
 
+class QTreeView;
+
 namespace tarnwell::ui {
 
 class ListerHeader : public QHeaderView {
@@ -16,6 +18,7 @@ class ListerHeader : public QHeaderView {
   // Both outlive the header.
   ListerHeader(lister::ListerControl& control, const ListerStyle& style, QWidget* parent);
 
+  void BecomeHeaderOf(QTreeView& tree);
   // Takes the control's heading table over. To be called once the header has its model, and after
   // every change of the table.
   void ShowHeadings();
@@ -24,8 +27,10 @@ class ListerHeader : public QHeaderView {
 
  signals:
   void ToggleAsked(int heading);  // is to be shown or hidden
+  void Released();                // the main button of the mouse
 
  protected:
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   QSize sectionSizeFromContents(int section) const override;
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;

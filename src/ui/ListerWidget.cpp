@@ -48,7 +48,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   tree_ = new ListerTree(control, style_, this);
   tree_->setAccessibleName(name.at(0).toUpper() + name.mid(1));
   header_ = new ListerHeader(control, style_, tree_);
-  tree_->setHeader(header_);
+  header_->BecomeHeaderOf(*tree_);
   tree_->setModel(model_);
   tree_->setItemDelegate(new ListerDelegate(control, style_, tree_));
   setFocusProxy(tree_);

@@ -151,7 +151,12 @@ void ListerWidget::ConnectDrop() {
 }
 
 void ListerWidget::ConnectHeader() {
-  connect(header_, &QHeaderView::sectionPressed, this, [this] { TakeFocus(); });
+  connect(header_, &QHeaderView::sectionPressed, this, [this] {
+    TakeFocus();
+    TellFocus();  // the list may have the keyboard while commands act on another
+  });
+  connect(header_, &ListerHeader::Released, this,
+          [this] { Queue([this] { control_.MouseUp({}); }); });
   connect(header_, &QHeaderView::sectionClicked, this,
           [this](int heading) { Queue([this, heading] { control_.ClickHeading(heading); }); });
   connect(header_, &QHeaderView::sectionDoubleClicked, this, [this](int heading) {

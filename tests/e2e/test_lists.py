@@ -5,6 +5,8 @@ import unittest
 
 from harness import Atspi, Control, EndToEndTest, keys, run, wait_for
 
+NAME, EXTENSION, SIZE = range(3)  # numbers of headings
+
 
 class ListsTest(EndToEndTest):
     def selected(self, program):
@@ -53,6 +55,57 @@ class ListsTest(EndToEndTest):
         self.wait_status(program, "1 of 5 items")
         keys("Escape")
         self.wait_names(program, [path.name for path in self.home.iterdir()])
+        self.close_clean(program)
+
+    def test_headings(self):
+        for name, size in (("a", 2), ("b", 3), ("c", 2), ("d", 1)):
+            (self.home / name).write_bytes(b"x" * size)
+        program = self.start()
+        files = program.files()
+
+        def heading(number):
+            return Control(Atspi.Table.get_column_header(files.node, number))
+
+        def wait_order(names):
+            wait_for(f"the order {names}", lambda: "".join(files.names()) == names)
+
+        def wait_headings(*captions):
+            def stand():
+                shown = [heading(number) for number in range(4)]  # the others are hidden
+                return [head.name for head in sorted(shown, key=lambda head: head.place().x)]
+            wait_for(f"the headings {captions}", lambda: stand() == list(captions))
+
+        def drag(number, to):
+            place, target = heading(number).place(), heading(to).place()
+            x, y = place.x + place.width // 2, place.y + place.height // 2
+            end, step = (target.x + 5, -5) if target.x < x else (target.x + target.width - 5, 5)
+            run("xdotool", "mousemove", x, y, "mousedown", 1)
+            for across in range(x, end, step):
+                run("xdotool", "mousemove", across, y)
+            run("xdotool", "mouseup", 1)
+
+        wait_order("abcd")
+        heading(SIZE).click()
+        program.press("Sort active heading descending.")
+        wait_order("bacd")
+        heading(NAME).click()
+        program.press("Add to current sort. Descending.")
+        wait_order("bcad")
+        run("xdotool", "keydown", "shift")
+        heading(SIZE).click(times=2)
+        run("xdotool", "keyup", "shift")
+        wait_order("dcab")
+        heading(NAME).click(times=2)
+        wait_order("abcd")
+
+        wait_headings("Name", "Extension", "Size", "Date Modified")
+        drag(SIZE, NAME)
+        wait_headings("Size", "Name", "Extension", "Date Modified")
+        drag(NAME, EXTENSION)
+        wait_headings("Size", "Extension", "Name", "Date Modified")
+        heading(NAME).click()
+        program.menu("Headings", "Move Left")
+        wait_headings("Size", "Name", "Extension", "Date Modified")
         self.close_clean(program)
 
     def test_sizes_and_comparison(self):
