@@ -131,6 +131,7 @@ void FolderInput::MouseDown(const RowPointer& at) {
   list_.Control.Focused();
   if (at.Event.Button != main && at.Event.Button != other) return;
   SetTyped("");
+  if (at.Event.Button == main && at.Part == RowPart::Branch) return;
   SetClicked(at.Part == RowPart::None ? NoRow : at.Row);
   if (at.Event.Button == other) return RaiseRightClick(at);
   if (at.Part == RowPart::Item && at.Row != FolderTree::TopRow) pressed_.Set(at.Row);

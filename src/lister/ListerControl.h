@@ -82,10 +82,11 @@ struct RowLook {
 
 // Which part of a row the mouse is on.
 enum class RowPart {
-  None,  // below the last row
-  Gap,   // the small space between icon and name, where the arrow of a selected item stands
-  Item,  // icon or name
-  Rest,  // the row's other cells and the space behind the name
+  None,    // below the last row
+  Branch,  // left of the icon, in a folder list: the widget opens and closes branches there
+  Gap,     // the small space between icon and name, where the arrow of a selected item stands
+  Item,    // icon or name
+  Rest,    // the row's other cells and the space behind the name
 };
 
 // The mouse over a list.

@@ -169,8 +169,9 @@ PointerReport ListerMouse::ReportAt(const QPoint& place, int button,
 RowPart ListerMouse::PartAt(const QPoint& place, const QModelIndex& row) const {
   if (!row.isValid()) return RowPart::None;
   const QRect cell = tree_.NameCellOf(row);
-  if (place.x() < cell.left() || place.x() > cell.right()) return RowPart::Rest;
   const bool fileList = lister::IsFileList(control_.Id());
+  if (tree_.IsBranch(place, row)) return RowPart::Branch;
+  if (place.x() < cell.left() || place.x() > cell.right()) return RowPart::Rest;
   const NameCell parts = PartsOfName(cell, tree_.iconSize().width(), fileList);
   if (place.x() < parts.Gap.left()) return RowPart::Item;
   if (place.x() <= parts.Gap.right()) return fileList ? RowPart::Gap : RowPart::Item;

@@ -159,6 +159,11 @@ int ListerTree::NameWidth(const QModelIndex& index) const {
   return Delegate().NameWidth(fontMetrics(), ListerModel::RowOf(index));
 }
 
+bool ListerTree::IsBranch(const QPoint& place, const QModelIndex& index) const {
+  return index.isValid() && place.x() >= columnViewportPosition(NameColumn) &&
+         place.x() < NameCellOf(index.siblingAtColumn(NameColumn)).left();
+}
+
 QPoint ListerTree::Scrolled() const {
   return {horizontalScrollBar()->value(), verticalScrollBar()->value() * RowHeight()};
 }
@@ -245,12 +250,8 @@ void ListerTree::focusInEvent(QFocusEvent* event) {
 }
 
 void ListerTree::mousePressEvent(QMouseEvent* event) {
-  const QModelIndex index = indexAt(event->position().toPoint());
-  // In a folder list a click into the space of branches opens or closes one, and that is all.
-  const bool branch = !fileList_ && index.isValid() &&
-                      event->position().x() < NameCellOf(index.siblingAtColumn(0)).left();
   if (!fileList_ && event->button() == Qt::LeftButton) QTreeView::mousePressEvent(event);
-  if (!branch || event->button() != Qt::LeftButton) mouse_.Press(*event);
+  mouse_.Press(*event);
 }
 
 void ListerTree::mouseMoveEvent(QMouseEvent* event) {
@@ -267,8 +268,7 @@ void ListerTree::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex index = indexAt(place);
   if (fileList_) {
     mouse_.DoubleClick(*event);
-  } else if (event->button() != Qt::LeftButton || !index.isValid() ||
-             place.x() < NameCellOf(index.siblingAtColumn(0)).left()) {
+  } else if (event->button() != Qt::LeftButton || !index.isValid() || IsBranch(place, index)) {
     mousePressEvent(event);
   } else {
     emit ActivateAsked(index);

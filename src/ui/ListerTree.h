@@ -57,6 +57,8 @@ class ListerTree : public QTreeView {
   // The cell with the name, less the space for branches.
   QRect NameCellOf(const QModelIndex& index) const;
   int NameWidth(const QModelIndex& index) const;
+  // Whether the place is in the space for branches, which only a folder list has.
+  bool IsBranch(const QPoint& place, const QModelIndex& index) const;
   // How far the rows are scrolled, in pixels.
   QPoint Scrolled() const;
 

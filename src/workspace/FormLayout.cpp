@@ -229,7 +229,9 @@ void FormLayout::DoAutoExpand() {
   for (PaneRecord& pane : workspace_.Panes) {
     if (pane.IsOpen()) pane.NeedsRedraw = true;
   }
-  ExpandPane(workspace_.Panes, workspace_.Settings.Layout, lister::PaneOf(workspace_.ActiveList));
+  const int pane = lister::PaneOf(workspace_.ActiveList);
+  workspace_.PreviousActivePane = static_cast<std::int16_t>(pane);
+  ExpandPane(workspace_.Panes, workspace_.Settings.Layout, pane);
   ResizeForm(true);
 }
 

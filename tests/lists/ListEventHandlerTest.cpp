@@ -93,6 +93,9 @@ TEST_F(ListEventHandlerTest, ReleasedMouseRedrawsForAnotherListAndExpandsAnother
     const bool expands = list == 101 || list == 0;
     EXPECT_FLOAT_EQ(Pane(lister::PaneOf(list)).PercentHeightH, expands ? 0.7F : 0.5F) << list;
   }
+  Layout.TitleMouseMove(1);
+  Space.Lists[0].MouseUp({});
+  EXPECT_FLOAT_EQ(Pane(0).PercentHeightH, 0.7F);
 }
 
 TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {

@@ -42,6 +42,12 @@ TEST_F(ListerWidgetTest, BranchesFollowTheControlAndTheUser) {
   Settle();
   for (const char* path : {"/a", "/a/b"}) EXPECT_TRUE(list.Tree->isExpanded(list.Index(path)));
 
+  // The mouse left of a name opens and closes, and makes the list the one that is worked in.
+  Events.Take();
+  list.Click(list.Tree->visualRect(list.Index("/a")).topLeft() + QPoint(-8, 5));
+  EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "MouseReleased"}));
+  EXPECT_FALSE(list.Control.Look(list.Row("/a")).IsExpanded);
+
   Platform.Files.At("/d").ReadFault = fakes::MemoryFileSystem::Denied();
   for (const char* path : {"/f", "/d"}) {  // empty, and shut
     list.Tree->expand(list.Index(path));
