@@ -47,6 +47,7 @@ enum class ConflictChoice {
   // one goes when the new one is whole. Two folders are merged. No folder ever gives way to a file:
   // that comes back as trouble.
   Replace,
+  ReplaceOlder,  // replaces what was changed before the new one, and skips else; for no folder
   Skip,      // both stay as they are
   KeepBoth,  // the new one gets another name: "name (2).ext"
   Cancel,

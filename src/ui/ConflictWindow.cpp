@@ -34,29 +34,32 @@ QString KindOf(const ConflictSide& side) {
 }
 
 struct Meeting {
-  QString Replacing;  // what Replace means
+  QString Meaning;  // of the buttons that are not plain
   QString ForAll;
-  bool CanReplace = true;
+  const char* Replace = "&Replace";  // null where nothing can be replaced
+  bool HasOlder = false;
 };
 
 Meeting MeetingOf(const ConflictSide& source, const ConflictSide& target) {
   if (IsFolder(source) && IsFolder(target)) {
-    return {QStringLiteral("Replace merges the two, with the folders in them: what is there "
-                           "stays, and what comes is added. Files that meet are asked about."),
-            QStringLiteral("Do the same with a&ll other folders")};
+    return {QStringLiteral("Merge leaves what is there and adds what comes, with the folders in "
+                           "the two. Files that meet are asked about."),
+            QStringLiteral("Do the same with a&ll other folders"), "&Merge"};
   }
   const QString forAll = QStringLiteral("Do the same with a&ll other items of unlike kinds");
   if (IsFolder(target)) {
-    return {QStringLiteral("A folder is not replaced by a %1.").arg(KindOf(source)), forAll, false};
+    return {QStringLiteral("A folder is not replaced by a %1.").arg(KindOf(source)), forAll,
+            nullptr};
   }
   if (IsFolder(source)) {
     return {QStringLiteral("Replace deletes the %1 there and puts the folder in its place.")
                 .arg(KindOf(target)),
             forAll};
   }
-  return {
-      QStringLiteral("Replace deletes the %1 there once the new one is whole.").arg(KindOf(target)),
-      QStringLiteral("Do the same with a&ll other files")};
+  return {QStringLiteral("Replace deletes the %1 there once the new one is whole. Replace If Older "
+                         "does that only where the one there is older, and skips it otherwise.")
+              .arg(KindOf(target)),
+          QStringLiteral("Do the same with a&ll other files"), "&Replace", true};
 }
 
 // How one side compares with the other: ", larger".
@@ -156,11 +159,17 @@ class SidePanel : public QFrame {
 std::unique_ptr<QuestionWindow> WindowOf(const ConflictQuestion& question,
                                          const OperationTools& tools, TakeAnswer take) {
   const platform::OperationConflict& conflict = question.Conflict;
-  const Meeting meeting = MeetingOf(conflict.Source, conflict.Target);
-  auto window = std::make_unique<QuestionWindow>(
-      QStringLiteral("Name Already Taken"),
-      QStringLiteral("There is a %1 of this name already.").arg(KindOf(conflict.Target)),
-      tools.Icons.Own("question"));
+  Meeting meeting = MeetingOf(conflict.Source, conflict.Target);
+  QString heading = QStringLiteral("There is a %1 of this name already.");
+  if (conflict.IsOtherSpelling) {
+    heading = QStringLiteral(
+        "There is a %1 whose name differs in case alone, which is the same "
+        "name to the drive there.");
+    meeting.ForAll = QStringLiteral("Do the same with a&ll other names that differ in case alone");
+  }
+  auto window = std::make_unique<QuestionWindow>(QStringLiteral("Name Already Taken"),
+                                                 heading.arg(KindOf(conflict.Target)),
+                                                 tools.Icons.Own("question"));
   const auto show = [&](const char* caption, const ConflictSide& side, const ConflictSide& other,
                         const QImage& image) {
     auto* const panel = new SidePanel(QString::fromLatin1(caption), window.get());
@@ -170,14 +179,15 @@ std::unique_ptr<QuestionWindow> WindowOf(const ConflictQuestion& question,
   show("Already there:", conflict.Target, conflict.Source, question.TargetPicture);
   show(conflict.Function == FileFunction::Move ? "To be moved there:" : "To be copied there:",
        conflict.Source, conflict.Target, question.SourcePicture);
-  window->AddText(meeting.Replacing);
+  window->AddText(meeting.Meaning);
   const QCheckBox& check = window->AddCheck(meeting.ForAll);
   const auto add = [&](const char* caption, Role role, ConflictChoice choice) {
     window->AddButton(QString::fromLatin1(caption), role, [take, choice, &check] {
       take(ConflictAnswer{choice, check.isChecked()});
     });
   };
-  if (meeting.CanReplace) add("&Replace", Role::Plain, ConflictChoice::Replace);
+  if (meeting.Replace != nullptr) add(meeting.Replace, Role::Plain, ConflictChoice::Replace);
+  if (meeting.HasOlder) add("Replace If &Older", Role::Plain, ConflictChoice::ReplaceOlder);
   add("&Keep Both", Role::Plain, ConflictChoice::KeepBoth);
   add("&Skip", Role::Default, ConflictChoice::Skip);
   add("Ca&ncel", Role::Cancel, ConflictChoice::Cancel);

@@ -12,7 +12,7 @@
 namespace tarnwell::ui {
 namespace {
 
-constexpr int BodyWidth = 440;  // logical pixels
+constexpr int BodyWidth = 510;  // logical pixels
 constexpr int Margin = 14;
 constexpr int Spacing = 10;
 constexpr int RowSpacing = 6;

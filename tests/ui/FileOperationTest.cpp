@@ -161,12 +161,28 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
       meet(unlike));
   platform::OperationConflict folders = unlike;
   folders.Source.Kind = ItemKind::Folder;
-  ask(taken, click("Replace"), [&](OperationUser& user) {
+  ask(taken, click("Merge"), [&](OperationUser& user) {
     const int first = meet(folders)(user);
     folders.Target.Path += "/below";
     return first + meet(folders)(user);
   });
-  EXPECT_EQ(answers, "1 3 10 2 3 0 ");
+  ask(taken, click("Replace If Older"), meet(conflict));
+  EXPECT_EQ(answers, "2 4 10 3 4 0 1 ");
+  // Also within a folder that was merged.
+  folders.Target.Path = "/c";
+  ask(
+      taken,
+      [&](QDialog& window) {
+        click("Merge")(window);
+        When(taken, enter);
+      },
+      [&](OperationUser& user) {
+        user.OnConflict(folders);
+        folders.Target.Path += "/Below";
+        folders.IsOtherSpelling = true;
+        return meet(folders)(user);
+      });
+  EXPECT_EQ(answers.substr(answers.size() - 2), "2 ");
 
   answers.clear();
   const auto trouble = [](OperationUser& user) {

@@ -8,6 +8,8 @@
 namespace tarnwell::platform {
 namespace {
 
+constexpr std::int64_t coarsestTime = 2'000'000'000;  // nanoseconds, of FAT
+
 ConflictSide SideOf(std::string path, const struct statx& item) {
   ConflictSide side;
   side.Path = std::move(path);
@@ -18,7 +20,7 @@ ConflictSide SideOf(std::string path, const struct statx& item) {
   if (side.Kind == ItemKind::File) side.Size = item.stx_size;
   // File systems may hold times beyond what 64 bits of nanoseconds reach.
   constexpr std::int64_t second = 1'000'000'000;
-  constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / second - 1;
+  constexpr std::int64_t limit = std::numeric_limits<std::int64_t>::max() / second - 3;
   side.Modified = std::clamp<std::int64_t>(item.stx_mtime.tv_sec, -limit, limit) * second +
                   item.stx_mtime.tv_nsec;
   return side;
@@ -81,9 +83,14 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
   conflict.Source = SideOf(FromPath(item.Name), source);
   conflict.Target = SideOf(ToPath(spelled), target);
   conflict.IsOtherSpelling = spelled != item.Target;
+  const std::int64_t slack = levels_.back().To.HasFineTimes ? 0 : coarsestTime;
+  const bool isOlder = conflict.Target.Modified + slack < conflict.Source.Modified;
   switch (talk_.AskConflict(std::move(conflict))) {
     case ConflictChoice::Replace:
       return merges ? Way::Merge : Way::Replace;
+    case ConflictChoice::ReplaceOlder:
+      if (!isOlder || S_ISDIR(source.stx_mode) || S_ISDIR(target.stx_mode)) break;
+      return Way::Replace;
     case ConflictChoice::KeepBoth:
       makesTwin = true;
       return Way::Free;

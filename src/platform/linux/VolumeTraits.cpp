@@ -18,15 +18,15 @@ struct Limits {
 };
 
 constexpr Limits limits[] = {
-    {MSDOS_SUPER_MAGIC, {false, false}},
-    {EXFAT_SUPER_MAGIC, {false, false}},
-    {FUSE_SUPER_MAGIC, {false, false}},  // whatever runs in user space
-    {SMB_SUPER_MAGIC, {false, false}},
-    {CIFS_SUPER_MAGIC, {false, false}},
-    {SMB2_SUPER_MAGIC, {false, false}},
-    {sharedFolders, {false, false}},
-    {ntfs, {true, false}},
-    {V9FS_MAGIC, {true, false}},
+    {MSDOS_SUPER_MAGIC, {false, false, false}},
+    {EXFAT_SUPER_MAGIC, {false, false, false}},
+    {FUSE_SUPER_MAGIC, {false, false, false}},  // whatever runs in user space
+    {SMB_SUPER_MAGIC, {false, false, false}},
+    {CIFS_SUPER_MAGIC, {false, false, false}},
+    {SMB2_SUPER_MAGIC, {false, false, false}},
+    {sharedFolders, {false, false, false}},
+    {ntfs, {true, true, false}},
+    {V9FS_MAGIC, {true, true, false}},
 };
 
 }  // namespace

@@ -137,10 +137,30 @@ TEST(Operation, AsksAboutConflictsAndMerges) {
             EXPECT_TRUE(result.Aborted && result.Code != 0);
             EXPECT_EQ(Get(to / "d/f.txt") + Get(from / "d/f.txt"), "oldnew");
             EXPECT_EQ(from.Names(), "d mixed other ");
+            break;
+          case ReplaceOlder:
+            break;  // by time, below
         }
       }
     }
   }
+  const TempFolder from;
+  const TempFolder to(otherVolume);
+  ScriptedUser user;
+  user.Conflict = {ReplaceOlder, true};
+  std::vector<std::string> files;
+  for (const int later : {-1, 0, 1}) {
+    files.push_back(from / std::to_string(later));
+    Put(files.back(), "new");
+    Put(to / std::to_string(later), "old");
+    for (const std::string& path : {files.back(), to / std::to_string(later)}) {
+      const timespec times[] = {{}, {1000, path == files.back() ? 500 + later : 500}};
+      utimensat(AT_FDCWD, path.c_str(), times, 0);
+    }
+  }
+  EXPECT_EQ(Do(user, FileFunction::Move, files, to.Path()).Code, EEXIST);
+  EXPECT_EQ(Get(to / "-1") + Get(to / "0") + Get(to / "1"), "oldoldnew");
+  EXPECT_EQ(from.Names(), "-1 0 ");
 }
 
 // Every file under its own name is whole, the one that is replaced too.
