@@ -48,8 +48,8 @@ enum class ConflictChoice {
   // that comes back as trouble.
   Replace,
   ReplaceOlder,  // replaces what was changed before the new one, and skips else; for no folder
-  Skip,      // both stay as they are
-  KeepBoth,  // the new one gets another name: "name (2).ext"
+  Skip,          // both stay as they are
+  KeepBoth,      // the new one gets another name: "name (2).ext"
   Cancel,
 };
 

@@ -500,8 +500,8 @@ TEST(Operation, SendsToTheTrashWhereThereIsOne) {
   EXPECT_NE(toTrash(noTrash / "kept"), 0);
   user.NoTrash = {NoTrashChoice::DeleteForGood, true};
   EXPECT_EQ(toTrash(noTrash / "gone"), 0);
-  EXPECT_NE(toTrash(here / "none"), 0);
-  EXPECT_TRUE(user.Heard.starts_with("none:")) << user.Heard;
+  EXPECT_EQ(toTrash(here / "none"), ENOENT);
+  EXPECT_EQ(user.Heard, "none:" + std::to_string(ENOENT) + " ");
   EXPECT_EQ(here.Names() + noTrash.Names(), "kept ");
   const std::string trashed = std::string(data) + "/Trash/files/";
   EXPECT_EQ(Get(trashed + "new\nline"), "x");
