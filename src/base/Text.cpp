@@ -31,14 +31,63 @@ std::size_t PositionBehind(std::string_view text, std::size_t count) {
   return position;
 }
 
-// The visible stand-in for a code point that has no shape, or would end the line.
+// Code points without a shape, and what stands for them where they are shown and where they are
+// edited. The latter is a surrogate, which no valid text holds: the way back is exact.
+struct Hidden {
+  char32_t First, Last;
+  char32_t Shown;       // of the first
+  char32_t ShownStep;   // from one to the next
+  char32_t EditedPage;  // holds the lowest eight bits
+};
+
+// With a mark that turns the order of writing, "annexe.txt" reads "annextxt.e" or the other way
+// round. The joiners U+200C and U+200D are left alone: scripts and emoji cannot do without them.
+constexpr Hidden HiddenRanges[] = {
+    {0x00, 0x1F, 0x2400, 1, 0xDC00},
+    {0x7F, 0x7F, 0x2421, 1, 0xDC00},
+    {0x80, 0x9F, ReplacementCharacter, 0, 0xDD00},
+    {0x61C, 0x61C, ReplacementCharacter, 0, 0xDF00},  // Arabic letter mark
+    {0x200B, 0x200B, ReplacementCharacter, 0, 0xDE00},
+    {0x200E, 0x200F, ReplacementCharacter, 0, 0xDE00},
+    {0x2028, 0x2029, 0x2424, 0, 0xDE00},  // separators of lines and paragraphs
+    {0x202A, 0x202E, ReplacementCharacter, 0, 0xDE00},
+    {0x2060, 0x2060, ReplacementCharacter, 0, 0xDE00},
+    {0x2066, 0x2069, ReplacementCharacter, 0, 0xDE00},
+    {StrayByteMark + 0x80, StrayByteMark + 0xFF, ReplacementCharacter, 0, 0xDC00},
+    {0xFEFF, 0xFEFF, ReplacementCharacter, 0, 0xDF00},
+};
+
+const Hidden* FindHidden(char32_t codePoint) {
+  if (codePoint >= 0x20 && codePoint < 0x7F) return nullptr;  // most of all text
+  const auto* const range = std::ranges::find_if(HiddenRanges, [codePoint](const Hidden& each) {
+    return codePoint >= each.First && codePoint <= each.Last;
+  });
+  return range == std::end(HiddenRanges) ? nullptr : range;
+}
+
 char32_t VisibleForm(char32_t codePoint) {
-  if (codePoint < 0x20) return 0x2400 + codePoint;
-  if (codePoint == 0x7F) return 0x2421;
-  if (codePoint == 0x2028 || codePoint == 0x2029) return 0x2424;  // separators of lines, paragraphs
-  if (codePoint >= 0x80 && codePoint < 0xA0) return ReplacementCharacter;
-  if (IsStrayByte(codePoint)) return ReplacementCharacter;
+  const Hidden* const range = FindHidden(codePoint);
+  return range == nullptr ? codePoint
+                          : range->Shown + (codePoint - range->First) * range->ShownStep;
+}
+
+// A surrogate that stands for nothing comes back as it is.
+char32_t FromEditedForm(char32_t codePoint) {
+  if (!IsSurrogate(codePoint)) return codePoint;
+  for (const Hidden& range : HiddenRanges) {
+    const char32_t hidden = (range.First & ~char32_t{0xFF}) | (codePoint & 0xFF);
+    const bool isOnPage = (codePoint & ~char32_t{0xFF}) == range.EditedPage;
+    if (isOnPage && hidden >= range.First && hidden <= range.Last) return hidden;
+  }
   return codePoint;
+}
+
+// UTF-16 code units of a code point above U+FFFF.
+constexpr char16_t HighSurrogate = 0xD800;
+constexpr char16_t LowSurrogate = 0xDC00;
+
+bool IsPair(char16_t first, char16_t second) {
+  return (first & 0xFC00) == HighSurrogate && (second & 0xFC00) == LowSurrogate;
 }
 
 }  // namespace
@@ -98,6 +147,35 @@ std::string ForDisplay(std::string_view text) {
     AppendCodePoint(shown, VisibleForm(NextCodePoint(text, position)));
   }
   return shown;
+}
+
+std::u16string ForEditing(std::string_view text) {
+  std::u16string edited;
+  for (std::size_t position = 0; position < text.size();) {
+    char32_t codePoint = NextCodePoint(text, position);
+    if (const Hidden* const range = FindHidden(codePoint); range != nullptr) {
+      codePoint = range->EditedPage | (codePoint & 0xFF);
+    }
+    if (codePoint > 0xFFFF) {
+      codePoint -= 0x10000;
+      edited += static_cast<char16_t>(HighSurrogate | codePoint >> 10);
+      codePoint = LowSurrogate | (codePoint & 0x3FF);
+    }
+    edited += static_cast<char16_t>(codePoint);
+  }
+  return edited;
+}
+
+std::string FromEditing(std::u16string_view edited) {
+  std::string text;
+  for (std::size_t at = 0; at < edited.size(); ++at) {
+    char32_t codePoint = edited[at];
+    if (at + 1 < edited.size() && IsPair(edited[at], edited[at + 1])) {
+      codePoint = 0x10000 + ((codePoint & 0x3FF) << 10) + (edited[++at] & 0x3FF);
+    }
+    AppendCodePoint(text, FromEditedForm(codePoint));
+  }
+  return text;
 }
 
 char32_t NextCodePoint(std::string_view text, std::size_t& position) {

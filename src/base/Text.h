@@ -25,8 +25,14 @@ std::string_view LastCodePoints(std::string_view text, std::size_t count);
 std::string Shorten(std::string_view text, std::size_t limit, std::size_t head, std::size_t tail);
 
 // The text as it may be shown: valid UTF-8, control characters as visible marks (U+2400 and on),
-// bytes that are no UTF-8 as U+FFFD. For showing only; never a way back to the name.
+// bytes that are no UTF-8, and what is there to steer the order or hides, as U+FFFD. For showing
+// only; never a way back to the name.
 std::string ForDisplay(std::string_view text);
+
+// The text as it may be edited: UTF-16, where a lone surrogate stands for each of these marks and
+// is drawn as one. What the user leaves alone comes back from it byte for byte.
+std::u16string ForEditing(std::string_view text);
+std::string FromEditing(std::u16string_view edited);
 
 // Reads the code point at `position`, which lies within the text, and moves the position behind it.
 // A byte that is no part of valid UTF-8 gives 0xDC00 plus the byte, which no valid text can hold.

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QString>
+#include <QStringList>
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
@@ -39,6 +40,25 @@ inline QString ToQString(std::string_view text) {
 // Text that may hold the bytes of a name: one line, with visible marks for control characters.
 inline QString ToShownQString(std::string_view text) {
   return ToQString(base::ForDisplay(text));
+}
+
+// A message of several lines, each as above.
+inline QString ToShownLines(std::string_view text) {
+  QStringList lines =
+      ToQString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).split('\n');
+  for (QString& line : lines) line = ToShownQString(line.toStdString());
+  return lines.join('\n');
+}
+
+// Text that may hold the bytes of a name, for a box where it is edited, and the way back.
+inline QString ToEditedQString(std::string_view text) {
+  const std::u16string edited = base::ForEditing(text);
+  // As it is: the toolkit's own ways from UTF-16 look for marks of the byte order.
+  const auto* const units = reinterpret_cast<const QChar*>(edited.data());
+  return QString(units, static_cast<qsizetype>(edited.size()));
+}
+inline std::string FromEditedQString(const QString& text) {
+  return base::FromEditing(text.toStdU16String());
 }
 
 // A tool-tip that shows the text as it is, also where a name in it looks like HTML.

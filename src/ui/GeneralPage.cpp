@@ -141,7 +141,7 @@ void GeneralPage::Show(const FactsNote& note) {
   }
   if (!summary.Unread.empty()) {
     const auto& [path, reason] = summary.Unread.front();
-    QString text = ToQString(lister::CannotRead(path, reason));
+    QString text = ToShownQString(lister::CannotRead(path, reason));
     if (const std::size_t more = summary.Unread.size() - 1; more > 0) {
       text += QStringLiteral(" (and %1 more)").arg(NumberedItems(more));
     }

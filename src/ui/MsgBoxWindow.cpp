@@ -66,13 +66,7 @@ void MsgBoxWindow::Sync() {
                                "%2; color: %3; } #sheet { border-radius: 3px; }")
                     .arg(ToQColor(form_.BackColour).name(), sheetColour.name(),
                          ToQColor(form_.lblText.ForeColour).name()));
-  // Line ends are the message's own; everything else that is not to be seen is shown as a mark.
-  QStringList lines;
-  for (const QString& line :
-       QString::fromUtf8(form_.lblText.Text.c_str()).replace("\r\n", "\n").split('\n')) {
-    lines << ToShownQString(line.toStdString());
-  }
-  text_.setPlainText(lines.join('\n'));
+  text_.setPlainText(ToShownLines(form_.lblText.Text));
   text_.setAccessibleName(text_.toPlainText());
   setAccessibleDescription(text_.toPlainText());
   bool question = false;

@@ -35,6 +35,16 @@ TEST(TextTest, CutsBetweenCodePoints) {
 TEST(TextTest, ShowsWhatCannotBeSeen) {
   EXPECT_EQ(ForDisplay(std::string("a\0\n\x7F\xFF\u0085\u2028\u00e9", 12)),
             "a\u2400\u240A\u2421\uFFFD\uFFFD\u2424\u00e9");
+  // What turns the order round or takes no room would make one name pass for another.
+  const std::string deceiving = "\u061C\u200B\u200E\u200F\u202A\u202E\u2060\u2066\u2069\uFEFF";
+  EXPECT_EQ(ForDisplay(deceiving), ForDisplay(std::string(10, '\xFF')));
+  EXPECT_EQ(ForDisplay("\u200C\u200D\u05D0"), "\u200C\u200D\u05D0");
+  for (const std::string& name :
+       {std::string("\uFEFFa\x01\x7F\xFF\u0085\U0001F600\u00e9"), deceiving}) {
+    const std::u16string edited = ForEditing(name);
+    EXPECT_EQ(edited.find_first_of(u"\uFEFF\u202E\x01\u0085"), edited.npos);
+    EXPECT_EQ(FromEditing(edited + u"b"), name + "b");
+  }
 }
 
 TEST(TextTest, CapitalsFollowTheLocaleAndKeepStrayBytes) {
