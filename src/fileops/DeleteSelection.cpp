@@ -1,6 +1,7 @@
 #include "fileops/DeleteSelection.h"
 
 #include <string>
+#include <utility>
 
 #include "fileops/ItemList.h"
 #include "fileops/popDelete.h"
@@ -52,6 +53,8 @@ bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string
   dialog.Label2.Visible = false;
   dialog.txtSource.Text = shown;
   dialog.Label1.Caption = "Permanently Delete?";
+  // What cannot be undone takes more than Enter.
+  std::swap(dialog.cmdDelete.Default, dialog.cmdCancel.Default);
   fields_.DialogResult = "cancel";  // also when the dialog is closed by its frame
   dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);

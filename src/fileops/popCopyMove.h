@@ -30,6 +30,7 @@ class popCopyMove : public forms::Form {
     cmdCopy.Caption = "&Copy Here";
     cmdMove.Caption = "&Move Here";
     cmdCancel.Caption = "Ca&ncel";
+    cmdCopy.Default = true;
     txtSource.BackColour = FixedBox;
     txtDest.BackColour = base::White;
   }

@@ -28,6 +28,7 @@ class popDelete : public forms::Form {
     Label2.Caption = "Send to Recycle Bin";
     cmdDelete.Caption = "&Delete";
     cmdCancel.Caption = "Ca&ncel";
+    cmdDelete.Default = true;
     txtSource.BackColour = FixedBox;
   }
 

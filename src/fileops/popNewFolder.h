@@ -28,6 +28,7 @@ class popNewFolder : public forms::Form {
     Label2.Caption = "New Folder Name:";
     cmdCopy.Caption = "&Create";
     cmdCancel.Caption = "Ca&ncel";
+    cmdCopy.Default = true;
     txtDest.BackColour = FixedBox;
     txtNewFolderName.BackColour = base::White;
   }

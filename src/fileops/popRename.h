@@ -33,6 +33,7 @@ class popRename : public forms::Form {
     Label2.Caption = "New Name:";
     cmdRename.Caption = "&Rename";
     cmdCancel.Caption = "Ca&ncel";
+    cmdRename.Default = true;
     txtSource.BackColour = FixedBox;
     txtDest.BackColour = base::White;
   }

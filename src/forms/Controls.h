@@ -34,6 +34,7 @@ struct ComboBox : TextBox {};
 
 struct Button : Control {
   std::string Caption;
+  bool Default = false;  // Enter presses it
 };
 
 struct CheckBox : Control {

@@ -20,8 +20,8 @@ struct FileQuestion {
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  // A Yes/No box. Closed by other means than a button it counts as No.
-  virtual bool AskYesNo(const std::string& title, const std::string& text) = 0;
+  // A Yes/No box; Enter gives `usual`. Closed by other means than a button it counts as No.
+  virtual bool AskYesNo(const std::string& title, const std::string& text, bool usual = false) = 0;
   // A critical message with one button.
   virtual void ShowCritical(const std::string& title, const std::string& text) = 0;
   // A line of text; nothing on cancel.

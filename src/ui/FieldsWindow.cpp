@@ -41,8 +41,9 @@ QLineEdit& FieldsWindow::AddBox(const forms::Label& label, forms::TextBox& box, 
   grid_->addWidget(edit, row, 1);
   const std::size_t index = boxes_.size();
   boxes_.push_back({&label, &box, caption, edit, {}});
-  connect(edit, &QLineEdit::textEdited, this, [this, index](const QString& text) {
-    boxes_[index].Shown = boxes_[index].Form->Text = text.toStdString();
+  if (fixed) return *edit;
+  connect(edit, &QLineEdit::textChanged, this, [this, index](const QString& text) {
+    boxes_[index].Shown = boxes_[index].Form->Text = FromEditedQString(text);
   });
   return *edit;
 }
@@ -57,7 +58,6 @@ void FieldsWindow::AddCheck(forms::CheckBox& check, const forms::Label& label) {
 void FieldsWindow::AddButton(const forms::Button& button, Click click) {
   auto* const widget = new QPushButton(this);
   widget->setMinimumWidth(ButtonWidth);
-  widget->setDefault(buttons_.empty());
   buttonRow_->addWidget(widget);
   buttons_.push_back({&button, widget});
   connect(widget, &QPushButton::clicked, this, std::move(click));
@@ -73,17 +73,17 @@ void FieldsWindow::Sync() {
   }
   for (const ButtonPair& button : buttons_) {
     button.Widget->setText(ToShownQString(button.Form->Caption));
+    button.Widget->setDefault(button.Form->Default);
   }
 }
 
-// Text that cannot be shown as it is, a name that is no UTF-8 say, stays the form's until the user
-// changes it.
 void FieldsWindow::SyncBox(Box& box) {
   box.Caption->setText(ToShownQString(box.Label->Caption));
   box.Edit->setAccessibleName(box.Caption->text());
   if (box.Shown != box.Form->Text) {
     box.Shown = box.Form->Text;
-    box.Edit->setText(ToShownQString(box.Shown));
+    box.Edit->setText(box.Edit->isReadOnly() ? ToShownQString(box.Shown)
+                                             : ToEditedQString(box.Shown));
     box.Edit->setCursorPosition(0);
   }
   QPalette palette = box.Edit->palette();
@@ -104,8 +104,10 @@ void FieldsWindow::Show(QWidget* owner) {
       std::ranges::find_if(boxes_, [](const Box& box) { return !box.Edit->isReadOnly(); });
   if (free != boxes_.end()) {
     free->Edit->setFocus();
-  } else if (!buttons_.empty()) {
-    buttons_.front().Widget->setFocus();
+  } else {
+    for (const ButtonPair& button : buttons_) {
+      if (button.Form->Default) button.Widget->setFocus();
+    }
   }
   if (OnShown) OnShown();
 }

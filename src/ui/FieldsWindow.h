@@ -28,11 +28,11 @@ class FieldsWindow : public QDialog, public FormWindow {
   // From the top down. A fixed box shows its text and takes none.
   QLineEdit& AddBox(const forms::Label& label, forms::TextBox& box, bool fixed);
   void AddCheck(forms::CheckBox& check, const forms::Label& label);
-  // From left to right; the first is the one that Enter presses.
+  // From left to right.
   void AddButton(const forms::Button& button, Click click);
 
   // Runs once the window is on the screen; without it the first box that can be changed, or else
-  // the first button, has the keyboard.
+  // the default button, has the keyboard.
   Click OnShown;
 
   QWidget& Widget() override { return *this; }

@@ -41,7 +41,7 @@ std::optional<std::string> AskFile(const platform::FileQuestion& question,
 int ShowBox(const QIcon& picture, const std::string& title, const std::string& text,
             QMessageBox::StandardButtons buttons, QMessageBox::StandardButton usual) {
   const QPointer<QMessageBox> box =
-      new QMessageBox(QMessageBox::NoIcon, ToQString(title), ToQString(text), buttons,
+      new QMessageBox(QMessageBox::NoIcon, ToQString(title), ToShownLines(text), buttons,
                       QApplication::activeWindow());
   box->setTextFormat(Qt::PlainText);
   box->setIconPixmap(picture.pixmap(QSize(PictureSize, PictureSize), box->devicePixelRatio()));
@@ -54,9 +54,9 @@ int ShowBox(const QIcon& picture, const std::string& title, const std::string& t
 
 }  // namespace
 
-bool QtDialogs::AskYesNo(const std::string& title, const std::string& text) {
+bool QtDialogs::AskYesNo(const std::string& title, const std::string& text, bool usual) {
   return ShowBox(icons_.Own("question"), title, text, QMessageBox::Yes | QMessageBox::No,
-                 QMessageBox::No) == QMessageBox::Yes;
+                 usual ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;
 }
 
 void QtDialogs::ShowCritical(const std::string& title, const std::string& text) {

@@ -10,7 +10,7 @@ class QtDialogs : public platform::Dialogs {
  public:
   explicit QtDialogs(const IconSource& icons) : icons_(icons) {}
 
-  bool AskYesNo(const std::string& title, const std::string& text) override;
+  bool AskYesNo(const std::string& title, const std::string& text, bool usual) override;
   void ShowCritical(const std::string& title, const std::string& text) override;
   std::optional<std::string> AskText(const std::string& title, const std::string& prompt,
                                      const std::string& start) override;

@@ -91,10 +91,12 @@ class FakeFormHost : public forms::FormHost {
 // Records the messages, and answers none.
 struct FakeMessenger : forms::Messenger {
   std::vector<std::string> Texts;
+  std::function<void()> OnMessage;  // the user, before a message
   std::string Result;
 
   void Message(const std::string& text, forms::MessageKind, const std::string&) override {
     Texts.push_back(text);
+    if (OnMessage) OnMessage();
   }
   const std::string& MessageResult() const override { return Result; }
 };
@@ -103,7 +105,7 @@ struct FakeMessenger : forms::Messenger {
 struct FakeDialogs : platform::Dialogs {
   using Text = std::optional<std::string>;
 
-  bool AskYesNo(const std::string&, const std::string&) override { return false; }
+  bool AskYesNo(const std::string&, const std::string&, bool) override { return false; }
   void ShowCritical(const std::string&, const std::string&) override {}
   Text AskText(const std::string&, const std::string&, const std::string&) override { return {}; }
   std::optional<base::Colour> AskColour(base::Colour) override { return {}; }

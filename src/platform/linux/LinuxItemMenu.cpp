@@ -262,7 +262,9 @@ void LinuxItemMenu::Tell(const std::string& name, const std::string& what,
 void LinuxItemMenu::Trash() {
   const std::string what = paths_.size() == 1 ? QuotedName(paths_.front())
                                               : "these " + std::to_string(paths_.size()) + " items";
-  if (!tools_.Dialogs.AskYesNo("Delete", "Do you want to move " + what + " to the trash?")) return;
+  // Yes is the usual answer: what is in the trash can be brought back.
+  const std::string question = "Do you want to move " + what + " to the trash?";
+  if (!tools_.Dialogs.AskYesNo("Delete", question, true)) return;
   tools_.Operation.Run({.Function = FileFunction::Delete,
                         .Items = JoinItems(paths_),
                         .Destination = std::string(1, '\0'),

@@ -27,8 +27,8 @@ struct NotedDialogs : Dialogs {
   bool Yes = true;
   std::string Told;
 
-  bool AskYesNo(const std::string&, const std::string& text) override {
-    Told += text + "|";
+  bool AskYesNo(const std::string&, const std::string& text, bool usual) override {
+    Told += text + (usual ? " Yes|" : "|");
     return Yes;
   }
   void ShowCritical(const std::string&, const std::string& text) override { Told += text + "|"; }
@@ -335,11 +335,11 @@ TEST_F(LinuxContextMenuTest, LinksTrashesAndShows) {
   Choose({"a\tb"}, "&Delete");
   EXPECT_EQ(Took(),
             "Do you want to move \"a\xE2\x90\x89"
-            "b\" to the trash?|");
+            "b\" to the trash? Yes|");
   EXPECT_TRUE(Operation.Requests.empty());
   Dialogs.Yes = true;
   Choose({"a.txt", "b.txt"}, "&Delete");
-  EXPECT_EQ(Took(), "Do you want to move these 2 items to the trash?|");
+  EXPECT_EQ(Took(), "Do you want to move these 2 items to the trash? Yes|");
   const OperationRequest& request = Operation.Requests.back();
   EXPECT_EQ(request.Function, FileFunction::Delete);
   EXPECT_EQ(request.Items, JoinItems({Place / "a.txt", Place / "b.txt"}));

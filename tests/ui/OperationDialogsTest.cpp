@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "TestApplication.h"
+#include "fakes/FakeForms.h"
+#include "ui/OperationDialogs.h"
+
+namespace tarnwell::ui {
+namespace {
+
+void Type(QWidget& box, int key, const QString& text) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+  QApplication::sendEvent(&box, &press);
+}
+
+TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
+  TestApplication();
+  fakes::FakeFormHost host;
+  fileops::DialogFields fields;
+  fileops::popRename form(host, fields);
+  form.Load();
+  const std::string name = "\uFEFFa\x01\n\xFF\u202E\u2401\uFFFD.txt";
+  form.txtDest.Text = form.txtSource.Text = name;
+  const auto window = WindowOf(form);
+  window->Sync();
+  const auto boxes = window->Widget().findChildren<QLineEdit*>();
+  ASSERT_EQ(boxes.size(), 2);
+  EXPECT_EQ(boxes[0]->text(), ToShownQString(name));
+  QLineEdit& edit = *boxes[1];
+  edit.setCursorPosition(4);
+  Type(edit, Qt::Key_Backspace, "\b");  // the stray byte
+  EXPECT_EQ(form.txtDest.Text, "\uFEFFa\x01\n\u202E\u2401\uFFFD.txt");
+  edit.undo();
+  edit.end(false);
+  Type(edit, Qt::Key_B, "b");
+  EXPECT_EQ(form.txtDest.Text, name + "b");
+}
+
+TEST(OperationDialogsTest, EnterPressesTheButtonThatTheFormSays) {
+  TestApplication();
+  fakes::FakeFormHost host;
+  fileops::DialogFields fields;
+  fileops::popDelete form(host, fields);
+  form.Load();
+  std::swap(form.cmdDelete.Default, form.cmdCancel.Default);
+  const auto window = WindowOf(form);
+  window->Sync();
+  window->Show(nullptr);
+  const QWidget* const focus = window->Widget().focusWidget();
+  const auto* const button = dynamic_cast<const QPushButton*>(focus);
+  ASSERT_NE(button, nullptr);
+  EXPECT_TRUE(button->isDefault() && button->text() == "Ca&ncel");
+  window->Close();
+}
+
+}  // namespace
+}  // namespace tarnwell::ui
