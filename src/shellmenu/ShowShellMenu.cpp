@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "base/Measure.h"
+#include "base/Text.h"
+#include "lister/CellText.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::shellmenu {
@@ -83,13 +85,15 @@ std::string ContextMenuCommand::PasteTarget(const lister::ListerControl& list) c
 std::string ContextMenuCommand::Choose(const MenuItems& items, MenuRequest request) {
   if (items.Paths.empty()) return "";
   const base::PathSyntax& syntax = platform_.Syntax;
+  std::vector<std::string> gone;
   for (const std::string& path : items.Paths) {
-    if (IsThere(path)) {
-      request.Names.emplace_back(syntax.LastComponent(path));
-    } else if (&path == &items.Paths.front()) {
-      return "";
-    }
+    const std::string name(syntax.LastComponent(path));
+    const base::Status status = platform_.Menu.Find(path);
+    (status ? request.Names : gone).push_back(name);
+    if (!status && gone.size() == 1) Tell(status);
+    if (!status && &path == &items.Paths.front()) return "";
   }
+  TellMoreGone(gone);
   request.FirstPath = items.Paths.front();
   request.Folder = syntax.GetFolderPath(request.FirstPath);
   // It ends with a separator: the folder itself is meant, as seen from within.
@@ -100,14 +104,23 @@ std::string ContextMenuCommand::Choose(const MenuItems& items, MenuRequest reque
   return builder_.BuildAndTrackMenu(request);
 }
 
-bool ContextMenuCommand::IsThere(const std::string& path) {
-  const base::Status status = platform_.Menu.Find(path);
-  if (status) return true;
+void ContextMenuCommand::Tell(const base::Status& status) {
   char code[16];
   std::snprintf(code, sizeof code, "%X", static_cast<unsigned>(status.Code));
   messenger_.Message(std::string("Error: &H") + code + ", " + status.Reason,
                      forms::MessageKind::Ok);
-  return false;
+}
+
+void ContextMenuCommand::TellMoreGone(const std::vector<std::string>& names) {
+  constexpr std::size_t mostNamed = 10;
+  if (names.size() < 2) return;
+  std::string text = lister::CountText(names.size() - 1, "further item") +
+                     " could not be found, and will be left out:\r\n";
+  for (std::size_t at = 1; at < names.size() && at <= mostNamed; ++at) {
+    text += "\r\n     " + base::ForDisplay(names[at]);
+  }
+  if (names.size() > mostNamed + 1) text += "\r\n     ...";
+  messenger_.Message(text, forms::MessageKind::Ok);
 }
 
 }  // namespace tarnwell::shellmenu

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/FileSystem.h"
 #include "shellmenu/BuildAndTrackMenu.h"
@@ -42,8 +43,9 @@ class ContextMenuCommand {
   std::string PasteTarget(const lister::ListerControl& list) const;
   // The word of the entry chosen.
   std::string Choose(const MenuItems& items, MenuRequest request);
-  // Tells the user if not.
-  bool IsThere(const std::string& path);
+  void Tell(const base::Status& status);
+  // Of several items that are gone, all but the first in one message.
+  void TellMoreGone(const std::vector<std::string>& names);
 
   workspace::Workspace& workspace_;
   MenuPlatform platform_;

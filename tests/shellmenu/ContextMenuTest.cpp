@@ -3,6 +3,8 @@
 namespace tarnwell::shellmenu {
 namespace {
 
+using namespace std::string_literals;
+
 using workspace::Texts;
 
 TEST_F(ContextMenuTest, StandsAboveThePlatformsEntriesAtTheClick) {
@@ -76,6 +78,20 @@ TEST_F(ContextMenuTest, IsForWhatIsClickedAndSelected) {
   EXPECT_EQ(asked("C:\\Data\\c.txt"), "nothing");
   const std::string error = "Error: &H2, No such file or directory";
   EXPECT_EQ(Messages.Texts, (Texts{error, error}));
+
+  // One message for the first that has gone, and one for all the others.
+  Messages.Texts.clear();
+  for (char name = 'd'; name <= 'p'; ++name) Platform.Files.AddFile("C:\\Data\\"s + name + "\n");
+  Space.Lists[100].RefreshList();
+  Space.Lists[100].SelectAll();
+  for (char name = 'd'; name <= 'p'; ++name) Platform.Files.Remove("C:\\Data\\"s + name + "\n");
+  EXPECT_EQ(asked("C:\\Data\\a.txt"), "C:\\Data\\: a.txt Sub b.txt");
+  ASSERT_EQ(Messages.Texts.size(), 2U);
+  EXPECT_EQ(Messages.Texts[0], error);
+  EXPECT_TRUE(Messages.Texts[1].starts_with("12 further items could not be found"))
+      << Messages.Texts[1];
+  EXPECT_NE(Messages.Texts[1].find("     e\u240A\r\n     f\u240A\r\n"), std::string::npos);
+  EXPECT_TRUE(Messages.Texts[1].ends_with("     n\u240A\r\n     ..."));
 }
 
 TEST_F(ContextMenuTest, GivesUpAt30000Items) {
