@@ -1,5 +1,7 @@
 #include "base/PathSyntax.h"
 
+#include <algorithm>
+
 #include "base/Text.h"
 
 namespace tarnwell::base {
@@ -32,6 +34,12 @@ const PathSyntax& PathSyntax::Windows() {
 bool PathSyntax::IsDriveRoot(std::string_view path) const {
   if (RootMark.empty()) return path.size() == 1 && path.front() == Separator;
   return path.ends_with(RootMark);
+}
+
+bool PathSyntax::IsWhole(std::string_view path) const {
+  if (RootMark.empty()) return path.starts_with(Separator);
+  return path.substr(std::min<std::size_t>(path.size(), 1)).starts_with(RootMark) ||
+         FindNetworkStart(path) == 0;
 }
 
 std::size_t PathSyntax::FindNetworkStart(std::string_view path) const {

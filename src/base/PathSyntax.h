@@ -22,6 +22,8 @@ struct PathSyntax {
 
   // True for the root of a drive as far as the text alone can tell: "C:\" or "/".
   bool IsDriveRoot(std::string_view path) const;
+  // Whether the path begins at a root, of a drive or of the network.
+  bool IsWhole(std::string_view path) const;
   // Position of the first network mark, or npos.
   std::size_t FindNetworkStart(std::string_view path) const;
   // The path with one separator at its end.

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "fileops/Destination.h"
 #include "fileops/popCopyMove.h"
 
 namespace tarnwell::fileops {
@@ -47,6 +48,19 @@ std::string DropCommand::DestinationOf(lister::ListId list) const {
 std::string DropCommand::Ask(const std::string& text, const std::string& destination) {
   // The word of another dialog must not stand: what is dropped would be gone for good.
   if (fields_.DialogResult == "delete") fields_.DialogResult.clear();
+  std::string typed = destination;
+  for (;;) {
+    typed = AskOnce(text, typed);
+    if (fields_.DialogResult != "copy" && fields_.DialogResult != "move") return typed;
+    std::string whole = WholeDestination(typed, destination, drives_.HomeFolder(), syntax_);
+    const base::Status status = files_.CheckTarget(whole);
+    if (status) return whole;
+    messenger_.Message(status.Reason, forms::MessageKind::Ok);
+    fields_.DialogResult = "cancel";  // if the next one is closed without a button
+  }
+}
+
+std::string DropCommand::AskOnce(const std::string& text, const std::string& destination) {
   popCopyMove dialog(host_, fields_);
   host_.Open(dialog);
   dialog.txtSource.Text = text;

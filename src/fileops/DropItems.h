@@ -3,27 +3,33 @@
 
 #include <string>
 
-#include "base/PathSyntax.h"
 #include "fileops/DialogFields.h"
 #include "fileops/FileOperate.h"
 #include "forms/FormHost.h"
+#include "forms/Messenger.h"
 #include "lister/ListerEvents.h"
+#include "platform/FileSystem.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::fileops {
 
 class DropCommand {
  public:
-  DropCommand(workspace::Workspace& workspace, const base::PathSyntax& syntax,
-              FileOperations& operations, forms::FormHost& host, DialogFields& fields)
+  DropCommand(workspace::Workspace& workspace, const platform::FileSystem& files,
+              const platform::Drives& drives, FileOperations& operations, forms::FormHost& host,
+              forms::Messenger& messenger, DialogFields& fields)
       : workspace_(workspace),
-        syntax_(syntax),
+        files_(files),
+        drives_(drives),
+        syntax_(files.Syntax()),
         operations_(operations),
         host_(host),
+        messenger_(messenger),
         fields_(fields) {}
 
   // Copies or moves the items into the DropFolder of the list; asks if the drop does not say what
-  // to do. The user can change the folder there.
+  // to do. The user can change the folder there, by a path from the DropFolder on too; one that
+  // cannot be is told by a message, and then the dialog asks anew.
   void DropItems(lister::ListId list, const lister::Drop& drop);
 
   // Copies or moves what is selected in the source list into the DropFolder of the target list, and
@@ -36,11 +42,15 @@ class DropCommand {
   // Gives the folder as the user leaves it. What to do is then in DialogResult, which a dialog that
   // is closed without a button leaves as it was; the answer to a delete is forgotten first.
   std::string Ask(const std::string& text, const std::string& destination);
+  std::string AskOnce(const std::string& text, const std::string& destination);
 
   workspace::Workspace& workspace_;
+  const platform::FileSystem& files_;
+  const platform::Drives& drives_;
   const base::PathSyntax& syntax_;
   FileOperations& operations_;
   forms::FormHost& host_;
+  forms::Messenger& messenger_;
   DialogFields& fields_;
 };
 

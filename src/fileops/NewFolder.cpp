@@ -1,9 +1,10 @@
 #include "fileops/NewFolder.h"
 
 #include <exception>
-#include <stdexcept>
 #include <string>
+#include <utility>
 
+#include "fileops/ItemName.h"
 #include "fileops/popNewFolder.h"
 #include "lists/WatchPanes.h"
 
@@ -17,33 +18,55 @@ const std::string Sorry = "Sorry, you cannot make a new folder here.";
 void NewFolder::CreateNewFolder(bool byKey) {
   lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
   if (list == nullptr) return;
-  const lists::WatchBracket watch(*list);
-  try {
-    AskAndMake(*list, byKey);
-  } catch (const std::exception& error) {
-    messenger_.Message(
-        Sorry + "\r\n\r\nThe system returned the following message:\r\n\r\n     " + error.what(),
-        forms::MessageKind::Ok);
-  }
-  list->RefreshList();
+  std::string name;
+  do {
+    name = AskOnce(*list, byKey, name);
+  } while (!name.empty());
 }
 
-void NewFolder::AskAndMake(lister::ListerControl& list, bool byKey) {
+std::string NewFolder::AskOnce(lister::ListerControl& list, bool byKey,
+                               const std::string& offered) {
+  const lists::WatchBracket watch(list);
+  std::string refused;
+  try {
+    if (const base::Status status = AskAndMake(list, byKey, offered); !status) {
+      refused = fields_.DialogResult;
+      TellFailure(status.Reason);
+    }
+  } catch (const std::exception& error) {
+    TellFailure(error.what());
+  }
+  list.RefreshList();
+  return refused;
+}
+
+base::Status NewFolder::AskAndMake(lister::ListerControl& list, bool byKey,
+                                   const std::string& offered) {
   fields_.DialogResult.clear();
   const std::string folder = list.TargetFolder(byKey);
   if (folder.empty()) {
     messenger_.Message(Sorry, forms::MessageKind::Ok);
-    return;
+    return {};
   }
   popNewFolder dialog(host_, fields_);
   dialog.txtDest.Text = folder;
+  dialog.txtNewFolderName.Text = offered;
   host_.Open(dialog);
   dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);
-  if (fields_.DialogResult.empty() || fields_.DialogResult == "cancel") return;
+  const std::string& name = fields_.DialogResult;
+  if (name.empty() || name == "cancel") return {};
+  if (std::string fault = FaultOfName(name, files_.Syntax()); !fault.empty()) {
+    return {.Code = -1, .Reason = std::move(fault)};
+  }
   list.WatchStop();
-  const base::Status status = files_.MakeFolder(folder + fields_.DialogResult);
-  if (!status) throw std::runtime_error(status.Reason);
+  return files_.MakeFolder(folder + name);
+}
+
+void NewFolder::TellFailure(const std::string& reason) {
+  messenger_.Message(
+      Sorry + "\r\n\r\nThe system returned the following message:\r\n\r\n     " + reason,
+      forms::MessageKind::Ok);
 }
 
 }  // namespace tarnwell::fileops

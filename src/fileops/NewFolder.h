@@ -16,12 +16,16 @@ class NewFolder {
       : workspace_(workspace), files_(files), host_(host), messenger_(messenger), fields_(fields) {}
 
   // Asks for the name and makes the folder where TargetFolder of the list says; `byKey` goes to
-  // that. A failure is told by a message. The list is read again in every case.
+  // that. A failure is told by a message, and then the dialog asks anew. The list is read again in
+  // every case.
   void CreateNewFolder(bool byKey);
 
  private:
-  // Throws std::runtime_error with the system's words if the folder cannot be made.
-  void AskAndMake(lister::ListerControl& list, bool byKey);
+  // Asks once, with the name that is offered. Gives the name if it was refused.
+  std::string AskOnce(lister::ListerControl& list, bool byKey, const std::string& offered);
+  // Success as well where nothing is to be made.
+  base::Status AskAndMake(lister::ListerControl& list, bool byKey, const std::string& offered);
+  void TellFailure(const std::string& reason);
 
   workspace::Workspace& workspace_;
   platform::FileSystem& files_;

@@ -1,9 +1,10 @@
 #include "fileops/RenameItem.h"
 
 #include <exception>
-#include <stdexcept>
+#include <utility>
 
 #include "base/Text.h"
+#include "fileops/ItemName.h"
 #include "fileops/popRename.h"
 #include "lists/WatchPanes.h"
 
@@ -13,41 +14,61 @@ void RenameCommand::RenameItem(bool byKey) {
   lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
   if (list == nullptr) return;
   const lists::WatchBracket watch(*list);
-  try {
-    AskAndRename(*list, byKey);
-  } catch (const std::exception& error) {
-    messenger_.Message(std::string("Sorry, the renaming could not be performed.\r\n\r\n"
-                                   "The system returned the following message: \r\n\r\n") +
-                           error.what(),
-                       forms::MessageKind::Ok);
-  }
-}
-
-void RenameCommand::AskAndRename(lister::ListerControl& list, bool byKey) {
   fields_.DialogResult.clear();
   std::string folder, name;
   std::int32_t kind = 0;
-  list.GetClickedItem(folder, name, byKey, kind);
+  list->GetClickedItem(folder, name, byKey, kind);
   if (kind == lister::ClickedEmptySpace || folder.empty() || name.empty()) return;
+  std::string offered = name;
+  do {
+    offered = AskOnce(*list, folder, name, offered);
+  } while (!offered.empty());
+}
+
+std::string RenameCommand::AskOnce(lister::ListerControl& list, const std::string& folder,
+                                   const std::string& name, const std::string& offered) {
+  const lists::WatchBracket watch(list);
+  std::string refused;
+  try {
+    if (const base::Status status = AskAndRename(list, folder, name, offered); !status) {
+      refused = fields_.DialogResult;
+      TellFailure(status.Reason);
+    }
+  } catch (const std::exception& error) {
+    TellFailure(error.what());
+  }
+  return refused;
+}
+
+base::Status RenameCommand::AskAndRename(lister::ListerControl& list, const std::string& folder,
+                                         const std::string& name, const std::string& offered) {
+  fields_.DialogResult.clear();
   popRename dialog(host_, fields_);
   host_.Open(dialog);
-  dialog.txtSource.Text = dialog.txtDest.Text = name;
-  dialog.SelLength = base::CodePointCount(name);
+  dialog.txtSource.Text = name;
+  dialog.txtDest.Text = offered;
+  dialog.SelLength = base::CodePointCount(offered);
   dialog.PositionCursor();
   dialog.CentreOn(workspace_.Form);
   host_.ShowModal(dialog, &workspace_.Form);
-  if (fields_.DialogResult.empty() || fields_.DialogResult == "cancel") return;
+  const std::string& wanted = fields_.DialogResult;
+  if (wanted.empty() || wanted == "cancel") return {};
   const base::PathSyntax& syntax = files_.Syntax();
-  // It would move the item to another folder.
-  if (fields_.DialogResult.find(syntax.Separator) != std::string::npos) {
-    throw std::runtime_error(std::string("A name cannot hold the character ") + syntax.Separator +
-                             ".");
+  if (std::string fault = FaultOfName(wanted, syntax); !fault.empty()) {
+    return {.Code = -1, .Reason = std::move(fault)};
   }
   list.WatchStop();
-  const base::Status status =
-      files_.Rename(syntax.Join(folder, name), syntax.Join(folder, fields_.DialogResult));
-  if (!status) throw std::runtime_error(status.Reason);
-  list.RefreshList();
+  const base::Status status = files_.Rename(syntax.Join(folder, name), syntax.Join(folder, wanted));
+  if (status) list.RefreshList();
+  return status;
+}
+
+void RenameCommand::TellFailure(const std::string& reason) {
+  messenger_.Message(
+      "Sorry, the renaming could not be performed.\r\n\r\n"
+      "The system returned the following message: \r\n\r\n" +
+          reason,
+      forms::MessageKind::Ok);
 }
 
 }  // namespace tarnwell::fileops

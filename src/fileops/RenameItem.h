@@ -18,12 +18,18 @@ class RenameCommand {
       : workspace_(workspace), files_(files), host_(host), messenger_(messenger), fields_(fields) {}
 
   // Asks for the new name of the current list's clicked item, or of that with the cursor when
-  // `byKey`. What has no name of its own is passed over without a word.
+  // `byKey`. What has no name of its own is passed over without a word. A name that cannot be given
+  // is told by a message, and then the dialog asks anew.
   void RenameItem(bool byKey);
 
  private:
-  // Throws std::runtime_error with the system's words if the name cannot be given.
-  void AskAndRename(lister::ListerControl& list, bool byKey);
+  // Asks once, with the name that is offered. Gives the name if it was refused.
+  std::string AskOnce(lister::ListerControl& list, const std::string& folder,
+                      const std::string& name, const std::string& offered);
+  // Success as well where nothing is to be done.
+  base::Status AskAndRename(lister::ListerControl& list, const std::string& folder,
+                            const std::string& name, const std::string& offered);
+  void TellFailure(const std::string& reason);
 
   workspace::Workspace& workspace_;
   platform::FileSystem& files_;

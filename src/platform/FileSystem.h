@@ -106,6 +106,10 @@ class FileSystem {
   // True when anything at all has that path.
   virtual bool Exists(const std::string& path) const = 0;
 
+  // Whether items can go into the folder of that path, or into one that is yet to be made there:
+  // the reason is a sentence that says what to do.
+  virtual base::Status CheckTarget(const std::string& path) const = 0;
+
   // Walks all that lies below the folder: links are not followed, other volumes mounted below it
   // not entered. `goOn` is asked many times a second, with what has been counted so far, and ends
   // the walk by false; what was counted stands then. The status tells why the folder itself could
@@ -120,6 +124,7 @@ class FileSystem {
   // system keeps none.
   virtual base::Status WriteNote(const std::string& path, ItemNote note,
                                  const std::string& text) = 0;
+  // The reasons of these two are sentences that say what to do.
   // Makes one folder; one that is there already gives an error.
   virtual base::Status MakeFolder(const std::string& path) = 0;
 

@@ -220,6 +220,13 @@ base::Status MemoryFileSystem::WriteNote(const std::string& path, platform::Item
   return {};
 }
 
+base::Status MemoryFileSystem::CheckTarget(const std::string& path) const {
+  for (std::string at = path; at != syntax_.ParentOf(at); at = syntax_.ParentOf(at)) {
+    if (Exists(at) && !FolderExists(at)) return {20, "No folder: " + at};
+  }
+  return {};
+}
+
 base::Status MemoryFileSystem::MakeFolder(const std::string& path) {
   if (WriteFault.Code != 0) return WriteFault;
   if (Exists(path)) return {17, "File exists"};

@@ -64,6 +64,7 @@ class MemoryFileSystem : public platform::FileSystem {
                               platform::ItemAttributes& attributes) const override;
   bool FolderExists(const std::string& path) const override;
   bool Exists(const std::string& path) const override;
+  base::Status CheckTarget(const std::string& path) const override;
   base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
                              platform::FolderTotal& total) const override;
   base::Status ReadSpace(const std::string& folder, platform::Space& space) const override;

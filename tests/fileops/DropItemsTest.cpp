@@ -48,7 +48,7 @@ class DropItemsTest : public testing::Test, public lists::TestLists {
   Texts Asked;
   FileOperations Operations{Space, Platform.Files.Syntax(), Platform.Operation, Nav, Messages,
                             Fields};
-  DropCommand Command{Space, Platform.Files.Syntax(), Operations, Host, Fields};
+  DropCommand Command{Space, Platform.Files, Platform.Drives, Operations, Host, Messages, Fields};
 };
 
 TEST_F(DropItemsTest, DoesWhatTheDropSaysOrTheUser) {
@@ -93,6 +93,34 @@ TEST_F(DropItemsTest, DoesWhatTheDropSaysOrTheUser) {
   Space.Lists[100].FirstSelected();
   other.DropOn("C:\\Other", {.Action = "copy", .Source = 100});
   EXPECT_EQ(Take(), (Texts{"2 C:\\Data\\Sub;;> C:\\Other\\;"}));
+}
+
+TEST_F(DropItemsTest, TakesAPathFromTheFolderDroppedOn) {
+  Platform.Drives.Home = "D:\\Home";
+  const lister::Drop drop{.Items = "C:\\Data\\one.txt\0"s, .Source = 100};
+  Button = "copy";
+  for (const auto& [typed, target] : {std::pair{".", "C:\\Other\\"},
+                                      {"a\\.\\b\\", "C:\\Other\\a\\b\\"},
+                                      {"..\\a", "C:\\a\\"},
+                                      {"~", "D:\\Home\\"},
+                                      {"~\\x", "D:\\Home\\x\\"},
+                                      {"~x", "C:\\Other\\~x\\"},
+                                      {"\\\\server\\share\\x", "\\\\server\\share\\x\\"}}) {
+    NewFolder = typed;
+    Space.Lists[101].DropOn("C:\\Other", drop);
+    EXPECT_EQ(Take().back(), "2 C:\\Data\\one.txt;> "s + target + ";");
+  }
+  // What cannot be is told, and the dialog comes again with it.
+  const std::string bad = NewFolder = "..\\Data\\one.txt\\x";
+  Messages.OnMessage = [this] { NewFolder = "..\\Data"; };
+  Space.Lists[101].DropOn("C:\\Other", drop);
+  EXPECT_EQ(Take(), (Texts{"C:\\Data\\one.txt> C:\\Other\\", "C:\\Data\\one.txt> " + bad,
+                           "2 C:\\Data\\one.txt;> C:\\Data\\;"}));
+  EXPECT_EQ(Messages.Texts, Texts{"No folder: C:\\Data\\one.txt"});
+  NewFolder = bad;
+  Messages.OnMessage = [this] { Button.clear(); };  // closed by its frame
+  Space.Lists[101].DropOn("C:\\Other", drop);
+  EXPECT_EQ(Take().back(), "C:\\Data\\one.txt> " + bad);
 }
 
 TEST_F(DropItemsTest, PastesWhatIsSelectedAndEndsTheAction) {

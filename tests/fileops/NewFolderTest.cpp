@@ -12,11 +12,15 @@ class NewFolderTest : public testing::Test, public lists::TestLists {
     Nav.LoadFolders(0);
     Space.CurrentList = 100;
   }
-  // The user types the name and presses the button.
+  // The user types the name and presses the button, and gives up when asked again.
   void Create(const std::string& name) {
     Host.OnModal = [=](forms::Form& form) {
       auto& dialog = dynamic_cast<popNewFolder&>(form);
       EXPECT_EQ(dialog.txtDest.Text, "C:\\Data\\");
+      if (!dialog.txtNewFolderName.Text.empty()) {
+        EXPECT_EQ(dialog.txtNewFolderName.Text, name);
+        return dialog.cmdCancelClick();
+      }
       dialog.txtNewFolderName.Text = name;
       dialog.cmdCopyClick();
     };
@@ -34,11 +38,14 @@ TEST_F(NewFolderTest, MakesTheFolderAndShowsIt) {
   EXPECT_NE(Row(100, "New"), lister::NoRow);
   EXPECT_TRUE(Messages.Texts.empty());
   Create("New");  // a name that is taken
+  const std::vector<std::string> taken = std::exchange(Messages.Texts, {});
+  for (const char* name : {"Sub\\New", "..", "."}) Create(name);
+  EXPECT_EQ(Messages.Texts.size(), 3U);
   Create("cancel");
   Create("");
   Host.OnModal = {};  // closed by its frame
   Command.CreateNewFolder(true);
-  EXPECT_EQ(Messages.Texts,
+  EXPECT_EQ(taken,
             std::vector<std::string>{"Sorry, you cannot make a new folder here.\r\n\r\nThe system "
                                      "returned the following message:\r\n\r\n     File exists"});
   EXPECT_EQ(Space.Lists[100].ChildCount(lister::RootRow), 1);

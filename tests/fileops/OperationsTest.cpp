@@ -129,6 +129,7 @@ TEST_F(OperationsTest, DeletesForGoodAfterAQuestionAlone) {
       EXPECT_EQ(dialog.Label1.Caption + dialog.txtSource.Text,
                 "Permanently Delete?Folder: one.txt");
       EXPECT_FALSE(dialog.chkSendToRecycleBin.Visible || dialog.Label2.Visible);
+      EXPECT_TRUE(dialog.cmdCancel.Default && !dialog.cmdDelete.Default);
       if (deletes) dialog.cmdDeleteClick();
     });
     Deleting.DeleteSelection(true);
@@ -148,7 +149,12 @@ TEST_F(OperationsTest, DeletesForGoodAfterAQuestionAlone) {
 TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
   Space.Lists[100].MoveCurrent(Row(100, "one.txt"));
   const auto rename = [this](const std::string& name) {
-    Answer<popRename>([=](popRename& dialog) {
+    Answer<popRename>([this, name, asked = 0](popRename& dialog) mutable {
+      if (asked++ > 0) {  // with what was typed, and the user gives up
+        EXPECT_EQ(dialog.txtDest.Text, name);
+        EXPECT_TRUE(AllWatch());
+        return dialog.cmdCancelClick();
+      }
       dialog.txtDest.Text = name;
       dialog.cmdRenameClick();
     });
@@ -169,8 +175,8 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
   rename("ONE.txt");
   EXPECT_NE(Row(100, "ONE.txt"), lister::NoRow);
   EXPECT_TRUE(Messages.Texts.empty());
-  for (const char* bad : {"two", "Sub\\two"}) rename(bad);
-  ASSERT_EQ(Messages.Texts.size(), 2U);
+  for (const char* bad : {"two", "Sub\\two", ".."}) rename(bad);
+  ASSERT_EQ(Messages.Texts.size(), 3U);
   EXPECT_EQ(Messages.Texts[0], Sorry +
                                    "\r\n\r\nThe system returned the following message: "
                                    "\r\n\r\nFile exists"s);

@@ -65,7 +65,7 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
   Host.OnModal = [this](forms::Form& form) {
     Dialogs.push_back(form.Name());
     if (auto* const dialog = dynamic_cast<fileops::popRename*>(&form)) {
-      dialog->txtDest.Text = "z.txt";
+      if (dialog->txtDest.Text == "b.txt") dialog->txtDest.Text = "z.txt";
       dialog->cmdRenameClick();
     } else if (auto* const folder = dynamic_cast<fileops::popNewFolder*>(&form)) {
       Dialogs.push_back(folder->txtDest.Text);

@@ -9,10 +9,12 @@
 #include <new>
 #include <stdexcept>
 
+#include "platform/linux/CheckTarget.h"
 #include "platform/linux/ItemNotes.h"
 #include "platform/linux/ItemStat.h"
 #include "platform/linux/LinuxFolder.h"
 #include "platform/linux/MeasureFolder.h"
+#include "platform/linux/NamingError.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/ReplaceFile.h"
@@ -91,10 +93,14 @@ base::Status LinuxFileSystem::WriteNote(const std::string& path, ItemNote note,
   return WriteItemNote(path, note, text);
 }
 
+base::Status LinuxFileSystem::CheckTarget(const std::string& path) const {
+  return platform::CheckTarget(path);
+}
+
 base::Status LinuxFileSystem::MakeFolder(const std::string& path) {
   const ReachedPath reached(path);
-  if (reached.Error() != 0) return SystemError(reached.Error());
-  return SystemError(mkdirat(reached.Folder(), reached.Rest(), 0777) == 0 ? 0 : errno);
+  if (reached.Error() != 0) return NamingError(reached.Error());
+  return NamingError(mkdirat(reached.Folder(), reached.Rest(), 0777) == 0 ? 0 : errno);
 }
 
 base::Status LinuxFileSystem::Rename(const std::string& from, const std::string& to) {

@@ -5,8 +5,8 @@
 
 #include "platform/linux/ItemIdentity.h"
 #include "platform/linux/NameSpelling.h"
+#include "platform/linux/NamingError.h"
 #include "platform/linux/ReachedPath.h"
-#include "platform/linux/SystemError.h"
 #include "platform/linux/TemporaryName.h"
 #include "platform/linux/VolumeTraits.h"
 
@@ -108,8 +108,8 @@ int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to)
 base::Status RenameItem(const std::string& from, const std::string& to) {
   ParentAndName source;
   ParentAndName target;
-  if (const int error = FindParent(from, source); error != 0) return SystemError(error);
-  if (const int error = FindParent(to, target); error != 0) return SystemError(error);
+  if (const int error = FindParent(from, source); error != 0) return NamingError(error);
+  if (const int error = FindParent(to, target); error != 0) return NamingError(error);
   const int sourceFolder = source.Folder.Get();
   const int targetFolder = target.Folder.Get();
   int error = RenameNew(sourceFolder, source.Name.c_str(), targetFolder, target.Name.c_str());
@@ -123,7 +123,7 @@ base::Status RenameItem(const std::string& from, const std::string& to) {
     }
   }
   if (error == EEXIST && IsOtherSpelling(source, target)) error = Respell(source, target);
-  return SystemError(error);
+  return NamingError(error);
 }
 
 }  // namespace tarnwell::platform

@@ -188,6 +188,34 @@ TEST(LinuxFileSystem, KeepsNotes) {
   EXPECT_EQ(files.WriteNote("/proc/self/status", ItemNote::Colour, "red").Code, ENOTSUP);
 }
 
+TEST(LinuxFileSystem, SaysWhatToDoWhereANameOrTargetCannotBe) {
+  const TempFolder folder;
+  LinuxFileSystem files;
+  Put(folder / "file", "");
+  std::filesystem::create_symlink("nowhere", folder / "link");
+  EXPECT_TRUE(files.MakeFolder(folder / "file").Reason.ends_with("Type another name."));
+  EXPECT_TRUE(files.Rename(folder / "none", folder / "x").Reason.starts_with("The item, or its"));
+  EXPECT_EQ(files.MakeFolder(folder / std::string(256, 'n')).Code, ENAMETOOLONG);
+  for (const char* good : {"", "a/b/", "../x"})
+    EXPECT_TRUE(files.CheckTarget(folder / good)) << good;
+  EXPECT_TRUE(files.CheckTarget("/"));
+  for (const char* bad : {"file", "file/a/b"}) {
+    EXPECT_EQ(files.CheckTarget(folder / bad).Reason,
+              "\"file\" is no folder. Type the path of a folder.");
+  }
+  EXPECT_TRUE(files.CheckTarget(folder / "link/a").Reason.starts_with("\"link\" is a link"));
+  EXPECT_EQ(files.CheckTarget(folder / std::string(256, 'n')).Code, ENAMETOOLONG);
+  chmod(folder.Path().c_str(), 0755);
+  EXPECT_EQ(InChild([&] {
+              BecomeNobody();
+              return files.CheckTarget(folder / "a").Code == EACCES &&
+                             files.CheckTarget(folder.Path())
+                         ? 0
+                         : 1;
+            }),
+            0);
+}
+
 TEST(LinuxFileSystem, HoldsTheFolderThatItOpened) {
   const TempFolder folder;
   LinuxFileSystem files;
