@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "lister/CellText.h"
 #include "lister/FileCells.h"
+#include "lister/FileStatus.h"
 #include "lister/KeepColour.h"
 
 namespace tarnwell::lister {
@@ -57,6 +58,11 @@ void FileBody::Activate(RowId row) {
   if (status) return;
   const std::string text = "Cannot open " + NameText(state_.Syntax, path) + ": " + status.Reason;
   state_.Events.StatusMessage(state_.Control.Id(), text);
+}
+
+void FileBody::ShowStatus(const std::string& text) {
+  files_.Note = text;
+  ShowSummary(files_);
 }
 
 // --- Tools.

@@ -23,6 +23,7 @@ class FileBody : public ListBody {
     files_.AfterStop = [this] { sizes_.DropWishes(); };
   }
 
+  void ShowStatus(const std::string& text) override;
   ListInput& Input() override { return input_; }
   const ListInput& Input() const override { return input_; }
 

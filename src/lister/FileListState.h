@@ -29,6 +29,7 @@ struct FileListState {
   // For the status line.
   std::string Progress;   // what is being read and how far; empty when nothing is
   std::string Trouble;    // why not all of the folder is there
+  std::string Note;       // what the program has to tell, until another folder is read
   std::string Reason;     // why an item could not be looked at
   platform::Space Space;  // of the volume; Total is 0 where that is not known
 

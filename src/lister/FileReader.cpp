@@ -254,6 +254,7 @@ void FileReader::ReadDetails(ReadJob& job) {
 void FileReader::ClearFor(const std::string& folder) {
   files_.Find.clear();
   files_.Filter = {};
+  files_.Note.clear();
   Replace(FileRows(folder));
   files_.View().FilterChanged();
 }

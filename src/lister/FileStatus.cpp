@@ -47,6 +47,7 @@ std::string FileSummary(const FileListState& files) {
   // While a folder is read, rows and sizes are those of a moment ago, and counting costs time.
   if (!text.empty() && files.Rows.All().empty()) return text;
   if (!files.Progress.empty() && files.Rows.SelectedCount() == 0) return text;
+  Append(text, files.Note);
   const RowTotals totals = files.Rows.Totals();
   if (files.Progress.empty()) Append(text, OnShow(files.Rows, totals));
   Append(text, Selected(totals));

@@ -68,6 +68,7 @@ class ListBody {
 
   FolderFollower Follower;
 
+  virtual void ShowStatus(const std::string& text) { state_.SetStatus(text); }
   virtual ListInput& Input() = 0;
   virtual const ListInput& Input() const = 0;
 

@@ -314,7 +314,7 @@ bool ListerControl::SaveListing(const std::string& path) {
 }
 
 void ListerControl::ShowStatus(const std::string& text) {
-  parts_->State.SetStatus(base::ForDisplay(text));
+  parts_->Body->ShowStatus(base::ForDisplay(text));
 }
 
 void ListerControl::WatchStart() {

@@ -309,6 +309,8 @@ class ListerControl : public forms::Control {
   // the file is then as it was.
   bool SaveListing(const std::string& path);
 
+  // Shows the text in the status line; that of a file list goes on saying it until it shows another
+  // folder.
   void ShowStatus(const std::string& text);
 
   // From WatchStop on changes on disk are not followed. WatchStart follows them again, for a list

@@ -67,7 +67,7 @@ void Navigation::LoadFolders(int pane) {
   workspace_.Form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
   workspace_.Form.Touch();
   LoadPaneDrive(pane);
-  if (!lost.empty()) folders.ShowStatus(lost);
+  if (!lost.empty()) files.ShowStatus(lost);
 }
 
 void Navigation::LoadPaneDrive(int pane) {

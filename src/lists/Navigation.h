@@ -21,7 +21,7 @@ class Navigation {
       : workspace_(workspace), syntax_(syntax), host_(host) {}
 
   // Finds the folder with which the pane opens, shows its path and loads its drive. A folder that
-  // cannot be listed gives the root of the default drive, and the folder list's status line names
+  // cannot be listed gives the root of the default drive, and the file list's status line names
   // it and the nearest folder above it that can be.
   void LoadFolders(int pane);
   void LoadPaneDrive(int pane);

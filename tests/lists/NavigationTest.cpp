@@ -39,8 +39,10 @@ TEST_F(NavigationTest, FallsBackToTheDefaultDriveAndNamesWhatIsLost) {
     Nav.LoadFolders(0);
     EXPECT_EQ(Pane(0).InitialDrive, "C") << drive;
     EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
-    const std::string told = Space.Lists[0].StatusText();
-    EXPECT_EQ(told.ends_with("; the nearest folder that can is D:\\"), *drive == 'D') << told;
+    Space.Lists[100].SelectAll();  // which has something to tell as well
+    const std::string told = Space.Lists[100].StatusText();
+    const auto nearest = told.find("; the nearest folder that can is D:\\. ");
+    EXPECT_EQ(nearest != std::string::npos, *drive == 'D') << told;
     EXPECT_TRUE(told.starts_with(drive + std::string(*drive == 'D' ? ":\\gone" : ":\\") +
                                  " cannot be opened"));
   }
