@@ -74,6 +74,7 @@ void StoreProgramPosition(const SettingTargets& targets, const SettingRecord& re
   if (const auto* word = std::get_if<std::string>(&record.Fields[0]); word && *word == "max") {
     form.Top = twips(1);
     form.Left = twips(2);
+    form.PlaceRead = form.Top >= 0;
     form.State = forms::WindowState::Maximised;
     return;
   }
@@ -86,6 +87,7 @@ void StoreProgramPosition(const SettingTargets& targets, const SettingRecord& re
   form.Left = twips(1);
   form.Width = twips(2);
   form.Height = twips(3);
+  form.PlaceRead = true;
 }
 
 void StoreStatus(const SettingTargets& targets, const SettingRecord& record) {

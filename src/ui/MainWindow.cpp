@@ -49,6 +49,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       icons_(icons),
       menu_(master, icons, *menuBar()),
       surface_(new FormSurface(SurfaceActions(), this)),
+      placesWindows_(!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))),
       keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
       toolbar_(new MainToolbar(master, icons, surface_)),
       escape_(new QShortcut(Qt::Key_Escape, this)),
@@ -69,9 +70,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       noRoom_[list]->hide();
     }
   }
-  // Wayland keeps it to itself where windows stand.
-  const bool placesWindows = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-  for (DragBar*& bar : bars_) bar = new DragBar(*surface_, placesWindows);
+  for (DragBar*& bar : bars_) bar = new DragBar(*surface_, placesWindows_);
   connect(escape_, &QShortcut::activated, this, [this] {
     master_.KeyDown(lister::EscapeKey, 0);
     SyncDrag();
@@ -274,6 +273,7 @@ void MainWindow::TakeKeyboard() {
 // --- The window's place
 
 void MainWindow::Show(QWidget*) {
+  if (!placesWindows_ && !form_.PlaceRead) form_.Left = form_.Top = 0;
   const QRect wished(ToPixels(form_.Left), ToPixels(form_.Top), ToPixels(form_.Width),
                      ToPixels(form_.Height));
   const QSize size =
@@ -294,8 +294,10 @@ void MainWindow::NotePlace() {
   }
   form_.State = state.testFlag(Qt::WindowMaximized) ? forms::WindowState::Maximised
                                                     : forms::WindowState::Normal;
-  form_.Left = ToTwips(pos().x());
-  form_.Top = ToTwips(pos().y());
+  if (placesWindows_) {
+    form_.Left = ToTwips(pos().x());
+    form_.Top = ToTwips(pos().y());
+  }
   form_.Width = ToTwips(width());
   form_.Height = ToTwips(height());
 }

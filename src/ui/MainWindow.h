@@ -63,6 +63,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   const IconSource& icons_;
   MainMenu menu_;
   FormSurface* surface_;
+  const bool placesWindows_;  // Wayland keeps it to itself where windows stand
   FocusKeeper* keeper_;
   MainToolbar* toolbar_;
   QShortcut* escape_;

@@ -91,6 +91,8 @@ class MainForm : public forms::Form {
   // then go to the active list, without making it the current one.
   std::string ActiveControl;
 
+  bool PlaceRead = false;  // Left and Top are what the settings told, and on a screen
+
   // State at the last arrangement that was not of a minimised window.
   forms::WindowState LastWindowState = forms::WindowState::Normal;
 

@@ -1,6 +1,9 @@
 """What one run leaves, the next shows again."""
 
 import os
+import pathlib
+import signal
+import subprocess
 import unittest
 
 from harness import EndToEndTest, run, wait_for
@@ -65,6 +68,21 @@ class RestartTest(EndToEndTest):
         self.assertEqual(program.close(), 0)
         self.assertTrue(self.settings.read_bytes().startswith(b'"ProgramPosition","max",'))
         self.assertEqual(self.start().place(), place)
+
+    def test_place_that_the_platform_does_not_tell(self):
+        socket = pathlib.Path(os.environ["XDG_RUNTIME_DIR"], "inner")
+        server = subprocess.Popen(["weston", "--backend=headless-backend.so", "--socket=inner"],
+                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(server.wait)
+        self.addCleanup(server.kill)
+        wait_for("the inner display", socket.exists)
+        self.settings.write_bytes(START)
+        program = self.launch(
+            environment={"QT_QPA_PLATFORM": "wayland", "WAYLAND_DISPLAY": socket.name})
+        wait_for("the file list to be read", lambda: " item" in program.status("files"))
+        program.signal(signal.SIGTERM)
+        self.assertEqual(program.wait_end(), 0)
+        self.assertTrue(self.settings.read_bytes().startswith(START))
 
 
 if __name__ == "__main__":
