@@ -122,14 +122,17 @@ bool ItemTransfer::LeavesForLoss(const std::string& path) {
 ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
   const int from = sources_.Get();
   const int to = targets_.Get();
-  std::array<char, PATH_MAX> text;
-  const ssize_t length = readlinkat(from, item.Name.c_str(), text.data(), text.size() - 1);
-  if (length < 0) return {OperationStep::Read, errno};
-  text.at(static_cast<std::size_t>(length)) = '\0';
+  // Looked at first: what comes into its place later is another item than the one that was copied.
   struct statx source;
   if (const int error = LookAt(from, item.Name.c_str(), source); error != 0) {
     return {OperationStep::Read, error};
   }
+  const Failure hasChanged{OperationStep::Read, EBUSY, "The link has changed while it was copied"};
+  if (!S_ISLNK(source.stx_mode)) return hasChanged;
+  std::array<char, PATH_MAX> text;
+  const ssize_t length = readlinkat(from, item.Name.c_str(), text.data(), text.size() - 1);
+  if (length < 0) return errno == EINVAL ? hasChanged : Failure{OperationStep::Read, errno};
+  text.at(static_cast<std::size_t>(length)) = '\0';
 
   const bool replaces = item.Decided == Way::Replace;
   TemporaryName temporary;
