@@ -6,6 +6,7 @@
 #include "platform/linux/CopyAttributes.h"
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/ItemTransfer.h"
+#include "platform/linux/OwnFolder.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TemporaryName.h"
 
@@ -15,15 +16,13 @@ namespace {
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 
 // Gives an error number.
-int MakeTemporaryFolder(int folder, std::string& name) {
+int MakeTemporaryFolder(int folder, std::string& name, Descriptor& opened) {
   TemporaryName temporary;
   for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
-    if (const int error = temporary.Renew(); error != 0) return error;
-    if (mkdirat(folder, temporary.Text(), 0700) == 0) {
-      name = temporary.Text();
-      return 0;
-    }
-    if (errno != EEXIST) return errno;
+    int error = temporary.Renew();
+    if (error == 0) error = MakeOwnFolder(folder, temporary.Text(), opened);
+    if (error == 0) name = temporary.Text();
+    if (error != EEXIST) return error;
   }
   return EBUSY;
 }
@@ -100,18 +99,18 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   level.IsNew = item.Decided != Way::Merge;
   level.ReplacesFile = item.Decided == Way::Replace;
   int error = 0;
-  if (level.IsNew && (holdsFiles || level.ReplacesFile)) {
-    error = MakeTemporaryFolder(folder, level.Temporary);
-  } else if (level.IsNew && mkdirat(folder, item.Target.c_str(), 0700) != 0) {
-    error = errno;
+  const char* const name = item.Target.c_str();
+  if (!level.IsNew) {
+    opened = Descriptor(openat(folder, name, folderFlags));
+    if (!opened) error = errno;
+  } else if (holdsFiles || level.ReplacesFile) {
+    error = MakeTemporaryFolder(folder, level.Temporary, opened);
+  } else {
+    error = MakeOwnFolder(folder, name, opened);
   }
-  if (error != 0) return {OperationStep::MakeFolder, error, nullptr, true};
-  const char* const name = level.Temporary.empty() ? item.Target.c_str() : level.Temporary.c_str();
-  opened = Descriptor(openat(folder, name, folderFlags));
-  if (!opened) {
-    error = errno;
-    if (level.IsNew) unlinkat(folder, name, AT_REMOVEDIR);
-    return {OperationStep::MakeFolder, error, nullptr, true};
+  if (error != 0) {
+    const char* const reason = error == ESTALE ? "Another folder was put in its place" : nullptr;
+    return {OperationStep::MakeFolder, error, reason, true};
   }
   level.HandsDown = HandsDownAccessLists(opened.Get());
   // What it holds must not inherit what its original does not give.
