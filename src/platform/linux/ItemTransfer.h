@@ -137,6 +137,7 @@ class ItemTransfer {
   const gid_t group_ = getegid();
   std::shared_ptr<const OpenPlace> source_;  // where the last item was taken from
   FolderChain sources_;
+  bool IsOneFolder() const;
   FolderChain targets_;
   std::vector<Level> levels_;
   std::string names_;  // of subfolders still to come, each ended by a NUL

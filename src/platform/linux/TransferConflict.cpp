@@ -3,6 +3,7 @@
 
 #include "platform/linux/ItemTransfer.h"
 #include "platform/linux/NameSpelling.h"
+#include "platform/linux/TemporaryName.h"
 #include "platform/linux/TwinName.h"
 
 namespace tarnwell::platform {
@@ -43,19 +44,24 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       if (talk_.Retries(OperationStep::Find, FromPath(item.Name), error)) continue;
       return Way::Leave;
     }
-    const bool isSame = IdentityOf(there) == IdentityOf(source);
+    bool isSame = IdentityOf(there) == IdentityOf(source);
     // It is where it is to go already.
     if (isSame && moves_ && item.Name == item.Target && sources_.Self() == targets_.Self()) {
       return Way::Leave;
     }
     bool makesTwin = talk_.Has(RenameOnCollision);
+    Way way = Way::Free;
+    if (!makesTwin && !isSame) {
+      const std::string spelled = SpellingThere(targets_.Get(), item.Target);
+      way = Ask(item, spelled, source, there, makesTwin);
+      isSame =
+          (way == Way::Replace || way == Way::Merge) && item.Name == item.Target && IsOneFolder();
+    }
     if (isSame && !makesTwin) {
       const base::Status reason{EEXIST, "Source and target are the same item"};
       if (talk_.Retries(OperationStep::Find, FromPath(item.Name), reason)) continue;
       return Way::Leave;
     }
-    const std::string spelled = SpellingThere(targets_.Get(), item.Target);
-    const Way way = makesTwin ? Way::Free : Ask(item, spelled, source, there, makesTwin);
     const bool giveWay = way == Way::Replace && S_ISDIR(there.stx_mode);
     if (giveWay) {
       const base::Status reason{EISDIR, "A folder stands in the way, and gives way to no file"};
@@ -72,6 +78,19 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
     }
     if (!talk_.Retries(OperationStep::Find, ToPath(twin), error)) return Way::Leave;
   }
+}
+
+// Two mounts can show one folder under different numbers. Then what a move puts in the place of an
+// item would be all that there is of it, and go with the source. A rename does no such harm.
+bool ItemTransfer::IsOneFolder() const {
+  if (!moves_ || levels_.back().CanRename) return false;
+  // A folder: volumes in user space keep a file for a while that goes while it is open.
+  TemporaryName probe;
+  if (probe.Renew() != 0 || mkdirat(targets_.Get(), probe.Text(), 0700) != 0) return false;
+  struct statx found;
+  const bool isThere = LookAt(sources_.Get(), probe.Text(), found) == 0;
+  unlinkat(targets_.Get(), probe.Text(), AT_REMOVEDIR);
+  return isThere;
 }
 
 ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled,
