@@ -59,7 +59,7 @@ void TreeDeletion::TakeItem(const char* name, bool mayBeFolder) {
       return;
     }
   }
-  DeleteFile(name);
+  copied_ != nullptr ? DeleteCopiedFile(name) : DeleteFile(name);
 }
 
 bool TreeDeletion::MayDelete(const char* name, const struct statx& found) {
@@ -81,17 +81,48 @@ bool TreeDeletion::MayDelete(const char* name, const struct statx& found) {
 
 void TreeDeletion::DeleteFile(const char* name) {
   if (!talk_.GoesOn()) return;
-  const int folder = folders_.Get();
-  if (copied_ != nullptr) {
-    struct statx found;
-    if (LookAt(folder, name, found) != 0 || !MayDelete(name, found)) return;
-  }
-  while (unlinkat(folder, name, 0) != 0) {
+  while (unlinkat(folders_.Get(), name, 0) != 0) {
     if (errno == ENOENT) break;  // gone by itself
     if (!Retries(name, errno)) return;
   }
-  if (copied_ == nullptr) talk_.AddItems(1);
+  talk_.AddItems(1);
   if (talk_.IsReportDue()) talk_.Report(PathOf(name), {});
+}
+
+void TreeDeletion::DeleteCopiedFile(const char* name) {
+  struct statx found;
+  if (!talk_.GoesOn() || LookAt(folders_.Get(), name, found) != 0 || !MayDelete(name, found)) {
+    return;
+  }
+  if (!hold_ || heldIn_ != folders_.Self()) {
+    hold_.emplace(folders_.Get());
+    heldIn_ = folders_.Self();
+  }
+  int error = 0;
+  do {
+    error = DeleteHeld(name);
+  } while (error != 0 && error != ENOENT && Retries(name, error));
+  if (talk_.IsReportDue()) talk_.Report(PathOf(name), {});
+}
+
+int TreeDeletion::DeleteHeld(const char* name) {
+  const int folder = folders_.Get();
+  const int held = hold_->Get();
+  // Where the item cannot be held, the look before must do.
+  if (held < 0 || hold_->Take(name) != 0) return unlinkat(folder, name, 0) == 0 ? 0 : errno;
+  struct statx found;
+  const bool isCopied = LookAt(held, name, found) == 0 &&
+                        copied_->Find(CopiedItems::KeyBelow(levels_.back().Key, name), found) ==
+                            CopiedItems::State::Copied;
+  const int error = !isCopied || unlinkat(held, name, 0) == 0 ? 0 : errno;
+  if (isCopied && error == 0) return 0;
+  // Back before anybody is asked.
+  int lost = 0;
+  do {
+    lost = PutBack(held, name, folder);
+  } while (lost != 0 && lost != ENOENT && Retries(name, lost));
+  if (!isCopied && lost == 0) MayDelete(name, found);  // tells of it
+  return error;
 }
 
 void TreeDeletion::EnterFolder(const std::string& name) {
@@ -129,6 +160,7 @@ void TreeDeletion::EnterFolder(const std::string& name) {
 
 // The names come first, since file systems may pass over some when items go during the reading.
 bool TreeDeletion::ReadFolder(int folder) {
+  hold_.reset();
   files_.clear();
   std::string unclear;
   for (;;) {
@@ -150,11 +182,12 @@ bool TreeDeletion::ReadFolder(int folder) {
   }
   for (std::size_t at = 0; at < files_.size(); at += std::strlen(files_.data() + at) + 1) {
     TakeItem(files_.data() + at, false);
-    if (talk_.IsCancelled()) return true;
+    if (talk_.IsCancelled()) break;
   }
   for (std::size_t at = 0; at < unclear.size(); at += std::strlen(unclear.data() + at) + 1) {
     TakeItem(unclear.data() + at, true);
   }
+  hold_.reset();
   return true;
 }
 

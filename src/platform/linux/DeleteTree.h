@@ -1,11 +1,13 @@
 // Deleting an item for good, with all that lies below it.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/linux/CopiedItems.h"
 #include "platform/linux/FolderBuffer.h"
 #include "platform/linux/FolderChain.h"
+#include "platform/linux/HoldFolder.h"
 #include "platform/linux/OperationTalk.h"
 
 namespace tarnwell::platform {
@@ -36,6 +38,9 @@ class TreeDeletion {
   void Run(int folder, const std::string& name, const std::string& path);
   void TakeItem(const char* name, bool mayBeFolder);
   void DeleteFile(const char* name);
+  void DeleteCopiedFile(const char* name);
+  // Looks at the item and deletes it where nobody can exchange it. Gives an error number.
+  int DeleteHeld(const char* name);
   void EnterFolder(const std::string& name);
   bool ReadFolder(int folder);
   void LeaveFolder();
@@ -52,6 +57,8 @@ class TreeDeletion {
   std::string files_;  // of the files of the folder at hand, each ended by a NUL
   std::string path_;   // of the folder at hand
   FolderBuffer buffer_;
+  std::optional<HoldFolder> hold_;  // of the folder heldIn_
+  ItemIdentity heldIn_;
 };
 
 // Deletes what the operation itself has made, without a word.

@@ -45,7 +45,9 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
   while ((error = LookAt(sources_.Get(), name.c_str(), found)) != 0 &&
          talk_.Retries(OperationStep::Find, FromPath(name), error)) {
   }
-  if (error == 0) {
+  if (error == 0 && StateOfTemporary(sources_.Get(), name.c_str()) == TemporaryState::Living) {
+    LeaveUnfinished(FromPath(name));
+  } else if (error == 0) {
     TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
     Walk();
   }
@@ -138,6 +140,11 @@ void ItemTransfer::PassOver(const Item& item) {
   if (S_ISREG(found.stx_mode)) talk_.AddBytes(found.stx_size);
 }
 
+void ItemTransfer::LeaveUnfinished(const std::string& path) {
+  talk_.Remark(OperationRemark::Unfinished, path);
+  talk_.NoteLeft(EBUSY);
+}
+
 void ItemTransfer::ReportIfDue(const Item& item) {
   if (talk_.IsReportDue()) talk_.Report(FromPath(item.Name), ToPath(item.Target));
 }
@@ -159,8 +166,10 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
     levels_.back().CanRename = false;
   }
   if (beforeCopying_) std::exchange(beforeCopying_, nullptr)();
+  const auto goesOn = [this] { return talk_.GoesOn(); };
   if (Level& level = levels_.back(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
-    SweepTemporaries(targets_.Get(), [this] { return talk_.GoesOn(); });
+    SweepTemporaries(targets_.Get(), goesOn);
+    if (moves_ && levels_.size() == 1) SweepTemporaries(sources_.Get(), goesOn);
   }
   if (const Failure failure = LookAhead(item); failure.Error != 0) return failure;
   ReportIfDue(item);

@@ -97,6 +97,8 @@ class ItemTransfer {
   Failure Rename(const Item& item);
   bool Retries(const Item& item, const Failure& failure);
   void PassOver(const Item& item);
+  // What another operation is still making is no item yet: the user hears of it at the end.
+  void LeaveUnfinished(const std::string& path);
   void FinishBatch();
   void ReportIfDue(const Item& item);
   Failure Done(const Item& item, const struct statx& source);
@@ -106,7 +108,14 @@ class ItemTransfer {
   // Folders (TransferFolder.cpp).
   Failure CopyFolder(const Item& item);
   Failure OpenTargetFolder(const Item& item, bool holdsFiles, Level& level, Descriptor& opened);
-  int ReadNames(int folder, std::string& others);
+  int ReadNames(int folder, const std::string& path, std::string& others);
+  // What names a folder has besides those of its subfolders.
+  struct FolderNames {
+    std::string Others;                   // with a letter for the kind in front of each
+    std::vector<std::string> Unfinished;  // temporary ones that are in use
+    bool HasLeft = false;                 // temporary ones of a killed run are among the others
+  };
+  int ListNames(int folder, FolderNames& names);
   void TakeOthers(const std::string& others);
   bool GoesIntoItself(const ItemIdentity& source) const;
   bool PutInPlace();
@@ -127,6 +136,7 @@ class ItemTransfer {
   Way FindWay(Item& item);
   Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
           const struct statx& target, bool& makesTwin);
+  bool IsOneFolder() const;
   // Gives an error number.
   static int FindFreeTwin(int folder, std::string& name, bool isFolder);
 
@@ -137,7 +147,6 @@ class ItemTransfer {
   const gid_t group_ = getegid();
   std::shared_ptr<const OpenPlace> source_;  // where the last item was taken from
   FolderChain sources_;
-  bool IsOneFolder() const;
   FolderChain targets_;
   std::vector<Level> levels_;
   std::string names_;  // of subfolders still to come, each ended by a NUL

@@ -8,6 +8,7 @@
 #include "platform/linux/DeleteTree.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderBuffer.h"
+#include "platform/linux/HoldFolder.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TemporaryName.h"
 
@@ -22,32 +23,60 @@ struct QuietUser : OperationUser {
   const std::function<bool()>& goesOn_;
 };
 
-bool IsLeft(int folder, const std::string& name, const TemporaryOwner& owner) {
-  struct statx found;
-  return LookAt(folder, name.c_str(), found) == 0 && found.stx_uid == geteuid() &&
-         owner.IsGone(found.stx_ctime.tv_sec);
+void ForEachName(int folder, const std::function<bool()>& goesOn,
+                 const std::function<void(const char*)>& take) {
+  FolderBuffer buffer;
+  while (goesOn() && buffer.Fill(folder) == 0 && !buffer.IsEmpty()) {
+    while (const dirent64* const item = buffer.Next()) take(item->d_name);
+  }
+}
+
+void Delete(int folder, const std::string& name, QuietUser& user) {
+  // Should somebody be writing it after all, he finds it gone, and takes nothing for copied.
+  TemporaryName taken;
+  if (taken.Renew() != 0 || RenameNew(folder, name.c_str(), folder, taken.Text()) != 0) return;
+  OperationTalk talk(user, FileFunction::Delete, Silent | NoErrorWindows);
+  TreeDeletion(talk).Delete(folder, taken.Text(), std::string("/") + taken.Text());
+}
+
+// What it holds goes back to its place.
+void Empty(int folder, const std::string& hold, const std::function<bool()>& goesOn) {
+  constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+  const Descriptor opened(openat(folder, hold.c_str(), flags));
+  if (!opened) return;
+  std::vector<std::string> names;
+  ForEachName(opened.Get(), goesOn, [&](const char* name) { names.emplace_back(name); });
+  for (const std::string& name : names) PutBack(opened.Get(), name.c_str(), folder);
+  unlinkat(folder, hold.c_str(), AT_REMOVEDIR);
 }
 
 }  // namespace
 
+TemporaryState StateOfTemporary(int folder, const char* name) {
+  if (*name != '.') return TemporaryState::None;
+  auto owner = TemporaryOwner::FromName(name);
+  if (!owner) owner = TemporaryOwner::FromName(name, TemporaryOwner::HoldEnding);
+  if (!owner) return TemporaryState::None;
+  struct statx found;
+  const bool isLeft = LookAt(folder, name, found) == 0 && found.stx_uid == geteuid() &&
+                      owner->IsGone(found.stx_ctime.tv_sec);
+  return isLeft ? TemporaryState::Left : TemporaryState::Living;
+}
+
 void SweepTemporaries(int folder, const std::function<bool()>& goesOn) {
-  std::vector<std::string> left;
   const Descriptor fresh(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  FolderBuffer buffer;
-  while (fresh && goesOn() && buffer.Fill(fresh.Get()) == 0 && !buffer.IsEmpty()) {
-    while (const dirent64* const item = buffer.Next()) {
-      if (item->d_name[0] != '.') continue;
-      const auto owner = TemporaryOwner::FromName(item->d_name);
-      if (owner && IsLeft(folder, item->d_name, *owner)) left.emplace_back(item->d_name);
-    }
-  }
+  if (!fresh) return;
+  std::vector<std::string> left;
+  ForEachName(fresh.Get(), goesOn, [&](const char* name) {
+    if (StateOfTemporary(folder, name) == TemporaryState::Left) left.emplace_back(name);
+  });
   QuietUser user(goesOn);
-  TemporaryName taken;
   for (const std::string& name : left) {
-    // Should somebody be writing it after all, he finds it gone, and takes nothing for copied.
-    if (taken.Renew() != 0 || RenameNew(folder, name.c_str(), folder, taken.Text()) != 0) continue;
-    OperationTalk talk(user, FileFunction::Delete, Silent | NoErrorWindows);
-    TreeDeletion(talk).Delete(folder, taken.Text(), std::string("/") + taken.Text());
+    if (name.ends_with(TemporaryOwner::HoldEnding)) {
+      Empty(folder, name, goesOn);
+    } else {
+      Delete(folder, name, user);
+    }
   }
 }
 

@@ -16,6 +16,8 @@ class TemporaryName {
   int Renew() { return Renew(TemporaryOwner::Ending); }
   // The same for an item that was whole before and only steps aside: never swept away.
   int RenewAside() { return Renew(".aside"); }
+  // For a folder that holds whole items.
+  int RenewHold() { return Renew(TemporaryOwner::HoldEnding); }
   const char* Text() const { return text_.data(); }
 
   // How many names to try before giving up.

@@ -99,7 +99,8 @@ std::string TemporaryOwner::Text() const {
   return text.data();
 }
 
-std::optional<TemporaryOwner> TemporaryOwner::FromName(std::string_view name) {
+std::optional<TemporaryOwner> TemporaryOwner::FromName(std::string_view name,
+                                                       std::string_view ending) {
   if (!name.starts_with(Beginning)) return {};
   name.remove_prefix(std::string_view(Beginning).size());
   TemporaryOwner owner;
@@ -110,7 +111,7 @@ std::optional<TemporaryOwner> TemporaryOwner::FromName(std::string_view name) {
   }
   // What a user has made of such an item by giving it another name is the user's.
   const std::string_view random = name.substr(0, RandomDigits);
-  const bool isWhole = random.size() == RandomDigits && name.substr(RandomDigits) == Ending &&
+  const bool isWhole = random.size() == RandomDigits && name.substr(RandomDigits) == ending &&
                        random.find_first_not_of("0123456789abcdef") == random.npos;
   return isWhole ? std::optional(owner) : std::nullopt;
 }

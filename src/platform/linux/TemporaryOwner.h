@@ -14,6 +14,8 @@ struct TemporaryOwner {
   // Of a temporary item's name; the owner's text and a random number stand between.
   static constexpr const char* Beginning = ".tarnwell-";
   static constexpr const char* Ending = ".tmp";
+  // Of a folder that holds whole items, which belong beside it: see HoldFolder.
+  static constexpr const char* HoldEnding = ".hold";
   static constexpr std::size_t RandomDigits = 16;  // hexadecimal, small letters
 
   std::uint64_t Machine = 0;  // 0 where the machine has no name of its own
@@ -25,7 +27,8 @@ struct TemporaryOwner {
 
   static const TemporaryOwner& OfProcess();
   // That of the item of this name; nothing for any other name.
-  static std::optional<TemporaryOwner> FromName(std::string_view name);
+  static std::optional<TemporaryOwner> FromName(std::string_view name,
+                                                std::string_view ending = Ending);
   std::string Text() const;
 
   // Whether the process is certainly no more, by what this one can see. `changed` is when its item

@@ -50,12 +50,11 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       return Way::Leave;
     }
     bool makesTwin = talk_.Has(RenameOnCollision);
+    const std::string spelled = SpellingThere(targets_.Get(), item.Target);
     Way way = Way::Free;
     if (!makesTwin && !isSame) {
-      const std::string spelled = SpellingThere(targets_.Get(), item.Target);
       way = Ask(item, spelled, source, there, makesTwin);
-      isSame =
-          (way == Way::Replace || way == Way::Merge) && item.Name == item.Target && IsOneFolder();
+      isSame = (way == Way::Replace || way == Way::Merge) && IsOneFolder();
     }
     if (isSame && !makesTwin) {
       const base::Status reason{EEXIST, "Source and target are the same item"};

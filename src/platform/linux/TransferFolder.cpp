@@ -8,6 +8,7 @@
 #include "platform/linux/ItemTransfer.h"
 #include "platform/linux/OwnFolder.h"
 #include "platform/linux/RenameItem.h"
+#include "platform/linux/SweepTemporaries.h"
 #include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
@@ -60,7 +61,7 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   level.FirstName = names_.size();
   std::string others;
   Descriptor target;
-  Failure failure{OperationStep::Read, ReadNames(source.Get(), others)};
+  Failure failure{OperationStep::Read, ReadNames(source.Get(), FromPath(item.Name), others)};
   if (failure.Error == 0) failure = OpenTargetFolder(item, others.size() > 1, level, target);
   struct statx made;
   if (failure.Error == 0) {
@@ -98,8 +99,8 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   const int folder = targets_.Get();
   level.IsNew = item.Decided != Way::Merge;
   level.ReplacesFile = item.Decided == Way::Replace;
-  int error = 0;
   const char* const name = item.Target.c_str();
+  int error = 0;
   if (!level.IsNew) {
     opened = Descriptor(openat(folder, name, folderFlags));
     if (!opened) error = errno;
@@ -121,20 +122,43 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   return {};
 }
 
-// The folders go on the list, the others into the text, each with a letter for its kind in front.
 // Gives an error number.
-int ItemTransfer::ReadNames(int folder, std::string& others) {
+int ItemTransfer::ReadNames(int folder, const std::string& path, std::string& others) {
+  const std::size_t firstName = names_.size();
+  FolderNames names;
+  int error = ListNames(folder, names);
+  // What a killed move held is back in its place then, and goes along.
+  if (error == 0 && moves_ && names.HasLeft) {
+    SweepTemporaries(folder, [this] { return talk_.GoesOn(); });
+    names_.resize(firstName);
+    names = {};
+    error = lseek(folder, 0, SEEK_SET) == 0 ? ListNames(folder, names) : errno;
+  }
+  for (const std::string& name : names.Unfinished)
+    LeaveUnfinished(std::string(path).append("/").append(name));
+  others = std::move(names.Others);
+  return error;
+}
+
+// The folders go on the list. Gives an error number.
+int ItemTransfer::ListNames(int folder, FolderNames& names) {
   for (;;) {
     if (const int error = buffer_.Fill(folder); error != 0) return error;
     if (buffer_.IsEmpty() || !talk_.GoesOn()) return 0;
     while (const dirent64* const item = buffer_.Next()) {
+      const TemporaryState state = StateOfTemporary(folder, item->d_name);
+      if (state == TemporaryState::Left) names.HasLeft = true;
+      if (state == TemporaryState::Living) {
+        names.Unfinished.emplace_back(item->d_name);
+        continue;
+      }
       unsigned char type = item->d_type;
       struct statx found;
       if (type == DT_UNKNOWN && LookAt(folder, item->d_name, found) == 0) {
         type = static_cast<unsigned char>(IFTODT(found.stx_mode));
       }
-      if (type != DT_DIR) others += static_cast<char>(type);
-      std::string& list = type == DT_DIR ? names_ : others;
+      if (type != DT_DIR) names.Others += static_cast<char>(type);
+      std::string& list = type == DT_DIR ? names_ : names.Others;
       list.append(item->d_name, std::strlen(item->d_name) + 1);
     }
   }
