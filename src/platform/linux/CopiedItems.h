@@ -46,6 +46,10 @@ class CopiedItems {
     std::uint64_t Size = 0;
     std::int64_t Seconds = 0;
     std::uint32_t Nanoseconds = 0;
+    // When it was made: a copy has the time of its original, and may get the number of one that has
+    // gone. 0 where the volume does not tell.
+    std::int64_t BornSeconds = 0;
+    std::uint32_t BornNanoseconds = 0;
     bool operator==(const Record&) const = default;
   };
 
@@ -57,6 +61,9 @@ class CopiedItems {
     record.Size = item.stx_size;
     record.Seconds = item.stx_mtime.tv_sec;
     record.Nanoseconds = item.stx_mtime.tv_nsec;
+    if ((item.stx_mask & STATX_BTIME) == 0) return record;
+    record.BornSeconds = item.stx_btime.tv_sec;
+    record.BornNanoseconds = item.stx_btime.tv_nsec;
     return record;
   }
 

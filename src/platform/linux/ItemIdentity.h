@@ -32,7 +32,7 @@ inline ItemIdentity IdentityOf(const struct statx& found) {
 // itself. Gives an error number.
 inline int LookAt(int folder, const char* name, struct statx& found) {
   constexpr int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_EMPTY_PATH;
-  constexpr unsigned wanted = STATX_BASIC_STATS | STATX_MNT_ID;
+  constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME | STATX_MNT_ID;
   return statx(folder, name, flags, wanted, &found) == 0 ? 0 : errno;
 }
 
