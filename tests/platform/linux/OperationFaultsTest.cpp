@@ -172,9 +172,14 @@ TEST(OperationFaults, AFailingLookAtTheTargetIsTold) {
       }
     } user;
     user.Meanwhile = [&] {
-      // The target folder was opened last.
-      const auto target = static_cast<unsigned>(dup(0)) - 1;
-      if (user.Asked == 1) Refuse(SYS_statx, EIO, {{0, target}});
+      if (user.Asked != 1) return;
+      unsigned target = 0;  // the last number under which that folder is open
+      for (unsigned number = 0; number < 99; ++number) {
+        std::error_code none;
+        const fs::path open = fs::read_symlink("/proc/self/fd/" + std::to_string(number), none);
+        if (open == here / "to") target = number;
+      }
+      Refuse(SYS_statx, EIO, {{0, target}});
     };
     if (Do(user, FileFunction::Copy, {here / "file"}, here / "to/").Code != EIO) return 1;
     return user.Heard == here / "to/file:" + std::to_string(EIO) ? 0 : 2;
