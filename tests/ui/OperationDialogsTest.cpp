@@ -30,7 +30,7 @@ TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
   ASSERT_EQ(boxes.size(), 2);
   EXPECT_EQ(boxes[0]->text(), ToShownQString(name));
   QLineEdit& edit = *boxes[1];
-  edit.setCursorPosition(4);
+  edit.setCursorPosition(5);
   Type(edit, Qt::Key_Backspace, "\b");  // the stray byte
   EXPECT_EQ(form.txtDest.Text, "\uFEFFa\x01\n\u202E\u2401\uFFFD.txt");
   edit.undo();
