@@ -29,6 +29,7 @@
 #include "ui/QtFormHost.h"
 #include "ui/QtItemWindows.h"
 #include "ui/QtMessagePump.h"
+#include "ui/QtNumberForms.h"
 #include "ui/QtPopupMenus.h"
 #include "ui/SplashWindow.h"
 
@@ -75,18 +76,19 @@ int main(int argc, char** argv) {
   platform::LinuxCollation order;
   platform::LinuxLauncher launcher;
   ui::QtMessagePump pump;
+  const ui::QtNumberForms forms;
   ui::QtFormHost host;
   const ui::IconSource icons(QFile::decodeName(system.DataFolder().c_str()));
   ui::QtDialogs dialogs(icons);
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 
-  ui::QtFileOperation operation(platform::RunOperation, {files.Syntax(), clock, icons});
+  ui::QtFileOperation operation(platform::RunOperation, {files.Syntax(), clock, forms, icons});
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
   const platform::LinuxItemInspector inspector;
-  ui::QtItemWindows itemWindows({{files.Syntax(), clock, icons}, files, inspector},
+  ui::QtItemWindows itemWindows({{files.Syntax(), clock, forms, icons}, files, inspector},
                                 [](const std::string& folder) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
@@ -94,7 +96,7 @@ int main(int argc, char** argv) {
   platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, drives});
 
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
-                                  launcher, operation, contextMenu, popups},
+                                  launcher, operation, contextMenu, popups, forms},
                                  ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);

@@ -7,35 +7,40 @@
 
 namespace tarnwell::lister {
 
-std::string GroupedNumber(std::uint64_t number) {
-  std::string text = std::to_string(number);
-  for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, 1, ',');
-  return text;
+std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
+                      std::string_view noun) {
+  return forms.Grouped(number) + ' ' + std::string(noun) + (number == 1 ? "" : "s");
 }
 
-std::string CountText(std::uint64_t number, std::string_view noun) {
-  return GroupedNumber(number) + ' ' + std::string(noun) + (number == 1 ? "" : "s");
-}
-
-std::string ByteText(std::uint64_t bytes) {
-  if (bytes < 1000) return CountText(bytes, "byte");
-  constexpr std::array<const char*, 6> units{"KB", "MB", "GB", "TB", "PB", "EB"};
+std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes) {
+  if (bytes < 1000) return CountText(forms, bytes, "byte");
+  constexpr std::array<const char*, 6> units{" KiB", " MiB", " GiB", " TiB", " PiB", " EiB"};
   double size = static_cast<double>(bytes) / 1024;
   std::size_t unit = 0;
   for (; size >= 999.5 && unit + 1 < units.size(); ++unit) size /= 1024;
-  std::array<char, 32> text;
   // 99.95 would be rounded to 100.0.
-  std::snprintf(text.data(), text.size(), size < 99.95 ? "%.1f %s" : "%.0f %s", size, units[unit]);
-  return text.data();
+  return forms.Decimal(size, size < 99.95 ? 1 : 0) + units[unit];
 }
 
-std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds) {
-  if (nanoseconds == 0) return "";
-  const platform::LocalTime time = clock.ToLocal(nanoseconds);
+std::string SizeText(const platform::NumberForms& forms, std::uint64_t bytes) {
+  const std::string text = ByteText(forms, bytes), full = CountText(forms, bytes, "byte");
+  return text == full ? text : text + " (" + full + ")";
+}
+
+std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,
+                     std::int64_t nanoseconds) {
+  return nanoseconds == 0 ? "" : forms.DateAndTime(clock.ToLocal(nanoseconds));
+}
+
+std::string IsoText(const platform::LocalTime& time) {
   std::array<char, 80> text;
   std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.Year, time.Month,
                 time.Day, time.Hour, time.Minute, time.Second);
   return text.data();
+}
+
+std::string IsoText(const platform::Clock& clock, std::int64_t nanoseconds) {
+  return nanoseconds == 0 ? "" : IsoText(clock.ToLocal(nanoseconds));
 }
 
 std::string_view ExtensionOf(std::string_view name) {

@@ -7,19 +7,34 @@
 
 #include "base/PathSyntax.h"
 #include "base/Status.h"
+#include "lister/Headings.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::lister {
 
-// With a comma between groups of three digits.
-std::string GroupedNumber(std::uint64_t number);
 // "1 item", "2,000 items".
-std::string CountText(std::uint64_t number, std::string_view noun);
-// "512 bytes", "12.3 MB": units of 1024, three digits at most before the unit changes.
-std::string ByteText(std::uint64_t bytes);
-// "yyyy-mm-dd hh:mm:ss" in local time; empty for 0, a time that is not known.
-std::string DateText(const platform::Clock& clock, std::int64_t nanoseconds);
+std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
+                      std::string_view noun);
+// "512 bytes", "12.3 MiB": units of 1024 by IEC 80000-13, three digits at most before the unit
+// changes.
+std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes);
+// As ByteText, with the number in full where that is another one: "12.3 MiB (12,901,000 bytes)".
+std::string SizeText(const platform::NumberForms& forms, std::uint64_t bytes);
+// In local time; empty for 0, a time that is not known.
+std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,
+                     std::int64_t nanoseconds);
+// "yyyy-mm-dd hh:mm:ss", the form that files get.
+std::string IsoText(const platform::LocalTime& time);
+// The same of a moment, as DateText takes it.
+std::string IsoText(const platform::Clock& clock, std::int64_t nanoseconds);
+// What stands under a heading of dates.
+template <typename Item>
+std::int64_t DateOf(const Item& item, HeadingId heading) {
+  if (heading == HeadingId::DateCreated) return item.Created;
+  return heading == HeadingId::DateLastAccessed ? item.Accessed : item.Modified;
+}
 
 // What follows the last dot of a file's name, as bytes. A dot at its start makes no extension.
 std::string_view ExtensionOf(std::string_view name);

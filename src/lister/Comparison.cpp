@@ -124,10 +124,6 @@ void Count(const CompareMarks& marks, CompareCounts& counts) {
   counts.Same += !marks.OnlyHere && !differs;
 }
 
-std::string Number(int number) {
-  return GroupedNumber(static_cast<std::uint64_t>(number));
-}
-
 }  // namespace
 
 void MarkCounts::Add(CompareMarks marks, int rows) {
@@ -198,7 +194,10 @@ CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& reco
   return counts;
 }
 
-std::string CompareSummary(const CompareCounts& counts) {
+std::string CompareSummary(const CompareCounts& counts, const platform::NumberForms& forms) {
+  const auto grouped = [&](int number) {
+    return forms.Grouped(static_cast<std::uint64_t>(number));
+  };
   const std::array<std::pair<int, std::string_view>, 4> ways{{{counts.Larger, "larger"},
                                                               {counts.Smaller, "smaller"},
                                                               {counts.Newer, "newer"},
@@ -206,18 +205,18 @@ std::string CompareSummary(const CompareCounts& counts) {
   std::string details;
   for (const auto& [number, word] : ways) {
     if (number == 0) continue;
-    details += (details.empty() ? " (" : ", ") + Number(number) + " ";
+    details += (details.empty() ? " (" : ", ") + grouped(number) + " ";
     details += word;
   }
   if (!details.empty()) details += " here)";
   const bool same = counts.OnlyHere + counts.Differing == 0;
   std::string text = "Compared: ";
   if (!same) {
-    text += Number(counts.OnlyHere) + " only here, " + Number(counts.Differing) + " differ" +
+    text += grouped(counts.OnlyHere) + " only here, " + grouped(counts.Differing) + " differ" +
             details + ", ";
   }
-  text += (same ? "all " : "") + Number(counts.Same) + " the same";
-  if (counts.Missing > 0) text += "; " + Number(counts.Missing) + " missing here";
+  text += (same ? "all " : "") + grouped(counts.Same) + " the same";
+  if (counts.Missing > 0) text += "; " + grouped(counts.Missing) + " missing here";
   return text;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/PathSyntax.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::lister {
 
@@ -62,6 +63,6 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
 CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& records,
                           const base::PathSyntax& syntax);
 // What the status line says of a comparison.
-std::string CompareSummary(const CompareCounts& counts);
+std::string CompareSummary(const CompareCounts& counts, const platform::NumberForms& forms);
 
 }  // namespace tarnwell::lister

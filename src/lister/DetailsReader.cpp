@@ -45,7 +45,11 @@ void DetailsReader::Go(ReadJob& job, std::string_view what, Lacks lacks, Look lo
     if (!screenIsDone && !job.Pace.IsDue()) continue;
     showsScreen = showsScreen && !screenIsDone;
     tell();
-    if (!job.Pump(std::string(what) + ": " + std::to_string(100 * done / total) + " %")) return;
+    if (!job.Pump(
+            std::string(what) + ": " +
+            files_.List.Services.Forms.Grouped(static_cast<std::uint64_t>(100 * done / total)) +
+            " %"))
+      return;
     walk.LookAgain();
   }
   tell();

@@ -8,20 +8,18 @@ namespace tarnwell::lister {
 std::string FileCellText(const FileListState& files, RowId row, HeadingId heading) {
   const FileRow& item = files.Rows.Row(row);
   const std::string_view name = files.Rows.Name(row);
-  const platform::Clock& clock = files.List.Services.Clock;
+  const ListerServices& services = files.List.Services;
   switch (heading) {
     case HeadingId::Name:
       return base::ForDisplay(name);
     case HeadingId::Extension:
       return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
     case HeadingId::Size:
-      return item.HasSize() ? GroupedNumber(item.Size) : "";
+      return item.HasSize() ? services.Forms.Grouped(item.Size) : "";
     case HeadingId::DateLastModified:
-      return DateText(clock, item.Modified);
     case HeadingId::DateCreated:
-      return DateText(clock, item.Created);
     case HeadingId::DateLastAccessed:
-      return DateText(clock, item.Accessed);
+      return DateText(services.Forms, services.Clock, DateOf(item, heading));
     case HeadingId::FileType:
       return TypeText(name, item.Kind, item.IsLink);
     case HeadingId::Attributes:
@@ -46,6 +44,10 @@ std::string FileCellBytes(const FileListState& files, RowId row, HeadingId headi
       return std::string(item.IsFolder() ? "" : ExtensionOf(name));
     case HeadingId::Size:
       return item.HasSize() ? std::to_string(item.Size) : "";
+    case HeadingId::DateLastModified:
+    case HeadingId::DateCreated:
+    case HeadingId::DateLastAccessed:
+      return IsoText(files.List.Services.Clock, DateOf(item, heading));
     case HeadingId::Comments:
       return std::string(files.Rows.Comment(row));
     case HeadingId::Path:

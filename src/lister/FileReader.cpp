@@ -209,7 +209,10 @@ base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
   std::uint64_t count = 0;
   bool full = false;
   base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
-    if (job.Pace.IsDue() && !job.Pump("Reading names: " + CountText(count, "item"))) return false;
+    if (job.Pace.IsDue() &&
+        !job.Pump("Reading names: " + CountText(files_.List.Services.Forms, count, "item"))) {
+      return false;
+    }
     if (files_.List.IsFilteredOut(entry)) return true;
     ++count;
     full = rows.Add(entry) == NoRow;

@@ -14,34 +14,37 @@ void Append(std::string& text, const std::string& sentence) {
   text += sentence;
 }
 
-std::string OnShow(const FileRows& rows, const RowTotals& totals) {
+std::string OnShow(const platform::NumberForms& forms, const FileRows& rows,
+                   const RowTotals& totals) {
   const auto all = static_cast<std::uint64_t>(rows.All().size());
   const auto items = static_cast<std::uint64_t>(totals.Items);
-  std::string text = items == all ? CountText(items, "item")
-                                  : GroupedNumber(items) + " of " + CountText(all, "item");
-  text += " (" + CountText(static_cast<std::uint64_t>(totals.Folders), "folder") + ")";
-  if (totals.Bytes > 0) text += ", " + ByteText(totals.Bytes);
+  std::string text = items == all ? CountText(forms, items, "item")
+                                  : forms.Grouped(items) + " of " + CountText(forms, all, "item");
+  text += " (" + CountText(forms, static_cast<std::uint64_t>(totals.Folders), "folder") + ")";
+  if (totals.Bytes > 0) text += ", " + ByteText(forms, totals.Bytes);
   return text;
 }
 
-std::string Selected(const RowTotals& totals) {
+std::string Selected(const platform::NumberForms& forms, const RowTotals& totals) {
   if (totals.Selected == 0) return "";
-  std::string text = GroupedNumber(static_cast<std::uint64_t>(totals.Selected)) + " selected";
-  if (totals.SelectedBytes > 0) text += ", " + ByteText(totals.SelectedBytes);
+  std::string text = forms.Grouped(static_cast<std::uint64_t>(totals.Selected)) + " selected";
+  if (totals.SelectedBytes > 0) text += ", " + ByteText(forms, totals.SelectedBytes);
   return text;
 }
 
-std::string Unreadable(const FileRows& rows, const std::string& reason) {
+std::string Unreadable(const platform::NumberForms& forms, const FileRows& rows,
+                       const std::string& reason) {
   std::uint64_t count = 0;
   for (RowId row = 1; row <= rows.StoreSize(); ++row) {
     count += rows.IsUsed(row) && rows.Row(row).WasTried && !rows.Row(row).HasAttributes;
   }
-  return count > 0 ? CountText(count, "item") + " could not be read: " + reason : "";
+  return count > 0 ? CountText(forms, count, "item") + " could not be read: " + reason : "";
 }
 
 }  // namespace
 
 std::string FileSummary(const FileListState& files) {
+  const platform::NumberForms& forms = files.List.Services.Forms;
   std::string text = files.Progress;
   Append(text, files.Trouble);
   // While a folder is read, rows and sizes are those of a moment ago, and counting costs time.
@@ -49,11 +52,11 @@ std::string FileSummary(const FileListState& files) {
   if (!files.Progress.empty() && files.Rows.SelectedCount() == 0) return text;
   Append(text, files.Note);
   const RowTotals totals = files.Rows.Totals();
-  if (files.Progress.empty()) Append(text, OnShow(files.Rows, totals));
-  Append(text, Selected(totals));
+  if (files.Progress.empty()) Append(text, OnShow(forms, files.Rows, totals));
+  Append(text, Selected(forms, totals));
   if (!files.Progress.empty()) return text;
-  if (!files.Reason.empty()) Append(text, Unreadable(files.Rows, files.Reason));
-  if (files.Space.Total > 0) Append(text, ByteText(files.Space.Free) + " free");
+  if (!files.Reason.empty()) Append(text, Unreadable(forms, files.Rows, files.Reason));
+  if (files.Space.Total > 0) Append(text, ByteText(forms, files.Space.Free) + " free");
   return text;
 }
 

@@ -315,7 +315,7 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
   if (!tree_.Has(row)) return "";
   const FolderNode& node = tree_.Node(row);
   const FolderFacts& facts = tree_.FactsOf(row);
-  const platform::Clock& clock = state_.Services.Clock;
+  const ListerServices& services = state_.Services;
   switch (heading) {
     case HeadingId::Name:
       return base::ForDisplay(node.Name);
@@ -323,14 +323,12 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
       return "";
     case HeadingId::Size: {
       const auto bytes = sizes_.SizeOf(row);
-      return bytes ? GroupedNumber(*bytes) : "";
+      return bytes ? services.Forms.Grouped(*bytes) : "";
     }
     case HeadingId::DateLastModified:
-      return DateText(clock, facts.Modified);
     case HeadingId::DateCreated:
-      return DateText(clock, facts.Created);
     case HeadingId::DateLastAccessed:
-      return DateText(clock, facts.Accessed);
+      return DateText(services.Forms, services.Clock, DateOf(facts, heading));
     case HeadingId::FileType:
       return TypeText(node.Name, platform::ItemKind::Folder, node.IsLink);
     case HeadingId::Attributes:
@@ -353,6 +351,10 @@ std::string FolderBody::CellBytes(RowId row, HeadingId heading) const {
       return node.Name;
     case HeadingId::Path:
       return row == FolderTree::TopRow ? "" : tree_.PathOf(node.Parent);
+    case HeadingId::DateLastModified:
+    case HeadingId::DateCreated:
+    case HeadingId::DateLastAccessed:
+      return IsoText(state_.Services.Clock, DateOf(tree_.FactsOf(row), heading));
     case HeadingId::Comments:
       return tree_.FactsOf(row).Comment;
     case HeadingId::Size: {

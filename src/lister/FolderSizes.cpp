@@ -37,8 +37,9 @@ void Add(FolderTotal& sum, const FolderTotal& other) {
   sum.Folders += other.Folders;
 }
 
-std::string Content(const FolderTotal& total) {
-  return CountText(total.Files + total.Folders, "item") + ", " + ByteText(total.Bytes);
+std::string Content(const platform::NumberForms& forms, const FolderTotal& total) {
+  return CountText(forms, total.Files + total.Folders, "item") + ", " +
+         ByteText(forms, total.Bytes);
 }
 
 }  // namespace
@@ -138,7 +139,8 @@ void FolderSizes::Measure(Job& job, const Target& folder) {
 void FolderSizes::NoteTrouble(Job& job, const Target& folder, const base::Status& status,
                               const FolderTotal& total) const {
   if (job.Troubled++ > 0) return;
-  job.Trouble = status ? CountText(total.Unreadable, "item") + " in " +
+  const platform::NumberForms& forms = list_.Services.Forms;
+  job.Trouble = status ? CountText(forms, total.Unreadable, "item") + " in " +
                              NameText(list_.Syntax, folder.Path) +
                              " could not be read: " + total.Trouble.Reason
                        : CannotRead(folder.Path, status);
@@ -162,27 +164,30 @@ void FolderSizes::LookAround(Job& job) const {
 }
 
 std::string FolderSizes::Progress(const Job& job) const {
+  const platform::NumberForms& forms = list_.Services.Forms;
   FolderTotal total = job.Sum;
   Add(total, job.Current);
   const std::string what = job.IsAll
-                               ? "Sizes: " + GroupedNumber(job.Done) + " of " +
-                                     CountText(job.Folders.size(), "folder") + ", "
+                               ? "Sizes: " + forms.Grouped(job.Done) + " of " +
+                                     CountText(forms, job.Folders.size(), "folder") + ", "
                                : "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": ";
-  return what + Content(total) + "; Escape stops";
+  return what + Content(forms, total) + "; Escape stops";
 }
 
 std::string FolderSizes::Summary(const Job& job) const {
+  const platform::NumberForms& forms = list_.Services.Forms;
   std::string text;
   if (job.Standing == Standing::Cancelled) {
-    text = "Sizes stopped: " + GroupedNumber(job.Done) + " of " +
-           CountText(job.Folders.size(), "folder") + " done";
+    text = "Sizes stopped: " + forms.Grouped(job.Done) + " of " +
+           CountText(forms, job.Folders.size(), "folder") + " done";
   } else if (job.IsAll) {
-    text = "Sizes: " + CountText(job.Done, "folder") + ", " + Content(job.Sum);
+    text = "Sizes: " + CountText(forms, job.Done, "folder") + ", " + Content(forms, job.Sum);
   } else if (job.Done > 0) {
-    text = "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": " + Content(job.Sum);
+    text =
+        "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": " + Content(forms, job.Sum);
   }
   if (job.Troubled > 0) text += (text.empty() ? "" : ". ") + job.Trouble;
-  if (job.Troubled > 1) text += " (and " + CountText(job.Troubled - 1, "folder") + " more)";
+  if (job.Troubled > 1) text += " (and " + CountText(forms, job.Troubled - 1, "folder") + " more)";
   return text;
 }
 

@@ -19,7 +19,8 @@ struct Failures {
   }
   void Tell(ListState& list) const {
     if (Count == 0 || list.IsTerminated) return;
-    const std::string more = Count > 1 ? " (and " + GroupedNumber(Count - 1) + " more)" : "";
+    const std::string more =
+        Count > 1 ? " (and " + list.Services.Forms.Grouped(Count - 1) + " more)" : "";
     list.Events.StatusMessage(list.Control.Id(), First + more);
   }
 };
@@ -48,6 +49,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
   for (const RowId row : files.Rows.Order()) {
     if (files.Rows.Row(row).IsSelected) items.emplace_back(row, files.Rows.Name(row));
   }
+  const platform::NumberForms& forms = list.Services.Forms;
   Failures failures;
   std::size_t done = 0;
   bool told = false;
@@ -56,7 +58,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
   for (const auto& [row, name] : items) {
     if (pace.IsDue()) {
       const std::string count =
-          GroupedNumber(done) + " of " + GroupedNumber(items.size()) + " items";
+          forms.Grouped(done) + " of " + forms.Grouped(items.size()) + " items";
       list.SetStatus("Colours: " + count + "; Escape stops");
       told = true;
       pace.Pump();

@@ -379,6 +379,9 @@ const ListerColours& ListerControl::Colours() const {
 int ListerControl::BorderWidth() const {
   return std::clamp(parts_->State.Settings.BorderWidth, 0, 8);
 }
+const platform::NumberForms& ListerControl::Forms() const {
+  return parts_->State.Services.Forms;
+}
 const std::string& ListerControl::StatusText() const {
   return parts_->State.Status;
 }

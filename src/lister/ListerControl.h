@@ -30,6 +30,7 @@
 #include "platform/FolderWatch.h"
 #include "platform/Launcher.h"
 #include "platform/MessagePump.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::lister {
 
@@ -41,6 +42,7 @@ struct ListerServices {
   platform::Clock& Clock;
   platform::Collation& Order;
   platform::Launcher& Launcher;
+  const platform::NumberForms& Forms;
 };
 
 // The colours that a list paints itself with, each named as the property that sets it.
@@ -345,6 +347,8 @@ class ListerControl : public forms::Control {
   const ListerColours& Colours() const;
   int BorderWidth() const;  // pixels round the list, 0 to 8
   const std::string& StatusText() const;
+  // For what the widget itself says in numbers.
+  const platform::NumberForms& Forms() const;
   // The kinds of marks that rows have, whether or not the filter shows them.
   CompareMarks MarksInList() const;
   std::vector<platform::Drive> DriveChoices() const;

@@ -139,7 +139,8 @@ void ListerControl::DropOn(const std::string& folder, Drop drop) {
   parts_->State.Events.ItemsDropped(id_, drop);
   if (drop.Foreign == 0) return;
   parts_->State.Events.StatusMessage(
-      id_, CountText(static_cast<std::uint64_t>(drop.Foreign), "dropped item") +
+      id_, CountText(parts_->State.Services.Forms, static_cast<std::uint64_t>(drop.Foreign),
+                     "dropped item") +
                (drop.Foreign == 1 ? " is no file" : " are no files") +
                " of this computer and could not be taken.");
 }

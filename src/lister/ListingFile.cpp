@@ -42,12 +42,13 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
   for (const HeadingId column : columns) fields.push_back(list.Table[column].Caption);
   AppendLine(text, fields);
 
+  const platform::NumberForms& forms = list.Services.Forms;
   Pacer pace(list.Services.Clock, list.Services.Pump);
   std::size_t done = 0;
   const std::vector<RowId> rows = RowsOnShow(body);
   for (const RowId row : rows) {
     if (pace.IsDue()) {
-      list.SetStatus("Listing: " + GroupedNumber(done) + " of " + GroupedNumber(rows.size()) +
+      list.SetStatus("Listing: " + forms.Grouped(done) + " of " + forms.Grouped(rows.size()) +
                      " rows; Escape stops");
       pace.Pump();
       if (list.Control.CancelRequested) reason = "stopped";

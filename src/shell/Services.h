@@ -11,6 +11,7 @@
 #include "platform/FolderWatch.h"
 #include "platform/Launcher.h"
 #include "platform/MessagePump.h"
+#include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
 
@@ -30,6 +31,7 @@ struct Services {
   platform::FileOperation& Operation;
   platform::ContextMenu& ItemMenus;
   platform::PopupMenus& Popups;
+  const platform::NumberForms& Forms;
 };
 
 }  // namespace tarnwell::shell

@@ -114,7 +114,7 @@ void ContextMenuCommand::Tell(const base::Status& status) {
 void ContextMenuCommand::TellMoreGone(const std::vector<std::string>& names) {
   constexpr std::size_t mostNamed = 10;
   if (names.size() < 2) return;
-  std::string text = lister::CountText(names.size() - 1, "further item") +
+  std::string text = lister::CountText(platform_.Forms, names.size() - 1, "further item") +
                      " could not be found, and will be left out:\r\n";
   for (std::size_t at = 1; at < names.size() && at <= mostNamed; ++at) {
     text += "\r\n     " + base::ForDisplay(names[at]);

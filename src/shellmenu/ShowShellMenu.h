@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/NumberForms.h"
 #include "shellmenu/BuildAndTrackMenu.h"
 #include "shellmenu/CollectItems.h"
 #include "shellmenu/MenuDispatch.h"
@@ -17,6 +18,7 @@ struct MenuPlatform {
   const platform::Drives& Drives;
   platform::ContextMenu& Menu;
   platform::PopupMenus& Popups;
+  const platform::NumberForms& Forms;
 };
 
 class ContextMenuCommand {

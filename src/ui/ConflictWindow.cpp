@@ -71,23 +71,20 @@ QString Compared(bool more, bool less, const char* moreWord, const char* lessWor
               : QStringLiteral(", %1").arg(QLatin1String(lessWord));
 }
 
-QString SizeText(const ConflictSide& side, const ConflictSide& other) {
+QString SizeText(const ConflictSide& side, const ConflictSide& other,
+                 const platform::NumberForms& forms) {
   if (side.IsLink || side.Kind != ItemKind::File) {
     const QString kind = KindOf(side);
     return kind.left(1).toUpper() + kind.mid(1);
   }
-  QString text = ToQString(lister::ByteText(side.Size));
-  if (side.Size >= 1000) {
-    text += QStringLiteral(" (%1)").arg(ToQString(lister::CountText(side.Size, "byte")));
-  }
+  const QString text = ToQString(lister::SizeText(forms, side.Size));
   if (other.IsLink || other.Kind != ItemKind::File) return text;
   return text +
          Compared(side.Size > other.Size, side.Size < other.Size, "larger", "smaller", "same size");
 }
 
-QString DateText(const ConflictSide& side, const ConflictSide& other,
-                 const platform::Clock& clock) {
-  QString text = ToQString(lister::DateText(clock, side.Modified));
+QString DateText(const ConflictSide& side, const ConflictSide& other, const OperationTools& tools) {
+  const QString text = ToQString(lister::DateText(tools.Forms, tools.Clock, side.Modified));
   if (text.isEmpty() || other.Modified == 0) return text;
   const bool same = std::abs(side.Modified - other.Modified) < SameTime;
   return text + Compared(!same && side.Modified > other.Modified,
@@ -142,8 +139,8 @@ class SidePanel : public QFrame {
     folder->ShowText(ToShownQString(tools.Syntax.ParentOf(side.Path)));
     int row = 1;
     for (QLabel* const line : {static_cast<QLabel*>(name), static_cast<QLabel*>(folder),
-                               new QLabel(SizeText(side, other), this),
-                               new QLabel(DateText(side, other, tools.Clock), this)}) {
+                               new QLabel(SizeText(side, other, tools.Forms), this),
+                               new QLabel(DateText(side, other, tools), this)}) {
       grid_->addWidget(line, row++, 1);
     }
     grid_->addWidget(picture_, 0, 0, row, 1, Qt::AlignCenter);

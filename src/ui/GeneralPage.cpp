@@ -22,17 +22,6 @@ constexpr int CaptionWidth = 92;
 constexpr int MostLines = 6;
 constexpr const char* Various = "various";
 
-QString NumberedItems(std::uint64_t count) {
-  return ToQString(lister::CountText(count, "item"));
-}
-
-QString SizeText(std::uint64_t bytes) {
-  QString text = ToQString(lister::ByteText(bytes));
-  if (bytes >= 1000)
-    text += QStringLiteral(" (%1)").arg(ToQString(lister::CountText(bytes, "byte")));
-  return text;
-}
-
 QString TypeText(const ItemFacts& facts, bool withName) {
   if (facts.IsBroken) return QStringLiteral("Broken link");
   QString text = ToQString(facts.Type);
@@ -77,6 +66,10 @@ GeneralPage::GeneralPage(const std::vector<std::string>& paths, const OperationT
   column->addStretch();
 }
 
+QString GeneralPage::NumberedItems(std::uint64_t count) const {
+  return ToQString(lister::CountText(tools_.Forms, count, "item"));
+}
+
 void GeneralPage::AddRow(const char* caption, QWidget& value) {
   auto* const label = new QLabel(QLatin1String(caption) + ':', this);
   const int row = grid_->rowCount();
@@ -112,7 +105,7 @@ void GeneralPage::ShowCopied(const char* caption, const QString& text) {
 }
 
 void GeneralPage::ShowDate(const char* caption, std::int64_t nanoseconds) {
-  const std::string text = lister::DateText(tools_.Clock, nanoseconds);
+  const std::string text = lister::DateText(tools_.Forms, tools_.Clock, nanoseconds);
   if (!text.empty()) ShowFact(caption, ToQString(text));
 }
 
@@ -177,11 +170,11 @@ void GeneralPage::ShowSizes(const FactsNote& note) {
   const bool counts = summary.Folders > 0 || !IsOne();
   const std::uint64_t size = counts ? note.Total.Bytes : first.Size;
   const std::uint64_t onDisk = counts ? note.Total.OnDisk : first.SizeOnDisk;
-  ShowFact("Size", SizeText(size));
-  ShowFact("Size on disk", SizeText(onDisk));
+  ShowFact("Size", ToQString(lister::SizeText(tools_.Forms, size)));
+  ShowFact("Size on disk", ToQString(lister::SizeText(tools_.Forms, onDisk)));
   if (counts) {
-    QString text = ToQString(lister::CountText(note.Total.Files, "file") + ", " +
-                             lister::CountText(note.Total.Folders, "folder"));
+    QString text = ToQString(lister::CountText(tools_.Forms, note.Total.Files, "file") + ", " +
+                             lister::CountText(tools_.Forms, note.Total.Folders, "folder"));
     if (!note.IsCounted) text += QStringLiteral(", counting...");
     if (note.Total.Unreadable > 0) {
       text += QStringLiteral("\n%1 could not be read: %2")
@@ -189,7 +182,7 @@ void GeneralPage::ShowSizes(const FactsNote& note) {
     }
     ShowFact("Contents", text);
   } else if (first.HardLinks > 1) {
-    ShowFact("Hard links", ToQString(lister::GroupedNumber(first.HardLinks)));
+    ShowFact("Hard links", ToQString(tools_.Forms.Grouped(first.HardLinks)));
   }
 }
 
@@ -208,8 +201,8 @@ void GeneralPage::ShowVolume(const ItemsSummary& summary) {
                                                    ToQString(volume.FileSystem)));
   if (volume.Space.Total == 0) return;
   ShowFact("Free space", QStringLiteral("%1 of %2")
-                             .arg(ToQString(lister::ByteText(volume.Space.Free)),
-                                  ToQString(lister::ByteText(volume.Space.Total))));
+                             .arg(ToQString(lister::ByteText(tools_.Forms, volume.Space.Free)),
+                                  ToQString(lister::ByteText(tools_.Forms, volume.Space.Total))));
 }
 
 }  // namespace tarnwell::ui

@@ -23,6 +23,7 @@ class GeneralPage : public QWidget {
   void Show(const FactsNote& note);
 
  private:
+  QString NumberedItems(std::uint64_t count) const;
   bool IsOne() const { return paths_.size() == 1; }
   void ShowFact(const char* caption, const QString& text);
   void ShowCopied(const char* caption, const QString& text);

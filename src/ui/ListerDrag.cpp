@@ -12,13 +12,12 @@ constexpr int Margin = 6;
 
 }  // namespace
 
-QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colours,
+QPixmap DragPicture(const QIcon& icon, const QString& count, const QPalette& colours,
                     const QFont& font, double pixelRatio) {
   QFont bold = font;
   bold.setBold(true);
   const QFontMetrics metrics(bold);
-  const QString number = count > 1 ? QString::number(count) : QString();
-  const int text = number.isEmpty() ? 0 : metrics.horizontalAdvance(number) + Margin;
+  const int text = count.isEmpty() ? 0 : metrics.horizontalAdvance(count) + Margin;
   const QSize size(Side + text + 2 * Margin, Side + 2 * Margin);
   QPixmap picture(size * pixelRatio);
   picture.setDevicePixelRatio(pixelRatio);
@@ -30,7 +29,7 @@ QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colour
   icon.paint(&painter, QRect(Margin, Margin, Side, Side));
   painter.setPen(colours.color(QPalette::Text));
   painter.setFont(bold);
-  painter.drawText(QRect(2 * Margin + Side, 0, text, size.height()), Qt::AlignVCenter, number);
+  painter.drawText(QRect(2 * Margin + Side, 0, text, size.height()), Qt::AlignVCenter, count);
   return picture;
 }
 

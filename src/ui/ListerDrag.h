@@ -5,12 +5,12 @@
 #include <QIcon>
 #include <QPalette>
 #include <QPixmap>
-#include <cstddef>
+#include <QString>
 
 namespace tarnwell::ui {
 
-// A small card with the icon of the first item and, for more than one, their number.
-QPixmap DragPicture(const QIcon& icon, std::size_t count, const QPalette& colours,
+// A small card with the icon of the first item and, the number of the items, if it is not empty.
+QPixmap DragPicture(const QIcon& icon, const QString& count, const QPalette& colours,
                     const QFont& font, double pixelRatio);
 
 // An arrow with a question mark: whoever drops here is asked what to do. Its tip is in the middle.

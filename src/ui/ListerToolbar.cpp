@@ -206,7 +206,9 @@ void ListerToolbar::FillExtensions() {
   extensions_->addItem(QStringLiteral("All files"), QByteArray());
   for (const lister::ExtensionChoice& choice : control_.ExtensionChoices()) {
     extensions_->addItem(
-        QStringLiteral(".%1 (%2)").arg(ToShownQString(choice.Extension)).arg(choice.Count),
+        QStringLiteral(".%1 (%2)")
+            .arg(ToShownQString(choice.Extension),
+                 ToQString(control_.Forms().Grouped(static_cast<std::uint64_t>(choice.Count)))),
         QByteArray::fromStdString(choice.Extension));
   }
   const QByteArray chosen = QByteArray::fromStdString(control_.FilterExtension());

@@ -296,8 +296,9 @@ void ListerWidget::RunDrag() {
     const QIcon icon = first.siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
     auto* const drag = new QDrag(tree_);  // Qt deletes it
     drag->setMimeData(MimeDataOf(paths).release());
-    drag->setPixmap(
-        DragPicture(icon, paths.size(), style_.List, font(), tree_->devicePixelRatioF()));
+    const QString count =
+        paths.size() > 1 ? ToQString(control_.Forms().Grouped(paths.size())) : QString();
+    drag->setPixmap(DragPicture(icon, count, style_.List, font(), tree_->devicePixelRatioF()));
     // Below the row that the pointer is on.
     drag->setHotSpot(QPoint(-8, -tree_->RowHeight()));
     tree_->BeginDrag(*drag);

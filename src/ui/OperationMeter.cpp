@@ -78,12 +78,12 @@ int PercentOf(std::uint64_t done, std::uint64_t total) {
                   99);
 }
 
-std::string TimeLeftText(std::uint64_t seconds) {
+std::string TimeLeftText(const platform::NumberForms& forms, std::uint64_t seconds) {
   constexpr std::uint64_t minute = 60;
   constexpr std::uint64_t hour = 60 * minute;
   constexpr std::uint64_t day = 24 * hour;
-  const auto about = [](std::uint64_t number, const char* unit) {
-    return "About " + lister::CountText(number, unit) + " left";
+  const auto about = [&](std::uint64_t number, const char* unit) {
+    return "About " + lister::CountText(forms, number, unit) + " left";
   };
   if (seconds <= 5) return "A few seconds left";
   if (seconds <= 50) return about(RoundedUp(seconds, seconds > 20 ? 10 : 5), "second");

@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/NumberForms.h"
+
 namespace tarnwell::ui {
 
 class OperationMeter {
@@ -45,6 +47,6 @@ class OperationMeter {
 int PercentOf(std::uint64_t done, std::uint64_t total);
 
 // "About 5 minutes left", the coarser the longer it takes.
-std::string TimeLeftText(std::uint64_t seconds);
+std::string TimeLeftText(const platform::NumberForms& forms, std::uint64_t seconds);
 
 }  // namespace tarnwell::ui

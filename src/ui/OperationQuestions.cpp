@@ -143,7 +143,8 @@ std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
     for (const std::string& path : list.Paths) lines << ToShownQString(path);
     const std::size_t more = list.Count - list.Paths.size();
     if (more > 0)
-      lines << QStringLiteral("and %1 more").arg(ToQString(lister::CountText(more, "item")));
+      lines << QStringLiteral("and %1 more")
+                   .arg(ToQString(lister::CountText(tools.Forms, more, "item")));
     window->AddList(QString::fromLatin1(Remarks[remark]), lines);
   }
   window->AddButton(QStringLiteral("&OK"), Role::Only, [take] { take(RemarksSeen{}); });

@@ -3,6 +3,7 @@
 
 #include "base/PathSyntax.h"
 #include "platform/Clock.h"
+#include "platform/NumberForms.h"
 #include "ui/IconSource.h"
 
 namespace tarnwell::ui {
@@ -10,6 +11,7 @@ namespace tarnwell::ui {
 struct OperationTools {
   const base::PathSyntax& Syntax;
   const platform::Clock& Clock;
+  const platform::NumberForms& Forms;
   const IconSource& Icons;
 };
 

@@ -57,8 +57,9 @@ Qt::CheckState StateOf(const ItemsSummary& summary, std::uint32_t bit) {
 
 }  // namespace
 
-PermissionsPage::PermissionsPage(std::function<void()> touched)
-    : touched_(std::move(touched)),
+PermissionsPage::PermissionsPage(const platform::NumberForms& forms, std::function<void()> touched)
+    : forms_(forms),
+      touched_(std::move(touched)),
       table_(new QGridLayout),
       troubles_(new FactText(TextWidth, TroubleLines, this)) {
   auto* const sheet = new QFrame(this);
@@ -173,8 +174,8 @@ void PermissionsPage::Show(const ItemsSummary& summary) {
   QString reason = ToQString(summary.WhyFixed);
   if (const std::uint64_t fixed = summary.Count - summary.Changeable; mayChange_ && fixed > 0) {
     reason = QStringLiteral("%1 of the %2 %3 left unchanged. %4")
-                 .arg(ToQString(lister::GroupedNumber(fixed)),
-                      ToQString(lister::CountText(summary.Count, "item")),
+                 .arg(ToQString(forms_.Grouped(fixed)),
+                      ToQString(lister::CountText(forms_, summary.Count, "item")),
                       QString::fromLatin1(fixed == 1 ? "is" : "are"), reason);
   }
   reason_.setText(reason);
@@ -231,10 +232,10 @@ void PermissionsPage::ShowTroubles(const platform::PermissionOutcome& outcome) {
   }
   const std::uint64_t more = outcome.Failed - outcome.Troubles.size();
   if (more > 0) {
-    lines << QStringLiteral("and %1 more").arg(ToQString(lister::CountText(more, "item")));
+    lines << QStringLiteral("and %1 more").arg(ToQString(lister::CountText(forms_, more, "item")));
   }
   troubleHead_.setText(QStringLiteral("%1 could not be changed:")
-                           .arg(ToQString(lister::CountText(outcome.Failed, "item"))));
+                           .arg(ToQString(lister::CountText(forms_, outcome.Failed, "item"))));
   troubles_->ShowText(lines.join('\n'));
   troubleHead_.setVisible(outcome.Failed > 0);
   troubles_->setVisible(outcome.Failed > 0);

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/ItemFacts.h"
+#include "platform/NumberForms.h"
 #include "ui/FactText.h"
 #include "ui/PropertiesWork.h"
 
@@ -20,7 +21,7 @@ namespace tarnwell::ui {
 class PermissionsPage : public QWidget {
  public:
   // `touched` runs after each click of the user.
-  explicit PermissionsPage(std::function<void()> touched);
+  PermissionsPage(const platform::NumberForms& forms, std::function<void()> touched);
 
   // Shows the permissions as they are; what was touched is forgotten.
   void Show(const ItemsSummary& summary);
@@ -46,6 +47,7 @@ class PermissionsPage : public QWidget {
   void ShowOctal();
   void Enable(bool on);
 
+  const platform::NumberForms& forms_;
   const std::function<void()> touched_;
   QGridLayout* table_;
   std::vector<Box> boxes_;

@@ -132,20 +132,22 @@ void ProgressWindow::ShowNames(const ProgressNote& note) {
 }
 
 void ProgressWindow::ShowBar(const platform::OperationProgress& progress) {
-  using lister::ByteText;
-  using lister::GroupedNumber;
+  const platform::NumberForms& forms = tools_.Forms;
+  const auto size = [&](std::uint64_t bytes) { return lister::ByteText(forms, bytes); };
   const bool byBytes = progress.BytesTotal > 0;
   const int percent = byBytes ? PercentOf(progress.BytesDone, progress.BytesTotal)
                               : PercentOf(progress.ItemsDone, progress.ItemsTotal);
   // A part of what is not known yet is no number.
   bar_.setRange(0, progress.IsCounting ? 0 : 100);
   bar_.setValue(percent);
-  SetText(bytes_, byBytes ? OfText(ByteText(progress.BytesDone), ByteText(progress.BytesTotal))
-                          : std::string());
-  SetText(items_, OfText(GroupedNumber(progress.ItemsDone),
-                         lister::CountText(progress.ItemsTotal, "item")));
+  SetText(bytes_,
+          byBytes ? OfText(size(progress.BytesDone), size(progress.BytesTotal)) : std::string());
+  SetText(items_, OfText(forms.Grouped(progress.ItemsDone),
+                         lister::CountText(forms, progress.ItemsTotal, "item")));
   QString title = verb_;
-  if (!progress.IsCounting) title = QStringLiteral("%1% - %2").arg(percent).arg(verb_);
+  if (!progress.IsCounting)
+    title = QStringLiteral("%1% - %2")
+                .arg(ToQString(forms.Grouped(static_cast<std::uint64_t>(percent))), verb_);
   if (paused_) title += QStringLiteral(" (paused)");
   if (windowTitle() != title) setWindowTitle(title);
 }
@@ -153,13 +155,13 @@ void ProgressWindow::ShowBar(const platform::OperationProgress& progress) {
 void ProgressWindow::ShowSpeed(const platform::OperationProgress& progress,
                                const OperationMeter& meter) {
   const std::uint64_t speed = meter.BytesPerSecond();
-  SetText(speed_, speed > 0 ? lister::ByteText(speed) + "/s" : "");
+  SetText(speed_, speed > 0 ? lister::ByteText(tools_.Forms, speed) + "/s" : "");
   if (progress.IsCounting) {
     SetText(left_, "Counting...");
     return;
   }
   const auto seconds = meter.SecondsLeft(progress.BytesTotal, progress.ItemsTotal);
-  SetText(left_, seconds ? TimeLeftText(*seconds) : "");
+  SetText(left_, seconds ? TimeLeftText(tools_.Forms, *seconds) : "");
 }
 
 void ProgressWindow::TogglePause() {

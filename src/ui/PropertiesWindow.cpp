@@ -36,11 +36,12 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
       closed_(std::move(closed)),
       tabs_(this),
       general_(paths_, tools.Look),
-      permissions_([this] { EnableButtons(); }) {
+      permissions_(tools.Look.Forms, [this] { EnableButtons(); }) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
-  const std::string what = paths_.size() == 1 ? lister::NameText(tools_.Look.Syntax, paths_.front())
-                                              : lister::CountText(paths_.size(), "item");
+  const std::string what = paths_.size() == 1
+                               ? lister::NameText(tools_.Look.Syntax, paths_.front())
+                               : lister::CountText(tools_.Look.Forms, paths_.size(), "item");
   setWindowTitle(QStringLiteral("Properties of ") + ToQString(what));
   tabs_.addTab(&general_, QStringLiteral("&General"));
   tabs_.addTab(&permissions_, QStringLiteral("&Permissions"));
@@ -140,8 +141,9 @@ void PropertiesWindow::FollowChange() {
   const bool done = change_->IsDone();
   const platform::PermissionOutcome outcome = change_->Read();
   if (!done) {
-    permissions_.ShowBusy(QStringLiteral("Changing permissions: %1...")
-                              .arg(ToQString(lister::CountText(outcome.Items, "item"))));
+    permissions_.ShowBusy(
+        QStringLiteral("Changing permissions: %1...")
+            .arg(ToQString(lister::CountText(tools_.Look.Forms, outcome.Items, "item"))));
     return;
   }
   change_.reset();

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <ctime>
 #include <functional>
 #include <memory>
@@ -12,12 +15,14 @@
 
 #include "base/Caption.h"
 #include "fakes/MemoryFileSystem.h"
+#include "lister/CellText.h"
 #include "lister/ListerControl.h"
 #include "platform/Clock.h"
 #include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"
 #include "platform/FolderWatch.h"
 #include "platform/MessagePump.h"
+#include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
 
@@ -303,6 +308,26 @@ class FakeSystemInfo : public platform::SystemInfo {
   std::string SkinFolder() const override { return Folder + "\\skins"; }
 };
 
+// As English writes them, but for the marks that a test puts here.
+class FakeNumberForms : public platform::NumberForms {
+ public:
+  std::string GroupMark = ",", DecimalMark = ".", DateMark = "-";
+
+  std::string Grouped(std::uint64_t number) const override {
+    std::string text = std::to_string(number);
+    for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, GroupMark);
+    return text;
+  }
+  std::string Decimal(double number, int decimals) const override {
+    std::string text = std::to_string(std::lround(decimals == 0 ? number : number * 10));
+    return decimals == 0 ? text : text.insert(text.size() - 1, DecimalMark);
+  }
+  std::string DateAndTime(const platform::LocalTime& time) const override {
+    std::string text = lister::IsoText(time);
+    return text.replace(text.find('-', 1), 1, DateMark).replace(text.rfind('-'), 1, DateMark);
+  }
+};
+
 // All of the above by one syntax.
 struct FakePlatform {
   explicit FakePlatform(const base::PathSyntax& syntax = base::PathSyntax::Windows())
@@ -319,9 +344,10 @@ struct FakePlatform {
   FakeContextMenu ItemMenus{Files};
   FakePopupMenus Popups;
   FakeSystemInfo System;
+  FakeNumberForms Forms;
 
   lister::ListerServices Services() {
-    return {Files, Drives, Watches, Pump, Clock, Order, Launcher};
+    return {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms};
   }
 };
 

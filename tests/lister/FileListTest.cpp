@@ -45,12 +45,14 @@ class FileList : public ListFixture {
 
 TEST_F(FileList, ShowsTheItemsOfItsFolder) {
   List.ShowHidden = true;
+  Platform.Forms.GroupMark = Platform.Forms.DateMark = ".";
+  Platform.Forms.DecimalMark = ",";
   Load();
   EXPECT_EQ(List.CurrentFolder(), "C:\\box");
   EXPECT_EQ(Names(),
             (Texts{"sub", "way", ".profile", "a.PDF", "B9.txt", "b10.txt", "end", "plain"}));
   EXPECT_EQ(List.StatusText(),
-            "8 items (2 folders), 1.2 MB. 1 item could not be read: Permission denied");
+            "8 items (2 folders), 1,2 MiB. 1 item could not be read: Permission denied");
 
   const std::pair<const char*, const char*> cells[] = {
       {"sub", "||Folder||rw-r--r--"},
@@ -58,7 +60,7 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
       {"end", "0||Link|RL|---------"},
       {".profile", "0||File|H|rw-r--r--"},
       {"B9.txt", "3|txt|TXT file|R|r-xr-xr-x"},
-      {"b10.txt", "1,234,567|txt|TXT file||rw-r--r--"},
+      {"b10.txt", "1.234.567|txt|TXT file||rw-r--r--"},
       {"plain", "||File||"}};
   for (const auto& [name, expected] : cells) {
     std::string texts = Cell(name, HeadingId::Size);
@@ -68,7 +70,7 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
     }
     EXPECT_EQ(texts, expected) << name;
   }
-  EXPECT_EQ(Cell("a.PDF", HeadingId::DateLastModified), "1970-01-02 00:00:00");
+  EXPECT_EQ(Cell("a.PDF", HeadingId::DateLastModified), "1970.01.02 00:00:00");
   EXPECT_EQ(Cell("B9.txt", HeadingId::DateLastModified), "");
   EXPECT_EQ(Cell("a.PDF", HeadingId::Path), "C:\\box");
 
@@ -329,7 +331,7 @@ TEST_F(FileList, GivesWayWhileItSorts) {
     Platform.Files.AddFile("D:\\many\\" + std::to_string(number), number % 2 == 0 ? "x" : "");
   }
   Load("D:\\many");
-  EXPECT_EQ(List.StatusText(), "40,000 items (0 folders), 19.5 KB");
+  EXPECT_EQ(List.StatusText(), "40,000 items (0 folders), 19.5 KiB");
   EXPECT_LE(View.Cells.size(), 4u);  // the view is told ranges
   Platform.Clock.TickStep = 50;
   int step = 0;
@@ -427,13 +429,14 @@ TEST_F(FileList, FiltersWithoutTheDisk) {
   List.SetFilterText("*.T?T; sub");
   EXPECT_EQ(Names(), (Texts{"sub", "B9.txt", "b10.txt"}));
   EXPECT_EQ(List.StatusText(),
-            "3 of 7 items (1 folder), 1.2 MB. 1 item could not be read: "
-            "Permission denied. 3.0 MB free");
+            "3 of 7 items (1 folder), 1.2 MiB. 1 item could not be read: "
+            "Permission denied. 3.0 MiB free");
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
   List.SelectAll();
-  EXPECT_TRUE(List.StatusText().starts_with("3 of 7 items (1 folder), 1.2 MB. 3 selected, 1.2 MB"));
+  EXPECT_TRUE(
+      List.StatusText().starts_with("3 of 7 items (1 folder), 1.2 MiB. 3 selected, 1.2 MiB"));
   List.SetFilterText("10");
-  EXPECT_TRUE(List.StatusText().starts_with("1 of 7 items (0 folders), 1.2 MB. 1 selected"));
+  EXPECT_TRUE(List.StatusText().starts_with("1 of 7 items (0 folders), 1.2 MiB. 1 selected"));
   EXPECT_EQ(List.CurrentRow(), Row(RootRow, "b10.txt"));
   List.SetFilterText("none");
   List.SetFilterText("");

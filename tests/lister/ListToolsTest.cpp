@@ -197,6 +197,7 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
   files.AddFile("C:\\odd\\new\nline");
   files.AddFile("C:\\odd\\\xff\xc3\xa4");
   files.AddFile("C:\\odd\\ lead").AttributesFault = files.Denied();
+  Platform.Forms.GroupMark = Platform.Forms.DateMark = ".";  // nothing to a listing
   Load("C:\\odd");
   List.MoveHeading("headright");
   ASSERT_TRUE(List.SaveListing("C:\\out.csv"));

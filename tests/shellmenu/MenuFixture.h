@@ -98,7 +98,7 @@ struct MenuRun : lists::TestLists {
         Menu.ShowShellMenu(0, 0, "", MenuMode::Delete);
       }};
   ContextMenuCommand Menu{Space,
-                          {Syntax, Platform.Drives, Platform.ItemMenus, Popups},
+                          {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Forms},
                           Messages,
                           {NewFolder, Rename, Duplicate, Operations, Delete, Platform.Launcher,
                            [this] { CommandLine(); }}};

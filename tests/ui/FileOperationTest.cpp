@@ -109,6 +109,7 @@ class FileOperationTest : public testing::Test {
   }
 
   RealTicks Clock;
+  fakes::FakeNumberForms Forms;
   IconSource Icons;
   QWidget Main;
   QLineEdit Edit;
@@ -116,7 +117,7 @@ class FileOperationTest : public testing::Test {
   QtFileOperation Operation{[this](const OperationRequest&, OperationUser& user) {
                               return OperationResult{.Code = Work(user)};
                             },
-                            {base::PathSyntax::Posix(), Clock, Icons}};
+                            {base::PathSyntax::Posix(), Clock, Forms, Icons}};
 };
 
 TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
@@ -362,11 +363,12 @@ TEST(OperationMeterTest, LeavesPausesOutAndForgetsOldSpeeds) {
   EXPECT_EQ(PercentOf(0, 0), 0);
   EXPECT_EQ(PercentOf(~0ULL - 1, ~0ULL), 99);
   EXPECT_EQ(PercentOf(3, 3), 100);
-  EXPECT_EQ(TimeLeftText(4), "A few seconds left");
-  EXPECT_EQ(TimeLeftText(11), "About 15 seconds left");
-  EXPECT_EQ(TimeLeftText(51), "About 1 minute left");
-  EXPECT_EQ(TimeLeftText(3541), "About 1 hour left");
-  EXPECT_EQ(TimeLeftText(200000), "About 2 days left");
+  const fakes::FakeNumberForms forms;
+  EXPECT_EQ(TimeLeftText(forms, 4), "A few seconds left");
+  EXPECT_EQ(TimeLeftText(forms, 11), "About 15 seconds left");
+  EXPECT_EQ(TimeLeftText(forms, 51), "About 1 minute left");
+  EXPECT_EQ(TimeLeftText(forms, 3541), "About 1 hour left");
+  EXPECT_EQ(TimeLeftText(forms, 200000), "About 2 days left");
 }
 
 }  // namespace

@@ -138,8 +138,9 @@ class PropertiesWindowTest : public testing::Test {
   SlowFiles Files;
   FakeInspector Inspector;
   fakes::FakeClock Clock;
+  fakes::FakeNumberForms Forms;
   IconSource Icons;
-  QtItemWindows Windows{{{base::PathSyntax::Posix(), Clock, Icons}, Files, Inspector},
+  QtItemWindows Windows{{{base::PathSyntax::Posix(), Clock, Forms, Icons}, Files, Inspector},
                         [](const std::string&) {}};
 };
 
@@ -199,7 +200,7 @@ TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
 TEST_F(PropertiesWindowTest, CountsLiveAndClosesInTheMiddleOfIt) {
   PropertiesWindow& window = Show({"/a/sub", "/a/file"});
   Until([&] { return Fact(window, "Contents") == "346 files, 2 folders, counting..."; });
-  EXPECT_EQ(Fact(window, "Size"), "12.3 MB (12,901,000 bytes)");
+  EXPECT_EQ(Fact(window, "Size"), "12.3 MiB (12,901,000 bytes)");
   Windows.ShowProperties({"/a/sub", "/a/file"});
   PropertiesWindow& other = Show({"/a/sub"});
   EXPECT_EQ(Open().size(), 2U);
@@ -219,7 +220,7 @@ TEST_F(PropertiesWindowTest, CountsLiveAndClosesInTheMiddleOfIt) {
 TEST_F(PropertiesWindowTest, ChoosesAnApplicationOrACommand) {
   ApplicationChooser chooser("/a/file", "text",
                              {{"v", "Viewer", "", false}, {"\xff", "Editor", "", true}},
-                             {base::PathSyntax::Posix(), Clock, Icons});
+                             {base::PathSyntax::Posix(), Clock, Forms, Icons});
   const auto boxes = chooser.findChildren<QLineEdit*>();
   const auto box = [&](const QString& name) -> QLineEdit& {
     return **std::ranges::find(boxes, name, &QLineEdit::accessibleName);

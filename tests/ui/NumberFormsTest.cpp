@@ -1,0 +1,33 @@
+#include <gtest/gtest.h>
+
+#include "ui/QtNumberForms.h"
+
+namespace tarnwell::ui {
+namespace {
+
+TEST(NumberForms, AreThoseOfTheLanguage) {
+  // Locales of Qt, whatever the machine has.
+  const struct {
+    const char* Locale;
+    const char* Texts;
+  } all[] = {
+      {"C", "2,158,850|2.8|2001-02-08 13:05:09"},
+      {"en_US", "2,158,850|2.8|02/08/2001 01:05:09 PM"},
+      {"de_DE", "2.158.850|2,8|08.02.2001 13:05:09"},
+      {"fi_FI", "2\u00a0158\u00a0850|2,8|08.02.2001 13.05.09"},
+      {"hi_IN", "21,58,850|2.8|08/02/2001 01:05:09 PM"},
+      {"fr_CA", "2\u00a0158\u00a0850|2,8|2001-02-08 13 h 05:09"},
+      {"bg_BG", "2158\u00a0850|2,8|08.02.2001 г. 13:05:09 ч."},
+      {"ar_EG", "٢٬١٥٨٬٨٥٠|٢٫٨|٠٨\u200f/٠٢\u200f/٢٠٠١ ٠١:٠٥:٠٩ م"},
+  };
+  for (const auto& [locale, texts] : all) {
+    const QtNumberForms forms{QLocale(QString::fromLatin1(locale))};
+    EXPECT_EQ(forms.Grouped(2158850) + "|" + forms.Decimal(2.8125, 1) + "|" +
+                  forms.DateAndTime({2001, 2, 8, 13, 5, 9}),
+              texts)
+        << locale;
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::ui
