@@ -29,7 +29,7 @@ std::string SizeText(const platform::NumberForms& forms, std::uint64_t bytes) {
 
 std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,
                      std::int64_t nanoseconds) {
-  return nanoseconds == 0 ? "" : forms.DateAndTime(clock.ToLocal(nanoseconds));
+  return nanoseconds == platform::UnknownTime ? "" : forms.DateAndTime(clock.ToLocal(nanoseconds));
 }
 
 std::string IsoText(const platform::LocalTime& time) {
@@ -40,7 +40,7 @@ std::string IsoText(const platform::LocalTime& time) {
 }
 
 std::string IsoText(const platform::Clock& clock, std::int64_t nanoseconds) {
-  return nanoseconds == 0 ? "" : IsoText(clock.ToLocal(nanoseconds));
+  return nanoseconds == platform::UnknownTime ? "" : IsoText(clock.ToLocal(nanoseconds));
 }
 
 std::string_view ExtensionOf(std::string_view name) {

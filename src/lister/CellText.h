@@ -22,7 +22,7 @@ std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
 std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes);
 // As ByteText, with the number in full where that is another one: "12.3 MiB (12,901,000 bytes)".
 std::string SizeText(const platform::NumberForms& forms, std::uint64_t bytes);
-// In local time; empty for 0, a time that is not known.
+// In local time; empty for UnknownTime.
 std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,
                      std::int64_t nanoseconds);
 // "yyyy-mm-dd hh:mm:ss", the form that files get.

@@ -57,7 +57,7 @@ Verdict Compare(const FileRow& row, const CompareRecord& record, std::int32_t mo
     verdict.Here.Larger = verdict.There.Smaller = size > 0;
     verdict.Here.Smaller = verdict.There.Larger = size < 0;
   }
-  if ((mode & DateMode) != 0 && row.Modified != 0) {
+  if ((mode & DateMode) != 0 && row.Modified != platform::UnknownTime) {
     const int date = CompareWith(WholeSeconds(row.Modified), record.Modified);
     verdict.Here.Newer = verdict.There.Older = date > 0;
     verdict.Here.Older = verdict.There.Newer = date < 0;
@@ -152,7 +152,9 @@ std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyn
     record.State = item.IsFolder() ? FolderBit : 0;
     if (item.IsFolder() || !item.HasAttributes) return;
     record.Size = std::to_string(item.Size);
-    if (item.Modified != 0) record.Modified = std::to_string(WholeSeconds(item.Modified));
+    if (item.Modified != platform::UnknownTime) {
+      record.Modified = std::to_string(WholeSeconds(item.Modified));
+    }
   });
   return records;
 }

@@ -34,9 +34,9 @@ struct FileRow {
   std::uint32_t NameStart = 0;
   std::uint32_t Mode = 0;
   std::uint64_t Size = 0;  // bytes; of a folder once it has been measured
-  std::int64_t Modified = 0;
-  std::int64_t Created = 0;
-  std::int64_t Accessed = 0;
+  std::int64_t Modified = platform::UnknownTime;
+  std::int64_t Created = platform::UnknownTime;
+  std::int64_t Accessed = platform::UnknownTime;
   std::uint16_t NameLength = 0;
   platform::ItemKind Kind = platform::ItemKind::File;
   ItemColour Colour = ItemColour::Default;

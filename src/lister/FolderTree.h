@@ -18,6 +18,7 @@
 #include "lister/ListerView.h"
 #include "lister/NameOrder.h"
 #include "lister/SortKeys.h"
+#include "platform/FileSystem.h"
 
 namespace tarnwell::lister {
 
@@ -33,9 +34,9 @@ struct Subfolder {
 // What a tree knows of a folder beside its name, once a heading, the order or the colours ask for
 // it.
 struct FolderFacts {
-  std::int64_t Modified = 0;
-  std::int64_t Created = 0;
-  std::int64_t Accessed = 0;
+  std::int64_t Modified = platform::UnknownTime;
+  std::int64_t Created = platform::UnknownTime;
+  std::int64_t Accessed = platform::UnknownTime;
   std::uint32_t Mode = 0;
   bool HasAttributes = false;  // Mode and the times are known
   ItemColour Colour = ItemColour::Default;

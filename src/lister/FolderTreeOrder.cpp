@@ -32,10 +32,9 @@ void AppendNumber(std::uint64_t number, std::string& key) {
   for (int shift = 56; shift >= 0; shift -= 8) key += static_cast<char>(number >> shift & 0xFF);
 }
 
-// 0, a time that is not known, comes first.
 void AppendTime(std::int64_t time, std::string& key) {
   constexpr std::uint64_t sign = std::uint64_t{1} << 63;
-  AppendNumber(time == 0 ? 0 : static_cast<std::uint64_t>(time) ^ sign, key);
+  AppendNumber(static_cast<std::uint64_t>(time) ^ sign, key);
 }
 
 constexpr char TextEnd = '\0';  // below all that stands in a key of text

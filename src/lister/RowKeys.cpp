@@ -29,10 +29,10 @@ void AppendSize(const FileRow& row, std::string& key) {
   AppendNumber(row.Size, bytes, key);
 }
 
-// In the order of times, those before 1970 included; 0, an unknown one, comes first.
+// In the order of times, those before 1970 included.
 void AppendTime(std::int64_t time, std::string& key) {
   constexpr std::uint64_t sign = std::uint64_t{1} << 63;
-  AppendNumber(time == 0 ? 0 : static_cast<std::uint64_t>(time) ^ sign, 8, key);
+  AppendNumber(static_cast<std::uint64_t>(time) ^ sign, 8, key);
 }
 
 void AppendText(std::string_view text, const NameOrder& names, std::string& key) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,16 +30,19 @@ struct FolderEntry {
   bool IsSystem = false;
 };
 
-// Times are nanoseconds since 1970-01-01 UTC; a time that the file system lacks is 0.
+// A time that is not known, or that the file system lacks; before all others.
+inline constexpr std::int64_t UnknownTime = std::numeric_limits<std::int64_t>::min();
+
+// Times are nanoseconds since 1970-01-01 UTC.
 struct ItemAttributes {
   ItemKind Kind = ItemKind::File;  // of what a link leads to; Other for a link that leads nowhere
   bool IsLink = false;
   bool IsHidden = false;  // this and the next: of the item itself, no link followed
   bool IsSystem = false;
   std::uint64_t Size = 0;  // bytes; 0 for a folder
-  std::int64_t Modified = 0;
-  std::int64_t Created = 0;
-  std::int64_t Accessed = 0;
+  std::int64_t Modified = UnknownTime;
+  std::int64_t Created = UnknownTime;
+  std::int64_t Accessed = UnknownTime;
   std::uint32_t Mode = 0;  // POSIX permission bits, or the platform's attribute bits
 };
 

@@ -22,9 +22,9 @@ struct ItemFacts {
   std::string TypeName;    // the same as programs call it, "image/png"; may be empty
   std::uint64_t Size = 0;  // bytes; 0 for a folder
   std::uint64_t SizeOnDisk = 0;
-  std::int64_t Modified = 0;
-  std::int64_t Accessed = 0;
-  std::int64_t Created = 0;
+  std::int64_t Modified = UnknownTime;
+  std::int64_t Accessed = UnknownTime;
+  std::int64_t Created = UnknownTime;
   std::string Owner;  // names, or numbers where there is no name
   std::string Group;
   std::uint32_t Mode = 0;       // POSIX permission bits with the three special ones, 07777

@@ -29,8 +29,8 @@ struct ConflictSide {
   std::string Path;
   ItemKind Kind = ItemKind::File;  // Other for a link
   bool IsLink = false;
-  std::uint64_t Size = 0;     // bytes; 0 for all but files
-  std::int64_t Modified = 0;  // nanoseconds since 1970-01-01 UTC
+  std::uint64_t Size = 0;               // bytes; 0 for all but files
+  std::int64_t Modified = UnknownTime;  // nanoseconds since 1970-01-01 UTC
 };
 
 // An item is to go where another one stands.

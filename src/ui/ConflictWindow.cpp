@@ -85,7 +85,7 @@ QString SizeText(const ConflictSide& side, const ConflictSide& other,
 
 QString DateText(const ConflictSide& side, const ConflictSide& other, const OperationTools& tools) {
   const QString text = ToQString(lister::DateText(tools.Forms, tools.Clock, side.Modified));
-  if (text.isEmpty() || other.Modified == 0) return text;
+  if (text.isEmpty() || other.Modified == platform::UnknownTime) return text;
   const bool same = std::abs(side.Modified - other.Modified) < SameTime;
   return text + Compared(!same && side.Modified > other.Modified,
                          !same && side.Modified < other.Modified, "newer", "older", "same date");

@@ -24,8 +24,8 @@ struct MemoryItem : std::enable_shared_from_this<MemoryItem> {
   bool IsHidden = false;
   bool IsSystem = false;
   std::int64_t Modified = 0;
-  std::int64_t Created = 0;
-  std::int64_t Accessed = 0;
+  std::int64_t Created = platform::UnknownTime;
+  std::int64_t Accessed = platform::UnknownTime;
   std::uint32_t Mode = 0644;
   std::map<platform::ItemNote, std::string> Notes;
   base::Status ReadFault;        // ReadFolder and ReadFile fail with it

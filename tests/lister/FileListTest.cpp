@@ -71,7 +71,8 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
     EXPECT_EQ(texts, expected) << name;
   }
   EXPECT_EQ(Cell("a.PDF", HeadingId::DateLastModified), "1970.01.02 00:00:00");
-  EXPECT_EQ(Cell("B9.txt", HeadingId::DateLastModified), "");
+  EXPECT_EQ(Cell("B9.txt", HeadingId::DateLastModified), "1970.01.01 00:00:00");
+  EXPECT_EQ(Cell("B9.txt", HeadingId::DateCreated), "");
   EXPECT_EQ(Cell("a.PDF", HeadingId::Path), "C:\\box");
 
   List.Activate(Row(RootRow, "way"));

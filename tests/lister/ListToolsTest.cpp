@@ -204,7 +204,8 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
   const std::string whole =
       "Extension,Name,Size,Date Modified\r\n,\" lead\",,\r\n,\"a,b\",1234567,1970-01-02 "
       "00:00:00\r\n"
-      ",\"new\nline\",0,\r\nTxt,\"q\"\"x.Txt\",0,\r\n,\xef\xbf\xbd\xc3\xa4,0,\r\n";
+      ",\"new\nline\",0,1970-01-01 00:00:00\r\nTxt,\"q\"\"x.Txt\",0,1970-01-01 00:00:00\r\n"
+      ",\xef\xbf\xbd\xc3\xa4,0,1970-01-01 00:00:00\r\n";
   EXPECT_EQ(Written(), whole);
 
   files.WriteFault = {28, "No space left on device"};
@@ -261,7 +262,8 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
       const auto kind = pick(3) == 0 ? platform::ItemKind::Folder : platform::ItemKind::File;
       rows.Add({.Name = names[pick(6)], .Kind = kind});
       const auto size = static_cast<std::uint64_t>(pick(3));
-      const std::int64_t modified = (pick(4) - 1) * 700'000'000LL;  // -1, 0, 0 or 1 s; 0: unknown
+      const std::int64_t modified =
+          pick(4) == 0 ? platform::UnknownTime : (pick(4) - 1) * 700'000'000LL;  // -1 to 1 s
       if (pick(5) > 0) rows.SetAttributes(row, {.Kind = kind, .Size = size, .Modified = modified});
     }
     return std::vector<CompareMarks>(rows.All().size(), {.OnlyHere = true});
@@ -288,7 +290,8 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
         if (!other.OnlyHere || left.Kind != right.Kind) continue;
         if (!syntax.Same(here.Name(l), there.Name(r))) continue;
         const bool known = left.HasAttributes && right.HasAttributes && !left.IsFolder();
-        const bool dated = left.Modified != 0 && right.Modified != 0;
+        const bool dated =
+            left.Modified != platform::UnknownTime && right.Modified != platform::UnknownTime;
         const int size = known && (mode & 1) ? compare(left.Size, right.Size) : 0;
         const bool byDate = known && dated && (mode & 2);
         const int date = byDate ? compare(seconds(left), seconds(right)) : 0;

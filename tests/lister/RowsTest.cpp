@@ -50,7 +50,10 @@ class Rows : public testing::Test {
     return rows;
   }
   void Change(FileRows& rows, RowId row) {
-    const auto time = [&] { return (static_cast<std::int64_t>(Random() % 5) - 2) * 1'000'000'007; };
+    const auto time = [&] {
+      const auto number = static_cast<std::int64_t>(Random() % 6) - 2;
+      return number > 2 ? platform::UnknownTime : number * 1'000'000'007;
+    };
     const FileRow& item = rows.Row(row);
     rows.SetAttributes(row, {.Kind = item.Kind,
                              .IsLink = item.IsLink,
@@ -80,7 +83,6 @@ int CompareBy(HeadingId heading, const FileRows& rows, RowId left, RowId right) 
   const auto known = [](const FileRow& row, auto value) {
     return std::pair(row.HasAttributes, value);
   };
-  const auto time = [](std::int64_t value) { return std::pair(value != 0, value); };
   switch (heading) {
     case HeadingId::Name:
       return Names.Compare(rows.Name(left), rows.Name(right));
@@ -89,11 +91,11 @@ int CompareBy(HeadingId heading, const FileRows& rows, RowId left, RowId right) 
     case HeadingId::Size:
       return compare(std::pair(one.HasSize(), one.Size), std::pair(other.HasSize(), other.Size));
     case HeadingId::DateLastModified:
-      return compare(time(one.Modified), time(other.Modified));
+      return compare(one.Modified, other.Modified);
     case HeadingId::DateCreated:
-      return compare(time(one.Created), time(other.Created));
+      return compare(one.Created, other.Created);
     case HeadingId::DateLastAccessed:
-      return compare(time(one.Accessed), time(other.Accessed));
+      return compare(one.Accessed, other.Accessed);
     case HeadingId::FileType:
       return Names.Compare(type(one), type(other));
     case HeadingId::Attributes:

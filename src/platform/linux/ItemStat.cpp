@@ -41,7 +41,8 @@ base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attribut
   attributes.IsLink = isLink;
   attributes.Size = attributes.Kind == ItemKind::Folder ? 0 : found.stx_size;
   attributes.Modified = Nanoseconds(found.stx_mtime);
-  attributes.Created = (found.stx_mask & STATX_BTIME) != 0 ? Nanoseconds(found.stx_btime) : 0;
+  attributes.Created =
+      (found.stx_mask & STATX_BTIME) != 0 ? Nanoseconds(found.stx_btime) : UnknownTime;
   attributes.Accessed = Nanoseconds(found.stx_atime);
   attributes.Mode = found.stx_mode & 07777U;
   return {};

@@ -128,7 +128,7 @@ base::Status LinuxItemInspector::ReadFacts(const std::string& path, ItemFacts& f
   facts.SizeOnDisk = found.stx_blocks * BlockSize;
   facts.Modified = Nanoseconds(found.stx_mtime);
   facts.Accessed = Nanoseconds(found.stx_atime);
-  facts.Created = (found.stx_mask & STATX_BTIME) != 0 ? Nanoseconds(found.stx_btime) : 0;
+  facts.Created = (found.stx_mask & STATX_BTIME) != 0 ? Nanoseconds(found.stx_btime) : UnknownTime;
   facts.Owner = NameOf<passwd>(found.stx_uid, getpwuid_r, &passwd::pw_name);
   facts.Group = NameOf<group>(found.stx_gid, getgrgid_r, &group::gr_name);
   facts.Mode = found.stx_mode & 07777U;
