@@ -117,11 +117,11 @@ void ForEachRow(const FileRows& rows, Work work) {
   }
 }
 
-void Count(const CompareMarks& marks, CompareCounts& counts) {
+void Count(const CompareMarks& marks, bool isFolder, CompareCounts& counts) {
   const bool differs = marks.Larger || marks.Smaller || marks.Newer || marks.Older;
   counts.Add(marks, 1);
   counts.Differing += differs;
-  counts.Same += !marks.OnlyHere && !differs;
+  if (!marks.Any()) ++(isFolder ? counts.SameFolders : counts.Same);
 }
 
 }  // namespace
@@ -161,6 +161,7 @@ std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyn
 
 CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std::int32_t mode,
                        const base::PathSyntax& syntax) {
+  std::erase_if(records, [](const CompareRecord& record) { return record.Name.empty(); });
   RecordIndex index(records, syntax);
   const std::int32_t onlyThere = BitsOf({.OnlyHere = true});
   for (CompareRecord& record : records) record.State = (record.State & FolderBit) | onlyThere;
@@ -175,9 +176,10 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
       ++paired;
     }
     rows.SetMarks(row, verdict.Here);
-    Count(verdict.Here, counts);
+    Count(verdict.Here, rows.Row(row).IsFolder(), counts);
   });
   counts.Missing = static_cast<int>(records.size() - paired);
+  records.emplace_back().State = counts.OnlyHere;
   return counts;
 }
 
@@ -185,13 +187,14 @@ CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& reco
                           const base::PathSyntax& syntax) {
   RecordIndex index(records, syntax);
   CompareCounts counts;
+  if (!records.empty() && records.back().Name.empty()) counts.Missing = records.back().State;
   ForEachRow(rows, [&](RowId row) {
     CompareMarks marks;
     if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
       marks = MarksOf(records[*at].State);
     }
     rows.SetMarks(row, marks);
-    Count(marks, counts);
+    Count(marks, rows.Row(row).IsFolder(), counts);
   });
   return counts;
 }
@@ -217,7 +220,13 @@ std::string CompareSummary(const CompareCounts& counts, const platform::NumberFo
     text += grouped(counts.OnlyHere) + " only here, " + grouped(counts.Differing) + " differ" +
             details + ", ";
   }
-  text += (same ? "all " : "") + grouped(counts.Same) + " the same";
+  const auto files = static_cast<std::uint64_t>(counts.Same);
+  const auto folders = static_cast<std::uint64_t>(counts.SameFolders);
+  if (folders == 0 || files > 0) {
+    text += (same ? "all " + CountText(forms, files, "file") : grouped(counts.Same)) + " the same";
+    if (folders > 0) text += ", ";
+  }
+  if (folders > 0) text += CountText(forms, folders, "folder") + " of the same name";
   if (counts.Missing > 0) text += "; " + grouped(counts.Missing) + " missing here";
   return text;
 }

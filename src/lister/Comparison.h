@@ -30,7 +30,8 @@ struct CompareRecord {
   std::string Name;      // bytes, less the case where the platform has no use for it
   std::string Size;      // bytes in digits; empty for a folder and where it is not known
   std::string Modified;  // whole seconds since 1970 in digits; empty likewise
-  // Bit 0: a folder. From bit 8 on what CompareAgainst found.
+  // Bit 0: a folder. From bit 8 on what CompareAgainst found. Of the last record, which it adds and
+  // which has no name: how many items the other list has and this one lacks.
   std::int32_t State = 0;
 };
 
@@ -48,8 +49,9 @@ struct MarkCounts {
 // What a comparison found in a list.
 struct CompareCounts : MarkCounts {
   int Differing = 0;
-  int Same = 0;
-  int Missing = 0;  // items of the other list that this one has no partner for
+  int Same = 0;         // files
+  int SameFolders = 0;  // folders with a partner, whatever they hold
+  int Missing = 0;      // items of the other list that this one has no partner for
 };
 
 // Of all rows, whether or not the filter shows them.

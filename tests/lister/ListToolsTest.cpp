@@ -304,8 +304,11 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
     if (pick(2) == 0) here.SetShown({});  // as by a filter: what it hides is compared too
     std::vector<CompareRecord> records = MakeRecords(there, syntax);
     for (CompareRecord& record : records) record.State |= 0x700;  // of an earlier comparison
-    EXPECT_EQ(MarkRows(here, records, mode, syntax).Missing, missing);
-    MarkOwnRows(there, records, syntax);
+    records.emplace_back().State = 9;
+    const CompareCounts found = MarkRows(here, records, mode, syntax);
+    const CompareCounts own = MarkOwnRows(there, records, syntax);
+    EXPECT_EQ(std::pair(found.Missing, found.OnlyHere), std::pair(own.OnlyHere, own.Missing));
+    EXPECT_EQ(found.Missing, missing);
     EXPECT_EQ(marks(here), wantHere) << round;
     EXPECT_EQ(marks(there), wantThere) << round;
   }
@@ -316,14 +319,15 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   std::vector<CompareRecord> records = List.CompareRecords();
   std::int32_t mode = 3;
   List.CompareAgainst(records, mode);
-  EXPECT_EQ(List.StatusText(), "Compared: all 5 the same");
+  EXPECT_EQ(List.StatusText(), "Compared: all 1 file the same, 4 folders of the same name");
   records[0].Name += "?";
   Platform.Files.AddFile("C:\\box\\file", "longer");
   Platform.Files.AddFile("C:\\box\\more");
   List.RefreshList();
   List.CompareAgainst(records, mode);
   EXPECT_EQ(List.StatusText(),
-            "Compared: 2 only here, 1 differ (1 larger here), 3 the same; 1 missing here");
+            "Compared: 2 only here, 1 differ (1 larger here), 3 folders of the same name; 1 "
+            "missing here");
 
   // The kinds go with the rows that have them, and the view learns it.
   List.WatchStart();
