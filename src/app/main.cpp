@@ -17,6 +17,7 @@
 #include "platform/linux/LinuxSystemInfo.h"
 #include "platform/linux/LinuxTermination.h"
 #include "platform/linux/RunOperation.h"
+#include "platform/linux/TerminalCall.h"
 #include "shell/Application.h"
 #include "ui/GuardedApplication.h"
 #include "ui/IconSource.h"
@@ -60,6 +61,7 @@ void BindDialogs(ui::QtFormHost& host) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto code = platform::AnswerTerminalCall(argc, argv)) return *code;
   platform::OutliveFailedWrites();
   ui::GuardedApplication qtApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnwell"));
@@ -74,7 +76,6 @@ int main(int argc, char** argv) {
   platform::LinuxFolderWatch watches;
   platform::LinuxClock clock;
   platform::LinuxCollation order;
-  platform::LinuxLauncher launcher;
   ui::QtMessagePump pump;
   const ui::QtNumberForms forms;
   ui::QtFormHost host;
@@ -93,6 +94,7 @@ int main(int argc, char** argv) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
+  platform::LinuxLauncher launcher({dialogs, itemWindows});
   platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, drives});
 
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,

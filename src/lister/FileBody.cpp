@@ -4,15 +4,12 @@
 #include <limits>
 #include <utility>
 
-#include "base/Text.h"
-#include "lister/CellText.h"
 #include "lister/FileCells.h"
 #include "lister/FileStatus.h"
 #include "lister/KeepColour.h"
+#include "lister/OpenFiles.h"
 
 namespace tarnwell::lister {
-
-using platform::ItemKind;
 
 void FileBody::SetFilterText(const std::string& text) {
   files_.Filter.SetText(text);
@@ -38,26 +35,7 @@ void FileBody::MoveCurrent(RowId row) {
 }
 
 void FileBody::Activate(RowId row) {
-  if (!files_.Rows.Has(row)) return;
-  const std::string path = PathOf(row), folder = files_.Rows.Folder();
-  platform::ItemAttributes attributes{.Kind = files_.Rows.Row(row).Kind};
-  base::Status status;
-  // Anything else may have become a folder, or its turn in the read has not come.
-  if (attributes.Kind != ItemKind::Folder) {
-    const std::string name(files_.Rows.Name(row));
-    status = state_.Services.Files.ReadAttributes(folder, name, attributes);
-  }
-  if (attributes.Kind == ItemKind::Folder) {
-    state_.Events.OpenChildFolder(state_.Control.Id(), path, folder);
-    return;
-  }
-  if (status && attributes.IsLink && attributes.Kind == ItemKind::Other) {
-    status = {.Code = -1, .Reason = "The link leads to no file and no folder"};
-  }
-  if (status) status = state_.Services.Launcher.Execute({path, "", folder});
-  if (status) return;
-  const std::string text = "Cannot open " + NameText(state_.Syntax, path) + ": " + status.Reason;
-  state_.Events.StatusMessage(state_.Control.Id(), text);
+  OpenRow(files_, row);
 }
 
 void FileBody::ShowStatus(const std::string& text) {

@@ -1,6 +1,7 @@
 // Port: what a platform adapter without menus and windows of its own shows for items.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,6 +21,16 @@ struct ChosenApplication {
   bool AlwaysUse = false;  // from now on for all files of the type
 };
 
+// Programs among the files that the user wants to open.
+struct RunQuestion {
+  std::vector<std::string> Programs;  // full paths, at least one
+  std::string Command;                // what the only one starts, where that is something else
+  std::size_t Files = 1;              // how many are to be opened, the programs among them
+  bool CanOpen = false;               // an application takes each of the programs as a document
+};
+
+enum class RunChoice { Cancel, Run, RunInTerminal, Open };
+
 class ItemWindows {
  public:
   virtual ~ItemWindows() = default;
@@ -30,6 +41,8 @@ class ItemWindows {
   virtual std::optional<ChosenApplication> ChooseApplication(
       const std::string& path, const std::string& type,
       const std::vector<ApplicationChoice>& applications) = 0;
+  // Asks before programs start. Closed by other means than a button it counts as Cancel.
+  virtual RunChoice AskRun(const RunQuestion& question) = 0;
   // Shows what the folder holds in the pane that the user works in.
   virtual void OpenFolder(const std::string& path) = 0;
 };

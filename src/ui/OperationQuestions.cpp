@@ -147,7 +147,7 @@ std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
                    .arg(ToQString(lister::CountText(tools.Forms, more, "item")));
     window->AddList(QString::fromLatin1(Remarks[remark]), lines);
   }
-  window->AddButton(QStringLiteral("&OK"), Role::Only, [take] { take(RemarksSeen{}); });
+  window->AddButton(QStringLiteral("&OK"), Role::DefaultCancel, [take] { take(RemarksSeen{}); });
   return window;
 }
 

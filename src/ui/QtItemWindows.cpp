@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "ui/ApplicationChooser.h"
+#include "ui/RunQuestion.h"
 #include "ui/ShowOver.h"
 
 namespace tarnwell::ui {
@@ -56,6 +57,10 @@ std::optional<platform::ChosenApplication> QtItemWindows::ChooseApplication(
   ShowOver(chooser, WindowInUse());
   if (chooser.exec() != QDialog::Accepted) return std::nullopt;
   return chooser.Chosen();
+}
+
+platform::RunChoice QtItemWindows::AskRun(const platform::RunQuestion& question) {
+  return ui::AskRun(question, tools_.Look);
 }
 
 void QtItemWindows::CancelAndWait() {

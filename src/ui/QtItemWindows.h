@@ -1,4 +1,4 @@
-// Shows the properties of items, and asks what to open items with.
+// Shows the properties of items, and asks what to open items with and whether to run programs.
 #pragma once
 
 #include <functional>
@@ -24,6 +24,7 @@ class QtItemWindows : public platform::ItemWindows {
   std::optional<platform::ChosenApplication> ChooseApplication(
       const std::string& path, const std::string& type,
       const std::vector<platform::ApplicationChoice>& applications) override;
+  platform::RunChoice AskRun(const platform::RunQuestion& question) override;
   void OpenFolder(const std::string& path) override { openFolder_(path); }
 
   // For an end that leaves no time for windows: when it returns nothing runs in them any more.

@@ -126,10 +126,10 @@ void QuestionWindow::AddButton(const QString& caption, Role role, Choice choose)
   auto* const button = new QPushButton(caption, this);
   button->setMinimumWidth(std::max(ButtonWidth, button->sizeHint().width() + ButtonPadding));
   buttons_->addWidget(button);
-  if (role == Role::Cancel || role == Role::Only) cancel_ = choose;
+  if (role == Role::Cancel || role == Role::DefaultCancel) cancel_ = choose;
   connect(button, &QPushButton::clicked, this,
           [this, choose = std::move(choose)] { Choose(choose); });
-  if (role != Role::Default && role != Role::Only) return;
+  if (role != Role::Default && role != Role::DefaultCancel) return;
   button->setDefault(true);
   button->setFocus();
 }

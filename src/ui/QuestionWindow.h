@@ -1,5 +1,5 @@
-// The frame of a question that a running file operation asks: a picture, what it is about, facts, a
-// check box maybe, and buttons. Gives its answer once.
+// The frame of a question, such as a running file operation asks: a picture, what it is about,
+// facts, a check box maybe, and buttons. Gives its answer once.
 #pragma once
 
 #include <QCheckBox>
@@ -29,9 +29,9 @@ class QuestionWindow : public QDialog {
   void AddPart(QWidget& part);
   QCheckBox& AddCheck(const QString& text);
 
-  enum class Role { Plain, Default, Cancel, Only };
+  enum class Role { Plain, Default, Cancel, DefaultCancel };
   // From left to right. One is the default, which has the keyboard; one is the cancel, which
-  // Escape and the frame's close button press too. The only one is both.
+  // Escape and the frame's close button press too; one may be both.
   void AddButton(const QString& caption, Role role, Choice choose);
 
  protected:

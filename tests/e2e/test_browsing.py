@@ -92,6 +92,23 @@ class BrowsingTest(EndToEndTest):
         self.wait_names(program, [])
         self.close_clean(program)
 
+    def test_a_program_runs_after_a_question_alone(self):
+        odd, done = self.home / "a;b $HOME", self.home / "done"
+        odd.write_text(f'#!/bin/sh\necho "$0 in $PWD" > {done}\n')
+        odd.chmod(0o755)
+        terminal = self.folder / "terminal"
+        terminal.write_text('#!/bin/sh\nshift\nexec sh -c "$*"\n')
+        terminal.chmod(0o755)
+        program = self.start(environment={"TERMINAL": str(terminal)})
+        program.files().enter(odd.name)
+        self.answer("Run", "Return")  # nothing is run by accident
+        self.assertFalse(done.exists())
+        program.files().enter(odd.name)
+        program.press("Run in Terminal")
+        wait_for("it to run", lambda: done.exists() and done.read_text())
+        self.assertEqual(done.read_text(), f"{odd} in {self.home}\n")
+        self.close_clean(program)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -171,6 +171,15 @@ class FakeLauncher : public platform::Launcher {
     Requests.push_back(request);
     return Fault;
   }
+  std::vector<platform::LaunchFailure> OpenFiles(const std::vector<std::string>& paths,
+                                                 const std::string& folder) override {
+    std::vector<platform::LaunchFailure> failures;
+    for (const std::string& path : paths) {
+      Requests.push_back({.File = path, .Parameters = {}, .Folder = folder});
+      if (!Fault) failures.push_back({path, Fault});
+    }
+    return failures;
+  }
 };
 
 // Notes what is asked for; a test may do the work.

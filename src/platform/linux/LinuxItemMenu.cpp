@@ -50,9 +50,6 @@ constexpr std::size_t leastRoom = std::size(rows) + 2;
 
 constexpr const char* notOpened = "could not be opened";
 
-// More of them may mean as many programs at once.
-constexpr std::size_t mostUnasked = 30;
-
 std::string WithoutAccessKeys(std::string text) {
   for (std::size_t at = text.find('&'); at != text.npos; at = text.find('&', at + 2)) {
     text.insert(at, 1, '&');
@@ -181,34 +178,34 @@ void LinuxItemMenu::Invoke(int offset) {
   }
 }
 
-std::vector<std::string> LinuxItemMenu::ItemsToOpen(FailureList& failures) const {
+std::vector<std::string> LinuxItemMenu::ItemsThere(FailureList& failures) const {
   std::vector<std::string> found;
   for (const std::string& path : paths_) {
     const base::Status status = FindItem(path);
     failures.Add(path, status);
     if (status) found.push_back(path);
   }
-  const std::string question =
-      "Do you want to open these " + std::to_string(found.size()) + " items?";
-  if (found.size() > mostUnasked && !tools_.Dialogs.AskYesNo("Open", question)) found.clear();
   return found;
 }
 
 void LinuxItemMenu::Open() {
   FailureList failures;
-  const std::vector<std::string> found = ItemsToOpen(failures);
+  const std::vector<std::string> found = ItemsThere(failures);
   if (IsOneFolder() && !found.empty()) {
     tools_.Windows.OpenFolder(found.front());
   } else {
-    OpenItems(found, folder_, failures);
+    for (const LaunchFailure& failure :
+         OpenItems(found, folder_, {tools_.Dialogs, tools_.Windows})) {
+      failures.Add(failure.Path, failure.Status);
+    }
   }
   failures.Show(tools_.Dialogs, notOpened);
 }
 
 void LinuxItemMenu::OpenWith(GAppInfo* application) {
   FailureList failures;
-  const std::vector<std::string> found = ItemsToOpen(failures);
-  if (!found.empty()) {
+  const std::vector<std::string> found = ItemsThere(failures);
+  if (!found.empty() && AskAboutMany(found.size(), tools_.Dialogs)) {
     const base::Status status = Launch(application, found);
     for (const std::string& path : found) failures.Add(path, status);
   }
@@ -246,9 +243,9 @@ void LinuxItemMenu::ChooseApplication() {
 
 void LinuxItemMenu::RunCommand(const std::string& command) {
   FailureList failures;
-  const std::vector<std::string> found = ItemsToOpen(failures);
+  const std::vector<std::string> found = ItemsThere(failures);
   failures.Show(tools_.Dialogs, notOpened);
-  if (found.empty()) return;
+  if (found.empty() || !AskAboutMany(found.size(), tools_.Dialogs)) return;
   const base::Status status = OpenWithCommand(command, found, folder_);
   if (!status) Tell(command, "could not be started", status);
 }

@@ -49,8 +49,8 @@ class LinuxItemMenu : public ItemMenu {
   void ChooseApplication();
   void RunCommand(const std::string& command);
   void Trash();
-  // Those of the items that are still there; none where they are many and the user takes that back.
-  std::vector<std::string> ItemsToOpen(FailureList& failures) const;
+  // Those of the items that are still there.
+  std::vector<std::string> ItemsThere(FailureList& failures) const;
   void Tell(const std::string& name, const std::string& what, const base::Status& status);
 
   const MenuTools tools_;

@@ -26,14 +26,20 @@ base::Status OpenAddress(const std::string& address, const char* scheme) {
   return done != FALSE ? base::Status() : error.Status();
 }
 
+base::Status Start(const std::string& path, const LaunchRequest& request) {
+  std::vector<std::string> words{path};
+  const base::Status status = AddWords(request.Parameters, words);
+  return status ? StartProgram(words, request.Folder, StartIn::Fitting) : status;
+}
+
 base::Status OpenFile(const std::string& path, const LaunchRequest& request) {
   Opener opener;
   base::Status found = FindOpener(path, opener);
-  if (found && opener.Kind == OpenerKind::Entry) return Launch(opener.Application.get(), {});
-  if (!request.Parameters.empty()) return StartProgram(path, request.Parameters, request.Folder);
+  if (opener.Kind == OpenerKind::Entry) return Launch(opener.Entry.get(), {});
+  if (!request.Parameters.empty()) return Start(path, request);
   if (!found) return found;
-  if (opener.Kind == OpenerKind::Program) return StartProgram(path, "", request.Folder);
-  return Launch(opener.Application.get(), {path});
+  if (opener.Kind == OpenerKind::Program) return Start(path, request);
+  return opener.Application ? Launch(opener.Application.get(), {path}) : NoApplication(opener.Type);
 }
 
 }  // namespace
@@ -52,8 +58,8 @@ base::Status LinuxLauncher::Execute(const LaunchRequest& request) {
     }
   }
   if (path.find('/') == std::string::npos) {
-    const GioText program(g_find_program_in_path(path.c_str()));
-    if (program) return StartProgram(program.get(), request.Parameters, request.Folder);
+    const std::string program = FindProgram(path);
+    return program.empty() ? SystemError(ENOENT) : Start(program, request);
   }
   if (!path.starts_with('/') && !request.Folder.empty()) {
     path = files.Syntax().Join(request.Folder, path);

@@ -2,16 +2,25 @@
 #pragma once
 
 #include "platform/Launcher.h"
+#include "platform/linux/OpenItems.h"
 
 namespace tarnwell::platform {
 
-// A file goes to the default application for its kind. It is a program where it has the right to be
-// executed and no application is registered for it, or where there are parameters. A name without
-// a folder is looked for as the shell does, and then in the request's folder. What is started has
-// nothing of this program's but its environment and its terminal output.
+// A file goes to the default application for its kind. It is a program where it may be executed and
+// its content is a program's, or where there are parameters. What is started has nothing of this
+// program's but its environment and its terminal output.
 class LinuxLauncher : public Launcher {
  public:
+  explicit LinuxLauncher(const OpenTools& tools) : tools_(tools) {}
+
   base::Status Execute(const LaunchRequest& request) override;
+  std::vector<LaunchFailure> OpenFiles(const std::vector<std::string>& paths,
+                                       const std::string& folder) override {
+    return OpenItems(paths, folder, tools_);
+  }
+
+ private:
+  const OpenTools tools_;
 };
 
 }  // namespace tarnwell::platform

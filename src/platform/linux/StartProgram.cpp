@@ -1,56 +1,24 @@
 #include "platform/linux/StartProgram.h"
 
+#include <fcntl.h>
 #include <gio/gdesktopappinfo.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <string_view>
-#include <vector>
 
+#include "platform/linux/Descriptor.h"
 #include "platform/linux/GioObject.h"
+#include "platform/linux/SystemError.h"
+#include "platform/linux/TerminalCall.h"
 
 namespace tarnwell::platform {
 namespace {
-
-// The terminals that are tried, in this order, and what each wants before a program's name.
-struct Terminal {
-  const char* Name;
-  const char* Option;  // null for none
-};
-constexpr Terminal terminals[] = {
-    {"xdg-terminal-exec", nullptr},
-    {"x-terminal-emulator", "-e"},
-    {"gnome-terminal", "--"},
-    {"konsole", "-e"},
-    {"xfce4-terminal", "-x"},
-    {"kitty", "-e"},
-    {"alacritty", "-e"},
-    {"foot", "-e"},
-    {"xterm", "-e"},
-};
-
-std::string FindProgram(const std::string& name) {
-  const GioText found(g_find_program_in_path(name.c_str()));
-  return found ? found.get() : "";
-}
-
-// Adds the words of the line; an error for a quote that does not end.
-base::Status AddWords(const char* line, std::vector<std::string>& words) {
-  int count = 0;
-  char** parsed = nullptr;
-  GError* error = nullptr;
-  if (g_shell_parse_argv(line, &count, &parsed, &error) == FALSE) {
-    const bool empty = g_error_matches(error, G_SHELL_ERROR, G_SHELL_ERROR_EMPTY_STRING) != FALSE;
-    const std::string reason = error->message;
-    g_error_free(error);
-    return empty ? base::Status() : base::Status{EINVAL, reason};
-  }
-  words.insert(words.end(), parsed, parsed + count);
-  g_strfreev(parsed);
-  return {};
-}
 
 bool SameFile(const std::string& one, const std::string& other) {
   char first[PATH_MAX], second[PATH_MAX];
@@ -81,51 +49,82 @@ bool HasWindows(const std::string& program) {
   return found;
 }
 
-// The words that start a terminal, up to the program's name; none where there is no terminal.
-std::vector<std::string> TerminalWords() {
-  std::vector<Terminal> candidates(std::begin(terminals), std::end(terminals));
-  if (const char* const chosen = std::getenv("TERMINAL"); chosen != nullptr && *chosen != '\0') {
-    const std::string_view path(chosen);
-    const std::string_view name = path.substr(path.rfind('/') + 1);
-    const auto known = std::ranges::find(terminals, name, &Terminal::Name);
-    const char* const option = known != std::end(terminals) ? known->Option : "-e";
-    candidates.insert(candidates.begin(), Terminal{chosen, option});
-  }
-  for (const Terminal& terminal : candidates) {
-    const std::string found = FindProgram(terminal.Name);
-    if (found.empty()) continue;
-    if (terminal.Option == nullptr) return {found};
-    return {found, terminal.Option};
-  }
-  return {};
+// What is left of a process after a fork; nothing here may take memory or a lock.
+[[noreturn]] void BecomeProgram(char* const* words, const char* folder, int failure) {
+  sigset_t none;
+  sigemptyset(&none);
+  sigprocmask(SIG_SETMASK, &none, nullptr);
+  signal(SIGPIPE, SIG_DFL);
+  close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+  if (*folder == '\0' || chdir(folder) == 0) execv(words[0], words);
+  const int code = errno;
+  [[maybe_unused]] const ssize_t told = write(failure, &code, sizeof code);
+  _exit(EXIT_FAILURE);
 }
 
+// By way of a process that ends at once: nobody has to wait for the program then, and in a session
+// of its own it outlives the terminal that this program was started from.
 base::Status Spawn(const std::vector<std::string>& words, const std::string& folder) {
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
-  // In a session of its own, so that it outlives the terminal that this program was started from.
-  const GSpawnChildSetupFunc leave = [](gpointer) { setsid(); };
-  GioError error;
-  const gboolean started =
-      g_spawn_async(folder.empty() ? nullptr : folder.c_str(), arguments.data(), nullptr,
-                    G_SPAWN_DEFAULT, leave, nullptr, nullptr, error.Place());
-  return started != FALSE ? base::Status() : error.Status();
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return SystemError(errno);
+  const Descriptor reading(ends[0]);
+  Descriptor writing(ends[1]);
+  const pid_t between = fork();
+  if (between < 0) return SystemError(errno);
+  if (between == 0) {
+    setsid();
+    const pid_t program = fork();
+    if (program == 0) BecomeProgram(arguments.data(), folder.c_str(), writing.Get());
+    if (program > 0) _exit(EXIT_SUCCESS);
+    const int code = errno;
+    [[maybe_unused]] const ssize_t told = write(writing.Get(), &code, sizeof code);
+    _exit(EXIT_FAILURE);
+  }
+  writing = Descriptor();
+  while (waitpid(between, nullptr, 0) < 0 && errno == EINTR) continue;
+  int code = 0;
+  ssize_t count = 0;
+  // Ends without a byte once the program runs.
+  while ((count = read(reading.Get(), &code, sizeof code)) < 0 && errno == EINTR) continue;
+  return count == sizeof code ? SystemError(code) : base::Status();
 }
 
 }  // namespace
 
-base::Status StartProgram(const std::string& path, const std::string& parameters,
-                          const std::string& folder) {
-  std::vector<std::string> words;
-  if (!HasWindows(path)) {
-    words = TerminalWords();
-    if (words.empty()) return {ENOENT, "There is no terminal to start " + path + " in"};
+base::Status StartProgram(const std::vector<std::string>& words, const std::string& folder,
+                          StartIn where) {
+  if (words.empty()) return SystemError(EINVAL);
+  const bool isAlone =
+      where == StartIn::OwnWindows || (where == StartIn::Fitting && HasWindows(words.front()));
+  if (isAlone) return Spawn(words, folder);
+  // A terminal has no way to tell.
+  if (access(words.front().c_str(), X_OK) != 0) return SystemError(errno);
+  const std::vector<std::string> call = TerminalCall(words, folder);
+  return call.empty() ? NoTerminal(words.front()) : Spawn(call, folder);
+}
+
+std::string FindProgram(const std::string& name) {
+  const GioText found(g_find_program_in_path(name.c_str()));
+  return found ? found.get() : "";
+}
+
+base::Status AddWords(const std::string& line, std::vector<std::string>& words) {
+  int count = 0;
+  char** parsed = nullptr;
+  GError* error = nullptr;
+  if (g_shell_parse_argv(line.c_str(), &count, &parsed, &error) == FALSE) {
+    const bool empty = g_error_matches(error, G_SHELL_ERROR, G_SHELL_ERROR_EMPTY_STRING) != FALSE;
+    const std::string reason = error->message;
+    g_error_free(error);
+    return empty ? base::Status() : base::Status{EINVAL, reason};
   }
-  words.push_back(path);
-  const base::Status status = AddWords(parameters.c_str(), words);
-  return status ? Spawn(words, folder) : status;
+  words.insert(words.end(), parsed, parsed + count);
+  g_strfreev(parsed);
+  return {};
 }
 
 }  // namespace tarnwell::platform

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <set>
 
+#include "NotedWindows.h"
 #include "TestDesktop.h"
 #include "fakes/FakePlatform.h"
 #include "platform/linux/ItemList.h"
@@ -21,42 +22,6 @@ struct MemoryClipboard : FileClipboard {
   bool HasFiles() const override { return !Files.Items.empty() || Files.Foreign > 0; }
   ClipboardFiles Get() const override { return Files; }
   void Clear() override { Files = {}; }
-};
-
-struct NotedDialogs : Dialogs {
-  bool Yes = true;
-  std::string Told;
-
-  bool AskYesNo(const std::string&, const std::string& text, bool usual) override {
-    Told += text + (usual ? " Yes|" : "|");
-    return Yes;
-  }
-  void ShowCritical(const std::string&, const std::string& text) override { Told += text + "|"; }
-  std::optional<std::string> AskText(const std::string&, const std::string&,
-                                     const std::string&) override {
-    return {};
-  }
-  std::optional<base::Colour> AskColour(base::Colour) override { return {}; }
-  std::optional<std::string> AskOpenFile(const FileQuestion&) override { return {}; }
-  std::optional<std::string> AskSaveFile(const FileQuestion&) override { return {}; }
-};
-
-struct NotedWindows : ItemWindows {
-  std::string Noted;
-  std::vector<ApplicationChoice> Offered;
-  std::optional<ChosenApplication> Choice;
-
-  void ShowProperties(const std::vector<std::string>& paths) override {
-    for (const std::string& path : paths) Noted += "properties " + path + "|";
-  }
-  std::optional<ChosenApplication> ChooseApplication(
-      const std::string& path, const std::string& type,
-      const std::vector<ApplicationChoice>& applications) override {
-    Noted += "choose " + path + " " + type + "|";
-    Offered = applications;
-    return Choice;
-  }
-  void OpenFolder(const std::string& path) override { Noted += "open " + path + "|"; }
 };
 
 std::string CaptionsOf(const std::vector<ContextEntry>& entries) {
@@ -167,18 +132,16 @@ TEST_F(LinuxContextMenuTest, OffersWhatSuitsTheItems) {
 
 TEST_F(LinuxContextMenuTest, OpensItems) {
   const std::string folder = Place.Path() + "/";
-  Put(Place / "run", std::string("\0\1", 2), 0755);
-  Put(Place / "start.desktop", TestDesktop::Entry(desktop.Folder / "windowed"), 0755);
   Put(Place / "odd", std::string("\0\1", 2));
-  setenv("TERMINAL", (desktop.Folder / "terminal").c_str(), 1);
-  Choose({"a.txt", "p.png", "b.txt", "run", "dir", "start.desktop", "odd"}, "&Open");
+  Put(Place / "run", Get(desktop.Folder / "tool"), 0755);
+  Windows.Run = RunChoice::Run;
+  Choose({"a.txt", "p.png", "b.txt", "run", "dir", "odd"}, "&Open");
+  EXPECT_EQ(std::exchange(Windows.Noted, {}), "run run of 6, or open|");
   EXPECT_NE(desktop.Told("viewer").find("\n[" + folder + "p.png]\n[" + folder + "dir]\n"),
             std::string::npos);
   EXPECT_NE(desktop.Told("open it").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
             std::string::npos);
-  EXPECT_EQ(desktop.Told("windowed").find('['), std::string::npos);
-  EXPECT_EQ(desktop.Told("terminal"),
-            "terminal in " + Place.Path() + "\n[-e]\n[" + folder + "run]\n");
+  EXPECT_EQ(desktop.Told("run"), "run in " + Place.Path() + "\n");
   EXPECT_EQ(Took(),
             "\"odd\" could not be opened.\n\nNo application is registered for this kind of "
             "file (application/octet-stream)|");

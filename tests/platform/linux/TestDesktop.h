@@ -16,6 +16,8 @@ namespace tarnwell::platform {
 
 // Registrations of its own. Made before main, since GLib looks for the user's but once.
 struct TestDesktop {
+  static constexpr const char* OddName = "-a $HOME;false `id` 'q\" \xff%u";
+
   TestDesktop() {
     setenv("XDG_DATA_HOME", Folder.Path().c_str(), 1);
     setenv("XDG_CONFIG_HOME", Folder.Path().c_str(), 1);
@@ -27,8 +29,10 @@ struct TestDesktop {
         "#!/bin/sh\n{ echo \"${0##*/} in $PWD\"; for each; do echo \"[$each]\"; done;"
         "[ -e /proc/$$/fd/9 ] && echo leak; } > " +
         place + "new.$$; mv " + place + "new.$$ " + place + "log.\"${0##*/}\"\n";
-    for (const char* name : {"open it", "viewer", "windowed", "terminal", "tool"})
+    for (const char* name : {"open it", "viewer", "windowed", "tool", OddName})
       Write(name, tell, 0755);
+    // The worst of terminals: a shell reads all of its words once more.
+    Write("terminal", "#!/bin/sh\nshift\nexec sh -c \"$*\"\n", 0755);
     Write("applications/opener.desktop", Entry("\"" + Folder / "open it" + "\" %U"));
     Write("applications/viewer.desktop",
           Entry(Folder / "viewer" + " %F", "See & show") + "Icon=eye\n");

@@ -1,0 +1,29 @@
+// Programs in a terminal. Terminals read the words that they are given in ways of their own: some
+// replace what looks like a variable, some hand a word to a shell, some take nothing but valid
+// text. So a terminal is given this program once more, and the words in letters and digits alone;
+// there it turns into what is to run.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Status.h"
+
+namespace tarnwell::platform {
+
+// The words that start a terminal, and in it the program of the path in front, in the folder (empty
+// for that of this process); none where there is no terminal.
+std::vector<std::string> TerminalCall(const std::vector<std::string>& words,
+                                      const std::string& folder);
+// What, in front of a line of words, makes it run in a terminal; empty where there is none. Without
+// anything that would have to be quoted.
+std::string TerminalPrefix();
+
+base::Status NoTerminal(const std::string& program);
+
+// For the first line of main: turns this process into what a terminal call asks for, and comes back
+// only where that fails, with the exit code. Nothing if the arguments are no such call.
+std::optional<int> AnswerTerminalCall(int count, char** arguments);
+
+}  // namespace tarnwell::platform
