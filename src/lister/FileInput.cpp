@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "lister/FileStatus.h"
+#include "lister/OpenFiles.h"
 
 namespace tarnwell::lister {
 
@@ -18,10 +19,11 @@ FileInput::FileInput(FileListState& files)
 KeyAction FileInput::ActionOf(int keyCode, int shift) {
   using This = FileInput;
   static constexpr KeyBinding<FileInput> Bindings[] = {
-      {HomeKey, AnyShift, &This::MoveByKey},    {EndKey, AnyShift, &This::MoveByKey},
-      {PageUpKey, AnyShift, &This::MoveByKey},  {PageDownKey, AnyShift, &This::MoveByKey},
-      {'A', CtrlDown, &This::SelectEverything}, {SpaceKeyCode, CtrlDown, &This::ToggleCurrent},
-      {InsertKey, 0, &This::ToggleAndMove},
+      {HomeKey, AnyShift, &This::MoveByKey},      {EndKey, AnyShift, &This::MoveByKey},
+      {PageUpKey, AnyShift, &This::MoveByKey},    {PageDownKey, AnyShift, &This::MoveByKey},
+      {'A', CtrlDown, &This::SelectEverything},   {SpaceKeyCode, CtrlDown, &This::ToggleCurrent},
+      {InsertKey, 0, &This::ToggleAndMove},       {EnterKey, 0, &This::OpenSelected},
+      {EnterKey, ShiftDown, &This::OpenSelected},
   };
   KeyAction own = FindAction(*this, Bindings, keyCode, shift);
   return own ? own : CommonInput::ActionOf(keyCode, shift);
@@ -106,6 +108,10 @@ void FileInput::ToggleCurrent(int, int) {
 void FileInput::ToggleAndMove(int keyCode, int shift) {
   ToggleCurrent(keyCode, shift);
   GoTo(RowAway(1), CtrlDown);
+}
+
+void FileInput::OpenSelected(int, int) {
+  OpenSelectedOr(files_, Current());
 }
 
 void FileInput::AskNewFolder(int, int) {

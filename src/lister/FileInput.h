@@ -54,6 +54,7 @@ class FileInput : public CommonInput {
   void SelectEverything(int keyCode, int shift);
   void ToggleCurrent(int keyCode, int shift);
   void ToggleAndMove(int keyCode, int shift);
+  void OpenSelected(int keyCode, int shift);
 
   void PressMain(const RowPointer& at);
   void PressOther(const RowPointer& at);

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "ListFixture.h"
+#include "lister/ListInput.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -86,6 +87,28 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
                    "StatusMessage Cannot open .profile: Permission denied"}));
   ASSERT_EQ(Platform.Launcher.Requests.size(), 2u);
   EXPECT_EQ(Platform.Launcher.Requests[0].File, "C:\\box\\a.PDF");
+
+  // Enter on one of the selected files means them all and no folder, elsewhere the cursor alone.
+  const auto enter = [&](const std::string& name, int shift) {
+    List.MoveCurrent(Row(RootRow, name));
+    Platform.Launcher.Requests.clear();
+    Events.Take();
+    List.KeyDown(EnterKey, shift);
+    std::string opened;
+    for (const auto& request : Platform.Launcher.Requests) opened += request.File + " ";
+    return opened;
+  };
+  List.SelectAll();
+  EXPECT_EQ(enter("a.PDF", 0),
+            "C:\\box\\.profile C:\\box\\a.PDF C:\\box\\B9.txt C:\\box\\b10.txt ");
+  const std::string told = Events.Take().at(0);
+  EXPECT_NE(told.find("open end: The link leads to no file"), std::string::npos) << told;
+  EXPECT_NE(told.find("open b10.txt: Permission denied"), std::string::npos) << told;
+  EXPECT_EQ(enter("way", 0), "");
+  EXPECT_EQ(Events.Take(), Texts{"OpenChildFolder C:\\box\\way in C:\\box"});
+  List.SelectAll("none");
+  EXPECT_EQ(enter("a.PDF", ShiftDown), "C:\\box\\a.PDF ");
+  Events.Take();
   List.MoveCurrent(Row(RootRow, "a.PDF"));
   EXPECT_EQ(Events.Take(), Texts{"ItemFocused 3"});
   CheckNoRow(RowId{9});
