@@ -62,6 +62,17 @@ void Keyboard::Handle(int code, int shift) {
 
 void Keyboard::KeyUp() {
   workspace_.KeyArmed = true;
+  ResetStartItems();
+}
+
+void Keyboard::Activated(bool spaceIsDown, bool anyIsDown) {
+  if (!anyIsDown) workspace_.KeyArmed = true;
+  if (spaceIsDown) return;
+  workspace_.SpaceHeld = false;
+  ResetStartItems();
+}
+
+void Keyboard::ResetStartItems() {
   workspace_.ForEachList([](lister::ListerControl& list) { list.ResetStartItem(); });
 }
 

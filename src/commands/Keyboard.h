@@ -35,12 +35,16 @@ class Keyboard {
   void KeyDown(int code, int shift);
   // Any key: the next one may act.
   void KeyUp();
+  // The window is active again, and keys may have come up elsewhere. What is down now: Space, or
+  // any key but Ctrl, Alt and the like.
+  void Activated(bool spaceIsDown, bool anyIsDown);
 
  private:
   struct Row;
   static const Row Rows[];
 
   void Handle(int code, int shift);
+  void ResetStartItems();
   void Rename(int shift);
   void Help(int shift);
   void SelectAll(int shift);

@@ -14,6 +14,7 @@ bool IsTyping(QEvent::Type type) {
     case QEvent::ShortcutOverride:
     case QEvent::InputMethod:
     case QEvent::InputMethodQuery:
+    case QEvent::ContextMenu:
       return true;
     default:
       return false;

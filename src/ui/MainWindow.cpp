@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QScreen>
 #include <algorithm>
 #include <cstddef>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "lister/ListInput.h"
+#include "ui/KeyPlaces.h"
 #include "ui/Place.h"
 #include "ui/Shades.h"
 #include "ui/WindowKeys.h"
@@ -96,12 +98,9 @@ void MainWindow::BindKeys() {
   const auto bind = [this](const QKeySequence& key, auto act) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, act);
   };
-  const auto enter = [this](lister::ListId (*listOf)(int)) {
-    const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
-    if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
-  };
-  bind(QKeySequence::Find, [enter] { enter(&lister::FileListOf); });
-  bind(Qt::Key_F4, [enter] { enter(&lister::FolderListOf); });
+  bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
+  bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
+  bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
   bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
 }
 
@@ -262,6 +261,20 @@ void MainWindow::NoteFocus() {
   escape_->setEnabled(form_.ActiveControl != "cboCommand");
 }
 
+void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
+  const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
+  if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
+}
+
+// What the menu key does, which keyboards may lack.
+void MainWindow::PressMenuKey() {
+  QWidget* const focus = focusWidget();
+  if (focus == nullptr) return;
+  const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+  QCoreApplication::sendEvent(focus, &event);
+}
+
 // The form wants the keyboard off its controls. What is typed is for the active list, which may
 // have it already.
 void MainWindow::TakeKeyboard() {
@@ -319,6 +332,10 @@ bool MainWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowBlocked) {
     surface_->EndDrag();
   }
+  if (event->type() == QEvent::WindowActivate && !IsClosed()) {
+    const KeysDown down = QueryKeysDown();
+    master_.Activated(down.Space, down.Any);
+  }
   if (event->type() == QEvent::Hide) {
     for (DragBar* const bar : bars_) bar->hide();
   }
@@ -329,6 +346,12 @@ void MainWindow::moveEvent(QMoveEvent* event) {
   NotePlace();
   SyncDrag();
   QMainWindow::moveEvent(event);
+}
+
+// Shortcuts know the letters of the layout alone.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Find)) return EnterControls(&lister::FileListOf);
+  QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

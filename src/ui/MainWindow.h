@@ -39,6 +39,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void BindKeys();
@@ -47,6 +48,8 @@ class MainWindow : public QMainWindow, public FormWindow {
   void InsideResized();
   void NoteFocus();
   void TakeKeyboard();
+  void EnterControls(lister::ListId (*listOf)(int));  // of the active pane's list
+  void PressMenuKey();
   bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
   bool HasKeyboard(lister::ListId list) const;
   QWidget* Typist() const;

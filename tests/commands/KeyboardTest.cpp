@@ -79,6 +79,15 @@ TEST_F(KeyboardTest, ActsByItsTableAndOnceForAHeldKey) {
       }
     }
   }
+  // What came up in another window is not held any more.
+  for (const bool down : {true, false}) {
+    Space.SpaceHeld = true;
+    Keys.KeyUp();
+    EXPECT_EQ(Press('K', ShiftDown), "held");
+    Keys.Activated(down, down);
+    EXPECT_EQ(Press('C', CtrlDown), down ? "held" : "menu1 armed");
+    EXPECT_EQ(Space.SpaceHeld, down);
+  }
   Space.Form.ActiveControl = "cboCommand";
   Keys.KeyUp();
   for (const int code : {int{lister::EscapeKey}, int{lister::DeleteKey}, int{'A'}}) {

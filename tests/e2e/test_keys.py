@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import Atspi, EndToEndTest, keys, run, wait_for
+from harness import Atspi, Control, EndToEndTest, click_close, keys, run, wait_for
 
 
 class KeysTest(EndToEndTest):
@@ -43,6 +43,33 @@ class KeysTest(EndToEndTest):
         wait_for("the size of the folder", lambda: "4,321" in [
             Atspi.Table.get_accessible_at(files.node, 0, column).get_name()
             for column in range(Atspi.Table.get_n_columns(files.node))])
+
+        # Commands go by the places of the keys where a layout has no Latin letters (A, then F).
+        run("setxkbmap", "ru")
+        self.addCleanup(run, "setxkbmap", "us")
+        keys("ctrl+38")
+        wait_for("all to be selected", lambda: "2 selected" in program.status("files"))
+        keys("ctrl+41")
+        wait_for("the keyboard to be in the filter", lambda: field.has("FOCUSED"))
+        keys("Escape")
+        run("setxkbmap", "us")
+
+        # What comes up elsewhere is not held any more: Space by the arrows, Shift by the commands.
+        def visit(title, *down):
+            run("xdotool", *down)
+            dialog = wait_for(title, lambda: program.look(title, Atspi.Role.DIALOG))
+            wait_for("it to be active", lambda: not program.window())
+            run("xdotool", "keyup", "space", "keyup", "shift")
+            click_close(Control(dialog))
+            wait_for("the main window to be active", program.window)
+
+        files.row("deep").click(x=60)
+        visit("Rename...", "keydown", "space", "key", "F2")
+        keys("Home", "Down")
+        wait_for("the file alone to be selected",
+                 lambda: "1 selected, 1 byte." in program.status("files"))
+        visit("File Operation...", "keydown", "shift", "key", "Delete")
+        visit("Rename...", "key", "F2")
 
         # The menu by its access keys; the toolbar is one stop, with arrows from there.
         keys("alt+p", "5")

@@ -15,10 +15,12 @@ class MenuTest(EndToEndTest):
         return set(run("xdotool", "search", "--onlyvisible", "--pid",
                        program.process.pid).split())
 
-    def choose(self, program, control, *names):
-        """Right click on the control, then the keys in the menu."""
+    def choose(self, program, control, *names, by=None):
+        """Right click on the control, or left click and that key, then the keys in the menu."""
         windows = self.windows(program)
-        control.click(x=24, button=3)
+        control.click(x=24, button=1 if by else 3)
+        if by:
+            keys(by)
         menu = wait_for("the menu", lambda: self.windows(program) - windows)
         keys(*names)
         # What was chosen may open a window of its own at once.
@@ -56,7 +58,7 @@ class MenuTest(EndToEndTest):
         keys("BackSpace")
         self.wait_path(program, self.home)
 
-        self.choose(program, row("one.txt"), "c")
+        self.choose(program, row("one.txt"), "c", by="shift+F10")
         self.choose(program, row("inner"), "p")
         wait_for("the pasted file", lambda: (self.home / "inner/one.txt").exists())
         self.choose(program, row(twin), "d")
