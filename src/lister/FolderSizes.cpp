@@ -24,6 +24,7 @@ struct FolderSizes::Job {
   FolderSizes::Standing Standing = FolderSizes::Standing::Going;
   std::size_t Done = 0;
   FolderTotal Sum;             // of the folders that are done
+  platform::CountedFiles Counted;
   FolderTotal Current;         // of the one that is being measured, so far
   std::uint64_t Troubled = 0;  // folders that could not be read to their end
   std::string Trouble;         // what was wrong with the first of them
@@ -32,7 +33,7 @@ struct FolderSizes::Job {
 namespace {
 
 void Add(FolderTotal& sum, const FolderTotal& other) {
-  sum.Bytes += other.Bytes;
+  sum.Bytes += other.Bytes - other.RepeatedBytes;
   sum.Files += other.Files;
   sum.Folders += other.Folders;
 }
@@ -118,6 +119,7 @@ void FolderSizes::Measure(Job& job, const Target& folder) {
   const platform::FileSystem& files = list_.Services.Files;
   platform::ItemAttributes attributes;
   FolderTotal total;
+  total.Counted = &job.Counted;
   base::Status status = files.ReadAttributes(folder.Path, "", attributes);
   if (status) {
     const auto goOn = [&](const FolderTotal& soFar) {

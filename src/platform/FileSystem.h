@@ -11,6 +11,7 @@
 
 #include "base/PathSyntax.h"
 #include "base/Status.h"
+#include "platform/CountedFiles.h"
 
 namespace tarnwell::platform {
 
@@ -77,6 +78,10 @@ struct FolderTotal {
   std::uint64_t Folders = 0;
   std::uint64_t Unreadable = 0;  // folders and items that could not be looked at
   base::Status Trouble;          // the reason of the first of them
+  // Kept by the caller over several walks; null where there is but one.
+  CountedFiles* Counted = nullptr;
+  std::uint64_t RepeatedBytes = 0;   // of Bytes: what is in Counted from earlier walks
+  std::uint64_t RepeatedOnDisk = 0;  // the same of OnDisk
 };
 
 struct Space {

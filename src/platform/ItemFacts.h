@@ -29,6 +29,7 @@ struct ItemFacts {
   std::string Group;
   std::uint32_t Mode = 0;       // POSIX permission bits with the three special ones, 07777
   std::uint64_t HardLinks = 1;  // names that the item has
+  FileIdentity Identity;
   std::string WhyFixed;  // why this user cannot change the permissions; empty where he can try
 };
 

@@ -3,6 +3,7 @@
 namespace tarnwell::ui {
 namespace {
 
+using platform::CountedFiles;
 using platform::FolderTotal;
 using platform::ItemFacts;
 using platform::ItemKind;
@@ -25,8 +26,8 @@ void AddMode(ItemsSummary& summary, const ItemFacts& facts) {
 }
 
 FolderTotal Sum(FolderTotal one, const FolderTotal& other) {
-  one.Bytes += other.Bytes;
-  one.OnDisk += other.OnDisk;
+  one.Bytes += other.Bytes - other.RepeatedBytes;
+  one.OnDisk += other.OnDisk - other.RepeatedOnDisk;
   one.Files += other.Files;
   one.Folders += other.Folders;
   one.Unreadable += other.Unreadable;
@@ -36,7 +37,7 @@ FolderTotal Sum(FolderTotal one, const FolderTotal& other) {
 
 }  // namespace
 
-void AddTo(ItemsSummary& summary, const ItemFacts& facts) {
+void AddTo(ItemsSummary& summary, const ItemFacts& facts, CountedFiles& counted) {
   AddMode(summary, facts);
   if (summary.Count++ == 0) summary.First = facts;
   const ItemFacts& first = summary.First;
@@ -50,7 +51,7 @@ void AddTo(ItemsSummary& summary, const ItemFacts& facts) {
     return;
   }
   ++summary.Files;
-  if (facts.IsLink) return;
+  if (facts.IsLink || (facts.HardLinks > 1 && !counted.Add(facts.Identity))) return;
   summary.Bytes += facts.Size;
   summary.OnDisk += facts.SizeOnDisk;
 }
@@ -59,6 +60,7 @@ FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspe
                     const std::vector<std::string>& paths, bool counts) {
   return [&files, &inspector, &paths, counts](Worker<FactsNote>::Talk& talk) {
     ItemsSummary summary;
+    CountedFiles counted;
     std::vector<std::string> folders;
     for (const std::string& path : paths) {
       if (!talk.GoesOn()) return;
@@ -67,7 +69,7 @@ FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspe
         summary.Unread.push_back({path, status});
         continue;
       }
-      AddTo(summary, facts);
+      AddTo(summary, facts, counted);
       if (IsFolder(facts)) folders.push_back(path);
     }
     inspector.ReadVolume(paths.front(), summary.Volume);
@@ -87,6 +89,7 @@ FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspe
     if (!counts) return;
     for (const std::string& folder : folders) {
       FolderTotal own;
+      own.Counted = &counted;
       const auto tell = [&](const FolderTotal& soFar) {
         talk.Tell([&](FactsNote& note) { note.Total = Sum(total, soFar); });
         return talk.GoesOn();

@@ -34,8 +34,9 @@ struct ItemsSummary {
   std::vector<platform::PermissionTrouble> Unread;
 };
 
-// `facts` are those of one more item.
-void AddTo(ItemsSummary& summary, const platform::ItemFacts& facts);
+// `facts` are those of one more item; a file in `counted` adds no bytes.
+void AddTo(ItemsSummary& summary, const platform::ItemFacts& facts,
+           platform::CountedFiles& counted);
 
 struct FactsNote {
   bool HasSummary = false;

@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/CountedFiles.h"
+
 namespace tarnwell::platform {
 
 struct ItemIdentity {
@@ -26,6 +28,9 @@ struct HashItemIdentity {
 
 inline ItemIdentity IdentityOf(const struct statx& found) {
   return {found.stx_dev_major, found.stx_dev_minor, found.stx_ino};
+}
+inline FileIdentity FileIdentityOf(const struct statx& found) {
+  return {std::uint64_t{found.stx_dev_major} << 32 | found.stx_dev_minor, found.stx_ino};
 }
 
 // Looks at an item without following or mounting anything; an empty name means the open item

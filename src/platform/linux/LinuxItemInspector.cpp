@@ -19,6 +19,7 @@
 #include "base/PathSyntax.h"
 #include "base/Text.h"
 #include "platform/linux/GioObject.h"
+#include "platform/linux/ItemIdentity.h"
 #include "platform/linux/ItemPermissions.h"
 #include "platform/linux/ItemStat.h"
 #include "platform/linux/ReachedPath.h"
@@ -133,6 +134,7 @@ base::Status LinuxItemInspector::ReadFacts(const std::string& path, ItemFacts& f
   facts.Group = NameOf<group>(found.stx_gid, getgrgid_r, &group::gr_name);
   facts.Mode = found.stx_mode & 07777U;
   facts.HardLinks = found.stx_nlink;
+  facts.Identity = FileIdentityOf(found);
   facts.WhyFixed = WhyFixed(found, facts.Owner);
   if (!facts.IsBroken) ReadType(plain, facts);
   if (!facts.WhyFixed.empty()) return {};

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -79,9 +78,17 @@ class Walk {
     }
     ++total_.Files;
     if (type != S_IFREG) return;
-    if (found.stx_nlink > 1 && !counted_.insert(IdentityOf(found)).second) return;
+    const std::uint64_t onDisk = found.stx_blocks * blockSize;
+    if (found.stx_nlink > 1) {
+      const FileIdentity file = FileIdentityOf(found);
+      if (!counted_.Add(file)) return;
+      if (total_.Counted != nullptr && !total_.Counted->Add(file)) {
+        total_.RepeatedBytes += found.stx_size;
+        total_.RepeatedOnDisk += onDisk;
+      }
+    }
     total_.Bytes += found.stx_size;
-    total_.OnDisk += found.stx_blocks * blockSize;
+    total_.OnDisk += onDisk;
   }
 
   // Looks at an item without following or mounting anything.
@@ -139,7 +146,7 @@ class Walk {
   std::string names_;
   std::vector<std::size_t> firstNames_;  // where those of each folder begin
   FolderBuffer buffer_;
-  std::unordered_set<ItemIdentity, HashItemIdentity> counted_;  // files with several names
+  CountedFiles counted_;  // in this walk
   int sinceCall_ = 0;
   bool stopped_ = false;
 };

@@ -258,6 +258,15 @@ TEST(LinuxFileSystem, MeasuresEachFileOnceAndLinksNever) {
   EXPECT_EQ(total.Bytes, 15U);
   EXPECT_EQ(total.OnDisk, BytesOnDisk(folder / "ten") + BytesOnDisk(folder / "a/b/five"));
   EXPECT_TRUE(total.Files == 6 && total.Folders == 4 && total.Unreadable == 0);
+  CountedFiles counted;
+  for (const char* name : {"a", "a/c"}) {
+    total = {};
+    total.Counted = &counted;
+    EXPECT_TRUE(files.MeasureFolder(
+        folder / name, [](const FolderTotal&) { return true; }, total));
+    EXPECT_EQ(total.RepeatedBytes, std::string(name) == "a" ? 0U : 10U);
+  }
+  EXPECT_EQ(total.Bytes, 10U);
   chmod((folder / "a/b").c_str(), 0);
   EXPECT_EQ(InChild([&] {
               BecomeNobody();
