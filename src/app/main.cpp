@@ -94,8 +94,9 @@ int main(int argc, char** argv) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
-  platform::LinuxLauncher launcher({dialogs, itemWindows});
-  platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, drives});
+  platform::LinuxLauncher launcher({dialogs, itemWindows, forms});
+  platform::LinuxContextMenu contextMenu(
+      {clipboard, operation, dialogs, itemWindows, drives, forms});
 
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
                                   launcher, operation, contextMenu, popups, forms},

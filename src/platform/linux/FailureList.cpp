@@ -21,8 +21,8 @@ void FailureList::Add(const std::string& path, const base::Status& status) {
 void FailureList::Show(Dialogs& dialogs, const std::string& what) const {
   if (count_ == 0) return;
   std::string text = first_ + " " + what + ".\n\n" + reason_;
-  if (count_ > 1) text = std::to_string(count_) + " items " + what + ":\n" + lines_;
-  if (count_ > mostTold) text += "\n... and " + std::to_string(count_ - mostTold) + " more";
+  if (count_ > 1) text = forms_.Grouped(count_) + " items " + what + ":\n" + lines_;
+  if (count_ > mostTold) text += "\n... and " + forms_.Grouped(count_ - mostTold) + " more";
   dialogs.ShowCritical("Tarnwell", text);
 }
 

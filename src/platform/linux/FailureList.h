@@ -6,11 +6,14 @@
 
 #include "base/Status.h"
 #include "platform/Dialogs.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::platform {
 
 class FailureList {
  public:
+  explicit FailureList(const NumberForms& forms) : forms_(forms) {}
+
   // A success is not noted.
   void Add(const std::string& path, const base::Status& status);
   // Names the items and the reasons; nothing is shown where nothing failed. `what` follows a name:
@@ -18,6 +21,7 @@ class FailureList {
   void Show(Dialogs& dialogs, const std::string& what) const;
 
  private:
+  const NumberForms& forms_;
   std::string lines_;  // about the first of them
   std::string first_;  // the name of the first, and its reason
   std::string reason_;

@@ -7,6 +7,7 @@
 #include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "platform/ItemWindows.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::platform {
 
@@ -17,6 +18,7 @@ struct MenuTools {
   platform::Dialogs& Dialogs;
   ItemWindows& Windows;
   const platform::Drives& Drives;
+  const NumberForms& Forms;
 };
 
 // Open, Open With, Cut, Copy, Paste, Create Shortcut, Delete and Properties, each where it makes

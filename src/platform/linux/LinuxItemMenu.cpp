@@ -144,7 +144,7 @@ bool LinuxItemMenu::IsOneFolder() const {
 void LinuxItemMenu::Invoke(int offset) {
   const auto at = static_cast<std::size_t>(offset);
   if (offset < 0 || at >= actions_.size()) return;
-  FailureList failures;
+  FailureList failures(tools_.Forms);
   switch (actions_[at].Verb) {
     case MenuVerb::None:
       break;
@@ -163,7 +163,7 @@ void LinuxItemMenu::Invoke(int offset) {
           {.Items = JoinItems(paths_), .IsCut = actions_[at].Verb == MenuVerb::Cut});
       break;
     case MenuVerb::Paste:
-      PasteFiles(paths_.front(), tools_.Clipboard, tools_.Operation, tools_.Dialogs);
+      PasteFiles(paths_.front(), tools_.Clipboard, tools_.Operation, tools_.Dialogs, tools_.Forms);
       break;
     case MenuVerb::CreateShortcut:
       LinkItems(folder_, names_, failures);
@@ -189,13 +189,13 @@ std::vector<std::string> LinuxItemMenu::ItemsThere(FailureList& failures) const 
 }
 
 void LinuxItemMenu::Open() {
-  FailureList failures;
+  FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
   if (IsOneFolder() && !found.empty()) {
     tools_.Windows.OpenFolder(found.front());
   } else {
     for (const LaunchFailure& failure :
-         OpenItems(found, folder_, {tools_.Dialogs, tools_.Windows})) {
+         OpenItems(found, folder_, {tools_.Dialogs, tools_.Windows, tools_.Forms})) {
       failures.Add(failure.Path, failure.Status);
     }
   }
@@ -203,9 +203,10 @@ void LinuxItemMenu::Open() {
 }
 
 void LinuxItemMenu::OpenWith(GAppInfo* application) {
-  FailureList failures;
+  FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
-  if (!found.empty() && AskAboutMany(found.size(), tools_.Dialogs)) {
+  if (!found.empty() &&
+      AskAboutMany(found.size(), {tools_.Dialogs, tools_.Windows, tools_.Forms})) {
     const base::Status status = Launch(application, found);
     for (const std::string& path : found) failures.Add(path, status);
   }
@@ -242,10 +243,11 @@ void LinuxItemMenu::ChooseApplication() {
 }
 
 void LinuxItemMenu::RunCommand(const std::string& command) {
-  FailureList failures;
+  FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
   failures.Show(tools_.Dialogs, notOpened);
-  if (found.empty() || !AskAboutMany(found.size(), tools_.Dialogs)) return;
+  if (found.empty() || !AskAboutMany(found.size(), {tools_.Dialogs, tools_.Windows, tools_.Forms}))
+    return;
   const base::Status status = OpenWithCommand(command, found, folder_);
   if (!status) Tell(command, "could not be started", status);
 }
@@ -257,8 +259,9 @@ void LinuxItemMenu::Tell(const std::string& name, const std::string& what,
 }
 
 void LinuxItemMenu::Trash() {
-  const std::string what = paths_.size() == 1 ? QuotedName(paths_.front())
-                                              : "these " + std::to_string(paths_.size()) + " items";
+  const std::string what = paths_.size() == 1
+                               ? QuotedName(paths_.front())
+                               : "these " + tools_.Forms.Grouped(paths_.size()) + " items";
   // Yes is the usual answer: what is in the trash can be brought back.
   const std::string question = "Do you want to move " + what + " to the trash?";
   if (!tools_.Dialogs.AskYesNo("Delete", question, true)) return;

@@ -77,9 +77,10 @@ void OpenDocuments(const std::vector<const Item*>& documents,
 
 }  // namespace
 
-bool AskAboutMany(std::size_t count, Dialogs& dialogs) {
+bool AskAboutMany(std::size_t count, const OpenTools& tools) {
   return count <= mostUnasked ||
-         dialogs.AskYesNo("Open", "Do you want to open these " + std::to_string(count) + " items?");
+         tools.Dialogs.AskYesNo(
+             "Open", "Do you want to open these " + tools.Forms.Grouped(count) + " items?");
 }
 
 std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
@@ -98,7 +99,7 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
   StartIn where = StartIn::Fitting;
   bool opensPrograms = false;
   if (question.Programs.empty()) {
-    if (!AskAboutMany(items.size(), tools.Dialogs)) return failures;
+    if (!AskAboutMany(items.size(), tools)) return failures;
   } else if (paths.size() > 1 || !StartsUnasked(items.front())) {
     const RunChoice choice = tools.Windows.AskRun(question);
     if (choice == RunChoice::Cancel) return failures;

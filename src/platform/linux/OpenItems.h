@@ -9,6 +9,7 @@
 #include "platform/Dialogs.h"
 #include "platform/ItemWindows.h"
 #include "platform/Launcher.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::platform {
 
@@ -16,10 +17,11 @@ namespace tarnwell::platform {
 struct OpenTools {
   platform::Dialogs& Dialogs;
   ItemWindows& Windows;
+  const NumberForms& Forms;
 };
 
 // More than thirty items may mean as many programs at once: whether the user wants that.
-bool AskAboutMany(std::size_t count, Dialogs& dialogs);
+bool AskAboutMany(std::size_t count, const OpenTools& tools);
 
 // Opens each of the items with its own default application, those of one application together;
 // programs start in the folder, after a question. Only one that is opened alone, and is part of the

@@ -59,18 +59,18 @@ void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool 
 }  // namespace
 
 void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperation& operation,
-                Dialogs& dialogs) {
+                Dialogs& dialogs, const NumberForms& forms) {
   const ClipboardFiles files = clipboard.Get();
   if (files.Items.empty() && files.Foreign == 0) return;
   ItemIdentity identity;
   if (const int error = LookAtFolder(folder, identity); error != 0) {
-    FailureList failures;
+    FailureList failures(forms);
     failures.Add(folder, SystemError(error));
     failures.Show(dialogs, "could not be opened to paste there");
     return;
   }
   FolderTest target(identity);
-  FailureList nameless;
+  FailureList nameless(forms);
   std::vector<std::string> fromHere, fromElsewhere;
   for (std::string& path : SplitItemList(files.Items)) {
     if (base::PathSyntax::Posix().LastComponent(path).empty()) {
@@ -98,9 +98,9 @@ void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperati
   nameless.Show(dialogs, "could not be pasted");
   if (files.Foreign == 0) return;
   dialogs.ShowCritical(
-      "Tarnwell", (files.Foreign == 1
-                       ? "One item on the clipboard is no file"
-                       : std::to_string(files.Foreign) + " items on the clipboard are no files") +
+      "Tarnwell", (files.Foreign == 1 ? "One item on the clipboard is no file"
+                                      : forms.Grouped(static_cast<std::uint64_t>(files.Foreign)) +
+                                            " items on the clipboard are no files") +
                       std::string(" of this computer and cannot be pasted."));
 }
 

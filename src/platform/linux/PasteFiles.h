@@ -6,6 +6,7 @@
 #include "platform/Dialogs.h"
 #include "platform/FileClipboard.h"
 #include "platform/FileOperation.h"
+#include "platform/NumberForms.h"
 
 namespace tarnwell::platform {
 
@@ -14,6 +15,6 @@ namespace tarnwell::platform {
 // cut ones stay. Tells of what is no file of this computer. Nothing on the clipboard: nothing
 // happens.
 void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperation& operation,
-                Dialogs& dialogs);
+                Dialogs& dialogs, const NumberForms& forms);
 
 }  // namespace tarnwell::platform

@@ -83,7 +83,8 @@ class LinuxContextMenuTest : public testing::Test {
   fakes::FakeFileOperation Operation;
   NotedDialogs Dialogs;
   NotedWindows Windows;
-  LinuxContextMenu Menus{{Clipboard, Operation, Dialogs, Windows, Drives}};
+  fakes::FakeNumberForms Forms;
+  LinuxContextMenu Menus{{Clipboard, Operation, Dialogs, Windows, Drives, Forms}};
   std::vector<ContextEntry> Entries;
 };
 

@@ -8,6 +8,7 @@
 
 #include "NotedWindows.h"
 #include "TestDesktop.h"
+#include "fakes/FakePlatform.h"
 #include "platform/linux/FileOpener.h"
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/StartProgram.h"
@@ -25,7 +26,8 @@ class LinuxLauncherTest : public testing::Test {
  protected:
   NotedDialogs Dialogs;
   NotedWindows Windows;
-  LinuxLauncher Launcher{{Dialogs, Windows}};
+  fakes::FakeNumberForms Forms;
+  LinuxLauncher Launcher{{Dialogs, Windows, Forms}};
 };
 
 TEST_F(LinuxLauncherTest, OpensDocumentsAndAddresses) {
