@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxFolderWatch.h"
 
-#include <gio/gio.h>
+#include <glib.h>
 #include <sys/inotify.h>
 
 #include <set>
@@ -8,9 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/linux/GioObject.h"
 #include "platform/linux/GuardedCall.h"
-#include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/NoticeQueue.h"
 #include "platform/linux/ReachedPath.h"
 
@@ -19,14 +17,6 @@ namespace {
 
 constexpr guint delay = 200;             // milliseconds from the first change of a run to the call
 constexpr std::size_t mostNames = 1000;  // reading more of them one by one costs more than all
-
-bool IsRemote(const std::string& folder) {
-  const char* const attribute = G_FILE_ATTRIBUTE_FILESYSTEM_REMOTE;
-  const GioObject<GFile> file(g_file_new_for_path(folder.c_str()));
-  const GioObject<GFileInfo> info(
-      g_file_query_filesystem_info(file.get(), attribute, nullptr, nullptr));
-  return info && g_file_info_get_attribute_boolean(info.get(), attribute) != FALSE;
-}
 
 class QueueWatch : public Watch, private NoticeTaker {
  public:
@@ -98,8 +88,7 @@ class QueueWatch : public Watch, private NoticeTaker {
 
 std::unique_ptr<Watch> LinuxFolderWatch::Start(const std::string& folder,
                                                FolderWatch::Changed changed) {
-  if (!LinuxFileSystem().FolderExists(folder) || IsRemote(folder)) return nullptr;
-  if (!queue_) queue_ = std::make_shared<NoticeQueue>();
+  if (!queue_ || !queue_->IsOpen()) queue_ = std::make_shared<NoticeQueue>();
   auto watch = std::make_unique<QueueWatch>(queue_, folder, std::move(changed));
   if (!watch->IsWatching()) return nullptr;
   return watch;

@@ -13,7 +13,6 @@ class NoticeQueue;
 
 // Reports from the default main context of GLib, 200 ms after the first of a run of changes, with
 // the names up to a thousand and Everything beyond. A Watch may be destroyed within its own call.
-// Folders on other machines are not watched, since changes made there go unnoticed here.
 //
 // Not by GIO's monitors: those share what they know by path, so that two of one folder by different
 // paths fall silent with the first that ends, and a path that leads elsewhere by now is not seen.

@@ -32,6 +32,9 @@ class NoticeQueue {
   NoticeQueue& operator=(const NoticeQueue&) = delete;
   ~NoticeQueue();
 
+  // False where the system has no more queues to give.
+  bool IsOpen() const { return static_cast<bool>(queue_); }
+
   // The number of the folder, for Remove; -1 where it cannot be watched.
   int Add(std::string_view folder, NoticeTaker& taker);
   void Remove(int number, const NoticeTaker& taker);

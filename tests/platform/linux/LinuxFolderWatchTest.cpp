@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "TempFolder.h"
+#include "platform/linux/LinuxFolderStamps.h"
 #include "platform/linux/LinuxFolderWatch.h"
 
 // The adapter keeps GLib to itself; the event loop is all that a test needs of it.
@@ -149,6 +150,30 @@ TEST(LinuxFolderWatch, MayEndWithinItsOwnCallOrWithOneUnderWay) {
   EXPECT_FALSE(RunUntil([&] { return calls > 1; }, 500ms));
   EXPECT_EQ(LinuxFolderWatch().Start(folder / "missing", [](const FolderChanges&) {}), nullptr);
   EXPECT_EQ(LinuxFolderWatch().Start(folder / "file", [](const FolderChanges&) {}), nullptr);
+}
+
+TEST(LinuxFolderStamps, TellFoldersApartAndFromWhatTheyWere) {
+  const TempFolder folder;
+  const std::string one = folder / "one", link = folder / "link", none = one + "/file/none";
+  mkdir(one.c_str(), 0755);
+  symlink("one", link.c_str());
+  LinuxFolderStamps stamps;
+  const FolderStamp before = stamps.Read(one);
+  EXPECT_EQ(stamps.ReadFacts(link).Stamp, before);
+  EXPECT_TRUE(stamps.ReadFacts(link).IsByLink && !stamps.ReadFacts(one).IsByLink);
+  EXPECT_FALSE(stamps.Read(folder.Path()).IsSameFolder(before));
+  RunUntil([&] { return Put(one + "/file", ""), stamps.Read(one) != before; });
+  EXPECT_TRUE(stamps.Read(one).IsSameFolder(before));
+  EXPECT_TRUE(stamps.ReadFacts(none).IsLocal && !stamps.Read(none).IsThere);
+
+  std::vector<FolderStamp> told;
+  stamps.Ask({one}, [](const auto&) { ADD_FAILURE(); }).reset();
+  std::unique_ptr<StampRequest> request = stamps.Ask({one, none}, [&](const auto& found) {
+    request.reset();
+    told = found;  // what the call holds outlives the request
+  });
+  EXPECT_TRUE(RunUntil([&] { return !told.empty(); }));
+  EXPECT_EQ(told, (std::vector{stamps.Read(one), FolderStamp()}));
 }
 
 }  // namespace

@@ -1,0 +1,44 @@
+#include "platform/linux/VolumeKind.h"
+
+#include <gio/gunixmounts.h>
+#include <linux/magic.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/vfs.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "platform/linux/DriveRules.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// Types of file systems, from linux/magic.h.
+constexpr std::array<std::uint32_t, 10> shares = {
+    NFS_SUPER_MAGIC,  SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC, SMB2_SUPER_MAGIC, NCP_SUPER_MAGIC,
+    CODA_SUPER_MAGIC, AFS_SUPER_MAGIC, AFS_FS_MAGIC,     CEPH_SUPER_MAGIC, V9FS_MAGIC};
+
+// Programs serve all kinds of volumes by FUSE; only the type of the mount tells which. One of a
+// block device is a disk's. One that nothing is known of may hang.
+bool IsLocalFuse(const Descriptor& folder, const std::string& path) {
+  struct stat found {};
+  if (fstat(folder.Get(), &found) == 0 && major(found.st_dev) != 0) return true;
+  const std::unique_ptr<GUnixMountEntry, decltype(&g_unix_mount_free)> mount(
+      g_unix_mount_for(path.c_str(), nullptr), &g_unix_mount_free);
+  return mount && !IsShareType(g_unix_mount_get_fs_type(mount.get()));
+}
+
+}  // namespace
+
+bool IsLocalVolume(const Descriptor& folder, const std::string& path) {
+  struct statfs found {};
+  if (fstatfs(folder.Get(), &found) != 0) return false;
+  const auto type = static_cast<std::uint32_t>(found.f_type);
+  if (type == FUSE_SUPER_MAGIC) return IsLocalFuse(folder, path);
+  return std::ranges::count(shares, type) == 0;
+}
+
+}  // namespace tarnwell::platform
