@@ -11,6 +11,7 @@
 #include "platform/linux/LinuxContextMenu.h"
 #include "platform/linux/LinuxDrives.h"
 #include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/LinuxFolderStamps.h"
 #include "platform/linux/LinuxFolderWatch.h"
 #include "platform/linux/LinuxItemInspector.h"
 #include "platform/linux/LinuxLauncher.h"
@@ -74,6 +75,7 @@ int main(int argc, char** argv) {
   platform::LinuxFileSystem files;
   platform::LinuxDrives drives;
   platform::LinuxFolderWatch watches;
+  platform::LinuxFolderStamps stamps;
   platform::LinuxClock clock;
   platform::LinuxCollation order;
   ui::QtMessagePump pump;
@@ -99,7 +101,7 @@ int main(int argc, char** argv) {
       {clipboard, operation, dialogs, itemWindows, drives, forms});
 
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
-                                  launcher, operation, contextMenu, popups, forms},
+                                  launcher, operation, contextMenu, popups, forms, stamps},
                                  ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);

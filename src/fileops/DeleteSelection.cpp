@@ -5,6 +5,7 @@
 
 #include "fileops/ItemList.h"
 #include "fileops/popDelete.h"
+#include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
 
@@ -64,6 +65,7 @@ bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string
                  .Items = items,
                  .Destination = std::string(1, '\0'),
                  .Flags = platform::NoConfirmation});
+  lists::LookAtPanes(workspace_);
   return true;
 }
 

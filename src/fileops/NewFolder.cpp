@@ -26,7 +26,7 @@ void NewFolder::CreateNewFolder(bool byKey) {
 
 std::string NewFolder::AskOnce(lister::ListerControl& list, bool byKey,
                                const std::string& offered) {
-  const lists::WatchBracket watch(list);
+  const lists::WatchBracket watch(workspace_, list);
   std::string refused;
   try {
     if (const base::Status status = AskAndMake(list, byKey, offered); !status) {

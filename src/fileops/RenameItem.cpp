@@ -13,7 +13,7 @@ namespace tarnwell::fileops {
 void RenameCommand::RenameItem(bool byKey) {
   lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
   if (list == nullptr) return;
-  const lists::WatchBracket watch(*list);
+  const lists::WatchBracket watch(workspace_, *list);
   fields_.DialogResult.clear();
   std::string folder, name;
   std::int32_t kind = 0;
@@ -27,7 +27,7 @@ void RenameCommand::RenameItem(bool byKey) {
 
 std::string RenameCommand::AskOnce(lister::ListerControl& list, const std::string& folder,
                                    const std::string& name, const std::string& offered) {
-  const lists::WatchBracket watch(list);
+  const lists::WatchBracket watch(workspace_, list);
   std::string refused;
   try {
     if (const base::Status status = AskAndRename(list, folder, name, offered); !status) {

@@ -27,11 +27,12 @@ struct FileListState {
   std::function<void()> AfterStop;    // the user has ended a read
 
   // For the status line.
-  std::string Progress;   // what is being read and how far; empty when nothing is
-  std::string Trouble;    // why not all of the folder is there
-  std::string Note;       // what the program has to tell, until another folder is read
-  std::string Reason;     // why an item could not be looked at
-  platform::Space Space;  // of the volume; Total is 0 where that is not known
+  std::string Progress;    // what is being read and how far; empty when nothing is
+  std::string Trouble;     // why not all of the folder is there
+  std::string Note;        // what the program has to tell, until another folder is read
+  std::string Reason;      // why an item could not be looked at
+  std::string Unfollowed;  // the folder in which it is told that changes are not followed, or empty
+  platform::Space Space;   // of the volume; Total is 0 where that is not known
 
   // The view's calls on the rows of the root.
   ListerView& View() { return List.View(); }

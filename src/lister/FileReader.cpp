@@ -194,6 +194,7 @@ void FileReader::Read() {
 
   files_.Trouble = status ? "" : CannotRead(folder, status);
   files_.Reason.clear();
+  MindUnfollowed(folder);
   details_.Forget();
   ShowNames(std::move(fresh), std::move(partners));
   if (!files_.List.Services.Files.ReadSpace(folder, files_.Space)) files_.Space = {};
@@ -203,6 +204,15 @@ void FileReader::Read() {
   files_.Progress.clear();
   ShowSummary(files_);
   MindChanges(clock.Ticks() - start);
+}
+
+// Told once: in the first folder of those in a row.
+void FileReader::MindUnfollowed(const std::string& folder) {
+  if (follower_.Follows(folder)) {
+    files_.Unfollowed.clear();
+  } else if (!follower_.IsStopped() && files_.Trouble.empty() && files_.Unfollowed.empty()) {
+    files_.Unfollowed = folder;
+  }
 }
 
 base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {

@@ -55,6 +55,7 @@ class FileReader {
   // By the keys that hold when it is done. False when a newer load has come meanwhile.
   bool SortFresh(ReadJob& job, FileRows& fresh);
   FileRows::GoOn SortPace(ReadJob& job);
+  void MindUnfollowed(const std::string& folder);
   void ReadDetails(ReadJob& job);
   void ClearFor(const std::string& folder);
   void ShowNames(FileRows&& fresh, std::vector<RowId> partners);

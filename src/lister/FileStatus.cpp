@@ -56,6 +56,9 @@ std::string FileSummary(const FileListState& files) {
   Append(text, Selected(forms, totals));
   if (!files.Progress.empty()) return text;
   if (!files.Reason.empty()) Append(text, Unreadable(forms, files.Rows, files.Reason));
+  if (!files.Unfollowed.empty() && files.List.Syntax.Same(files.Unfollowed, files.Rows.Folder())) {
+    Append(text, "Changes on disk are not followed here");
+  }
   if (files.Space.Total > 0) Append(text, ByteText(forms, files.Space.Free) + " free");
   return text;
 }

@@ -31,11 +31,4 @@ std::string ListState::DriveFolder(const std::string& drive) const {
   return holdsHome ? PlainPath(Syntax, home) : root;
 }
 
-std::int64_t ListState::StampOf(const std::string& folder) const {
-  platform::ItemAttributes attributes;
-  const bool isThere = Services.Files.ReadAttributes(folder, "", attributes).Code == 0;
-  if (!isThere || attributes.Kind != platform::ItemKind::Folder) return 0;
-  return attributes.Modified == 0 ? -1 : attributes.Modified;
-}
-
 }  // namespace tarnwell::lister

@@ -49,8 +49,6 @@ struct ListState {
     return (entry.IsHidden && !Control.ShowHidden) || (entry.IsSystem && !Control.ShowSystem);
   }
   std::string DriveFolder(const std::string& drive) const;
-  // As FolderFollower wants it.
-  std::int64_t StampOf(const std::string& folder) const;
 
  private:
   NoView nobody_;
@@ -61,8 +59,9 @@ class ListBody {
  public:
   explicit ListBody(ListState& state)
       : Follower(
-            state.Services.Watches, [&state](const auto& folder) { return state.StampOf(folder); },
-            [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); }),
+            state.Services.Watches, state.Services.Stamps, state.Services.Clock,
+            [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); },
+            [&state](int milliseconds) { state.View().LookLater(milliseconds); }),
         state_(state) {}
   virtual ~ListBody() = default;
 

@@ -327,8 +327,16 @@ void ListerControl::WatchResume() {
   if (!parts_->State.IsTerminated) parts_->Body->Follower.Resume();
 }
 
+void ListerControl::LookAtDisk(LookReason reason) {
+  if (parts_->State.IsTerminated) return;
+  FolderFollower& follower = parts_->Body->Follower;
+  if (!Visible || parts_->State.Services.OpenBrackets > 0) return follower.LookAgainLater();
+  follower.Look(reason);
+}
+
 void ListerControl::DrivesChanged() {
   parts_->State.View().DrivesChanged();
+  LookAtDisk(LookReason::Mounts);
   parts_->Body->DrivesChanged();
 }
 

@@ -19,6 +19,7 @@
 #include "base/Value.h"
 #include "forms/Controls.h"
 #include "lister/Comparison.h"
+#include "lister/FolderFollower.h"
 #include "lister/Headings.h"
 #include "lister/ItemColours.h"
 #include "lister/ListId.h"
@@ -27,6 +28,7 @@
 #include "platform/Clock.h"
 #include "platform/Collation.h"
 #include "platform/FileSystem.h"
+#include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
 #include "platform/Launcher.h"
 #include "platform/MessagePump.h"
@@ -43,6 +45,8 @@ struct ListerServices {
   platform::Collation& Order;
   platform::Launcher& Launcher;
   const platform::NumberForms& Forms;
+  platform::FolderStamps& Stamps;
+  const int& OpenBrackets;  // routines that run and keep the lists from following the disk
 };
 
 // The colours that a list paints itself with, each named as the property that sets it.
@@ -321,8 +325,15 @@ class ListerControl : public forms::Control {
   void WatchStop();
   void WatchResume();
 
-  // Volumes came or went: the drive list shows it, and so does the tree of a volume that is there
-  // again.
+  // Where nobody tells the list of changes on disk, since its watch was left stopped or its folder
+  // cannot be watched: looks for some, and takes them over. To be called when the list comes on
+  // show, gets the keyboard or the pointer, when its window is activated, and as LookLater says. A
+  // list that is not on show does nothing, and so does one for which a bracket is open. The list
+  // itself looks before it tells what is selected.
+  void LookAtDisk(LookReason reason);
+
+  // Volumes came or went: the drive list shows it, and so does a tree or a folder that is another
+  // one now, or is there again.
   void DrivesChanged();
 
   // --- What the widget shows. Rows are read in place; a row that does not exist gives nothing.

@@ -22,13 +22,16 @@ void ListerControl::WheelScroll(bool up) {
 }
 
 void ListerControl::PrepareSelectionMouse() {
+  LookAtDisk(LookReason::User);
   parts_->Body->Input().PrepareMouse();
 }
 void ListerControl::PrepareSelectionKeyboard() {
+  LookAtDisk(LookReason::User);
   parts_->Body->Input().PrepareKeyboard();
 }
 
 std::string ListerControl::FirstSelected() {
+  LookAtDisk(LookReason::User);
   const ListState& state = parts_->State;
   parts_->ActiveItemName.clear();
   std::int32_t position = 0;

@@ -56,6 +56,9 @@ class ListerView {
   virtual void BeginDrag() = 0;
   // ListerControl::CatchUp is to be called from the event loop once that time has passed.
   virtual void CatchUpLater(int milliseconds) = 0;
+  // ListerControl::LookAtDisk is to be called, for no reason but the time, once that has passed, in
+  // place of what was asked for before; 0: not at all. Not where the list cannot be seen.
+  virtual void LookLater(int milliseconds) = 0;
 };
 
 }  // namespace tarnwell::lister

@@ -34,6 +34,7 @@ class NoView : public ListerView {
   RowId RowUnderPointer() const override { return NoRow; }
   void BeginDrag() override {}
   void CatchUpLater(int) override {}
+  void LookLater(int) override {}
 };
 
 }  // namespace tarnwell::lister

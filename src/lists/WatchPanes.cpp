@@ -30,16 +30,37 @@ void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolder
   }
 }
 
+void LookAtPanes(workspace::Workspace& workspace) {
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const workspace::PaneRecord& record = workspace.Panes[static_cast<std::size_t>(pane)];
+    if (!record.Initialized || !record.IsOpen()) continue;
+    workspace.Lists.Folders(pane).LookAtDisk(lister::LookReason::Operation);
+    workspace.Lists.Files(pane).LookAtDisk(lister::LookReason::Operation);
+  }
+}
+
 WatchBracket::WatchBracket(workspace::Workspace& workspace, std::function<void()> resume)
-    : resume_(std::move(resume)) {
+    : workspace_(workspace), resume_(std::move(resume)) {
+  lister::ListerControl* const current = workspace.Lists.Find(workspace.CurrentList);
+  if (current != nullptr) current->LookAtDisk(lister::LookReason::User);
+  ++workspace_.OpenBrackets;
   WatchStopPanes(workspace);
 }
 
-WatchBracket::WatchBracket(lister::ListerControl& list) : resume_([&list] { list.WatchStart(); }) {}
+WatchBracket::WatchBracket(workspace::Workspace& workspace, lister::ListerControl& list)
+    : workspace_(workspace), resume_([&list] { list.WatchStart(); }) {
+  ++workspace_.OpenBrackets;
+}
 
 WatchBracket::~WatchBracket() {
   try {
     if (resume_) resume_();
+  } catch (...) {
+    // As below.
+  }
+  --workspace_.OpenBrackets;
+  try {
+    LookAtPanes(workspace_);
   } catch (...) {
     // A list tells itself what it cannot read; nothing else is to be told from here.
   }

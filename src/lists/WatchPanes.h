@@ -17,15 +17,20 @@ void WatchResumePanesAll(workspace::Workspace& workspace);
 void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolderList,
                       lister::ListId skipFileList);
 
+// After the program has changed something on disk: the lists of open panes that nobody tells of it
+// take it over.
+void LookAtPanes(workspace::Workspace& workspace);
+
 // Sees to it that lists that were stopped follow their folders again however a scope is left.
 class WatchBracket {
  public:
-  // Stops the lists of all panes. At the end `resume` runs: one of the routines above, and
-  // WatchStart of the lists that it skips. What it throws is dropped.
+  // Stops the lists of all panes; before that, the current one makes sure that it shows what is
+  // there. At the end `resume` runs: one of the routines above, and WatchStart of the lists that it
+  // skips. What it throws is dropped. The outermost bracket ends with LookAtPanes.
   WatchBracket(workspace::Workspace& workspace, std::function<void()> resume);
   // For one list, which the caller stops when the user has made up their mind. At the end
   // WatchStart.
-  explicit WatchBracket(lister::ListerControl& list);
+  WatchBracket(workspace::Workspace& workspace, lister::ListerControl& list);
   ~WatchBracket();
   WatchBracket(const WatchBracket&) = delete;
   WatchBracket& operator=(const WatchBracket&) = delete;
@@ -34,6 +39,7 @@ class WatchBracket {
   void LeaveOpen() { resume_ = {}; }
 
  private:
+  workspace::Workspace& workspace_;
   std::function<void()> resume_;
 };
 

@@ -72,7 +72,8 @@ Master::Master(const Services& services, Splash& splash)
                    list,
                    lister::ListerServices{services_.Files, services_.Drives, services_.Watches,
                                           services_.Pump, services_.Clock, services_.Order,
-                                          services_.Launcher, services_.Forms},
+                                          services_.Launcher, services_.Forms, services_.Stamps,
+                                          space_.OpenBrackets},
                    events_);
              }),
       messages_(services_.Host, space_.Form),

@@ -8,6 +8,7 @@
 #include "platform/Dialogs.h"
 #include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
+#include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
 #include "platform/Launcher.h"
 #include "platform/MessagePump.h"
@@ -32,6 +33,7 @@ struct Services {
   platform::ContextMenu& ItemMenus;
   platform::PopupMenus& Popups;
   const platform::NumberForms& Forms;
+  platform::FolderStamps& Stamps;
 };
 
 }  // namespace tarnwell::shell

@@ -67,6 +67,8 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   catchUpTimer_.setSingleShot(true);
   connect(&catchUpTimer_, &QTimer::timeout, this,
           [this] { Queue([this] { control_.CatchUp(); }); });
+  lookTimer_.setSingleShot(true);
+  connect(&lookTimer_, &QTimer::timeout, this, [this] { QueueLook(lister::LookReason::Idle); });
   ConnectTree();
   ConnectMouse();
   ConnectDrop();
@@ -327,6 +329,11 @@ void ListerWidget::CatchUpLater(int milliseconds) {
   catchUpTimer_.start(milliseconds);
 }
 
+void ListerWidget::LookLater(int milliseconds) {
+  lookTimer_.stop();
+  if (milliseconds > 0) lookTimer_.start(milliseconds);
+}
+
 void ListerWidget::SetMeasures() {
   // The bundled pictures are drawn on a grid of 16: whole eighths of a large font stay crisp.
   const int side = std::max(16, tree_->fontMetrics().height() / 8 * 8);
@@ -368,6 +375,11 @@ void ListerWidget::resizeEvent(QResizeEvent*) {
 
 void ListerWidget::showEvent(QShowEvent*) {
   if (scrollDue_) ScrollToCurrent();
+  QueueLook(lister::LookReason::User);
+}
+
+void ListerWidget::enterEvent(QEnterEvent*) {
+  QueueLook(lister::LookReason::User);
 }
 
 void ListerWidget::paintEvent(QPaintEvent*) {
@@ -379,6 +391,9 @@ void ListerWidget::paintEvent(QPaintEvent*) {
 void ListerWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange) SetMeasures();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    QueueLook(lister::LookReason::User);
+  }
 }
 
 }  // namespace tarnwell::ui

@@ -48,6 +48,7 @@ class ListerWidget : public QWidget,
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -79,6 +80,7 @@ class ListerWidget : public QWidget,
   lister::RowId RowUnderPointer() const override;
   void BeginDrag() override;
   void CatchUpLater(int milliseconds) override;
+  void LookLater(int milliseconds) override;
 
   void accessibilityActiveChanged(bool active) override;
 
@@ -97,12 +99,14 @@ class ListerWidget : public QWidget,
   void ConnectDrop();
   void ConnectHeader();
   void TellFocus();
+  void QueueLook(lister::LookReason reason);
   void PlaceChildren();
   void SetMeasures();
 
   // Runs the task from the event loop, after those before it, unless the control has let go of the
   // widget by then.
   void Queue(std::function<void()> run, int kind = 0);
+  bool IsQueued(int kind) const;
   void RunNextTask();
   void QueueMove(const QModelIndex& index);
   void QueueExpansion(const QModelIndex& index);
@@ -140,6 +144,7 @@ class ListerWidget : public QWidget,
 
   QTimer taskTimer_;
   QTimer catchUpTimer_;
+  QTimer lookTimer_;
   std::deque<Task> tasks_;
   QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
   bool isRead_ = false;         // by a screen reader, maybe

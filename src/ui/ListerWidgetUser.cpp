@@ -27,6 +27,7 @@ namespace {
 
 // Kinds of tasks that wait once at most. Keys have kinds above these.
 constexpr int MouseMoves = 1;
+constexpr int Looks = 2;
 constexpr int KeyKinds = 16;
 
 constexpr int OtherButton = 2;
@@ -169,6 +170,13 @@ void ListerWidget::ConnectHeader() {
 
 void ListerWidget::TellFocus() {
   if (control_.View == this) control_.Focused();
+  QueueLook(lister::LookReason::User);
+}
+
+// What cannot be seen waits: it looks when it comes on show or its window is activated.
+void ListerWidget::QueueLook(lister::LookReason reason) {
+  if (!isVisible() || window()->isMinimized() || IsQueued(Looks)) return;
+  Queue([this, reason] { control_.LookAtDisk(reason); }, Looks);
 }
 
 // --- Tasks
@@ -176,6 +184,10 @@ void ListerWidget::TellFocus() {
 void ListerWidget::Queue(std::function<void()> run, int kind) {
   tasks_.push_back({std::move(run), kind});
   taskTimer_.start();
+}
+
+bool ListerWidget::IsQueued(int kind) const {
+  return std::ranges::any_of(tasks_, [kind](const Task& task) { return task.Kind == kind; });
 }
 
 void ListerWidget::RunNextTask() {
@@ -191,9 +203,7 @@ void ListerWidget::RunNextTask() {
 void ListerWidget::QueueKey(const QKeyEvent& event) {
   const int kind = KeyKinds + event.key();
   // A held key waits once: what piles up would run on after it is released.
-  const bool waits =
-      std::ranges::any_of(tasks_, [kind](const Task& task) { return task.Kind == kind; });
-  if (event.isAutoRepeat() && waits) return;
+  if (event.isAutoRepeat() && IsQueued(kind)) return;
   Queue([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] { RunKey(*copy); }, kind);
 }
 
@@ -282,13 +292,14 @@ void ListerWidget::BeginDrag() {
 }
 
 void ListerWidget::RunDrag() {
+  const QPointer<ListerWidget> alive(this);
+  control_.FirstSelected();  // makes the list of items; may read, and so let messages through
+  if (!alive || control_.View != this) return;
   if (!(QGuiApplication::mouseButtons() & Qt::LeftButton)) return;
-  control_.FirstSelected();  // makes the list of items
   const std::string items = control_.ActiveItemName();
   const std::vector<std::string_view> paths = SplitItems(items);
   tree_->Mouse().Forget();
   tree_->Mouse().Leave();
-  const QPointer<ListerWidget> alive(this);
   if (!paths.empty()) {
     const std::vector<lister::RowRange> selected = control_.SelectedRanges();
     const QModelIndex first =

@@ -50,6 +50,8 @@ struct Workspace {
   ProgramSettings Settings;
   TitleColours Titles;
 
+  int OpenBrackets = 0;  // routines that run and keep the lists from following the disk
+
   std::int16_t OpenPaneCount = 0;
   lister::ListId ActiveList = lister::NoList;   // takes keys and the wheel
   lister::ListId CurrentList = lister::NoList;  // what commands act on

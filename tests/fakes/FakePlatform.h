@@ -20,6 +20,7 @@
 #include "platform/Clock.h"
 #include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"
+#include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
 #include "platform/MessagePump.h"
 #include "platform/NumberForms.h"
@@ -106,6 +107,31 @@ class FakeFolderWatch : public platform::FolderWatch {
   };
   std::shared_ptr<std::vector<Entry>> entries_ = std::make_shared<std::vector<Entry>>();
   int last_ = 0;
+};
+
+// Stamps of the folders in memory.
+class FakeFolderStamps : public platform::FolderStamps {
+ public:
+  explicit FakeFolderStamps(const MemoryFileSystem& files) : files_(files) {}
+
+  std::string Afar, ByLink;                       // folders that are so, and what is below them
+  std::vector<std::function<void()>> Unanswered;  // looks afar; a call answers one
+
+  platform::FolderFacts ReadFacts(const std::string& folder) const override {
+    const auto is = [&](const std::string& top) { return !top.empty() && folder.starts_with(top); };
+    return {.Stamp = Read(folder), .IsLocal = !is(Afar), .IsByLink = is(ByLink)};
+  }
+  platform::FolderStamp Read(const std::string& folder) const override {
+    return files_.StampOf(folder);
+  }
+  std::unique_ptr<platform::StampRequest> Ask(std::vector<std::string> folders,
+                                              Told told) override {
+    Unanswered.push_back([told, stamp = Read(folders.at(0))] { told({stamp}); });
+    return std::make_unique<platform::StampRequest>();
+  }
+
+ private:
+  const MemoryFileSystem& files_;
 };
 
 // A pump whose messages are the callbacks that a test posts. A callback may call the code that
@@ -345,6 +371,8 @@ struct FakePlatform {
   MemoryFileSystem Files;
   FakeDrives Drives;
   FakeFolderWatch Watches;
+  FakeFolderStamps Stamps{Files};
+  int OpenBrackets = 0;
   FakePump Pump;
   FakeClock Clock;
   FakeCollation Order;
@@ -355,8 +383,9 @@ struct FakePlatform {
   FakeSystemInfo System;
   FakeNumberForms Forms;
 
-  lister::ListerServices Services() {
-    return {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms};
+  lister::ListerServices Services() { return Services(OpenBrackets); }
+  lister::ListerServices Services(const int& openBrackets) {
+    return {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, openBrackets};
   }
 };
 

@@ -56,6 +56,7 @@ MemoryItem& MemoryFileSystem::AddFolder(const std::string& path) {
     if (!*place) {
       *place = std::make_shared<MemoryItem>();
       (*place)->Name = parts[at];
+      (*place)->Number = ++items_;
     }
     if (at + 1 == parts.size()) return **place;
     MemoryItem* folder = place->get();
@@ -85,6 +86,16 @@ MemoryItem& MemoryFileSystem::At(const std::string& path) {
   MemoryItem* item = Find(path, false);
   if (item == nullptr) throw std::out_of_range(path);
   return *item;
+}
+
+platform::FolderStamp MemoryFileSystem::StampOf(const std::string& folder) const {
+  const MemoryItem* item = Find(folder, true);
+  if (item == nullptr || item->Kind != ItemKind::Folder) return {};
+  return {.IsThere = true,
+          .Device = 1,
+          .Inode = item->Number,
+          .Modified = item->Modified,
+          .Changed = item->Modified};
 }
 
 void MemoryFileSystem::Remove(const std::string& path) {

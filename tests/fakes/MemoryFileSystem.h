@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/FolderStamps.h"
 
 namespace tarnwell::fakes {
 
@@ -31,6 +32,7 @@ struct MemoryItem : std::enable_shared_from_this<MemoryItem> {
   base::Status ReadFault;        // ReadFolder and ReadFile fail with it
   base::Status AttributesFault;  // ReadAttributes fails with it
   int VanishAfter = -1;          // the folder goes once that many items of it have been read
+  std::uint64_t Number = 0;      // which item it is, whatever its path
   int Reads = 0;                 // how often the folder was read
   std::map<std::string, std::shared_ptr<MemoryItem>> Children;  // by name, folded
 };
@@ -49,6 +51,8 @@ class MemoryFileSystem : public platform::FileSystem {
   MemoryItem& AddLink(const std::string& path, const std::string& target);
   // The item itself, no link followed at its end, for a test to change.
   MemoryItem& At(const std::string& path);
+  // What a look at the folder gives. Its times are both that of Modified.
+  platform::FolderStamp StampOf(const std::string& folder) const;
   // Takes the item away with all that is below it.
   void Remove(const std::string& path);
 
@@ -87,6 +91,7 @@ class MemoryFileSystem : public platform::FileSystem {
   base::Status AttributesOf(const MemoryItem* item, platform::ItemAttributes& attributes) const;
 
   const base::PathSyntax& syntax_;
+  std::uint64_t items_ = 0;                                   // made so far
   std::map<std::string, std::shared_ptr<MemoryItem>> roots_;  // by root path, folded
 };
 

@@ -559,6 +559,80 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.Terminate();
 }
 
+TEST_F(FileList, LooksItselfWhereNobodyTells) {
+  const auto add = [this](const char* name) {
+    Platform.Files.AddFile("C:\\box\\" + std::string(name));
+  };
+  // Whether the item is there once the list has looked.
+  const auto shows = [this](const char* name, LookReason reason = LookReason::User) {
+    List.LookAtDisk(reason);
+    return Row(RootRow, name) != NoRow;
+  };
+  const auto isTold = [this] {
+    return List.StatusText().find("not followed") != std::string::npos;
+  };
+  Platform.Clock.Time = 10'000'000'000;
+  Load();
+  add("one");
+  EXPECT_FALSE(shows("one"));  // the watch will tell
+  List.WatchStop();
+  List.Visible = false;
+  EXPECT_FALSE(shows("one"));
+  List.Visible = true;
+  Platform.OpenBrackets = 1;
+  EXPECT_FALSE(shows("one"));
+  Platform.OpenBrackets = 0;
+  EXPECT_TRUE(shows("one", LookReason::Idle) && View.Looks.back() == 1000 && !isTold());
+  add("two");
+  EXPECT_EQ(List.NextSelected(), "end");
+  EXPECT_EQ(Row(RootRow, "two"), NoRow);
+  List.PrepareSelectionKeyboard();
+  EXPECT_NE(Row(RootRow, "two"), NoRow);
+  // A folder may change again so soon that its stamp stays.
+  std::int64_t& stamp = Platform.Files.At("C:\\box").Modified;
+  const std::int64_t now = stamp = Platform.Clock.Time;
+  List.RefreshList();
+  add("own"), stamp = now;
+  EXPECT_TRUE(!shows("own") && shows("own", LookReason::Operation));
+  add("late"), stamp = now;
+  EXPECT_FALSE(shows("late"));
+  Platform.Clock.Time += 2'000'000'000;
+  EXPECT_TRUE(shows("late", LookReason::Idle));
+
+  // A share is asked without waiting, and not again before it answers.
+  Platform.Stamps.Afar = "C:\\box";
+  List.WatchStart();
+  Load();
+  EXPECT_TRUE(isTold() && View.Looks.back() == 5000 && Platform.Watches.Watched().empty());
+  add("far");
+  EXPECT_FALSE(shows("far"));
+  Platform.Clock.Tick += 5000;
+  EXPECT_FALSE(shows("far", LookReason::Idle));
+  ASSERT_EQ(Platform.Stamps.Unanswered.size(), 1U);
+  Platform.Stamps.Unanswered[0]();
+  EXPECT_NE(Row(RootRow, "far"), NoRow);
+  Load("C:\\box\\sub");
+  EXPECT_FALSE(isTold());
+}
+
+TEST_F(FileList, NoticesAnotherFolderInPlaceOfItsOwn) {
+  Load();
+  const auto exchange = [this](const std::string& item) {
+    Platform.Files.Remove("C:\\box");
+    if (!item.empty()) Platform.Files.AddFile("C:\\box\\" + item);
+  };
+  for (const char* item : {"mounted", "", "back"}) {
+    exchange(item);
+    List.DrivesChanged();
+    EXPECT_EQ(Names(), *item == '\0' ? Texts{} : Texts{item});
+  }
+  Platform.Stamps.ByLink = "C:\\box";
+  List.RefreshList();
+  exchange("elsewhere");
+  List.LookAtDisk(LookReason::Idle);
+  EXPECT_EQ(Names(), Texts{"elsewhere"});
+}
+
 TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
   Load();
   std::vector<CompareRecord> none;

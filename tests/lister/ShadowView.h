@@ -33,6 +33,7 @@ class ShadowView : public NoView {
   RowRange Visible;
   std::vector<RowRange> Cells;  // told to have changed
   std::vector<int> CatchUps;    // the times asked for
+  std::vector<int> Looks;       // likewise
   RowId Pointed = NoRow;        // the row under the mouse pointer
 
   // The copy is what the list says now.
@@ -96,6 +97,7 @@ class ShadowView : public NoView {
   void BeginDrag() override { ++Drags; }
   int PageRows() const override { return Page; }
   void CatchUpLater(int milliseconds) override { CatchUps.push_back(milliseconds); }
+  void LookLater(int milliseconds) override { Looks.push_back(milliseconds); }
 
  private:
   std::vector<RowId> ChildrenOf(RowId row) const {

@@ -36,6 +36,23 @@ TEST_F(WatchPanesTest, BracketEndsOnEveryWayOutButWhenLeftOpen) {
   WatchBracket(Space, [] { throw 1; });
 }
 
+TEST_F(WatchPanesTest, TakesOverWhatTheProgramChangedWhereNobodyTells) {
+  Platform.Watches.Refuses = true;
+  std::string folder = "E:\\";
+  for (int pane = 0; pane < 3; ++pane) Space.Lists.Files(pane).LoadFolderContents(folder, true);
+  {
+    const WatchBracket bracket(Space, Space.Lists[100]);
+    Platform.Files.AddFile("E:\\new");
+    Space.Lists[101].LookAtDisk(lister::LookReason::User);
+    EXPECT_FALSE(HasSeen(101));
+  }
+  EXPECT_TRUE(HasSeen(100) && HasSeen(101) && !HasSeen(102));
+  WatchBracket(Space, [] {}).LeaveOpen();  // stopped, yet no open bracket
+  Platform.Files.Remove("E:\\new");
+  Space.Lists[101].LookAtDisk(lister::LookReason::User);
+  EXPECT_FALSE(HasSeen(101));
+}
+
 TEST_F(WatchPanesTest, ResumesOpenPanesButTwoListsOrAll) {
   WatchStopPanes(Space);
   for (const char* file : {"E:\\new", "F:\\new"}) Platform.Files.AddFile(file);

@@ -267,6 +267,21 @@ TEST_F(ListerWidgetTest, ReadsAgainWhatChangedWhileItWasRead) {
   EXPECT_FALSE(limit.hasExpired());
 }
 
+TEST_F(ListerWidgetTest, LooksAtTheDiskWhenItComesOnShowAndWhileItIdles) {
+  List list(*this, 100);
+  list.Show("/d");
+  list.Control.WatchStop();
+  list.Widget.hide();
+  Platform.Files.AddFile("/d/hidden");
+  list.Widget.show();
+  Settle();
+  EXPECT_NE(list.Row("/d/hidden"), lister::NoRow);
+  Platform.Files.AddFile("/d/idle");
+  const QDeadlineTimer limit(10000);
+  while (list.Row("/d/idle") == lister::NoRow && !limit.hasExpired()) Settle();
+  EXPECT_FALSE(limit.hasExpired());
+}
+
 TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
   List list(*this, 100);
   const auto same = [&] {

@@ -58,8 +58,8 @@ class TestWorkspace {
         Platform(*Shared),
         Space(SmallTables(),
               [this](lister::ListId list) {
-                return std::make_unique<lister::ListerControl>(list, Platform.Services(),
-                                                               EventsOf());
+                return std::make_unique<lister::ListerControl>(
+                    list, Platform.Services(Space.OpenBrackets), EventsOf());
               }),
         Layout(Space, Messages) {
     Space.PaneGap = 60;
