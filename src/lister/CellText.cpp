@@ -43,6 +43,33 @@ std::string IsoText(const platform::Clock& clock, std::int64_t nanoseconds) {
   return nanoseconds == platform::UnknownTime ? "" : IsoText(clock.ToLocal(nanoseconds));
 }
 
+std::string SampleText(const platform::NumberForms& forms, const platform::Clock& clock,
+                       HeadingId heading) {
+  constexpr std::int64_t wideMoment = 1'609'188'538'000'000'000;  // two digits for each part
+  constexpr std::uint64_t largeSize = 88'888'888'888;
+  switch (heading) {
+    case HeadingId::DateLastModified:
+    case HeadingId::DateCreated:
+    case HeadingId::DateLastAccessed:
+      return DateText(forms, clock, wideMoment);
+    case HeadingId::Size:
+      return forms.Grouped(largeSize);
+    case HeadingId::Name:
+    case HeadingId::Path:
+      return "A name of about thirty letters";
+    case HeadingId::Comments:
+      return "A few words, no more";
+    case HeadingId::FileType:
+      return "Extension file";
+    case HeadingId::Permissions:
+      return PermissionText(0777);
+    case HeadingId::Extension:
+    case HeadingId::Attributes:
+      break;
+  }
+  return "";
+}
+
 std::string_view ExtensionOf(std::string_view name) {
   const std::size_t dot = name.rfind('.');
   return dot == std::string_view::npos || dot == 0 ? std::string_view() : name.substr(dot + 1);

@@ -35,6 +35,10 @@ std::int64_t DateOf(const Item& item, HeadingId heading) {
   if (heading == HeadingId::DateCreated) return item.Created;
   return heading == HeadingId::DateLastAccessed ? item.Accessed : item.Modified;
 }
+// What a cell under the heading may well hold, for the width of a new column; empty where the
+// caption is longer.
+std::string SampleText(const platform::NumberForms& forms, const platform::Clock& clock,
+                       HeadingId heading);
 
 // What follows the last dot of a file's name, as bytes. A dot at its start makes no extension.
 std::string_view ExtensionOf(std::string_view name);

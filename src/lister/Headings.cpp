@@ -140,6 +140,16 @@ bool Headings::IsActive(std::string_view name) const {
   return false;
 }
 
+void Headings::FitWidth(HeadingId id, base::Twips width) {
+  fitting_[static_cast<std::size_t>(id)] = std::clamp(width, LeastWidth, MostWidth);
+}
+
+base::Twips Headings::ShownWidth(HeadingId id) const {
+  const auto number = static_cast<std::size_t>(id);
+  const base::Twips width = table_[number].Width;
+  return width == Defaults[number].Width && fitting_[number] > 0 ? fitting_[number] : width;
+}
+
 int Headings::FindByKey(std::string_view key) const {
   for (std::size_t number = 0; number < table_.size(); ++number) {
     if (table_[number].Key == key) return static_cast<int>(number);

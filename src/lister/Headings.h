@@ -63,6 +63,12 @@ class Headings {
   // By the names that menus use: "Size", "DateLastModified" and so on; false for an unknown one.
   bool IsActive(std::string_view name) const;
 
+  // The width that the heading's cells need in the view's font, held to the limits above.
+  void FitWidth(HeadingId id, base::Twips width);
+  // That width as long as the heading has the width of a new table, which no font has a say in:
+  // settings thus carry a width from one font to another only if somebody chose it.
+  base::Twips ShownWidth(HeadingId id) const;
+
   const Heading& operator[](HeadingId id) const { return table_[static_cast<std::size_t>(id)]; }
   // The heading with that sort key, or none (-1).
   int FindByKey(std::string_view key) const;
@@ -71,6 +77,7 @@ class Headings {
 
  private:
   std::array<Heading, HeadingCount> table_;
+  std::array<base::Twips, HeadingCount> fitting_{};  // 0 where the view has not told
 };
 
 }  // namespace tarnwell::lister

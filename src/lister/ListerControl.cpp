@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "lister/CellText.h"
 #include "lister/ListerParts.h"
 #include "lister/ListingFile.h"
 
@@ -370,6 +371,15 @@ RowId ListerControl::CurrentRow() const {
 }
 const Headings& ListerControl::HeadingTable() const {
   return parts_->State.Table;
+}
+void ListerControl::FitHeadings(
+    const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf) {
+  const ListerServices& services = parts_->State.Services;
+  for (int number = 0; number < HeadingCount; ++number) {
+    const auto id = static_cast<HeadingId>(number);
+    parts_->State.Table.FitWidth(id, widthOf(id, SampleText(services.Forms, services.Clock, id)));
+  }
+  parts_->State.View().HeadingsChanged();
 }
 int ListerControl::ActiveHeading() const {
   return parts_->ActiveHeading;

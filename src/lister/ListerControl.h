@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -350,6 +351,9 @@ class ListerControl : public forms::Control {
   std::string PathOf(RowId row) const;  // bytes
   RowId CurrentRow() const;
   const Headings& HeadingTable() const;
+  // Columns whose width nobody chose take what `widthOf` gives for a cell with that text, in twips.
+  // To be called by the view, again whenever its font changes.
+  void FitHeadings(const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf);
   int ActiveHeading() const;
   bool IsActive() const;
   // Whether items are told apart by icons of their own type, or all of a kind look the same; by

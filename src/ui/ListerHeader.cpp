@@ -88,7 +88,7 @@ void ListerHeader::ShowHeadings() {
   for (const HeadingId id : order) {
     const int section = static_cast<int>(id);
     if (sectionResizeMode(section) == Interactive) {
-      resizeSection(section, ToPixels(table[id].Width));
+      resizeSection(section, ToPixels(table.ShownWidth(id)));
     }
   }
   viewport()->update();
@@ -99,9 +99,13 @@ QSize ListerHeader::sizeHint() const {
 }
 
 QSize ListerHeader::sectionSizeFromContents(int section) const {
+  return {CaptionWidth(section, MarkOf(control_, section).Level >= 0), sizeHint().height()};
+}
+
+int ListerHeader::CaptionWidth(int section, bool sorts) const {
   const QString caption = model()->headerData(section, orientation()).toString();
-  const int mark = MarkOf(control_, section).Level < 0 ? 0 : 2 * ArrowWidth + ArrowGap;
-  return {fontMetrics().horizontalAdvance(caption) + 2 * CellMargin + mark, sizeHint().height()};
+  const int mark = sorts ? 2 * ArrowWidth + ArrowGap : 0;
+  return fontMetrics().horizontalAdvance(caption) + 2 * CellMargin + mark;
 }
 
 void ListerHeader::mouseReleaseEvent(QMouseEvent* event) {

@@ -23,6 +23,8 @@ class ListerHeader : public QHeaderView {
   // every change of the table.
   void ShowHeadings();
 
+  // Pixels that the heading's caption takes, with room for a sort mark if the list `sorts` by it.
+  int CaptionWidth(int section, bool sorts) const;
   QSize sizeHint() const override;
 
  signals:

@@ -16,11 +16,13 @@
 #include "ui/ListerHeader.h"
 #include "ui/ListerLegend.h"
 #include "ui/ListerModel.h"
+#include "ui/ListerRow.h"
 #include "ui/ListerToolbar.h"
 #include "ui/ListerTree.h"
 
 namespace tarnwell::ui {
 
+using lister::HeadingId;
 using lister::RowId;
 
 namespace {
@@ -338,6 +340,11 @@ void ListerWidget::SetMeasures() {
   // The bundled pictures are drawn on a grid of 16: whole eighths of a large font stay crisp.
   const int side = std::max(16, tree_->fontMetrics().height() / 8 * 8);
   tree_->setIconSize(QSize(side, side));
+  control_.FitHeadings([&](HeadingId id, const std::string& text) {
+    int cell = tree_->fontMetrics().horizontalAdvance(ToQString(text)) + 2 * CellMargin;
+    if (id == HeadingId::Name) cell += PartsOfName(QRect(), side, fileList_).Text.left();
+    return ToTwips(std::max(cell, header_->CaptionWidth(static_cast<int>(id), true)));
+  });
   PlaceChildren();
 }
 

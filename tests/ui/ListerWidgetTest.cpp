@@ -291,7 +291,9 @@ TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
       EXPECT_EQ(entry.Index, list.Header->visualIndex(heading)) << heading;
       EXPECT_EQ(entry.Active, !list.Header->isSectionHidden(heading)) << heading;
       if (!entry.Active) continue;
-      EXPECT_EQ(ToPixels(entry.Width), list.Header->sectionSize(heading)) << heading;
+      const auto id = static_cast<lister::HeadingId>(heading);
+      const base::Twips shown = list.Control.HeadingTable().ShownWidth(id);
+      EXPECT_EQ(ToPixels(shown), list.Header->sectionSize(heading)) << heading;
     }
   };
   same();
