@@ -1,5 +1,6 @@
 #include "shell/Master.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <memory>
@@ -192,12 +193,10 @@ void Master::SetControlProperties() {
   space_.PaneGap = PaneGap;
   space_.CommandStripHeight = CommandStripHeight;
   space_.Area.TitleTop = TitleTop;
+  FitTitles(0);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const auto i = static_cast<std::size_t>(pane);
-    form.cmdClosePane[i].Height = TitlePictureHeight;
     form.cmdClosePane[i].Width = TitlePictureWidth;
-    form.TitleBar[i].Height = TitleBarHeight;
-    form.cmdTitle[i].Height = TitlePictureHeight;
     form.cmdTitle[i].Width = TitlePictureWidth;
     form.TitleBar[i].BackColour = colours_[settings::ColorInactiveTitle];
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
@@ -216,6 +215,17 @@ void Master::SetControlProperties() {
   form.txtCurrentPath.Height = CommandLineHeight;
   form.cboCommand.Height = CommandLineHeight;
   space_.KeyArmed = true;
+}
+
+// The row is as high as its pictures, which stand lower than the text box by a part of a gap.
+void Master::FitTitles(base::Twips textHeight) {
+  workspace::MainForm& form = space_.Form;
+  const base::Twips pictures = std::max(TitlePictureHeight, textHeight);
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const auto i = static_cast<std::size_t>(pane);
+    form.TitleBar[i].Height = pictures - (TitlePictureHeight - TitleBarHeight);
+    form.cmdClosePane[i].Height = form.cmdTitle[i].Height = pictures;
+  }
 }
 
 void Master::CheckShutDown() {

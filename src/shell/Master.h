@@ -56,6 +56,9 @@ class Master : private workspace::PaneHooks,
   // --- What the user and the window do to the form.
 
   void Resize();
+  // Title rows get room for text of that height, in twips, and never less than their usual one.
+  // Takes effect with the next Resize.
+  void FitTitles(base::Twips textHeight);
   void MenuClick(std::string_view name);
   void ButtonClick(std::string_view key);
   void CommandEnter() { OpenCommandLine(); }  // Enter in cboCommand

@@ -24,6 +24,9 @@ constexpr QSize LeastSize(400, 334);
 // What has to be on a screen of a window's upper edge, for the mouse to move the window by.
 constexpr QSize LeastGrip(80, 16);
 
+// Above and below the text of a title.
+constexpr int TitleRim = 2;
+
 // Of 100 parts text colour in a line that is to be seen and not to be noticed.
 constexpr int EdgeStrength = 22;
 
@@ -319,6 +322,7 @@ void MainWindow::InsideResized() {
   if (IsClosed()) return;
   NotePlace();
   SyncToolbar();
+  master_.FitTitles(ToTwips(fontMetrics().height() + TitleRim));
   form_.ScaleWidth = ToTwips(surface_->width());
   form_.ScaleHeight = ToTwips(surface_->height());
   Guarded([this] { master_.Resize(); });
@@ -355,6 +359,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange && isVisible()) InsideResized();
   if (event->type() == QEvent::WindowStateChange) {
     const bool wasMinimised = form_.State == forms::WindowState::Minimised;
     NotePlace();

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QTreeView>
@@ -81,6 +82,21 @@ class MainWindowTest : public testing::Test {
   MainWindow Window{Run.Main(), Icons};
   QWidget& Inside = *Window.centralWidget();
 };
+
+TEST_F(MainWindowTest, GivesLargeLettersRoom) {
+  Run.Space().Lists.Files(0).SetHeadingProperty(0, "Width", base::Value(3000));
+  const LargeFont large(24);
+  Settle();
+  const QTreeView& files = *Tree("Files of pane 1");
+  const QString date = "2020-12-28 20:48:58";
+  EXPECT_GT(files.header()->sectionSize(3), files.fontMetrics().horizontalAdvance(date));
+  EXPECT_EQ(files.header()->sectionSize(0), 200);  // somebody chose it
+  for (const QLineEdit* const title : Shown<QLineEdit>()) {
+    if (!title->accessibleName().startsWith("Path of")) continue;
+    EXPECT_GE(title->height(), title->fontMetrics().height());
+    EXPECT_LT(title->parentWidget()->geometry().bottom(), PlaceOf("Files of pane 1").top());
+  }
+}
 
 TEST_F(MainWindowTest, AResizeToTheSameSizeTouchesNothing) {
   EventCount events(Window.findChildren<QWidget*>(),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QFont>
 
 namespace tarnwell::ui {
 
@@ -16,5 +17,16 @@ inline QApplication& TestApplication() {
   }();
   return *application;
 }
+
+// Large letters everywhere, until it goes.
+struct LargeFont {
+  explicit LargeFont(int points) {
+    QFont large = Usual;
+    large.setPointSize(points);
+    QApplication::setFont(large);
+  }
+  ~LargeFont() { QApplication::setFont(Usual); }
+  const QFont Usual = QApplication::font();
+};
 
 }  // namespace tarnwell::ui
