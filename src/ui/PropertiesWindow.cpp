@@ -6,6 +6,7 @@
 
 #include "lister/CellText.h"
 #include "ui/Convert.h"
+#include "ui/ScrollPage.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -15,6 +16,7 @@ using namespace std::chrono_literals;
 constexpr int Margin = 14;  // logical pixels
 constexpr int Spacing = 10;
 constexpr int ButtonWidth = 88;
+constexpr int PermissionsTab = 1;
 constexpr int TickTime = 100;  // milliseconds
 // Most items are known by then, and the window comes up whole.
 constexpr auto FirstWait = 40ms;
@@ -43,8 +45,8 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
                                ? lister::NameText(tools_.Look.Syntax, paths_.front())
                                : lister::CountText(tools_.Look.Forms, paths_.size(), "item");
   setWindowTitle(QStringLiteral("Properties of ") + ToQString(what));
-  tabs_.addTab(&general_, QStringLiteral("&General"));
-  tabs_.addTab(&permissions_, QStringLiteral("&Permissions"));
+  tabs_.addTab(new ScrollPage(&general_), QStringLiteral("&General"));
+  tabs_.addTab(new ScrollPage(&permissions_), QStringLiteral("&Permissions"));
 
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(Spacing);
@@ -150,7 +152,7 @@ void PropertiesWindow::FollowChange() {
   permissions_.ShowTroubles(outcome);
   if (outcome.Failed > 0) {
     closes_ = false;
-    tabs_.setCurrentWidget(&permissions_);
+    tabs_.setCurrentIndex(PermissionsTab);
   }
   if (closes_) return Leave();
   facts_ =

@@ -8,6 +8,7 @@
 
 #include "ui/Convert.h"
 #include "ui/ElidedLabel.h"
+#include "ui/ScrollPage.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -41,7 +42,9 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
 
   body_->setSpacing(Spacing);
   body_->addWidget(head);
-  auto* const upper = new QHBoxLayout;
+  auto* const page = new QWidget(this);
+  auto* const upper = new QHBoxLayout(page);
+  upper->setContentsMargins(0, 0, 0, 0);
   upper->setSpacing(Margin);
   upper->addWidget(sign, 0, Qt::AlignTop);
   upper->addLayout(body_);
@@ -49,7 +52,7 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(Margin, Margin, Margin, Margin);
   column->setSpacing(Margin);
-  column->addLayout(upper);
+  column->addWidget(new ScrollPage(page, this));
   column->addLayout(buttons_);
   column->setSizeConstraint(QLayout::SetFixedSize);
 }

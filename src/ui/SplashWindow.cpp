@@ -11,6 +11,8 @@ namespace tarnwell::ui {
 namespace {
 
 constexpr QSize WindowSize(400, 220);
+constexpr int SideMargin = 28;
+constexpr int MostStatusLetters = 34;
 constexpr int PictureSize = 56;
 constexpr int BarHeight = 3;
 const QColor Ink(44, 56, 72);
@@ -33,7 +35,6 @@ void SetInk(QLabel& label, const QColor& colour) {
 
 SplashWindow::SplashWindow(shell::Splash& form, const QIcon& icon) : form_(form) {
   setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
-  setFixedSize(WindowSize);
   picture_.setPixmap(icon.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
   title_.setText(QStringLiteral("Tarnwell"));
   title_.setFont(Larger(font(), 2.0));
@@ -45,7 +46,7 @@ SplashWindow::SplashWindow(shell::Splash& form, const QIcon& icon) : form_(form)
   connect(&timer_, &QTimer::timeout, this, [this] { Tick(); });
 
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(28, 26, 28, 20);
+  column->setContentsMargins(SideMargin, 26, SideMargin, 20);
   column->setSpacing(2);
   column->addWidget(&picture_, 0, Qt::AlignHCenter);
   column->addWidget(&title_, 0, Qt::AlignHCenter);
@@ -66,6 +67,9 @@ void SplashWindow::Sync() {
 }
 
 void SplashWindow::Measure() {
+  const QSize needed(MostStatusLetters * fontMetrics().averageCharWidth() + 2 * SideMargin,
+                     layout()->sizeHint().height());
+  setFixedSize(WindowSize.expandedTo(needed));
   form_.Width = ToTwips(width());
   form_.Height = ToTwips(height());
   const QRect room = screen()->availableGeometry();

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <algorithm>
 #include <atomic>
 #include <functional>
@@ -143,6 +144,15 @@ class PropertiesWindowTest : public testing::Test {
   QtItemWindows Windows{{{base::PathSyntax::Posix(), Clock, Forms, Icons}, Files, Inspector},
                         [](const std::string&) {}};
 };
+
+TEST_F(PropertiesWindowTest, StaysOnTheScreenWithLargeLetters) {
+  const LargeFont large(40);
+  PropertiesWindow& window = Show({"/a/sub"});
+  Until([&] { return window.height() <= window.screen()->availableGeometry().height(); });
+  EXPECT_TRUE(window.rect().contains(Button(window, "OK").geometry()));
+  window.close();
+  Until([] { return Open().empty(); });
+}
 
 TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
   PropertiesWindow& one = Show({"/a/file"});

@@ -1,0 +1,21 @@
+// A page of a dialog that scrolls where the screen has no room for all of it.
+#pragma once
+
+#include <QScrollArea>
+
+namespace tarnwell::ui {
+
+// As large as the page, which it owns, but of a height that leaves room on the screen for what a
+// dialog has beside it. Scrolls up and down alone.
+class ScrollPage : public QScrollArea {
+ public:
+  explicit ScrollPage(QWidget* page, QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+}  // namespace tarnwell::ui
