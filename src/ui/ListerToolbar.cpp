@@ -71,7 +71,6 @@ void FilterField::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Escape:
       clear();
-      emit textEdited(QString());
       [[fallthrough]];
     case Qt::Key_Down:
     case Qt::Key_Return:
@@ -122,8 +121,11 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
     menu->setPalette(style_.Menu);
     menu->popup(filter_->mapToGlobal(place));
   });
-  connect(filter_, &QLineEdit::textEdited, this, &ListerToolbar::FilterTyped);
-  connect(filter_, &QLineEdit::textChanged, this, qOverload<>(&QWidget::update));
+  // Not textEdited, since assistive technology sets a text without editing it.
+  connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    update();
+    if (text != ToQString(control_.FilterText())) emit FilterTyped(text);
+  });
   connect(filter_, &FilterField::ListAsked, this, &ListerToolbar::ListAsked);
   connect(filter_, &FilterField::ExtensionsAsked, this, [this] {
     if (!extensions_->isVisible()) return;

@@ -155,6 +155,9 @@ TEST_F(ListerWidgetTest, ToolbarOffersExtensionsAndGivesWay) {
   Settle();
   EXPECT_EQ(list.Control.ChildCount(lister::RootRow), 2);
   EXPECT_EQ(extensions->currentText(), ".md");
+  // As a screen reader sets a text.
+  QAccessible::queryAccessibleInterface(field)->setText(QAccessible::Value, "a*");
+  EXPECT_EQ(list.Control.FilterText(), "a*");
 
   // Bookmarks by mouse: those that are empty cannot be chosen.
   auto* const bookmarks = list.Widget.findChildren<QToolButton*>().last();
