@@ -61,6 +61,12 @@ inline std::string FromEditedQString(const QString& text) {
   return base::FromEditing(text.toStdU16String());
 }
 
+// Text that may hold the bytes of a name, for the frame of a window. The toolkit takes one [*] for
+// a sign that something is not saved yet.
+inline QString ToWindowTitle(std::string_view text) {
+  return ToShownQString(text).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 // A tool-tip that shows the text as it is, also where a name in it looks like HTML.
 inline QString PlainToolTip(const QString& text) {
   if (!text.contains(QLatin1Char('<')) && !text.contains(QLatin1Char('&'))) return text;

@@ -64,7 +64,7 @@ void FieldsWindow::AddButton(const forms::Button& button, Click click) {
 }
 
 void FieldsWindow::Sync() {
-  setWindowTitle(ToShownQString(form_.Caption));
+  setWindowTitle(ToWindowTitle(form_.Caption));
   for (Box& box : boxes_) SyncBox(box);
   for (const Check& check : checks_) {
     check.Widget->setText(ToShownQString(check.Label->Caption));

@@ -129,7 +129,7 @@ FormSurface::Actions MainWindow::SurfaceActions() {
 }
 
 void MainWindow::Sync() {
-  setWindowTitle(ToShownQString(form_.Caption));
+  setWindowTitle(ToWindowTitle(form_.Caption));
   menu_.Sync();
   SyncToolbar();
   SyncColours();

@@ -60,7 +60,7 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
 }
 
 void MsgBoxWindow::Sync() {
-  setWindowTitle(ToShownQString(form_.Caption));
+  setWindowTitle(ToWindowTitle(form_.Caption));
   const QColor sheetColour = ToQColor(form_.lblText.BackColour);
   setStyleSheet(QStringLiteral("QDialog { background: %1; } #sheet, QPlainTextEdit { background: "
                                "%2; color: %3; } #sheet { border-radius: 3px; }")

@@ -44,7 +44,7 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
   const std::string what = paths_.size() == 1
                                ? lister::NameText(tools_.Look.Syntax, paths_.front())
                                : lister::CountText(tools_.Look.Forms, paths_.size(), "item");
-  setWindowTitle(QStringLiteral("Properties of ") + ToQString(what));
+  setWindowTitle(ToWindowTitle("Properties of " + what));
   tabs_.addTab(new ScrollPage(&general_), QStringLiteral("&General"));
   tabs_.addTab(new ScrollPage(&permissions_), QStringLiteral("&Permissions"));
 

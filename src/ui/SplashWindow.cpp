@@ -56,7 +56,7 @@ SplashWindow::SplashWindow(shell::Splash& form, const QIcon& icon) : form_(form)
 }
 
 void SplashWindow::Sync() {
-  setWindowTitle(ToShownQString(form_.Caption));
+  setWindowTitle(ToWindowTitle(form_.Caption));
   version_.setText(ToShownQString(form_.txtVersion.Caption));
   status_.setText(ToShownQString(form_.txtStatus.Caption));
   update();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -199,8 +200,10 @@ TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
   QApplication::sendEvent(&many, &escape);
   EXPECT_TRUE(Open().empty());
 
-  Inspector.Items["/a/file"].WhyFixed = "Only tom";
-  const PropertiesWindow& fixed = Show({"/a/file"});
+  Put("/a/a[*]", 0644).WhyFixed = "Only tom";
+  PropertiesWindow& fixed = Show({"/a/a[*]"});
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&fixed)->text(QAccessible::Name),
+            "Properties of a[*]");
   EXPECT_FALSE(Box(fixed, "Owner: Read").isEnabled());
   EXPECT_TRUE(Box(fixed, "Owner: Read").isChecked());
   EXPECT_TRUE(Named<QLabel>(fixed, "Only tom")
