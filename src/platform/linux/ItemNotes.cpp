@@ -67,7 +67,12 @@ base::Status WriteItemNote(const std::string& path, ItemNote note, const std::st
   // Held without being opened, since opening a FIFO or a device does something to it.
   const Descriptor item = OpenPath(path, O_PATH);
   struct stat found {};
-  if (!item || fstat(item.Get(), &found) != 0) return SystemError(errno);
+  if (!item || fstat(item.Get(), &found) != 0) {
+    const int error = errno;
+    // Nothing of that path, and yet an item: a link to nothing, or in a circle.
+    const bool isLink = (error == ENOENT || error == ELOOP) && OpenPath(path, O_PATH | O_NOFOLLOW);
+    return isLink ? base::Status{error, "The link leads nowhere"} : SystemError(error);
+  }
   const std::string held = "/proc/self/fd/" + std::to_string(item.Get());
   const char* const attribute = AttributeOf(note);
   const int result = text.empty() ? removexattr(held.c_str(), attribute)

@@ -181,7 +181,8 @@ TEST(LinuxFileSystem, KeepsNotes) {
     EXPECT_EQ(noteOf(name, ItemNote::Colour), "") << name;
   }
   EXPECT_EQ(noteOf("missing", ItemNote::Colour), std::to_string(ENOENT));
-  EXPECT_EQ(files.WriteNote(folder / "dangling", ItemNote::Colour, "red").Code, ENOENT);
+  status = files.WriteNote(folder / "dangling", ItemNote::Colour, "red");
+  EXPECT_EQ(status.Reason, "The link leads nowhere");
   EXPECT_EQ(files.WriteNote(folder / "fifo", ItemNote::Colour, "red").Code, EPERM);
   EXPECT_FALSE(files.WriteNote(folder / odd, ItemNote::Comment, std::string(100'000, 'x')));
   EXPECT_EQ(noteOf(odd, ItemNote::Comment), longText);
