@@ -69,6 +69,9 @@ int main(int argc, char** argv) {
   QApplication::setApplicationDisplayName(QStringLiteral("Tarnwell"));
   QApplication::setDesktopFileName(QStringLiteral("tarnwell"));
   QApplication::setQuitOnLastWindowClosed(false);
+  // A desktop in a language that is written from right to left would mirror what has a layout,
+  // while the forms place the rest themselves, and all texts are English.
+  QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
   platform::LinuxSystemInfo system(platform::ProgramPlaces::OfProcess());

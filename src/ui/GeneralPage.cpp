@@ -85,6 +85,8 @@ void GeneralPage::ShowFact(const char* caption, const QString& text) {
     made->setTextFormat(Qt::PlainText);
     made->setTextInteractionFlags(Qt::TextSelectableByMouse);
     made->setWordWrap(true);
+    // Beside its caption, also in a script that is written from right to left.
+    made->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter);
     made->setFixedWidth(ValueWidth);
     AddRow(caption, *made);
   }
