@@ -12,6 +12,15 @@ std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
   return forms.Grouped(number) + ' ' + std::string(noun) + (number == 1 ? "" : "s");
 }
 
+std::string MeasuredText(const platform::NumberForms& forms, std::uint64_t bytes, bool isWhole) {
+  if (isWhole) return forms.Grouped(bytes);
+  return bytes == 0 ? "?" : "\u2265 " + forms.Grouped(bytes);
+}
+
+std::string MeasuredDigits(std::uint64_t bytes, bool isWhole) {
+  return isWhole || bytes > 0 ? std::to_string(bytes) : "";
+}
+
 std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes) {
   if (bytes < 1000) return CountText(forms, bytes, "byte");
   constexpr std::array<const char*, 6> units{" KiB", " MiB", " GiB", " TiB", " PiB", " EiB"};

@@ -22,6 +22,11 @@ std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
 std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes);
 // As ByteText, with the number in full where that is another one: "12.3 MiB (12,901,000 bytes)".
 std::string SizeText(const platform::NumberForms& forms, std::uint64_t bytes);
+// The size of an item. One that may be larger, since not all could be read, stands behind a sign;
+// "?" if nothing could.
+std::string MeasuredText(const platform::NumberForms& forms, std::uint64_t bytes, bool isWhole);
+// The same for other programs: digits, none if nothing could be read.
+std::string MeasuredDigits(std::uint64_t bytes, bool isWhole);
 // In local time; empty for UnknownTime.
 std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,
                      std::int64_t nanoseconds);

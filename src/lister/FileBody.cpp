@@ -113,6 +113,10 @@ std::string FileBody::CellText(RowId row, HeadingId heading) const {
   return files_.Rows.Has(row) ? FileCellText(files_, row, heading) : "";
 }
 
+bool FileBody::IsSizePartial(RowId row) const {
+  return files_.Rows.Has(row) && files_.Rows.Row(row).IsSizePartial;
+}
+
 std::string FileBody::CellBytes(RowId row, HeadingId heading) const {
   return files_.Rows.Has(row) ? FileCellBytes(files_, row, heading) : "";
 }

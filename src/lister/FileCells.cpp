@@ -15,7 +15,7 @@ std::string FileCellText(const FileListState& files, RowId row, HeadingId headin
     case HeadingId::Extension:
       return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
     case HeadingId::Size:
-      return item.HasSize() ? services.Forms.Grouped(item.Size) : "";
+      return item.HasSize() ? MeasuredText(services.Forms, item.Size, !item.IsSizePartial) : "";
     case HeadingId::DateLastModified:
     case HeadingId::DateCreated:
     case HeadingId::DateLastAccessed:
@@ -43,7 +43,7 @@ std::string FileCellBytes(const FileListState& files, RowId row, HeadingId headi
     case HeadingId::Extension:
       return std::string(item.IsFolder() ? "" : ExtensionOf(name));
     case HeadingId::Size:
-      return item.HasSize() ? std::to_string(item.Size) : "";
+      return item.HasSize() ? MeasuredDigits(item.Size, !item.IsSizePartial) : "";
     case HeadingId::DateLastModified:
     case HeadingId::DateCreated:
     case HeadingId::DateLastAccessed:

@@ -47,7 +47,7 @@ struct FileListState {
     if (Sizes.IsEmpty() || !Rows.Row(row).IsFolder() || Rows.Row(row).IsLink) return;
     const std::string path = List.Syntax.Join(Rows.Folder(), Rows.Name(row));
     Sizes.Verify(path, Rows.Row(row).Modified);
-    if (const auto bytes = Sizes.Find(path)) Rows.SetFolderSize(row, *bytes);
+    if (const auto size = Sizes.Find(path)) Rows.SetFolderSize(row, *size);
   }
   // In the folder, whether or not the filter takes them. Folders come first in any order.
   int FileCount() const {

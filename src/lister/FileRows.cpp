@@ -31,7 +31,7 @@ bool FileRow::LooksLike(const FileRow& other) const {
   const auto shown = [](const FileRow& row) {
     return std::tuple(row.Kind, row.IsLink, row.IsHidden, row.IsSystem, row.HasAttributes, row.Mode,
                       row.Size, row.Modified, row.Created, row.Accessed, row.HasFolderSize,
-                      row.Colour);
+                      row.IsSizePartial, row.Colour);
   };
   return shown(*this) == shown(other) && Marks == other.Marks;
 }
@@ -112,7 +112,7 @@ void FileRows::SetAttributes(RowId row, const platform::ItemAttributes& attribut
   const bool sizeStays = item.IsFolder() && item.HasFolderSize &&
                          (!item.HasAttributes || item.Modified == attributes.Modified);
   if (!sizeStays) {
-    item.HasFolderSize = false;
+    item.HasFolderSize = item.IsSizePartial = false;
     item.Size = item.IsFolder() ? 0 : attributes.Size;
   }
   item.Mode = attributes.Mode;
@@ -129,10 +129,11 @@ void FileRows::SetUnreadable(RowId row) {
   Stored(row).HasAttributes = false;
 }
 
-void FileRows::SetFolderSize(RowId row, std::uint64_t bytes) {
+void FileRows::SetFolderSize(RowId row, const FolderSize& size) {
   FileRow& item = Stored(row);
-  item.Size = bytes;
+  item.Size = size.Bytes;
   item.HasFolderSize = true;
+  item.IsSizePartial = !size.IsWhole;
 }
 
 void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
@@ -387,6 +388,7 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
       comments_[static_cast<RowId>(at + 1)] = comment;
     }
     row.HasFolderSize = old.HasFolderSize;
+    row.IsSizePartial = old.IsSizePartial;
     row.Size = old.Size;
     if (!old.HasAttributes) continue;
     row.Kind = old.Kind;

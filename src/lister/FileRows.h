@@ -19,6 +19,7 @@
 #include "lister/BlockVector.h"
 #include "lister/Comparison.h"
 #include "lister/ItemColours.h"
+#include "lister/KnownSizes.h"
 #include "lister/ListerView.h"
 #include "lister/NameArena.h"
 #include "lister/NameFilter.h"
@@ -47,6 +48,7 @@ struct FileRow {
   bool HasAttributes : 1 = false;  // Size, Mode and the times are known
   bool WasTried : 1 = false;       // they have been asked for
   bool HasFolderSize : 1 = false;  // a folder's Size is known
+  bool IsSizePartial : 1 = false;  // and part of the folder could not be read
   bool IsSelected : 1 = false;
   bool WasSelected : 1 = false;  // at the last KeepSelection
   bool IsUsed : 1 = false;       // an item's, not the place of one that is gone
@@ -96,7 +98,7 @@ class FileRows {
   // What is known of a folder's size stays while its date of change does.
   void SetAttributes(RowId row, const platform::ItemAttributes& attributes);
   void SetUnreadable(RowId row);
-  void SetFolderSize(RowId row, std::uint64_t bytes);
+  void SetFolderSize(RowId row, const FolderSize& size);
   void SetNotes(RowId row, ItemColour colour, std::string comment);
   void SetColour(RowId row, ItemColour colour);
   void SetMarks(RowId row, CompareMarks marks);

@@ -322,8 +322,8 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
     case HeadingId::Extension:
       return "";
     case HeadingId::Size: {
-      const auto bytes = sizes_.SizeOf(row);
-      return bytes ? services.Forms.Grouped(*bytes) : "";
+      const auto size = sizes_.SizeOf(row);
+      return size ? MeasuredText(services.Forms, size->Bytes, size->IsWhole) : "";
     }
     case HeadingId::DateLastModified:
     case HeadingId::DateCreated:
@@ -343,6 +343,11 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
   return "";
 }
 
+bool FolderBody::IsSizePartial(RowId row) const {
+  const auto size = tree_.Has(row) ? sizes_.SizeOf(row) : std::nullopt;
+  return size && !size->IsWhole;
+}
+
 std::string FolderBody::CellBytes(RowId row, HeadingId heading) const {
   if (!tree_.Has(row)) return "";
   const FolderNode& node = tree_.Node(row);
@@ -358,8 +363,8 @@ std::string FolderBody::CellBytes(RowId row, HeadingId heading) const {
     case HeadingId::Comments:
       return tree_.FactsOf(row).Comment;
     case HeadingId::Size: {
-      const auto bytes = sizes_.SizeOf(row);
-      return bytes ? std::to_string(*bytes) : "";
+      const auto size = sizes_.SizeOf(row);
+      return size ? MeasuredDigits(size->Bytes, size->IsWhole) : "";
     }
     default:
       return CellText(row, heading);

@@ -56,6 +56,7 @@ class FolderBody : public ListBody {
   int PositionOf(RowId row) const override;
   RowLook Look(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
+  bool IsSizePartial(RowId row) const override;
   std::string CellBytes(RowId row, HeadingId heading) const override;
   std::string PathOf(RowId row) const override;
   RowId CurrentRow() const override { return tree_.Current(); }

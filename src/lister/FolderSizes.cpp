@@ -121,7 +121,8 @@ void FolderSizes::Measure(Job& job, const Target& folder) {
   FolderTotal total;
   total.Counted = &job.Counted;
   base::Status status = files.ReadAttributes(folder.Path, "", attributes);
-  if (status) {
+  const bool isSeen = status.Code == 0;
+  if (isSeen) {
     const auto goOn = [&](const FolderTotal& soFar) {
       job.Current = soFar;
       return GoesOn(job);
@@ -131,11 +132,14 @@ void FolderSizes::Measure(Job& job, const Target& folder) {
   job.Current = {};
   if (job.Standing != Standing::Going) return;
   if (!status || total.Unreadable > 0) NoteTrouble(job, folder, status, total);
-  if (!status) return;
-  Add(job.Sum, total);
-  ++job.Done;
-  sizes_.Keep(folder.Path, attributes.Modified, total.Bytes);
-  if (isThere()) Show(folder.Row, total.Bytes);
+  if (!isSeen) return;
+  if (status) {
+    Add(job.Sum, total);
+    ++job.Done;
+  }
+  const FolderSize size{total.Bytes, status.Code == 0 && total.Unreadable == 0};
+  sizes_.Keep(folder.Path, attributes.Modified, size);
+  if (isThere()) Show(folder.Row, size);
 }
 
 void FolderSizes::NoteTrouble(Job& job, const Target& folder, const base::Status& status,

@@ -46,7 +46,7 @@ class FolderSizes {
   virtual bool IsFolder(RowId row) const = 0;
   virtual std::string PathOf(RowId row) const = 0;
   virtual std::vector<RowId> Folders() const = 0;  // in the order of work
-  virtual void Show(RowId row, std::uint64_t bytes) = 0;
+  virtual void Show(RowId row, const FolderSize& size) = 0;
   // All is measured, as far as it goes: the order may have to follow.
   virtual void Finish() {}
 

@@ -15,6 +15,7 @@
 
 #include "base/PathSyntax.h"
 #include "lister/ItemColours.h"
+#include "lister/KnownSizes.h"
 #include "lister/ListerView.h"
 #include "lister/NameOrder.h"
 #include "lister/SortKeys.h"
@@ -69,8 +70,8 @@ class FolderTree {
     nodes_.resize(1);
   }
 
-  // What a folder measures in bytes, where that is known; for the order by size.
-  std::function<std::optional<std::uint64_t>(RowId)> SizeOf;
+  // What a folder measures, where that is known; for the order by size.
+  std::function<std::optional<FolderSize>(RowId)> SizeOf;
 
   // All nodes go; the root given becomes the one node, open and current.
   void Reset(const std::string& root, ListerView& view);

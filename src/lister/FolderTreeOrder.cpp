@@ -70,8 +70,8 @@ void FolderTree::AppendFact(RowId row, std::string& key) const {
   const FolderFacts& facts = FactsOf(row);
   switch (key_.Heading) {
     case HeadingId::Size: {
-      const std::optional<std::uint64_t> bytes = SizeOf ? SizeOf(row) : std::nullopt;
-      return AppendNumber(bytes ? *bytes + 1 : 0, key);
+      const std::optional<FolderSize> size = SizeOf ? SizeOf(row) : std::nullopt;
+      return AppendNumber(size ? size->Bytes + 1 : 0, key);
     }
     case HeadingId::DateLastModified:
       return AppendTime(facts.Modified, key);

@@ -110,6 +110,8 @@ class ListBody {
   virtual int PositionOf(RowId row) const = 0;
   virtual RowLook Look(RowId row) const = 0;
   virtual std::string CellText(RowId row, HeadingId heading) const = 0;
+  // The row is a folder that was measured, but not all of it could be read.
+  virtual bool IsSizePartial(RowId row) const = 0;
   // The cell for other programs: bytes as they are, numbers in digits alone.
   virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
   virtual std::string PathOf(RowId row) const = 0;

@@ -26,8 +26,8 @@ std::vector<RowId> FileSizes::Folders() const {
   return folders;
 }
 
-void FileSizes::Show(RowId row, std::uint64_t bytes) {
-  files_.Rows.SetFolderSize(row, bytes);
+void FileSizes::Show(RowId row, const FolderSize& size) {
+  files_.Rows.SetFolderSize(row, size);
   const int position = files_.Rows.PositionOf(row);
   if (position >= 0) list_.View().CellsChanged(RootRow, position, position);
 }
@@ -56,7 +56,7 @@ std::vector<RowId> TreeSizes::Folders() const {
   return folders;
 }
 
-void TreeSizes::Show(RowId row, std::uint64_t) {
+void TreeSizes::Show(RowId row, const FolderSize&) {
   const FolderNode& node = tree_.Node(row);
   list_.View().CellsChanged(node.Parent, node.Position, node.Position);
 }
@@ -73,7 +73,7 @@ void TreeSizes::FolderWasRead(RowId row) {
   platform::ItemAttributes attributes;
   if (!list_.Services.Files.ReadAttributes(path, "", attributes)) return;
   known_.Verify(path, attributes.Modified);
-  if (!SizeOf(row)) Show(row, 0);
+  if (!SizeOf(row)) Show(row, {});
 }
 
 }  // namespace tarnwell::lister

@@ -23,7 +23,7 @@ class FileSizes : public FolderSizes {
   bool IsFolder(RowId row) const override;
   std::string PathOf(RowId row) const override;
   std::vector<RowId> Folders() const override;  // those that the user sees first
-  void Show(RowId row, std::uint64_t bytes) override;
+  void Show(RowId row, const FolderSize& size) override;
   void Finish() override;
 
  private:
@@ -36,8 +36,8 @@ class TreeSizes : public FolderSizes {
   TreeSizes(ListState& list, FolderTree& tree)
       : FolderSizes(list, known_), tree_(tree), known_(list.Syntax) {}
 
-  // In bytes, if the folder has been measured.
-  std::optional<std::uint64_t> SizeOf(RowId row) const {
+  // If the folder has been measured.
+  std::optional<FolderSize> SizeOf(RowId row) const {
     return known_.IsEmpty() ? std::nullopt : known_.Find(tree_.PathOf(row));
   }
   // The folder was read: if it has changed since it was measured, its size is forgotten.
@@ -49,7 +49,7 @@ class TreeSizes : public FolderSizes {
   std::string PathOf(RowId row) const override { return tree_.PathOf(row); }
   // A folder comes behind those that it holds: the root would keep all others waiting.
   std::vector<RowId> Folders() const override;
-  void Show(RowId row, std::uint64_t bytes) override;
+  void Show(RowId row, const FolderSize& size) override;
   void Finish() override;
 
  private:

@@ -363,6 +363,10 @@ RowLook ListerControl::Look(RowId row) const {
 std::string ListerControl::CellText(RowId row, HeadingId heading) const {
   return parts_->Body->CellText(row, heading);
 }
+std::string ListerControl::SizeNote(RowId row) const {
+  return parts_->Body->IsSizePartial(row) ? "Not all of the folder could be read: it may be larger"
+                                          : "";
+}
 std::string ListerControl::PathOf(RowId row) const {
   return parts_->Body->PathOf(row);
 }

@@ -348,6 +348,8 @@ class ListerControl : public forms::Control {
   RowLook Look(RowId row) const;
   // Text of a cell, for showing: valid UTF-8.
   std::string CellText(RowId row, HeadingId heading) const;
+  // In words what the size says by a sign; empty for most.
+  std::string SizeNote(RowId row) const;
   std::string PathOf(RowId row) const;  // bytes
   RowId CurrentRow() const;
   const Headings& HeadingTable() const;

@@ -133,7 +133,12 @@ bool ListerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QStringList lines;
   const bool cut = sizeHint(option, index).width() > option.rect.width();
   if (cut) lines << index.data().toString();
-  const QString marks = MarksText(control_.Look(ListerModel::RowOf(index)).Marks);
+  const lister::RowId row = ListerModel::RowOf(index);
+  if (index.column() == static_cast<int>(HeadingId::Size)) {
+    const QString note = ToQString(control_.SizeNote(row));
+    if (!note.isEmpty()) lines << note;
+  }
+  const QString marks = MarksText(control_.Look(row).Marks);
   if (!marks.isEmpty()) lines << marks;
   QToolTip::showText(event->globalPos(), PlainToolTip(lines.join(QLatin1Char('\n'))),
                      view->viewport(), option.rect);

@@ -121,7 +121,7 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
   }
 }
 
-// What sighted users see of the row by colour and badges.
+// What sighted users see of the row by colour, badges and signs.
 QString ListerModel::Description(RowId row) const {
   const lister::RowLook look = control_.Look(row);
   QStringList words;
@@ -129,6 +129,7 @@ QString ListerModel::Description(RowId row) const {
     words << ToQString(lister::ItemColours[static_cast<std::size_t>(look.Colour)].Word);
   }
   if (look.Marks.Any()) words << MarksText(look.Marks);
+  if (const std::string note = control_.SizeNote(row); !note.empty()) words << ToQString(note);
   return words.join(QStringLiteral(", "));
 }
 

@@ -20,12 +20,14 @@ class ListTools : public ListFixture {
     files.AddFolder("C:\\other\\one");
   }
 
+  // As far as they are known.
   std::string Sizes() const {
     std::string sizes;
     for (int at = 0; at < List.ChildCount(RootRow); ++at) {
       const RowId row = List.Child(RootRow, at);
       const std::string size = List.CellText(row, HeadingId::Size);
-      if (!size.empty()) sizes += List.CellText(row, HeadingId::Name) + " " + size + " ";
+      if (!size.empty() && size != "?")
+        sizes += List.CellText(row, HeadingId::Name) + " " + size + " ";
     }
     return sizes;
   }
@@ -43,6 +45,7 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   List.CancelRequested = true;  // left over from a key that came with nothing to stop
   List.CalculateFolderSizes();
   EXPECT_EQ(Sizes(), "two 5 one 30 file 4 ");
+  EXPECT_EQ(List.CellText(Row(RootRow, "shut"), HeadingId::Size), "?");
   EXPECT_EQ(List.StatusText(),
             "Sizes: 2 folders, 5 items, 35 bytes. Cannot read C:\\box\\shut: Permission denied");
   EXPECT_FALSE(List.CancelRequested);
@@ -157,7 +160,8 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   List.CalculateItemSize();
   EXPECT_EQ(size(Row(box, "two")) + size(Row(box, "one")), "5");
   List.CalculateFolderSizes();
-  EXPECT_EQ(size(top) + " " + size(box) + size(Row(box, "way")), "39 39");
+  EXPECT_EQ(size(top) + " " + size(box) + size(Row(box, "way")), "\u2265 39 \u2265 39");
+  EXPECT_TRUE(List.SizeNote(Row(box, "two")).empty() && !List.SizeNote(box).empty());
 
   List.SetHeadingProperty(static_cast<int>(HeadingId::Size), "active", base::Value(true));
   ASSERT_TRUE(List.SaveListing("C:\\out.csv"));
@@ -180,7 +184,7 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   LoadDrive("C");
   View.CatchUps.clear();
   List.CatchUp();
-  EXPECT_EQ(size(List.Child(RootRow, 0)), "162");  // and the listing
+  EXPECT_EQ(size(List.Child(RootRow, 0)), "\u2265 162");  // and the listing
 
   Platform.Files.NoteFault = {95, "Operation not supported"};
   Events.Take();

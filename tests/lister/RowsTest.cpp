@@ -63,7 +63,7 @@ class Rows : public testing::Test {
                              .Created = time(),
                              .Accessed = time(),
                              .Mode = static_cast<std::uint32_t>(Random() % 4 * 0111)});
-    if (item.IsFolder() && Random() % 2 == 0) rows.SetFolderSize(row, Random() % 4 << 62);
+    if (item.IsFolder() && Random() % 2 == 0) rows.SetFolderSize(row, {Random() % 4 << 62});
     if (Random() % 2 == 0) rows.SetNotes(row, ItemColour::Red, RandomName());
   }
 
