@@ -17,6 +17,7 @@
 #include "platform/linux/LinuxLauncher.h"
 #include "platform/linux/LinuxSystemInfo.h"
 #include "platform/linux/LinuxTermination.h"
+#include "platform/linux/ProtectedItems.h"
 #include "platform/linux/RunOperation.h"
 #include "platform/linux/TerminalCall.h"
 #include "shell/Application.h"
@@ -75,7 +76,7 @@ int main(int argc, char** argv) {
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
   platform::LinuxSystemInfo system(platform::ProgramPlaces::OfProcess());
-  platform::LinuxFileSystem files;
+  platform::LinuxFileSystem files(system.ProgramFolder());
   platform::LinuxDrives drives;
   platform::LinuxFolderWatch watches;
   platform::LinuxFolderStamps stamps;
@@ -89,7 +90,14 @@ int main(int argc, char** argv) {
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 
-  ui::QtFileOperation operation(platform::RunOperation, {files.Syntax(), clock, forms, icons});
+  ui::QtFileOperation operation(
+      [&](const platform::OperationRequest& request, platform::OperationUser& user) {
+        return platform::RunOperation(request, user, system.ProgramFolder());
+      },
+      [&](platform::FileFunction function, const std::string& items) {
+        return platform::ProtectedItems(system.ProgramFolder()).Refusal(function, items);
+      },
+      {files.Syntax(), clock, forms, icons});
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
@@ -100,8 +108,7 @@ int main(int argc, char** argv) {
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
   platform::LinuxLauncher launcher({dialogs, itemWindows, forms});
-  platform::LinuxContextMenu contextMenu(
-      {clipboard, operation, dialogs, itemWindows, drives, forms});
+  platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, forms});
 
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
                                   launcher, operation, contextMenu, popups, forms, stamps},

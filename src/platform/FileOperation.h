@@ -40,6 +40,11 @@ class FileOperation {
   virtual ~FileOperation() = default;
   // Returns when the work is done or given up. Shows progress and asks its questions by itself.
   virtual OperationResult Run(const OperationRequest& request) = 0;
+  // Why the items, listed as in a request, may not be deleted, moved or renamed by any command, as
+  // one sentence for people; empty where they may. The root of all folders, the places of mounted
+  // volumes, the home folder, the program's folder and what holds one of them stay; Run refuses
+  // them too.
+  virtual std::string Refusal(FileFunction function, const std::string& items) const = 0;
 };
 
 }  // namespace tarnwell::platform

@@ -213,10 +213,15 @@ class FakeFileOperation : public platform::FileOperation {
  public:
   std::vector<platform::OperationRequest> Requests;
   std::function<int(const platform::OperationRequest&)> OnRun;  // gives the result's code
+  std::string Refused;                                          // the item that stays where it is
 
   platform::OperationResult Run(const platform::OperationRequest& request) override {
     Requests.push_back(request);
     return {.Code = OnRun ? OnRun(request) : 0};
+  }
+  std::string Refusal(platform::FileFunction function, const std::string& items) const override {
+    const bool isRefused = !Refused.empty() && items.starts_with(Refused + '\0');
+    return isRefused ? "Refused " + std::to_string(static_cast<int>(function)) : "";
   }
 };
 

@@ -117,6 +117,7 @@ class FileOperationTest : public testing::Test {
   QtFileOperation Operation{[this](const OperationRequest&, OperationUser& user) {
                               return OperationResult{.Code = Work(user)};
                             },
+                            {},
                             {base::PathSyntax::Posix(), Clock, Forms, Icons}};
 };
 

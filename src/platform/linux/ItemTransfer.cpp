@@ -22,9 +22,11 @@ constexpr int mostConflicts = 20;
 
 }  // namespace
 
-ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target)
+ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target,
+                           ProtectedItems& protectedItems)
     : talk_(talk),
       target_(target),
+      protected_(protectedItems),
       moves_(talk.Function() == FileFunction::Move),
       flushed_(moves_) {}
 

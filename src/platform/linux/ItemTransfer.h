@@ -17,6 +17,7 @@
 #include "platform/linux/ItemCounter.h"
 #include "platform/linux/LinkedFiles.h"
 #include "platform/linux/OperationTalk.h"
+#include "platform/linux/ProtectedItems.h"
 #include "platform/linux/VolumeTraits.h"
 
 namespace tarnwell::platform {
@@ -33,7 +34,8 @@ struct OpenPlace {
 // taken as they are and never followed. Serves one item after the other, all to one folder.
 class ItemTransfer {
  public:
-  ItemTransfer(OperationTalk& talk, const OpenPlace& target);
+  // None of the protected items is replaced.
+  ItemTransfer(OperationTalk& talk, const OpenPlace& target, ProtectedItems& protectedItems);
 
   // Takes one item from its folder; it is to be called `targetName`.
   void Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
@@ -142,6 +144,7 @@ class ItemTransfer {
 
   OperationTalk& talk_;
   const OpenPlace& target_;
+  ProtectedItems& protected_;
   const bool moves_;
   const uid_t user_ = geteuid();
   const gid_t group_ = getegid();

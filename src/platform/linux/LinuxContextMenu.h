@@ -5,7 +5,6 @@
 #include "platform/Dialogs.h"
 #include "platform/FileClipboard.h"
 #include "platform/FileOperation.h"
-#include "platform/FileSystem.h"
 #include "platform/ItemWindows.h"
 #include "platform/NumberForms.h"
 
@@ -17,13 +16,11 @@ struct MenuTools {
   FileOperation& Operation;
   platform::Dialogs& Dialogs;
   ItemWindows& Windows;
-  const platform::Drives& Drives;
   const NumberForms& Forms;
 };
 
 // Open, Open With, Cut, Copy, Paste, Create Shortcut, Delete and Properties, each where it makes
-// sense for the items. The root of a drive can be neither cut nor deleted, and gets no shortcut.
-// Entries of items that have gone meanwhile say so.
+// sense for the items. Entries of items that have gone meanwhile, or that may not go, say so.
 class LinuxContextMenu : public ContextMenu {
  public:
   explicit LinuxContextMenu(const MenuTools& tools) : tools_(tools) {}

@@ -15,6 +15,7 @@
 #include "platform/linux/LinuxFolder.h"
 #include "platform/linux/MeasureFolder.h"
 #include "platform/linux/NamingError.h"
+#include "platform/linux/ProtectedItems.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/ReplaceFile.h"
@@ -104,7 +105,9 @@ base::Status LinuxFileSystem::MakeFolder(const std::string& path) {
 }
 
 base::Status LinuxFileSystem::Rename(const std::string& from, const std::string& to) {
-  return RenameItem(from, to);
+  const std::string refusal =
+      ProtectedItems(programFolder_).Refusal(FileFunction::Rename, from + '\0');
+  return refusal.empty() ? RenameItem(from, to) : base::Status{EPERM, refusal};
 }
 
 base::Status LinuxFileSystem::ReadFile(const std::string& path, std::string& content) const {

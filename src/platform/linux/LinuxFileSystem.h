@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/FileSystem.h"
 
@@ -12,6 +13,10 @@ namespace tarnwell::platform {
 // the port says, takes paths of any length, and never waits for a FIFO or a device.
 class LinuxFileSystem : public FileSystem {
  public:
+  LinuxFileSystem() = default;
+  // Refuses to rename what ProtectedItems tells for this folder of the program's own files.
+  explicit LinuxFileSystem(std::string programFolder) : programFolder_(std::move(programFolder)) {}
+
   const base::PathSyntax& Syntax() const override;
   std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
                                            base::Status& status) const override;
@@ -29,6 +34,9 @@ class LinuxFileSystem : public FileSystem {
   base::Status ReadFile(const std::string& path, std::string& content) const override;
   base::Status WriteFile(const std::string& path, const std::string& content) override;
   base::Status RemoveFile(const std::string& path) override;
+
+ private:
+  std::string programFolder_;
 };
 
 }  // namespace tarnwell::platform

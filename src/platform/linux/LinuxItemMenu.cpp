@@ -9,7 +9,6 @@
 #include "platform/linux/FileOpener.h"
 #include "platform/linux/FindItem.h"
 #include "platform/linux/ItemList.h"
-#include "platform/linux/ItemRoots.h"
 #include "platform/linux/ItemText.h"
 #include "platform/linux/LinkItems.h"
 #include "platform/linux/OpenItems.h"
@@ -23,7 +22,6 @@ namespace {
 enum class Suits {
   All,
   Items,      // not the open folder itself
-  Loose,      // items, with no root of a drive among them
   OneFolder,  // to put something there
 };
 
@@ -36,12 +34,12 @@ constexpr Row rows[] = {
     {MenuVerb::Open, "&Open", Suits::Items},
     {MenuVerb::OpenWith, "Open Wit&h", Suits::All},
     {MenuVerb::None, nullptr, Suits::All},
-    {MenuVerb::Cut, "Cu&t", Suits::Loose},
+    {MenuVerb::Cut, "Cu&t", Suits::Items},
     {MenuVerb::Copy, "&Copy", Suits::Items},
     {MenuVerb::Paste, "&Paste", Suits::OneFolder},
     {MenuVerb::None, nullptr, Suits::All},
-    {MenuVerb::CreateShortcut, "Create &Shortcut", Suits::Loose},
-    {MenuVerb::Delete, "&Delete", Suits::Loose},
+    {MenuVerb::CreateShortcut, "Create &Shortcut", Suits::Items},
+    {MenuVerb::Delete, "&Delete", Suits::Items},
     {MenuVerb::None, nullptr, Suits::All},
     {MenuVerb::Properties, "P&roperties", Suits::All},
 };
@@ -79,13 +77,10 @@ base::Status LinuxItemMenu::Fill(int firstId, int lastId, std::vector<ContextEnt
   actions_.clear();
   types_ = TypesOf(paths_);
   applications_ = ApplicationsFor(types_);
-  const bool isLoose = !names_.empty() && !HoldsRoot(folder_, names_, tools_.Drives.HomeFolder());
   const auto suits = [&](Suits what) {
     switch (what) {
       case Suits::Items:
         return !names_.empty();
-      case Suits::Loose:
-        return isLoose;
       case Suits::OneFolder:
         return IsOneFolder();
       case Suits::All:
@@ -158,6 +153,8 @@ void LinuxItemMenu::Invoke(int offset) {
       ChooseApplication();
       break;
     case MenuVerb::Cut:
+      if (IsRefused(FileFunction::Move)) break;
+      [[fallthrough]];
     case MenuVerb::Copy:
       tools_.Clipboard.Put(
           {.Items = JoinItems(paths_), .IsCut = actions_[at].Verb == MenuVerb::Cut});
@@ -170,7 +167,7 @@ void LinuxItemMenu::Invoke(int offset) {
       failures.Show(tools_.Dialogs, "could not be given a shortcut");
       break;
     case MenuVerb::Delete:
-      Trash();
+      if (!IsRefused(FileFunction::Delete)) Trash();
       break;
     case MenuVerb::Properties:
       tools_.Windows.ShowProperties(paths_);
@@ -256,6 +253,12 @@ void LinuxItemMenu::Tell(const std::string& name, const std::string& what,
                          const base::Status& status) {
   tools_.Dialogs.ShowCritical(
       "Tarnwell", '"' + base::ForDisplay(name) + "\" " + what + ".\n\n" + status.Reason);
+}
+
+bool LinuxItemMenu::IsRefused(FileFunction function) const {
+  const std::string refusal = tools_.Operation.Refusal(function, JoinItems(paths_));
+  if (!refusal.empty()) tools_.Dialogs.ShowCritical("Tarnwell", refusal);
+  return !refusal.empty();
 }
 
 void LinuxItemMenu::Trash() {

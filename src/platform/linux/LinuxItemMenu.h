@@ -49,6 +49,8 @@ class LinuxItemMenu : public ItemMenu {
   void ChooseApplication();
   void RunCommand(const std::string& command);
   void Trash();
+  // Tells why the items stay where they are, if they do.
+  bool IsRefused(FileFunction function) const;
   // Those of the items that are still there.
   std::vector<std::string> ItemsThere(FailureList& failures) const;
   void Tell(const std::string& name, const std::string& what, const base::Status& status);

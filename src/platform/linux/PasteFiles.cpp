@@ -69,6 +69,12 @@ void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperati
     failures.Show(dialogs, "could not be opened to paste there");
     return;
   }
+  const std::string refusal =
+      files.IsCut ? operation.Refusal(FileFunction::Move, files.Items) : std::string();
+  if (!refusal.empty()) {
+    dialogs.ShowCritical("Tarnwell", refusal);
+    return;
+  }
   FolderTest target(identity);
   FailureList nameless(forms);
   std::vector<std::string> fromHere, fromElsewhere;

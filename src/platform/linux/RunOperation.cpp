@@ -13,6 +13,7 @@
 #include "platform/linux/ItemCounter.h"
 #include "platform/linux/ItemTransfer.h"
 #include "platform/linux/OperationTalk.h"
+#include "platform/linux/ProtectedItems.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TrashItem.h"
@@ -80,8 +81,9 @@ int MakeFolders(const std::string& path) {
 
 class Operation {
  public:
-  Operation(const OperationRequest& request, OperationUser& user)
+  Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder)
       : talk_(user, request.Function, request.Flags),
+        protected_(programFolder),
         destination_(request.Destination.substr(0, request.Destination.find('\0'))) {}
 
   OperationResult Run(std::vector<ItemPath> items) {
@@ -121,6 +123,21 @@ class Operation {
     return folder_;
   }
 
+  // The same for an item that is to go from there, which it may not if it is protected.
+  std::shared_ptr<const OpenPlace> FolderToTakeFrom(const ItemPath& item) {
+    const OperationStep step =
+        talk_.Function() == FileFunction::Delete ? OperationStep::Delete : OperationStep::Move;
+    for (;;) {
+      std::shared_ptr<const OpenPlace> folder = FolderOf(item);
+      if (!folder) return nullptr;
+      const std::string refusal =
+          protected_.Refusal(talk_.Function(), folder->Folder.Get(), item.Name.c_str());
+      if (refusal.empty()) return folder;
+      if (!talk_.Retries(step, item.Whole(), {EPERM, refusal})) return nullptr;
+      protected_.Forget();
+    }
+  }
+
   // Finds the folder that the items go to; `name` is empty where they keep their own names. False
   // if it was given up.
   bool OpenTarget(OpenPlace& target, std::string& name) {
@@ -147,7 +164,7 @@ class Operation {
     OpenPlace target;
     std::string name;
     if (!OpenTarget(target, name)) return;
-    ItemTransfer transfer(talk_, target);
+    ItemTransfer transfer(talk_, target, protected_);
     std::size_t taken = 0;
     talk_.SetTotal(items_.size());
     if (!talk_.Has(Silent)) {
@@ -161,7 +178,8 @@ class Operation {
     }
     for (const ItemPath& item : items_) {
       if (!talk_.GoesOn()) break;
-      const std::shared_ptr<const OpenPlace> folder = FolderOf(item);
+      const std::shared_ptr<const OpenPlace> folder =
+          talk_.Function() == FileFunction::Move ? FolderToTakeFrom(item) : FolderOf(item);
       if (folder) transfer.Take(folder, item.Name, name.empty() ? item.Name : name);
       ++taken;
     }
@@ -173,9 +191,9 @@ class Operation {
     talk_.SetTotal(items_.size());
     for (const ItemPath& item : items_) {
       if (!talk_.GoesOn()) return;
-      if (talk_.Has(AllowUndo) && !GoesForGood(item)) continue;
-      const std::shared_ptr<const OpenPlace> folder = FolderOf(item);
-      if (folder) deletion.Delete(folder->Folder.Get(), item.Name, item.Whole());
+      const std::shared_ptr<const OpenPlace> folder = FolderToTakeFrom(item);
+      if (!folder || (talk_.Has(AllowUndo) && !GoesForGood(item))) continue;
+      deletion.Delete(folder->Folder.Get(), item.Name, item.Whole());
     }
   }
 
@@ -202,6 +220,7 @@ class Operation {
   void Rename() {
     const std::string from = items_.front().Whole();
     talk_.SetTotal(1);
+    if (!FolderToTakeFrom(items_.front())) return;
     for (;;) {
       const base::Status status = RenameItem(from, destination_);
       if (status) break;
@@ -211,6 +230,7 @@ class Operation {
   }
 
   OperationTalk talk_;
+  ProtectedItems protected_;
   std::string destination_;
   std::vector<ItemPath> items_;
   std::shared_ptr<const OpenPlace> folder_;
@@ -219,10 +239,11 @@ class Operation {
 
 }  // namespace
 
-OperationResult RunOperation(const OperationRequest& request, OperationUser& user) {
+OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
+                             const std::string& programFolder) {
   std::optional<std::vector<ItemPath>> items = SplitItems(request.Items);
   if (!items) return {EINVAL, false};
-  return Operation(request, user).Run(std::move(*items));
+  return Operation(request, user, programFolder).Run(std::move(*items));
 }
 
 }  // namespace tarnwell::platform

@@ -15,6 +15,10 @@ namespace tarnwell::platform {
 // links are whole, or are not there under their names. A target that exists as a folder takes the
 // items; for one item it may also be the path to be, in a folder that exists. Several items, and a
 // separator at the end, ask for a folder, which is made where it is missing.
-OperationResult RunOperation(const OperationRequest& request, OperationUser& user);
+//
+// What ProtectedItems tells, for the folder of the program's own files, is never taken away: that
+// is trouble, with EPERM, and the other items are done.
+OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
+                             const std::string& programFolder = {});
 
 }  // namespace tarnwell::platform

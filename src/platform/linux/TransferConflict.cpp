@@ -61,6 +61,14 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       if (talk_.Retries(OperationStep::Find, FromPath(item.Name), reason)) continue;
       return Way::Leave;
     }
+    const std::string refusal =
+        way == Way::Replace
+            ? protected_.Refusal(FileFunction::Copy, targets_.Get(), item.Target.c_str())
+            : std::string();
+    if (!refusal.empty()) {
+      if (talk_.Retries(OperationStep::Write, ToPath(item.Target), {EPERM, refusal})) continue;
+      return Way::Leave;
+    }
     const bool giveWay = way == Way::Replace && S_ISDIR(there.stx_mode);
     if (giveWay) {
       const base::Status reason{EISDIR, "A folder stands in the way, and gives way to no file"};

@@ -78,13 +78,12 @@ class LinuxContextMenuTest : public testing::Test {
   std::string Took() { return std::exchange(Dialogs.Told, {}); }
 
   TempFolder Place;
-  fakes::FakeDrives Drives{base::PathSyntax::Posix()};
   MemoryClipboard Clipboard;
   fakes::FakeFileOperation Operation;
   NotedDialogs Dialogs;
   NotedWindows Windows;
   fakes::FakeNumberForms Forms;
-  LinuxContextMenu Menus{{Clipboard, Operation, Dialogs, Windows, Drives, Forms}};
+  LinuxContextMenu Menus{{Clipboard, Operation, Dialogs, Windows, Forms}};
   std::vector<ContextEntry> Entries;
 };
 
@@ -99,14 +98,6 @@ TEST_F(LinuxContextMenuTest, OffersWhatSuitsTheItems) {
   EXPECT_EQ(Offer(Place.Path() + "/", {}), "Open Wit&h|-|&Paste|-|P&roperties|");
   EXPECT_EQ(Offer("/", {}), "Open Wit&h|-|&Paste|-|P&roperties|");
   EXPECT_EQ(Offer(Place.Path(), {"gone"}), start + "Cu&t|&Copy|" + end);
-  // Roots: a mount, also by way of a link and among others, and the home folder.
-  const std::string root = start + "&Copy|&Paste|-|P&roperties|";
-  std::filesystem::create_directory_symlink("/", Place / "root");
-  EXPECT_EQ(Offer("/", {"proc"}), root);
-  EXPECT_EQ(Offer(Place / "root", {"proc"}), root);
-  EXPECT_EQ(Offer("/", {"usr", "proc"}), start + "&Copy|-|P&roperties|");
-  Drives.Home = Place / "dir";
-  EXPECT_EQ(Offer(Place.Path(), {"dir"}), root);
   EXPECT_EQ(Menus.ForItems("", {"a"}), nullptr);
 
   // Applications for every one of the types, the default first; numbers in range, none twice.
@@ -265,6 +256,14 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   EXPECT_EQ(Took(), "");
   Choose({"p.png"}, "&Copy");
   EXPECT_FALSE(Clipboard.Files.IsCut);
+  Operation.Refused = Place / "p.png";
+  Choose({"p.png", "dir"}, "Cu&t");
+  EXPECT_FALSE(Clipboard.Files.IsCut);
+  Choose({"p.png"}, "&Delete");
+  Clipboard.Files.IsCut = true;
+  Choose({"dir"}, "&Paste");
+  EXPECT_EQ(Took(), "Refused 1|Refused 3|Refused 1|");
+  EXPECT_EQ(Operation.Requests.size(), 0U);
   const std::unique_ptr<ItemMenu> late = Make(Place.Path(), {"dir"});
   std::filesystem::remove_all(target);
   Choose(*late, "&Paste");

@@ -11,8 +11,10 @@
 #include "OperationFixture.h"
 #include "platform/linux/CopiedItems.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/LinuxFileSystem.h"
 #include "platform/linux/NameProbe.h"
 #include "platform/linux/NameSpelling.h"
+#include "platform/linux/ProtectedItems.h"
 #include "platform/linux/RenameItem.h"
 #include "platform/linux/TwinName.h"
 
@@ -368,10 +370,74 @@ TEST(Operation, FullVolumesAndMountedOnes) {
                   ScriptedUser user;
                   Do(user, FileFunction::Delete, {here / "tree", here / "plain", here.Path()}, "");
                   const bool stays = Get(here / "small/file") == "other volume";
-                  return stays && user.Heard == "small:" + std::to_string(EBUSY) + " " ? 0 : 1;
+                  const std::string refused =
+                      ScriptedUser::NameOf(here.Path()) + ":" + std::to_string(EPERM) + " ";
+                  return stays && user.Heard == refused ? 0 : 1;
                 }),
             0);
   EXPECT_EQ(here.Names(), "small ");
+}
+
+TEST(Operation, TakesNothingAwayThatTheUserLivesIn) {
+  const TempFolder here;
+  for (const char* folder : {"data/me/share/own", "users", "top/volume", "again"}) {
+    fs::create_directories(here / folder);
+  }
+  fs::create_symlink("../data/me", here / "users/me");
+  fs::create_symlink("data", here / "way");
+  Put(here / "me", "x");
+  struct Case {
+    FileFunction Function;
+    const char *Item, *Sentence;
+  };
+  using enum FileFunction;
+  const Case cases[] = {
+      {Delete, "data/me", "The home folder cannot be deleted."},
+      {Rename, "users/me", "The home folder cannot be renamed."},
+      {Delete, "way/me", "The home folder cannot be deleted."},
+      {Move, "again/me", "The home folder cannot be moved."},
+      {Move, "data", "A folder that holds the home folder cannot be moved."},
+      {Delete, "again/me/share/own", "The folder of the program's own files cannot be deleted."},
+      {Delete, "data/me/share", "A folder that holds the program's own files cannot be deleted."},
+      {Rename, "top/volume", "A folder on which a volume is mounted cannot be renamed."},
+      {Move, "top", "A folder that holds a mounted volume cannot be moved."},
+  };
+  const auto before = Describe(here / "data");
+  const int held = OnSmallVolume(here / "top/volume", "size=2m", [&] {
+    if (mount((here / "data").c_str(), (here / "again").c_str(), nullptr, MS_BIND, nullptr) != 0) {
+      return 77;
+    }
+    setenv("HOME", (here / "users/me").c_str(), 1);
+    const std::string program = here / "data/me/share/own";
+    struct : ScriptedUser {
+      TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
+        Heard += trouble.Reason.Reason;
+        return TroubleChoice::Skip;
+      }
+    } user;
+    int number = 0;
+    for (const Case& each : cases) {
+      ++number;
+      const std::string item = here / each.Item + '\0';
+      for (const int flags : {0, static_cast<int>(AllowUndo)}) {
+        const OperationRequest request{each.Function, item, here / "me (2)" + '\0',
+                                       static_cast<std::uint16_t>(flags)};
+        user.Heard.clear();
+        if (RunOperation(request, user, program).Code != EPERM) return number;
+        if (user.Heard != each.Sentence) return number + 20;
+      }
+      if (ProtectedItems(program).Refusal(each.Function, item) != each.Sentence) return number + 40;
+      if (LinuxFileSystem(program).Rename(here / each.Item, here / "x").Code != EPERM) return 60;
+    }
+    user.Heard.clear();
+    Do(user, Move, {here / "me"}, here / "users/", NoConfirmation);
+    if (user.Heard != "The home folder cannot be replaced.") return 61;
+    return Do(user, Delete, {here / "me", here / "way"}, "").Code;
+  });
+  if (held == 77) GTEST_SKIP() << "needs the right to mount";
+  EXPECT_EQ(held, 0);
+  EXPECT_EQ(here.Names(), "again data top users ");
+  EXPECT_EQ(Describe(here / "data"), before);
 }
 
 TEST(Operation, GoesAsDeepAsFoldersLie) {
