@@ -16,6 +16,12 @@ void DeleteCommand::DeleteSelection(bool permanent) {
   std::string shown = list->FirstSelected();
   // A drive's text ends so and it has no items; a file's name may end so as well.
   if (shown.empty() || (shown.ends_with(':') && list->ActiveItemName().empty())) return;
+  const std::string refusal =
+      platform_.Refusal(platform::FileFunction::Delete, list->ActiveItemName());
+  if (!refusal.empty()) {
+    messenger_.Message(refusal, forms::MessageKind::Ok);
+    return;
+  }
   if (shown.find(syntax_.Separator) != std::string::npos) {
     shown = "Folder: " + std::string(syntax_.LastComponent(shown));
   }

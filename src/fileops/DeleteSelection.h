@@ -16,19 +16,21 @@ class DeleteCommand {
 
   DeleteCommand(workspace::Workspace& workspace, const base::PathSyntax& syntax,
                 platform::FileOperation& platform, FileOperations& operations,
-                lists::Navigation& navigation, forms::FormHost& host, DialogFields& fields,
-                ShellDelete shellDelete)
+                lists::Navigation& navigation, forms::FormHost& host, forms::Messenger& messenger,
+                DialogFields& fields, ShellDelete shellDelete)
       : workspace_(workspace),
         syntax_(syntax),
         platform_(platform),
         operations_(operations),
         navigation_(navigation),
         host_(host),
+        messenger_(messenger),
         fields_(fields),
         shellDelete_(std::move(shellDelete)) {}
 
   // Deletes the selection of the current list: for good after a question, or by the platform's own
-  // way. A drive is never deleted, and nothing is said of it.
+  // way. A drive is never deleted, and nothing is said of it; of what else the platform keeps from
+  // being deleted, it is said why.
   void DeleteSelection(bool permanent);
 
  private:
@@ -40,6 +42,7 @@ class DeleteCommand {
   FileOperations& operations_;
   lists::Navigation& navigation_;
   forms::FormHost& host_;
+  forms::Messenger& messenger_;
   DialogFields& fields_;
   ShellDelete shellDelete_;
 };

@@ -47,6 +47,10 @@ void FileOperations::FileOperate(const std::string& action, lister::ListId sourc
     watches.LeaveOpen();
     return;
   }
+  if (const std::string refusal = platform_.Refusal(function, what); !refusal.empty()) {
+    messenger_.Message(refusal, forms::MessageKind::Ok);
+    return;
+  }
   Carry(function, source, target, std::move(folder), refreshChild, std::string(what));
 }
 

@@ -19,6 +19,12 @@ void RenameCommand::RenameItem(bool byKey) {
   std::int32_t kind = 0;
   list->GetClickedItem(folder, name, byKey, kind);
   if (kind == lister::ClickedEmptySpace || folder.empty() || name.empty()) return;
+  const std::string refusal =
+      platform_.Refusal(platform::FileFunction::Rename, files_.Syntax().Join(folder, name) + '\0');
+  if (!refusal.empty()) {
+    messenger_.Message(refusal, forms::MessageKind::Ok);
+    return;
+  }
   std::string offered = name;
   do {
     offered = AskOnce(*list, folder, name, offered);

@@ -6,6 +6,7 @@
 #include "fileops/DialogFields.h"
 #include "forms/FormHost.h"
 #include "forms/Messenger.h"
+#include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "workspace/Workspace.h"
 
@@ -13,13 +14,20 @@ namespace tarnwell::fileops {
 
 class RenameCommand {
  public:
-  RenameCommand(workspace::Workspace& workspace, platform::FileSystem& files, forms::FormHost& host,
+  RenameCommand(workspace::Workspace& workspace, platform::FileSystem& files,
+                const platform::FileOperation& platform, forms::FormHost& host,
                 forms::Messenger& messenger, DialogFields& fields)
-      : workspace_(workspace), files_(files), host_(host), messenger_(messenger), fields_(fields) {}
+      : workspace_(workspace),
+        files_(files),
+        platform_(platform),
+        host_(host),
+        messenger_(messenger),
+        fields_(fields) {}
 
   // Asks for the new name of the current list's clicked item, or of that with the cursor when
-  // `byKey`. What has no name of its own is passed over without a word. A name that cannot be given
-  // is told by a message, and then the dialog asks anew.
+  // `byKey`. What has no name of its own is passed over without a word; of what may not get another
+  // one, it is said why. A name that cannot be given is told by a message, and then the dialog asks
+  // anew.
   void RenameItem(bool byKey);
 
  private:
@@ -33,6 +41,7 @@ class RenameCommand {
 
   workspace::Workspace& workspace_;
   platform::FileSystem& files_;
+  const platform::FileOperation& platform_;
   forms::FormHost& host_;
   forms::Messenger& messenger_;
   DialogFields& fields_;

@@ -49,9 +49,9 @@ class OperationsTest : public testing::Test, public lists::TestLists {
   const base::PathSyntax& Syntax = Platform.Files.Syntax();
   FileOperations Operations{Space, Syntax, Platform.Operation, Nav, Messages, Fields};
   int ShellDeletes = 0;
-  DeleteCommand Deleting{Space, Syntax, Platform.Operation,        Operations, Nav,
-                         Host,  Fields, [this] { ++ShellDeletes; }};
-  RenameCommand Renaming{Space, Platform.Files, Host, Messages, Fields};
+  DeleteCommand Deleting{Space,    Syntax, Platform.Operation,        Operations, Nav, Host,
+                         Messages, Fields, [this] { ++ShellDeletes; }};
+  RenameCommand Renaming{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   std::size_t Watched = 0;
 };
 
@@ -182,6 +182,20 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
                                    "\r\n\r\nFile exists"s);
   EXPECT_TRUE(Messages.Texts[1].ends_with("A name cannot hold the character \\."));
   EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\ONE.txt") && AllWatch());
+}
+
+TEST_F(OperationsTest, SaysWhyAnItemStaysBeforeAnyQuestion) {
+  Space.Lists[100].MoveCurrent(Row(100, "one.txt"));
+  Space.Lists[100].SpaceKey();
+  Platform.Operation.Refused = "C:\\Data\\one.txt";
+  Host.OnModal = [](forms::Form&) { FAIL(); };
+  Deleting.DeleteSelection(false);
+  Deleting.DeleteSelection(true);
+  Renaming.RenameItem(true);
+  Operations.FileOperate("move", 100, 101, "C:\\Other", false, "");
+  EXPECT_EQ(Messages.Texts, (workspace::Texts{"Refused 3", "Refused 3", "Refused 4", "Refused 1"}));
+  EXPECT_EQ(Asked() + std::to_string(ShellDeletes), "nothing0");
+  EXPECT_TRUE(AllWatch());
 }
 
 TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
