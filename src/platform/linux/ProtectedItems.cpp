@@ -85,9 +85,10 @@ void ProtectedItems::Found::TakeWay(std::string path, Kind kind, Kind holder) {
       std::array<char, PATH_MAX> text;
       const ssize_t length = readlink(way.c_str(), text.data(), text.size());
       if (length <= 0) return;
-      const std::string target(text.data(), static_cast<std::size_t>(length));
-      const std::string rest = end == path.npos ? "" : path.substr(end);
-      path = (target.front() == '/' ? "" : path.substr(0, start)) + target + rest;
+      std::string target(text.data(), static_cast<std::size_t>(length));
+      if (end != path.npos) target += path.substr(end);
+      path.resize(target.front() == '/' ? 0 : start);
+      path += target;
     }
     if (!isLink) return;
   }
