@@ -1,7 +1,9 @@
 #include "fileops/DuplicateItems.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <iterator>
 
 #include "base/Text.h"
 #include "forms/PointerScope.h"
@@ -30,23 +32,27 @@ std::string StampedPath(std::string_view path, std::string_view stamp) {
   return stamped;
 }
 
-void DuplicateCommand::DuplicateItems(const std::vector<std::string>& paths) {
+std::vector<platform::PlacedItem> DuplicateCommand::DuplicateItems(
+    const std::vector<std::string>& paths) {
+  std::vector<platform::PlacedItem> placed;
   const forms::PointerScope pointer(host_);
   try {
     const std::string stamp = TimeStamp(clock_.ToLocal(clock_.Now()));
     std::string failures;
     for (const std::string& path : paths) {
-      const platform::OperationResult result = Duplicate(path, StampedPath(path, stamp));
+      platform::OperationResult result = Duplicate(path, StampedPath(path, stamp));
+      std::ranges::move(result.Placed, std::back_inserter(placed));
       if (result.Code != 0) failures += base::ForDisplay(path) + "\r\n";
       if (result.Aborted) break;  // the user wants no more of them
     }
-    if (failures.empty()) return;
+    if (failures.empty()) return placed;
     messenger_.Message("There was an error duplicating the following items:\r\n\r\n" + failures,
                        forms::MessageKind::Ok);
   } catch (const std::exception&) {
     messenger_.Message("An unexpected error occurred while duplicating the items.",
                        forms::MessageKind::Ok);
   }
+  return placed;
 }
 
 platform::OperationResult DuplicateCommand::Duplicate(const std::string& path,

@@ -24,8 +24,9 @@ class DuplicateCommand {
                    const platform::Clock& clock, forms::FormHost& host, forms::Messenger& messenger)
       : files_(files), platform_(platform), clock_(clock), host_(host), messenger_(messenger) {}
 
-  // Full paths; one stamp serves them all. Those that could not be copied are told in one message.
-  void DuplicateItems(const std::vector<std::string>& paths);
+  // Full paths; one stamp serves them all. Those that could not be copied are told in one message;
+  // gives the others.
+  std::vector<platform::PlacedItem> DuplicateItems(const std::vector<std::string>& paths);
 
  private:
   platform::OperationResult Duplicate(const std::string& path, const std::string& copy);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "fileops/ItemList.h"
+#include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
@@ -67,7 +68,8 @@ void FileOperations::Carry(FileFunction function, lister::ListId source, lister:
   }
   request.Destination += '\0';
   request.Flags = FlagsOf(function, items, folder);
-  platform_.Run(request);  // what went wrong, the platform has told
+  // What went wrong, the platform has told.
+  const platform::OperationResult result = platform_.Run(request);
 
   lister::ListerControl& shown = workspace_.Lists[target];
   if (function != FileFunction::Delete && source >= 0 && !lister::IsFileList(source) &&
@@ -84,6 +86,7 @@ void FileOperations::Carry(FileFunction function, lister::ListId source, lister:
   }
   shown.OperationResult = false;
   if (source >= 0 && function == FileFunction::Move) workspace_.Lists[source].RefreshList();
+  lists::ShowPlaced(workspace_, target, result.Placed);
 }
 
 std::uint16_t FileOperations::FlagsOf(FileFunction function, const std::string& items,

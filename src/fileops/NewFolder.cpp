@@ -6,6 +6,7 @@
 
 #include "fileops/ItemName.h"
 #include "fileops/popNewFolder.h"
+#include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
@@ -27,9 +28,9 @@ void NewFolder::CreateNewFolder(bool byKey) {
 std::string NewFolder::AskOnce(lister::ListerControl& list, bool byKey,
                                const std::string& offered) {
   const lists::WatchBracket watch(workspace_, list);
-  std::string refused;
+  std::string refused, made;
   try {
-    if (const base::Status status = AskAndMake(list, byKey, offered); !status) {
+    if (const base::Status status = AskAndMake(list, byKey, offered, made); !status) {
       refused = fields_.DialogResult;
       TellFailure(status.Reason);
     }
@@ -37,11 +38,12 @@ std::string NewFolder::AskOnce(lister::ListerControl& list, bool byKey,
     TellFailure(error.what());
   }
   list.RefreshList();
+  if (!made.empty()) lists::ShowPlaced(workspace_, list.Id(), {{.From = "", .To = made}});
   return refused;
 }
 
 base::Status NewFolder::AskAndMake(lister::ListerControl& list, bool byKey,
-                                   const std::string& offered) {
+                                   const std::string& offered, std::string& made) {
   fields_.DialogResult.clear();
   const std::string folder = list.TargetFolder(byKey);
   if (folder.empty()) {
@@ -60,7 +62,9 @@ base::Status NewFolder::AskAndMake(lister::ListerControl& list, bool byKey,
     return {.Code = -1, .Reason = std::move(fault)};
   }
   list.WatchStop();
-  return files_.MakeFolder(folder + name);
+  base::Status status = files_.MakeFolder(folder + name);
+  if (status) made = folder + name;
+  return status;
 }
 
 void NewFolder::TellFailure(const std::string& reason) {

@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "fileops/ItemName.h"
 #include "fileops/popRename.h"
+#include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
@@ -64,8 +65,11 @@ base::Status RenameCommand::AskAndRename(lister::ListerControl& list, const std:
     return {.Code = -1, .Reason = std::move(fault)};
   }
   list.WatchStop();
-  const base::Status status = files_.Rename(syntax.Join(folder, name), syntax.Join(folder, wanted));
-  if (status) list.RefreshList();
+  const platform::PlacedItem item{syntax.Join(folder, name), syntax.Join(folder, wanted)};
+  base::Status status = files_.Rename(item.From, item.To);
+  if (!status) return status;
+  list.RefreshList();
+  lists::ShowPlaced(workspace_, list.Id(), {item});
   return status;
 }
 

@@ -8,6 +8,7 @@
 #include "lister/FileStatus.h"
 #include "lister/KeepColour.h"
 #include "lister/OpenFiles.h"
+#include "lister/PlacedNames.h"
 
 namespace tarnwell::lister {
 
@@ -27,11 +28,31 @@ std::vector<ExtensionChoice> FileBody::ExtensionChoices() const {
 
 void FileBody::MoveCurrent(RowId row) {
   if (!files_.Rows.Has(row)) return;
-  if (std::exchange(files_.Current, row) != row) state_.View().CurrentChanged();
-  state_.Active.Set(files_.Rows.Folder(), std::string(files_.Rows.Name(row)));
+  SetCurrent(row);
   const int most = std::numeric_limits<std::int16_t>::max();
   state_.Events.ItemFocused(state_.Control.Id(),
                             static_cast<std::int16_t>(std::min(files_.Rows.PositionOf(row), most)));
+}
+
+void FileBody::SetCurrent(RowId row) {
+  if (std::exchange(files_.Current, row) != row) state_.View().CurrentChanged();
+  state_.Active.Set(files_.Rows.Folder(), std::string(files_.Rows.Name(row)));
+}
+
+void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells) {
+  PlacedNames names = NamesIn(state_.Folder, placed, state_.Syntax);
+  if (names.Placed.empty()) return;
+  // The rows may not have heard of them yet.
+  reader_.FolderChanged({.Names = MissingNames(files_.Rows, names)});
+  reader_.WhenDone([this, names = std::move(names), tells] {
+    const std::vector<RowId> rows = RowsOf(files_.Rows, names);
+    if (rows.empty()) return;
+    if (MaySelect(files_.Rows, names, files_.Current)) input_.SelectThese(rows);
+    // The cursor last: it raises an event, on which anything may happen to the rows.
+    SetCurrent(rows.front());
+    state_.View().ScrollToCurrent();
+    if (tells) MoveCurrent(rows.front());
+  });
 }
 
 void FileBody::Activate(RowId row) {

@@ -37,6 +37,7 @@ class FileBody : public ListBody {
   void Terminate() override { reader_.Terminate(); }
   void SettingsChanged() override { reader_.NotesChanged(); }
   void LoadContents(const std::string& folder) override { reader_.Load(folder); }
+  void PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells) override;
 
   const NameFilter* Filter() const override { return &files_.Filter; }
   void SetFilterText(const std::string& text) override;
@@ -72,6 +73,7 @@ class FileBody : public ListBody {
   }
 
  private:
+  void SetCurrent(RowId row);
   void MeasureSizes();
   void ShowMarks(const CompareCounts& counts);
 

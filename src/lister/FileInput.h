@@ -30,6 +30,9 @@ class FileInput : public CommonInput {
   void PrepareMouse() override;
   void PrepareKeyboard() override;
 
+  // These rows become what is selected; at least one, by position from the top.
+  void SelectThese(const std::vector<RowId>& rows) { selection_.SelectThese(rows); }
+
  protected:
   RowId Current() const override {
     return files_.Rows.Has(files_.Current) ? files_.Current : NoRow;

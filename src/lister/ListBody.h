@@ -88,6 +88,7 @@ class ListBody {
   virtual int OpenLevel() const { return 0; }
 
   virtual void LoadContents(const std::string&) {}
+  virtual void PlaceCursor(const std::vector<platform::PlacedItem>&, bool /*tells*/) {}
 
   // Of a list that has one; null for others.
   virtual const NameFilter* Filter() const { return nullptr; }

@@ -254,6 +254,10 @@ void ListerControl::SetHeadingProperty(int heading, std::string_view attribute,
   parts_->State.View().HeadingsChanged();
 }
 
+void ListerControl::PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells) {
+  parts_->Body->PlaceCursor(placed, tells);
+}
+
 // --- What is kept from run to run.
 
 std::int16_t ListerControl::ExpandedCount() const {

@@ -28,6 +28,7 @@
 #include "lister/ListerView.h"
 #include "platform/Clock.h"
 #include "platform/Collation.h"
+#include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
@@ -276,6 +277,11 @@ class ListerControl : public forms::Control {
   // As of the last FirstSelected: full paths, each ended by a NUL, and one more NUL at the end.
   // Empty when nothing was selected, and for a drive root.
   const std::string& ActiveItemName() const;
+  // File list: the cursor goes to the first of the items that are in its folder, which comes into
+  // view, and the selection to all of them unless more is selected than they, what they came from
+  // and the row with the cursor. `tells`: ItemFocused is raised. While a read runs this waits for
+  // its end.
+  void PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells);
   // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
   // Otherwise, in a folder list: the folder clicked or opened last.
   std::string TargetFolder(bool byKey = false, bool forPaste = false) const;

@@ -39,6 +39,7 @@ class ListerView {
   virtual void CellsChanged(RowId parent, int first, int last) = 0;
   virtual void ExpansionChanged(RowId row) = 0;
   virtual void CurrentChanged() = 0;    // the row with the cursor is another one
+  virtual void ScrollToCurrent() = 0;   // the row with the cursor is to be seen
   virtual void SelectionChanged() = 0;  // which rows are selected
   virtual void HeadingsChanged() = 0;   // order, width, visibility or sort marks of headings
   virtual void FilterChanged() = 0;     // the filter, or the extensions to choose from

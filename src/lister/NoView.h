@@ -20,6 +20,7 @@ class NoView : public ListerView {
   void CellsChanged(RowId, int, int) override {}
   void ExpansionChanged(RowId) override {}
   void CurrentChanged() override {}
+  void ScrollToCurrent() override {}
   void SelectionChanged() override {}
   void FilterChanged() override {}
   void HeadingsChanged() override {}

@@ -58,6 +58,16 @@ void RowSelection::SelectOnly(RowId row) {
   }
 }
 
+void RowSelection::SelectThese(const std::vector<RowId>& rows) {
+  anchor_.Set(rows.front());
+  auto next = rows.begin();
+  SetEach([&](int position, const FileRow&) {
+    const bool isNext = next != rows.end() && files_.Rows.At(position) == *next;
+    if (isNext) ++next;
+    return isNext;
+  });
+}
+
 void RowSelection::Toggle(RowId row) {
   anchor_.Set(row);
   files_.Rows.SetSelected(row, !Has(row));

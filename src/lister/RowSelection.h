@@ -26,6 +26,8 @@ class RowSelection {
   // Rows that exist. They become what ranges start from.
   void SelectOnly(RowId row);
   void Toggle(RowId row);
+  // These and no others, by position from the top; at least one.
+  void SelectThese(const std::vector<RowId>& rows);
   // From the row last chosen by the two above to this one; `adds`: the others stay as they are.
   void SelectTo(RowId row, bool adds);
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/Status.h"
+#include "platform/FileOperation.h"
 
 namespace tarnwell::platform {
 
@@ -28,8 +29,8 @@ class ItemMenu {
   // The entries from the top down, numbered from `firstId` to `lastId` at most.
   virtual base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) = 0;
   // Carries out the entry that is `offset` numbers above `firstId`, and returns when that is done.
-  // Asks, shows progress and reports failures by itself.
-  virtual void Invoke(int offset) = 0;
+  // Asks, shows progress and reports failures by itself. Gives the items that were pasted.
+  virtual std::vector<PlacedItem> Invoke(int offset) = 0;
 };
 
 class ContextMenu {

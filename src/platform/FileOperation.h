@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tarnwell::platform {
 
@@ -30,9 +31,18 @@ struct OperationRequest {
   std::uint16_t Flags = 0;
 };
 
+// An item of a request, and where it is by now. Both are full paths.
+struct PlacedItem {
+  std::string From;
+  std::string To;
+};
+
 struct OperationResult {
   int Code = 0;  // 0 when everything asked for was done
   bool Aborted = false;
+  // Those of a copy, move or rename that came through, in the order of the request; of a folder
+  // something further down may have been left.
+  std::vector<PlacedItem> Placed = {};
 };
 
 class FileOperation {

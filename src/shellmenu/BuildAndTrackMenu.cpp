@@ -49,14 +49,14 @@ void RemovePaste(std::vector<ContextEntry>& entries) {
 
 }  // namespace
 
-std::string MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
+MenuOutcome MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
   const std::unique_ptr<platform::ItemMenu> items =
       platform_.ForItems(request.Folder, request.Names);
-  if (items == nullptr) return "";
+  if (items == nullptr) return {};
   const std::unique_ptr<platform::PopupMenu> menu = popups_.Create();
-  if (menu == nullptr) return "";
+  if (menu == nullptr) return {};
   Entries platforms;
-  if (!items->Fill(FirstPlatformId, LastPlatformId, platforms)) return "";
+  if (!items->Fill(FirstPlatformId, LastPlatformId, platforms)) return {};
 
   Entries entries = OwnEntries({.Settings = workspace_.Settings,
                                 .FirstPath = request.FirstPath,
@@ -70,14 +70,17 @@ std::string MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
 
   const int id = request.Mode == MenuMode::Show ? menu->Track(request.X, request.Y)
                                                 : FindByCaption(entries, CaptionOf(request.Mode));
-  if (id == NothingChosen) return "";
+  if (id == NothingChosen) return {};
   // What the platform has in a submenu bears the names of applications, whatever words they are.
   const bool isNamedByOthers = id <= LastPlatformId && !IsOnTop(entries, id);
   const MenuWord chosen = isNamedByOthers
                               ? MenuWord{std::string(UnknownWord), true}
                               : WordOf(MenuCaptionById(entries, id), workspace_.ShellVerbMode);
-  if (chosen.IsPlatforms && id <= LastPlatformId) items->Invoke(id - FirstPlatformId);
-  return chosen.Word;
+  MenuOutcome outcome{.Word = chosen.Word, .Placed = {}};
+  if (chosen.IsPlatforms && id <= LastPlatformId) {
+    outcome.Placed = items->Invoke(id - FirstPlatformId);
+  }
+  return outcome;
 }
 
 MenuBuilder::Entries MenuBuilder::InsertAll(platform::PopupMenu& menu, Entries entries) const {

@@ -24,6 +24,11 @@ struct MenuRequest {
   int Y = 0;
 };
 
+struct MenuOutcome {
+  std::string Word;  // of the entry; empty where nothing was chosen or found
+  std::vector<platform::PlacedItem> Placed;  // what the platform has pasted
+};
+
 class MenuBuilder {
  public:
   MenuBuilder(const workspace::Workspace& workspace, platform::ContextMenu& platform,
@@ -31,9 +36,8 @@ class MenuBuilder {
       : workspace_(workspace), platform_(platform), popups_(popups), messenger_(messenger) {}
 
   // Shows the menu, or looks the mode's entry up in it unseen. Has the platform carry the entry out
-  // if it is the platform's. Gives its word; empty where nothing was chosen or found, and where
-  // there is no menu.
-  std::string BuildAndTrackMenu(const MenuRequest& request) const;
+  // if it is the platform's. Gives nothing where there is no menu.
+  MenuOutcome BuildAndTrackMenu(const MenuRequest& request) const;
 
  private:
   using Entries = std::vector<platform::ContextEntry>;

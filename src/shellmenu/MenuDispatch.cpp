@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "lists/ShowPlaced.h"
 #include "shellmenu/ColourCoding.h"
 #include "shellmenu/MenuWords.h"
 #include "shellmenu/ShellMenuTables.h"
@@ -34,12 +35,13 @@ const MenuDispatch::Row MenuDispatch::Rows[] = {
     {"newfolder", &MenuDispatch::NewFolder},     {"duplicate", &MenuDispatch::Duplicate},
 };
 
-void MenuDispatch::Dispatch(std::string word, const std::vector<std::string>& paths) {
+void MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths) {
+  std::string& word = outcome.Word;
   const int slot = TakeSlot(word);
   workspace_.Form.Refresh();
   try {
     cuts_.CutPasteCount = word == "cut" ? 1 : word == "paste" ? cuts_.CutPasteCount + 1 : 0;
-    Act({word, slot, paths});
+    Act({word, slot, paths, outcome.Placed});
   } catch (const std::exception&) {
     // The commands tell what is to be told.
   }
@@ -82,6 +84,7 @@ void MenuDispatch::Paste(const Choice& choice) {
     return;
   }
   RefreshCurrent();
+  lists::ShowPlaced(workspace_, workspace_.CurrentList, choice.Placed);
   if (cuts_.CutPasteCount != PasteAfterCut) return;
   const lister::ListId source = std::exchange(cuts_.CutSourceList, lister::NoList);
   if (source >= 0) workspace_.Lists[source].RefreshList();
@@ -114,8 +117,9 @@ void MenuDispatch::NewFolder(const Choice&) {
 }
 
 void MenuDispatch::Duplicate(const Choice& choice) {
-  commands_.Duplicate.DuplicateItems(choice.Paths);
+  const std::vector<platform::PlacedItem> placed = commands_.Duplicate.DuplicateItems(choice.Paths);
   RefreshCurrent();
+  lists::ShowPlaced(workspace_, workspace_.CurrentList, placed);
 }
 
 void MenuDispatch::RefreshCurrent() {

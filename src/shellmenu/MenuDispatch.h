@@ -14,6 +14,7 @@
 #include "fileops/RenameItem.h"
 #include "platform/Launcher.h"
 #include "shellmenu/Bookmarks.h"
+#include "shellmenu/BuildAndTrackMenu.h"
 
 namespace tarnwell::shellmenu {
 
@@ -44,7 +45,7 @@ class MenuDispatch {
         bookmarks_(workspace, messenger) {}
 
   // `paths` are the items that the menu was for. An error ends it without a word.
-  void Dispatch(std::string word, const std::vector<std::string>& paths);
+  void Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths);
 
  private:
   // A word with what it is for.
@@ -52,6 +53,7 @@ class MenuDispatch {
     const std::string& Word;
     int Slot;
     const std::vector<std::string>& Paths;
+    const std::vector<platform::PlacedItem>& Placed;
     const std::string& FirstPath() const { return Paths.at(0); }
   };
   struct Row;

@@ -82,8 +82,8 @@ std::string ContextMenuCommand::PasteTarget(const lister::ListerControl& list) c
   return platform_.Syntax.IsDriveRoot(folder) ? folder : platform_.Syntax.RemoveRightSlash(folder);
 }
 
-std::string ContextMenuCommand::Choose(const MenuItems& items, MenuRequest request) {
-  if (items.Paths.empty()) return "";
+MenuOutcome ContextMenuCommand::Choose(const MenuItems& items, MenuRequest request) {
+  if (items.Paths.empty()) return {};
   const base::PathSyntax& syntax = platform_.Syntax;
   std::vector<std::string> gone;
   for (const std::string& path : items.Paths) {
@@ -91,7 +91,7 @@ std::string ContextMenuCommand::Choose(const MenuItems& items, MenuRequest reque
     const base::Status status = platform_.Menu.Find(path);
     (status ? request.Names : gone).push_back(name);
     if (!status && gone.size() == 1) Tell(status);
-    if (!status && &path == &items.Paths.front()) return "";
+    if (!status && &path == &items.Paths.front()) return {};
   }
   TellMoreGone(gone);
   request.FirstPath = items.Paths.front();

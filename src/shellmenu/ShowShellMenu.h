@@ -43,8 +43,7 @@ class ContextMenuCommand {
 
  private:
   std::string PasteTarget(const lister::ListerControl& list) const;
-  // The word of the entry chosen.
-  std::string Choose(const MenuItems& items, MenuRequest request);
+  MenuOutcome Choose(const MenuItems& items, MenuRequest request);
   void Tell(const base::Status& status);
   // Of several items that are gone, all but the first in one message.
   void TellMoreGone(const std::vector<std::string>& names);

@@ -66,6 +66,7 @@ class ListerWidget : public QWidget,
   void CellsChanged(lister::RowId parent, int first, int last) override;
   void ExpansionChanged(lister::RowId row) override;
   void CurrentChanged() override;
+  void ScrollToCurrent() override;
   void SelectionChanged() override;
   void FilterChanged() override;
   void HeadingsChanged() override;
@@ -124,7 +125,6 @@ class ListerWidget : public QWidget,
   void ShowExpansion(lister::RowId row);
   void ShowRows();
   void ShowCurrent();
-  void ScrollToCurrent();
   // Screen readers learn of the selection from Qt, which nothing else here asks about it. Nothing
   // is kept there while no one reads.
   void MirrorSelection();

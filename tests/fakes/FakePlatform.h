@@ -214,10 +214,11 @@ class FakeFileOperation : public platform::FileOperation {
   std::vector<platform::OperationRequest> Requests;
   std::function<int(const platform::OperationRequest&)> OnRun;  // gives the result's code
   std::string Refused;                                          // the item that stays where it is
+  std::vector<platform::PlacedItem> Placed;                     // given with it
 
   platform::OperationResult Run(const platform::OperationRequest& request) override {
     Requests.push_back(request);
-    return {.Code = OnRun ? OnRun(request) : 0};
+    return {.Code = OnRun ? OnRun(request) : 0, .Placed = Placed};
   }
   std::string Refusal(platform::FileFunction function, const std::string& items) const override {
     const bool isRefused = !Refused.empty() && items.starts_with(Refused + '\0');
@@ -233,12 +234,13 @@ class FakeContextMenu : public platform::ContextMenu {
 
   std::vector<std::string> Captions{
       "&Open", "", "Cu&t", "&Copy", "&Paste", "Create &Shortcut", "&Delete", "P&roperties"};
-  bool Refuses = false;              // there is no menu for any items
-  base::Status Fault;                // of a menu that cannot be filled
-  std::string Asked;                 // "folder: name, name" of the last menu
-  std::vector<std::string> Invoked;  // captions without marks
-  std::vector<int> Offsets;          // of the last
-  std::function<void()> OnInvoke;    // the platform at work
+  bool Refuses = false;                      // there is no menu for any items
+  base::Status Fault;                        // of a menu that cannot be filled
+  std::string Asked;                         // "folder: name, name" of the last menu
+  std::vector<std::string> Invoked;          // captions without marks
+  std::vector<int> Offsets;                  // of the last
+  std::function<void()> OnInvoke;            // the platform at work
+  std::vector<platform::PlacedItem> Pasted;  // by an entry
 
   base::Status Find(const std::string& path) const override {
     return files_.Exists(path) ? base::Status() : MemoryFileSystem::NotFound();
@@ -264,12 +266,13 @@ class FakeContextMenu : public platform::ContextMenu {
       }
       return Owner.Fault;
     }
-    void Invoke(int offset) override {
+    std::vector<platform::PlacedItem> Invoke(int offset) override {
       Owner.Offsets = {offset};
       const std::string_view caption = Owner.Captions.at(static_cast<std::size_t>(offset));
       Owner.Invoked.push_back(
           base::WithoutMarks(caption.substr(caption.starts_with("> ") ? 2 : 0)));
       if (Owner.OnInvoke) Owner.OnInvoke();
+      return Owner.Pasted;
     }
     FakeContextMenu& Owner;
   };

@@ -36,6 +36,14 @@ TEST_F(NewFolderTest, MakesTheFolderAndShowsIt) {
   Create("New");
   EXPECT_TRUE(Platform.Files.FolderExists("C:\\Data\\New"));
   EXPECT_NE(Row(100, "New"), lister::NoRow);
+  Space.CurrentList = 0;  // from the tree, whose own cursor stays
+  const lister::RowId open = Space.Lists[0].CurrentRow();
+  Create("Tree");
+  ASSERT_NE(Row(100, "Tree"), lister::NoRow);
+  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "Tree"));
+  EXPECT_TRUE(Space.Lists[0].CurrentRow() == open && Space.CurrentList == 0);
+  Platform.Files.Remove("C:\\Data\\Tree");
+  Space.CurrentList = 100;
   EXPECT_TRUE(Messages.Texts.empty());
   Create("New");  // a name that is taken
   const std::vector<std::string> taken = std::exchange(Messages.Texts, {});

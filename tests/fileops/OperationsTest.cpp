@@ -62,9 +62,12 @@ TEST_F(OperationsTest, HandsThePlatformItemsTargetAndFlags) {
     Platform.Files.AddFile("C:\\Other\\new");
     return 0;
   };
+  Platform.Operation.Placed = {{"C:\\Data\\one.txt", "C:\\Other\\new"}};
   Operations.FileOperate("copy", 100, 101, "C:\\Other", false, items);
   EXPECT_EQ(Asked(), "2 C:\\Data\\one.txt;> C:\\Other\\;| 64");
   EXPECT_NE(Row(101, "new"), lister::NoRow);
+  EXPECT_EQ(Space.Lists[101].CurrentRow(), Row(101, "new"));
+  EXPECT_EQ(Space.CurrentList, 100);  // nobody was told of it
   EXPECT_TRUE(AllWatch());
   Platform.Operation.OnRun = {};
   struct Case {
@@ -172,6 +175,8 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
   Renaming.RenameItem(true);
   for (const char* same : {"one.txt", "cancel", ""}) rename(same);
   EXPECT_NE(Row(100, "one.txt"), lister::NoRow);
+  rename("z.txt");
+  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "z.txt"));
   rename("ONE.txt");
   EXPECT_NE(Row(100, "ONE.txt"), lister::NoRow);
   EXPECT_TRUE(Messages.Texts.empty());

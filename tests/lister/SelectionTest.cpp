@@ -70,6 +70,27 @@ class Selection : public ListFixture {
   }
 };
 
+TEST_F(Selection, GoesToWhatAnOperationBrought) {
+  Make({"a", "b", "c"});
+  List.WatchStop();
+  const auto place = [this](const std::string& name, const std::string& source = "") {
+    Platform.Files.AddFile("C:\\box\\" + name);
+    List.PlaceCursor({{source, "C:\\box\\" + name}, {"", "C:\\else\\a"}}, name == "f");
+    return Current() + Marks();
+  };
+  EXPECT_EQ(place("bb"), "bb..#.");
+  EXPECT_EQ(place("d"), "d....#");
+  List.SelectAll();
+  EXPECT_EQ(place("e"), "e#####.");  // what was chosen before stays
+  EXPECT_TRUE(Events.Take("ItemFocused").empty());
+  Click(0, RowPart::Item);
+  Click(3, RowPart::Item, CtrlDown);
+  Events.Take();
+  EXPECT_EQ(place("f", "C:\\box\\a"), "f......#");
+  EXPECT_EQ(Events.Take("ItemFocused"), Texts{"ItemFocused 6"});
+  EXPECT_EQ(View.Scrolls, 4);
+}
+
 // What a user expects, by names alone.
 struct Model {
   Texts Rows;

@@ -25,6 +25,7 @@ class ShadowView : public NoView {
   int Reorders = 0;
   int CurrentChanges = 0;
   int SelectionChanges = 0;
+  int Scrolls = 0;  // to the row with the cursor
   int Drags = 0;
   int Page = 1;
   int Repaints = 0;
@@ -41,6 +42,7 @@ class ShadowView : public NoView {
     for (const auto& [row, children] : rows_) EXPECT_EQ(ChildrenOf(row), children) << row;
   }
 
+  void ScrollToCurrent() override { ++Scrolls; }
   void BeginReset() override { open_ = true; }
   void EndReset() override {
     ++Resets;

@@ -109,10 +109,16 @@ void ItemTransfer::Walk() {
 }
 
 void ItemTransfer::TakeItem(Item item) {
+  const bool isAsked = levels_.size() == 1;
   int conflicts = 0;
   while (talk_.GoesOn()) {
     const Failure failure = Attempt(item);
-    if (talk_.IsCancelled() || failure.Error == 0) return;
+    if (talk_.IsCancelled()) return;
+    if (failure.Error == 0) {
+      if (!isAsked) return;
+      talk_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
+      return;
+    }
     if (failure.Error == EEXIST && item.Decided != Way::Replace && conflicts < mostConflicts) {
       ++conflicts;
       item.Decided = FindWay(item);

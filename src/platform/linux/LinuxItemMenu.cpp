@@ -136,9 +136,9 @@ bool LinuxItemMenu::IsOneFolder() const {
   return paths_.size() == 1 && types_ == std::vector<std::string>{"inode/directory"};
 }
 
-void LinuxItemMenu::Invoke(int offset) {
+std::vector<PlacedItem> LinuxItemMenu::Invoke(int offset) {
   const auto at = static_cast<std::size_t>(offset);
-  if (offset < 0 || at >= actions_.size()) return;
+  if (offset < 0 || at >= actions_.size()) return {};
   FailureList failures(tools_.Forms);
   switch (actions_[at].Verb) {
     case MenuVerb::None:
@@ -160,8 +160,8 @@ void LinuxItemMenu::Invoke(int offset) {
           {.Items = JoinItems(paths_), .IsCut = actions_[at].Verb == MenuVerb::Cut});
       break;
     case MenuVerb::Paste:
-      PasteFiles(paths_.front(), tools_.Clipboard, tools_.Operation, tools_.Dialogs, tools_.Forms);
-      break;
+      return PasteFiles(paths_.front(), tools_.Clipboard, tools_.Operation, tools_.Dialogs,
+                        tools_.Forms);
     case MenuVerb::CreateShortcut:
       LinkItems(folder_, names_, failures);
       failures.Show(tools_.Dialogs, "could not be given a shortcut");
@@ -173,6 +173,7 @@ void LinuxItemMenu::Invoke(int offset) {
       tools_.Windows.ShowProperties(paths_);
       break;
   }
+  return {};
 }
 
 std::vector<std::string> LinuxItemMenu::ItemsThere(FailureList& failures) const {

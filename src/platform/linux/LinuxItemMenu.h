@@ -32,7 +32,7 @@ class LinuxItemMenu : public ItemMenu {
                 const std::vector<std::string>& names);
 
   base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) override;
-  void Invoke(int offset) override;
+  std::vector<PlacedItem> Invoke(int offset) override;
 
  private:
   struct Action {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/OperationUser.h"
 
@@ -40,6 +41,11 @@ class OperationTalk {
   LossChoice AskLoss(const std::string& path);
   // Whether to make the missing target folder.
   bool MakesFolder(const std::string& path);
+
+  // An item of the request has its place.
+  void NotePlaced(std::string from, std::string to) {
+    result_.Placed.push_back({std::move(from), std::move(to)});
+  }
 
   // The counting ahead, if there is one, gives the totals with every report.
   using Totals = std::function<void(OperationProgress&)>;

@@ -1,5 +1,7 @@
 #include "platform/linux/PasteFiles.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <vector>
@@ -58,22 +60,23 @@ void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool 
 
 }  // namespace
 
-void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperation& operation,
-                Dialogs& dialogs, const NumberForms& forms) {
+std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& clipboard,
+                                   FileOperation& operation, Dialogs& dialogs,
+                                   const NumberForms& forms) {
   const ClipboardFiles files = clipboard.Get();
-  if (files.Items.empty() && files.Foreign == 0) return;
+  if (files.Items.empty() && files.Foreign == 0) return {};
   ItemIdentity identity;
   if (const int error = LookAtFolder(folder, identity); error != 0) {
     FailureList failures(forms);
     failures.Add(folder, SystemError(error));
     failures.Show(dialogs, "could not be opened to paste there");
-    return;
+    return {};
   }
   const std::string refusal =
       files.IsCut ? operation.Refusal(FileFunction::Move, files.Items) : std::string();
   if (!refusal.empty()) {
     dialogs.ShowCritical("Tarnwell", refusal);
-    return;
+    return {};
   }
   FolderTest target(identity);
   FailureList nameless(forms);
@@ -99,15 +102,16 @@ void PasteFiles(const std::string& folder, FileClipboard& clipboard, FileOperati
   if (!fromHere.empty() && !files.IsCut && !result.Aborted) {
     request.Items = JoinItems(fromHere);
     request.Flags |= RenameOnCollision;
-    operation.Run(request);
+    std::ranges::move(operation.Run(request).Placed, std::back_inserter(result.Placed));
   }
   nameless.Show(dialogs, "could not be pasted");
-  if (files.Foreign == 0) return;
+  if (files.Foreign == 0) return result.Placed;
   dialogs.ShowCritical(
       "Tarnwell", (files.Foreign == 1 ? "One item on the clipboard is no file"
                                       : forms.Grouped(static_cast<std::uint64_t>(files.Foreign)) +
                                             " items on the clipboard are no files") +
                       std::string(" of this computer and cannot be pasted."));
+  return result.Placed;
 }
 
 }  // namespace tarnwell::platform

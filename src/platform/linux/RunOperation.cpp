@@ -227,6 +227,7 @@ class Operation {
       if (!talk_.Retries(OperationStep::Move, from, status)) return;
     }
     talk_.AddItems(1);
+    talk_.NotePlaced(from, destination_);
   }
 
   OperationTalk talk_;

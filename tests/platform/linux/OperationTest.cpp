@@ -507,9 +507,11 @@ TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
                   .Code,
               0);
   }
-  EXPECT_EQ(
-      Do(user, FileFunction::Copy, {here / "a (2).tar.gz"}, here.Path(), RenameOnCollision).Code,
-      0);
+  const OperationResult again =
+      Do(user, FileFunction::Copy, {here / "a (2).tar.gz"}, here.Path(), RenameOnCollision);
+  EXPECT_EQ(again.Code, 0);
+  ASSERT_EQ(again.Placed.size(), 1U);
+  EXPECT_EQ(again.Placed[0].To, here / "a (4).tar.gz");
   EXPECT_EQ(here.Names(), "a (2).tar.gz a (3).tar.gz a (4).tar.gz a.tar.gz d.x d.x (2) d.x (3) ");
   const auto twin = [](const std::string& name) {
     const TwinParts parts = SplitTwinName(name, false);
