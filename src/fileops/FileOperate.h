@@ -27,10 +27,9 @@ class FileOperations {
   // `action` is "copy", "move" or "delete"; "cancel" does nothing, and any other word is handed to
   // the platform as an operation that it does not know. The items are those given, each full path
   // ended by a NUL, or what is selected in the source list; NoList there does nothing. The target
-  // list shows the target folder and is read again; with `refreshChild` its file list too. After
-  // What may not be moved or deleted is told of, and nothing is done. After
-  // "cancel" and where there are no items, the lists stay as they are and follow no folder until
-  // some other command.
+  // list shows the target folder and is read again; with `refreshChild` its file list too. What
+  // may not be moved or deleted is told of, and nothing is done. After "cancel" and where there are
+  // no items, the lists stay as they are and follow no folder until some other command.
   void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,
                    std::string folder, bool refreshChild, const std::string& items);
 
