@@ -20,6 +20,7 @@
 #include "platform/linux/ProtectedItems.h"
 #include "platform/linux/RunOperation.h"
 #include "platform/linux/TerminalCall.h"
+#include "platform/linux/XcbKeyboard.h"
 #include "shell/Application.h"
 #include "ui/GuardedApplication.h"
 #include "ui/IconSource.h"
@@ -110,8 +111,11 @@ int main(int argc, char** argv) {
   platform::LinuxLauncher launcher({dialogs, itemWindows, forms});
   platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, forms});
 
+  const auto* const x11 = qtApplication.nativeInterface<QNativeInterface::QX11Application>();
+  const platform::XcbKeyboard keys(x11 != nullptr ? x11->connection() : nullptr);
+
   shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
-                                  launcher, operation, contextMenu, popups, forms, stamps},
+                                  launcher, operation, contextMenu, popups, forms, stamps, keys},
                                  ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);

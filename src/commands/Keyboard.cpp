@@ -65,9 +65,9 @@ void Keyboard::KeyUp() {
   ResetStartItems();
 }
 
-void Keyboard::Activated(bool spaceIsDown, bool anyIsDown) {
-  if (!anyIsDown) workspace_.KeyArmed = true;
-  if (spaceIsDown) return;
+void Keyboard::Activated(platform::HeldKeys held) {
+  if (!held.Any) workspace_.KeyArmed = true;
+  if (held.Space) return;
   workspace_.SpaceHeld = false;
   ResetStartItems();
 }

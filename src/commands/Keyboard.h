@@ -5,6 +5,7 @@
 #include <string>
 
 #include "forms/Messenger.h"
+#include "platform/Keyboard.h"
 #include "shellmenu/MenuWords.h"
 #include "workspace/Workspace.h"
 
@@ -35,9 +36,8 @@ class Keyboard {
   void KeyDown(int code, int shift);
   // Any key: the next one may act.
   void KeyUp();
-  // The window is active again, and keys may have come up elsewhere. What is down now: Space, or
-  // any key but Ctrl, Alt and the like.
-  void Activated(bool spaceIsDown, bool anyIsDown);
+  // The window is active again, and keys may have come up elsewhere.
+  void Activated(platform::HeldKeys held);
 
  private:
   struct Row;

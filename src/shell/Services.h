@@ -10,6 +10,7 @@
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
+#include "platform/Keyboard.h"
 #include "platform/Launcher.h"
 #include "platform/MessagePump.h"
 #include "platform/NumberForms.h"
@@ -34,6 +35,7 @@ struct Services {
   platform::PopupMenus& Popups;
   const platform::NumberForms& Forms;
   platform::FolderStamps& Stamps;
+  const platform::Keyboard& Keys;
 };
 
 }  // namespace tarnwell::shell

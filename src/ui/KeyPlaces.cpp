@@ -1,24 +1,12 @@
 #include "ui/KeyPlaces.h"
 
 #include <QChar>
-#include <QGuiApplication>
-#include <algorithm>
-#include <cstdint>
-#include <iterator>
-
-#if QT_CONFIG(xcb)
-#include <QtGui/qguiapplication_platform.h>
-#include <xcb/xcb.h>
-
-#include <cstdlib>
-#endif
 
 namespace tarnwell::ui {
 namespace {
 
 // Where keys are, as X11 and Wayland number them: the kernel's numbers (linux/input-event-codes.h)
 // and 8.
-constexpr int SpacePlace = 65;
 struct LetterRow {
   quint32 First;
   const char* Letters;  // from there to the right
@@ -40,36 +28,6 @@ bool IsForeignLetter(int key) {
   return QChar::isLetter(letter) && QChar::script(letter) != QChar::Script_Latin;
 }
 
-#if QT_CONFIG(xcb)
-
-template <typename Reply>
-using XcbReply = std::unique_ptr<Reply, decltype(&std::free)>;
-
-// False where the server gives no answer.
-bool AskServer(xcb_connection_t* server, KeysDown& down) {
-  const auto keymapAsked = xcb_query_keymap(server);
-  const auto modifiersAsked = xcb_get_modifier_mapping(server);
-  const XcbReply<xcb_query_keymap_reply_t> keymap(
-      xcb_query_keymap_reply(server, keymapAsked, nullptr), &std::free);
-  const XcbReply<xcb_get_modifier_mapping_reply_t> modifiers(
-      xcb_get_modifier_mapping_reply(server, modifiersAsked, nullptr), &std::free);
-  if (!keymap || !modifiers) return false;
-  const auto bit = [&keymap](int place) -> std::uint8_t& { return keymap->keys[place / 8]; };
-  const auto mask = [](int place) { return static_cast<std::uint8_t>(1 << (place % 8)); };
-  down.Space = (bit(SpacePlace) & mask(SpacePlace)) != 0;
-  // Groups of equal size, Shift's the first.
-  const xcb_keycode_t* const places = xcb_get_modifier_mapping_keycodes(modifiers.get());
-  const int count = xcb_get_modifier_mapping_keycodes_length(modifiers.get());
-  for (int at = modifiers->keycodes_per_modifier; at < count; ++at) {
-    bit(places[at]) &= static_cast<std::uint8_t>(~mask(places[at]));
-  }
-  down.Any = std::any_of(std::begin(keymap->keys), std::end(keymap->keys),
-                         [](std::uint8_t eight) { return eight != 0; });
-  return true;
-}
-
-#endif
-
 }  // namespace
 
 std::unique_ptr<QKeyEvent> LatinTwin(const QKeyEvent& event) {
@@ -81,16 +39,6 @@ std::unique_ptr<QKeyEvent> LatinTwin(const QKeyEvent& event) {
                                      event.nativeVirtualKey(), event.nativeModifiers(),
                                      event.text(), event.isAutoRepeat(),
                                      static_cast<quint16>(event.count()));
-}
-
-KeysDown QueryKeysDown() {
-  KeysDown down;
-#if QT_CONFIG(xcb)
-  const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-  if (x11 != nullptr && AskServer(x11->connection(), down)) return down;
-#endif
-  down.Any = QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
-  return down;
 }
 
 }  // namespace tarnwell::ui

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "lister/ListInput.h"
-#include "ui/KeyPlaces.h"
 #include "ui/Place.h"
 #include "ui/Shades.h"
 #include "ui/WindowKeys.h"
@@ -336,10 +335,7 @@ bool MainWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowBlocked) {
     surface_->EndDrag();
   }
-  if (event->type() == QEvent::WindowActivate && !IsClosed()) {
-    const KeysDown down = QueryKeysDown();
-    master_.Activated(down.Space, down.Any);
-  }
+  if (event->type() == QEvent::WindowActivate && !IsClosed()) master_.Activated();
   if (event->type() == QEvent::Hide) {
     for (DragBar* const bar : bars_) bar->hide();
   }

@@ -84,7 +84,7 @@ TEST_F(KeyboardTest, ActsByItsTableAndOnceForAHeldKey) {
     Space.SpaceHeld = true;
     Keys.KeyUp();
     EXPECT_EQ(Press('K', ShiftDown), "held");
-    Keys.Activated(down, down);
+    Keys.Activated({down, down});
     EXPECT_EQ(Press('C', CtrlDown), down ? "held" : "menu1 armed");
     EXPECT_EQ(Space.SpaceHeld, down);
   }

@@ -22,6 +22,7 @@
 #include "platform/FileOperation.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
+#include "platform/Keyboard.h"
 #include "platform/MessagePump.h"
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
@@ -371,6 +372,12 @@ class FakeNumberForms : public platform::NumberForms {
   }
 };
 
+class FakeKeyboard : public platform::Keyboard {
+ public:
+  platform::HeldKeys Keys;
+  platform::HeldKeys Held() const override { return Keys; }
+};
+
 // All of the above by one syntax.
 struct FakePlatform {
   explicit FakePlatform(const base::PathSyntax& syntax = base::PathSyntax::Windows())
@@ -389,6 +396,7 @@ struct FakePlatform {
   FakeContextMenu ItemMenus{Files};
   FakePopupMenus Popups;
   FakeSystemInfo System;
+  FakeKeyboard Keys;
   FakeNumberForms Forms;
 
   lister::ListerServices Services() { return Services(OpenBrackets); }
