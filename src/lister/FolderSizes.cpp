@@ -23,7 +23,7 @@ struct FolderSizes::Job {
   Pacer Pace;
   FolderSizes::Standing Standing = FolderSizes::Standing::Going;
   std::size_t Done = 0;
-  FolderTotal Sum;             // of the folders that are done
+  FolderTotal Sum;  // of the folders that are done
   platform::CountedFiles Counted;
   FolderTotal Current;         // of the one that is being measured, so far
   std::uint64_t Troubled = 0;  // folders that could not be read to their end
