@@ -89,14 +89,15 @@ struct MenuRun : lists::TestLists {
 
   fileops::DialogFields Fields;
   fileops::NewFolder NewFolder{Space, Platform.Files, Host, Messages, Fields};
-  fileops::RenameCommand Rename{Space, Platform.Files, Host, Messages, Fields};
+  fileops::RenameCommand Rename{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   fileops::DuplicateCommand Duplicate{Platform.Files, Platform.Operation, Platform.Clock, Host,
                                       Messages};
   fileops::FileOperations Operations{Space, Syntax, Platform.Operation, Nav, Messages, Fields};
   fileops::DeleteCommand Delete{
-      Space, Syntax, Platform.Operation, Operations, Nav, Host, Fields, [this] {
-        Menu.ShowShellMenu(0, 0, "", MenuMode::Delete);
-      }};
+      Space,      Syntax, Platform.Operation,
+      Operations, Nav,    Host,
+      Messages,   Fields, [this] {
+        Menu.ShowShellMenu(0, 0, "", MenuMode::Delete); }};
   ContextMenuCommand Menu{Space,
                           {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Forms},
                           Messages,
