@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tarnwell::platform {
@@ -44,6 +45,11 @@ struct OperationResult {
   // something further down may have been left.
   std::vector<PlacedItem> Placed = {};
 };
+
+// A file in the folder of the program's own files, there only while an operation has an item under
+// another name than its own: the path that the item had and the one that it has, each ended by a
+// NUL. A run that is killed meanwhile leaves it.
+inline constexpr std::string_view AsideRecordName = "aside.txt";
 
 class FileOperation {
  public:

@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "commands/MenuTable.h"
 #include "commands/ToolbarTable.h"
+#include "lister/CellText.h"
 #include "shell/ProgramFiles.h"
 #include "workspace/Highlight.h"
 
@@ -229,7 +230,27 @@ void Master::FitTitles(base::Twips textHeight) {
   }
 }
 
+// What a run left that was killed while it replaced or renamed an item.
+void Master::TellOfAside() {
+  const std::string record = ProgramFile(platform::AsideRecordName);
+  std::string content;
+  if (!services_.Files.Exists(record) || !services_.Files.ReadFile(record, content)) return;
+  const std::string item = content.c_str();
+  const std::string aside = content.c_str() + std::min(item.size() + 1, content.size());
+  const base::PathSyntax& syntax = services_.Files.Syntax();
+  const bool isThere = !aside.empty() && services_.Files.Exists(aside);
+  // Its drive may come back.
+  if (!isThere && !aside.empty() && !services_.Files.FolderExists(syntax.ParentOf(aside))) return;
+  services_.Files.RemoveFile(record);
+  if (!isThere) return;
+  messages_.Message("Tarnwell was ended while it was replacing or renaming an item. The item\r\n" +
+                        base::ForDisplay(item) + "\r\nis whole, and is now called\r\n" +
+                        lister::NameText(syntax, aside),
+                    forms::MessageKind::Ok);
+}
+
 void Master::CheckShutDown() {
+  TellOfAside();
   if (!services_.Files.Exists(ProgramFile(RunMarkerName))) return;
   messages_.Message(
       "It appears as though Tarnwell did not shut down properly or another copy is already "

@@ -91,6 +91,7 @@ class Master : private workspace::PaneHooks,
   void DetectEnvironment();
   void CreateToolbars();
   void SetInitialProperties();
+  void TellOfAside();
   void CheckShutDown();
   void GetLastSettings();
   void PlaceRunFile();

@@ -103,6 +103,17 @@ TEST_F(StartTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
   EXPECT_FALSE(Machine.Files.At("C:\\Tarnwell\\run.txt").IsLink);
 }
 
+TEST_F(StartTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
+  const std::string aside = "C:\\a\\b (being replaced).txt";
+  Machine.Files.AddFile(aside, "old");
+  Machine.Files.AddFile("C:\\Tarnwell\\aside.txt",
+                        std::string("C:\\a\\b.txt") + '\0' + aside + '\0');
+  Run.Start();
+  ASSERT_EQ(Run.Boxes.size(), 1U);
+  EXPECT_NE(Run.Boxes[0].find("C:\\a\\b.txt\r\nis whole"), std::string::npos) << Run.Boxes[0];
+  EXPECT_FALSE(Machine.Files.Exists("C:\\Tarnwell\\aside.txt"));
+}
+
 // A file that the real switches turn: what was loaded is what is saved again.
 TEST_F(StartTest, GivesSwitchesAndOldSystemsTheirDue) {
   Machine.System.Windows98 = Machine.System.WindowsMe = true;

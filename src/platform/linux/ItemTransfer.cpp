@@ -23,10 +23,11 @@ constexpr int mostConflicts = 20;
 }  // namespace
 
 ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target,
-                           ProtectedItems& protectedItems)
+                           ProtectedItems& protectedItems, const AsideRecord& record)
     : talk_(talk),
       target_(target),
       protected_(protectedItems),
+      record_(record),
       moves_(talk.Function() == FileFunction::Move),
       flushed_(moves_) {}
 
@@ -223,7 +224,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   } else if (item.Type != S_IFDIR) {
     error = renameat(from, name, to, target) == 0 ? 0 : errno;
   } else {
-    error = PutInPlaceOf(from, name, to, target);
+    error = PutInPlaceOf(from, name, to, target, to_, record_);
   }
   if (error != 0) return {OperationStep::Move, error};
   talk_.AddItems(1);

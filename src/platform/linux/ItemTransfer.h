@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/linux/AsideRecord.h"
 #include "platform/linux/CopiedItems.h"
 #include "platform/linux/CopyContent.h"
 #include "platform/linux/Descriptor.h"
@@ -35,7 +36,8 @@ struct OpenPlace {
 class ItemTransfer {
  public:
   // None of the protected items is replaced.
-  ItemTransfer(OperationTalk& talk, const OpenPlace& target, ProtectedItems& protectedItems);
+  ItemTransfer(OperationTalk& talk, const OpenPlace& target, ProtectedItems& protectedItems,
+               const AsideRecord& record);
 
   // Takes one item from its folder; it is to be called `targetName`.
   void Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
@@ -145,6 +147,7 @@ class ItemTransfer {
   OperationTalk& talk_;
   const OpenPlace& target_;
   ProtectedItems& protected_;
+  const AsideRecord& record_;
   const bool moves_;
   const uid_t user_ = geteuid();
   const gid_t group_ = getegid();

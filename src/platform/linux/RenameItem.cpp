@@ -2,12 +2,14 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <string_view>
 
 #include "platform/linux/ItemIdentity.h"
 #include "platform/linux/NameSpelling.h"
 #include "platform/linux/NamingError.h"
 #include "platform/linux/ReachedPath.h"
 #include "platform/linux/TemporaryName.h"
+#include "platform/linux/TwinName.h"
 #include "platform/linux/VolumeTraits.h"
 
 namespace tarnwell::platform {
@@ -50,34 +52,60 @@ bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
   return isItself && !HasExactName(to.Folder.Get(), to.Name);
 }
 
+// Gives the item a free name that says by `word` why it has not its own; `folderPath` is the way to
+// the open folder. Gives an error number.
+int SetAside(int folder, const char* name, const std::string& folderPath, std::string_view word,
+             const AsideRecord& record, std::string& aside) {
+  const TwinParts parts = SplitTwinName(name, false);
+  int error = EEXIST;
+  for (unsigned number = 1; error == EEXIST && number <= TemporaryName::Attempts; ++number) {
+    aside = MakeAsideName(parts, word, number);
+    record.Keep(folderPath + "/" + name, folderPath + "/" + aside);
+    error = RenameNew(folder, name, folder, aside.c_str());
+  }
+  if (error != 0) record.Drop();
+  return error;
+}
+
+// Gives the item its name back, and says so by the record only if it has it.
+void PutBack(int folder, const std::string& aside, const char* name, const AsideRecord& record) {
+  if (RenameNew(folder, aside.c_str(), folder, name) == 0) record.Drop();
+}
+
 // The system takes a rename to the same item for done already, so that it goes by a third name.
 // Gives an error number.
-int Respell(const ParentAndName& from, const ParentAndName& to) {
-  TemporaryName temporary;
+int Respell(const ParentAndName& from, const ParentAndName& to, const std::string& folderPath,
+            const AsideRecord& record) {
+  std::string aside;
   const int folder = from.Folder.Get();
-  int error = temporary.RenewAside();
-  if (error == 0) error = RenameNew(folder, from.Name.c_str(), folder, temporary.Text());
+  int error = SetAside(folder, from.Name.c_str(), folderPath, "being renamed", record, aside);
   if (error != 0) return error;
-  error = RenameNew(folder, temporary.Text(), folder, to.Name.c_str());
-  if (error != 0) RenameNew(folder, temporary.Text(), folder, from.Name.c_str());
+  error = RenameNew(folder, aside.c_str(), folder, to.Name.c_str());
+  if (error == 0) {
+    record.Drop();
+  } else {
+    PutBack(folder, aside, from.Name.c_str(), record);
+  }
   return error;
 }
 
 // For a folder in the place of a file, where names cannot be exchanged. Gives an error number.
-int PushAside(int fromFolder, const char* from, int toFolder, const char* to) {
+int PushAside(int fromFolder, const char* from, int toFolder, const char* to,
+              const std::string& toPath, const AsideRecord& record) {
   struct statx found;
   int error = LookAt(toFolder, to, found);
   if (error == 0 && S_ISDIR(found.stx_mode)) return EISDIR;
-  TemporaryName aside;
-  if (error == 0) error = aside.RenewAside();
-  if (error == 0) error = RenameNew(toFolder, to, toFolder, aside.Text());
+  std::string aside;
+  if (error == 0) error = SetAside(toFolder, to, toPath, "being replaced", record, aside);
   if (error != 0) return error;
   error = RenameNew(fromFolder, from, toFolder, to);
   if (error != 0) {
-    RenameNew(toFolder, aside.Text(), toFolder, to);
+    PutBack(toFolder, aside, to, record);
     return error;
   }
-  return unlinkat(toFolder, aside.Text(), 0) == 0 ? 0 : errno;
+  error = unlinkat(toFolder, aside.c_str(), 0) == 0 ? 0 : errno;
+  if (error == 0) record.Drop();
+  return error;
 }
 
 }  // namespace
@@ -93,7 +121,8 @@ int RenameNew(int fromFolder, const char* from, int toFolder, const char* to) {
   return renameat(fromFolder, from, toFolder, to) == 0 ? 0 : errno;
 }
 
-int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to) {
+int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to,
+                 const std::string& toPath, const AsideRecord& record) {
   if (renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE) == 0) {
     if (unlinkat(fromFolder, from, 0) == 0) return 0;
     const int error = errno;
@@ -102,10 +131,10 @@ int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to)
   }
   if (errno != ENOENT && !IsMissingCall(errno)) return errno;
   if (renameat(fromFolder, from, toFolder, to) == 0) return 0;
-  return errno == ENOTDIR ? PushAside(fromFolder, from, toFolder, to) : errno;
+  return errno == ENOTDIR ? PushAside(fromFolder, from, toFolder, to, toPath, record) : errno;
 }
 
-base::Status RenameItem(const std::string& from, const std::string& to) {
+base::Status RenameItem(const std::string& from, const std::string& to, const AsideRecord& record) {
   ParentAndName source;
   ParentAndName target;
   if (const int error = FindParent(from, source); error != 0) return NamingError(error);
@@ -122,7 +151,9 @@ base::Status RenameItem(const std::string& from, const std::string& to) {
       return {};
     }
   }
-  if (error == EEXIST && IsOtherSpelling(source, target)) error = Respell(source, target);
+  if (error == EEXIST && IsOtherSpelling(source, target)) {
+    error = Respell(source, target, from.substr(0, from.size() - source.Name.size() - 1), record);
+  }
   return NamingError(error);
 }
 

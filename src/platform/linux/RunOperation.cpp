@@ -84,6 +84,7 @@ class Operation {
   Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder)
       : talk_(user, request.Function, request.Flags),
         protected_(programFolder),
+        record_(programFolder),
         destination_(request.Destination.substr(0, request.Destination.find('\0'))) {}
 
   OperationResult Run(std::vector<ItemPath> items) {
@@ -164,7 +165,7 @@ class Operation {
     OpenPlace target;
     std::string name;
     if (!OpenTarget(target, name)) return;
-    ItemTransfer transfer(talk_, target, protected_);
+    ItemTransfer transfer(talk_, target, protected_, record_);
     std::size_t taken = 0;
     talk_.SetTotal(items_.size());
     if (!talk_.Has(Silent)) {
@@ -222,7 +223,7 @@ class Operation {
     talk_.SetTotal(1);
     if (!FolderToTakeFrom(items_.front())) return;
     for (;;) {
-      const base::Status status = RenameItem(from, destination_);
+      const base::Status status = RenameItem(from, destination_, record_);
       if (status) break;
       if (!talk_.Retries(OperationStep::Move, from, status)) return;
     }
@@ -232,6 +233,7 @@ class Operation {
 
   OperationTalk talk_;
   ProtectedItems protected_;
+  AsideRecord record_;
   std::string destination_;
   std::vector<ItemPath> items_;
   std::shared_ptr<const OpenPlace> folder_;

@@ -17,7 +17,7 @@ namespace tarnwell::platform {
 // separator at the end, ask for a folder, which is made where it is missing.
 //
 // What ProtectedItems tells, for the folder of the program's own files, is never taken away: that
-// is trouble, with EPERM, and the other items are done.
+// is trouble, with EPERM, and the other items are done. AsideRecordName tells what is kept there.
 OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
                              const std::string& programFolder = {});
 

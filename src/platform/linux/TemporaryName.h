@@ -14,8 +14,6 @@ class TemporaryName {
  public:
   // Makes up another name. Gives an error number.
   int Renew() { return Renew(TemporaryOwner::Ending); }
-  // The same for an item that was whole before and only steps aside: never swept away.
-  int RenewAside() { return Renew(".aside"); }
   // For a folder that holds whole items.
   int RenewHold() { return Renew(TemporaryOwner::HoldEnding); }
   const char* Text() const { return text_.data(); }

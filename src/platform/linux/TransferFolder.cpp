@@ -224,7 +224,8 @@ void ItemTransfer::LeaveFolder() {
 bool ItemTransfer::FinishReplacing(const Level& left) {
   const char* const temporary = left.Temporary.c_str();
   while (left.ReplacesFile && talk_.GoesOn()) {
-    const int error = PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str());
+    const int error =
+        PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str(), to_, record_);
     if (error == 0) return true;
     if (!talk_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 
 namespace tarnwell::platform {
 namespace {
@@ -19,6 +20,23 @@ std::size_t ExtensionStart(std::string_view name) {
 
 bool IsInsideCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+std::string Mark(const TwinParts& parts, const std::string& mark, std::size_t longest) {
+  std::string stem(parts.Stem);
+  std::string tail = " (" + mark + ")";
+  // An extension that leaves no room for a stem is cut as if it were part of it.
+  if (tail.size() + parts.Extension.size() < longest) {
+    tail += parts.Extension;
+  } else {
+    stem += parts.Extension;
+  }
+  if (stem.size() + tail.size() > longest) {
+    std::size_t length = std::min(longest - tail.size(), stem.size());
+    while (length > 1 && length < stem.size() && IsInsideCharacter(stem[length])) --length;
+    stem.resize(length);
+  }
+  return stem + tail;
 }
 
 }  // namespace
@@ -40,20 +58,12 @@ TwinParts SplitTwinName(std::string_view name, bool isFolder) {
 }
 
 std::string MakeTwinName(const TwinParts& parts, unsigned number, std::size_t longest) {
-  std::string stem(parts.Stem);
-  std::string tail = " (" + std::to_string(number) + ")";
-  // An extension that leaves no room for a stem is cut as if it were part of it.
-  if (tail.size() + parts.Extension.size() < longest) {
-    tail += parts.Extension;
-  } else {
-    stem += parts.Extension;
-  }
-  if (stem.size() + tail.size() > longest) {
-    std::size_t length = std::min(longest - tail.size(), stem.size());
-    while (length > 1 && length < stem.size() && IsInsideCharacter(stem[length])) --length;
-    stem.resize(length);
-  }
-  return stem + tail;
+  return Mark(parts, std::to_string(number), longest);
+}
+
+std::string MakeAsideName(const TwinParts& parts, std::string_view word, unsigned number) {
+  const std::string more = number > 1 ? " " + std::to_string(number) : std::string();
+  return Mark(parts, std::string(word) + more, NAME_MAX);
 }
 
 }  // namespace tarnwell::platform

@@ -22,4 +22,8 @@ TwinParts SplitTwinName(std::string_view name, bool isFolder);
 // `longest` bytes, of which there are some tens.
 std::string MakeTwinName(const TwinParts& parts, unsigned number, std::size_t longest = 255);
 
+// "report (being replaced).txt", or "report (being replaced 2).txt": the same with a word that says
+// why the item has not its own name.
+std::string MakeAsideName(const TwinParts& parts, std::string_view word, unsigned number);
+
 }  // namespace tarnwell::platform
