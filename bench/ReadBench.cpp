@@ -73,6 +73,22 @@ struct NoPump : platform::MessagePump {
 };
 struct NoLauncher : platform::Launcher {
   base::Status Execute(const platform::LaunchRequest&) override { return {}; }
+  std::vector<platform::LaunchFailure> OpenFiles(const std::vector<std::string>&,
+                                                 const std::string&) override {
+    return {};
+  }
+};
+struct NoForms : platform::NumberForms {
+  std::string Grouped(std::uint64_t number) const override { return std::to_string(number); }
+  std::string Decimal(double number, int) const override { return std::to_string(number); }
+  std::string DateAndTime(const platform::LocalTime&) const override { return ""; }
+};
+struct NoStamps : platform::FolderStamps {
+  platform::FolderFacts ReadFacts(const std::string&) const override { return {}; }
+  platform::FolderStamp Read(const std::string&) const override { return {}; }
+  std::unique_ptr<platform::StampRequest> Ask(std::vector<std::string>, Told) override {
+    return nullptr;
+  }
 };
 
 // Notes when rows came, and stops the read there if that is all that is asked for.
@@ -97,12 +113,16 @@ struct Bench {
   platform::LinuxClock Clock;
   platform::LinuxCollation Order;
   NoLauncher Launcher;
+  NoForms Forms;
+  NoStamps Stamps;
   ListerEvents Events;
 
   // Seconds from the call to rows in order, or to all of them with their attributes.
   double Read(std::string folder, std::int64_t count, bool namesAlone) {
-    ListerControl list(FileListOf(0), {Files, Drives, Watches, Pump, Clock, Order, Launcher},
-                       Events);
+    const int brackets = 0;
+    ListerControl list(
+        FileListOf(0),
+        {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, brackets}, Events);
     RowsNoted view;
     view.List = &list;
     view.Stops = namesAlone;
