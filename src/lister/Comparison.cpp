@@ -110,6 +110,11 @@ class RecordIndex {
   std::vector<Slot> slots_;
 };
 
+// What MarkRows adds; no item is without a name.
+bool HasTally(const std::vector<CompareRecord>& records) {
+  return !records.empty() && records.back().Name.empty();
+}
+
 template <typename Work>
 void ForEachRow(const FileRows& rows, Work work) {
   for (RowId row = 1; row <= rows.StoreSize(); ++row) {
@@ -144,7 +149,7 @@ CompareMarks MarkCounts::Kinds() const {
 
 std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax) {
   std::vector<CompareRecord> records;
-  records.reserve(rows.All().size());
+  records.reserve(rows.All().size() + 1);
   ForEachRow(rows, [&](RowId row) {
     const FileRow& item = rows.Row(row);
     CompareRecord& record = records.emplace_back();
@@ -161,7 +166,7 @@ std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyn
 
 CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std::int32_t mode,
                        const base::PathSyntax& syntax) {
-  std::erase_if(records, [](const CompareRecord& record) { return record.Name.empty(); });
+  if (HasTally(records)) records.pop_back();
   RecordIndex index(records, syntax);
   const std::int32_t onlyThere = BitsOf({.OnlyHere = true});
   for (CompareRecord& record : records) record.State = (record.State & FolderBit) | onlyThere;
@@ -187,7 +192,7 @@ CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& reco
                           const base::PathSyntax& syntax) {
   RecordIndex index(records, syntax);
   CompareCounts counts;
-  if (!records.empty() && records.back().Name.empty()) counts.Missing = records.back().State;
+  if (HasTally(records)) counts.Missing = records.back().State;
   ForEachRow(rows, [&](RowId row) {
     CompareMarks marks;
     if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
