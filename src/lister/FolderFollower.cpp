@@ -49,6 +49,11 @@ bool FolderFollower::Follows(const std::string& folder) const {
   return entry != entries_.end() && entry->second.Watching;
 }
 
+bool FolderFollower::IsAfar(const std::string& folder) const {
+  const auto entry = entries_.find(folder);
+  return entry != entries_.end() && !entry->second.Facts.IsLocal;
+}
+
 void FolderFollower::Stop() {
   stopped_ = true;
   for (auto& [folder, entry] : entries_) {

@@ -52,6 +52,8 @@ class FolderFollower {
   // The first folders of these, as many as there may be, are to be watched and no others.
   void KeepOnly(const std::vector<std::string>& folders);
   bool Follows(const std::string& folder) const;
+  // The folder lies on a share, as far as is known: whoever looks at it may wait for ever.
+  bool IsAfar(const std::string& folder) const;
   bool IsStopped() const { return stopped_; }
 
   // No notices until Start or Resume, whatever is followed meanwhile.

@@ -33,7 +33,9 @@ void FolderNotices::Apply() {
     if (!folders_.GoesOn()) break;
     ApplyTo(folder, changes);
   }
-  RemoveIfGone(tree_.Open());
+  // A notice from elsewhere must not wait for a share; that it went from there is told in time.
+  const RowId open = tree_.Open();
+  if (tree_.Has(open) && !folders_.Follower.IsAfar(tree_.PathOf(open))) RemoveIfGone(open);
 }
 
 void FolderNotices::ApplyTo(const std::string& folder, const Changes& changes) {
