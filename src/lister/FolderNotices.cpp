@@ -9,7 +9,7 @@ namespace tarnwell::lister {
 namespace {
 
 // With more names than this it is quicker to read the folder.
-constexpr std::size_t MostNames = 256;
+constexpr std::size_t MostNoticeNames = 256;
 
 }  // namespace
 
@@ -17,7 +17,7 @@ void FolderNotices::Gather(const std::string& folder, const platform::FolderChan
   Changes& known = waiting_[folder];
   known.FolderGone = known.FolderGone || changes.FolderGone;
   known.Everything = known.Everything || changes.Everything ||
-                     known.Names.size() + changes.Names.size() > MostNames;
+                     known.Names.size() + changes.Names.size() > MostNoticeNames;
   if (known.Everything) {
     known.Names.clear();
   } else {

@@ -13,7 +13,7 @@ namespace tarnwell::lister {
 namespace {
 
 // With more names than this, reading the whole folder is no dearer.
-constexpr std::size_t MostNames = 300;
+constexpr std::size_t MostUpdateNames = 300;
 
 platform::FolderEntry EntryOf(std::string_view name, const platform::ItemAttributes& attributes) {
   return {.Name = name,
@@ -28,7 +28,7 @@ platform::FolderEntry EntryOf(std::string_view name, const platform::ItemAttribu
 void FolderUpdate::Add(const platform::FolderChanges& changes) {
   if (everything_) return;
   names_.insert(changes.Names.begin(), changes.Names.end());
-  everything_ = changes.Everything || changes.FolderGone || names_.size() > MostNames;
+  everything_ = changes.Everything || changes.FolderGone || names_.size() > MostUpdateNames;
   if (everything_) names_.clear();
 }
 

@@ -9,6 +9,7 @@
 
 #include "lister/CellText.h"
 #include "ui/Convert.h"
+#include "ui/DialogMeasures.h"
 #include "ui/ElidedLabel.h"
 
 namespace tarnwell::ui {
@@ -16,10 +17,7 @@ namespace {
 
 constexpr int Width = 440;  // logical pixels
 constexpr int ListHeight = 280;
-constexpr int Margin = 14;
-constexpr int Spacing = 10;
-constexpr int ButtonWidth = 88;
-constexpr int PictureSize = 24;
+constexpr int EntryPictureSize = 24;
 constexpr int ItemHeight = 32;
 constexpr int HeadingHeight = 28;
 constexpr int IdRole = Qt::UserRole;  // bytes; headings have none
@@ -32,7 +30,7 @@ QIcon IconOf(const platform::ApplicationChoice& application, const IconSource& i
   const QString name = ToQString(application.Picture);
   // A picture in a file of its own is named by its path.
   QIcon icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
-  if (!icon.pixmap(PictureSize).isNull()) return icon;
+  if (!icon.pixmap(EntryPictureSize).isNull()) return icon;
   return QIcon::fromTheme(QStringLiteral("application-x-executable"), icons.Own("commandline"));
 }
 
@@ -51,7 +49,7 @@ ApplicationChooser::ApplicationChooser(const std::string& path, const std::strin
   search_.setAccessibleName(QStringLiteral("Search"));
   search_.setClearButtonEnabled(true);
   list_.setAccessibleName(QStringLiteral("Applications"));
-  list_.setIconSize(QSize(PictureSize, PictureSize));
+  list_.setIconSize(QSize(EntryPictureSize, EntryPictureSize));
   list_.setFixedSize(Width, ListHeight);
   list_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_.setTextElideMode(Qt::ElideRight);
@@ -70,26 +68,26 @@ ApplicationChooser::ApplicationChooser(const std::string& path, const std::strin
   command_.setAccessibleName(QStringLiteral("Command"));
   command_.setPlaceholderText(QStringLiteral("program and its arguments"));
   auto* const commandRow = new QHBoxLayout;
-  commandRow->setSpacing(Spacing);
+  commandRow->setSpacing(DialogSpacing);
   commandRow->addWidget(commandLabel);
   commandRow->addWidget(&command_);
   always_.setText(QStringLiteral("&Always use for files of type ") +
                   ToShownQString(type).replace('&', QStringLiteral("&&")));
 
   auto* const buttons = new QHBoxLayout;
-  buttons->setSpacing(Spacing);
+  buttons->setSpacing(DialogSpacing);
   buttons->addStretch();
   ok_.setText(QStringLiteral("&OK"));
   ok_.setDefault(true);
   cancel_.setText(QStringLiteral("Ca&ncel"));
   cancel_.setAutoDefault(false);
   for (QPushButton* const button : {&ok_, &cancel_}) {
-    button->setMinimumWidth(ButtonWidth);
+    button->setMinimumWidth(DialogButtonWidth);
     buttons->addWidget(button);
   }
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Spacing);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(DialogSpacing);
   column->addWidget(head);
   column->addWidget(&search_);
   column->addWidget(&list_);

@@ -21,9 +21,9 @@ using platform::FileFunction;
 using platform::ItemKind;
 using Role = QuestionWindow::Role;
 
-constexpr int PictureSize = 64;  // logical pixels
+constexpr int SidePictureSize = 64;  // logical pixels
 constexpr int Padding = 10;
-constexpr int RowSpacing = 4;
+constexpr int SideRowSpacing = 4;
 // Times this near each other are the same: some file systems keep no finer ones.
 constexpr std::int64_t SameTime = 2'000'000'000;  // nanoseconds
 
@@ -77,14 +77,14 @@ QString SizeText(const ConflictSide& side, const ConflictSide& other,
     const QString kind = KindOf(side);
     return kind.left(1).toUpper() + kind.mid(1);
   }
-  const QString text = ToQString(lister::SizeText(forms, side.Size));
+  QString text = ToQString(lister::SizeText(forms, side.Size));
   if (other.IsLink || other.Kind != ItemKind::File) return text;
   return text +
          Compared(side.Size > other.Size, side.Size < other.Size, "larger", "smaller", "same size");
 }
 
 QString DateText(const ConflictSide& side, const ConflictSide& other, const OperationTools& tools) {
-  const QString text = ToQString(lister::DateText(tools.Forms, tools.Clock, side.Modified));
+  QString text = ToQString(lister::DateText(tools.Forms, tools.Clock, side.Modified));
   if (text.isEmpty() || other.Modified == platform::UnknownTime) return text;
   const bool same = std::abs(side.Modified - other.Modified) < SameTime;
   return text + Compared(!same && side.Modified > other.Modified,
@@ -93,7 +93,7 @@ QString DateText(const ConflictSide& side, const ConflictSide& other, const Oper
 
 QPixmap PictureOf(const ConflictSide& side, const QImage& image, const IconSource& icons,
                   qreal ratio) {
-  const QSize room(PictureSize, PictureSize);
+  const QSize room(SidePictureSize, SidePictureSize);
   if (image.isNull()) {
     const QIcon icon = IsFolder(side) ? icons.Folder() : icons.File(side.Path);
     return icon.pixmap(room, ratio);
@@ -117,7 +117,7 @@ class SidePanel : public QFrame {
     setBackgroundRole(QPalette::Base);
     grid_->setContentsMargins(Padding, Padding, Padding, Padding);
     grid_->setHorizontalSpacing(Padding);
-    grid_->setVerticalSpacing(RowSpacing);
+    grid_->setVerticalSpacing(SideRowSpacing);
     grid_->setColumnStretch(1, 1);
     auto* const head = new QLabel(caption, this);
     head->setForegroundRole(QPalette::Text);
@@ -127,7 +127,7 @@ class SidePanel : public QFrame {
   void Show(const ConflictSide& side, const ConflictSide& other, const QImage& image,
             const OperationTools& tools) {
     picture_ = new QLabel(this);
-    picture_->setFixedSize(PictureSize, PictureSize);
+    picture_->setFixedSize(SidePictureSize, SidePictureSize);
     picture_->setAlignment(Qt::AlignCenter);
     picture_->setPixmap(PictureOf(side, image, tools.Icons, devicePixelRatio()));
     auto* const name = new ElidedLabel(this);

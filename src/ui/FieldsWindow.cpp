@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/DialogMeasures.h"
 #include "ui/ShowDialog.h"
 
 namespace tarnwell::ui {
 namespace {
 
 constexpr int BoxWidth = 420;  // logical pixels
-constexpr int Margin = 14;
-constexpr int Spacing = 10;
-constexpr int ButtonWidth = 88;
 
 }  // namespace
 
@@ -19,11 +17,11 @@ FieldsWindow::FieldsWindow(forms::Form& form, Click cancel)
     : form_(form), cancel_(std::move(cancel)), grid_(new QGridLayout), buttonRow_(new QHBoxLayout) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
-  grid_->setSpacing(Spacing);
+  grid_->setSpacing(DialogSpacing);
   buttonRow_->addStretch();
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Spacing);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(DialogSpacing);
   column->addLayout(grid_);
   column->addLayout(buttonRow_);
   column->setSizeConstraint(QLayout::SetFixedSize);
@@ -57,7 +55,7 @@ void FieldsWindow::AddCheck(forms::CheckBox& check, const forms::Label& label) {
 
 void FieldsWindow::AddButton(const forms::Button& button, Click click) {
   auto* const widget = new QPushButton(this);
-  widget->setMinimumWidth(ButtonWidth);
+  widget->setMinimumWidth(DialogButtonWidth);
   buttonRow_->addWidget(widget);
   buttons_.push_back({&button, widget});
   connect(widget, &QPushButton::clicked, this, std::move(click));

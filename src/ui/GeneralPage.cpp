@@ -6,6 +6,7 @@
 
 #include "lister/CellText.h"
 #include "ui/Convert.h"
+#include "ui/DialogMeasures.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -13,10 +14,8 @@ namespace {
 using platform::ItemFacts;
 using platform::ItemKind;
 
-constexpr int PictureSize = 48;  // logical pixels
-constexpr int Margin = 14;
-constexpr int Spacing = 12;
-constexpr int RowSpacing = 7;
+constexpr int ItemPictureSize = 48;  // logical pixels
+constexpr int GeneralRowSpacing = 7;
 constexpr int ValueWidth = 330;
 constexpr int CaptionWidth = 92;
 constexpr int MostLines = 6;
@@ -36,9 +35,9 @@ QString TypeText(const ItemFacts& facts, bool withName) {
 GeneralPage::GeneralPage(const std::vector<std::string>& paths, const OperationTools& tools)
     : paths_(paths),
       tools_(tools),
-      name_(new FactText(CaptionWidth + ValueWidth - PictureSize, MostLines, this)),
+      name_(new FactText(CaptionWidth + ValueWidth - ItemPictureSize, MostLines, this)),
       grid_(new QGridLayout) {
-  picture_.setFixedSize(PictureSize, PictureSize);
+  picture_.setFixedSize(ItemPictureSize, ItemPictureSize);
   picture_.setAlignment(Qt::AlignCenter);
   QFont bold = name_->font();
   bold.setBold(true);
@@ -47,19 +46,19 @@ GeneralPage::GeneralPage(const std::vector<std::string>& paths, const OperationT
   name_->ShowText(IsOne() ? ToQString(lister::NameText(tools_.Syntax, paths_.front()))
                           : NumberedItems(paths_.size()));
   auto* const head = new QHBoxLayout;
-  head->setSpacing(Spacing);
+  head->setSpacing(PageSpacing);
   head->addWidget(&picture_, 0, Qt::AlignTop);
   head->addWidget(name_, 0, Qt::AlignVCenter);
   head->addStretch();
   auto* const line = new QFrame(this);
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
-  grid_->setHorizontalSpacing(Spacing);
-  grid_->setVerticalSpacing(RowSpacing);
+  grid_->setHorizontalSpacing(PageSpacing);
+  grid_->setVerticalSpacing(GeneralRowSpacing);
   grid_->setColumnMinimumWidth(0, CaptionWidth);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Spacing);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(PageSpacing);
   column->addLayout(head);
   column->addWidget(line);
   column->addLayout(grid_);
@@ -152,7 +151,7 @@ void GeneralPage::ShowPicture(const ItemsSummary& summary) {
                      : isFolder ? tools_.Icons.Folder()
                      : IsOne()  ? tools_.Icons.File(paths_.front())
                                 : tools_.Icons.AnyFile();
-  picture_.setPixmap(icon.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
+  picture_.setPixmap(icon.pixmap(QSize(ItemPictureSize, ItemPictureSize), devicePixelRatio()));
 }
 
 void GeneralPage::ShowType(const FactsNote& note) {

@@ -8,7 +8,7 @@ namespace tarnwell::ui {
 namespace {
 
 constexpr int Side = 32;
-constexpr int Margin = 6;
+constexpr int LabelMargin = 6;
 
 }  // namespace
 
@@ -17,8 +17,8 @@ QPixmap DragPicture(const QIcon& icon, const QString& count, const QPalette& col
   QFont bold = font;
   bold.setBold(true);
   const QFontMetrics metrics(bold);
-  const int text = count.isEmpty() ? 0 : metrics.horizontalAdvance(count) + Margin;
-  const QSize size(Side + text + 2 * Margin, Side + 2 * Margin);
+  const int text = count.isEmpty() ? 0 : metrics.horizontalAdvance(count) + LabelMargin;
+  const QSize size(Side + text + 2 * LabelMargin, Side + 2 * LabelMargin);
   QPixmap picture(size * pixelRatio);
   picture.setDevicePixelRatio(pixelRatio);
   // Without rounded corners: not every display can show what lies behind them.
@@ -26,10 +26,10 @@ QPixmap DragPicture(const QIcon& icon, const QString& count, const QPalette& col
   QPainter painter(&picture);
   painter.setPen(colours.color(QPalette::Highlight));
   painter.drawRect(QRectF(QPointF(0.5, 0.5), QSizeF(size) - QSizeF(1, 1)));
-  icon.paint(&painter, QRect(Margin, Margin, Side, Side));
+  icon.paint(&painter, QRect(LabelMargin, LabelMargin, Side, Side));
   painter.setPen(colours.color(QPalette::Text));
   painter.setFont(bold);
-  painter.drawText(QRect(2 * Margin + Side, 0, text, size.height()), Qt::AlignVCenter, count);
+  painter.drawText(QRect(2 * LabelMargin + Side, 0, text, size.height()), Qt::AlignVCenter, count);
   return picture;
 }
 

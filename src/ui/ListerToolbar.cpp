@@ -17,10 +17,10 @@ namespace tarnwell::ui {
 
 namespace {
 
-constexpr int Margin = 4;
+constexpr int ToolbarMargin = 4;
 constexpr int Gap = 4;
 constexpr int IconSide = 16;
-constexpr int ButtonSide = 24;
+constexpr int ListButtonSide = 24;
 constexpr int ExtensionsMost = 140;
 constexpr int ExtensionsLeast = 76;
 constexpr int FilterMost = 260;
@@ -231,7 +231,7 @@ QSize ListerToolbar::sizeHint() const {
 }
 
 int ListerToolbar::RowHeight(const QFontMetrics& font) {
-  return std::max(ButtonSide, font.height() + 8) + 4;
+  return std::max(ListButtonSide, font.height() + 8) + 4;
 }
 
 QWidget& ListerToolbar::UpButton() const {
@@ -246,8 +246,8 @@ void ListerToolbar::EnterFilter() {
 // What is least missed gives way first: the width of the extensions, then all of them, then the
 // buttons from the right.
 void ListerToolbar::PlaceChildren() {
-  const int button = ButtonSide + 2;
-  const int room = width() - 2 * Margin;
+  const int button = ListButtonSide + 2;
+  const int room = width() - 2 * ToolbarMargin;
   int count = static_cast<int>(buttons_.size());
   const auto left = [&] { return room - count * button; };
   const int spare = left() - FilterGood - 2 * Gap;
@@ -256,20 +256,20 @@ void ListerToolbar::PlaceChildren() {
 
   const int top = 2;
   const int high = height() - 2 * top;
-  int x = Margin;
+  int x = ToolbarMargin;
   extensions_->setVisible(extensions > 0);
   if (extensions > 0) {
     extensions_->setGeometry(x, top, extensions, high);
     x += extensions + Gap + 2;
   }
   // The field leaves room for the frame that is painted round it.
-  const int field = std::min(FilterMost, width() - Margin - count * button - Gap - x);
+  const int field = std::min(FilterMost, width() - ToolbarMargin - count * button - Gap - x);
   filter_->setGeometry(x + 3, top + 3, std::max(0, field - 6), high - 6);
   for (int number = 0; number < static_cast<int>(buttons_.size()); ++number) {
     QToolButton* const each = buttons_[static_cast<std::size_t>(number)];
     each->setVisible(number < count);
-    each->setGeometry(width() - Margin - (count - number) * button + 2, (height() - ButtonSide) / 2,
-                      ButtonSide, ButtonSide);
+    each->setGeometry(width() - ToolbarMargin - (count - number) * button + 2,
+                      (height() - ListButtonSide) / 2, ListButtonSide, ListButtonSide);
   }
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 // Half as large again as the grid that the pictures are drawn on.
 constexpr QSize IconSize(24, 24);
-constexpr int ButtonSide = MainToolbar::Height - 2;
+constexpr int MainButtonSide = MainToolbar::Height - 2;
 
 }  // namespace
 
@@ -48,7 +48,7 @@ void MainToolbar::Build() {
     QAction* action = addAction(ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
     QWidget* const widget = widgetForAction(action);
-    widget->setMinimumSize(ButtonSide, ButtonSide);
+    widget->setMinimumSize(MainButtonSide, MainButtonSide);
     widget->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
     widget->installEventFilter(this);
     buttons_[button.Key].Action = action;

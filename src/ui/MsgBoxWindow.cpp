@@ -14,8 +14,8 @@ namespace tarnwell::ui {
 namespace {
 
 constexpr int TextWidth = 440;  // logical pixels
-constexpr int Margin = 12;
-constexpr int PictureSize = 32;
+constexpr int BoxMargin = 12;
+constexpr int BoxPictureSize = 32;
 constexpr int LeastTextHeight = 52;
 
 }  // namespace
@@ -25,7 +25,7 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
     : form_(form), icons_(icons), close_(std::move(close)) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
-  picture_.setFixedSize(PictureSize, PictureSize);
+  picture_.setFixedSize(BoxPictureSize, BoxPictureSize);
   text_.setReadOnly(true);
   text_.setFrameShape(QFrame::NoFrame);
   text_.setFocusPolicy(Qt::NoFocus);
@@ -36,8 +36,8 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
   auto* sheet = new QFrame(this);
   sheet->setObjectName("sheet");
   auto* sheetRow = new QHBoxLayout(sheet);
-  sheetRow->setContentsMargins(Margin, Margin, Margin, Margin);
-  sheetRow->setSpacing(Margin);
+  sheetRow->setContentsMargins(BoxMargin, BoxMargin, BoxMargin, BoxMargin);
+  sheetRow->setSpacing(BoxMargin);
   sheetRow->addWidget(&picture_, 0, Qt::AlignTop);
   sheetRow->addWidget(&text_);
 
@@ -52,8 +52,8 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
     connect(&button, &QPushButton::clicked, this, [this, i] { form_.ButtonClick(i); });
   }
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Margin);
+  column->setContentsMargins(BoxMargin, BoxMargin, BoxMargin, BoxMargin);
+  column->setSpacing(BoxMargin);
   column->addWidget(sheet);
   column->addLayout(buttonRow);
   column->setSizeConstraint(QLayout::SetFixedSize);
@@ -78,7 +78,7 @@ void MsgBoxWindow::Sync() {
   buttons_[0].setDefault(true);
   buttons_[0].setFocus();
   const QIcon icon = icons_.Own(question ? "question" : "information");
-  picture_.setPixmap(icon.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
+  picture_.setPixmap(icon.pixmap(QSize(BoxPictureSize, BoxPictureSize), devicePixelRatio()));
 }
 
 void MsgBoxWindow::Measure() {

@@ -132,7 +132,7 @@ std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
 }
 
 std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
-                                         const OperationTools& tools, TakeAnswer take) {
+                                         const OperationTools& tools, const TakeAnswer& take) {
   auto window = std::make_unique<QuestionWindow>(
       QStringLiteral("To Be Noted"),
       QStringLiteral("The operation is over. Not all went as usual."), tools.Icons.Own("warning"));

@@ -25,6 +25,6 @@ std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question, const Ope
 std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
                                          const OperationTools& tools, TakeAnswer take);
 std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
-                                         const OperationTools& tools, TakeAnswer take);
+                                         const OperationTools& tools, const TakeAnswer& take);
 
 }  // namespace tarnwell::ui

@@ -48,7 +48,7 @@ platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
           this, [this] { End(); }, Qt::QueuedConnection);
     };
     try {
-      const platform::OperationResult result = engine(request_, mailbox_);
+      platform::OperationResult result = engine(request_, mailbox_);
       mailbox_.TellRemarks();
       end();
       return result;

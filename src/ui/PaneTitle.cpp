@@ -12,7 +12,7 @@
 namespace tarnwell::ui {
 namespace {
 
-constexpr int PictureSize = 16;
+constexpr int TitlePictureSize = 16;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
   path_.setMouseTracking(true);
   path_.setAccessibleName(QStringLiteral("Path of pane %1").arg(pane + 1));
   path_.installEventFilter(this);
-  picture_.setPixmap(picture.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
+  picture_.setPixmap(picture.pixmap(QSize(TitlePictureSize, TitlePictureSize), devicePixelRatio()));
   picture_.setAlignment(Qt::AlignCenter);
   picture_.installEventFilter(this);
   close_.setText(QStringLiteral("\u2715"));

@@ -8,13 +8,12 @@
 
 #include "lister/CellText.h"
 #include "ui/Convert.h"
+#include "ui/DialogMeasures.h"
 
 namespace tarnwell::ui {
 namespace {
 
-constexpr int Margin = 14;  // logical pixels
-constexpr int Spacing = 12;
-constexpr int RowSpacing = 8;
+constexpr int PermissionsRowSpacing = 8;
 constexpr int TextWidth = 434;
 constexpr int TroubleLines = 5;
 
@@ -75,8 +74,8 @@ PermissionsPage::PermissionsPage(const platform::NumberForms& forms, std::functi
                      "only where they are so for somebody already."));
   troubles_->setAccessibleName(QStringLiteral("Problems"));
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Spacing);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(PageSpacing);
   column->addWidget(sheet);
   column->addWidget(&inside_);
   column->addWidget(Text(hint_));
@@ -93,9 +92,9 @@ PermissionsPage::PermissionsPage(const platform::NumberForms& forms, std::functi
 }
 
 void PermissionsPage::AddTable() {
-  table_->setContentsMargins(Margin, Margin, Margin, Margin);
-  table_->setHorizontalSpacing(Spacing);
-  table_->setVerticalSpacing(RowSpacing);
+  table_->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  table_->setHorizontalSpacing(PageSpacing);
+  table_->setVerticalSpacing(PermissionsRowSpacing);
   table_->setColumnStretch(1, 1);
   for (int column = 2; column < 5; ++column) table_->setColumnMinimumWidth(column, 62);
   int column = 2;
@@ -131,7 +130,7 @@ QWidget* PermissionsPage::MakeSpecialRow() {
   auto* const row = new QWidget(this);
   auto* const layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(Spacing);
+  layout->setSpacing(PageSpacing);
   for (const SpecialBit& special : SpecialBits) {
     const QString caption = QString::fromLatin1(special.Caption);
     QCheckBox* const box = AddBox(special.Bit, caption, QString(caption).remove('&'));

@@ -7,15 +7,13 @@
 
 #include "lister/CellText.h"
 #include "ui/Convert.h"
+#include "ui/DialogMeasures.h"
 
 namespace tarnwell::ui {
 namespace {
 
 constexpr int Width = 480;  // logical pixels
-constexpr int Margin = 14;
-constexpr int Spacing = 10;
-constexpr int RowSpacing = 6;
-constexpr int ButtonWidth = 88;
+constexpr int ProgressRowSpacing = 6;
 // Speed and time left are read, so they stand still a while: one of so many calls changes them.
 constexpr int CallsPerSpeed = 4;
 
@@ -54,13 +52,13 @@ ProgressWindow::ProgressWindow(const platform::OperationRequest& request,
                  Qt::WindowCloseButtonHint);
   setWindowTitle(verb_);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Spacing);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(DialogSpacing);
 
   if ((request.Flags & platform::SimpleProgress) == 0) {
     auto* const paths = new QGridLayout;
-    paths->setVerticalSpacing(RowSpacing);
-    paths->setHorizontalSpacing(Spacing);
+    paths->setVerticalSpacing(ProgressRowSpacing);
+    paths->setHorizontalSpacing(DialogSpacing);
     paths->setColumnStretch(1, 1);
     name_ = &AddPath(*paths, verb_ + ':');
     from_ = &AddPath(*paths, QStringLiteral("From:"));
@@ -77,8 +75,8 @@ ProgressWindow::ProgressWindow(const platform::OperationRequest& request,
   column->addWidget(&bar_);
 
   auto* const numbers = new QGridLayout;
-  numbers->setVerticalSpacing(RowSpacing);
-  numbers->setHorizontalSpacing(Spacing);
+  numbers->setVerticalSpacing(ProgressRowSpacing);
+  numbers->setHorizontalSpacing(DialogSpacing);
   numbers->addWidget(&bytes_, 0, 0);
   numbers->addWidget(&speed_, 0, 1, Qt::AlignRight);
   numbers->addWidget(&items_, 1, 0);
@@ -91,7 +89,7 @@ ProgressWindow::ProgressWindow(const platform::OperationRequest& request,
   auto* const buttons = new QHBoxLayout;
   buttons->addStretch();
   for (QPushButton* const button : {&pause_, &cancel_}) {
-    button->setMinimumWidth(ButtonWidth);
+    button->setMinimumWidth(DialogButtonWidth);
     button->setAutoDefault(false);
     buttons->addWidget(button);
   }
@@ -102,7 +100,7 @@ ProgressWindow::ProgressWindow(const platform::OperationRequest& request,
   column->addLayout(buttons);
 
   column->setSizeConstraint(QLayout::SetFixedSize);
-  bar_.setMinimumWidth(Width - 2 * Margin);
+  bar_.setMinimumWidth(Width - 2 * DialogMargin);
   bar_.setFocus();
 }
 

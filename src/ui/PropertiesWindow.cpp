@@ -6,6 +6,7 @@
 
 #include "lister/CellText.h"
 #include "ui/Convert.h"
+#include "ui/DialogMeasures.h"
 #include "ui/ScrollPage.h"
 
 namespace tarnwell::ui {
@@ -13,9 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int Margin = 14;  // logical pixels
-constexpr int Spacing = 10;
-constexpr int ButtonWidth = 88;
 constexpr int PermissionsTab = 1;
 constexpr int TickTime = 100;  // milliseconds
 // Most items are known by then, and the window comes up whole.
@@ -49,10 +47,10 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
   tabs_.addTab(new ScrollPage(&permissions_), QStringLiteral("&Permissions"));
 
   auto* const buttons = new QHBoxLayout;
-  buttons->setSpacing(Spacing);
+  buttons->setSpacing(DialogSpacing);
   buttons->addStretch();
   for (QPushButton* const button : {&ok_, &cancel_, &apply_}) {
-    button->setMinimumWidth(ButtonWidth);
+    button->setMinimumWidth(DialogButtonWidth);
     button->setAutoDefault(false);
     buttons->addWidget(button);
   }
@@ -64,8 +62,8 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
   connect(&cancel_, &QPushButton::clicked, this, [this] { reject(); });
   connect(&apply_, &QPushButton::clicked, this, [this] { Apply(); });
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Spacing);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(DialogSpacing);
   column->addWidget(&tabs_);
   column->addLayout(buttons);
   column->setSizeConstraint(QLayout::SetFixedSize);

@@ -14,7 +14,7 @@
 namespace tarnwell::ui {
 namespace {
 
-constexpr int PictureSize = 32;  // logical pixels
+constexpr int MessagePictureSize = 32;  // logical pixels
 
 // Names of files go through the toolkit's own coding, which is the way back as well.
 QString PathText(const std::string& path) {
@@ -44,7 +44,8 @@ int ShowBox(const QIcon& picture, const std::string& title, const std::string& t
       new QMessageBox(QMessageBox::NoIcon, ToQString(title), ToShownLines(text), buttons,
                       QApplication::activeWindow());
   box->setTextFormat(Qt::PlainText);
-  box->setIconPixmap(picture.pixmap(QSize(PictureSize, PictureSize), box->devicePixelRatio()));
+  box->setIconPixmap(
+      picture.pixmap(QSize(MessagePictureSize, MessagePictureSize), box->devicePixelRatio()));
   for (QAbstractButton* const button : box->buttons()) button->setIcon(QIcon());
   box->setDefaultButton(usual);
   const int answer = box->exec();

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ui/Convert.h"
+#include "ui/DialogMeasures.h"
 #include "ui/ElidedLabel.h"
 #include "ui/ScrollPage.h"
 
@@ -14,12 +15,9 @@ namespace tarnwell::ui {
 namespace {
 
 constexpr int BodyWidth = 510;  // logical pixels
-constexpr int Margin = 14;
-constexpr int Spacing = 10;
-constexpr int RowSpacing = 6;
+constexpr int QuestionRowSpacing = 6;
 constexpr int ListRows = 8;  // at once
-constexpr int PictureSize = 32;
-constexpr int ButtonWidth = 88;
+constexpr int QuestionPictureSize = 32;
 constexpr int ButtonPadding = 16;
 
 }  // namespace
@@ -30,7 +28,8 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
                  Qt::WindowCloseButtonHint);
   setWindowTitle(title);
   auto* const sign = new QLabel(this);
-  sign->setPixmap(picture.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
+  sign->setPixmap(
+      picture.pixmap(QSize(QuestionPictureSize, QuestionPictureSize), devicePixelRatio()));
   auto* const head = new QLabel(heading, this);
   head->setTextFormat(Qt::PlainText);
   head->setWordWrap(true);
@@ -40,18 +39,18 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
   head->setFont(bold);
   Describe(heading);
 
-  body_->setSpacing(Spacing);
+  body_->setSpacing(DialogSpacing);
   body_->addWidget(head);
   auto* const page = new QWidget(this);
   auto* const upper = new QHBoxLayout(page);
   upper->setContentsMargins(0, 0, 0, 0);
-  upper->setSpacing(Margin);
+  upper->setSpacing(DialogMargin);
   upper->addWidget(sign, 0, Qt::AlignTop);
   upper->addLayout(body_);
   buttons_->addStretch();
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(Margin, Margin, Margin, Margin);
-  column->setSpacing(Margin);
+  column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
+  column->setSpacing(DialogMargin);
   column->addWidget(new ScrollPage(page, this));
   column->addLayout(buttons_);
   column->setSizeConstraint(QLayout::SetFixedSize);
@@ -95,8 +94,8 @@ void QuestionWindow::AddRow(const QString& caption, const QString& text, QWidget
   Describe(caption + ' ' + text);
   if (facts_ == nullptr) {
     facts_ = new QGridLayout;
-    facts_->setHorizontalSpacing(Spacing);
-    facts_->setVerticalSpacing(RowSpacing);
+    facts_->setHorizontalSpacing(DialogSpacing);
+    facts_->setVerticalSpacing(QuestionRowSpacing);
     facts_->setColumnStretch(1, 1);
     body_->addLayout(facts_);
   }
@@ -127,7 +126,7 @@ QCheckBox& QuestionWindow::AddCheck(const QString& text) {
 
 void QuestionWindow::AddButton(const QString& caption, Role role, Choice choose) {
   auto* const button = new QPushButton(caption, this);
-  button->setMinimumWidth(std::max(ButtonWidth, button->sizeHint().width() + ButtonPadding));
+  button->setMinimumWidth(std::max(DialogButtonWidth, button->sizeHint().width() + ButtonPadding));
   buttons_->addWidget(button);
   if (role == Role::Cancel || role == Role::DefaultCancel) cancel_ = choose;
   connect(button, &QPushButton::clicked, this,

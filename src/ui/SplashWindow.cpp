@@ -13,7 +13,7 @@ namespace {
 constexpr QSize WindowSize(400, 220);
 constexpr int SideMargin = 28;
 constexpr int MostStatusLetters = 34;
-constexpr int PictureSize = 56;
+constexpr int SplashPictureSize = 56;
 constexpr int BarHeight = 3;
 const QColor Ink(44, 56, 72);
 const QColor Faint(104, 114, 128);
@@ -35,7 +35,7 @@ void SetInk(QLabel& label, const QColor& colour) {
 
 SplashWindow::SplashWindow(shell::Splash& form, const QIcon& icon) : form_(form) {
   setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
-  picture_.setPixmap(icon.pixmap(QSize(PictureSize, PictureSize), devicePixelRatio()));
+  picture_.setPixmap(icon.pixmap(QSize(SplashPictureSize, SplashPictureSize), devicePixelRatio()));
   title_.setText(QStringLiteral("Tarnwell"));
   title_.setFont(Larger(font(), 2.0));
   status_.setAccessibleName(QStringLiteral("Status"));

@@ -11,7 +11,7 @@
 namespace tarnwell::platform {
 namespace {
 
-constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME;
+constexpr unsigned WantedFields = STATX_BASIC_STATS | STATX_BTIME;
 
 }  // namespace
 
@@ -29,13 +29,13 @@ std::int64_t Nanoseconds(const statx_timestamp& time) {
 
 base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attributes) {
   struct statx found;
-  if (statx(folder, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &found) != 0) {
+  if (statx(folder, path, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, WantedFields, &found) != 0) {
     return SystemError(errno);
   }
   const bool isLink = S_ISLNK(found.stx_mode);
   if (isLink) {
     struct statx target;
-    if (statx(folder, path, AT_NO_AUTOMOUNT, wanted, &target) == 0) found = target;
+    if (statx(folder, path, AT_NO_AUTOMOUNT, WantedFields, &target) == 0) found = target;
   }
   attributes.Kind = KindOfMode(found.stx_mode);
   attributes.IsLink = isLink;

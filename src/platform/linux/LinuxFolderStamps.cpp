@@ -91,7 +91,7 @@ gboolean Answer(gpointer data) noexcept {
   return G_SOURCE_REMOVE;
 }
 
-void LookAndPost(const Holder& inquiry) noexcept {
+void LookAndPost(const Holder& inquiry) {
   GuardedCall([&] {
     for (const std::string& folder : inquiry->Folders) {
       inquiry->Stamps.push_back(StampOf(folder, AT_STATX_FORCE_SYNC));

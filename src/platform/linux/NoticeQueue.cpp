@@ -13,9 +13,9 @@
 namespace tarnwell::platform {
 namespace {
 
-constexpr std::uint32_t wanted = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_MODIFY |
-                                 IN_CLOSE_WRITE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF |
-                                 IN_ONLYDIR | IN_EXCL_UNLINK;
+constexpr std::uint32_t WantedNotices = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
+                                        IN_MODIFY | IN_CLOSE_WRITE | IN_ATTRIB | IN_DELETE_SELF |
+                                        IN_MOVE_SELF | IN_ONLYDIR | IN_EXCL_UNLINK;
 constexpr int readsAtOnce = 16;  // so that a flood of notices lets the user's input through
 // Milliseconds between two looks. A program that writes all the time gives a notice for each write,
 // and the system makes one of those that wait.
@@ -35,7 +35,7 @@ int NoticeQueue::Add(std::string_view folder, NoticeTaker& taker) {
   const Descriptor opened = OpenPath(folder, O_PATH | O_DIRECTORY);
   if (!queue_ || !opened) return -1;
   const std::string held = "/proc/self/fd/" + std::to_string(opened.Get());
-  const int number = inotify_add_watch(queue_.Get(), held.c_str(), wanted);
+  const int number = inotify_add_watch(queue_.Get(), held.c_str(), WantedNotices);
   if (number >= 0) takers_.emplace(number, &taker);
   return number;
 }
