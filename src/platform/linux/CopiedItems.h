@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "platform/linux/ItemIdentity.h"
+#include "platform/linux/VolumeTraits.h"
 
 namespace tarnwell::platform {
 
@@ -25,15 +26,17 @@ class CopiedItems {
     return folder * 31 + std::hash<std::string_view>()(name);
   }
 
-  // `isLasting` as TraitsOf its volume tells.
-  void Add(Key key, const struct statx& item, bool isLasting) {
-    items_[key] = RecordOf(item, isLasting);
+  // The traits are those of the item's volume.
+  void Add(Key key, const struct statx& item, const VolumeTraits& traits) {
+    items_[key] = RecordOf(item, traits);
   }
   State Find(Key key, const struct statx& item) const {
     const auto found = items_.find(key);
     if (found == items_.end()) return State::Unknown;
-    const bool isLasting = found->second.Self != ItemIdentity();
-    return found->second == RecordOf(item, isLasting) ? State::Copied : State::Changed;
+    const Record& known = found->second;
+    const VolumeTraits traits{.HasLastingNumbers = known.Self != ItemIdentity(),
+                              .HasLastingBirth = known.HasBirth};
+    return known == RecordOf(item, traits) ? State::Copied : State::Changed;
   }
   void Clear() { items_.clear(); }
   bool IsEmpty() const { return items_.empty(); }
@@ -47,21 +50,23 @@ class CopiedItems {
     std::int64_t Seconds = 0;
     std::uint32_t Nanoseconds = 0;
     // When it was made: a copy has the time of its original, and may get the number of one that has
-    // gone. 0 where the volume does not tell.
+    // gone. 0 where the volume does not tell, or it does not last.
+    bool HasBirth = false;
     std::int64_t BornSeconds = 0;
     std::uint32_t BornNanoseconds = 0;
     bool operator==(const Record&) const = default;
   };
 
   // Size and time of a folder tell of its items, which are looked at for themselves.
-  static Record RecordOf(const struct statx& item, bool isLasting) {
-    Record record{isLasting ? IdentityOf(item) : ItemIdentity(),
+  static Record RecordOf(const struct statx& item, const VolumeTraits& traits) {
+    Record record{traits.HasLastingNumbers ? IdentityOf(item) : ItemIdentity(),
                   item.stx_mode & static_cast<unsigned>(S_IFMT)};
     if (S_ISDIR(item.stx_mode)) return record;
     record.Size = item.stx_size;
     record.Seconds = item.stx_mtime.tv_sec;
     record.Nanoseconds = item.stx_mtime.tv_nsec;
-    if ((item.stx_mask & STATX_BTIME) == 0) return record;
+    record.HasBirth = traits.HasLastingBirth && (item.stx_mask & STATX_BTIME) != 0;
+    if (!record.HasBirth) return record;
     record.BornSeconds = item.stx_btime.tv_sec;
     record.BornNanoseconds = item.stx_btime.tv_nsec;
     return record;

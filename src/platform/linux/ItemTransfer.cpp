@@ -235,7 +235,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
 ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& source) {
   const Level& level = levels_.back();
   if (moves_) {
-    copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.From.HasLastingNumbers);
+    copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.From);
   }
   talk_.AddItems(1);
   return {};

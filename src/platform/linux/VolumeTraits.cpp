@@ -18,15 +18,16 @@ struct Limits {
 };
 
 constexpr Limits limits[] = {
-    {MSDOS_SUPER_MAGIC, {false, false, false}},
-    {EXFAT_SUPER_MAGIC, {false, false, false}},
-    {FUSE_SUPER_MAGIC, {false, false, false}},  // whatever runs in user space
-    {SMB_SUPER_MAGIC, {false, false, false}},
-    {CIFS_SUPER_MAGIC, {false, false, false}},
-    {SMB2_SUPER_MAGIC, {false, false, false}},
-    {sharedFolders, {false, false, false}},
-    {ntfs, {true, true, false}},
-    {V9FS_MAGIC, {true, true, false}},
+    {MSDOS_SUPER_MAGIC, {false, true, false, false}},
+    {EXFAT_SUPER_MAGIC, {false, true, false, false}},
+    {FUSE_SUPER_MAGIC, {false, true, false, false}},     // whatever runs in user space
+    {OVERLAYFS_SUPER_MAGIC, {true, false, true, true}},  // copies first what it only reads
+    {SMB_SUPER_MAGIC, {false, true, false, false}},
+    {CIFS_SUPER_MAGIC, {false, true, false, false}},
+    {SMB2_SUPER_MAGIC, {false, true, false, false}},
+    {sharedFolders, {false, true, false, false}},
+    {ntfs, {true, true, true, false}},
+    {V9FS_MAGIC, {true, true, true, false}},
 };
 
 }  // namespace

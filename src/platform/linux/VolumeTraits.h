@@ -7,6 +7,8 @@ struct VolumeTraits {
   // False where the volume makes inode numbers up and may give an item another one once it has not
   // been in use for a while: two looks at different times cannot be compared by number there.
   bool HasLastingNumbers = true;
+  // False where an item counts as newly made once it is changed or renamed.
+  bool HasLastingBirth = true;
   // False where times are rounded down, to full two seconds at worst.
   bool HasFineTimes = true;
   // False where some characters may stand in no name.

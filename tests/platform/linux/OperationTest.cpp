@@ -313,7 +313,9 @@ TEST(CopiedItemsTest, NumbersCountOnlyWhereTheyLast) {
     return copied.Find(key, item);
   };
   item.stx_ino = 4;
-  for (const bool isLasting : {true, false}) copied.Add(isLasting ? 1 : 2, item, isLasting);
+  for (const bool isLasting : {true, false}) {
+    copied.Add(isLasting ? 1 : 2, item, {.HasLastingNumbers = isLasting});
+  }
   EXPECT_EQ(find(1, 5, 0), CopiedItems::State::Changed);
   EXPECT_EQ(find(2, 5, 0), CopiedItems::State::Copied);
   EXPECT_EQ(find(2, 5, 1), CopiedItems::State::Changed);
@@ -361,6 +363,22 @@ TEST(Operation, FullVolumesAndMountedOnes) {
   });
   if (full == 77) GTEST_SKIP() << "needs the right to mount";
   EXPECT_EQ(full, 0);
+
+  // What is touched in a layered folder counts as newly made.
+  const TempFolder there(otherVolume);
+  const int layered = OnSmallVolume(here / "small", "size=2m", [&] {
+    const std::string small = here / "small/";
+    for (const char* each : {"lower", "upper", "work", "whole"}) fs::create_directory(small + each);
+    Put(small + "lower/file", "x");
+    const std::string layers =
+        "lowerdir=" + small + "lower,upperdir=" + small + "upper,workdir=" + small + "work";
+    const std::string whole = small + "whole";
+    if (mount("none", whole.c_str(), "overlay", 0, layers.c_str()) != 0) return 0;
+    ScriptedUser user;
+    const int code = Do(user, FileFunction::Move, {whole + "/file"}, there / "").Code;
+    return code == 0 && NamesBelow(whole).empty() && Get(there / "file") == "x" ? 0 : 1;
+  });
+  EXPECT_EQ(layered, 0);
 
   Put(here / "plain", "x");
   EXPECT_EQ(OnSmallVolume(
