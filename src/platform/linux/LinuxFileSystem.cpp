@@ -107,7 +107,8 @@ base::Status LinuxFileSystem::MakeFolder(const std::string& path) {
 base::Status LinuxFileSystem::Rename(const std::string& from, const std::string& to) {
   const std::string refusal =
       ProtectedItems(programFolder_).Refusal(FileFunction::Rename, from + '\0');
-  return refusal.empty() ? RenameItem(from, to) : base::Status{EPERM, refusal};
+  return refusal.empty() ? RenameItem(from, to, AsideRecord(programFolder_))
+                         : base::Status{EPERM, refusal};
 }
 
 base::Status LinuxFileSystem::ReadFile(const std::string& path, std::string& content) const {
