@@ -110,6 +110,8 @@ std::vector<std::string> CallOf(const std::string& own, const std::vector<std::s
 
 // The code of the error if the program cannot be started.
 int Become(const std::vector<std::string>& words) {
+  // The system would look for it in the folder at hand.
+  if (words.front().find('/') == std::string::npos) return ENOENT;
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
