@@ -63,7 +63,9 @@ int ContentCopier::CopyByExtents(int from, int to, std::uint64_t size,
       const off_t hole = lseek(from, data, SEEK_HOLE);
       if (hole > data) end = std::min(static_cast<std::uint64_t>(hole), size);
     } else if (errno == ENXIO) {
-      start = size;  // nothing but a hole from here on
+      // Nothing but a hole from here on, or the source has become shorter.
+      if (lseek(from, 0, SEEK_END) < static_cast<off_t>(size)) return 0;
+      start = size;
     }
     if (start > at && !progress(start - at)) return ECANCELED;
     if (start < end) {
