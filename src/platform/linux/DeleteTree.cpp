@@ -110,7 +110,7 @@ int TreeDeletion::DeleteHeld(const char* name) {
   const int held = hold_->Get();
   // Where the item cannot be held, the look before must do.
   if (held < 0 || hold_->Take(name) != 0) return unlinkat(folder, name, 0) == 0 ? 0 : errno;
-  struct statx found;
+  struct statx found {};
   const bool isCopied = LookAt(held, name, found) == 0 &&
                         copied_->Find(CopiedItems::KeyBelow(levels_.back().Key, name), found) ==
                             CopiedItems::State::Copied;
