@@ -116,7 +116,7 @@ int ListerDelegate::RowHeight(const QFontMetrics& metrics, const QSize& icon) co
 }
 
 QSize ListerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  int width = option.fontMetrics.horizontalAdvance(index.data().toString()) + 2 * CellMargin;
+  int width = UncutWidth(option.fontMetrics, index.data().toString()) + 2 * CellMargin;
   if (IsName(index)) {
     const int side = option.decorationSize.width();
     width += PartsOfName(QRect(), side, fileList_).Text.left() - CellMargin +

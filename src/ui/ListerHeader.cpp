@@ -105,7 +105,7 @@ QSize ListerHeader::sectionSizeFromContents(int section) const {
 int ListerHeader::CaptionWidth(int section, bool sorts) const {
   const QString caption = model()->headerData(section, orientation()).toString();
   const int mark = sorts ? 2 * ArrowWidth + ArrowGap : 0;
-  return fontMetrics().horizontalAdvance(caption) + 2 * CellMargin + mark;
+  return UncutWidth(fontMetrics(), caption) + 2 * CellMargin + mark;
 }
 
 void ListerHeader::mouseReleaseEvent(QMouseEvent* event) {

@@ -1,7 +1,10 @@
-// Where the parts of a row stand, for those who paint it and for the mouse.
+// Where the parts of a row stand and what they take, for those who paint it and for the mouse.
 #pragma once
 
+#include <QFontMetricsF>
 #include <QRect>
+#include <QString>
+#include <QtMath>
 #include <algorithm>
 
 namespace tarnwell::ui {
@@ -26,6 +29,12 @@ inline NameCell PartsOfName(const QRect& cell, int side, bool fileList) {
           .Gap = QRect(left + side, cell.top(), gap, cell.height()),
           .Text = QRect(text, cell.top(), std::max(0, cell.right() + 1 - CellMargin - text),
                         cell.height())};
+}
+
+// Pixels in which the text stands uncut: metrics in whole pixels round down as well as up, while
+// text is cut by its exact width.
+inline int UncutWidth(const QFontMetrics& metrics, const QString& text) {
+  return qCeil(QFontMetricsF(metrics).horizontalAdvance(text));
 }
 
 }  // namespace tarnwell::ui

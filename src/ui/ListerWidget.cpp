@@ -341,7 +341,7 @@ void ListerWidget::SetMeasures() {
   const int side = std::max(16, tree_->fontMetrics().height() / 8 * 8);
   tree_->setIconSize(QSize(side, side));
   control_.FitHeadings([&](HeadingId id, const std::string& text) {
-    int cell = tree_->fontMetrics().horizontalAdvance(ToQString(text)) + 2 * CellMargin;
+    int cell = UncutWidth(tree_->fontMetrics(), ToQString(text)) + 2 * CellMargin;
     if (id == HeadingId::Name) cell += PartsOfName(QRect(), side, fileList_).Text.left();
     return ToTwips(std::max(cell, header_->CaptionWidth(static_cast<int>(id), true)));
   });

@@ -11,6 +11,7 @@
 
 #include "TestApplication.h"
 #include "shell/TestRun.h"
+#include "ui/ListerRow.h"
 #include "ui/MainWindow.h"
 
 namespace tarnwell::ui {
@@ -85,11 +86,15 @@ class MainWindowTest : public testing::Test {
 
 TEST_F(MainWindowTest, GivesLargeLettersRoom) {
   Run.Space().Lists.Files(0).SetHeadingProperty(0, "Width", base::Value(3000));
+  const QTreeView& files = *Tree("Files of pane 1");
+  const auto shownDate = [&files] {
+    const int room = files.header()->sectionSize(3) - 2 * CellMargin;
+    return files.fontMetrics().elidedText("2020-12-28 20:48:58", Qt::ElideRight, room);
+  };
+  EXPECT_EQ(shownDate(), "2020-12-28 20:48:58");
   const LargeFont large(24);
   Settle();
-  const QTreeView& files = *Tree("Files of pane 1");
-  const QString date = "2020-12-28 20:48:58";
-  EXPECT_GT(files.header()->sectionSize(3), files.fontMetrics().horizontalAdvance(date));
+  EXPECT_EQ(shownDate(), "2020-12-28 20:48:58");
   EXPECT_EQ(files.header()->sectionSize(0), 200);  // somebody chose it
   for (const QLineEdit* const title : Shown<QLineEdit>()) {
     if (!title->accessibleName().startsWith("Path of")) continue;
