@@ -36,7 +36,7 @@ class Keyboard {
   void KeyDown(int code, int shift);
   // Any key: the next one may act.
   void KeyUp();
-  // The window is active again, and keys may have come up elsewhere.
+  // The window has the keys again, and some may have come up elsewhere.
   void Activated(platform::HeldKeys held);
 
  private:

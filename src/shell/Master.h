@@ -77,7 +77,7 @@ class Master : private workspace::PaneHooks,
   // A key, before the control that has the keyboard sees it; see Keyboard.h.
   void KeyDown(int code, int shift) { keyboard_.KeyDown(code, shift); }
   void KeyUp() { keyboard_.KeyUp(); }
-  // Keys may have come up while another window was active.
+  // Keys may have come up while another window, or a menu, had them.
   void Activated() { keyboard_.Activated(services_.Keys.Held()); }
   void ChangeResizeFlag(bool value) { space_.Form.ResizeEnabled = value; }
 

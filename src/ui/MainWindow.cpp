@@ -84,6 +84,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       *this,
       {.Down = [this](int code, int shift) { master_.KeyDown(code, shift); },
        .Up = [this] { master_.KeyUp(); },
+       .Back = [this] { master_.Activated(); },
        .IsFormKey = [this](const QWidget* focus) { return focus == keeper_ || IsRows(focus); }});
   connect(qApp, &QApplication::focusChanged, this, [this] { NoteFocus(); });
 }

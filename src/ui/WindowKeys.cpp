@@ -32,10 +32,16 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
   // among them, and so this one gets the same key once more.
   if (isDown && event == done_) return false;
   done_ = nullptr;
-  if (!isDown && event->type() != QEvent::KeyRelease) return false;
+  const bool isFocusIn = event->type() == QEvent::FocusIn;
+  if (!isDown && !isFocusIn && event->type() != QEvent::KeyRelease) return false;
   // A key that a widget leaves alone comes by again on its way up.
   const QWidget* const focus = QApplication::focusWidget();
   if (focus == nullptr || watched != focus || focus->window() != &window_) return false;
+  if (isFocusIn) {
+    const auto reason = static_cast<const QFocusEvent*>(event)->reason();
+    if (reason == Qt::PopupFocusReason) actions_.Back();
+    return false;
+  }
   const auto& key = *static_cast<QKeyEvent*>(event);
   if (!isDown) {
     if (!key.isAutoRepeat()) actions_.Up();

@@ -15,6 +15,7 @@ class WindowKeys : public QObject {
   struct Actions {
     std::function<void(int code, int shift)> Down;  // as the form's keyboard takes them
     std::function<void()> Up;                       // any key
+    std::function<void()> Back;                     // a menu had the keys
     std::function<bool(const QWidget*)> IsFormKey;  // whether keys of the widget are the form's
   };
   WindowKeys(QWidget& window, Actions actions);

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QTreeView>
 #include <algorithm>
@@ -203,6 +204,15 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   EXPECT_EQ(keys.Count, 3);
   EXPECT_EQ(Run.Space().CurrentList, 1);
   EXPECT_EQ(Run.Form().ActiveControl, "ListerControl");
+
+  // What comes up while a menu has the keys is not held any more.
+  QKeyEvent shift(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
+  QCoreApplication::sendEvent(Window.focusWidget(), &shift);
+  EXPECT_FALSE(Run.Space().KeyArmed);
+  QMenu menu(&Window);
+  menu.popup({});
+  menu.close();
+  EXPECT_TRUE(Run.Space().KeyArmed);
 
   // Once each, also when the work filters events meanwhile, as file operations do.
   QObject filter;
