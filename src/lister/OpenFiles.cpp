@@ -44,7 +44,8 @@ void Tell(ListState& list, const std::vector<LaunchFailure>& failures) {
             failures[at].Status.Reason;
   }
   if (failures.size() > mostTold) {
-    text += "\r\n... and " + std::to_string(failures.size() - mostTold) + " more";
+    const std::string more = list.Services.Forms.Grouped(failures.size() - mostTold);
+    text += "\r\n... and " + more + " more";
   }
   list.Events.StatusMessage(list.Control.Id(), text);
 }
