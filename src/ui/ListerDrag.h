@@ -9,7 +9,7 @@
 
 namespace tarnwell::ui {
 
-// A small card with the icon of the first item and, the number of the items, if it is not empty.
+// A small card with the icon of the first item and the number of the items, if that is not empty.
 QPixmap DragPicture(const QIcon& icon, const QString& count, const QPalette& colours,
                     const QFont& font, double pixelRatio);
 
