@@ -43,8 +43,8 @@ WatchBracket::WatchBracket(workspace::Workspace& workspace, std::function<void()
     : workspace_(workspace), resume_(std::move(resume)) {
   lister::ListerControl* const current = workspace.Lists.Find(workspace.CurrentList);
   if (current != nullptr) current->LookAtDisk(lister::LookReason::User);
-  ++workspace_.OpenBrackets;
   WatchStopPanes(workspace);
+  ++workspace_.OpenBrackets;  // last: what throws here closes nothing
 }
 
 WatchBracket::WatchBracket(workspace::Workspace& workspace, lister::ListerControl& list)
