@@ -39,19 +39,20 @@ void FileBody::SetCurrent(RowId row) {
   state_.Active.Set(files_.Rows.Folder(), std::string(files_.Rows.Name(row)));
 }
 
-void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells) {
+void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
+                           std::function<bool()> tells) {
   PlacedNames names = NamesIn(state_.Folder, placed, state_.Syntax);
   if (names.Placed.empty()) return;
   // The rows may not have heard of them yet.
   reader_.FolderChanged({.Names = MissingNames(files_.Rows, names)});
-  reader_.WhenDone([this, names = std::move(names), tells] {
+  reader_.WhenDone([this, names = std::move(names), tells = std::move(tells)] {
     const std::vector<RowId> rows = RowsOf(files_.Rows, names);
     if (rows.empty()) return;
     if (MaySelect(files_.Rows, names, files_.Current)) input_.SelectThese(rows);
     // The cursor last: it raises an event, on which anything may happen to the rows.
     SetCurrent(rows.front());
     state_.View().ScrollToCurrent();
-    if (tells) MoveCurrent(rows.front());
+    if (tells()) MoveCurrent(rows.front());
   });
 }
 

@@ -37,7 +37,8 @@ class FileBody : public ListBody {
   void Terminate() override { reader_.Terminate(); }
   void SettingsChanged() override { reader_.NotesChanged(); }
   void LoadContents(const std::string& folder) override { reader_.Load(folder); }
-  void PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells) override;
+  void PlaceCursor(const std::vector<platform::PlacedItem>& placed,
+                   std::function<bool()> tells) override;
 
   const NameFilter* Filter() const override { return &files_.Filter; }
   void SetFilterText(const std::string& text) override;

@@ -88,7 +88,8 @@ class ListBody {
   virtual int OpenLevel() const { return 0; }
 
   virtual void LoadContents(const std::string&) {}
-  virtual void PlaceCursor(const std::vector<platform::PlacedItem>&, bool /*tells*/) {}
+  virtual void PlaceCursor(const std::vector<platform::PlacedItem>&,
+                           std::function<bool()> /*tells*/) {}
 
   // Of a list that has one; null for others.
   virtual const NameFilter* Filter() const { return nullptr; }

@@ -254,8 +254,9 @@ void ListerControl::SetHeadingProperty(int heading, std::string_view attribute,
   parts_->State.View().HeadingsChanged();
 }
 
-void ListerControl::PlaceCursor(const std::vector<platform::PlacedItem>& placed, bool tells) {
-  parts_->Body->PlaceCursor(placed, tells);
+void ListerControl::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
+                                std::function<bool()> tells) {
+  parts_->Body->PlaceCursor(placed, std::move(tells));
 }
 
 // --- What is kept from run to run.

@@ -75,7 +75,8 @@ TEST_F(Selection, GoesToWhatAnOperationBrought) {
   List.WatchStop();
   const auto place = [this](const std::string& name, const std::string& source = "") {
     Platform.Files.AddFile("C:\\box\\" + name);
-    List.PlaceCursor({{source, "C:\\box\\" + name}, {"", "C:\\else\\a"}}, name == "f");
+    List.PlaceCursor({{source, "C:\\box\\" + name}, {"", "C:\\else\\a"}},
+                     [&] { return name == "f"; });
     return Current() + Marks();
   };
   EXPECT_EQ(place("bb"), "bb..#.");
