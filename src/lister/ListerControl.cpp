@@ -336,7 +336,8 @@ void ListerControl::WatchResume() {
 void ListerControl::LookAtDisk(LookReason reason) {
   if (parts_->State.IsTerminated) return;
   FolderFollower& follower = parts_->Body->Follower;
-  if (!Visible || parts_->State.Services.OpenBrackets > 0) return follower.LookAgainLater();
+  const bool mayLook = Visible || reason == LookReason::Mounts;  // these are told of once
+  if (!mayLook || parts_->State.Services.OpenBrackets > 0) return follower.LookAgainLater();
   follower.Look(reason);
 }
 

@@ -335,8 +335,8 @@ class ListerControl : public forms::Control {
   // Where nobody tells the list of changes on disk, since its watch was left stopped or its folder
   // cannot be watched: looks for some, and takes them over. To be called when the list comes on
   // show, gets the keyboard or the pointer, when its window is activated, and as LookLater says. A
-  // list that is not on show does nothing, and so does one for which a bracket is open. The list
-  // itself looks before it tells what is selected.
+  // list that is not on show looks for LookReason::Mounts alone, and one for which a bracket is
+  // open not at all. The list itself looks before it tells what is selected.
   void LookAtDisk(LookReason reason);
 
   // Volumes came or went: the drive list shows it, and so does a tree or a folder that is another

@@ -623,9 +623,11 @@ TEST_F(FileList, NoticesAnotherFolderInPlaceOfItsOwn) {
   };
   for (const char* item : {"mounted", "", "back"}) {
     exchange(item);
+    List.Visible = *item != 'b';
     List.DrivesChanged();
     EXPECT_EQ(Names(), *item == '\0' ? Texts{} : Texts{item});
   }
+  List.Visible = true;
   Platform.Stamps.ByLink = "C:\\box";
   List.RefreshList();
   exchange("elsewhere");
