@@ -4,8 +4,8 @@
 #include <QFontMetricsF>
 #include <QRect>
 #include <QString>
-#include <QtMath>
 #include <algorithm>
+#include <cmath>
 
 namespace tarnwell::ui {
 
@@ -34,7 +34,7 @@ inline NameCell PartsOfName(const QRect& cell, int side, bool fileList) {
 // Pixels in which the text stands uncut: metrics in whole pixels round down as well as up, while
 // text is cut by its exact width.
 inline int UncutWidth(const QFontMetrics& metrics, const QString& text) {
-  return qCeil(QFontMetricsF(metrics).horizontalAdvance(text));
+  return static_cast<int>(std::ceil(QFontMetricsF(metrics).horizontalAdvance(text)));
 }
 
 }  // namespace tarnwell::ui
