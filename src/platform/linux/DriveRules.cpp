@@ -11,13 +11,12 @@ constexpr std::array<std::string_view, 10> systemFolders = {
     "/boot", "/dev", "/etc", "/proc", "/run", "/snap", "/sys", "/tmp", "/usr", "/var",
 };
 
-constexpr std::array<std::string_view, 10> shareTypes = {
-    "nfs", "nfs4",     "cifs",       "smb3",        "smbfs",
-    "9p",  "virtiofs", "fuse.sshfs", "fuse.rclone", "fuse.gvfsd-fuse",
+constexpr std::array<std::string_view, 9> shareTypes = {
+    "nfs", "nfs4", "cifs", "smb3", "smbfs", "9p", "virtiofs", "fuse.sshfs", "fuse.rclone",
 };
 
 bool IsDiskOrShare(const Mount& mount) {
-  return mount.Source.starts_with("/dev/") || IsShareType(mount.Type);
+  return mount.Source.starts_with("/dev/") || std::ranges::count(shareTypes, mount.Type) != 0;
 }
 
 bool ServesSystem(std::string_view path) {
@@ -28,10 +27,6 @@ bool ServesSystem(std::string_view path) {
 }
 
 }  // namespace
-
-bool IsShareType(std::string_view type) {
-  return std::ranges::count(shareTypes, type) != 0;
-}
 
 bool IsVolume(const Mount& mount) {
   if (mount.Internal) return false;

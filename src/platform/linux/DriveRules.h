@@ -19,9 +19,6 @@ struct Mount {
   bool Shown = false;     // meant for people, by what the desktop says
 };
 
-// The type of a mount that is a share of another machine or of the host.
-bool IsShareType(std::string_view type);
-
 // True for a volume that a person would name: one the desktop shows, and a disk or share mounted
 // somewhere of the user's own choosing ("/data"), which it does not.
 bool IsVolume(const Mount& mount);
