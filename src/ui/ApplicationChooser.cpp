@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "lister/CellText.h"
@@ -15,11 +16,10 @@
 namespace tarnwell::ui {
 namespace {
 
-constexpr int Width = 440;  // logical pixels
+constexpr int Width = 440;  // logical pixels, at least
 constexpr int ListHeight = 280;
 constexpr int EntryPictureSize = 24;
-constexpr int ItemHeight = 32;
-constexpr int HeadingHeight = 28;
+constexpr int RowPadding = 8;         // above and below together
 constexpr int IdRole = Qt::UserRole;  // bytes; headings have none
 
 bool IsApplication(const QListWidgetItem* item) {
@@ -50,7 +50,8 @@ ApplicationChooser::ApplicationChooser(const std::string& path, const std::strin
   search_.setClearButtonEnabled(true);
   list_.setAccessibleName(QStringLiteral("Applications"));
   list_.setIconSize(QSize(EntryPictureSize, EntryPictureSize));
-  list_.setFixedSize(Width, ListHeight);
+  list_.setMinimumWidth(Width);
+  list_.setFixedHeight(ListHeight);
   list_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_.setTextElideMode(Qt::ElideRight);
   AddSection(QStringLiteral("Recommended"), true, applications);
@@ -125,14 +126,15 @@ void ApplicationChooser::AddSection(const QString& heading, bool registered,
     if (!std::exchange(hasHeading, true)) {
       auto* const head = new QListWidgetItem(heading, &list_);
       head->setFlags(Qt::NoItemFlags);
-      head->setSizeHint(QSize(0, HeadingHeight));
       QFont bold = list_.font();
       bold.setBold(true);
       head->setFont(bold);
+      head->setSizeHint(QSize(0, QFontMetrics(bold).height() + RowPadding));
       head->setForeground(list_.palette().brush(QPalette::Active, QPalette::Text));
     }
     auto* const item = new QListWidgetItem(ToShownQString(application.Name), &list_);
-    item->setSizeHint(QSize(0, ItemHeight));
+    item->setSizeHint(
+        QSize(0, std::max(EntryPictureSize, list_.fontMetrics().height()) + RowPadding));
     item->setToolTip(PlainToolTip(item->text()));
     item->setData(IdRole, static_cast<uint>(at));
   }

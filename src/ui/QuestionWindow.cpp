@@ -14,11 +14,24 @@
 namespace tarnwell::ui {
 namespace {
 
-constexpr int BodyWidth = 510;  // logical pixels
+constexpr int BodyWidth = 510;  // logical pixels, at least
 constexpr int QuestionRowSpacing = 6;
 constexpr int ListRows = 8;  // at once
 constexpr int QuestionPictureSize = 32;
 constexpr int ButtonPadding = 16;
+
+// Text that makes the window no wider, but takes the width that wider parts and buttons give: a
+// label of fixed width would be reckoned with as if it took it too, and come out too low.
+QLabel* WrappedText(const QString& text, QWidget* parent) {
+  auto* const label = new QLabel(text, parent);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setMinimumWidth(BodyWidth);
+  QSizePolicy policy = label->sizePolicy();
+  policy.setHorizontalPolicy(QSizePolicy::Ignored);
+  label->setSizePolicy(policy);
+  return label;
+}
 
 }  // namespace
 
@@ -30,10 +43,7 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
   auto* const sign = new QLabel(this);
   sign->setPixmap(
       picture.pixmap(QSize(QuestionPictureSize, QuestionPictureSize), devicePixelRatio()));
-  auto* const head = new QLabel(heading, this);
-  head->setTextFormat(Qt::PlainText);
-  head->setWordWrap(true);
-  head->setFixedWidth(BodyWidth);
+  QLabel* const head = WrappedText(heading, this);
   QFont bold = head->font();
   bold.setBold(true);
   head->setFont(bold);
@@ -62,12 +72,8 @@ void QuestionWindow::Describe(const QString& line) {
 }
 
 void QuestionWindow::AddText(const QString& text) {
-  auto* const label = new QLabel(text, this);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  label->setFixedWidth(BodyWidth);
   Describe(text);
-  AddPart(*label);
+  AddPart(*WrappedText(text, this));
 }
 
 void QuestionWindow::AddList(const QString& text, const QStringList& lines) {
@@ -79,7 +85,7 @@ void QuestionWindow::AddList(const QString& text, const QStringList& lines) {
   list->setUniformItemSizes(true);
   list->setTextElideMode(Qt::ElideMiddle);
   list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  list->setFixedWidth(BodyWidth);
+  list->setMinimumWidth(BodyWidth);
   const int rows = std::min(list->count(), ListRows);
   list->setFixedHeight(rows * list->sizeHintForRow(0) + 2 * list->frameWidth());
   AddPart(*list);

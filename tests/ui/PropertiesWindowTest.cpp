@@ -231,6 +231,7 @@ TEST_F(PropertiesWindowTest, CountsLiveAndClosesInTheMiddleOfIt) {
 }
 
 TEST_F(PropertiesWindowTest, ChoosesAnApplicationOrACommand) {
+  const LargeFont large(40);
   ApplicationChooser chooser("/a/file", "text",
                              {{"v", "Viewer", "", false}, {"\xff", "Editor", "", true}},
                              {base::PathSyntax::Posix(), Clock, Forms, Icons});
@@ -238,6 +239,11 @@ TEST_F(PropertiesWindowTest, ChoosesAnApplicationOrACommand) {
   const auto box = [&](const QString& name) -> QLineEdit& {
     return **std::ranges::find(boxes, name, &QLineEdit::accessibleName);
   };
+  auto* const list = chooser.findChild<QListWidget*>();
+  for (int row = 0; row < list->count(); ++row) {
+    const QFontMetrics letters(list->item(row)->font());
+    EXPECT_GE(list->sizeHintForRow(row), letters.height());
+  }
   QCheckBox& always = *chooser.findChild<QCheckBox*>();
   always.click();
   ASSERT_TRUE(chooser.Chosen());
