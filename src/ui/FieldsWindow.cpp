@@ -1,5 +1,6 @@
 #include "ui/FieldsWindow.h"
 
+#include <QSignalBlocker>
 #include <algorithm>
 #include <utility>
 
@@ -40,6 +41,7 @@ QLineEdit& FieldsWindow::AddBox(const forms::Label& label, forms::TextBox& box, 
   const std::size_t index = boxes_.size();
   boxes_.push_back({&label, &box, caption, edit, {}});
   if (fixed) return *edit;
+  // Not textEdited, since assistive technology sets a text without editing it.
   connect(edit, &QLineEdit::textChanged, this, [this, index](const QString& text) {
     boxes_[index].Shown = boxes_[index].Form->Text = FromEditedQString(text);
   });
@@ -80,6 +82,7 @@ void FieldsWindow::SyncBox(Box& box) {
   box.Edit->setAccessibleName(box.Caption->text());
   if (box.Shown != box.Form->Text) {
     box.Shown = box.Form->Text;
+    const QSignalBlocker own(box.Edit);  // the form keeps its text as it is
     box.Edit->setText(box.Edit->isReadOnly() ? ToShownQString(box.Shown)
                                              : ToEditedQString(box.Shown));
     box.Edit->setCursorPosition(0);

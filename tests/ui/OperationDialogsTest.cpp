@@ -37,6 +37,11 @@ TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
   edit.end(false);
   Type(edit, Qt::Key_B, "b");
   EXPECT_EQ(form.txtDest.Text, name + "b");
+  edit.setText("as assistive technology does");
+  EXPECT_EQ(form.txtDest.Text, "as assistive technology does");
+  form.txtDest.Text.assign(40'000, 'x');  // more than the box takes
+  window->Sync();
+  EXPECT_EQ(form.txtDest.Text.size(), 40'000U);
 }
 
 TEST(OperationDialogsTest, EnterPressesTheButtonThatTheFormSays) {
