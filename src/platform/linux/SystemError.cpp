@@ -6,9 +6,21 @@
 
 namespace tarnwell::platform {
 
+// The system's own words for these two leave the user alone with them.
 base::Status SystemError(int number) {
-  if (number == 0) return {};
-  return {number, g_strerror(number)};
+  switch (number) {
+    case 0:
+      return {};
+    case EMFILE:
+      return {number,
+              "The program has too many files open. Take fewer nested folders at once, or start it "
+              "with a higher limit (ulimit -n)."};
+    case ENFILE:
+      return {number,
+              "Too many files are open on this computer. End other programs, then try again."};
+    default:
+      return {number, g_strerror(number)};
+  }
 }
 
 base::Status NoRegularFile() {

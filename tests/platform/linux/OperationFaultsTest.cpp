@@ -14,6 +14,7 @@
 
 #include "OperationFixture.h"
 #include "platform/linux/LinuxTermination.h"
+#include "platform/linux/SystemError.h"
 #include "platform/linux/TemporaryName.h"
 
 namespace tarnwell::platform {
@@ -217,6 +218,23 @@ TEST(OperationFaults, AFileThatMayNotGrowAnyFurther) {
               if (code != 0) return 1;  // a rename needs no room
               const int grown = Do(user, FileFunction::Copy, {here / "to"}, here / "twin").Code;
               return grown == EFBIG && NamesBelow(here.Path()) == "to to/file twin " ? 0 : 2;
+            }),
+            0);
+}
+
+TEST(OperationFaults, MoreNestedFoldersThanFilesMayBeOpen) {
+  const TempFolder here;
+  std::string deep = here / "top";
+  for (int level = 0; level < 70; ++level) deep += "/sub";
+  fs::create_directories(deep);
+  EXPECT_EQ(InChild([&] {
+              const rlimit few{40, 40};
+              setrlimit(RLIMIT_NOFILE, &few);
+              ScriptedUser user;
+              const base::Status end =
+                  SystemError(Do(user, FileFunction::Copy, {here / "top"}, here / "twin").Code);
+              if (end.Code != EMFILE || end.Reason.find("ulimit -n") == std::string::npos) return 1;
+              return user.Heard.starts_with("sub:") ? 0 : 2;
             }),
             0);
 }
