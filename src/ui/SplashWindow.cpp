@@ -52,7 +52,9 @@ SplashWindow::SplashWindow(shell::Splash& form, const QIcon& icon) : form_(form)
   column->addWidget(&title_, 0, Qt::AlignHCenter);
   column->addWidget(&version_, 0, Qt::AlignHCenter);
   column->addStretch();
-  column->addWidget(&status_, 0, Qt::AlignHCenter);
+  // As wide as the window, so that a longer status needs no new layout first.
+  status_.setAlignment(Qt::AlignHCenter);
+  column->addWidget(&status_);
 }
 
 void SplashWindow::Sync() {
