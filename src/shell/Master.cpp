@@ -235,8 +235,10 @@ void Master::TellOfAside() {
   const std::string record = ProgramFile(platform::AsideRecordName);
   std::string content;
   if (!services_.Files.Exists(record) || !services_.Files.ReadFile(record, content)) return;
-  const std::string item = content.c_str();
-  const std::string aside = content.c_str() + std::min(item.size() + 1, content.size());
+  const std::size_t end = std::min(content.find('\0'), content.size());
+  const std::string item = content.substr(0, end);
+  const std::string rest = content.substr(std::min(end + 1, content.size()));
+  const std::string aside = rest.substr(0, rest.find('\0'));
   const base::PathSyntax& syntax = services_.Files.Syntax();
   const bool isThere = !aside.empty() && services_.Files.Exists(aside);
   // Its drive may come back.

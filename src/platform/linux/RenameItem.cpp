@@ -57,10 +57,11 @@ bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
 int SetAside(int folder, const char* name, const std::string& folderPath, std::string_view word,
              const AsideRecord& record, std::string& aside) {
   const TwinParts parts = SplitTwinName(name, false);
+  const std::string prefix = folderPath + "/";
   int error = EEXIST;
   for (unsigned number = 1; error == EEXIST && number <= TemporaryName::Attempts; ++number) {
     aside = MakeAsideName(parts, word, number);
-    record.Keep(folderPath + "/" + name, folderPath + "/" + aside);
+    record.Keep(prefix + name, prefix + aside);
     error = RenameNew(folder, name, folder, aside.c_str());
   }
   if (error != 0) record.Drop();
@@ -68,7 +69,8 @@ int SetAside(int folder, const char* name, const std::string& folderPath, std::s
 }
 
 // Gives the item its name back, and says so by the record only if it has it.
-void PutBack(int folder, const std::string& aside, const char* name, const AsideRecord& record) {
+void GiveNameBack(int folder, const std::string& aside, const char* name,
+                  const AsideRecord& record) {
   if (RenameNew(folder, aside.c_str(), folder, name) == 0) record.Drop();
 }
 
@@ -84,7 +86,7 @@ int Respell(const ParentAndName& from, const ParentAndName& to, const std::strin
   if (error == 0) {
     record.Drop();
   } else {
-    PutBack(folder, aside, from.Name.c_str(), record);
+    GiveNameBack(folder, aside, from.Name.c_str(), record);
   }
   return error;
 }
@@ -100,7 +102,7 @@ int PushAside(int fromFolder, const char* from, int toFolder, const char* to,
   if (error != 0) return error;
   error = RenameNew(fromFolder, from, toFolder, to);
   if (error != 0) {
-    PutBack(toFolder, aside, to, record);
+    GiveNameBack(toFolder, aside, to, record);
     return error;
   }
   error = unlinkat(toFolder, aside.c_str(), 0) == 0 ? 0 : errno;

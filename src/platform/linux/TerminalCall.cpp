@@ -39,14 +39,14 @@ constexpr Terminal terminals[] = {
 constexpr std::string_view startOption = "--start-terminal";    // then the own path, and the words
 constexpr std::string_view insideOption = "--inside-terminal";  // then folder and words, coded
 
-constexpr std::string_view digits = "0123456789abcdef";
+constexpr std::string_view HexDigits = "0123456789abcdef";
 
 // Begins with a letter, so that an empty word is one too.
 std::string Coded(std::string_view word) {
   std::string coded = "x";
   for (const char byte : word) {
-    coded += digits[static_cast<unsigned char>(byte) >> 4];
-    coded += digits[static_cast<unsigned char>(byte) & 0xF];
+    coded += HexDigits[static_cast<unsigned char>(byte) >> 4];
+    coded += HexDigits[static_cast<unsigned char>(byte) & 0xF];
   }
   return coded;
 }
@@ -55,8 +55,8 @@ std::optional<std::string> Decoded(std::string_view coded) {
   if (!coded.starts_with('x') || coded.size() % 2 == 0) return std::nullopt;
   std::string word;
   for (std::size_t at = 1; at < coded.size(); at += 2) {
-    const std::size_t high = digits.find(coded[at]), low = digits.find(coded[at + 1]);
-    if (high == digits.npos || low == digits.npos) return std::nullopt;
+    const std::size_t high = HexDigits.find(coded[at]), low = HexDigits.find(coded[at + 1]);
+    if (high == HexDigits.npos || low == HexDigits.npos) return std::nullopt;
     word += static_cast<char>(high << 4 | low);
   }
   return word;
