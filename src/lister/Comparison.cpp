@@ -221,10 +221,10 @@ std::string CompareSummary(const CompareCounts& counts, const platform::NumberFo
   if (!details.empty()) details += " here)";
   const bool same = counts.OnlyHere + counts.Differing == 0;
   std::string text = "Compared: ";
-  if (!same) {
-    text += grouped(counts.OnlyHere) + " only here, " + grouped(counts.Differing) + " differ" +
-            details + ", ";
-  }
+  // What differs comes first: a narrow list cuts the end.
+  if (!same) text += grouped(counts.OnlyHere) + " only here, ";
+  if (counts.Missing > 0) text += grouped(counts.Missing) + " missing, ";
+  if (!same) text += grouped(counts.Differing) + " differ" + details + ", ";
   const auto files = static_cast<std::uint64_t>(counts.Same);
   const auto folders = static_cast<std::uint64_t>(counts.SameFolders);
   if (folders == 0 || files > 0) {
@@ -232,7 +232,6 @@ std::string CompareSummary(const CompareCounts& counts, const platform::NumberFo
     if (folders > 0) text += ", ";
   }
   if (folders > 0) text += CountText(forms, folders, "folder") + " of the same name";
-  if (counts.Missing > 0) text += "; " + grouped(counts.Missing) + " missing here";
   return text;
 }
 

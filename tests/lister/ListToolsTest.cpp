@@ -329,9 +329,9 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   Platform.Files.AddFile("C:\\box\\more");
   List.RefreshList();
   List.CompareAgainst(records, mode);
-  EXPECT_EQ(List.StatusText(),
-            "Compared: 2 only here, 1 differ (1 larger here), 3 folders of the same name; 1 "
-            "missing here");
+  EXPECT_EQ(
+      List.StatusText(),
+      "Compared: 2 only here, 1 missing, 1 differ (1 larger here), 3 folders of the same name");
 
   // The kinds go with the rows that have them, and the view learns it.
   List.WatchStart();
