@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "lister/Comparison.h"
-#include "lister/FileRows.h"
+#include "lister/rows/Comparison.h"
+#include "lister/rows/FileRows.h"
 
 namespace tarnwell::lister {
 namespace {

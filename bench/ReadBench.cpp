@@ -17,7 +17,7 @@
 #include <string>
 
 #include "lister/ListerControl.h"
-#include "lister/NoView.h"
+#include "lister/rows/NoView.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxCollation.h"
 #include "platform/linux/LinuxFileSystem.h"

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "lister/ListerControl.h"
-#include "lister/MergeRows.h"
-#include "lister/NoView.h"
+#include "lister/rows/MergeRows.h"
+#include "lister/rows/NoView.h"
 #include "platform/linux/LinuxCollation.h"
 
 namespace tarnwell::lister {

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 
 namespace tarnwell::commands {
 

@@ -7,7 +7,7 @@
 #include "fileops/FileOperate.h"
 #include "forms/FormHost.h"
 #include "forms/Messenger.h"
-#include "lister/ListerEvents.h"
+#include "lister/list/ListerEvents.h"
 #include "platform/FileSystem.h"
 #include "workspace/Workspace.h"
 

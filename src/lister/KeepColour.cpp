@@ -1,9 +1,9 @@
 #include "lister/KeepColour.h"
 
 #include "base/Text.h"
-#include "lister/CellText.h"
-#include "lister/FileStatus.h"
-#include "lister/Pacer.h"
+#include "lister/files/FileStatus.h"
+#include "lister/list/Pacer.h"
+#include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 namespace {

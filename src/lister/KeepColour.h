@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "lister/FileListState.h"
-#include "lister/ItemColours.h"
+#include "lister/files/FileListState.h"
+#include "lister/rows/ItemColours.h"
 
 namespace tarnwell::lister {
 

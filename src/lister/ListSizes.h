@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "lister/FileListState.h"
-#include "lister/FileReader.h"
-#include "lister/FolderSizes.h"
-#include "lister/FolderTree.h"
+#include "lister/files/FileListState.h"
+#include "lister/files/FileReader.h"
+#include "lister/list/FolderSizes.h"
+#include "lister/tree/FolderTree.h"
 
 namespace tarnwell::lister {
 

@@ -9,9 +9,9 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "lister/CellText.h"
 #include "lister/ListerParts.h"
-#include "lister/ListingFile.h"
+#include "lister/list/ListingFile.h"
+#include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "lister/FileBody.h"
-#include "lister/FolderBody.h"
-#include "lister/ListBody.h"
 #include "lister/ListerControl.h"
+#include "lister/files/FileBody.h"
+#include "lister/list/ListBody.h"
+#include "lister/tree/FolderBody.h"
 
 namespace tarnwell::lister {
 

@@ -1,6 +1,6 @@
 // The part of ListerControl that says what an action works on.
-#include "lister/DropRules.h"
 #include "lister/ListerParts.h"
+#include "lister/list/DropRules.h"
 
 namespace tarnwell::lister {
 

@@ -1,7 +1,7 @@
 // The part of ListerControl that the widget tells of mouse, keys and buttons.
-#include "lister/CellText.h"
-#include "lister/DropRules.h"
 #include "lister/ListerParts.h"
+#include "lister/list/DropRules.h"
+#include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <exception>
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 #include "lists/ClearGraphics.h"
 #include "workspace/Highlight.h"
 

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "forms/Messenger.h"
-#include "lister/ListerEvents.h"
+#include "lister/list/ListerEvents.h"
 #include "lists/Navigation.h"
 #include "workspace/FormLayout.h"
 #include "workspace/Workspace.h"

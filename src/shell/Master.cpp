@@ -11,7 +11,7 @@
 #include "base/Text.h"
 #include "commands/MenuTable.h"
 #include "commands/ToolbarTable.h"
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "shell/ProgramFiles.h"
 #include "workspace/Highlight.h"
 

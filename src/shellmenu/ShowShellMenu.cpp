@@ -5,7 +5,7 @@
 
 #include "base/Measure.h"
 #include "base/Text.h"
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::shellmenu {

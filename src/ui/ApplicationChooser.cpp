@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "ui/Convert.h"
 #include "ui/DialogMeasures.h"
 #include "ui/ElidedLabel.h"

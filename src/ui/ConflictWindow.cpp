@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "ui/Convert.h"
 #include "ui/ElidedLabel.h"
 #include "ui/OperationQuestions.h"

@@ -4,7 +4,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "ui/Convert.h"
 #include "ui/DialogMeasures.h"
 

@@ -1,6 +1,6 @@
 #include "ui/ListerKeys.h"
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -6,7 +6,7 @@
 #include <QString>
 #include <vector>
 
-#include "lister/Comparison.h"
+#include "lister/rows/Comparison.h"
 #include "ui/ListerStyle.h"
 
 namespace tarnwell::ui {

@@ -6,7 +6,7 @@
 #include <QRect>
 #include <QString>
 
-#include "lister/Comparison.h"
+#include "lister/rows/Comparison.h"
 
 namespace tarnwell::ui {
 

@@ -5,8 +5,8 @@
 #include <QPalette>
 #include <array>
 
-#include "lister/ItemColours.h"
 #include "lister/ListerControl.h"
+#include "lister/rows/ItemColours.h"
 
 namespace tarnwell::ui {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 #include "ui/Convert.h"
 #include "ui/FileUris.h"
 #include "ui/ListerDrag.h"

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 #include "ui/Place.h"
 #include "ui/Shades.h"
 #include "ui/WindowKeys.h"

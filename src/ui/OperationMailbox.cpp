@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "ui/Convert.h"
 
 namespace tarnwell::ui {

@@ -4,7 +4,7 @@
 #include <QRegularExpression>
 #include <QTime>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "lister/CellText.h"
+#include "lister/rows/CellText.h"
 #include "ui/Convert.h"
 #include "ui/QuestionWindow.h"
 #include "ui/ShowOver.h"

@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <utility>
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 #include "ui/ListerKeys.h"
 
 namespace tarnwell::ui {

@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "base/Measure.h"
-#include "lister/ListId.h"
+#include "lister/list/ListId.h"
 #include "workspace/PaneRecord.h"
 
 namespace tarnwell::workspace {

@@ -9,8 +9,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "lister/ListId.h"
 #include "lister/ListerControl.h"
+#include "lister/list/ListId.h"
 #include "workspace/PaneRecord.h"
 
 namespace tarnwell::workspace {

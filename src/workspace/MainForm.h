@@ -16,7 +16,7 @@
 #include "forms/Menu.h"
 #include "forms/MenuImageHelper.h"
 #include "forms/Toolbar.h"
-#include "lister/ListId.h"
+#include "lister/list/ListId.h"
 
 namespace tarnwell::workspace {
 

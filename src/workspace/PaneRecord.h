@@ -6,7 +6,7 @@
 #include <string>
 
 #include "base/Measure.h"
-#include "lister/ListId.h"
+#include "lister/list/ListId.h"
 
 namespace tarnwell::workspace {
 

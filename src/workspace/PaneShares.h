@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "lister/ListId.h"
+#include "lister/list/ListId.h"
 #include "workspace/PaneRecord.h"
 
 namespace tarnwell::workspace {

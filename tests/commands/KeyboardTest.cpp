@@ -1,7 +1,7 @@
 #include <stdexcept>
 
 #include "commands/Keyboard.h"
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 #include "lists/TestLists.h"
 
 namespace tarnwell::commands {

@@ -15,8 +15,8 @@
 
 #include "base/Caption.h"
 #include "fakes/MemoryFileSystem.h"
-#include "lister/CellText.h"
 #include "lister/ListerControl.h"
+#include "lister/rows/CellText.h"
 #include "platform/Clock.h"
 #include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"

@@ -4,7 +4,7 @@
 #include <set>
 
 #include "ListFixture.h"
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 
 namespace tarnwell::lister {
 namespace {

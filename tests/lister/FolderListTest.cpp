@@ -3,7 +3,7 @@
 #include <random>
 
 #include "ListFixture.h"
-#include "lister/NameOrder.h"
+#include "lister/rows/NameOrder.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "lister/Headings.h"
+#include "lister/rows/Headings.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "lister/NameFilter.h"
+#include "lister/rows/NameFilter.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "fakes/FakePlatform.h"
-#include "lister/NameOrder.h"
+#include "lister/rows/NameOrder.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "fakes/FakePlatform.h"
-#include "lister/CellText.h"
-#include "lister/FileRows.h"
 #include "lister/ListerControl.h"
+#include "lister/rows/CellText.h"
+#include "lister/rows/FileRows.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -3,9 +3,9 @@
 #include <set>
 
 #include "ListFixture.h"
-#include "lister/DropRules.h"
-#include "lister/FolderTree.h"
-#include "lister/ListInput.h"
+#include "lister/list/DropRules.h"
+#include "lister/list/ListInput.h"
+#include "lister/tree/FolderTree.h"
 
 namespace tarnwell::lister {
 namespace {

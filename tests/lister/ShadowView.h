@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "lister/ListerControl.h"
-#include "lister/NoView.h"
+#include "lister/rows/NoView.h"
 
 namespace tarnwell::lister {
 

@@ -1,8 +1,8 @@
 #include <map>
 
 #include "TestLists.h"
-#include "lister/ListInput.h"
 #include "lister/ShadowView.h"
+#include "lister/list/ListInput.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "lister/ListInput.h"
+#include "lister/list/ListInput.h"
 #include "lists/TestLists.h"
 #include "shellmenu/ShowShellMenu.h"
 

@@ -1,0 +1,60 @@
+// Finds out what reading a folder alone does not tell of its items: attributes, colours, comments.
+//
+// Goes in slices, first over the rows on the screen, and lets messages through between them. Tells
+// the view which cells changed, a range for each slice; sorts nothing.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "lister/files/FileListState.h"
+#include "lister/list/ReadJob.h"
+
+namespace tarnwell::lister {
+
+class DetailsReader {
+ public:
+  explicit DetailsReader(FileListState& files) : files_(files) {}
+
+  // The rows are of a folder that has just been read: nothing is known of their notes.
+  void Forget() { asked_ = complete_ = {}; }
+
+  // Attributes of the rows for which they have not been asked since the folder was read. Returns
+  // early when the job goes on no longer.
+  void ReadAttributes(ReadJob& job);
+  // The notes that are on show and have not been asked for.
+  void ReadNotes(ReadJob& job);
+  bool LacksNotes();
+  // Reads the notes of one item that are known of the others; the rest stays as it was.
+  void ReadNotesOf(std::string_view name, const platform::OpenedFolder& folder, ItemColour& colour,
+                   std::string& comment) const {
+    Read(name, complete_, folder, colour, comment);
+  }
+
+  // An item turned out to be a folder, or none, since this was last asked.
+  bool TakeKindsChanged() { return std::exchange(kindsChanged_, false); }
+
+ private:
+  struct Notes {
+    bool Colours = false;
+    bool Comments = false;
+  };
+
+  // True when the row looks different now.
+  bool ReadAttributesOf(RowId row, const platform::OpenedFolder& folder);
+  bool ReadNotesOf(RowId row, Notes notes, const platform::OpenedFolder& folder);
+  static void Read(std::string_view name, Notes notes, const platform::OpenedFolder& folder,
+                   ItemColour& colour, std::string& comment);
+  // Calls `look` for all rows for which `lacks` holds, until it has done so.
+  template <typename Lacks, typename Look>
+  void Go(ReadJob& job, std::string_view what, Lacks lacks, Look look);
+  Notes Shown() const { return {files_.ShowsColours(), files_.ShowsComments()}; }
+
+  FileListState& files_;
+  Notes asked_;     // whether or not the user stopped the reading
+  Notes complete_;  // known of all rows
+  bool kindsChanged_ = false;
+};
+
+}  // namespace tarnwell::lister

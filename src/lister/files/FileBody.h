@@ -1,0 +1,87 @@
+// A file list: the items of one folder. Puts its parts together: the reader, the input, the jobs.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "lister/ListSizes.h"
+#include "lister/files/FileInput.h"
+#include "lister/files/FileListState.h"
+#include "lister/files/FileReader.h"
+
+namespace tarnwell::lister {
+
+class FileBody : public ListBody {
+ public:
+  explicit FileBody(ListState& state)
+      : ListBody(state),
+        files_(state),
+        reader_(files_, Follower),
+        input_(files_),
+        sizes_(files_, reader_) {
+    files_.BeforeReset = [this] { input_.Stop(); };
+    files_.AfterStop = [this] { sizes_.DropWishes(); };
+  }
+
+  void ShowStatus(const std::string& text) override;
+  ListInput& Input() override { return input_; }
+  const ListInput& Input() const override { return input_; }
+
+  void SetFolder(const std::string& folder) override { reader_.SetFolder(folder); }
+  void Refresh() override {
+    sizes_.HeedCancel();
+    reader_.Refresh();
+  }
+  void CatchUp() override;
+  void Resort() override { reader_.Resort(); }
+  void Terminate() override { reader_.Terminate(); }
+  void SettingsChanged() override { reader_.NotesChanged(); }
+  void LoadContents(const std::string& folder) override { reader_.Load(folder); }
+  void PlaceCursor(const std::vector<platform::PlacedItem>& placed,
+                   std::function<bool()> tells) override;
+
+  const NameFilter* Filter() const override { return &files_.Filter; }
+  void SetFilterText(const std::string& text) override;
+  void SetExtensionFilter(const std::string& extension) override;
+  std::vector<ExtensionChoice> ExtensionChoices() const override;
+
+  void SetItemColour(ItemColour colour) override;
+  int FileCount() const override;
+  void CalculateFolderSizes() override;
+  void CalculateItemSize() override;
+  std::vector<CompareRecord> CompareRecords() const override;
+  void CompareAgainst(std::vector<CompareRecord>& records, std::int32_t mode) override;
+  void CompareSelf(const std::vector<CompareRecord>& records) override;
+
+  int ChildCount(RowId parent) const override;
+  RowId Child(RowId parent, int position) const override;
+  RowId Parent(RowId row) const override { return files_.Rows.Has(row) ? RootRow : NoRow; }
+  int PositionOf(RowId row) const override;
+  RowLook Look(RowId row) const override;
+  std::string CellText(RowId row, HeadingId heading) const override;
+  bool IsSizePartial(RowId row) const override;
+  std::string CellBytes(RowId row, HeadingId heading) const override;
+  std::string PathOf(RowId row) const override;
+  RowId CurrentRow() const override { return files_.Current; }
+
+  void MoveCurrent(RowId row) override;
+  void Activate(RowId row) override;
+
+ protected:
+  void FolderChanged(const std::string&, const platform::FolderChanges& changes) override {
+    sizes_.HeedCancel();
+    reader_.FolderChanged(changes);
+  }
+
+ private:
+  void SetCurrent(RowId row);
+  void MeasureSizes();
+  void ShowMarks(const CompareCounts& counts);
+
+  FileListState files_;
+  FileReader reader_;
+  FileInput input_;
+  FileSizes sizes_;
+};
+
+}  // namespace tarnwell::lister

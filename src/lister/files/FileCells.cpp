@@ -1,0 +1,70 @@
+#include "lister/files/FileCells.h"
+
+#include "base/Text.h"
+#include "lister/rows/CellText.h"
+
+namespace tarnwell::lister {
+
+std::string FileCellText(const FileListState& files, RowId row, HeadingId heading) {
+  const FileRow& item = files.Rows.Row(row);
+  const std::string_view name = files.Rows.Name(row);
+  const ListerServices& services = files.List.Services;
+  switch (heading) {
+    case HeadingId::Name:
+      return base::ForDisplay(name);
+    case HeadingId::Extension:
+      return item.IsFolder() ? "" : base::ForDisplay(ExtensionOf(name));
+    case HeadingId::Size:
+      return item.HasSize() ? MeasuredText(services.Forms, item.Size, !item.IsSizePartial) : "";
+    case HeadingId::DateLastModified:
+    case HeadingId::DateCreated:
+    case HeadingId::DateLastAccessed:
+      return DateText(services.Forms, services.Clock, DateOf(item, heading));
+    case HeadingId::FileType:
+      return TypeText(name, item.Kind, item.IsLink);
+    case HeadingId::Attributes:
+      return AttributeText(item);
+    case HeadingId::Comments:
+      return base::ForDisplay(files.Rows.Comment(row));
+    case HeadingId::Path:
+      return base::ForDisplay(files.Rows.Folder());
+    case HeadingId::Permissions:
+      return item.HasAttributes ? PermissionText(item.Mode) : "";
+  }
+  return "";
+}
+
+std::string FileCellBytes(const FileListState& files, RowId row, HeadingId heading) {
+  const FileRow& item = files.Rows.Row(row);
+  const std::string_view name = files.Rows.Name(row);
+  switch (heading) {
+    case HeadingId::Name:
+      return std::string(name);
+    case HeadingId::Extension:
+      return std::string(item.IsFolder() ? "" : ExtensionOf(name));
+    case HeadingId::Size:
+      return item.HasSize() ? MeasuredDigits(item.Size, !item.IsSizePartial) : "";
+    case HeadingId::DateLastModified:
+    case HeadingId::DateCreated:
+    case HeadingId::DateLastAccessed:
+      return IsoText(files.List.Services.Clock, DateOf(item, heading));
+    case HeadingId::Comments:
+      return std::string(files.Rows.Comment(row));
+    case HeadingId::Path:
+      return files.Rows.Folder();
+    default:
+      return FileCellText(files, row, heading);
+  }
+}
+
+RowLook FileLook(const FileListState& files, RowId row) {
+  const FileRow& item = files.Rows.Row(row);
+  return {.Kind = item.Kind,
+          .IsLink = item.IsLink,
+          .IsHidden = item.IsHidden,
+          .IsSelected = item.IsSelected,
+          .Colour = files.ShowsColours() ? item.Colour : ItemColour::Default,
+          .Marks = item.Marks};
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,61 @@
+// What the parts of a file list work on together.
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "lister/list/ListBody.h"
+#include "lister/rows/FileRows.h"
+#include "lister/rows/KnownSizes.h"
+#include "lister/rows/NameFilter.h"
+
+namespace tarnwell::lister {
+
+struct FileListState {
+  explicit FileListState(ListState& list) : List(list), Sizes(list.Syntax) {}
+
+  ListState& List;
+  FileRows Rows;  // of the folder on show, which may lag behind List.Folder
+  RowId Current = NoRow;
+  NameFilter Filter;
+  std::string Find;                   // what is being typed to find an item; empty for nothing
+  int Orders = 0;                     // changes when rows come, go or change places
+  KnownSizes Sizes;                   // of folders
+  std::function<void()> BeforeReset;  // all rows are about to go
+  std::function<void()> AfterStop;    // the user has ended a read
+
+  // For the status line.
+  std::string Progress;    // what is being read and how far; empty when nothing is
+  std::string Trouble;     // why not all of the folder is there
+  std::string Note;        // what the program has to tell, until another folder is read
+  std::string Reason;      // why an item could not be looked at
+  std::string Unfollowed;  // the folder in which it is told that changes are not followed, or empty
+  platform::Space Space;   // of the volume; Total is 0 where that is not known
+
+  // The view's calls on the rows of the root.
+  ListerView& View() { return List.View(); }
+
+  bool ShowsComments() const { return List.Table[HeadingId::Comments].Active; }
+  bool ShowsColours() const {
+    return List.Settings.ShowColour && FileCount() <= List.Settings.FileCountMax;
+  }
+  // To be called once the attributes of a folder have come: shows its size if it has been measured
+  // and the folder has not changed since.
+  void ShowKnownSize(RowId row) {
+    if (Sizes.IsEmpty() || !Rows.Row(row).IsFolder() || Rows.Row(row).IsLink) return;
+    const std::string path = List.Syntax.Join(Rows.Folder(), Rows.Name(row));
+    Sizes.Verify(path, Rows.Row(row).Modified);
+    if (const auto size = Sizes.Find(path)) Rows.SetFolderSize(row, *size);
+  }
+  // In the folder, whether or not the filter takes them. Folders come first in any order.
+  int FileCount() const {
+    const std::vector<RowId>& all = Rows.All();
+    const auto first = std::partition_point(all.begin(), all.end(),
+                                            [this](RowId row) { return Rows.Row(row).IsFolder(); });
+    return static_cast<int>(all.end() - first);
+  }
+};
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,162 @@
+#include "lister/list/CommonInput.h"
+
+#include <utility>
+
+#include "base/Text.h"
+#include "lister/list/ListBody.h"
+
+namespace tarnwell::lister {
+
+CommonInput::CommonInput(ListState& list) : list_(list), clicked_(list.Control) {}
+
+// --- Keys.
+
+KeyAction CommonInput::ActionOf(int keyCode, int shift) {
+  using This = CommonInput;
+  static constexpr KeyBinding<CommonInput> Bindings[] = {
+      {UpKey, AltDown, &This::UpFolder},
+      {BackspaceKey, AnyShift, &This::UpFolder},
+      {UpKey, AnyShift, &This::TellKey},
+      {DownKey, AnyShift, &This::TellKey},
+      {SpaceKeyCode, 0, &This::TellKey},
+      {SpaceKeyCode, ShiftDown, &This::TellKey},
+      {F3Key, AnyShift, &This::TellKey},
+      {EnterKey, 0, &This::ActivateCurrent},
+      {EnterKey, ShiftDown, &This::ActivateCurrent},
+      {EnterKey, CtrlDown, &This::AskCommandText},
+      {'N', CtrlDown | ShiftDown, &This::AskNewFolder},
+      {'Q', CtrlDown, &This::AskClose},
+  };
+  if (shift == CtrlDown && keyCode >= '0' && keyCode <= '9') {
+    // 1 is the first slot, 0 the tenth.
+    return [this, slot = (keyCode - '0' + 9) % 10] { list_.Control.GoToBookmark(slot); };
+  }
+  return FindAction(*this, Bindings, keyCode, shift);
+}
+
+bool CommonInput::KeyDown(int keyCode, int shift) {
+  const bool searched = !typed_.Wanted().empty();
+  if (keyCode == EscapeKey) {
+    SetTyped("");
+    return searched || TakeBack();
+  }
+  if (keyCode == SpaceKeyCode && shift == 0) {
+    // A blank within what is being typed, if there is a name to go with it.
+    if (typed_.GoesOn(list_.Services.Clock.Ticks()) &&
+        FindTyped(typed_.Wanted() + " ", true) != NoRow) {
+      return false;
+    }
+    // A key that is held down repeats.
+    if (std::exchange(spaceIsDown_, true)) return true;
+  }
+  const KeyAction action = ActionOf(keyCode, shift);
+  if (!action) return false;
+  SetTyped("");
+  action();
+  return true;
+}
+
+void CommonInput::TellKey(int keyCode, int) {
+  std::int16_t code = static_cast<std::int16_t>(keyCode);
+  list_.Events.ListKeyDown(list_.Control.Id(), code);
+}
+
+void CommonInput::UpFolder(int keyCode, int shift) {
+  list_.Events.UpFolderKey(list_.Control.Id(), keyCode, shift);
+}
+
+void CommonInput::ActivateCurrent(int, int) {
+  list_.Control.Activate(Current());
+}
+
+void CommonInput::AskCommandText(int, int) {
+  std::string path = list_.Control.PathOf(Current());
+  if (path.empty()) return;
+  if (path.find(' ') != std::string::npos) path = '"' + path + '"';
+  list_.Events.CommandTextAsked(list_.Control.Id(), path);
+}
+
+void CommonInput::AskClose(int, int) {
+  list_.Events.CloseAsked(list_.Control.Id());
+}
+
+// --- Typing.
+
+void CommonInput::TypeText(std::string_view text) {
+  if (text.empty() || static_cast<unsigned char>(text[0]) < 0x20 || text[0] == 0x7F) return;
+  typed_.Add(text, list_.Services.Clock.Ticks());
+  const RowId found = FindTyped(typed_.Wanted(), typed_.TakesCurrent());
+  if (found != NoRow) MoveTo(found);
+  // The move can have led anywhere, and to an end of the search too.
+  if (!typed_.Wanted().empty()) ShowTyped(typed_.Wanted());
+  if (found == NoRow) {
+    list_.SetStatus("No item begins with " + base::ForDisplay(typed_.Wanted()));
+  }
+}
+
+void CommonInput::SetTyped(const std::string& text) {
+  if (text == typed_.Wanted()) return;
+  typed_.Set(text);
+  ShowTyped(text);
+}
+
+RowId CommonInput::FindTyped(std::string_view wanted, bool takesCurrent) const {
+  const RowId current = Current();
+  if (takesCurrent && current != NoRow && TypedText::Begins(NameOf(current), wanted)) {
+    return current;
+  }
+  const RowId first = RowBelow(current);
+  if (first == NoRow) return NoRow;
+  RowId row = first;
+  do {
+    if (TypedText::Begins(NameOf(row), wanted)) return row;
+    row = RowBelow(row);
+  } while (row != first);
+  return NoRow;
+}
+
+// --- Mouse.
+
+void CommonInput::SetClicked(RowId row) {
+  if (!holdsClicked_) clicked_.Set(row);
+}
+
+void CommonInput::ForgetClicked() {
+  holdsClicked_ = false;
+  clicked_.Clear();
+}
+
+bool CommonInput::MayStart() const {
+  return action_ == MouseAction::None && !list_.Control.MouseLocked;
+}
+
+void CommonInput::BeginDrag(const MouseEvent& event) {
+  action_ = MouseAction::Drag;
+  list_.Events.DragBegun(list_.Control.Id(), event);
+}
+
+void CommonInput::DragFinished(const MouseEvent& event) {
+  if (action_ != MouseAction::Drag) return;
+  action_ = MouseAction::None;
+  list_.Events.DragEnded(list_.Control.Id(), event);
+}
+
+void CommonInput::RaiseRightClick(const RowPointer& at) {
+  if (holdsClicked_) return;  // a menu is at work
+  RightClick click;
+  click.X = at.Event.X;
+  click.Y = at.Event.Y;
+  std::int32_t kind = NothingClicked;
+  list_.Control.GetClickedItem(click.Folder, click.Name, false, kind);
+  click.Path = list_.Control.PathOf(Clicked());
+  if (kind == ClickedFolder && !IsFileList(list_.Control.Id())) {
+    click.UsePath = true;
+    click.Folder = click.Path;
+  } else if (kind == ClickedEmptySpace) {
+    std::int32_t position = 0;
+    click.UsePath = NextSelected(position) == NoRow;
+  }
+  list_.Events.RightClicked(list_.Control.Id(), click);
+}
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,134 @@
+// The work behind a ListerControl: what the two kinds of list share, and the face of each kind.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "lister/ListerControl.h"
+#include "lister/list/FolderFollower.h"
+#include "lister/list/ListInput.h"
+#include "lister/list/ListMemory.h"
+#include "lister/list/ListSettings.h"
+#include "lister/rows/Comparison.h"
+#include "lister/rows/Headings.h"
+#include "lister/rows/NameFilter.h"
+#include "lister/rows/NameOrder.h"
+#include "lister/rows/NoView.h"
+#include "lister/rows/SortKeys.h"
+
+namespace tarnwell::lister {
+
+// The state that a list of either kind has.
+struct ListState {
+  ListState(ListerControl& control, const ListerServices& services, ListerEvents& events);
+
+  ListerControl& Control;
+  ListerServices Services;
+  ListerEvents& Events;
+  const base::PathSyntax& Syntax;
+  NameOrder Names;
+  ListSettings Settings;
+  Headings Table;
+  SortKeys Keys;
+  ExpandedFolders Expanded;
+  ActiveItems Active;
+  std::string Drive;   // on show, or remembered for the first load
+  std::string Folder;  // open or on show
+  std::string Status;
+  CompareMarks Marks;         // the kinds that rows have
+  bool IsTerminated = false;  // work that let messages through is to end
+
+  // The list's widget, or one that does nothing.
+  ListerView& View() { return Control.View != nullptr ? *Control.View : nobody_; }
+  void SetStatus(std::string text) { SetStatus(std::move(text), Marks); }
+  void SetStatus(std::string text, CompareMarks marks);
+  // Items that the user does not want to see.
+  bool IsFilteredOut(const platform::FolderEntry& entry) const {
+    return (entry.IsHidden && !Control.ShowHidden) || (entry.IsSystem && !Control.ShowSystem);
+  }
+  std::string DriveFolder(const std::string& drive) const;
+
+ private:
+  NoView nobody_;
+};
+
+// A list of one kind. What a kind has no use for does nothing.
+class ListBody {
+ public:
+  explicit ListBody(ListState& state)
+      : Follower(
+            state.Services.Watches, state.Services.Stamps, state.Services.Clock,
+            [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); },
+            [&state](int milliseconds) { state.View().LookLater(milliseconds); }),
+        state_(state) {}
+  virtual ~ListBody() = default;
+
+  FolderFollower Follower;
+
+  virtual void ShowStatus(const std::string& text) { state_.SetStatus(text); }
+  virtual ListInput& Input() = 0;
+  virtual const ListInput& Input() const = 0;
+
+  virtual void SetFolder(const std::string&) {}
+  virtual void Refresh() = 0;
+  virtual void CatchUp() {}
+  virtual void Resort() = 0;
+  virtual void Terminate() = 0;
+  virtual void DrivesChanged() {}
+  // What is shown of the rows has changed: settings, headings.
+  virtual void SettingsChanged() {}
+
+  // `chosen`: the user picked the drive, and the form learns that.
+  virtual void LoadDrive(const std::string& /*drive*/, bool /*chosen*/) {}
+  virtual void OpenFolder(const std::string&) {}
+  virtual void ExpandFolder(const std::string&) {}
+  virtual std::string ParentOfKey(const std::string&) const { return ""; }
+  virtual int OpenLevel() const { return 0; }
+
+  virtual void LoadContents(const std::string&) {}
+  virtual void PlaceCursor(const std::vector<platform::PlacedItem>&,
+                           std::function<bool()> /*tells*/) {}
+
+  // Of a list that has one; null for others.
+  virtual const NameFilter* Filter() const { return nullptr; }
+  virtual void SetFilterText(const std::string&) {}
+  virtual void SetExtensionFilter(const std::string&) {}
+  virtual std::vector<ExtensionChoice> ExtensionChoices() const { return {}; }
+
+  // Tools, as ListerControl tells them.
+  virtual void SetItemColour(ItemColour /*colour*/) {}
+  virtual int FileCount() const { return 0; }
+  virtual void CalculateFolderSizes() {}
+  virtual void CalculateItemSize() {}
+  virtual std::vector<CompareRecord> CompareRecords() const { return {}; }
+  virtual void CompareAgainst(std::vector<CompareRecord>&, std::int32_t /*mode*/) {}
+  virtual void CompareSelf(const std::vector<CompareRecord>&) {}
+
+  virtual int ChildCount(RowId parent) const = 0;
+  virtual RowId Child(RowId parent, int position) const = 0;
+  virtual RowId Parent(RowId row) const = 0;
+  virtual int PositionOf(RowId row) const = 0;
+  virtual RowLook Look(RowId row) const = 0;
+  virtual std::string CellText(RowId row, HeadingId heading) const = 0;
+  // The row is a folder that was measured, but not all of it could be read.
+  virtual bool IsSizePartial(RowId row) const = 0;
+  // The cell for other programs: bytes as they are, numbers in digits alone.
+  virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
+  virtual std::string PathOf(RowId row) const = 0;
+  virtual RowId CurrentRow() const = 0;
+
+  virtual void MoveCurrent(RowId row) = 0;
+  virtual void Activate(RowId row) = 0;
+  virtual void Expand(RowId) {}
+  virtual void Collapse(RowId) {}
+
+ protected:
+  // A notice that a folder changed on disk, as FolderFollower gives it.
+  virtual void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) = 0;
+
+  ListState& state_;
+};
+
+}  // namespace tarnwell::lister

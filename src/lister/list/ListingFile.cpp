@@ -1,0 +1,103 @@
+#include "lister/list/ListingFile.h"
+
+#include <algorithm>
+
+#include "base/Text.h"
+#include "lister/list/Pacer.h"
+#include "lister/rows/CellText.h"
+
+namespace tarnwell::lister {
+namespace {
+
+// The rows on show from the top, the children of each behind it.
+std::vector<RowId> RowsOnShow(const ListBody& body) {
+  std::vector<RowId> rows, left{RootRow};
+  while (!left.empty()) {
+    const RowId row = left.back();
+    left.pop_back();
+    if (row != RootRow) rows.push_back(row);
+    if (row != RootRow && !body.Look(row).IsExpanded) continue;
+    for (int at = body.ChildCount(row); at-- > 0;) left.push_back(body.Child(row, at));
+  }
+  return rows;
+}
+
+std::vector<HeadingId> Columns(const ListState& list) {
+  std::vector<HeadingId> columns;
+  for (const HeadingId heading : list.Table.Order()) {
+    if (list.Table[heading].Active) columns.push_back(heading);
+  }
+  // The names of a tree say little without their places.
+  const bool hasPath = std::ranges::find(columns, HeadingId::Path) != columns.end();
+  if (!IsFileList(list.Control.Id()) && !hasPath) columns.push_back(HeadingId::Path);
+  return columns;
+}
+
+// False when it was ended; `reason` then tells why.
+bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::string& reason) {
+  const std::vector<HeadingId> columns = Columns(list);
+  const std::string folder = list.Folder, drive = list.Drive;
+  std::vector<std::string> fields;
+  fields.reserve(columns.size());
+  for (const HeadingId column : columns) fields.push_back(list.Table[column].Caption);
+  AppendLine(text, fields);
+
+  const platform::NumberForms& forms = list.Services.Forms;
+  Pacer pace(list.Services.Clock, list.Services.Pump);
+  std::size_t done = 0;
+  const std::vector<RowId> rows = RowsOnShow(body);
+  for (const RowId row : rows) {
+    if (pace.IsDue()) {
+      list.SetStatus("Listing: " + forms.Grouped(done) + " of " + forms.Grouped(rows.size()) +
+                     " rows; Escape stops");
+      pace.Pump();
+      if (list.Control.CancelRequested) reason = "stopped";
+      if (IsFileList(list.Control.Id()) && list.Folder != folder) reason = "the folder has changed";
+      if (list.Drive != drive) reason = "the drive has changed";
+      if (!reason.empty()) return false;
+    }
+    ++done;
+    if (body.PositionOf(row) < 0) continue;  // gone since
+    fields.clear();
+    for (const HeadingId column : columns) fields.push_back(body.CellBytes(row, column));
+    AppendLine(text, fields);
+  }
+  return true;
+}
+
+}  // namespace
+
+void AppendLine(std::string& text, const std::vector<std::string>& fields) {
+  constexpr char32_t strayBytes = 0xDC80, lastStrayByte = 0xDCFF;
+  bool first = true;
+  for (const std::string& field : fields) {
+    if (!std::exchange(first, false)) text += ',';
+    const auto isBlank = [](char byte) { return byte == ' ' || byte == '\t'; };
+    const bool quoted = field.find_first_of(",\"\r\n") != std::string::npos ||
+                        (!field.empty() && (isBlank(field.front()) || isBlank(field.back())));
+    if (quoted) text += '"';
+    for (std::size_t position = 0; position < field.size();) {
+      const char32_t code = base::NextCodePoint(field, position);
+      const bool stray = code >= strayBytes && code <= lastStrayByte;
+      if (code == U'"') text += '"';
+      base::AppendCodePoint(text, stray ? U'\uFFFD' : code);
+    }
+    if (quoted) text += '"';
+  }
+  text += "\r\n";
+}
+
+bool WriteListing(ListState& list, const ListBody& body, const std::string& path) {
+  list.Control.CancelRequested = false;
+  std::string text, reason;
+  if (MakeListing(list, body, text, reason)) {
+    reason = list.Services.Files.WriteFile(path, text).Reason;
+  }
+  list.Control.CancelRequested = false;
+  const std::string file = base::ForDisplay(path);
+  list.SetStatus(reason.empty() ? "Listing written to " + file
+                                : "Cannot write the listing to " + file + ": " + reason);
+  return reason.empty();
+}
+
+}  // namespace tarnwell::lister

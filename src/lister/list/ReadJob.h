@@ -1,0 +1,40 @@
+// A read of a folder, or other work on its rows, while it runs.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "lister/list/Pacer.h"
+#include "platform/FileSystem.h"
+
+namespace tarnwell::lister {
+
+// How the work stands after messages were let through.
+enum class Standing { Going, Cancelled, Superseded };
+
+struct ReadJob {
+  // Shows the progress and lets messages through.
+  using LetThrough = std::function<void(ReadJob& job, const std::string& progress)>;
+
+  ReadJob(int number, Pacer pace, LetThrough letThrough)
+      : Number(number), Pace(pace), Through(std::move(letThrough)) {}
+
+  const int Number;  // of the load that it belongs to
+  Pacer Pace;
+  std::unique_ptr<platform::OpenedFolder> Folder;
+  lister::Standing Standing = lister::Standing::Going;
+  bool HeedsCancel = true;
+  bool MaySort = false;  // the rows on show are the ones that it works on
+  LetThrough Through;
+
+  bool Goes() const { return Standing == lister::Standing::Going; }
+  bool IsSuperseded() const { return Standing == lister::Standing::Superseded; }
+  // Afterwards rows may have changed places, or the work may go on no longer. True while it does.
+  bool Pump(const std::string& progress) {
+    Through(*this, progress);
+    return Goes();
+  }
+};
+
+}  // namespace tarnwell::lister

@@ -1,0 +1,238 @@
+#include "lister/rows/Comparison.h"
+
+#include <array>
+#include <bit>
+#include <charconv>
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "lister/rows/CellText.h"
+#include "lister/rows/FileRows.h"
+
+namespace tarnwell::lister {
+namespace {
+
+constexpr std::int32_t FolderBit = 1;
+constexpr int FirstMarkBit = 8;
+constexpr std::int32_t SizeMode = 1, DateMode = 2;
+
+std::int32_t BitsOf(const CompareMarks& marks) {
+  const int bits =
+      marks.OnlyHere | marks.Larger << 1 | marks.Smaller << 2 | marks.Newer << 3 | marks.Older << 4;
+  return bits << FirstMarkBit;
+}
+
+CompareMarks MarksOf(std::int32_t state) {
+  const auto has = [state](int bit) { return (state >> (FirstMarkBit + bit) & 1) != 0; };
+  return {
+      .OnlyHere = has(0), .Larger = has(1), .Smaller = has(2), .Newer = has(3), .Older = has(4)};
+}
+
+std::int64_t WholeSeconds(std::int64_t nanoseconds) {
+  constexpr std::int64_t second = 1'000'000'000;
+  return nanoseconds / second - (nanoseconds % second < 0);
+}
+
+// Below 0, 0 or above 0; 0 as well where the other side is not known.
+template <typename Number>
+int CompareWith(Number here, const std::string& there) {
+  Number other = 0;
+  const char* const end = there.data() + there.size();
+  if (std::from_chars(there.data(), end, other).ptr != end || there.empty()) return 0;
+  return (here > other) - (here < other);
+}
+
+// What is to be said of the row, and of its partner in the other list.
+struct Verdict {
+  CompareMarks Here, There;
+};
+
+Verdict Compare(const FileRow& row, const CompareRecord& record, std::int32_t mode) {
+  Verdict verdict;
+  if (row.IsFolder() || !row.HasAttributes) return verdict;
+  if ((mode & SizeMode) != 0) {
+    const int size = CompareWith(row.Size, record.Size);
+    verdict.Here.Larger = verdict.There.Smaller = size > 0;
+    verdict.Here.Smaller = verdict.There.Larger = size < 0;
+  }
+  if ((mode & DateMode) != 0 && row.Modified != platform::UnknownTime) {
+    const int date = CompareWith(WholeSeconds(row.Modified), record.Modified);
+    verdict.Here.Newer = verdict.There.Older = date > 0;
+    verdict.Here.Older = verdict.There.Newer = date < 0;
+  }
+  return verdict;
+}
+
+// Hands out records by name and kind, each once, those of the same name in their order. A table
+// with a slot for each record and as many free ones, since a node for each would cost twice the
+// time.
+class RecordIndex {
+ public:
+  RecordIndex(const std::vector<CompareRecord>& records, const base::PathSyntax& syntax)
+      : records_(records), syntax_(syntax), slots_(std::bit_ceil(2 * records.size() + 1)) {
+    for (std::size_t at = 0; at < records.size(); ++at) {
+      const std::size_t hash = std::hash<std::string_view>()(records[at].Name);
+      std::size_t place = hash & (slots_.size() - 1);
+      while (slots_[place].Number != 0) place = Behind(place);
+      slots_[place] = {static_cast<std::uint32_t>(hash), static_cast<std::uint32_t>(at + 1)};
+    }
+  }
+
+  std::optional<std::size_t> Take(std::string_view name, bool isFolder) {
+    const std::string folded = syntax_.CaseSensitive ? "" : syntax_.Key(name);
+    const std::string_view key = syntax_.CaseSensitive ? name : folded;
+    const std::size_t hash = std::hash<std::string_view>()(key);
+    for (std::size_t place = hash & (slots_.size() - 1); slots_[place].Number != 0;
+         place = Behind(place)) {
+      Slot& slot = slots_[place];
+      if (slot.IsTaken || slot.Hash != static_cast<std::uint32_t>(hash)) continue;
+      const CompareRecord& record = records_[slot.Number - 1];
+      if (record.Name != key || ((record.State & FolderBit) != 0) != isFolder) continue;
+      slot.IsTaken = true;
+      return slot.Number - 1;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  struct Slot {
+    std::uint32_t Hash = 0;    // its lower half
+    std::uint32_t Number = 0;  // of the record, from 1; 0 for a free slot
+    bool IsTaken = false;
+  };
+
+  std::size_t Behind(std::size_t place) const { return (place + 1) & (slots_.size() - 1); }
+
+  const std::vector<CompareRecord>& records_;
+  const base::PathSyntax& syntax_;
+  std::vector<Slot> slots_;
+};
+
+// What MarkRows adds; no item is without a name.
+bool HasTally(const std::vector<CompareRecord>& records) {
+  return !records.empty() && records.back().Name.empty();
+}
+
+template <typename Work>
+void ForEachRow(const FileRows& rows, Work work) {
+  for (RowId row = 1; row <= rows.StoreSize(); ++row) {
+    if (rows.IsUsed(row)) work(row);
+  }
+}
+
+void Count(const CompareMarks& marks, bool isFolder, CompareCounts& counts) {
+  const bool differs = marks.Larger || marks.Smaller || marks.Newer || marks.Older;
+  counts.Add(marks, 1);
+  counts.Differing += differs;
+  if (!marks.Any()) ++(isFolder ? counts.SameFolders : counts.Same);
+}
+
+}  // namespace
+
+void MarkCounts::Add(CompareMarks marks, int rows) {
+  OnlyHere += marks.OnlyHere * rows;
+  Larger += marks.Larger * rows;
+  Smaller += marks.Smaller * rows;
+  Newer += marks.Newer * rows;
+  Older += marks.Older * rows;
+}
+
+CompareMarks MarkCounts::Kinds() const {
+  return {.OnlyHere = OnlyHere > 0,
+          .Larger = Larger > 0,
+          .Smaller = Smaller > 0,
+          .Newer = Newer > 0,
+          .Older = Older > 0};
+}
+
+std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax) {
+  std::vector<CompareRecord> records;
+  records.reserve(rows.All().size() + 1);
+  ForEachRow(rows, [&](RowId row) {
+    const FileRow& item = rows.Row(row);
+    CompareRecord& record = records.emplace_back();
+    record.Name = syntax.Key(rows.Name(row));
+    record.State = item.IsFolder() ? FolderBit : 0;
+    if (item.IsFolder() || !item.HasAttributes) return;
+    record.Size = std::to_string(item.Size);
+    if (item.Modified != platform::UnknownTime) {
+      record.Modified = std::to_string(WholeSeconds(item.Modified));
+    }
+  });
+  return records;
+}
+
+CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std::int32_t mode,
+                       const base::PathSyntax& syntax) {
+  if (HasTally(records)) records.pop_back();
+  RecordIndex index(records, syntax);
+  const std::int32_t onlyThere = BitsOf({.OnlyHere = true});
+  for (CompareRecord& record : records) record.State = (record.State & FolderBit) | onlyThere;
+  CompareCounts counts;
+  std::size_t paired = 0;
+  ForEachRow(rows, [&](RowId row) {
+    Verdict verdict{.Here = {.OnlyHere = true}, .There = {}};
+    if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
+      CompareRecord& record = records[*at];
+      verdict = Compare(rows.Row(row), record, mode);
+      record.State = (record.State & FolderBit) | BitsOf(verdict.There);
+      ++paired;
+    }
+    rows.SetMarks(row, verdict.Here);
+    Count(verdict.Here, rows.Row(row).IsFolder(), counts);
+  });
+  counts.Missing = static_cast<int>(records.size() - paired);
+  records.emplace_back().State = counts.OnlyHere;
+  return counts;
+}
+
+CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& records,
+                          const base::PathSyntax& syntax) {
+  RecordIndex index(records, syntax);
+  CompareCounts counts;
+  if (HasTally(records)) counts.Missing = records.back().State;
+  ForEachRow(rows, [&](RowId row) {
+    CompareMarks marks;
+    if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
+      marks = MarksOf(records[*at].State);
+    }
+    rows.SetMarks(row, marks);
+    Count(marks, rows.Row(row).IsFolder(), counts);
+  });
+  return counts;
+}
+
+std::string CompareSummary(const CompareCounts& counts, const platform::NumberForms& forms) {
+  const auto grouped = [&](int number) {
+    return forms.Grouped(static_cast<std::uint64_t>(number));
+  };
+  const std::array<std::pair<int, std::string_view>, 4> ways{{{counts.Larger, "larger"},
+                                                              {counts.Smaller, "smaller"},
+                                                              {counts.Newer, "newer"},
+                                                              {counts.Older, "older"}}};
+  std::string details;
+  for (const auto& [number, word] : ways) {
+    if (number == 0) continue;
+    details += (details.empty() ? " (" : ", ") + grouped(number) + " ";
+    details += word;
+  }
+  if (!details.empty()) details += " here)";
+  const bool same = counts.OnlyHere + counts.Differing == 0;
+  std::string text = "Compared: ";
+  // What differs comes first: a narrow list cuts the end.
+  if (!same) text += grouped(counts.OnlyHere) + " only here, ";
+  if (counts.Missing > 0) text += grouped(counts.Missing) + " missing, ";
+  if (!same) text += grouped(counts.Differing) + " differ" + details + ", ";
+  const auto files = static_cast<std::uint64_t>(counts.Same);
+  const auto folders = static_cast<std::uint64_t>(counts.SameFolders);
+  if (folders == 0 || files > 0) {
+    text += (same ? "all " + CountText(forms, files, "file") : grouped(counts.Same)) + " the same";
+    if (folders > 0) text += ", ";
+  }
+  if (folders > 0) text += CountText(forms, folders, "folder") + " of the same name";
+  return text;
+}
+
+}  // namespace tarnwell::lister
