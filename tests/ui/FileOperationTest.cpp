@@ -19,7 +19,7 @@
 
 #include "TestApplication.h"
 #include "fakes/FakePlatform.h"
-#include "ui/QtFileOperation.h"
+#include "ui/operation/QtFileOperation.h"
 
 namespace tarnwell::ui {
 namespace {

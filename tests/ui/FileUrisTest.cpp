@@ -3,8 +3,8 @@
 #include <QSysInfo>
 
 #include "TestApplication.h"
-#include "ui/FileUris.h"
-#include "ui/QtFileClipboard.h"
+#include "ui/services/QtFileClipboard.h"
+#include "ui/toolkit/FileUris.h"
 
 namespace tarnwell::ui {
 namespace {

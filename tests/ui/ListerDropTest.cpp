@@ -4,9 +4,9 @@
 #include <QScrollBar>
 #include <QToolButton>
 
-#include "ui/FileUris.h"
-#include "ui/ListerDrop.h"
 #include "ui/ListerFixture.h"
+#include "ui/list/ListerDrop.h"
+#include "ui/toolkit/FileUris.h"
 
 namespace tarnwell::ui {
 

@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "lister/ListFixture.h"
-#include "ui/ListerModel.h"
-#include "ui/ListerRow.h"
-#include "ui/ListerWidget.h"
 #include "ui/TestApplication.h"
+#include "ui/list/ListerModel.h"
+#include "ui/list/ListerRow.h"
+#include "ui/list/ListerWidget.h"
 
 namespace tarnwell::ui {
 

@@ -14,9 +14,9 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "ui/Convert.h"
 #include "ui/ListerFixture.h"
-#include "ui/ListerMarks.h"
+#include "ui/list/ListerMarks.h"
+#include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -12,8 +12,8 @@
 
 #include "TestApplication.h"
 #include "shell/TestRun.h"
-#include "ui/ListerRow.h"
-#include "ui/MainWindow.h"
+#include "ui/list/ListerRow.h"
+#include "ui/main/MainWindow.h"
 
 namespace tarnwell::ui {
 namespace {

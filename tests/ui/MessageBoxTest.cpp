@@ -11,9 +11,9 @@
 #include "TestApplication.h"
 #include "shell/MessageBox.h"
 #include "shell/popMsgBox.h"
-#include "ui/Convert.h"
-#include "ui/MsgBoxWindow.h"
-#include "ui/QtFormHost.h"
+#include "ui/forms/MsgBoxWindow.h"
+#include "ui/forms/QtFormHost.h"
+#include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ui/QtNumberForms.h"
+#include "ui/services/QtNumberForms.h"
 
 namespace tarnwell::ui {
 namespace {

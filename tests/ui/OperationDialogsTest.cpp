@@ -6,7 +6,7 @@
 
 #include "TestApplication.h"
 #include "fakes/FakeForms.h"
-#include "ui/OperationDialogs.h"
+#include "ui/forms/OperationDialogs.h"
 
 namespace tarnwell::ui {
 namespace {

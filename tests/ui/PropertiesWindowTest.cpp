@@ -18,8 +18,8 @@
 
 #include "TestApplication.h"
 #include "fakes/FakePlatform.h"
-#include "ui/ApplicationChooser.h"
-#include "ui/QtItemWindows.h"
+#include "ui/properties/ApplicationChooser.h"
+#include "ui/properties/QtItemWindows.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -8,8 +8,8 @@
 #include <QTimer>
 
 #include "TestApplication.h"
-#include "ui/QtPopupMenus.h"
-#include "ui/Shades.h"
+#include "ui/services/QtPopupMenus.h"
+#include "ui/toolkit/Shades.h"
 
 namespace tarnwell::ui {
 namespace {

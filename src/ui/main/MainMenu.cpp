@@ -1,0 +1,80 @@
+#include "ui/main/MainMenu.h"
+
+#include <QAction>
+#include <QMenu>
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "ui/toolkit/Convert.h"
+#include "ui/toolkit/FormWindow.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// The keys that do what an entry does.
+constexpr std::pair<std::string_view, const char*> EntryKeys[] = {{"mnuHelp", "F1"}};
+
+QString EntryText(const std::string& name, const forms::MenuEntry& entry) {
+  const auto* const key =
+      std::ranges::find(EntryKeys, name, [](const auto& row) { return row.first; });
+  QString text = ToShownQString(entry.Caption);
+  if (key != std::end(EntryKeys)) text += u'\t' + QLatin1String(key->second);
+  return text;
+}
+
+}  // namespace
+
+void MainMenu::Build() {
+  const auto& entries = master_.Form().Menus.Entries();
+  std::vector<QMenu*> parents;  // the open submenu of each level
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    const forms::MenuEntry& entry = entries[i];
+    const auto level = static_cast<std::size_t>(entry.Level);
+    parents.resize(std::min(parents.size(), level - 1));
+    const bool hasChildren = i + 1 < entries.size() && entries[i + 1].Level > entry.Level;
+    if (parents.size() + 1 < level || (!entry.Visible && level == 1)) continue;
+    const QString text = ToShownQString(entry.Caption);
+    if (hasChildren) {
+      parents.push_back(parents.empty() ? bar_.addMenu(text) : parents.back()->addMenu(text));
+      entries_[entry.Name].Action = parents.back()->menuAction();
+    } else if (entry.IsSeparator()) {
+      parents.back()->addSeparator();
+    } else if (commands::Commands::IsCommand(entry.Name)) {
+      QAction* action = parents.back()->addAction(text);
+      action->setCheckable(entry.Checkable);
+      entries_[entry.Name].Action = action;
+      QObject::connect(action, &QAction::triggered, &bar_, [this, name = entry.Name] {
+        Guarded([this, &name] { master_.MenuClick(name); });
+        master_.Form().Touch();  // the click has turned the mark; the form says how it stands
+      });
+    }
+  }
+}
+
+void MainMenu::Sync() {
+  if (entries_.empty()) Build();
+  const workspace::MainForm& form = master_.Form();
+  for (auto& [name, entry] : entries_) {
+    const forms::MenuEntry& shown = form.Menus[name];
+    entry.Action->setText(EntryText(name, shown));
+    if (entry.Action->isCheckable()) entry.Action->setChecked(shown.Checked);
+    entry.Action->setVisible(shown.Visible);
+    const std::string_view image = form.MenuImages.ImageOf(shown);
+    if (entry.Image == image) continue;
+    entry.Image = image;
+    entry.Action->setIcon(icons_.Own(image));
+  }
+}
+
+void MainMenu::SetColours(const QPalette& palette) {
+  if (bar_.palette() == palette) return;
+  bar_.setPalette(palette);
+  // A menu that unfolds is a window of its own, and takes no colours from the bar.
+  for (QMenu* const unfolding : bar_.findChildren<QMenu*>()) unfolding->setPalette(palette);
+}
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,374 @@
+#include "ui/main/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QScreen>
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "lister/list/ListInput.h"
+#include "ui/main/WindowKeys.h"
+#include "ui/toolkit/Place.h"
+#include "ui/toolkit/Shades.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// Below 5000 twips either way the form does not arrange its panes.
+constexpr QSize LeastSize(400, 334);
+// What has to be on a screen of a window's upper edge, for the mouse to move the window by.
+constexpr QSize LeastGrip(80, 16);
+
+// Above and below the text of a title.
+constexpr int TitleRim = 2;
+
+// Of 100 parts text colour in a line that is to be seen and not to be noticed.
+constexpr int EdgeStrength = 22;
+
+// A window that cannot be reached with the mouse, whatever the settings say, comes to the screen.
+QPoint ReachablePlace(const QRect& window, const QScreen& screen) {
+  const QRect upper(window.topLeft(), QSize(window.width(), LeastGrip.height()));
+  for (const QScreen* each : screen.virtualSiblings()) {
+    const QRect grip = upper & each->availableGeometry();
+    if (grip.width() >= LeastGrip.width() && grip.height() >= LeastGrip.height()) {
+      return window.topLeft();
+    }
+  }
+  const QRect room = screen.availableGeometry();
+  return {std::clamp(window.left(), room.left(),
+                     std::max(room.left(), room.right() + 1 - window.width())),
+          std::clamp(window.top(), room.top(),
+                     std::max(room.top(), room.bottom() + 1 - window.height()))};
+}
+
+}  // namespace
+
+MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
+    : master_(master),
+      form_(master.Form()),
+      icons_(icons),
+      menu_(master, icons, *menuBar()),
+      surface_(new FormSurface(SurfaceActions(), this)),
+      placesWindows_(!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))),
+      keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
+      toolbar_(new MainToolbar(master, icons, surface_)),
+      escape_(new QShortcut(Qt::Key_Escape, this)),
+      strip_(form_, *surface_, [this] { master_.CommandEnter(); }) {
+  setMinimumSize(LeastSize);
+  setCentralWidget(surface_);
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    PaneTitle*& title = titles_[static_cast<std::size_t>(pane)];
+    title = new PaneTitle(pane, icons_.OpenFolder(),
+                          {.Click = [this, pane] { master_.TitleClick(pane); },
+                           .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
+                           .MouseMove = [this, pane] { master_.TitleMouseMove(pane); },
+                           .Close = [this, pane] { master_.ClosePaneClick(pane); }},
+                          surface_);
+    title->hide();
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      noRoom_[list] = new NoRoomLabel(surface_);
+      noRoom_[list]->hide();
+    }
+  }
+  for (DragBar*& bar : bars_) bar = new DragBar(*surface_, placesWindows_);
+  connect(escape_, &QShortcut::activated, this, [this] {
+    master_.KeyDown(lister::EscapeKey, 0);
+    SyncDrag();
+  });
+  BindKeys();
+  new WindowKeys(
+      *this,
+      {.Down = [this](int code, int shift) { master_.KeyDown(code, shift); },
+       .Up = [this] { master_.KeyUp(); },
+       .Back = [this] { master_.Activated(); },
+       .IsFormKey = [this](const QWidget* focus) { return focus == keeper_ || IsRows(focus); }});
+  connect(qApp, &QApplication::focusChanged, this, [this] { NoteFocus(); });
+}
+
+MainWindow::~MainWindow() {
+  // The children lose focus and mouse while this object is whole, and nothing is told of that.
+  disconnect(qApp, nullptr, this, nullptr);
+  Close();
+  hide();
+}
+
+// Ways for the keyboard to what the mouse finds by itself.
+void MainWindow::BindKeys() {
+  const auto bind = [this](const QKeySequence& key, auto act) {
+    connect(new QShortcut(key, this), &QShortcut::activated, this, act);
+  };
+  bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
+  bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
+  bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
+  bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
+}
+
+FormSurface::Actions MainWindow::SurfaceActions() {
+  return {.MouseMove =
+              [this](float x, float y) {
+                master_.MouseMove(x, y);
+                SyncDrag();
+              },
+          .MouseDown =
+              [this](float x, float y) {
+                master_.MouseDown(x, y);
+                SyncDrag();
+              },
+          .MouseUp =
+              [this] {
+                if (IsClosed()) return;
+                master_.MouseUp();
+                Sync();
+              },
+          .WheelTurned = [this](int delta) { master_.WheelTurned(delta); },
+          .Resized = [this] { InsideResized(); }};
+}
+
+void MainWindow::Sync() {
+  setWindowTitle(ToWindowTitle(form_.Caption));
+  menu_.Sync();
+  SyncToolbar();
+  SyncColours();
+  TakeKeyboard();
+  for (int pane = 0; pane < lister::PaneCount; ++pane) SyncPane(pane);
+  strip_.Sync(IsSkinned());
+  SyncShapes();
+  SyncDrag();
+  // When the first pane of all opens, nothing has the keyboard.
+  if (isVisible() && focusWidget() == nullptr) keeper_->setFocus();
+}
+
+void MainWindow::SyncToolbar() {
+  toolbar_->Sync();
+  form_.Toolbar1.Top = 0;
+  form_.Toolbar1.Width = ToTwips(surface_->width());
+  form_.Toolbar1.Height = ToTwips(MainToolbar::Height);
+  // The first button stands in line with the panes.
+  PlaceAt(*toolbar_, RectOf(form_.Toolbar1).adjusted(3, 0, 0, 0), form_.Toolbar1.Visible);
+}
+
+// Before a skin is loaded every colour is zero, and the toolkit's own serve.
+bool MainWindow::IsSkinned() const {
+  return form_.TitleBar[0].BackColour != form_.TitleBar[0].ForeColour;
+}
+
+void MainWindow::SyncColours() {
+  const auto on = [this](base::Colour colour) {
+    const QColor back = ToQColor(colour);
+    return IsSkinned() ? PlainPalette(back, TextOn(back)) : QGuiApplication::palette();
+  };
+  const QPalette inside = on(form_.BackColour);
+  if (surface_->palette() != inside) {
+    surface_->setPalette(inside);
+    QPalette buttons = inside;
+    // A button that is down is drawn darker than the others, which would not show on a dark skin.
+    if (inside.color(QPalette::WindowText) == Qt::white) {
+      buttons.setColor(QPalette::Button, Blend(inside.color(QPalette::Button), Qt::white, 20));
+    }
+    toolbar_->setPalette(buttons);
+  }
+  menu_.SetColours(on(form_.MenuBackColour));
+}
+
+void MainWindow::SyncPane(int pane) {
+  const auto i = static_cast<std::size_t>(pane);
+  titles_[i]->Sync(form_.TitleBar[i], form_.cmdTitle[i], form_.cmdClosePane[i], form_.shpBack[i]);
+  SyncList(lister::FolderListOf(pane));
+  SyncList(lister::FileListOf(pane));
+}
+
+void MainWindow::SyncList(lister::ListId list) {
+  lister::ListerControl* control = master_.Space().Lists.Find(list);
+  if (control == nullptr) return;
+  std::unique_ptr<ListerWidget>& widget = lists_[list];
+  if (!widget) {
+    widget = std::make_unique<ListerWidget>(*control, icons_, surface_);
+    widget->setAttribute(Qt::WA_NoMousePropagation);
+    widget->setCursor(Qt::ArrowCursor);
+    widget->hide();
+  }
+  // Left alone, the toolkit would give the keyboard of a list that goes to whichever comes next,
+  // and so make that one the current list.
+  if (!IsPlaced(*control) && HasKeyboard(list)) keeper_->setFocus();
+  PlaceAt(*widget, RectOf(*control), IsPlaced(*control));
+}
+
+void MainWindow::SyncShapes() {
+  const QPalette plain = surface_->palette();
+  std::vector<FormSurface::Patch> patches;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    const forms::Shape& back = form_.shpBack[static_cast<std::size_t>(pane)];
+    if (IsPlaced(back) && IsSkinned()) {
+      patches.push_back({RectOf(back), ToQColor(back.BackColour), {}});
+    }
+    for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
+      const forms::Label& shown = form_.lblNoRoom[list];
+      const QColor fill = ToQColor(shown.BackColour);
+      const QPalette colours = IsSkinned() ? PlainPalette(fill, TextOn(fill)) : plain;
+      NoRoomLabel& label = *noRoom_[list];
+      if (label.palette() != colours) label.setPalette(colours);
+      label.setText(ToShownQString(shown.Caption));
+      PlaceAt(label, RectOf(shown), IsPlaced(shown));
+      const forms::Shape& holder = form_.shpPlaceHolder[list];
+      if (!IsPlaced(holder)) continue;
+      const QColor frame =
+          Blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText), EdgeStrength);
+      patches.push_back({RectOf(holder), colours.color(QPalette::Window), frame});
+    }
+  }
+  surface_->ShowShapes(
+      std::move(patches), MainToolbar::Height,
+      Blend(plain.color(QPalette::Window), plain.color(QPalette::WindowText), EdgeStrength));
+}
+
+// What follows the mouse. The grey bars lie behind the others.
+void MainWindow::SyncDrag() {
+  if (IsClosed()) return;
+  surface_->ShowPointer(form_.MousePointer);
+  const forms::Shape* const shapes[] = {&form_.LineVert2, &form_.LineHorz2, &form_.LineVert,
+                                        &form_.LineHorz};
+  for (std::size_t i = 0; i < bars_.size(); ++i) bars_[i]->Sync(*shapes[i]);
+}
+
+// --- The keyboard
+
+QWidget* MainWindow::Typist() const {
+  const auto found = lists_.find(master_.Space().ActiveList);
+  return found == lists_.end() ? nullptr : found->second->focusProxy();
+}
+
+bool MainWindow::IsRows(const QWidget* widget) const {
+  return std::ranges::any_of(
+      lists_, [widget](const auto& each) { return each.second->focusProxy() == widget; });
+}
+
+bool MainWindow::HasKeyboard(lister::ListId list) const {
+  const auto found = lists_.find(list);
+  return found != lists_.end() && found->second->isAncestorOf(focusWidget());
+}
+
+void MainWindow::NoteFocus() {
+  if (IsClosed()) return;
+  const QWidget* const focus = focusWidget();
+  const bool inList = std::ranges::any_of(
+      lists_, [focus](const auto& each) { return each.second->isAncestorOf(focus); });
+  form_.ActiveControl = focus == keeper_             ? "txtFocus"
+                        : strip_.HoldsCommand(focus) ? "cboCommand"
+                        : inList                     ? "ListerControl"
+                                                     : "";
+  // There the key means nothing to the form.
+  escape_->setEnabled(form_.ActiveControl != "cboCommand");
+}
+
+void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
+  const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
+  if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
+}
+
+// What the menu key does, which keyboards may lack.
+void MainWindow::PressMenuKey() {
+  QWidget* const focus = focusWidget();
+  if (focus == nullptr) return;
+  const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+  QCoreApplication::sendEvent(focus, &event);
+}
+
+// The form wants the keyboard off its controls. What is typed is for the active list, which may
+// have it already.
+void MainWindow::TakeKeyboard() {
+  if (form_.ActiveControl != "txtFocus" || focusWidget() == keeper_) return;
+  if (!HasKeyboard(master_.Space().ActiveList)) keeper_->setFocus();
+  NoteFocus();
+}
+
+// --- The window's place
+
+void MainWindow::Show(QWidget*) {
+  if (!placesWindows_ && !form_.PlaceRead) form_.Left = form_.Top = 0;
+  const QRect wished(ToPixels(form_.Left), ToPixels(form_.Top), ToPixels(form_.Width),
+                     ToPixels(form_.Height));
+  const QSize size =
+      wished.size().expandedTo(LeastSize).boundedTo(screen()->availableVirtualSize());
+  const bool maximise = form_.State == forms::WindowState::Maximised;
+  resize(size);
+  move(ReachablePlace(QRect(wished.topLeft(), size), *screen()));
+  maximise ? showMaximized() : show();
+  activateWindow();
+}
+
+void MainWindow::NotePlace() {
+  if (IsClosed() || !isVisible()) return;
+  const Qt::WindowStates state = windowState();
+  if (state.testFlag(Qt::WindowMinimized)) {
+    form_.State = forms::WindowState::Minimised;
+    return;
+  }
+  form_.State = state.testFlag(Qt::WindowMaximized) ? forms::WindowState::Maximised
+                                                    : forms::WindowState::Normal;
+  if (placesWindows_) {
+    form_.Left = ToTwips(pos().x());
+    form_.Top = ToTwips(pos().y());
+  }
+  form_.Width = ToTwips(width());
+  form_.Height = ToTwips(height());
+}
+
+void MainWindow::InsideResized() {
+  if (IsClosed()) return;
+  NotePlace();
+  SyncToolbar();
+  master_.FitTitles(ToTwips(fontMetrics().height() + TitleRim));
+  form_.ScaleWidth = ToTwips(surface_->width());
+  form_.ScaleHeight = ToTwips(surface_->height());
+  Guarded([this] { master_.Resize(); });
+  Sync();
+}
+
+// --- Events
+
+bool MainWindow::event(QEvent* event) {
+  // Another window is about to hear of the mouse, or a question holds this one up.
+  if (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::WindowBlocked) {
+    surface_->EndDrag();
+  }
+  if (event->type() == QEvent::WindowActivate && !IsClosed()) master_.Activated();
+  if (event->type() == QEvent::Hide) {
+    for (DragBar* const bar : bars_) bar->hide();
+  }
+  return QMainWindow::event(event);
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+  NotePlace();
+  SyncDrag();
+  QMainWindow::moveEvent(event);
+}
+
+// Shortcuts know the letters of the layout alone.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Find)) return EnterControls(&lister::FileListOf);
+  QMainWindow::keyPressEvent(event);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange && isVisible()) InsideResized();
+  if (event->type() == QEvent::WindowStateChange) {
+    const bool wasMinimised = form_.State == forms::WindowState::Minimised;
+    NotePlace();
+    // What changed meanwhile is not arranged yet, and the size may be the same.
+    if (wasMinimised && form_.State != forms::WindowState::Minimised) InsideResized();
+  }
+  QMainWindow::changeEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // unloading the form takes the window away
+  master_.MenuClick("mnuExit");
+}
+
+}  // namespace tarnwell::ui

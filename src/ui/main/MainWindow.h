@@ -1,0 +1,80 @@
+// The main window: menu bar, toolbar and panes, placed as the form's state says.
+//
+// Shows the state and passes on what the user does; has no layout of its own.
+#pragma once
+
+#include <QMainWindow>
+#include <QShortcut>
+#include <array>
+#include <map>
+#include <memory>
+
+#include "shell/Master.h"
+#include "ui/list/ListerWidget.h"
+#include "ui/main/CommandStrip.h"
+#include "ui/main/DragBar.h"
+#include "ui/main/FocusKeeper.h"
+#include "ui/main/FormSurface.h"
+#include "ui/main/MainMenu.h"
+#include "ui/main/MainToolbar.h"
+#include "ui/main/NoRoomLabel.h"
+#include "ui/main/PaneTitle.h"
+#include "ui/toolkit/FormWindow.h"
+#include "ui/toolkit/IconSource.h"
+
+namespace tarnwell::ui {
+
+class MainWindow : public QMainWindow, public FormWindow {
+ public:
+  MainWindow(shell::Master& master, const IconSource& icons);
+  ~MainWindow() override;
+
+  QWidget& Widget() override { return *this; }
+  void Sync() override;
+  void Measure() override {}
+  void Show(QWidget* owner) override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void BindKeys();
+  FormSurface::Actions SurfaceActions();
+  void NotePlace();
+  void InsideResized();
+  void NoteFocus();
+  void TakeKeyboard();
+  void EnterControls(lister::ListId (*listOf)(int));  // of the active pane's list
+  void PressMenuKey();
+  bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
+  bool HasKeyboard(lister::ListId list) const;
+  QWidget* Typist() const;
+  bool IsSkinned() const;
+  void SyncToolbar();
+  void SyncColours();
+  void SyncPane(int pane);
+  void SyncList(lister::ListId list);
+  void SyncShapes();
+  void SyncDrag();
+
+  shell::Master& master_;
+  workspace::MainForm& form_;
+  const IconSource& icons_;
+  MainMenu menu_;
+  FormSurface* surface_;
+  const bool placesWindows_;  // Wayland keeps it to itself where windows stand
+  FocusKeeper* keeper_;
+  MainToolbar* toolbar_;
+  QShortcut* escape_;
+  CommandStrip strip_;
+  std::array<PaneTitle*, lister::PaneCount> titles_{};
+  workspace::PerList<NoRoomLabel*> noRoom_;
+  std::map<lister::ListId, std::unique_ptr<ListerWidget>> lists_;
+  std::array<DragBar*, 4> bars_{};
+};
+
+}  // namespace tarnwell::ui

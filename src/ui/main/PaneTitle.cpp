@@ -1,0 +1,91 @@
+#include "ui/main/PaneTitle.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <utility>
+
+#include "ui/toolkit/Convert.h"
+#include "ui/toolkit/Place.h"
+#include "ui/toolkit/Shades.h"
+
+namespace tarnwell::ui {
+namespace {
+
+constexpr int TitlePictureSize = 16;
+
+}  // namespace
+
+PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent)
+    : QFrame(parent), actions_(std::move(actions)), path_(this), picture_(this), close_(this) {
+  setAutoFillBackground(true);
+  setCursor(Qt::ArrowCursor);
+  path_.setReadOnly(true);
+  path_.setFrame(false);
+  path_.setFocusPolicy(Qt::NoFocus);
+  path_.setTextMargins(4, 0, 4, 0);
+  path_.setCursor(Qt::ArrowCursor);
+  path_.setMouseTracking(true);
+  path_.setAccessibleName(QStringLiteral("Path of pane %1").arg(pane + 1));
+  path_.installEventFilter(this);
+  picture_.setPixmap(picture.pixmap(QSize(TitlePictureSize, TitlePictureSize), devicePixelRatio()));
+  picture_.setAlignment(Qt::AlignCenter);
+  picture_.installEventFilter(this);
+  close_.setText(QStringLiteral("\u2715"));
+  close_.setAutoRaise(true);
+  close_.setFocusPolicy(Qt::NoFocus);
+  close_.setToolTip(QStringLiteral("Close pane %1").arg(pane + 1));
+  close_.setAccessibleName(close_.toolTip());
+  connect(&close_, &QToolButton::clicked, this, [this] { actions_.Close(); });
+}
+
+void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
+                     const forms::Picture& close, const forms::Shape& pane) {
+  const QRect row(RectOf(title).topLeft(), QPoint(RectOf(pane).right(), RectOf(close).bottom()));
+  PlaceAt(*this, row, IsPlaced(title));
+  const QRect inside(QPoint(0, 0), row.size());
+  QRect path = RectOf(title).translated(-row.topLeft());
+  path.setBottom(inside.bottom());
+  PlaceAt(path_, path & inside, true);
+  const auto place = [&](QWidget& widget, const forms::Picture& shown) {
+    const QRect rect = RectOf(shown).translated(-row.topLeft());
+    PlaceAt(widget, rect, shown.Visible && inside.contains(rect));
+  };
+  place(picture_, picture);
+  place(close_, close);
+  const QString text = ToShownQString(title.Text);
+  if (path_.text() != text) {
+    path_.setText(text);
+    path_.setToolTip(PlainToolTip(text));
+  }
+  // Without a skin both are the same: then the toolkit's own colours serve.
+  QPalette palette = QGuiApplication::palette();
+  if (title.BackColour != title.ForeColour) {
+    palette = PlainPalette(ToQColor(title.BackColour), ToQColor(title.ForeColour));
+  }
+  if (this->palette() != palette) setPalette(palette);
+}
+
+bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::MouseMove:
+      if (watched == &path_ && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
+        actions_.MouseMove();
+      }
+      break;
+    case QEvent::MouseButtonPress:
+      if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) actions_.MouseDown();
+      break;
+    case QEvent::MouseButtonRelease: {
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      const bool inside = rect().contains(mapFromGlobal(mouse->globalPosition().toPoint()));
+      if (mouse->button() == Qt::LeftButton && inside) actions_.Click();
+      break;
+    }
+    default:
+      break;
+  }
+  return QFrame::eventFilter(watched, event);
+}
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,70 @@
+// One file operation from its start to its end, as the user sees it: the engine on a thread of its
+// own, the window of its progress, its questions, and the lock on all other windows.
+#pragma once
+
+#include <QEventLoop>
+#include <QObject>
+#include <QTimer>
+#include <functional>
+#include <future>
+#include <memory>
+#include <optional>
+
+#include "ui/operation/OperationMailbox.h"
+#include "ui/operation/OperationMeter.h"
+#include "ui/operation/OperationTools.h"
+#include "ui/operation/ProgressWindow.h"
+#include "ui/operation/QuestionWindow.h"
+#include "ui/toolkit/InputLock.h"
+
+namespace tarnwell::ui {
+
+// Does the work of one request on the thread that calls it, and returns when it is done.
+using OperationEngine = std::function<platform::OperationResult(const platform::OperationRequest&,
+                                                                platform::OperationUser&)>;
+
+class OperationSession : public QObject {
+ public:
+  OperationSession(const platform::OperationRequest& request, const OperationTools& tools);
+
+  // Returns when the engine is done, and lets events through until then. What the engine throws
+  // comes out here. To be called once.
+  platform::OperationResult Run(const OperationEngine& engine);
+  // These two while Run runs only; nothing is shown after them. The first returns at once.
+  void Cancel();
+  // Waits for the engine without letting events through.
+  void CancelAndWait();
+
+ private:
+  void Pause(bool on);
+  void GiveUp();
+  void End();
+  void Tick();
+  void ShowProgress();
+  void ShowQuestion();
+  void TakeAnswer(const OperationAnswer& answer);
+  void CloseQuestion();
+  void LeaveQuietTime();
+  void SetPointer(Qt::CursorShape shape);
+  bool IsSilent() const { return (request_.Flags & platform::Silent) != 0; }
+  OperationMeter::Ticks Now() const { return tools_.Clock.Ticks(); }
+
+  const platform::OperationRequest request_;
+  const OperationTools tools_;
+  OperationMailbox mailbox_;
+  OperationMeter meter_;
+  QPointer<QWidget> owner_;
+  QTimer tick_;
+  QTimer untilShown_;
+  std::unique_ptr<ProgressWindow> progress_;
+  std::unique_ptr<QuestionWindow> question_;
+  std::optional<InputLock> lock_;
+  QEventLoop loop_;
+  bool quiet_ = true;  // nothing has been shown yet, and input waits rather than be lost
+  bool paused_ = false;
+  bool ended_ = false;
+  bool pointerSet_ = false;
+  std::future<platform::OperationResult> result_;
+};
+
+}  // namespace tarnwell::ui

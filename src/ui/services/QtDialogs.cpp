@@ -1,0 +1,92 @@
+#include "ui/services/QtDialogs.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QColorDialog>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+
+#include "ui/toolkit/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+constexpr int MessagePictureSize = 32;  // logical pixels
+
+// Names of files go through the toolkit's own coding, which is the way back as well.
+QString PathText(const std::string& path) {
+  return QFile::decodeName(path.c_str());
+}
+
+std::optional<std::string> AskFile(const platform::FileQuestion& question,
+                                   QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(QApplication::activeWindow(), ToQString(question.Title));
+  dialog.setAcceptMode(mode);
+  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                     : QFileDialog::AnyFile);
+  dialog.setNameFilter(QStringLiteral("%1 (%2)").arg(ToQString(question.FilterName),
+                                                     ToQString(question.FilterPattern)));
+  dialog.setDefaultSuffix(ToQString(question.DefaultSuffix));
+  if (!question.Folder.empty()) dialog.setDirectory(PathText(question.Folder));
+  if (!question.Name.empty()) dialog.selectFile(PathText(question.Name));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+// The text is shown as it is, also where a name in it looks like HTML. Gives the button; none where
+// the window below goes, as when the program is asked to end, and takes the box along.
+int ShowBox(const QIcon& picture, const std::string& title, const std::string& text,
+            QMessageBox::StandardButtons buttons, QMessageBox::StandardButton usual) {
+  const QPointer<QMessageBox> box =
+      new QMessageBox(QMessageBox::NoIcon, ToQString(title), ToShownLines(text), buttons,
+                      QApplication::activeWindow());
+  box->setTextFormat(Qt::PlainText);
+  box->setIconPixmap(
+      picture.pixmap(QSize(MessagePictureSize, MessagePictureSize), box->devicePixelRatio()));
+  for (QAbstractButton* const button : box->buttons()) button->setIcon(QIcon());
+  box->setDefaultButton(usual);
+  const int answer = box->exec();
+  delete box;
+  return answer;
+}
+
+}  // namespace
+
+bool QtDialogs::AskYesNo(const std::string& title, const std::string& text, bool usual) {
+  return ShowBox(icons_.Own("question"), title, text, QMessageBox::Yes | QMessageBox::No,
+                 usual ? QMessageBox::Yes : QMessageBox::No) == QMessageBox::Yes;
+}
+
+void QtDialogs::ShowCritical(const std::string& title, const std::string& text) {
+  ShowBox(icons_.Own("warning"), title, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+std::optional<std::string> QtDialogs::AskText(const std::string& title, const std::string& prompt,
+                                              const std::string& start) {
+  bool accepted = false;
+  const QString text =
+      QInputDialog::getText(QApplication::activeWindow(), ToQString(title), ToQString(prompt),
+                            QLineEdit::Normal, ToQString(start), &accepted);
+  if (!accepted) return std::nullopt;
+  return text.toStdString();
+}
+
+std::optional<base::Colour> QtDialogs::AskColour(base::Colour start) {
+  const QColor colour =
+      QColorDialog::getColor(ToQColor(start), QApplication::activeWindow(), QString());
+  if (!colour.isValid()) return std::nullopt;
+  return base::Rgb(colour.red(), colour.green(), colour.blue());
+}
+
+std::optional<std::string> QtDialogs::AskOpenFile(const platform::FileQuestion& question) {
+  return AskFile(question, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtDialogs::AskSaveFile(const platform::FileQuestion& question) {
+  return AskFile(question, QFileDialog::AcceptSave);
+}
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,25 @@
+// The plain dialogs of the toolkit.
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "ui/toolkit/IconSource.h"
+
+namespace tarnwell::ui {
+
+class QtDialogs : public platform::Dialogs {
+ public:
+  explicit QtDialogs(const IconSource& icons) : icons_(icons) {}
+
+  bool AskYesNo(const std::string& title, const std::string& text, bool usual) override;
+  void ShowCritical(const std::string& title, const std::string& text) override;
+  std::optional<std::string> AskText(const std::string& title, const std::string& prompt,
+                                     const std::string& start) override;
+  std::optional<base::Colour> AskColour(base::Colour start) override;
+  std::optional<std::string> AskOpenFile(const platform::FileQuestion& question) override;
+  std::optional<std::string> AskSaveFile(const platform::FileQuestion& question) override;
+
+ private:
+  const IconSource& icons_;
+};
+
+}  // namespace tarnwell::ui

@@ -1,0 +1,115 @@
+#include "ui/services/QtPopupMenus.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFile>
+#include <QMenuBar>
+#include <QScreen>
+#include <utility>
+
+#include "ui/toolkit/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// What a caption may take of the screen's width; a picture and an arrow stand beside it.
+constexpr int MostPercent = 75;
+
+}  // namespace
+
+void QtPopupMenus::SetWindow(QMainWindow* window) {
+  if (window_) window_->removeEventFilter(this);
+  window_ = window;
+  if (window_) window_->installEventFilter(this);
+}
+
+std::unique_ptr<platform::PopupMenu> QtPopupMenus::Create() {
+  if (!window_) return nullptr;
+  return std::make_unique<QtPopupMenu>(*this, *window_);
+}
+
+int QtPopupMenus::Track(QMenu& menu, QPoint place) {
+  if (!window_ || open_ || window_->centralWidget() == nullptr) return 0;
+  open_ = &menu;
+  const QAction* const chosen = menu.exec(window_->centralWidget()->mapToGlobal(place));
+  const int id = chosen != nullptr && !then_ ? chosen->data().toInt() : 0;
+  if (open_) open_->close();  // the loop may have been ended from outside
+  open_ = nullptr;
+  if (then_) {
+    QMetaObject::invokeMethod(qApp, std::exchange(then_, nullptr), Qt::QueuedConnection);
+  }
+  return id;
+}
+
+void QtPopupMenus::CloseThen(std::function<void()> then) {
+  if (!open_) {
+    then();
+    return;
+  }
+  then_ = std::move(then);
+  // The submenus close with it.
+  open_->close();
+}
+
+bool QtPopupMenus::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Close || !open_ || watched != window_) return false;
+  event->ignore();
+  CloseThen([window = window_] {
+    if (window) window->close();
+  });
+  return true;
+}
+
+QtPopupMenu::QtPopupMenu(QtPopupMenus& menus, QMainWindow& window)
+    : menus_(menus), menu_(new QMenu(&window)) {
+  menu_->setPalette(window.menuBar()->palette());
+}
+
+bool QtPopupMenu::InsertOnTop(const platform::ContextEntry& entry) {
+  if (!menu_) return false;
+  Add(*menu_, entry, menu_->actions().value(0));
+  return true;
+}
+
+int QtPopupMenu::Track(int x, int y) {
+  return menu_ ? menus_.Track(*menu_, QPoint(x, y)) : 0;
+}
+
+void QtPopupMenu::Add(QMenu& menu, const platform::ContextEntry& entry, QAction* before) const {
+  if (entry.IsSeparator) {
+    menu.insertSeparator(before);
+    return;
+  }
+  QAction* action = nullptr;
+  if (entry.Children.empty()) {
+    action = new QAction(&menu);
+  } else {
+    auto* const submenu = new QMenu(&menu);
+    submenu->setPalette(menu.palette());
+    for (const platform::ContextEntry& child : entry.Children) Add(*submenu, child, nullptr);
+    action = submenu->menuAction();
+  }
+  const QString caption = ToShownQString(entry.Caption);
+  const int room = menu.screen()->availableGeometry().width() * MostPercent / 100;
+  const QString text =
+      menu.fontMetrics().elidedText(caption, Qt::ElideMiddle, room, Qt::TextShowMnemonic);
+  action->setText(text);
+  if (text != caption) {
+    menu.setToolTipsVisible(true);
+    action->setToolTip(PlainToolTip(caption));
+  }
+  action->setData(entry.Id);
+  action->setEnabled(entry.Enabled);
+  action->setIcon(PictureOf(entry.Picture));
+  menu.insertAction(before, action);
+  if (entry.IsDefault) menu.setDefaultAction(action);
+}
+
+QIcon QtPopupMenu::PictureOf(const std::string& name) const {
+  if (name.empty()) return {};
+  if (name.starts_with('/')) return QIcon(QFile::decodeName(name.c_str()));
+  const QIcon own = menus_.icons_.Own(name);
+  return own.isNull() ? QIcon::fromTheme(ToQString(name)) : own;
+}
+
+}  // namespace tarnwell::ui

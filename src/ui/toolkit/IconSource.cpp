@@ -1,0 +1,84 @@
+#include "ui/toolkit/IconSource.h"
+
+#include <QFile>
+#include <QMimeType>
+
+#include "ui/toolkit/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+struct OwnType {
+  std::string_view Icon;
+  std::string_view Extensions;  // between blanks
+};
+
+// For desktops whose theme has no icons by type.
+constexpr OwnType OwnTypes[] = {
+    {"file-document", " doc docx odt ott rtf pages tex epub "},
+    {"file-sheet", " xls xlsx ods ots csv tsv "},
+    {"file-pdf", " pdf ps djvu "},
+    {"file-image", " png jpg jpeg gif bmp svg svgz webp tif tiff ico heic avif xcf psd odg raw "},
+    {"file-audio", " mp3 ogg oga opus flac wav m4a aac wma mid midi "},
+    {"file-video", " mp4 mkv webm avi mov mpg mpeg m4v wmv ogv flv "},
+    {"file-archive", " zip gz tgz bz2 xz zst tar 7z rar deb rpm jar iso lz4 lzma "},
+    {"file-code",
+     " c cc cpp cxx h hh hpp py js ts java rs go rb pl php sh bash lua html htm css xml json yaml "
+     "yml toml sql cmake "},
+};
+
+// Names can be made up without end; no more are worth remembering.
+constexpr qsizetype MostExtensions = 2000;
+
+QByteArray ExtensionOf(std::string_view path) {
+  const std::string_view name = path.substr(path.rfind('/') + 1);
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos || dot == 0) return {};
+  return QByteArray(name.data() + dot + 1, static_cast<qsizetype>(name.size() - dot - 1)).toLower();
+}
+
+}  // namespace
+
+QIcon IconSource::Own(std::string_view name) const {
+  const QString path = QStringLiteral("%1/icons/%2.svg").arg(dataFolder_, ToQString(name));
+  return !dataFolder_.isEmpty() && QFile::exists(path) ? QIcon(path) : QIcon();
+}
+
+IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {
+  drive_ = QIcon::fromTheme(QStringLiteral("drive-harddisk"), Own("drive"));
+  // Icons that stand side by side come from one hand.
+  const bool folders = QIcon::hasThemeIcon(QStringLiteral("folder")) &&
+                       QIcon::hasThemeIcon(QStringLiteral("folder-open"));
+  themed_ = folders && QIcon::hasThemeIcon(QStringLiteral("text-x-generic")) &&
+            QIcon::hasThemeIcon(QStringLiteral("image-x-generic"));
+  folder_ = folders ? QIcon::fromTheme(QStringLiteral("folder")) : Own("folder");
+  openFolder_ = folders ? QIcon::fromTheme(QStringLiteral("folder-open")) : Own("folder-open");
+  file_ = themed_ ? QIcon::fromTheme(QStringLiteral("text-x-generic")) : Own("file");
+}
+
+QIcon IconSource::File(std::string_view path) const {
+  const QByteArray extension = ExtensionOf(path);
+  if (extension.isEmpty()) return file_;
+  const auto known = byExtension_.constFind(extension);
+  if (known != byExtension_.constEnd()) return *known;
+  if (byExtension_.size() >= MostExtensions) byExtension_.clear();
+  return *byExtension_.insert(extension, FindFile(extension));
+}
+
+QIcon IconSource::FindFile(const QByteArray& extension) const {
+  if (!themed_) {
+    const std::string word = ' ' + extension.toStdString() + ' ';
+    for (const OwnType& type : OwnTypes) {
+      if (type.Extensions.find(word) != std::string_view::npos) return Own(type.Icon);
+    }
+    return file_;
+  }
+  const QMimeType type = types_.mimeTypeForFile(QStringLiteral("x.") + QString::fromUtf8(extension),
+                                                QMimeDatabase::MatchExtension);
+  for (const QString& candidate : {type.iconName(), type.genericIconName()}) {
+    if (QIcon::hasThemeIcon(candidate)) return QIcon::fromTheme(candidate);
+  }
+  return file_;
+}
+
+}  // namespace tarnwell::ui

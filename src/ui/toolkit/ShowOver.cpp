@@ -1,0 +1,39 @@
+#include "ui/toolkit/ShowOver.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+namespace tarnwell::ui {
+
+QWidget* WindowInUse() {
+  if (QWidget* const active = QApplication::activeWindow()) return active;
+  for (QWidget* const each : QApplication::topLevelWidgets()) {
+    if (each->isVisible() && each->windowType() == Qt::Window) return each;
+  }
+  return nullptr;
+}
+
+void ShowOver(QWidget& window, QWidget* owner) {
+  // Else a modal window that is open already would keep the input from this one.
+  if (QApplication::activeModalWidget() != nullptr) {
+    window.setWindowModality(Qt::ApplicationModal);
+  }
+  window.ensurePolished();
+  window.adjustSize();
+  window.winId();  // makes the native window
+  if (owner != nullptr) window.windowHandle()->setTransientParent(owner->windowHandle());
+  const QRect room = (owner != nullptr ? owner : &window)->screen()->availableGeometry();
+  const QRect around = owner != nullptr ? owner->frameGeometry() : room;
+  const QSize size = window.size();
+  const QPoint place = around.center() - QPoint(size.width() / 2, size.height() / 2);
+  window.move(
+      std::clamp(place.x(), room.left(), std::max(room.left(), room.right() + 1 - size.width())),
+      std::clamp(place.y(), room.top(), std::max(room.top(), room.bottom() + 1 - size.height())));
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+}  // namespace tarnwell::ui
