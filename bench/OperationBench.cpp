@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/RunOperation.h"
+#include "platform/linux/operation/RunOperation.h"
 
 namespace tarnwell::platform {
 namespace {

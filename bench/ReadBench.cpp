@@ -18,9 +18,9 @@
 
 #include "lister/ListerControl.h"
 #include "lister/rows/NoView.h"
-#include "platform/linux/LinuxClock.h"
-#include "platform/linux/LinuxCollation.h"
-#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/system/LinuxClock.h"
+#include "platform/linux/system/LinuxCollation.h"
 
 namespace tarnwell::lister {
 namespace {

@@ -13,7 +13,7 @@
 #include "lister/ListerControl.h"
 #include "lister/rows/MergeRows.h"
 #include "lister/rows/NoView.h"
-#include "platform/linux/LinuxCollation.h"
+#include "platform/linux/system/LinuxCollation.h"
 
 namespace tarnwell::lister {
 namespace {

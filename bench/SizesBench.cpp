@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/files/LinuxFileSystem.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "platform/linux/LinuxClock.h"
+#include "platform/linux/system/LinuxClock.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/linux/LinuxCollation.h"
+#include "platform/linux/system/LinuxCollation.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -8,9 +8,9 @@
 #include "NotedWindows.h"
 #include "TestDesktop.h"
 #include "fakes/FakePlatform.h"
-#include "platform/linux/ItemList.h"
-#include "platform/linux/LinuxContextMenu.h"
-#include "platform/linux/RunOperation.h"
+#include "platform/linux/menu/LinuxContextMenu.h"
+#include "platform/linux/operation/RunOperation.h"
+#include "platform/linux/posix/ItemList.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "TempFolder.h"
-#include "platform/linux/DriveRules.h"
-#include "platform/linux/LinuxDrives.h"
+#include "platform/linux/system/DriveRules.h"
+#include "platform/linux/system/LinuxDrives.h"
 
 namespace tarnwell::platform {
 namespace {

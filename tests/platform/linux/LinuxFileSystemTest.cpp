@@ -9,7 +9,7 @@
 #include <map>
 
 #include "TempFolder.h"
-#include "platform/linux/LinuxFileSystem.h"
+#include "platform/linux/files/LinuxFileSystem.h"
 
 namespace tarnwell::platform {
 namespace {

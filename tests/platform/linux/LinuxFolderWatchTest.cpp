@@ -7,8 +7,8 @@
 #include <thread>
 
 #include "TempFolder.h"
-#include "platform/linux/LinuxFolderStamps.h"
-#include "platform/linux/LinuxFolderWatch.h"
+#include "platform/linux/files/LinuxFolderStamps.h"
+#include "platform/linux/files/LinuxFolderWatch.h"
 
 // The adapter keeps GLib to itself; the event loop is all that a test needs of it.
 extern "C" int g_main_context_iteration(struct _GMainContext* context, int mayBlock);

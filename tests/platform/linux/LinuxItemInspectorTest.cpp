@@ -6,8 +6,8 @@
 #include <cerrno>
 
 #include "TempFolder.h"
-#include "platform/linux/ItemPermissions.h"
-#include "platform/linux/LinuxItemInspector.h"
+#include "platform/linux/files/ItemPermissions.h"
+#include "platform/linux/files/LinuxItemInspector.h"
 
 namespace tarnwell::platform {
 namespace {

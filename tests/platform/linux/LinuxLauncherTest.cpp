@@ -9,10 +9,10 @@
 #include "NotedWindows.h"
 #include "TestDesktop.h"
 #include "fakes/FakePlatform.h"
-#include "platform/linux/FileOpener.h"
-#include "platform/linux/LinuxLauncher.h"
-#include "platform/linux/StartProgram.h"
-#include "platform/linux/TerminalCall.h"
+#include "platform/linux/menu/FileOpener.h"
+#include "platform/linux/menu/LinuxLauncher.h"
+#include "platform/linux/menu/StartProgram.h"
+#include "platform/linux/menu/TerminalCall.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "TempFolder.h"
-#include "platform/linux/LinuxSystemInfo.h"
-#include "platform/linux/TemporaryName.h"
+#include "platform/linux/posix/TemporaryName.h"
+#include "platform/linux/system/LinuxSystemInfo.h"
 
 namespace tarnwell::platform {
 namespace {

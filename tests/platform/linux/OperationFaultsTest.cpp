@@ -13,9 +13,9 @@
 #include <utility>
 
 #include "OperationFixture.h"
-#include "platform/linux/LinuxTermination.h"
-#include "platform/linux/SystemError.h"
-#include "platform/linux/TemporaryName.h"
+#include "platform/linux/posix/SystemError.h"
+#include "platform/linux/posix/TemporaryName.h"
+#include "platform/linux/system/LinuxTermination.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "TempFolder.h"
-#include "platform/linux/RunOperation.h"
+#include "platform/linux/operation/RunOperation.h"
 
 namespace tarnwell::platform {
 

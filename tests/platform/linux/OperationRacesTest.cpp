@@ -5,7 +5,7 @@
 
 #include "Meddler.h"
 #include "OperationFixture.h"
-#include "platform/linux/HoldFolder.h"
+#include "platform/linux/operation/HoldFolder.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -9,14 +9,14 @@
 #include <random>
 
 #include "OperationFixture.h"
-#include "platform/linux/CopiedItems.h"
-#include "platform/linux/Descriptor.h"
-#include "platform/linux/LinuxFileSystem.h"
-#include "platform/linux/NameProbe.h"
-#include "platform/linux/NameSpelling.h"
-#include "platform/linux/ProtectedItems.h"
-#include "platform/linux/RenameItem.h"
-#include "platform/linux/TwinName.h"
+#include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/files/NameProbe.h"
+#include "platform/linux/files/ProtectedItems.h"
+#include "platform/linux/files/RenameItem.h"
+#include "platform/linux/operation/CopiedItems.h"
+#include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/NameSpelling.h"
+#include "platform/linux/posix/TwinName.h"
 
 namespace tarnwell::platform {
 namespace {

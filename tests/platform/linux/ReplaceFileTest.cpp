@@ -7,7 +7,7 @@
 #include <csignal>
 
 #include "TempFolder.h"
-#include "platform/linux/ReplaceFile.h"
+#include "platform/linux/files/ReplaceFile.h"
 
 namespace tarnwell::platform {
 namespace {

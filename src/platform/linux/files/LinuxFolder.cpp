@@ -1,0 +1,89 @@
+#include "platform/linux/files/LinuxFolder.h"
+
+#include <array>
+#include <cstdio>
+
+#include "platform/linux/files/ItemNotes.h"
+#include "platform/linux/posix/FolderBuffer.h"
+#include "platform/linux/posix/ItemStat.h"
+#include "platform/linux/posix/SystemError.h"
+
+namespace tarnwell::platform {
+namespace {
+
+void SetKind(FolderEntry& entry, unsigned char type) {
+  entry.IsLink = type == DT_LNK;
+  switch (type) {
+    case DT_REG:
+      entry.Kind = ItemKind::File;
+      break;
+    case DT_DIR:
+      entry.Kind = ItemKind::Folder;
+      break;
+    case DT_LNK:
+    case DT_UNKNOWN:
+      entry.Kind = ItemKind::Unknown;
+      break;
+    default:
+      entry.Kind = ItemKind::Other;
+  }
+}
+
+// A name as the system takes it, with room for a beginning. Some file systems count letters where
+// others count bytes, and have names of more than 255 bytes.
+class EndedName {
+ public:
+  explicit EndedName(std::string_view name, std::string_view start = {}) {
+    if (name.empty()) name = ".";
+    if (name.find('\0') != name.npos || name.find('/') != name.npos) {
+      error_ = EINVAL;
+    } else if (start.size() + name.size() >= text_.size()) {
+      error_ = ENAMETOOLONG;
+    } else {
+      start.copy(text_.data(), start.size());
+      name.copy(text_.data() + start.size(), name.size());
+      text_[start.size() + name.size()] = '\0';
+    }
+  }
+
+  int Error() const { return error_; }
+  const char* Text() const { return text_.data(); }
+
+ private:
+  std::array<char, 1200> text_;
+  int error_ = 0;
+};
+
+}  // namespace
+
+base::Status LinuxFolder::Read(const TakeEntry& take) {
+  FolderBuffer buffer;
+  FolderEntry entry;
+  for (;;) {
+    if (const int error = buffer.Fill(folder_.Get()); error != 0) return SystemError(error);
+    if (buffer.IsEmpty()) return {};
+    while (const dirent64* const item = buffer.Next()) {
+      entry.Name = item->d_name;
+      entry.IsHidden = item->d_name[0] == '.';
+      SetKind(entry, item->d_type);
+      if (!take(entry)) return {};
+    }
+  }
+}
+
+base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {
+  const EndedName ended(name);
+  if (ended.Error() != 0) return SystemError(ended.Error());
+  attributes.IsHidden = name.starts_with('.');
+  return ReadItemStat(folder_.Get(), ended.Text(), attributes);
+}
+
+base::Status LinuxFolder::ReadNote(std::string_view name, ItemNote note, std::string& text) const {
+  text.clear();
+  std::array<char, 40> start;
+  const int length = std::snprintf(start.data(), start.size(), "/proc/self/fd/%d/", folder_.Get());
+  const EndedName ended(name, {start.data(), static_cast<std::size_t>(length)});
+  return ended.Error() != 0 ? SystemError(ended.Error()) : ReadItemNote(ended.Text(), note, text);
+}
+
+}  // namespace tarnwell::platform

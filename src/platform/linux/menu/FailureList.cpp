@@ -1,0 +1,29 @@
+#include "platform/linux/menu/FailureList.h"
+
+#include "platform/linux/posix/ItemText.h"
+
+namespace tarnwell::platform {
+namespace {
+
+constexpr std::size_t mostTold = 10;
+
+}  // namespace
+
+void FailureList::Add(const std::string& path, const base::Status& status) {
+  if (status) return;
+  if (count_ == 0) {
+    first_ = QuotedName(path);
+    reason_ = status.Reason;
+  }
+  if (++count_ <= mostTold) lines_ += "\n" + QuotedName(path) + ": " + status.Reason;
+}
+
+void FailureList::Show(Dialogs& dialogs, const std::string& what) const {
+  if (count_ == 0) return;
+  std::string text = first_ + " " + what + ".\n\n" + reason_;
+  if (count_ > 1) text = forms_.Grouped(count_) + " items " + what + ":\n" + lines_;
+  if (count_ > mostTold) text += "\n... and " + forms_.Grouped(count_ - mostTold) + " more";
+  dialogs.ShowCritical("Tarnwell", text);
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,26 @@
+// Documents, addresses and programs by the desktop's registrations.
+#pragma once
+
+#include "platform/Launcher.h"
+#include "platform/linux/menu/OpenItems.h"
+
+namespace tarnwell::platform {
+
+// A file goes to the default application for its kind. It is a program where it may be executed and
+// its content is a program's, or where there are parameters. What is started has nothing of this
+// program's but its environment and its terminal output.
+class LinuxLauncher : public Launcher {
+ public:
+  explicit LinuxLauncher(const OpenTools& tools) : tools_(tools) {}
+
+  base::Status Execute(const LaunchRequest& request) override;
+  std::vector<LaunchFailure> OpenFiles(const std::vector<std::string>& paths,
+                                       const std::string& folder) override {
+    return OpenItems(paths, folder, tools_);
+  }
+
+ private:
+  const OpenTools tools_;
+};
+
+}  // namespace tarnwell::platform

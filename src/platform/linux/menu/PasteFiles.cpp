@@ -1,0 +1,117 @@
+#include "platform/linux/menu/PasteFiles.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "base/PathSyntax.h"
+#include "platform/linux/files/FindItem.h"
+#include "platform/linux/menu/FailureList.h"
+#include "platform/linux/posix/ItemIdentity.h"
+#include "platform/linux/posix/ItemList.h"
+#include "platform/linux/posix/ReachedPath.h"
+#include "platform/linux/posix/SystemError.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// Links are followed. Gives an error number.
+int LookAtFolder(const std::string& path, ItemIdentity& identity) {
+  const Descriptor folder = OpenPath(path, O_PATH | O_DIRECTORY);
+  if (!folder) return errno;
+  struct statx found;
+  const int error = LookAt(folder.Get(), "", found);
+  if (error == 0) identity = IdentityOf(found);
+  return error;
+}
+
+// Tells items that lie in one folder, by whatever path, from others.
+class FolderTest {
+ public:
+  explicit FolderTest(const ItemIdentity& folder) : folder_(folder) {}
+
+  bool HoldsItem(const std::string& path) {
+    const std::string parent = base::PathSyntax::Posix().ParentOf(path);
+    const auto [known, isNew] = known_.try_emplace(parent, false);
+    ItemIdentity identity;
+    if (isNew) known->second = LookAtFolder(parent, identity) == 0 && identity == folder_;
+    return known->second;
+  }
+
+ private:
+  const ItemIdentity folder_;
+  std::map<std::string, bool> known_;  // by the paths of the items' folders
+};
+
+// What has not left its place is still cut, unless someone has put something else there meanwhile.
+void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool wentThrough) {
+  const ClipboardFiles now = clipboard.Get();
+  if (now.Items != files.Items || now.IsCut != files.IsCut) return;
+  std::vector<std::string> stayed = SplitItemList(files.Items);
+  std::erase_if(stayed, [](const std::string& path) { return !FindItem(path); });
+  if (wentThrough || stayed.empty()) {
+    clipboard.Clear();
+  } else {
+    clipboard.Put({.Items = JoinItems(stayed), .IsCut = true});
+  }
+}
+
+}  // namespace
+
+std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& clipboard,
+                                   FileOperation& operation, Dialogs& dialogs,
+                                   const NumberForms& forms) {
+  const ClipboardFiles files = clipboard.Get();
+  if (files.Items.empty() && files.Foreign == 0) return {};
+  ItemIdentity identity;
+  if (const int error = LookAtFolder(folder, identity); error != 0) {
+    FailureList failures(forms);
+    failures.Add(folder, SystemError(error));
+    failures.Show(dialogs, "could not be opened to paste there");
+    return {};
+  }
+  const std::string refusal =
+      files.IsCut ? operation.Refusal(FileFunction::Move, files.Items) : std::string();
+  if (!refusal.empty()) {
+    dialogs.ShowCritical("Tarnwell", refusal);
+    return {};
+  }
+  FolderTest target(identity);
+  FailureList nameless(forms);
+  std::vector<std::string> fromHere, fromElsewhere;
+  for (std::string& path : SplitItemList(files.Items)) {
+    if (base::PathSyntax::Posix().LastComponent(path).empty()) {
+      nameless.Add(path, {EINVAL, "The root of all folders goes nowhere"});
+      continue;
+    }
+    (target.HoldsItem(path) ? fromHere : fromElsewhere).push_back(std::move(path));
+  }
+
+  OperationRequest request{
+      .Function = files.IsCut ? FileFunction::Move : FileFunction::Copy,
+      .Items = JoinItems(fromElsewhere),
+      .Destination = base::PathSyntax::Posix().AddSeparator(folder) + std::string(1, '\0'),
+      .Flags = AllowUndo};
+  OperationResult result;
+  if (!fromElsewhere.empty()) {
+    result = operation.Run(request);
+    if (files.IsCut) KeepWhatStayed(clipboard, files, result.Code == 0 && !result.Aborted);
+  }
+  if (!fromHere.empty() && !files.IsCut && !result.Aborted) {
+    request.Items = JoinItems(fromHere);
+    request.Flags |= RenameOnCollision;
+    std::ranges::move(operation.Run(request).Placed, std::back_inserter(result.Placed));
+  }
+  nameless.Show(dialogs, "could not be pasted");
+  if (files.Foreign == 0) return result.Placed;
+  dialogs.ShowCritical(
+      "Tarnwell", (files.Foreign == 1 ? "One item on the clipboard is no file"
+                                      : forms.Grouped(static_cast<std::uint64_t>(files.Foreign)) +
+                                            " items on the clipboard are no files") +
+                      std::string(" of this computer and cannot be pasted."));
+  return result.Placed;
+}
+
+}  // namespace tarnwell::platform

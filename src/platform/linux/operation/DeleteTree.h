@@ -1,0 +1,67 @@
+// Deleting an item for good, with all that lies below it.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/linux/operation/CopiedItems.h"
+#include "platform/linux/operation/HoldFolder.h"
+#include "platform/linux/operation/OperationTalk.h"
+#include "platform/linux/posix/FolderBuffer.h"
+#include "platform/linux/posix/FolderChain.h"
+
+namespace tarnwell::platform {
+
+// Follows no link and enters no other volume: a folder where one is mounted is trouble, and stays.
+// Serves one item after the other.
+class TreeDeletion {
+ public:
+  explicit TreeDeletion(OperationTalk& talk) : talk_(talk) {}
+
+  // Deletes the item of the open folder. `path` is its full path, for questions and reports.
+  void Delete(int folder, const std::string& name, const std::string& path);
+  // Deletes only what was copied and has not changed since. A folder in which something stays
+  // stays too, without a word.
+  void DeleteCopied(int folder, const std::string& name, const std::string& path,
+                    const CopiedItems& copied);
+
+ private:
+  struct Level {
+    struct statx Found {};
+    CopiedItems::Key Key;
+    std::size_t FirstName;   // of its subfolders that are still to come
+    std::size_t PathLength;  // of its own path
+    std::string Name;
+    bool KeepsSome = false;  // holds something that was left, of which the user has heard
+  };
+
+  void Run(int folder, const std::string& name, const std::string& path);
+  void TakeItem(const char* name, bool mayBeFolder);
+  void DeleteFile(const char* name);
+  void DeleteCopiedFile(const char* name);
+  // Looks at the item and deletes it where nobody can exchange it. Gives an error number.
+  int DeleteHeld(const char* name);
+  void EnterFolder(const std::string& name);
+  bool ReadFolder(int folder);
+  void LeaveFolder();
+  // Whether the item may go; only what was copied may, where that matters.
+  bool MayDelete(const char* name, const struct statx& found);
+  std::string PathOf(std::string_view name) const { return path_ + "/" + std::string(name); }
+  bool Retries(std::string_view name, int error);
+
+  OperationTalk& talk_;
+  const CopiedItems* copied_ = nullptr;
+  FolderChain folders_;
+  std::vector<Level> levels_;
+  std::string names_;  // of subfolders still to come, each ended by a NUL
+  std::string files_;  // of the files of the folder at hand, each ended by a NUL
+  std::string path_;   // of the folder at hand
+  FolderBuffer buffer_;
+  std::optional<HoldFolder> hold_;  // of the folder heldIn_
+  ItemIdentity heldIn_;
+};
+
+// Deletes what the operation itself has made, without a word.
+void DeleteQuietly(int folder, const std::string& name);
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,268 @@
+#include "platform/linux/operation/ItemTransfer.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "platform/linux/files/NameProbe.h"
+#include "platform/linux/files/RenameItem.h"
+#include "platform/linux/operation/CopyAttributes.h"
+#include "platform/linux/operation/DeleteTree.h"
+#include "platform/linux/operation/SweepTemporaries.h"
+#include "platform/linux/posix/SystemError.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// How much a move copies before it flushes and deletes.
+constexpr std::uint64_t batchBytes = 256 << 20;
+constexpr std::size_t batchItems = 10'000;
+
+// Others that keep making and removing the item in the way must not keep this going.
+constexpr int mostConflicts = 20;
+
+}  // namespace
+
+ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target,
+                           ProtectedItems& protectedItems, const AsideRecord& record)
+    : talk_(talk),
+      target_(target),
+      protected_(protectedItems),
+      record_(record),
+      moves_(talk.Function() == FileFunction::Move),
+      flushed_(moves_) {}
+
+void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
+                        const std::string& targetName) {
+  if (source != source_ || sources_.Get() < 0 || targets_.Get() < 0) {
+    const int error = EnterBase(source);
+    if (error != 0) {
+      talk_.Retries(OperationStep::Find, source->Path + "/" + name, error);
+      return;
+    }
+  }
+  made_ = {};
+  const std::size_t copiedBefore = copied_.Count();
+
+  struct statx found;
+  int error = 0;
+  while ((error = LookAt(sources_.Get(), name.c_str(), found)) != 0 &&
+         talk_.Retries(OperationStep::Find, FromPath(name), error)) {
+  }
+  if (error == 0 && StateOfTemporary(sources_.Get(), name.c_str()) == TemporaryState::Living) {
+    LeaveUnfinished(FromPath(name));
+  } else if (error == 0) {
+    TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
+    Walk();
+  }
+  if (copied_.Count() == copiedBefore) return;
+  batch_.push_back({source, name});
+  const bool isMuch = talk_.BytesDone() - batchStart_ >= batchBytes;
+  if (isMuch || copied_.Count() >= batchItems) FinishBatch();
+}
+
+// Gives an error number.
+int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
+  source_ = nullptr;
+  sources_ = {};
+  targets_ = {};
+  Level base;
+  base.IsSwept = !levels_.empty() && levels_.front().IsSwept;
+  levels_.clear();
+  Descriptor from(fcntl(source->Folder.Get(), F_DUPFD_CLOEXEC, 0));
+  if (!from) return errno;
+  Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));
+  if (!to) return errno;
+  struct statx target;
+  int error = LookAt(from.Get(), "", base.Source);
+  if (error == 0) error = LookAt(to.Get(), "", target);
+  if (error != 0) return error;
+  from_ = source->Path;
+  to_ = target_.Path;
+  base.FromLength = from_.size();
+  base.ToLength = to_.size();
+  base.CanRename = moves_;
+  base.HandsDown = HandsDownAccessLists(to.Get());
+  base.Key = CopiedItems::KeyOfFirst(IdentityOf(base.Source));
+  base.From = TraitsOf(from.Get());
+  base.To = TraitsOf(to.Get());
+  sources_.Enter(std::move(from), IdentityOf(base.Source));
+  targets_.Enter(std::move(to), IdentityOf(target));
+  levels_.push_back(std::move(base));
+  source_ = source;
+  return 0;
+}
+
+void ItemTransfer::Finish() {
+  FinishBatch();
+}
+
+void ItemTransfer::Walk() {
+  while (levels_.size() > 1) {
+    if (names_.size() > levels_.back().FirstName && !talk_.IsCancelled()) {
+      const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
+      const std::string name = names_.data() + start;
+      names_.resize(start);
+      TakeItem({name, S_IFDIR, name});
+    } else {
+      LeaveFolder();
+    }
+  }
+}
+
+void ItemTransfer::TakeItem(Item item) {
+  const bool isAsked = levels_.size() == 1;
+  int conflicts = 0;
+  while (talk_.GoesOn()) {
+    const Failure failure = Attempt(item);
+    if (talk_.IsCancelled()) return;
+    if (failure.Error == 0) {
+      if (!isAsked) return;
+      talk_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
+      return;
+    }
+    if (failure.Error == EEXIST && item.Decided != Way::Replace && conflicts < mostConflicts) {
+      ++conflicts;
+      item.Decided = FindWay(item);
+      if (item.Decided != Way::Leave) continue;
+      PassOver(item);
+      return;
+    }
+    if (!Retries(item, failure)) {
+      PassOver(item);
+      return;
+    }
+  }
+}
+
+bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
+  if (failure.IsSettled) return false;
+  const std::string path = failure.IsTarget ? ToPath(item.Target) : FromPath(item.Name);
+  if (failure.Reason == nullptr) return talk_.Retries(failure.Step, path, failure.Error);
+  return talk_.Retries(failure.Step, path, {failure.Error, failure.Reason});
+}
+
+// What was left counts as done, so that the progress comes to its end.
+void ItemTransfer::PassOver(const Item& item) {
+  struct statx found;
+  if (LookAt(sources_.Get(), item.Name.c_str(), found) != 0) return;
+  talk_.AddItems(1);
+  if (S_ISREG(found.stx_mode)) talk_.AddBytes(found.stx_size);
+}
+
+void ItemTransfer::LeaveUnfinished(const std::string& path) {
+  talk_.Remark(OperationRemark::Unfinished, path);
+  talk_.NoteLeft(EBUSY);
+}
+
+void ItemTransfer::ReportIfDue(const Item& item) {
+  if (talk_.IsReportDue()) talk_.Report(FromPath(item.Name), ToPath(item.Target));
+}
+
+ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
+  const bool isFolder = item.Type == S_IFDIR;
+  if (isFolder && levels_.size() == 1) {
+    struct statx found;
+    if (const int error = LookAt(sources_.Get(), item.Name.c_str(), found); error != 0) {
+      return {OperationStep::Find, error};
+    }
+    if (GoesIntoItself(IdentityOf(found))) {
+      return {OperationStep::Place, EINVAL, "A folder cannot go into itself"};
+    }
+  }
+  if (levels_.back().CanRename && item.Decided != Way::Merge) {
+    const Failure failure = Rename(item);
+    if (failure.Error != EXDEV) return failure;
+    levels_.back().CanRename = false;
+  }
+  if (beforeCopying_) std::exchange(beforeCopying_, nullptr)();
+  const auto goesOn = [this] { return talk_.GoesOn(); };
+  if (Level& level = levels_.back(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
+    SweepTemporaries(targets_.Get(), goesOn);
+    if (moves_ && levels_.size() == 1) SweepTemporaries(sources_.Get(), goesOn);
+  }
+  if (const Failure failure = LookAhead(item); failure.Error != 0) return failure;
+  ReportIfDue(item);
+  switch (item.Type) {
+    case S_IFDIR:
+      return CopyFolder(item);
+    case S_IFREG:
+      return CopyFile(item);
+    case S_IFLNK:
+      return CopyLink(item);
+    default:
+      return {OperationStep::Read, EOPNOTSUPP, "Devices, sockets and FIFOs cannot be copied"};
+  }
+}
+
+// Before anything is copied in vain.
+ItemTransfer::Failure ItemTransfer::LookAhead(const Item& item) {
+  const Level& level = levels_.back();
+  if (item.Decided != Way::Free) return {};
+  if (!level.To.TakesAnyName && IsUnusualName(item.Target)) {
+    const int error = TryName(targets_.Get(), item.Target);
+    const bool isLong = error == ENAMETOOLONG;
+    const char* const reason = isLong ? nullptr : "The drive there takes no such name";
+    if (error != 0) return {OperationStep::Write, error, reason, true};
+  }
+  // In a new folder there can be nothing but what was copied under another spelling. Files find
+  // that soon enough.
+  if (level.IsNew && item.Type != S_IFDIR) return {};
+  struct statx there;
+  const int error = LookAt(targets_.Get(), item.Target.c_str(), there);
+  if (error == ENOENT) return {};
+  return {OperationStep::Find, error == 0 ? EEXIST : error, nullptr, true};
+}
+
+ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
+  const char* const name = item.Name.c_str();
+  const char* const target = item.Target.c_str();
+  const int from = sources_.Get();
+  const int to = targets_.Get();
+  int error = 0;
+  if (item.Decided != Way::Replace) {
+    error = RenameNew(from, name, to, target);
+  } else if (item.Type != S_IFDIR) {
+    error = renameat(from, name, to, target) == 0 ? 0 : errno;
+  } else {
+    error = PutInPlaceOf(from, name, to, target, to_, record_);
+  }
+  if (error != 0) return {OperationStep::Move, error};
+  talk_.AddItems(1);
+  ReportIfDue(item);
+  return {};
+}
+
+ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& source) {
+  const Level& level = levels_.back();
+  if (moves_) {
+    copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.From);
+  }
+  talk_.AddItems(1);
+  return {};
+}
+
+// Nothing of what was copied so far is deleted at the source any more.
+void ItemTransfer::ForgetCopied() {
+  copied_.Clear();
+  batch_.clear();
+}
+
+void ItemTransfer::FinishBatch() {
+  batchStart_ = talk_.BytesDone();
+  const std::vector<Taken> batch = std::exchange(batch_, {});
+  if (!copied_.IsEmpty() && !talk_.IsCancelled()) {
+    int error = 0;
+    while ((error = flushed_.Flush()) != 0 &&
+           talk_.Retries(OperationStep::Flush, target_.Path, error)) {
+    }
+    TreeDeletion deletion(talk_);
+    for (const Taken& item : batch) {
+      if (error != 0) break;
+      deletion.DeleteCopied(item.Source->Folder.Get(), item.Name,
+                            item.Source->Path + "/" + item.Name, copied_);
+    }
+  }
+  copied_.Clear();
+}
+
+}  // namespace tarnwell::platform

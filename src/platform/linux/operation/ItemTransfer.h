@@ -1,0 +1,172 @@
+// Copying and moving of items.
+#pragma once
+
+#include <unistd.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/linux/files/AsideRecord.h"
+#include "platform/linux/files/ProtectedItems.h"
+#include "platform/linux/operation/CopiedItems.h"
+#include "platform/linux/operation/CopyContent.h"
+#include "platform/linux/operation/FlushedVolumes.h"
+#include "platform/linux/operation/ItemCounter.h"
+#include "platform/linux/operation/LinkedFiles.h"
+#include "platform/linux/operation/OperationTalk.h"
+#include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/FolderBuffer.h"
+#include "platform/linux/posix/FolderChain.h"
+#include "platform/linux/posix/VolumeTraits.h"
+
+namespace tarnwell::platform {
+
+// A folder that items are taken from or go to.
+struct OpenPlace {
+  Descriptor Folder;
+  std::string Path;  // full, without a separator at its end
+};
+
+// Copies or moves items, each with all that lies below it, asking where it has to. A move is a
+// rename wherever that goes; otherwise the items are copied, flushed and checked, and then what was
+// copied is deleted. What is not whole has no name yet, or lies under a temporary one. Links are
+// taken as they are and never followed. Serves one item after the other, all to one folder.
+class ItemTransfer {
+ public:
+  // None of the protected items is replaced.
+  ItemTransfer(OperationTalk& talk, const OpenPlace& target, ProtectedItems& protectedItems,
+               const AsideRecord& record);
+
+  // Takes one item from its folder; it is to be called `targetName`.
+  void Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
+            const std::string& targetName);
+  // Ends the moves: to be called when all has been taken.
+  void Finish();
+  // Called before the first copying, as a rename needs no counting.
+  void BeforeCopying(std::function<void()> before) { beforeCopying_ = std::move(before); }
+
+ private:
+  // What stands in the way of an item, and what is to be done about it.
+  enum class Way { Free, Replace, Merge, Leave };
+
+  struct Failure {
+    OperationStep Step = OperationStep::Find;
+    int Error = 0;                 // 0 for none
+    const char* Reason = nullptr;  // where the system's own words would mislead
+    bool IsTarget = false;         // the target's path is the one to name
+    bool IsSettled = false;        // the user has been asked about it
+  };
+
+  struct Item {
+    std::string Name;
+    unsigned Type = 0;   // S_IFDIR and the like
+    std::string Target;  // its name to be
+    Way Decided = Way::Free;
+  };
+
+  // A folder on the way down.
+  struct Level {
+    struct statx Source {};
+    CopiedItems::Key Key = 0;
+    VolumeTraits From;
+    VolumeTraits To;
+    std::size_t FirstName = 0;  // of its subfolders that are still to come
+    std::size_t FromLength = 0;
+    std::size_t ToLength = 0;
+    std::string Name;
+    std::string Target;
+    std::string Temporary;      // while it lies under another name than its own
+    bool HandsDown = false;     // gives access lists to what is made there
+    bool IsNew = false;         // nothing can be in the way there
+    bool IsOwn = false;         // it, or one above it, is new
+    bool IsSwept = false;       // of what killed runs have left
+    bool CanRename = false;     // a move from here to there may be a rename
+    bool IsGivenUp = false;     // cannot get its own name
+    bool ReplacesFile = false;  // keeps its temporary name until all below it is whole
+  };
+
+  struct Taken {
+    std::shared_ptr<const OpenPlace> Source;
+    std::string Name;
+  };
+
+  // The walk (ItemTransfer.cpp).
+  int EnterBase(const std::shared_ptr<const OpenPlace>& source);
+  void Walk();
+  void TakeItem(Item item);
+  Failure Attempt(Item& item);
+  Failure LookAhead(const Item& item);
+  Failure Rename(const Item& item);
+  bool Retries(const Item& item, const Failure& failure);
+  void PassOver(const Item& item);
+  // What another operation is still making is no item yet: the user hears of it at the end.
+  void LeaveUnfinished(const std::string& path);
+  void FinishBatch();
+  void ReportIfDue(const Item& item);
+  Failure Done(const Item& item, const struct statx& source);
+  std::string FromPath(std::string_view name) const { return from_ + "/" + std::string(name); }
+  std::string ToPath(std::string_view name) const { return to_ + "/" + std::string(name); }
+
+  // Folders (TransferFolder.cpp).
+  Failure CopyFolder(const Item& item);
+  Failure OpenTargetFolder(const Item& item, bool holdsFiles, Level& level, Descriptor& opened);
+  int ReadNames(int folder, const std::string& path, std::string& others);
+  // What names a folder has besides those of its subfolders.
+  struct FolderNames {
+    std::string Others;                   // with a letter for the kind in front of each
+    std::vector<std::string> Unfinished;  // temporary ones that are in use
+    bool HasLeft = false;                 // temporary ones of a killed run are among the others
+  };
+  int ListNames(int folder, FolderNames& names);
+  void TakeOthers(const std::string& others);
+  bool GoesIntoItself(const ItemIdentity& source) const;
+  bool PutInPlace();
+  void LeaveFolder();
+  bool FinishReplacing(const Level& left);
+  bool FinishNewFolder(const Level& level);
+  void ForgetCopied();
+
+  // Files and links (TransferFile.cpp).
+  Failure CopyFile(const Item& item);
+  Failure CopyContentOf(const Item& item, int from, const struct statx& source);
+  mode_t FirstMode(const struct statx& source) const;
+  bool LeavesForLoss(const std::string& path);
+  Failure CopyLink(const Item& item);
+  Failure FinishItem(const Item& item, const struct statx& source);
+
+  // Conflicts (TransferConflict.cpp).
+  Way FindWay(Item& item);
+  Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
+          const struct statx& target, bool& makesTwin);
+  bool IsOneFolder() const;
+  // Gives an error number.
+  static int FindFreeTwin(int folder, std::string& name, bool isFolder);
+
+  OperationTalk& talk_;
+  const OpenPlace& target_;
+  ProtectedItems& protected_;
+  const AsideRecord& record_;
+  const bool moves_;
+  const uid_t user_ = geteuid();
+  const gid_t group_ = getegid();
+  std::shared_ptr<const OpenPlace> source_;  // where the last item was taken from
+  FolderChain sources_;
+  FolderChain targets_;
+  std::vector<Level> levels_;
+  std::string names_;  // of subfolders still to come, each ended by a NUL
+  std::string from_;   // path of the folder at hand
+  std::string to_;     // and of the one that it becomes
+  ItemIdentity made_;  // what the item at hand becomes, when it is a folder
+  FolderBuffer buffer_;
+  ContentCopier content_;
+  LinkedFiles links_;
+  FlushedVolumes flushed_;
+  CopiedItems copied_;
+  std::vector<Taken> batch_;  // copied, and to be deleted once all is flushed
+  std::uint64_t batchStart_ = 0;
+  std::function<void()> beforeCopying_;
+};
+
+}  // namespace tarnwell::platform

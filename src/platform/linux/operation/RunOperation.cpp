@@ -1,0 +1,252 @@
+#include "platform/linux/operation/RunOperation.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/linux/files/ProtectedItems.h"
+#include "platform/linux/files/RenameItem.h"
+#include "platform/linux/operation/DeleteTree.h"
+#include "platform/linux/operation/ItemCounter.h"
+#include "platform/linux/operation/ItemTransfer.h"
+#include "platform/linux/operation/OperationTalk.h"
+#include "platform/linux/operation/TrashItem.h"
+#include "platform/linux/posix/ReachedPath.h"
+
+namespace tarnwell::platform {
+namespace {
+
+struct ItemPath {
+  std::string Folder;  // without a separator at its end; empty for the root
+  std::string Name;
+
+  std::string Whole() const { return Folder + "/" + Name; }
+};
+
+// Nothing for what is no full path of an item, the root among them.
+std::optional<ItemPath> SplitPath(std::string_view path) {
+  while (path.size() > 1 && path.ends_with('/')) path.remove_suffix(1);
+  const std::size_t slash = path.rfind('/');
+  if (slash == path.npos || !path.starts_with('/')) return {};
+  const std::string_view name = path.substr(slash + 1);
+  if (name.empty() || name == "." || name == "..") return {};
+  path = path.substr(0, slash);
+  while (path.ends_with('/')) path.remove_suffix(1);
+  return ItemPath{std::string(path), std::string(name)};
+}
+
+// Nothing if one of the items makes no sense.
+std::optional<std::vector<ItemPath>> SplitItems(std::string_view items) {
+  std::vector<ItemPath> paths;
+  while (!items.empty()) {
+    const std::size_t end = std::min(items.find('\0'), items.size());
+    // An empty one is the end of the list, which some write.
+    if (end == 0) break;
+    std::optional<ItemPath> path = SplitPath(items.substr(0, end));
+    if (!path) return {};
+    paths.push_back(std::move(*path));
+    items.remove_prefix(std::min(end + 1, items.size()));
+  }
+  if (paths.empty()) return {};
+  return paths;
+}
+
+// Gives an error number.
+int OpenPlaceAt(const std::string& path, OpenPlace& place) {
+  const std::string folder = path.empty() ? "/" : path;
+  place.Folder = OpenPath(folder, O_RDONLY | O_DIRECTORY);
+  if (!place.Folder && errno == EACCES) place.Folder = OpenPath(folder, O_PATH | O_DIRECTORY);
+  place.Path = path;
+  return place.Folder ? 0 : errno;
+}
+
+// Makes the folder, and those above it that are missing. Gives an error number.
+int MakeFolders(const std::string& path) {
+  for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
+    const ReachedPath reached(path.substr(0, end));
+    if (reached.Error() != 0) return reached.Error();
+    struct stat found {};
+    if (fstatat(reached.Folder(), reached.Rest(), &found, 0) != 0 &&
+        mkdirat(reached.Folder(), reached.Rest(), 0777) != 0 && errno != EEXIST) {
+      return errno;
+    }
+    if (end == path.npos) return 0;
+  }
+}
+
+class Operation {
+ public:
+  Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder)
+      : talk_(user, request.Function, request.Flags),
+        protected_(programFolder),
+        record_(programFolder),
+        destination_(request.Destination.substr(0, request.Destination.find('\0'))) {}
+
+  OperationResult Run(std::vector<ItemPath> items) {
+    items_ = std::move(items);
+    switch (talk_.Function()) {
+      case FileFunction::Copy:
+      case FileFunction::Move:
+        if (!destination_.starts_with('/')) return {EINVAL, false};
+        Transfer();
+        break;
+      case FileFunction::Delete:
+        Delete();
+        break;
+      case FileFunction::Rename:
+        if (items_.size() != 1 || !destination_.starts_with('/')) return {EINVAL, false};
+        Rename();
+        break;
+      case FileFunction::None:
+      default:
+        return {EINVAL, false};
+    }
+    talk_.ReportEnd();
+    return talk_.Result();
+  }
+
+ private:
+  // The folder of the item, which is most often that of the one before. Null if it was given up.
+  std::shared_ptr<const OpenPlace> FolderOf(const ItemPath& item) {
+    if (folder_ && folder_->Path == item.Folder) return folder_;
+    auto opened = std::make_shared<OpenPlace>();
+    for (;;) {
+      const int error = OpenPlaceAt(item.Folder, *opened);
+      if (error == 0) break;
+      if (!talk_.Retries(OperationStep::Find, item.Whole(), error)) return nullptr;
+    }
+    folder_ = std::move(opened);
+    return folder_;
+  }
+
+  // The same for an item that is to go from there, which it may not if it is protected.
+  std::shared_ptr<const OpenPlace> FolderToTakeFrom(const ItemPath& item) {
+    const OperationStep step =
+        talk_.Function() == FileFunction::Delete ? OperationStep::Delete : OperationStep::Move;
+    for (;;) {
+      std::shared_ptr<const OpenPlace> folder = FolderOf(item);
+      if (!folder) return nullptr;
+      const std::string refusal =
+          protected_.Refusal(talk_.Function(), folder->Folder.Get(), item.Name.c_str());
+      if (refusal.empty()) return folder;
+      if (!talk_.Retries(step, item.Whole(), {EPERM, refusal})) return nullptr;
+      protected_.Forget();
+    }
+  }
+
+  // Finds the folder that the items go to; `name` is empty where they keep their own names. False
+  // if it was given up.
+  bool OpenTarget(OpenPlace& target, std::string& name) {
+    const bool isFolder = items_.size() > 1 || destination_.ends_with('/');
+    std::string path = destination_;
+    while (path.ends_with('/')) path.pop_back();
+    for (;;) {
+      int error = OpenPlaceAt(path, target);
+      if (error == ENOENT && isFolder) {
+        if (!talk_.MakesFolder(path)) return false;
+        error = MakeFolders(path);
+        if (error == 0) error = OpenPlaceAt(path, target);
+      } else if ((error == ENOENT || error == ENOTDIR) && !isFolder) {
+        const std::optional<ItemPath> split = SplitPath(path);
+        error = split ? OpenPlaceAt(split->Folder, target) : EINVAL;
+        if (split) name = split->Name;
+      }
+      if (error == 0) return true;
+      if (!talk_.Retries(OperationStep::Find, path, error)) return false;
+    }
+  }
+
+  void Transfer() {
+    OpenPlace target;
+    std::string name;
+    if (!OpenTarget(target, name)) return;
+    ItemTransfer transfer(talk_, target, protected_, record_);
+    std::size_t taken = 0;
+    talk_.SetTotal(items_.size());
+    if (!talk_.Has(Silent)) {
+      transfer.BeforeCopying([&] {
+        std::vector<std::string> paths;
+        for (std::size_t at = taken; at < items_.size(); ++at) paths.push_back(items_[at].Whole());
+        talk_.SetTotal(taken);
+        counter_.Start(std::move(paths));
+        talk_.CountBy([this](OperationProgress& progress) { counter_.AddTo(progress); });
+      });
+    }
+    for (const ItemPath& item : items_) {
+      if (!talk_.GoesOn()) break;
+      const std::shared_ptr<const OpenPlace> folder =
+          talk_.Function() == FileFunction::Move ? FolderToTakeFrom(item) : FolderOf(item);
+      if (folder) transfer.Take(folder, item.Name, name.empty() ? item.Name : name);
+      ++taken;
+    }
+    transfer.Finish();
+  }
+
+  void Delete() {
+    TreeDeletion deletion(talk_);
+    talk_.SetTotal(items_.size());
+    for (const ItemPath& item : items_) {
+      if (!talk_.GoesOn()) return;
+      const std::shared_ptr<const OpenPlace> folder = FolderToTakeFrom(item);
+      if (!folder || (talk_.Has(AllowUndo) && !GoesForGood(item))) continue;
+      deletion.Delete(folder->Folder.Get(), item.Name, item.Whole());
+    }
+  }
+
+  // Puts the item into the trash. True if there is none, and it is to be deleted.
+  bool GoesForGood(const ItemPath& item) {
+    const std::string path = item.Whole();
+    if (talk_.IsReportDue()) talk_.Report(path, {});
+    for (;;) {
+      base::Status status;
+      const TrashOutcome outcome = TrashItem(path, status);
+      if (outcome == TrashOutcome::Trashed) {
+        talk_.AddItems(1);
+        return false;
+      }
+      if (outcome == TrashOutcome::NoTrash) {
+        const NoTrashChoice choice = talk_.AskNoTrash(path);
+        if (choice != NoTrashChoice::DeleteForGood) talk_.NoteLeft(status.Code);
+        return choice == NoTrashChoice::DeleteForGood;
+      }
+      if (!talk_.Retries(OperationStep::Trash, path, status)) return false;
+    }
+  }
+
+  void Rename() {
+    const std::string from = items_.front().Whole();
+    talk_.SetTotal(1);
+    if (!FolderToTakeFrom(items_.front())) return;
+    for (;;) {
+      const base::Status status = RenameItem(from, destination_, record_);
+      if (status) break;
+      if (!talk_.Retries(OperationStep::Move, from, status)) return;
+    }
+    talk_.AddItems(1);
+    talk_.NotePlaced(from, destination_);
+  }
+
+  OperationTalk talk_;
+  ProtectedItems protected_;
+  AsideRecord record_;
+  std::string destination_;
+  std::vector<ItemPath> items_;
+  std::shared_ptr<const OpenPlace> folder_;
+  ItemCounter counter_;
+};
+
+}  // namespace
+
+OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
+                             const std::string& programFolder) {
+  std::optional<std::vector<ItemPath>> items = SplitItems(request.Items);
+  if (!items) return {EINVAL, false};
+  return Operation(request, user, programFolder).Run(std::move(*items));
+}
+
+}  // namespace tarnwell::platform

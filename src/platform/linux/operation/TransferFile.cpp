@@ -1,0 +1,164 @@
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+
+#include "platform/linux/operation/CopyAttributes.h"
+#include "platform/linux/operation/ItemTransfer.h"
+#include "platform/linux/operation/PendingFile.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// Files up to this size may be written under their own names, into a folder that has none yet.
+constexpr std::uint64_t smallSize = 1 << 20;
+
+}  // namespace
+
+// Nobody is to read it meanwhile who may not read the original.
+mode_t ItemTransfer::FirstMode(const struct statx& source) const {
+  const bool isOwn = source.stx_uid == user_ && source.stx_gid == group_;
+  return source.stx_mode & (isOwn ? 0777U : 0700U);
+}
+
+ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
+  // No waiting, should another item have taken its place.
+  constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  const Descriptor from(openat(sources_.Get(), item.Name.c_str(), flags));
+  struct statx source;
+  const int error = from ? LookAt(from.Get(), "", source) : errno;
+  if (error != 0) return {OperationStep::Read, error};
+  if (!S_ISREG(source.stx_mode)) return {OperationStep::Read, EINVAL, "Not a regular file"};
+
+  // Its other names must find it, and what takes long must not lie hidden.
+  Level& level = levels_.back();
+  const bool isLinked = source.stx_nlink > 1;
+  if ((isLinked || source.stx_size > smallSize) && !level.ReplacesFile && !PutInPlace()) {
+    return {};  // the user has heard of it
+  }
+  if (isLinked) {
+    const int base = target_.Folder.Get();
+    const bool replaces = item.Decided == Way::Replace;
+    const int linked = links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
+    if (linked == 0) return FinishItem(item, source);
+    if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
+  }
+  const std::uint64_t bytesBefore = talk_.BytesDone();
+  const Failure failure = CopyContentOf(item, from.Get(), source);
+  if (failure.Error == 0) return FinishItem(item, source);
+  talk_.SetBytesDone(bytesBefore);
+  return failure;
+}
+
+ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
+                                                  const struct statx& source) {
+  const auto written = [](int error) {
+    return Failure{OperationStep::Write, error, nullptr, true};
+  };
+  const char* const name = item.Target.c_str();
+  const bool replaces = item.Decided == Way::Replace;
+  const bool isSmall = source.stx_size <= smallSize;
+  const bool isHidden = isSmall && !replaces && !levels_.back().Temporary.empty();
+  PendingFile pending(targets_.Get());
+  int error = isHidden ? pending.CreateAs(name, FirstMode(source))
+                       : pending.Create(FirstMode(source), replaces && isSmall);
+  struct statx copy;
+  if (error == 0) error = LookAt(pending.Get(), "", copy);
+  if (error != 0) return written(error);
+
+  error = content_.Copy(from, source, pending.Get(), copy, [&](std::uint64_t bytes) {
+    talk_.AddBytes(bytes);
+    ReportIfDue(item);
+    return talk_.GoesOn();
+  });
+  if (error != 0 && content_.IsReadError()) return {OperationStep::Read, error};
+  if (error != 0) return written(error);
+
+  struct statx after;
+  error = LookAt(from, "", after);
+  if (error != 0) return {OperationStep::Read, error};
+  const bool isWhole = source.stx_size == 0 || content_.Length() == source.stx_size;
+  const bool isChanged = !IsUnchanged(source, after);
+  // Logs and recordings are never at rest. Their original stays, unless it is moved.
+  if (isChanged && moves_) {
+    return {OperationStep::Read, EBUSY, "The file has changed while it was copied"};
+  }
+  if (!isWhole && !isChanged)
+    return {OperationStep::Read, EIO, "The file gives less than its size tells"};
+  bool losesSome = false;
+  error = CopyAttributes(from, source, pending.Get(), copy, levels_.back().HandsDown, losesSome);
+  if (error == 0) error = flushed_.Take(pending.Get(), copy);
+  if (error != 0) return written(error);
+  if (losesSome && LeavesForLoss(FromPath(item.Name))) {
+    return {.Step = OperationStep::Write, .Error = ENOTSUP, .IsSettled = true};
+  }
+  if (moves_) {
+    error = LookAt(pending.Get(), "", copy);
+    if (error != 0) return written(error);
+    if (copy.stx_size != content_.Length()) {
+      return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
+    }
+  }
+  error = pending.Place(name, replaces);
+  if (error != 0) return written(error);
+  if (isChanged) talk_.Remark(OperationRemark::Changed, FromPath(item.Name));
+  if (source.stx_nlink > 1) {
+    std::string now;
+    for (std::size_t at = 1; at < levels_.size(); ++at) {
+      const Level& level = levels_[at];
+      now += (level.Temporary.empty() ? level.Target : level.Temporary) + "/";
+    }
+    links_.Add(source, copy, ToPath(item.Target).substr(target_.Path.size() + 1),
+               now + item.Target);
+  }
+  return {};
+}
+
+// A copy has its original to go back to; a move would leave nothing of what is lost.
+bool ItemTransfer::LeavesForLoss(const std::string& path) {
+  return moves_ && talk_.AskLoss(path) != LossChoice::MoveAnyway;
+}
+
+ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
+  const int from = sources_.Get();
+  const int to = targets_.Get();
+  // Looked at first: what comes into its place later is another item than the one that was copied.
+  struct statx source;
+  if (const int error = LookAt(from, item.Name.c_str(), source); error != 0) {
+    return {OperationStep::Read, error};
+  }
+  const Failure hasChanged{OperationStep::Read, EBUSY, "The link has changed while it was copied"};
+  if (!S_ISLNK(source.stx_mode)) return hasChanged;
+  std::array<char, PATH_MAX> text;
+  const ssize_t length = readlinkat(from, item.Name.c_str(), text.data(), text.size() - 1);
+  if (length < 0) return errno == EINVAL ? hasChanged : Failure{OperationStep::Read, errno};
+  text.at(static_cast<std::size_t>(length)) = '\0';
+
+  const bool replaces = item.Decided == Way::Replace;
+  TemporaryName temporary;
+  int error = replaces ? temporary.Renew() : 0;
+  const char* const name = replaces ? temporary.Text() : item.Target.c_str();
+  if (error == 0 && symlinkat(text.data(), to, name) != 0) error = errno;
+  if (error == 0) {
+    CopyLinkAttributes(source, to, name);
+    if (replaces && renameat(to, name, to, item.Target.c_str()) != 0) {
+      error = errno;
+      unlinkat(to, name, 0);
+    }
+  }
+  if (error != 0) return {OperationStep::Write, error, nullptr, true};
+  return FinishItem(item, source);
+}
+
+// A name is on the disk when its folder is. What new folders hold is seen to when they are left.
+ItemTransfer::Failure ItemTransfer::FinishItem(const Item& item, const struct statx& source) {
+  if (moves_ && !levels_.back().IsNew) {
+    struct statx folder;
+    int error = LookAt(targets_.Get(), "", folder);
+    if (error == 0) error = flushed_.Take(targets_.Get(), folder);
+    if (error != 0) return {OperationStep::Flush, error, nullptr, true};
+  }
+  return Done(item, source);
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,64 @@
+#include "platform/linux/system/DriveRules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwell::platform {
+namespace {
+
+// What is mounted below these serves the system or one program, whatever it lies on.
+constexpr std::array<std::string_view, 10> systemFolders = {
+    "/boot", "/dev", "/etc", "/proc", "/run", "/snap", "/sys", "/tmp", "/usr", "/var",
+};
+
+constexpr std::array<std::string_view, 9> shareTypes = {
+    "nfs", "nfs4", "cifs", "smb3", "smbfs", "9p", "virtiofs", "fuse.sshfs", "fuse.rclone",
+};
+
+bool IsDiskOrShare(const Mount& mount) {
+  return mount.Source.starts_with("/dev/") || std::ranges::count(shareTypes, mount.Type) != 0;
+}
+
+bool ServesSystem(std::string_view path) {
+  if (path.find("/.") != std::string_view::npos) return true;  // hidden on purpose
+  return std::ranges::any_of(systemFolders, [&](std::string_view folder) {
+    return base::PathSyntax::Posix().IsWithin(path, folder);
+  });
+}
+
+}  // namespace
+
+bool IsVolume(const Mount& mount) {
+  if (mount.Internal) return false;
+  return mount.Shown || (IsDiskOrShare(mount) && !ServesSystem(mount.Path));
+}
+
+std::vector<Drive> DrivesOf(const std::string& home, const std::vector<Mount>& mounts) {
+  std::vector<Drive> drives;
+  if (!home.empty() && home != "/") drives.push_back({home, "Home"});
+  drives.push_back({"/", "File system"});
+  const auto fixed = static_cast<std::ptrdiff_t>(drives.size());
+  for (const Mount& mount : mounts) {
+    // A path can be mounted over again and again.
+    const bool known = std::ranges::count(drives, mount.Path, &Drive::Name) != 0;
+    if (!known && IsVolume(mount)) drives.push_back({mount.Path, mount.Label});
+  }
+  std::sort(drives.begin() + fixed, drives.end(),
+            [](const Drive& left, const Drive& right) { return left.Name < right.Name; });
+  return drives;
+}
+
+std::string DriveHolding(std::string_view path, const std::string& home,
+                         const std::vector<Mount>& mounts) {
+  std::string nearest = "/";
+  for (const Mount& mount : mounts) {
+    const bool counts = mount.Path == home || IsVolume(mount);
+    if (counts && mount.Path.size() > nearest.size() &&
+        base::PathSyntax::Posix().IsWithin(path, mount.Path)) {
+      nearest = mount.Path;
+    }
+  }
+  return nearest;
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,86 @@
+#include "platform/linux/system/LinuxDrives.h"
+
+#include <gio/gio.h>
+#include <gio/gunixmounts.h>
+
+#include <utility>
+
+#include "platform/linux/files/HomeFolder.h"
+#include "platform/linux/posix/GuardedCall.h"
+#include "platform/linux/system/DriveRules.h"
+
+namespace tarnwell::platform {
+namespace {
+
+std::string TextOf(const char* text) {
+  return text != nullptr ? text : "";
+}
+
+std::vector<Mount> ReadMounts() {
+  std::vector<Mount> mounts;
+  GList* const entries = g_unix_mounts_get(nullptr);
+  for (GList* item = entries; item != nullptr; item = item->next) {
+    auto* const entry = static_cast<GUnixMountEntry*>(item->data);
+    Mount mount;
+    mount.Path = TextOf(g_unix_mount_get_mount_path(entry));
+    mount.Source = TextOf(g_unix_mount_get_device_path(entry));
+    mount.Type = TextOf(g_unix_mount_get_fs_type(entry));
+    mount.Internal = g_unix_mount_is_system_internal(entry) != FALSE;
+    mount.Shown = g_unix_mount_guess_should_display(entry) != FALSE;
+    char* const label = g_unix_mount_guess_name(entry);
+    mount.Label = TextOf(label);
+    g_free(label);
+    mounts.push_back(std::move(mount));
+  }
+  g_list_free_full(entries,
+                   [](gpointer entry) { g_unix_mount_free(static_cast<GUnixMountEntry*>(entry)); });
+  return mounts;
+}
+
+}  // namespace
+
+class LinuxDrives::Monitor {
+ public:
+  explicit Monitor(std::function<void()> changed)
+      : changed_(std::move(changed)), source_(g_unix_mount_monitor_get()) {
+    signal_ = g_signal_connect(source_, "mounts-changed", G_CALLBACK(&Monitor::Report), this);
+  }
+  Monitor(const Monitor&) = delete;
+  Monitor& operator=(const Monitor&) = delete;
+  ~Monitor() {
+    g_signal_handler_disconnect(source_, signal_);
+    g_object_unref(source_);
+  }
+
+ private:
+  static void Report(GUnixMountMonitor*, gpointer data) {
+    // A copy, since the call may end this object.
+    const std::function<void()> changed = static_cast<Monitor*>(data)->changed_;
+    GuardedCall(changed);
+  }
+
+  std::function<void()> changed_;
+  GUnixMountMonitor* source_;
+  gulong signal_;
+};
+
+LinuxDrives::LinuxDrives() = default;
+LinuxDrives::~LinuxDrives() = default;
+
+std::vector<Drive> LinuxDrives::List() const {
+  return DrivesOf(HomeFolder(), ReadMounts());
+}
+
+std::string LinuxDrives::HomeFolder() const {
+  return FindHomeFolder();
+}
+
+std::string LinuxDrives::DriveOf(const std::string& path) const {
+  return DriveHolding(path, HomeFolder(), ReadMounts());
+}
+
+void LinuxDrives::OnChange(std::function<void()> changed) {
+  monitor_ = changed ? std::make_unique<Monitor>(std::move(changed)) : nullptr;
+}
+
+}  // namespace tarnwell::platform

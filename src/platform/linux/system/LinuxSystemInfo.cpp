@@ -1,0 +1,143 @@
+#include "platform/linux/system/LinuxSystemInfo.h"
+
+#include <fcntl.h>
+#include <glib.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "platform/linux/files/HomeFolder.h"
+#include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/operation/SweepTemporaries.h"
+#include "platform/linux/posix/ReachedPath.h"
+#include "platform/linux/posix/SystemError.h"
+
+namespace tarnwell::platform {
+namespace {
+
+const base::PathSyntax& Syntax() {
+  return base::PathSyntax::Posix();
+}
+
+constexpr std::array<std::string_view, 2> topLevelFiles = {"ring6full.gif", "TIPOFDAY.TXT"};
+
+std::string Variable(const char* name) {
+  const char* const value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+std::string SkinsIn(const std::string& folder) {
+  return Syntax().Join(folder, "skins");
+}
+
+bool HoldsSkins(const std::string& folder) {
+  return LinuxFileSystem().FolderExists(SkinsIn(folder));
+}
+
+std::string FindDataFolder(const std::string& executableFolder) {
+  if (executableFolder.empty()) return {};
+  const std::string above = Syntax().ParentOf(executableFolder);
+  const std::array<std::string, 2> candidates = {Syntax().Join(above, "share/tarnwell"),
+                                                 Syntax().Join(Syntax().ParentOf(above), "data")};
+  for (const std::string& candidate : candidates) {
+    if (HoldsSkins(candidate)) return candidate;
+  }
+  return {};
+}
+
+bool IsWritable(const std::string& folder) {
+  return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+bool CopyMissing(const std::string& source, const std::string& target) {
+  LinuxFileSystem files;
+  if (files.Exists(target)) return true;
+  std::string content;
+  return files.ReadFile(source, content) && files.WriteFile(target, content);
+}
+
+bool CopySkins(const std::string& source, const std::string& target) {
+  if (g_mkdir_with_parents(target.c_str(), 0777) != 0) return false;
+  bool whole = true;
+  const base::Status status = LinuxFileSystem().ReadFolder(source, [&](const FolderEntry& entry) {
+    if (entry.Kind != ItemKind::Folder) {
+      whole = CopyMissing(Syntax().Join(source, entry.Name), Syntax().Join(target, entry.Name));
+    }
+    return whole;
+  });
+  return status && whole;
+}
+
+void Fill(const std::string& folder, const std::string& dataFolder) {
+  for (const std::string_view name : topLevelFiles) {
+    CopyMissing(Syntax().Join(dataFolder, name), Syntax().Join(folder, name));
+  }
+  // Under another name until it is whole, so that a start cut short is made good by the next.
+  const std::string unfinished = Syntax().Join(folder, ".skins-unfinished");
+  if (CopySkins(SkinsIn(dataFolder), unfinished)) {
+    std::rename(unfinished.c_str(), SkinsIn(folder).c_str());
+  }
+}
+
+struct Choice {
+  std::string Folder;
+  bool Own = false;  // to be made and filled
+};
+
+Choice ChooseFolder(const ProgramPlaces& places) {
+  const std::string& executableFolder = places.ExecutableFolder;
+  if (!places.TarnwellHome.empty()) {
+    std::error_code ignored;
+    const std::string path = std::filesystem::absolute(places.TarnwellHome, ignored).string();
+    return {Syntax().IsDriveRoot(path) ? path : Syntax().RemoveRightSlash(path), true};
+  }
+  if (IsWritable(executableFolder) && HoldsSkins(executableFolder)) return {executableFolder};
+  // A relative data folder is to be taken for none, by the rules of the variable.
+  if (places.DataHome.starts_with('/')) return {Syntax().Join(places.DataHome, "tarnwell"), true};
+  if (!places.HomeFolder.empty()) {
+    return {Syntax().Join(places.HomeFolder, ".local/share/tarnwell"), true};
+  }
+  return {executableFolder};
+}
+
+}  // namespace
+
+ProgramPlaces ProgramPlaces::OfProcess() {
+  ProgramPlaces places;
+  std::error_code ignored;
+  const std::string executable = std::filesystem::read_symlink("/proc/self/exe", ignored).string();
+  if (!executable.empty()) places.ExecutableFolder = Syntax().ParentOf(executable);
+  places.TarnwellHome = Variable("TARNWELL_HOME");
+  places.DataHome = Variable("XDG_DATA_HOME");
+  places.HomeFolder = FindHomeFolder();
+  return places;
+}
+
+LinuxSystemInfo::LinuxSystemInfo(const ProgramPlaces& places)
+    : dataFolder_(FindDataFolder(places.ExecutableFolder)) {
+  const Choice choice = ChooseFolder(places);
+  programFolder_ = choice.Folder;
+  if (choice.Own && g_mkdir_with_parents(programFolder_.c_str(), 0700) != 0) {
+    folderTrouble_ = SystemError(errno);
+    return;
+  }
+  if (const Descriptor folder = OpenPath(programFolder_, O_PATH | O_DIRECTORY); folder) {
+    SweepTemporaries(folder.Get(), [] { return true; });
+  }
+  if (choice.Own && !dataFolder_.empty() && !HoldsSkins(programFolder_)) {
+    Fill(programFolder_, dataFolder_);
+  }
+}
+
+std::string LinuxSystemInfo::SkinFolder() const {
+  const bool ofData = !dataFolder_.empty() && !HoldsSkins(programFolder_);
+  return SkinsIn(ofData ? dataFolder_ : programFolder_);
+}
+
+}  // namespace tarnwell::platform
