@@ -361,8 +361,8 @@ RowId ListerControl::Parent(RowId row) const {
 int ListerControl::PositionOf(RowId row) const {
   return parts_->Body->PositionOf(row);
 }
-RowLook ListerControl::Look(RowId row) const {
-  RowLook look = parts_->Body->Look(row);
+RowState ListerControl::Look(RowId row) const {
+  RowState look = parts_->Body->Look(row);
   look.IsTarget = row > RootRow && parts_->IsTarget(row);
   return look;
 }

@@ -127,8 +127,8 @@ int FileBody::PositionOf(RowId row) const {
   return files_.Rows.Has(row) ? files_.Rows.PositionOf(row) : -1;
 }
 
-RowLook FileBody::Look(RowId row) const {
-  return files_.Rows.Has(row) ? FileLook(files_, row) : RowLook{};
+RowState FileBody::Look(RowId row) const {
+  return files_.Rows.Has(row) ? FileLook(files_, row) : RowState{};
 }
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {

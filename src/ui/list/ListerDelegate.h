@@ -11,7 +11,7 @@ namespace tarnwell::ui {
 
 // How a row is shown besides what the control says of it.
 struct RowState {
-  lister::RowLook Look;
+  lister::RowState Look;
   bool IsHovered = false;
   bool IsGapHovered = false;
 };

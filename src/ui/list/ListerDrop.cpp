@@ -175,7 +175,7 @@ void ListerDrop::RestOn(const QModelIndex& row) {
 bool ListerDrop::MayOpen(const QModelIndex& row) const {
   if (!row.isValid()) return false;
   const lister::RowId id = ListerModel::RowOf(row);
-  const lister::RowLook look = control_.Look(id);
+  const lister::RowState look = control_.Look(id);
   const bool closed =
       lister::IsFileList(tree_.Id()) || (look.HasChildren && !tree_.isExpanded(row));
   // As a copy everything fits but what is dragged itself.

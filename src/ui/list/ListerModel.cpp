@@ -123,7 +123,7 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
 
 // What sighted users see of the row by colour, badges and signs.
 QString ListerModel::Description(RowId row) const {
-  const lister::RowLook look = control_.Look(row);
+  const lister::RowState look = control_.Look(row);
   QStringList words;
   if (look.Colour != lister::ItemColour::Default) {
     words << ToQString(lister::ItemColours[static_cast<std::size_t>(look.Colour)].Word);
@@ -134,7 +134,7 @@ QString ListerModel::Description(RowId row) const {
 }
 
 QVariant ListerModel::Icon(RowId row) const {
-  const lister::RowLook look = control_.Look(row);
+  const lister::RowState look = control_.Look(row);
   if (look.Kind != platform::ItemKind::Folder) {
     return control_.ShowIcons() ? icons_.File(control_.CellText(row, HeadingId::Name))
                                 : icons_.AnyFile();

@@ -385,7 +385,7 @@ void ListerTree::drawBranches(QPainter* painter, const QRect& rect,
                               const QModelIndex& index) const {
   if (!model()->hasChildren(index)) return;
   const QPointF middle(rect.left() + rect.width() / 2.0, rect.top() + rect.height() / 2.0);
-  const lister::RowLook look = control_.Look(ListerModel::RowOf(index));
+  const lister::RowState look = control_.Look(ListerModel::RowOf(index));
   const QPointF tip = isExpanded(index) ? QPointF(0, 2) : QPointF(2, 0);
   const QPointF wing = isExpanded(index) ? QPointF(4, -4) : QPointF(-4, 4);
   const QPointF points[] = {middle + tip + wing, middle + tip, middle + tip + QPointF(-4, -4)};
