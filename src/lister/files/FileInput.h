@@ -69,13 +69,13 @@ class FileInput : public CommonInput {
   RowSelection selection_;
 
   // By keys: where Space went down, and what it made of the row.
-  KeptRow keyStart_;
+  PersistentRow keyStart_;
   bool keySelects_ = false;
 
   // By mouse: where the main button went down.
   bool isPressed_ = false;
   RowPointer press_;
-  KeptRow pressed_;
+  PersistentRow pressed_;
   Later later_ = Later::Nothing;
   bool mouseSelects_ = false;  // what a sweep makes of the rows
 };

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "lister/files/FileListState.h"
-#include "lister/rows/KeptRow.h"
+#include "lister/rows/PersistentRow.h"
 
 namespace tarnwell::lister {
 
@@ -46,7 +46,7 @@ class RowSelection {
   void Tell();
 
   FileListState& files_;
-  KeptRow anchor_;
+  PersistentRow anchor_;
 };
 
 }  // namespace tarnwell::lister

@@ -8,7 +8,7 @@
 
 #include "lister/list/ListInput.h"
 #include "lister/list/TypedText.h"
-#include "lister/rows/KeptRow.h"
+#include "lister/rows/PersistentRow.h"
 
 namespace tarnwell::lister {
 
@@ -85,7 +85,7 @@ class CommonInput : public ListInput {
   void AskClose(int keyCode, int shift);
   RowId FindTyped(std::string_view wanted, bool takesCurrent) const;
 
-  KeptRow clicked_;
+  PersistentRow clicked_;
   bool holdsClicked_ = false;
   TypedText typed_;
   bool spaceIsDown_ = false;

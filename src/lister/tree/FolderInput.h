@@ -50,7 +50,7 @@ class FolderInput : public CommonInput {
   void FoldByKey(int keyCode, int shift);
 
   const FolderTree& tree_;
-  KeptRow pressed_;
+  PersistentRow pressed_;
 };
 
 }  // namespace tarnwell::lister

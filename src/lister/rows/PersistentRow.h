@@ -8,9 +8,9 @@
 namespace tarnwell::lister {
 
 // By its path as well, since the number of a row that is gone serves another one later.
-class KeptRow {
+class PersistentRow {
  public:
-  explicit KeptRow(const ListerControl& control) : control_(control) {}
+  explicit PersistentRow(const ListerControl& control) : control_(control) {}
 
   void Set(RowId row) {
     row_ = row;
