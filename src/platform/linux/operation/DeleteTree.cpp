@@ -219,7 +219,7 @@ void TreeDeletion::LeaveFolder() {
 
 void DeleteQuietly(int folder, const std::string& name) {
   OperationUser nobody;
-  OperationTalk talk(nobody, FileFunction::Delete, Silent | NoErrorWindows);
+  OperationContext talk(nobody, FileFunction::Delete, Silent | NoErrorWindows);
   TreeDeletion(talk).Delete(folder, name, "/" + name);
 }
 

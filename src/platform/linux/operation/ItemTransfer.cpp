@@ -22,7 +22,7 @@ constexpr int mostConflicts = 20;
 
 }  // namespace
 
-ItemTransfer::ItemTransfer(OperationTalk& talk, const OpenPlace& target,
+ItemTransfer::ItemTransfer(OperationContext& talk, const OpenPlace& target,
                            ProtectedItems& protectedItems, const AsideRecord& record)
     : talk_(talk),
       target_(target),

@@ -15,7 +15,7 @@
 #include "platform/linux/operation/FlushedVolumes.h"
 #include "platform/linux/operation/ItemCounter.h"
 #include "platform/linux/operation/LinkedFiles.h"
-#include "platform/linux/operation/OperationTalk.h"
+#include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/FolderChain.h"
@@ -36,7 +36,7 @@ struct OpenPlace {
 class ItemTransfer {
  public:
   // None of the protected items is replaced.
-  ItemTransfer(OperationTalk& talk, const OpenPlace& target, ProtectedItems& protectedItems,
+  ItemTransfer(OperationContext& talk, const OpenPlace& target, ProtectedItems& protectedItems,
                const AsideRecord& record);
 
   // Takes one item from its folder; it is to be called `targetName`.
@@ -144,7 +144,7 @@ class ItemTransfer {
   // Gives an error number.
   static int FindFreeTwin(int folder, std::string& name, bool isFolder);
 
-  OperationTalk& talk_;
+  OperationContext& talk_;
   const OpenPlace& target_;
   ProtectedItems& protected_;
   const AsideRecord& record_;

@@ -14,7 +14,7 @@
 #include "platform/linux/operation/DeleteTree.h"
 #include "platform/linux/operation/ItemCounter.h"
 #include "platform/linux/operation/ItemTransfer.h"
-#include "platform/linux/operation/OperationTalk.h"
+#include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/operation/TrashItem.h"
 #include "platform/linux/posix/ReachedPath.h"
 
@@ -231,7 +231,7 @@ class Operation {
     talk_.NotePlaced(from, destination_);
   }
 
-  OperationTalk talk_;
+  OperationContext talk_;
   ProtectedItems protected_;
   AsideRecord record_;
   std::string destination_;

@@ -35,7 +35,7 @@ void Delete(int folder, const std::string& name, QuietUser& user) {
   // Should somebody be writing it after all, he finds it gone, and takes nothing for copied.
   TemporaryName taken;
   if (taken.Renew() != 0 || RenameNew(folder, name.c_str(), folder, taken.Text()) != 0) return;
-  OperationTalk talk(user, FileFunction::Delete, Silent | NoErrorWindows);
+  OperationContext talk(user, FileFunction::Delete, Silent | NoErrorWindows);
   TreeDeletion(talk).Delete(folder, taken.Text(), std::string("/") + taken.Text());
 }
 

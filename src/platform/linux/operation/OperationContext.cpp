@@ -1,4 +1,4 @@
-#include "platform/linux/operation/OperationTalk.h"
+#include "platform/linux/operation/OperationContext.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -21,30 +21,30 @@ std::size_t SortOf(const OperationConflict& conflict) {
 
 }  // namespace
 
-bool OperationTalk::GoesOn() {
+bool OperationContext::GoesOn() {
   if (!result_.Aborted && !user_.GoesOn()) Cancel();
   return !result_.Aborted;
 }
 
-void OperationTalk::Cancel() {
+void OperationContext::Cancel() {
   result_.Aborted = true;
   NoteLeft(ECANCELED);
 }
 
-void OperationTalk::NoteLeft(int error) {
+void OperationContext::NoteLeft(int error) {
   if (result_.Code == 0) result_.Code = error;
 }
 
-void OperationTalk::Remark(OperationRemark remark, const std::string& path) {
+void OperationContext::Remark(OperationRemark remark, const std::string& path) {
   if (!Has(NoErrorWindows)) user_.OnRemark(remark, path);
 }
 
-bool OperationTalk::Retries(OperationStep step, const std::string& path, int error) {
+bool OperationContext::Retries(OperationStep step, const std::string& path, int error) {
   return Retries(step, path, SystemError(error));
 }
 
-bool OperationTalk::Retries(OperationStep step, const std::string& path,
-                            const base::Status& reason) {
+bool OperationContext::Retries(OperationStep step, const std::string& path,
+                               const base::Status& reason) {
   if (result_.Aborted) return false;
   if (!skipsAll_ && !Has(NoErrorWindows)) {
     switch (user_.OnTrouble({step, path, reason})) {
@@ -65,7 +65,7 @@ bool OperationTalk::Retries(OperationStep step, const std::string& path,
   return false;
 }
 
-ConflictChoice OperationTalk::AskConflict(OperationConflict conflict) {
+ConflictChoice OperationContext::AskConflict(OperationConflict conflict) {
   if (Has(NoConfirmation)) return ConflictChoice::Replace;
   std::optional<ConflictChoice>& forAll = conflictForAll_.at(SortOf(conflict));
   if (forAll) return *forAll;
@@ -79,7 +79,7 @@ ConflictChoice OperationTalk::AskConflict(OperationConflict conflict) {
   return answer.Choice;
 }
 
-NoTrashChoice OperationTalk::AskNoTrash(const std::string& path) {
+NoTrashChoice OperationContext::AskNoTrash(const std::string& path) {
   if (noTrashForAll_) return *noTrashForAll_;
   if (Has(NoErrorWindows)) return NoTrashChoice::Skip;
   const NoTrashAnswer answer = user_.OnNoTrash(path);
@@ -91,7 +91,7 @@ NoTrashChoice OperationTalk::AskNoTrash(const std::string& path) {
   return answer.Choice;
 }
 
-LossChoice OperationTalk::AskLoss(const std::string& path) {
+LossChoice OperationContext::AskLoss(const std::string& path) {
   if (Has(NoConfirmation)) return LossChoice::MoveAnyway;
   LossAnswer answer;
   if (lossForAll_) {
@@ -108,29 +108,29 @@ LossChoice OperationTalk::AskLoss(const std::string& path) {
   return answer.Choice;
 }
 
-bool OperationTalk::MakesFolder(const std::string& path) {
+bool OperationContext::MakesFolder(const std::string& path) {
   if (Has(NoConfirmNewFolder) || Has(NoConfirmation)) return true;
   if (user_.OnMissingFolder(path) == MissingFolderChoice::Make) return true;
   Cancel();
   return false;
 }
 
-bool OperationTalk::IsReportDue() const {
+bool OperationContext::IsReportDue() const {
   return !Has(Silent) && std::chrono::steady_clock::now() - lastReport_ >= reportInterval;
 }
 
-void OperationTalk::Report(std::string_view from, std::string_view to) {
+void OperationContext::Report(std::string_view from, std::string_view to) {
   OperationProgress progress = progress_;
   progress.From = from;
   progress.To = to;
   Send(progress);
 }
 
-void OperationTalk::ReportEnd() {
+void OperationContext::ReportEnd() {
   if (!Has(Silent)) Send(progress_);
 }
 
-void OperationTalk::Send(OperationProgress progress) {
+void OperationContext::Send(OperationProgress progress) {
   progress.Function = function_;
   if (totals_) totals_(progress);
   progress.BytesTotal = std::max(progress.BytesTotal, progress.BytesDone);

@@ -14,9 +14,9 @@ namespace tarnwell::platform {
 
 // Keeps count of the progress, remembers the answers given for all, obeys the flags by which
 // questions are not to be asked, and forms the result. Touches no file.
-class OperationTalk {
+class OperationContext {
  public:
-  OperationTalk(OperationUser& user, FileFunction function, std::uint16_t flags)
+  OperationContext(OperationUser& user, FileFunction function, std::uint16_t flags)
       : user_(user), function_(function), flags_(flags) {}
 
   FileFunction Function() const { return function_; }
