@@ -45,7 +45,7 @@ class Arranger {
 
   Arrangement Run() {
     if (!Prepare()) return out_;
-    MendRecords(out_.Panes, m_.Layout);
+    SanitizeRecords(out_.Panes, m_.Layout);
     SizePanes();
     for (int pane = 0; pane < lister::PaneCount; ++pane) CheckRoom(Pane(pane));
     SpanBars();

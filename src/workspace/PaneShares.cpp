@@ -52,7 +52,7 @@ void MendControlGroups(PaneRecords& panes) {
 
 }  // namespace
 
-void MendRecords(PaneRecords& panes, std::int32_t layout) {
+void SanitizeRecords(PaneRecords& panes, std::int32_t layout) {
   MendShares(panes, ShareField(layout));
   base::Twips PaneRecord::*const split =
       layout == Vertical ? &PaneRecord::Height : &PaneRecord::WidthH;

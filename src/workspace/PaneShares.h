@@ -18,7 +18,7 @@ inline float PaneRecord::*ShareField(std::int32_t layout) {
 // are no numbers or none above 0 become equal ones, and shares that do not add up to the whole are
 // scaled to it; a split that leaves its folder list nothing becomes the program's default; control
 // groups become each pane's own unless every open pane has one, and that an open pane's.
-void MendRecords(PaneRecords& panes, std::int32_t layout);
+void SanitizeRecords(PaneRecords& panes, std::int32_t layout);
 
 // The shares by which the open panes of the layout are laid out: their own, but none below `least`
 // (0 to 1), for which the others give way. Closed panes have 0.
