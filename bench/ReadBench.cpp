@@ -91,7 +91,7 @@ struct NoStamps : platform::FolderStamps {
   }
 };
 
-// Notes when rows came, and stops the read there if that is all that is asked for.
+// ExtendedAttributes when rows came, and stops the read there if that is all that is asked for.
 struct RowsNoted : NoView {
   ListerControl* List = nullptr;
   bool Stops = false;

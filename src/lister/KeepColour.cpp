@@ -27,8 +27,9 @@ struct Failures {
 
 base::Status Write(ListState& list, const std::string& path, ItemColour colour) {
   const std::string_view word = ItemColours[static_cast<std::size_t>(colour)].Word;
-  return list.Services.Files.WriteNote(path, platform::ItemNote::Colour,
-                                       colour == ItemColour::Default ? "" : std::string(word));
+  return list.Services.Files.WriteExtendedAttribute(
+      path, platform::ExtendedAttribute::Colour,
+      colour == ItemColour::Default ? "" : std::string(word));
 }
 
 void Show(FileListState& files, RowId row, const std::string& folder, const std::string& name,

@@ -48,7 +48,7 @@ struct ItemAttributes {
 };
 
 // Short texts that a file system can keep with an item.
-enum class ItemNote {
+enum class ExtendedAttribute {
   Colour,   // the word of the item's colour code
   Comment,  // what the user wrote about the item
 };
@@ -67,7 +67,8 @@ class OpenedFolder {
   // A link is followed.
   virtual base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const = 0;
   // An item without the note, and a file system that keeps none, give an empty text and no error.
-  virtual base::Status ReadNote(std::string_view name, ItemNote note, std::string& text) const = 0;
+  virtual base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute note,
+                                             std::string& text) const = 0;
 };
 
 // What a folder holds, with all that lies below it.
@@ -131,8 +132,8 @@ class FileSystem {
 
   // Keeps the text with the item; an empty one takes the note away. Gives an error where the file
   // system keeps none.
-  virtual base::Status WriteNote(const std::string& path, ItemNote note,
-                                 const std::string& text) = 0;
+  virtual base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute note,
+                                              const std::string& text) = 0;
   // The reasons of these two are sentences that say what to do.
   // Makes one folder; one that is there already gives an error.
   virtual base::Status MakeFolder(const std::string& path) = 0;

@@ -209,7 +209,7 @@ class FakeLauncher : public platform::Launcher {
   }
 };
 
-// Notes what is asked for; a test may do the work.
+// ExtendedAttributes what is asked for; a test may do the work.
 class FakeFileOperation : public platform::FileOperation {
  public:
   std::vector<platform::OperationRequest> Requests;

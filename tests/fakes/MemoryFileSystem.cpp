@@ -140,15 +140,15 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
                               platform::ItemAttributes& attributes) const override {
     return files_.AttributesOf(Item(name).get(), attributes);
   }
-  base::Status ReadNote(std::string_view name, platform::ItemNote note,
-                        std::string& text) const override {
+  base::Status ReadExtendedAttribute(std::string_view name, platform::ExtendedAttribute note,
+                                     std::string& text) const override {
     text.clear();
     const auto item = Item(name);
     if (item == nullptr) return NotFound();
     const MemoryItem* target = files_.Target(*item);
     if (target == nullptr) return {};
-    const auto found = target->Notes.find(note);
-    if (found != target->Notes.end()) text = found->second;
+    const auto found = target->ExtendedAttributes.find(note);
+    if (found != target->ExtendedAttributes.end()) text = found->second;
     return {};
   }
 
@@ -218,15 +218,16 @@ base::Status MemoryFileSystem::ReadSpace(const std::string& folder, platform::Sp
   return {};
 }
 
-base::Status MemoryFileSystem::WriteNote(const std::string& path, platform::ItemNote note,
-                                         const std::string& text) {
+base::Status MemoryFileSystem::WriteExtendedAttribute(const std::string& path,
+                                                      platform::ExtendedAttribute note,
+                                                      const std::string& text) {
   MemoryItem* item = Find(path, true);
   if (item == nullptr) return NotFound();
-  if (NoteFault.Code != 0) return NoteFault;
+  if (ExtendedAttributeFault.Code != 0) return ExtendedAttributeFault;
   if (text.empty()) {
-    item->Notes.erase(note);
+    item->ExtendedAttributes.erase(note);
   } else {
-    item->Notes[note] = text;
+    item->ExtendedAttributes[note] = text;
   }
   return {};
 }

@@ -28,7 +28,7 @@ struct MemoryItem : std::enable_shared_from_this<MemoryItem> {
   std::int64_t Created = platform::UnknownTime;
   std::int64_t Accessed = platform::UnknownTime;
   std::uint32_t Mode = 0644;
-  std::map<platform::ItemNote, std::string> Notes;
+  std::map<platform::ExtendedAttribute, std::string> ExtendedAttributes;
   base::Status ReadFault;        // ReadFolder and ReadFile fail with it
   base::Status AttributesFault;  // ReadAttributes fails with it
   int VanishAfter = -1;          // the folder goes once that many items of it have been read
@@ -56,9 +56,9 @@ class MemoryFileSystem : public platform::FileSystem {
   // Takes the item away with all that is below it.
   void Remove(const std::string& path);
 
-  base::Status WriteFault;  // WriteFile, MakeFolder and RemoveFile fail with it
-  std::string Fatal;        // OpenFolder and WriteFile throw where they meet this path
-  base::Status NoteFault;   // WriteNote fails with it, for any item
+  base::Status WriteFault;              // WriteFile, MakeFolder and RemoveFile fail with it
+  std::string Fatal;                    // OpenFolder and WriteFile throw where they meet this path
+  base::Status ExtendedAttributeFault;  // WriteExtendedAttribute fails with it, for any item
   platform::Space Space;
 
   const base::PathSyntax& Syntax() const override { return syntax_; }
@@ -72,8 +72,8 @@ class MemoryFileSystem : public platform::FileSystem {
   base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
                              platform::FolderTotal& total) const override;
   base::Status ReadSpace(const std::string& folder, platform::Space& space) const override;
-  base::Status WriteNote(const std::string& path, platform::ItemNote note,
-                         const std::string& text) override;
+  base::Status WriteExtendedAttribute(const std::string& path, platform::ExtendedAttribute note,
+                                      const std::string& text) override;
   base::Status MakeFolder(const std::string& path) override;
   base::Status Rename(const std::string& from, const std::string& to) override;
   base::Status ReadFile(const std::string& path, std::string& content) const override;

@@ -210,7 +210,8 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
           break;
         case 1:
           Platform.Files.AddFile(folder + name, std::string(random() % 9, 'x'))
-              .Notes[platform::ItemNote::Comment] = std::string(random() % 3, 'c');
+              .ExtendedAttributes[platform::ExtendedAttribute::Comment] =
+              std::string(random() % 3, 'c');
           break;
         case 2:
           Platform.Files.AddFile(folder + name).IsHidden = true;
@@ -387,13 +388,15 @@ TEST_F(FileList, GivesWayWhileItSorts) {
 }
 
 TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
-  const auto notes = [this](const std::string& name) -> std::map<platform::ItemNote, std::string>& {
-    return Platform.Files.At("C:\\box\\" + name).Notes;
+  const auto notes =
+      [this](const std::string& name) -> std::map<platform::ExtendedAttribute, std::string>& {
+    return Platform.Files.At("C:\\box\\" + name).ExtendedAttributes;
   };
   const auto colour = [this](const std::string& name) {
     return List.Look(Row(RootRow, name)).Colour;
   };
-  constexpr auto colourNote = platform::ItemNote::Colour, comment = platform::ItemNote::Comment;
+  constexpr auto colourNote = platform::ExtendedAttribute::Colour,
+                 comment = platform::ExtendedAttribute::Comment;
   notes("a.PDF") = {{colourNote, "red"}, {comment, "mine\n"}};
   notes("sub") = {{colourNote, "dark green"}};
   Load();

@@ -208,8 +208,9 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
     Platform.Files.AddFolder("C:\\many\\" + std::string(name)).Modified = 86'400'000'000'000;
   }
   Platform.Files.At("C:\\many\\music").Modified *= 3;
-  Platform.Files.At("C:\\many\\Zoo").Notes = {{platform::ItemNote::Colour, "blue"},
-                                              {platform::ItemNote::Comment, "lions"}};
+  Platform.Files.At("C:\\many\\Zoo").ExtendedAttributes = {
+      {platform::ExtendedAttribute::Colour, "blue"},
+      {platform::ExtendedAttribute::Comment, "lions"}};
   LoadDrive("C");
   List.ExpandFolder(0, "C:\\many", 1);
   const RowId many = RowOf("C:\\many"), music = Row(many, "music"), zoo = Row(many, "Zoo");

@@ -186,7 +186,7 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   List.CatchUp();
   EXPECT_EQ(size(List.Child(RootRow, 0)), "\u2265 162");  // and the listing
 
-  Platform.Files.NoteFault = {95, "Operation not supported"};
+  Platform.Files.ExtendedAttributeFault = {95, "Operation not supported"};
   Events.Take();
   std::int32_t count = 0;
   List.SetItemColor("red", count);
@@ -238,7 +238,8 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
     files.Rows.SetSelected(files.Rows.Count(), std::string(name) != "two");
   }
   const auto note = [&](const std::string& name) {
-    return Platform.Files.At("C:\\box\\" + name).Notes[platform::ItemNote::Colour];
+    return Platform.Files.At("C:\\box\\" + name)
+        .ExtendedAttributes[platform::ExtendedAttribute::Colour];
   };
   KeepColour(files, ItemColour::DarkGreen);
   EXPECT_EQ(note("file") + note("one") + note("two"), "dark greendark green");

@@ -159,7 +159,9 @@ TEST_F(ContextMenuTest, BookmarksHoldTheFolderThatWasClicked) {
 TEST_F(ContextMenuTest, ColoursComeWithAHintEach) {
   Space.Settings.FileCountMax = 3;
   Choose("a.txt", "Dark Green");
-  EXPECT_EQ(Platform.Files.At("C:\\Data\\a.txt").Notes[platform::ItemNote::Colour], "dark green");
+  EXPECT_EQ(
+      Platform.Files.At("C:\\Data\\a.txt").ExtendedAttributes[platform::ExtendedAttribute::Colour],
+      "dark green");
   ASSERT_EQ(Messages.Texts.size(), 1U);
   EXPECT_TRUE(Messages.Texts[0].starts_with("Note: This is the first time you are color coding"));
 
@@ -169,7 +171,8 @@ TEST_F(ContextMenuTest, ColoursComeWithAHintEach) {
   Choose("a.txt", "Red");
   // In a tree the folder that was clicked, and not the open one.
   Choose("C:\\", "Blue", 0);
-  EXPECT_EQ(Platform.Files.At("C:\\").Notes[platform::ItemNote::Colour], "blue");
+  EXPECT_EQ(Platform.Files.At("C:\\").ExtendedAttributes[platform::ExtendedAttribute::Colour],
+            "blue");
   ASSERT_EQ(Messages.Texts.size(), 3U);
   EXPECT_EQ(Messages.Texts[2],
             "When there are over 2 files in a folder, Tarnwell doesn't show the color coding "

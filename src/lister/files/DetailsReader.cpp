@@ -79,7 +79,7 @@ bool DetailsReader::ReadAttributesOf(RowId row, const platform::OpenedFolder& fo
 
 bool DetailsReader::LacksNotes() {
   if (files_.Rows.All().empty()) return false;
-  const Notes shown = Shown();
+  const ExtendedAttributes shown = Shown();
   // What is taken from the screen is asked for anew when it comes back.
   asked_.Colours = complete_.Colours || (asked_.Colours && shown.Colours);
   asked_.Comments = complete_.Comments || (asked_.Comments && shown.Comments);
@@ -88,8 +88,9 @@ bool DetailsReader::LacksNotes() {
 
 void DetailsReader::ReadNotes(ReadJob& job) {
   while (LacksNotes() && job.Goes()) {
-    const Notes shown = Shown();
-    const Notes lacking{shown.Colours && !asked_.Colours, shown.Comments && !asked_.Comments};
+    const ExtendedAttributes shown = Shown();
+    const ExtendedAttributes lacking{shown.Colours && !asked_.Colours,
+                                     shown.Comments && !asked_.Comments};
     asked_.Colours |= lacking.Colours;
     asked_.Comments |= lacking.Comments;
     if (!job.Folder) continue;
@@ -98,7 +99,7 @@ void DetailsReader::ReadNotes(ReadJob& job) {
         job, "Reading notes", [&](RowId row) { return !done[static_cast<std::size_t>(row)]; },
         [&](RowId row) {
           done[static_cast<std::size_t>(row)] = true;
-          return ReadNotesOf(row, lacking, *job.Folder);
+          return ReadExtendedAttributesOf(row, lacking, *job.Folder);
         });
     if (!job.Goes()) return;
     complete_.Colours |= lacking.Colours;
@@ -106,7 +107,8 @@ void DetailsReader::ReadNotes(ReadJob& job) {
   }
 }
 
-bool DetailsReader::ReadNotesOf(RowId row, Notes notes, const platform::OpenedFolder& folder) {
+bool DetailsReader::ReadExtendedAttributesOf(RowId row, ExtendedAttributes notes,
+                                             const platform::OpenedFolder& folder) {
   ItemColour colour = files_.Rows.Row(row).Colour;
   std::string comment(files_.Rows.Comment(row));
   Read(files_.Rows.Name(row), notes, folder, colour, comment);
@@ -116,15 +118,18 @@ bool DetailsReader::ReadNotesOf(RowId row, Notes notes, const platform::OpenedFo
 }
 
 // What cannot be read is as good as not there.
-void DetailsReader::Read(std::string_view name, Notes notes, const platform::OpenedFolder& folder,
-                         ItemColour& colour, std::string& comment) {
-  using platform::ItemNote;
+void DetailsReader::Read(std::string_view name, ExtendedAttributes notes,
+                         const platform::OpenedFolder& folder, ItemColour& colour,
+                         std::string& comment) {
+  using platform::ExtendedAttribute;
   if (notes.Colours) {
     std::string word;
-    const bool known = static_cast<bool>(folder.ReadNote(name, ItemNote::Colour, word));
+    const bool known =
+        static_cast<bool>(folder.ReadExtendedAttribute(name, ExtendedAttribute::Colour, word));
     colour = known ? ColourOfWord(word) : ItemColour::Default;
   }
-  if (notes.Comments && !folder.ReadNote(name, ItemNote::Comment, comment)) comment.clear();
+  if (notes.Comments && !folder.ReadExtendedAttribute(name, ExtendedAttribute::Comment, comment))
+    comment.clear();
 }
 
 }  // namespace tarnwell::lister

@@ -27,8 +27,8 @@ class DetailsReader {
   void ReadNotes(ReadJob& job);
   bool LacksNotes();
   // Reads the notes of one item that are known of the others; the rest stays as it was.
-  void ReadNotesOf(std::string_view name, const platform::OpenedFolder& folder, ItemColour& colour,
-                   std::string& comment) const {
+  void ReadExtendedAttributesOf(std::string_view name, const platform::OpenedFolder& folder,
+                                ItemColour& colour, std::string& comment) const {
     Read(name, complete_, folder, colour, comment);
   }
 
@@ -36,24 +36,25 @@ class DetailsReader {
   bool TakeKindsChanged() { return std::exchange(kindsChanged_, false); }
 
  private:
-  struct Notes {
+  struct ExtendedAttributes {
     bool Colours = false;
     bool Comments = false;
   };
 
   // True when the row looks different now.
   bool ReadAttributesOf(RowId row, const platform::OpenedFolder& folder);
-  bool ReadNotesOf(RowId row, Notes notes, const platform::OpenedFolder& folder);
-  static void Read(std::string_view name, Notes notes, const platform::OpenedFolder& folder,
-                   ItemColour& colour, std::string& comment);
+  bool ReadExtendedAttributesOf(RowId row, ExtendedAttributes notes,
+                                const platform::OpenedFolder& folder);
+  static void Read(std::string_view name, ExtendedAttributes notes,
+                   const platform::OpenedFolder& folder, ItemColour& colour, std::string& comment);
   // Calls `look` for all rows for which `lacks` holds, until it has done so.
   template <typename Lacks, typename Look>
   void Go(ReadJob& job, std::string_view what, Lacks lacks, Look look);
-  Notes Shown() const { return {files_.ShowsColours(), files_.ShowsComments()}; }
+  ExtendedAttributes Shown() const { return {files_.ShowsColours(), files_.ShowsComments()}; }
 
   FileListState& files_;
-  Notes asked_;     // whether or not the user stopped the reading
-  Notes complete_;  // known of all rows
+  ExtendedAttributes asked_;     // whether or not the user stopped the reading
+  ExtendedAttributes complete_;  // known of all rows
   bool kindsChanged_ = false;
 };
 

@@ -89,7 +89,7 @@ void FolderUpdate::LookAt(Item& item, const platform::OpenedFolder& folder) cons
     item.Colour = files_.Rows.Row(item.Row).Colour;
     item.Comment = files_.Rows.Comment(item.Row);
   }
-  details_.ReadNotesOf(item.Name, folder, item.Colour, item.Comment);
+  details_.ReadExtendedAttributesOf(item.Name, folder, item.Colour, item.Comment);
 }
 
 bool FolderUpdate::Change(std::vector<Item>& items) {

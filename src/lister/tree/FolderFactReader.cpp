@@ -122,13 +122,14 @@ bool FolderFactReader::FillRow(RowId row, std::uint8_t wanted,
     facts.Accessed = attributes.Accessed;
     facts.Mode = attributes.Mode;
   }
-  const auto note = [&](platform::ItemNote kind) {
+  const auto note = [&](platform::ExtendedAttribute kind) {
     std::string text;
-    if (opened == nullptr || !opened->ReadNote(name, kind, text)) text.clear();
+    if (opened == nullptr || !opened->ReadExtendedAttribute(name, kind, text)) text.clear();
     return text;
   };
-  if ((wanted & ColourFact) != 0) facts.Colour = ColourOfWord(note(platform::ItemNote::Colour));
-  if ((wanted & CommentFact) != 0) facts.Comment = note(platform::ItemNote::Comment);
+  if ((wanted & ColourFact) != 0)
+    facts.Colour = ColourOfWord(note(platform::ExtendedAttribute::Colour));
+  if ((wanted & CommentFact) != 0) facts.Comment = note(platform::ExtendedAttribute::Comment);
   return tree_.SetFacts(row, wanted, facts);
 }
 

@@ -160,33 +160,39 @@ TEST(LinuxFileSystem, KeepsNotes) {
   symlink(odd.c_str(), (folder / "link").c_str());
   symlink("nowhere", (folder / "dangling").c_str());
   symlink("loop", (folder / "loop").c_str());
-  base::Status status = files.WriteNote(folder / odd, ItemNote::Comment, longText);
+  base::Status status =
+      files.WriteExtendedAttribute(folder / odd, ExtendedAttribute::Comment, longText);
   if (status.Code == ENOTSUP) GTEST_SKIP() << status.Reason;
   ASSERT_TRUE(status) << status.Reason;
 
   const auto opened = files.OpenFolder(folder.Path(), status);
-  const auto noteOf = [&](const std::string& name, ItemNote note) {
+  const auto noteOf = [&](const std::string& name, ExtendedAttribute note) {
     std::string text = "old";
-    const base::Status read = opened->ReadNote(name, note, text);
+    const base::Status read = opened->ReadExtendedAttribute(name, note, text);
     return read ? text : std::to_string(read.Code);
   };
-  EXPECT_TRUE(files.WriteNote(folder / "link", ItemNote::Colour, "red"));
+  EXPECT_TRUE(files.WriteExtendedAttribute(folder / "link", ExtendedAttribute::Colour, "red"));
   for (const std::string& name : {odd, std::string("link")}) {
-    EXPECT_EQ(noteOf(name, ItemNote::Colour) + noteOf(name, ItemNote::Comment), "red" + longText);
+    EXPECT_EQ(noteOf(name, ExtendedAttribute::Colour) + noteOf(name, ExtendedAttribute::Comment),
+              "red" + longText);
   }
-  EXPECT_TRUE(files.WriteNote(folder / odd, ItemNote::Colour, ""));
-  EXPECT_TRUE(files.WriteNote(folder / odd, ItemNote::Colour, ""));
+  EXPECT_TRUE(files.WriteExtendedAttribute(folder / odd, ExtendedAttribute::Colour, ""));
+  EXPECT_TRUE(files.WriteExtendedAttribute(folder / odd, ExtendedAttribute::Colour, ""));
   for (const std::string& name : {odd, std::string("sub"), std::string("fifo"),
                                   std::string("dangling"), std::string("loop")}) {
-    EXPECT_EQ(noteOf(name, ItemNote::Colour), "") << name;
+    EXPECT_EQ(noteOf(name, ExtendedAttribute::Colour), "") << name;
   }
-  EXPECT_EQ(noteOf("missing", ItemNote::Colour), std::to_string(ENOENT));
-  status = files.WriteNote(folder / "dangling", ItemNote::Colour, "red");
+  EXPECT_EQ(noteOf("missing", ExtendedAttribute::Colour), std::to_string(ENOENT));
+  status = files.WriteExtendedAttribute(folder / "dangling", ExtendedAttribute::Colour, "red");
   EXPECT_EQ(status.Reason, "The link leads nowhere");
-  EXPECT_EQ(files.WriteNote(folder / "fifo", ItemNote::Colour, "red").Code, EPERM);
-  EXPECT_FALSE(files.WriteNote(folder / odd, ItemNote::Comment, std::string(100'000, 'x')));
-  EXPECT_EQ(noteOf(odd, ItemNote::Comment), longText);
-  EXPECT_EQ(files.WriteNote("/proc/self/status", ItemNote::Colour, "red").Code, ENOTSUP);
+  EXPECT_EQ(files.WriteExtendedAttribute(folder / "fifo", ExtendedAttribute::Colour, "red").Code,
+            EPERM);
+  EXPECT_FALSE(files.WriteExtendedAttribute(folder / odd, ExtendedAttribute::Comment,
+                                            std::string(100'000, 'x')));
+  EXPECT_EQ(noteOf(odd, ExtendedAttribute::Comment), longText);
+  EXPECT_EQ(
+      files.WriteExtendedAttribute("/proc/self/status", ExtendedAttribute::Colour, "red").Code,
+      ENOTSUP);
 }
 
 TEST(LinuxFileSystem, SaysWhatToDoWhereANameOrTargetCannotBe) {

@@ -10,7 +10,7 @@
 #include <stdexcept>
 
 #include "platform/linux/files/CheckTarget.h"
-#include "platform/linux/files/ItemNotes.h"
+#include "platform/linux/files/ExtendedAttributes.h"
 #include "platform/linux/files/LinuxFolder.h"
 #include "platform/linux/files/MeasureFolder.h"
 #include "platform/linux/files/NamingError.h"
@@ -89,9 +89,10 @@ base::Status LinuxFileSystem::ReadSpace(const std::string& folder, Space& space)
   return {};
 }
 
-base::Status LinuxFileSystem::WriteNote(const std::string& path, ItemNote note,
-                                        const std::string& text) {
-  return WriteItemNote(path, note, text);
+base::Status LinuxFileSystem::WriteExtendedAttribute(const std::string& path,
+                                                     ExtendedAttribute note,
+                                                     const std::string& text) {
+  return platform::WriteExtendedAttribute(path, note, text);
 }
 
 base::Status LinuxFileSystem::CheckTarget(const std::string& path) const {

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/linux/files/ItemNotes.h"
+#include "platform/linux/files/ExtendedAttributes.h"
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/ItemStat.h"
 #include "platform/linux/posix/SystemError.h"
@@ -78,12 +78,14 @@ base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& 
   return ReadItemStat(folder_.Get(), ended.Text(), attributes);
 }
 
-base::Status LinuxFolder::ReadNote(std::string_view name, ItemNote note, std::string& text) const {
+base::Status LinuxFolder::ReadExtendedAttribute(std::string_view name, ExtendedAttribute note,
+                                                std::string& text) const {
   text.clear();
   std::array<char, 40> start;
   const int length = std::snprintf(start.data(), start.size(), "/proc/self/fd/%d/", folder_.Get());
   const EndedName ended(name, {start.data(), static_cast<std::size_t>(length)});
-  return ended.Error() != 0 ? SystemError(ended.Error()) : ReadItemNote(ended.Text(), note, text);
+  return ended.Error() != 0 ? SystemError(ended.Error())
+                            : platform::ReadExtendedAttribute(ended.Text(), note, text);
 }
 
 }  // namespace tarnwell::platform

@@ -16,7 +16,8 @@ class LinuxFolder : public OpenedFolder {
 
   base::Status Read(const TakeEntry& take) override;
   base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const override;
-  base::Status ReadNote(std::string_view name, ItemNote note, std::string& text) const override;
+  base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute note,
+                                     std::string& text) const override;
 
  private:
   Descriptor folder_;

@@ -1,4 +1,4 @@
-// Notes that file systems keep with items, in extended attributes.
+// ExtendedAttributes that file systems keep with items, in extended attributes.
 #pragma once
 
 #include <string>
@@ -11,9 +11,10 @@ namespace tarnwell::platform {
 // Of the item that the path leads to. Nothing is opened, so that any kind of item may be asked for.
 // Links keep no notes of their own: the text is that of the target, a link that leads nowhere has
 // none. Empty, and no error, where there is no such note.
-base::Status ReadItemNote(const char* path, ItemNote note, std::string& text);
+base::Status ReadExtendedAttribute(const char* path, ExtendedAttribute note, std::string& text);
 
 // Keeps the text, or takes the note away when the text is empty. The path may have any length.
-base::Status WriteItemNote(const std::string& path, ItemNote note, const std::string& text);
+base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute note,
+                                    const std::string& text);
 
 }  // namespace tarnwell::platform

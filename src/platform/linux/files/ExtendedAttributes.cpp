@@ -1,4 +1,4 @@
-#include "platform/linux/files/ItemNotes.h"
+#include "platform/linux/files/ExtendedAttributes.h"
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -12,8 +12,8 @@
 namespace tarnwell::platform {
 namespace {
 
-const char* AttributeOf(ItemNote note) {
-  return note == ItemNote::Colour ? "user.tarnwell.color" : "user.xdg.comment";
+const char* AttributeOf(ExtendedAttribute note) {
+  return note == ExtendedAttribute::Colour ? "user.tarnwell.color" : "user.xdg.comment";
 }
 
 bool LeadsNowhere(const char* path) {
@@ -42,7 +42,7 @@ base::Status NoteError(int number, mode_t mode) {
 
 }  // namespace
 
-base::Status ReadItemNote(const char* path, ItemNote note, std::string& text) {
+base::Status ReadExtendedAttribute(const char* path, ExtendedAttribute note, std::string& text) {
   text.clear();
   const char* const attribute = AttributeOf(note);
   std::array<char, 256> few;
@@ -63,7 +63,8 @@ base::Status ReadItemNote(const char* path, ItemNote note, std::string& text) {
   return SystemError(error);
 }
 
-base::Status WriteItemNote(const std::string& path, ItemNote note, const std::string& text) {
+base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute note,
+                                    const std::string& text) {
   // Held without being opened, since opening a FIFO or a device does something to it.
   const Descriptor item = OpenPath(path, O_PATH);
   struct stat found {};
