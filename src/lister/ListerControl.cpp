@@ -338,7 +338,7 @@ void ListerControl::LookAtDisk(LookReason reason) {
   FolderFollower& follower = parts_->Body->Follower;
   const bool mayLook = Visible || reason == LookReason::Mounts;  // these are told of once
   if (!mayLook || parts_->State.Services.OpenBrackets > 0) return follower.LookAgainLater();
-  follower.Look(reason);
+  follower.StateOf(reason);
 }
 
 void ListerControl::DrivesChanged() {
@@ -361,10 +361,10 @@ RowId ListerControl::Parent(RowId row) const {
 int ListerControl::PositionOf(RowId row) const {
   return parts_->Body->PositionOf(row);
 }
-RowState ListerControl::Look(RowId row) const {
-  RowState look = parts_->Body->Look(row);
-  look.IsTarget = row > RootRow && parts_->IsTarget(row);
-  return look;
+RowState ListerControl::StateOf(RowId row) const {
+  RowState state = parts_->Body->StateOf(row);
+  state.IsTarget = row > RootRow && parts_->IsTarget(row);
+  return state;
 }
 std::string ListerControl::CellText(RowId row, HeadingId heading) const {
   return parts_->Body->CellText(row, heading);

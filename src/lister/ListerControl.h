@@ -351,7 +351,7 @@ class ListerControl : public forms::Control {
   RowId Child(RowId parent, int position) const;
   RowId Parent(RowId row) const;
   int PositionOf(RowId row) const;  // among the children of its parent
-  RowState Look(RowId row) const;
+  RowState StateOf(RowId row) const;
   // Text of a cell, for showing: valid UTF-8.
   std::string CellText(RowId row, HeadingId heading) const;
   // In words what the size says by a sign; empty for most.

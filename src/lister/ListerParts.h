@@ -24,7 +24,7 @@ struct ListerControl::Parts {
   bool IsFolder(RowId row) const {
     const std::string path = Body->PathOf(row);
     if (path.empty()) return false;
-    const platform::ItemKind kind = Body->Look(row).Kind;
+    const platform::ItemKind kind = Body->StateOf(row).Kind;
     // A read may not have come as far as to tell.
     return kind == platform::ItemKind::Unknown ? State.Services.Files.FolderExists(path)
                                                : kind == platform::ItemKind::Folder;

@@ -130,7 +130,7 @@ TEST_F(DropItemsTest, PastesWhatIsSelectedAndEndsTheAction) {
     Space.ResizeAction = "DragStart";
     Command.Paste(100, 101, skipDialog);
     EXPECT_EQ(Space.ResizeAction, "");
-    EXPECT_FALSE(Space.Lists[100].Look(Row(100, "Sub")).IsTarget);
+    EXPECT_FALSE(Space.Lists[100].StateOf(Row(100, "Sub")).IsTarget);
     return Take();
   };
   OnDrop = {};

@@ -185,7 +185,7 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
     }
     const std::set<std::string> before = std::exchange(selected, {});
     for (const std::string& name : Names()) {
-      EXPECT_EQ(List.Look(Row(RootRow, name)).IsSelected, before.contains(name)) << name;
+      EXPECT_EQ(List.StateOf(Row(RootRow, name)).IsSelected, before.contains(name)) << name;
       if (before.contains(name)) selected.insert(name);
     }
     EXPECT_EQ(List.CurrentRow(), rows.at("a.PDF"));
@@ -393,7 +393,7 @@ TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
     return Platform.Files.At("C:\\box\\" + name).ExtendedAttributes;
   };
   const auto colour = [this](const std::string& name) {
-    return List.Look(Row(RootRow, name)).Colour;
+    return List.StateOf(Row(RootRow, name)).Colour;
   };
   constexpr auto colourNote = platform::ExtendedAttribute::Colour,
                  comment = platform::ExtendedAttribute::Comment;
@@ -644,7 +644,7 @@ TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
   std::int32_t mode = 0;
   List.CompareAgainst(none, mode);
   const auto marked = [this](const std::string& name) {
-    return List.Look(Row(RootRow, name)).Marks.OnlyHere;
+    return List.StateOf(Row(RootRow, name)).Marks.OnlyHere;
   };
   Platform.Files.AddFile("C:\\box\\a.PDF", "more");
   View.Cells.clear();

@@ -40,15 +40,15 @@ TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
   const RowId top = List.Child(RootRow, 0);
   EXPECT_EQ(Names(top), (Texts{"apps", "music", "Work", "Zoo"}));
   EXPECT_EQ(List.CurrentFolder() + List.InitialDrive(), "C:\\C");
-  EXPECT_TRUE(List.Look(top).IsOpen && List.Look(Row(top, "music")).IsLink);
+  EXPECT_TRUE(List.StateOf(top).IsOpen && List.StateOf(Row(top, "music")).IsLink);
 
   const RowId work = Row(top, "Work");
-  EXPECT_TRUE(List.Look(work).HasChildren);
+  EXPECT_TRUE(List.StateOf(work).HasChildren);
   EXPECT_EQ(Reads("C:\\Work"), 0);
   List.Expand(work);
   EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
   List.Expand(Row(work, "p10"));
-  EXPECT_FALSE(List.Look(Row(work, "p10")).HasChildren);
+  EXPECT_FALSE(List.StateOf(Row(work, "p10")).HasChildren);
   EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});  // of the drive
 }
 
@@ -68,7 +68,7 @@ TEST_F(FolderList, OpensAFolderWithTheBranchesAboveIt) {
 
   // What the user asks for is shown although it is hidden, or new since the branch was read.
   List.OpenFolder(0, "C:\\secret");
-  EXPECT_TRUE(List.Look(RowOf("C:\\secret")).IsHidden);
+  EXPECT_TRUE(List.StateOf(RowOf("C:\\secret")).IsHidden);
   Platform.Files.AddFolder("C:\\Work\\p9\\new");
   List.ExpandFolder(0, "C:\\Work\\p9\\", 1);
   List.OpenFolder(0, "C:\\Work\\p9\\new");
@@ -93,7 +93,7 @@ TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
             (Texts{"C:\\", "C:\\secret", "C:\\Work\\p9", "C:\\Work\\p9\\deep", "D:\\Music"}));
   EXPECT_EQ(Reads("C:\\Work\\p9"), 0);  // the branch above it is not expanded
   List.Expand(RowOf("C:\\Work"));
-  EXPECT_TRUE(List.Look(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
+  EXPECT_TRUE(List.StateOf(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
 
   // What cannot be looked at may come back, and so may what lies below a mount point.
   Platform.Files.At("C:\\Work\\p9").AttributesFault = Platform.Files.Denied();
@@ -141,8 +141,8 @@ TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   const RowId work = RowOf("C:\\Work");
   List.Expand(work);
   EXPECT_EQ(List.StatusText(), "Cannot read C:\\Work: Permission denied");
-  EXPECT_FALSE(List.Look(work).HasChildren);
-  EXPECT_FALSE(List.Look(work).IsExpanded);
+  EXPECT_FALSE(List.StateOf(work).HasChildren);
+  EXPECT_FALSE(List.StateOf(work).IsExpanded);
 
   // What lies in it can be entered all the same.
   List.OpenFolder(0, "C:\\Work\\p9");
@@ -220,9 +220,9 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
   EXPECT_EQ(List.CellText(music, modified), "1970-01-04 00:00:00");
   EXPECT_EQ(List.CellText(zoo, HeadingId::Comments), "lions");
   List.SetProperty("ShowColor", base::Value(true));
-  EXPECT_EQ(List.Look(zoo).Colour, ItemColour::Blue);
+  EXPECT_EQ(List.StateOf(zoo).Colour, ItemColour::Blue);
   List.SetProperty("FileCountMax", base::Value(std::int32_t{3}));
-  EXPECT_EQ(List.Look(zoo).Colour, ItemColour::Default);
+  EXPECT_EQ(List.StateOf(zoo).Colour, ItemColour::Default);
 
   // By date, then by name; what comes or changes finds its place.
   List.AddSortKey(0, "sModified", "des");
@@ -347,8 +347,8 @@ TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
   // Escape leaves the branch as it was.
   Platform.Pump.Post([this] { List.CancelRequested = true; });
   List.Expand(RowOf("C:\\Work\\p9"));
-  EXPECT_TRUE(List.Look(RowOf("C:\\Work\\p9")).HasChildren);
-  EXPECT_FALSE(List.Look(RowOf("C:\\Work\\p9")).IsExpanded);
+  EXPECT_TRUE(List.StateOf(RowOf("C:\\Work\\p9")).HasChildren);
+  EXPECT_FALSE(List.StateOf(RowOf("C:\\Work\\p9")).IsExpanded);
 
   Platform.Pump.Post([this] { List.Terminate(); });
   List.RefreshList();

@@ -133,7 +133,7 @@ class ListFixture : public testing::Test {
     for (const RowId row : {NoRow, RootRow, beyond}) {
       EXPECT_EQ(List.PathOf(row) + List.CellText(row, HeadingId::Path), "");
       EXPECT_EQ(List.PositionOf(row), -1);
-      EXPECT_FALSE(List.Look(row).HasChildren);
+      EXPECT_FALSE(List.StateOf(row).HasChildren);
       List.MoveCurrent(row);
       List.Activate(row);
       List.Expand(row);

@@ -59,7 +59,7 @@ class Selection : public ListFixture {
   std::string Marks() const {
     std::string marks, ranges;
     for (int at = 0; at < List.ChildCount(RootRow); ++at) {
-      marks += List.Look(List.Child(RootRow, at)).IsSelected ? '#' : '.';
+      marks += List.StateOf(List.Child(RootRow, at)).IsSelected ? '#' : '.';
     }
     ranges.resize(marks.size(), '.');
     for (const RowRange range : List.SelectedRanges()) {
@@ -346,7 +346,7 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   // The clicked item stays the one that is meant while the menu's action runs.
   List.MouseDown(At(0, RowPart::Item, 0, 2));
   List.BeginContextAction();
-  EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  EXPECT_TRUE(List.StateOf(Row(RootRow, "sub.d")).IsTarget);
   Click(1, RowPart::Item);
   List.PrepareSelectionMouse();
   EXPECT_EQ(Marks() + Clicked(), "#..2 C:\\box\\+sub.d");
@@ -355,9 +355,9 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
 
   Events.Take();
   List.DragOver(Row(RootRow, "sub.d"));
-  EXPECT_TRUE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  EXPECT_TRUE(List.StateOf(Row(RootRow, "sub.d")).IsTarget);
   List.DropOn(List.DropTarget(Row(RootRow, "sub.d")), {"C:\\x", "x", "copy", 100});
-  EXPECT_FALSE(List.Look(Row(RootRow, "sub.d")).IsTarget);
+  EXPECT_FALSE(List.StateOf(Row(RootRow, "sub.d")).IsTarget);
   EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
   List.DropOn("C:\\box\\sub.d", {"C:\\x", "x", "copy", NoList, 2});
   EXPECT_EQ(Events.Take(), (Texts{"ItemsDropped",

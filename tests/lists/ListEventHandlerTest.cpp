@@ -142,12 +142,12 @@ TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
   Space.Lists[101].KeyDown(lister::DownKey, 0);  // reported by another list
   Space.Lists[100].KeyDown(lister::DownKey, 0);
   EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "a.txt"));
-  EXPECT_TRUE(Space.Lists[100].Look(Row(100, "a.txt")).IsSelected);
+  EXPECT_TRUE(Space.Lists[100].StateOf(Row(100, "a.txt")).IsSelected);
   Space.Lists[100].KeyDown(lister::SpaceKeyCode, 0);
   EXPECT_TRUE(Space.SpaceHeld);
-  EXPECT_FALSE(Space.Lists[100].Look(Row(100, "a.txt")).IsSelected);
+  EXPECT_FALSE(Space.Lists[100].StateOf(Row(100, "a.txt")).IsSelected);
   Space.Lists[100].KeyDown(lister::UpKey, 0);  // takes the next one out as well
-  EXPECT_FALSE(Space.Lists[100].Look(Row(100, "Deep")).IsSelected);
+  EXPECT_FALSE(Space.Lists[100].StateOf(Row(100, "Deep")).IsSelected);
   Space.Lists[100].KeyUp(lister::SpaceKeyCode);
   EXPECT_FALSE(Space.SpaceHeld);
 

@@ -54,7 +54,7 @@ struct MenuRun : lists::TestLists {
     bool marked = false;
     Space.ForEachList([&](lister::ListerControl& list) {
       for (int at = 0; at < list.ChildCount(lister::RootRow); ++at) {
-        marked = marked || list.Look(list.Child(lister::RootRow, at)).IsTarget;
+        marked = marked || list.StateOf(list.Child(lister::RootRow, at)).IsTarget;
       }
     });
     return !marked && Platform.Watches.Watched().size() == Watched && !Picture().empty();

@@ -21,7 +21,7 @@ class CompareFoldersTest : public testing::Test, public lists::TestLists {
     std::string text;
     for (int at = 0; at < list.ChildCount(lister::RootRow); ++at) {
       const lister::RowId row = list.Child(lister::RootRow, at);
-      const lister::CompareMarks marks = list.Look(row).Marks;
+      const lister::CompareMarks marks = list.StateOf(row).Marks;
       if (!marks.Any()) continue;
       text += list.CellText(row, lister::HeadingId::Name) + (marks.OnlyHere ? "+" : "") +
               (marks.Larger ? ">" : "") + (marks.Smaller ? "<" : "") + " ";

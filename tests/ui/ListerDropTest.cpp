@@ -51,7 +51,7 @@ class ListerDropTest : public ListerWidgetTest {
     return condition();
   }
   bool Marked(const List& list, const std::string& path) {
-    return list.Control.Look(list.Row(path)).IsTarget;
+    return list.Control.StateOf(list.Row(path)).IsTarget;
   }
   void Carry(const std::string& items) { Data = MimeDataOf(SplitItems(items)); }
 

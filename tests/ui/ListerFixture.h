@@ -93,7 +93,7 @@ class ListerWidgetTest : public testing::Test {
       std::string names;
       for (int at = 0; at < Control.ChildCount(lister::RootRow); ++at) {
         const RowId row = Control.Child(lister::RootRow, at);
-        if (!Control.Look(row).IsSelected) continue;
+        if (!Control.StateOf(row).IsSelected) continue;
         names += Control.CellText(row, lister::HeadingId::Name) + " ";
       }
       return names;

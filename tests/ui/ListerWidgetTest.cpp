@@ -35,7 +35,7 @@ TEST_F(ListerWidgetTest, BranchesFollowTheControlAndTheUser) {
   list.Control.Collapse(list.Row("/a"));
   EXPECT_FALSE(list.Tree->isExpanded(list.Index("/a")));
   Settle();
-  EXPECT_FALSE(list.Control.Look(list.Row("/a")).IsExpanded);
+  EXPECT_FALSE(list.Control.StateOf(list.Row("/a")).IsExpanded);
 
   list.Control.Expand(list.Row("/a"));
   list.Control.RefreshList();
@@ -46,7 +46,7 @@ TEST_F(ListerWidgetTest, BranchesFollowTheControlAndTheUser) {
   Events.Take();
   list.Click(list.Tree->visualRect(list.Index("/a")).topLeft() + QPoint(-8, 5));
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "MouseReleased"}));
-  EXPECT_FALSE(list.Control.Look(list.Row("/a")).IsExpanded);
+  EXPECT_FALSE(list.Control.StateOf(list.Row("/a")).IsExpanded);
 
   Platform.Files.At("/d").ReadFault = fakes::MemoryFileSystem::Denied();
   for (const char* path : {"/f", "/d"}) {  // empty, and shut

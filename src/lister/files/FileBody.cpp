@@ -127,7 +127,7 @@ int FileBody::PositionOf(RowId row) const {
   return files_.Rows.Has(row) ? files_.Rows.PositionOf(row) : -1;
 }
 
-RowState FileBody::Look(RowId row) const {
+RowState FileBody::StateOf(RowId row) const {
   return files_.Rows.Has(row) ? FileLook(files_, row) : RowState{};
 }
 

@@ -110,7 +110,7 @@ class ListBody {
   virtual RowId Child(RowId parent, int position) const = 0;
   virtual RowId Parent(RowId row) const = 0;
   virtual int PositionOf(RowId row) const = 0;
-  virtual RowState Look(RowId row) const = 0;
+  virtual RowState StateOf(RowId row) const = 0;
   virtual std::string CellText(RowId row, HeadingId heading) const = 0;
   // The row is a folder that was measured, but not all of it could be read.
   virtual bool IsSizePartial(RowId row) const = 0;

@@ -16,7 +16,7 @@ std::vector<RowId> RowsOnShow(const ListBody& body) {
     const RowId row = left.back();
     left.pop_back();
     if (row != RootRow) rows.push_back(row);
-    if (row != RootRow && !body.Look(row).IsExpanded) continue;
+    if (row != RootRow && !body.StateOf(row).IsExpanded) continue;
     for (int at = body.ChildCount(row); at-- > 0;) left.push_back(body.Child(row, at));
   }
   return rows;

@@ -54,7 +54,7 @@ class FolderBody : public ListBody {
   RowId Child(RowId parent, int position) const override;
   RowId Parent(RowId row) const override;
   int PositionOf(RowId row) const override;
-  RowState Look(RowId row) const override;
+  RowState StateOf(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
   bool IsSizePartial(RowId row) const override;
   std::string CellBytes(RowId row, HeadingId heading) const override;

@@ -48,7 +48,7 @@ ListerDelegate::ListerDelegate(const lister::ListerControl& control, const Liste
       fileList_(lister::IsFileList(control.Id())) {}
 
 void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index, const RowState& row) const {
+                               const QModelIndex& index, const PaintedRow& row) const {
   if (IsName(index)) {
     PaintName(painter, option, index, row);
     return;
@@ -57,35 +57,35 @@ void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& op
   if (area.width() <= 0) return;
   const QString text = index.data().toString();
   if (text.isEmpty()) return;
-  painter.setPen(style_.ColoursOf(row.Look.IsSelected, row.IsHovered).Secondary);
+  painter.setPen(style_.ColoursOf(row.State.IsSelected, row.IsHovered).Secondary);
   painter.drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
                    option.fontMetrics.elidedText(text, Qt::ElideRight, area.width()));
 }
 
 void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index, const RowState& row) const {
-  const RowColours& colours = style_.ColoursOf(row.Look.IsSelected, row.IsHovered);
+                               const QModelIndex& index, const PaintedRow& row) const {
+  const RowColours& colours = style_.ColoursOf(row.State.IsSelected, row.IsHovered);
   const NameCell parts = PartsOfName(option.rect, option.decorationSize.width(), fileList_);
   painter.save();
   painter.setClipRect(option.rect, Qt::IntersectClip);
 
   const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
-  if (row.Look.IsHidden) painter.setOpacity(HiddenOpacity);
+  if (row.State.IsHidden) painter.setOpacity(HiddenOpacity);
   icon.paint(&painter, parts.Icon);
   painter.setOpacity(1);
 
   QRect area = parts.Text;
-  const int marks = MarksWidth(row.Look.Marks);
+  const int marks = MarksWidth(row.State.Marks);
   // A name that the badges would cut to nothing goes first.
   if (marks > 0 && area.width() - marks >= 3 * option.fontMetrics.averageCharWidth()) {
-    PaintMarks(painter, area, row.Look.Marks, style_.Arrow, colours.Secondary);
+    PaintMarks(painter, area, row.State.Marks, style_.Arrow, colours.Secondary);
     area.setRight(area.right() - marks);
   }
   const QString text =
       option.fontMetrics.elidedText(index.data().toString(), Qt::ElideMiddle, area.width());
 
-  if (row.Look.Colour != ItemColour::Default) {
-    const auto colour = static_cast<std::size_t>(row.Look.Colour);
+  if (row.State.Colour != ItemColour::Default) {
+    const auto colour = static_cast<std::size_t>(row.State.Colour);
     const QRect tint(area.left() - 3, area.top() + 2,
                      std::min(option.fontMetrics.horizontalAdvance(text), area.width()) + 7,
                      area.height() - 4);
@@ -95,13 +95,13 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
     painter.drawRoundedRect(tint, 3, 3);
     painter.setRenderHint(QPainter::Antialiasing, false);
   }
-  if (fileList_ && (row.Look.IsSelected || row.IsGapHovered)) {
-    if (!row.Look.IsSelected) painter.setOpacity(0.35);
+  if (fileList_ && (row.State.IsSelected || row.IsGapHovered)) {
+    if (!row.State.IsSelected) painter.setOpacity(0.35);
     PaintArrow(painter, parts.Gap, style_.Arrow);
     painter.setOpacity(1);
   }
   if (area.width() > 0) {
-    painter.setPen(row.Look.IsHidden ? colours.Secondary : colours.Text);
+    painter.setPen(row.State.IsHidden ? colours.Secondary : colours.Text);
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
   }
   painter.restore();
@@ -120,7 +120,7 @@ QSize ListerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
   if (IsName(index)) {
     const int side = option.decorationSize.width();
     width += PartsOfName(QRect(), side, fileList_).Text.left() - CellMargin +
-             MarksWidth(control_.Look(ListerModel::RowOf(index)).Marks);
+             MarksWidth(control_.StateOf(ListerModel::RowOf(index)).Marks);
   }
   return {width, RowHeight(option.fontMetrics, option.decorationSize)};
 }
@@ -138,7 +138,7 @@ bool ListerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const QString note = ToQString(control_.SizeNote(row));
     if (!note.isEmpty()) lines << note;
   }
-  const QString marks = MarksText(control_.Look(row).Marks);
+  const QString marks = MarksText(control_.StateOf(row).Marks);
   if (!marks.isEmpty()) lines << marks;
   QToolTip::showText(event->globalPos(), PlainToolTip(lines.join(QLatin1Char('\n'))),
                      view->viewport(), option.rect);

@@ -10,8 +10,8 @@
 namespace tarnwell::ui {
 
 // How a row is shown besides what the control says of it.
-struct RowState {
-  lister::RowState Look;
+struct PaintedRow {
+  lister::RowState State;
   bool IsHovered = false;
   bool IsGapHovered = false;
 };
@@ -25,7 +25,7 @@ class ListerDelegate : public QStyledItemDelegate {
 
   // Paints a cell onto the row's fill, which is there already.
   void PaintCell(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                 const RowState& row) const;
+                 const PaintedRow& row) const;
   int RowHeight(const QFontMetrics& metrics, const QSize& icon) const;
   // Of the text of a row's name as it is shown, in pixels.
   int NameWidth(const QFontMetrics& metrics, lister::RowId row) const;
@@ -37,7 +37,7 @@ class ListerDelegate : public QStyledItemDelegate {
 
  private:
   void PaintName(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                 const RowState& row) const;
+                 const PaintedRow& row) const;
 
   const lister::ListerControl& control_;
   const ListerStyle& style_;

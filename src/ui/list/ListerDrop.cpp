@@ -151,7 +151,7 @@ bool ListerDrop::Show() {
   folder_ = control_.DropTarget(row);
   const bool fits = IsListening() && control_.TakesDrop(folder_, items_, action_);
   fits ? control_.DragOver(row) : control_.DragLeft();
-  tree_.MarkWhole(fits && !control_.Look(row).IsTarget);
+  tree_.MarkWhole(fits && !control_.StateOf(row).IsTarget);
   RestOn(index);
   ShowPointer();
   return fits;
@@ -175,11 +175,11 @@ void ListerDrop::RestOn(const QModelIndex& row) {
 bool ListerDrop::MayOpen(const QModelIndex& row) const {
   if (!row.isValid()) return false;
   const lister::RowId id = ListerModel::RowOf(row);
-  const lister::RowState look = control_.Look(id);
+  const lister::RowState state = control_.StateOf(id);
   const bool closed =
-      lister::IsFileList(tree_.Id()) || (look.HasChildren && !tree_.isExpanded(row));
+      lister::IsFileList(tree_.Id()) || (state.HasChildren && !tree_.isExpanded(row));
   // As a copy everything fits but what is dragged itself.
-  return closed && look.Kind == platform::ItemKind::Folder &&
+  return closed && state.Kind == platform::ItemKind::Folder &&
          control_.TakesDrop(control_.PathOf(id), items_, "copy");
 }
 

@@ -94,7 +94,7 @@ int ListerModel::columnCount(const QModelIndex&) const {
 bool ListerModel::hasChildren(const QModelIndex& parent) const {
   if (!parent.isValid()) return control_.ChildCount(lister::RootRow) > 0;
   return parent.column() == 0 && !lister::IsFileList(control_.Id()) &&
-         control_.Look(RowOf(parent)).HasChildren;
+         control_.StateOf(RowOf(parent)).HasChildren;
 }
 
 Qt::ItemFlags ListerModel::flags(const QModelIndex& index) const {
@@ -123,23 +123,23 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
 
 // What sighted users see of the row by colour, badges and signs.
 QString ListerModel::Description(RowId row) const {
-  const lister::RowState look = control_.Look(row);
+  const lister::RowState state = control_.StateOf(row);
   QStringList words;
-  if (look.Colour != lister::ItemColour::Default) {
-    words << ToQString(lister::ItemColours[static_cast<std::size_t>(look.Colour)].Word);
+  if (state.Colour != lister::ItemColour::Default) {
+    words << ToQString(lister::ItemColours[static_cast<std::size_t>(state.Colour)].Word);
   }
-  if (look.Marks.Any()) words << MarksText(look.Marks);
+  if (state.Marks.Any()) words << MarksText(state.Marks);
   if (const std::string note = control_.SizeNote(row); !note.empty()) words << ToQString(note);
   return words.join(QStringLiteral(", "));
 }
 
 QVariant ListerModel::Icon(RowId row) const {
-  const lister::RowState look = control_.Look(row);
-  if (look.Kind != platform::ItemKind::Folder) {
+  const lister::RowState state = control_.StateOf(row);
+  if (state.Kind != platform::ItemKind::Folder) {
     return control_.ShowIcons() ? icons_.File(control_.CellText(row, HeadingId::Name))
                                 : icons_.AnyFile();
   }
-  return look.IsOpen ? icons_.OpenFolder() : icons_.Folder();
+  return state.IsOpen ? icons_.OpenFolder() : icons_.Folder();
 }
 
 QVariant ListerModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -338,16 +338,17 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   const QModelIndex name = index.siblingAtColumn(NameColumn);
   const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
-  RowState state{.Look = control_.Look(ListerModel::RowOf(name))};
+  PaintedRow painted{.State = control_.StateOf(ListerModel::RowOf(name))};
   const auto& pointer = mouse_.Pointer();
-  state.IsHovered = pointer && control_.HoverGraphicsOn() && row.contains(*pointer);
+  painted.IsHovered = pointer && control_.HoverGraphicsOn() && row.contains(*pointer);
   const QRect nameCell =
       QRect(columnViewportPosition(NameColumn), row.top(), columnWidth(NameColumn), row.height())
           .adjusted(Indent(name), 0, 0, 0);
-  state.IsGapHovered = state.IsHovered &&
-                       PartsOfName(nameCell, iconSize().width(), fileList_).Gap.contains(*pointer);
+  painted.IsGapHovered =
+      painted.IsHovered &&
+      PartsOfName(nameCell, iconSize().width(), fileList_).Gap.contains(*pointer);
 
-  painter->fillRect(row, style_.ColoursOf(state.Look.IsSelected, state.IsHovered).Fill);
+  painter->fillRect(row, style_.ColoursOf(painted.State.IsSelected, painted.IsHovered).Fill);
   QStyleOptionViewItem cell = option;
   cell.decorationSize = iconSize();
   for (int place = 0; place < header()->count(); ++place) {
@@ -357,19 +358,19 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                       : QRect(columnViewportPosition(section), row.top(),
                                               columnWidth(section), row.height());
     if (cell.rect.right() < 0 || cell.rect.left() >= row.width()) continue;
-    Delegate().PaintCell(*painter, cell, index.siblingAtColumn(section), state);
+    Delegate().PaintCell(*painter, cell, index.siblingAtColumn(section), painted);
   }
   if (!fileList_) {
     drawBranches(painter,
                  QRect(nameCell.left() - indentation(), row.top(), indentation(), row.height()),
                  name);
   }
-  if (state.Look.Colour != lister::ItemColour::Default) {
+  if (painted.State.Colour != lister::ItemColour::Default) {
     painter->fillRect(QRect(row.left(), row.top() + 1, ColourBar, row.height() - 2),
-                      style_.Bars[static_cast<std::size_t>(state.Look.Colour)]);
+                      style_.Bars[static_cast<std::size_t>(painted.State.Colour)]);
   }
 
-  if (state.Look.IsTarget) PaintTarget(*painter, row);
+  if (painted.State.IsTarget) PaintTarget(*painter, row);
 
   if (currentIndex().siblingAtColumn(NameColumn) != name) return;
   if (hasFocus()) {
@@ -385,13 +386,13 @@ void ListerTree::drawBranches(QPainter* painter, const QRect& rect,
                               const QModelIndex& index) const {
   if (!model()->hasChildren(index)) return;
   const QPointF middle(rect.left() + rect.width() / 2.0, rect.top() + rect.height() / 2.0);
-  const lister::RowState look = control_.Look(ListerModel::RowOf(index));
+  const lister::RowState state = control_.StateOf(ListerModel::RowOf(index));
   const QPointF tip = isExpanded(index) ? QPointF(0, 2) : QPointF(2, 0);
   const QPointF wing = isExpanded(index) ? QPointF(4, -4) : QPointF(-4, 4);
   const QPointF points[] = {middle + tip + wing, middle + tip, middle + tip + QPointF(-4, -4)};
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  painter->setPen(QPen(style_.ColoursOf(look.IsSelected, false).Secondary, 1.5, Qt::SolidLine,
+  painter->setPen(QPen(style_.ColoursOf(state.IsSelected, false).Secondary, 1.5, Qt::SolidLine,
                        Qt::RoundCap, Qt::RoundJoin));
   painter->setBrush(Qt::NoBrush);
   painter->drawPolyline(points, 3);

@@ -170,7 +170,7 @@ void ListerWidget::CellsChanged(RowId parent, int first, int last) {
 void ListerWidget::ExpansionChanged(RowId row) {
   ShowExpansion(row);
   tree_->RefreshBranches();
-  const bool opened = row == control_.CurrentRow() && control_.Look(row).IsExpanded;
+  const bool opened = row == control_.CurrentRow() && control_.StateOf(row).IsExpanded;
   if (opened && isVisible() && rowChanges_ == 0) ShowBranch(model_->IndexOf(row));
 }
 
@@ -184,7 +184,7 @@ void ListerWidget::ShowRows() {
 }
 
 void ListerWidget::ShowExpansion(RowId row) {
-  tree_->setExpanded(model_->IndexOf(row), control_.Look(row).IsExpanded);
+  tree_->setExpanded(model_->IndexOf(row), control_.StateOf(row).IsExpanded);
 }
 
 void ListerWidget::ShowExpansion(RowId parent, int first, int last) {

@@ -265,12 +265,12 @@ void ListerWidget::QueueMove(const QModelIndex& index) {
 }
 
 void ListerWidget::QueueExpansion(const QModelIndex& index) {
-  if (control_.Look(ListerModel::RowOf(index)).IsExpanded == tree_->isExpanded(index)) return;
+  if (control_.StateOf(ListerModel::RowOf(index)).IsExpanded == tree_->isExpanded(index)) return;
   Queue([this, branch = QPersistentModelIndex(index)] {
     if (!branch.isValid()) return;
     const RowId row = ListerModel::RowOf(branch);
     const bool expanded = tree_->isExpanded(branch);
-    if (expanded == control_.Look(row).IsExpanded) return;
+    if (expanded == control_.StateOf(row).IsExpanded) return;
     if (!expanded) {
       control_.Collapse(row);
       return;

@@ -68,7 +68,7 @@ class Walk {
     struct statx found;
     mode_t type = DTTOIF(item.d_type);
     if (type == S_IFREG || type == 0) {
-      if (!Look(folder, item.d_name, found)) return;
+      if (!StateOf(folder, item.d_name, found)) return;
       type = found.stx_mode & S_IFMT;
     }
     if (type == S_IFDIR) {
@@ -92,7 +92,7 @@ class Walk {
   }
 
   // Looks at an item without following or mounting anything.
-  bool Look(int folder, const char* name, struct statx& found) {
+  bool StateOf(int folder, const char* name, struct statx& found) {
     const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
     if (statx(folder, name, flags, wanted, &found) == 0) return true;
     Note(errno);
@@ -107,7 +107,7 @@ class Walk {
     struct statx found;
     if (folder < 0) {
       Note(ESTALE);
-    } else if (Look(folder, name, found) && IsSameVolume(found)) {
+    } else if (StateOf(folder, name, found) && IsSameVolume(found)) {
       opened = Descriptor(openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
       if (!opened) Note(errno);
     }

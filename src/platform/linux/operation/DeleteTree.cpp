@@ -23,7 +23,7 @@ void TreeDeletion::Run(int folder, const std::string& name, const std::string& p
   Level above{{}, 0, 0, path_.size(), {}};
   Descriptor held(fcntl(folder, F_DUPFD_CLOEXEC, 0));
   if (!held || LookAt(folder, "", above.Found) != 0) {
-    talk_.Retries(OperationStep::Delete, path, errno);
+    context_.Retries(OperationStep::Delete, path, errno);
     return;
   }
   above.Key = CopiedItems::KeyOfFirst(IdentityOf(above.Found));
@@ -31,7 +31,7 @@ void TreeDeletion::Run(int folder, const std::string& name, const std::string& p
   levels_.push_back(std::move(above));
   TakeItem(name.c_str(), true);
   while (!folders_.IsEmpty()) {
-    if (names_.size() > levels_.back().FirstName && talk_.GoesOn()) {
+    if (names_.size() > levels_.back().FirstName && context_.GoesOn()) {
       const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
       const std::string next = names_.data() + start;
       names_.resize(start);
@@ -43,7 +43,7 @@ void TreeDeletion::Run(int folder, const std::string& name, const std::string& p
 }
 
 bool TreeDeletion::Retries(std::string_view name, int error) {
-  if (talk_.Retries(OperationStep::Delete, PathOf(name), error)) return true;
+  if (context_.Retries(OperationStep::Delete, PathOf(name), error)) return true;
   levels_.back().KeepsSome = true;
   return false;
 }
@@ -68,11 +68,11 @@ bool TreeDeletion::MayDelete(const char* name, const struct statx& found) {
     case CopiedItems::State::Copied:
       return true;
     case CopiedItems::State::Changed:
-      talk_.Retries(OperationStep::Delete, PathOf(name),
-                    {EBUSY, "The item has changed since it was copied, and stays"});
+      context_.Retries(OperationStep::Delete, PathOf(name),
+                       {EBUSY, "The item has changed since it was copied, and stays"});
       break;
     case CopiedItems::State::Unknown:  // skipped, or come since
-      talk_.NoteLeft(ENOTEMPTY);
+      context_.NoteLeft(ENOTEMPTY);
       break;
   }
   levels_.back().KeepsSome = true;
@@ -80,18 +80,18 @@ bool TreeDeletion::MayDelete(const char* name, const struct statx& found) {
 }
 
 void TreeDeletion::DeleteFile(const char* name) {
-  if (!talk_.GoesOn()) return;
+  if (!context_.GoesOn()) return;
   while (unlinkat(folders_.Get(), name, 0) != 0) {
     if (errno == ENOENT) break;  // gone by itself
     if (!Retries(name, errno)) return;
   }
-  talk_.AddItems(1);
-  if (talk_.IsReportDue()) talk_.Report(PathOf(name), {});
+  context_.AddItems(1);
+  if (context_.IsReportDue()) context_.Report(PathOf(name), {});
 }
 
 void TreeDeletion::DeleteCopiedFile(const char* name) {
   struct statx found;
-  if (!talk_.GoesOn() || LookAt(folders_.Get(), name, found) != 0 || !MayDelete(name, found)) {
+  if (!context_.GoesOn() || LookAt(folders_.Get(), name, found) != 0 || !MayDelete(name, found)) {
     return;
   }
   if (!hold_ || heldIn_ != folders_.Self()) {
@@ -102,7 +102,7 @@ void TreeDeletion::DeleteCopiedFile(const char* name) {
   do {
     error = DeleteHeld(name);
   } while (error != 0 && error != ENOENT && Retries(name, error));
-  if (talk_.IsReportDue()) talk_.Report(PathOf(name), {});
+  if (context_.IsReportDue()) context_.Report(PathOf(name), {});
 }
 
 int TreeDeletion::DeleteHeld(const char* name) {
@@ -152,7 +152,7 @@ void TreeDeletion::EnterFolder(const std::string& name) {
     }
     const base::Status reason =
         error == EXDEV ? base::Status{EBUSY, "Another volume is mounted here"} : SystemError(error);
-    if (talk_.Retries(OperationStep::Delete, PathOf(name), reason)) continue;
+    if (context_.Retries(OperationStep::Delete, PathOf(name), reason)) continue;
     levels_.back().KeepsSome = true;
     return;
   }
@@ -165,7 +165,7 @@ bool TreeDeletion::ReadFolder(int folder) {
   std::string unclear;
   for (;;) {
     if (const int error = buffer_.Fill(folder); error != 0) {
-      talk_.Retries(OperationStep::Delete, path_, error);
+      context_.Retries(OperationStep::Delete, path_, error);
       return false;
     }
     if (buffer_.IsEmpty()) break;
@@ -177,12 +177,12 @@ bool TreeDeletion::ReadFolder(int folder) {
       list.append(item->d_name, std::strlen(item->d_name) + 1);
       ++count;
     }
-    if (copied_ == nullptr) talk_.AddToTotal(count);
-    if (!talk_.GoesOn()) return true;
+    if (copied_ == nullptr) context_.AddToTotal(count);
+    if (!context_.GoesOn()) return true;
   }
   for (std::size_t at = 0; at < files_.size(); at += std::strlen(files_.data() + at) + 1) {
     TakeItem(files_.data() + at, false);
-    if (talk_.IsCancelled()) break;
+    if (context_.IsCancelled()) break;
   }
   for (std::size_t at = 0; at < unclear.size(); at += std::strlen(unclear.data() + at) + 1) {
     TakeItem(unclear.data() + at, true);
@@ -198,7 +198,7 @@ void TreeDeletion::LeaveFolder() {
   names_.resize(left.FirstName);
   if (levels_.empty()) return;
   path_.resize(levels_.back().PathLength);
-  if (left.KeepsSome || talk_.IsCancelled()) {
+  if (left.KeepsSome || context_.IsCancelled()) {
     levels_.back().KeepsSome = true;
     return;
   }
@@ -206,7 +206,7 @@ void TreeDeletion::LeaveFolder() {
   while (unlinkat(folders_.Get(), name, AT_REMOVEDIR) != 0) {
     if (errno == ENOENT) break;
     if (copied_ != nullptr && (errno == ENOTEMPTY || errno == EEXIST)) {
-      talk_.NoteLeft(errno);
+      context_.NoteLeft(errno);
       levels_.back().KeepsSome = true;
       return;
     }
@@ -214,13 +214,13 @@ void TreeDeletion::LeaveFolder() {
     const int error = folders_.Get() < 0 ? ESTALE : errno;
     if (!Retries(left.Name, error)) return;
   }
-  if (copied_ == nullptr) talk_.AddItems(1);
+  if (copied_ == nullptr) context_.AddItems(1);
 }
 
 void DeleteQuietly(int folder, const std::string& name) {
   OperationUser nobody;
-  OperationContext talk(nobody, FileFunction::Delete, Silent | NoErrorWindows);
-  TreeDeletion(talk).Delete(folder, name, "/" + name);
+  OperationContext context(nobody, FileFunction::Delete, Silent | NoErrorWindows);
+  TreeDeletion(context).Delete(folder, name, "/" + name);
 }
 
 }  // namespace tarnwell::platform

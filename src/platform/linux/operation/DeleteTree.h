@@ -16,7 +16,7 @@ namespace tarnwell::platform {
 // Serves one item after the other.
 class TreeDeletion {
  public:
-  explicit TreeDeletion(OperationContext& talk) : talk_(talk) {}
+  explicit TreeDeletion(OperationContext& context) : context_(context) {}
 
   // Deletes the item of the open folder. `path` is its full path, for questions and reports.
   void Delete(int folder, const std::string& name, const std::string& path);
@@ -49,7 +49,7 @@ class TreeDeletion {
   std::string PathOf(std::string_view name) const { return path_ + "/" + std::string(name); }
   bool Retries(std::string_view name, int error);
 
-  OperationContext& talk_;
+  OperationContext& context_;
   const CopiedItems* copied_ = nullptr;
   FolderChain folders_;
   std::vector<Level> levels_;

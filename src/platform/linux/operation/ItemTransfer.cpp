@@ -22,13 +22,13 @@ constexpr int mostConflicts = 20;
 
 }  // namespace
 
-ItemTransfer::ItemTransfer(OperationContext& talk, const OpenPlace& target,
+ItemTransfer::ItemTransfer(OperationContext& context, const OpenPlace& target,
                            ProtectedItems& protectedItems, const AsideRecord& record)
-    : talk_(talk),
+    : context_(context),
       target_(target),
       protected_(protectedItems),
       record_(record),
-      moves_(talk.Function() == FileFunction::Move),
+      moves_(context.Function() == FileFunction::Move),
       flushed_(moves_) {}
 
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
@@ -36,7 +36,7 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
   if (source != source_ || sources_.Get() < 0 || targets_.Get() < 0) {
     const int error = EnterBase(source);
     if (error != 0) {
-      talk_.Retries(OperationStep::Find, source->Path + "/" + name, error);
+      context_.Retries(OperationStep::Find, source->Path + "/" + name, error);
       return;
     }
   }
@@ -46,7 +46,7 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
   struct statx found;
   int error = 0;
   while ((error = LookAt(sources_.Get(), name.c_str(), found)) != 0 &&
-         talk_.Retries(OperationStep::Find, FromPath(name), error)) {
+         context_.Retries(OperationStep::Find, FromPath(name), error)) {
   }
   if (error == 0 && StateOfTemporary(sources_.Get(), name.c_str()) == TemporaryState::Living) {
     LeaveUnfinished(FromPath(name));
@@ -56,7 +56,7 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
   }
   if (copied_.Count() == copiedBefore) return;
   batch_.push_back({source, name});
-  const bool isMuch = talk_.BytesDone() - batchStart_ >= batchBytes;
+  const bool isMuch = context_.BytesDone() - batchStart_ >= batchBytes;
   if (isMuch || copied_.Count() >= batchItems) FinishBatch();
 }
 
@@ -98,7 +98,7 @@ void ItemTransfer::Finish() {
 
 void ItemTransfer::Walk() {
   while (levels_.size() > 1) {
-    if (names_.size() > levels_.back().FirstName && !talk_.IsCancelled()) {
+    if (names_.size() > levels_.back().FirstName && !context_.IsCancelled()) {
       const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
       const std::string name = names_.data() + start;
       names_.resize(start);
@@ -112,12 +112,12 @@ void ItemTransfer::Walk() {
 void ItemTransfer::TakeItem(Item item) {
   const bool isAsked = levels_.size() == 1;
   int conflicts = 0;
-  while (talk_.GoesOn()) {
+  while (context_.GoesOn()) {
     const Failure failure = Attempt(item);
-    if (talk_.IsCancelled()) return;
+    if (context_.IsCancelled()) return;
     if (failure.Error == 0) {
       if (!isAsked) return;
-      talk_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
+      context_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
       return;
     }
     if (failure.Error == EEXIST && item.Decided != Way::Replace && conflicts < mostConflicts) {
@@ -137,25 +137,25 @@ void ItemTransfer::TakeItem(Item item) {
 bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
   if (failure.IsSettled) return false;
   const std::string path = failure.IsTarget ? ToPath(item.Target) : FromPath(item.Name);
-  if (failure.Reason == nullptr) return talk_.Retries(failure.Step, path, failure.Error);
-  return talk_.Retries(failure.Step, path, {failure.Error, failure.Reason});
+  if (failure.Reason == nullptr) return context_.Retries(failure.Step, path, failure.Error);
+  return context_.Retries(failure.Step, path, {failure.Error, failure.Reason});
 }
 
 // What was left counts as done, so that the progress comes to its end.
 void ItemTransfer::PassOver(const Item& item) {
   struct statx found;
   if (LookAt(sources_.Get(), item.Name.c_str(), found) != 0) return;
-  talk_.AddItems(1);
-  if (S_ISREG(found.stx_mode)) talk_.AddBytes(found.stx_size);
+  context_.AddItems(1);
+  if (S_ISREG(found.stx_mode)) context_.AddBytes(found.stx_size);
 }
 
 void ItemTransfer::LeaveUnfinished(const std::string& path) {
-  talk_.Remark(OperationRemark::Unfinished, path);
-  talk_.NoteLeft(EBUSY);
+  context_.Remark(OperationRemark::Unfinished, path);
+  context_.NoteLeft(EBUSY);
 }
 
 void ItemTransfer::ReportIfDue(const Item& item) {
-  if (talk_.IsReportDue()) talk_.Report(FromPath(item.Name), ToPath(item.Target));
+  if (context_.IsReportDue()) context_.Report(FromPath(item.Name), ToPath(item.Target));
 }
 
 ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
@@ -175,7 +175,7 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
     levels_.back().CanRename = false;
   }
   if (beforeCopying_) std::exchange(beforeCopying_, nullptr)();
-  const auto goesOn = [this] { return talk_.GoesOn(); };
+  const auto goesOn = [this] { return context_.GoesOn(); };
   if (Level& level = levels_.back(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
     SweepTemporaries(targets_.Get(), goesOn);
     if (moves_ && levels_.size() == 1) SweepTemporaries(sources_.Get(), goesOn);
@@ -227,7 +227,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
     error = PutInPlaceOf(from, name, to, target, to_, record_);
   }
   if (error != 0) return {OperationStep::Move, error};
-  talk_.AddItems(1);
+  context_.AddItems(1);
   ReportIfDue(item);
   return {};
 }
@@ -237,7 +237,7 @@ ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& s
   if (moves_) {
     copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.From);
   }
-  talk_.AddItems(1);
+  context_.AddItems(1);
   return {};
 }
 
@@ -248,14 +248,14 @@ void ItemTransfer::ForgetCopied() {
 }
 
 void ItemTransfer::FinishBatch() {
-  batchStart_ = talk_.BytesDone();
+  batchStart_ = context_.BytesDone();
   const std::vector<Taken> batch = std::exchange(batch_, {});
-  if (!copied_.IsEmpty() && !talk_.IsCancelled()) {
+  if (!copied_.IsEmpty() && !context_.IsCancelled()) {
     int error = 0;
     while ((error = flushed_.Flush()) != 0 &&
-           talk_.Retries(OperationStep::Flush, target_.Path, error)) {
+           context_.Retries(OperationStep::Flush, target_.Path, error)) {
     }
-    TreeDeletion deletion(talk_);
+    TreeDeletion deletion(context_);
     for (const Taken& item : batch) {
       if (error != 0) break;
       deletion.DeleteCopied(item.Source->Folder.Get(), item.Name,

@@ -36,7 +36,7 @@ struct OpenPlace {
 class ItemTransfer {
  public:
   // None of the protected items is replaced.
-  ItemTransfer(OperationContext& talk, const OpenPlace& target, ProtectedItems& protectedItems,
+  ItemTransfer(OperationContext& context, const OpenPlace& target, ProtectedItems& protectedItems,
                const AsideRecord& record);
 
   // Takes one item from its folder; it is to be called `targetName`.
@@ -144,7 +144,7 @@ class ItemTransfer {
   // Gives an error number.
   static int FindFreeTwin(int folder, std::string& name, bool isFolder);
 
-  OperationContext& talk_;
+  OperationContext& context_;
   const OpenPlace& target_;
   ProtectedItems& protected_;
   const AsideRecord& record_;

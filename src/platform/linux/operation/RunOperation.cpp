@@ -82,14 +82,14 @@ int MakeFolders(const std::string& path) {
 class Operation {
  public:
   Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder)
-      : talk_(user, request.Function, request.Flags),
+      : context_(user, request.Function, request.Flags),
         protected_(programFolder),
         record_(programFolder),
         destination_(request.Destination.substr(0, request.Destination.find('\0'))) {}
 
   OperationResult Run(std::vector<ItemPath> items) {
     items_ = std::move(items);
-    switch (talk_.Function()) {
+    switch (context_.Function()) {
       case FileFunction::Copy:
       case FileFunction::Move:
         if (!destination_.starts_with('/')) return {EINVAL, false};
@@ -106,8 +106,8 @@ class Operation {
       default:
         return {EINVAL, false};
     }
-    talk_.ReportEnd();
-    return talk_.Result();
+    context_.ReportEnd();
+    return context_.Result();
   }
 
  private:
@@ -118,7 +118,7 @@ class Operation {
     for (;;) {
       const int error = OpenPlaceAt(item.Folder, *opened);
       if (error == 0) break;
-      if (!talk_.Retries(OperationStep::Find, item.Whole(), error)) return nullptr;
+      if (!context_.Retries(OperationStep::Find, item.Whole(), error)) return nullptr;
     }
     folder_ = std::move(opened);
     return folder_;
@@ -127,14 +127,14 @@ class Operation {
   // The same for an item that is to go from there, which it may not if it is protected.
   std::shared_ptr<const OpenPlace> FolderToTakeFrom(const ItemPath& item) {
     const OperationStep step =
-        talk_.Function() == FileFunction::Delete ? OperationStep::Delete : OperationStep::Move;
+        context_.Function() == FileFunction::Delete ? OperationStep::Delete : OperationStep::Move;
     for (;;) {
       std::shared_ptr<const OpenPlace> folder = FolderOf(item);
       if (!folder) return nullptr;
       const std::string refusal =
-          protected_.Refusal(talk_.Function(), folder->Folder.Get(), item.Name.c_str());
+          protected_.Refusal(context_.Function(), folder->Folder.Get(), item.Name.c_str());
       if (refusal.empty()) return folder;
-      if (!talk_.Retries(step, item.Whole(), {EPERM, refusal})) return nullptr;
+      if (!context_.Retries(step, item.Whole(), {EPERM, refusal})) return nullptr;
       protected_.Forget();
     }
   }
@@ -148,7 +148,7 @@ class Operation {
     for (;;) {
       int error = OpenPlaceAt(path, target);
       if (error == ENOENT && isFolder) {
-        if (!talk_.MakesFolder(path)) return false;
+        if (!context_.MakesFolder(path)) return false;
         error = MakeFolders(path);
         if (error == 0) error = OpenPlaceAt(path, target);
       } else if ((error == ENOENT || error == ENOTDIR) && !isFolder) {
@@ -157,7 +157,7 @@ class Operation {
         if (split) name = split->Name;
       }
       if (error == 0) return true;
-      if (!talk_.Retries(OperationStep::Find, path, error)) return false;
+      if (!context_.Retries(OperationStep::Find, path, error)) return false;
     }
   }
 
@@ -165,22 +165,22 @@ class Operation {
     OpenPlace target;
     std::string name;
     if (!OpenTarget(target, name)) return;
-    ItemTransfer transfer(talk_, target, protected_, record_);
+    ItemTransfer transfer(context_, target, protected_, record_);
     std::size_t taken = 0;
-    talk_.SetTotal(items_.size());
-    if (!talk_.Has(Silent)) {
+    context_.SetTotal(items_.size());
+    if (!context_.Has(Silent)) {
       transfer.BeforeCopying([&] {
         std::vector<std::string> paths;
         for (std::size_t at = taken; at < items_.size(); ++at) paths.push_back(items_[at].Whole());
-        talk_.SetTotal(taken);
+        context_.SetTotal(taken);
         counter_.Start(std::move(paths));
-        talk_.CountBy([this](OperationProgress& progress) { counter_.AddTo(progress); });
+        context_.CountBy([this](OperationProgress& progress) { counter_.AddTo(progress); });
       });
     }
     for (const ItemPath& item : items_) {
-      if (!talk_.GoesOn()) break;
+      if (!context_.GoesOn()) break;
       const std::shared_ptr<const OpenPlace> folder =
-          talk_.Function() == FileFunction::Move ? FolderToTakeFrom(item) : FolderOf(item);
+          context_.Function() == FileFunction::Move ? FolderToTakeFrom(item) : FolderOf(item);
       if (folder) transfer.Take(folder, item.Name, name.empty() ? item.Name : name);
       ++taken;
     }
@@ -188,12 +188,12 @@ class Operation {
   }
 
   void Delete() {
-    TreeDeletion deletion(talk_);
-    talk_.SetTotal(items_.size());
+    TreeDeletion deletion(context_);
+    context_.SetTotal(items_.size());
     for (const ItemPath& item : items_) {
-      if (!talk_.GoesOn()) return;
+      if (!context_.GoesOn()) return;
       const std::shared_ptr<const OpenPlace> folder = FolderToTakeFrom(item);
-      if (!folder || (talk_.Has(AllowUndo) && !GoesForGood(item))) continue;
+      if (!folder || (context_.Has(AllowUndo) && !GoesForGood(item))) continue;
       deletion.Delete(folder->Folder.Get(), item.Name, item.Whole());
     }
   }
@@ -201,37 +201,37 @@ class Operation {
   // Puts the item into the trash. True if there is none, and it is to be deleted.
   bool GoesForGood(const ItemPath& item) {
     const std::string path = item.Whole();
-    if (talk_.IsReportDue()) talk_.Report(path, {});
+    if (context_.IsReportDue()) context_.Report(path, {});
     for (;;) {
       base::Status status;
       const TrashOutcome outcome = TrashItem(path, status);
       if (outcome == TrashOutcome::Trashed) {
-        talk_.AddItems(1);
+        context_.AddItems(1);
         return false;
       }
       if (outcome == TrashOutcome::NoTrash) {
-        const NoTrashChoice choice = talk_.AskNoTrash(path);
-        if (choice != NoTrashChoice::DeleteForGood) talk_.NoteLeft(status.Code);
+        const NoTrashChoice choice = context_.AskNoTrash(path);
+        if (choice != NoTrashChoice::DeleteForGood) context_.NoteLeft(status.Code);
         return choice == NoTrashChoice::DeleteForGood;
       }
-      if (!talk_.Retries(OperationStep::Trash, path, status)) return false;
+      if (!context_.Retries(OperationStep::Trash, path, status)) return false;
     }
   }
 
   void Rename() {
     const std::string from = items_.front().Whole();
-    talk_.SetTotal(1);
+    context_.SetTotal(1);
     if (!FolderToTakeFrom(items_.front())) return;
     for (;;) {
       const base::Status status = RenameItem(from, destination_, record_);
       if (status) break;
-      if (!talk_.Retries(OperationStep::Move, from, status)) return;
+      if (!context_.Retries(OperationStep::Move, from, status)) return;
     }
-    talk_.AddItems(1);
-    talk_.NotePlaced(from, destination_);
+    context_.AddItems(1);
+    context_.NotePlaced(from, destination_);
   }
 
-  OperationContext talk_;
+  OperationContext context_;
   ProtectedItems protected_;
   AsideRecord record_;
   std::string destination_;

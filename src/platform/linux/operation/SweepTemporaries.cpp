@@ -35,8 +35,8 @@ void Delete(int folder, const std::string& name, QuietUser& user) {
   // Should somebody be writing it after all, he finds it gone, and takes nothing for copied.
   TemporaryName taken;
   if (taken.Renew() != 0 || RenameNew(folder, name.c_str(), folder, taken.Text()) != 0) return;
-  OperationContext talk(user, FileFunction::Delete, Silent | NoErrorWindows);
-  TreeDeletion(talk).Delete(folder, taken.Text(), std::string("/") + taken.Text());
+  OperationContext context(user, FileFunction::Delete, Silent | NoErrorWindows);
+  TreeDeletion(context).Delete(folder, taken.Text(), std::string("/") + taken.Text());
 }
 
 // What it holds goes back to its place.

@@ -35,13 +35,13 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
     int error = LookAt(targets_.Get(), item.Target.c_str(), there);
     if (error == ENOENT) return Way::Free;
     if (error != 0) {
-      if (talk_.Retries(OperationStep::Find, ToPath(item.Target), error)) continue;
+      if (context_.Retries(OperationStep::Find, ToPath(item.Target), error)) continue;
       return Way::Leave;
     }
     struct statx source;
     error = LookAt(sources_.Get(), item.Name.c_str(), source);
     if (error != 0) {
-      if (talk_.Retries(OperationStep::Find, FromPath(item.Name), error)) continue;
+      if (context_.Retries(OperationStep::Find, FromPath(item.Name), error)) continue;
       return Way::Leave;
     }
     bool isSame = IdentityOf(there) == IdentityOf(source);
@@ -49,7 +49,7 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
     if (isSame && moves_ && item.Name == item.Target && sources_.Self() == targets_.Self()) {
       return Way::Leave;
     }
-    bool makesTwin = talk_.Has(RenameOnCollision);
+    bool makesTwin = context_.Has(RenameOnCollision);
     const std::string spelled = SpellingThere(targets_.Get(), item.Target);
     Way way = Way::Free;
     if (!makesTwin && !isSame) {
@@ -58,7 +58,7 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
     }
     if (isSame && !makesTwin) {
       const base::Status reason{EEXIST, "Source and target are the same item"};
-      if (talk_.Retries(OperationStep::Find, FromPath(item.Name), reason)) continue;
+      if (context_.Retries(OperationStep::Find, FromPath(item.Name), reason)) continue;
       return Way::Leave;
     }
     const std::string refusal =
@@ -66,13 +66,13 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
             ? protected_.Refusal(FileFunction::Copy, targets_.Get(), item.Target.c_str())
             : std::string();
     if (!refusal.empty()) {
-      if (talk_.Retries(OperationStep::Write, ToPath(item.Target), {EPERM, refusal})) continue;
+      if (context_.Retries(OperationStep::Write, ToPath(item.Target), {EPERM, refusal})) continue;
       return Way::Leave;
     }
     const bool giveWay = way == Way::Replace && S_ISDIR(there.stx_mode);
     if (giveWay) {
       const base::Status reason{EISDIR, "A folder stands in the way, and gives way to no file"};
-      if (talk_.Retries(OperationStep::Write, ToPath(item.Target), reason)) continue;
+      if (context_.Retries(OperationStep::Write, ToPath(item.Target), reason)) continue;
       return Way::Leave;
     }
     if (way == Way::Merge) item.Target = spelled;
@@ -83,7 +83,7 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       item.Target = twin;
       return way;
     }
-    if (!talk_.Retries(OperationStep::Find, ToPath(twin), error)) return Way::Leave;
+    if (!context_.Retries(OperationStep::Find, ToPath(twin), error)) return Way::Leave;
   }
 }
 
@@ -104,14 +104,14 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
                                     const struct statx& source, const struct statx& target,
                                     bool& makesTwin) {
   const bool merges = S_ISDIR(source.stx_mode) && S_ISDIR(target.stx_mode);
-  if (merges && !talk_.AsksToMerge()) return Way::Merge;
+  if (merges && !context_.AsksToMerge()) return Way::Merge;
   OperationConflict conflict;
   conflict.Source = SideOf(FromPath(item.Name), source);
   conflict.Target = SideOf(ToPath(spelled), target);
   conflict.IsOtherSpelling = spelled != item.Target;
   const std::int64_t slack = levels_.back().To.HasFineTimes ? 0 : coarsestTime;
   const bool isOlder = conflict.Target.Modified + slack < conflict.Source.Modified;
-  switch (talk_.AskConflict(std::move(conflict))) {
+  switch (context_.AskConflict(std::move(conflict))) {
     case ConflictChoice::Replace:
       return merges ? Way::Merge : Way::Replace;
     case ConflictChoice::ReplaceOlder:
@@ -124,7 +124,7 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
     case ConflictChoice::Cancel:
       break;
   }
-  talk_.NoteLeft(EEXIST);
+  context_.NoteLeft(EEXIST);
   return Way::Leave;
 }
 

@@ -43,10 +43,10 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     if (linked == 0) return FinishItem(item, source);
     if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
   }
-  const std::uint64_t bytesBefore = talk_.BytesDone();
+  const std::uint64_t bytesBefore = context_.BytesDone();
   const Failure failure = CopyContentOf(item, from.Get(), source);
   if (failure.Error == 0) return FinishItem(item, source);
-  talk_.SetBytesDone(bytesBefore);
+  context_.SetBytesDone(bytesBefore);
   return failure;
 }
 
@@ -67,9 +67,9 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (error != 0) return written(error);
 
   error = content_.Copy(from, source, pending.Get(), copy, [&](std::uint64_t bytes) {
-    talk_.AddBytes(bytes);
+    context_.AddBytes(bytes);
     ReportIfDue(item);
-    return talk_.GoesOn();
+    return context_.GoesOn();
   });
   if (error != 0 && content_.IsReadError()) return {OperationStep::Read, error};
   if (error != 0) return written(error);
@@ -101,7 +101,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   }
   error = pending.Place(name, replaces);
   if (error != 0) return written(error);
-  if (isChanged) talk_.Remark(OperationRemark::Changed, FromPath(item.Name));
+  if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
     for (std::size_t at = 1; at < levels_.size(); ++at) {
@@ -116,7 +116,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
 
 // A copy has its original to go back to; a move would leave nothing of what is lost.
 bool ItemTransfer::LeavesForLoss(const std::string& path) {
-  return moves_ && talk_.AskLoss(path) != LossChoice::MoveAnyway;
+  return moves_ && context_.AskLoss(path) != LossChoice::MoveAnyway;
 }
 
 ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {

@@ -129,7 +129,7 @@ int ItemTransfer::ReadNames(int folder, const std::string& path, std::string& ot
   int error = ListNames(folder, names);
   // What a killed move held is back in its place then, and goes along.
   if (error == 0 && moves_ && names.HasLeft) {
-    SweepTemporaries(folder, [this] { return talk_.GoesOn(); });
+    SweepTemporaries(folder, [this] { return context_.GoesOn(); });
     names_.resize(firstName);
     names = {};
     error = lseek(folder, 0, SEEK_SET) == 0 ? ListNames(folder, names) : errno;
@@ -144,7 +144,7 @@ int ItemTransfer::ReadNames(int folder, const std::string& path, std::string& ot
 int ItemTransfer::ListNames(int folder, FolderNames& names) {
   for (;;) {
     if (const int error = buffer_.Fill(folder); error != 0) return error;
-    if (buffer_.IsEmpty() || !talk_.GoesOn()) return 0;
+    if (buffer_.IsEmpty() || !context_.GoesOn()) return 0;
     while (const dirent64* const item = buffer_.Next()) {
       const TemporaryState state = StateOfTemporary(folder, item->d_name);
       if (state == TemporaryState::Left) names.HasLeft = true;
@@ -166,7 +166,7 @@ int ItemTransfer::ListNames(int folder, FolderNames& names) {
 
 void ItemTransfer::TakeOthers(const std::string& others) {
   for (std::size_t at = 0;
-       at < others.size() && !levels_.back().IsGivenUp && !talk_.IsCancelled();) {
+       at < others.size() && !levels_.back().IsGivenUp && !context_.IsCancelled();) {
     const auto type = static_cast<unsigned char>(others[at]);
     const std::string name = others.data() + at + 1;
     at += name.size() + 2;
@@ -194,7 +194,7 @@ bool ItemTransfer::PutInPlace() {
       level.ToLength = to_.size();
       continue;
     }
-    if (talk_.Retries(OperationStep::MakeFolder, to_, error)) continue;
+    if (context_.Retries(OperationStep::MakeFolder, to_, error)) continue;
     ForgetCopied();
     names_.resize(level.FirstName);
     level.IsGivenUp = true;
@@ -212,7 +212,7 @@ void ItemTransfer::LeaveFolder() {
   from_.resize(levels_.back().FromLength);
   to_.resize(levels_.back().ToLength);
   if (!left.Temporary.empty() && !FinishReplacing(left)) isWhole = false;
-  if (!isWhole || talk_.IsCancelled()) return;
+  if (!isWhole || context_.IsCancelled()) return;
   const Item item{left.Name, S_IFDIR, left.Target};
   Failure failure;
   do {
@@ -223,11 +223,11 @@ void ItemTransfer::LeaveFolder() {
 // False if the folder was given up.
 bool ItemTransfer::FinishReplacing(const Level& left) {
   const char* const temporary = left.Temporary.c_str();
-  while (left.ReplacesFile && talk_.GoesOn()) {
+  while (left.ReplacesFile && context_.GoesOn()) {
     const int error =
         PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str(), to_, record_);
     if (error == 0) return true;
-    if (!talk_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
+    if (!context_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
   }
   ForgetCopied();
   DeleteQuietly(targets_.Get(), left.Temporary);
@@ -245,7 +245,7 @@ bool ItemTransfer::FinishNewFolder(const Level& level) {
     }
     if (error == 0) error = flushed_.Take(targets_.Get(), copy);
     if (error == 0) return !losesSome || !LeavesForLoss(from_);
-    if (!talk_.Retries(OperationStep::MakeFolder, to_, error)) return false;
+    if (!context_.Retries(OperationStep::MakeFolder, to_, error)) return false;
   }
 }
 
