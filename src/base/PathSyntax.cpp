@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/LetterCase.h"
 #include "base/Text.h"
 
 namespace tarnwell::base {
@@ -13,10 +14,18 @@ std::string_view WithoutEnd(std::string_view path, char separator) {
   return path;
 }
 
-// The text as it is compared. The ASCII letters go first, by a rule of their own: in some locales
-// "i" is not the small letter of "I".
+// The text as it is compared: by capitals, but for letters beyond ASCII whose capital is an ASCII
+// letter. File systems keep those apart, the dotless "i" from "I" say.
 std::string Folded(std::string_view text, bool caseSensitive) {
-  return caseSensitive ? std::string(text) : ToCapitals(AsciiUpper(text));
+  if (caseSensitive) return std::string(text);
+  std::string folded;
+  folded.reserve(text.size());
+  for (std::size_t position = 0; position < text.size();) {
+    const char32_t letter = NextCodePoint(text, position);
+    const char32_t capital = CapitalLetter(letter);
+    AppendCodePoint(folded, capital < 0x80 && letter >= 0x80 ? letter : capital);
+  }
+  return folded;
 }
 
 }  // namespace

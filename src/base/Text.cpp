@@ -1,8 +1,8 @@
 #include "base/Text.h"
 
 #include <algorithm>
-#include <cwctype>
-#include <limits>
+
+#include "base/LetterCase.h"
 
 namespace tarnwell::base {
 namespace {
@@ -12,16 +12,8 @@ constexpr char32_t StrayByteMark = 0xDC00;
 
 constexpr char32_t ReplacementCharacter = 0xFFFD;
 
-constexpr bool IsStrayByte(char32_t codePoint) {
-  return codePoint >= StrayByteMark + 0x80 && codePoint <= StrayByteMark + 0xFF;
-}
-
 constexpr bool IsSurrogate(char32_t codePoint) {
   return codePoint >= 0xD800 && codePoint <= 0xDFFF;
-}
-
-constexpr char UpperLetter(char letter) {
-  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
 
 // Position behind the first `count` code points.
@@ -94,25 +86,20 @@ bool IsPair(char16_t first, char16_t second) {
 
 std::string AsciiUpper(std::string_view text) {
   std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), UpperLetter);
+  std::transform(upper.begin(), upper.end(), upper.begin(), CapitalAscii);
   return upper;
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char one, char other) { return UpperLetter(one) == UpperLetter(other); });
+                    [](char one, char other) { return CapitalAscii(one) == CapitalAscii(other); });
 }
 
 std::string ToCapitals(std::string_view text) {
   std::string capitals;
   capitals.reserve(text.size());
   for (std::size_t position = 0; position < text.size();) {
-    char32_t codePoint = NextCodePoint(text, position);
-    // wchar_t has 16 bits on some platforms, and no letter with a capital is lost by the limit.
-    if (!IsStrayByte(codePoint) && codePoint <= char32_t{std::numeric_limits<wchar_t>::max()}) {
-      codePoint = static_cast<char32_t>(std::towupper(static_cast<std::wint_t>(codePoint)));
-    }
-    AppendCodePoint(capitals, codePoint);
+    AppendCodePoint(capitals, CapitalLetter(NextCodePoint(text, position)));
   }
   return capitals;
 }

@@ -8,11 +8,11 @@
 
 namespace tarnwell::base {
 
-// ASCII letters only: for keys, words and key names, where the locale has no say.
+// ASCII letters only: for keys, words and key names.
 std::string AsciiUpper(std::string_view text);
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
-// Capitals by the locale of the process; bytes that are no UTF-8 stay as they are.
+// Each letter as base/LetterCase.h has it; bytes that are no UTF-8 stay as they are.
 std::string ToCapitals(std::string_view text);
 
 // Length in code points; a byte that is no part of valid UTF-8 counts as one.
@@ -37,6 +37,9 @@ std::string FromEditing(std::u16string_view edited);
 // Reads the code point at `position`, which lies within the text, and moves the position behind it.
 // A byte that is no part of valid UTF-8 gives 0xDC00 plus the byte, which no valid text can hold.
 char32_t NextCodePoint(std::string_view text, std::size_t& position);
+constexpr bool IsStrayByte(char32_t codePoint) {
+  return codePoint >= 0xDC80 && codePoint <= 0xDCFF;
+}
 // The way back: such a mark appends its byte; what is no code point at all appends U+FFFD.
 void AppendCodePoint(std::string& text, char32_t codePoint);
 

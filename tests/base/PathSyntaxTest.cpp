@@ -50,7 +50,9 @@ TEST(PathSyntaxTest, ComparesByTheRuleOfThePlatform) {
   EXPECT_TRUE(posix.IsWithin("/a/b", "/a/") && posix.IsWithin("/a", "/a") &&
               posix.IsWithin("/a", "/"));
   EXPECT_FALSE(posix.IsWithin("/ab", "/a") || posix.IsWithin("/a", ""));
-  EXPECT_TRUE(windows.IsWithin("c:\\A\\b", "C:\\a") && windows.IsWithin("c:\\A", "C:\\"));
+  EXPECT_TRUE(windows.IsWithin("c:\\A\\b", "C:\\a") &&
+              windows.IsWithin("c:\\\u00e4", "C:\\\u00c4"));
+  EXPECT_FALSE(windows.Same("\u0131", "i"));  // without its dot
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ bool TypedText::TakesCurrent() const {
 
 bool TypedText::Begins(std::string_view name, std::string_view wanted) {
   if (wanted.empty()) return false;
-  // As far as both are plain letters the locale need not be asked.
+  // As far as both are plain letters nothing need be copied.
   const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   for (std::size_t at = 0; at < wanted.size(); ++at) {
     if (at == name.size()) return false;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/LetterCase.h"
 #include "base/Text.h"
 #include "lister/rows/CellText.h"
-#include "lister/rows/LetterCase.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -68,12 +68,12 @@ void MakeLowerCase(std::string_view name, std::string& lower) {
   lower = name;
   std::size_t at = 0;
   for (; at < lower.size() && static_cast<unsigned char>(lower[at]) < 0x80; ++at) {
-    lower[at] = LowerAscii(lower[at]);
+    lower[at] = base::SmallAscii(lower[at]);
   }
   if (at == lower.size()) return;
   lower.resize(at);
   while (at < name.size()) {
-    base::AppendCodePoint(lower, LowerLetter(base::NextCodePoint(name, at)));
+    base::AppendCodePoint(lower, base::SmallLetter(base::NextCodePoint(name, at)));
   }
 }
 

@@ -34,8 +34,7 @@ class NameFilter {
   mutable std::string lower_;  // the name at hand; kept so that nothing is allocated for the next
 };
 
-// The name in lower case by the locale of the process, as filters compare it; bytes that are no
-// UTF-8 stay as they are.
+// The name in lower case, as filters compare it; bytes that are no UTF-8 stay as they are.
 std::string LowerCase(std::string_view name);
 
 }  // namespace tarnwell::lister

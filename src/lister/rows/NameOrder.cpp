@@ -4,8 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "base/LetterCase.h"
 #include "base/Text.h"
-#include "lister/rows/LetterCase.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -68,16 +68,16 @@ void NameOrder::AppendKey(std::string_view name, std::string& key) const {
       while (at < name.size() && IsDigit(name[at])) ++at;
       AppendDigits(name.substr(start, at - start), key);
     } else if (static_cast<unsigned char>(byte) < 0x80) {
-      letters.Add(LowerAscii(byte));
+      letters.Add(base::SmallAscii(byte));
       ++at;
     } else {
       const char32_t codePoint = base::NextCodePoint(name, at);
-      if (IsStrayByte(codePoint)) {
+      if (base::IsStrayByte(codePoint)) {
         letters.Flush();
         key += StrayByteMark;
         key += byte;
       } else {
-        letters.Add(LowerLetter(codePoint));
+        letters.Add(base::SmallLetter(codePoint));
       }
     }
   }
