@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <string>
 
+#include "TempFolder.h"
 #include "platform/linux/system/LinuxCollation.h"
 
 namespace tarnwell::platform {
@@ -23,8 +26,16 @@ TEST(LinuxCollation, TakesBytesWhereThereAreNoRules) {
 }
 
 TEST(LinuxCollation, TakesTheLettersOfALanguage) {
-  const LinuxCollation english("en_US.UTF-8"), danish("da_DK.UTF-8");
-  if (!english.HasRules()) GTEST_SKIP() << "needs an English locale";
+  const TempFolder locales;
+  // Made here from the system's sources: few are made where it is installed.
+  for (const std::string language : {"en_US", "da_DK"}) {
+    const std::string made = locales / language;
+    ASSERT_EQ(std::system(("localedef --no-archive -f UTF-8 -i " + language + " " + made).c_str()),
+              0);
+  }
+  setenv("LOCPATH", locales.Path().c_str(), 1);
+  const LinuxCollation english("en_US"), danish("da_DK");
+  unsetenv("LOCPATH");
   const char* const rising[] = {"",   " a", "-x", "_",  "1", "a", "a-b", "a–c", "ab", "äc", "ad",
                                 "az", "b",  "éa", "eb", "œ", "p", "ßa",  "st",  "z",  "ж",  "한"};
   for (std::size_t at = 1; at < std::size(rising); ++at) {
@@ -34,9 +45,7 @@ TEST(LinuxCollation, TakesTheLettersOfALanguage) {
   EXPECT_EQ(KeyOf(english, "été"), KeyOf(english, "ete"));
   const std::string longText(2000, 'x');
   EXPECT_EQ(KeyOf(english, longText + "é" + longText), KeyOf(english, longText + "e" + longText));
-  if (danish.HasRules()) {
-    EXPECT_EQ(KeyOf(danish, "aarhus"), KeyOf(danish, "århus"));
-  }
+  EXPECT_EQ(KeyOf(danish, "aarhus"), KeyOf(danish, "århus"));
 }
 
 }  // namespace
