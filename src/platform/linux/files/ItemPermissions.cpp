@@ -4,16 +4,14 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstring>
 #include <utility>
-#include <vector>
 
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/FolderBuffer.h"
-#include "platform/linux/posix/FolderChain.h"
 #include "platform/linux/posix/ItemIdentity.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
+#include "platform/linux/posix/TreeWalk.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -37,30 +35,22 @@ class PermissionWalk {
 
   void Run(const std::string& path, bool inside) {
     const ReachedPath reached(path);
-    path_ = path;
-    if (reached.Error() != 0) return Fail(path_, SystemError(reached.Error()));
+    top_ = path;
+    if (reached.Error() != 0) return Fail(top_, SystemError(reached.Error()));
     TakeItem(reached.Folder(), reached.Rest(), inside);
-    while (!folders_.IsEmpty()) {
-      if (!stopped_ && names_.size() > levels_.back().FirstName) {
-        const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
-        const std::string name = names_.data() + start;
-        names_.resize(start);
-        TakeNext(name);
-      } else {
-        LeaveFolder();
-      }
-    }
+    walk_.Run(
+        0, [this] { return !stopped_; }, [this](const std::string& name) { TakeNext(name); },
+        [this] { LeaveFolder(); });
   }
 
  private:
   struct Level {
     std::uint32_t Mode = 0;      // what the folder has now
     std::uint32_t LastMode = 0;  // what it is to have in the end
-    std::size_t FirstName = 0;   // of its items that are still to come
-    std::size_t PathLength = 0;  // of its own path
   };
 
-  bool IsTop() const { return levels_.empty(); }
+  bool IsTop() const { return walk_.IsEmpty(); }
+  std::string PathOf(const char* name) const { return IsTop() ? top_ : walk_.PathOf(name); }
 
   void Fail(const std::string& path, base::Status reason) {
     ++outcome_.Failed;
@@ -69,15 +59,8 @@ class PermissionWalk {
   }
 
   void TakeNext(const std::string& name) {
-    path_ += path_.ends_with('/') ? name : '/' + name;
-    if (folders_.Get() < 0) {
-      Fail(path_, SystemError(ESTALE));
-    } else {
-      const std::size_t levels = levels_.size();
-      TakeItem(folders_.Get(), name.c_str(), true);
-      if (levels_.size() > levels) return;
-    }
-    path_.resize(levels_.back().PathLength);
+    if (walk_.Folder() < 0) return Fail(walk_.PathOf(name), SystemError(ESTALE));
+    TakeItem(walk_.Folder(), name.c_str(), true);
   }
 
   void TakeItem(int folder, const char* name, bool inside) {
@@ -88,16 +71,16 @@ class PermissionWalk {
     int error = item ? LookAt(item.Get(), "", found) : errno;
     if (error == ENOENT && !IsTop()) return;  // gone by itself
     ++outcome_.Items;
-    if (error != 0) return Fail(path_, SystemError(error));
+    if (error != 0) return Fail(PathOf(name), SystemError(error));
     if (S_ISLNK(found.stx_mode)) {
-      if (IsTop()) Fail(path_, {EOPNOTSUPP, "A link has no permissions of its own"});
+      if (IsTop()) Fail(top_, {EOPNOTSUPP, "A link has no permissions of its own"});
       return;
     }
     const bool isFolder = S_ISDIR(found.stx_mode);
     // Files can be mounted too, but what holds them may give them another device of its own.
     const bool tellsMounts = (found.stx_mask & STATX_MNT_ID) != 0;
     if (!IsTop() && (isFolder || tellsMounts) && !IsSameMount(found, start_)) {
-      return Fail(path_, {EBUSY, "Another volume is mounted here"});
+      return Fail(PathOf(name), {EBUSY, "Another volume is mounted here"});
     }
     const std::uint32_t mode = found.stx_mode & AllBits;
     const std::uint32_t wanted =
@@ -106,60 +89,52 @@ class PermissionWalk {
     const bool enters = isFolder && inside;
     const std::uint32_t first = enters ? mode | wanted : wanted;
     if (first != mode) error = ChangeMode(item.Get(), first);
-    if (error != 0) Fail(path_, SystemError(error));
+    if (error != 0) Fail(PathOf(name), SystemError(error));
     if (!enters) return;
     // What was refused once is not tried again on the way back.
-    EnterFolder(item.Get(), found, error != 0 ? Level{mode, mode} : Level{first, wanted});
+    EnterFolder(item.Get(), name, found, error != 0 ? Level{mode, mode} : Level{first, wanted});
   }
 
-  void EnterFolder(int item, const struct statx& found, Level level) {
+  void EnterFolder(int item, const char* name, const struct statx& found, Level level) {
+    const std::string path = PathOf(name);
     Descriptor opened(openat(item, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    level.FirstName = names_.size();
-    level.PathLength = path_.size();
+    const std::size_t mark = walk_.Mark();
     const int error = opened ? ReadFolder(opened.Get()) : errno;
-    if (error != 0) Fail(path_, {error, "Cannot be read: " + SystemError(error).Reason});
-    if (!opened) {
-      if (level.Mode != level.LastMode) ChangeLast(item, level);
-      return;
+    if (error != 0) Fail(path, {error, "Cannot be read: " + SystemError(error).Reason});
+    if (opened) {
+      walk_.Enter(std::move(opened), IdentityOf(found), IsTop() ? path : name, mark, level);
+    } else {
+      ChangeLast(item, path, level);
     }
-    folders_.Enter(std::move(opened), IdentityOf(found));
-    levels_.push_back(level);
   }
 
   // Puts the names of the items on the list. Gives an error number.
   int ReadFolder(int folder) {
-    for (;;) {
-      if (const int error = buffer_.Fill(folder); error != 0) return error == ENOENT ? 0 : error;
-      if (buffer_.IsEmpty()) return 0;
-      while (const dirent64* const item = buffer_.Next()) {
-        if (item->d_type != DT_LNK) names_.append(item->d_name, std::strlen(item->d_name) + 1);
-      }
-    }
+    const int error = buffer_.Read(folder, [this](const dirent64& item) {
+      if (item.d_type != DT_LNK) walk_.Add(item.d_name);
+      return true;
+    });
+    return error == ENOENT ? 0 : error;
   }
 
   void LeaveFolder() {
-    const Level left = levels_.back();
-    names_.resize(left.FirstName);
     // After a cancel too: no folder is left with what it had for the time of the walk alone.
-    if (left.Mode != left.LastMode) ChangeLast(folders_.Get(), left);
-    levels_.pop_back();
-    folders_.Leave();
-    if (!levels_.empty()) path_.resize(levels_.back().PathLength);
+    ChangeLast(walk_.Folder(), walk_.Path(), walk_.Here());
+    walk_.Leave();
   }
 
-  void ChangeLast(int folder, const Level& level) {
+  void ChangeLast(int folder, const std::string& path, const Level& level) {
+    if (level.Mode == level.LastMode) return;
     const int error = folder < 0 ? ESTALE : ChangeMode(folder, level.LastMode);
-    if (error != 0) Fail(path_, SystemError(error));
+    if (error != 0) Fail(path, SystemError(error));
   }
 
   const PermissionChange& change_;
   const ItemInspector::GoOn& goOn_;
   PermissionOutcome& outcome_;
   struct statx start_ {};
-  FolderChain folders_;
-  std::vector<Level> levels_;
-  std::string names_;  // of items still to come, each ended by a NUL
-  std::string path_;   // of the item at hand
+  TreeWalk<Level> walk_;
+  std::string top_;  // path of the item that was asked for
   FolderBuffer buffer_;
   bool stopped_ = false;
 };

@@ -59,16 +59,12 @@ class EndedName {
 base::Status LinuxFolder::Read(const TakeEntry& take) {
   FolderBuffer buffer;
   FolderEntry entry;
-  for (;;) {
-    if (const int error = buffer.Fill(folder_.Get()); error != 0) return SystemError(error);
-    if (buffer.IsEmpty()) return {};
-    while (const dirent64* const item = buffer.Next()) {
-      entry.Name = item->d_name;
-      entry.IsHidden = item->d_name[0] == '.';
-      SetKind(entry, item->d_type);
-      if (!take(entry)) return {};
-    }
-  }
+  return SystemError(buffer.Read(folder_.Get(), [&](const dirent64& item) {
+    entry.Name = item.d_name;
+    entry.IsHidden = item.d_name[0] == '.';
+    SetKind(entry, item.d_type);
+    return take(entry);
+  }));
 }
 
 base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {

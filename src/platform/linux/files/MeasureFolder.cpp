@@ -4,16 +4,14 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstring>
 #include <utility>
-#include <vector>
 
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/FolderBuffer.h"
-#include "platform/linux/posix/FolderChain.h"
 #include "platform/linux/posix/ItemIdentity.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
+#include "platform/linux/posix/TreeWalk.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -23,9 +21,9 @@ constexpr std::uint64_t blockSize = 512;  // of stx_blocks, whatever the file sy
 constexpr unsigned wanted =
     STATX_TYPE | STATX_NLINK | STATX_SIZE | STATX_BLOCKS | STATX_INO | STATX_MNT_ID;
 
-class Walk {
+class Measurement {
  public:
-  Walk(const FileSystem::GoOn& goOn, FolderTotal& total) : goOn_(goOn), total_(total) {}
+  Measurement(const FileSystem::GoOn& goOn, FolderTotal& total) : goOn_(goOn), total_(total) {}
 
   base::Status Run(Descriptor folder) {
     struct statx found;
@@ -33,35 +31,24 @@ class Walk {
     start_ = found;
     const int error = ReadFolder(folder.Get());
     if (error != 0) return SystemError(error);
-    Enter(std::move(folder), found, 0);
-    while (!folders_.IsEmpty() && !Stopped()) {
-      if (names_.size() > firstNames_.back()) {
-        EnterLast();
-      } else {
-        folders_.Leave();
-        firstNames_.pop_back();
-      }
-    }
+    walk_.Enter(std::move(folder), IdentityOf(found), "", 0, {});
+    walk_.Run(
+        0, [this] { return !Stopped(); }, [this](const std::string& name) { EnterFolder(name); },
+        [this] { walk_.Leave(); });
     return {};
   }
 
  private:
-  void Enter(Descriptor folder, const struct statx& found, std::size_t firstName) {
-    folders_.Enter(std::move(folder), IdentityOf(found));
-    firstNames_.push_back(firstName);
-  }
+  struct Level {};  // nothing but the names to come
 
   // Counts the items of a folder and puts the names of its subfolders on the list. Gives an error
   // number.
   int ReadFolder(int folder) {
-    for (;;) {
-      if (const int error = buffer_.Fill(folder); error != 0) return error == ENOENT ? 0 : error;
-      if (buffer_.IsEmpty()) return 0;
-      while (const dirent64* const item = buffer_.Next()) {
-        TakeItem(folder, *item);
-        if (Stopped()) return 0;
-      }
-    }
+    const int error = buffer_.Read(folder, [&](const dirent64& item) {
+      TakeItem(folder, item);
+      return !Stopped();
+    });
+    return error == ENOENT ? 0 : error;
   }
 
   void TakeItem(int folder, const dirent64& item) {
@@ -73,7 +60,7 @@ class Walk {
     }
     if (type == S_IFDIR) {
       ++total_.Folders;
-      names_.append(item.d_name, std::strlen(item.d_name) + 1);
+      walk_.Add(item.d_name);
       return;
     }
     ++total_.Files;
@@ -99,23 +86,18 @@ class Walk {
     return false;
   }
 
-  void EnterLast() {
-    const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
-    const int folder = folders_.Get();
-    const char* const name = names_.data() + start;
-    Descriptor opened;
+  void EnterFolder(const std::string& name) {
+    constexpr int flags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+    const int folder = walk_.Folder();
+    if (folder < 0) return Note(ESTALE);
     struct statx found;
-    if (folder < 0) {
-      Note(ESTALE);
-    } else if (StateOf(folder, name, found) && IsSameVolume(found)) {
-      opened = Descriptor(openat(folder, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-      if (!opened) Note(errno);
-    }
-    names_.resize(start);
-    if (!opened) return;
+    if (!StateOf(folder, name.c_str(), found) || !IsSameVolume(found)) return;
+    Descriptor opened(openat(folder, name.c_str(), flags));
+    if (!opened) return Note(errno);
+    const std::size_t mark = walk_.Mark();
     if (const int error = ReadFolder(opened.Get()); error != 0) Note(error);
-    if (names_.size() == start) return;
-    Enter(std::move(opened), found, start);
+    if (walk_.Mark() == mark) return;
+    walk_.Enter(std::move(opened), IdentityOf(found), name, mark, {});
   }
 
   // Nor is a folder entered that would be mounted by that. A volume may be mounted at several
@@ -131,7 +113,7 @@ class Walk {
   }
 
   bool Stopped() {
-    if (++sinceCall_ >= countPerCall) {
+    if (!stopped_ && ++sinceCall_ >= countPerCall) {
       sinceCall_ = 0;
       stopped_ = !goOn_(total_);
     }
@@ -141,10 +123,7 @@ class Walk {
   const FileSystem::GoOn& goOn_;
   FolderTotal& total_;
   struct statx start_ {};
-  FolderChain folders_;
-  // Of subfolders still to come, each ended by a NUL, those of each folder of the chain in turn.
-  std::string names_;
-  std::vector<std::size_t> firstNames_;  // where those of each folder begin
+  TreeWalk<Level> walk_;  // over the folders that have subfolders
   FolderBuffer buffer_;
   CountedFiles counted_;  // in this walk
   int sinceCall_ = 0;
@@ -156,7 +135,7 @@ class Walk {
 base::Status MeasureFolder(const std::string& folder, const FileSystem::GoOn& goOn,
                            FolderTotal& total) {
   Descriptor opened = OpenPath(folder, O_RDONLY | O_DIRECTORY);
-  return opened ? Walk(goOn, total).Run(std::move(opened)) : SystemError(errno);
+  return opened ? Measurement(goOn, total).Run(std::move(opened)) : SystemError(errno);
 }
 
 }  // namespace tarnwell::platform

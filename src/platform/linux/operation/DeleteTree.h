@@ -8,7 +8,7 @@
 #include "platform/linux/operation/HoldFolder.h"
 #include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/posix/FolderBuffer.h"
-#include "platform/linux/posix/FolderChain.h"
+#include "platform/linux/posix/TreeWalk.h"
 
 namespace tarnwell::platform {
 
@@ -28,10 +28,7 @@ class TreeDeletion {
  private:
   struct Level {
     struct statx Found {};
-    CopiedItems::Key Key;
-    std::size_t FirstName;   // of its subfolders that are still to come
-    std::size_t PathLength;  // of its own path
-    std::string Name;
+    CopiedItems::Key Key = 0;
     bool KeepsSome = false;  // holds something that was left, of which the user has heard
   };
 
@@ -46,16 +43,12 @@ class TreeDeletion {
   void LeaveFolder();
   // Whether the item may go; only what was copied may, where that matters.
   bool MayDelete(const char* name, const struct statx& found);
-  std::string PathOf(std::string_view name) const { return path_ + "/" + std::string(name); }
   bool Retries(std::string_view name, int error);
 
   OperationContext& context_;
   const CopiedItems* copied_ = nullptr;
-  FolderChain folders_;
-  std::vector<Level> levels_;
-  std::string names_;  // of subfolders still to come, each ended by a NUL
-  std::string files_;  // of the files of the folder at hand, each ended by a NUL
-  std::string path_;   // of the folder at hand
+  TreeWalk<Level> walk_;
+  NameList files_;  // of the folder at hand
   FolderBuffer buffer_;
   std::optional<HoldFolder> hold_;  // of the folder heldIn_
   ItemIdentity heldIn_;

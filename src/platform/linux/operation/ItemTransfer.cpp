@@ -33,7 +33,7 @@ ItemTransfer::ItemTransfer(OperationContext& context, const OpenPlace& target,
 
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
                         const std::string& targetName) {
-  if (source != source_ || sources_.Get() < 0 || targets_.Get() < 0) {
+  if (source != source_ || walk_.Folder() < 0 || targets_.Get() < 0) {
     const int error = EnterBase(source);
     if (error != 0) {
       context_.Retries(OperationStep::Find, source->Path + "/" + name, error);
@@ -45,10 +45,10 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
 
   struct statx found;
   int error = 0;
-  while ((error = LookAt(sources_.Get(), name.c_str(), found)) != 0 &&
+  while ((error = LookAt(walk_.Folder(), name.c_str(), found)) != 0 &&
          context_.Retries(OperationStep::Find, FromPath(name), error)) {
   }
-  if (error == 0 && StateOfTemporary(sources_.Get(), name.c_str()) == TemporaryState::Living) {
+  if (error == 0 && StateOfTemporary(walk_.Folder(), name.c_str()) == TemporaryState::Living) {
     LeaveUnfinished(FromPath(name));
   } else if (error == 0) {
     TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
@@ -63,11 +63,10 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
 // Gives an error number.
 int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   source_ = nullptr;
-  sources_ = {};
-  targets_ = {};
   Level base;
-  base.IsSwept = !levels_.empty() && levels_.front().IsSwept;
-  levels_.clear();
+  base.IsSwept = !walk_.IsEmpty() && walk_.At(0).IsSwept;
+  walk_ = {};
+  targets_ = {};
   Descriptor from(fcntl(source->Folder.Get(), F_DUPFD_CLOEXEC, 0));
   if (!from) return errno;
   Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));
@@ -76,18 +75,16 @@ int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   int error = LookAt(from.Get(), "", base.Source);
   if (error == 0) error = LookAt(to.Get(), "", target);
   if (error != 0) return error;
-  from_ = source->Path;
   to_ = target_.Path;
-  base.FromLength = from_.size();
   base.ToLength = to_.size();
   base.CanRename = moves_;
   base.HandsDown = HandsDownAccessLists(to.Get());
   base.Key = CopiedItems::KeyOfFirst(IdentityOf(base.Source));
   base.From = TraitsOf(from.Get());
   base.To = TraitsOf(to.Get());
-  sources_.Enter(std::move(from), IdentityOf(base.Source));
   targets_.Enter(std::move(to), IdentityOf(target));
-  levels_.push_back(std::move(base));
+  const ItemIdentity self = IdentityOf(base.Source);
+  walk_.Enter(std::move(from), self, source->Path, walk_.Mark(), std::move(base));
   source_ = source;
   return 0;
 }
@@ -97,20 +94,16 @@ void ItemTransfer::Finish() {
 }
 
 void ItemTransfer::Walk() {
-  while (levels_.size() > 1) {
-    if (names_.size() > levels_.back().FirstName && !context_.IsCancelled()) {
-      const std::size_t start = names_.rfind('\0', names_.size() - 2) + 1;  // 0 for the first
-      const std::string name = names_.data() + start;
-      names_.resize(start);
-      TakeItem({name, S_IFDIR, name});
-    } else {
-      LeaveFolder();
-    }
-  }
+  walk_.Run(
+      1, [this] { return !context_.IsCancelled(); },
+      [this](const std::string& name) {
+        TakeItem({name, S_IFDIR, name});
+      },
+      [this] { LeaveFolder(); });
 }
 
 void ItemTransfer::TakeItem(Item item) {
-  const bool isAsked = levels_.size() == 1;
+  const bool isAsked = walk_.Depth() == 1;
   int conflicts = 0;
   while (context_.GoesOn()) {
     const Failure failure = Attempt(item);
@@ -144,7 +137,7 @@ bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
 // What was left counts as done, so that the progress comes to its end.
 void ItemTransfer::PassOver(const Item& item) {
   struct statx found;
-  if (LookAt(sources_.Get(), item.Name.c_str(), found) != 0) return;
+  if (LookAt(walk_.Folder(), item.Name.c_str(), found) != 0) return;
   context_.AddItems(1);
   if (S_ISREG(found.stx_mode)) context_.AddBytes(found.stx_size);
 }
@@ -160,25 +153,25 @@ void ItemTransfer::ReportIfDue(const Item& item) {
 
 ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
   const bool isFolder = item.Type == S_IFDIR;
-  if (isFolder && levels_.size() == 1) {
+  if (isFolder && walk_.Depth() == 1) {
     struct statx found;
-    if (const int error = LookAt(sources_.Get(), item.Name.c_str(), found); error != 0) {
+    if (const int error = LookAt(walk_.Folder(), item.Name.c_str(), found); error != 0) {
       return {OperationStep::Find, error};
     }
     if (GoesIntoItself(IdentityOf(found))) {
       return {OperationStep::Place, EINVAL, "A folder cannot go into itself"};
     }
   }
-  if (levels_.back().CanRename && item.Decided != Way::Merge) {
+  if (walk_.Here().CanRename && item.Decided != Way::Merge) {
     const Failure failure = Rename(item);
     if (failure.Error != EXDEV) return failure;
-    levels_.back().CanRename = false;
+    walk_.Here().CanRename = false;
   }
   if (beforeCopying_) std::exchange(beforeCopying_, nullptr)();
   const auto goesOn = [this] { return context_.GoesOn(); };
-  if (Level& level = levels_.back(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
+  if (Level& level = walk_.Here(); !level.IsOwn && !std::exchange(level.IsSwept, true)) {
     SweepTemporaries(targets_.Get(), goesOn);
-    if (moves_ && levels_.size() == 1) SweepTemporaries(sources_.Get(), goesOn);
+    if (moves_ && walk_.Depth() == 1) SweepTemporaries(walk_.Folder(), goesOn);
   }
   if (const Failure failure = LookAhead(item); failure.Error != 0) return failure;
   ReportIfDue(item);
@@ -196,7 +189,7 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
 
 // Before anything is copied in vain.
 ItemTransfer::Failure ItemTransfer::LookAhead(const Item& item) {
-  const Level& level = levels_.back();
+  const Level& level = walk_.Here();
   if (item.Decided != Way::Free) return {};
   if (!level.To.TakesAnyName && IsUnusualName(item.Target)) {
     const int error = TryName(targets_.Get(), item.Target);
@@ -216,7 +209,7 @@ ItemTransfer::Failure ItemTransfer::LookAhead(const Item& item) {
 ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   const char* const name = item.Name.c_str();
   const char* const target = item.Target.c_str();
-  const int from = sources_.Get();
+  const int from = walk_.Folder();
   const int to = targets_.Get();
   int error = 0;
   if (item.Decided != Way::Replace) {
@@ -233,7 +226,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
 }
 
 ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& source) {
-  const Level& level = levels_.back();
+  const Level& level = walk_.Here();
   if (moves_) {
     copied_.Add(CopiedItems::KeyBelow(level.Key, item.Name), source, level.From);
   }

@@ -18,7 +18,7 @@
 #include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/FolderBuffer.h"
-#include "platform/linux/posix/FolderChain.h"
+#include "platform/linux/posix/TreeWalk.h"
 #include "platform/linux/posix/VolumeTraits.h"
 
 namespace tarnwell::platform {
@@ -72,10 +72,7 @@ class ItemTransfer {
     CopiedItems::Key Key = 0;
     VolumeTraits From;
     VolumeTraits To;
-    std::size_t FirstName = 0;  // of its subfolders that are still to come
-    std::size_t FromLength = 0;
-    std::size_t ToLength = 0;
-    std::string Name;
+    std::size_t ToLength = 0;  // of the path of what it becomes
     std::string Target;
     std::string Temporary;      // while it lies under another name than its own
     bool HandsDown = false;     // gives access lists to what is made there
@@ -106,21 +103,21 @@ class ItemTransfer {
   void FinishBatch();
   void ReportIfDue(const Item& item);
   Failure Done(const Item& item, const struct statx& source);
-  std::string FromPath(std::string_view name) const { return from_ + "/" + std::string(name); }
+  std::string FromPath(std::string_view name) const { return walk_.PathOf(name); }
   std::string ToPath(std::string_view name) const { return to_ + "/" + std::string(name); }
 
   // Folders (TransferFolder.cpp).
   Failure CopyFolder(const Item& item);
   Failure OpenTargetFolder(const Item& item, bool holdsFiles, Level& level, Descriptor& opened);
-  int ReadNames(int folder, const std::string& path, std::string& others);
   // What names a folder has besides those of its subfolders.
   struct FolderNames {
-    std::string Others;                   // with a letter for the kind in front of each
+    NameList Others;                      // with a letter for the kind in front of each
     std::vector<std::string> Unfinished;  // temporary ones that are in use
     bool HasLeft = false;                 // temporary ones of a killed run are among the others
   };
+  int ReadNames(int folder, const std::string& path, NameList& others);
   int ListNames(int folder, FolderNames& names);
-  void TakeOthers(const std::string& others);
+  void TakeOthers(const NameList& others);
   bool GoesIntoItself(const ItemIdentity& source) const;
   bool PutInPlace();
   void LeaveFolder();
@@ -152,13 +149,10 @@ class ItemTransfer {
   const uid_t user_ = geteuid();
   const gid_t group_ = getegid();
   std::shared_ptr<const OpenPlace> source_;  // where the last item was taken from
-  FolderChain sources_;
-  FolderChain targets_;
-  std::vector<Level> levels_;
-  std::string names_;  // of subfolders still to come, each ended by a NUL
-  std::string from_;   // path of the folder at hand
-  std::string to_;     // and of the one that it becomes
-  ItemIdentity made_;  // what the item at hand becomes, when it is a folder
+  TreeWalk<Level> walk_;                     // down the sources
+  FolderChain targets_;                      // what each folder on the way becomes
+  std::string to_;                           // path of the last of them
+  ItemIdentity made_;                        // what the item at hand becomes, when it is a folder
   FolderBuffer buffer_;
   ContentCopier content_;
   LinkedFiles links_;

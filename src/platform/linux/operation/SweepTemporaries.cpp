@@ -23,12 +23,15 @@ struct QuietUser : OperationUser {
   const std::function<bool()>& goesOn_;
 };
 
-void ForEachName(int folder, const std::function<bool()>& goesOn,
-                 const std::function<void(const char*)>& take) {
-  FolderBuffer buffer;
-  while (goesOn() && buffer.Fill(folder) == 0 && !buffer.IsEmpty()) {
-    while (const dirent64* const item = buffer.Next()) take(item->d_name);
-  }
+// What cannot be read is left for another time.
+template <typename Take>
+void ForEachName(int folder, const std::function<bool()>& goesOn, Take take) {
+  if (!goesOn()) return;
+  const auto takeName = [&](const dirent64& item) {
+    take(item.d_name);
+    return true;
+  };
+  FolderBuffer().Read(folder, takeName, goesOn);
 }
 
 void Delete(int folder, const std::string& name, QuietUser& user) {

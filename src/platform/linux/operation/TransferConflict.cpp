@@ -39,14 +39,14 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       return Way::Leave;
     }
     struct statx source;
-    error = LookAt(sources_.Get(), item.Name.c_str(), source);
+    error = LookAt(walk_.Folder(), item.Name.c_str(), source);
     if (error != 0) {
       if (context_.Retries(OperationStep::Find, FromPath(item.Name), error)) continue;
       return Way::Leave;
     }
     bool isSame = IdentityOf(there) == IdentityOf(source);
     // It is where it is to go already.
-    if (isSame && moves_ && item.Name == item.Target && sources_.Self() == targets_.Self()) {
+    if (isSame && moves_ && item.Name == item.Target && walk_.Self() == targets_.Self()) {
       return Way::Leave;
     }
     bool makesTwin = context_.Has(RenameOnCollision);
@@ -90,12 +90,12 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
 // Two mounts can show one folder under different numbers. Then what a move puts in the place of an
 // item would be all that there is of it, and go with the source. A rename does no such harm.
 bool ItemTransfer::IsOneFolder() const {
-  if (!moves_ || levels_.back().CanRename) return false;
+  if (!moves_ || walk_.Here().CanRename) return false;
   // A folder: volumes in user space keep a file for a while that goes while it is open.
   TemporaryName probe;
   if (probe.Renew() != 0 || mkdirat(targets_.Get(), probe.Text(), 0700) != 0) return false;
   struct statx found;
-  const bool isThere = LookAt(sources_.Get(), probe.Text(), found) == 0;
+  const bool isThere = LookAt(walk_.Folder(), probe.Text(), found) == 0;
   unlinkat(targets_.Get(), probe.Text(), AT_REMOVEDIR);
   return isThere;
 }
@@ -109,7 +109,7 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
   conflict.Source = SideOf(FromPath(item.Name), source);
   conflict.Target = SideOf(ToPath(spelled), target);
   conflict.IsOtherSpelling = spelled != item.Target;
-  const std::int64_t slack = levels_.back().To.HasFineTimes ? 0 : coarsestTime;
+  const std::int64_t slack = walk_.Here().To.HasFineTimes ? 0 : coarsestTime;
   const bool isOlder = conflict.Target.Modified + slack < conflict.Source.Modified;
   switch (context_.AskConflict(std::move(conflict))) {
     case ConflictChoice::Replace:

@@ -24,14 +24,14 @@ mode_t ItemTransfer::FirstMode(const struct statx& source) const {
 ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
   // No waiting, should another item have taken its place.
   constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
-  const Descriptor from(openat(sources_.Get(), item.Name.c_str(), flags));
+  const Descriptor from(openat(walk_.Folder(), item.Name.c_str(), flags));
   struct statx source;
   const int error = from ? LookAt(from.Get(), "", source) : errno;
   if (error != 0) return {OperationStep::Read, error};
   if (!S_ISREG(source.stx_mode)) return {OperationStep::Read, EINVAL, "Not a regular file"};
 
   // Its other names must find it, and what takes long must not lie hidden.
-  Level& level = levels_.back();
+  Level& level = walk_.Here();
   const bool isLinked = source.stx_nlink > 1;
   if ((isLinked || source.stx_size > smallSize) && !level.ReplacesFile && !PutInPlace()) {
     return {};  // the user has heard of it
@@ -58,7 +58,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   const char* const name = item.Target.c_str();
   const bool replaces = item.Decided == Way::Replace;
   const bool isSmall = source.stx_size <= smallSize;
-  const bool isHidden = isSmall && !replaces && !levels_.back().Temporary.empty();
+  const bool isHidden = isSmall && !replaces && !walk_.Here().Temporary.empty();
   PendingFile pending(targets_.Get());
   int error = isHidden ? pending.CreateAs(name, FirstMode(source))
                        : pending.Create(FirstMode(source), replaces && isSmall);
@@ -86,7 +86,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (!isWhole && !isChanged)
     return {OperationStep::Read, EIO, "The file gives less than its size tells"};
   bool losesSome = false;
-  error = CopyAttributes(from, source, pending.Get(), copy, levels_.back().HandsDown, losesSome);
+  error = CopyAttributes(from, source, pending.Get(), copy, walk_.Here().HandsDown, losesSome);
   if (error == 0) error = flushed_.Take(pending.Get(), copy);
   if (error != 0) return written(error);
   if (losesSome && LeavesForLoss(FromPath(item.Name))) {
@@ -104,8 +104,8 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
-    for (std::size_t at = 1; at < levels_.size(); ++at) {
-      const Level& level = levels_[at];
+    for (std::size_t depth = 1; depth < walk_.Depth(); ++depth) {
+      const Level& level = walk_.At(depth);
       now += (level.Temporary.empty() ? level.Target : level.Temporary) + "/";
     }
     links_.Add(source, copy, ToPath(item.Target).substr(target_.Path.size() + 1),
@@ -120,7 +120,7 @@ bool ItemTransfer::LeavesForLoss(const std::string& path) {
 }
 
 ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
-  const int from = sources_.Get();
+  const int from = walk_.Folder();
   const int to = targets_.Get();
   // Looked at first: what comes into its place later is another item than the one that was copied.
   struct statx source;
@@ -152,7 +152,7 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
 
 // A name is on the disk when its folder is. What new folders hold is seen to when they are left.
 ItemTransfer::Failure ItemTransfer::FinishItem(const Item& item, const struct statx& source) {
-  if (moves_ && !levels_.back().IsNew) {
+  if (moves_ && !walk_.Here().IsNew) {
     struct statx folder;
     int error = LookAt(targets_.Get(), "", folder);
     if (error == 0) error = flushed_.Take(targets_.Get(), folder);

@@ -1,6 +1,5 @@
 #include <sys/xattr.h>
 
-#include <cstring>
 #include <utility>
 
 #include "platform/linux/files/RenameItem.h"
@@ -15,6 +14,14 @@ namespace tarnwell::platform {
 namespace {
 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+
+// A letter for a kind of item, one of the system's numbers below 16; no kind gives a NUL.
+constexpr char LetterOf(unsigned char kind) {
+  return static_cast<char>('A' + kind);
+}
+constexpr unsigned char KindOf(char letter) {
+  return static_cast<unsigned char>(letter - 'A');
+}
 
 // Gives an error number.
 int MakeTemporaryFolder(int folder, std::string& name, Descriptor& opened) {
@@ -45,7 +52,7 @@ bool ItemTransfer::GoesIntoItself(const ItemIdentity& source) const {
 }
 
 ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
-  Descriptor source(openat(sources_.Get(), item.Name.c_str(), folderFlags));
+  Descriptor source(openat(walk_.Folder(), item.Name.c_str(), folderFlags));
   Level level;
   int error = source ? LookAt(source.Get(), "", level.Source) : errno;
   if (error != 0) return {OperationStep::Read, error};
@@ -58,37 +65,33 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
     return {OperationStep::Place, EINVAL, "A folder cannot go into itself"};
   }
 
-  level.FirstName = names_.size();
-  std::string others;
+  const std::size_t mark = walk_.Mark();
+  NameList others;
   Descriptor target;
   Failure failure{OperationStep::Read, ReadNames(source.Get(), FromPath(item.Name), others)};
-  if (failure.Error == 0) failure = OpenTargetFolder(item, others.size() > 1, level, target);
+  if (failure.Error == 0) failure = OpenTargetFolder(item, !others.IsEmpty(), level, target);
   struct statx made;
   if (failure.Error == 0) {
     failure = {OperationStep::MakeFolder, LookAt(target.Get(), "", made), nullptr, true};
   }
   if (failure.Error != 0) {
-    names_.resize(level.FirstName);
+    walk_.ForgetFrom(mark);
     return failure;
   }
-  if (levels_.size() == 1) made_ = IdentityOf(made);
-  from_ += "/" + item.Name;
+  if (walk_.Depth() == 1) made_ = IdentityOf(made);
   to_ += "/" + item.Target;
-  level.FromLength = from_.size();
   level.ToLength = to_.size();
-  level.Key = CopiedItems::KeyBelow(levels_.back().Key, item.Name);
-  const Level& above = levels_.back();
+  level.Key = CopiedItems::KeyBelow(walk_.Here().Key, item.Name);
+  const Level& above = walk_.Here();
   level.From = IsSameMount(level.Source, above.Source) ? above.From : TraitsOf(source.Get());
   level.To = level.IsNew ? above.To : TraitsOf(target.Get());
-  level.Name = item.Name;
   level.Target = item.Target;
-  level.IsOwn = level.IsNew || levels_.back().IsOwn;
+  level.IsOwn = level.IsNew || walk_.Here().IsOwn;
   level.CanRename = moves_ && !level.IsOwn;
-  sources_.Enter(std::move(source), self);
   targets_.Enter(std::move(target), IdentityOf(made));
-  levels_.push_back(std::move(level));
+  walk_.Enter(std::move(source), self, item.Name, mark, std::move(level));
   TakeOthers(others);
-  if (!levels_.back().ReplacesFile) PutInPlace();
+  if (!walk_.Here().ReplacesFile) PutInPlace();
   return {};
 }
 
@@ -123,14 +126,14 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
 }
 
 // Gives an error number.
-int ItemTransfer::ReadNames(int folder, const std::string& path, std::string& others) {
-  const std::size_t firstName = names_.size();
+int ItemTransfer::ReadNames(int folder, const std::string& path, NameList& others) {
+  const std::size_t mark = walk_.Mark();
   FolderNames names;
   int error = ListNames(folder, names);
   // What a killed move held is back in its place then, and goes along.
   if (error == 0 && moves_ && names.HasLeft) {
     SweepTemporaries(folder, [this] { return context_.GoesOn(); });
-    names_.resize(firstName);
+    walk_.ForgetFrom(mark);
     names = {};
     error = lseek(folder, 0, SEEK_SET) == 0 ? ListNames(folder, names) : errno;
   }
@@ -142,42 +145,40 @@ int ItemTransfer::ReadNames(int folder, const std::string& path, std::string& ot
 
 // The folders go on the list. Gives an error number.
 int ItemTransfer::ListNames(int folder, FolderNames& names) {
-  for (;;) {
-    if (const int error = buffer_.Fill(folder); error != 0) return error;
-    if (buffer_.IsEmpty() || !context_.GoesOn()) return 0;
-    while (const dirent64* const item = buffer_.Next()) {
-      const TemporaryState state = StateOfTemporary(folder, item->d_name);
-      if (state == TemporaryState::Left) names.HasLeft = true;
-      if (state == TemporaryState::Living) {
-        names.Unfinished.emplace_back(item->d_name);
-        continue;
-      }
-      unsigned char type = item->d_type;
-      struct statx found;
-      if (type == DT_UNKNOWN && LookAt(folder, item->d_name, found) == 0) {
-        type = static_cast<unsigned char>(IFTODT(found.stx_mode));
-      }
-      if (type != DT_DIR) names.Others += static_cast<char>(type);
-      std::string& list = type == DT_DIR ? names_ : names.Others;
-      list.append(item->d_name, std::strlen(item->d_name) + 1);
+  const auto take = [&](const dirent64& item) {
+    const TemporaryState state = StateOfTemporary(folder, item.d_name);
+    if (state == TemporaryState::Left) names.HasLeft = true;
+    if (state == TemporaryState::Living) {
+      names.Unfinished.emplace_back(item.d_name);
+      return true;
     }
-  }
+    unsigned char kind = item.d_type;
+    struct statx found;
+    if (kind == DT_UNKNOWN && LookAt(folder, item.d_name, found) == 0) {
+      kind = static_cast<unsigned char>(IFTODT(found.stx_mode));
+    }
+    if (kind == DT_DIR) {
+      walk_.Add(item.d_name);
+    } else {
+      names.Others.Add(LetterOf(kind), item.d_name);
+    }
+    return true;
+  };
+  return buffer_.Read(folder, take, [this] { return context_.GoesOn(); });
 }
 
-void ItemTransfer::TakeOthers(const std::string& others) {
-  for (std::size_t at = 0;
-       at < others.size() && !levels_.back().IsGivenUp && !context_.IsCancelled();) {
-    const auto type = static_cast<unsigned char>(others[at]);
-    const std::string name = others.data() + at + 1;
-    at += name.size() + 2;
-    TakeItem({name, static_cast<unsigned>(DTTOIF(type)), name});
+void ItemTransfer::TakeOthers(const NameList& others) {
+  for (const char* const lettered : others) {
+    if (walk_.Here().IsGivenUp || context_.IsCancelled()) return;
+    const std::string name = lettered + 1;
+    TakeItem({name, static_cast<unsigned>(DTTOIF(KindOf(*lettered))), name});
   }
 }
 
 // Gives the folder at hand its own name. What was put there meanwhile stays, and the folder gets
 // another name. False if it was given up.
 bool ItemTransfer::PutInPlace() {
-  Level& level = levels_.back();
+  Level& level = walk_.Here();
   if (level.Temporary.empty()) return true;
   if (level.IsGivenUp) return false;
   const int above = targets_.Above();
@@ -190,30 +191,27 @@ bool ItemTransfer::PutInPlace() {
     std::string twin = level.Target;
     if (error == EEXIST && (error = FindFreeTwin(above, twin, true)) == 0) {
       level.Target = twin;
-      to_ = to_.substr(0, levels_[levels_.size() - 2].ToLength) + "/" + level.Target;
+      to_ = to_.substr(0, walk_.At(walk_.Depth() - 2).ToLength) + "/" + level.Target;
       level.ToLength = to_.size();
       continue;
     }
     if (context_.Retries(OperationStep::MakeFolder, to_, error)) continue;
     ForgetCopied();
-    names_.resize(level.FirstName);
+    walk_.ForgetNames();
     level.IsGivenUp = true;
     return false;
   }
 }
 
 void ItemTransfer::LeaveFolder() {
-  bool isWhole = !levels_.back().IsNew || FinishNewFolder(levels_.back());
-  const Level left = std::move(levels_.back());
-  levels_.pop_back();
-  sources_.Leave();
+  bool isWhole = !walk_.Here().IsNew || FinishNewFolder(walk_.Here());
+  const std::string name = walk_.Name();
+  const Level left = walk_.Leave();
   targets_.Leave();
-  names_.resize(left.FirstName);
-  from_.resize(levels_.back().FromLength);
-  to_.resize(levels_.back().ToLength);
+  to_.resize(walk_.Here().ToLength);
   if (!left.Temporary.empty() && !FinishReplacing(left)) isWhole = false;
   if (!isWhole || context_.IsCancelled()) return;
-  const Item item{left.Name, S_IFDIR, left.Target};
+  const Item item{name, S_IFDIR, left.Target};
   Failure failure;
   do {
     failure = left.IsNew ? FinishItem(item, left.Source) : Done(item, left.Source);
@@ -237,14 +235,14 @@ bool ItemTransfer::FinishReplacing(const Level& left) {
 bool ItemTransfer::FinishNewFolder(const Level& level) {
   for (;;) {
     struct statx copy;
-    int error = targets_.Get() < 0 || sources_.Get() < 0 ? ESTALE : 0;
+    int error = targets_.Get() < 0 || walk_.Folder() < 0 ? ESTALE : 0;
     if (error == 0) error = LookAt(targets_.Get(), "", copy);
     bool losesSome = false;
     if (error == 0) {
-      error = CopyAttributes(sources_.Get(), level.Source, targets_.Get(), copy, true, losesSome);
+      error = CopyAttributes(walk_.Folder(), level.Source, targets_.Get(), copy, true, losesSome);
     }
     if (error == 0) error = flushed_.Take(targets_.Get(), copy);
-    if (error == 0) return !losesSome || !LeavesForLoss(from_);
+    if (error == 0) return !losesSome || !LeavesForLoss(walk_.Path());
     if (!context_.Retries(OperationStep::MakeFolder, to_, error)) return false;
   }
 }

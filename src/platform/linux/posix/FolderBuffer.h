@@ -13,14 +13,34 @@ namespace tarnwell::platform {
 // after the other.
 class FolderBuffer {
  public:
-  // Gets the next helping of items from the open folder. Gives an error number; 0 at the end too.
+  // Hands every item of the open folder but "." and ".." to `take`, until that gives false.
+  // `goesOn` is asked after each helping, and ends the reading as well. Gives an error number.
+  template <typename Take, typename GoesOn>
+  int Read(int folder, Take take, GoesOn goesOn) {
+    for (;;) {
+      if (const int error = Fill(folder); error != 0) return error;
+      if (IsEmpty()) return 0;
+      while (const dirent64* const item = Next()) {
+        if (!take(*item)) return 0;
+      }
+      if (!goesOn()) return 0;
+    }
+  }
+  template <typename Take>
+  int Read(int folder, Take take) {
+    return Read(folder, take, [] { return true; });
+  }
+
+ private:
+  // Gets the next helping of items; none at the end.
   int Fill(int folder) {
     const ssize_t got = getdents64(folder, bytes_.get(), size);
     at_ = 0;
     end_ = got > 0 ? static_cast<std::size_t>(got) : 0;
     return got < 0 ? errno : 0;
   }
-  // The next item of the helping, neither "." nor ".."; null at its end.
+  bool IsEmpty() const { return end_ == 0; }
+  // The next item of the helping; null at its end.
   const dirent64* Next() {
     while (at_ < end_) {
       const auto* const item = reinterpret_cast<const dirent64*>(bytes_.get() + at_);
@@ -29,9 +49,7 @@ class FolderBuffer {
     }
     return nullptr;
   }
-  bool IsEmpty() const { return end_ == 0; }
 
- private:
   static constexpr std::size_t size = 65536;
 
   static bool IsOwnOrParent(const char* name) {

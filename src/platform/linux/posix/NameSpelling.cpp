@@ -44,14 +44,8 @@ template <typename Take>
 bool ForEachName(int folder, Take take) {
   const Descriptor fresh(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!fresh) return false;
-  FolderBuffer buffer;
-  for (;;) {
-    if (buffer.Fill(fresh.Get()) != 0) return false;
-    if (buffer.IsEmpty()) return true;
-    while (const dirent64* const item = buffer.Next()) {
-      if (!take(item->d_name)) return true;
-    }
-  }
+  const auto takeName = [&](const dirent64& item) { return take(item.d_name); };
+  return FolderBuffer().Read(fresh.Get(), takeName) == 0;
 }
 
 }  // namespace
