@@ -33,7 +33,7 @@ std::int16_t HighestNumber(std::size_t count) {
 
 }  // namespace
 
-ListerControl::ListerControl(ListId list, const ListerServices& services, ListerEvents& events)
+ListerControl::ListerControl(ListId list, const ListServices& services, ListerEvents& events)
     : id_(list), parts_(std::make_unique<Parts>(*this, services, events)) {}
 
 ListerControl::~ListerControl() = default;
@@ -384,7 +384,7 @@ const Headings& ListerControl::HeadingTable() const {
 }
 void ListerControl::FitHeadings(
     const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf) {
-  const ListerServices& services = parts_->State.Services;
+  const ListServices& services = parts_->State.Services;
   for (int number = 0; number < HeadingCount; ++number) {
     const auto id = static_cast<HeadingId>(number);
     parts_->State.Table.FitWidth(id, widthOf(id, SampleText(services.Forms, services.Clock, id)));
@@ -401,7 +401,7 @@ bool ListerControl::ShowIcons() const {
   return IsFileList(id_) ? parts_->State.Settings.ShowFileIcons
                          : parts_->State.Settings.ShowFolderIcons;
 }
-const ListerColours& ListerControl::Colours() const {
+const ListColours& ListerControl::Colours() const {
   return parts_->State.Settings.Colours;
 }
 int ListerControl::BorderWidth() const {

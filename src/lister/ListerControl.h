@@ -19,13 +19,18 @@
 #include "base/Colour.h"
 #include "base/Value.h"
 #include "forms/Controls.h"
+#include "lister/list/ClickedItem.h"
 #include "lister/list/FolderFollower.h"
+#include "lister/list/ListColours.h"
 #include "lister/list/ListId.h"
+#include "lister/list/ListServices.h"
 #include "lister/list/ListerEvents.h"
+#include "lister/list/RowPointer.h"
 #include "lister/rows/Comparison.h"
 #include "lister/rows/Headings.h"
-#include "lister/rows/ItemColours.h"
 #include "lister/rows/ListerView.h"
+#include "lister/rows/NameFilter.h"
+#include "lister/rows/RowState.h"
 #include "platform/Clock.h"
 #include "platform/Collation.h"
 #include "platform/FileOperation.h"
@@ -38,101 +43,9 @@
 
 namespace tarnwell::lister {
 
-struct ListerServices {
-  platform::FileSystem& Files;
-  platform::Drives& Drives;
-  platform::FolderWatch& Watches;
-  platform::MessagePump& Pump;
-  platform::Clock& Clock;
-  platform::Collation& Order;
-  platform::Launcher& Launcher;
-  const platform::NumberForms& Forms;
-  platform::FolderStamps& Stamps;
-  const int& OpenBrackets;  // routines that run and keep the lists from following the disk
-};
-
-// The colours that a list paints itself with, each named as the property that sets it.
-struct ListerColours {
-  base::Colour ActiveHeading = 0;
-  base::Colour ActiveHeadingText = 0;
-  base::Colour InactiveHeading = 0;
-  base::Colour InactiveHeadingText = 0;
-  base::Colour HeadingHoverText = 0;
-  base::Colour ProgramBackground = 0;
-  base::Colour PaneBackground = 0;
-  base::Colour DriveList = 0;
-  base::Colour DriveText = 0;
-  base::Colour StatusBackground = 0;
-  base::Colour StatusText = 0;
-  base::Colour MinorToolbar = 0;
-  base::Colour ListBackground = 0;
-  base::Colour ListText = 0;
-  base::Colour ActiveListOutline = 0;
-  base::Colour InActiveListOutline = 0;
-  base::Colour ActiveItemOutline = 0;
-  base::Colour ActiveItemUnderline = 0;
-  base::Colour TextSecondary = 0;
-};
-
-// What the widget shows of a row, without its cells.
-struct RowState {
-  platform::ItemKind Kind = platform::ItemKind::File;
-  bool IsLink = false;
-  bool IsHidden = false;
-  bool IsOpen = false;       // the open folder of a folder list
-  bool HasChildren = false;  // may be expanded, as far as is known
-  bool IsExpanded = false;
-  bool IsSelected = false;
-  bool IsTarget = false;  // what is dragged would go there, or an open menu is for it
-  ItemColour Colour = ItemColour::Default;  // what is to be shown, by the display switch and limit
-  CompareMarks Marks = {};
-};
-
-// Which part of a row the mouse is on.
-enum class RowPart {
-  None,    // below the last row
-  Branch,  // left of the icon, in a folder list: the widget opens and closes branches there
-  Gap,     // the small space between icon and name, where the arrow of a selected item stands
-  Item,    // icon or name
-  Rest,    // the row's other cells and the space behind the name
-};
-
-// The mouse over a list.
-struct RowPointer {
-  RowId Row = NoRow;  // NoRow where Part is None
-  // Of the row in the height of the pointer, also where the pointer is beside the list: -1 above
-  // the first row, the number of rows below the last.
-  int Position = -1;
-  RowPart Part = RowPart::None;
-  MouseEvent Event;
-};
-
-// What was clicked, by the numbers of GetClickedItem.
-enum ClickedKind : std::int32_t {
-  NothingClicked = 0,
-  ClickedDriveRoot = 1,
-  ClickedFolder = 2,
-  ClickedFile = 4,
-  ClickedEmptySpace = 8,  // of a file list
-};
-
-// What goes on while a mouse button is down.
-enum class MouseAction {
-  None,
-  Sweep,  // selecting by the gap
-  Band,   // selecting by a frame that is drawn over the rows
-  Drag,   // what is selected is being dragged
-};
-
-// An entry of the drop-down list of extensions.
-struct ExtensionChoice {
-  std::string Extension;  // bytes, lower case; what SetExtensionFilter takes
-  int Count = 0;          // files that have it
-};
-
 class ListerControl : public forms::Control {
  public:
-  ListerControl(ListId list, const ListerServices& services, ListerEvents& events);
+  ListerControl(ListId list, const ListServices& services, ListerEvents& events);
   ~ListerControl();
 
   ListId Id() const { return id_; }
@@ -367,7 +280,7 @@ class ListerControl : public forms::Control {
   // Whether items are told apart by icons of their own type, or all of a kind look the same; by
   // kind of list, from the named settings.
   bool ShowIcons() const;
-  const ListerColours& Colours() const;
+  const ListColours& Colours() const;
   int BorderWidth() const;  // pixels round the list, 0 to 8
   const std::string& StatusText() const;
   // For what the widget itself says in numbers.

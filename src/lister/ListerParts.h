@@ -12,7 +12,7 @@
 namespace tarnwell::lister {
 
 struct ListerControl::Parts {
-  Parts(ListerControl& control, const ListerServices& services, ListerEvents& events)
+  Parts(ListerControl& control, const ListServices& services, ListerEvents& events)
       : State(control, services, events) {
     if (IsFileList(control.Id())) {
       Body = std::make_unique<FileBody>(State);

@@ -72,10 +72,10 @@ Master::Master(const Services& services, Splash& splash)
              [this](lister::ListId list) {
                return std::make_unique<lister::ListerControl>(
                    list,
-                   lister::ListerServices{services_.Files, services_.Drives, services_.Watches,
-                                          services_.Pump, services_.Clock, services_.Order,
-                                          services_.Launcher, services_.Forms, services_.Stamps,
-                                          space_.OpenBrackets},
+                   lister::ListServices{services_.Files, services_.Drives, services_.Watches,
+                                        services_.Pump, services_.Clock, services_.Order,
+                                        services_.Launcher, services_.Forms, services_.Stamps,
+                                        space_.OpenBrackets},
                    events_);
              }),
       messages_(services_.Host, space_.Form),

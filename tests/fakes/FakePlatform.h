@@ -399,8 +399,8 @@ struct FakePlatform {
   FakeKeyboard Keys;
   FakeNumberForms Forms;
 
-  lister::ListerServices Services() { return Services(OpenBrackets); }
-  lister::ListerServices Services(const int& openBrackets) {
+  lister::ListServices Services() { return Services(OpenBrackets); }
+  lister::ListServices Services(const int& openBrackets) {
     return {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, openBrackets};
   }
 };

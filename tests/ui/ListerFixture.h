@@ -111,7 +111,7 @@ class ListerWidgetTest : public testing::Test {
   }
 
   fakes::FakePlatform Platform{base::PathSyntax::Posix()};
-  lister::ListerServices Services = Platform.Services();
+  lister::ListServices Services = Platform.Services();
   lister::EventRecord Events;
   IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
 };

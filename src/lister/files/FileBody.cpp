@@ -4,10 +4,10 @@
 #include <limits>
 #include <utility>
 
-#include "lister/KeepColour.h"
 #include "lister/files/FileCells.h"
 #include "lister/files/FileStatus.h"
 #include "lister/files/OpenFiles.h"
+#include "lister/files/SelectedColours.h"
 #include "lister/rows/PlacedNames.h"
 
 namespace tarnwell::lister {
@@ -68,7 +68,7 @@ void FileBody::ShowStatus(const std::string& text) {
 // --- Tools.
 
 void FileBody::SetItemColour(ItemColour colour) {
-  KeepColour(files_, colour);
+  KeepSelectedColours(files_, colour);
 }
 
 int FileBody::FileCount() const {

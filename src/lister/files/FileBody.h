@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "lister/ListSizes.h"
 #include "lister/files/FileInput.h"
 #include "lister/files/FileListState.h"
 #include "lister/files/FileReader.h"
+#include "lister/files/FileSizes.h"
 
 namespace tarnwell::lister {
 

@@ -8,7 +8,7 @@ namespace tarnwell::lister {
 std::string FileCellText(const FileListState& files, RowId row, HeadingId heading) {
   const FileRow& item = files.Rows.Row(row);
   const std::string_view name = files.Rows.Name(row);
-  const ListerServices& services = files.List.Services;
+  const ListServices& services = files.List.Services;
   switch (heading) {
     case HeadingId::Name:
       return base::ForDisplay(name);

@@ -2,7 +2,7 @@
 // is in the status line. Messages are let through meanwhile; Escape ends it and keeps what is done.
 //
 // Knows the steps and the words; which rows there are and how they show a size is said by the two
-// kinds of list (ListSizes.h).
+// kinds of list (FileSizes, TreeSizes).
 #pragma once
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 
 namespace tarnwell::lister {
 
-ListState::ListState(ListerControl& control, const ListerServices& services, ListerEvents& events)
+ListState::ListState(ListerControl& control, const ListServices& services, ListerEvents& events)
     : Control(control),
       Services(services),
       Events(events),

@@ -22,10 +22,10 @@ namespace tarnwell::lister {
 
 // The state that a list of either kind has.
 struct ListState {
-  ListState(ListerControl& control, const ListerServices& services, ListerEvents& events);
+  ListState(ListerControl& control, const ListServices& services, ListerEvents& events);
 
   ListerControl& Control;
-  ListerServices Services;
+  ListServices Services;
   ListerEvents& Events;
   const base::PathSyntax& Syntax;
   NameOrder Names;

@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "lister/ListerControl.h"
+#include "lister/list/RowPointer.h"
+#include "lister/rows/ListerView.h"
 
 namespace tarnwell::lister {
 

@@ -5,29 +5,29 @@ namespace {
 
 struct ColourProperty {
   std::string_view Name;
-  base::Colour ListerColours::*Colour;
+  base::Colour ListColours::*Colour;
 };
 
 constexpr ColourProperty ColourProperties[] = {
-    {"ColorActiveHeading", &ListerColours::ActiveHeading},
-    {"ColorActiveHeadingText", &ListerColours::ActiveHeadingText},
-    {"ColorInactiveHeading", &ListerColours::InactiveHeading},
-    {"ColorInactiveHeadingText", &ListerColours::InactiveHeadingText},
-    {"ColorHeadingHoverText", &ListerColours::HeadingHoverText},
-    {"ColorProgramBackground", &ListerColours::ProgramBackground},
-    {"ColorPaneBackground", &ListerColours::PaneBackground},
-    {"ColorDriveList", &ListerColours::DriveList},
-    {"ColorDriveText", &ListerColours::DriveText},
-    {"ColorStatusBackground", &ListerColours::StatusBackground},
-    {"ColorStatusText", &ListerColours::StatusText},
-    {"ColorMinorToolbar", &ListerColours::MinorToolbar},
-    {"ColorListBackground", &ListerColours::ListBackground},
-    {"ColorListText", &ListerColours::ListText},
-    {"ColorActiveListOutline", &ListerColours::ActiveListOutline},
-    {"ColorInActiveListOutline", &ListerColours::InActiveListOutline},
-    {"ColorActiveItemOutline", &ListerColours::ActiveItemOutline},
-    {"ColorActiveItemUnderline", &ListerColours::ActiveItemUnderline},
-    {"ColorTextSecondary", &ListerColours::TextSecondary},
+    {"ColorActiveHeading", &ListColours::ActiveHeading},
+    {"ColorActiveHeadingText", &ListColours::ActiveHeadingText},
+    {"ColorInactiveHeading", &ListColours::InactiveHeading},
+    {"ColorInactiveHeadingText", &ListColours::InactiveHeadingText},
+    {"ColorHeadingHoverText", &ListColours::HeadingHoverText},
+    {"ColorProgramBackground", &ListColours::ProgramBackground},
+    {"ColorPaneBackground", &ListColours::PaneBackground},
+    {"ColorDriveList", &ListColours::DriveList},
+    {"ColorDriveText", &ListColours::DriveText},
+    {"ColorStatusBackground", &ListColours::StatusBackground},
+    {"ColorStatusText", &ListColours::StatusText},
+    {"ColorMinorToolbar", &ListColours::MinorToolbar},
+    {"ColorListBackground", &ListColours::ListBackground},
+    {"ColorListText", &ListColours::ListText},
+    {"ColorActiveListOutline", &ListColours::ActiveListOutline},
+    {"ColorInActiveListOutline", &ListColours::InActiveListOutline},
+    {"ColorActiveItemOutline", &ListColours::ActiveItemOutline},
+    {"ColorActiveItemUnderline", &ListColours::ActiveItemUnderline},
+    {"ColorTextSecondary", &ListColours::TextSecondary},
 };
 
 struct SwitchProperty {

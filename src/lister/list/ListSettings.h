@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include "base/Value.h"
-#include "lister/ListerControl.h"
+#include "lister/list/ListColours.h"
 
 namespace tarnwell::lister {
 
 struct ListSettings {
-  ListerColours Colours;
+  ListColours Colours;
   bool ShowFileIcons = true;
   bool ShowFolderIcons = true;
   bool ShowColour = false;

@@ -8,7 +8,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "lister/ListerControl.h"
 #include "lister/rows/CellText.h"
 #include "lister/rows/KeySort.h"
 #include "lister/rows/RowKeys.h"

@@ -29,8 +29,6 @@
 
 namespace tarnwell::lister {
 
-struct ExtensionChoice;
-
 struct FileRow {
   std::uint32_t NameStart = 0;
   std::uint32_t Mode = 0;

@@ -34,6 +34,12 @@ class NameFilter {
   mutable std::string lower_;  // the name at hand; kept so that nothing is allocated for the next
 };
 
+// An entry of the drop-down list of extensions.
+struct ExtensionChoice {
+  std::string Extension;  // bytes, lower case; what NameFilter::SetExtension takes
+  int Count = 0;          // files that have it
+};
+
 // The name in lower case, as filters compare it; bytes that are no UTF-8 stay as they are.
 std::string LowerCase(std::string_view name);
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "lister/ListSizes.h"
 #include "lister/tree/FolderListState.h"
+#include "lister/tree/TreeSizes.h"
 
 namespace tarnwell::lister {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/Text.h"
-#include "lister/KeepColour.h"
+#include "lister/list/KeepColour.h"
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
@@ -315,7 +315,7 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
   if (!tree_.Has(row)) return "";
   const FolderNode& node = tree_.Node(row);
   const FolderFacts& facts = tree_.FactsOf(row);
-  const ListerServices& services = state_.Services;
+  const ListServices& services = state_.Services;
   switch (heading) {
     case HeadingId::Name:
       return base::ForDisplay(node.Name);

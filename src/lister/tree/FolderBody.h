@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "lister/ListSizes.h"
 #include "lister/tree/BranchReader.h"
 #include "lister/tree/FolderFactReader.h"
 #include "lister/tree/FolderInput.h"
 #include "lister/tree/FolderListState.h"
 #include "lister/tree/FolderNotices.h"
+#include "lister/tree/TreeSizes.h"
 
 namespace tarnwell::lister {
 

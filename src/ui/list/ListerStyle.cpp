@@ -121,7 +121,7 @@ ListerStyle SystemStyle(bool active, const QPalette& system) {
 
 }  // namespace
 
-ListerStyle MakeListerStyle(const lister::ListerColours& colours, bool active,
+ListerStyle MakeListerStyle(const lister::ListColours& colours, bool active,
                             const QPalette& system) {
   if (colours.ListBackground == colours.ListText) return SystemStyle(active, system);
   const QColor background = ToQColor(colours.ListBackground);

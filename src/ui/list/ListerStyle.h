@@ -49,7 +49,7 @@ struct ListerStyle {
 };
 
 // The skin's colours, or those of `system` while no skin has given the list any.
-ListerStyle MakeListerStyle(const lister::ListerColours& colours, bool active,
+ListerStyle MakeListerStyle(const lister::ListColours& colours, bool active,
                             const QPalette& system);
 
 }  // namespace tarnwell::ui

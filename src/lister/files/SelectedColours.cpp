@@ -1,36 +1,17 @@
-#include "lister/KeepColour.h"
+#include "lister/files/SelectedColours.h"
+
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "base/Text.h"
 #include "lister/files/FileStatus.h"
+#include "lister/list/KeepColour.h"
 #include "lister/list/Pacer.h"
-#include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
+
 namespace {
-
-// Gathers what went wrong, to tell it at once.
-struct Failures {
-  std::uint64_t Count = 0;
-  std::string First;
-
-  void Add(const std::string& name, const base::Status& status) {
-    if (Count++ > 0) return;
-    First = "Cannot keep the colour of " + name + ": " + status.Reason;
-  }
-  void Tell(ListState& list) const {
-    if (Count == 0 || list.IsTerminated) return;
-    const std::string more =
-        Count > 1 ? " (and " + list.Services.Forms.Grouped(Count - 1) + " more)" : "";
-    list.Events.StatusMessage(list.Control.Id(), First + more);
-  }
-};
-
-base::Status Write(ListState& list, const std::string& path, ItemColour colour) {
-  const std::string_view word = ItemColours[static_cast<std::size_t>(colour)].Word;
-  return list.Services.Files.WriteExtendedAttribute(
-      path, platform::ExtendedAttribute::Colour,
-      colour == ItemColour::Default ? "" : std::string(word));
-}
 
 void Show(FileListState& files, RowId row, const std::string& folder, const std::string& name,
           ItemColour colour) {
@@ -43,7 +24,7 @@ void Show(FileListState& files, RowId row, const std::string& folder, const std:
 
 }  // namespace
 
-void KeepColour(FileListState& files, ItemColour colour) {
+void KeepSelectedColours(FileListState& files, ItemColour colour) {
   ListState& list = files.List;
   const std::string folder = files.Rows.Folder();
   std::vector<std::pair<RowId, std::string>> items;
@@ -51,7 +32,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
     if (files.Rows.Row(row).IsSelected) items.emplace_back(row, files.Rows.Name(row));
   }
   const platform::NumberForms& forms = list.Services.Forms;
-  Failures failures;
+  ColourFailures failures;
   std::size_t done = 0;
   bool told = false;
   Pacer pace(list.Services.Clock, list.Services.Pump);
@@ -71,7 +52,7 @@ void KeepColour(FileListState& files, ItemColour colour) {
       }
     }
     ++done;
-    const base::Status status = Write(list, list.Syntax.Join(folder, name), colour);
+    const base::Status status = WriteColour(list, list.Syntax.Join(folder, name), colour);
     if (status) {
       Show(files, row, folder, name, colour);
     } else {
@@ -80,13 +61,6 @@ void KeepColour(FileListState& files, ItemColour colour) {
   }
   list.Control.CancelRequested = false;
   if (told) ShowSummary(files);
-  failures.Tell(list);
-}
-
-void KeepColour(ListState& list, const std::string& path, ItemColour colour) {
-  Failures failures;
-  const base::Status status = Write(list, path, colour);
-  if (!status) failures.Add(NameText(list.Syntax, path), status);
   failures.Tell(list);
 }
 
