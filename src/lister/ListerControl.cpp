@@ -34,7 +34,7 @@ std::int16_t HighestNumber(std::size_t count) {
 }  // namespace
 
 ListerControl::ListerControl(ListId list, const ListServices& services, ListerEvents& events)
-    : id_(list), parts_(std::make_unique<Parts>(*this, services, events)) {}
+    : id_(list), parts_(std::make_unique<Parts>(list, *this, services, events)) {}
 
 ListerControl::~ListerControl() = default;
 
@@ -152,9 +152,7 @@ bool ListerControl::FolderExists(const std::string& folder) const {
 }
 
 void ListerControl::SetDriveFolder(const std::string& drive, const std::string& folder) {
-  ListState& state = parts_->State;
-  state.Active.Set(state.Syntax.DriveRoot(drive), PlainPath(state.Syntax, folder));
-  if (state.Folder.empty()) state.Drive = drive;
+  parts_->State.SetDriveFolder(drive, folder);
 }
 
 void ListerControl::LoadFolderContents(std::string& folder, bool) {
@@ -169,12 +167,7 @@ void ListerControl::ExpandFolder(int, const std::string& folder, int) {
   parts_->Body->ExpandFolder(folder);
 }
 void ListerControl::GoToFolder(const std::string& folder) {
-  if (parts_->State.Services.Files.FolderExists(folder)) {
-    parts_->Body->Input().GoToFolder(folder);
-  } else {
-    parts_->State.Events.StatusMessage(
-        id_, "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
-  }
+  parts_->Body->Input().GoToFolder(folder);
 }
 
 // A node is known by its path.

@@ -22,6 +22,7 @@
 #include "lister/list/ClickedItem.h"
 #include "lister/list/FolderFollower.h"
 #include "lister/list/ListColours.h"
+#include "lister/list/ListFields.h"
 #include "lister/list/ListId.h"
 #include "lister/list/ListServices.h"
 #include "lister/list/ListerEvents.h"
@@ -43,22 +44,18 @@
 
 namespace tarnwell::lister {
 
-class ListerControl : public forms::Control {
+class ListerControl : public forms::Control, public ListFields {
  public:
   ListerControl(ListId list, const ListServices& services, ListerEvents& events);
   ~ListerControl();
 
   ListId Id() const { return id_; }
 
-  // --- The contract with the form. Plain fields first.
+  // --- The contract with the form. Plain fields first; more of them in ListFields.
 
-  std::int32_t ListType = 0;  // 1 folder list, 2 file list; saved for file lists
-  std::int32_t ListMode = 0;  // view of a file list: 0 details; saved
-  std::string ParentFolder;   // the folder that the folder list handed over
-  bool ShowHidden = false;    // takes effect at the next RefreshList or load
-  bool ShowSystem = false;
-  bool CancelRequested = false;      // stops the job that runs; the list itself sets it back
-  bool MouseLocked = false;          // nothing is started by the mouse
+  std::int32_t ListType = 0;         // 1 folder list, 2 file list; saved for file lists
+  std::int32_t ListMode = 0;         // view of a file list: 0 details; saved
+  std::string ParentFolder;          // the folder that the folder list handed over
   std::int32_t SelectionCursor = 0;  // where NextSelected goes on; 0 starts the walk
   bool OperationResult = false;      // for file operations to leave a note in
   bool IsWin9x = false;
@@ -257,8 +254,6 @@ class ListerControl : public forms::Control {
   void DrivesChanged();
 
   // --- What the widget shows. Rows are read in place; a row that does not exist gives nothing.
-
-  ListerView* View = nullptr;
 
   int ChildCount(RowId parent) const;
   RowId Child(RowId parent, int position) const;

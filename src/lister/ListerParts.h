@@ -12,27 +12,15 @@
 namespace tarnwell::lister {
 
 struct ListerControl::Parts {
-  Parts(ListerControl& control, const ListServices& services, ListerEvents& events)
-      : State(control, services, events) {
-    if (IsFileList(control.Id())) {
+  Parts(ListId list, ListFields& fields, const ListServices& services, ListerEvents& events)
+      : State(list, fields, services, events) {
+    if (IsFileList(list)) {
       Body = std::make_unique<FileBody>(State);
     } else {
       Body = std::make_unique<FolderBody>(State);
     }
   }
 
-  bool IsFolder(RowId row) const {
-    const std::string path = Body->PathOf(row);
-    if (path.empty()) return false;
-    const platform::ItemKind kind = Body->StateOf(row).Kind;
-    // A read may not have come as far as to tell.
-    return kind == platform::ItemKind::Unknown ? State.Services.Files.FolderExists(path)
-                                               : kind == platform::ItemKind::Folder;
-  }
-  // The top of a folder list.
-  bool IsDriveRoot(RowId row) const {
-    return !IsFileList(State.Control.Id()) && Body->Parent(row) == RootRow;
-  }
   // The row that is marked as the one that is meant.
   bool IsTarget(RowId row) const {
     return (DragGraphicsOn && row == DragRow) || (InAction && row == Body->Input().Clicked());

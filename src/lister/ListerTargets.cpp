@@ -1,5 +1,6 @@
 // The part of ListerControl that says what an action works on.
 #include "lister/ListerParts.h"
+#include "lister/list/ClickedItem.h"
 #include "lister/list/DropRules.h"
 
 namespace tarnwell::lister {
@@ -37,7 +38,7 @@ std::string ListerControl::FirstSelected() {
   std::int32_t position = 0;
   for (RowId row = NoRow; (row = parts_->Body->Input().NextSelected(position)) != NoRow;) {
     // No operation may get hold of a whole drive.
-    if (parts_->IsDriveRoot(row)) return state.Drive + ":";
+    if (IsDriveRoot(parts_->State, *parts_->Body, row)) return state.Drive + ":";
     parts_->ActiveItemName += PathOf(row) + '\0';
   }
   if (!parts_->ActiveItemName.empty()) parts_->ActiveItemName += '\0';
@@ -74,31 +75,20 @@ std::string ListerControl::DropFolder() const {
 
 void ListerControl::GetClickedItem(std::string& folder, std::string& name, bool byKey,
                                    std::int32_t& kind) const {
-  const base::PathSyntax& syntax = parts_->State.Syntax;
-  folder.clear();
-  name.clear();
-  kind = NothingClicked;
-  const RowId row = byKey ? CurrentRow() : parts_->Body->Input().Clicked();
-  const std::string path = PathOf(row);
-  if (path.empty()) {
-    if (byKey || !IsFileList(id_) || parts_->State.Folder.empty()) return;
-    kind = ClickedEmptySpace;
-    folder = syntax.AddSeparator(parts_->State.Folder);
-  } else if (parts_->IsDriveRoot(row)) {
-    kind = ClickedDriveRoot;
-    folder = syntax.AddSeparator(path);
-  } else {
-    kind = parts_->IsFolder(row) ? ClickedFolder : ClickedFile;
-    folder = syntax.GetFolderPath(path);
-    name = syntax.LastComponent(path);
-  }
+  const ListState& state = parts_->State;
+  const ListBody& body = *parts_->Body;
+  const ClickedItem item = byKey ? DescribeItem(state, body, body.CurrentRow())
+                                 : DescribeClicked(state, body, body.Input().Clicked());
+  kind = item.Kind;
+  folder = item.Folder;
+  name = item.Name;
 }
 
 std::string ListerControl::DuplicateBaseName() const {
   std::int32_t position = 0;
   const RowId row = parts_->Body->Input().NextSelected(position);
   std::string path = PathOf(row);
-  if (path.empty() || parts_->IsDriveRoot(row)) return "";
+  if (path.empty() || IsDriveRoot(parts_->State, *parts_->Body, row)) return "";
   const std::string_view name = parts_->State.Syntax.LastComponent(path);
   const std::size_t dot = name.rfind('.');
   if (dot != std::string_view::npos && dot > 0) path.resize(path.size() - name.size() + dot);

@@ -1,15 +1,13 @@
 // The part of ListerControl that the widget tells of mouse, keys and buttons.
 #include "lister/ListerParts.h"
+#include "lister/list/ClickedItem.h"
 #include "lister/list/DropRules.h"
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 
 void ListerControl::Focused() {
-  // A Space that was let go elsewhere is not held any more.
-  parts_->Body->Input().ResetStart();
-  parts_->State.Events.ListFocused(id_);
-  parts_->State.Events.TitleColorAsked(id_);
+  parts_->Body->Input().Focused();
 }
 bool ListerControl::KeyDown(int keyCode, int shift) {
   parts_->Shift = shift;
@@ -17,9 +15,7 @@ bool ListerControl::KeyDown(int keyCode, int shift) {
 }
 
 void ListerControl::KeyUp(int keyCode) {
-  if (keyCode != SpaceKeyCode) return;
-  parts_->Body->Input().ResetStart();
-  parts_->State.Events.SpaceReleased(id_);
+  parts_->Body->Input().KeyUp(keyCode);
 }
 
 void ListerControl::TypeText(std::string_view text) {
@@ -38,7 +34,7 @@ void ListerControl::MouseUp(const RowPointer& at) {
 }
 
 void ListerControl::WheelTurned(int delta) {
-  parts_->State.Events.WheelTurned(id_, delta);
+  parts_->Body->Input().WheelTurned(delta);
 }
 
 void ListerControl::MoveCurrent(RowId row) {
@@ -97,18 +93,14 @@ void ListerControl::NewFolderButton() {
 }
 
 std::string ListerControl::Bookmark(int slot) const {
-  std::string folder;
-  auto asked = static_cast<std::int16_t>(slot);
-  parts_->State.Events.BookmarkAsked(id_, asked, folder);
-  return folder;
+  return parts_->Body->Input().Bookmark(slot);
 }
 void ListerControl::GoToBookmark(int slot) {
-  const std::string folder = Bookmark(slot);
-  if (!folder.empty() && folder != "(empty)") GoToFolder(folder);
+  parts_->Body->Input().GoToBookmark(slot);
 }
 
 void ListerControl::DragOver(RowId row) {
-  const RowId folder = parts_->IsFolder(row) ? row : NoRow;
+  const RowId folder = IsFolder(parts_->State, *parts_->Body, row) ? row : NoRow;
   const bool same = parts_->DragGraphicsOn && parts_->DragRow == folder;
   parts_->DragRow = folder;
   parts_->DragGraphicsOn = true;
@@ -121,7 +113,7 @@ void ListerControl::DragLeft() {
 }
 
 std::string ListerControl::DropTarget(RowId row) const {
-  if (parts_->IsFolder(row)) return PathOf(row);
+  if (IsFolder(parts_->State, *parts_->Body, row)) return PathOf(row);
   return IsFileList(id_) ? parts_->State.Folder : "";
 }
 

@@ -1,7 +1,7 @@
 #include <random>
 
 #include "ListFixture.h"
-#include "lister/KeepColour.h"
+#include "lister/files/SelectedColours.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -230,7 +230,7 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
 
 TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
   Load();
-  ListState state(List, Platform.Services(), Events);
+  ListState state(List.Id(), List, Platform.Services(), Events);
   FileListState files(state);
   files.Rows = FileRows("C:\\box");
   for (const char* name : {"file", "gone", "lost", "one", "two"}) {
@@ -241,7 +241,7 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
     return Platform.Files.At("C:\\box\\" + name)
         .ExtendedAttributes[platform::ExtendedAttribute::Colour];
   };
-  KeepColour(files, ItemColour::DarkGreen);
+  KeepSelectedColours(files, ItemColour::DarkGreen);
   EXPECT_EQ(note("file") + note("one") + note("two"), "dark greendark green");
   EXPECT_EQ(files.Rows.Row(1).Colour, ItemColour::DarkGreen);
   EXPECT_EQ(files.Rows.Row(2).Colour, ItemColour::Default);
@@ -249,11 +249,11 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
                                  "directory (and 1 more)"});
   Platform.Clock.TickStep = 60;
   PostAt(2, [&] { List.CancelRequested = true; });
-  KeepColour(files, ItemColour::Default);
+  KeepSelectedColours(files, ItemColour::Default);
   EXPECT_EQ(note("file") + note("one"), "dark green");
   EXPECT_FALSE(List.CancelRequested);
   EXPECT_EQ(state.Status, "Colours stopped: 1 of 4 items done");
-  KeepColour(files, ItemColour::Default);
+  KeepSelectedColours(files, ItemColour::Default);
   EXPECT_EQ(state.Status, "5 items (0 folders). 4 selected");
 }
 

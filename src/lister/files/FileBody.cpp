@@ -30,7 +30,7 @@ void FileBody::MoveCurrent(RowId row) {
   if (!files_.Rows.Has(row)) return;
   SetCurrent(row);
   const int most = std::numeric_limits<std::int16_t>::max();
-  state_.Events.ItemFocused(state_.Control.Id(),
+  state_.Events.ItemFocused(state_.Id,
                             static_cast<std::int16_t>(std::min(files_.Rows.PositionOf(row), most)));
 }
 

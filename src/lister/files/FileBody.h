@@ -17,7 +17,7 @@ class FileBody : public ListBody {
       : ListBody(state),
         files_(state),
         reader_(files_, Follower),
-        input_(files_),
+        input_(files_, *this),
         sizes_(files_, reader_) {
     files_.BeforeReset = [this] { input_.Stop(); };
     files_.AfterStop = [this] { sizes_.DropWishes(); };

@@ -9,12 +9,12 @@
 
 namespace tarnwell::lister {
 
-FileInput::FileInput(FileListState& files)
-    : CommonInput(files.List),
+FileInput::FileInput(FileListState& files, ListBody& body)
+    : CommonInput(files.List, body),
       files_(files),
-      selection_(files),
-      keyStart_(files.List.Control),
-      pressed_(files.List.Control) {}
+      selection_(files, body),
+      keyStart_(body),
+      pressed_(body) {}
 
 KeyAction FileInput::ActionOf(int keyCode, int shift) {
   using This = FileInput;
@@ -53,7 +53,7 @@ void FileInput::GoTo(RowId row, int shift) {
   } else if ((shift & CtrlDown) == 0) {
     selection_.SelectOnly(row);
   }
-  list_.Control.MoveCurrent(row);
+  body_.MoveCurrent(row);
 }
 
 void FileInput::MoveTo(RowId row) {
@@ -72,7 +72,7 @@ void FileInput::Arrow(int keyCode, bool spaceHeld, int shift) {
   selection_.Sweep(files_.Rows.PositionOf(keyStart_.Get()), files_.Rows.PositionOf(row),
                    keySelects_ ? Sweeping::Selects : Sweeping::Unselects, true);
   SetClicked(row);
-  list_.Control.MoveCurrent(row);
+  body_.MoveCurrent(row);
 }
 
 void FileInput::Space() {
@@ -115,11 +115,11 @@ void FileInput::OpenSelected(int, int) {
 }
 
 void FileInput::AskNewFolder(int, int) {
-  list_.Events.NewFolderAsked(list_.Control.Id());
+  list_.Events.NewFolderAsked(list_.Id);
 }
 
-void FileInput::GoToFolder(const std::string& folder) {
-  list_.Events.OpenChildFolder(list_.Control.Id(), folder, list_.Syntax.ParentOf(folder));
+void FileInput::EnterFolder(const std::string& folder) {
+  list_.Events.OpenChildFolder(list_.Id, folder, list_.Syntax.ParentOf(folder));
 }
 
 void FileInput::ShowTyped(const std::string& text) {

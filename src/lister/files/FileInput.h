@@ -9,7 +9,7 @@ namespace tarnwell::lister {
 
 class FileInput : public CommonInput {
  public:
-  explicit FileInput(FileListState& files);
+  FileInput(FileListState& files, ListBody& body);
 
   bool IsSelected(RowId row) const override { return selection_.Has(row); }
   std::vector<RowRange> SelectedRanges() const override { return selection_.Ranges(); }
@@ -20,7 +20,6 @@ class FileInput : public CommonInput {
   void Space() override;
   void ResetStart() override;
 
-  void GoToFolder(const std::string& folder) override;
   void MouseDown(const RowPointer& at) override;
   void MouseMoved(const RowPointer& at) override;
   void MouseUp(const RowPointer& at) override;
@@ -34,6 +33,7 @@ class FileInput : public CommonInput {
   void SelectThese(const std::vector<RowId>& rows) { selection_.SelectThese(rows); }
 
  protected:
+  void EnterFolder(const std::string& folder) override;
   RowId Current() const override {
     return files_.Rows.Has(files_.Current) ? files_.Current : NoRow;
   }

@@ -13,7 +13,7 @@ void FileInput::MouseDown(const RowPointer& at) {
     DragFinished(at.Event);
   }
   if (!MayStart()) return;
-  list_.Control.Focused();
+  Focused();
   SetTyped("");
   if (at.Event.Button == main) PressMain(at);
   if (at.Event.Button == other) PressOther(at);
@@ -47,7 +47,7 @@ void FileInput::PressMain(const RowPointer& at) {
   } else {
     selection_.SelectOnly(row);
   }
-  list_.Control.MoveCurrent(row);
+  body_.MoveCurrent(row);
 }
 
 void FileInput::PressOther(const RowPointer& at) {
@@ -55,14 +55,14 @@ void FileInput::PressOther(const RowPointer& at) {
   SetClicked(row);
   if (row != NoRow) {
     if (!selection_.Has(row)) selection_.SelectOnly(row);
-    list_.Control.MoveCurrent(row);
+    body_.MoveCurrent(row);
   }
   RaiseRightClick(at);
 }
 
 void FileInput::MouseMoved(const RowPointer& at) {
   if (action_ == MouseAction::Drag) {
-    list_.Events.DragMoved(list_.Control.Id(), at.Event);
+    list_.Events.DragMoved(list_.Id, at.Event);
     return;
   }
   if (!isPressed_) return;
@@ -95,7 +95,7 @@ void FileInput::MouseUp(const RowPointer& at) {
 void FileInput::BeginSelecting(MouseAction action) {
   action_ = action;
   bool locked = true;
-  list_.Events.MouseLockAsked(list_.Control.Id(), locked);
+  list_.Events.MouseLockAsked(list_.Id, locked);
 }
 
 void FileInput::Stop() {
@@ -104,7 +104,7 @@ void FileInput::Stop() {
   if (action_ != MouseAction::Sweep && action_ != MouseAction::Band) return;
   action_ = MouseAction::None;
   bool locked = false;
-  list_.Events.MouseLockAsked(list_.Control.Id(), locked);
+  list_.Events.MouseLockAsked(list_.Id, locked);
 }
 
 bool FileInput::TakeBack() {

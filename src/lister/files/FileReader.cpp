@@ -39,7 +39,7 @@ void FileReader::Load(const std::string& folder) {
   std::string plain = PlainPath(list.Syntax, folder);
   if (!list.Syntax.Same(plain, wanted_)) waiting_.clear();
   wanted_ = list.Folder = std::move(plain);
-  list.Control.CancelRequested = false;
+  list.Fields.CancelRequested = false;
   stopped_ = willCatchUp_ = false;
   readAsked_ = true;
   Work();
@@ -164,7 +164,7 @@ void FileReader::LetThrough(ReadJob& job, const std::string& progress) {
   job.Pace.Pump();
   if (job.Number != newest_) {
     job.Standing = Standing::Superseded;
-  } else if (job.HeedsCancel && files_.List.Control.CancelRequested) {
+  } else if (job.HeedsCancel && files_.List.Fields.CancelRequested) {
     job.Standing = Standing::Cancelled;
   } else if (sortAsked_ && job.MaySort && !sorting_) {
     Sort(job);
@@ -299,7 +299,7 @@ void FileReader::Replace(FileRows&& rows) {
 }
 
 void FileReader::Stop() {
-  files_.List.Control.CancelRequested = false;
+  files_.List.Fields.CancelRequested = false;
   stopped_ = true;
   waiting_.clear();
   if (files_.AfterStop) files_.AfterStop();
@@ -308,7 +308,7 @@ void FileReader::Stop() {
 
 // A folder that changes all the time must not be read all the time.
 void FileReader::MindChanges(std::int64_t readFor) {
-  if (update_.HasNone() || stopped_ || files_.List.Control.View == nullptr) return;
+  if (update_.HasNone() || stopped_ || !files_.List.HasView()) return;
   willCatchUp_ = true;
   const std::int64_t rest =
       update_.IsEverything() ? std::clamp(readFor, LeastReadRest, MostReadRest) : LeastReadRest;
@@ -335,19 +335,19 @@ void FileReader::Sort(ReadJob& job) {
 }
 
 void FileReader::ReadNotes() {
-  files_.List.Control.CancelRequested = false;
+  files_.List.Fields.CancelRequested = false;
   ReadJob job = NewJob();
   job.MaySort = true;
   base::Status status;
   job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
   details_.ReadNotes(job);
-  if (job.Standing == Standing::Cancelled) files_.List.Control.CancelRequested = false;
+  if (job.Standing == Standing::Cancelled) files_.List.Fields.CancelRequested = false;
   if (!job.IsSuperseded() && FileRows::NeedsNotes(files_.List.Keys.Entries())) Sort(job);
 }
 
 void FileReader::Update() {
   ReadJob job = NewJob();
-  job.HeedsCancel = !files_.List.Control.CancelRequested;  // one left over is not for this
+  job.HeedsCancel = !files_.List.Fields.CancelRequested;  // one left over is not for this
   base::Status status;
   job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
   if (!job.Folder) return Refresh();

@@ -47,7 +47,7 @@ void Tell(ListState& list, const std::vector<LaunchFailure>& failures) {
     const std::string more = list.Services.Forms.Grouped(failures.size() - mostTold);
     text += "\r\n... and " + more + " more";
   }
-  list.Events.StatusMessage(list.Control.Id(), text);
+  list.Events.StatusMessage(list.Id, text);
 }
 
 void Open(FileListState& files, const std::vector<std::string>& paths,
@@ -69,7 +69,7 @@ void OpenRow(FileListState& files, RowId row) {
   ItemKind kind;
   const base::Status status = LookAt(files, row, kind);
   if (kind == ItemKind::Folder) {
-    files.List.Events.OpenChildFolder(files.List.Control.Id(), path, files.Rows.Folder());
+    files.List.Events.OpenChildFolder(files.List.Id, path, files.Rows.Folder());
   } else if (status) {
     Open(files, {path}, {});
   } else {

@@ -15,7 +15,7 @@ enum class Sweeping { Selects, Unselects, Toggles };
 
 class RowSelection {
  public:
-  explicit RowSelection(FileListState& files) : files_(files), anchor_(files.List.Control) {}
+  RowSelection(FileListState& files, const ListRows& rows) : files_(files), anchor_(rows) {}
 
   bool Has(RowId row) const { return files_.Rows.Has(row) && files_.Rows.Row(row).IsSelected; }
   std::vector<RowRange> Ranges() const;

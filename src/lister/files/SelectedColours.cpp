@@ -36,7 +36,7 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
   std::size_t done = 0;
   bool told = false;
   Pacer pace(list.Services.Clock, list.Services.Pump);
-  list.Control.CancelRequested = false;
+  list.Fields.CancelRequested = false;
   for (const auto& [row, name] : items) {
     if (pace.IsDue()) {
       const std::string count =
@@ -45,7 +45,7 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
       told = true;
       pace.Pump();
       if (list.IsTerminated) return;
-      if (list.Control.CancelRequested) {
+      if (list.Fields.CancelRequested) {
         list.SetStatus("Colours stopped: " + count + " done");
         told = false;
         break;
@@ -59,7 +59,7 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
       failures.Add(base::ForDisplay(name), status);
     }
   }
-  list.Control.CancelRequested = false;
+  list.Fields.CancelRequested = false;
   if (told) ShowSummary(files);
   failures.Tell(list);
 }

@@ -3,11 +3,40 @@
 #include <utility>
 
 #include "base/Text.h"
+#include "lister/list/ClickedItem.h"
 #include "lister/list/ListBody.h"
 
 namespace tarnwell::lister {
 
-CommonInput::CommonInput(ListState& list) : list_(list), clicked_(list.Control) {}
+CommonInput::CommonInput(ListState& list, ListBody& body)
+    : list_(list), body_(body), clicked_(body) {}
+
+void CommonInput::Focused() {
+  // A Space that was let go elsewhere is not held any more.
+  ResetStart();
+  list_.Events.ListFocused(list_.Id);
+  list_.Events.TitleColorAsked(list_.Id);
+}
+
+// --- Folders.
+
+void CommonInput::GoToFolder(const std::string& folder) {
+  if (list_.Services.Files.FolderExists(folder)) return EnterFolder(folder);
+  list_.Events.StatusMessage(list_.Id,
+                             "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
+}
+
+std::string CommonInput::Bookmark(int slot) const {
+  std::string folder;
+  auto asked = static_cast<std::int16_t>(slot);
+  list_.Events.BookmarkAsked(list_.Id, asked, folder);
+  return folder;
+}
+
+void CommonInput::GoToBookmark(int slot) {
+  const std::string folder = Bookmark(slot);
+  if (!folder.empty() && folder != "(empty)") GoToFolder(folder);
+}
 
 // --- Keys.
 
@@ -29,7 +58,7 @@ KeyAction CommonInput::ActionOf(int keyCode, int shift) {
   };
   if (shift == CtrlDown && keyCode >= '0' && keyCode <= '9') {
     // 1 is the first slot, 0 the tenth.
-    return [this, slot = (keyCode - '0' + 9) % 10] { list_.Control.GoToBookmark(slot); };
+    return [this, slot = (keyCode - '0' + 9) % 10] { GoToBookmark(slot); };
   }
   return FindAction(*this, Bindings, keyCode, shift);
 }
@@ -56,28 +85,34 @@ bool CommonInput::KeyDown(int keyCode, int shift) {
   return true;
 }
 
+void CommonInput::KeyUp(int keyCode) {
+  if (keyCode != SpaceKeyCode) return;
+  ResetStart();
+  list_.Events.SpaceReleased(list_.Id);
+}
+
 void CommonInput::TellKey(int keyCode, int) {
   std::int16_t code = static_cast<std::int16_t>(keyCode);
-  list_.Events.ListKeyDown(list_.Control.Id(), code);
+  list_.Events.ListKeyDown(list_.Id, code);
 }
 
 void CommonInput::UpFolder(int keyCode, int shift) {
-  list_.Events.UpFolderKey(list_.Control.Id(), keyCode, shift);
+  list_.Events.UpFolderKey(list_.Id, keyCode, shift);
 }
 
 void CommonInput::ActivateCurrent(int, int) {
-  list_.Control.Activate(Current());
+  body_.Activate(Current());
 }
 
 void CommonInput::AskCommandText(int, int) {
-  std::string path = list_.Control.PathOf(Current());
+  std::string path = body_.PathOf(Current());
   if (path.empty()) return;
   if (path.find(' ') != std::string::npos) path = '"' + path + '"';
-  list_.Events.CommandTextAsked(list_.Control.Id(), path);
+  list_.Events.CommandTextAsked(list_.Id, path);
 }
 
 void CommonInput::AskClose(int, int) {
-  list_.Events.CloseAsked(list_.Control.Id());
+  list_.Events.CloseAsked(list_.Id);
 }
 
 // --- Typing.
@@ -127,18 +162,22 @@ void CommonInput::ForgetClicked() {
 }
 
 bool CommonInput::MayStart() const {
-  return action_ == MouseAction::None && !list_.Control.MouseLocked;
+  return action_ == MouseAction::None && !list_.Fields.MouseLocked;
 }
 
 void CommonInput::BeginDrag(const MouseEvent& event) {
   action_ = MouseAction::Drag;
-  list_.Events.DragBegun(list_.Control.Id(), event);
+  list_.Events.DragBegun(list_.Id, event);
 }
 
 void CommonInput::DragFinished(const MouseEvent& event) {
   if (action_ != MouseAction::Drag) return;
   action_ = MouseAction::None;
-  list_.Events.DragEnded(list_.Control.Id(), event);
+  list_.Events.DragEnded(list_.Id, event);
+}
+
+void CommonInput::WheelTurned(int delta) {
+  list_.Events.WheelTurned(list_.Id, delta);
 }
 
 void CommonInput::RaiseRightClick(const RowPointer& at) {
@@ -146,17 +185,18 @@ void CommonInput::RaiseRightClick(const RowPointer& at) {
   RightClick click;
   click.X = at.Event.X;
   click.Y = at.Event.Y;
-  std::int32_t kind = NothingClicked;
-  list_.Control.GetClickedItem(click.Folder, click.Name, false, kind);
-  click.Path = list_.Control.PathOf(Clicked());
-  if (kind == ClickedFolder && !IsFileList(list_.Control.Id())) {
+  const ClickedItem item = DescribeClicked(list_, body_, Clicked());
+  click.Folder = item.Folder;
+  click.Name = item.Name;
+  click.Path = body_.PathOf(Clicked());
+  if (item.Kind == ClickedFolder && !IsFileList(list_.Id)) {
     click.UsePath = true;
     click.Folder = click.Path;
-  } else if (kind == ClickedEmptySpace) {
+  } else if (item.Kind == ClickedEmptySpace) {
     std::int32_t position = 0;
     click.UsePath = NextSelected(position) == NoRow;
   }
-  list_.Events.RightClicked(list_.Control.Id(), click);
+  list_.Events.RightClicked(list_.Id, click);
 }
 
 }  // namespace tarnwell::lister

@@ -12,6 +12,7 @@
 
 namespace tarnwell::lister {
 
+class ListBody;
 struct ListState;
 
 // Stands for all combinations of Shift and Ctrl.
@@ -40,7 +41,14 @@ KeyAction FindAction(Input& input, const Table& table, int keyCode, int shift) {
 
 class CommonInput : public ListInput {
  public:
-  explicit CommonInput(ListState& list);
+  CommonInput(ListState& list, ListBody& body);
+
+  void Focused() override;
+  void KeyUp(int keyCode) override;
+  void WheelTurned(int delta) override;
+  std::string Bookmark(int slot) const override;
+  void GoToBookmark(int slot) override;
+  void GoToFolder(const std::string& folder) override;
 
   MouseAction Action() const override { return action_; }
   void ResetStart() override { spaceIsDown_ = false; }
@@ -74,7 +82,11 @@ class CommonInput : public ListInput {
   void BeginDrag(const MouseEvent& event);
   void RaiseRightClick(const RowPointer& at);
 
+  // To a folder that exists.
+  virtual void EnterFolder(const std::string& folder) = 0;
+
   ListState& list_;
+  ListBody& body_;
   MouseAction action_ = MouseAction::None;
 
  private:

@@ -97,14 +97,14 @@ void FolderSizes::Work() {
 }
 
 void FolderSizes::Perform(Job& job) {
-  list_.Control.CancelRequested = false;
+  list_.Fields.CancelRequested = false;
   for (const Target& folder : job.Folders) {
     if (!GoesOn(job)) break;
     Measure(job, folder);
   }
   if (job.Standing == Standing::Superseded) return;
   if (job.Standing == Standing::Cancelled) {
-    list_.Control.CancelRequested = false;
+    list_.Fields.CancelRequested = false;
     DropWishes();
   }
   if (job.Done > 0) Finish();
@@ -164,7 +164,7 @@ bool FolderSizes::GoesOn(Job& job) {
 void FolderSizes::LookAround(Job& job) const {
   if (list_.IsTerminated || job.Place != Place()) {
     job.Standing = Standing::Superseded;
-  } else if (list_.Control.CancelRequested && job.Standing == Standing::Going) {
+  } else if (list_.Fields.CancelRequested && job.Standing == Standing::Going) {
     job.Standing = Standing::Cancelled;
   }
 }

@@ -13,7 +13,7 @@ void ColourFailures::Tell(ListState& list) const {
   if (count_ == 0 || list.IsTerminated) return;
   const std::string more =
       count_ > 1 ? " (and " + list.Services.Forms.Grouped(count_ - 1) + " more)" : "";
-  list.Events.StatusMessage(list.Control.Id(), first_ + more);
+  list.Events.StatusMessage(list.Id, first_ + more);
 }
 
 base::Status WriteColour(ListState& list, const std::string& path, ItemColour colour) {

@@ -2,14 +2,16 @@
 
 namespace tarnwell::lister {
 
-ListState::ListState(ListerControl& control, const ListServices& services, ListerEvents& events)
-    : Control(control),
+ListState::ListState(ListId id, ListFields& fields, const ListServices& services,
+                     ListerEvents& events)
+    : Id(id),
+      Fields(fields),
       Services(services),
       Events(events),
       Syntax(services.Files.Syntax()),
       Names(services.Order),
-      Table(IsFileList(control.Id())),
-      Keys(!IsFileList(control.Id())),
+      Table(IsFileList(id)),
+      Keys(!IsFileList(id)),
       Expanded(Syntax),
       Active(Syntax) {}
 
@@ -29,6 +31,11 @@ std::string ListState::DriveFolder(const std::string& drive) const {
   const std::string home = Services.Drives.HomeFolder();
   const bool holdsHome = !home.empty() && Syntax.Same(Services.Drives.DriveOf(home), drive);
   return holdsHome ? PlainPath(Syntax, home) : root;
+}
+
+void ListState::SetDriveFolder(const std::string& drive, const std::string& folder) {
+  Active.Set(Syntax.DriveRoot(drive), PlainPath(Syntax, folder));
+  if (Folder.empty()) Drive = drive;
 }
 
 }  // namespace tarnwell::lister

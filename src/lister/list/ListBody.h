@@ -1,30 +1,38 @@
-// The work behind a ListerControl: what the two kinds of list share, and the face of each kind.
+// The work behind a list: what the two kinds of list share, and the face of each kind.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "lister/ListerControl.h"
 #include "lister/list/FolderFollower.h"
+#include "lister/list/ListFields.h"
+#include "lister/list/ListId.h"
 #include "lister/list/ListInput.h"
 #include "lister/list/ListMemory.h"
+#include "lister/list/ListServices.h"
 #include "lister/list/ListSettings.h"
+#include "lister/list/ListerEvents.h"
 #include "lister/rows/Comparison.h"
 #include "lister/rows/Headings.h"
+#include "lister/rows/ListRows.h"
 #include "lister/rows/NameFilter.h"
 #include "lister/rows/NameOrder.h"
 #include "lister/rows/NoView.h"
 #include "lister/rows/SortKeys.h"
+#include "platform/FileOperation.h"
 
 namespace tarnwell::lister {
 
 // The state that a list of either kind has.
 struct ListState {
-  ListState(ListerControl& control, const ListServices& services, ListerEvents& events);
+  // `fields` outlive the state.
+  ListState(ListId id, ListFields& fields, const ListServices& services, ListerEvents& events);
 
-  ListerControl& Control;
+  const ListId Id;
+  ListFields& Fields;
   ListServices Services;
   ListerEvents& Events;
   const base::PathSyntax& Syntax;
@@ -41,21 +49,26 @@ struct ListState {
   bool IsTerminated = false;  // work that let messages through is to end
 
   // The list's widget, or one that does nothing.
-  ListerView& View() { return Control.View != nullptr ? *Control.View : nobody_; }
+  ListerView& View() { return HasView() ? *Fields.View : nobody_; }
+  bool HasView() const { return Fields.View != nullptr; }
   void SetStatus(std::string text) { SetStatus(std::move(text), Marks); }
   void SetStatus(std::string text, CompareMarks marks);
   // Items that the user does not want to see.
   bool IsFilteredOut(const platform::FolderEntry& entry) const {
-    return (entry.IsHidden && !Control.ShowHidden) || (entry.IsSystem && !Control.ShowSystem);
+    return (entry.IsHidden && !Fields.ShowHidden) || (entry.IsSystem && !Fields.ShowSystem);
   }
+  // The folder last open on the drive, or the home folder for the drive that holds it, or the
+  // drive's root.
   std::string DriveFolder(const std::string& drive) const;
+  // The folder becomes the one last open on the drive.
+  void SetDriveFolder(const std::string& drive, const std::string& folder);
 
  private:
   NoView nobody_;
 };
 
 // A list of one kind. What a kind has no use for does nothing.
-class ListBody {
+class ListBody : public ListRows {
  public:
   explicit ListBody(ListState& state)
       : Follower(
@@ -63,8 +76,6 @@ class ListBody {
             [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); },
             [&state](int milliseconds) { state.View().LookLater(milliseconds); }),
         state_(state) {}
-  virtual ~ListBody() = default;
-
   FolderFollower Follower;
 
   virtual void ShowStatus(const std::string& text) { state_.SetStatus(text); }
@@ -97,7 +108,7 @@ class ListBody {
   virtual void SetExtensionFilter(const std::string&) {}
   virtual std::vector<ExtensionChoice> ExtensionChoices() const { return {}; }
 
-  // Tools, as ListerControl tells them.
+  // Tools, as the form asks for them.
   virtual void SetItemColour(ItemColour /*colour*/) {}
   virtual int FileCount() const { return 0; }
   virtual void CalculateFolderSizes() {}
@@ -106,23 +117,11 @@ class ListBody {
   virtual void CompareAgainst(std::vector<CompareRecord>&, std::int32_t /*mode*/) {}
   virtual void CompareSelf(const std::vector<CompareRecord>&) {}
 
-  virtual int ChildCount(RowId parent) const = 0;
-  virtual RowId Child(RowId parent, int position) const = 0;
-  virtual RowId Parent(RowId row) const = 0;
-  virtual int PositionOf(RowId row) const = 0;
-  virtual RowState StateOf(RowId row) const = 0;
-  virtual std::string CellText(RowId row, HeadingId heading) const = 0;
-  // The row is a folder that was measured, but not all of it could be read.
-  virtual bool IsSizePartial(RowId row) const = 0;
   // The cell for other programs: bytes as they are, numbers in digits alone.
   virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
-  virtual std::string PathOf(RowId row) const = 0;
-  virtual RowId CurrentRow() const = 0;
 
-  virtual void MoveCurrent(RowId row) = 0;
-  virtual void Activate(RowId row) = 0;
-  virtual void Expand(RowId) {}
-  virtual void Collapse(RowId) {}
+  void Expand(RowId) override {}
+  void Collapse(RowId) override {}
 
  protected:
   // A notice that a folder changed on disk, as FolderFollower gives it.

@@ -52,12 +52,27 @@ class ListInput {
   virtual void Arrow(int keyCode, bool spaceHeld, int shift) = 0;
   virtual void Space() {}
   virtual void ResetStart() {}
-  // The keys that the list acts on by itself; false for the others.
+  // The keys that the list acts on by itself, or tells of by ListKeyDown; false for the others.
+  // `shift` is the mask of MouseEvent.
   virtual bool KeyDown(int keyCode, int shift) = 0;
+  virtual void KeyUp(int keyCode) = 0;
+  // Typed text moves the cursor to the next item whose name begins with it.
   virtual void TypeText(std::string_view text) = 0;
-  // To a folder that exists, on another drive if need be.
+  // To the folder, on another drive if need be. One that is no longer there is told by
+  // StatusMessage.
   virtual void GoToFolder(const std::string& folder) = 0;
 
+  // Bookmarks have slots 0 to 9. The form is asked for what a slot holds. A slot without a folder
+  // leads nowhere.
+  virtual std::string Bookmark(int slot) const = 0;
+  virtual void GoToBookmark(int slot) = 0;
+
+  // The list has got the keyboard, or a click.
+  virtual void Focused() = 0;
+  virtual void WheelTurned(int delta) = 0;
+  // A press: the button that it is for is the event's. The other button selects what it comes down
+  // on and raises RightClicked. MouseMoved is for a pressed main button alone, and once the pointer
+  // has left the place where it came down by more than a trembling hand does.
   virtual void MouseDown(const RowPointer& at) = 0;
   virtual void MouseMoved(const RowPointer& at) = 0;
   virtual void MouseUp(const RowPointer& at) = 0;

@@ -29,7 +29,7 @@ std::vector<HeadingId> Columns(const ListState& list) {
   }
   // The names of a tree say little without their places.
   const bool hasPath = std::ranges::find(columns, HeadingId::Path) != columns.end();
-  if (!IsFileList(list.Control.Id()) && !hasPath) columns.push_back(HeadingId::Path);
+  if (!IsFileList(list.Id) && !hasPath) columns.push_back(HeadingId::Path);
   return columns;
 }
 
@@ -51,8 +51,8 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
       list.SetStatus("Listing: " + forms.Grouped(done) + " of " + forms.Grouped(rows.size()) +
                      " rows; Escape stops");
       pace.Pump();
-      if (list.Control.CancelRequested) reason = "stopped";
-      if (IsFileList(list.Control.Id()) && list.Folder != folder) reason = "the folder has changed";
+      if (list.Fields.CancelRequested) reason = "stopped";
+      if (IsFileList(list.Id) && list.Folder != folder) reason = "the folder has changed";
       if (list.Drive != drive) reason = "the drive has changed";
       if (!reason.empty()) return false;
     }
@@ -88,12 +88,12 @@ void AppendLine(std::string& text, const std::vector<std::string>& fields) {
 }
 
 bool WriteListing(ListState& list, const ListBody& body, const std::string& path) {
-  list.Control.CancelRequested = false;
+  list.Fields.CancelRequested = false;
   std::string text, reason;
   if (MakeListing(list, body, text, reason)) {
     reason = list.Services.Files.WriteFile(path, text).Reason;
   }
-  list.Control.CancelRequested = false;
+  list.Fields.CancelRequested = false;
   const std::string file = base::ForDisplay(path);
   list.SetStatus(reason.empty() ? "Listing written to " + file
                                 : "Cannot write the listing to " + file + ": " + reason);

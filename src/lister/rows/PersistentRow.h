@@ -3,25 +3,25 @@
 
 #include <string>
 
-#include "lister/ListerControl.h"
+#include "lister/rows/ListRows.h"
 
 namespace tarnwell::lister {
 
 // By its path as well, since the number of a row that is gone serves another one later.
 class PersistentRow {
  public:
-  explicit PersistentRow(const ListerControl& control) : control_(control) {}
+  explicit PersistentRow(const ListRows& rows) : rows_(rows) {}
 
   void Set(RowId row) {
     row_ = row;
-    path_ = control_.PathOf(row);
+    path_ = rows_.PathOf(row);
   }
   void Clear() { Set(NoRow); }
   // NoRow once the row is gone.
-  RowId Get() const { return !path_.empty() && control_.PathOf(row_) == path_ ? row_ : NoRow; }
+  RowId Get() const { return !path_.empty() && rows_.PathOf(row_) == path_ ? row_ : NoRow; }
 
  private:
-  const ListerControl& control_;
+  const ListRows& rows_;
   RowId row_ = NoRow;
   std::string path_;
 };

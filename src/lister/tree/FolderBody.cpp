@@ -45,9 +45,9 @@ void FolderBody::Perform(const Command& command) {
   sizes_.HeedCancel();
   folders_.Trouble.clear();
   folders_.Pace.emplace(state_.Services.Clock, state_.Services.Pump);
-  state_.Control.CancelRequested = false;
+  state_.Fields.CancelRequested = false;
   const Outcome outcome = command();
-  state_.Control.CancelRequested = false;
+  state_.Fields.CancelRequested = false;
   busy_ = false;
   if (state_.IsTerminated) return;
 
@@ -57,7 +57,7 @@ void FolderBody::Perform(const Command& command) {
   }
   state_.SetStatus(folders_.Trouble);
   // Last, since what follows may open another folder.
-  const ListId id = state_.Control.Id();
+  const ListId id = state_.Id;
   if (outcome == Outcome::FolderOpened) state_.Events.FolderSelected(id);
   if (outcome == Outcome::DriveChosen) state_.Events.DriveSelected(id);
 }
@@ -70,7 +70,7 @@ void FolderBody::FolderChanged(const std::string& folder, const platform::Folder
 void FolderBody::MindNotices() {
   if (state_.IsTerminated || willCatchUp_ || !notices_.AnyWaiting()) return;
   const std::int64_t rest = restUntil_ - state_.Services.Clock.Ticks();
-  if (rest <= 0 || state_.Control.View == nullptr) return Run([this] { return ApplyNotices(); });
+  if (rest <= 0 || !state_.HasView()) return Run([this] { return ApplyNotices(); });
   willCatchUp_ = true;
   state_.View().CatchUpLater(static_cast<int>(rest));
 }

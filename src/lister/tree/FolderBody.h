@@ -26,7 +26,7 @@ class FolderBody : public ListBody {
         reader_(folders_, sizes_),
         notices_(folders_, reader_),
         facts_(folders_, sizes_),
-        input_(tree_, state) {
+        input_(tree_, state, *this) {
     tree_.SizeOf = [this](RowId row) { return sizes_.SizeOf(row); };
   }
 

@@ -142,7 +142,7 @@ FolderFactReader::Outcome FolderFactReader::Pump(Pacer& pace) {
 // Others may be at work further out: they learn of Escape too.
 bool FolderFactReader::HeedCancel() {
   sizes_.HeedCancel();
-  return std::exchange(folders_.List.Control.CancelRequested, false);
+  return std::exchange(folders_.List.Fields.CancelRequested, false);
 }
 
 }  // namespace tarnwell::lister

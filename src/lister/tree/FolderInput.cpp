@@ -7,8 +7,8 @@
 
 namespace tarnwell::lister {
 
-FolderInput::FolderInput(const FolderTree& tree, ListState& list)
-    : CommonInput(list), tree_(tree), pressed_(list.Control) {}
+FolderInput::FolderInput(const FolderTree& tree, ListState& list, ListBody& body)
+    : CommonInput(list, body), tree_(tree), pressed_(body) {}
 
 // --- Rows on show.
 
@@ -87,16 +87,16 @@ void FolderInput::FoldByKey(int keyCode, int) {
   const FolderNode& node = tree_.Node(row);
   const bool isOpen = node.IsExpanded && !node.Children.empty();
   if (keyCode == LeftKey) {
-    if (isOpen) return list_.Control.Collapse(row);
+    if (isOpen) return body_.Collapse(row);
     MoveTo(row == FolderTree::TopRow ? NoRow : node.Parent);
   } else {
     if (isOpen) return MoveTo(node.Children.front());
-    if (node.HasChildren()) list_.Control.Expand(row);
+    if (node.HasChildren()) body_.Expand(row);
   }
 }
 
 void FolderInput::MoveTo(RowId row) {
-  if (row != NoRow) list_.Control.MoveCurrent(row);
+  if (row != NoRow) body_.MoveCurrent(row);
 }
 
 void FolderInput::ShowTyped(const std::string& text) {
@@ -106,19 +106,19 @@ void FolderInput::ShowTyped(const std::string& text) {
 void FolderInput::AskNewFolder(int, int) {
   if (Current() == NoRow) return;
   const std::string folder = list_.Syntax.AddSeparator(tree_.PathOf(Current()));
-  list_.Events.NewFolderAt(list_.Control.Id(), folder, "");
+  list_.Events.NewFolderAt(list_.Id, folder, "");
 }
 
-void FolderInput::GoToFolder(const std::string& folder) {
+void FolderInput::EnterFolder(const std::string& folder) {
   const base::PathSyntax& syntax = list_.Syntax;
   if (tree_.Has(FolderTree::TopRow) && syntax.IsWithin(folder, tree_.PathOf(FolderTree::TopRow))) {
-    list_.Control.OpenFolder(0, folder);
+    body_.OpenFolder(folder);
     return;
   }
   const std::string drive = list_.Services.Drives.DriveOf(folder);
   if (drive.empty()) return;
-  list_.Control.SetDriveFolder(drive, folder);
-  list_.Control.ChooseDrive(drive);
+  list_.SetDriveFolder(drive, folder);
+  body_.LoadDrive(drive, true);
 }
 
 // --- Mouse.
@@ -128,7 +128,7 @@ void FolderInput::MouseDown(const RowPointer& at) {
   if (at.Event.Button == main) DragFinished(at.Event);  // the end of one that got lost
   pressed_.Clear();
   if (!MayStart()) return;
-  list_.Control.Focused();
+  Focused();
   if (at.Event.Button != main && at.Event.Button != other) return;
   SetTyped("");
   if (at.Event.Button == main && at.Part == RowPart::Branch) return;
@@ -139,7 +139,7 @@ void FolderInput::MouseDown(const RowPointer& at) {
 
 void FolderInput::MouseMoved(const RowPointer& at) {
   if (Action() == MouseAction::Drag) {
-    list_.Events.DragMoved(list_.Control.Id(), at.Event);
+    list_.Events.DragMoved(list_.Id, at.Event);
     return;
   }
   const RowId row = pressed_.Get();

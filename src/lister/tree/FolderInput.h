@@ -9,7 +9,7 @@ namespace tarnwell::lister {
 
 class FolderInput : public CommonInput {
  public:
-  FolderInput(const FolderTree& tree, ListState& list);
+  FolderInput(const FolderTree& tree, ListState& list, ListBody& body);
 
   bool IsSelected(RowId row) const override { return row != NoRow && row == Current(); }
   std::vector<RowRange> SelectedRanges() const override { return {}; }
@@ -26,12 +26,12 @@ class FolderInput : public CommonInput {
 
   void Arrow(int keyCode, bool spaceHeld, int shift) override;
 
-  void GoToFolder(const std::string& folder) override;
   void MouseDown(const RowPointer& at) override;
   void MouseMoved(const RowPointer& at) override;
   void MouseUp(const RowPointer& at) override;
 
  protected:
+  void EnterFolder(const std::string& folder) override;
   RowId Current() const override { return tree_.Has(tree_.Current()) ? tree_.Current() : NoRow; }
   RowId RowBelow(RowId row) const override;
   std::string_view NameOf(RowId row) const override { return tree_.Node(row).Name; }

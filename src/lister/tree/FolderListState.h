@@ -32,7 +32,7 @@ struct FolderListState {
   bool GoesOn() {
     if (!Stopped && !List.IsTerminated && Pace->IsDue()) {
       Pace->Pump();
-      if (List.Control.CancelRequested) {
+      if (List.Fields.CancelRequested) {
         Stopped = true;
         Trouble = "Reading stopped";
       }
