@@ -28,16 +28,40 @@ std::string Folded(std::string_view text, bool caseSensitive) {
   return folded;
 }
 
+// The names that Windows keeps for devices, with any extension: "Naming Files, Paths, and
+// Namespaces" of its documentation. Those with a number end in 1 to 9, or in one of the
+// superscripts of Latin-1.
+bool IsDeviceName(std::string_view name) {
+  std::string_view stem = name.substr(0, name.find('.'));
+  stem = stem.substr(0, stem.find_last_not_of(' ') + 1);
+  const std::string word = AsciiUpper(stem.substr(0, 3));
+  const std::string_view number = stem.substr(word.size());
+  if (number.empty()) return word == "CON" || word == "PRN" || word == "AUX" || word == "NUL";
+  if (word != "COM" && word != "LPT") return false;
+  return (number.size() == 1 && number >= "1" && number <= "9") || number == "\u00b9" ||
+         number == "\u00b2" || number == "\u00b3";
+}
+
 }  // namespace
 
 const PathSyntax& PathSyntax::Posix() {
-  static constexpr PathSyntax syntax{'/', "/", "", "", true};
+  static constexpr PathSyntax syntax{'/', "/", "", "", true, ""};
   return syntax;
 }
 
 const PathSyntax& PathSyntax::Windows() {
-  static constexpr PathSyntax syntax{'\\', "C", ":\\", "\\\\", false};
+  static constexpr PathSyntax syntax{'\\', "C", ":\\", "\\\\", false, "/:*?\"<>|"};
   return syntax;
+}
+
+bool PathSyntax::IsName(std::string_view name) const {
+  if (name.empty() || name == "." || name == "..") return false;
+  if (name.find(Separator) != name.npos || name.find('\0') != name.npos) return false;
+  if (ForbiddenInNames.empty()) return true;
+  const auto isControl = [](unsigned char byte) { return byte < 0x20; };
+  return name.find_first_of(ForbiddenInNames) == name.npos &&
+         std::ranges::none_of(name, isControl) && name.back() != '.' && name.back() != ' ' &&
+         !IsDeviceName(name);
 }
 
 bool PathSyntax::IsDriveRoot(std::string_view path) const {

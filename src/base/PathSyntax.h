@@ -16,10 +16,15 @@ struct PathSyntax {
   // Mark at the start of a network path ("\\"). Empty where the syntax knows none.
   std::string_view NetworkMark;
   bool CaseSensitive;
+  // What no name holds besides the separator and NUL. Where there is such a rule, control
+  // characters, a dot or a blank at the end and the names of devices are none either.
+  std::string_view ForbiddenInNames;
 
   static const PathSyntax& Posix();    // /a/b
   static const PathSyntax& Windows();  // C:\a\b and \\server\share
 
+  // Whether an item may be called so, as far as the text alone can tell.
+  bool IsName(std::string_view name) const;
   // True for the root of a drive as far as the text alone can tell: "C:\" or "/".
   bool IsDriveRoot(std::string_view path) const;
   // Whether the path begins at a root, of a drive or of the network.

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "base/PathSyntax.h"
 
 namespace tarnwell::base {
@@ -20,6 +23,32 @@ TEST(PathSyntaxTest, TakesPathsApartAndPutsThemTogether) {
   EXPECT_EQ(posix.LastComponent("/a/b/"), "b");
   EXPECT_EQ(posix.LastComponent("/"), "");
   EXPECT_EQ(posix.Join("/", "a") + posix.Join("/a", "b") + posix.Join("", "b"), "/a/a/bb");
+}
+
+TEST(PathSyntaxTest, NamesFollowTheRuleOfThePlatform) {
+  using Names = std::vector<std::string>;
+  for (const auto& name : Names{"", ".", "..", "a/b", {"a\0b", 3}})
+    EXPECT_FALSE(posix.IsName(name));
+  for (const auto& name : Names{"\\:*?\"<>|\n\xFF", "a. ", "NUL"}) EXPECT_TRUE(posix.IsName(name));
+  for (const auto& name : Names{"..",
+                                "a\\b",
+                                "a/b",
+                                "c:b",
+                                "a|",
+                                "a\x1F",
+                                "a.",
+                                "a ",
+                                "nul",
+                                "Con .b.c",
+                                "com1",
+                                "LPT9.txt",
+                                "com\u00b2",
+                                {"a\0b", 3}}) {
+    EXPECT_FALSE(windows.IsName(name)) << name;
+  }
+  for (const auto& name : Names{".a b", "com", "com0", "com10", "null", "a.nul", "\xFF\u00e4"}) {
+    EXPECT_TRUE(windows.IsName(name)) << name;
+  }
 }
 
 TEST(PathSyntaxTest, ValidPathBeginsAtItsServerAndHasMoreThanThat) {

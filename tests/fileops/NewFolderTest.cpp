@@ -47,8 +47,8 @@ TEST_F(NewFolderTest, MakesTheFolderAndShowsIt) {
   EXPECT_TRUE(Messages.Texts.empty());
   Create("New");  // a name that is taken
   const std::vector<std::string> taken = std::exchange(Messages.Texts, {});
-  for (const char* name : {"Sub\\New", "..", "."}) Create(name);
-  EXPECT_EQ(Messages.Texts.size(), 3U);
+  for (const char* name : {"Sub\\New", "..", ".", "nul"}) Create(name);
+  EXPECT_EQ(Messages.Texts.size(), 4U);
   Create("cancel");
   Create("");
   Host.OnModal = {};  // closed by its frame

@@ -197,7 +197,7 @@ base::Status BranchReader::ReadSubfolders(const std::string& folder, const std::
   // A folder can be entered although the one above it cannot be listed, or does not list it.
   platform::ItemAttributes attributes;
   const bool found =
-      wanted.empty() || wanted == "." || wanted == ".." ||
+      !list.Syntax.IsName(wanted) ||
       std::any_of(listing.Folders.begin(), listing.Folders.end(),
                   [&](const Subfolder& entry) { return list.Syntax.Same(entry.Name, wanted); });
   if (!found && list.Services.Files.ReadAttributes(folder, wanted, attributes) &&
