@@ -5,30 +5,10 @@
 #include <iterator>
 #include <utility>
 
+#include "lister/rows/RowRuns.h"
+
 namespace tarnwell::lister {
 namespace {
-
-// Each run of rows that come or go costs a look at all others. With more runs than this the rows
-// are gathered in one run at the end first.
-constexpr std::size_t MostRuns = 16;
-
-// Positions from First to Last.
-struct Run {
-  int First;
-  int Last;
-};
-
-// The runs of positions for which the rule holds.
-template <typename Rule>
-std::vector<Run> RunsOf(int count, Rule rule) {
-  std::vector<Run> runs;
-  for (int position = 0; position < count; ++position) {
-    if (!rule(position)) continue;
-    if (runs.empty() || runs.back().Last != position - 1) runs.push_back({position, position});
-    runs.back().Last = position;
-  }
-  return runs;
-}
 
 // A set of rows.
 class RowSet {
@@ -59,7 +39,7 @@ void Reorder(FileRows& rows, std::vector<RowId> shown, ListerView& view) {
 
 void HideOthers(FileRows& rows, const RowSet& staying, ListerView& view) {
   const auto goes = [&](int position) { return !staying.Has(rows.At(position)); };
-  std::vector<Run> runs = RunsOf(rows.Count(), goes);
+  std::vector<RowRange> runs = RunsOf(rows.Count(), goes);
   if (runs.size() > MostRuns) {
     std::vector<RowId> shown = rows.Order();
     std::stable_partition(shown.begin(), shown.end(), [&](RowId row) { return staying.Has(row); });
@@ -81,11 +61,11 @@ void Show(FileRows& rows, int position, const std::vector<RowId>& coming, Lister
 
 // The rows on show are among those wanted, in the same order.
 void ShowOthers(FileRows& rows, std::vector<RowId> wanted, ListerView& view) {
-  const std::vector<Run> runs = RunsOf(static_cast<int>(wanted.size()), [&](int position) {
+  const std::vector<RowRange> runs = RunsOf(static_cast<int>(wanted.size()), [&](int position) {
     return !IsShown(rows, wanted[static_cast<std::size_t>(position)]);
   });
   if (runs.size() <= MostRuns) {
-    for (const Run& run : runs) {
+    for (const RowRange& run : runs) {
       Show(rows, run.First, {wanted.begin() + run.First, wanted.begin() + run.Last + 1}, view);
     }
     return;

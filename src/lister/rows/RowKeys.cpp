@@ -7,15 +7,10 @@
 #include <cstdint>
 
 #include "lister/rows/CellText.h"
+#include "lister/rows/KeyBytes.h"
 
 namespace tarnwell::lister {
 namespace {
-
-constexpr char TextEnd = '\0';  // below every weight
-
-void AppendNumber(std::uint64_t number, int bytes, std::string& key) {
-  while (bytes-- > 0) key += static_cast<char>(number >> (8 * bytes) & 0xFF);
-}
 
 // The bytes that the number takes stand before it: most numbers are small. An unknown one comes
 // first.
@@ -27,12 +22,6 @@ void AppendSize(const FileRow& row, std::string& key) {
   const int bytes = (static_cast<int>(std::bit_width(row.Size)) + 7) / 8;
   key += static_cast<char>(1 + bytes);
   AppendNumber(row.Size, bytes, key);
-}
-
-// In the order of times, those before 1970 included.
-void AppendTime(std::int64_t time, std::string& key) {
-  constexpr std::uint64_t sign = std::uint64_t{1} << 63;
-  AppendNumber(static_cast<std::uint64_t>(time) ^ sign, 8, key);
 }
 
 void AppendText(std::string_view text, const NameOrder& names, std::string& key) {

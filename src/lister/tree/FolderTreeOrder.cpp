@@ -6,40 +6,12 @@
 #include <utility>
 
 #include "lister/rows/FileRows.h"
+#include "lister/rows/KeyBytes.h"
 #include "lister/rows/KeySort.h"
+#include "lister/rows/RowRuns.h"
 #include "lister/tree/FolderTree.h"
 
 namespace tarnwell::lister {
-namespace {
-
-// Each run of rows that come or go costs a look at all others, and the view a step. With more runs
-// than this the rows are gathered in one run at the end.
-constexpr std::size_t MostRuns = 16;
-
-// The runs of positions that are marked, as ranges.
-std::vector<RowRange> RunsOf(const std::vector<char>& marks) {
-  std::vector<RowRange> runs;
-  for (int position = 0; position < static_cast<int>(marks.size()); ++position) {
-    if (marks[static_cast<std::size_t>(position)] == 0) continue;
-    if (runs.empty() || runs.back().Last != position - 1) runs.push_back({position, position});
-    runs.back().Last = position;
-  }
-  return runs;
-}
-
-// In the order of numbers.
-void AppendNumber(std::uint64_t number, std::string& key) {
-  for (int shift = 56; shift >= 0; shift -= 8) key += static_cast<char>(number >> shift & 0xFF);
-}
-
-void AppendTime(std::int64_t time, std::string& key) {
-  constexpr std::uint64_t sign = std::uint64_t{1} << 63;
-  AppendNumber(static_cast<std::uint64_t>(time) ^ sign, key);
-}
-
-constexpr char TextEnd = '\0';  // below all that stands in a key of text
-
-}  // namespace
 
 void FolderTree::SortBy(SortKey key, ListerView& view) {
   key_ = key;
@@ -71,7 +43,7 @@ void FolderTree::AppendFact(RowId row, std::string& key) const {
   switch (key_.Heading) {
     case HeadingId::Size: {
       const std::optional<FolderSize> size = SizeOf ? SizeOf(row) : std::nullopt;
-      return AppendNumber(size ? size->Bytes + 1 : 0, key);
+      return AppendNumber(size ? size->Bytes + 1 : 0, 8, key);
     }
     case HeadingId::DateLastModified:
       return AppendTime(facts.Modified, key);
@@ -87,7 +59,7 @@ void FolderTree::AppendFact(RowId row, std::string& key) const {
       key += TextEnd;
       return;
     case HeadingId::Permissions:
-      return AppendNumber(facts.Mode & 0777U, key);
+      return AppendNumber(facts.Mode & 0777U, 8, key);
     default:
       return;
   }
