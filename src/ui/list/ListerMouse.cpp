@@ -18,7 +18,7 @@ using lister::RowPart;
 
 namespace {
 
-constexpr int ScrollInterval = 50;  // milliseconds
+constexpr int ColumnScrollInterval = 50;  // milliseconds
 
 int ButtonOf(Qt::MouseButton button) {
   return button == Qt::LeftButton     ? 1
@@ -31,7 +31,7 @@ int ButtonOf(Qt::MouseButton button) {
 
 ListerMouse::ListerMouse(ListerTree& tree, const lister::ListerControl& control)
     : QObject(&tree), tree_(tree), control_(control) {
-  scroll_.setInterval(ScrollInterval);
+  scroll_.setInterval(ColumnScrollInterval);
   connect(&scroll_, &QTimer::timeout, this, &ListerMouse::ScrollAlong);
 }
 

@@ -16,7 +16,7 @@
 namespace tarnwell::ui {
 namespace {
 
-constexpr int Width = 440;  // logical pixels, at least
+constexpr int ChooserWidth = 440;  // logical pixels, at least
 constexpr int ListHeight = 280;
 constexpr int EntryPictureSize = 24;
 constexpr int RowPadding = 8;         // above and below together
@@ -50,7 +50,7 @@ ApplicationChooser::ApplicationChooser(const std::string& path, const std::strin
   search_.setClearButtonEnabled(true);
   list_.setAccessibleName(QStringLiteral("Applications"));
   list_.setIconSize(QSize(EntryPictureSize, EntryPictureSize));
-  list_.setMinimumWidth(Width);
+  list_.setMinimumWidth(ChooserWidth);
   list_.setFixedHeight(ListHeight);
   list_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_.setTextElideMode(Qt::ElideRight);

@@ -14,7 +14,7 @@ namespace tarnwell::ui {
 namespace {
 
 constexpr int PermissionsRowSpacing = 8;
-constexpr int TextWidth = 434;
+constexpr int PageTextWidth = 434;
 constexpr int TroubleLines = 5;
 
 struct Class {
@@ -45,7 +45,7 @@ constexpr SpecialBit SpecialBits[] = {
 QLabel* Text(QLabel& label) {
   label.setTextFormat(Qt::PlainText);
   label.setWordWrap(true);
-  label.setFixedWidth(TextWidth);
+  label.setFixedWidth(PageTextWidth);
   return &label;
 }
 
@@ -60,7 +60,7 @@ PermissionsPage::PermissionsPage(const platform::NumberForms& forms, std::functi
     : forms_(forms),
       touched_(std::move(touched)),
       table_(new QGridLayout),
-      troubles_(new FactText(TextWidth, TroubleLines, this)) {
+      troubles_(new FactText(PageTextWidth, TroubleLines, this)) {
   auto* const sheet = new QFrame(this);
   sheet->setFrameShape(QFrame::StyledPanel);
   sheet->setAutoFillBackground(true);

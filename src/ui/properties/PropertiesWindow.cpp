@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int PermissionsTab = 1;
-constexpr int TickTime = 100;  // milliseconds
+constexpr int PageTickTime = 100;  // milliseconds
 // Most items are known by then, and the window comes up whole.
 constexpr auto FirstWait = 40ms;
 
@@ -69,7 +69,7 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
   column->setSizeConstraint(QLayout::SetFixedSize);
   ok_.setFocus();
 
-  tick_.setInterval(TickTime);
+  tick_.setInterval(PageTickTime);
   connect(&tick_, &QTimer::timeout, this, [this] { Tick(); });
   count_ =
       std::make_unique<Worker<FactsNote>>(ReadFacts(tools_.Files, tools_.Inspector, paths_, true));

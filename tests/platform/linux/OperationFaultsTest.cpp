@@ -22,8 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string otherVolume = "/dev/shm/";
-
 struct AtLeast {
   unsigned Argument;
   unsigned Value;

@@ -15,6 +15,8 @@
 
 namespace tarnwell::platform {
 
+inline const std::string otherVolume = "/dev/shm/";
+
 struct ScriptedUser : OperationUser {
   int CancelAt = -1;  // which question whether to go on is the last
   int Asked = 0;

@@ -12,7 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string otherVolume = "/dev/shm/";
 const std::vector<unsigned> pathCalls{SYS_statx, SYS_openat, SYS_readlinkat, SYS_renameat2,
                                       SYS_unlinkat};
 

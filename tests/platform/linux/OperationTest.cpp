@@ -23,8 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string otherVolume = "/dev/shm/";
-
 // Small and large files, links and names of all kinds.
 void MakeTree(const std::string& at) {
   fs::create_directories(at + "/sub/empty");

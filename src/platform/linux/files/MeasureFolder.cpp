@@ -18,7 +18,7 @@ namespace {
 
 constexpr int countPerCall = 64;          // items between two questions whether to go on
 constexpr std::uint64_t blockSize = 512;  // of stx_blocks, whatever the file system
-constexpr unsigned wanted =
+constexpr unsigned measuredFacts =
     STATX_TYPE | STATX_NLINK | STATX_SIZE | STATX_BLOCKS | STATX_INO | STATX_MNT_ID;
 
 class Measurement {
@@ -27,7 +27,8 @@ class Measurement {
 
   base::Status Run(Descriptor folder) {
     struct statx found;
-    if (statx(folder.Get(), "", AT_EMPTY_PATH, wanted, &found) != 0) return SystemError(errno);
+    if (statx(folder.Get(), "", AT_EMPTY_PATH, measuredFacts, &found) != 0)
+      return SystemError(errno);
     start_ = found;
     const int error = ReadFolder(folder.Get());
     if (error != 0) return SystemError(error);
@@ -81,7 +82,7 @@ class Measurement {
   // Looks at an item without following or mounting anything.
   bool StateOf(int folder, const char* name, struct statx& found) {
     const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-    if (statx(folder, name, flags, wanted, &found) == 0) return true;
+    if (statx(folder, name, flags, measuredFacts, &found) == 0) return true;
     Note(errno);
     return false;
   }

@@ -21,10 +21,6 @@ std::string TypeOf(const std::string& path) {
   return type != nullptr ? type : "";
 }
 
-std::string TextOf(const char* text) {
-  return text != nullptr ? text : "";
-}
-
 ApplicationList TakeList(GList* applications) {
   ApplicationList list;
   for (GList* item = applications; item != nullptr; item = item->next) {

@@ -24,6 +24,11 @@ using GioObject = std::unique_ptr<Object, GioUnref>;
 
 using GioText = std::unique_ptr<char, GioFree>;
 
+// Empty for null.
+inline std::string TextOf(const char* text) {
+  return text != nullptr ? text : "";
+}
+
 // Where a call of GLib puts its error.
 class GioError {
  public:

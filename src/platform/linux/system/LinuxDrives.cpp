@@ -6,15 +6,12 @@
 #include <utility>
 
 #include "platform/linux/files/HomeFolder.h"
+#include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/GuardedCall.h"
 #include "platform/linux/system/DriveRules.h"
 
 namespace tarnwell::platform {
 namespace {
-
-std::string TextOf(const char* text) {
-  return text != nullptr ? text : "";
-}
 
 std::vector<Mount> ReadMounts() {
   std::vector<Mount> mounts;

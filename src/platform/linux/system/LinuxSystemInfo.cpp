@@ -21,7 +21,7 @@
 namespace tarnwell::platform {
 namespace {
 
-const base::PathSyntax& Syntax() {
+const base::PathSyntax& PathRules() {
   return base::PathSyntax::Posix();
 }
 
@@ -33,7 +33,7 @@ std::string Variable(const char* name) {
 }
 
 std::string SkinsIn(const std::string& folder) {
-  return Syntax().Join(folder, "skins");
+  return PathRules().Join(folder, "skins");
 }
 
 bool HoldsSkins(const std::string& folder) {
@@ -42,9 +42,10 @@ bool HoldsSkins(const std::string& folder) {
 
 std::string FindDataFolder(const std::string& executableFolder) {
   if (executableFolder.empty()) return {};
-  const std::string above = Syntax().ParentOf(executableFolder);
-  const std::array<std::string, 2> candidates = {Syntax().Join(above, "share/tarnwell"),
-                                                 Syntax().Join(Syntax().ParentOf(above), "data")};
+  const std::string above = PathRules().ParentOf(executableFolder);
+  const std::array<std::string, 2> candidates = {
+      PathRules().Join(above, "share/tarnwell"),
+      PathRules().Join(PathRules().ParentOf(above), "data")};
   for (const std::string& candidate : candidates) {
     if (HoldsSkins(candidate)) return candidate;
   }
@@ -67,7 +68,8 @@ bool CopySkins(const std::string& source, const std::string& target) {
   bool whole = true;
   const base::Status status = LinuxFileSystem().ReadFolder(source, [&](const FolderEntry& entry) {
     if (entry.Kind != ItemKind::Folder) {
-      whole = CopyMissing(Syntax().Join(source, entry.Name), Syntax().Join(target, entry.Name));
+      whole =
+          CopyMissing(PathRules().Join(source, entry.Name), PathRules().Join(target, entry.Name));
     }
     return whole;
   });
@@ -76,10 +78,10 @@ bool CopySkins(const std::string& source, const std::string& target) {
 
 void Fill(const std::string& folder, const std::string& dataFolder) {
   for (const std::string_view name : topLevelFiles) {
-    CopyMissing(Syntax().Join(dataFolder, name), Syntax().Join(folder, name));
+    CopyMissing(PathRules().Join(dataFolder, name), PathRules().Join(folder, name));
   }
   // Under another name until it is whole, so that a start cut short is made good by the next.
-  const std::string unfinished = Syntax().Join(folder, ".skins-unfinished");
+  const std::string unfinished = PathRules().Join(folder, ".skins-unfinished");
   if (CopySkins(SkinsIn(dataFolder), unfinished)) {
     std::rename(unfinished.c_str(), SkinsIn(folder).c_str());
   }
@@ -95,13 +97,14 @@ Choice ChooseFolder(const ProgramPlaces& places) {
   if (!places.TarnwellHome.empty()) {
     std::error_code ignored;
     const std::string path = std::filesystem::absolute(places.TarnwellHome, ignored).string();
-    return {Syntax().IsDriveRoot(path) ? path : Syntax().RemoveRightSlash(path), true};
+    return {PathRules().IsDriveRoot(path) ? path : PathRules().RemoveRightSlash(path), true};
   }
   if (IsWritable(executableFolder) && HoldsSkins(executableFolder)) return {executableFolder};
   // A relative data folder is to be taken for none, by the rules of the variable.
-  if (places.DataHome.starts_with('/')) return {Syntax().Join(places.DataHome, "tarnwell"), true};
+  if (places.DataHome.starts_with('/'))
+    return {PathRules().Join(places.DataHome, "tarnwell"), true};
   if (!places.HomeFolder.empty()) {
-    return {Syntax().Join(places.HomeFolder, ".local/share/tarnwell"), true};
+    return {PathRules().Join(places.HomeFolder, ".local/share/tarnwell"), true};
   }
   return {executableFolder};
 }
@@ -112,7 +115,7 @@ ProgramPlaces ProgramPlaces::OfProcess() {
   ProgramPlaces places;
   std::error_code ignored;
   const std::string executable = std::filesystem::read_symlink("/proc/self/exe", ignored).string();
-  if (!executable.empty()) places.ExecutableFolder = Syntax().ParentOf(executable);
+  if (!executable.empty()) places.ExecutableFolder = PathRules().ParentOf(executable);
   places.TarnwellHome = Variable("TARNWELL_HOME");
   places.DataHome = Variable("XDG_DATA_HOME");
   places.HomeFolder = FindHomeFolder();
