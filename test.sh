@@ -69,11 +69,8 @@ for test in tests/scripts/*_test; do
 done
 check "format" scripts/check-format
 
-begin "build of debug"
-scripts/build debug
-export QT_QPA_PLATFORM=offscreen
-runCtest debug
-unset QT_QPA_PLATFORM
+begin "build of release"
+scripts/build release tarnwell
 
 if [[ "${TARNWELL_QUICK:-}" == 1 ]]; then
   begin "clang-tidy: left out, as TARNWELL_QUICK is set"
@@ -81,16 +78,10 @@ else
   check "clang-tidy" scripts/check-tidy
 fi
 
-# The tests are run once while they are built, to list them, so the options stand before the build.
-export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1
-export UBSAN_OPTIONS=print_stacktrace=1
 begin "build of asan"
 scripts/build asan
 runCtest asan
-unset ASAN_OPTIONS UBSAN_OPTIONS
 
-begin "build of release"
-scripts/build release tarnwell
 begin "end-to-end tests"
 code=0
 scripts/test-end-to-end 2>&1 | tee "$log" || code=$?
