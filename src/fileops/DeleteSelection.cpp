@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "fileops/ItemList.h"
+#include "fileops/ShownFolder.h"
 #include "fileops/popDelete.h"
 #include "lists/WatchPanes.h"
 
@@ -47,9 +47,7 @@ void DeleteCommand::DeleteSelection(bool permanent) {
     workspace_.Lists[workspace_.CurrentList].RefreshList();
     return;
   }
-  const std::string open = OnDisk(list->DriveFolder(), syntax_);
-  if (!open.empty() && HoldsItem(items, open, syntax_))
-    navigation_.MoveFocusUpOneFolder(remembered);
+  if (ShowsOneOf(items, *list, syntax_)) navigation_.MoveFocusUpOneFolder(remembered);
 }
 
 bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string& shown,
@@ -69,7 +67,7 @@ bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string
   items = list.ActiveItemName();
   platform_.Run({.Function = platform::FileFunction::Delete,
                  .Items = items,
-                 .Destination = std::string(1, '\0'),
+                 .Destination = base::ItemList::TextOf({""}),
                  .Flags = platform::NoConfirmation});
   lists::LookAtPanes(workspace_);
   return true;

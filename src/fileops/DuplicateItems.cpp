@@ -5,6 +5,7 @@
 #include <exception>
 #include <iterator>
 
+#include "base/ItemList.h"
 #include "base/Text.h"
 #include "forms/PointerScope.h"
 
@@ -61,8 +62,8 @@ platform::OperationResult DuplicateCommand::Duplicate(const std::string& path,
   const std::string folder = files_.Syntax().GetFolderPath(copy);
   if (!files_.FolderExists(folder)) return {.Code = -1};
   return platform_.Run({.Function = platform::FileFunction::Copy,
-                        .Items = path + '\0',
-                        .Destination = copy + '\0',
+                        .Items = base::ItemList::TextOf({path}),
+                        .Destination = base::ItemList::TextOf({copy}),
                         .Flags = DuplicateFlags});
 }
 

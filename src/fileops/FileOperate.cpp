@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "fileops/ItemList.h"
+#include "fileops/ShownFolder.h"
 #include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 
@@ -64,9 +64,10 @@ void FileOperations::Carry(FileFunction function, lister::ListId source, lister:
   request.Items = items;
   if (function == FileFunction::Copy || function == FileFunction::Move) {
     folder = syntax_.AddSeparator(folder);
-    request.Destination = folder;
+    base::ItemList::Add(request.Destination, folder);
+  } else {
+    base::ItemList::Add(request.Destination, "");
   }
-  request.Destination += '\0';
   request.Flags = FlagsOf(function, items, folder);
   // What went wrong, the platform has told.
   const platform::OperationResult result = platform_.Run(request);
@@ -95,23 +96,23 @@ std::uint16_t FileOperations::FlagsOf(FileFunction function, const std::string& 
   int flags = 0;
   if (!deletes || fields_.SendToRecycle) flags |= platform::AllowUndo;
   // Items that are copied to where they are become twins.
-  if (syntax_.GetFolderPath(FirstItem(items)) == folder) flags |= platform::RenameOnCollision;
+  if (syntax_.GetFolderPath(base::ItemList(items).First()) == folder)
+    flags |= platform::RenameOnCollision;
   if (deletes) flags |= platform::NoConfirmation;
   return static_cast<std::uint16_t>(flags);
 }
 
 bool FileOperations::DeletesFolderOnShow(lister::ListId source, const std::string& items) const {
-  if (source < 0 || lister::IsFileList(source)) return false;
-  const std::string shown = OnDisk(workspace_.Lists[source].DriveFolder(), syntax_);
-  return !shown.empty() && HoldsItem(items, shown, syntax_);
+  return source >= 0 && !lister::IsFileList(source) &&
+         ShowsOneOf(items, workspace_.Lists[source], syntax_);
 }
 
 void FileOperations::PerformShellAction(const std::string& source, const std::string& destination,
                                         std::int32_t& result) {
   result = platform_
                .Run({.Function = FileFunction::Copy,
-                     .Items = source + '\0',
-                     .Destination = destination + '\0',
+                     .Items = base::ItemList::TextOf({source}),
+                     .Destination = base::ItemList::TextOf({destination}),
                      .Flags = platform::Silent | platform::SimpleProgress})
                .Code;
 }

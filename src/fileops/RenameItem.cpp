@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/ItemList.h"
 #include "base/Text.h"
 #include "fileops/ItemName.h"
 #include "fileops/popRename.h"
@@ -20,8 +21,8 @@ void RenameCommand::RenameItem(bool byKey) {
   std::int32_t kind = 0;
   list->GetClickedItem(folder, name, byKey, kind);
   if (kind == lister::ClickedEmptySpace || folder.empty() || name.empty()) return;
-  const std::string refusal =
-      platform_.Refusal(platform::FileFunction::Rename, files_.Syntax().Join(folder, name) + '\0');
+  const std::string refusal = platform_.Refusal(
+      platform::FileFunction::Rename, base::ItemList::TextOf({files_.Syntax().Join(folder, name)}));
   if (!refusal.empty()) {
     messenger_.Message(refusal, forms::MessageKind::Ok);
     return;

@@ -1,4 +1,5 @@
 // The part of ListerControl that says what an action works on.
+#include "base/ItemList.h"
 #include "lister/ListerParts.h"
 #include "lister/list/ClickedItem.h"
 #include "lister/list/DropRules.h"
@@ -39,9 +40,9 @@ std::string ListerControl::FirstSelected() {
   for (RowId row = NoRow; (row = parts_->Body->Input().NextSelected(position)) != NoRow;) {
     // No operation may get hold of a whole drive.
     if (IsDriveRoot(parts_->State, *parts_->Body, row)) return state.Drive + ":";
-    parts_->ActiveItemName += PathOf(row) + '\0';
+    base::ItemList::Add(parts_->ActiveItemName, PathOf(row));
   }
-  if (!parts_->ActiveItemName.empty()) parts_->ActiveItemName += '\0';
+  if (!parts_->ActiveItemName.empty()) base::ItemList::Add(parts_->ActiveItemName, "");
   return TextOfItems(parts_->ActiveItemName, state.Syntax);
 }
 

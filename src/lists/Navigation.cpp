@@ -6,6 +6,7 @@
 #include "base/Caption.h"
 #include "base/Text.h"
 #include "forms/PointerScope.h"
+#include "lists/PlacePath.h"
 
 namespace tarnwell::lists {
 namespace {
@@ -13,11 +14,6 @@ namespace {
 constexpr std::size_t DisplayLimit = 49;
 constexpr std::size_t DisplayHead = 3;
 constexpr std::size_t DisplayTail = 44;
-
-// A path that begins so stands for a place that is no folder on disk; its text begins behind the
-// two characters of the prefix.
-constexpr char PlacePrefix = '*';
-constexpr std::size_t PlacePrefixLength = 2;
 
 std::string PaneCaption(int pane, const std::string& path) {
   return "Show Pane &" + std::to_string(pane + 1) + " - " + base::AsCaption(path);
@@ -87,8 +83,7 @@ void Navigation::UpdateChildPane(lister::ListId list) {
   workspace::MainForm& form = workspace_.Form;
 
   std::string path = syntax_.AddSeparator(workspace_.Panes[i].CurrentPath);
-  std::string shown = path;
-  if (shown.front() == PlacePrefix) shown.erase(0, PlacePrefixLength);
+  const std::string shown = ShownPath(path);
   form.TitleBar[i].Text = shown;
   form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
   const std::string cut = CutPath(shown);

@@ -6,7 +6,7 @@
 namespace tarnwell::platform {
 
 struct ClipboardFiles {
-  std::string Items;   // full paths, each ended by a NUL character
+  std::string Items;   // full paths, as a base::ItemList
   bool IsCut = false;  // to be moved, not copied
   int Foreign = 0;     // items that are no files of this computer, and not among Items
 };

@@ -24,7 +24,7 @@ enum OperationFlags : std::uint16_t {
 
 struct OperationRequest {
   FileFunction Function = FileFunction::None;
-  // Full paths, each ended by a NUL character.
+  // Full paths, as a base::ItemList.
   std::string Items;
   // Target folder, with a separator at its end, or target path; a NUL at its end. A NUL alone for a
   // delete.

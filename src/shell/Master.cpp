@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/ItemList.h"
 #include "base/Text.h"
 #include "commands/MenuTable.h"
 #include "commands/ToolbarTable.h"
@@ -235,10 +236,9 @@ void Master::TellOfAside() {
   const std::string record = ProgramFile(platform::AsideRecordName);
   std::string content;
   if (!services_.Files.Exists(record) || !services_.Files.ReadFile(record, content)) return;
-  const std::size_t end = std::min(content.find('\0'), content.size());
-  const std::string item = content.substr(0, end);
-  const std::string rest = content.substr(std::min(end + 1, content.size()));
-  const std::string aside = rest.substr(0, rest.find('\0'));
+  auto path = base::ItemList(content).begin();
+  const std::string item(*path);
+  const std::string aside(*++path);
   const base::PathSyntax& syntax = services_.Files.Syntax();
   const bool isThere = !aside.empty() && services_.Files.Exists(aside);
   // Its drive may come back.

@@ -3,13 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "lists/PlacePath.h"
+
 namespace tarnwell::shellmenu {
-namespace {
-
-// A path that begins so stands for a place that is no folder on disk.
-constexpr char PlacePrefix = '*';
-
-}  // namespace
 
 MenuItems ItemCollector::Collect(lister::ListerControl& list, const std::string& path,
                                  const std::string& clicked, MenuMode mode) const {
@@ -29,7 +25,7 @@ MenuItems ItemCollector::Collect(lister::ListerControl& list, const std::string&
 ItemCollector::Paths ItemCollector::ClickedAndSelected(lister::ListerControl& list,
                                                        const std::string& clicked) const {
   Paths paths;
-  if (clicked.starts_with(PlacePrefix)) {
+  if (lists::IsPlace(clicked)) {
     paths = {syntax_.ValidatePath(clicked)};
     if (paths.front().empty()) return {};
   } else if (!clicked.empty()) {

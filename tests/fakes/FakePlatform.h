@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/Caption.h"
+#include "base/ItemList.h"
 #include "fakes/MemoryFileSystem.h"
 #include "lister/ListerControl.h"
 #include "lister/rows/CellText.h"
@@ -209,7 +210,7 @@ class FakeLauncher : public platform::Launcher {
   }
 };
 
-// ExtendedAttributes what is asked for; a test may do the work.
+// Notes what is asked for; a test may do the work.
 class FakeFileOperation : public platform::FileOperation {
  public:
   std::vector<platform::OperationRequest> Requests;
@@ -222,7 +223,7 @@ class FakeFileOperation : public platform::FileOperation {
     return {.Code = OnRun ? OnRun(request) : 0, .Placed = Placed};
   }
   std::string Refusal(platform::FileFunction function, const std::string& items) const override {
-    const bool isRefused = !Refused.empty() && items.starts_with(Refused + '\0');
+    const bool isRefused = !Refused.empty() && base::ItemList(items).First() == Refused;
     return isRefused ? "Refused " + std::to_string(static_cast<int>(function)) : "";
   }
 };

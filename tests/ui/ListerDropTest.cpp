@@ -53,7 +53,7 @@ class ListerDropTest : public ListerWidgetTest {
   bool Marked(const List& list, const std::string& path) {
     return list.Control.StateOf(list.Row(path)).IsTarget;
   }
-  void Carry(const std::string& items) { Data = MimeDataOf(SplitItems(items)); }
+  void Carry(const std::string& items) { Data = MimeDataOf(items); }
 
   std::unique_ptr<QMimeData> Data;
   QWidget* Over = nullptr;  // in place of the rows

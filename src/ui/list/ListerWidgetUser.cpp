@@ -3,9 +3,11 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 
+#include "base/ItemList.h"
 #include "lister/list/ListInput.h"
 #include "ui/list/ListerDrag.h"
 #include "ui/list/ListerDrives.h"
@@ -297,19 +299,18 @@ void ListerWidget::RunDrag() {
   if (!alive || control_.View != this) return;
   if (!(QGuiApplication::mouseButtons() & Qt::LeftButton)) return;
   const std::string items = control_.ActiveItemName();
-  const std::vector<std::string_view> paths = SplitItems(items);
+  const auto count = static_cast<std::size_t>(std::ranges::distance(base::ItemList(items)));
   tree_->Mouse().Forget();
   tree_->Mouse().Leave();
-  if (!paths.empty()) {
+  if (count > 0) {
     const std::vector<lister::RowRange> selected = control_.SelectedRanges();
     const QModelIndex first =
         selected.empty() ? tree_->currentIndex() : model_->index(selected.front().First, 0);
     const QIcon icon = first.siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
     auto* const drag = new QDrag(tree_);  // Qt deletes it
-    drag->setMimeData(MimeDataOf(paths).release());
-    const QString count =
-        paths.size() > 1 ? ToQString(control_.Forms().Grouped(paths.size())) : QString();
-    drag->setPixmap(DragPicture(icon, count, style_.List, font(), tree_->devicePixelRatioF()));
+    drag->setMimeData(MimeDataOf(items).release());
+    const QString shown = count > 1 ? ToQString(control_.Forms().Grouped(count)) : QString();
+    drag->setPixmap(DragPicture(icon, shown, style_.List, font(), tree_->devicePixelRatioF()));
     // Below the row that the pointer is on.
     drag->setHotSpot(QPoint(-8, -tree_->RowHeight()));
     tree_->BeginDrag(*drag);

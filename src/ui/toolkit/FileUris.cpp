@@ -3,6 +3,7 @@
 #include <QSysInfo>
 #include <algorithm>
 
+#include "base/ItemList.h"
 #include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
@@ -16,7 +17,7 @@ constexpr QLatin1String PlainText("text/plain;charset=utf-8");
 
 constexpr QByteArrayView FileScheme("file:");
 
-QByteArray JoinUris(const std::vector<std::string_view>& paths, const char* between) {
+QByteArray JoinUris(const base::ItemList& paths, const char* between) {
   QByteArray list;
   for (const std::string_view path : paths) {
     const auto bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
@@ -81,7 +82,7 @@ bool TakeUris(QByteArray lines, platform::ClipboardFiles& files) {
     if (path.empty()) {
       ++files.Foreign;
     } else {
-      files.Items += path + '\0';
+      base::ItemList::Add(files.Items, path);
     }
   }
   return !files.Items.empty() || files.Foreign > foreign;
@@ -89,26 +90,15 @@ bool TakeUris(QByteArray lines, platform::ClipboardFiles& files) {
 
 }  // namespace
 
-std::vector<std::string_view> SplitItems(const std::string& items) {
-  std::vector<std::string_view> paths;
-  std::string_view rest = items;
-  for (std::size_t end = rest.find('\0'); end != std::string_view::npos && end > 0;
-       end = rest.find('\0')) {
-    paths.push_back(rest.substr(0, end));
-    rest.remove_prefix(end + 1);
-  }
-  return paths;
-}
-
-std::unique_ptr<QMimeData> MimeDataOf(const std::vector<std::string_view>& paths) {
+std::unique_ptr<QMimeData> MimeDataOf(std::string_view items) {
   auto data = std::make_unique<QMimeData>();
-  data->setData(UriList, JoinUris(paths, "\r\n") + "\r\n");
+  data->setData(UriList, JoinUris(base::ItemList(items), "\r\n") + "\r\n");
   return data;
 }
 
 std::unique_ptr<QMimeData> ClipboardDataOf(const platform::ClipboardFiles& files) {
-  const std::vector<std::string_view> paths = SplitItems(files.Items);
-  std::unique_ptr<QMimeData> data = MimeDataOf(paths);
+  const base::ItemList paths(files.Items);
+  std::unique_ptr<QMimeData> data = MimeDataOf(files.Items);
   data->setData(CopiedFiles, (files.IsCut ? "cut\n" : "copy\n") + JoinUris(paths, "\n"));
   if (files.IsCut) data->setData(CutMark, "1");
   std::string text;

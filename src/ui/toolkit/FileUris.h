@@ -9,17 +9,13 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "platform/FileClipboard.h"
 
 namespace tarnwell::ui {
 
-// The paths of a list in which each is ended by a NUL.
-std::vector<std::string_view> SplitItems(const std::string& items);
-
-// What a drag offers: text/uri-list.
-std::unique_ptr<QMimeData> MimeDataOf(const std::vector<std::string_view>& paths);
+// What a drag of the items, a base::ItemList, offers: text/uri-list.
+std::unique_ptr<QMimeData> MimeDataOf(std::string_view items);
 // What the clipboard offers: the addresses, whether they are cut, and the paths as text.
 std::unique_ptr<QMimeData> ClipboardDataOf(const platform::ClipboardFiles& files);
 

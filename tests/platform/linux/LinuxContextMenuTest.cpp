@@ -7,10 +7,10 @@
 
 #include "NotedWindows.h"
 #include "TestDesktop.h"
+#include "base/ItemList.h"
 #include "fakes/FakePlatform.h"
 #include "platform/linux/menu/LinuxContextMenu.h"
 #include "platform/linux/operation/RunOperation.h"
-#include "platform/linux/posix/ItemList.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -203,7 +203,7 @@ TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
 TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   const std::string target = Place / "dir";
   Choose({"a.txt", "b.txt"}, "Cu&t");
-  EXPECT_EQ(Clipboard.Files.Items, JoinItems({Place / "a.txt", Place / "b.txt"}));
+  EXPECT_EQ(Clipboard.Files.Items, base::ItemList::TextOf({Place / "a.txt", Place / "b.txt"}));
   EXPECT_TRUE(Clipboard.Files.IsCut);
   Choose(*Make(Place.Path() + "/", {}), "&Paste");  // into its own folder
   EXPECT_TRUE(Operation.Requests.empty());
@@ -215,7 +215,7 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   EXPECT_EQ(Operation.Requests.back().Flags, AllowUndo);
   EXPECT_EQ(Get(target + "/a.txt"), "text");
   EXPECT_EQ(Get(target + "/b.txt"), "other");
-  EXPECT_EQ(Clipboard.Files.Items, JoinItems({Place / "b.txt"}));
+  EXPECT_EQ(Clipboard.Files.Items, base::ItemList::TextOf({Place / "b.txt"}));
   EXPECT_TRUE(Clipboard.Files.IsCut);
   unlink((target + "/b.txt").c_str());
   Choose({"dir"}, "&Paste");
@@ -236,14 +236,14 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
     return RunOperation(request, user).Code;
   };
   Operation.Requests.clear();
-  Clipboard.Files = {JoinItems({Place / "way/a.txt", Place / "p.png"}), false, 2};
+  Clipboard.Files = {base::ItemList::TextOf({Place / "way/a.txt", Place / "p.png"}), false, 2};
   Choose({"dir"}, "&Paste");
   EXPECT_EQ(Operation.Requests.size(), 2U);
   EXPECT_EQ(Get(target + "/a (2).txt"), "text");
   EXPECT_EQ(Get(target + "/p.png"), "no picture");
   EXPECT_EQ(Took(),
             "2 items on the clipboard are no files of this computer and cannot be pasted.|");
-  Clipboard.Files = {JoinItems({"/", Place / "b.txt"}), false, 0};
+  Clipboard.Files = {base::ItemList::TextOf({"/", Place / "b.txt"}), false, 0};
   Put(Place / "b.txt", "new");
   unlink((target + "/b.txt").c_str());
   Choose({"dir"}, "&Paste");
@@ -305,7 +305,7 @@ TEST_F(LinuxContextMenuTest, LinksTrashesAndShows) {
   EXPECT_EQ(Took(), "Do you want to move these 2 items to the trash? Yes|");
   const OperationRequest& request = Operation.Requests.back();
   EXPECT_EQ(request.Function, FileFunction::Delete);
-  EXPECT_EQ(request.Items, JoinItems({Place / "a.txt", Place / "b.txt"}));
+  EXPECT_EQ(request.Items, base::ItemList::TextOf({Place / "a.txt", Place / "b.txt"}));
   EXPECT_EQ(request.Flags, AllowUndo);
 
   Choose({"a.txt", "dir"}, "P&roperties");

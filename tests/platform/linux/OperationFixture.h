@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "TempFolder.h"
+#include "base/ItemList.h"
 #include "platform/linux/operation/RunOperation.h"
 
 namespace tarnwell::platform {
@@ -50,9 +51,9 @@ struct ScriptedUser : OperationUser {
 inline OperationResult Do(OperationUser& user, FileFunction function,
                           const std::vector<std::string>& items, const std::string& to,
                           int flags = 0) {
-  OperationRequest request{function, {}, to + '\0', static_cast<std::uint16_t>(flags)};
-  for (const std::string& item : items) request.Items += item + '\0';
-  return RunOperation(request, user);
+  return RunOperation({function, base::ItemList::TextOf(items), base::ItemList::TextOf({to}),
+                       static_cast<std::uint16_t>(flags)},
+                      user);
 }
 
 // Every item below the folder by its path there, with all that a copy is to keep.

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include "base/ItemList.h"
 #include "platform/FileOperation.h"
 #include "platform/linux/files/ReplaceFile.h"
 
@@ -12,7 +13,7 @@ AsideRecord::AsideRecord(const std::string& programFolder) {
 }
 
 void AsideRecord::Keep(const std::string& item, const std::string& aside) const {
-  if (!file_.empty()) ReplaceFile(file_, item + '\0' + aside + '\0');
+  if (!file_.empty()) ReplaceFile(file_, base::ItemList::TextOf({item, aside}));
 }
 
 void AsideRecord::Drop() const {

@@ -9,6 +9,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "base/ItemList.h"
 #include "platform/linux/files/CheckTarget.h"
 #include "platform/linux/files/ExtendedAttributes.h"
 #include "platform/linux/files/LinuxFolder.h"
@@ -107,7 +108,7 @@ base::Status LinuxFileSystem::MakeFolder(const std::string& path) {
 
 base::Status LinuxFileSystem::Rename(const std::string& from, const std::string& to) {
   const std::string refusal =
-      ProtectedItems(programFolder_).Refusal(FileFunction::Rename, from + '\0');
+      ProtectedItems(programFolder_).Refusal(FileFunction::Rename, base::ItemList::TextOf({from}));
   return refusal.empty() ? RenameItem(from, to, AsideRecord(programFolder_))
                          : base::Status{EPERM, refusal};
 }

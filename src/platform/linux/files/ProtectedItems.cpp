@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/ItemList.h"
 #include "base/PathSyntax.h"
 #include "platform/linux/files/HomeFolder.h"
-#include "platform/linux/posix/ItemList.h"
 #include "platform/linux/posix/MountTable.h"
 #include "platform/linux/posix/ReachedPath.h"
 
@@ -137,7 +137,7 @@ std::string ProtectedItems::Refusal(FileFunction function, const std::string& it
   if (function == FileFunction::Copy || function == FileFunction::None) return {};
   std::string folder;
   Descriptor opened;
-  for (const std::string& item : SplitItemList(items)) {
+  for (const std::string_view item : base::ItemList(items)) {
     if (Syntax().IsDriveRoot(item)) return Sentence(Kind::Root, function);
     const std::string path = Syntax().RemoveRightSlash(item);
     std::string parent = Syntax().ParentOf(path);

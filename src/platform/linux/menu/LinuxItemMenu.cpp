@@ -5,13 +5,13 @@
 #include <optional>
 #include <utility>
 
+#include "base/ItemList.h"
 #include "base/PathSyntax.h"
 #include "platform/linux/files/FindItem.h"
 #include "platform/linux/menu/FileOpener.h"
 #include "platform/linux/menu/LinkItems.h"
 #include "platform/linux/menu/OpenItems.h"
 #include "platform/linux/menu/PasteFiles.h"
-#include "platform/linux/posix/ItemList.h"
 #include "platform/linux/posix/ItemText.h"
 #include "platform/linux/posix/SystemError.h"
 
@@ -157,7 +157,7 @@ std::vector<PlacedItem> LinuxItemMenu::Invoke(int offset) {
       [[fallthrough]];
     case MenuVerb::Copy:
       tools_.Clipboard.Put(
-          {.Items = JoinItems(paths_), .IsCut = actions_[at].Verb == MenuVerb::Cut});
+          {.Items = base::ItemList::TextOf(paths_), .IsCut = actions_[at].Verb == MenuVerb::Cut});
       break;
     case MenuVerb::Paste:
       return PasteFiles(paths_.front(), tools_.Clipboard, tools_.Operation, tools_.Dialogs,
@@ -257,7 +257,7 @@ void LinuxItemMenu::Tell(const std::string& name, const std::string& what,
 }
 
 bool LinuxItemMenu::IsRefused(FileFunction function) const {
-  const std::string refusal = tools_.Operation.Refusal(function, JoinItems(paths_));
+  const std::string refusal = tools_.Operation.Refusal(function, base::ItemList::TextOf(paths_));
   if (!refusal.empty()) tools_.Dialogs.ShowCritical("Tarnwell", refusal);
   return !refusal.empty();
 }
@@ -270,8 +270,8 @@ void LinuxItemMenu::Trash() {
   const std::string question = "Do you want to move " + what + " to the trash?";
   if (!tools_.Dialogs.AskYesNo("Delete", question, true)) return;
   tools_.Operation.Run({.Function = FileFunction::Delete,
-                        .Items = JoinItems(paths_),
-                        .Destination = std::string(1, '\0'),
+                        .Items = base::ItemList::TextOf(paths_),
+                        .Destination = base::ItemList::TextOf({""}),
                         .Flags = AllowUndo});
 }
 

@@ -6,11 +6,11 @@
 #include <optional>
 #include <vector>
 
+#include "base/ItemList.h"
 #include "base/PathSyntax.h"
 #include "platform/linux/files/FindItem.h"
 #include "platform/linux/menu/FailureList.h"
 #include "platform/linux/posix/ItemIdentity.h"
-#include "platform/linux/posix/ItemList.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
 
@@ -49,12 +49,14 @@ class FolderTest {
 void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool wentThrough) {
   const ClipboardFiles now = clipboard.Get();
   if (now.Items != files.Items || now.IsCut != files.IsCut) return;
-  std::vector<std::string> stayed = SplitItemList(files.Items);
-  std::erase_if(stayed, [](const std::string& path) { return !FindItem(path); });
+  std::string stayed;
+  for (const std::string_view path : base::ItemList(files.Items)) {
+    if (FindItem(std::string(path))) base::ItemList::Add(stayed, path);
+  }
   if (wentThrough || stayed.empty()) {
     clipboard.Clear();
   } else {
-    clipboard.Put({.Items = JoinItems(stayed), .IsCut = true});
+    clipboard.Put({.Items = stayed, .IsCut = true});
   }
 }
 
@@ -80,19 +82,20 @@ std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& cli
   }
   FolderTest target(identity);
   FailureList nameless(forms);
-  std::vector<std::string> fromHere, fromElsewhere;
-  for (std::string& path : SplitItemList(files.Items)) {
+  std::string fromHere, fromElsewhere;
+  for (const std::string_view item : base::ItemList(files.Items)) {
+    const std::string path(item);
     if (base::PathSyntax::Posix().LastComponent(path).empty()) {
       nameless.Add(path, {EINVAL, "The root of all folders goes nowhere"});
       continue;
     }
-    (target.HoldsItem(path) ? fromHere : fromElsewhere).push_back(std::move(path));
+    base::ItemList::Add(target.HoldsItem(path) ? fromHere : fromElsewhere, path);
   }
 
   OperationRequest request{
       .Function = files.IsCut ? FileFunction::Move : FileFunction::Copy,
-      .Items = JoinItems(fromElsewhere),
-      .Destination = base::PathSyntax::Posix().AddSeparator(folder) + std::string(1, '\0'),
+      .Items = fromElsewhere,
+      .Destination = base::ItemList::TextOf({base::PathSyntax::Posix().AddSeparator(folder)}),
       .Flags = AllowUndo};
   OperationResult result;
   if (!fromElsewhere.empty()) {
@@ -100,7 +103,7 @@ std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& cli
     if (files.IsCut) KeepWhatStayed(clipboard, files, result.Code == 0 && !result.Aborted);
   }
   if (!fromHere.empty() && !files.IsCut && !result.Aborted) {
-    request.Items = JoinItems(fromHere);
+    request.Items = fromHere;
     request.Flags |= RenameOnCollision;
     std::ranges::move(operation.Run(request).Placed, std::back_inserter(result.Placed));
   }

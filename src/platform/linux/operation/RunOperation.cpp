@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/ItemList.h"
 #include "platform/linux/files/ProtectedItems.h"
 #include "platform/linux/files/RenameItem.h"
 #include "platform/linux/operation/DeleteTree.h"
@@ -41,16 +42,12 @@ std::optional<ItemPath> SplitPath(std::string_view path) {
 }
 
 // Nothing if one of the items makes no sense.
-std::optional<std::vector<ItemPath>> SplitItems(std::string_view items) {
+std::optional<std::vector<ItemPath>> PathsOf(std::string_view items) {
   std::vector<ItemPath> paths;
-  while (!items.empty()) {
-    const std::size_t end = std::min(items.find('\0'), items.size());
-    // An empty one is the end of the list, which some write.
-    if (end == 0) break;
-    std::optional<ItemPath> path = SplitPath(items.substr(0, end));
+  for (const std::string_view item : base::ItemList(items)) {
+    std::optional<ItemPath> path = SplitPath(item);
     if (!path) return {};
     paths.push_back(std::move(*path));
-    items.remove_prefix(std::min(end + 1, items.size()));
   }
   if (paths.empty()) return {};
   return paths;
@@ -85,7 +82,7 @@ class Operation {
       : context_(user, request.Function, request.Flags),
         protected_(programFolder),
         record_(programFolder),
-        destination_(request.Destination.substr(0, request.Destination.find('\0'))) {}
+        destination_(base::ItemList(request.Destination).First()) {}
 
   OperationResult Run(std::vector<ItemPath> items) {
     items_ = std::move(items);
@@ -244,7 +241,7 @@ class Operation {
 
 OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
                              const std::string& programFolder) {
-  std::optional<std::vector<ItemPath>> items = SplitItems(request.Items);
+  std::optional<std::vector<ItemPath>> items = PathsOf(request.Items);
   if (!items) return {EINVAL, false};
   return Operation(request, user, programFolder).Run(std::move(*items));
 }
