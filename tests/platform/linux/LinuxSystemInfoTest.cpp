@@ -53,7 +53,7 @@ TEST_F(Installed, FinishesAFirstStartCutShort) {
   Put(folder + "/TIPOFDAY.TXT", "mine");
   ASSERT_EQ(InChild([&] {  // as one that was killed while it saved
               TemporaryName name;
-              name.Renew();
+              if (name.Renew() != NoError) return 1;
               Put(folder + "/" + name.Text(), "half");
               return 0;
             }),

@@ -245,9 +245,9 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
   const std::string to = here / "to/";
   ASSERT_EQ(InChild([&] {
               TemporaryName name;
-              name.Renew();
+              if (name.Renew() != NoError) return 1;
               fs::create_directories(to + "tree/" + name.Text() + "/sub");
-              name.Renew();
+              if (name.Renew() != NoError) return 1;
               Put(to + name.Text(), "half");
               const std::string half = name.Text();
               Put(to + half.substr(0, half.size() - 4) + " (2).tmp", "copy that a user made");
@@ -255,7 +255,7 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
             }),
             0);
   TemporaryName own;
-  own.Renew();
+  ASSERT_EQ(own.Renew(), NoError);
   Put(to + own.Text(), "being written");
   TemporaryOwner other = TemporaryOwner::OfProcess();
   const std::uint64_t run = std::exchange(other.Run, other.Run ^ 1);

@@ -98,11 +98,11 @@ TEST(OperationRaces, WhatOthersAreMakingIsLeftAndWhatKilledMovesHeldComesBack) {
   Put(here / "tree/held", "x");
   ASSERT_EQ(InChild([&] {
               const int tree = open((here / "tree").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-              return (new HoldFolder(tree))->Take("held");  // its end does not come
+              return (new HoldFolder(tree))->Take("held").Value();  // its end does not come
             }),
             0);
   TemporaryName name;
-  name.Renew();
+  ASSERT_EQ(name.Renew(), NoError);
   Put(here / "tree/" + name.Text(), "being written");
   ScriptedUser user;
   EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, EBUSY);

@@ -13,17 +13,17 @@
 namespace tarnwell::platform {
 namespace {
 
-// No link followed. Gives an error number.
-int LookAtItem(const std::string& path, struct stat& found) {
+// No link followed.
+ErrorNumber LookAtItem(const std::string& path, struct stat& found) {
   const ReachedPath reached(path);
-  if (reached.Error() != 0) return reached.Error();
+  if (reached.Error() != NoError) return reached.Error();
   const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-  return fstatat(reached.Folder(), reached.Rest(), &found, flags) == 0 ? 0 : errno;
+  return ErrorOf(fstatat(reached.Folder(), reached.Rest(), &found, flags));
 }
 
-base::Status NoFolder(int error, const std::string& path, bool isLink) {
+base::Status NoFolder(ErrorNumber error, const std::string& path, bool isLink) {
   const char* const what = isLink ? " is a link that leads to no folder." : " is no folder.";
-  return {error, QuotedName(path) + what + " Type the path of a folder."};
+  return {error.Value(), QuotedName(path) + what + " Type the path of a folder."};
 }
 
 }  // namespace
@@ -36,11 +36,11 @@ base::Status CheckTarget(const std::string& path) {
     if (!syntax.IsDriveRoot(folder)) folder = syntax.RemoveRightSlash(folder);
     if (const Descriptor opened = OpenPath(folder, O_PATH | O_DIRECTORY); opened) {
       const bool takes = !isMissing || faccessat(opened.Get(), ".", W_OK | X_OK, AT_EACCESS) == 0;
-      return NamingError(takes ? 0 : errno);
+      return NamingError(takes ? NoError : errno);
     }
-    const int error = errno;
+    const ErrorNumber error = errno;
     struct stat found {};
-    if (LookAtItem(folder, found) == 0 && !S_ISDIR(found.st_mode)) {
+    if (LookAtItem(folder, found) == NoError && !S_ISDIR(found.st_mode)) {
       return NoFolder(error, folder, S_ISLNK(found.st_mode));
     }
     const std::string above = syntax.ParentOf(folder);

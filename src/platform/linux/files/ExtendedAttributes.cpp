@@ -57,7 +57,7 @@ base::Status ReadExtendedAttribute(const char* path, ExtendedAttribute note, std
     text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
     if (length >= 0) return {};
   }
-  const int error = errno;
+  const ErrorNumber error = errno;
   if (error == ENODATA || error == ENOTSUP) return {};
   if ((error == ENOENT || error == ELOOP) && LeadsNowhere(path)) return {};
   return SystemError(error);
@@ -69,10 +69,10 @@ base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute n
   const Descriptor item = OpenPath(path, O_PATH);
   struct stat found {};
   if (!item || fstat(item.Get(), &found) != 0) {
-    const int error = errno;
+    const ErrorNumber error = errno;
     // Nothing of that path, and yet an item: a link to nothing, or in a circle.
     const bool isLink = (error == ENOENT || error == ELOOP) && OpenPath(path, O_PATH | O_NOFOLLOW);
-    return isLink ? base::Status{error, "The link leads nowhere"} : SystemError(error);
+    return isLink ? base::Status{error.Value(), "The link leads nowhere"} : SystemError(error);
   }
   const std::string held = "/proc/self/fd/" + std::to_string(item.Get());
   const char* const attribute = AttributeOf(note);

@@ -10,8 +10,8 @@ base::Status FindItem(const std::string& path) {
   if (path.empty()) return SystemError(ENOENT);
   const ReachedPath reached(path);
   struct statx found;
-  return SystemError(reached.Error() != 0 ? reached.Error()
-                                          : LookAt(reached.Folder(), reached.Rest(), found));
+  return SystemError(reached.Error() != NoError ? reached.Error()
+                                                : LookAt(reached.Folder(), reached.Rest(), found));
 }
 
 }  // namespace tarnwell::platform

@@ -22,9 +22,9 @@ constexpr std::uint32_t Special = 07000;
 constexpr std::uint32_t AllBits = 07777;
 
 // An open item, opened whatever its permissions are: such a descriptor does not take fchmod.
-int ChangeMode(int item, std::uint32_t mode) {
+ErrorNumber ChangeMode(int item, std::uint32_t mode) {
   const std::string open = "/proc/self/fd/" + std::to_string(item);
-  return chmod(open.c_str(), mode) == 0 ? 0 : errno;
+  return ErrorOf(chmod(open.c_str(), mode));
 }
 
 class PermissionWalk {
@@ -36,7 +36,7 @@ class PermissionWalk {
   void Run(const std::string& path, bool inside) {
     const ReachedPath reached(path);
     top_ = path;
-    if (reached.Error() != 0) return Fail(top_, SystemError(reached.Error()));
+    if (reached.Error() != NoError) return Fail(top_, SystemError(reached.Error()));
     TakeItem(reached.Folder(), reached.Rest(), inside);
     walk_.Run(
         0, [this] { return !stopped_; }, [this](const std::string& name) { TakeNext(name); },
@@ -68,10 +68,10 @@ class PermissionWalk {
     if (stopped_) return;
     const Descriptor item(openat(folder, name, O_PATH | O_NOFOLLOW | O_CLOEXEC));
     struct statx found;
-    int error = item ? LookAt(item.Get(), "", found) : errno;
+    ErrorNumber error = item ? LookAt(item.Get(), "", found) : errno;
     if (error == ENOENT && !IsTop()) return;  // gone by itself
     ++outcome_.Items;
-    if (error != 0) return Fail(PathOf(name), SystemError(error));
+    if (error != NoError) return Fail(PathOf(name), SystemError(error));
     if (S_ISLNK(found.stx_mode)) {
       if (IsTop()) Fail(top_, {EOPNOTSUPP, "A link has no permissions of its own"});
       return;
@@ -89,18 +89,20 @@ class PermissionWalk {
     const bool enters = isFolder && inside;
     const std::uint32_t first = enters ? mode | wanted : wanted;
     if (first != mode) error = ChangeMode(item.Get(), first);
-    if (error != 0) Fail(PathOf(name), SystemError(error));
+    if (error != NoError) Fail(PathOf(name), SystemError(error));
     if (!enters) return;
     // What was refused once is not tried again on the way back.
-    EnterFolder(item.Get(), name, found, error != 0 ? Level{mode, mode} : Level{first, wanted});
+    EnterFolder(item.Get(), name, found,
+                error != NoError ? Level{mode, mode} : Level{first, wanted});
   }
 
   void EnterFolder(int item, const char* name, const struct statx& found, Level level) {
     const std::string path = PathOf(name);
     Descriptor opened(openat(item, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::size_t mark = walk_.Mark();
-    const int error = opened ? ReadFolder(opened.Get()) : errno;
-    if (error != 0) Fail(path, {error, "Cannot be read: " + SystemError(error).Reason});
+    const ErrorNumber error = opened ? ReadFolder(opened.Get()) : errno;
+    if (error != NoError)
+      Fail(path, {error.Value(), "Cannot be read: " + SystemError(error).Reason});
     if (opened) {
       walk_.Enter(std::move(opened), IdentityOf(found), IsTop() ? path : name, mark, level);
     } else {
@@ -108,13 +110,13 @@ class PermissionWalk {
     }
   }
 
-  // Puts the names of the items on the list. Gives an error number.
-  int ReadFolder(int folder) {
-    const int error = buffer_.Read(folder, [this](const dirent64& item) {
+  // Puts the names of the items on the list.
+  ErrorNumber ReadFolder(int folder) {
+    const ErrorNumber error = buffer_.Read(folder, [this](const dirent64& item) {
       if (item.d_type != DT_LNK) walk_.Add(item.d_name);
       return true;
     });
-    return error == ENOENT ? 0 : error;
+    return error == ENOENT ? NoError : error;
   }
 
   void LeaveFolder() {
@@ -125,8 +127,8 @@ class PermissionWalk {
 
   void ChangeLast(int folder, const std::string& path, const Level& level) {
     if (level.Mode == level.LastMode) return;
-    const int error = folder < 0 ? ESTALE : ChangeMode(folder, level.LastMode);
-    if (error != 0) Fail(path, SystemError(error));
+    const ErrorNumber error = folder < 0 ? ESTALE : ChangeMode(folder, level.LastMode);
+    if (error != NoError) Fail(path, SystemError(error));
   }
 
   const PermissionChange& change_;

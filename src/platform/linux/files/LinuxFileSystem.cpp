@@ -26,7 +26,7 @@ namespace tarnwell::platform {
 namespace {
 
 // Reads to the end, whatever size the system states: files of /proc state none.
-int ReadAll(int descriptor, std::size_t expected, std::string& content) {
+ErrorNumber ReadAll(int descriptor, std::size_t expected, std::string& content) {
   constexpr std::size_t step = 65536;
   std::size_t length = 0;
   content.resize(expected + 1);  // one more, so that the end shows without growing
@@ -41,7 +41,7 @@ int ReadAll(int descriptor, std::size_t expected, std::string& content) {
     if (length == content.size()) content.resize(length + std::max(step, length / 2));
   }
   content.resize(length);
-  return 0;
+  return NoError;
 }
 
 }  // namespace
@@ -53,14 +53,14 @@ const base::PathSyntax& LinuxFileSystem::Syntax() const {
 std::unique_ptr<OpenedFolder> LinuxFileSystem::OpenFolder(const std::string& folder,
                                                           base::Status& status) const {
   Descriptor descriptor = OpenPath(folder, O_RDONLY | O_DIRECTORY);
-  status = SystemError(descriptor ? 0 : errno);
+  status = SystemError(descriptor ? NoError : errno);
   return descriptor ? std::make_unique<LinuxFolder>(std::move(descriptor)) : nullptr;
 }
 
 base::Status LinuxFileSystem::ReadAttributes(const std::string& folder, const std::string& name,
                                              ItemAttributes& attributes) const {
   const ReachedPath path(name.empty() ? folder : Syntax().Join(folder, name));
-  if (path.Error() != 0) return SystemError(path.Error());
+  if (path.Error() != NoError) return SystemError(path.Error());
   attributes.IsHidden = (name.empty() ? Syntax().LastComponent(folder) : name).starts_with('.');
   return ReadItemStat(path.Folder(), path.Rest(), attributes);
 }
@@ -73,7 +73,8 @@ bool LinuxFileSystem::Exists(const std::string& path) const {
   const ReachedPath reached(path);
   struct stat found {};
   const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-  return reached.Error() == 0 && fstatat(reached.Folder(), reached.Rest(), &found, flags) == 0;
+  return reached.Error() == NoError &&
+         fstatat(reached.Folder(), reached.Rest(), &found, flags) == 0;
 }
 
 base::Status LinuxFileSystem::MeasureFolder(const std::string& folder, const GoOn& goOn,
@@ -102,8 +103,8 @@ base::Status LinuxFileSystem::CheckTarget(const std::string& path) const {
 
 base::Status LinuxFileSystem::MakeFolder(const std::string& path) {
   const ReachedPath reached(path);
-  if (reached.Error() != 0) return NamingError(reached.Error());
-  return NamingError(mkdirat(reached.Folder(), reached.Rest(), 0777) == 0 ? 0 : errno);
+  if (reached.Error() != NoError) return NamingError(reached.Error());
+  return NamingError(ErrorOf(mkdirat(reached.Folder(), reached.Rest(), 0777)));
 }
 
 base::Status LinuxFileSystem::Rename(const std::string& from, const std::string& to) {
@@ -115,7 +116,7 @@ base::Status LinuxFileSystem::Rename(const std::string& from, const std::string&
 
 base::Status LinuxFileSystem::ReadFile(const std::string& path, std::string& content) const {
   const ReachedPath reached(path);
-  if (reached.Error() != 0) return SystemError(reached.Error());
+  if (reached.Error() != NoError) return SystemError(reached.Error());
   // Looked at before it is opened, since opening some devices already does something.
   struct stat found {};
   if (fstatat(reached.Folder(), reached.Rest(), &found, 0) != 0) return SystemError(errno);
@@ -129,8 +130,8 @@ base::Status LinuxFileSystem::ReadFile(const std::string& path, std::string& con
 
   try {
     std::string text;
-    const int error = ReadAll(file.Get(), static_cast<std::size_t>(found.st_size), text);
-    if (error == 0) content = std::move(text);
+    const ErrorNumber error = ReadAll(file.Get(), static_cast<std::size_t>(found.st_size), text);
+    if (error == NoError) content = std::move(text);
     return SystemError(error);
   } catch (const std::bad_alloc&) {
     return SystemError(ENOMEM);
@@ -145,8 +146,8 @@ base::Status LinuxFileSystem::WriteFile(const std::string& path, const std::stri
 
 base::Status LinuxFileSystem::RemoveFile(const std::string& path) {
   const ReachedPath reached(path);
-  if (reached.Error() != 0) return SystemError(reached.Error());
-  return SystemError(unlinkat(reached.Folder(), reached.Rest(), 0) == 0 ? 0 : errno);
+  if (reached.Error() != NoError) return SystemError(reached.Error());
+  return SystemError(ErrorOf(unlinkat(reached.Folder(), reached.Rest(), 0)));
 }
 
 }  // namespace tarnwell::platform

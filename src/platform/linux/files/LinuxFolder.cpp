@@ -46,12 +46,12 @@ class EndedName {
     }
   }
 
-  int Error() const { return error_; }
+  ErrorNumber Error() const { return error_; }
   const char* Text() const { return text_.data(); }
 
  private:
   std::array<char, 1200> text_;
-  int error_ = 0;
+  ErrorNumber error_;
 };
 
 }  // namespace
@@ -69,7 +69,7 @@ base::Status LinuxFolder::Read(const TakeEntry& take) {
 
 base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {
   const EndedName ended(name);
-  if (ended.Error() != 0) return SystemError(ended.Error());
+  if (ended.Error() != NoError) return SystemError(ended.Error());
   attributes.IsHidden = name.starts_with('.');
   return ReadItemStat(folder_.Get(), ended.Text(), attributes);
 }
@@ -80,8 +80,8 @@ base::Status LinuxFolder::ReadExtendedAttribute(std::string_view name, ExtendedA
   std::array<char, 40> start;
   const int length = std::snprintf(start.data(), start.size(), "/proc/self/fd/%d/", folder_.Get());
   const EndedName ended(name, {start.data(), static_cast<std::size_t>(length)});
-  return ended.Error() != 0 ? SystemError(ended.Error())
-                            : platform::ReadExtendedAttribute(ended.Text(), note, text);
+  return ended.Error() != NoError ? SystemError(ended.Error())
+                                  : platform::ReadExtendedAttribute(ended.Text(), note, text);
 }
 
 }  // namespace tarnwell::platform

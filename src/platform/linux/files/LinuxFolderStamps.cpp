@@ -34,7 +34,7 @@ FolderStamp StampOf(int folder, const char* path, int flags) {
 
 FolderStamp StampOf(const std::string& folder, int flags) {
   const ReachedPath path(folder);
-  return path.Error() == 0 ? StampOf(path.Folder(), path.Rest(), flags) : FolderStamp();
+  return path.Error() == NoError ? StampOf(path.Folder(), path.Rest(), flags) : FolderStamp();
 }
 
 // The system knows an open folder by the path that no link stands in. One that is too long for it
@@ -49,7 +49,7 @@ bool DiffersFromOwnPath(const Descriptor& opened, const std::string& folder) {
 
 // Of a folder that is not there: where it would be. A path that fails in another way may do so
 // because of a share.
-bool WouldBeLocal(std::string folder, int error) {
+bool WouldBeLocal(std::string folder, ErrorNumber error) {
   while (error == ENOENT || error == ENOTDIR) {
     const std::size_t cut = folder.rfind('/');
     if (cut == folder.npos || folder.size() == 1) return true;

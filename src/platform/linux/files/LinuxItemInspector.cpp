@@ -110,7 +110,7 @@ std::string ReadLocation(const std::string& path) {
 base::Status LinuxItemInspector::ReadFacts(const std::string& path, ItemFacts& facts) const {
   const std::string plain = WithoutSlash(path);
   const ReachedPath reached(plain);
-  if (reached.Error() != 0) return SystemError(reached.Error());
+  if (reached.Error() != NoError) return SystemError(reached.Error());
   struct statx found;
   if (statx(reached.Folder(), reached.Rest(), PathFlags, Wanted, &found) != 0) {
     return SystemError(errno);

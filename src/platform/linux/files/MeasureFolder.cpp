@@ -30,8 +30,8 @@ class Measurement {
     if (statx(folder.Get(), "", AT_EMPTY_PATH, measuredFacts, &found) != 0)
       return SystemError(errno);
     start_ = found;
-    const int error = ReadFolder(folder.Get());
-    if (error != 0) return SystemError(error);
+    const ErrorNumber error = ReadFolder(folder.Get());
+    if (error != NoError) return SystemError(error);
     walk_.Enter(std::move(folder), IdentityOf(found), "", 0, {});
     walk_.Run(
         0, [this] { return !Stopped(); }, [this](const std::string& name) { EnterFolder(name); },
@@ -44,12 +44,12 @@ class Measurement {
 
   // Counts the items of a folder and puts the names of its subfolders on the list. Gives an error
   // number.
-  int ReadFolder(int folder) {
-    const int error = buffer_.Read(folder, [&](const dirent64& item) {
+  ErrorNumber ReadFolder(int folder) {
+    const ErrorNumber error = buffer_.Read(folder, [&](const dirent64& item) {
       TakeItem(folder, item);
       return !Stopped();
     });
-    return error == ENOENT ? 0 : error;
+    return error == ENOENT ? NoError : error;
   }
 
   void TakeItem(int folder, const dirent64& item) {
@@ -96,7 +96,7 @@ class Measurement {
     Descriptor opened(openat(folder, name.c_str(), flags));
     if (!opened) return Note(errno);
     const std::size_t mark = walk_.Mark();
-    if (const int error = ReadFolder(opened.Get()); error != 0) Note(error);
+    if (const ErrorNumber error = ReadFolder(opened.Get()); error != NoError) Note(error);
     if (walk_.Mark() == mark) return;
     walk_.Enter(std::move(opened), IdentityOf(found), name, mark, {});
   }
@@ -108,7 +108,7 @@ class Measurement {
     return IsSameMount(found, start_);
   }
 
-  void Note(int error) {
+  void Note(ErrorNumber error) {
     if (error == ENOENT || error == ENOTDIR) return;  // gone, or another item by now
     if (total_.Unreadable++ == 0) total_.Trouble = SystemError(error);
   }

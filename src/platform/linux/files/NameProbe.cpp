@@ -33,19 +33,19 @@ bool IsUnusualName(const std::string& name) {
          g_utf8_validate(name.data(), static_cast<gssize>(name.size()), nullptr) == FALSE;
 }
 
-int TryName(int folder, const std::string& name) {
+ErrorNumber TryName(int folder, const std::string& name) {
   TemporaryName temporary;
-  if (temporary.Renew() != 0 || mkdirat(folder, temporary.Text(), 0700) != 0) return 0;
-  int error = 0;
+  if (temporary.Renew() != NoError || mkdirat(folder, temporary.Text(), 0700) != 0) return NoError;
+  ErrorNumber error;
   constexpr int flags = O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
   if (const Descriptor probe(openat(folder, temporary.Text(), flags)); probe) {
     constexpr int fresh = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     const Descriptor made(openat(probe.Get(), name.c_str(), fresh, 0600));
-    error = made ? 0 : errno;
+    error = made ? NoError : errno;
     if (made) unlinkat(probe.Get(), name.c_str(), 0);
   }
   unlinkat(folder, temporary.Text(), AT_REMOVEDIR);
-  return std::ranges::count(refusals, error) > 0 ? error : 0;
+  return std::ranges::count(refusals, error.Value()) > 0 ? error : NoError;
 }
 
 }  // namespace tarnwell::platform

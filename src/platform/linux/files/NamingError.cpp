@@ -41,10 +41,10 @@ constexpr Sentence Sentences[] = {
 
 }  // namespace
 
-base::Status NamingError(int number) {
-  const auto* const found = std::ranges::find(Sentences, number, &Sentence::Number);
-  if (found == std::end(Sentences)) return SystemError(number);
-  return {number, found->Text};
+base::Status NamingError(ErrorNumber error) {
+  const auto* const found = std::ranges::find(Sentences, error.Value(), &Sentence::Number);
+  if (found == std::end(Sentences)) return SystemError(error);
+  return {error.Value(), found->Text};
 }
 
 }  // namespace tarnwell::platform

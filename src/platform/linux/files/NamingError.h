@@ -2,11 +2,12 @@
 #pragma once
 
 #include "base/Status.h"
+#include "platform/linux/posix/ErrorNumber.h"
 
 namespace tarnwell::platform {
 
-// The status for an error number of the system, its reason a sentence that says what to do; in the
-// system's own words where there is nothing better. 0 gives success.
-base::Status NamingError(int number);
+// The status for what a call failed with, its reason a sentence that says what to do; in the
+// system's own words where there is nothing better. NoError gives success.
+base::Status NamingError(ErrorNumber error);
 
 }  // namespace tarnwell::platform

@@ -38,7 +38,7 @@ std::string Rebase(const std::string& path, const std::string& from, const std::
 
 bool LookAtFolder(const std::string& path, struct statx& found) {
   const Descriptor folder = OpenPath(path, O_PATH | O_DIRECTORY);
-  return folder && LookAt(folder.Get(), "", found) == 0;
+  return folder && LookAt(folder.Get(), "", found) == NoError;
 }
 
 // The folder's path without links, and the paths that it has by other mounts of its volume.
@@ -66,7 +66,7 @@ std::vector<std::string> PathsOf(const std::string& folder,
 void ProtectedItems::Found::TakeWay(std::string path, Kind kind, Kind holder) {
   for (int links = 0; links <= mostLinks; ++links) {
     struct statx above;
-    if (LookAt(AT_FDCWD, "/", above) != 0) return;
+    if (LookAt(AT_FDCWD, "/", above) != NoError) return;
     std::size_t end = 0;
     bool isLink = false;
     while (end != path.npos && !isLink) {
@@ -74,7 +74,7 @@ void ProtectedItems::Found::TakeWay(std::string path, Kind kind, Kind holder) {
       end = path.find('/', start);
       const std::string way = path.substr(0, end);
       struct statx item;
-      if (LookAt(AT_FDCWD, way.c_str(), item) != 0) return;
+      if (LookAt(AT_FDCWD, way.c_str(), item) != NoError) return;
       Folders.insert(IdentityOf(above));
       const auto [known, isNew] =
           Items.try_emplace(IdentityOf(item), end == path.npos ? kind : holder);
@@ -98,7 +98,7 @@ const ProtectedItems::Found& ProtectedItems::Read() {
   if (found_) return *found_;
   found_.emplace();
   struct statx root;
-  if (LookAt(AT_FDCWD, "/", root) == 0) {
+  if (LookAt(AT_FDCWD, "/", root) == NoError) {
     found_->Items[IdentityOf(root)] = Kind::Root;
     found_->Folders.insert(IdentityOf(root));
   }
@@ -116,7 +116,8 @@ const ProtectedItems::Found& ProtectedItems::Read() {
     if (!known.insert(above).second) continue;
     found_->TakeWay(above, Kind::HoldsMount, Kind::HoldsMount);
     struct statx folder;
-    if (LookAt(AT_FDCWD, above.c_str(), folder) == 0) found_->Folders.insert(IdentityOf(folder));
+    if (LookAt(AT_FDCWD, above.c_str(), folder) == NoError)
+      found_->Folders.insert(IdentityOf(folder));
   }
   return *found_;
 }
@@ -124,8 +125,8 @@ const ProtectedItems::Found& ProtectedItems::Read() {
 std::string ProtectedItems::Refusal(FileFunction function, int folder, const char* name) {
   struct statx above;
   struct statx item;
-  if (LookAt(folder, "", above) != 0 || !Read().Folders.contains(IdentityOf(above)) ||
-      LookAt(folder, name, item) != 0) {
+  if (LookAt(folder, "", above) != NoError || !Read().Folders.contains(IdentityOf(above)) ||
+      LookAt(folder, name, item) != NoError) {
     return {};
   }
   const auto known = Read().Items.find(IdentityOf(item));

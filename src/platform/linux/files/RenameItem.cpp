@@ -15,7 +15,7 @@
 namespace tarnwell::platform {
 namespace {
 
-bool IsMissingCall(int error) {
+bool IsMissingCall(ErrorNumber error) {
   return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
@@ -24,15 +24,14 @@ struct ParentAndName {
   std::string Name;
 };
 
-// Gives an error number.
-int FindParent(const std::string& path, ParentAndName& found) {
+ErrorNumber FindParent(const std::string& path, ParentAndName& found) {
   const std::size_t slash = path.rfind('/');
   found.Name = path.substr(slash + 1);  // the whole path where there is no separator
   if (found.Name.empty() || found.Name.find('\0') != found.Name.npos) return EINVAL;
   const std::string folder = slash == path.npos ? "." : path.substr(0, slash + 1);
   found.Folder = OpenPath(folder, O_RDONLY | O_DIRECTORY);
   if (!found.Folder) found.Folder = OpenPath(folder, O_PATH | O_DIRECTORY);
-  return found.Folder ? 0 : errno;
+  return found.Folder ? NoError : errno;
 }
 
 // Whether the name that is taken is taken by the item itself. Two names of one file look the same,
@@ -41,8 +40,8 @@ bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
   struct statx one;
   struct statx other;
   const auto look = [&](const char* fromName, const char* toName) {
-    return LookAt(from.Folder.Get(), fromName, one) == 0 &&
-           LookAt(to.Folder.Get(), toName, other) == 0;
+    return LookAt(from.Folder.Get(), fromName, one) == NoError &&
+           LookAt(to.Folder.Get(), toName, other) == NoError;
   };
   if (!look("", "") || IdentityOf(one) != IdentityOf(other)) return false;
   if (!look(from.Name.c_str(), to.Name.c_str())) return false;
@@ -53,37 +52,37 @@ bool IsOtherSpelling(const ParentAndName& from, const ParentAndName& to) {
 }
 
 // Gives the item a free name that says by `word` why it has not its own; `folderPath` is the way to
-// the open folder. Gives an error number.
-int SetAside(int folder, const char* name, const std::string& folderPath, std::string_view word,
-             const AsideRecord& record, std::string& aside) {
+// the open folder.
+ErrorNumber SetAside(int folder, const char* name, const std::string& folderPath,
+                     std::string_view word, const AsideRecord& record, std::string& aside) {
   const TwinParts parts = SplitTwinName(name, false);
   const std::string prefix = folderPath + "/";
-  int error = EEXIST;
+  ErrorNumber error = EEXIST;
   for (unsigned number = 1; error == EEXIST && number <= TemporaryName::Attempts; ++number) {
     aside = MakeAsideName(parts, word, number);
     record.Keep(prefix + name, prefix + aside);
     error = RenameNew(folder, name, folder, aside.c_str());
   }
-  if (error != 0) record.Drop();
+  if (error != NoError) record.Drop();
   return error;
 }
 
 // Gives the item its name back, and says so by the record only if it has it.
 void GiveNameBack(int folder, const std::string& aside, const char* name,
                   const AsideRecord& record) {
-  if (RenameNew(folder, aside.c_str(), folder, name) == 0) record.Drop();
+  if (RenameNew(folder, aside.c_str(), folder, name) == NoError) record.Drop();
 }
 
 // The system takes a rename to the same item for done already, so that it goes by a third name.
-// Gives an error number.
-int Respell(const ParentAndName& from, const ParentAndName& to, const std::string& folderPath,
-            const AsideRecord& record) {
+ErrorNumber Respell(const ParentAndName& from, const ParentAndName& to,
+                    const std::string& folderPath, const AsideRecord& record) {
   std::string aside;
   const int folder = from.Folder.Get();
-  int error = SetAside(folder, from.Name.c_str(), folderPath, "being renamed", record, aside);
-  if (error != 0) return error;
+  ErrorNumber error =
+      SetAside(folder, from.Name.c_str(), folderPath, "being renamed", record, aside);
+  if (error != NoError) return error;
   error = RenameNew(folder, aside.c_str(), folder, to.Name.c_str());
-  if (error == 0) {
+  if (error == NoError) {
     record.Drop();
   } else {
     GiveNameBack(folder, aside, from.Name.c_str(), record);
@@ -91,64 +90,66 @@ int Respell(const ParentAndName& from, const ParentAndName& to, const std::strin
   return error;
 }
 
-// For a folder in the place of a file, where names cannot be exchanged. Gives an error number.
-int PushAside(int fromFolder, const char* from, int toFolder, const char* to,
-              const std::string& toPath, const AsideRecord& record) {
+// For a folder in the place of a file, where names cannot be exchanged.
+ErrorNumber PushAside(int fromFolder, const char* from, int toFolder, const char* to,
+                      const std::string& toPath, const AsideRecord& record) {
   struct statx found;
-  int error = LookAt(toFolder, to, found);
-  if (error == 0 && S_ISDIR(found.stx_mode)) return EISDIR;
+  ErrorNumber error = LookAt(toFolder, to, found);
+  if (error == NoError && S_ISDIR(found.stx_mode)) return EISDIR;
   std::string aside;
-  if (error == 0) error = SetAside(toFolder, to, toPath, "being replaced", record, aside);
-  if (error != 0) return error;
+  if (error == NoError) error = SetAside(toFolder, to, toPath, "being replaced", record, aside);
+  if (error != NoError) return error;
   error = RenameNew(fromFolder, from, toFolder, to);
-  if (error != 0) {
+  if (error != NoError) {
     GiveNameBack(toFolder, aside, to, record);
     return error;
   }
-  error = unlinkat(toFolder, aside.c_str(), 0) == 0 ? 0 : errno;
-  if (error == 0) record.Drop();
+  error = ErrorOf(unlinkat(toFolder, aside.c_str(), 0));
+  if (error == NoError) record.Drop();
   return error;
 }
 
 }  // namespace
 
-int RenameNew(int fromFolder, const char* from, int toFolder, const char* to) {
-  if (renameat2(fromFolder, from, toFolder, to, RENAME_NOREPLACE) == 0) return 0;
-  const int error = errno;
+ErrorNumber RenameNew(int fromFolder, const char* from, int toFolder, const char* to) {
+  if (renameat2(fromFolder, from, toFolder, to, RENAME_NOREPLACE) == 0) return NoError;
+  const ErrorNumber error = errno;
   if (!IsMissingCall(error)) return error;
   struct statx taken;
-  if (const int missing = LookAt(toFolder, to, taken); missing != ENOENT) {
-    return missing == 0 ? EEXIST : missing;
+  if (const ErrorNumber missing = LookAt(toFolder, to, taken); missing != ENOENT) {
+    return missing == NoError ? EEXIST : missing;
   }
-  return renameat(fromFolder, from, toFolder, to) == 0 ? 0 : errno;
+  return ErrorOf(renameat(fromFolder, from, toFolder, to));
 }
 
-int PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to,
-                 const std::string& toPath, const AsideRecord& record) {
+ErrorNumber PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to,
+                         const std::string& toPath, const AsideRecord& record) {
   if (renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE) == 0) {
-    if (unlinkat(fromFolder, from, 0) == 0) return 0;
-    const int error = errno;
+    if (unlinkat(fromFolder, from, 0) == 0) return NoError;
+    const ErrorNumber error = errno;
     renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE);
     return error;
   }
   if (errno != ENOENT && !IsMissingCall(errno)) return errno;
-  if (renameat(fromFolder, from, toFolder, to) == 0) return 0;
+  if (renameat(fromFolder, from, toFolder, to) == 0) return NoError;
   return errno == ENOTDIR ? PushAside(fromFolder, from, toFolder, to, toPath, record) : errno;
 }
 
 base::Status RenameItem(const std::string& from, const std::string& to, const AsideRecord& record) {
   ParentAndName source;
   ParentAndName target;
-  if (const int error = FindParent(from, source); error != 0) return NamingError(error);
-  if (const int error = FindParent(to, target); error != 0) return NamingError(error);
+  if (const ErrorNumber error = FindParent(from, source); error != NoError)
+    return NamingError(error);
+  if (const ErrorNumber error = FindParent(to, target); error != NoError) return NamingError(error);
   const int sourceFolder = source.Folder.Get();
   const int targetFolder = target.Folder.Get();
-  int error = RenameNew(sourceFolder, source.Name.c_str(), targetFolder, target.Name.c_str());
+  ErrorNumber error =
+      RenameNew(sourceFolder, source.Name.c_str(), targetFolder, target.Name.c_str());
   if (error == EEXIST && source.Name == target.Name) {
     struct statx one;
     struct statx other;
     // To its own name: nothing is to be done.
-    if (LookAt(sourceFolder, "", one) == 0 && LookAt(targetFolder, "", other) == 0 &&
+    if (LookAt(sourceFolder, "", one) == NoError && LookAt(targetFolder, "", other) == NoError &&
         IdentityOf(one) == IdentityOf(other)) {
       return {};
     }

@@ -22,8 +22,7 @@ struct Target {
   std::string Name;
 };
 
-// Gives an error number.
-int FindTarget(std::string path, Target& target) {
+ErrorNumber FindTarget(std::string path, Target& target) {
   if (path.empty()) return ENOENT;
   for (int links = 0; links <= linkLimit; ++links) {
     const std::size_t nameStart = path.rfind('/') + 1;  // 0 where there is no separator
@@ -39,7 +38,7 @@ int FindTarget(std::string path, Target& target) {
 
     std::array<char, PATH_MAX> link;
     const ssize_t length = readlinkat(target.Folder.Get(), name.c_str(), link.data(), link.size());
-    if (length < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
+    if (length < 0) return errno == EINVAL || errno == ENOENT ? NoError : errno;
     path.assign(link.data(), static_cast<std::size_t>(length));
   }
   return ELOOP;
@@ -55,20 +54,19 @@ class TemporaryFile {
     if (file_ || closed_) unlinkat(folder_, name_.Text(), 0);
   }
 
-  // These give an error number.
-  int Create(mode_t mode) {
+  ErrorNumber Create(mode_t mode) {
     for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
-      if (const int error = name_.Renew(); error != 0) return error;
+      if (const ErrorNumber error = name_.Renew(); error != NoError) return error;
       const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
       file_ = Descriptor(openat(folder_, name_.Text(), flags, mode));
-      if (file_) return 0;
+      if (file_) return NoError;
       if (errno != EEXIST) return errno;
     }
     return EEXIST;
   }
 
   // Changes only what differs: file systems without owners and permissions refuse any change.
-  int TakeOwnerAndMode(const struct stat& old) {
+  ErrorNumber TakeOwnerAndMode(const struct stat& old) {
     struct stat fresh {};
     if (fstat(file_.Get(), &fresh) != 0) return errno;
     mode_t mode = old.st_mode & 0777;
@@ -78,32 +76,32 @@ class TemporaryFile {
       // The members of another group must get no more than everybody had.
       mode = (mode & 0707) | (mode & ((mode & 7) << 3));
     }
-    if ((fresh.st_mode & 07777) == mode) return 0;
-    return fchmod(file_.Get(), mode) == 0 ? 0 : errno;
+    if ((fresh.st_mode & 07777) == mode) return NoError;
+    return ErrorOf(fchmod(file_.Get(), mode));
   }
 
-  int Write(std::string_view content) {
+  ErrorNumber Write(std::string_view content) {
     while (!content.empty()) {
       const ssize_t written = write(file_.Get(), content.data(), content.size());
       if (written < 0 && errno != EINTR) return errno;
       if (written > 0) content.remove_prefix(static_cast<std::size_t>(written));
     }
-    return 0;
+    return NoError;
   }
 
   // Network file systems may tell of a full disk only here.
-  int FlushAndClose() {
+  ErrorNumber FlushAndClose() {
     while (fsync(file_.Get()) != 0) {
       if (errno != EINTR) return errno;
     }
     closed_ = true;
-    return close(file_.Release()) == 0 || errno == EINTR ? 0 : errno;
+    return close(file_.Release()) == 0 || errno == EINTR ? NoError : errno;
   }
 
-  int RenameTo(const std::string& name) {
+  ErrorNumber RenameTo(const std::string& name) {
     if (renameat(folder_, name_.Text(), folder_, name.c_str()) != 0) return errno;
     closed_ = false;
-    return 0;
+    return NoError;
   }
 
  private:
@@ -115,17 +113,18 @@ class TemporaryFile {
 
 // Without this a crash may bring back the folder as it was, which the rename made an old one. A
 // folder that may not be read, or a file system that flushes no folders, has to do without.
-int FlushFolder(int folder) {
+ErrorNumber FlushFolder(int folder) {
   const Descriptor readable(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!readable || fsync(readable.Get()) == 0) return 0;
-  return errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+  if (!readable || fsync(readable.Get()) == 0) return NoError;
+  return errno == EINVAL || errno == ENOTSUP ? NoError : errno;
 }
 
 }  // namespace
 
 base::Status ReplaceFile(const std::string& path, const std::string& content) {
   Target target;
-  if (const int error = FindTarget(path, target); error != 0) return SystemError(error);
+  if (const ErrorNumber error = FindTarget(path, target); error != NoError)
+    return SystemError(error);
   const int folder = target.Folder.Get();
 
   struct stat old {};
@@ -139,12 +138,12 @@ base::Status ReplaceFile(const std::string& path, const std::string& content) {
   }
 
   TemporaryFile temporary(folder);
-  int error = temporary.Create(exists ? 0600 : 0666);
-  if (error == 0 && exists) error = temporary.TakeOwnerAndMode(old);
-  if (error == 0) error = temporary.Write(content);
-  if (error == 0) error = temporary.FlushAndClose();
-  if (error == 0) error = temporary.RenameTo(target.Name);
-  if (error == 0) error = FlushFolder(folder);
+  ErrorNumber error = temporary.Create(exists ? 0600 : 0666);
+  if (error == NoError && exists) error = temporary.TakeOwnerAndMode(old);
+  if (error == NoError) error = temporary.Write(content);
+  if (error == NoError) error = temporary.FlushAndClose();
+  if (error == NoError) error = temporary.RenameTo(target.Name);
+  if (error == NoError) error = FlushFolder(folder);
   return SystemError(error);
 }
 

@@ -15,19 +15,18 @@ namespace {
 
 constexpr unsigned lastTwin = 999'999;
 
-// Gives an error number.
-int LinkTo(int folder, const std::string& name) {
+ErrorNumber LinkTo(int folder, const std::string& name) {
   struct statx found;
-  if (const int error = LookAt(folder, name.c_str(), found); error != 0) return error;
+  if (const ErrorNumber error = LookAt(folder, name.c_str(), found); error != NoError) return error;
   const std::string wanted = "Link to " + name;
   const TwinParts parts = SplitTwinName(wanted, S_ISDIR(found.stx_mode));
-  int error = EEXIST;
+  ErrorNumber error = EEXIST;
   if (wanted.size() <= NAME_MAX) {
-    error = symlinkat(name.c_str(), folder, wanted.c_str()) == 0 ? 0 : errno;
+    error = ErrorOf(symlinkat(name.c_str(), folder, wanted.c_str()));
   }
   for (unsigned number = parts.Number + 1; error == EEXIST && number <= lastTwin; ++number) {
     const std::string twin = MakeTwinName(parts, number, NAME_MAX);
-    error = symlinkat(name.c_str(), folder, twin.c_str()) == 0 ? 0 : errno;
+    error = ErrorOf(symlinkat(name.c_str(), folder, twin.c_str()));
   }
   return error;
 }
@@ -37,7 +36,7 @@ int LinkTo(int folder, const std::string& name) {
 void LinkItems(const std::string& folder, const std::vector<std::string>& names,
                FailureList& failures) {
   const Descriptor opened = OpenPath(folder, O_PATH | O_DIRECTORY);
-  const int error = errno;
+  const ErrorNumber error = errno;
   for (const std::string& name : names) {
     failures.Add(base::PathSyntax::Posix().Join(folder, name),
                  SystemError(opened ? LinkTo(opened.Get(), name) : error));

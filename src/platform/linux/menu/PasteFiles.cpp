@@ -17,13 +17,13 @@
 namespace tarnwell::platform {
 namespace {
 
-// Links are followed. Gives an error number.
-int LookAtFolder(const std::string& path, ItemIdentity& identity) {
+// Links are followed.
+ErrorNumber LookAtFolder(const std::string& path, ItemIdentity& identity) {
   const Descriptor folder = OpenPath(path, O_PATH | O_DIRECTORY);
   if (!folder) return errno;
   struct statx found;
-  const int error = LookAt(folder.Get(), "", found);
-  if (error == 0) identity = IdentityOf(found);
+  const ErrorNumber error = LookAt(folder.Get(), "", found);
+  if (error == NoError) identity = IdentityOf(found);
   return error;
 }
 
@@ -36,7 +36,7 @@ class FolderTest {
     const std::string parent = base::PathSyntax::Posix().ParentOf(path);
     const auto [known, isNew] = known_.try_emplace(parent, false);
     ItemIdentity identity;
-    if (isNew) known->second = LookAtFolder(parent, identity) == 0 && identity == folder_;
+    if (isNew) known->second = LookAtFolder(parent, identity) == NoError && identity == folder_;
     return known->second;
   }
 
@@ -68,7 +68,7 @@ std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& cli
   const ClipboardFiles files = clipboard.Get();
   if (files.Items.empty() && files.Foreign == 0) return {};
   ItemIdentity identity;
-  if (const int error = LookAtFolder(folder, identity); error != 0) {
+  if (const ErrorNumber error = LookAtFolder(folder, identity); error != NoError) {
     FailureList failures(forms);
     failures.Add(folder, SystemError(error));
     failures.Show(dialogs, "could not be opened to paste there");

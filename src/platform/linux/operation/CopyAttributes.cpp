@@ -102,8 +102,8 @@ bool HandsDownAccessLists(int folder) {
          (errno != ENODATA && errno != ENOTSUP);
 }
 
-int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
-                   bool mayInherit, bool& losesSome) {
+ErrorNumber CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
+                           bool mayInherit, bool& losesSome) {
   mode_t mode = SetOwner(original, to, copy);
   const Extended extended = CopyExtended(from, to, mayInherit);
   losesSome = extended.LosesOwn;
@@ -117,7 +117,7 @@ int CopyAttributes(int from, const struct statx& original, int to, const struct 
     return errno;
   }
   futimens(to, TimesOf(original).data());
-  return 0;
+  return NoError;
 }
 
 void CopyLinkAttributes(const struct statx& original, int folder, const char* name) {

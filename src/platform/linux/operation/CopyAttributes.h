@@ -3,6 +3,8 @@
 
 #include <sys/stat.h>
 
+#include "platform/linux/posix/ErrorNumber.h"
+
 namespace tarnwell::platform {
 
 // Gives the open copy the owner, permissions, extended attributes (access lists among them) and
@@ -11,10 +13,9 @@ namespace tarnwell::platform {
 // than given to somebody else: set-user-id goes with another owner, and another group, or the group
 // where an access list was lost, gets no more than everybody has. `mayInherit` tells that the copy
 // may have access lists from its folder, which it is not to keep. `losesSome` becomes true when an
-// access list or an attribute of the user's own (colour, comment) could not be kept. Gives an error
-// number.
-int CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
-                   bool mayInherit, bool& losesSome);
+// access list or an attribute of the user's own (colour, comment) could not be kept.
+ErrorNumber CopyAttributes(int from, const struct statx& original, int to, const struct statx& copy,
+                           bool mayInherit, bool& losesSome);
 
 // Whether the open folder hands access lists down to what is made in it.
 bool HandsDownAccessLists(int folder);

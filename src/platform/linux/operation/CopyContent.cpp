@@ -13,21 +13,21 @@ namespace {
 constexpr std::uint64_t rangeSize = 8 << 20;  // between two questions whether to go on
 constexpr std::uint64_t noEnd = std::numeric_limits<std::int64_t>::max();
 
-bool IsFull(int error) {
+bool IsFull(ErrorNumber error) {
   return error == ENOSPC || error == EDQUOT || error == EFBIG;
 }
 
 }  // namespace
 
-int ContentCopier::Copy(int from, const struct statx& source, int to, const struct statx& target,
-                        const TakeProgress& progress) {
+ErrorNumber ContentCopier::Copy(int from, const struct statx& source, int to,
+                                const struct statx& target, const TakeProgress& progress) {
   isReadError_ = false;
   length_ = 0;
   ChooseWays(source, target);
   const std::uint64_t size = source.stx_size;
   if (size > 0 && Clones(from, to)) {
     length_ = size;
-    return progress(size) ? 0 : ECANCELED;
+    return progress(size) ? NoError : ECANCELED;
   }
   // Files of /proc and the like state no size, and still have content.
   if (size == 0) return CopyByHand(from, to, 0, noEnd, progress);
@@ -52,8 +52,8 @@ bool ContentCopier::Clones(int from, int to) {
   return false;
 }
 
-int ContentCopier::CopyByExtents(int from, int to, std::uint64_t size,
-                                 const TakeProgress& progress) {
+ErrorNumber ContentCopier::CopyByExtents(int from, int to, std::uint64_t size,
+                                         const TakeProgress& progress) {
   std::uint64_t at = 0;
   while (at < size) {
     std::uint64_t start = at;
@@ -64,22 +64,23 @@ int ContentCopier::CopyByExtents(int from, int to, std::uint64_t size,
       if (hole > data) end = std::min(static_cast<std::uint64_t>(hole), size);
     } else if (errno == ENXIO) {
       // Nothing but a hole from here on, or the source has become shorter.
-      if (lseek(from, 0, SEEK_END) < static_cast<off_t>(size)) return 0;
+      if (lseek(from, 0, SEEK_END) < static_cast<off_t>(size)) return NoError;
       start = size;
     }
     if (start > at && !progress(start - at)) return ECANCELED;
     if (start < end) {
-      if (const int error = CopyRange(from, to, start, end, progress); error != 0) return error;
-      if (length_ < end) return 0;  // the source has become shorter
+      if (const ErrorNumber error = CopyRange(from, to, start, end, progress); error != NoError)
+        return error;
+      if (length_ < end) return NoError;  // the source has become shorter
     }
     at = end;
     length_ = end;
   }
-  return ftruncate(to, static_cast<off_t>(size)) == 0 ? 0 : errno;
+  return ErrorOf(ftruncate(to, static_cast<off_t>(size)));
 }
 
-int ContentCopier::CopyRange(int from, int to, std::uint64_t start, std::uint64_t end,
-                             const TakeProgress& progress) {
+ErrorNumber ContentCopier::CopyRange(int from, int to, std::uint64_t start, std::uint64_t end,
+                                     const TakeProgress& progress) {
   std::uint64_t at = start;
   while (at < end && ways_->Range) {
     off64_t read = static_cast<off64_t>(at);
@@ -98,11 +99,11 @@ int ContentCopier::CopyRange(int from, int to, std::uint64_t start, std::uint64_
     if (got < 0 && errno != EIO) ways_->Range = false;
     break;
   }
-  return at < end ? CopyByHand(from, to, at, end, progress) : 0;
+  return at < end ? CopyByHand(from, to, at, end, progress) : NoError;
 }
 
-int ContentCopier::CopyByHand(int from, int to, std::uint64_t start, std::uint64_t end,
-                              const TakeProgress& progress) {
+ErrorNumber ContentCopier::CopyByHand(int from, int to, std::uint64_t start, std::uint64_t end,
+                                      const TakeProgress& progress) {
   std::uint64_t at = start;
   while (at < end) {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(end - at, bufferSize));
@@ -112,15 +113,15 @@ int ContentCopier::CopyByHand(int from, int to, std::uint64_t start, std::uint64
     if (got < 0) return errno;
     if (got == 0) break;
     const auto count = static_cast<std::size_t>(got);
-    if (const int error = WriteAll(to, count, at); error != 0) return error;
+    if (const ErrorNumber error = WriteAll(to, count, at); error != NoError) return error;
     at += count;
     length_ = at;
     if (!progress(count)) return ECANCELED;
   }
-  return 0;
+  return NoError;
 }
 
-int ContentCopier::WriteAll(int to, std::size_t count, std::uint64_t at) {
+ErrorNumber ContentCopier::WriteAll(int to, std::size_t count, std::uint64_t at) {
   std::size_t done = 0;
   while (done < count) {
     const ssize_t written =
@@ -128,7 +129,7 @@ int ContentCopier::WriteAll(int to, std::size_t count, std::uint64_t at) {
     if (written < 0 && errno != EINTR) return errno;
     if (written > 0) done += static_cast<std::size_t>(written);
   }
-  return 0;
+  return NoError;
 }
 
 }  // namespace tarnwell::platform

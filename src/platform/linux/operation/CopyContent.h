@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/ItemIdentity.h"
 
 namespace tarnwell::platform {
@@ -18,10 +19,10 @@ class ContentCopier {
   // Hears of every few megabytes, and ends the copy by false.
   using TakeProgress = std::function<bool(std::uint64_t bytes)>;
 
-  // Both files are at their beginning, the target empty. Gives an error number; ECANCELED after a
-  // false. Then IsReadError tells which side it was.
-  int Copy(int from, const struct statx& source, int to, const struct statx& target,
-           const TakeProgress& progress);
+  // Both files are at their beginning, the target empty. ECANCELED after a false. After
+  // another error IsReadError tells which side it was.
+  ErrorNumber Copy(int from, const struct statx& source, int to, const struct statx& target,
+                   const TakeProgress& progress);
   bool IsReadError() const { return isReadError_; }
   // Bytes that the last copy found in the source, holes included.
   std::uint64_t Length() const { return length_; }
@@ -36,13 +37,13 @@ class ContentCopier {
 
   void ChooseWays(const struct statx& source, const struct statx& target);
   bool Clones(int from, int to);
-  int CopyByExtents(int from, int to, std::uint64_t size, const TakeProgress& progress);
-  int CopyRange(int from, int to, std::uint64_t start, std::uint64_t end,
-                const TakeProgress& progress);
+  ErrorNumber CopyByExtents(int from, int to, std::uint64_t size, const TakeProgress& progress);
+  ErrorNumber CopyRange(int from, int to, std::uint64_t start, std::uint64_t end,
+                        const TakeProgress& progress);
   // Up to `end`, or to the end of the source.
-  int CopyByHand(int from, int to, std::uint64_t start, std::uint64_t end,
-                 const TakeProgress& progress);
-  int WriteAll(int to, std::size_t count, std::uint64_t at);
+  ErrorNumber CopyByHand(int from, int to, std::uint64_t start, std::uint64_t end,
+                         const TakeProgress& progress);
+  ErrorNumber WriteAll(int to, std::size_t count, std::uint64_t at);
 
   static constexpr std::size_t bufferSize = 262144;
 

@@ -20,7 +20,7 @@ void TreeDeletion::DeleteCopied(int folder, const std::string& name, const std::
 void TreeDeletion::Run(int folder, const std::string& name, const std::string& path) {
   Level above;
   Descriptor held(fcntl(folder, F_DUPFD_CLOEXEC, 0));
-  if (!held || LookAt(folder, "", above.Found) != 0) {
+  if (!held || LookAt(folder, "", above.Found) != NoError) {
     context_.Retries(OperationStep::Delete, path, errno);
     return;
   }
@@ -34,7 +34,7 @@ void TreeDeletion::Run(int folder, const std::string& name, const std::string& p
       [this](const std::string& next) { EnterFolder(next); }, [this] { LeaveFolder(); });
 }
 
-bool TreeDeletion::Retries(std::string_view name, int error) {
+bool TreeDeletion::Retries(std::string_view name, ErrorNumber error) {
   if (context_.Retries(OperationStep::Delete, walk_.PathOf(name), error)) return true;
   walk_.Here().KeepsSome = true;
   return false;
@@ -43,9 +43,9 @@ bool TreeDeletion::Retries(std::string_view name, int error) {
 void TreeDeletion::TakeItem(const char* name, bool mayBeFolder) {
   if (mayBeFolder) {
     struct statx found;
-    int error = LookAt(walk_.Folder(), name, found);
-    while (error != 0 && Retries(name, error)) error = LookAt(walk_.Folder(), name, found);
-    if (error != 0) return;
+    ErrorNumber error = LookAt(walk_.Folder(), name, found);
+    while (error != NoError && Retries(name, error)) error = LookAt(walk_.Folder(), name, found);
+    if (error != NoError) return;
     if (S_ISDIR(found.stx_mode)) {
       walk_.Add(name);
       return;
@@ -83,37 +83,38 @@ void TreeDeletion::DeleteFile(const char* name) {
 
 void TreeDeletion::DeleteCopiedFile(const char* name) {
   struct statx found;
-  if (!context_.GoesOn() || LookAt(walk_.Folder(), name, found) != 0 || !MayDelete(name, found)) {
+  if (!context_.GoesOn() || LookAt(walk_.Folder(), name, found) != NoError ||
+      !MayDelete(name, found)) {
     return;
   }
   if (!hold_ || heldIn_ != walk_.Self()) {
     hold_.emplace(walk_.Folder());
     heldIn_ = walk_.Self();
   }
-  int error = 0;
+  ErrorNumber error;
   do {
     error = DeleteHeld(name);
-  } while (error != 0 && error != ENOENT && Retries(name, error));
+  } while (error != NoError && error != ENOENT && Retries(name, error));
   if (context_.IsReportDue()) context_.Report(walk_.PathOf(name), {});
 }
 
-int TreeDeletion::DeleteHeld(const char* name) {
+ErrorNumber TreeDeletion::DeleteHeld(const char* name) {
   const int folder = walk_.Folder();
   const int held = hold_->Get();
   // Where the item cannot be held, the look before must do.
-  if (held < 0 || hold_->Take(name) != 0) return unlinkat(folder, name, 0) == 0 ? 0 : errno;
+  if (held < 0 || hold_->Take(name) != NoError) return ErrorOf(unlinkat(folder, name, 0));
   struct statx found {};
-  const bool isCopied = LookAt(held, name, found) == 0 &&
+  const bool isCopied = LookAt(held, name, found) == NoError &&
                         copied_->Find(CopiedItems::KeyBelow(walk_.Here().Key, name), found) ==
                             CopiedItems::State::Copied;
-  const int error = !isCopied || unlinkat(held, name, 0) == 0 ? 0 : errno;
-  if (isCopied && error == 0) return 0;
+  const ErrorNumber error = isCopied ? ErrorOf(unlinkat(held, name, 0)) : NoError;
+  if (isCopied && error == NoError) return NoError;
   // Back before anybody is asked.
-  int lost = 0;
+  ErrorNumber lost;
   do {
     lost = PutBack(held, name, folder);
-  } while (lost != 0 && lost != ENOENT && Retries(name, lost));
-  if (!isCopied && lost == 0) MayDelete(name, found);  // tells of it
+  } while (lost != NoError && lost != ENOENT && Retries(name, lost));
+  if (!isCopied && lost == NoError) MayDelete(name, found);  // tells of it
   return error;
 }
 
@@ -124,18 +125,18 @@ void TreeDeletion::EnterFolder(const std::string& name) {
   for (;;) {
     const int folder = walk_.Folder();
     // The user has heard of one that was not copied, and need not hear that it cannot be opened.
-    if (copied_ != nullptr && LookAt(folder, name.c_str(), level.Found) == 0 &&
+    if (copied_ != nullptr && LookAt(folder, name.c_str(), level.Found) == NoError &&
         !MayDelete(name.c_str(), level.Found)) {
       return;
     }
     Descriptor opened(openat(folder, name.c_str(), flags));
-    int error = opened ? LookAt(opened.Get(), "", level.Found) : errno;
+    ErrorNumber error = opened ? LookAt(opened.Get(), "", level.Found) : errno;
     if (error == ENOENT) return;
     // One that may not be read may be empty.
     if (!opened && copied_ == nullptr && unlinkat(folder, name.c_str(), AT_REMOVEDIR) == 0) return;
-    if (error == 0 && !IsSameMount(level.Found, walk_.Here().Found)) error = EXDEV;
-    if (error == 0 && !MayDelete(name.c_str(), level.Found)) return;
-    if (error == 0) {
+    if (error == NoError && !IsSameMount(level.Found, walk_.Here().Found)) error = EXDEV;
+    if (error == NoError && !MayDelete(name.c_str(), level.Found)) return;
+    if (error == NoError) {
       walk_.Enter(std::move(opened), IdentityOf(level.Found), name, walk_.Mark(), level);
       if (!ReadFolder(walk_.Folder())) walk_.Here().KeepsSome = true;
       return;
@@ -162,8 +163,8 @@ bool TreeDeletion::ReadFolder(int folder) {
     }
     return true;
   };
-  if (const int error = buffer_.Read(folder, take, [this] { return context_.GoesOn(); });
-      error != 0) {
+  if (const ErrorNumber error = buffer_.Read(folder, take, [this] { return context_.GoesOn(); });
+      error != NoError) {
     context_.Retries(OperationStep::Delete, walk_.Path(), error);
     return false;
   }
@@ -196,7 +197,7 @@ void TreeDeletion::LeaveFolder() {
       return;
     }
     // The way back was lost.
-    const int error = walk_.Folder() < 0 ? ESTALE : errno;
+    const ErrorNumber error = walk_.Folder() < 0 ? ESTALE : errno;
     if (!Retries(name, error)) return;
   }
   if (copied_ == nullptr) context_.AddItems(1);

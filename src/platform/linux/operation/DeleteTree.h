@@ -7,6 +7,7 @@
 #include "platform/linux/operation/CopiedItems.h"
 #include "platform/linux/operation/HoldFolder.h"
 #include "platform/linux/operation/OperationContext.h"
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/TreeWalk.h"
 
@@ -36,14 +37,14 @@ class TreeDeletion {
   void TakeItem(const char* name, bool mayBeFolder);
   void DeleteFile(const char* name);
   void DeleteCopiedFile(const char* name);
-  // Looks at the item and deletes it where nobody can exchange it. Gives an error number.
-  int DeleteHeld(const char* name);
+  // Looks at the item and deletes it where nobody can exchange it.
+  ErrorNumber DeleteHeld(const char* name);
   void EnterFolder(const std::string& name);
   bool ReadFolder(int folder);
   void LeaveFolder();
   // Whether the item may go; only what was copied may, where that matters.
   bool MayDelete(const char* name, const struct statx& found);
-  bool Retries(std::string_view name, int error);
+  bool Retries(std::string_view name, ErrorNumber error);
 
   OperationContext& context_;
   const CopiedItems* copied_ = nullptr;

@@ -26,25 +26,25 @@ bool CanFlushWhole(int item) {
   return std::find(flushedAsWhole.begin(), flushedAsWhole.end(), type) != flushedAsWhole.end();
 }
 
-int FlushItem(int item) {
+ErrorNumber FlushItem(int item) {
   while (fsync(item) != 0) {
     if (errno == EINTR) continue;
     // A folder held by its path alone, or of a file system that flushes no folders.
-    return errno == EBADF || errno == EINVAL || errno == ENOTSUP ? 0 : errno;
+    return errno == EBADF || errno == EINVAL || errno == ENOTSUP ? NoError : errno;
   }
-  return 0;
+  return NoError;
 }
 
 // Network volumes tell of a full disk when a file is closed.
-int AskWhetherTaken(int item) {
+ErrorNumber AskWhetherTaken(int item) {
   const int again = fcntl(item, F_DUPFD_CLOEXEC, 0);
   if (again < 0) return errno;
-  return close(again) == 0 || errno == EINTR ? 0 : errno;
+  return close(again) == 0 || errno == EINTR ? NoError : errno;
 }
 
 }  // namespace
 
-int FlushedVolumes::Take(int item, const struct statx& found) {
+ErrorNumber FlushedVolumes::Take(int item, const struct statx& found) {
   const ItemIdentity device{found.stx_dev_major, found.stx_dev_minor, 0};
   auto volume = std::find_if(volumes_.begin(), volumes_.end(),
                              [&](const Volume& known) { return known.Device == device; });
@@ -55,16 +55,16 @@ int FlushedVolumes::Take(int item, const struct statx& found) {
   }
   if (!volume->Item) return toDisk_ ? FlushItem(item) : AskWhetherTaken(item);
   volume->HasNews = true;
-  return 0;
+  return NoError;
 }
 
-int FlushedVolumes::Flush() {
+ErrorNumber FlushedVolumes::Flush() {
   for (Volume& volume : volumes_) {
     if (!volume.HasNews) continue;
     if (syncfs(volume.Item.Get()) != 0) return errno;
     volume.HasNews = false;
   }
-  return 0;
+  return NoError;
 }
 
 }  // namespace tarnwell::platform

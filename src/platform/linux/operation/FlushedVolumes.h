@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/ItemIdentity.h"
 
 namespace tarnwell::platform {
@@ -15,10 +16,10 @@ class FlushedVolumes {
  public:
   explicit FlushedVolumes(bool toDisk) : toDisk_(toDisk) {}
 
-  // Takes notice of an open file or folder that was written. Gives an error number.
-  int Take(int item, const struct statx& found);
-  // Returns when all that was taken is on the disk. Gives an error number.
-  int Flush();
+  // Takes notice of an open file or folder that was written.
+  ErrorNumber Take(int item, const struct statx& found);
+  // Returns when all that was taken is on the disk.
+  ErrorNumber Flush();
 
  private:
   struct Volume {

@@ -13,20 +13,21 @@
 namespace tarnwell::platform {
 
 HoldFolder::HoldFolder(int folder) : folder_(fcntl(folder, F_DUPFD_CLOEXEC, 0)) {
-  if (folder_ && name_.RenewHold() == 0) MakeOwnFolder(folder, name_.Text(), held_);
+  if (!folder_ || name_.RenewHold() != NoError) return;
+  static_cast<void>(MakeOwnFolder(folder, name_.Text(), held_));  // or there is none: see Get
 }
 
 HoldFolder::~HoldFolder() {
   if (held_) unlinkat(folder_.Get(), name_.Text(), AT_REMOVEDIR);
 }
 
-int HoldFolder::Take(const char* name) const {
+ErrorNumber HoldFolder::Take(const char* name) const {
   return RenameNew(folder_.Get(), name, held_.Get(), name);
 }
 
-int PutBack(int from, const char* name, int to) {
+ErrorNumber PutBack(int from, const char* name, int to) {
   const TwinParts parts = SplitTwinName(name, false);
-  int error = RenameNew(from, name, to, name);
+  ErrorNumber error = RenameNew(from, name, to, name);
   for (unsigned number = parts.Number + 1; error == EEXIST; ++number) {
     error = RenameNew(from, name, to, MakeTwinName(parts, number).c_str());
   }

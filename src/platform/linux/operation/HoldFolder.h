@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/TemporaryName.h"
 
 namespace tarnwell::platform {
@@ -20,8 +21,8 @@ class HoldFolder {
 
   // -1 if there is none: the volume may be full.
   int Get() const { return held_.Get(); }
-  // Takes the item in under its own name. Gives an error number.
-  int Take(const char* name) const;
+  // Takes the item in under its own name.
+  ErrorNumber Take(const char* name) const;
 
  private:
   Descriptor folder_;
@@ -30,7 +31,7 @@ class HoldFolder {
 };
 
 // Gives an item of the open folder `from` its name in the folder `to` back, or the name of a twin
-// if somebody has taken that meanwhile. Gives an error number.
-int PutBack(int from, const char* name, int to);
+// if somebody has taken that meanwhile.
+ErrorNumber PutBack(int from, const char* name, int to);
 
 }  // namespace tarnwell::platform

@@ -24,7 +24,8 @@ void ItemCounter::Count(const std::stop_token& stop, const std::vector<std::stri
     if (stop.stop_requested()) return;
     const ReachedPath reached(path);
     struct statx found;
-    if (reached.Error() != 0 || LookAt(reached.Folder(), reached.Rest(), found) != 0) continue;
+    if (reached.Error() != NoError || LookAt(reached.Folder(), reached.Rest(), found) != NoError)
+      continue;
     ++items;
     if (S_ISREG(found.stx_mode) && (found.stx_nlink < 2 || counted.Add(FileIdentityOf(found)))) {
       bytes += found.stx_size;

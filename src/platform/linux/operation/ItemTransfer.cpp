@@ -34,8 +34,8 @@ ItemTransfer::ItemTransfer(OperationContext& context, const OpenPlace& target,
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
                         const std::string& targetName) {
   if (source != source_ || walk_.Folder() < 0 || targets_.Get() < 0) {
-    const int error = EnterBase(source);
-    if (error != 0) {
+    const ErrorNumber error = EnterBase(source);
+    if (error != NoError) {
       context_.Retries(OperationStep::Find, source->Path + "/" + name, error);
       return;
     }
@@ -44,13 +44,14 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
   const std::size_t copiedBefore = copied_.Count();
 
   struct statx found;
-  int error = 0;
-  while ((error = LookAt(walk_.Folder(), name.c_str(), found)) != 0 &&
+  ErrorNumber error;
+  while ((error = LookAt(walk_.Folder(), name.c_str(), found)) != NoError &&
          context_.Retries(OperationStep::Find, FromPath(name), error)) {
   }
-  if (error == 0 && StateOfTemporary(walk_.Folder(), name.c_str()) == TemporaryState::Living) {
+  if (error == NoError &&
+      StateOfTemporary(walk_.Folder(), name.c_str()) == TemporaryState::Living) {
     LeaveUnfinished(FromPath(name));
-  } else if (error == 0) {
+  } else if (error == NoError) {
     TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
     Walk();
   }
@@ -60,8 +61,7 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
   if (isMuch || copied_.Count() >= batchItems) FinishBatch();
 }
 
-// Gives an error number.
-int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
+ErrorNumber ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   source_ = nullptr;
   Level base;
   base.IsSwept = !walk_.IsEmpty() && walk_.At(0).IsSwept;
@@ -72,9 +72,9 @@ int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   Descriptor to(fcntl(target_.Folder.Get(), F_DUPFD_CLOEXEC, 0));
   if (!to) return errno;
   struct statx target;
-  int error = LookAt(from.Get(), "", base.Source);
-  if (error == 0) error = LookAt(to.Get(), "", target);
-  if (error != 0) return error;
+  ErrorNumber error = LookAt(from.Get(), "", base.Source);
+  if (error == NoError) error = LookAt(to.Get(), "", target);
+  if (error != NoError) return error;
   to_ = target_.Path;
   base.ToLength = to_.size();
   base.CanRename = moves_;
@@ -86,7 +86,7 @@ int ItemTransfer::EnterBase(const std::shared_ptr<const OpenPlace>& source) {
   const ItemIdentity self = IdentityOf(base.Source);
   walk_.Enter(std::move(from), self, source->Path, walk_.Mark(), std::move(base));
   source_ = source;
-  return 0;
+  return NoError;
 }
 
 void ItemTransfer::Finish() {
@@ -108,7 +108,7 @@ void ItemTransfer::TakeItem(Item item) {
   while (context_.GoesOn()) {
     const Failure failure = Attempt(item);
     if (context_.IsCancelled()) return;
-    if (failure.Error == 0) {
+    if (failure.Error == NoError) {
       if (!isAsked) return;
       context_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
       return;
@@ -131,13 +131,13 @@ bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
   if (failure.IsSettled) return false;
   const std::string path = failure.IsTarget ? ToPath(item.Target) : FromPath(item.Name);
   if (failure.Reason == nullptr) return context_.Retries(failure.Step, path, failure.Error);
-  return context_.Retries(failure.Step, path, {failure.Error, failure.Reason});
+  return context_.Retries(failure.Step, path, {failure.Error.Value(), failure.Reason});
 }
 
 // What was left counts as done, so that the progress comes to its end.
 void ItemTransfer::PassOver(const Item& item) {
   struct statx found;
-  if (LookAt(walk_.Folder(), item.Name.c_str(), found) != 0) return;
+  if (LookAt(walk_.Folder(), item.Name.c_str(), found) != NoError) return;
   context_.AddItems(1);
   if (S_ISREG(found.stx_mode)) context_.AddBytes(found.stx_size);
 }
@@ -155,7 +155,8 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
   const bool isFolder = item.Type == S_IFDIR;
   if (isFolder && walk_.Depth() == 1) {
     struct statx found;
-    if (const int error = LookAt(walk_.Folder(), item.Name.c_str(), found); error != 0) {
+    if (const ErrorNumber error = LookAt(walk_.Folder(), item.Name.c_str(), found);
+        error != NoError) {
       return {OperationStep::Find, error};
     }
     if (GoesIntoItself(IdentityOf(found))) {
@@ -173,7 +174,7 @@ ItemTransfer::Failure ItemTransfer::Attempt(Item& item) {
     SweepTemporaries(targets_.Get(), goesOn);
     if (moves_ && walk_.Depth() == 1) SweepTemporaries(walk_.Folder(), goesOn);
   }
-  if (const Failure failure = LookAhead(item); failure.Error != 0) return failure;
+  if (const Failure failure = LookAhead(item); failure.Error != NoError) return failure;
   ReportIfDue(item);
   switch (item.Type) {
     case S_IFDIR:
@@ -192,18 +193,18 @@ ItemTransfer::Failure ItemTransfer::LookAhead(const Item& item) {
   const Level& level = walk_.Here();
   if (item.Decided != Way::Free) return {};
   if (!level.To.TakesAnyName && IsUnusualName(item.Target)) {
-    const int error = TryName(targets_.Get(), item.Target);
+    const ErrorNumber error = TryName(targets_.Get(), item.Target);
     const bool isLong = error == ENAMETOOLONG;
     const char* const reason = isLong ? nullptr : "The drive there takes no such name";
-    if (error != 0) return {OperationStep::Write, error, reason, true};
+    if (error != NoError) return {OperationStep::Write, error, reason, true};
   }
   // In a new folder there can be nothing but what was copied under another spelling. Files find
   // that soon enough.
   if (level.IsNew && item.Type != S_IFDIR) return {};
   struct statx there;
-  const int error = LookAt(targets_.Get(), item.Target.c_str(), there);
+  const ErrorNumber error = LookAt(targets_.Get(), item.Target.c_str(), there);
   if (error == ENOENT) return {};
-  return {OperationStep::Find, error == 0 ? EEXIST : error, nullptr, true};
+  return {OperationStep::Find, error == NoError ? EEXIST : error, nullptr, true};
 }
 
 ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
@@ -211,15 +212,15 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   const char* const target = item.Target.c_str();
   const int from = walk_.Folder();
   const int to = targets_.Get();
-  int error = 0;
+  ErrorNumber error;
   if (item.Decided != Way::Replace) {
     error = RenameNew(from, name, to, target);
   } else if (item.Type != S_IFDIR) {
-    error = renameat(from, name, to, target) == 0 ? 0 : errno;
+    error = ErrorOf(renameat(from, name, to, target));
   } else {
     error = PutInPlaceOf(from, name, to, target, to_, record_);
   }
-  if (error != 0) return {OperationStep::Move, error};
+  if (error != NoError) return {OperationStep::Move, error};
   context_.AddItems(1);
   ReportIfDue(item);
   return {};
@@ -244,13 +245,13 @@ void ItemTransfer::FinishBatch() {
   batchStart_ = context_.BytesDone();
   const std::vector<Taken> batch = std::exchange(batch_, {});
   if (!copied_.IsEmpty() && !context_.IsCancelled()) {
-    int error = 0;
-    while ((error = flushed_.Flush()) != 0 &&
+    ErrorNumber error;
+    while ((error = flushed_.Flush()) != NoError &&
            context_.Retries(OperationStep::Flush, target_.Path, error)) {
     }
     TreeDeletion deletion(context_);
     for (const Taken& item : batch) {
-      if (error != 0) break;
+      if (error != NoError) break;
       deletion.DeleteCopied(item.Source->Folder.Get(), item.Name,
                             item.Source->Path + "/" + item.Name, copied_);
     }

@@ -17,6 +17,7 @@
 #include "platform/linux/operation/LinkedFiles.h"
 #include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/TreeWalk.h"
 #include "platform/linux/posix/VolumeTraits.h"
@@ -53,7 +54,7 @@ class ItemTransfer {
 
   struct Failure {
     OperationStep Step = OperationStep::Find;
-    int Error = 0;                 // 0 for none
+    ErrorNumber Error;
     const char* Reason = nullptr;  // where the system's own words would mislead
     bool IsTarget = false;         // the target's path is the one to name
     bool IsSettled = false;        // the user has been asked about it
@@ -90,7 +91,7 @@ class ItemTransfer {
   };
 
   // The walk (ItemTransfer.cpp).
-  int EnterBase(const std::shared_ptr<const OpenPlace>& source);
+  ErrorNumber EnterBase(const std::shared_ptr<const OpenPlace>& source);
   void Walk();
   void TakeItem(Item item);
   Failure Attempt(Item& item);
@@ -115,8 +116,8 @@ class ItemTransfer {
     std::vector<std::string> Unfinished;  // temporary ones that are in use
     bool HasLeft = false;                 // temporary ones of a killed run are among the others
   };
-  int ReadNames(int folder, const std::string& path, NameList& others);
-  int ListNames(int folder, FolderNames& names);
+  ErrorNumber ReadNames(int folder, const std::string& path, NameList& others);
+  ErrorNumber ListNames(int folder, FolderNames& names);
   void TakeOthers(const NameList& others);
   bool GoesIntoItself(const ItemIdentity& source) const;
   bool PutInPlace();
@@ -138,8 +139,7 @@ class ItemTransfer {
   Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
           const struct statx& target, bool& makesTwin);
   bool IsOneFolder() const;
-  // Gives an error number.
-  static int FindFreeTwin(int folder, std::string& name, bool isFolder);
+  static ErrorNumber FindFreeTwin(int folder, std::string& name, bool isFolder);
 
   OperationContext& context_;
   const OpenPlace& target_;

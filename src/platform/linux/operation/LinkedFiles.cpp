@@ -9,29 +9,30 @@
 
 namespace tarnwell::platform {
 
-int LinkedFiles::Link(const struct statx& original, int base, int to, const char* name,
-                      bool replaces) const {
+ErrorNumber LinkedFiles::Link(const struct statx& original, int base, int to, const char* name,
+                              bool replaces) const {
   const auto known = copies_.find(IdentityOf(original));
   if (known == copies_.end() || !IsUnchanged(known->second.Original, original)) return ENOENT;
   const Copy& copy = known->second;
-  const int error = LinkTo(copy, copy.Path, base, to, name, replaces);
+  const ErrorNumber error = LinkTo(copy, copy.Path, base, to, name, replaces);
   if (error != ENOENT || copy.PathNow == copy.Path) return error;
   return LinkTo(copy, copy.PathNow, base, to, name, replaces);
 }
 
-int LinkedFiles::LinkTo(const Copy& known, const std::string& path, int base, int to,
-                        const char* name, bool replaces) const {
+ErrorNumber LinkedFiles::LinkTo(const Copy& known, const std::string& path, int base, int to,
+                                const char* name, bool replaces) const {
   const ReachedPath copy(path, base);
-  if (copy.Error() != 0) return ENOENT;
+  if (copy.Error() != NoError) return ENOENT;
   // Another file may stand there by now.
   struct statx found;
   const auto isCopy = [&](int folder, const char* at) {
-    return LookAt(folder, at, found) == 0 && IdentityOf(found) == known.Self;
+    return LookAt(folder, at, found) == NoError && IdentityOf(found) == known.Self;
   };
   if (!isCopy(copy.Folder(), copy.Rest())) return ENOENT;
 
   TemporaryName temporary;
-  if (const int error = replaces ? temporary.Renew() : 0; error != 0) return error;
+  if (const ErrorNumber error = replaces ? temporary.Renew() : NoError; error != NoError)
+    return error;
   const char* const first = replaces ? temporary.Text() : name;
   if (linkat(copy.Folder(), copy.Rest(), to, first, 0) != 0)
     return errno == EEXIST ? EEXIST : ENOENT;
@@ -39,8 +40,8 @@ int LinkedFiles::LinkTo(const Copy& known, const std::string& path, int base, in
     unlinkat(to, first, 0);
     return ENOENT;
   }
-  if (!replaces) return 0;
-  const int error = renameat(to, first, to, name) == 0 ? 0 : errno;
+  if (!replaces) return NoError;
+  const ErrorNumber error = ErrorOf(renameat(to, first, to, name));
   unlinkat(to, first, 0);  // stays where both are names of one file already
   return error;
 }

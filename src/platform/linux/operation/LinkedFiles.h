@@ -4,6 +4,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/ItemIdentity.h"
 
 namespace tarnwell::platform {
@@ -20,8 +21,9 @@ class LinkedFiles {
   }
   // Gives the copy another name in the open folder `to`; `base` is the folder that paths start
   // from. ENOENT where there is no copy of the file as it is now, EEXIST where the name is taken,
-  // unless what has it, no folder, is to go. Gives an error number.
-  int Link(const struct statx& original, int base, int to, const char* name, bool replaces) const;
+  // unless what has it, no folder, is to go.
+  ErrorNumber Link(const struct statx& original, int base, int to, const char* name,
+                   bool replaces) const;
 
  private:
   struct Copy {
@@ -31,8 +33,8 @@ class LinkedFiles {
     std::string PathNow;
   };
 
-  int LinkTo(const Copy& known, const std::string& path, int base, int to, const char* name,
-             bool replaces) const;
+  ErrorNumber LinkTo(const Copy& known, const std::string& path, int base, int to, const char* name,
+                     bool replaces) const;
 
   std::unordered_map<ItemIdentity, Copy, HashItemIdentity> copies_;
 };

@@ -31,15 +31,15 @@ void OperationContext::Cancel() {
   NoteLeft(ECANCELED);
 }
 
-void OperationContext::NoteLeft(int error) {
-  if (result_.Code == 0) result_.Code = error;
+void OperationContext::NoteLeft(ErrorNumber error) {
+  if (result_.Code == 0) result_.Code = error.Value();
 }
 
 void OperationContext::Remark(OperationRemark remark, const std::string& path) {
   if (!Has(NoErrorWindows)) user_.OnRemark(remark, path);
 }
 
-bool OperationContext::Retries(OperationStep step, const std::string& path, int error) {
+bool OperationContext::Retries(OperationStep step, const std::string& path, ErrorNumber error) {
   return Retries(step, path, SystemError(error));
 }
 

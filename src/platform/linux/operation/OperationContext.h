@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/OperationUser.h"
+#include "platform/linux/posix/ErrorNumber.h"
 
 namespace tarnwell::platform {
 
@@ -28,10 +29,10 @@ class OperationContext {
 
   // The number of what went wrong comes from the system, or the reason is given whole. True to try
   // again; otherwise the item is to be left.
-  bool Retries(OperationStep step, const std::string& path, int error);
+  bool Retries(OperationStep step, const std::string& path, ErrorNumber error);
   bool Retries(OperationStep step, const std::string& path, const base::Status& reason);
   // Something was left as it was without a word.
-  void NoteLeft(int error);
+  void NoteLeft(ErrorNumber error);
   // Something that the user is told at the end.
   void Remark(OperationRemark remark, const std::string& path);
 

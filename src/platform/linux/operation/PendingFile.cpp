@@ -15,49 +15,49 @@ PendingFile::~PendingFile() {
   if (name_ != nullptr && !isPlaced_) unlinkat(folder_, name_, 0);
 }
 
-int PendingFile::Create(mode_t mode, bool isNamed) {
+ErrorNumber PendingFile::Create(mode_t mode, bool isNamed) {
   if (!isNamed) file_ = Descriptor(openat(folder_, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
-  if (file_) return 0;
+  if (file_) return NoError;
   const bool isUnknown =
       errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL || errno == ENOENT;
   if (!isNamed && !isUnknown) return errno;
   for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
-    if (const int error = temporary_.Renew(); error != 0) return error;
-    const int error = CreateAs(temporary_.Text(), mode);
+    if (const ErrorNumber error = temporary_.Renew(); error != NoError) return error;
+    const ErrorNumber error = CreateAs(temporary_.Text(), mode);
     if (error != EEXIST) return error;
   }
   return EEXIST;
 }
 
-int PendingFile::CreateAs(const char* name, mode_t mode) {
+ErrorNumber PendingFile::CreateAs(const char* name, mode_t mode) {
   constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   file_ = Descriptor(openat(folder_, name, flags, mode));
   if (!file_) return errno;
   name_ = name;
-  return 0;
+  return NoError;
 }
 
-int PendingFile::Place(const char* name, bool replaces) {
+ErrorNumber PendingFile::Place(const char* name, bool replaces) {
   if (name_ != nullptr && std::strcmp(name, name_) == 0) {
     isPlaced_ = true;
-    return 0;
+    return NoError;
   }
   if (name_ == nullptr) return PlaceUnnamed(name, replaces);
-  const int error = replaces ? (renameat(folder_, name_, folder_, name) == 0 ? 0 : errno)
-                             : RenameNew(folder_, name_, folder_, name);
-  isPlaced_ = error == 0;
+  const ErrorNumber error = replaces ? ErrorOf(renameat(folder_, name_, folder_, name))
+                                     : RenameNew(folder_, name_, folder_, name);
+  isPlaced_ = error == NoError;
   return error;
 }
 
-int PendingFile::PlaceUnnamed(const char* name, bool replaces) {
+ErrorNumber PendingFile::PlaceUnnamed(const char* name, bool replaces) {
   std::array<char, 40> held;
   std::snprintf(held.data(), held.size(), "/proc/self/fd/%d", file_.Get());
   if (!replaces) {
-    return linkat(AT_FDCWD, held.data(), folder_, name, AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
+    return ErrorOf(linkat(AT_FDCWD, held.data(), folder_, name, AT_SYMLINK_FOLLOW));
   }
   // A link takes no other's place, but a rename does.
   for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
-    if (const int error = temporary_.Renew(); error != 0) return error;
+    if (const ErrorNumber error = temporary_.Renew(); error != NoError) return error;
     if (linkat(AT_FDCWD, held.data(), folder_, temporary_.Text(), AT_SYMLINK_FOLLOW) == 0) {
       name_ = temporary_.Text();
       return Place(name, true);

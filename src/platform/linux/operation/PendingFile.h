@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/TemporaryName.h"
 
 namespace tarnwell::platform {
@@ -17,18 +18,17 @@ class PendingFile {
   PendingFile& operator=(const PendingFile&) = delete;
   ~PendingFile();
 
-  // These give an error number. What is to take the place of another needs a name first, which
-  // costs less from the start.
-  int Create(mode_t mode, bool isNamed);
+  // What is to take the place of another needs a name first, which costs less from the start.
+  ErrorNumber Create(mode_t mode, bool isNamed);
   // Makes it under the name itself, for a folder that is not in its place yet.
-  int CreateAs(const char* name, mode_t mode);
+  ErrorNumber CreateAs(const char* name, mode_t mode);
   // Gives it its name; EEXIST where the name is taken, unless what has it, no folder, is to go.
-  int Place(const char* name, bool replaces);
+  ErrorNumber Place(const char* name, bool replaces);
 
   int Get() const { return file_.Get(); }
 
  private:
-  int PlaceUnnamed(const char* name, bool replaces);
+  ErrorNumber PlaceUnnamed(const char* name, bool replaces);
 
   int folder_;
   Descriptor file_;

@@ -53,26 +53,25 @@ std::optional<std::vector<ItemPath>> PathsOf(std::string_view items) {
   return paths;
 }
 
-// Gives an error number.
-int OpenPlaceAt(const std::string& path, OpenPlace& place) {
+ErrorNumber OpenPlaceAt(const std::string& path, OpenPlace& place) {
   const std::string folder = path.empty() ? "/" : path;
   place.Folder = OpenPath(folder, O_RDONLY | O_DIRECTORY);
   if (!place.Folder && errno == EACCES) place.Folder = OpenPath(folder, O_PATH | O_DIRECTORY);
   place.Path = path;
-  return place.Folder ? 0 : errno;
+  return place.Folder ? NoError : errno;
 }
 
-// Makes the folder, and those above it that are missing. Gives an error number.
-int MakeFolders(const std::string& path) {
+// Makes the folder, and those above it that are missing.
+ErrorNumber MakeFolders(const std::string& path) {
   for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
     const ReachedPath reached(path.substr(0, end));
-    if (reached.Error() != 0) return reached.Error();
+    if (reached.Error() != NoError) return reached.Error();
     struct stat found {};
     if (fstatat(reached.Folder(), reached.Rest(), &found, 0) != 0 &&
         mkdirat(reached.Folder(), reached.Rest(), 0777) != 0 && errno != EEXIST) {
       return errno;
     }
-    if (end == path.npos) return 0;
+    if (end == path.npos) return NoError;
   }
 }
 
@@ -113,8 +112,8 @@ class Operation {
     if (folder_ && folder_->Path == item.Folder) return folder_;
     auto opened = std::make_shared<OpenPlace>();
     for (;;) {
-      const int error = OpenPlaceAt(item.Folder, *opened);
-      if (error == 0) break;
+      const ErrorNumber error = OpenPlaceAt(item.Folder, *opened);
+      if (error == NoError) break;
       if (!context_.Retries(OperationStep::Find, item.Whole(), error)) return nullptr;
     }
     folder_ = std::move(opened);
@@ -143,17 +142,17 @@ class Operation {
     std::string path = destination_;
     while (path.ends_with('/')) path.pop_back();
     for (;;) {
-      int error = OpenPlaceAt(path, target);
+      ErrorNumber error = OpenPlaceAt(path, target);
       if (error == ENOENT && isFolder) {
         if (!context_.MakesFolder(path)) return false;
         error = MakeFolders(path);
-        if (error == 0) error = OpenPlaceAt(path, target);
+        if (error == NoError) error = OpenPlaceAt(path, target);
       } else if ((error == ENOENT || error == ENOTDIR) && !isFolder) {
         const std::optional<ItemPath> split = SplitPath(path);
         error = split ? OpenPlaceAt(split->Folder, target) : EINVAL;
         if (split) name = split->Name;
       }
-      if (error == 0) return true;
+      if (error == NoError) return true;
       if (!context_.Retries(OperationStep::Find, path, error)) return false;
     }
   }

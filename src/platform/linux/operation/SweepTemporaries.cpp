@@ -31,13 +31,14 @@ void ForEachName(int folder, const std::function<bool()>& goesOn, Take take) {
     take(item.d_name);
     return true;
   };
-  FolderBuffer().Read(folder, takeName, goesOn);
+  static_cast<void>(FolderBuffer().Read(folder, takeName, goesOn));
 }
 
 void Delete(int folder, const std::string& name, QuietUser& user) {
   // Should somebody be writing it after all, he finds it gone, and takes nothing for copied.
   TemporaryName taken;
-  if (taken.Renew() != 0 || RenameNew(folder, name.c_str(), folder, taken.Text()) != 0) return;
+  if (taken.Renew() != NoError || RenameNew(folder, name.c_str(), folder, taken.Text()) != NoError)
+    return;
   OperationContext context(user, FileFunction::Delete, Silent | NoErrorWindows);
   TreeDeletion(context).Delete(folder, taken.Text(), std::string("/") + taken.Text());
 }
@@ -49,7 +50,10 @@ void Empty(int folder, const std::string& hold, const std::function<bool()>& goe
   if (!opened) return;
   std::vector<std::string> names;
   ForEachName(opened.Get(), goesOn, [&](const char* name) { names.emplace_back(name); });
-  for (const std::string& name : names) PutBack(opened.Get(), name.c_str(), folder);
+  for (const std::string& name : names) {
+    static_cast<void>(
+        PutBack(opened.Get(), name.c_str(), folder));  // or it stays, and the hold too
+  }
   unlinkat(folder, hold.c_str(), AT_REMOVEDIR);
 }
 
@@ -61,7 +65,7 @@ TemporaryState StateOfTemporary(int folder, const char* name) {
   if (!owner) owner = TemporaryOwner::FromName(name, TemporaryOwner::HoldEnding);
   if (!owner) return TemporaryState::None;
   struct statx found;
-  const bool isLeft = LookAt(folder, name, found) == 0 && found.stx_uid == geteuid() &&
+  const bool isLeft = LookAt(folder, name, found) == NoError && found.stx_uid == geteuid() &&
                       owner->IsGone(found.stx_ctime.tv_sec);
   return isLeft ? TemporaryState::Left : TemporaryState::Living;
 }

@@ -32,15 +32,15 @@ ConflictSide SideOf(std::string path, const struct statx& item) {
 ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
   for (;;) {
     struct statx there;
-    int error = LookAt(targets_.Get(), item.Target.c_str(), there);
+    ErrorNumber error = LookAt(targets_.Get(), item.Target.c_str(), there);
     if (error == ENOENT) return Way::Free;
-    if (error != 0) {
+    if (error != NoError) {
       if (context_.Retries(OperationStep::Find, ToPath(item.Target), error)) continue;
       return Way::Leave;
     }
     struct statx source;
     error = LookAt(walk_.Folder(), item.Name.c_str(), source);
-    if (error != 0) {
+    if (error != NoError) {
       if (context_.Retries(OperationStep::Find, FromPath(item.Name), error)) continue;
       return Way::Leave;
     }
@@ -79,7 +79,7 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
     if (!makesTwin) return way;
     std::string twin = item.Target;
     error = FindFreeTwin(targets_.Get(), twin, S_ISDIR(source.stx_mode));
-    if (error == 0) {
+    if (error == NoError) {
       item.Target = twin;
       return way;
     }
@@ -93,9 +93,9 @@ bool ItemTransfer::IsOneFolder() const {
   if (!moves_ || walk_.Here().CanRename) return false;
   // A folder: volumes in user space keep a file for a while that goes while it is open.
   TemporaryName probe;
-  if (probe.Renew() != 0 || mkdirat(targets_.Get(), probe.Text(), 0700) != 0) return false;
+  if (probe.Renew() != NoError || mkdirat(targets_.Get(), probe.Text(), 0700) != 0) return false;
   struct statx found;
-  const bool isThere = LookAt(walk_.Folder(), probe.Text(), found) == 0;
+  const bool isThere = LookAt(walk_.Folder(), probe.Text(), found) == NoError;
   unlinkat(targets_.Get(), probe.Text(), AT_REMOVEDIR);
   return isThere;
 }
@@ -128,17 +128,17 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
   return Way::Leave;
 }
 
-int ItemTransfer::FindFreeTwin(int folder, std::string& name, bool isFolder) {
+ErrorNumber ItemTransfer::FindFreeTwin(int folder, std::string& name, bool isFolder) {
   const std::string first = name;
   const TwinParts parts = SplitTwinName(first, isFolder);
   unsigned number = parts.Number;
   struct statx found;
-  int error = 0;
-  while (error == 0) {
+  ErrorNumber error;
+  while (error == NoError) {
     name = MakeTwinName(parts, ++number);
     error = LookAt(folder, name.c_str(), found);
   }
-  return error == ENOENT ? 0 : error;
+  return error == ENOENT ? NoError : error;
 }
 
 }  // namespace tarnwell::platform

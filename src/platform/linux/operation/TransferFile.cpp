@@ -26,8 +26,8 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
   constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
   const Descriptor from(openat(walk_.Folder(), item.Name.c_str(), flags));
   struct statx source;
-  const int error = from ? LookAt(from.Get(), "", source) : errno;
-  if (error != 0) return {OperationStep::Read, error};
+  const ErrorNumber error = from ? LookAt(from.Get(), "", source) : errno;
+  if (error != NoError) return {OperationStep::Read, error};
   if (!S_ISREG(source.stx_mode)) return {OperationStep::Read, EINVAL, "Not a regular file"};
 
   // Its other names must find it, and what takes long must not lie hidden.
@@ -39,20 +39,21 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
   if (isLinked) {
     const int base = target_.Folder.Get();
     const bool replaces = item.Decided == Way::Replace;
-    const int linked = links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
-    if (linked == 0) return FinishItem(item, source);
+    const ErrorNumber linked =
+        links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
+    if (linked == NoError) return FinishItem(item, source);
     if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
   }
   const std::uint64_t bytesBefore = context_.BytesDone();
   const Failure failure = CopyContentOf(item, from.Get(), source);
-  if (failure.Error == 0) return FinishItem(item, source);
+  if (failure.Error == NoError) return FinishItem(item, source);
   context_.SetBytesDone(bytesBefore);
   return failure;
 }
 
 ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
                                                   const struct statx& source) {
-  const auto written = [](int error) {
+  const auto written = [](ErrorNumber error) {
     return Failure{OperationStep::Write, error, nullptr, true};
   };
   const char* const name = item.Target.c_str();
@@ -60,23 +61,23 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   const bool isSmall = source.stx_size <= smallSize;
   const bool isHidden = isSmall && !replaces && !walk_.Here().Temporary.empty();
   PendingFile pending(targets_.Get());
-  int error = isHidden ? pending.CreateAs(name, FirstMode(source))
-                       : pending.Create(FirstMode(source), replaces && isSmall);
+  ErrorNumber error = isHidden ? pending.CreateAs(name, FirstMode(source))
+                               : pending.Create(FirstMode(source), replaces && isSmall);
   struct statx copy;
-  if (error == 0) error = LookAt(pending.Get(), "", copy);
-  if (error != 0) return written(error);
+  if (error == NoError) error = LookAt(pending.Get(), "", copy);
+  if (error != NoError) return written(error);
 
   error = content_.Copy(from, source, pending.Get(), copy, [&](std::uint64_t bytes) {
     context_.AddBytes(bytes);
     ReportIfDue(item);
     return context_.GoesOn();
   });
-  if (error != 0 && content_.IsReadError()) return {OperationStep::Read, error};
-  if (error != 0) return written(error);
+  if (error != NoError && content_.IsReadError()) return {OperationStep::Read, error};
+  if (error != NoError) return written(error);
 
   struct statx after;
   error = LookAt(from, "", after);
-  if (error != 0) return {OperationStep::Read, error};
+  if (error != NoError) return {OperationStep::Read, error};
   const bool isWhole = source.stx_size == 0 || content_.Length() == source.stx_size;
   const bool isChanged = !IsUnchanged(source, after);
   // Logs and recordings are never at rest. Their original stays, unless it is moved.
@@ -87,20 +88,20 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
     return {OperationStep::Read, EIO, "The file gives less than its size tells"};
   bool losesSome = false;
   error = CopyAttributes(from, source, pending.Get(), copy, walk_.Here().HandsDown, losesSome);
-  if (error == 0) error = flushed_.Take(pending.Get(), copy);
-  if (error != 0) return written(error);
+  if (error == NoError) error = flushed_.Take(pending.Get(), copy);
+  if (error != NoError) return written(error);
   if (losesSome && LeavesForLoss(FromPath(item.Name))) {
     return {.Step = OperationStep::Write, .Error = ENOTSUP, .IsSettled = true};
   }
   if (moves_) {
     error = LookAt(pending.Get(), "", copy);
-    if (error != 0) return written(error);
+    if (error != NoError) return written(error);
     if (copy.stx_size != content_.Length()) {
       return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
     }
   }
   error = pending.Place(name, replaces);
-  if (error != 0) return written(error);
+  if (error != NoError) return written(error);
   if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
@@ -124,7 +125,7 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
   const int to = targets_.Get();
   // Looked at first: what comes into its place later is another item than the one that was copied.
   struct statx source;
-  if (const int error = LookAt(from, item.Name.c_str(), source); error != 0) {
+  if (const ErrorNumber error = LookAt(from, item.Name.c_str(), source); error != NoError) {
     return {OperationStep::Read, error};
   }
   const Failure hasChanged{OperationStep::Read, EBUSY, "The link has changed while it was copied"};
@@ -136,17 +137,17 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
 
   const bool replaces = item.Decided == Way::Replace;
   TemporaryName temporary;
-  int error = replaces ? temporary.Renew() : 0;
+  ErrorNumber error = replaces ? temporary.Renew() : NoError;
   const char* const name = replaces ? temporary.Text() : item.Target.c_str();
-  if (error == 0 && symlinkat(text.data(), to, name) != 0) error = errno;
-  if (error == 0) {
+  if (error == NoError && symlinkat(text.data(), to, name) != 0) error = errno;
+  if (error == NoError) {
     CopyLinkAttributes(source, to, name);
     if (replaces && renameat(to, name, to, item.Target.c_str()) != 0) {
       error = errno;
       unlinkat(to, name, 0);
     }
   }
-  if (error != 0) return {OperationStep::Write, error, nullptr, true};
+  if (error != NoError) return {OperationStep::Write, error, nullptr, true};
   return FinishItem(item, source);
 }
 
@@ -154,9 +155,9 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
 ItemTransfer::Failure ItemTransfer::FinishItem(const Item& item, const struct statx& source) {
   if (moves_ && !walk_.Here().IsNew) {
     struct statx folder;
-    int error = LookAt(targets_.Get(), "", folder);
-    if (error == 0) error = flushed_.Take(targets_.Get(), folder);
-    if (error != 0) return {OperationStep::Flush, error, nullptr, true};
+    ErrorNumber error = LookAt(targets_.Get(), "", folder);
+    if (error == NoError) error = flushed_.Take(targets_.Get(), folder);
+    if (error != NoError) return {OperationStep::Flush, error, nullptr, true};
   }
   return Done(item, source);
 }

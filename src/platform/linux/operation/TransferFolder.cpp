@@ -23,13 +23,12 @@ constexpr unsigned char KindOf(char letter) {
   return static_cast<unsigned char>(letter - 'A');
 }
 
-// Gives an error number.
-int MakeTemporaryFolder(int folder, std::string& name, Descriptor& opened) {
+ErrorNumber MakeTemporaryFolder(int folder, std::string& name, Descriptor& opened) {
   TemporaryName temporary;
   for (int attempt = 0; attempt < TemporaryName::Attempts; ++attempt) {
-    int error = temporary.Renew();
-    if (error == 0) error = MakeOwnFolder(folder, temporary.Text(), opened);
-    if (error == 0) name = temporary.Text();
+    ErrorNumber error = temporary.Renew();
+    if (error == NoError) error = MakeOwnFolder(folder, temporary.Text(), opened);
+    if (error == NoError) name = temporary.Text();
     if (error != EEXIST) return error;
   }
   return EBUSY;
@@ -43,7 +42,7 @@ bool ItemTransfer::GoesIntoItself(const ItemIdentity& source) const {
   Descriptor at(openat(target_.Folder.Get(), ".", flags));
   ItemIdentity last;
   struct statx found;
-  while (at && LookAt(at.Get(), "", found) == 0 && IdentityOf(found) != last) {
+  while (at && LookAt(at.Get(), "", found) == NoError && IdentityOf(found) != last) {
     last = IdentityOf(found);
     if (last == source) return true;
     at = Descriptor(openat(at.Get(), "..", flags));
@@ -54,13 +53,13 @@ bool ItemTransfer::GoesIntoItself(const ItemIdentity& source) const {
 ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   Descriptor source(openat(walk_.Folder(), item.Name.c_str(), folderFlags));
   Level level;
-  int error = source ? LookAt(source.Get(), "", level.Source) : errno;
-  if (error != 0) return {OperationStep::Read, error};
+  ErrorNumber error = source ? LookAt(source.Get(), "", level.Source) : errno;
+  if (error != NoError) return {OperationStep::Read, error};
   // The look upwards misses a target that is mounted inside of the source a second time.
   const ItemIdentity self = IdentityOf(level.Source);
   struct statx base;
   error = LookAt(target_.Folder.Get(), "", base);
-  if (error != 0) return {OperationStep::Find, error, nullptr, true};
+  if (error != NoError) return {OperationStep::Find, error, nullptr, true};
   if (self == IdentityOf(base) || self == made_) {
     return {OperationStep::Place, EINVAL, "A folder cannot go into itself"};
   }
@@ -69,12 +68,12 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   NameList others;
   Descriptor target;
   Failure failure{OperationStep::Read, ReadNames(source.Get(), FromPath(item.Name), others)};
-  if (failure.Error == 0) failure = OpenTargetFolder(item, !others.IsEmpty(), level, target);
+  if (failure.Error == NoError) failure = OpenTargetFolder(item, !others.IsEmpty(), level, target);
   struct statx made;
-  if (failure.Error == 0) {
+  if (failure.Error == NoError) {
     failure = {OperationStep::MakeFolder, LookAt(target.Get(), "", made), nullptr, true};
   }
-  if (failure.Error != 0) {
+  if (failure.Error != NoError) {
     walk_.ForgetFrom(mark);
     return failure;
   }
@@ -103,7 +102,7 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   level.IsNew = item.Decided != Way::Merge;
   level.ReplacesFile = item.Decided == Way::Replace;
   const char* const name = item.Target.c_str();
-  int error = 0;
+  ErrorNumber error;
   if (!level.IsNew) {
     opened = Descriptor(openat(folder, name, folderFlags));
     if (!opened) error = errno;
@@ -112,7 +111,7 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   } else {
     error = MakeOwnFolder(folder, name, opened);
   }
-  if (error != 0) {
+  if (error != NoError) {
     const char* const reason = error == ESTALE ? "Another folder was put in its place" : nullptr;
     return {OperationStep::MakeFolder, error, reason, true};
   }
@@ -125,13 +124,12 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   return {};
 }
 
-// Gives an error number.
-int ItemTransfer::ReadNames(int folder, const std::string& path, NameList& others) {
+ErrorNumber ItemTransfer::ReadNames(int folder, const std::string& path, NameList& others) {
   const std::size_t mark = walk_.Mark();
   FolderNames names;
-  int error = ListNames(folder, names);
+  ErrorNumber error = ListNames(folder, names);
   // What a killed move held is back in its place then, and goes along.
-  if (error == 0 && moves_ && names.HasLeft) {
+  if (error == NoError && moves_ && names.HasLeft) {
     SweepTemporaries(folder, [this] { return context_.GoesOn(); });
     walk_.ForgetFrom(mark);
     names = {};
@@ -143,8 +141,8 @@ int ItemTransfer::ReadNames(int folder, const std::string& path, NameList& other
   return error;
 }
 
-// The folders go on the list. Gives an error number.
-int ItemTransfer::ListNames(int folder, FolderNames& names) {
+// The folders go on the list.
+ErrorNumber ItemTransfer::ListNames(int folder, FolderNames& names) {
   const auto take = [&](const dirent64& item) {
     const TemporaryState state = StateOfTemporary(folder, item.d_name);
     if (state == TemporaryState::Left) names.HasLeft = true;
@@ -154,7 +152,7 @@ int ItemTransfer::ListNames(int folder, FolderNames& names) {
     }
     unsigned char kind = item.d_type;
     struct statx found;
-    if (kind == DT_UNKNOWN && LookAt(folder, item.d_name, found) == 0) {
+    if (kind == DT_UNKNOWN && LookAt(folder, item.d_name, found) == NoError) {
       kind = static_cast<unsigned char>(IFTODT(found.stx_mode));
     }
     if (kind == DT_DIR) {
@@ -183,13 +181,13 @@ bool ItemTransfer::PutInPlace() {
   if (level.IsGivenUp) return false;
   const int above = targets_.Above();
   for (;;) {
-    int error = RenameNew(above, level.Temporary.c_str(), above, level.Target.c_str());
-    if (error == 0) {
+    ErrorNumber error = RenameNew(above, level.Temporary.c_str(), above, level.Target.c_str());
+    if (error == NoError) {
       level.Temporary.clear();
       return true;
     }
     std::string twin = level.Target;
-    if (error == EEXIST && (error = FindFreeTwin(above, twin, true)) == 0) {
+    if (error == EEXIST && (error = FindFreeTwin(above, twin, true)) == NoError) {
       level.Target = twin;
       to_ = to_.substr(0, walk_.At(walk_.Depth() - 2).ToLength) + "/" + level.Target;
       level.ToLength = to_.size();
@@ -215,16 +213,16 @@ void ItemTransfer::LeaveFolder() {
   Failure failure;
   do {
     failure = left.IsNew ? FinishItem(item, left.Source) : Done(item, left.Source);
-  } while (failure.Error != 0 && Retries(item, failure));
+  } while (failure.Error != NoError && Retries(item, failure));
 }
 
 // False if the folder was given up.
 bool ItemTransfer::FinishReplacing(const Level& left) {
   const char* const temporary = left.Temporary.c_str();
   while (left.ReplacesFile && context_.GoesOn()) {
-    const int error =
+    const ErrorNumber error =
         PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str(), to_, record_);
-    if (error == 0) return true;
+    if (error == NoError) return true;
     if (!context_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
   }
   ForgetCopied();
@@ -235,14 +233,14 @@ bool ItemTransfer::FinishReplacing(const Level& left) {
 bool ItemTransfer::FinishNewFolder(const Level& level) {
   for (;;) {
     struct statx copy;
-    int error = targets_.Get() < 0 || walk_.Folder() < 0 ? ESTALE : 0;
-    if (error == 0) error = LookAt(targets_.Get(), "", copy);
+    ErrorNumber error = targets_.Get() < 0 || walk_.Folder() < 0 ? ErrorNumber(ESTALE) : NoError;
+    if (error == NoError) error = LookAt(targets_.Get(), "", copy);
     bool losesSome = false;
-    if (error == 0) {
+    if (error == NoError) {
       error = CopyAttributes(walk_.Folder(), level.Source, targets_.Get(), copy, true, losesSome);
     }
-    if (error == 0) error = flushed_.Take(targets_.Get(), copy);
-    if (error == 0) return !losesSome || !LeavesForLoss(walk_.Path());
+    if (error == NoError) error = flushed_.Take(targets_.Get(), copy);
+    if (error == NoError) return !losesSome || !LeavesForLoss(walk_.Path());
     if (!context_.Retries(OperationStep::MakeFolder, to_, error)) return false;
   }
 }

@@ -37,19 +37,19 @@ base::Status ReasonOf(GioError& error) {
 }
 
 // GLib calls a trash that it cannot make one that there is none of. Tries to make a folder where
-// the trash would be, and gives the error number of what is wrong with the whole volume.
-int TroubleOfVolume(const std::string& path) {
+// the trash would be, and gives what is wrong with the whole volume.
+ErrorNumber TroubleOfVolume(const std::string& path) {
   const std::unique_ptr<GUnixMountEntry, decltype(&g_unix_mount_free)> mount(
       g_unix_mount_for(path.substr(0, path.rfind('/') + 1).c_str(), nullptr), g_unix_mount_free);
-  if (!mount || g_unix_mount_is_system_internal(mount.get()) != FALSE) return 0;
+  if (!mount || g_unix_mount_is_system_internal(mount.get()) != FALSE) return NoError;
   const Descriptor top = OpenPath(g_unix_mount_get_mount_path(mount.get()), O_RDONLY | O_DIRECTORY);
   TemporaryName probe;
-  if (!top || probe.Renew() != 0) return 0;
+  if (!top || probe.Renew() != NoError) return NoError;
   if (mkdirat(top.Get(), probe.Text(), 0700) == 0) {
     unlinkat(top.Get(), probe.Text(), AT_REMOVEDIR);
-    return 0;
+    return NoError;
   }
-  return errno == ENOSPC || errno == EDQUOT || errno == EROFS ? errno : 0;
+  return errno == ENOSPC || errno == EDQUOT || errno == EROFS ? errno : NoError;
 }
 
 }  // namespace
@@ -62,11 +62,11 @@ TrashOutcome TrashItem(const std::string& path, base::Status& status) {
   if (g_error_matches(*error.Place(), G_IO_ERROR, G_IO_ERROR_NOT_SUPPORTED) == 0) {
     return TrashOutcome::Failed;
   }
-  const int number = TroubleOfVolume(path);
-  if (number == 0) return TrashOutcome::NoTrash;
-  status = number == EROFS
-               ? SystemError(number)
-               : base::Status{number, "The drive is full, and its trash needs some room"};
+  const ErrorNumber trouble = TroubleOfVolume(path);
+  if (trouble == NoError) return TrashOutcome::NoTrash;
+  status = trouble == EROFS
+               ? SystemError(trouble)
+               : base::Status{trouble.Value(), "The drive is full, and its trash needs some room"};
   return TrashOutcome::Failed;
 }
 

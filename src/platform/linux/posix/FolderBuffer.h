@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <memory>
 
+#include "platform/linux/posix/ErrorNumber.h"
+
 namespace tarnwell::platform {
 
 // Takes larger helpings than the C library does, and copies nothing. May serve several folders one
@@ -14,26 +16,26 @@ namespace tarnwell::platform {
 class FolderBuffer {
  public:
   // Hands every item of the open folder but "." and ".." to `take`, until that gives false.
-  // `goesOn` is asked after each helping, and ends the reading as well. Gives an error number.
+  // `goesOn` is asked after each helping, and ends the reading as well.
   template <typename Take, typename GoesOn>
-  int Read(int folder, Take take, GoesOn goesOn) {
+  ErrorNumber Read(int folder, Take take, GoesOn goesOn) {
     for (;;) {
-      if (const int error = Fill(folder); error != 0) return error;
-      if (IsEmpty()) return 0;
+      if (const ErrorNumber error = Fill(folder); error != NoError) return error;
+      if (IsEmpty()) return NoError;
       while (const dirent64* const item = Next()) {
-        if (!take(*item)) return 0;
+        if (!take(*item)) return NoError;
       }
-      if (!goesOn()) return 0;
+      if (!goesOn()) return NoError;
     }
   }
   template <typename Take>
-  int Read(int folder, Take take) {
+  ErrorNumber Read(int folder, Take take) {
     return Read(folder, take, [] { return true; });
   }
 
  private:
   // Gets the next helping of items; none at the end.
-  int Fill(int folder) {
+  ErrorNumber Fill(int folder) {
     const ssize_t got = getdents64(folder, bytes_.get(), size);
     at_ = 0;
     end_ = got > 0 ? static_cast<std::size_t>(got) : 0;

@@ -26,7 +26,8 @@ void FolderChain::Leave() {
   if (links_.empty() || links_.back().Folder || !left.Folder) return;
   Descriptor above = OpenAbove(left.Folder.Get());
   struct statx found;
-  if (above && LookAt(above.Get(), "", found) == 0 && IdentityOf(found) == links_.back().Self) {
+  if (above && LookAt(above.Get(), "", found) == NoError &&
+      IdentityOf(found) == links_.back().Self) {
     links_.back().Folder = std::move(above);
   }
 }

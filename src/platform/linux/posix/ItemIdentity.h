@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "platform/CountedFiles.h"
+#include "platform/linux/posix/ErrorNumber.h"
 
 namespace tarnwell::platform {
 
@@ -34,11 +35,11 @@ inline FileIdentity FileIdentityOf(const struct statx& found) {
 }
 
 // Looks at an item without following or mounting anything; an empty name means the open item
-// itself. Gives an error number.
-inline int LookAt(int folder, const char* name, struct statx& found) {
+// itself.
+inline ErrorNumber LookAt(int folder, const char* name, struct statx& found) {
   constexpr int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_EMPTY_PATH;
   constexpr unsigned wanted = STATX_BASIC_STATS | STATX_BTIME | STATX_MNT_ID;
-  return statx(folder, name, flags, wanted, &found) == 0 ? 0 : errno;
+  return ErrorOf(statx(folder, name, flags, wanted, &found));
 }
 
 // Whether the content is still that of the earlier look, as far as size and time tell.

@@ -45,7 +45,7 @@ bool ForEachName(int folder, Take take) {
   const Descriptor fresh(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!fresh) return false;
   const auto takeName = [&](const dirent64& item) { return take(item.d_name); };
-  return FolderBuffer().Read(fresh.Get(), takeName) == 0;
+  return FolderBuffer().Read(fresh.Get(), takeName) == NoError;
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ bool IsSameButForCase(const std::string& one, const std::string& other) {
 std::string SpellingThere(int folder, const std::string& name) {
   const std::string other = InOtherCase(name);
   struct statx found;
-  if (other == name || LookAt(folder, other.c_str(), found) != 0) return name;
+  if (other == name || LookAt(folder, other.c_str(), found) != NoError) return name;
   std::string spelled;
   const std::string folded = Folded(name);
   ForEachName(folder, [&](const char* each) {

@@ -32,16 +32,16 @@ ReachedPath::ReachedPath(std::string_view path, int start) : start_(start) {
 
 Descriptor OpenPath(std::string_view path, int flags, int start) {
   Descriptor opened;
-  int error = 0;
+  ErrorNumber error;
   {
     const ReachedPath reached(path, start);
     error = reached.Error();
-    if (error == 0) {
+    if (error == NoError) {
       opened = Descriptor(openat(reached.Folder(), reached.Rest(), flags | O_CLOEXEC));
       error = errno;
     }
   }
-  if (!opened) errno = error;  // closing the pieces of the way must not hide it
+  if (!opened) errno = error.Value();  // closing the pieces of the way must not hide it
   return opened;
 }
 

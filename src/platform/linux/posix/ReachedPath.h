@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/ErrorNumber.h"
 
 namespace tarnwell::platform {
 
@@ -17,15 +18,15 @@ class ReachedPath {
   // A path that is not absolute starts at the open folder `start`, which must outlive this object.
   explicit ReachedPath(std::string_view path, int start = AT_FDCWD);
 
-  // Error number of what stood in the way; 0 if the path was reached.
-  int Error() const { return error_; }
+  // What stood in the way; NoError if the path was reached.
+  ErrorNumber Error() const { return error_; }
   // For an "at" call: the folder to start from, and what of the path is left.
   int Folder() const { return folder_ ? folder_.Get() : start_; }
   const char* Rest() const { return rest_.c_str(); }
 
  private:
   int start_;
-  int error_ = 0;
+  ErrorNumber error_;
   Descriptor folder_;
   std::string rest_;
 };

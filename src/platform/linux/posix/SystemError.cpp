@@ -7,7 +7,8 @@
 namespace tarnwell::platform {
 
 // The system's own words for these two leave the user alone with them.
-base::Status SystemError(int number) {
+base::Status SystemError(ErrorNumber error) {
+  const int number = error.Value();
   switch (number) {
     case 0:
       return {};

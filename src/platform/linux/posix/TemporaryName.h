@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/TemporaryOwner.h"
 
 namespace tarnwell::platform {
@@ -12,17 +13,17 @@ namespace tarnwell::platform {
 // SweepTemporaries.
 class TemporaryName {
  public:
-  // Makes up another name. Gives an error number.
-  int Renew() { return Renew(TemporaryOwner::Ending); }
+  // Makes up another name.
+  ErrorNumber Renew() { return Renew(TemporaryOwner::Ending); }
   // For a folder that holds whole items.
-  int RenewHold() { return Renew(TemporaryOwner::HoldEnding); }
+  ErrorNumber RenewHold() { return Renew(TemporaryOwner::HoldEnding); }
   const char* Text() const { return text_.data(); }
 
   // How many names to try before giving up.
   static constexpr int Attempts = 100;
 
  private:
-  int Renew(const char* ending);
+  ErrorNumber Renew(const char* ending);
 
   std::array<char, 128> text_{};
 };
