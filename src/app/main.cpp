@@ -1,6 +1,5 @@
 // Builds the adapters, hands them to the core, and runs.
 
-#include <QFile>
 #include <QIcon>
 #include <QStyleFactory>
 #include <cstdlib>
@@ -35,6 +34,7 @@
 #include "ui/services/QtMessagePump.h"
 #include "ui/services/QtNumberForms.h"
 #include "ui/services/QtPopupMenus.h"
+#include "ui/toolkit/FilePath.h"
 #include "ui/toolkit/IconSource.h"
 
 namespace {
@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
   ui::QtMessagePump pump;
   const ui::QtNumberForms forms;
   ui::QtFormHost host;
-  const ui::IconSource icons(QFile::decodeName(system.DataFolder().c_str()));
+  const ui::IconSource icons(ui::ToQtPath(system.DataFolder()));
   ui::QtDialogs dialogs(icons);
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);

@@ -54,6 +54,14 @@ const PathSyntax& PathSyntax::Windows() {
   return syntax;
 }
 
+const PathSyntax& PathSyntax::Native() {
+#ifdef _WIN32
+  return Windows();
+#else
+  return Posix();
+#endif
+}
+
 bool PathSyntax::IsName(std::string_view name) const {
   if (name.empty() || name == "." || name == "..") return false;
   if (name.find(Separator) != name.npos || name.find('\0') != name.npos) return false;

@@ -22,6 +22,7 @@ struct PathSyntax {
 
   static const PathSyntax& Posix();    // /a/b
   static const PathSyntax& Windows();  // C:\a\b and \\server\share
+  static const PathSyntax& Native();   // of the platform that this is compiled for
 
   // Whether an item may be called so, as far as the text alone can tell.
   bool IsName(std::string_view name) const;

@@ -5,6 +5,7 @@
 #include "TestApplication.h"
 #include "ui/services/QtFileClipboard.h"
 #include "ui/toolkit/FileUris.h"
+#include "ui/toolkit/PathUri.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -70,6 +71,13 @@ TEST(FileUris, AreReadFromOtherPrograms) {
   EXPECT_EQ(files.Foreign, 0);
   EXPECT_EQ(PathOfUri("file:///a/b%2f%2E./..x/c/.."), "/a/..x");
   EXPECT_EQ(PathOfUri("file:///a/.."), "/");
+  const base::PathSyntax& windows = base::PathSyntax::Windows();
+  for (const char* path : {"C:\\", "C:\\a b\\\xC3\xA4", "\\\\server\\share\\x"}) {
+    EXPECT_EQ(PathOfUri(UriOfPath(path, windows), windows), path);
+  }
+  EXPECT_EQ(UriOfPath("C:\\a b", windows), "file:///C:/a%20b");
+  EXPECT_EQ(UriOfPath("\\\\server\\x", windows), "file://server/x");
+  EXPECT_EQ(PathOfUri("file:///C:/a%5C..%5cb", windows) + PathOfUri("file:///a", windows), "C:\\b");
   for (const char* broken : {"", "cut", "cut\n", "paste\nfile:///one"}) {
     data.setData("x-special/gnome-copied-files", broken);
     EXPECT_EQ(FilesOf(data).Foreign, 6) << broken;

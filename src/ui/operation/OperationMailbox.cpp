@@ -1,12 +1,12 @@
 #include "ui/operation/OperationMailbox.h"
 
-#include <QFile>
 #include <QImageReader>
 #include <algorithm>
 #include <utility>
 
 #include "base/Text.h"
 #include "lister/rows/CellText.h"
+#include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -29,7 +29,7 @@ QImage ReadPicture(const platform::ConflictSide& side) {
       })) {
     return {};
   }
-  QImageReader reader(QFile::decodeName(side.Path.c_str()));
+  QImageReader reader(ToQtPath(side.Path));
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   const QSize size = reader.size();

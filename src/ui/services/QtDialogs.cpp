@@ -3,23 +3,18 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
-#include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
 
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::ui {
 namespace {
 
 constexpr int MessagePictureSize = 32;  // logical pixels
-
-// Names of files go through the toolkit's own coding, which is the way back as well.
-QString PathText(const std::string& path) {
-  return QFile::decodeName(path.c_str());
-}
 
 std::optional<std::string> AskFile(const platform::FileQuestion& question,
                                    QFileDialog::AcceptMode mode) {
@@ -30,10 +25,10 @@ std::optional<std::string> AskFile(const platform::FileQuestion& question,
   dialog.setNameFilter(QStringLiteral("%1 (%2)").arg(ToQString(question.FilterName),
                                                      ToQString(question.FilterPattern)));
   dialog.setDefaultSuffix(ToQString(question.DefaultSuffix));
-  if (!question.Folder.empty()) dialog.setDirectory(PathText(question.Folder));
-  if (!question.Name.empty()) dialog.selectFile(PathText(question.Name));
+  if (!question.Folder.empty()) dialog.setDirectory(ToQtPath(question.Folder));
+  if (!question.Name.empty()) dialog.selectFile(ToQtPath(question.Name));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  return FromQtPath(dialog.selectedFiles().constFirst());
 }
 
 // The text is shown as it is, also where a name in it looks like HTML. Gives the button; none where

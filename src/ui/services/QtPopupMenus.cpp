@@ -2,12 +2,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFile>
 #include <QMenuBar>
 #include <QScreen>
 #include <utility>
 
+#include "base/PathSyntax.h"
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -107,7 +108,7 @@ void QtPopupMenu::Add(QMenu& menu, const platform::ContextEntry& entry, QAction*
 
 QIcon QtPopupMenu::PictureOf(const std::string& name) const {
   if (name.empty()) return {};
-  if (name.starts_with('/')) return QIcon(QFile::decodeName(name.c_str()));
+  if (base::PathSyntax::Native().IsWhole(name)) return QIcon(ToQtPath(name));
   const QIcon own = menus_.icons_.Own(name);
   return own.isNull() ? QIcon::fromTheme(ToQString(name)) : own;
 }

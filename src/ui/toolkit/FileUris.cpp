@@ -1,10 +1,8 @@
 #include "ui/toolkit/FileUris.h"
 
-#include <QSysInfo>
-#include <algorithm>
-
 #include "base/ItemList.h"
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/PathUri.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -15,60 +13,13 @@ constexpr QLatin1String CopiedFiles("x-special/gnome-copied-files");
 constexpr QLatin1String CutMark("application/x-kde-cutselection");  // "1" for a cut
 constexpr QLatin1String PlainText("text/plain;charset=utf-8");
 
-constexpr QByteArrayView FileScheme("file:");
-
 QByteArray JoinUris(const base::ItemList& paths, const char* between) {
   QByteArray list;
   for (const std::string_view path : paths) {
-    const auto bytes = QByteArray::fromRawData(path.data(), static_cast<qsizetype>(path.size()));
     if (!list.isEmpty()) list += between;
-    list += "file://" + bytes.toPercentEncoding("/");
+    list += UriOfPath(path);
   }
   return list;
-}
-
-int HexDigit(char letter) {
-  if (letter >= '0' && letter <= '9') return letter - '0';
-  const char lower = static_cast<char>(letter | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
-// A per cent sign that begins no escape stands for itself.
-std::string Unescape(QByteArrayView text) {
-  std::string bytes;
-  for (qsizetype at = 0; at < text.size(); ++at) {
-    const bool fits = text[at] == '%' && at + 2 < text.size();
-    const int high = fits ? HexDigit(text[at + 1]) : -1;
-    const int low = fits ? HexDigit(text[at + 2]) : -1;
-    if (high < 0 || low < 0) {
-      bytes += text[at];
-    } else {
-      bytes += static_cast<char>(high * 16 + low);
-      at += 2;
-    }
-  }
-  return bytes;
-}
-
-bool IsThisComputer(QByteArrayView host) {
-  return host.isEmpty() || host.compare("localhost", Qt::CaseInsensitive) == 0 ||
-         host.compare(QSysInfo::machineHostName().toUtf8(), Qt::CaseInsensitive) == 0;
-}
-
-// Without "." and "..", which a list of files has no use for.
-std::string Resolved(std::string_view path) {
-  std::string plain;
-  while (!path.empty()) {
-    const std::size_t end = std::min(path.find('/'), path.size());
-    const std::string_view part = path.substr(0, end);
-    path.remove_prefix(std::min(end + 1, path.size()));
-    if (part == "..") {
-      plain.resize(plain.empty() ? 0 : plain.rfind('/'));
-    } else if (!part.empty() && part != ".") {
-      (plain += '/') += part;
-    }
-  }
-  return plain.empty() ? "/" : plain;
 }
 
 // Adds what the lines name; false if there are no addresses among them.
@@ -128,23 +79,6 @@ platform::ClipboardFiles FilesOf(const QMimeData& data) {
   files.IsCut = data.hasFormat(CutMark) && data.data(CutMark).startsWith('1');
   if (data.hasFormat(UriList)) TakeUris(data.data(UriList), files);
   return files;
-}
-
-std::string PathOfUri(QByteArrayView uri) {
-  if (uri.first(std::min(uri.size(), FileScheme.size())).compare(FileScheme, Qt::CaseInsensitive) !=
-      0) {
-    return {};
-  }
-  QByteArrayView rest = uri.sliced(FileScheme.size());
-  if (rest.startsWith("//")) {
-    rest = rest.sliced(2);
-    const qsizetype slash = rest.indexOf('/');
-    if (slash < 0 || !IsThisComputer(rest.first(slash))) return {};
-    rest = rest.sliced(slash);
-  }
-  const std::string path = Unescape(rest);
-  if (!path.starts_with('/') || path.find('\0') != std::string::npos) return {};
-  return Resolved(path);
 }
 
 }  // namespace tarnwell::ui

@@ -1,10 +1,6 @@
 // Files as other programs hand them over, by the clipboard or by a drag: lists of addresses.
-//
-// Every byte of a path that is no plain letter goes in percent form, so that names that are no
-// UTF-8 come through whole.
 #pragma once
 
-#include <QByteArray>
 #include <QMimeData>
 #include <memory>
 #include <string>
@@ -23,8 +19,5 @@ std::unique_ptr<QMimeData> ClipboardDataOf(const platform::ClipboardFiles& files
 bool HasFiles(const QMimeData& data);
 // The files of a drag or of the clipboard.
 platform::ClipboardFiles FilesOf(const QMimeData& data);
-
-// The path that a file's address names; empty for anything else, and for files of other computers.
-std::string PathOfUri(QByteArrayView uri);
 
 }  // namespace tarnwell::ui

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QMimeType>
 
+#include "base/PathSyntax.h"
+#include "lister/rows/CellText.h"
 #include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
@@ -30,11 +32,11 @@ constexpr OwnType OwnTypes[] = {
 // Names can be made up without end; no more are worth remembering.
 constexpr qsizetype MostExtensions = 2000;
 
-QByteArray ExtensionOf(std::string_view path) {
-  const std::string_view name = path.substr(path.rfind('/') + 1);
-  const std::size_t dot = name.rfind('.');
-  if (dot == std::string_view::npos || dot == 0) return {};
-  return QByteArray(name.data() + dot + 1, static_cast<qsizetype>(name.size() - dot - 1)).toLower();
+// In small letters.
+QByteArray TypeOf(std::string_view path) {
+  const std::string_view extension =
+      lister::ExtensionOf(base::PathSyntax::Native().LastComponent(path));
+  return QByteArray(extension.data(), static_cast<qsizetype>(extension.size())).toLower();
 }
 
 }  // namespace
@@ -57,7 +59,7 @@ IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {
 }
 
 QIcon IconSource::File(std::string_view path) const {
-  const QByteArray extension = ExtensionOf(path);
+  const QByteArray extension = TypeOf(path);
   if (extension.isEmpty()) return file_;
   const auto known = byExtension_.constFind(extension);
   if (known != byExtension_.constEnd()) return *known;
