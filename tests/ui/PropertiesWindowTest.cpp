@@ -192,7 +192,7 @@ TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
   EXPECT_EQ(Inspector.Asked, "/a/file +0-40* /a/other +0-40* /a/gone +0-40* /a/sub +0-40* ");
   ASSERT_EQ(Open().size(), 1U);
   bool told = false;
-  for (const FactText* const text : many.findChildren<FactText*>()) {
+  for (const ReadOnlyText* const text : many.findChildren<ReadOnlyText*>()) {
     told = told || text->toPlainText() == "/a/other: Not permitted";
   }
   EXPECT_TRUE(told);

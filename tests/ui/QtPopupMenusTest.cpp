@@ -9,7 +9,7 @@
 
 #include "TestApplication.h"
 #include "ui/services/QtPopupMenus.h"
-#include "ui/toolkit/Shades.h"
+#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 namespace {

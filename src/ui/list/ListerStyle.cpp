@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "ui/toolkit/Convert.h"
-#include "ui/toolkit/Shades.h"
+#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 

@@ -4,8 +4,8 @@
 #include <QSignalBlocker>
 #include <utility>
 
-#include "ui/toolkit/Place.h"
-#include "ui/toolkit/Shades.h"
+#include "ui/toolkit/ControlGeometry.h"
+#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 namespace {

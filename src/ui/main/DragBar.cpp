@@ -1,7 +1,7 @@
 #include "ui/main/DragBar.h"
 
+#include "ui/toolkit/ControlGeometry.h"
 #include "ui/toolkit/Convert.h"
-#include "ui/toolkit/Place.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -12,8 +12,8 @@
 
 #include "lister/list/ListInput.h"
 #include "ui/main/WindowKeys.h"
-#include "ui/toolkit/Place.h"
-#include "ui/toolkit/Shades.h"
+#include "ui/toolkit/ControlGeometry.h"
+#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 namespace {

@@ -5,9 +5,9 @@
 #include <QMouseEvent>
 #include <utility>
 
+#include "ui/toolkit/ControlGeometry.h"
 #include "ui/toolkit/Convert.h"
-#include "ui/toolkit/Place.h"
-#include "ui/toolkit/Shades.h"
+#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 namespace {

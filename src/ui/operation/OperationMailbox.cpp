@@ -68,7 +68,7 @@ bool OperationMailbox::IsCancelled() const {
   return cancelled_;
 }
 
-ProgressNote OperationMailbox::Progress() const {
+ProgressReport OperationMailbox::Progress() const {
   const Lock lock(mutex_);
   return progress_;
 }

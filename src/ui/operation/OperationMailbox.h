@@ -55,7 +55,7 @@ using OperationAnswer =
                  platform::LossAnswer, platform::MissingFolderChoice, RemarksSeen>;
 
 // The texts of `Numbers` are in `From` and `To` instead.
-struct ProgressNote {
+struct ProgressReport {
   platform::OperationProgress Numbers;
   std::string From;
   std::string To;
@@ -75,7 +75,7 @@ class OperationMailbox : public platform::OperationUser {
   // The same, and nothing is told at the end either: the program is to go on, or to end, at once.
   void Leave();
   bool IsCancelled() const;
-  ProgressNote Progress() const;
+  ProgressReport Progress() const;
   // The question that waits, once; nothing if it has been taken or there is none.
   std::optional<OperationQuestion> TakeQuestion();
   // To the question taken last; its alternative must be that of the question.
@@ -112,7 +112,7 @@ class OperationMailbox : public platform::OperationUser {
   bool paused_ = false;
   bool cancelled_ = false;
   bool leaving_ = false;
-  ProgressNote progress_;
+  ProgressReport progress_;
   std::optional<OperationQuestion> question_;
   std::optional<OperationAnswer> answer_;
 };

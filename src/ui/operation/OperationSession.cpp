@@ -109,9 +109,9 @@ void OperationSession::End() {
 // --- Progress
 
 void OperationSession::Tick() {
-  const ProgressNote note = mailbox_.Progress();
-  meter_.Note(Now(), note.Numbers.BytesDone, note.Numbers.ItemsDone);
-  if (progress_) progress_->Show(note, meter_);
+  const ProgressReport report = mailbox_.Progress();
+  meter_.Note(Now(), report.Numbers.BytesDone, report.Numbers.ItemsDone);
+  if (progress_) progress_->Show(report, meter_);
 }
 
 void OperationSession::ShowProgress() {

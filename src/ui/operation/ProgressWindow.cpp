@@ -112,21 +112,21 @@ ElidedLabel& ProgressWindow::AddPath(QGridLayout& grid, const QString& caption) 
   return *path;
 }
 
-void ProgressWindow::Show(const ProgressNote& note, const OperationMeter& meter) {
+void ProgressWindow::Show(const ProgressReport& report, const OperationMeter& meter) {
   if (cancelling_) return;
-  ShowNames(note);
-  ShowBar(note.Numbers);
-  if (!paused_ && shown_++ % CallsPerSpeed == 0) ShowSpeed(note.Numbers, meter);
+  ShowNames(report);
+  ShowBar(report.Numbers);
+  if (!paused_ && shown_++ % CallsPerSpeed == 0) ShowSpeed(report.Numbers, meter);
 }
 
-void ProgressWindow::ShowNames(const ProgressNote& note) {
+void ProgressWindow::ShowNames(const ProgressReport& report) {
   if (name_ == nullptr) return;
   const auto show = [](ElidedLabel& label, const std::string& text) {
     label.ShowText(ToShownQString(text));
   };
-  show(*name_, lister::NameText(tools_.Syntax, note.From));
-  show(*from_, tools_.Syntax.ParentOf(note.From));
-  if (to_ != nullptr) show(*to_, tools_.Syntax.ParentOf(note.To));
+  show(*name_, lister::NameText(tools_.Syntax, report.From));
+  show(*from_, tools_.Syntax.ParentOf(report.From));
+  if (to_ != nullptr) show(*to_, tools_.Syntax.ParentOf(report.To));
 }
 
 void ProgressWindow::ShowBar(const platform::OperationProgress& progress) {

@@ -29,7 +29,7 @@ class ProgressWindow : public QDialog {
                  Actions actions);
 
   // To be called some times a second.
-  void Show(const ProgressNote& note, const OperationMeter& meter);
+  void Show(const ProgressReport& report, const OperationMeter& meter);
   // The operation has been cancelled and comes to its end.
   void ShowCancelling();
 
@@ -38,7 +38,7 @@ class ProgressWindow : public QDialog {
 
  private:
   ElidedLabel& AddPath(QGridLayout& grid, const QString& caption);
-  void ShowNames(const ProgressNote& note);
+  void ShowNames(const ProgressReport& report);
   void ShowBar(const platform::OperationProgress& progress);
   void ShowSpeed(const platform::OperationProgress& progress, const OperationMeter& meter);
   void TogglePause();

@@ -35,7 +35,7 @@ QString TypeText(const ItemFacts& facts, bool withName) {
 GeneralPage::GeneralPage(const std::vector<std::string>& paths, const OperationTools& tools)
     : paths_(paths),
       tools_(tools),
-      name_(new FactText(CaptionWidth + ValueWidth - ItemPictureSize, MostLines, this)),
+      name_(new ReadOnlyText(CaptionWidth + ValueWidth - ItemPictureSize, MostLines, this)),
       grid_(new QGridLayout) {
   picture_.setFixedSize(ItemPictureSize, ItemPictureSize);
   picture_.setAlignment(Qt::AlignCenter);
@@ -98,11 +98,11 @@ void GeneralPage::ShowFact(const char* caption, const QString& text) {
 void GeneralPage::ShowCopied(const char* caption, const QString& text) {
   QWidget*& value = values_[caption];
   if (value == nullptr) {
-    auto* const made = new FactText(ValueWidth, MostLines, this);
+    auto* const made = new ReadOnlyText(ValueWidth, MostLines, this);
     made->setAccessibleName(QLatin1String(caption));
     AddRow(caption, *made);
   }
-  static_cast<FactText*>(value)->ShowText(text);
+  static_cast<ReadOnlyText*>(value)->ShowText(text);
 }
 
 void GeneralPage::ShowDate(const char* caption, std::int64_t nanoseconds) {
@@ -110,21 +110,21 @@ void GeneralPage::ShowDate(const char* caption, std::int64_t nanoseconds) {
   if (!text.empty()) ShowFact(caption, ToQString(text));
 }
 
-void GeneralPage::Show(const FactsNote& note) {
-  const ItemsSummary& summary = note.Summary;
+void GeneralPage::Show(const FactsReport& report) {
+  const ItemsSummary& summary = report.Summary;
   const std::string folder = tools_.Syntax.ParentOf(paths_.front());
   const bool sameFolder = std::ranges::all_of(paths_, [&](const std::string& path) {
     return tools_.Syntax.Same(tools_.Syntax.ParentOf(path), folder);
   });
-  if (note.HasSummary) ShowPicture(summary);
-  ShowType(note);
+  if (report.HasSummary) ShowPicture(summary);
+  ShowType(report);
   ShowCopied("Location", sameFolder ? ToShownQString(folder) : QStringLiteral("various folders"));
-  if (!note.HasSummary) return;
+  if (!report.HasSummary) return;
   if (IsOne() && summary.First.IsLink) {
     ShowCopied("Leads to", ToShownQString(summary.First.LinkTarget));
   }
   if (summary.Count > 0) {
-    ShowSizes(note);
+    ShowSizes(report);
     if (IsOne()) {
       ShowDate("Modified", summary.First.Modified);
       ShowDate("Accessed", summary.First.Accessed);
@@ -154,32 +154,33 @@ void GeneralPage::ShowPicture(const ItemsSummary& summary) {
   picture_.setPixmap(icon.pixmap(QSize(ItemPictureSize, ItemPictureSize), devicePixelRatio()));
 }
 
-void GeneralPage::ShowType(const FactsNote& note) {
-  const ItemsSummary& summary = note.Summary;
+void GeneralPage::ShowType(const FactsReport& report) {
+  const ItemsSummary& summary = report.Summary;
   if (summary.Count == 0) {
-    const char* const text = note.HasSummary ? "unknown" : "reading...";
+    const char* const text = report.HasSummary ? "unknown" : "reading...";
     return ShowFact("Type", QString::fromLatin1(text));
   }
   ShowFact("Type", summary.SameType ? TypeText(summary.First, summary.SameTypeName)
                                     : QString::fromLatin1(Various));
 }
 
-void GeneralPage::ShowSizes(const FactsNote& note) {
-  const ItemsSummary& summary = note.Summary;
+void GeneralPage::ShowSizes(const FactsReport& report) {
+  const ItemsSummary& summary = report.Summary;
   const ItemFacts& first = summary.First;
   if (IsOne() && (first.IsLink || first.Kind == ItemKind::Other)) return;
   const bool counts = summary.Folders > 0 || !IsOne();
-  const std::uint64_t size = counts ? note.Total.Bytes : first.Size;
-  const std::uint64_t onDisk = counts ? note.Total.OnDisk : first.SizeOnDisk;
+  const std::uint64_t size = counts ? report.Total.Bytes : first.Size;
+  const std::uint64_t onDisk = counts ? report.Total.OnDisk : first.SizeOnDisk;
   ShowFact("Size", ToQString(lister::SizeText(tools_.Forms, size)));
   ShowFact("Size on disk", ToQString(lister::SizeText(tools_.Forms, onDisk)));
   if (counts) {
-    QString text = ToQString(lister::CountText(tools_.Forms, note.Total.Files, "file") + ", " +
-                             lister::CountText(tools_.Forms, note.Total.Folders, "folder"));
-    if (!note.IsCounted) text += QStringLiteral(", counting...");
-    if (note.Total.Unreadable > 0) {
-      text += QStringLiteral("\n%1 could not be read: %2")
-                  .arg(NumberedItems(note.Total.Unreadable), ToQString(note.Total.Trouble.Reason));
+    QString text = ToQString(lister::CountText(tools_.Forms, report.Total.Files, "file") + ", " +
+                             lister::CountText(tools_.Forms, report.Total.Folders, "folder"));
+    if (!report.IsCounted) text += QStringLiteral(", counting...");
+    if (report.Total.Unreadable > 0) {
+      text +=
+          QStringLiteral("\n%1 could not be read: %2")
+              .arg(NumberedItems(report.Total.Unreadable), ToQString(report.Total.Trouble.Reason));
     }
     ShowFact("Contents", text);
   } else if (first.HardLinks > 1) {

@@ -10,7 +10,7 @@
 
 #include "ui/operation/OperationTools.h"
 #include "ui/properties/PropertiesWork.h"
-#include "ui/toolkit/FactText.h"
+#include "ui/toolkit/ReadOnlyText.h"
 
 namespace tarnwell::ui {
 
@@ -20,7 +20,7 @@ class GeneralPage : public QWidget {
   GeneralPage(const std::vector<std::string>& paths, const OperationTools& tools);
 
   // To be called again while the count goes on.
-  void Show(const FactsNote& note);
+  void Show(const FactsReport& report);
 
  private:
   QString NumberedItems(std::uint64_t count) const;
@@ -30,15 +30,15 @@ class GeneralPage : public QWidget {
   void ShowDate(const char* caption, std::int64_t nanoseconds);
   void AddRow(const char* caption, QWidget& value);
   void ShowPicture(const ItemsSummary& summary);
-  void ShowType(const FactsNote& note);
-  void ShowSizes(const FactsNote& note);
+  void ShowType(const FactsReport& report);
+  void ShowSizes(const FactsReport& report);
   void ShowOwner(const ItemsSummary& summary);
   void ShowVolume(const ItemsSummary& summary);
 
   const std::vector<std::string>& paths_;
   const OperationTools tools_;
   QLabel picture_;
-  FactText* name_;
+  ReadOnlyText* name_;
   QGridLayout* grid_;
   std::map<QByteArray, QWidget*> values_;  // by caption
 };

@@ -60,7 +60,7 @@ PermissionsPage::PermissionsPage(const platform::NumberForms& forms, std::functi
     : forms_(forms),
       touched_(std::move(touched)),
       table_(new QGridLayout),
-      troubles_(new FactText(PageTextWidth, TroubleLines, this)) {
+      troubles_(new ReadOnlyText(PageTextWidth, TroubleLines, this)) {
   auto* const sheet = new QFrame(this);
   sheet->setFrameShape(QFrame::StyledPanel);
   sheet->setAutoFillBackground(true);

@@ -14,7 +14,7 @@
 #include "platform/ItemFacts.h"
 #include "platform/NumberForms.h"
 #include "ui/properties/PropertiesWork.h"
-#include "ui/toolkit/FactText.h"
+#include "ui/toolkit/ReadOnlyText.h"
 
 namespace tarnwell::ui {
 
@@ -58,7 +58,7 @@ class PermissionsPage : public QWidget {
   QLabel hint_;
   QLabel reason_;
   QLabel troubleHead_;
-  FactText* troubles_;
+  ReadOnlyText* troubles_;
   bool mayChange_ = false;
 };
 

@@ -71,9 +71,9 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
 
   tick_.setInterval(PageTickTime);
   connect(&tick_, &QTimer::timeout, this, [this] { Tick(); });
-  count_ =
-      std::make_unique<Worker<FactsNote>>(ReadFacts(tools_.Files, tools_.Inspector, paths_, true));
-  count_->WaitFor(FirstWait, [](const FactsNote& note) { return note.HasSummary; });
+  count_ = std::make_unique<Worker<FactsReport>>(
+      ReadFacts(tools_.Files, tools_.Inspector, paths_, true));
+  count_->WaitFor(FirstWait, [](const FactsReport& report) { return report.HasSummary; });
   Tick();
   EnableButtons();
 }
@@ -97,12 +97,12 @@ void PropertiesWindow::Tick() {
 void PropertiesWindow::FollowFacts() {
   if (count_) {
     const bool done = count_->IsDone();
-    const FactsNote note = count_->Read();
-    shown_.Total = note.Total;
-    shown_.IsCounted = note.IsCounted;
+    const FactsReport report = count_->Read();
+    shown_.Total = report.Total;
+    shown_.IsCounted = report.IsCounted;
     if (!shown_.HasSummary) {
-      shown_.HasSummary = note.HasSummary;
-      shown_.Summary = note.Summary;
+      shown_.HasSummary = report.HasSummary;
+      shown_.Summary = report.Summary;
     }
     if (done) count_.reset();
   }
@@ -153,9 +153,9 @@ void PropertiesWindow::FollowChange() {
     tabs_.setCurrentIndex(PermissionsTab);
   }
   if (closes_) return Leave();
-  facts_ =
-      std::make_unique<Worker<FactsNote>>(ReadFacts(tools_.Files, tools_.Inspector, paths_, false));
-  facts_->WaitFor(FirstWait, [](const FactsNote& note) { return note.HasSummary; });
+  facts_ = std::make_unique<Worker<FactsReport>>(
+      ReadFacts(tools_.Files, tools_.Inspector, paths_, false));
+  facts_->WaitFor(FirstWait, [](const FactsReport& report) { return report.HasSummary; });
 }
 
 void PropertiesWindow::accept() {

@@ -58,12 +58,12 @@ class PropertiesWindow : public QDialog {
   QPushButton cancel_;
   QPushButton apply_;
   QTimer tick_;
-  FactsNote shown_;
+  FactsReport shown_;
   bool hasPermissions_ = false;  // shows them as the facts have them
   bool closes_ = false;          // when the change that runs is done
   bool left_ = false;
-  std::unique_ptr<Worker<FactsNote>> count_;  // these three are null while nothing runs
-  std::unique_ptr<Worker<FactsNote>> facts_;  // read again after a change
+  std::unique_ptr<Worker<FactsReport>> count_;  // these three are null while nothing runs
+  std::unique_ptr<Worker<FactsReport>> facts_;  // read again after a change
   std::unique_ptr<Worker<platform::PermissionOutcome>> change_;
 };
 

@@ -58,12 +58,12 @@ void AddTo(ItemsSummary& summary, const ItemFacts& facts, CountedFiles& counted)
 
 FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspector& inspector,
                     const std::vector<std::string>& paths, bool counts) {
-  return [&files, &inspector, &paths, counts](Worker<FactsNote>::Talk& talk) {
+  return [&files, &inspector, &paths, counts](Worker<FactsReport>::Reporter& reporter) {
     ItemsSummary summary;
     CountedFiles counted;
     std::vector<std::string> folders;
     for (const std::string& path : paths) {
-      if (!talk.GoesOn()) return;
+      if (!reporter.GoesOn()) return;
       ItemFacts facts;
       if (const base::Status status = inspector.ReadFacts(path, facts); !status) {
         summary.Unread.push_back({path, status});
@@ -80,31 +80,31 @@ FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspe
       total.Files = summary.Files;
       total.Folders = summary.Folders;
     }
-    talk.Tell([&](FactsNote& note) {
-      note.Summary = std::move(summary);
-      note.Total = total;
-      note.HasSummary = true;
-      note.IsCounted = folders.empty();
+    reporter.Tell([&](FactsReport& report) {
+      report.Summary = std::move(summary);
+      report.Total = total;
+      report.HasSummary = true;
+      report.IsCounted = folders.empty();
     });
     if (!counts) return;
     for (const std::string& folder : folders) {
       FolderTotal own;
       own.Counted = &counted;
       const auto tell = [&](const FolderTotal& soFar) {
-        talk.Tell([&](FactsNote& note) { note.Total = Sum(total, soFar); });
-        return talk.GoesOn();
+        reporter.Tell([&](FactsReport& report) { report.Total = Sum(total, soFar); });
+        return reporter.GoesOn();
       };
       const base::Status status = files.MeasureFolder(folder, tell, own);
-      if (!talk.GoesOn()) return;
+      if (!reporter.GoesOn()) return;
       if (!status) {
         ++own.Unreadable;
         own.Trouble = status;
       }
       total = Sum(total, own);
     }
-    talk.Tell([&](FactsNote& note) {
-      note.Total = total;
-      note.IsCounted = true;
+    reporter.Tell([&](FactsReport& report) {
+      report.Total = total;
+      report.IsCounted = true;
     });
   };
 }
@@ -112,19 +112,19 @@ FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspe
 ChangeWork ChangePermissions(const platform::ItemInspector& inspector,
                              const std::vector<std::string>& paths,
                              const platform::PermissionChange& change, bool inside) {
-  return [&inspector, &paths, change, inside](Worker<PermissionOutcome>::Talk& talk) {
+  return [&inspector, &paths, change, inside](Worker<PermissionOutcome>::Reporter& reporter) {
     PermissionOutcome outcome;
     const auto tell = [&](const PermissionOutcome& soFar) {
-      talk.Tell([&](PermissionOutcome& note) { note.Items = soFar.Items; });
-      return talk.GoesOn();
+      reporter.Tell([&](PermissionOutcome& report) { report.Items = soFar.Items; });
+      return reporter.GoesOn();
     };
     for (const std::string& path : paths) {
-      if (!talk.GoesOn()) break;
+      if (!reporter.GoesOn()) break;
       ItemFacts facts;
       if (inspector.ReadFacts(path, facts) && !facts.WhyFixed.empty()) continue;
       inspector.SetPermissions(path, change, inside, tell, outcome);
     }
-    talk.Tell([&](PermissionOutcome& note) { note = std::move(outcome); });
+    reporter.Tell([&](PermissionOutcome& report) { report = std::move(outcome); });
   };
 }
 

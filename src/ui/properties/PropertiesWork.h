@@ -38,14 +38,14 @@ struct ItemsSummary {
 void AddTo(ItemsSummary& summary, const platform::ItemFacts& facts,
            platform::CountedFiles& counted);
 
-struct FactsNote {
+struct FactsReport {
   bool HasSummary = false;
   bool IsCounted = false;
   ItemsSummary Summary;
   // What the folders hold so far. Of several items the items themselves count as well.
   platform::FolderTotal Total;
 };
-using FactsWork = Worker<FactsNote>::Work;
+using FactsWork = Worker<FactsReport>::Work;
 
 // What the ports do comes from any thread; they and the paths must outlive the work.
 FactsWork ReadFacts(const platform::FileSystem& files, const platform::ItemInspector& inspector,

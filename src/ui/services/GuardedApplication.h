@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <exception>
 
-#include "ui/toolkit/KeyPlaces.h"
+#include "ui/toolkit/LatinKeys.h"
 
 namespace tarnwell::ui {
 
@@ -18,7 +18,7 @@ class GuardedApplication : public QApplication {
       const QEvent::Type type = event->type();
       if (type == QEvent::KeyPress || type == QEvent::KeyRelease ||
           type == QEvent::ShortcutOverride) {
-        if (const auto latin = LatinTwin(*static_cast<QKeyEvent*>(event))) {
+        if (const auto latin = LatinKeyEvent(*static_cast<QKeyEvent*>(event))) {
           const bool done = QApplication::notify(receiver, latin.get());
           event->setAccepted(latin->isAccepted());
           return done;

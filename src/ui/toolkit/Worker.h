@@ -1,4 +1,4 @@
-// Work on a thread of its own that keeps a note of how far it has come, for a window to read.
+// Work on a thread of its own that keeps a report of how far it has come, for a window to read.
 #pragma once
 
 #include <chrono>
@@ -13,35 +13,35 @@ namespace tarnwell::ui {
 
 // Begins at once. The end of this object cancels the work and waits for it; a window that must not
 // wait cancels first and ends it once it is done.
-template <typename Note>
+template <typename Report>
 class Worker {
  public:
-  // What the work has to speak through.
-  class Talk {
+  // Through which the work says how far it is, and hears whether to go on.
+  class Reporter {
    public:
     bool GoesOn() const { return !stop_.stop_requested(); }
     template <typename Change>
     void Tell(Change change) {
       {
         const std::lock_guard lock(worker_.mutex_);
-        change(worker_.note_);
+        change(worker_.report_);
       }
       worker_.told_.notify_all();
     }
 
    private:
     friend class Worker;
-    Talk(Worker& worker, std::stop_token stop) : worker_(worker), stop_(std::move(stop)) {}
+    Reporter(Worker& worker, std::stop_token stop) : worker_(worker), stop_(std::move(stop)) {}
 
     Worker& worker_;
     const std::stop_token stop_;
   };
-  using Work = std::function<void(Talk&)>;
+  using Work = std::function<void(Reporter&)>;
 
   explicit Worker(Work work)
       : thread_([this, run = std::move(work)](std::stop_token stop) {
-          Talk talk(*this, std::move(stop));
-          run(talk);
+          Reporter reporter(*this, std::move(stop));
+          run(reporter);
           {
             const std::lock_guard lock(mutex_);
             done_ = true;
@@ -54,21 +54,21 @@ class Worker {
     const std::lock_guard lock(mutex_);
     return done_;
   }
-  Note Read() const {
+  Report Read() const {
     const std::lock_guard lock(mutex_);
-    return note_;
+    return report_;
   }
-  // Waits until the note is as wished or the work is done, but no longer than that.
+  // Waits until the report is as wished or the work is done, but no longer than that.
   template <typename Wish>
   void WaitFor(std::chrono::milliseconds most, Wish wish) {
     std::unique_lock lock(mutex_);
-    told_.wait_for(lock, most, [&] { return done_ || wish(note_); });
+    told_.wait_for(lock, most, [&] { return done_ || wish(report_); });
   }
 
  private:
   mutable std::mutex mutex_;
   std::condition_variable told_;
-  Note note_;
+  Report report_;
   bool done_ = false;
   std::jthread thread_;  // the last, since it uses the others
 };

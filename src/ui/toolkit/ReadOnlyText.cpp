@@ -1,4 +1,4 @@
-#include "ui/toolkit/FactText.h"
+#include "ui/toolkit/ReadOnlyText.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -15,7 +15,7 @@ int LineHeight(const QFont& font) {
 
 }  // namespace
 
-FactText::FactText(int width, int mostLines, QWidget* parent)
+ReadOnlyText::ReadOnlyText(int width, int mostLines, QWidget* parent)
     : QPlainTextEdit(parent), mostLines_(mostLines) {
   setReadOnly(true);
   setFrameShape(QFrame::NoFrame);
@@ -29,13 +29,13 @@ FactText::FactText(int width, int mostLines, QWidget* parent)
   Fit();
 }
 
-void FactText::ShowText(const QString& text) {
+void ReadOnlyText::ShowText(const QString& text) {
   if (text == toPlainText()) return;
   setPlainText(text);
   Fit();
 }
 
-void FactText::Fit() {
+void ReadOnlyText::Fit() {
   QTextOption option = document()->defaultTextOption();
   option.setWrapMode(wordWrapMode());
   int lines = 0;
@@ -55,20 +55,20 @@ void FactText::Fit() {
   setFixedHeight(LineHeight(font()) * std::clamp(lines, 1, mostLines_) + 1);
 }
 
-void FactText::changeEvent(QEvent* event) {
+void ReadOnlyText::changeEvent(QEvent* event) {
   QPlainTextEdit::changeEvent(event);
   if (event->type() == QEvent::FontChange) Fit();
 }
 
 // Reached by key, the whole is ready to be copied.
-void FactText::focusInEvent(QFocusEvent* event) {
+void ReadOnlyText::focusInEvent(QFocusEvent* event) {
   QPlainTextEdit::focusInEvent(event);
   if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
     selectAll();
   }
 }
 
-void FactText::focusOutEvent(QFocusEvent* event) {
+void ReadOnlyText::focusOutEvent(QFocusEvent* event) {
   QPlainTextEdit::focusOutEvent(event);
   if (event->reason() == Qt::PopupFocusReason) return;  // the menu with Copy in it
   QTextCursor cursor = textCursor();

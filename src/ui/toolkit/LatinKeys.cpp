@@ -1,4 +1,4 @@
-#include "ui/toolkit/KeyPlaces.h"
+#include "ui/toolkit/LatinKeys.h"
 
 #include <QChar>
 
@@ -30,7 +30,7 @@ bool IsForeignLetter(int key) {
 
 }  // namespace
 
-std::unique_ptr<QKeyEvent> LatinTwin(const QKeyEvent& event) {
+std::unique_ptr<QKeyEvent> LatinKeyEvent(const QKeyEvent& event) {
   constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   if (!(event.modifiers() & commands) || !IsForeignLetter(event.key())) return nullptr;
   const int latin = LatinKeyAt(event.nativeScanCode());

@@ -6,10 +6,10 @@
 
 namespace tarnwell::ui {
 
-class FactText : public QPlainTextEdit {
+class ReadOnlyText : public QPlainTextEdit {
  public:
   // More lines than `mostLines` scroll.
-  FactText(int width, int mostLines, QWidget* parent);
+  ReadOnlyText(int width, int mostLines, QWidget* parent);
 
   // Shown as it stands.
   void ShowText(const QString& text);
