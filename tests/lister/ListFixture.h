@@ -94,8 +94,7 @@ struct EventRecord : ListerEvents {
 
 class ListFixture : public testing::Test {
  protected:
-  explicit ListFixture(ListId id, const base::PathSyntax& syntax = base::PathSyntax::Windows())
-      : Platform(syntax), List(id, Platform.Services(), Events), View(List) {}
+  explicit ListFixture(ListId id) : List(id, Platform.Services(), Events), View(List) {}
   ~ListFixture() override { View.Check(); }
 
   std::vector<std::string> Names(RowId parent = RootRow) const {

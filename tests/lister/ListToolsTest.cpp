@@ -1,7 +1,6 @@
 #include <random>
 
 #include "ListFixture.h"
-#include "lister/files/SelectedColours.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -229,32 +228,37 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
 }
 
 TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
+  for (const char* name : {"gone", "lost"}) Platform.Files.AddFile("C:\\box\\" + std::string(name));
+  List.SetProperty("ShowColor", true);
   Load();
-  ListState state(List.Id(), List, Platform.Services(), Events);
-  FileListState files(state);
-  files.Rows = FileRows("C:\\box");
-  for (const char* name : {"file", "gone", "lost", "one", "two"}) {
-    files.Rows.Add({.Name = name});
-    files.Rows.SetSelected(files.Rows.Count(), std::string(name) != "two");
+  for (const char* name : {"one", "file", "gone", "lost"}) {
+    List.MoveCurrent(Row(RootRow, name));
+    List.SpaceKey();
   }
-  const auto note = [&](const std::string& name) {
-    return Platform.Files.At("C:\\box\\" + name)
-        .ExtendedAttributes[platform::ExtendedAttribute::Colour];
+  for (const char* name : {"gone", "lost"}) Platform.Files.Remove("C:\\box\\" + std::string(name));
+  // The colours of one, two and file on disk, and of file in the list.
+  const auto colours = [&](const char* word) {
+    std::int32_t count = 0;
+    List.SetItemColor(word, count);
+    Texts all;
+    for (const char* name : {"one", "two", "file"}) {
+      all.push_back(Platform.Files.At("C:\\box\\" + std::string(name))
+                        .ExtendedAttributes[platform::ExtendedAttribute::Colour]);
+    }
+    EXPECT_EQ(List.StateOf(Row(RootRow, "file")).Colour, ColourOfWord(all.back()));
+    return all;
   };
-  KeepSelectedColours(files, ItemColour::DarkGreen);
-  EXPECT_EQ(note("file") + note("one") + note("two"), "dark greendark green");
-  EXPECT_EQ(files.Rows.Row(1).Colour, ItemColour::DarkGreen);
-  EXPECT_EQ(files.Rows.Row(2).Colour, ItemColour::Default);
+  Events.Take();
+  EXPECT_EQ(colours("dark green"), (Texts{"dark green", "", "dark green"}));
   EXPECT_EQ(Events.Take(), Texts{"StatusMessage Cannot keep the colour of gone: No such file or "
                                  "directory (and 1 more)"});
   Platform.Clock.TickStep = 60;
   PostAt(2, [&] { List.CancelRequested = true; });
-  KeepSelectedColours(files, ItemColour::Default);
-  EXPECT_EQ(note("file") + note("one"), "dark green");
+  EXPECT_EQ(colours("default"), (Texts{"", "", "dark green"}));
   EXPECT_FALSE(List.CancelRequested);
-  EXPECT_EQ(state.Status, "Colours stopped: 1 of 4 items done");
-  KeepSelectedColours(files, ItemColour::Default);
-  EXPECT_EQ(state.Status, "5 items (0 folders). 4 selected");
+  EXPECT_EQ(List.StatusText(), "Colours stopped: 1 of 4 items done");
+  EXPECT_EQ(colours("default"), (Texts{"", "", ""}));
+  EXPECT_EQ(List.StatusText(), "7 items (4 folders), 4 bytes. 4 selected");
 }
 
 // Against a slow one that says the rules once more.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <random>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,9 @@
 #include "lister/ListerControl.h"
 #include "lister/rows/CellText.h"
 #include "lister/rows/FileRows.h"
+#include "lister/rows/Headings.h"
+#include "lister/rows/NameFilter.h"
+#include "lister/rows/NameOrder.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -156,6 +160,111 @@ TEST_F(Rows, TakeNoRoomForNamesThatAreGone) {
   EXPECT_NE(rows.Name(stays).data(), before);
   EXPECT_EQ(rows.Name(stays), "stays");
   EXPECT_EQ(rows.StoreSize(), 2);
+}
+
+TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
+  // Each name stands before the next one.
+  const std::vector<std::string> names = {
+      "", "1", "2", "10", "10a", "a", "a 2", "A1", "a01", "a1b", "a2", "a10",
+      // Longer than any number, and than what is told of a number at a time.
+      "a99999999999999999999998", "a99999999999999999999999", "a" + std::string(249, '9'),
+      "a" + std::string(250, '1'), "a" + std::string(500, '1'), "a" + std::string(500, '2'),
+      // Letters beyond ASCII, then what is no UTF-8.
+      "B", "b.txt", "File9", "file10", "\xC3\xA4", "\xC3\xA4x", "\x80", "\xC3", "\xFF"};
+  auto sorted = names;
+  std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
+  const fakes::FakeCollation collation;
+  const NameOrder order(collation);
+  std::sort(sorted.begin(), sorted.end(),
+            [&](const auto& left, const auto& right) { return order.Before(left, right); });
+  EXPECT_EQ(sorted, names);
+  EXPECT_EQ(order.Compare("Read 007", "rEAD 7"), 0);
+  EXPECT_EQ(order.Compare("0", "000"), 0);
+}
+
+TEST(NameFilter, TakesByPatterns) {
+  using Names = std::vector<std::string>;
+  const std::string hard(255, 'a');
+  const struct {
+    std::string Text;
+    Names Taken, Left;
+  } cases[] = {
+      {"", {"any"}, {}},
+      {" ; ", {"any"}, {}},
+      {" PORT ", {"report.txt"}, {"rep.ort"}},
+      {"a b", {"xa by"}, {"ab"}},
+      {"*.txt", {"A.TXT"}, {"a.txt.gz"}},
+      {"r*t", {"report"}, {"report.txt2"}},
+      {"*a*b*", {"xaxbx"}, {"xbxax"}},
+      {"**", {""}, {}},
+      {"?", {"\xC3\xA4"}, {}},             // one letter of two bytes
+      {"??", {"\xFF\xC3"}, {"\xC3\xA4"}},  // bytes that are no UTF-8
+      {"*?\xC3\xA4", {"\xC3\xA4\xC3\xA4"}, {}},
+      {"?*", {}, {""}},
+      {"n#", {"n5"}, {"nx", "n55"}},
+      {"#*.jp?g", {"1.jpeg"}, {}},
+      {"a*ab", {"aaab"}, {}},
+      {"*.c; *.h ;readme", {"x.H", "old README 2"}, {"x.hh"}},
+      {"[a-z]", {}, {"b"}},
+      {"*a*a*a*a*a*a*a*a*a*a*a*b", {}, {hard}},
+      {"*a*a*a*a*a*a*a*a*a*a*a*", {hard}, {}},
+  };
+  for (const auto& one : cases) {
+    NameFilter filter;
+    filter.SetText(one.Text);
+    for (const bool taken : {true, false}) {
+      for (const std::string& name : taken ? one.Taken : one.Left) {
+        EXPECT_EQ(filter.Takes(name, false), taken) << one.Text << " " << name;
+      }
+    }
+  }
+}
+
+TEST(NameFilter, IgnoresCaseBeyondAscii) {
+  NameFilter filter;
+  filter.SetText("\xC3\x84R");  // an A with two dots
+  EXPECT_TRUE(filter.Takes("B\xC3\xA4r \xFF", false));
+  EXPECT_EQ(LowerCase("\xC3\x84\xFFX"), "\xC3\xA4\xFFx");
+}
+
+TEST(Headings, HoldValuesToWhatAListCanShow) {
+  Headings table(true);
+  table.SetProperty(2, "WIDTH", std::int32_t{-5});
+  EXPECT_EQ(std::get<std::int32_t>(table.Property(2, "width")), 300);
+  table.SetProperty(2, "WIDTH", std::int32_t{2147483647});
+  EXPECT_EQ(std::get<std::int32_t>(table.Property(2, "width")), 30000);
+  table.SetProperty(0, "active", false);
+  EXPECT_TRUE(table[HeadingId::Name].Active);
+  table.SetProperty(2, "active", std::string("False"));
+  EXPECT_FALSE(table.IsActive("Size"));
+  table.SetProperty(1, "key", std::string("sName"));
+  EXPECT_EQ(table[HeadingId::Extension].Key, "sExtension");
+  table.SetProperty(1, "Caption", std::string("Ext"));
+  EXPECT_EQ(std::get<std::string>(table.Property(1, "Caption")), "Ext");
+
+  EXPECT_THROW(table.SetProperty(2, "Width", std::string("wide")), base::ConversionError);
+  EXPECT_THROW(table.SetProperty(2, "Colour", std::int32_t{1}), std::out_of_range);
+  EXPECT_THROW(table.SetProperty(HeadingCount, "Width", std::int32_t{1}), std::out_of_range);
+  EXPECT_THROW(table.Property(-1, "Width"), std::out_of_range);
+}
+
+TEST(Headings, EveryPlaceHasOneHeading) {
+  Headings table(true);
+  table.SetProperty(0, "Index", std::int32_t{2});
+  EXPECT_EQ(table[HeadingId::Size].Index, 0);
+  EXPECT_EQ(table.Order()[2], HeadingId::Name);
+  table.SetProperty(0, "Index", std::int32_t{11});
+  table.SetProperty(0, "Index", std::int32_t{-1});
+  EXPECT_EQ(table[HeadingId::Name].Index, 2);
+
+  // A whole order comes back heading by heading, as settings hand it in.
+  for (int number = 0; number < HeadingCount; ++number) {
+    table.SetProperty(number, "Index", std::int32_t{HeadingCount - 1 - number});
+  }
+  for (int place = 0; place < HeadingCount; ++place) {
+    EXPECT_EQ(static_cast<int>(table.Order()[static_cast<std::size_t>(place)]),
+              HeadingCount - 1 - place);
+  }
 }
 
 }  // namespace

@@ -12,8 +12,7 @@ namespace {
 
 class Selection : public ListFixture {
  protected:
-  explicit Selection(ListId id = 102, const base::PathSyntax& syntax = base::PathSyntax::Windows())
-      : ListFixture(id, syntax) {
+  explicit Selection(ListId id = 102) : ListFixture(id) {
     Events.Answers = &List;
     View.Page = 4;
   }
@@ -384,11 +383,9 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
 
 class FolderSelection : public Selection {
  protected:
-  explicit FolderSelection(const base::PathSyntax& syntax = base::PathSyntax::Windows())
-      : Selection(2, syntax) {}
-  void LoadTree(const std::string& root) {
-    for (const char* path : {"a", "box", "d"}) Platform.Files.AddFolder(root + path);
-    Platform.Files.AddFolder(Platform.Files.Syntax().Join(root + "box", "Beta"));
+  FolderSelection() : Selection(2) {
+    for (const char* path : {"a", "box\\Beta", "d"})
+      Platform.Files.AddFolder("C:\\" + std::string(path));
     LoadDrive();
     Events.Take();
   }
@@ -396,7 +393,6 @@ class FolderSelection : public Selection {
 };
 
 TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
-  LoadTree("C:\\");
   const auto press = [&](int key, int shift = 0) {
     EXPECT_TRUE(List.KeyDown(key, shift));
     return Current() + " ";
@@ -470,20 +466,6 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 1", "DriveSelected 2"}));
 }
 
-class PosixFolderSelection : public FolderSelection {
- protected:
-  PosixFolderSelection() : FolderSelection(base::PathSyntax::Posix()) {}
-};
-
-TEST_F(PosixFolderSelection, NamesTargetsByTheOtherSyntax) {
-  LoadTree("/");
-  EXPECT_EQ(List.FirstSelected(), "/:");
-  List.MouseDown(On(Find("box"), 2));
-  EXPECT_EQ(Clicked() + List.TargetFolder(), "2 /+box/box/");
-  List.MouseDown(On(FolderTree::TopRow, 2));
-  EXPECT_EQ(Clicked() + List.TargetFolder(), "1 /+/");
-}
-
 TEST(DropRules, RefuseWhatWouldLoseOrChangeNothing) {
   const base::PathSyntax& windows = base::PathSyntax::Windows();
   const std::string items("C:\\a\\Sub\0C:\\a\\x\0", 16);
@@ -498,8 +480,9 @@ TEST(DropRules, RefuseWhatWouldLoseOrChangeNothing) {
                            {"C:\\a\\Sub2", 1, 1},
                            {"C:\\", 1, 1},
                            {"", 0, 0}}) {
-    EXPECT_EQ(MayDrop(items, each.Folder, "", windows), each.Asks) << each.Folder;
-    EXPECT_EQ(MayDrop(items, each.Folder, "move", windows), each.Asks) << each.Folder;
+    for (const char* action : {"", "move"}) {
+      EXPECT_EQ(MayDrop(items, each.Folder, action, windows), each.Asks) << each.Folder;
+    }
     EXPECT_EQ(MayDrop(items, each.Folder, "copy", windows), each.Copies) << each.Folder;
   }
   EXPECT_TRUE(MayDrop(items + "C:\\b\\y" + '\0', "C:\\b", "", windows));  // not all are there

@@ -1,24 +1,68 @@
 // File operations where system calls fail, each in a child process whose calls are refused by the
-// kernel itself.
+// kernel itself, and where others get in their way.
+#include <fcntl.h>
 #include <linux/filter.h>
 #include <linux/fs.h>
 #include <linux/seccomp.h>
+#include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
+#include <functional>
+#include <future>
+#include <thread>
 #include <utility>
+#include <vector>
 
 #include "OperationFixture.h"
+#include "platform/linux/operation/HoldFolder.h"
 #include "platform/linux/posix/SystemError.h"
 #include "platform/linux/posix/TemporaryName.h"
 #include "platform/linux/system/LinuxTermination.h"
 
 namespace tarnwell::platform {
 namespace {
+
+// Does the work on a thread of its own, where the kernel holds each of these system calls up until
+// `meddle` has been told the second argument, for calls of the "at" family the name. False where
+// the kernel does not do that.
+bool RunMeddled(const std::vector<unsigned>& calls,
+                const std::function<void(const char* name)>& meddle,
+                const std::function<void()>& work) {
+  std::promise<int> made;
+  std::thread worker([&] {
+    std::vector<sock_filter> steps{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+    for (const unsigned call : calls) {
+      steps.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 1));
+      steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_USER_NOTIF));
+    }
+    steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+    const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
+    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    const int heard = static_cast<int>(
+        syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &program));
+    made.set_value(heard);
+    if (heard >= 0) work();
+  });
+  const int heard = made.get_future().get();
+  pollfd wait{heard, POLLIN, 0};
+  while (heard >= 0 && poll(&wait, 1, -1) == 1 && (wait.revents & POLLIN) != 0) {
+    seccomp_notif call{};
+    if (ioctl(heard, SECCOMP_IOCTL_NOTIF_RECV, &call) != 0) continue;
+    meddle(reinterpret_cast<const char*>(call.data.args[1]));
+    seccomp_notif_resp goOn{call.id, 0, 0, SECCOMP_USER_NOTIF_FLAG_CONTINUE};
+    ioctl(heard, SECCOMP_IOCTL_NOTIF_SEND, &goOn);
+  }
+  worker.join();
+  close(heard);
+  return heard >= 0;
+}
 
 namespace fs = std::filesystem;
 
@@ -276,6 +320,105 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
   }
   std::ranges::sort(kept);
   EXPECT_EQ(kept, "bcmn");
+}
+
+const std::vector<unsigned> pathCalls{SYS_statx, SYS_openat, SYS_readlinkat, SYS_renameat2,
+                                      SYS_unlinkat};
+
+TEST(OperationRaces, AMoveDeletesNothingThatTookThePlaceOfWhatItCopied) {
+  for (const bool isLink : {true, false}) {
+    bool swapped = true;
+    for (int at = 1; swapped; ++at) {
+      const TempFolder here;
+      const TempFolder there(otherVolume);
+      isLink ? fs::create_symlink("nowhere", here / "item") : Put(here / "item", "old");
+      Put(here / "other", "mine");
+      swapped = false;
+      int calls = 0;
+      ScriptedUser user;
+      const bool held = RunMeddled(
+          pathCalls,
+          [&](const char* name) {
+            if (name != std::string("item") || ++calls != at) return;
+            swapped = true;
+            fs::rename(here / "other", here / "item");
+          },
+          [&] { Do(user, FileFunction::Move, {here / "item"}, there / "item"); });
+      if (!held) GTEST_SKIP() << "needs the right to hold calls up";
+      const std::string now = swapped ? "item" : "other";
+      EXPECT_TRUE(Get(here / now) == "mine" || Get(there / now) == "mine") << isLink << at;
+      EXPECT_EQ(NamesBelow(here.Path()).find(".tarnwell"), std::string::npos) << isLink << at;
+    }
+  }
+}
+
+TEST(OperationRaces, NothingIsCopiedIntoAFolderThatSomebodyPutInThePlaceOfANewOne) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs somebody else";
+  const TempFolder here;
+  for (const char* tree : {"files", "folders"}) fs::create_directories(here / tree + "/private");
+  Put(here / "files/secret", "x");
+  for (const char* tree : {"files", "folders"}) {
+    const TempFolder there;
+    std::string taken;
+    ScriptedUser user;
+    int code = 0;
+    const bool held = RunMeddled(
+        {SYS_openat},
+        [&](const char* name) {
+          const std::string path = there / name;
+          if (!taken.empty() || name[0] == '/' || there.Names() != std::string(name) + " ") return;
+          fs::rename(path, there / "aside");
+          fs::create_directory(taken = path);
+          chown(path.c_str(), 65534, 65534);
+        },
+        [&] { code = Do(user, FileFunction::Copy, {here / tree}, there / tree).Code; });
+    if (!held) GTEST_SKIP() << "needs the right to hold calls up";
+    EXPECT_EQ(code, ESTALE);
+    EXPECT_TRUE(!taken.empty() && fs::is_empty(taken)) << tree;
+  }
+}
+
+TEST(OperationRaces, OneFolderUnderTwoMountsIsNoTargetForItself) {
+  const TempFolder here;
+  fs::create_directories(here / "real/folder/empty");
+  fs::create_directory(here / "view");
+  Put(here / "real/file", "x");
+  fs::create_symlink("file", here / "real/link");
+  if (std::system(("bindfs '" + here / "real' '" + here / "view' 2>/dev/null").c_str()) != 0) {
+    GTEST_SKIP() << "bindfs is not installed, or may not mount";
+  }
+  const auto before = Describe(here / "real");
+  ScriptedUser user;
+  user.Conflict = {ConflictChoice::Replace, true};
+  for (const auto& [from, to] : {std::pair("view", "real/"), std::pair("real", "view/")}) {
+    const std::string folder = here / from;
+    EXPECT_EQ(Do(user, FileFunction::Move, {folder + "/file", folder + "/link", folder + "/folder"},
+                 here / to)
+                  .Code,
+              EEXIST);
+    EXPECT_EQ(Describe(here / "real"), before);
+  }
+  EXPECT_EQ(std::system(("umount '" + here / "view'").c_str()), 0);
+}
+
+TEST(OperationRaces, WhatOthersAreMakingIsLeftAndWhatKilledMovesHeldComesBack) {
+  const TempFolder here;
+  const TempFolder there(otherVolume);
+  fs::create_directory(here / "tree");
+  Put(here / "tree/held", "x");
+  ASSERT_EQ(InChild([&] {
+              const int tree = open((here / "tree").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+              return (new HoldFolder(tree))->Take("held").Value();  // its end does not come
+            }),
+            0);
+  TemporaryName name;
+  ASSERT_EQ(name.Renew(), NoError);
+  Put(here / "tree/" + name.Text(), "being written");
+  ScriptedUser user;
+  EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, EBUSY);
+  EXPECT_EQ(NamesBelow(there.Path()), "tree tree/held ");
+  EXPECT_EQ(NamesBelow(here.Path()), std::string("tree tree/") + name.Text() + " ");
+  EXPECT_EQ(user.Heard, std::string("remark:") + name.Text() + " ");
 }
 
 }  // namespace

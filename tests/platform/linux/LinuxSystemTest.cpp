@@ -1,0 +1,204 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <string>
+
+#include "TempFolder.h"
+#include "platform/linux/posix/TemporaryName.h"
+#include "platform/linux/system/DriveRules.h"
+#include "platform/linux/system/LinuxClock.h"
+#include "platform/linux/system/LinuxCollation.h"
+#include "platform/linux/system/LinuxDrives.h"
+#include "platform/linux/system/LinuxSystemInfo.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// An installed program: bin, share/tarnwell with two skins and the tips.
+class Installed : public testing::Test {
+ protected:
+  Installed() {
+    std::filesystem::create_directories(root_ / "bin");
+    std::filesystem::create_directories(root_ / "share/tarnwell/skins");
+    Put(root_ / "share/tarnwell/skins/a.twk", "a");
+    Put(root_ / "share/tarnwell/skins/b.twk", "b");
+    Put(root_ / "share/tarnwell/TIPOFDAY.TXT", "tips");
+    places_.ExecutableFolder = root_ / "bin";
+    places_.HomeFolder = root_ / "home";
+  }
+
+  TempFolder root_;
+  ProgramPlaces places_;
+};
+
+TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
+  const std::string folder = root_ / "home/.local/share/tarnwell";
+  const LinuxSystemInfo info(places_);
+  EXPECT_EQ(info.ProgramFolder(), folder);
+  EXPECT_EQ(info.DataFolder(), root_ / "share/tarnwell");
+  EXPECT_EQ(Get(folder + "/skins/a.twk") + Get(folder + "/skins/b.twk"), "ab");
+  EXPECT_EQ(Get(folder + "/TIPOFDAY.TXT"), "tips");
+
+  std::filesystem::remove(folder + "/skins/a.twk");
+  Put(folder + "/skins/b.twk", "mine");
+  places_.DataHome = "relative";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
+  EXPECT_FALSE(std::filesystem::exists(folder + "/skins/a.twk"));
+  EXPECT_EQ(Get(folder + "/skins/b.twk"), "mine");
+  places_.DataHome = root_ / "data home";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "data home/tarnwell");
+}
+
+TEST_F(Installed, FinishesAFirstStartCutShort) {
+  const std::string folder = root_ / "own";
+  std::filesystem::create_directories(folder + "/.skins-unfinished");
+  Put(folder + "/.skins-unfinished/a.twk", "a");
+  Put(folder + "/TIPOFDAY.TXT", "mine");
+  ASSERT_EQ(InChild([&] {  // as one that was killed while it saved
+              TemporaryName name;
+              if (name.Renew() != NoError) return 1;
+              Put(folder + "/" + name.Text(), "half");
+              return 0;
+            }),
+            0);
+  places_.TarnwellHome = folder + "/";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
+  EXPECT_EQ(Get(folder + "/skins/b.twk") + Get(folder + "/TIPOFDAY.TXT"), "bmine");
+  EXPECT_FALSE(std::filesystem::exists(folder + "/.skins-unfinished"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 2);
+}
+
+TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
+  std::filesystem::create_directories(root_ / "bin/skins");
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "bin");
+  EXPECT_FALSE(std::filesystem::exists(root_ / "bin/TIPOFDAY.TXT"));
+  places_.TarnwellHome = root_ / "new/own";
+  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "new/own");
+  EXPECT_EQ(Get(root_ / "new/own/skins/a.twk"), "a");
+
+  places_.TarnwellHome.clear();
+  std::filesystem::permissions(root_ / "bin", std::filesystem::perms(0555));
+  const int result = InChild([&] {
+    BecomeNobody();
+    // The home cannot be made either: the path stands all the same.
+    places_.HomeFolder = "/proc/missing";
+    const LinuxSystemInfo info(places_);
+    if (info.ProgramFolder() != "/proc/missing/.local/share/tarnwell") return 1;
+    // The reason is that of the step that failed, and the skins are those that came with it.
+    if (info.FolderTrouble().Code != ENOENT) return 2;
+    return info.SkinFolder() == root_ / "share/tarnwell/skins" ? 0 : 3;
+  });
+  EXPECT_EQ(result, 0);
+}
+
+Mount Disk(const std::string& path, const std::string& source = "/dev/sdb1",
+           const std::string& type = "ext4") {
+  return {path, "label of " + path, source, type};
+}
+
+std::string NamesOf(const std::vector<Drive>& drives) {
+  std::string names;
+  for (const Drive& drive : drives) names += drive.Name + "=" + drive.Label + ";";
+  return names;
+}
+
+TEST(DriveRules, ListsWhatAPersonWouldName) {
+  Mount stick = Disk("/run/media/ann/stick");
+  stick.Shown = true;
+  Mount root = Disk("/");
+  root.Internal = true;
+  std::vector<Mount> mounts = {root,
+                               stick,
+                               Disk("/srv", "server:/export", "nfs4"),
+                               Disk("/data"),
+                               Disk("/data"),
+                               Disk("/boot/efi"),
+                               Disk("/var/lib/machines"),
+                               Disk("/etc/hosts"),
+                               Disk("/home/ann/.cache"),
+                               Disk("/opt/tool", "tool", "fuse.tool")};
+  EXPECT_EQ(NamesOf(DrivesOf("/home/ann", mounts)),
+            "/home/ann=Home;/=File system;/data=label of /data;"
+            "/run/media/ann/stick=label of /run/media/ann/stick;/srv=label of /srv;");
+  mounts = {Disk("/home/ann")};
+  EXPECT_EQ(NamesOf(DrivesOf("/home/ann", mounts)), "/home/ann=Home;/=File system;");
+  EXPECT_EQ(NamesOf(DrivesOf("/", {})), "/=File system;");
+}
+
+TEST(DriveRules, FindsTheNearestVolume) {
+  Mount home = Disk("/home/ann", "home.img", "ecryptfs");
+  home.Internal = true;
+  const std::vector<Mount> mounts = {Disk("/data"), Disk("/data/old"), Disk("/boot")};
+  const char* const cases[][2] = {{"/data/old/file", "/data/old"},
+                                  {"/data/older", "/data"},
+                                  {"/data", "/data"},
+                                  {"/database", "/"},
+                                  {"/boot/vmlinuz", "/"},
+                                  {"/home/ann/file", "/"}};
+  for (const auto& [path, drive] : cases) {
+    EXPECT_EQ(DriveHolding(path, "/home/ann", mounts), drive) << path;
+  }
+  EXPECT_EQ(DriveHolding("/home/ann/file", "/home/ann", {home}), "/home/ann");
+}
+
+TEST(LinuxClock, GivesLocalTimeAlsoBefore1970) {
+  const LinuxClock clock;
+  setenv("TZ", "XYZ-02:30", 1);
+  tzset();
+  const LocalTime late = clock.ToLocal(1'709'164'799'999'999'999);  // 2024-02-28 23:59:59 UTC
+  const LocalTime early = clock.ToLocal(-1);
+  unsetenv("TZ");
+  tzset();
+  EXPECT_EQ(late.Month * 100 + late.Day, 229);
+  EXPECT_EQ(late.Hour * 100 + late.Minute, 229);
+  EXPECT_EQ(early.Year * 100 + early.Second, 197059);
+  EXPECT_LE(std::abs(clock.Now() / 1'000'000'000 - std::time(nullptr)), 1);
+  const std::int64_t ticks = clock.Ticks();
+  EXPECT_GE(clock.Ticks(), ticks);
+}
+
+std::string KeyOf(const LinuxCollation& order, const std::string& text) {
+  std::string key;
+  order.AppendWeights(text, key);
+  EXPECT_TRUE(std::ranges::all_of(key, [](unsigned char byte) { return byte >= 2; })) << text;
+  return key;
+}
+
+TEST(LinuxCollation, TakesBytesWhereThereAreNoRules) {
+  for (const char* locale : {"C", "POSIX", "C.UTF-8", "no such locale"}) {
+    const LinuxCollation order(locale);
+    EXPECT_EQ(KeyOf(order, "b–é"), "b–é") << locale;
+    EXPECT_EQ(KeyOf(order, "\1x"), "\2x") << locale;
+  }
+}
+
+TEST(LinuxCollation, TakesTheLettersOfALanguage) {
+  const TempFolder locales;
+  // Made here from the system's sources: few are made where it is installed.
+  for (const std::string language : {"en_US", "da_DK"}) {
+    const std::string made = locales / language;
+    ASSERT_EQ(std::system(("localedef --no-archive -f UTF-8 -i " + language + " " + made).c_str()),
+              0);
+  }
+  setenv("LOCPATH", locales.Path().c_str(), 1);
+  const LinuxCollation english("en_US"), danish("da_DK");
+  unsetenv("LOCPATH");
+  const char* const rising[] = {"",   " a", "-x", "_",  "1", "a", "a-b", "a–c", "ab", "äc", "ad",
+                                "az", "b",  "éa", "eb", "œ", "p", "ßa",  "st",  "z",  "ж",  "한"};
+  for (std::size_t at = 1; at < std::size(rising); ++at) {
+    EXPECT_LT(KeyOf(english, rising[at - 1]), KeyOf(english, rising[at])) << rising[at];
+  }
+  EXPECT_EQ(KeyOf(english, "e\u0301te\u0301"), KeyOf(english, "été"));  // composed or not
+  EXPECT_EQ(KeyOf(english, "été"), KeyOf(english, "ete"));
+  const std::string longText(2000, 'x');
+  EXPECT_EQ(KeyOf(english, longText + "é" + longText), KeyOf(english, longText + "e" + longText));
+  EXPECT_EQ(KeyOf(danish, "aarhus"), KeyOf(danish, "århus"));
+}
+
+}  // namespace
+}  // namespace tarnwell::platform

@@ -1,0 +1,401 @@
+#include <algorithm>
+#include <sstream>
+#include <string>
+#include <utility>
+
+#include "lists/TestLists.h"
+#include "settings/LoadLastSettings.h"
+#include "settings/SettingsFile.h"
+#include "settings/Skin.h"
+#include "workspace/PaneSet.h"
+
+namespace tarnwell::settings {
+namespace {
+
+using workspace::Texts;
+
+// Switches that turn what is saved, and count what they are asked to compare.
+struct PlainSwitches : ViewSwitches {
+  explicit PlainSwitches(workspace::Workspace& space) : Space(space) {}
+  void ShowColor(bool show) override { Space.Form.Menus["mnuColorOn"].Checked = show; }
+  void ShowCommandLine(bool show, bool noLayout) override {
+    EXPECT_TRUE(noLayout);
+    Space.Form.Menus["mnuCommandOn"].Checked = show;
+  }
+  void SetCompareMode() override { ++CompareCalls; }
+  workspace::Workspace& Space;
+  int CompareCalls = 0;
+};
+
+// One run of the program as far as its settings go: loaded at its start, saved at its end.
+class TestProgram : public lists::TestLists, public workspace::PaneHooks {
+ public:
+  explicit TestProgram(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
+      : TestLists(std::move(platform)),
+        Switches(Space),
+        Targets{Space, Layout, Colours, Switches},
+        File(Platform.Files, Path, Targets),
+        CurrentSkin(Platform.Files, "C:\\Tarnwell\\skins", Targets, Messages),
+        Panes(Space, Layout, Host, Messages, *this) {
+    Platform.Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0\r\n");
+    Space.Lists.Create(0);
+  }
+
+  // The start with this settings file, or with what the last run has saved.
+  ReadMarkers StartWith(const std::string& content) {
+    Platform.Files.AddFile(Path, content);
+    return Start();
+  }
+  ReadMarkers Start() {
+    return LoadLastSettings({Space, Panes, File, CurrentSkin, Switches, Platform.Files.Syntax(),
+                             [this](const std::string& text) { Status.push_back(text); }});
+  }
+  // The lines of the file that this run leaves.
+  Texts Saved() {
+    File.SaveSettings();
+    Texts lines;
+    std::istringstream stream(Platform.Files.At(Path).Content);
+    for (std::string line; std::getline(stream, line); lines.push_back(line)) {
+      EXPECT_TRUE(line.ends_with('\r')) << line;
+      line.pop_back();
+    }
+    return lines;
+  }
+
+  void ReplayPaneSettings(int pane) override { File.ReplayPaneSettings(pane); }
+  void ApplySkinChange() override { CurrentSkin.ApplySkinChange(); }
+  void LoadFolders(int pane) override { Nav.LoadFolders(pane); }
+  void LoadPaneDrive(int pane) override { Nav.LoadPaneDrive(pane); }
+
+  const std::string Path = "C:\\Tarnwell\\user.usr";
+  SkinColours Colours{};
+  PlainSwitches Switches;
+  SettingTargets Targets;
+  SettingsFile File;
+  Skin CurrentSkin;
+  workspace::PaneSet Panes;
+  Texts Status;
+};
+
+class SettingsTest : public testing::Test, public TestProgram {
+ protected:
+  // Reads the lines as a settings file; bad records end where they stand.
+  void Read(const std::string& lines) {
+    ReadMarkers markers;
+    Platform.Files.AddFile(Path, lines);
+    File.Clear();
+    File.ReadSettingsFile(GlobalScope, markers);
+  }
+  fakes::MemoryItem& AddSkin(const std::string& name, const std::string& content) {
+    return Platform.Files.AddFile("C:\\Tarnwell\\skins\\" + name, content);
+  }
+};
+
+// Nothing has its default. A line end is a comma to the reader, and the other way round.
+const char* const program =
+    R"end("ProgramPosition",300,450,9000,6000,0,"FolderFileListing",0,0,0,0,0
+"SkipWin9XWarningPanes",#TRUE#,0,0,0,0,"SkinName","EARL GREY",0,0,0,0,"Layout",0,0,0,0,0
+"CompareMode",2,0,0,0,0,"UseEnhancedMode",#TRUE#,0,0,0,0,"ShowCommandLine",#TRUE#,0,0,0,0
+"ShowColor",#TRUE#,0,0,0,0,"ShowFileIcons",#FALSE#,0,0,0,0,"ShowFolderIcons",#TRUE#,0,0,0,0
+"FileCountMax",-5,0,0,0,0,"MinimizeToTaskBar",#FALSE#,0,0,0,0
+"IsFirstColorCodingOverMax",#FALSE#,0,0,0,0,"FirstColorEver",#FALSE#,0,0,0,0
+"ShowCommandLine",#TRUE#,0,0,0,0,"LayoutAutoExpand",#FALSE#,0,0,0,0,"OnlineVersion",1.25,0,0,0,0
+"PercentWidth",0,.2,.4,.6,.8,"PercentHeight",-.25,-.25,-.25,-.25,-.25
+"PercentWidthH",1.5E+07,1.5E+07,1.5E+07,1.5E+07,1.5E+07
+"PercentHeightH",.3333333,.3333333,.3333333,.3333333,.3333333
+"Status",0,0,1,1,1,"Order",5,4,3,2,1,"ControlGroup",4,3,2,1,0,"Width",1000,1001,1002,1003,1004
+"Height",2000,2001,2002,2003,2004,"WidthH",3000,3001,3002,3003,3004
+"HeightH",100000,100001,100002,100003,100004,"Left",0,-1,-2,-3,-4,"ShowHidden",#TRUE#,0,0,0,0
+"ShowSystem",#FALSE#,0,0,0,0,"BookMark",0,"C:\a, b",0,0,0,"BookMark",1,"(empty)",0,0,0
+"BookMark",2,"(empty)",0,0,0,"BookMark",3,"(empty)",0,0,0,"BookMark",4,"(empty)",0,0,0
+"BookMark",5,"(empty)",0,0,0,"BookMark",6,"(empty)",0,0,0,"BookMark",7,"(empty)",0,0,0
+"BookMark",8,"(empty)",0,0,0,"BookMark",9,"\\server\share",0,0,0,"ListType",100,2,0,0,0
+)end";
+
+const char* const block = R"end("ListType",101,2,0,0,0,"InitialDrive",1,"D",0,0,0
+"ListMode",101,2,0,0,0,"Expanded",1,"C:\",0,0,0,"Expanded",1,"D:\",0,0,0
+"Expanded",1,"D:\Work",0,0,0,"Active",1,"C:\","C:\",0,0,"Active",1,"D:\","D:\Work\Deep",0,0
+)end";
+
+TEST_F(SettingsTest, WritesWhatItReadInItsOrder) {
+  Platform.Files.AddFolder("D:\\Work\\Deep");
+  StartWith(program + std::string(block) +
+            "\"Heading\",101,3,\"Width\",1200,0\r\n\"Heading\",101,3,\"active\",#FALSE#,0\r\n"
+            "\"SORTING\",1,0,\"sName\",\"des\",0\r\n");
+  const workspace::ProgramSettings& settings = Space.Settings;
+  EXPECT_TRUE(settings.SkipWin9XWarningPanes && settings.UseEnhancedMode &&
+              settings.ShowFolderIcons && !settings.ShowFileIcons && settings.FileCountMax == -5 &&
+              settings.OnlineVersion == 1.25 && settings.FolderFileListing == "0");
+  EXPECT_TRUE(Pane(4).PercentWidth == .8F && Pane(4).PercentWidthH == 1.5e7F &&
+              Pane(4).Height == 2004 && Pane(4).WidthH == 3004 && Pane(4).Left == -4);
+  EXPECT_EQ(settings.Bookmarks[0].Path, "C:\\a, b");
+  EXPECT_EQ(Space.Lists.Files(1).CurrentFolder(), "D:\\Work\\Deep");
+  EXPECT_TRUE(Space.Lists.Files(1).ShowHidden);
+  forms::Toolbar& buttons = Space.Form.Toolbar1;
+  EXPECT_TRUE(buttons["layoutvertical"].Pressed && !buttons["layouthorizontal"].Pressed);
+  EXPECT_TRUE(buttons["compare_date"].Pressed && !buttons["compare_size"].Pressed);
+  EXPECT_EQ(Space.Form.ImageList1.Key(Space.Form.Menus["mnuOrientation"].Image), "layoutvertical");
+  EXPECT_GT(Switches.CompareCalls, 0);
+  Space.Lists.Files(1).AddSortKey(1, "sSize", "des");
+
+  const Texts lines = Saved();
+  const auto middle = std::ranges::find(lines, "\"ListType\",101,2,0,0,0");
+  ASSERT_EQ(lines.end() - middle, 8 + 154 + 3 + 1);
+  const auto expectStart = [&](Texts::const_iterator at, std::string expected) {
+    std::ranges::replace(expected, '\n', ',');
+    std::string found;
+    while (at != lines.end() && found.size() < expected.size()) found += *at++ + ",";
+    EXPECT_EQ(found, expected);
+  };
+  expectStart(lines.begin(), program);
+  expectStart(middle, block);
+  const char* attributes[] = {"key", "Width", "Index", "active", "MenuName", "Caption", "ToolTip"};
+  for (int at = 0; at < 154; ++at) {
+    const std::string start = "\"Heading\"," + std::string(at < 77 ? "1" : "101") + "," +
+                              std::to_string(at % 77 / 7) + ",\"" + attributes[at % 7] + "\",";
+    EXPECT_TRUE(middle[8 + at].starts_with(start)) << middle[8 + at];
+  }
+  EXPECT_EQ(middle[8 + 77 + 22], "\"Heading\",101,3,\"Width\",1200,0");
+  EXPECT_EQ(middle[8 + 77 + 24], "\"Heading\",101,3,\"active\",#FALSE#,0");
+  // The file list always starts by name.
+  EXPECT_EQ(Texts(lines.end() - 4, lines.end()),
+            (Texts{"\"SORTING\",1,0,\"sName\",\"des\",0", "\"SORTING\",101,0,\"sName\",\"asc\",0",
+                   "\"SORTING\",101,1,\"sSize\",\"des\",0", "\"End\",0,0,0,0,0"}));
+}
+
+TEST_F(SettingsTest, KeepsTheBlockOfAHiddenPaneOverManyRuns) {
+  const Texts kept = {"\"listtype\",103,7,0,0,0",
+                      "\"Heading\",3,0,\"Width\",1200.5,#TRUE#",
+                      "\"SORTING\",103,0,\"sSize\",\"des\",0",
+                      "\"Expanded\",3,\"D:\\x, y\",-.5,0,0",
+                      "\"INITIALDRIVE\",3,\"D\",0,0,0",
+                      "\"End\",0,0,0,0,0"};
+  std::string content =
+      "\"Future\",3,1,0,0,0\r\n\"Active\",word,\"a\",\"b\",0,0\r\n"
+      "\"Heading\",203,0,\"Width\",1,0\r\n";
+  for (const std::string& line : kept) content += line + "\r\n";
+  Platform.Files.AddFile(Path, content);
+  for (int runs = 0; runs < 3; ++runs) {
+    TestProgram run(Shared);
+    run.Start();
+    const Texts lines = run.Saved();
+    ASSERT_EQ(Texts(lines.end() - 6, lines.end()), kept) << runs;
+    EXPECT_TRUE(lines.end()[-7].starts_with("\"SORTING\",101,"));
+  }
+  Start();
+  Panes.ChangePanes(3);  // shown at last, and so they take effect
+  EXPECT_EQ(Space.Lists.Files(3).ListType, 7);
+  EXPECT_EQ(Space.Lists.Folders(3).CurrentFolder(), "D:\\");
+  EXPECT_EQ(base::ToInt32(Space.Lists.Folders(3).HeadingProperty(0, "Width")), 1200);
+}
+
+TEST_F(SettingsTest, StartsWithTheDefaultsWhereItCannotRead) {
+  Start();
+  Space.Settings.FileCountMax = 99;
+  Saved();
+  Platform.Files.At(Path).ReadFault = fakes::MemoryFileSystem::Denied();
+  TestProgram next(Shared);
+  EXPECT_TRUE(next.Start().FirstTips);
+  EXPECT_EQ(next.Space.Settings.FileCountMax, 50);
+  EXPECT_TRUE(next.Messages.Texts.empty());
+
+  // What it could not read is not lost when it saves, nor what it could not read before.
+  Platform.Files.AddFile(Path + ".unread", "older");
+  next.Saved();
+  const std::string aside = Platform.Files.At(Path + ".unread2").Content;
+  EXPECT_NE(aside.find("\"FileCountMax\",99,"), std::string::npos);
+  EXPECT_EQ(Platform.Files.At(Path + ".unread").Content, "older");
+  next.Saved();  // its own file stays
+  EXPECT_FALSE(Platform.Files.Exists(Path + ".unread3"));
+}
+
+TEST_F(SettingsTest, SkipsRecordsThatNameNothingAndEndsBadOnesWhereTheyStand) {
+  Read(
+      "\"BookMark\",10,\"x\",0,0,0\r\n\"BookMark\",-1,\"x\",0,0,0\r\n"
+      "\"BookMark\",9,\"nine\",0,0,0\r\n\"InitialDrive\",5,\"D\",0,0,0\r\n"
+      "\"InitialDrive\",3,\"\",0,0,0\r\n\"InitialDrive\",4,\"D\",0,0,0\r\n"
+      "\"Status\",1,0,word,0,0\r\n\"Order\",7,8,40000,9,9\r\n\"PercentWidth\",.25,#TRUE#,1E39,1,1"
+      "\r\n\"FileCountMax\",many,0,0,0,0\r\n\"NoSuchKey\",1,0,0,0,0\r\n\"Left\",,5,5,5,5\r\n"
+      "\"HeightH\",1,2,3,4,5\r\n");
+  for (std::size_t slot = 0; slot < 10; ++slot) {
+    EXPECT_EQ(Space.Settings.Bookmarks[slot].Path, slot == 9 ? "nine" : "(empty)");
+  }
+  EXPECT_TRUE(Pane(3).InitialDrive == "C" && Pane(4).InitialDrive == "D");
+  EXPECT_EQ(Pane(2).Status, workspace::Closed);
+  EXPECT_EQ(PressedPanes(), "1");
+  EXPECT_TRUE(Pane(1).Order == 8 && Pane(2).Order == 0);
+  EXPECT_TRUE(Pane(0).PercentWidth == .25F && Pane(1).PercentWidth == -1 &&
+              Pane(2).PercentWidth == 0 && Pane(3).PercentWidth == 0);
+  EXPECT_EQ(Space.Settings.FileCountMax, 50);
+  EXPECT_TRUE(Pane(1).Left == 0 && Pane(4).HeightH == 5);
+}
+
+// A record reaches the lists of its own pane alone, each key the kind of list that it is meant for.
+TEST_F(SettingsTest, KeepsTheScopesApart) {
+  Space.Lists.Create(1);
+  Read(
+      "\"Heading\",0,2,\"Width\",900,0\r\n\"heading\",101,2,\"Width\",1500,0\r\n"
+      "\"Sorting\",1,0,\"sSize\",\"des\",0\r\n\"SORTING\",101,0,\"sSize\",\"des\",0\r\n"
+      "\"Expanded\",1,\"C:\\Data\",0,0,0\r\n\"Expanded\",101,\"C:\\No\",0,0,0\r\n"
+      "\"Active\",1,\"C:\\\",\"C:\\Data\",0,0\r\n\"ListType\",1,9,0,0,0\r\n"
+      "\"ListType\",101,8,0,0,0\r\n\"ListMode\",101,word,0,0,0\r\n\"ListMode\",101,4,0,0,0\r\n"
+      "\"Heading\",1,99,\"Width\",1,0\r\n\"Heading\",word,0,\"Width\",1,0\r\n"
+      "\"FileCountMax\",77,0,0,0,0\r\n");
+  const lister::ListerControl &folders = Space.Lists.Folders(1), &files = Space.Lists.Files(1);
+  EXPECT_EQ(files.ListMode, 0);  // nothing yet: these keys are no settings of the program
+  Space.Settings.FileCountMax = 51;
+  File.ReplayPaneSettings(1);
+  EXPECT_EQ(Space.Settings.FileCountMax, 51);
+  EXPECT_EQ(base::ToInt32(files.HeadingProperty(2, "Width")), 1500);
+  EXPECT_NE(base::ToInt32(Space.Lists.Folders(0).HeadingProperty(2, "Width")), 900);
+  for (const auto* list : {&folders, &files}) {
+    std::string key, direction;
+    EXPECT_TRUE(list->GetSortKey(0, key, direction));
+    EXPECT_EQ(key, list == &folders ? "sSize" : "sName");
+  }
+  EXPECT_EQ((Texts{folders.ExpandedFolder(0), files.ExpandedFolder(0)}), (Texts{"C:\\Data", ""}));
+  EXPECT_EQ(folders.DriveFolder("C"), "C:\\Data");
+  EXPECT_EQ((workspace::Ids{folders.ListType, files.ListType, files.ListMode}),
+            (workspace::Ids{0, 8, 4}));
+}
+
+TEST_F(SettingsTest, StartsWithTheDefaultsWhereThereIsNoFile) {
+  const ReadMarkers markers = Start();
+  EXPECT_TRUE(!markers.PositionFound && markers.FirstArrangement && markers.FirstTips);
+  EXPECT_EQ(PressedPanes(), "01");
+  for (const char* button : {"layouthorizontal", "compare_size", "compare_date"}) {
+    EXPECT_TRUE(Space.Form.Toolbar1[button].Pressed) << button;
+  }
+  EXPECT_TRUE(Pane(0).Initialized && Pane(1).Initialized && !Pane(2).Initialized);
+  EXPECT_EQ(Space.OpenPaneCount, 2);
+  EXPECT_TRUE(Space.InitialActivePane == 0 && Space.PreviousActivePane == 0);
+  EXPECT_TRUE(Messages.Texts.empty());
+  const Texts saved = Saved();
+  for (const char* line :
+       {"\"SkinName\",\"EARL GREY\",0,0,0,0", "\"FileCountMax\",50,0,0,0,0",
+        "\"PercentHeightH\",.65,.35,0,0,0", "\"Height\",4000,4000,4000,4000,4000",
+        "\"ShowSystem\",#FALSE#,0,0,0,0", "\"BookMark\",0,\"(empty)\",0,0,0"}) {
+    EXPECT_EQ(std::ranges::count(saved, line), 1) << line;
+  }
+}
+
+TEST_F(SettingsTest, PlacesTheWindowAndClearsTheFirstRunFlagsWithAnyRecord) {
+  const std::string position = "\"ProgramPosition\"";
+  const struct {
+    std::string Content;
+    bool First, Found, Maximised;
+    base::Twips Top, Left, Width;
+  } cases[] = {
+      {"", true, false, true, 1050, 1500, 15600},
+      {"\r\n", false, false, true, 1050, 1500, 15600},
+      {"\"PROGRAMPOSITION\",300,450,9000,6000,0", false, false, true, 300, 450, 9000},
+      {position + ",300,450,9000,6000,0", false, true, false, 300, 450, 9000},
+      {position, false, true, false, 1050, 1500, 15600},
+      {position + ",\"max\",-60,-75,0,0", false, true, true, -60, -75, 15600},
+      {position + ",-48000,-48000,2400,405,0", false, true, true, 1050, 1500, 15600},
+      {position + ",300,\"left\",9000,6000,0", false, true, false, 300, 1500, 15600},
+      {position + ",\"other\",2,3,0,0", false, true, false, 1050, 1500, 15600},
+      {position + ",2.5,3.5,40000,1,0", false, true, false, 2, 4, 40000},
+  };
+  for (const auto& each : cases) {
+    TestProgram run(Shared);
+    workspace::MainForm& form = run.Space.Form;
+    form.Top = 1050;
+    form.Left = 1500;
+    form.Width = 15600;
+    form.ResizeEnabled = true;
+    const ReadMarkers markers = run.StartWith(each.Content);
+    EXPECT_TRUE(markers.FirstArrangement == each.First && markers.FirstTips == each.First &&
+                markers.PositionFound == each.Found)
+        << each.Content;
+    EXPECT_TRUE(form.Top == each.Top && form.Left == each.Left && form.Width == each.Width)
+        << each.Content << ": " << form.Top << ", " << form.Left << ", " << form.Width;
+    EXPECT_EQ(form.State == forms::WindowState::Maximised, each.Maximised) << each.Content;
+    // Placed without an arrangement.
+    EXPECT_EQ(form.ResizeEnabled, each.Content.find(',') == std::string::npos) << each.Content;
+  }
+}
+
+TEST_F(SettingsTest, SetsUpPaneZeroAndTheOpenPanes) {
+  using workspace::Ids;
+  StartWith("\"Status\",1,5,0,1,0\r\n\"InitialDrive\",2,\"D\",0,0,0\r\n");
+  EXPECT_EQ((Ids{Space.OpenPaneCount, Space.InitialActivePane, Space.CurrentList}), (Ids{2, 2, 2}));
+  EXPECT_TRUE(Pane(0).Initialized && !Pane(1).Initialized && Pane(2).Initialized);
+  EXPECT_EQ(Space.Lists.Folders(2).CurrentFolder(), "D:\\");
+  EXPECT_EQ(Texts(Status.begin() + 4, Status.begin() + 6),
+            (Texts{"loading pane 3...", "loading pane 5..."}));
+
+  TestProgram closed(Shared);
+  closed.StartWith("\"Status\",1,1,1,1,1\r\n");
+  // There is no window without a pane.
+  EXPECT_EQ((Ids{closed.Space.OpenPaneCount, closed.Space.CurrentList}), (Ids{1, 0}));
+  EXPECT_TRUE(closed.Pane(0).IsOpen() && closed.Pane(0).DriveLoaded);
+  EXPECT_EQ(closed.PressedPanes(), "0");
+  EXPECT_TRUE(Messages.Texts.empty() && closed.Messages.Texts.empty());
+}
+
+TEST_F(SettingsTest, BearsThousandsOfExpandedFolders) {
+  std::string folders;
+  for (int i = 0; i < 30000; ++i) {
+    folders += "\"Expanded\",0,\"C:\\gone " + std::to_string(i) + "\",0,0,0\r\n";
+  }
+  StartWith(folders);
+  EXPECT_EQ(Space.Lists.Folders(0).ExpandedFolder(0), "C:\\");
+}
+
+TEST_F(SettingsTest, ASkinGivesEveryPartItsColour) {
+  Start();
+  std::string content = "\"Version\",400000042,\"Tarnwell Skin\",0,0,0\r\n";
+  int colour = 100;
+  for (const std::string_view key : SkinColourKeys) {
+    content += "\"" + std::string(key) + "\"," + std::to_string(colour++) + ",0,0,0,0\r\n";
+  }
+  AddSkin("mine.TWK", content);
+  CurrentSkin.LoadSkin("Mine");
+  EXPECT_EQ(Space.Settings.SkinName, "MINE");
+  const workspace::MainForm& form = Space.Form;
+  using Numbers = std::vector<base::Colour>;
+  EXPECT_EQ((Numbers{form.BackColour, form.txtCurrentPath.ForeColour, form.cboCommand.BackColour,
+                     form.MenuBackColour, form.lblNoRoom[104].BackColour,
+                     form.TitleBar[0].ForeColour, form.TitleBar[1].BackColour}),
+            (Numbers{100, 122, 123, 125, 120, 115, 107}));
+  Panes.ChangePanes(3);  // a pane that is set up later gets them too
+  for (const lister::ListId list : workspace::Ids{0, 101, 3, 103}) {
+    const lister::ListColours& own = Space.Lists[list].Colours();
+    EXPECT_EQ((Numbers{own.ListBackground, own.ActiveHeadingText, own.InActiveListOutline,
+                       own.TextSecondary, own.DriveList, own.MinorToolbar}),
+              (Numbers{101, 116, 126, 127, 110, 104}));
+  }
+}
+
+TEST_F(SettingsTest, AShortOrDamagedSkinIsLoadedOverTheColoursThatAre) {
+  Start();
+  Colours[ColorListText] = 1;
+  Colours[ColorProgramBackground] = 3;
+  AddSkin("odd.twk",
+          "\"Something else\",0,0,0,0,0\r\n\"ColorInactiveListOutline\",9,0,0,0,0\r\n"
+          "\"ColorListText\",green,0,0,0,0\r\n\"SkinName\",\"inside\",0,0,0,0\r\n"
+          "\"COLORDRIVETEXT\",16777215,0,0,0,0\r\n\"ColorMainMenu\",3000000000,0,0,0,0\r\n");
+  CurrentSkin.LoadSkin("ODD");
+  EXPECT_TRUE(Colours[ColorListText] == 1 && Colours[ColorDriveText] == base::White &&
+              Colours[ColorInActiveListOutline] == 9 && Colours[ColorMainMenu] == 0);
+  EXPECT_EQ(Space.Settings.SkinName, "inside");
+  EXPECT_EQ(Space.Form.BackColour, 3);  // shown all the same
+
+  Colours[ColorProgramBackground] = 5;
+  AddSkin("locked.twk", "").ReadFault = fakes::MemoryFileSystem::Denied();
+  for (const char* name : {"NONE", "LOCKED", "", "..\\USER"}) {
+    Messages.Texts.clear();
+    CurrentSkin.LoadSkin(name);
+    ASSERT_EQ(Messages.Texts.size(), 1U) << name;
+    EXPECT_TRUE(
+        Messages.Texts[0].starts_with("The last used 'skin' could not be found.\r\n\r\nIt "));
+    EXPECT_EQ(Space.Settings.SkinName, name);
+    EXPECT_EQ(Space.Form.BackColour, 3);
+  }
+  CurrentSkin.LoadSkin("earl grey");  // has no colour
+  EXPECT_EQ(Space.Form.BackColour, 5);
+}
+
+}  // namespace
+}  // namespace tarnwell::settings
