@@ -1,6 +1,8 @@
 #include <random>
 
 #include "ListFixture.h"
+#include "lister/rows/Comparison.h"
+#include "lister/rows/FileRows.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -258,7 +260,7 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
   EXPECT_FALSE(List.CancelRequested);
   EXPECT_EQ(List.StatusText(), "Colours stopped: 1 of 4 items done");
   EXPECT_EQ(colours("default"), (Texts{"", "", ""}));
-  EXPECT_EQ(List.StatusText(), "7 items (4 folders), 4 bytes. 4 selected");
+  EXPECT_EQ(List.StatusText(), "7 items (4 folders), 4 bytes. 4 selected, 4 bytes");
 }
 
 // Against a slow one that says the rules once more.

@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <set>
 
-#include "NotedWindows.h"
 #include "TestDesktop.h"
 #include "base/ItemList.h"
 #include "fakes/FakePlatform.h"
@@ -45,10 +44,11 @@ class LinuxContextMenuTest : public testing::Test {
     Put(Place / "p.png", "no picture");
     std::filesystem::create_directory(Place / "dir");
     std::filesystem::create_directory_symlink("dir", Place / "way");
-    Operation.OnRun = [](const OperationRequest& request) {
-      OperationUser user;
-      return RunOperation(request, user).Code;
-    };
+    Operation.OnRun = ForReal;
+  }
+  static int ForReal(const OperationRequest& request) {
+    OperationUser user;
+    return RunOperation(request, user).Code;
   }
 
   std::unique_ptr<ItemMenu> Make(const std::string& folder, const std::vector<std::string>& names,
@@ -129,10 +129,8 @@ TEST_F(LinuxContextMenuTest, OpensItems) {
   Windows.Run = RunChoice::Run;
   Choose({"a.txt", "p.png", "b.txt", "run", "dir", "odd"}, "&Open");
   EXPECT_EQ(std::exchange(Windows.Noted, {}), "run run of 6, or open|");
-  EXPECT_NE(desktop.Told("viewer").find("\n[" + folder + "p.png]\n[" + folder + "dir]\n"),
-            std::string::npos);
-  EXPECT_NE(desktop.Told("open it").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
-            std::string::npos);
+  EXPECT_TRUE(desktop.WasTold("viewer", "\n[" + folder + "p.png]\n[" + folder + "dir]\n"));
+  EXPECT_TRUE(desktop.WasTold("open it", "[" + folder + "a.txt]\n[" + folder + "b.txt]\n"));
   EXPECT_EQ(desktop.Told("run"), "run in " + Place.Path() + "\n");
   EXPECT_EQ(Took(),
             "\"odd\" could not be opened.\n\nNo application is registered for this kind of "
@@ -140,8 +138,7 @@ TEST_F(LinuxContextMenuTest, OpensItems) {
   Choose({"way"}, "&Open");
   EXPECT_EQ(std::exchange(Windows.Noted, {}), "open " + folder + "way|");
   Choose({"a.txt", "b.txt"}, "See && show");
-  EXPECT_NE(desktop.Told("viewer").find("[" + folder + "a.txt]\n[" + folder + "b.txt]\n"),
-            std::string::npos);
+  EXPECT_TRUE(desktop.WasTold("viewer", "[" + folder + "a.txt]\n[" + folder + "b.txt]\n"));
 
   Dialogs.Yes = false;
   Choose(std::vector<std::string>(31, "a.txt"), "&Open");
@@ -171,7 +168,7 @@ TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
     Choose({"a.css"}, "&Other Application...");
   };
   choose({"windowed.desktop", "", true});
-  EXPECT_NE(desktop.Told("windowed").find("[" + path + "]"), std::string::npos);
+  EXPECT_TRUE(desktop.WasTold("windowed", "[" + path + "]"));
   EXPECT_EQ(Windows.Noted, "choose " + path + " CSS stylesheet|");
   EXPECT_EQ(Windows.Offered[0].Id, "opener.desktop");
   EXPECT_TRUE(Windows.Offered[1].IsRegistered);
@@ -190,7 +187,7 @@ TEST_F(LinuxContextMenuTest, OpensWithWhatTheUserChooses) {
   // What is asked about is the type of the first.
   Windows.Choice = {"windowed.desktop", "", true};
   Choose({"a.css", "a.txt"}, "&Other Application...");
-  EXPECT_NE(desktop.Told("windowed").find("a.txt]"), std::string::npos);
+  EXPECT_TRUE(desktop.WasTold("windowed", "a.txt]"));
   Choose({"a.txt"}, "&Open");
   EXPECT_NE(desktop.Told("open it"), "");
   choose({"", "no-such-program-anywhere", false});
@@ -231,10 +228,7 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   EXPECT_EQ(Clipboard.Files.Items, std::string("/new\0", 5));
 
   // Copied: twins in the items' own folder, by whatever way they came; the rest as ever.
-  Operation.OnRun = [](const OperationRequest& request) {
-    OperationUser user;
-    return RunOperation(request, user).Code;
-  };
+  Operation.OnRun = ForReal;
   Operation.Requests.clear();
   Clipboard.Files = {base::ItemList::TextOf({Place / "way/a.txt", Place / "p.png"}), false, 2};
   Choose({"dir"}, "&Paste");

@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <cstdlib>
 
-#include "NotedWindows.h"
 #include "TestDesktop.h"
 #include "fakes/FakePlatform.h"
 #include "platform/linux/menu/FileOpener.h"

@@ -41,7 +41,7 @@ TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
   const LinuxSystemInfo info(places_);
   EXPECT_EQ(info.ProgramFolder(), folder);
   EXPECT_EQ(info.DataFolder(), root_ / "share/tarnwell");
-  EXPECT_EQ(Get(folder + "/skins/a.twk") + Get(folder + "/skins/b.twk"), "ab");
+  EXPECT_TRUE(Get(folder + "/skins/a.twk") == "a" && Get(folder + "/skins/b.twk") == "b");
   EXPECT_EQ(Get(folder + "/TIPOFDAY.TXT"), "tips");
 
   std::filesystem::remove(folder + "/skins/a.twk");
@@ -154,12 +154,9 @@ TEST(LinuxClock, GivesLocalTimeAlsoBefore1970) {
   const LocalTime early = clock.ToLocal(-1);
   unsetenv("TZ");
   tzset();
-  EXPECT_EQ(late.Month * 100 + late.Day, 229);
-  EXPECT_EQ(late.Hour * 100 + late.Minute, 229);
-  EXPECT_EQ(early.Year * 100 + early.Second, 197059);
+  EXPECT_TRUE(late.Month == 2 && late.Day == 29 && late.Hour == 2 && late.Minute == 29);
+  EXPECT_TRUE(early.Year == 1970 && early.Second == 59);
   EXPECT_LE(std::abs(clock.Now() / 1'000'000'000 - std::time(nullptr)), 1);
-  const std::int64_t ticks = clock.Ticks();
-  EXPECT_GE(clock.Ticks(), ticks);
 }
 
 std::string KeyOf(const LinuxCollation& order, const std::string& text) {

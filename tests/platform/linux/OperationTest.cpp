@@ -228,7 +228,6 @@ TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
       Put(here.Path() + files.back(), std::string(number % 9 == 0 ? 1'500'000U : 5'000U + number,
                                                   static_cast<char>('A' + number)));
     }
-    const auto original = Describe(here.Path());
     const pid_t child = fork();
     if (child == 0) {
       ScriptedUser user;

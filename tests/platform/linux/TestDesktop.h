@@ -1,4 +1,5 @@
-// A desktop with a few applications, which tell how they were started.
+// A desktop with a few applications, which tell how they were started, and dialogs and windows
+// that note what they are asked and answer what a test says.
 #pragma once
 
 #include <gio/gio.h>
@@ -7,10 +8,14 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "TempFolder.h"
+#include "fakes/FakeForms.h"
+#include "platform/ItemWindows.h"
 
 namespace tarnwell::platform {
 
@@ -63,9 +68,52 @@ struct TestDesktop {
     return told;
   }
 
+  bool WasTold(const std::string& program, const std::string& part) const {
+    return Told(program).find(part) != std::string::npos;
+  }
+
   const TempFolder Folder;
 };
 
 inline const TestDesktop desktop;
+
+struct NotedDialogs : fakes::FakeDialogs {
+  bool Yes = true;
+  std::string Told;
+
+  bool AskYesNo(const std::string&, const std::string& text, bool usual) override {
+    Told += text + (usual ? " Yes|" : "|");
+    return Yes;
+  }
+  void ShowCritical(const std::string&, const std::string& text) override { Told += text + "|"; }
+};
+
+struct NotedWindows : ItemWindows {
+  std::string Noted;
+  std::vector<ApplicationChoice> Offered;
+  std::optional<ChosenApplication> Choice;
+  RunChoice Run = RunChoice::Cancel;
+
+  void ShowProperties(const std::vector<std::string>& paths) override {
+    for (const std::string& path : paths) Noted += "properties " + path + "|";
+  }
+  std::optional<ChosenApplication> ChooseApplication(
+      const std::string& path, const std::string& type,
+      const std::vector<ApplicationChoice>& applications) override {
+    Noted += "choose " + path + " " + type + "|";
+    Offered = applications;
+    return Choice;
+  }
+  RunChoice AskRun(const RunQuestion& question) override {
+    Noted += "run";
+    for (const std::string& path : question.Programs) {
+      Noted += " " + std::filesystem::path(path).filename().string();
+    }
+    if (!question.Command.empty()) Noted += " (" + question.Command + ")";
+    Noted += " of " + std::to_string(question.Files) + (question.CanOpen ? ", or open|" : "|");
+    return Run;
+  }
+  void OpenFolder(const std::string& path) override { Noted += "open " + path + "|"; }
+};
 
 }  // namespace tarnwell::platform
