@@ -183,11 +183,10 @@ TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
 }
 
 TEST(NameFilter, TakesByPatterns) {
-  using Names = std::vector<std::string>;
   const std::string hard(255, 'a');
   const struct {
     std::string Text;
-    Names Taken, Left;
+    std::vector<std::string> Taken, Left;
   } cases[] = {
       {"", {"any"}, {}},
       {" ; ", {"any"}, {}},
