@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "fileops/ShownFolder.h"
-#include "fileops/popDelete.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
@@ -26,18 +25,11 @@ void DeleteCommand::DeleteSelection(bool permanent) {
     shown = "Folder: " + std::string(syntax_.LastComponent(shown));
   }
   fields_.DialogResult.clear();
-  std::string items;
   if (workspace_.ShellVerbMode == 0) {
-    popDelete dialog(host_, fields_);
-    host_.Open(dialog);
-    dialog.txtSource.Text = shown;
-    dialog.chkSendToRecycleBin.Checked = !permanent;
-    dialog.CentreOn(workspace_.Form);
-    host_.ShowModal(dialog, &workspace_.Form);
-    if (fields_.DialogResult == "cancel") return;
-    operations_.FileOperate(fields_.DialogResult, remembered, remembered, "", false, "");
+    DeleteByDialog(remembered, shown, permanent);
     return;
   }
+  std::string items;
   if (!permanent) {
     shellDelete_();
   } else if (!DeleteForGood(*list, shown, items)) {
@@ -50,20 +42,34 @@ void DeleteCommand::DeleteSelection(bool permanent) {
   if (ShowsOneOf(items, *list, syntax_)) navigation_.MoveFocusUpOneFolder(remembered);
 }
 
+std::string DeleteCommand::Ask(popDelete& dialog, const std::string& shown,
+                               const std::string& otherwise) {
+  dialog.txtSource.Text = shown;
+  dialog.Ask(workspace_.Form);
+  fields_.DialogResult = dialog.Result.value_or(otherwise);
+  if (dialog.Result == platform::DeleteWord)
+    fields_.SendToRecycle = dialog.chkSendToRecycleBin.Checked;
+  return fields_.DialogResult;
+}
+
+void DeleteCommand::DeleteByDialog(lister::ListId list, const std::string& shown, bool permanent) {
+  popDelete dialog(host_);
+  host_.Open(dialog);
+  dialog.chkSendToRecycleBin.Checked = !permanent;
+  const std::string word = Ask(dialog, shown, "");
+  if (word != platform::CancelWord) operations_.FileOperate(word, list, list, "", false, "");
+}
+
 bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string& shown,
                                   std::string& items) {
-  popDelete dialog(host_, fields_);
+  popDelete dialog(host_);
   host_.Open(dialog);
   dialog.chkSendToRecycleBin.Visible = false;
   dialog.Label2.Visible = false;
-  dialog.txtSource.Text = shown;
   dialog.Label1.Caption = "Permanently Delete?";
   // What cannot be undone takes more than Enter.
   std::swap(dialog.cmdDelete.Default, dialog.cmdCancel.Default);
-  fields_.DialogResult = "cancel";  // also when the dialog is closed by its frame
-  dialog.CentreOn(workspace_.Form);
-  host_.ShowModal(dialog, &workspace_.Form);
-  if (fields_.DialogResult == "cancel") return false;
+  if (Ask(dialog, shown, std::string(platform::CancelWord)) == platform::CancelWord) return false;
   items = list.ActiveItemName();
   platform_.Run({.Function = platform::FileFunction::Delete,
                  .Items = items,

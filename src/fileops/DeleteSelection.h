@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "fileops/FileOperate.h"
+#include "fileops/popDelete.h"
 #include "forms/FormHost.h"
 
 namespace tarnwell::fileops {
@@ -34,6 +35,11 @@ class DeleteCommand {
   void DeleteSelection(bool permanent);
 
  private:
+  // Gives the word of the button, or `otherwise` if the dialog is closed by other means.
+  std::string Ask(popDelete& dialog, const std::string& shown, const std::string& otherwise);
+  // The program's own way, with a dialog for both kinds.
+  void DeleteByDialog(lister::ListId list, const std::string& shown, bool permanent);
+  // False if the user does not want it.
   bool DeleteForGood(lister::ListerControl& list, const std::string& shown, std::string& items);
 
   workspace::Workspace& workspace_;

@@ -1,21 +1,16 @@
-// What the small dialogs of file operations answer with.
+// What the main form remembers of the answers of the small dialogs of file operations. Each command
+// takes its answer from its own dialog and leaves it here.
 #pragma once
 
 #include <string>
 
-#include "base/Colour.h"
-
 namespace tarnwell::fileops {
 
 struct DialogFields {
-  // The word of the button pressed, "cancel" say, or the name that was typed. Empty when the dialog
-  // was closed by other means.
+  // The last answer: the word of a button, or a name that was typed; empty where there was none.
   std::string DialogResult;
   std::string DialogDestination;  // of a copy or move, as the user left it
   bool SendToRecycle = false;     // of a delete
 };
-
-// The box of a dialog that cannot be changed; those that can are white.
-inline constexpr base::Colour FixedBox = base::Rgb(166, 202, 240);
 
 }  // namespace tarnwell::fileops

@@ -10,28 +10,27 @@ namespace tarnwell::fileops {
 void DropCommand::DropItems(lister::ListId list, const lister::Drop& drop) {
   workspace_.ResizeAction.clear();
   const lister::ListId source = std::exchange(workspace_.DragSourceList, lister::ForeignList);
-  std::string destination = DestinationOf(list);
+  const std::string destination = DestinationOf(list);
   if (destination.empty()) return;
-  if (drop.Action.empty()) {
-    destination = Ask(drop.SourceText, destination);
-  } else {
-    fields_.DialogResult = drop.Action;
-  }
-  operations_.FileOperate(fields_.DialogResult, source, list, destination, false, drop.Items);
+  const Answer answer = drop.Action.empty() ? Ask(drop.SourceText, destination)
+                                            : Answer{.Word = drop.Action, .Folder = destination};
+  fields_.DialogResult = answer.Word;
+  operations_.FileOperate(answer.Word, source, list, answer.Folder, false, drop.Items);
 }
 
 void DropCommand::Paste(lister::ListId source, lister::ListId target, bool skipDialog) {
   workspace_.ResizeAction.clear();
   lister::ListerControl& from = workspace_.Lists[source];
-  std::string destination = DestinationOf(target);
+  const std::string destination = DestinationOf(target);
   std::string text = destination.empty() ? "" : from.FirstSelected();
   const bool isPath = text.find(syntax_.Separator) != std::string::npos;
   const bool isThere = isPath && destination == text + syntax_.Separator;
   if (!text.empty() && !isThere) {
     if (isPath) text = "Folder: " + std::string(syntax_.LastComponent(text));
-    if (!skipDialog) destination = Ask(text, destination);
-    operations_.FileOperate(skipDialog ? workspace_.InternalClipAction : fields_.DialogResult,
-                            source, target, destination, false, "");
+    const Answer answer = skipDialog
+                              ? Answer{.Word = workspace_.InternalClipAction, .Folder = destination}
+                              : Ask(text, destination);
+    operations_.FileOperate(answer.Word, source, target, answer.Folder, false, "");
   }
   from.EndAction();
   from.EndDrop();
@@ -45,29 +44,26 @@ std::string DropCommand::DestinationOf(lister::ListId list) const {
   return syntax_.AddSeparator(network == std::string::npos ? folder : folder.substr(network));
 }
 
-std::string DropCommand::Ask(const std::string& text, const std::string& destination) {
-  // The word of another dialog must not stand: what is dropped would be gone for good.
-  if (fields_.DialogResult == "delete") fields_.DialogResult.clear();
+DropCommand::Answer DropCommand::Ask(const std::string& text, const std::string& destination) {
+  // By the answer to a delete, what is dropped would be gone for good.
+  std::string word = fields_.DialogResult == platform::DeleteWord ? "" : fields_.DialogResult;
   std::string typed = destination;
   for (;;) {
-    typed = AskOnce(text, typed);
-    if (fields_.DialogResult != "copy" && fields_.DialogResult != "move") return typed;
+    popCopyMove dialog(host_);
+    host_.Open(dialog);
+    dialog.txtSource.Text = text;
+    dialog.txtDest.Text = typed;
+    dialog.Ask(workspace_.Form);
+    typed = fields_.DialogDestination = dialog.txtDest.Text;
+    word = fields_.DialogResult = dialog.Result.value_or(word);
+    if (word != platform::CopyWord && word != platform::MoveWord)
+      return {.Word = word, .Folder = typed};
     std::string whole = WholeDestination(typed, destination, drives_.HomeFolder(), syntax_);
     const base::Status status = files_.CheckTarget(whole);
-    if (status) return whole;
+    if (status) return {.Word = word, .Folder = std::move(whole)};
     messenger_.Message(status.Reason, forms::MessageKind::Ok);
-    fields_.DialogResult = "cancel";  // if the next one is closed without a button
+    word = platform::CancelWord;  // if the next one is closed without a button
   }
-}
-
-std::string DropCommand::AskOnce(const std::string& text, const std::string& destination) {
-  popCopyMove dialog(host_, fields_);
-  host_.Open(dialog);
-  dialog.txtSource.Text = text;
-  dialog.txtDest.Text = destination;
-  dialog.CentreOn(workspace_.Form);
-  host_.ShowModal(dialog, &workspace_.Form);
-  return fields_.DialogDestination;
 }
 
 }  // namespace tarnwell::fileops

@@ -39,10 +39,13 @@ class DropCommand {
  private:
   // Where a drop on the list goes; empty if that is no folder.
   std::string DestinationOf(lister::ListId list) const;
-  // Gives the folder as the user leaves it. What to do is then in DialogResult, which a dialog that
-  // is closed without a button leaves as it was; the answer to a delete is forgotten first.
-  std::string Ask(const std::string& text, const std::string& destination);
-  std::string AskOnce(const std::string& text, const std::string& destination);
+  // What to do, and the folder as the user leaves it. A dialog that is closed without a button
+  // leaves the word of the last one, whatever that asked; that of a delete counts as none.
+  struct Answer {
+    std::string Word;
+    std::string Folder;
+  };
+  Answer Ask(const std::string& text, const std::string& destination);
 
   workspace::Workspace& workspace_;
   const platform::FileSystem& files_;

@@ -15,7 +15,9 @@ using platform::FileFunction;
 namespace {
 
 constexpr std::pair<std::string_view, FileFunction> Words[] = {
-    {"copy", FileFunction::Copy}, {"move", FileFunction::Move}, {"delete", FileFunction::Delete}};
+    {platform::CopyWord, FileFunction::Copy},
+    {platform::MoveWord, FileFunction::Move},
+    {platform::DeleteWord, FileFunction::Delete}};
 
 FileFunction FunctionOf(std::string_view word) {
   const auto* const row =
@@ -37,7 +39,7 @@ void FileOperations::FileOperate(const std::string& action, lister::ListId sourc
     workspace_.Lists[target].WatchStart();
     if (moves && source >= 0) workspace_.Lists[source].WatchStart();
   });
-  if (action == "cancel") {
+  if (action == platform::CancelWord) {
     watches.LeaveOpen();
     return;
   }

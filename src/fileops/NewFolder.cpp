@@ -29,9 +29,10 @@ std::string NewFolder::AskOnce(lister::ListerControl& list, bool byKey,
                                const std::string& offered) {
   const lists::WatchBracket watch(workspace_, list);
   std::string refused, made;
+  std::string name = offered;
   try {
-    if (const base::Status status = AskAndMake(list, byKey, offered, made); !status) {
-      refused = fields_.DialogResult;
+    if (const base::Status status = AskAndMake(list, byKey, name, made); !status) {
+      refused = name;
       TellFailure(status.Reason);
     }
   } catch (const std::exception& error) {
@@ -42,22 +43,21 @@ std::string NewFolder::AskOnce(lister::ListerControl& list, bool byKey,
   return refused;
 }
 
-base::Status NewFolder::AskAndMake(lister::ListerControl& list, bool byKey,
-                                   const std::string& offered, std::string& made) {
+base::Status NewFolder::AskAndMake(lister::ListerControl& list, bool byKey, std::string& name,
+                                   std::string& made) {
   fields_.DialogResult.clear();
   const std::string folder = list.TargetFolder(byKey);
   if (folder.empty()) {
     messenger_.Message(Sorry, forms::MessageKind::Ok);
     return {};
   }
-  popNewFolder dialog(host_, fields_);
-  dialog.txtDest.Text = folder;
-  dialog.txtNewFolderName.Text = offered;
+  popNewFolder dialog(host_);
   host_.Open(dialog);
-  dialog.CentreOn(workspace_.Form);
-  host_.ShowModal(dialog, &workspace_.Form);
-  const std::string& name = fields_.DialogResult;
-  if (name.empty() || name == "cancel") return {};
+  dialog.txtDest.Text = folder;
+  dialog.txtNewFolderName.Text = name;
+  dialog.Ask(workspace_.Form);
+  name = fields_.DialogResult = dialog.Result.value_or("");
+  if (name.empty() || name == platform::CancelWord) return {};
   if (std::string fault = FaultOfName(name, files_.Syntax()); !fault.empty()) {
     return {.Code = -1, .Reason = std::move(fault)};
   }

@@ -23,8 +23,9 @@ class NewFolder {
  private:
   // Asks once, with the name that is offered. Gives the name if it was refused.
   std::string AskOnce(lister::ListerControl& list, bool byKey, const std::string& offered);
-  // Success as well where nothing is to be made; `made` gets the path of what was.
-  base::Status AskAndMake(lister::ListerControl& list, bool byKey, const std::string& offered,
+  // `name` is offered and gets what was typed, `made` the path of the new folder. Success as well
+  // where nothing is to be made.
+  base::Status AskAndMake(lister::ListerControl& list, bool byKey, std::string& name,
                           std::string& made);
   void TellFailure(const std::string& reason);
 

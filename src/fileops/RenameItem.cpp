@@ -37,9 +37,10 @@ std::string RenameCommand::AskOnce(lister::ListerControl& list, const std::strin
                                    const std::string& name, const std::string& offered) {
   const lists::WatchBracket watch(workspace_, list);
   std::string refused;
+  std::string wanted = offered;
   try {
-    if (const base::Status status = AskAndRename(list, folder, name, offered); !status) {
-      refused = fields_.DialogResult;
+    if (const base::Status status = AskAndRename(list, folder, name, wanted); !status) {
+      refused = wanted;
       TellFailure(status.Reason);
     }
   } catch (const std::exception& error) {
@@ -49,18 +50,17 @@ std::string RenameCommand::AskOnce(lister::ListerControl& list, const std::strin
 }
 
 base::Status RenameCommand::AskAndRename(lister::ListerControl& list, const std::string& folder,
-                                         const std::string& name, const std::string& offered) {
+                                         const std::string& name, std::string& wanted) {
   fields_.DialogResult.clear();
-  popRename dialog(host_, fields_);
+  popRename dialog(host_);
   host_.Open(dialog);
   dialog.txtSource.Text = name;
-  dialog.txtDest.Text = offered;
-  dialog.SelLength = base::CodePointCount(offered);
+  dialog.txtDest.Text = wanted;
+  dialog.SelLength = base::CodePointCount(wanted);
   dialog.PositionCursor();
-  dialog.CentreOn(workspace_.Form);
-  host_.ShowModal(dialog, &workspace_.Form);
-  const std::string& wanted = fields_.DialogResult;
-  if (wanted.empty() || wanted == "cancel") return {};
+  dialog.Ask(workspace_.Form);
+  wanted = fields_.DialogResult = dialog.Result.value_or("");
+  if (wanted.empty() || wanted == platform::CancelWord) return {};
   const base::PathSyntax& syntax = files_.Syntax();
   if (std::string fault = FaultOfName(wanted, syntax); !fault.empty()) {
     return {.Code = -1, .Reason = std::move(fault)};

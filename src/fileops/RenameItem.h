@@ -34,9 +34,9 @@ class RenameCommand {
   // Asks once, with the name that is offered. Gives the name if it was refused.
   std::string AskOnce(lister::ListerControl& list, const std::string& folder,
                       const std::string& name, const std::string& offered);
-  // Success as well where nothing is to be done.
+  // `wanted` is offered and gets what was typed. Success as well where nothing is to be done.
   base::Status AskAndRename(lister::ListerControl& list, const std::string& folder,
-                            const std::string& name, const std::string& offered);
+                            const std::string& name, std::string& wanted);
   void TellFailure(const std::string& reason);
 
   workspace::Workspace& workspace_;

@@ -3,17 +3,14 @@
 
 #include <string>
 
-#include "fileops/DialogFields.h"
+#include "fileops/OperationDialog.h"
 #include "forms/Controls.h"
-#include "forms/Form.h"
-#include "forms/FormHost.h"
 
 namespace tarnwell::fileops {
 
-class popCopyMove : public forms::Form {
+class popCopyMove : public OperationDialog {
  public:
-  popCopyMove(forms::FormHost& host, DialogFields& fields)
-      : Form("popCopyMove"), host_(host), fields_(fields) {}
+  explicit popCopyMove(forms::FormHost& host) : OperationDialog("popCopyMove", host) {}
 
   forms::Label Label1;
   forms::TextBox txtSource;  // fixed
@@ -34,24 +31,15 @@ class popCopyMove : public forms::Form {
     txtSource.BackColour = FixedBox;
     txtDest.BackColour = base::White;
   }
-  void Unload() override { fields_.DialogDestination = txtDest.Text; }
 
-  void cmdCopyClick() { Work("copy"); }
-  void cmdMoveClick() { Work("move"); }
-  void cmdCancelClick() { Answer("cancel"); }
+  void cmdCopyClick() { Work(platform::CopyWord); }
+  void cmdMoveClick() { Work(platform::MoveWord); }
 
  private:
   // Without a folder there is nowhere to go: an empty path with a separator would be a root.
-  void Work(const char* word) {
-    if (!txtDest.Text.empty()) Answer(word);
+  void Work(std::string_view word) {
+    if (!txtDest.Text.empty()) Close(std::string(word));
   }
-  void Answer(const char* word) {
-    fields_.DialogResult = word;
-    host_.Unload(*this);
-  }
-
-  forms::FormHost& host_;
-  DialogFields& fields_;
 };
 
 }  // namespace tarnwell::fileops

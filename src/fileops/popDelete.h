@@ -1,19 +1,14 @@
 // The form that asks whether to delete.
 #pragma once
 
-#include <string>
-
-#include "fileops/DialogFields.h"
+#include "fileops/OperationDialog.h"
 #include "forms/Controls.h"
-#include "forms/Form.h"
-#include "forms/FormHost.h"
 
 namespace tarnwell::fileops {
 
-class popDelete : public forms::Form {
+class popDelete : public OperationDialog {
  public:
-  popDelete(forms::FormHost& host, DialogFields& fields)
-      : Form("popDelete"), host_(host), fields_(fields) {}
+  explicit popDelete(forms::FormHost& host) : OperationDialog("popDelete", host) {}
 
   forms::Label Label1;
   forms::TextBox txtSource;  // fixed
@@ -32,20 +27,7 @@ class popDelete : public forms::Form {
     txtSource.BackColour = FixedBox;
   }
 
-  void cmdDeleteClick() {
-    fields_.SendToRecycle = chkSendToRecycleBin.Checked;
-    Answer("delete");
-  }
-  void cmdCancelClick() { Answer("cancel"); }
-
- private:
-  void Answer(const char* word) {
-    fields_.DialogResult = word;
-    host_.Unload(*this);
-  }
-
-  forms::FormHost& host_;
-  DialogFields& fields_;
+  void cmdDeleteClick() { Close(std::string(platform::DeleteWord)); }
 };
 
 }  // namespace tarnwell::fileops

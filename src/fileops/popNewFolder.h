@@ -1,19 +1,14 @@
 // The form that asks for the name of a new folder.
 #pragma once
 
-#include <string>
-
-#include "fileops/DialogFields.h"
+#include "fileops/OperationDialog.h"
 #include "forms/Controls.h"
-#include "forms/Form.h"
-#include "forms/FormHost.h"
 
 namespace tarnwell::fileops {
 
-class popNewFolder : public forms::Form {
+class popNewFolder : public OperationDialog {
  public:
-  popNewFolder(forms::FormHost& host, DialogFields& fields)
-      : Form("popNewFolder"), host_(host), fields_(fields) {}
+  explicit popNewFolder(forms::FormHost& host) : OperationDialog("popNewFolder", host) {}
 
   forms::Label Label1;
   forms::TextBox txtDest;  // fixed
@@ -33,17 +28,7 @@ class popNewFolder : public forms::Form {
     txtNewFolderName.BackColour = base::White;
   }
 
-  void cmdCopyClick() { Answer(txtNewFolderName.Text); }
-  void cmdCancelClick() { Answer("cancel"); }
-
- private:
-  void Answer(const std::string& result) {
-    fields_.DialogResult = result;
-    host_.Unload(*this);
-  }
-
-  forms::FormHost& host_;
-  DialogFields& fields_;
+  void cmdCopyClick() { Close(txtNewFolderName.Text); }
 };
 
 }  // namespace tarnwell::fileops

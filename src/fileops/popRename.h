@@ -4,17 +4,14 @@
 #include <string>
 
 #include "base/Text.h"
-#include "fileops/DialogFields.h"
+#include "fileops/OperationDialog.h"
 #include "forms/Controls.h"
-#include "forms/Form.h"
-#include "forms/FormHost.h"
 
 namespace tarnwell::fileops {
 
-class popRename : public forms::Form {
+class popRename : public OperationDialog {
  public:
-  popRename(forms::FormHost& host, DialogFields& fields)
-      : Form("popRename"), host_(host), fields_(fields) {}
+  explicit popRename(forms::FormHost& host) : OperationDialog("popRename", host) {}
 
   forms::Label Label1;
   forms::TextBox txtSource;  // fixed
@@ -46,18 +43,11 @@ class popRename : public forms::Form {
     SelLength = 0;
   }
 
+  // The name that it has is no answer.
   void cmdRenameClick() {
-    if (txtSource.Text != txtDest.Text) fields_.DialogResult = txtDest.Text;
-    host_.Unload(*this);
+    const bool isNew = txtSource.Text != txtDest.Text;
+    Close(isNew ? std::optional(txtDest.Text) : std::nullopt);
   }
-  void cmdCancelClick() {
-    fields_.DialogResult = "cancel";
-    host_.Unload(*this);
-  }
-
- private:
-  forms::FormHost& host_;
-  DialogFields& fields_;
 };
 
 }  // namespace tarnwell::fileops

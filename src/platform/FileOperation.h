@@ -10,6 +10,12 @@ namespace tarnwell::platform {
 
 enum class FileFunction { None = 0, Move = 1, Copy = 2, Delete = 3, Rename = 4 };
 
+// The words by which lists, dialogs and commands name an operation; "cancel" is the one for none.
+inline constexpr std::string_view CopyWord = "copy";
+inline constexpr std::string_view MoveWord = "move";
+inline constexpr std::string_view DeleteWord = "delete";
+inline constexpr std::string_view CancelWord = "cancel";
+
 // Flags of an operation, to be joined by "or".
 enum OperationFlags : std::uint16_t {
   Silent = 4,                // no progress window

@@ -27,12 +27,12 @@ struct MenuDispatch::Row {
 };
 
 const MenuDispatch::Row MenuDispatch::Rows[] = {
-    {AddToSlot, &MenuDispatch::ChangeBookmark},  {ClearSlot, &MenuDispatch::ChangeBookmark},
-    {"refresh", &MenuDispatch::ForgetCutMark},   {"copy", &MenuDispatch::CutOrCopy},
-    {"cut", &MenuDispatch::CutOrCopy},           {"paste", &MenuDispatch::Paste},
-    {"delete", &MenuDispatch::Delete},           {"rename", &MenuDispatch::Rename},
-    {"commandline", &MenuDispatch::CommandLine}, {"mdb_compact", &MenuDispatch::CompactDatabase},
-    {"newfolder", &MenuDispatch::NewFolder},     {"duplicate", &MenuDispatch::Duplicate},
+    {AddToSlot, &MenuDispatch::ChangeBookmark},    {ClearSlot, &MenuDispatch::ChangeBookmark},
+    {RefreshWord, &MenuDispatch::ForgetCutMark},   {CopyWord, &MenuDispatch::CutOrCopy},
+    {CutWord, &MenuDispatch::CutOrCopy},           {PasteWord, &MenuDispatch::Paste},
+    {DeleteWord, &MenuDispatch::Delete},           {RenameWord, &MenuDispatch::Rename},
+    {CommandLineWord, &MenuDispatch::CommandLine}, {CompactWord, &MenuDispatch::CompactDatabase},
+    {NewFolderWord, &MenuDispatch::NewFolder},     {DuplicateWord, &MenuDispatch::Duplicate},
 };
 
 void MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths) {
@@ -40,7 +40,7 @@ void MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>&
   const int slot = TakeSlot(word);
   workspace_.Form.Refresh();
   try {
-    cuts_.CutPasteCount = word == "cut" ? 1 : word == "paste" ? cuts_.CutPasteCount + 1 : 0;
+    cuts_.CutPasteCount = word == CutWord ? 1 : word == PasteWord ? cuts_.CutPasteCount + 1 : 0;
     Act({word, slot, paths, outcome.Placed});
   } catch (const std::exception&) {
     // The commands tell what is to be told.
@@ -69,10 +69,10 @@ void MenuDispatch::CutOrCopy(const Choice& choice) {
     cuts_.CutSourceList = workspace_.EnteredList;
     return;
   }
-  const bool cuts = choice.Word == "cut";
+  const bool cuts = choice.Word == CutWord;
   if (cuts) cuts_.CutMarkList = workspace_.CurrentList;
   workspace_.InternalClipSource = workspace_.CurrentList;
-  workspace_.InternalClipAction = cuts ? "move" : "copy";
+  workspace_.InternalClipAction = cuts ? platform::MoveWord : platform::CopyWord;
   workspace_.Lists[workspace_.CurrentList].FirstSelected();
 }
 

@@ -86,6 +86,18 @@ inline constexpr int AddToSlotId(int slot) {
   return ClearSlotId(slot) + 1;
 }
 
+// The words of entries that MenuDispatch knows by name.
+inline constexpr std::string_view CopyWord = "copy";
+inline constexpr std::string_view CutWord = "cut";
+inline constexpr std::string_view PasteWord = "paste";
+inline constexpr std::string_view DeleteWord = "delete";
+inline constexpr std::string_view RefreshWord = "refresh";
+inline constexpr std::string_view NewFolderWord = "newfolder";
+inline constexpr std::string_view RenameWord = "rename";
+inline constexpr std::string_view DuplicateWord = "duplicate";
+inline constexpr std::string_view CommandLineWord = "commandline";
+inline constexpr std::string_view CompactWord = "mdb_compact";
+
 enum class Invokes {
   Never,
   ByShellVerbs,  // while cut, copy and paste are the platform's
@@ -112,16 +124,16 @@ inline constexpr WordRow WordTable[] = {
     {"GRAY", "gray", Invokes::Never},
     {"DEFAULT", "default", Invokes::Never},
     {"COLOUR CODE", "colour code", Invokes::Never},
-    {"COPY", "copy", Invokes::Always},
-    {"CUT", "cut", Invokes::Always},
-    {"PASTE", "paste", Invokes::ByShellVerbs},
-    {"DELETE", "delete", Invokes::ByShellVerbs},
-    {"CREATE SHORTCUT", "refresh", Invokes::Always},
-    {"NEW FOLDER", "newfolder", Invokes::Never},
-    {"RENAME", "rename", Invokes::Never},
-    {"DUPLICATE", "duplicate", Invokes::Never},
-    {"COMMAND LINE", "commandline", Invokes::Never},
-    {"COMPACT DATABASE", "mdb_compact", Invokes::Never},
+    {"COPY", CopyWord, Invokes::Always},
+    {"CUT", CutWord, Invokes::Always},
+    {"PASTE", PasteWord, Invokes::ByShellVerbs},
+    {"DELETE", DeleteWord, Invokes::ByShellVerbs},
+    {"CREATE SHORTCUT", RefreshWord, Invokes::Always},
+    {"NEW FOLDER", NewFolderWord, Invokes::Never},
+    {"RENAME", RenameWord, Invokes::Never},
+    {"DUPLICATE", DuplicateWord, Invokes::Never},
+    {"COMMAND LINE", CommandLineWord, Invokes::Never},
+    {"COMPACT DATABASE", CompactWord, Invokes::Never},
 };
 
 // Captions that begin so give these words with the last two characters of the caption behind them.

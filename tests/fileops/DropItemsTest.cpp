@@ -82,6 +82,8 @@ TEST_F(DropItemsTest, DoesWhatTheDropSaysOrTheUser) {
   other.DropOn("C:\\Other", drop);
   EXPECT_EQ(Take(), (Texts{"one.txt, new.txt> C:\\Other\\",
                            "2 C:\\Data\\one.txt;C:\\Data\\new.txt;> C:\\New\\;"}));
+  EXPECT_EQ(Fields.DialogResult, "copy");
+  EXPECT_EQ(Fields.DialogDestination, NewFolder);
   Button = "cancel";
   Space.Lists[1].DropOn("*Net\\\\server\\share", drop);
   EXPECT_EQ(Take(), (Texts{"one.txt, new.txt> \\\\server\\share\\"}));

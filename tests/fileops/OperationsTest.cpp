@@ -1,7 +1,6 @@
 #include "fileops/DeleteSelection.h"
 #include "fileops/DuplicateItems.h"
 #include "fileops/RenameItem.h"
-#include "fileops/popCopyMove.h"
 #include "fileops/popDelete.h"
 #include "fileops/popRename.h"
 #include "lists/TestLists.h"
@@ -218,15 +217,6 @@ TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
                                               "\r\n\r\nC:\\Data\\two\r\nC:\\a.b\\c\r\n"}));
   duplicate.DuplicateItems({});
   EXPECT_EQ(Messages.Texts.size(), 1U);
-}
-
-TEST_F(OperationsTest, TheQuestionOfADropAnswersByItsFields) {
-  popCopyMove dialog(Host, Fields);
-  Host.Open(dialog);
-  dialog.txtDest.Text = "D:\\";
-  dialog.cmdMoveClick();
-  EXPECT_EQ(Fields.DialogResult + Fields.DialogDestination, "moveD:\\");
-  EXPECT_EQ(dialog.txtSource.BackColour, FixedBox);
 }
 
 }  // namespace

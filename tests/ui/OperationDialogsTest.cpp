@@ -19,8 +19,7 @@ void Type(QWidget& box, int key, const QString& text) {
 TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
   TestApplication();
   fakes::FakeFormHost host;
-  fileops::DialogFields fields;
-  fileops::popRename form(host, fields);
+  fileops::popRename form(host);
   form.Load();
   const std::string name = "\uFEFFa\x01\n\xFF\u202E\u2401\uFFFD.txt";
   form.txtDest.Text = form.txtSource.Text = name;
@@ -47,8 +46,7 @@ TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
 TEST(OperationDialogsTest, EnterPressesTheButtonThatTheFormSays) {
   TestApplication();
   fakes::FakeFormHost host;
-  fileops::DialogFields fields;
-  fileops::popDelete form(host, fields);
+  fileops::popDelete form(host);
   form.Load();
   std::swap(form.cmdDelete.Default, form.cmdCancel.Default);
   const auto window = WindowOf(form);

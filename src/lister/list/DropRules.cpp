@@ -1,6 +1,7 @@
 #include "lister/list/DropRules.h"
 
 #include "base/ItemList.h"
+#include "platform/FileOperation.h"
 
 namespace tarnwell::lister {
 
@@ -14,7 +15,7 @@ bool MayDrop(std::string_view items, std::string_view folder, std::string_view a
     }
     if (syntax.IsWithin(folder, item)) return false;
   }
-  return !allAreThere || action == "copy";
+  return !allAreThere || action == platform::CopyWord;
 }
 
 std::string TextOfItems(std::string_view items, const base::PathSyntax& syntax) {

@@ -32,7 +32,7 @@ struct RightClick {
   bool UsePath = false;
 };
 
-// Items: full paths, each ended by a NUL. Action: "copy", "move", or empty when the user is to be
+// Items: a base::ItemList. Action: platform::CopyWord or MoveWord, or empty when the user is to be
 // asked.
 struct Drop {
   std::string Items = {};

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <utility>
 
+#include "platform/FileOperation.h"
 #include "ui/list/ListerDrag.h"
 #include "ui/list/ListerModel.h"
 #include "ui/list/ListerTree.h"
@@ -92,7 +93,7 @@ void ListerDrop::Move(QDropEvent& event) {
   if (!atEdge) scroll_.stop();
   if (atEdge && !scroll_.isActive()) scroll_.start(ScrollDelay);
   if (!fits) return;
-  event.setDropAction(action_ == "move" ? Qt::MoveAction : Qt::CopyAction);
+  event.setDropAction(action_ == platform::MoveWord ? Qt::MoveAction : Qt::CopyAction);
   event.accept();
 }
 
@@ -101,7 +102,7 @@ void ListerDrop::Leave() {
   scroll_.stop();
   rethink_.stop();
   resting_ = QModelIndex();
-  action_ = "copy";
+  action_ = platform::CopyWord;
   ShowPointer();
   if (std::exchange(over_, Over::Nothing) != Over::Rows) return;
   tree_.MarkWhole(false);
@@ -136,9 +137,10 @@ void ListerDrop::Take(QDropEvent& event) {
 void ListerDrop::Read(const QDropEvent& event) {
   place_ = event.position().toPoint();
   const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
-  action_ = held == Qt::ControlModifier                                                     ? "copy"
-            : held == Qt::ShiftModifier && event.possibleActions().testFlag(Qt::MoveAction) ? "move"
-                                                                                            : "";
+  const bool moves = event.possibleActions().testFlag(Qt::MoveAction);
+  action_ = held == Qt::ControlModifier          ? platform::CopyWord
+            : held == Qt::ShiftModifier && moves ? platform::MoveWord
+                                                 : "";
 }
 
 bool ListerDrop::IsListening() const {
@@ -180,7 +182,7 @@ bool ListerDrop::MayOpen(const QModelIndex& row) const {
       lister::IsFileList(tree_.Id()) || (state.HasChildren && !tree_.isExpanded(row));
   // As a copy everything fits but what is dragged itself.
   return closed && state.Kind == platform::ItemKind::Folder &&
-         control_.TakesDrop(control_.PathOf(id), items_, "copy");
+         control_.TakesDrop(control_.PathOf(id), items_, std::string(platform::CopyWord));
 }
 
 void ListerDrop::Spring() {
