@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "lister/list/ListInput.h"
+#include "platform/FileOperation.h"
 
 namespace tarnwell::commands {
 
@@ -33,7 +34,7 @@ const Keyboard::Row Keyboard::Rows[] = {
 };
 
 void Keyboard::KeyDown(int code, int shift) {
-  if (workspace_.Form.ActiveControl == "cboCommand") return;
+  if (workspace_.Form.ActiveControl == workspace::KeyboardFocus::CommandLine) return;
   try {
     Handle(code, shift);
   } catch (const std::exception&) {
@@ -104,7 +105,7 @@ void Keyboard::Cut(int) {
   if (workspace_.ShellVerbMode != 0) {
     actions_.ShowShellMenu(MenuMode::Cut);
   } else if (Current() != nullptr) {
-    KeepForPaste("move", *Current());
+    KeepForPaste(platform::MoveWord, *Current());
   }
 }
 
@@ -115,11 +116,11 @@ void Keyboard::Copy(int) {
     Current()->PrepareSelectionKeyboard();
     actions_.ShowShellMenu(MenuMode::Copy);
   } else {
-    KeepForPaste("copy", *Current());
+    KeepForPaste(platform::CopyWord, *Current());
   }
 }
 
-void Keyboard::KeepForPaste(const char* action, lister::ListerControl& current) {
+void Keyboard::KeepForPaste(std::string_view action, lister::ListerControl& current) {
   current.PrepareSelectionKeyboard();
   current.FirstSelected();
   workspace_.InternalClipSource = workspace_.CurrentList;

@@ -54,7 +54,7 @@ class Keyboard {
   void Copy(int shift);
   void Paste(int shift);
   void Delete(int shift);
-  void KeepForPaste(const char* action, lister::ListerControl& current);
+  void KeepForPaste(std::string_view action, lister::ListerControl& current);
 
   lister::ListerControl* Active() const { return workspace_.Lists.Find(workspace_.ActiveList); }
   lister::ListerControl* Current() const { return workspace_.Lists.Find(workspace_.CurrentList); }

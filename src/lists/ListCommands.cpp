@@ -36,7 +36,7 @@ void ListCommands::ShowHide(std::string_view entry, bool lister::ListerControl::
   workspace_.Form.Touch();
   const bool show = tick.Checked;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+    const workspace::PaneRecord& record = workspace_.Panes[pane];
     if (!record.Initialized) continue;
     lister::ListerControl& folders = workspace_.Lists.Folders(pane);
     lister::ListerControl& files = workspace_.Lists.Files(pane);

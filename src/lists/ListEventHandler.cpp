@@ -29,7 +29,7 @@ void ListEventHandler::DragBegun(lister::ListId list, const lister::MouseEvent&)
   constexpr int begin = 1;
   workspace_.CurrentList = list;
   workspace::HighlightActiveList(workspace_, false);
-  workspace_.ResizeAction = "DragStart";
+  workspace_.ResizeAction = workspace::DragStart;
   workspace_.Lists[list].Drag(begin);
 }
 

@@ -48,7 +48,7 @@ void Navigation::LoadFolders(int pane) {
   folders.ShowSystem = system;
   files.ShowSystem = system;
 
-  workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  workspace::PaneRecord& record = workspace_.Panes[pane];
   std::string path = folders.DriveFolder(record.InitialDrive);
   std::string lost;
   if (!folders.FolderExists(path)) {
@@ -67,7 +67,7 @@ void Navigation::LoadFolders(int pane) {
 }
 
 void Navigation::LoadPaneDrive(int pane) {
-  workspace::PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  workspace::PaneRecord& record = workspace_.Panes[pane];
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
   folders.LoadDrive(record.InitialDrive, false);
   record.CurrentPath = syntax_.AddSeparator(folders.CurrentFolder());
@@ -78,20 +78,19 @@ void Navigation::UpdateChildPane(lister::ListId list) {
   const lister::ListerControl* folders = workspace_.Lists.Find(list);
   if (folders == nullptr || folders->FolderListType() != 1) return;
   const int pane = lister::PaneOf(list);
-  const auto i = static_cast<std::size_t>(pane);
   const std::string number = std::to_string(pane);
   workspace::MainForm& form = workspace_.Form;
 
-  std::string path = syntax_.AddSeparator(workspace_.Panes[i].CurrentPath);
+  std::string path = syntax_.AddSeparator(workspace_.Panes[pane].CurrentPath);
   const std::string shown = ShownPath(path);
-  form.TitleBar[i].Text = shown;
+  form.TitleBar[pane].Text = shown;
   form.Menus["mnuPane" + number].Caption = PaneCaption(pane, shown);
   const std::string cut = CutPath(shown);
   form.Toolbar1["pane" + number].ToolTip = cut;
   form.cboCommand.Text.clear();
   form.txtCurrentPath.Text = cut;
   form.Touch();
-  handedOverFolder_[i] = path;
+  handedOverFolder_[pane] = path;
 
   lister::ListerControl& files = workspace_.Lists.Files(pane);
   files.SetProperty("ActiveString", std::string());
@@ -101,7 +100,7 @@ void Navigation::UpdateChildPane(lister::ListId list) {
     // What cannot be read is the list's to tell.
   }
   // While the list read, the user may have picked another folder: then that one is the newer.
-  const std::string& newest = handedOverFolder_[i];
+  const std::string& newest = handedOverFolder_[pane];
   files.SetCurrentFolder(newest);
   files.ParentFolder = newest;
 }
@@ -120,7 +119,7 @@ void Navigation::OpenChildFolder(lister::ListId list, const std::string& folder,
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
   const forms::PointerScope pointer(host_);
   const int pane = lister::PaneOf(list);
-  const std::string& title = workspace_.Form.TitleBar[static_cast<std::size_t>(pane)].Text;
+  const std::string& title = workspace_.Form.TitleBar[pane].Text;
   if (title.size() == 1 && title.front() == syntax_.Separator) return;
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
   // The text tells no root that is a mount point.

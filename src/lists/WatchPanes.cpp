@@ -24,7 +24,7 @@ void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolder
       const lister::ListId id = listOf(pane);
       if (id == skipFolderList || id == skipFileList) continue;
       lister::ListerControl* const list = workspace.Lists.Find(id);
-      const bool isOpen = workspace.Panes[static_cast<std::size_t>(pane)].IsOpen();
+      const bool isOpen = workspace.Panes[pane].IsOpen();
       if (isOpen && list != nullptr) list->WatchResume();
     }
   }
@@ -32,7 +32,7 @@ void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolder
 
 void LookAtPanes(workspace::Workspace& workspace) {
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const workspace::PaneRecord& record = workspace.Panes[static_cast<std::size_t>(pane)];
+    const workspace::PaneRecord& record = workspace.Panes[pane];
     if (!record.Initialized || !record.IsOpen()) continue;
     workspace.Lists.Folders(pane).LookAtDisk(lister::LookReason::Operation);
     workspace.Lists.Files(pane).LookAtDisk(lister::LookReason::Operation);

@@ -119,7 +119,7 @@ void StoreInitialDrive(const SettingTargets& targets, const SettingRecord& recor
   const std::string drive = ToText(record.Fields[1]);
   if (drive.empty()) return;
   auto& panes = targets.Space.Panes;
-  panes[CheckedIndex(ToInt32(record.Fields[0]), panes.size())].InitialDrive = drive;
+  panes[ToInt32(record.Fields[0])].InitialDrive = drive;
 }
 
 struct EffectRow {

@@ -22,7 +22,7 @@ void FindActivePane(workspace::Workspace& space) {
   // Counted anew: a damaged record of states may have been read in part.
   space.OpenPaneCount = 0;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    if (!space.Panes[static_cast<std::size_t>(pane)].IsOpen()) continue;
+    if (!space.Panes[pane].IsOpen()) continue;
     ++space.OpenPaneCount;
     if (space.InitialActivePane < 0) space.InitialActivePane = static_cast<std::int16_t>(pane);
   }
@@ -50,7 +50,7 @@ ReadMarkers LoadLastSettings(const StartSettings& start) {
   start.CurrentSkin.LoadSkin(space.Settings.SkinName);
   start.Panes.InitializePaneSet(0);
   for (int pane = 1; pane < lister::PaneCount; ++pane) {
-    if (!space.Panes[static_cast<std::size_t>(pane)].IsOpen()) continue;
+    if (!space.Panes[pane].IsOpen()) continue;
     start.ShowStatus("loading pane " + std::to_string(pane + 1) + "...");
     start.Panes.InitializePaneSet(pane);
   }

@@ -198,7 +198,7 @@ std::string SettingsContent(const Workspace& space, const std::vector<SettingRec
   for (const SingleRow& row : SwitchRows) AppendRecord(text, Record(row.Key, row.Of(space)));
   AppendBookmarks(text, space.Settings);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    if (space.Panes[static_cast<std::size_t>(pane)].Initialized) {
+    if (space.Panes[pane].Initialized) {
       AppendPane(text, space, pane);
     } else {
       AppendLoadedPane(text, loaded, pane);

@@ -98,13 +98,12 @@ void Skin::PaintForm() {
                   .InactiveText = colours[ColorInactiveTitleText]};
   workspace::HighlightActiveList(space, true);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    form.shpBack[i].BackColour = colours[ColorPaneBackground];
+    form.shpBack[pane].BackColour = colours[ColorPaneBackground];
     const lister::ListId folderList = lister::FolderListOf(pane);
     const lister::ListId fileList = lister::FileListOf(pane);
     form.lblNoRoom[folderList].BackColour = colours[ColorPaneBackground];
     form.lblNoRoom[fileList].BackColour = colours[ColorPaneBackground];
-    if (!space.Panes[i].Initialized) continue;
+    if (!space.Panes[pane].Initialized) continue;
     lister::ListerControl& folders = space.Lists[folderList];
     lister::ListerControl& files = space.Lists[fileList];
     folders.ReloadColors();

@@ -198,14 +198,13 @@ void Master::SetControlProperties() {
   space_.Area.TitleTop = TitleTop;
   FitTitles(0);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    form.cmdClosePane[i].Width = TitlePictureWidth;
-    form.cmdTitle[i].Width = TitlePictureWidth;
-    form.TitleBar[i].BackColour = colours_[settings::ColorInactiveTitle];
+    form.cmdClosePane[pane].Width = TitlePictureWidth;
+    form.cmdTitle[pane].Width = TitlePictureWidth;
+    form.TitleBar[pane].BackColour = colours_[settings::ColorInactiveTitle];
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
       form.lblNoRoom[list].Caption = "Area too small to display items.";
     }
-    if (space_.IsWin9x) form.shpBack[i].BorderStyle = OldSystemBorder;
+    if (space_.IsWin9x) form.shpBack[pane].BorderStyle = OldSystemBorder;
   }
   for (forms::Shape* bar : {&form.LineVert, &form.LineHorz, &form.LineVert2, &form.LineHorz2}) {
     bar->Visible = false;
@@ -225,9 +224,8 @@ void Master::FitTitles(base::Twips textHeight) {
   workspace::MainForm& form = space_.Form;
   const base::Twips pictures = std::max(TitlePictureHeight, textHeight);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    form.TitleBar[i].Height = pictures - (TitlePictureHeight - TitleBarHeight);
-    form.cmdClosePane[i].Height = form.cmdTitle[i].Height = pictures;
+    form.TitleBar[pane].Height = pictures - (TitlePictureHeight - TitleBarHeight);
+    form.cmdClosePane[pane].Height = form.cmdTitle[pane].Height = pictures;
   }
 }
 
@@ -290,11 +288,10 @@ void Master::PlaceRunFile() {
 void Master::PrepareViews() {
   workspace::MainForm& form = space_.Form;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    form.cmdClosePane[i].Visible = false;
-    form.TitleBar[i].Visible = false;
-    form.cmdTitle[i].Visible = false;
-    if (!space_.Panes[i].Initialized) continue;
+    form.cmdClosePane[pane].Visible = false;
+    form.TitleBar[pane].Visible = false;
+    form.cmdTitle[pane].Visible = false;
+    if (!space_.Panes[pane].Initialized) continue;
     space_.Lists.Folders(pane).Visible = false;
     space_.Lists.Files(pane).Visible = false;
   }
@@ -326,7 +323,8 @@ void Master::Resize() {
   form.FirstResizePending = false;
   if (lister::ListerControl* active = space_.Lists.Find(space_.ActiveList)) {
     active->TakeFocus();
-    form.ActiveControl.clear();  // in place of the arrangement, which took the keyboard
+    // In place of the arrangement, which took the keyboard.
+    form.ActiveControl = workspace::KeyboardFocus::Other;
   }
 }
 

@@ -28,8 +28,7 @@ void FolderComparison::Compare() {
   lister::ListerControl& files = workspace_.Lists.Files(reference);
   std::vector<lister::CompareRecord> records = files.CompareRecords();
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    if (pane == reference || workspace_.Panes[i].Status != workspace::Open) continue;
+    if (pane == reference || workspace_.Panes[pane].Status != workspace::Open) continue;
     std::int32_t mode = workspace_.Settings.CompareMode;
     workspace_.Lists.Files(pane).CompareAgainst(records, mode);
   }

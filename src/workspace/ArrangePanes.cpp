@@ -60,8 +60,8 @@ class Arranger {
 
  private:
   bool IsVertical() const { return m_.Layout == Vertical; }
-  PaneRecord& Pane(int pane) { return out_.Panes[static_cast<std::size_t>(pane)]; }
-  PanePlaces& Places(int pane) { return out_.Places[static_cast<std::size_t>(pane)]; }
+  PaneRecord& Pane(int pane) { return out_.Panes[pane]; }
+  PanePlaces& Places(int pane) { return out_.Places[pane]; }
 
   bool Prepare() {
     WorkArea& area = out_.Area;
@@ -88,7 +88,7 @@ class Arranger {
     const auto shares = ShownShares(out_.Panes, m_.Layout, static_cast<double>(least) / whole);
     for (int i = 0; i < lister::PaneCount; ++i) {
       if (!Pane(i).IsOpen()) continue;
-      const double size = shares[static_cast<std::size_t>(i)] * whole;
+      const double size = shares[i] * whole;
       if (IsVertical()) {
         const bool atEdge = i == out_.Area.FirstOpenPane || i == out_.Area.LastOpenPane;
         SizeColumn(Pane(i), size, m_.PaneGap + (atEdge ? m_.PaneGap / 2 : 0));

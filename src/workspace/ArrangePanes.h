@@ -4,11 +4,9 @@
 // places, and the records that come out give them again.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "base/Measure.h"
-#include "lister/list/ListId.h"
 #include "workspace/PaneRecord.h"
 
 namespace tarnwell::workspace {
@@ -21,6 +19,15 @@ struct Place {
 
   base::Twips Right() const { return Left + Width; }
   base::Twips Bottom() const { return Top + Height; }
+};
+
+// The splitter at a place of the form. North-south and west-east is how it can be dragged.
+enum class MouseZone {
+  Nowhere,
+  ResizeNSVertical,    // of columns: between the two lists of a pane
+  ResizeWEVertical,    // of columns: between two panes
+  ResizeWEHorizontal,  // of rows: between the two lists of a pane
+  ResizeNSHorizontal,  // of rows: between two panes
 };
 
 // What an arrangement is made from, in twips.
@@ -70,7 +77,7 @@ struct Arrangement {
   WorkArea Area;
   PaneRecords Panes;  // with shares, splits, sizes and places brought up to date
   // By the number of the pane whose controls they are; of closed panes nothing.
-  std::array<PanePlaces, lister::PaneCount> Places{};
+  PerPane<PanePlaces> Places;
   Place LineHorz2;    // left and width alone
   Place LineVert2;    // top and height alone
   Place CurrentPath;  // txtCurrentPath; the height is not arranged. Only with the command line

@@ -50,7 +50,7 @@ void FormLayout::ResizeForm(bool force) {
   if (form.State == forms::WindowState::Minimised) return;
   form.LastWindowState = form.State;
   if (!std::exchange(isOwed_, false) && IsUnchanged()) {
-    for (PaneRecord& pane : workspace_.Panes) RedrawLists(pane);
+    for (int pane = 0; pane < lister::PaneCount; ++pane) RedrawLists(pane);
     return;
   }
   NoteChanges();
@@ -61,11 +61,11 @@ void FormLayout::ResizeForm(bool force) {
   if (fits) Arrange();
   ShowControls();
   HighlightActiveList(workspace_, true);
-  for (PaneRecord& pane : workspace_.Panes) {
-    if (!pane.NeedsRedraw || !RedrawLists(pane)) continue;
-    pane.NeedsRedraw = false;
+  for (int pane = 0; pane < lister::PaneCount; ++pane) {
+    bool& needsRedraw = workspace_.Panes[pane].NeedsRedraw;
+    if (needsRedraw && RedrawLists(pane)) needsRedraw = false;
   }
-  form.ActiveControl = "txtFocus";
+  form.ActiveControl = KeyboardFocus::Form;
   form.Touch();
 }
 
@@ -99,18 +99,17 @@ void FormLayout::NoteChanges() {
 void FormLayout::HideControls() {
   MainForm& form = workspace_.Form;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    const PaneRecord& record = workspace_.Panes[i];
+    const PaneRecord& record = workspace_.Panes[pane];
     if (!record.NeedsRedraw && record.IsOpen()) continue;
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
       if (record.Initialized) workspace_.Lists[list].Visible = false;
       form.shpPlaceHolder[list].Visible = false;
       form.lblNoRoom[list].Visible = false;
     }
-    form.cmdClosePane[i].Visible = false;
-    form.TitleBar[i].Visible = false;
-    form.cmdTitle[i].Visible = false;
-    form.shpBack[i].Visible = false;
+    form.cmdClosePane[pane].Visible = false;
+    form.TitleBar[pane].Visible = false;
+    form.cmdTitle[pane].Visible = false;
+    form.shpBack[pane].Visible = false;
   }
   form.txtCurrentPath.Visible = false;
   form.cboCommand.Visible = false;
@@ -143,15 +142,14 @@ void FormLayout::Apply(const Arrangement& arrangement) {
   form.LineVert2.Top = arrangement.LineVert2.Top;
   form.LineVert2.Height = arrangement.LineVert2.Height;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    const PaneRecord& record = workspace_.Panes[i];
+    const PaneRecord& record = workspace_.Panes[pane];
     if (!record.IsOpen()) continue;
-    const PanePlaces& places = arrangement.Places[i];
-    MoveTo(form.TitleBar[i], places.Title);
-    form.TitleBar[i].Width = places.Title.Width;
-    MoveTo(form.cmdTitle[i], places.TitlePicture);
-    MoveTo(form.cmdClosePane[i], places.ClosePicture);
-    PutAt(form.shpBack[i], places.Back);
+    const PanePlaces& places = arrangement.Places[pane];
+    MoveTo(form.TitleBar[pane], places.Title);
+    form.TitleBar[pane].Width = places.Title.Width;
+    MoveTo(form.cmdTitle[pane], places.TitlePicture);
+    MoveTo(form.cmdClosePane[pane], places.ClosePicture);
+    PutAt(form.shpBack[pane], places.Back);
     for (const bool isFiles : {false, true}) {
       const ListPlaces& at = isFiles ? places.Files : places.Folders;
       const lister::ListId list = isFiles ? lister::FileListOf(pane) : lister::FolderListOf(pane);
@@ -171,13 +169,12 @@ void FormLayout::Apply(const Arrangement& arrangement) {
 void FormLayout::ShowControls() {
   MainForm& form = workspace_.Form;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    const PaneRecord& record = workspace_.Panes[i];
+    const PaneRecord& record = workspace_.Panes[pane];
     if (!record.NeedsRedraw || !record.IsOpen() || !record.Initialized) continue;
-    form.shpBack[i].Visible = true;
-    form.cmdClosePane[i].Visible = true;
-    form.TitleBar[i].Visible = true;
-    form.cmdTitle[i].Visible = true;
+    form.shpBack[pane].Visible = true;
+    form.cmdClosePane[pane].Visible = true;
+    form.TitleBar[pane].Visible = true;
+    form.cmdTitle[pane].Visible = true;
     ShowList(lister::FolderListOf(pane), record.FolderHasRoom);
     ShowList(lister::FileListOf(pane), record.FileHasRoom);
   }
@@ -193,11 +190,11 @@ void FormLayout::ShowList(lister::ListId list, bool hasRoom) {
   workspace_.Form.lblNoRoom[list].Visible = !hasRoom;
 }
 
-bool FormLayout::RedrawLists(const PaneRecord& pane) {
-  if (!pane.IsOpen() || !pane.Initialized) return false;
-  const int number = static_cast<int>(&pane - workspace_.Panes.data());
-  workspace_.Lists.Folders(number).RedrawList();
-  workspace_.Lists.Files(number).RedrawList();
+bool FormLayout::RedrawLists(int pane) {
+  const PaneRecord& record = workspace_.Panes[pane];
+  if (!record.IsOpen() || !record.Initialized) return false;
+  workspace_.Lists.Folders(pane).RedrawList();
+  workspace_.Lists.Files(pane).RedrawList();
   return true;
 }
 

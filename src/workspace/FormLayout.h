@@ -40,7 +40,7 @@ class FormLayout {
   void Apply(const Arrangement& arrangement);
   void ShowControls();
   void ShowList(lister::ListId list, bool hasRoom);
-  bool RedrawLists(const PaneRecord& pane);  // false for one that has none to redraw
+  bool RedrawLists(int pane);  // false for one that has none to redraw
 
   Workspace& workspace_;
   forms::Messenger& messenger_;

@@ -22,17 +22,16 @@ void HighlightActiveList(Workspace& workspace, bool redraw) {
   MainForm& form = workspace.Form;
   const TitleColours& colours = workspace.Titles;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto i = static_cast<std::size_t>(pane);
-    if (!workspace.Panes[i].Initialized) continue;
-    form.TitleBar[i].BackColour = colours.Inactive;
-    form.TitleBar[i].ForeColour = colours.InactiveText;
+    if (!workspace.Panes[pane].Initialized) continue;
+    form.TitleBar[pane].BackColour = colours.Inactive;
+    form.TitleBar[pane].ForeColour = colours.InactiveText;
     workspace.Lists.Folders(pane).SetActive(false);
     workspace.Lists.Files(pane).SetActive(false);
   }
   // A damaged settings file can leave no pane open and so no active list.
   lister::ListerControl* current = workspace.Lists.Find(workspace.CurrentList);
   if (current != nullptr) {
-    const auto active = static_cast<std::size_t>(lister::PaneOf(workspace.CurrentList));
+    const auto active = lister::PaneOf(workspace.CurrentList);
     current->SetActive(true);
     form.TitleBar[active].BackColour = colours.Active;
     form.TitleBar[active].ForeColour = colours.ActiveText;

@@ -2,8 +2,6 @@
 // and live until the program ends.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -11,7 +9,7 @@
 
 #include "lister/ListerControl.h"
 #include "lister/list/ListId.h"
-#include "workspace/PaneRecord.h"
+#include "workspace/PerPane.h"
 
 namespace tarnwell::workspace {
 
@@ -23,7 +21,7 @@ class ListSet {
   // Makes both lists of the pane; those that exist stay.
   void Create(int pane) {
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
-      auto& slot = lists_.at(Slot(list));
+      auto& slot = lists_[list];
       if (!slot) slot = factory_(list);
     }
   }
@@ -31,7 +29,7 @@ class ListSet {
   // Null for a list that does not exist, and for any number that names none.
   lister::ListerControl* Find(lister::ListId list) const {
     if (list < 0 || lister::PaneOf(list) >= lister::PaneCount) return nullptr;
-    return lists_[Slot(list)].get();
+    return lists_[list].get();
   }
 
   // Throws std::out_of_range for a list that does not exist.
@@ -45,12 +43,8 @@ class ListSet {
   lister::ListerControl& Files(int pane) const { return (*this)[lister::FileListOf(pane)]; }
 
  private:
-  static std::size_t Slot(lister::ListId list) {
-    return static_cast<std::size_t>(lister::PaneOf(list) +
-                                    (lister::IsFileList(list) ? lister::PaneCount : 0));
-  }
   Factory factory_;
-  std::array<std::unique_ptr<lister::ListerControl>, 2 * lister::PaneCount> lists_;
+  PerList<std::unique_ptr<lister::ListerControl>> lists_;
 };
 
 }  // namespace tarnwell::workspace

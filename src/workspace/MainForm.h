@@ -3,8 +3,6 @@
 // Holds what is shown; knows neither what a command does nor how a window looks.
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
@@ -16,27 +14,17 @@
 #include "forms/Menu.h"
 #include "forms/MenuImageHelper.h"
 #include "forms/Toolbar.h"
-#include "lister/list/ListId.h"
+#include "workspace/PerPane.h"
 
 namespace tarnwell::workspace {
 
-// One control for each list: element i for folder list i, element i + 100 for file list i.
-template <typename ControlType>
-class PerList {
- public:
-  ControlType& operator[](lister::ListId list) { return controls_[Slot(list)]; }
-  const ControlType& operator[](lister::ListId list) const { return controls_[Slot(list)]; }
-
- private:
-  static std::size_t Slot(lister::ListId list) {
-    return static_cast<std::size_t>(lister::PaneOf(list) +
-                                    (lister::IsFileList(list) ? lister::PaneCount : 0));
-  }
-  std::array<ControlType, 2 * lister::PaneCount> controls_;
+// What of the main window has the keyboard.
+enum class KeyboardFocus {
+  Other,
+  CommandLine,
+  List,
+  Form,  // no control: keys go to the active list, without making it the current one
 };
-
-template <typename ControlType>
-using PerPane = std::array<ControlType, lister::PaneCount>;
 
 // The tables that the main form is made from.
 struct FormTables {
@@ -86,10 +74,8 @@ class MainForm : public forms::Form {
 
   // The pointer over the form's own surface; lists and other controls have their own.
   forms::MousePointer MousePointer = forms::MousePointer::Default;
-  // Name of the control that has the keyboard, kept by the window: "cboCommand", "ListerControl",
-  // "txtFocus" or empty for any other. Writing "txtFocus" takes the keyboard off the others: keys
-  // then go to the active list, without making it the current one.
-  std::string ActiveControl;
+  // What has the keyboard, kept by the window. Writing Form takes it off the others.
+  KeyboardFocus ActiveControl = KeyboardFocus::Other;
 
   bool PlaceRead = false;  // Left and Top are what the settings told, and on a screen
 

@@ -1,12 +1,11 @@
 // What is known of a pane: a folder list, a file list and a title row.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
 #include "base/Measure.h"
-#include "lister/list/ListId.h"
+#include "workspace/PerPane.h"
 
 namespace tarnwell::workspace {
 
@@ -52,6 +51,6 @@ struct PaneRecord {
   bool IsOpen() const { return Status == Open; }
 };
 
-using PaneRecords = std::array<PaneRecord, lister::PaneCount>;
+using PaneRecords = PerPane<PaneRecord>;
 
 }  // namespace tarnwell::workspace

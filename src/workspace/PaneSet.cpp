@@ -16,7 +16,7 @@ constexpr std::int16_t FirstHeading = 1;  // counted from 1
 }  // namespace
 
 void PaneSet::ChangePanes(int pane) {
-  if (workspace_.Panes.at(static_cast<std::size_t>(pane)).IsOpen()) {
+  if (workspace_.Panes[pane].IsOpen()) {
     if (!ClosePane(pane)) return;
   } else {
     OpenPane(pane);
@@ -39,7 +39,7 @@ bool PaneSet::ClosePane(int pane) {
     messenger_.Message(" You must always have at least one pane open.", forms::MessageKind::Ok);
     return false;
   }
-  PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  PaneRecord& record = workspace_.Panes[pane];
   record.Status = Closed;
   // A pane that the settings opened but whose set-up never ran has no lists to stop.
   if (record.Initialized) {
@@ -54,7 +54,7 @@ bool PaneSet::ClosePane(int pane) {
 }
 
 void PaneSet::OpenPane(int pane) {
-  PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  PaneRecord& record = workspace_.Panes[pane];
   record.Status = Open;
   WarnOfManyPanes();
   if (!record.Initialized) InitializePaneSet(pane);
@@ -90,7 +90,7 @@ void PaneSet::ShowPaneStates() {
   bool activeClosed = false;
   int firstOpen = -1;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+    PaneRecord& record = workspace_.Panes[pane];
     record.NeedsRedraw = true;
     const std::string number = std::to_string(pane);
     workspace_.Form.Toolbar1["pane" + number].Pressed = record.IsOpen();
@@ -129,7 +129,7 @@ void PaneSet::InitializePaneSet(int pane) {
 }
 
 void PaneSet::SetUpLists(int pane) {
-  PaneRecord& record = workspace_.Panes[static_cast<std::size_t>(pane)];
+  PaneRecord& record = workspace_.Panes[pane];
   if (pane != 0) workspace_.Lists.Create(pane);
   record.Initialized = true;
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);

@@ -36,7 +36,7 @@ void MendShares(PaneRecords& panes, float PaneRecord::*share) {
 }
 
 void MendControlGroups(PaneRecords& panes) {
-  std::array<bool, lister::PaneCount> taken{};
+  PerPane<bool> taken;
   bool usable = true;
   for (const PaneRecord& pane : panes) {
     if (!pane.IsOpen()) continue;
@@ -64,11 +64,10 @@ void SanitizeRecords(PaneRecords& panes, std::int32_t layout) {
   MendControlGroups(panes);
 }
 
-std::array<double, lister::PaneCount> ShownShares(const PaneRecords& panes, std::int32_t layout,
-                                                  double least) {
+PerPane<double> ShownShares(const PaneRecords& panes, std::int32_t layout, double least) {
   float PaneRecord::*const share = ShareField(layout);
-  std::array<double, lister::PaneCount> shares{};
-  std::array<bool, lister::PaneCount> isRaised{};
+  PerPane<double> shares;
+  PerPane<bool> isRaised;
   int raised = 0;
   // Each pane that is raised takes from the others, which may bring one of them too low in turn.
   for (bool again = true; again;) {

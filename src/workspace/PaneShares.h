@@ -2,9 +2,6 @@
 // nobody could work with.
 #pragma once
 
-#include <array>
-
-#include "lister/list/ListId.h"
 #include "workspace/PaneRecord.h"
 
 namespace tarnwell::workspace {
@@ -22,8 +19,7 @@ void SanitizeRecords(PaneRecords& panes, std::int32_t layout);
 
 // The shares by which the open panes of the layout are laid out: their own, but none below `least`
 // (0 to 1), for which the others give way. Closed panes have 0.
-std::array<double, lister::PaneCount> ShownShares(const PaneRecords& panes, std::int32_t layout,
-                                                  double least);
+PerPane<double> ShownShares(const PaneRecords& panes, std::int32_t layout, double least);
 
 // Auto expand: the active pane gets the most of the layout's direction, the other open panes equal
 // shares of the rest. An open pane that is alone gets all.

@@ -35,16 +35,16 @@ ZoneHit FindZone(const ZoneSearch& search, float x, float y) {
   using forms::MousePointer;
   const bool isVertical = search.Layout == Vertical;
   for (std::int16_t pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto& list = search.FolderLists[static_cast<std::size_t>(pane)];
+    const auto& list = search.FolderLists[pane];
     if (!list || !IsOnSplit(search, *list, x, y)) continue;
-    return isVertical ? ZoneHit{ZoneResizeNSVertical, MousePointer::NorthSouth, pane}
-                      : ZoneHit{ZoneResizeWEHorizontal, MousePointer::WestEast, pane};
+    return isVertical ? ZoneHit{MouseZone::ResizeNSVertical, MousePointer::NorthSouth, pane}
+                      : ZoneHit{MouseZone::ResizeWEHorizontal, MousePointer::WestEast, pane};
   }
   for (std::int16_t pane = 0; pane < lister::PaneCount; ++pane) {
-    const auto& list = search.FolderLists[static_cast<std::size_t>(pane)];
+    const auto& list = search.FolderLists[pane];
     if (pane == search.LastOpenPane || !list || !IsOnBar(search, *list, x, y)) continue;
-    return isVertical ? ZoneHit{ZoneResizeWEVertical, MousePointer::WestEast, pane}
-                      : ZoneHit{ZoneResizeNSHorizontal, MousePointer::NorthSouth, pane};
+    return isVertical ? ZoneHit{MouseZone::ResizeWEVertical, MousePointer::WestEast, pane}
+                      : ZoneHit{MouseZone::ResizeNSHorizontal, MousePointer::NorthSouth, pane};
   }
   return {};
 }

@@ -47,16 +47,16 @@ bool Splitters::IsVertical() const {
 }
 
 bool Splitters::IsBetweenPanes() const {
-  return workspace_.MouseZone == ZoneResizeWEVertical ||
-         workspace_.MouseZone == ZoneResizeNSHorizontal;
+  return workspace_.MouseZone == MouseZone::ResizeWEVertical ||
+         workspace_.MouseZone == MouseZone::ResizeNSHorizontal;
 }
 
 PaneRecord& Splitters::Pane(std::int16_t pane) {
-  return workspace_.Panes.at(static_cast<std::size_t>(pane));
+  return workspace_.Panes[pane];
 }
 
 std::optional<Place> Splitters::FolderListPlace(std::int16_t pane) const {
-  const PaneRecord& record = workspace_.Panes.at(static_cast<std::size_t>(pane));
+  const PaneRecord& record = workspace_.Panes[pane];
   if (!record.IsOpen() || !record.Initialized) return std::nullopt;
   const lister::ListerControl& list = workspace_.Lists.Folders(pane);
   return Place{list.Left, list.Top, list.Width, list.Height};
@@ -64,7 +64,7 @@ std::optional<Place> Splitters::FolderListPlace(std::int16_t pane) const {
 
 void Splitters::MouseMove(float x, float y) {
   if (workspace_.IsResizing()) {
-    const bool isWestEast = workspace_.ResizeAction == "DoResizingWestEast";
+    const bool isWestEast = workspace_.ResizeAction == ResizingWestEast;
     Follow(isWestEast ? x - workspace_.Drag.DragStartX : y - workspace_.Drag.DragStartY);
   } else if (workspace_.ResizeAction.empty()) {
     Search(x, y);
@@ -77,7 +77,7 @@ void Splitters::Search(float x, float y) {
                     .ListsTop = workspace_.Area.ListsTop,
                     .PaneGap = workspace_.PaneGap};
   for (std::int16_t pane = 0; pane < lister::PaneCount; ++pane) {
-    search.FolderLists[static_cast<std::size_t>(pane)] = FolderListPlace(pane);
+    search.FolderLists[pane] = FolderListPlace(pane);
   }
   const ZoneHit hit = FindZone(search, x, y);
   workspace_.MouseZone = hit.Zone;
@@ -88,8 +88,7 @@ void Splitters::Search(float x, float y) {
 }
 
 void Splitters::MouseDown(float x, float y) {
-  const bool isZone = !workspace_.MouseZone.empty() && workspace_.MouseZone != ZoneNowhere;
-  if (!isZone || !workspace_.ResizeAction.empty()) return;
+  if (workspace_.MouseZone == MouseZone::Nowhere || !workspace_.ResizeAction.empty()) return;
   SplitterDrag& drag = workspace_.Drag;
   if (IsBetweenPanes() && !FindPanesBeside(IsVertical() ? x : y)) return;
   const std::int16_t pane = IsBetweenPanes() ? drag.DragPaneBefore : drag.ZonePane;
@@ -140,7 +139,7 @@ void Splitters::ShowBars(const Place& list, const PaneRecord& pane) {
                                             : list.Height + 2 * gap;
     Show(form.LineVert2, left, form.LineVert2.Top);
     workspace_.Drag.BarStartLeft = static_cast<float>(left);
-    workspace_.ResizeAction = "DoResizingWestEast";
+    workspace_.ResizeAction = ResizingWestEast;
   } else {
     const Twips top = list.Bottom() + gap / 2 - form.LineHorz.Height / 2;
     // A settings file may hold any measure, and it stands until the pane is first placed.
@@ -149,7 +148,7 @@ void Splitters::ShowBars(const Place& list, const PaneRecord& pane) {
         IsBetweenPanes() ? form.Width : base::RoundToTwips(pane.Width + 2.0 * gap);
     Show(form.LineHorz2, form.LineHorz2.Left, top);
     workspace_.Drag.BarStartTop = static_cast<float>(top);
-    workspace_.ResizeAction = "DoResizingNorthSouth";
+    workspace_.ResizeAction = ResizingNorthSouth;
   }
   form.Touch();
 }
@@ -173,7 +172,7 @@ void Splitters::Follow(float way) {
     Pane(drag.ZonePane).*fields.Split = base::RoundToTwips(split);
   }
   MainForm& form = workspace_.Form;
-  if (workspace_.ResizeAction == "DoResizingWestEast") {
+  if (workspace_.ResizeAction == ResizingWestEast) {
     form.LineVert.Left = form.LineVert2.Left = base::RoundToTwips(steps + drag.BarStartLeft);
   } else {
     form.LineHorz.Top = form.LineHorz2.Top = base::RoundToTwips(steps + drag.BarStartTop);
@@ -225,7 +224,7 @@ bool Splitters::GiveUp() {
   }
   HideBars();
   workspace_.ResizeAction.clear();
-  workspace_.MouseZone = ZoneNowhere;
+  workspace_.MouseZone = MouseZone::Nowhere;
   workspace_.Form.MousePointer = forms::MousePointer::Arrow;
   return true;
 }

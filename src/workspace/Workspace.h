@@ -40,6 +40,11 @@ struct SplitterDrag {
   float SplitStart = 0;  // Height of columns, WidthH of rows
 };
 
+// What the mouse is doing on the form.
+inline constexpr std::string_view ResizingWestEast = "DoResizingWestEast";  // drags a bar
+inline constexpr std::string_view ResizingNorthSouth = "DoResizingNorthSouth";
+inline constexpr std::string_view DragStart = "DragStart";  // drags items out of a list
+
 struct Workspace {
   Workspace(const FormTables& tables, ListSet::Factory factory)
       : Form(tables), Lists(std::move(factory)) {}
@@ -71,15 +76,13 @@ struct Workspace {
   base::Twips LastFormHeight = -1;
   std::int32_t LastLayout = -1;
 
-  std::string_view MouseZone;  // the splitter under the pointer, see SplitterZones.h
-  // What the mouse is doing on the form: "DoResizingWestEast" and "DoResizingNorthSouth" while a
-  // bar is dragged, "DragStart" while items are dragged out of a list, else empty.
-  std::string ResizeAction;
+  workspace::MouseZone MouseZone = workspace::MouseZone::Nowhere;  // where the pointer is
+  std::string ResizeAction;  // one of the words above; empty where the mouse does nothing of that
   SplitterDrag Drag;
 
   // 1: cut, copy and paste are the platform's; 0: the program's own, by the two values below.
   std::int32_t ShellVerbMode = 1;
-  std::string InternalClipAction;                      // "copy" or "move"
+  std::string InternalClipAction;                      // CopyWord or MoveWord
   lister::ListId InternalClipSource = lister::NoList;  // NoList when nothing is kept
 
   bool KeyArmed = false;  // a key may act: a held key acts once, until some key is released
@@ -87,20 +90,18 @@ struct Workspace {
   bool IsWin9x = false;
   std::string OsName;  // of a Windows of the 9x line; empty on every other system
 
-  PaneRecord& PaneOfList(lister::ListId list) {
-    return Panes.at(static_cast<std::size_t>(lister::PaneOf(list)));
-  }
+  PaneRecord& PaneOfList(lister::ListId list) { return Panes[lister::PaneOf(list)]; }
 
   // A bar is dragged.
   bool IsResizing() const {
-    return ResizeAction == "DoResizingWestEast" || ResizeAction == "DoResizingNorthSouth";
+    return ResizeAction == ResizingWestEast || ResizeAction == ResizingNorthSouth;
   }
 
   // Calls `work` with the folder list, then the file list, of each pane that has been set up.
   template <typename Work>
   void ForEachList(Work work) {
     for (int pane = 0; pane < lister::PaneCount; ++pane) {
-      if (!Panes[static_cast<std::size_t>(pane)].Initialized) continue;
+      if (!Panes[pane].Initialized) continue;
       work(Lists.Folders(pane));
       work(Lists.Files(pane));
     }

@@ -88,12 +88,12 @@ TEST_F(KeyboardTest, ActsByItsTableAndOnceForAHeldKey) {
     EXPECT_EQ(Press('C', CtrlDown), down ? "held" : "menu1 armed");
     EXPECT_EQ(Space.SpaceHeld, down);
   }
-  Space.Form.ActiveControl = "cboCommand";
+  Space.Form.ActiveControl = workspace::KeyboardFocus::CommandLine;
   Keys.KeyUp();
   for (const int code : {int{lister::EscapeKey}, int{lister::DeleteKey}, int{'A'}}) {
     EXPECT_EQ(Press(code, CtrlDown), "armed");
   }
-  Space.Form.ActiveControl = "ListerControl";
+  Space.Form.ActiveControl = workspace::KeyboardFocus::List;
   EXPECT_EQ(Press(lister::F1Key), "armed");
   EXPECT_EQ(Messages.Texts,
             (workspace::Texts{"An error occurred while handling which keys were pressed."}));

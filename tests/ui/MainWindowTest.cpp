@@ -164,7 +164,7 @@ TEST_F(MainWindowTest, TitlesAndPlaceholdersStandInTheSmallestWindow) {
   Resize(640, 334);
   EXPECT_TRUE(Tree("Folders of pane 5")->isVisible() && !Tree("Files of pane 5")->isVisible());
   EXPECT_EQ(Shown<NoRoomLabel>().size(), 5);
-  EXPECT_EQ(Run.Form().ActiveControl, "txtFocus");
+  EXPECT_EQ(Run.Form().ActiveControl, workspace::KeyboardFocus::Form);
   EXPECT_EQ(Run.Space().CurrentList, 100);
   for (const char* layout : {"layouthorizontal", "layoutvertical"}) {
     Run.Main().ButtonClick(layout);
@@ -184,12 +184,12 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   QTreeView* const other = Tree("Folders of pane 2");
   Tree("Folders of pane 1")->setFocus();
   for (const lister::ListId active : {lister::FolderListOf(0), lister::FolderListOf(1)}) {
-    EXPECT_EQ(Run.Form().ActiveControl, "ListerControl");
+    EXPECT_EQ(Run.Form().ActiveControl, workspace::KeyboardFocus::List);
     Run.Space().ActiveList = active;
-    Run.Form().ActiveControl = "txtFocus";
+    Run.Form().ActiveControl = workspace::KeyboardFocus::Form;
     Window.Sync();
   }
-  EXPECT_EQ(Run.Form().ActiveControl, "txtFocus");
+  EXPECT_EQ(Run.Form().ActiveControl, workspace::KeyboardFocus::Form);
   const EventCount keys(QList<QWidget*>{other}, {QEvent::KeyPress, QEvent::FocusIn});
   QKeyEvent end(QEvent::KeyPress, Qt::Key_End, {});
   QCoreApplication::sendEvent(Window.focusWidget(), &end);
@@ -203,7 +203,7 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   }
   EXPECT_EQ(keys.Count, 3);
   EXPECT_EQ(Run.Space().CurrentList, 1);
-  EXPECT_EQ(Run.Form().ActiveControl, "ListerControl");
+  EXPECT_EQ(Run.Form().ActiveControl, workspace::KeyboardFocus::List);
 
   // What comes up while a menu has the keys is not held any more.
   QKeyEvent shift(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
@@ -232,7 +232,7 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   Settle();
   auto& command = *Inside.findChild<QComboBox*>({}, Qt::FindDirectChildrenOnly);
   command.setFocus();
-  EXPECT_EQ(Run.Form().ActiveControl, "cboCommand");
+  EXPECT_EQ(Run.Form().ActiveControl, workspace::KeyboardFocus::CommandLine);
   EXPECT_FALSE(Window.findChild<QShortcut*>()->isEnabled());
   command.setEditText("ls");
   EXPECT_EQ(Run.Form().cboCommand.Text, "ls");

@@ -24,13 +24,13 @@ TEST_F(FormLayoutTest, MovesNothingUnlessSomethingChanged) {
   Layout.ResizeForm(false);
   forms::TextBox& title = Space.Form.TitleBar[1];
   EXPECT_TRUE(title.Visible && !Space.Form.TitleBar[2].Visible && !Space.Form.TitleBar[3].Visible);
-  EXPECT_EQ(Space.Form.ActiveControl, "txtFocus");
+  EXPECT_EQ(Space.Form.ActiveControl, KeyboardFocus::Form);
   const base::Twips top = title.Top;
   title.Top = 1;
-  Space.Form.ActiveControl.clear();
+  Space.Form.ActiveControl = KeyboardFocus::Other;
   Layout.ResizeForm(false);
   EXPECT_EQ(title.Top, 1);
-  EXPECT_EQ(Space.Form.ActiveControl, "");
+  EXPECT_EQ(Space.Form.ActiveControl, KeyboardFocus::Other);
   for (const auto& change : std::vector<std::function<void()>>{
            [this] { Layout.ResizeForm(true); },
            [this] { ++Space.Form.ScaleHeight; },  // the menu bar took another line

@@ -37,7 +37,7 @@ class SplittersTest : public testing::Test, public TestWorkspace {
     const lister::ListerControl& list = Space.Lists.Folders(pane);
     return {list.Left, list.Top, list.Width, list.Height};
   }
-  std::string_view ZoneAt(int x, int y) {
+  MouseZone ZoneAt(int x, int y) {
     Mouse.MouseMove(static_cast<float>(x), static_cast<float>(y));
     return Space.MouseZone;
   }
@@ -54,29 +54,30 @@ class SplittersTest : public testing::Test, public TestWorkspace {
 TEST_F(SplittersTest, FindsTheGapsBetweenListsAndPanes) {
   Use(Vertical);
   const Place one = List(1);
-  EXPECT_EQ(ZoneAt(one.Left, one.Bottom()), ZoneResizeNSVertical);
+  EXPECT_EQ(ZoneAt(one.Left, one.Bottom()), MouseZone::ResizeNSVertical);
   EXPECT_EQ(Space.Form.MousePointer, MousePointer::NorthSouth);
   EXPECT_EQ(Space.Drag.ZonePane, 1);
-  EXPECT_EQ(ZoneAt(one.Right(), one.Bottom() + 60), ZoneResizeNSVertical);  // a split comes first
-  EXPECT_EQ(ZoneAt(one.Right() + 30, one.Bottom() + 60), ZoneResizeWEVertical);
+  EXPECT_EQ(ZoneAt(one.Right(), one.Bottom() + 60),
+            MouseZone::ResizeNSVertical);  // a split comes first
+  EXPECT_EQ(ZoneAt(one.Right() + 30, one.Bottom() + 60), MouseZone::ResizeWEVertical);
   EXPECT_EQ(Space.Form.MousePointer, MousePointer::WestEast);
-  EXPECT_EQ(ZoneAt(one.Right() + 60, Space.Area.ListsTop + 301), ZoneResizeWEVertical);
+  EXPECT_EQ(ZoneAt(one.Right() + 60, Space.Area.ListsTop + 301), MouseZone::ResizeWEVertical);
   for (const auto& [x, y] : {std::pair{one.Right() + 30, Space.Area.ListsTop + 300},
                              {one.Left + 9, one.Bottom() + 61},
                              {List(3).Right() + 30, 5000}}) {  // beside the last pane
-    EXPECT_EQ(ZoneAt(x, y), ZoneNowhere) << x;
+    EXPECT_EQ(ZoneAt(x, y), MouseZone::Nowhere) << x;
     EXPECT_EQ(Space.Form.MousePointer, MousePointer::Arrow);
   }
   Space.ResizeAction = "DragStart";  // items are dragged over the form
-  EXPECT_EQ(ZoneAt(one.Left, one.Bottom()), ZoneNowhere);
+  EXPECT_EQ(ZoneAt(one.Left, one.Bottom()), MouseZone::Nowhere);
   Mouse.MouseUp();
   EXPECT_EQ(Space.ResizeAction, "DragStart");
   Space.ResizeAction.clear();
 
   Use(Horizontal);
-  EXPECT_EQ(ZoneAt(List(3).Right() + 60, List(3).Bottom()), ZoneResizeWEHorizontal);
-  EXPECT_EQ(ZoneAt(0, List(0).Bottom()), ZoneResizeNSHorizontal);  // whatever x is
-  EXPECT_EQ(ZoneAt(0, List(3).Bottom() + 5), ZoneNowhere);
+  EXPECT_EQ(ZoneAt(List(3).Right() + 60, List(3).Bottom()), MouseZone::ResizeWEHorizontal);
+  EXPECT_EQ(ZoneAt(0, List(0).Bottom()), MouseZone::ResizeNSHorizontal);  // whatever x is
+  EXPECT_EQ(ZoneAt(0, List(3).Bottom() + 5), MouseZone::Nowhere);
 }
 
 // A bar between columns 1 and 3, in steps, up to the limit, given up, then for good.

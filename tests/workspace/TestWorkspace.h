@@ -83,7 +83,7 @@ class TestWorkspace {
   // Where the lists' events go. Asked for when a list is made.
   virtual lister::ListerEvents& EventsOf() { return nobody_; }
 
-  PaneRecord& Pane(int pane) { return Space.Panes.at(static_cast<std::size_t>(pane)); }
+  PaneRecord& Pane(int pane) { return Space.Panes[pane]; }
 
   // The panes whose buttons are pressed, as "01".
   std::string PressedPanes() {

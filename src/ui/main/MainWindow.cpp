@@ -16,6 +16,8 @@
 #include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
+
+using workspace::KeyboardFocus;
 namespace {
 
 // Below 5000 twips either way the form does not arrange its panes.
@@ -61,7 +63,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
   setMinimumSize(LeastSize);
   setCentralWidget(surface_);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    PaneTitle*& title = titles_[static_cast<std::size_t>(pane)];
+    PaneTitle*& title = titles_[pane];
     title = new PaneTitle(pane, icons_.OpenFolder(),
                           {.Click = [this, pane] { master_.TitleClick(pane); },
                            .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
@@ -175,8 +177,8 @@ void MainWindow::SyncColours() {
 }
 
 void MainWindow::SyncPane(int pane) {
-  const auto i = static_cast<std::size_t>(pane);
-  titles_[i]->Sync(form_.TitleBar[i], form_.cmdTitle[i], form_.cmdClosePane[i], form_.shpBack[i]);
+  titles_[pane]->Sync(form_.TitleBar[pane], form_.cmdTitle[pane], form_.cmdClosePane[pane],
+                      form_.shpBack[pane]);
   SyncList(lister::FolderListOf(pane));
   SyncList(lister::FileListOf(pane));
 }
@@ -201,7 +203,7 @@ void MainWindow::SyncShapes() {
   const QPalette plain = surface_->palette();
   std::vector<FormSurface::Patch> patches;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
-    const forms::Shape& back = form_.shpBack[static_cast<std::size_t>(pane)];
+    const forms::Shape& back = form_.shpBack[pane];
     if (IsPlaced(back) && IsSkinned()) {
       patches.push_back({RectOf(back), ToQColor(back.BackColour), {}});
     }
@@ -256,12 +258,12 @@ void MainWindow::NoteFocus() {
   const QWidget* const focus = focusWidget();
   const bool inList = std::ranges::any_of(
       lists_, [focus](const auto& each) { return each.second->isAncestorOf(focus); });
-  form_.ActiveControl = focus == keeper_             ? "txtFocus"
-                        : strip_.HoldsCommand(focus) ? "cboCommand"
-                        : inList                     ? "ListerControl"
-                                                     : "";
+  form_.ActiveControl = focus == keeper_             ? KeyboardFocus::Form
+                        : strip_.HoldsCommand(focus) ? KeyboardFocus::CommandLine
+                        : inList                     ? KeyboardFocus::List
+                                                     : KeyboardFocus::Other;
   // There the key means nothing to the form.
-  escape_->setEnabled(form_.ActiveControl != "cboCommand");
+  escape_->setEnabled(form_.ActiveControl != KeyboardFocus::CommandLine);
 }
 
 void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
@@ -281,7 +283,7 @@ void MainWindow::PressMenuKey() {
 // The form wants the keyboard off its controls. What is typed is for the active list, which may
 // have it already.
 void MainWindow::TakeKeyboard() {
-  if (form_.ActiveControl != "txtFocus" || focusWidget() == keeper_) return;
+  if (form_.ActiveControl != KeyboardFocus::Form || focusWidget() == keeper_) return;
   if (!HasKeyboard(master_.Space().ActiveList)) keeper_->setFocus();
   NoteFocus();
 }

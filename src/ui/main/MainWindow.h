@@ -71,7 +71,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   MainToolbar* toolbar_;
   QShortcut* escape_;
   CommandStrip strip_;
-  std::array<PaneTitle*, lister::PaneCount> titles_{};
+  workspace::PerPane<PaneTitle*> titles_;
   workspace::PerList<NoRoomLabel*> noRoom_;
   std::map<lister::ListId, std::unique_ptr<ListerWidget>> lists_;
   std::array<DragBar*, 4> bars_{};
