@@ -12,9 +12,8 @@ namespace tarnwell::lister {
 
 namespace {
 
-// Between two reads of a folder that changes meanwhile, in milliseconds.
+// Between two reads of a folder that changes meanwhile, in milliseconds; see MostRest.
 constexpr std::int64_t LeastReadRest = 200;
-constexpr std::int64_t MostReadRest = 60'000;
 
 // Set while this lives.
 class Flag {
@@ -311,7 +310,7 @@ void FileReader::MindChanges(std::int64_t readFor) {
   if (update_.HasNone() || stopped_ || !files_.List.HasView()) return;
   willCatchUp_ = true;
   const std::int64_t rest =
-      update_.IsEverything() ? std::clamp(readFor, LeastReadRest, MostReadRest) : LeastReadRest;
+      update_.IsEverything() ? std::clamp(readFor, LeastReadRest, MostRest) : LeastReadRest;
   files_.View().CatchUpLater(static_cast<int>(rest));
 }
 

@@ -9,6 +9,10 @@
 
 namespace tarnwell::lister {
 
+// Work that a folder which goes on changing asks for anew waits as long as it took the last time,
+// but never longer than this; milliseconds.
+inline constexpr std::int64_t MostRest = 60'000;
+
 class Pacer {
  public:
   Pacer(const platform::Clock& clock, platform::MessagePump& pump)

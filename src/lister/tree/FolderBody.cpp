@@ -13,7 +13,6 @@ namespace {
 
 // In milliseconds. After work of more than this on notices the next ones wait as long as it took.
 constexpr std::int64_t QuickNotices = 20;
-constexpr std::int64_t MostNoticeRest = 60'000;
 
 }  // namespace
 
@@ -213,7 +212,7 @@ FolderBody::Outcome FolderBody::ApplyNotices() {
   const std::int64_t start = state_.Services.Clock.Ticks();
   notices_.Apply();
   const std::int64_t now = state_.Services.Clock.Ticks();
-  if (now - start > QuickNotices) restUntil_ = now + std::min(now - start, MostNoticeRest);
+  if (now - start > QuickNotices) restUntil_ = now + std::min(now - start, MostRest);
   // Nobody asked for this: what the line says of earlier trouble stands.
   if (folders_.Trouble.empty()) folders_.Trouble = state_.Status;
   return tree_.Has(tree_.Open()) ? TellIfMoved(before) : Outcome::Nothing;
