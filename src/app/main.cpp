@@ -5,21 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "platform/linux/files/LinuxFileSystem.h"
-#include "platform/linux/files/LinuxFolderStamps.h"
-#include "platform/linux/files/LinuxFolderWatch.h"
-#include "platform/linux/files/LinuxItemInspector.h"
-#include "platform/linux/files/ProtectedItems.h"
-#include "platform/linux/menu/LinuxContextMenu.h"
-#include "platform/linux/menu/LinuxLauncher.h"
-#include "platform/linux/menu/TerminalCall.h"
-#include "platform/linux/operation/RunOperation.h"
-#include "platform/linux/system/LinuxClock.h"
-#include "platform/linux/system/LinuxCollation.h"
-#include "platform/linux/system/LinuxDrives.h"
-#include "platform/linux/system/LinuxSystemInfo.h"
-#include "platform/linux/system/LinuxTermination.h"
-#include "platform/linux/system/XcbKeyboard.h"
+#include "app/Platform.h"
 #include "shell/Application.h"
 #include "ui/forms/MsgBoxWindow.h"
 #include "ui/forms/OperationDialogs.h"
@@ -64,8 +50,7 @@ void BindDialogs(ui::QtFormHost& host) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (const auto code = platform::AnswerTerminalCall(argc, argv)) return *code;
-  platform::OutliveFailedWrites();
+  if (const auto code = app::PrepareProcess(argc, argv)) return *code;
   ui::GuardedApplication qtApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnwell"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tarnwell"));
@@ -76,47 +61,34 @@ int main(int argc, char** argv) {
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 
-  platform::LinuxSystemInfo system(platform::ProgramPlaces::OfProcess());
-  platform::LinuxFileSystem files(system.ProgramFolder());
-  platform::LinuxDrives drives;
-  platform::LinuxFolderWatch watches;
-  platform::LinuxFolderStamps stamps;
-  platform::LinuxClock clock;
-  platform::LinuxCollation order;
+  const app::Platform system = app::MakePlatform();
+  platform::FileSystem& files = *system.Files;
   ui::QtMessagePump pump;
   const ui::QtNumberForms forms;
   ui::QtFormHost host;
-  const ui::IconSource icons(ui::ToQtPath(system.DataFolder()));
+  const ui::IconSource icons(ui::ToQtPath(system.DataFolder));
   ui::QtDialogs dialogs(icons);
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);
 
-  ui::QtFileOperation operation(
-      [&](const platform::OperationRequest& request, platform::OperationUser& user) {
-        return platform::RunOperation(request, user, system.ProgramFolder());
-      },
-      [&](platform::FileFunction function, const std::string& items) {
-        return platform::ProtectedItems(system.ProgramFolder()).Refusal(function, items);
-      },
-      {files.Syntax(), clock, forms, icons});
+  const ui::OperationTools operationTools{files.Syntax(), *system.Clock, forms, icons};
+  ui::QtFileOperation operation(system.RunOperation, system.RefuseOperation, operationTools);
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
-  const platform::LinuxItemInspector inspector;
-  ui::QtItemWindows itemWindows({{files.Syntax(), clock, forms, icons}, files, inspector},
+  ui::QtItemWindows itemWindows({operationTools, files, *system.Inspector},
                                 [](const std::string& folder) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
-  platform::LinuxLauncher launcher({dialogs, itemWindows, forms});
-  platform::LinuxContextMenu contextMenu({clipboard, operation, dialogs, itemWindows, forms});
+  const app::Desktop desktop =
+      app::MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
 
-  const auto* const x11 = qtApplication.nativeInterface<QNativeInterface::QX11Application>();
-  const platform::XcbKeyboard keys(x11 != nullptr ? x11->connection() : nullptr);
-
-  shell::Application application({host, files, drives, watches, pump, clock, dialogs, system, order,
-                                  launcher, operation, contextMenu, popups, forms, stamps, keys},
-                                 ProgramVersion);
+  shell::Application application(
+      {host, files, *system.Drives, *system.Watches, pump, *system.Clock, dialogs, *system.System,
+       *system.Order, *desktop.Launcher, operation, *desktop.ItemMenus, popups, forms,
+       *system.Stamps, *desktop.Keys},
+      ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });
@@ -131,7 +103,7 @@ int main(int argc, char** argv) {
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
-  const platform::LinuxTermination termination(
+  const std::shared_ptr<void> termination = app::WhenAskedToEnd(
       [&] { operation.CancelThen([&] { popups.CloseThen([&] { application.RequestQuit(); }); }); });
   runningApplication = &application;
   runningOperation = &operation;

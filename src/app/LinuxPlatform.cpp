@@ -1,0 +1,65 @@
+#include <QGuiApplication>
+#include <utility>
+
+#include "app/Platform.h"
+#include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/files/LinuxFolderStamps.h"
+#include "platform/linux/files/LinuxFolderWatch.h"
+#include "platform/linux/files/LinuxItemInspector.h"
+#include "platform/linux/files/ProtectedItems.h"
+#include "platform/linux/menu/LinuxContextMenu.h"
+#include "platform/linux/menu/LinuxLauncher.h"
+#include "platform/linux/menu/TerminalCall.h"
+#include "platform/linux/operation/RunOperation.h"
+#include "platform/linux/system/LinuxClock.h"
+#include "platform/linux/system/LinuxCollation.h"
+#include "platform/linux/system/LinuxDrives.h"
+#include "platform/linux/system/LinuxSystemInfo.h"
+#include "platform/linux/system/LinuxTermination.h"
+#include "platform/linux/system/XcbKeyboard.h"
+
+namespace tarnwell::app {
+
+std::optional<int> PrepareProcess(int argc, char** argv) {
+  if (const auto code = platform::AnswerTerminalCall(argc, argv)) return code;
+  platform::OutliveFailedWrites();
+  return {};
+}
+
+Platform MakePlatform() {
+  auto system = std::make_unique<platform::LinuxSystemInfo>(platform::ProgramPlaces::OfProcess());
+  const std::string folder = system->ProgramFolder();
+  Platform made;
+  made.DataFolder = system->DataFolder();
+  made.System = std::move(system);
+  made.Files = std::make_unique<platform::LinuxFileSystem>(folder);
+  made.Drives = std::make_unique<platform::LinuxDrives>();
+  made.Watches = std::make_unique<platform::LinuxFolderWatch>();
+  made.Stamps = std::make_unique<platform::LinuxFolderStamps>();
+  made.Clock = std::make_unique<platform::LinuxClock>();
+  made.Order = std::make_unique<platform::LinuxCollation>();
+  made.Inspector = std::make_unique<platform::LinuxItemInspector>();
+  made.RunOperation = [folder](const platform::OperationRequest& request,
+                               platform::OperationUser& user) {
+    return platform::RunOperation(request, user, folder);
+  };
+  made.RefuseOperation = [folder](platform::FileFunction function, const std::string& items) {
+    return platform::ProtectedItems(folder).Refusal(function, items);
+  };
+  return made;
+}
+
+Desktop MakeDesktop(const DesktopTools& tools) {
+  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  return {std::make_unique<platform::LinuxLauncher>(
+              platform::OpenTools{tools.Dialogs, tools.Windows, tools.Forms}),
+          std::make_unique<platform::LinuxContextMenu>(platform::MenuTools{
+              tools.Clipboard, tools.Operation, tools.Dialogs, tools.Windows, tools.Forms}),
+          std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr)};
+}
+
+std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit) {
+  return std::make_shared<platform::LinuxTermination>(std::move(quit));
+}
+
+}  // namespace tarnwell::app

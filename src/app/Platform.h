@@ -1,0 +1,65 @@
+// What the program gets from the system that it runs on. Each system answers these by its own
+// adapters, in one file.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/Collation.h"
+#include "platform/ContextMenu.h"
+#include "platform/Dialogs.h"
+#include "platform/FileClipboard.h"
+#include "platform/FolderStamps.h"
+#include "platform/FolderWatch.h"
+#include "platform/ItemFacts.h"
+#include "platform/ItemWindows.h"
+#include "platform/Keyboard.h"
+#include "platform/Launcher.h"
+#include "platform/NumberForms.h"
+#include "platform/SystemInfo.h"
+#include "ui/operation/QtFileOperation.h"
+
+namespace tarnwell::app {
+
+// To be called first of all. An exit code where the process was not started as the program, and is
+// done already.
+std::optional<int> PrepareProcess(int argc, char** argv);
+
+// What needs no window; to be made once the application is there.
+struct Platform {
+  std::unique_ptr<platform::SystemInfo> System;
+  std::string DataFolder;  // of the files that came with the program; empty if there is none
+  std::unique_ptr<platform::FileSystem> Files;
+  std::unique_ptr<platform::Drives> Drives;
+  std::unique_ptr<platform::FolderWatch> Watches;
+  std::unique_ptr<platform::FolderStamps> Stamps;
+  std::unique_ptr<platform::Clock> Clock;
+  std::unique_ptr<platform::Collation> Order;
+  std::unique_ptr<platform::ItemInspector> Inspector;
+  ui::OperationEngine RunOperation;
+  ui::OperationRefusal RefuseOperation;
+};
+Platform MakePlatform();
+
+// What works by windows, which it is given, or by the display.
+struct DesktopTools {
+  platform::FileClipboard& Clipboard;
+  platform::FileOperation& Operation;
+  platform::Dialogs& Dialogs;
+  platform::ItemWindows& Windows;
+  const platform::NumberForms& Forms;
+};
+struct Desktop {
+  std::unique_ptr<platform::Launcher> Launcher;
+  std::unique_ptr<platform::ContextMenu> ItemMenus;
+  std::unique_ptr<platform::Keyboard> Keys;
+};
+Desktop MakeDesktop(const DesktopTools& tools);
+
+// While what it gives lives, `quit` is called from the event loop when the system asks the program
+// to end.
+std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit);
+
+}  // namespace tarnwell::app
