@@ -44,7 +44,7 @@ struct ItemAttributes {
   std::int64_t Modified = UnknownTime;
   std::int64_t Created = UnknownTime;
   std::int64_t Accessed = UnknownTime;
-  std::uint32_t Mode = 0;  // POSIX permission bits, or the platform's attribute bits
+  std::uint32_t Mode = 0;  // POSIX permission bits, 07777; elsewhere what comes nearest to them
 };
 
 // Short texts that a file system can keep with an item.
