@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "base/PathSyntax.h"
 
 namespace tarnwell::base {
@@ -26,29 +23,17 @@ TEST(PathSyntaxTest, TakesPathsApartAndPutsThemTogether) {
 }
 
 TEST(PathSyntaxTest, NamesFollowTheRuleOfThePlatform) {
-  using Names = std::vector<std::string>;
-  for (const auto& name : Names{"", ".", "..", "a/b", {"a\0b", 3}})
-    EXPECT_FALSE(posix.IsName(name));
-  for (const auto& name : Names{"\\:*?\"<>|\n\xFF", "a. ", "NUL"}) EXPECT_TRUE(posix.IsName(name));
-  for (const auto& name : Names{"..",
-                                "a\\b",
-                                "a/b",
-                                "c:b",
-                                "a|",
-                                "a\x1F",
-                                "a.",
-                                "a ",
-                                "nul",
-                                "Con .b.c",
-                                "com1",
-                                "LPT9.txt",
-                                "com\u00b2",
-                                {"a\0b", 3}}) {
+  for (const char* name : {"", ".", "..", "a/b"}) EXPECT_FALSE(posix.IsName(name)) << name;
+  for (const char* name : {"\\:*?\"<>|\n\xFF", "a. ", "NUL"})
+    EXPECT_TRUE(posix.IsName(name)) << name;
+  for (const char* name : {"..", "a\\b", "a/b", "c:b", "a|", "a\x1F", "a.", "a ", "nul", "Con .b.c",
+                           "com1", "LPT9.txt", "com\u00b2"}) {
     EXPECT_FALSE(windows.IsName(name)) << name;
   }
-  for (const auto& name : Names{".a b", "com", "com0", "com10", "null", "a.nul", "\xFF\u00e4"}) {
+  for (const char* name : {".a b", "com", "com0", "com10", "null", "a.nul", "\xFF\u00e4"}) {
     EXPECT_TRUE(windows.IsName(name)) << name;
   }
+  EXPECT_FALSE(posix.IsName({"a\0b", 3}));
 }
 
 TEST(PathSyntaxTest, ValidPathBeginsAtItsServerAndHasMoreThanThat) {
