@@ -98,7 +98,7 @@ struct RowsNoted : NoView {
   std::optional<SteadyClock::time_point> Came;
 
   void EndReset() override {
-    if (List->ChildCount(RootRow) == 0) return;
+    if (List->Rows().ChildCount(RootRow) == 0) return;
     Came = SteadyClock::now();
     List->CancelRequested = Stops;
   }
@@ -130,7 +130,7 @@ struct Bench {
     const SteadyClock::time_point start = SteadyClock::now();
     list.LoadFolderContents(folder, true);
     const SteadyClock::time_point end = SteadyClock::now();
-    if (list.ChildCount(RootRow) != count) throw std::runtime_error("rows are missing");
+    if (list.Rows().ChildCount(RootRow) != count) throw std::runtime_error("rows are missing");
     list.View = nullptr;
     return std::chrono::duration<double>((namesAlone ? *view.Came : end) - start).count();
   }

@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "fileops/ItemName.h"
 #include "fileops/popRename.h"
+#include "lister/list/ClickedItem.h"
 #include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 

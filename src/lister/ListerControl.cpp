@@ -11,7 +11,6 @@
 #include "base/Text.h"
 #include "lister/ListerParts.h"
 #include "lister/list/ListingFile.h"
-#include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -34,12 +33,16 @@ std::int16_t HighestNumber(std::size_t count) {
 }  // namespace
 
 ListerControl::ListerControl(ListId list, const ListServices& services, ListerEvents& events)
-    : id_(list), parts_(std::make_unique<Parts>(list, *this, services, events)) {}
+    : parts_(std::make_unique<Parts>(list, *this, services, events)) {}
 
 ListerControl::~ListerControl() = default;
 
+ListId ListerControl::Id() const {
+  return parts_->State.Id;
+}
+
 std::int32_t ListerControl::FolderListType() const {
-  return IsFileList(id_) ? 2 : 1;
+  return IsFileList(Id()) ? 2 : 1;
 }
 
 const std::string& ListerControl::CurrentFolder() const {
@@ -61,10 +64,10 @@ void ListerControl::ResetStartItem() {
 }
 
 void ListerControl::SetDragGraphicsOn(bool on) {
-  if (std::exchange(parts_->DragGraphicsOn, on) != on) parts_->State.View().Repaint();
+  parts_->State.SetDragGraphicsOn(on);
 }
 void ListerControl::SetHoverGraphicsOn(bool on) {
-  if (std::exchange(parts_->HoverGraphicsOn, on) != on) parts_->State.View().Repaint();
+  if (std::exchange(parts_->State.HoverGraphicsOn, on) != on) parts_->State.View().Repaint();
 }
 
 void ListerControl::Terminate() {
@@ -75,11 +78,13 @@ void ListerControl::Terminate() {
 }
 
 void ListerControl::SetActive(bool active) {
-  if (std::exchange(parts_->IsActive, active) != active) parts_->State.View().StyleChanged();
+  if (std::exchange(parts_->State.IsActive, active) != active) parts_->State.View().StyleChanged();
 }
 
 void ListerControl::TakeFocus(std::string_view modifier) {
-  parts_->Shift = modifier == "shift" ? ShiftDown : modifier == "ctrl" ? CtrlDown : 0;
+  parts_->Body->Input().SetModifiers(modifier == "shift"  ? ShiftDown
+                                     : modifier == "ctrl" ? CtrlDown
+                                                          : 0);
   parts_->State.View().TakeFocus();
 }
 
@@ -98,7 +103,7 @@ void ListerControl::RefreshAfterOperation() {
 void ListerControl::SetEnhancedMode(bool on) {
   SetProperty("ShowColor", base::Value(on));
   if (parts_->State.Table[HeadingId::Comments].Active == on) return;
-  ToggleHeading(static_cast<int>(HeadingId::Comments));
+  parts_->Columns.Toggle(static_cast<int>(HeadingId::Comments));
 }
 
 // The widget follows the size of the list by itself; what is left is to paint it anew.
@@ -108,7 +113,7 @@ void ListerControl::SetLayout(std::int32_t) {
 
 void ListerControl::SetProperty(std::string_view name, const base::Value& value) {
   if (name == "ActiveHeading") {
-    ClickHeading(base::ToInt16(value) - 1);
+    parts_->Columns.Click(base::ToInt16(value) - 1);
   } else if (name == "ActiveString") {
     parts_->Body->Input().SetTyped(base::ToText(value));
   } else if (parts_->State.Settings.Set(name, value)) {
@@ -172,7 +177,7 @@ void ListerControl::GoToFolder(const std::string& folder) {
 
 // A node is known by its path.
 std::string ListerControl::CurrentNodeKey() const {
-  return IsFileList(id_) ? "" : parts_->State.Folder;
+  return IsFileList(Id()) ? "" : parts_->State.Folder;
 }
 
 std::int32_t ListerControl::CurrentNodeLevel() const {
@@ -189,14 +194,7 @@ void ListerControl::SortCommand(std::string_view word) {
   const auto known = std::find_if(std::begin(SortWords), std::end(SortWords),
                                   [&](const SortWord& entry) { return entry.Word == word; });
   if (known == std::end(SortWords)) return;
-  const SortKey key{static_cast<HeadingId>(parts_->ActiveHeading), known->Descending};
-  if (known->Adds) {
-    parts_->State.Keys.Add(key);
-  } else {
-    parts_->State.Keys.StartNew(key);
-  }
-  parts_->Body->Resort();
-  parts_->State.View().HeadingsChanged();
+  parts_->Columns.Sort(known->Descending, known->Adds);
 }
 
 std::int16_t ListerControl::SortKeyCount() const {
@@ -215,20 +213,19 @@ void ListerControl::AddSortKey(int level, const std::string& key, const std::str
   const int heading = parts_->State.Table.FindByKey(key);
   if (heading < 0 || (direction != "asc" && direction != "des")) return;
   if (!parts_->State.Keys.Set(level, {static_cast<HeadingId>(heading), direction == "des"})) return;
-  parts_->Body->Resort();
-  parts_->State.View().HeadingsChanged();
+  parts_->Columns.Resort();
 }
 
 void ListerControl::MoveHeading(std::string_view word) {
   if (word != "headleft" && word != "headright") return;
-  if (!parts_->State.Table.Move(parts_->ActiveHeading, word == "headleft")) return;
+  if (!parts_->State.Table.Move(parts_->State.ActiveHeading, word == "headleft")) return;
   parts_->State.View().HeadingsChanged();
 }
 
 void ListerControl::HeadingMenuClick(std::string_view menuName) {
   for (int heading = 0; heading < HeadingCount; ++heading) {
     const std::string& name = parts_->State.Table[static_cast<HeadingId>(heading)].MenuName;
-    if (!name.empty() && name == menuName) ToggleHeading(heading);
+    if (!name.empty() && name == menuName) parts_->Columns.Toggle(heading);
   }
 }
 
@@ -242,9 +239,7 @@ base::Value ListerControl::HeadingProperty(int heading, std::string_view attribu
 
 void ListerControl::SetHeadingProperty(int heading, std::string_view attribute,
                                        const base::Value& value) {
-  parts_->State.Table.SetProperty(heading, attribute, value);
-  parts_->Body->SettingsChanged();
-  parts_->State.View().HeadingsChanged();
+  parts_->Columns.Set(heading, attribute, value);
 }
 
 void ListerControl::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
@@ -340,101 +335,34 @@ void ListerControl::DrivesChanged() {
   parts_->Body->DrivesChanged();
 }
 
-// --- What the widget shows.
+// --- For the widget.
 
-int ListerControl::ChildCount(RowId parent) const {
-  return parts_->Body->ChildCount(parent);
+const ListRows& ListerControl::Rows() const {
+  return *parts_->Body;
 }
-RowId ListerControl::Child(RowId parent, int position) const {
-  return parts_->Body->Child(parent, position);
+ListRows& ListerControl::Rows() {
+  return *parts_->Body;
 }
-RowId ListerControl::Parent(RowId row) const {
-  return parts_->Body->Parent(row);
+const ListInput& ListerControl::Input() const {
+  return parts_->Body->Input();
 }
-int ListerControl::PositionOf(RowId row) const {
-  return parts_->Body->PositionOf(row);
+ListInput& ListerControl::Input() {
+  return parts_->Body->Input();
 }
-RowState ListerControl::StateOf(RowId row) const {
-  RowState state = parts_->Body->StateOf(row);
-  state.IsTarget = row > RootRow && parts_->IsTarget(row);
-  return state;
+const ListAppearance& ListerControl::Shown() const {
+  return parts_->State;
 }
-std::string ListerControl::CellText(RowId row, HeadingId heading) const {
-  return parts_->Body->CellText(row, heading);
+ListColumns& ListerControl::Columns() {
+  return parts_->Columns;
 }
-std::string ListerControl::SizeNote(RowId row) const {
-  return parts_->Body->IsSizePartial(row) ? "Not all of the folder could be read: it may be larger"
-                                          : "";
+const ListerUser& ListerControl::User() const {
+  return parts_->User;
 }
-std::string ListerControl::PathOf(RowId row) const {
-  return parts_->Body->PathOf(row);
-}
-RowId ListerControl::CurrentRow() const {
-  return parts_->Body->CurrentRow();
-}
-const Headings& ListerControl::HeadingTable() const {
-  return parts_->State.Table;
-}
-void ListerControl::FitHeadings(
-    const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf) {
-  const ListServices& services = parts_->State.Services;
-  for (int number = 0; number < HeadingCount; ++number) {
-    const auto id = static_cast<HeadingId>(number);
-    parts_->State.Table.FitWidth(id, widthOf(id, SampleText(services.Forms, services.Clock, id)));
-  }
-  parts_->State.View().HeadingsChanged();
-}
-int ListerControl::ActiveHeading() const {
-  return parts_->ActiveHeading;
-}
-bool ListerControl::IsActive() const {
-  return parts_->IsActive;
-}
-bool ListerControl::ShowIcons() const {
-  return IsFileList(id_) ? parts_->State.Settings.ShowFileIcons
-                         : parts_->State.Settings.ShowFolderIcons;
-}
-const ListColours& ListerControl::Colours() const {
-  return parts_->State.Settings.Colours;
-}
-int ListerControl::BorderWidth() const {
-  return std::clamp(parts_->State.Settings.BorderWidth, 0, 8);
+ListerUser& ListerControl::User() {
+  return parts_->User;
 }
 const platform::NumberForms& ListerControl::Forms() const {
   return parts_->State.Services.Forms;
-}
-const std::string& ListerControl::StatusText() const {
-  return parts_->State.Status;
-}
-CompareMarks ListerControl::MarksInList() const {
-  return parts_->State.Marks;
-}
-std::vector<platform::Drive> ListerControl::DriveChoices() const {
-  return parts_->State.Services.Drives.List();
-}
-
-std::vector<RowRange> ListerControl::SelectedRanges() const {
-  return parts_->Body->Input().SelectedRanges();
-}
-MouseAction ListerControl::CurrentMouseAction() const {
-  return parts_->Body->Input().Action();
-}
-bool ListerControl::DragGraphicsOn() const {
-  return parts_->DragGraphicsOn;
-}
-bool ListerControl::HoverGraphicsOn() const {
-  return parts_->HoverGraphicsOn;
-}
-const std::string& ListerControl::FilterText() const {
-  static const std::string none;
-  return parts_->Body->Filter() != nullptr ? parts_->Body->Filter()->Text() : none;
-}
-const std::string& ListerControl::FilterExtension() const {
-  static const std::string none;
-  return parts_->Body->Filter() != nullptr ? parts_->Body->Filter()->Extension() : none;
-}
-std::vector<ExtensionChoice> ListerControl::ExtensionChoices() const {
-  return parts_->Body->ExtensionChoices();
 }
 
 void ListerControl::CatchUp() {

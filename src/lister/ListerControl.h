@@ -16,40 +16,30 @@
 #include <string_view>
 #include <vector>
 
-#include "base/Colour.h"
 #include "base/Value.h"
 #include "forms/Controls.h"
-#include "lister/list/ClickedItem.h"
 #include "lister/list/FolderFollower.h"
-#include "lister/list/ListColours.h"
+#include "lister/list/ListAppearance.h"
 #include "lister/list/ListFields.h"
 #include "lister/list/ListId.h"
+#include "lister/list/ListInput.h"
 #include "lister/list/ListServices.h"
 #include "lister/list/ListerEvents.h"
-#include "lister/list/RowPointer.h"
 #include "lister/rows/Comparison.h"
-#include "lister/rows/Headings.h"
-#include "lister/rows/ListerView.h"
-#include "lister/rows/NameFilter.h"
-#include "lister/rows/RowState.h"
-#include "platform/Clock.h"
-#include "platform/Collation.h"
+#include "lister/rows/ListRows.h"
 #include "platform/FileOperation.h"
-#include "platform/FileSystem.h"
-#include "platform/FolderStamps.h"
-#include "platform/FolderWatch.h"
-#include "platform/Launcher.h"
-#include "platform/MessagePump.h"
-#include "platform/NumberForms.h"
 
 namespace tarnwell::lister {
+
+class ListColumns;
+class ListerUser;
 
 class ListerControl : public forms::Control, public ListFields {
  public:
   ListerControl(ListId list, const ListServices& services, ListerEvents& events);
   ~ListerControl();
 
-  ListId Id() const { return id_; }
+  ListId Id() const;
 
   // --- The contract with the form. Plain fields first; more of them in ListFields.
 
@@ -194,7 +184,7 @@ class ListerControl : public forms::Control, public ListFields {
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed, std::function<bool()> tells);
   // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
   // Otherwise, in a folder list: the folder clicked or opened last.
-  std::string TargetFolder(bool byKey = false, bool forPaste = false) const;
+  std::string TargetFolder(bool byKey = false) const;
   std::string PasteFolder() const;
   std::string DropFolder() const;  // under the last drop; empty if that was no folder
   // The item that a click or a key led to last, or the current one when the wish came by key. Kind
@@ -253,105 +243,24 @@ class ListerControl : public forms::Control, public ListFields {
   // one now, or is there again.
   void DrivesChanged();
 
-  // --- What the widget shows. Rows are read in place; a row that does not exist gives nothing.
+  // --- For the widget.
 
-  int ChildCount(RowId parent) const;
-  RowId Child(RowId parent, int position) const;
-  RowId Parent(RowId row) const;
-  int PositionOf(RowId row) const;  // among the children of its parent
-  RowState StateOf(RowId row) const;
-  // Text of a cell, for showing: valid UTF-8.
-  std::string CellText(RowId row, HeadingId heading) const;
-  // In words what the size says by a sign; empty for most.
-  std::string SizeNote(RowId row) const;
-  std::string PathOf(RowId row) const;  // bytes
-  RowId CurrentRow() const;
-  const Headings& HeadingTable() const;
-  // Columns whose width nobody chose take what `widthOf` gives for a cell with that text, in twips.
-  // To be called by the view, again whenever its font changes.
-  void FitHeadings(const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf);
-  int ActiveHeading() const;
-  bool IsActive() const;
-  // Whether items are told apart by icons of their own type, or all of a kind look the same; by
-  // kind of list, from the named settings.
-  bool ShowIcons() const;
-  const ListColours& Colours() const;
-  int BorderWidth() const;  // pixels round the list, 0 to 8
-  const std::string& StatusText() const;
+  const ListRows& Rows() const;
+  ListRows& Rows();
+  const ListInput& Input() const;  // mouse and keys
+  ListInput& Input();
+  const ListAppearance& Shown() const;
+  ListColumns& Columns();
+  const ListerUser& User() const;
+  ListerUser& User();
   // For what the widget itself says in numbers.
   const platform::NumberForms& Forms() const;
-  // The kinds of marks that rows have, whether or not the filter shows them.
-  CompareMarks MarksInList() const;
-  std::vector<platform::Drive> DriveChoices() const;
-
   // The folder changed while it was read: reads it again. The view calls this when the list has
   // asked for it by CatchUpLater.
   void CatchUp();
 
-  // The rows that are selected, as runs of positions from the top.
-  std::vector<RowRange> SelectedRanges() const;
-  MouseAction CurrentMouseAction() const;
-  bool DragGraphicsOn() const;
-  bool HoverGraphicsOn() const;
-  const std::string& FilterText() const;
-  const std::string& FilterExtension() const;  // empty for all
-  std::vector<ExtensionChoice> ExtensionChoices() const;
-
-  // --- What the user does in the widget. Key codes are those of ListKeyDown; `shift` is the mask
-  // of MouseEvent.
-
-  void Focused();
-  // True when the key meant something to the list. Raises ListKeyDown, or does what the key says.
-  bool KeyDown(int keyCode, int shift);
-  void KeyUp(int keyCode);
-  // Typed text moves the cursor to the next item whose name begins with it.
-  void TypeText(std::string_view text);
-  // A press: the button that it is for is the event's. The other button selects what it comes down
-  // on and raises RightClicked. MouseMoved is for a pressed main button alone, and once the pointer
-  // has left the place where it came down by more than a trembling hand does.
-  void MouseDown(const RowPointer& at);
-  void MouseMoved(const RowPointer& at);
-  void MouseUp(const RowPointer& at);
-  void WheelTurned(int delta);
-  // The cursor moved to the row: a folder list opens it, a file list tells the item.
-  void MoveCurrent(RowId row);
-  // Enter or a double click: a folder list opens and expands, a file list enters a folder and opens
-  // a file in its application.
-  void Activate(RowId row);
-  void Expand(RowId row);
-  void Collapse(RowId row);
-  void ChooseDrive(const std::string& drive);
-  void ClickHeading(int heading);  // makes it the active one
-  // Sorts by the heading, with Shift in addition to the others. Ascending; descending if that is
-  // how it sorts already.
-  void DoubleClickHeading(int heading, bool shift);
-  // Shows or hides the heading, whether or not a menu has an entry for it.
-  void ToggleHeading(int heading);
-  // `*` stands for any run of characters, `?` for one, `#` for a digit; case does not count. Text
-  // without them filters by what names contain. Empty shows all.
-  void SetFilterText(const std::string& text);
-  void SetExtensionFilter(const std::string& extension);
-  void UpButton();
-  void NewFolderButton();
-  // Bookmarks have slots 0 to 9. The form is asked for what a slot holds. A slot without a folder
-  // leads nowhere, and one whose folder is gone is told by StatusMessage.
-  std::string Bookmark(int slot) const;
-  void GoToBookmark(int slot);
-  // The folder that takes what is dropped on the row, or on empty space; empty for none.
-  std::string DropTarget(RowId row) const;
-  // Whether the items may be dropped into the folder. Items and action as a Drop has them.
-  bool TakesDrop(const std::string& folder, const std::string& items,
-                 std::string_view action) const;
-  // What is dragged lies over the row, or over empty space, and may be dropped there.
-  void DragOver(RowId row);
-  void DragLeft();
-  // `folder`: the DropTarget of the place as the button came up. A drop without a text for showing
-  // gets one.
-  void DropOn(const std::string& folder, Drop drop);
-
  private:
   struct Parts;
-  ListId id_;
   std::unique_ptr<Parts> parts_;
 };
 

@@ -11,7 +11,7 @@ void ListerControl::SelectAll(std::string_view word) {
 }
 
 void ListerControl::ArrowKey(std::int16_t& keyCode, bool& spaceHeld) {
-  parts_->Body->Input().Arrow(keyCode, spaceHeld, parts_->Shift);
+  parts_->Body->Input().Arrow(keyCode, spaceHeld);
 }
 
 void ListerControl::SpaceKey() {
@@ -40,7 +40,7 @@ std::string ListerControl::FirstSelected() {
   for (RowId row = NoRow; (row = parts_->Body->Input().NextSelected(position)) != NoRow;) {
     // No operation may get hold of a whole drive.
     if (IsDriveRoot(parts_->State, *parts_->Body, row)) return state.Drive + ":";
-    base::ItemList::Add(parts_->ActiveItemName, PathOf(row));
+    base::ItemList::Add(parts_->ActiveItemName, parts_->Body->PathOf(row));
   }
   if (!parts_->ActiveItemName.empty()) base::ItemList::Add(parts_->ActiveItemName, "");
   return TextOfItems(parts_->ActiveItemName, state.Syntax);
@@ -48,18 +48,18 @@ std::string ListerControl::FirstSelected() {
 
 std::string ListerControl::NextSelected() {
   const RowId row = parts_->Body->Input().NextSelected(SelectionCursor);
-  return row == NoRow ? "end" : PathOf(row);
+  return row == NoRow ? "end" : parts_->Body->PathOf(row);
 }
 
 const std::string& ListerControl::ActiveItemName() const {
   return parts_->ActiveItemName;
 }
 
-std::string ListerControl::TargetFolder(bool byKey, bool) const {
+std::string ListerControl::TargetFolder(bool byKey) const {
   const ListState& state = parts_->State;
   std::string folder = state.Folder;
-  if (!byKey && !IsFileList(id_)) {
-    const std::string clicked = PathOf(parts_->Body->Input().Clicked());
+  if (!byKey && !IsFileList(Id())) {
+    const std::string clicked = parts_->Body->PathOf(parts_->Body->Input().Clicked());
     if (!clicked.empty()) folder = clicked;
   }
   if (folder.empty() || !state.Services.Files.FolderExists(folder)) return "";
@@ -67,11 +67,11 @@ std::string ListerControl::TargetFolder(bool byKey, bool) const {
 }
 
 std::string ListerControl::PasteFolder() const {
-  return TargetFolder(true, true);
+  return TargetFolder(true);
 }
 
 std::string ListerControl::DropFolder() const {
-  return parts_->DropFolder;
+  return parts_->State.DropFolder;
 }
 
 void ListerControl::GetClickedItem(std::string& folder, std::string& name, bool byKey,
@@ -88,7 +88,7 @@ void ListerControl::GetClickedItem(std::string& folder, std::string& name, bool 
 std::string ListerControl::DuplicateBaseName() const {
   std::int32_t position = 0;
   const RowId row = parts_->Body->Input().NextSelected(position);
-  std::string path = PathOf(row);
+  std::string path = parts_->Body->PathOf(row);
   if (path.empty() || IsDriveRoot(parts_->State, *parts_->Body, row)) return "";
   const std::string_view name = parts_->State.Syntax.LastComponent(path);
   const std::size_t dot = name.rfind('.');
@@ -97,20 +97,20 @@ std::string ListerControl::DuplicateBaseName() const {
 }
 
 void ListerControl::BeginContextAction() {
-  parts_->InAction = true;
+  parts_->State.InAction = true;
   parts_->Body->Input().HoldClicked();
   parts_->State.View().Repaint();
 }
 
 void ListerControl::EndAction() {
-  parts_->InAction = false;
+  parts_->State.InAction = false;
   parts_->Body->Input().ForgetClicked();
   parts_->State.View().Repaint();
 }
 
 void ListerControl::EndDrop() {
-  parts_->DropFolder.clear();
-  DragLeft();
+  parts_->State.DropFolder.clear();
+  parts_->User.DragLeft();
 }
 
 void ListerControl::Drag(int action) {

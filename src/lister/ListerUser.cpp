@@ -1,140 +1,80 @@
-// The part of ListerControl that the widget tells of mouse, keys and buttons.
-#include "lister/ListerParts.h"
+#include "lister/ListerUser.h"
+
 #include "lister/list/ClickedItem.h"
 #include "lister/list/DropRules.h"
+#include "lister/list/ListBody.h"
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 
-void ListerControl::Focused() {
-  parts_->Body->Input().Focused();
-}
-bool ListerControl::KeyDown(int keyCode, int shift) {
-  parts_->Shift = shift;
-  return parts_->Body->Input().KeyDown(keyCode, shift);
+std::vector<platform::Drive> ListerUser::Drives() const {
+  return list_.Services.Drives.List();
 }
 
-void ListerControl::KeyUp(int keyCode) {
-  parts_->Body->Input().KeyUp(keyCode);
+void ListerUser::ChooseDrive(const std::string& drive) {
+  if (!drive.empty()) body_.LoadDrive(drive, true);
 }
 
-void ListerControl::TypeText(std::string_view text) {
-  parts_->Body->Input().TypeText(text);
+// --- Toolbar.
+
+void ListerUser::SetFilterText(const std::string& text) {
+  if (text != list_.Filter.Text()) body_.SetFilterText(text);
 }
 
-void ListerControl::MouseDown(const RowPointer& at) {
-  parts_->Body->Input().MouseDown(at);
-}
-void ListerControl::MouseMoved(const RowPointer& at) {
-  parts_->Body->Input().MouseMoved(at);
-}
-void ListerControl::MouseUp(const RowPointer& at) {
-  parts_->Body->Input().MouseUp(at);
-  parts_->State.Events.MouseReleased(id_);
+void ListerUser::SetExtensionFilter(const std::string& extension) {
+  if (extension != list_.Filter.Extension()) body_.SetExtensionFilter(extension);
 }
 
-void ListerControl::WheelTurned(int delta) {
-  parts_->Body->Input().WheelTurned(delta);
+std::vector<ExtensionChoice> ListerUser::ExtensionChoices() const {
+  return body_.ExtensionChoices();
 }
 
-void ListerControl::MoveCurrent(RowId row) {
-  parts_->Body->MoveCurrent(row);
-}
-void ListerControl::Activate(RowId row) {
-  parts_->Body->Activate(row);
-}
-void ListerControl::Expand(RowId row) {
-  parts_->Body->Expand(row);
-}
-void ListerControl::Collapse(RowId row) {
-  parts_->Body->Collapse(row);
-}
-void ListerControl::ChooseDrive(const std::string& drive) {
-  if (!drive.empty()) parts_->Body->LoadDrive(drive, true);
+void ListerUser::UpButton() {
+  list_.Events.UpFolderButton(list_.Id);
 }
 
-void ListerControl::ClickHeading(int heading) {
-  if (heading < 0 || heading >= HeadingCount) return;
-  parts_->ActiveHeading = heading;
-  parts_->State.View().HeadingsChanged();
+void ListerUser::NewFolderButton() {
+  list_.Events.NewFolderAsked(list_.Id);
 }
 
-void ListerControl::DoubleClickHeading(int heading, bool shift) {
-  if (heading < 0 || heading >= HeadingCount) return;
-  ClickHeading(heading);
-  const auto id = static_cast<HeadingId>(heading);
-  const SortKeys& keys = parts_->State.Keys;
-  const SortKey* const key = keys.Find(id);
-  // A heading that is among the keys already changes its direction, in a new sort if it is the only
-  // one.
-  const bool turns = key != nullptr && !key->Descending && (shift || keys.Entries().size() == 1);
-  SortCommand(std::string(turns ? "des" : "asc") + (shift ? "add" : ""));
+// --- Drops.
+
+std::string ListerUser::DropTarget(RowId row) const {
+  if (IsFolder(list_, body_, row)) return body_.PathOf(row);
+  return IsFileList(list_.Id) ? list_.Folder : "";
 }
 
-void ListerControl::ToggleHeading(int heading) {
-  if (heading < 0 || heading >= HeadingCount) return;
-  const bool active = parts_->State.Table[static_cast<HeadingId>(heading)].Active;
-  SetHeadingProperty(heading, "active", base::Value(!active));
-  parts_->State.Events.HeadingsChanged(id_);
+bool ListerUser::TakesDrop(const std::string& folder, const std::string& items,
+                           std::string_view action) const {
+  return !list_.Fields.MouseLocked && MayDrop(items, folder, action, list_.Syntax);
 }
 
-void ListerControl::SetFilterText(const std::string& text) {
-  if (text != FilterText()) parts_->Body->SetFilterText(text);
-}
-void ListerControl::SetExtensionFilter(const std::string& extension) {
-  if (extension != FilterExtension()) parts_->Body->SetExtensionFilter(extension);
-}
-
-void ListerControl::UpButton() {
-  parts_->State.Events.UpFolderButton(id_);
-}
-void ListerControl::NewFolderButton() {
-  parts_->State.Events.NewFolderAsked(id_);
+void ListerUser::DragOver(RowId row) {
+  const RowId folder = IsFolder(list_, body_, row) ? row : NoRow;
+  const bool same = list_.DragGraphicsOn && list_.DragRow == folder;
+  list_.DragRow = folder;
+  list_.DragGraphicsOn = true;
+  if (!same) list_.View().Repaint();
 }
 
-std::string ListerControl::Bookmark(int slot) const {
-  return parts_->Body->Input().Bookmark(slot);
-}
-void ListerControl::GoToBookmark(int slot) {
-  parts_->Body->Input().GoToBookmark(slot);
+void ListerUser::DragLeft() {
+  list_.DragRow = NoRow;
+  list_.SetDragGraphicsOn(false);
 }
 
-void ListerControl::DragOver(RowId row) {
-  const RowId folder = IsFolder(parts_->State, *parts_->Body, row) ? row : NoRow;
-  const bool same = parts_->DragGraphicsOn && parts_->DragRow == folder;
-  parts_->DragRow = folder;
-  parts_->DragGraphicsOn = true;
-  if (!same) parts_->State.View().Repaint();
-}
-
-void ListerControl::DragLeft() {
-  parts_->DragRow = NoRow;
-  SetDragGraphicsOn(false);
-}
-
-std::string ListerControl::DropTarget(RowId row) const {
-  if (IsFolder(parts_->State, *parts_->Body, row)) return PathOf(row);
-  return IsFileList(id_) ? parts_->State.Folder : "";
-}
-
-bool ListerControl::TakesDrop(const std::string& folder, const std::string& items,
-                              std::string_view action) const {
-  return !MouseLocked && MayDrop(items, folder, action, parts_->State.Syntax);
-}
-
-void ListerControl::DropOn(const std::string& folder, Drop drop) {
+void ListerUser::DropOn(const std::string& folder, Drop drop) {
   DragLeft();
-  if (drop.SourceText.empty()) drop.SourceText = TextOfItems(drop.Items, parts_->State.Syntax);
+  if (drop.SourceText.empty()) drop.SourceText = TextOfItems(drop.Items, list_.Syntax);
   if (drop.Items.empty() && drop.Source == NoList) return;
-  parts_->DropFolder = folder.empty() ? "" : parts_->State.Syntax.AddSeparator(folder);
-  if (drop.Source != NoList) parts_->State.Events.DropSourceSet(drop.Source);
-  parts_->State.Events.ItemsDropped(id_, drop);
+  list_.DropFolder = folder.empty() ? "" : list_.Syntax.AddSeparator(folder);
+  if (drop.Source != NoList) list_.Events.DropSourceSet(drop.Source);
+  list_.Events.ItemsDropped(list_.Id, drop);
   if (drop.Foreign == 0) return;
-  parts_->State.Events.StatusMessage(
-      id_, CountText(parts_->State.Services.Forms, static_cast<std::uint64_t>(drop.Foreign),
-                     "dropped item") +
-               (drop.Foreign == 1 ? " is no file" : " are no files") +
-               " of this computer and could not be taken.");
+  list_.Events.StatusMessage(
+      list_.Id,
+      CountText(list_.Services.Forms, static_cast<std::uint64_t>(drop.Foreign), "dropped item") +
+          (drop.Foreign == 1 ? " is no file" : " are no files") +
+          " of this computer and could not be taken.");
 }
 
 }  // namespace tarnwell::lister

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "forms/Messenger.h"
+#include "lister/list/ClickedItem.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::shellmenu {

@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "lister/list/ClickedItem.h"
 #include "lists/ShowPlaced.h"
 #include "shellmenu/ColourCoding.h"
 #include "shellmenu/MenuWords.h"

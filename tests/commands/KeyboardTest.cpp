@@ -102,16 +102,16 @@ TEST_F(KeyboardTest, ActsByItsTableAndOnceForAHeldKey) {
 TEST_F(KeyboardTest, SelectsInTheActiveListAndCopiesFromTheCurrentOne) {
   lister::ListerControl& files = Space.Lists[100];
   Press('A', CtrlDown);
-  EXPECT_EQ(files.SelectedRanges().front().Last, 1);
+  EXPECT_EQ(files.Input().SelectedRanges().front().Last, 1);
   Keys.KeyUp();
   Space.ActiveList = 0;
   Press('A', CtrlDown);
-  EXPECT_EQ(files.SelectedRanges().front().Last, 1);
+  EXPECT_EQ(files.Input().SelectedRanges().front().Last, 1);
 
   // Copying takes the item under the cursor when nothing is selected; the current list's.
   Keys.KeyUp();
   files.SelectAll("none");
-  files.MoveCurrent(Row(100, "b"));
+  files.Rows().MoveCurrent(Row(100, "b"));
   files.SelectAll("none");
   Press('C', CtrlDown);
   EXPECT_EQ(files.FirstSelected(), "C:\\Data\\b");
@@ -126,7 +126,7 @@ TEST_F(KeyboardTest, SelectsInTheActiveListAndCopiesFromTheCurrentOne) {
     Keys.KeyUp();
     EXPECT_EQ(Press('K', shift), shift == ShiftDown ? "held" : "armed");
     files.ArrowKey(down, spaceHeld);
-    const lister::RowRange selected = files.SelectedRanges().front();
+    const lister::RowRange selected = files.Input().SelectedRanges().front();
     EXPECT_EQ(selected.First, shift == 0 || Space.IsWin9x ? 1 : 0);
     EXPECT_EQ(selected.Last, shift == CtrlDown ? 0 : 1);
     Space.IsWin9x = shift == CtrlDown;

@@ -1,5 +1,6 @@
 #include "fileops/DropItems.h"
 #include "fileops/popCopyMove.h"
+#include "lister/ListerUser.h"
 #include "lists/TestLists.h"
 
 namespace tarnwell::fileops {
@@ -39,7 +40,7 @@ class DropItemsTest : public testing::Test, public lists::TestLists {
   }
   Texts Take() { return std::exchange(Asked, {}); }
   void Select(lister::ListId list, const std::string& name) {
-    Space.Lists[list].MoveCurrent(Row(list, name));
+    Space.Lists[list].Rows().MoveCurrent(Row(list, name));
     Space.Lists[list].SpaceKey();
   }
 
@@ -55,14 +56,14 @@ TEST_F(DropItemsTest, DoesWhatTheDropSaysOrTheUser) {
   lister::ListerControl& other = Space.Lists[101];
   lister::Drop drop{.Items = "C:\\Data\\one.txt\0"s, .Source = 100};
   // The first one of all comes from another program.
-  other.DropOn("C:\\Other", {.Items = drop.Items, .Action = "copy"});
+  other.User().DropOn("C:\\Other", {.Items = drop.Items, .Action = "copy"});
   EXPECT_EQ(Take(), (Texts{"2 C:\\Data\\one.txt;> C:\\Other\\;"}));
 
   Space.ResizeAction = "DragStart";
   drop.Action = "move";
   int refreshed = 0;
   Platform.Files.AddFile("C:\\Data\\new.txt");
-  other.DropOn("C:\\Other", drop);
+  other.User().DropOn("C:\\Other", drop);
   refreshed += Row(100, "new.txt") != lister::NoRow;
   EXPECT_EQ(Take(), (Texts{"1 C:\\Data\\one.txt;> C:\\Other\\;"}));
   EXPECT_EQ(Space.ResizeAction + std::to_string(refreshed), "1");
@@ -70,30 +71,30 @@ TEST_F(DropItemsTest, DoesWhatTheDropSaysOrTheUser) {
 
   // Closed without a button: what was answered last counts.
   drop.Action.clear();
-  other.DropOn("C:\\Other", drop);
+  other.User().DropOn("C:\\Other", drop);
   EXPECT_EQ(Take(),
             (Texts{"C:\\Data\\one.txt> C:\\Other\\", "1 C:\\Data\\one.txt;> C:\\Other\\;"}));
   Fields.DialogResult = "delete";  // but nothing dropped is deleted for it
-  other.DropOn("C:\\Other", drop);
+  other.User().DropOn("C:\\Other", drop);
   EXPECT_EQ(Take().back(), "0 C:\\Data\\one.txt;> ;");
   drop.Items += "C:\\Data\\new.txt\0"s;
   Button = "copy";
   NewFolder = "C:\\New";
-  other.DropOn("C:\\Other", drop);
+  other.User().DropOn("C:\\Other", drop);
   EXPECT_EQ(Take(), (Texts{"one.txt, new.txt> C:\\Other\\",
                            "2 C:\\Data\\one.txt;C:\\Data\\new.txt;> C:\\New\\;"}));
   EXPECT_EQ(Fields.DialogResult, "copy");
   EXPECT_EQ(Fields.DialogDestination, NewFolder);
   Button = "cancel";
-  Space.Lists[1].DropOn("*Net\\\\server\\share", drop);
+  Space.Lists[1].User().DropOn("*Net\\\\server\\share", drop);
   EXPECT_EQ(Take(), (Texts{"one.txt, new.txt> \\\\server\\share\\"}));
-  Space.Lists[1].DropOn("", drop);
+  Space.Lists[1].User().DropOn("", drop);
   EXPECT_EQ(Take(), Texts{});
   EXPECT_EQ(Space.DragSourceList, lister::ForeignList);
   // Without items it is the source's selection.
   Select(100, "Sub");
   Space.Lists[100].FirstSelected();
-  other.DropOn("C:\\Other", {.Action = "copy", .Source = 100});
+  other.User().DropOn("C:\\Other", {.Action = "copy", .Source = 100});
   EXPECT_EQ(Take(), (Texts{"2 C:\\Data\\Sub;;> C:\\Other\\;"}));
 }
 
@@ -109,19 +110,19 @@ TEST_F(DropItemsTest, TakesAPathFromTheFolderDroppedOn) {
                                       {"~x", "C:\\Other\\~x\\"},
                                       {"\\\\server\\share\\x", "\\\\server\\share\\x\\"}}) {
     NewFolder = typed;
-    Space.Lists[101].DropOn("C:\\Other", drop);
+    Space.Lists[101].User().DropOn("C:\\Other", drop);
     EXPECT_EQ(Take().back(), "2 C:\\Data\\one.txt;> "s + target + ";");
   }
   // What cannot be is told, and the dialog comes again with it.
   const std::string bad = NewFolder = "..\\Data\\one.txt\\x";
   Messages.OnMessage = [this] { NewFolder = "..\\Data"; };
-  Space.Lists[101].DropOn("C:\\Other", drop);
+  Space.Lists[101].User().DropOn("C:\\Other", drop);
   EXPECT_EQ(Take(), (Texts{"C:\\Data\\one.txt> C:\\Other\\", "C:\\Data\\one.txt> " + bad,
                            "2 C:\\Data\\one.txt;> C:\\Data\\;"}));
   EXPECT_EQ(Messages.Texts, Texts{"No folder: C:\\Data\\one.txt"});
   NewFolder = bad;
   Messages.OnMessage = [this] { Button.clear(); };  // closed by its frame
-  Space.Lists[101].DropOn("C:\\Other", drop);
+  Space.Lists[101].User().DropOn("C:\\Other", drop);
   EXPECT_EQ(Take().back(), "C:\\Data\\one.txt> " + bad);
 }
 
@@ -132,12 +133,12 @@ TEST_F(DropItemsTest, PastesWhatIsSelectedAndEndsTheAction) {
     Space.ResizeAction = "DragStart";
     Command.Paste(100, 101, skipDialog);
     EXPECT_EQ(Space.ResizeAction, "");
-    EXPECT_FALSE(Space.Lists[100].StateOf(Row(100, "Sub")).IsTarget);
+    EXPECT_FALSE(Space.Lists[100].Rows().StateOf(Row(100, "Sub")).IsTarget);
     return Take();
   };
   OnDrop = {};
   EXPECT_EQ(paste(true), Texts{});  // nowhere to go
-  other.DropOn("*Net\\\\server\\share", {.Items = "x\0"s});
+  other.User().DropOn("*Net\\\\server\\share", {.Items = "x\0"s});
   EXPECT_EQ(paste(true), Texts{});  // nothing selected
   Select(100, "Sub");
   Space.InternalClipAction = "move";
@@ -149,7 +150,7 @@ TEST_F(DropItemsTest, PastesWhatIsSelectedAndEndsTheAction) {
   EXPECT_EQ(paste(false).front(), "Sub, one.txt> \\\\server\\share\\");
   Space.Lists[100].SelectAll("none");
   Select(100, "Sub");
-  other.DropOn("C:\\Data\\Sub", {.Items = "x\0"s});
+  other.User().DropOn("C:\\Data\\Sub", {.Items = "x\0"s});
   EXPECT_EQ(paste(true), Texts{});  // into itself
 }
 

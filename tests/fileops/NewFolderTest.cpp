@@ -37,11 +37,11 @@ TEST_F(NewFolderTest, MakesTheFolderAndShowsIt) {
   EXPECT_TRUE(Platform.Files.FolderExists("C:\\Data\\New"));
   EXPECT_NE(Row(100, "New"), lister::NoRow);
   Space.CurrentList = 0;  // from the tree, whose own cursor stays
-  const lister::RowId open = Space.Lists[0].CurrentRow();
+  const lister::RowId open = Space.Lists[0].Rows().CurrentRow();
   Create("Tree");
   ASSERT_NE(Row(100, "Tree"), lister::NoRow);
-  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "Tree"));
-  EXPECT_TRUE(Space.Lists[0].CurrentRow() == open && Space.CurrentList == 0);
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "Tree"));
+  EXPECT_TRUE(Space.Lists[0].Rows().CurrentRow() == open && Space.CurrentList == 0);
   Platform.Files.Remove("C:\\Data\\Tree");
   Space.CurrentList = 100;
   EXPECT_TRUE(Messages.Texts.empty());
@@ -56,7 +56,7 @@ TEST_F(NewFolderTest, MakesTheFolderAndShowsIt) {
   EXPECT_EQ(taken,
             std::vector<std::string>{"Sorry, you cannot make a new folder here.\r\n\r\nThe system "
                                      "returned the following message:\r\n\r\n     File exists"});
-  EXPECT_EQ(Space.Lists[100].ChildCount(lister::RootRow), 1);
+  EXPECT_EQ(Space.Lists[100].Rows().ChildCount(lister::RootRow), 1);
   EXPECT_EQ(Platform.Watches.Watched().size(), watches);  // the bracket is closed on every way
 }
 

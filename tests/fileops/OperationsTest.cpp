@@ -65,7 +65,7 @@ TEST_F(OperationsTest, HandsThePlatformItemsTargetAndFlags) {
   Operations.FileOperate("copy", 100, 101, "C:\\Other", false, items);
   EXPECT_EQ(Asked(), "2 C:\\Data\\one.txt;> C:\\Other\\;| 64");
   EXPECT_NE(Row(101, "new"), lister::NoRow);
-  EXPECT_EQ(Space.Lists[101].CurrentRow(), Row(101, "new"));
+  EXPECT_EQ(Space.Lists[101].Rows().CurrentRow(), Row(101, "new"));
   EXPECT_EQ(Space.CurrentList, 100);  // nobody was told of it
   EXPECT_TRUE(AllWatch());
   Platform.Operation.OnRun = {};
@@ -124,7 +124,7 @@ TEST_F(OperationsTest, DeletesForGoodAfterAQuestionAlone) {
   lister::ListerControl& files = Space.Lists[100];
   Deleting.DeleteSelection(true);  // nothing selected
   EXPECT_EQ(Host.Told.size(), 0U);
-  files.MoveCurrent(Row(100, "one.txt"));
+  files.Rows().MoveCurrent(Row(100, "one.txt"));
   files.SpaceKey();
   for (const bool deletes : {false, true}) {
     Answer<popDelete>([=](popDelete& dialog) {
@@ -149,7 +149,7 @@ TEST_F(OperationsTest, DeletesForGoodAfterAQuestionAlone) {
 }
 
 TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
-  Space.Lists[100].MoveCurrent(Row(100, "one.txt"));
+  Space.Lists[100].Rows().MoveCurrent(Row(100, "one.txt"));
   const auto rename = [this](const std::string& name) {
     Answer<popRename>([this, name, asked = 0](popRename& dialog) mutable {
       if (asked++ > 0) {  // with what was typed, and the user gives up
@@ -175,7 +175,7 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
   for (const char* same : {"one.txt", "cancel", ""}) rename(same);
   EXPECT_NE(Row(100, "one.txt"), lister::NoRow);
   rename("z.txt");
-  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "z.txt"));
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "z.txt"));
   rename("ONE.txt");
   EXPECT_NE(Row(100, "ONE.txt"), lister::NoRow);
   EXPECT_TRUE(Messages.Texts.empty());
@@ -189,7 +189,7 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
 }
 
 TEST_F(OperationsTest, SaysWhyAnItemStaysBeforeAnyQuestion) {
-  Space.Lists[100].MoveCurrent(Row(100, "one.txt"));
+  Space.Lists[100].Rows().MoveCurrent(Row(100, "one.txt"));
   Space.Lists[100].SpaceKey();
   Platform.Operation.Refused = "C:\\Data\\one.txt";
   Host.OnModal = [](forms::Form&) { FAIL(); };

@@ -24,7 +24,7 @@ class FileList : public ListFixture {
   }
 
   std::string Cell(const std::string& name, HeadingId heading) const {
-    return List.CellText(Row(RootRow, name), heading);
+    return Rows.CellText(Row(RootRow, name), heading);
   }
   // Runs the message at every pump from now on.
   void PostAlways(const std::function<void()>& message) {
@@ -51,7 +51,7 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
   Load();
   EXPECT_EQ(Names(),
             (Texts{"sub", "way", ".profile", "a.PDF", "B9.txt", "b10.txt", "end", "plain"}));
-  EXPECT_EQ(List.StatusText(),
+  EXPECT_EQ(List.Shown().Status,
             "8 items (2 folders), 1,2 MiB. 1 item could not be read: Permission denied");
 
   const std::pair<const char*, const char*> cells[] = {
@@ -75,11 +75,11 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
   EXPECT_EQ(Cell("B9.txt", HeadingId::DateCreated), "");
   EXPECT_EQ(Cell("a.PDF", HeadingId::Path), "C:\\box");
 
-  List.Activate(Row(RootRow, "way"));
-  List.Activate(Row(RootRow, "a.PDF"));
-  List.Activate(Row(RootRow, "end"));
+  Rows.Activate(Row(RootRow, "way"));
+  Rows.Activate(Row(RootRow, "a.PDF"));
+  Rows.Activate(Row(RootRow, "end"));
   Platform.Launcher.Fault = Platform.Files.Denied();
-  List.Activate(Row(RootRow, ".profile"));
+  Rows.Activate(Row(RootRow, ".profile"));
   EXPECT_EQ(Events.Take(),
             (Texts{"OpenChildFolder C:\\box\\way in C:\\box",
                    "StatusMessage Cannot open end: The link leads to no file and no folder",
@@ -89,10 +89,10 @@ TEST_F(FileList, ShowsTheItemsOfItsFolder) {
 
   // Enter on one of the selected files means them all and no folder, elsewhere the cursor alone.
   const auto enter = [&](const std::string& name, int shift) {
-    List.MoveCurrent(Row(RootRow, name));
+    Rows.MoveCurrent(Row(RootRow, name));
     Platform.Launcher.Requests.clear();
     Events.Take();
-    List.KeyDown(EnterKey, shift);
+    Input.KeyDown(EnterKey, shift);
     Texts opened;
     for (const auto& request : Platform.Launcher.Requests) opened.push_back(request.File);
     return opened;
@@ -114,13 +114,13 @@ TEST_F(FileList, SortsByItsKeysInTurn) {
   EXPECT_EQ(SortKeyTexts(), Texts{"sNameasc"});
   List.SetProperty("ActiveHeading", std::int32_t{3});  // the size
   List.SortCommand("des");
-  List.DoubleClickHeading(1, true);
-  List.DoubleClickHeading(1, true);  // the extension keeps its place
+  List.Columns().DoubleClick(1, true);
+  List.Columns().DoubleClick(1, true);  // the extension keeps its place
   EXPECT_EQ(SortKeyTexts(), (Texts{"sSizedes", "sExtensiondes"}));
   EXPECT_EQ(Names(), (Texts{"sub", "way", "b10.txt", "B9.txt", "a.PDF", "end", "plain"}));
 
   for (const char* direction : {"asc", "des", "asc"}) {
-    List.DoubleClickHeading(0, false);
+    List.Columns().DoubleClick(0, false);
     EXPECT_EQ(SortKeyTexts(), Texts{std::string("sName") + direction});
   }
   List.SortCommand("sideways");
@@ -144,16 +144,16 @@ TEST_F(FileList, RefreshKeepsTheCursorAtItsPlace) {
   Load();
   // Of the item that goes, be it the last; where it stays is shown by any change.
   for (const char* name : {"b10.txt", "plain"}) {
-    List.MoveCurrent(Row(RootRow, name));
+    Rows.MoveCurrent(Row(RootRow, name));
     Platform.Files.Remove(std::string("C:\\box\\") + name);
     List.RefreshList();
-    EXPECT_EQ(List.CurrentRow(), Row(RootRow, "end"));
+    EXPECT_EQ(Rows.CurrentRow(), Row(RootRow, "end"));
   }
   // A folder that was visited before has the cursor where it was.
-  List.MoveCurrent(Row(RootRow, "B9.txt"));
+  Rows.MoveCurrent(Row(RootRow, "B9.txt"));
   Load("C:\\box\\sub");
   Load();
-  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
+  EXPECT_EQ(Rows.CurrentRow(), Row(RootRow, "B9.txt"));
 }
 
 TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
@@ -161,12 +161,12 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
   // looked at by name must come out as a whole read has it.
   const std::string folder = "C:\\box\\";
   for (const char* name : {"sub", "way", "end", "plain"}) Platform.Files.Remove(folder + name);
-  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  List.Columns().Toggle(static_cast<int>(HeadingId::Comments));
   Load();
-  List.MoveCurrent(Row(RootRow, "a.PDF"));
+  Rows.MoveCurrent(Row(RootRow, "a.PDF"));
   const int resets = View.Resets, moves = View.CurrentChanges;
   std::mt19937 random(7);
-  std::map<std::string, RowId> rows{{"a.PDF", List.CurrentRow()}};
+  std::map<std::string, RowId> rows{{"a.PDF", Rows.CurrentRow()}};
   std::set<std::string> selected;
   const auto check = [&] {
     View.Check();
@@ -176,13 +176,13 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
     }
     const std::set<std::string> before = std::exchange(selected, {});
     for (const std::string& name : Names()) {
-      EXPECT_EQ(List.StateOf(Row(RootRow, name)).IsSelected, before.contains(name)) << name;
+      EXPECT_EQ(Rows.StateOf(Row(RootRow, name)).IsSelected, before.contains(name)) << name;
       if (before.contains(name)) selected.insert(name);
     }
-    EXPECT_EQ(List.CurrentRow(), rows.at("a.PDF"));
+    EXPECT_EQ(Rows.CurrentRow(), rows.at("a.PDF"));
   };
   const auto shown = [&] {
-    Texts texts{List.StatusText()};
+    Texts texts{List.Shown().Status};
     for (const std::string& name : Names()) {
       texts.push_back(name + " " + Cell(name, HeadingId::Size) + Cell(name, HeadingId::Comments));
     }
@@ -214,7 +214,7 @@ TEST_F(FileList, FollowsAnyChangeAndKeepsRows) {
     }
     if (round % 7 == 0) List.AddSortKey(0, round % 2 == 0 ? "sSize" : "sName", "des");
     if (round % 11 == 0)
-      List.SetFilterText(round % 3 == 0 ? "a*;*1?" : round % 3 == 1 ? "" : "a*;n#");
+      List.User().SetFilterText(round % 3 == 0 ? "a*;*1?" : round % 3 == 1 ? "" : "a*;n#");
     const int reads = Platform.Files.At(folder).Reads;
     if (round % 2 == 0) {
       Notify(changed);
@@ -277,15 +277,15 @@ TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
   Platform.Files.AddFile("C:\\box\\sub\\inner");
   Platform.Clock.TickStep = 50;
   List.SetProperty("ShowColor", true);
-  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  List.Columns().Toggle(static_cast<int>(HeadingId::Comments));
   // Among the names, the attributes and the notes. The newest load wins, and none nests.
   std::set<std::string> phases;
   int depth = 0;
   const auto goOn = [&] {
     EXPECT_EQ(++depth, 1);
-    const std::string& status = List.StatusText();
+    const std::string& status = List.Shown().Status;
     phases.insert(status.substr(0, status.find(':')));
-    EXPECT_EQ(List.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
+    EXPECT_EQ(Rows.ChildCount(RootRow) == 0, status.starts_with("Reading names"));
     for (const char* folder : {"D:\\", "C:\\box\\sub"}) Load(folder);
     List.SetCurrentFolder("C:\\box\\sub\\");
     --depth;
@@ -296,7 +296,7 @@ TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
     Load();
     if (!*ran) break;
     EXPECT_EQ(Names(), Texts{"inner"});
-    EXPECT_EQ(List.StatusText(), "1 item (0 folders)");
+    EXPECT_EQ(List.Shown().Status, "1 item (0 folders)");
     EXPECT_EQ(Platform.Watches.Watched(), Texts{"C:\\box\\sub"});
   }
   Platform.Pump.Drop();
@@ -309,8 +309,8 @@ TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
     List.RefreshList();
     EXPECT_FALSE(List.CancelRequested);
     if (!*ran) break;
-    EXPECT_TRUE(List.StatusText().starts_with("Reading stopped")) << pump;
-    EXPECT_EQ(List.ChildCount(RootRow), std::min(pump - 1, 7));
+    EXPECT_TRUE(List.Shown().Status.starts_with("Reading stopped")) << pump;
+    EXPECT_EQ(Rows.ChildCount(RootRow), std::min(pump - 1, 7));
   }
   EXPECT_EQ(Known().size(), 4u);
 
@@ -320,11 +320,11 @@ TEST_F(FileList, GivesWayInEveryPhaseOfARead) {
     const auto ran = PostAt(pump, [&] {
       EXPECT_EQ(Cell("b10.txt", HeadingId::Size), "1,234,567");
       List.SortCommand(pump % 2 == 0 ? "des" : "asc");
-      List.SetFilterText(pump % 3 == 0 ? "*" : "*a*");
-      EXPECT_EQ(List.ChildCount(RootRow), pump % 3 == 0 ? 7 : 3);
+      List.User().SetFilterText(pump % 3 == 0 ? "*" : "*a*");
+      EXPECT_EQ(Rows.ChildCount(RootRow), pump % 3 == 0 ? 7 : 3);
     });
     List.RefreshList();
-    List.SetFilterText("");
+    List.User().SetFilterText("");
     const Texts up{"sub", "way", "a.PDF", "B9.txt", "b10.txt", "end", "plain"};
     const Texts down{"way", "sub", "plain", "end", "b10.txt", "B9.txt", "a.PDF"};
     EXPECT_EQ(Names(), pump % 2 == 0 || !*ran ? down : up) << pump;
@@ -346,17 +346,17 @@ TEST_F(FileList, GivesWayWhileItSorts) {
     Platform.Files.AddFile("D:\\many\\" + std::to_string(number), number % 2 == 0 ? "x" : "");
   }
   Load("D:\\many");
-  EXPECT_EQ(List.StatusText(), "40,000 items (0 folders), 19.5 KiB");
+  EXPECT_EQ(List.Shown().Status, "40,000 items (0 folders), 19.5 KiB");
   EXPECT_LE(View.Cells.size(), 4u);  // the view is told ranges
   Platform.Clock.TickStep = 50;
   int step = 0;
   PostAlways([&] {
-    if (List.StatusText() != "Sorting") return;
+    if (List.Shown().Status != "Sorting") return;
     if (++step == 1) List.SortCommand("asc");
     if (step != 2) return;
-    const int count = List.ChildCount(RootRow);
-    List.SetFilterText("#");
-    EXPECT_EQ(List.ChildCount(RootRow), count);  // no row comes or goes under the sort
+    const int count = Rows.ChildCount(RootRow);
+    List.User().SetFilterText("#");
+    EXPECT_EQ(Rows.ChildCount(RootRow), count);  // no row comes or goes under the sort
   });
   List.SortCommand("des");
   EXPECT_GT(step, 3);  // also while the keys are compared
@@ -370,11 +370,11 @@ TEST_F(FileList, GivesWayWhileItSorts) {
 
   Platform.Pump.Drop();
   PostAlways([&] {
-    if (List.StatusText() == "Sorting") Load("C:\\box\\sub");
+    if (List.Shown().Status == "Sorting") Load("C:\\box\\sub");
   });
   List.SortCommand("des");
   EXPECT_EQ(List.CurrentFolder(), "C:\\box\\sub");
-  EXPECT_EQ(List.StatusText(), "0 items (0 folders)");
+  EXPECT_EQ(List.Shown().Status, "0 items (0 folders)");
 }
 
 TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
@@ -383,7 +383,7 @@ TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
     return Platform.Files.At("C:\\box\\" + name).ExtendedAttributes;
   };
   const auto colour = [this](const std::string& name) {
-    return List.StateOf(Row(RootRow, name)).Colour;
+    return Rows.StateOf(Row(RootRow, name)).Colour;
   };
   constexpr auto colourNote = platform::ExtendedAttribute::Colour,
                  comment = platform::ExtendedAttribute::Comment;
@@ -397,10 +397,10 @@ TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
   EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "");
   List.SetProperty("FileCountMax", std::int32_t{4});  // there are five files
   for (const char* filter : {"", "a", ""}) {
-    List.SetFilterText(filter);
+    List.User().SetFilterText(filter);
     EXPECT_EQ(colour("a.PDF"), ItemColour::Default);
   }
-  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  List.Columns().Toggle(static_cast<int>(HeadingId::Comments));
   EXPECT_EQ(Cell("a.PDF", HeadingId::Comments), "mine\u240a");
   EXPECT_EQ(View.Resets, resets);
 
@@ -419,11 +419,11 @@ TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
 
   // Escape while they are read outside a load; what was asked for in the middle comes too.
   Load("D:\\");
-  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  List.Columns().Toggle(static_cast<int>(HeadingId::Comments));
   Load();
   Platform.Clock.TickStep = 50;
   const auto ran = PostAt(2, [this] { List.CancelRequested = true; });
-  List.ToggleHeading(static_cast<int>(HeadingId::Comments));
+  List.Columns().Toggle(static_cast<int>(HeadingId::Comments));
   EXPECT_TRUE(*ran);
   EXPECT_FALSE(List.CancelRequested);
   const int pumps = Platform.Pump.Calls;
@@ -438,27 +438,27 @@ TEST_F(FileList, ShowsColoursAndCommentsWhenTheyAreWanted) {
 TEST_F(FileList, FiltersWithoutTheDisk) {
   Platform.Files.Space = {3 << 20, 4 << 20};
   Load();
-  List.MoveCurrent(Row(RootRow, "B9.txt"));
+  Rows.MoveCurrent(Row(RootRow, "B9.txt"));
   const int reads = Platform.Files.At("C:\\box").Reads, told = View.FilterChanges;
-  List.SetFilterText("*.T?T; sub");
+  List.User().SetFilterText("*.T?T; sub");
   EXPECT_EQ(Names(), (Texts{"sub", "B9.txt", "b10.txt"}));
-  EXPECT_EQ(List.StatusText(),
+  EXPECT_EQ(List.Shown().Status,
             "3 of 7 items (1 folder), 1.2 MiB. 1 item could not be read: "
             "Permission denied. 3.0 MiB free");
   List.SelectAll();
   EXPECT_TRUE(
-      List.StatusText().starts_with("3 of 7 items (1 folder), 1.2 MiB. 3 selected, 1.2 MiB"));
-  List.SetFilterText("10");
-  EXPECT_TRUE(List.StatusText().starts_with("1 of 7 items (0 folders), 1.2 MiB. 1 selected"));
-  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "b10.txt"));
-  List.SetFilterText("none");
-  List.SetFilterText("");
-  EXPECT_EQ(List.CurrentRow(), Row(RootRow, "B9.txt"));
-  List.SetExtensionFilter("txt");
-  List.SetFilterText("b;d;w");  // takes folders by their names, whatever the extension
+      List.Shown().Status.starts_with("3 of 7 items (1 folder), 1.2 MiB. 3 selected, 1.2 MiB"));
+  List.User().SetFilterText("10");
+  EXPECT_TRUE(List.Shown().Status.starts_with("1 of 7 items (0 folders), 1.2 MiB. 1 selected"));
+  EXPECT_EQ(Rows.CurrentRow(), Row(RootRow, "b10.txt"));
+  List.User().SetFilterText("none");
+  List.User().SetFilterText("");
+  EXPECT_EQ(Rows.CurrentRow(), Row(RootRow, "B9.txt"));
+  List.User().SetExtensionFilter("txt");
+  List.User().SetFilterText("b;d;w");  // takes folders by their names, whatever the extension
   EXPECT_EQ(Names(), (Texts{"sub", "way", "B9.txt", "b10.txt"}));
-  List.SetFilterText("");
-  List.SetExtensionFilter("pdf");
+  List.User().SetFilterText("");
+  List.User().SetExtensionFilter("pdf");
   EXPECT_EQ(Names(), (Texts{"sub", "way", "a.PDF"}));
   EXPECT_EQ(Platform.Files.At("C:\\box").Reads, reads);
   EXPECT_GE(View.FilterChanges, told + 5);
@@ -470,24 +470,24 @@ TEST_F(FileList, FiltersWithoutTheDisk) {
   List.RefreshList();
   EXPECT_EQ(Names(), (Texts{"folder.d", "sub", "way", "a.PDF", "c.pdf"}));
   Texts choices;
-  for (const ExtensionChoice& choice : List.ExtensionChoices()) {
+  for (const ExtensionChoice& choice : List.User().ExtensionChoices()) {
     choices.push_back(choice.Extension + std::to_string(choice.Count));
   }
   EXPECT_EQ(choices, (Texts{"7z1", "101", "pdf2", "txt3"}));
   Load("C:\\box\\sub");
-  EXPECT_EQ(List.FilterExtension(), "");
+  EXPECT_EQ(List.Shown().Filter.Extension(), "");
 }
 
 TEST_F(FileList, TellsWhyAFolderCannotBeRead) {
   Platform.Files.AddFolder("C:\\shut").ReadFault = Platform.Files.Denied();
   Load("C:\\none");
-  EXPECT_EQ(List.StatusText(), "Cannot read C:\\none: No such file or directory");
+  EXPECT_EQ(List.Shown().Status, "Cannot read C:\\none: No such file or directory");
   Load("C:\\shut");
-  EXPECT_EQ(List.StatusText(), "Cannot read C:\\shut: Permission denied");
+  EXPECT_EQ(List.Shown().Status, "Cannot read C:\\shut: Permission denied");
   Platform.Files.At("C:\\box").VanishAfter = 3;
   Load();
-  EXPECT_EQ(List.ChildCount(RootRow), 3);
-  EXPECT_TRUE(List.StatusText().starts_with(
+  EXPECT_EQ(Rows.ChildCount(RootRow), 3);
+  EXPECT_TRUE(List.Shown().Status.starts_with(
       "Cannot read C:\\box: No such file or directory. 3 items (1 folder). 3 items could not be"));
   Load("");
 }
@@ -523,7 +523,7 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   Platform.Clock.TickStep = 0;
   Platform.Watches.Notify("C:\\box");
   List.CatchUp();
-  EXPECT_EQ(List.StatusText(), "Reading stopped");
+  EXPECT_EQ(List.Shown().Status, "Reading stopped");
   List.RefreshList();
   EXPECT_EQ(Platform.Files.At("C:\\box").Reads, 6);
 
@@ -538,11 +538,11 @@ TEST_F(FileList, FollowsItsFolderOnDisk) {
   List.RefreshList();
   Platform.Files.Remove("C:\\box\\sub");
   Platform.Watches.Notify("C:\\box\\sub", {{}, false, true});
-  EXPECT_EQ(List.ChildCount(RootRow), 0);
+  EXPECT_EQ(Rows.ChildCount(RootRow), 0);
 
   Platform.Watches.Refuses = true;
   Load();
-  EXPECT_EQ(List.ChildCount(RootRow), 7);
+  EXPECT_EQ(Rows.ChildCount(RootRow), 7);
   List.Terminate();
 }
 
@@ -556,7 +556,7 @@ TEST_F(FileList, LooksItselfWhereNobodyTells) {
     return Row(RootRow, name) != NoRow;
   };
   const auto isTold = [this] {
-    return List.StatusText().find("not followed") != std::string::npos;
+    return List.Shown().Status.find("not followed") != std::string::npos;
   };
   Platform.Clock.Time = 10'000'000'000;
   Load();
@@ -628,7 +628,7 @@ TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
   std::int32_t mode = 0;
   List.CompareAgainst(none, mode);
   const auto marked = [this](const std::string& name) {
-    return List.StateOf(Row(RootRow, name)).Marks.OnlyHere;
+    return Rows.StateOf(Row(RootRow, name)).Marks.OnlyHere;
   };
   Platform.Files.AddFile("C:\\box\\a.PDF", "more");
   View.Cells.clear();
@@ -671,13 +671,13 @@ TEST_F(FileList, LooksAtNamedChangesWhenItIsTime) {
   Platform.Clock.TickStep = 50;
   PostAt(1, [this] { Load("D:\\"); });
   Notify({"late", "z9"});
-  EXPECT_EQ(List.StatusText(), "0 items (0 folders)");
+  EXPECT_EQ(List.Shown().Status, "0 items (0 folders)");
   Load();
   Platform.Files.Remove("C:\\box\\late");
   PostAt(1, [this] { List.CancelRequested = true; });
   Notify({"late", "z9"});
   EXPECT_NE(Row(RootRow, "late"), NoRow);
-  EXPECT_TRUE(List.StatusText().starts_with("Reading stopped"));
+  EXPECT_TRUE(List.Shown().Status.starts_with("Reading stopped"));
 
   // An item of another spelling, where both names lead to it; and an Escape from long before.
   Platform.Clock.TickStep = 0;

@@ -26,9 +26,9 @@ class FolderList : public ListFixture {
 
  private:
   RowId RowOf(const std::string& path, RowId parent) const {
-    for (int at = 0; at < List.ChildCount(parent); ++at) {
-      const RowId row = List.Child(parent, at);
-      if (List.PathOf(row) == path) return row;
+    for (int at = 0; at < Rows.ChildCount(parent); ++at) {
+      const RowId row = Rows.Child(parent, at);
+      if (Rows.PathOf(row) == path) return row;
       if (const RowId below = RowOf(path, row); below != NoRow) return below;
     }
     return NoRow;
@@ -39,17 +39,17 @@ TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
   List.OpenFolder(0);  // before there is any
   List.RefreshList();
   LoadDrive("C");
-  const RowId top = List.Child(RootRow, 0);
+  const RowId top = Rows.Child(RootRow, 0);
   EXPECT_EQ(Names(top), (Texts{"apps", "music", "Work", "Zoo"}));
-  EXPECT_TRUE(List.StateOf(top).IsOpen && List.StateOf(Row(top, "music")).IsLink);
+  EXPECT_TRUE(Rows.StateOf(top).IsOpen && Rows.StateOf(Row(top, "music")).IsLink);
 
   const RowId work = Row(top, "Work");
-  EXPECT_TRUE(List.StateOf(work).HasChildren);
+  EXPECT_TRUE(Rows.StateOf(work).HasChildren);
   EXPECT_EQ(Reads("C:\\Work"), 0);
-  List.Expand(work);
+  Rows.Expand(work);
   EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
-  List.Expand(Row(work, "p10"));
-  EXPECT_FALSE(List.StateOf(Row(work, "p10")).HasChildren);
+  Rows.Expand(Row(work, "p10"));
+  EXPECT_FALSE(Rows.StateOf(Row(work, "p10")).HasChildren);
   EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});  // of the drive
   CheckNoRow(RowId{999});
 }
@@ -65,12 +65,12 @@ TEST_F(FolderList, OpensAFolderWithTheBranchesAboveIt) {
 
   // Told again by OpenFolder, not by a cursor that comes to rest where it was.
   List.OpenFolder(0, "C:\\Work\\p9\\deep");
-  List.MoveCurrent(List.CurrentRow());
+  Rows.MoveCurrent(Rows.CurrentRow());
   EXPECT_EQ(Events.Take().size(), 2u);
 
   // What the user asks for is shown although it is hidden, or new since the branch was read.
   List.OpenFolder(0, "C:\\secret");
-  EXPECT_TRUE(List.StateOf(RowOf("C:\\secret")).IsHidden);
+  EXPECT_TRUE(Rows.StateOf(RowOf("C:\\secret")).IsHidden);
   Platform.Files.AddFolder("C:\\Work\\p9\\new");
   List.ExpandFolder(0, "C:\\Work\\p9\\", 1);
   List.OpenFolder(0, "C:\\Work\\p9\\new");
@@ -80,7 +80,7 @@ TEST_F(FolderList, OpensAFolderWithTheBranchesAboveIt) {
   for (const char* path : {"C:\\Work\\none", "D:\\Music", "C:\\note.txt", "C:\\Work\\.."}) {
     List.OpenFolder(0, path);
     EXPECT_EQ(List.CurrentFolder(), "C:\\") << path;
-    EXPECT_TRUE(List.StatusText().starts_with("Cannot open ")) << List.StatusText();
+    EXPECT_TRUE(List.Shown().Status.starts_with("Cannot open ")) << List.Shown().Status;
   }
   EXPECT_TRUE(Events.Take().empty());
 }
@@ -94,8 +94,8 @@ TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
   EXPECT_EQ(Expanded(),
             (Texts{"C:\\", "C:\\secret", "C:\\Work\\p9", "C:\\Work\\p9\\deep", "D:\\Music"}));
   EXPECT_EQ(Reads("C:\\Work\\p9"), 0);  // the branch above it is not expanded
-  List.Expand(RowOf("C:\\Work"));
-  EXPECT_TRUE(List.StateOf(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
+  Rows.Expand(RowOf("C:\\Work"));
+  EXPECT_TRUE(Rows.StateOf(RowOf("C:\\Work\\p9\\deep")).IsExpanded);
 
   // What cannot be looked at may come back, and so may what lies below a mount point.
   Platform.Files.At("C:\\Work\\p9").AttributesFault = Platform.Files.Denied();
@@ -106,7 +106,7 @@ TEST_F(FolderList, RestoresExpandedBranchesAndDropsThoseThatAreGone) {
   List.AddExpanded("C:\\Zoo\\disk\\inside");
   Platform.Files.At("C:\\apps").ReadFault = Platform.Files.Denied();
   List.AddExpanded("C:\\apps\\gone");
-  List.Expand(RowOf("C:\\apps"));
+  Rows.Expand(RowOf("C:\\apps"));
   const Texts before = Expanded();
   List.RefreshList();
   LoadDrive("C");
@@ -123,7 +123,7 @@ TEST_F(FolderList, RemembersTheFolderOfEachDrive) {
   LoadDrive("C");
   EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9");
   Events.Take();
-  List.ChooseDrive("D");
+  List.User().ChooseDrive("D");
   EXPECT_EQ(Events.Take(), Texts{"DriveSelected 2"});
   EXPECT_EQ((Texts{List.InitialDrive(), List.DriveFolder()}), (Texts{"D", "D:\\Music\\Live"}));
   List.SetDriveFolder("D", "D:\\Music\\Live\\");
@@ -140,9 +140,9 @@ TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   Platform.Files.At("C:\\Work").ReadFault = Platform.Files.Denied();
   LoadDrive("C");
   const RowId work = RowOf("C:\\Work");
-  List.Expand(work);
-  EXPECT_EQ(List.StatusText(), "Cannot read C:\\Work: Permission denied");
-  EXPECT_TRUE(!List.StateOf(work).HasChildren && !List.StateOf(work).IsExpanded);
+  Rows.Expand(work);
+  EXPECT_EQ(List.Shown().Status, "Cannot read C:\\Work: Permission denied");
+  EXPECT_TRUE(!Rows.StateOf(work).HasChildren && !Rows.StateOf(work).IsExpanded);
 
   // What lies in it can be entered all the same.
   List.OpenFolder(0, "C:\\Work\\p9");
@@ -153,7 +153,7 @@ TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   Platform.Files.At("C:\\Work").ReadFault = {};
   List.RefreshList();
   EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
-  EXPECT_EQ(List.StatusText(), "");
+  EXPECT_EQ(List.Shown().Status, "");
 }
 
 TEST_F(FolderList, TakesOverAnyChange) {
@@ -162,7 +162,7 @@ TEST_F(FolderList, TakesOverAnyChange) {
   Platform.Files.AddFolder("D:\\keep\\open");
   LoadDrive("D");
   List.OpenFolder(0, "D:\\keep\\open");
-  const RowId top = List.Child(RootRow, 0), keep = Row(top, "keep"), open = List.CurrentRow();
+  const RowId top = Rows.Child(RootRow, 0), keep = Row(top, "keep"), open = Rows.CurrentRow();
   const NameOrder order(Platform.Order);
   std::mt19937 random(5);
   for (int round = 0; round < 150; ++round) {
@@ -180,15 +180,15 @@ TEST_F(FolderList, TakesOverAnyChange) {
     }
     const bool descending = round % 14 < 7;
     if (round % 7 == 0) List.SortCommand(descending ? "des" : "asc");
-    if (round % 4 == 0) List.Expand(List.Child(top, 0));
-    if (round % 5 == 0 && List.Child(top, 1) != keep) List.Collapse(List.Child(top, 1));
+    if (round % 4 == 0) Rows.Expand(Rows.Child(top, 0));
+    if (round % 5 == 0 && Rows.Child(top, 1) != keep) Rows.Collapse(Rows.Child(top, 1));
     if (round % 2 == 0) List.RefreshList();
     for (const auto& [folder, change] : changes) Platform.Watches.Notify(folder, change);
     for (const RowId row : {top, keep}) {
       Texts expected = row == top ? Texts{"Music", "keep"} : Texts{"open"};
       for (int number = 0; number < 60; ++number) {
         const std::string name = "n" + std::to_string(number);
-        const std::string path = Platform.Files.Syntax().Join(List.PathOf(row), name);
+        const std::string path = Platform.Files.Syntax().Join(Rows.PathOf(row), name);
         if (!Platform.Files.FolderExists(path) || Platform.Files.At(path).IsHidden) continue;
         expected.push_back(name);
       }
@@ -197,7 +197,7 @@ TEST_F(FolderList, TakesOverAnyChange) {
       if (descending) std::reverse(expected.begin(), expected.end());
       ASSERT_EQ(Names(row), expected) << round;
     }
-    ASSERT_EQ(List.CurrentRow(), open);
+    ASSERT_EQ(Rows.CurrentRow(), open);
     View.Check();
   }
   EXPECT_EQ(View.Resets, 1);
@@ -217,12 +217,12 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
   const auto modified = HeadingId::DateLastModified;
   List.HeadingMenuClick("mnuHeadingDateLastModified");
   List.HeadingMenuClick("mnuHeadingComments");
-  EXPECT_EQ(List.CellText(music, modified), "1970-01-04 00:00:00");
-  EXPECT_EQ(List.CellText(zoo, HeadingId::Comments), "lions");
+  EXPECT_EQ(Rows.CellText(music, modified), "1970-01-04 00:00:00");
+  EXPECT_EQ(Rows.CellText(zoo, HeadingId::Comments), "lions");
   List.SetProperty("ShowColor", base::Value(true));
-  EXPECT_EQ(List.StateOf(zoo).Colour, ItemColour::Blue);
+  EXPECT_EQ(Rows.StateOf(zoo).Colour, ItemColour::Blue);
   List.SetProperty("FileCountMax", base::Value(std::int32_t{3}));
-  EXPECT_EQ(List.StateOf(zoo).Colour, ItemColour::Default);
+  EXPECT_EQ(Rows.StateOf(zoo).Colour, ItemColour::Default);
 
   // By date, then by name; what comes or changes finds its place.
   List.AddSortKey(0, "sModified", "des");
@@ -249,31 +249,31 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
   }
   LoadDrive("D");
   EXPECT_EQ(seen, "D:\\n7");
-  EXPECT_EQ(Names(List.Child(RootRow, 0)).front(), "n99");
+  EXPECT_EQ(Names(Rows.Child(RootRow, 0)).front(), "n99");
   const int calls = Platform.Pump.Calls;
   Platform.Pump.Post([] {});
   Platform.Pump.Post([this] { List.CancelRequested = true; });
   List.RefreshList();
   EXPECT_EQ(Platform.Pump.Calls, calls + 2);
-  EXPECT_EQ(List.StatusText(), "Reading stopped");
+  EXPECT_EQ(List.Shown().Status, "Reading stopped");
 }
 
 TEST_F(FolderList, FollowsEveryBranchOnShow) {
   LoadDrive("C");
   List.OpenFolder(0, "C:\\Work\\p9");
   EXPECT_EQ(Platform.Watches.Watched(), (Texts{"C:\\", "C:\\Work", "C:\\Work\\p9"}));
-  List.Expand(List.CurrentRow());
+  Rows.Expand(Rows.CurrentRow());
   Platform.Files.AddFolder("C:\\Work\\p9\\new");
   Platform.Watches.Notify("C:\\Work\\p9");
   EXPECT_NE(RowOf("C:\\Work\\p9\\new"), NoRow);
 
   // Nobody tells of a branch that is collapsed: it is read again when it comes back.
-  List.Collapse(RowOf("C:\\Work"));
+  Rows.Collapse(RowOf("C:\\Work"));
   EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work\\p9"}));
-  EXPECT_EQ(List.CurrentRow(), RowOf("C:\\Work"));
+  EXPECT_EQ(Rows.CurrentRow(), RowOf("C:\\Work"));
   List.OpenFolder(0, "C:\\apps");
   Platform.Files.AddFolder("C:\\Work\\p9\\deeper");
-  List.Expand(RowOf("C:\\Work"));
+  Rows.Expand(RowOf("C:\\Work"));
   EXPECT_EQ(Names(RowOf("C:\\Work\\p9")), (Texts{"deep", "deeper", "new"}));
 
   // Whatever was missed in a bracket is made up for, unless a refresh has done it; also what the
@@ -320,7 +320,7 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   Platform.Clock.Tick += View.CatchUps[0];
   List.CatchUp();
   EXPECT_EQ(Names(), Texts{List.CurrentFolder()});
-  EXPECT_EQ(List.StatusText(), "Cannot read C:\\: No such file or directory");
+  EXPECT_EQ(List.Shown().Status, "Cannot read C:\\: No such file or directory");
   Platform.Files.AddFolder("C:\\back");  // the volume is there again
   List.DrivesChanged();
   EXPECT_NE(RowOf("C:\\back"), NoRow);
@@ -329,7 +329,7 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
 TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
   Platform.Clock.TickStep = 50;
   Platform.Pump.Post([this] { List.OpenFolder(0, "C:\\Work\\p10"); });
-  Platform.Pump.Post([this] { List.MoveCurrent(List.Child(RootRow, 0)); });
+  Platform.Pump.Post([this] { Rows.MoveCurrent(Rows.Child(RootRow, 0)); });
   LoadDrive("C");
   EXPECT_EQ(List.CurrentFolder(), "C:\\");
   EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work"}));
@@ -345,8 +345,8 @@ TEST_F(FolderList, CommandsThatComeDuringAReadAreServedAfterIt) {
 
   // Escape leaves the branch as it was.
   Platform.Pump.Post([this] { List.CancelRequested = true; });
-  List.Expand(RowOf("C:\\Work\\p9"));
-  const RowState p9 = List.StateOf(RowOf("C:\\Work\\p9"));
+  Rows.Expand(RowOf("C:\\Work\\p9"));
+  const RowState p9 = Rows.StateOf(RowOf("C:\\Work\\p9"));
   EXPECT_TRUE(p9.HasChildren && !p9.IsExpanded);
 
   Platform.Pump.Post([this] { List.Terminate(); });

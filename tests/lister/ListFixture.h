@@ -13,6 +13,8 @@
 #include "ShadowView.h"
 #include "fakes/FakePlatform.h"
 #include "lister/ListerControl.h"
+#include "lister/ListerUser.h"
+#include "lister/list/ListColumns.h"
 
 namespace tarnwell::lister {
 
@@ -99,15 +101,15 @@ class ListFixture : public testing::Test {
 
   std::vector<std::string> Names(RowId parent = RootRow) const {
     std::vector<std::string> names;
-    for (int at = 0; at < List.ChildCount(parent); ++at) {
-      names.push_back(List.CellText(List.Child(parent, at), HeadingId::Name));
+    for (int at = 0; at < Rows.ChildCount(parent); ++at) {
+      names.push_back(Rows.CellText(Rows.Child(parent, at), HeadingId::Name));
     }
     return names;
   }
   RowId Row(RowId parent, const std::string& name) const {
-    for (int at = 0; at < List.ChildCount(parent); ++at) {
-      const RowId row = List.Child(parent, at);
-      if (List.CellText(row, HeadingId::Name) == name) return row;
+    for (int at = 0; at < Rows.ChildCount(parent); ++at) {
+      const RowId row = Rows.Child(parent, at);
+      if (Rows.CellText(row, HeadingId::Name) == name) return row;
     }
     return NoRow;
   }
@@ -130,22 +132,24 @@ class ListFixture : public testing::Test {
   // Asks all that can be asked, and does all that can be done, with rows that are none.
   void CheckNoRow(RowId beyond) {
     for (const RowId row : {NoRow, RootRow, beyond}) {
-      EXPECT_EQ(List.PathOf(row) + List.CellText(row, HeadingId::Path), "");
-      EXPECT_EQ(List.PositionOf(row), -1);
-      EXPECT_FALSE(List.StateOf(row).HasChildren);
-      List.MoveCurrent(row);
-      List.Activate(row);
-      List.Expand(row);
-      List.Collapse(row);
+      EXPECT_EQ(Rows.PathOf(row) + Rows.CellText(row, HeadingId::Path), "");
+      EXPECT_EQ(Rows.PositionOf(row), -1);
+      EXPECT_FALSE(Rows.StateOf(row).HasChildren);
+      Rows.MoveCurrent(row);
+      Rows.Activate(row);
+      Rows.Expand(row);
+      Rows.Collapse(row);
     }
-    for (const int position : {-1, 99}) EXPECT_EQ(List.Child(RootRow, position), NoRow);
-    EXPECT_EQ(List.ChildCount(beyond), 0);
+    for (const int position : {-1, 99}) EXPECT_EQ(Rows.Child(RootRow, position), NoRow);
+    EXPECT_EQ(Rows.ChildCount(beyond), 0);
     EXPECT_TRUE(Events.Take().empty());
   }
 
   fakes::FakePlatform Platform;
   EventRecord Events;
   ListerControl List;
+  ListRows& Rows = List.Rows();
+  ListInput& Input = List.Input();
   ShadowView View;
 };
 

@@ -24,11 +24,11 @@ class ListTools : public ListFixture {
   // As far as they are known.
   std::string Sizes() const {
     std::string sizes;
-    for (int at = 0; at < List.ChildCount(RootRow); ++at) {
-      const RowId row = List.Child(RootRow, at);
-      const std::string size = List.CellText(row, HeadingId::Size);
+    for (int at = 0; at < Rows.ChildCount(RootRow); ++at) {
+      const RowId row = Rows.Child(RootRow, at);
+      const std::string size = Rows.CellText(row, HeadingId::Size);
       if (!size.empty() && size != "?")
-        sizes += List.CellText(row, HeadingId::Name) + " " + size + " ";
+        sizes += Rows.CellText(row, HeadingId::Name) + " " + size + " ";
     }
     return sizes;
   }
@@ -46,8 +46,8 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   List.CancelRequested = true;  // left over from a key that came with nothing to stop
   List.CalculateFolderSizes();
   EXPECT_EQ(Sizes(), "two 5 one 30 file 4 ");
-  EXPECT_EQ(List.CellText(Row(RootRow, "shut"), HeadingId::Size), "?");
-  EXPECT_EQ(List.StatusText(),
+  EXPECT_EQ(Rows.CellText(Row(RootRow, "shut"), HeadingId::Size), "?");
+  EXPECT_EQ(List.Shown().Status,
             "Sizes: 2 folders, 5 items, 35 bytes. Cannot read C:\\box\\shut: Permission denied");
   EXPECT_FALSE(List.CancelRequested);
 
@@ -60,7 +60,7 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   List.RefreshList();
   View.Pointed = Row(RootRow, "two");
   List.CalculateItemSize();
-  EXPECT_EQ(List.StatusText(), "Size of two: 2 items, 7 bytes");
+  EXPECT_EQ(List.Shown().Status, "Size of two: 2 items, 7 bytes");
   EXPECT_EQ(Sizes(), "two 7 file 4 ");
   Platform.Files.At("C:\\box\\two").Modified++;
   List.RefreshList();
@@ -70,7 +70,7 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   for (const char* name : {"file", "way", ""}) {
     View.Pointed = Row(RootRow, name);
     List.CalculateItemSize();
-    EXPECT_EQ(List.StatusText(), "Size of two: 2 items, 7 bytes") << name;
+    EXPECT_EQ(List.Shown().Status, "Size of two: 2 items, 7 bytes") << name;
   }
 
   Load("C:\\other");
@@ -86,7 +86,7 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   PostAt(1, [&] { List.CalculateFolderSizes(), List.CancelRequested = true; });
   Load("C:\\other");
   List.CatchUp();
-  EXPECT_EQ(List.StatusText().substr(0, 15) + Sizes(), "Reading stopped");
+  EXPECT_EQ(List.Shown().Status.substr(0, 15) + Sizes(), "Reading stopped");
 }
 
 // At each of the moments that there are.
@@ -115,15 +115,15 @@ TEST_F(ListTools, MeasuringGivesWayToWhatComesInBetween) {
       });
   // Escape and a change on disk in one go: the read must not swallow the key.
   run([&] { List.CancelRequested = true, Platform.Watches.Notify("C:\\box"); },
-      [&](int) { EXPECT_EQ(List.StatusText().substr(0, 13), "Sizes stopped"); });
+      [&](int) { EXPECT_EQ(List.Shown().Status.substr(0, 13), "Sizes stopped"); });
   run([&] { Load("C:\\other"); },
-      [&](int) { EXPECT_EQ(List.StatusText() + Sizes(), "1 item (1 folder)"); });
+      [&](int) { EXPECT_EQ(List.Shown().Status + Sizes(), "1 item (1 folder)"); });
   run([&] { Load("C:\\other"), List.CalculateFolderSizes(); },
       [&](int) { EXPECT_EQ(Sizes(), "one 0 "); });
   run([&] { List.CalculateFolderSizes(); }, [&](int) { EXPECT_EQ(Platform.Pump.Calls, moments); });
   run([&] { View.Pointed = Row(RootRow, "one"), List.CalculateItemSize(); },
       [&](int) {
-        EXPECT_EQ(List.StatusText(), "Size of one: 3 items, 30 bytes");
+        EXPECT_EQ(List.Shown().Status, "Size of one: 3 items, 30 bytes");
         EXPECT_EQ(Platform.Pump.Calls, moments + 4);
       });
   run(
@@ -152,17 +152,17 @@ struct TreeTools : ListTools {
 TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   Platform.Files.AddFolder("C:\\a,\"b\"");
   LoadDrive();
-  const RowId top = List.Child(RootRow, 0);
-  List.Expand(top);
+  const RowId top = Rows.Child(RootRow, 0);
+  Rows.Expand(top);
   const RowId box = Row(top, "box");
-  List.Expand(box);
-  const auto size = [&](RowId row) { return List.CellText(row, HeadingId::Size); };
+  Rows.Expand(box);
+  const auto size = [&](RowId row) { return Rows.CellText(row, HeadingId::Size); };
   View.Pointed = Row(box, "two");
   List.CalculateItemSize();
   EXPECT_EQ(size(Row(box, "two")) + size(Row(box, "one")), "5");
   List.CalculateFolderSizes();
   EXPECT_EQ(size(top) + " " + size(box) + size(Row(box, "way")), "\u2265 39 \u2265 39");
-  EXPECT_TRUE(List.SizeNote(Row(box, "two")).empty() && !List.SizeNote(box).empty());
+  EXPECT_TRUE(SizeNote(Rows, Row(box, "two")).empty() && !SizeNote(Rows, box).empty());
 
   List.SetHeadingProperty(static_cast<int>(HeadingId::Size), "active", base::Value(true));
   ASSERT_TRUE(List.SaveListing("C:\\out.csv"));
@@ -180,12 +180,12 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   PostAt(3, [&] { LoadDrive("D"); });
   List.CalculateFolderSizes();
   EXPECT_EQ(Names(), Texts{"D:\\"});
-  EXPECT_EQ(size(List.Child(RootRow, 0)), "");
+  EXPECT_EQ(size(Rows.Child(RootRow, 0)), "");
   PostAt(1, [&] { List.CalculateFolderSizes(); });
   LoadDrive("C");
   View.CatchUps.clear();
   List.CatchUp();
-  EXPECT_EQ(size(List.Child(RootRow, 0)), "\u2265 162");  // and the listing
+  EXPECT_EQ(size(Rows.Child(RootRow, 0)), "\u2265 162");  // and the listing
 
   Platform.Files.ExtendedAttributeFault = {95, "Operation not supported"};
   Events.Take();
@@ -215,7 +215,8 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
 
   files.WriteFault = {28, "No space left on device"};
   EXPECT_FALSE(List.SaveListing("C:\\out.csv"));
-  EXPECT_EQ(List.StatusText(), "Cannot write the listing to C:\\out.csv: No space left on device");
+  EXPECT_EQ(List.Shown().Status,
+            "Cannot write the listing to C:\\out.csv: No space left on device");
   files.WriteFault = {};
   Platform.Clock.TickStep = 60;
   for (int moment = 1; moment <= 5; ++moment) {
@@ -234,7 +235,7 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
   List.SetProperty("ShowColor", true);
   Load();
   for (const char* name : {"one", "file", "gone", "lost"}) {
-    List.MoveCurrent(Row(RootRow, name));
+    Rows.MoveCurrent(Row(RootRow, name));
     List.SpaceKey();
   }
   for (const char* name : {"gone", "lost"}) Platform.Files.Remove("C:\\box\\" + std::string(name));
@@ -247,7 +248,7 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
       all.push_back(Platform.Files.At("C:\\box\\" + std::string(name))
                         .ExtendedAttributes[platform::ExtendedAttribute::Colour]);
     }
-    EXPECT_EQ(List.StateOf(Row(RootRow, "file")).Colour, ColourOfWord(all.back()));
+    EXPECT_EQ(Rows.StateOf(Row(RootRow, "file")).Colour, ColourOfWord(all.back()));
     return all;
   };
   Events.Take();
@@ -258,9 +259,9 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
   PostAt(2, [&] { List.CancelRequested = true; });
   EXPECT_EQ(colours("default"), (Texts{"", "", "dark green"}));
   EXPECT_FALSE(List.CancelRequested);
-  EXPECT_EQ(List.StatusText(), "Colours stopped: 1 of 4 items done");
+  EXPECT_EQ(List.Shown().Status, "Colours stopped: 1 of 4 items done");
   EXPECT_EQ(colours("default"), (Texts{"", "", ""}));
-  EXPECT_EQ(List.StatusText(), "7 items (4 folders), 4 bytes. 4 selected, 4 bytes");
+  EXPECT_EQ(List.Shown().Status, "7 items (4 folders), 4 bytes. 4 selected, 4 bytes");
 }
 
 // Against a slow one that says the rules once more.
@@ -330,14 +331,14 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   std::vector<CompareRecord> records = List.CompareRecords();
   std::int32_t mode = 3;
   List.CompareAgainst(records, mode);
-  EXPECT_EQ(List.StatusText(), "Compared: all 1 file the same, 4 folders of the same name");
+  EXPECT_EQ(List.Shown().Status, "Compared: all 1 file the same, 4 folders of the same name");
   records[0].Name += "?";
   Platform.Files.AddFile("C:\\box\\file", "longer");
   Platform.Files.AddFile("C:\\box\\more");
   List.RefreshList();
   List.CompareAgainst(records, mode);
   EXPECT_EQ(
-      List.StatusText(),
+      List.Shown().Status,
       "Compared: 2 only here, 1 missing, 1 differ (1 larger here), 3 folders of the same name");
 
   // The kinds go with the rows that have them, and the view learns it.
@@ -350,10 +351,10 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   Platform.Files.Remove("C:\\box\\file");
   Platform.Watches.Notify("C:\\box", {{"file"}, false, false});
   EXPECT_EQ(View.Marks, CompareMarks{.OnlyHere = true});
-  const std::string text = List.StatusText();
+  const std::string text = List.Shown().Status;
   List.RefreshList();
   EXPECT_EQ(View.Marks, CompareMarks{});
-  EXPECT_EQ(List.StatusText(), text);
+  EXPECT_EQ(List.Shown().Status, text);
 }
 
 }  // namespace

@@ -26,27 +26,27 @@ class Selection : public ListFixture {
     Events.Take();
   }
   RowPointer At(int position, RowPart part, int shift = 0, int button = 1) const {
-    const bool none = position < 0 || position >= List.ChildCount(RootRow);
-    return {none ? NoRow : List.Child(RootRow, position),
+    const bool none = position < 0 || position >= Rows.ChildCount(RootRow);
+    return {none ? NoRow : Rows.Child(RootRow, position),
             position,
             none ? RowPart::None : part,
             {button, shift, 15, 30}};
   }
   RowPointer On(RowId row, int button = 1) const {
-    return {row, List.PositionOf(row), RowPart::Item, {button, 0, 15, 30}};
+    return {row, Rows.PositionOf(row), RowPart::Item, {button, 0, 15, 30}};
   }
   void Click(int position, RowPart part, int shift = 0) {
-    List.MouseDown(At(position, part, shift));
-    List.MouseUp(At(position, part, shift));
+    Input.MouseDown(At(position, part, shift));
+    Input.MouseUp(At(position, part, shift));
   }
   // Down at the first position, then over the others.
   void Pull(const std::vector<int>& positions, RowPart part, int shift = 0) {
-    List.MouseDown(At(positions[0], part, shift));
+    Input.MouseDown(At(positions[0], part, shift));
     for (std::size_t at = 1; at < positions.size(); ++at) {
-      List.MouseMoved(At(positions[at], part, shift));
+      Input.MouseMoved(At(positions[at], part, shift));
     }
   }
-  std::string Current() const { return List.CellText(List.CurrentRow(), HeadingId::Name); }
+  std::string Current() const { return Rows.CellText(Rows.CurrentRow(), HeadingId::Name); }
   // Kind, folder and name of what an action by mouse would work on.
   std::string Clicked() const {
     std::string folder, name;
@@ -57,11 +57,11 @@ class Selection : public ListFixture {
   // The positions that are selected, by both ways to ask.
   std::string Marks() const {
     std::string marks, ranges;
-    for (int at = 0; at < List.ChildCount(RootRow); ++at) {
-      marks += List.StateOf(List.Child(RootRow, at)).IsSelected ? '#' : '.';
+    for (int at = 0; at < Rows.ChildCount(RootRow); ++at) {
+      marks += Rows.StateOf(Rows.Child(RootRow, at)).IsSelected ? '#' : '.';
     }
     ranges.resize(marks.size(), '.');
-    for (const RowRange range : List.SelectedRanges()) {
+    for (const RowRange range : Input.SelectedRanges()) {
       for (int at = range.First; at <= range.Last; ++at) ranges[static_cast<std::size_t>(at)] = '#';
     }
     EXPECT_EQ(marks, ranges);
@@ -143,7 +143,7 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
         break;
       case 2: {
         const int key = pick(6), here = model.PositionOf(model.Current);
-        List.KeyDown(keys[key], shift);
+        Input.KeyDown(keys[key], shift);
         int there = std::clamp(here + steps[key], 0, count - 1);
         if (here == count) there = keys[key] == EndKey ? count - 1 : 0;
         if (shift != CtrlDown) model.Choose(there, shift);
@@ -153,7 +153,7 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
       case 3:
         if (pick(8) != 0) break;
         if (pick(2) == 0) {
-          List.KeyDown('A', CtrlDown);
+          Input.KeyDown('A', CtrlDown);
           model.Selected = {model.Rows.begin(), model.Rows.end()};
         } else {
           Click(count, RowPart::None, shift);
@@ -168,9 +168,9 @@ TEST_F(Selection, IsWhatUsersExpectWhateverTheyDo) {
         break;
       case 5:
         once = false;
-        List.SetFilterText(pick(2) == 0 ? "" : "*" + std::to_string(pick(10)) + "*");
-        if (List.ChildCount(RootRow) > 0) break;
-        List.SetFilterText("");
+        List.User().SetFilterText(pick(2) == 0 ? "" : "*" + std::to_string(pick(10)) + "*");
+        if (Rows.ChildCount(RootRow) > 0) break;
+        List.User().SetFilterText("");
         model.Selected.clear();  // what was taken off the screen is not selected any more
         break;
     }
@@ -194,15 +194,15 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   // Rows that a sweep leaves again get back what they had; the ends of the list hold it up.
   Pull({0, 4, 1}, RowPart::Gap);
   EXPECT_EQ(Marks(), "###...");
-  List.MouseMoved(At(9, RowPart::None));
+  Input.MouseMoved(At(9, RowPart::None));
   EXPECT_EQ(Marks(), "######");
   Platform.Files.Remove("C:\\box\\b");  // rows go, and their numbers serve others
   Platform.Files.AddFile("C:\\box\\g");
   List.RefreshList();
-  List.MouseMoved(At(-1, RowPart::None));
+  Input.MouseMoved(At(-1, RowPart::None));
   EXPECT_EQ(Marks(), "##....");
-  List.MouseDown(At(3, RowPart::Item, 0, 2));  // no menu meanwhile
-  List.MouseUp({});
+  Input.MouseDown(At(3, RowPart::Item, 0, 2));  // no menu meanwhile
+  Input.MouseUp({});
   EXPECT_FALSE(List.MouseLocked);
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 0", "Locked",
                                   "Unlocked", "MouseReleased"}));
@@ -210,26 +210,26 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   // A frame; whatever ends it lets the other lists go, and what comes after it does nothing.
   const auto frame = [&](int from, int shift, const std::function<void()>& end) {
     Pull({from, 2}, RowPart::Rest, shift);
-    EXPECT_EQ(List.CurrentMouseAction(), MouseAction::Band);
+    EXPECT_EQ(Input.Action(), MouseAction::Band);
     const std::string marks = Marks();
     end();
     EXPECT_FALSE(List.MouseLocked);
     Events.Take();
-    List.MouseMoved(At(0, RowPart::Item));
-    List.MouseUp({});
+    Input.MouseMoved(At(0, RowPart::Item));
+    Input.MouseUp({});
     EXPECT_EQ(Events.Take().back(), "MouseReleased");
     return marks + " " + Marks();
   };
-  EXPECT_EQ(frame(6, 0, [&] { EXPECT_TRUE(List.KeyDown(EscapeKey, 0)); }), "..#### ##....");
-  EXPECT_FALSE(List.KeyDown(EscapeKey, 0));
+  EXPECT_EQ(frame(6, 0, [&] { EXPECT_TRUE(Input.KeyDown(EscapeKey, 0)); }), "..#### ##....");
+  EXPECT_FALSE(Input.KeyDown(EscapeKey, 0));
   EXPECT_EQ(frame(6, ShiftDown, [&] { Click(6, RowPart::None); }), "###### ......");  // an end lost
   EXPECT_EQ(frame(0, 0, [&] { ListFixture::Load("D:\\"); }), "###... ");
   Load();
-  EXPECT_EQ(frame(1, CtrlDown, [&] { List.MouseUp({}); }), ".##... .##...");
+  EXPECT_EQ(frame(1, CtrlDown, [&] { Input.MouseUp({}); }), ".##... .##...");
 
   // Several are dragged; a click without a drag breaks the selection up when the button comes up.
   Pull({2, 4, 5}, RowPart::Item);
-  List.MouseUp({});
+  Input.MouseUp({});
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "ItemFocused 2", "DragBegun",
                                   "DragMoved", "DragEnded", "MouseReleased"}));
   EXPECT_EQ(Marks() + std::to_string(View.Drags), ".##...1");
@@ -239,25 +239,25 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
   // The other button keeps what is selected where it comes down on that or on nothing.
   Events.Take();
   for (const int place : {1, 7}) {
-    List.MouseDown(At(place, RowPart::Rest, 0, 2));
+    Input.MouseDown(At(place, RowPart::Rest, 0, 2));
     EXPECT_EQ(Events.Clicked.Folder + Events.Clicked.Name, place == 1 ? "C:\\box\\c" : "C:\\box\\");
     EXPECT_EQ(Marks(), ".#....");
   }
-  List.MouseDown(At(0, RowPart::Item, 0, 4));
-  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  Input.MouseDown(At(0, RowPart::Item, 0, 4));
+  Input.MouseDown(At(0, RowPart::Item, 0, 2));
   EXPECT_EQ(Marks(), "#.....");
   EXPECT_FALSE(Events.Clicked.UsePath);
-  List.MouseDown(At(7, RowPart::Rest, 0, 2));  // for what is selected
+  Input.MouseDown(At(7, RowPart::Rest, 0, 2));  // for what is selected
   EXPECT_EQ(Events.Clicked.UsePath, false);
   List.SelectAll("none");
-  List.MouseDown(At(7, RowPart::Rest, 0, 2));  // for the folder
+  Input.MouseDown(At(7, RowPart::Rest, 0, 2));  // for the folder
   EXPECT_EQ(Events.Clicked.Folder + Events.Clicked.Path, "C:\\box\\");
   EXPECT_TRUE(Events.Clicked.UsePath);
-  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  Input.MouseDown(At(0, RowPart::Item, 0, 2));
   List.MouseLocked = true;
   Events.Take();
   Pull({3, 4}, RowPart::Gap);
-  List.MouseDown(At(3, RowPart::Item, 0, 2));
+  Input.MouseDown(At(3, RowPart::Item, 0, 2));
   EXPECT_TRUE(Events.Take().empty());
   EXPECT_EQ(Marks(), "#.....");
   List.MouseLocked = false;
@@ -267,13 +267,13 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
 TEST_F(Selection, TakesKeysAndTypedText) {
   Platform.Files.AddFolder("C:\\box\\sub");
   Make({"bar", "Bat", "b c", "moon", "s\xC3\xBCn"});  // sub, b c, bar, Bat, moon, sün
-  const auto press = [&](int key, int shift = 0) { return List.KeyDown(key, shift); };
+  const auto press = [&](int key, int shift = 0) { return Input.KeyDown(key, shift); };
   // With Space held, arrows make of the rows what Space made of the first.
   for (const int key : {HomeKey, SpaceKeyCode, SpaceKeyCode, DownKey, DownKey}) press(key);
   EXPECT_EQ(Marks(), "......");
-  List.KeyUp(SpaceKeyCode);
+  Input.KeyUp(SpaceKeyCode);
   for (const int key : {SpaceKeyCode, DownKey, DownKey, UpKey}) press(key);
-  List.KeyUp(SpaceKeyCode);
+  Input.KeyUp(SpaceKeyCode);
   EXPECT_EQ(Marks(), "..##..");
   press(InsertKey);
   EXPECT_EQ(Marks() + Current(), "..#...moon");
@@ -284,8 +284,8 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_EQ(Marks(), "....#.");
 
   const auto type = [&](const char* text) {
-    List.TypeText(text);
-    return Current() + "|" + List.StatusText();
+    Input.TypeText(text);
+    return Current() + "|" + List.Shown().Status;
   };
   press(HomeKey);
   EXPECT_EQ(type("B"), "b c|Find: B");
@@ -296,7 +296,7 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_EQ(type("a"), "Bat|Find: ba");
   EXPECT_EQ(Marks(), "...#..");
   EXPECT_TRUE(press(EscapeKey) && !press(EscapeKey));
-  EXPECT_EQ(List.StatusText().find("Find"), std::string::npos);
+  EXPECT_EQ(List.Shown().Status.find("Find"), std::string::npos);
   EXPECT_EQ(type("S\xC3\xBC"), "s\xC3\xBCn|Find: S\xC3\xBC");
   press(EscapeKey);
   EXPECT_EQ(type("b"), "b c|Find: b");
@@ -343,9 +343,9 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   EXPECT_EQ(List.ActiveItemName(), std::string("C:\\box\\.rc\0C:\\box\\a.tar.gz\0\0", 28));
 
   // The clicked item stays the one that is meant while the menu's action runs.
-  List.MouseDown(At(0, RowPart::Item, 0, 2));
+  Input.MouseDown(At(0, RowPart::Item, 0, 2));
   List.BeginContextAction();
-  EXPECT_TRUE(List.StateOf(Row(RootRow, "sub.d")).IsTarget);
+  EXPECT_TRUE(Rows.StateOf(Row(RootRow, "sub.d")).IsTarget);
   Click(1, RowPart::Item);
   List.PrepareSelectionMouse();
   EXPECT_EQ(Marks() + Clicked(), "#..2 C:\\box\\+sub.d");
@@ -353,19 +353,19 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   EXPECT_EQ(Clicked() + " " + List.TargetFolder(), "8 C:\\box\\+ C:\\box\\");
 
   Events.Take();
-  List.DragOver(Row(RootRow, "sub.d"));
-  EXPECT_TRUE(List.StateOf(Row(RootRow, "sub.d")).IsTarget);
-  List.DropOn(List.DropTarget(Row(RootRow, "sub.d")), {"C:\\x", "x", "copy", 100});
-  EXPECT_FALSE(List.StateOf(Row(RootRow, "sub.d")).IsTarget);
+  List.User().DragOver(Row(RootRow, "sub.d"));
+  EXPECT_TRUE(Rows.StateOf(Row(RootRow, "sub.d")).IsTarget);
+  List.User().DropOn(List.User().DropTarget(Row(RootRow, "sub.d")), {"C:\\x", "x", "copy", 100});
+  EXPECT_FALSE(Rows.StateOf(Row(RootRow, "sub.d")).IsTarget);
   EXPECT_EQ(Events.Take(), (Texts{"DropSourceSet 100", "ItemsDropped"}));
-  List.DropOn("C:\\box\\sub.d", {"C:\\x", "x", "copy", NoList, 2});
+  List.User().DropOn("C:\\box\\sub.d", {"C:\\x", "x", "copy", NoList, 2});
   EXPECT_EQ(Events.Take(), (Texts{"ItemsDropped",
                                   "StatusMessage 2 dropped items are no files of this computer and "
                                   "could not be taken."}));
   EXPECT_EQ(List.DropFolder(), "C:\\box\\sub.d\\");
   List.EndDrop();
   EXPECT_EQ(List.DropFolder(), "");
-  List.DropOn(List.DropTarget(Row(RootRow, ".rc")), {"x", "x", "", NoList});
+  List.User().DropOn(List.User().DropTarget(Row(RootRow, ".rc")), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\box\\");
   // What the mouse took out of the selection, or a key has left behind, is not meant any more.
   List.SelectAll("none");
@@ -375,7 +375,7 @@ TEST_F(Selection, SaysWhatAnActionWorksOn) {
   List.EndAction();
   EXPECT_EQ(Marks(), "#.#");
   Click(0, RowPart::Item);
-  List.KeyDown(DownKey, 0);
+  Input.KeyDown(DownKey, 0);
   EXPECT_EQ(Clicked(), "4 C:\\box\\+.rc");
   Platform.Files.Remove("C:\\box");
   EXPECT_EQ(List.TargetFolder() + List.PasteFolder(), "");
@@ -394,7 +394,7 @@ class FolderSelection : public Selection {
 
 TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   const auto press = [&](int key, int shift = 0) {
-    EXPECT_TRUE(List.KeyDown(key, shift));
+    EXPECT_TRUE(Input.KeyDown(key, shift));
     return Current() + " ";
   };
   std::string way;
@@ -405,8 +405,8 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(way, "a box box Beta d Beta box box d C:\\ C:\\ d C:\\ a d ");
   press(UpKey);
   press(EnterKey);
-  List.TypeText("be");
-  EXPECT_EQ(Current() + List.StatusText(), "BetaFind: be");
+  Input.TypeText("be");
+  EXPECT_EQ(Current() + List.Shown().Status, "BetaFind: be");
   EXPECT_EQ(List.FirstSelected(), "C:\\box\\Beta");
   List.SelectionCursor = 0;
   EXPECT_EQ((Texts{List.NextSelected(), List.NextSelected()}), (Texts{"C:\\box\\Beta", "end"}));
@@ -415,7 +415,7 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   EXPECT_EQ(Events.Take(), Texts{"NewFolderAt C:\\box\\Beta\\"});
 
   // A right click leaves the open folder as it is.
-  List.MouseDown(On(Find("a"), 2));
+  Input.MouseDown(On(Find("a"), 2));
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "RightClicked C:\\a"}));
   EXPECT_TRUE(Events.Clicked.UsePath);
   EXPECT_EQ(Events.Clicked.Folder, "C:\\a");
@@ -426,22 +426,22 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
   List.RefreshList();
   EXPECT_EQ(Clicked(), "0 +");
   EXPECT_EQ(List.TargetFolder(), "C:\\box\\Beta\\");
-  List.MouseDown(On(FolderTree::TopRow, 2));
+  Input.MouseDown(On(FolderTree::TopRow, 2));
   EXPECT_EQ(Clicked() + Events.Clicked.Path, "1 C:\\+C:\\");
   EXPECT_FALSE(Events.Clicked.UsePath);
 
-  List.DropOn(List.DropTarget(Find("d")), {"x", "x", "", NoList});
+  List.User().DropOn(List.User().DropTarget(Find("d")), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "C:\\d\\");
-  List.DropOn(List.DropTarget(NoRow), {"x", "x", "", NoList});
+  List.User().DropOn(List.User().DropTarget(NoRow), {"x", "x", "", NoList});
   EXPECT_EQ(List.DropFolder(), "");
 
   // Text that is typed while the branch with the cursor is still being read.
-  List.MouseDown(On(Find("d")));
+  Input.MouseDown(On(Find("d")));
   List.OpenFolder(0, "C:\\box");
   EXPECT_EQ(List.TargetFolder(), "C:\\box\\");
-  List.Collapse(Find("box"));
+  Rows.Collapse(Find("box"));
   Platform.Clock.TickStep = 60;
-  Platform.Pump.Post([this] { List.TypeText("d"); });
+  Platform.Pump.Post([this] { Input.TypeText("d"); });
   List.OpenFolder(0, "C:\\box\\Beta");
   Platform.Clock.TickStep = 0;
   EXPECT_EQ(Current(), "d");
@@ -449,15 +449,15 @@ TEST_F(FolderSelection, GoesByItsCursorAndActsOnWhatWasClicked) {
 
   // What is dragged is what the button came down on, and never a drive.
   Events.Take();
-  List.MouseDown(On(Find("d")));
-  List.MouseMoved(On(Find("box")));
+  Input.MouseDown(On(Find("d")));
+  Input.MouseMoved(On(Find("box")));
   EXPECT_EQ(List.FirstSelected(), "C:\\d");
-  List.MouseUp({});
-  List.MouseDown(On(FolderTree::TopRow));
-  List.MouseMoved(On(Find("box")));
+  Input.MouseUp({});
+  Input.MouseDown(On(FolderTree::TopRow));
+  Input.MouseMoved(On(Find("box")));
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "FolderSelected 2", "DragBegun",
                                   "DragEnded", "MouseReleased", "ListFocused", "TitleColorAsked"}));
-  List.MoveCurrent(FolderTree::TopRow);
+  Rows.MoveCurrent(FolderTree::TopRow);
   EXPECT_EQ(List.DuplicateBaseName() + List.FirstSelected(), "C:");
   EXPECT_EQ(List.ActiveItemName(), "");
   Events.Take();

@@ -58,7 +58,7 @@ class ShadowView : public NoView {
   void EndInsert() override {
     std::vector<RowId>& children = rows_[parent_];
     for (int at = first_; at <= last_; ++at) {
-      const RowId row = list_.Child(parent_, at);
+      const RowId row = list_.Rows().Child(parent_, at);
       children.insert(children.begin() + at, row);
       Copy(row);
     }
@@ -86,12 +86,12 @@ class ShadowView : public NoView {
     EXPECT_FALSE(open_);
     EXPECT_LE(0, first);
     EXPECT_LE(first, last);
-    EXPECT_LT(last, list_.ChildCount(parent));
+    EXPECT_LT(last, list_.Rows().ChildCount(parent));
     Cells.push_back({first, last});
   }
   void Repaint() override { ++Repaints; }
   void FilterChanged() override { ++FilterChanges; }
-  void StatusChanged() override { Marks = list_.MarksInList(); }
+  void StatusChanged() override { Marks = list_.Shown().Marks; }
   RowRange VisibleRows() const override { return Visible; }
   RowId RowUnderPointer() const override { return Pointed; }
   void CurrentChanged() override { ++CurrentChanges; }
@@ -104,10 +104,10 @@ class ShadowView : public NoView {
  private:
   std::vector<RowId> ChildrenOf(RowId row) const {
     std::vector<RowId> children;
-    for (int at = 0; at < list_.ChildCount(row); ++at) {
-      children.push_back(list_.Child(row, at));
-      EXPECT_EQ(list_.PositionOf(children.back()), at);
-      EXPECT_EQ(list_.Parent(children.back()), row);
+    for (int at = 0; at < list_.Rows().ChildCount(row); ++at) {
+      children.push_back(list_.Rows().Child(row, at));
+      EXPECT_EQ(list_.Rows().PositionOf(children.back()), at);
+      EXPECT_EQ(list_.Rows().Parent(children.back()), row);
     }
     return children;
   }

@@ -1,6 +1,7 @@
 #include <map>
 
 #include "TestLists.h"
+#include "lister/ListerUser.h"
 #include "lister/ShadowView.h"
 #include "lister/list/ListInput.h"
 #include "lists/ListCommands.h"
@@ -40,21 +41,21 @@ class ListEventHandlerTest : public testing::Test, public TestLists {
 };
 
 TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
-  Space.Lists[101].Focused();
+  Space.Lists[101].Input().Focused();
   EXPECT_EQ(Lists(), (Ids{101, 101, 101}));
-  EXPECT_TRUE(Space.Lists[101].IsActive());
+  EXPECT_TRUE(Space.Lists[101].Shown().IsActive);
   Space.Form.cboCommand.Text = "dir";
-  Space.Lists[101].Focused();  // nothing new, and so nothing is drawn
+  Space.Lists[101].Input().Focused();  // nothing new, and so nothing is drawn
   EXPECT_EQ(Space.Form.cboCommand.Text, "dir");
   for (const int pointer : {9, 5}) Handler.PointerAsked(1, pointer);  // 5 is none
   EXPECT_EQ(Space.Form.MousePointer, forms::MousePointer::WestEast);
-  Space.Lists[1].MouseUp({});
+  Space.Lists[1].Input().MouseUp({});
   EXPECT_EQ(Lists(), (Ids{101, 1, 101}));
   EXPECT_EQ(Space.Form.MousePointer, forms::MousePointer::Default);
   Handler.TitleColorAsked(100);
-  Space.Lists[100].MoveCurrent(Row(100, "Deep"));
+  Space.Lists[100].Rows().MoveCurrent(Row(100, "Deep"));
   EXPECT_EQ(Lists(), (Ids{100, 100, 101}));
-  EXPECT_TRUE(Space.Lists[100].IsActive() && !Space.Lists[101].IsActive());
+  EXPECT_TRUE(Space.Lists[100].Shown().IsActive && !Space.Lists[101].Shown().IsActive);
 
   // Escape stops the active list, with a folder list also its file list.
   for (const Ids& stopped : {Ids{1, 101}, Ids{101}, Ids{0, 100}, Ids{}}) {
@@ -70,7 +71,7 @@ TEST_F(ListEventHandlerTest, ReleasedMouseRedrawsForAnotherListAndExpandsAnother
   Space.ForEachList([&](List& list) { views.try_emplace(list.Id(), list); });
   const auto redrawnFor = [&](lister::ListId list) {
     for (auto& [id, view] : views) view.Repaints = 0;
-    Space.Lists[list].MouseUp({});
+    Space.Lists[list].Input().MouseUp({});
     return ListsThat([&](List& each) { return views.at(each.Id()).Repaints > 0; });
   };
   for (const lister::ListId list : Ids{100, 0}) {
@@ -81,35 +82,35 @@ TEST_F(ListEventHandlerTest, ReleasedMouseRedrawsForAnotherListAndExpandsAnother
     list.SetDragGraphicsOn(true);
     list.SetHoverGraphicsOn(true);
   });
-  Space.Lists[0].MouseUp({});
-  EXPECT_EQ(ListsThat([](List& list) { return list.DragGraphicsOn(); }), Ids{});
-  EXPECT_EQ(ListsThat([](List& list) { return list.HoverGraphicsOn(); }), Ids{0});
+  Space.Lists[0].Input().MouseUp({});
+  EXPECT_EQ(ListsThat([](List& list) { return list.Shown().DragGraphicsOn; }), Ids{});
+  EXPECT_EQ(ListsThat([](List& list) { return list.Shown().HoverGraphicsOn; }), Ids{0});
 
   EXPECT_EQ(Pane(0).PercentHeightH, 0);
   Space.Form.Menus["mnuAutoExpandOn"].Checked = true;
   for (const lister::ListId list : Ids{100, 101, 1, 0}) {  // pane 0 is known already
     Pane(0).PercentHeightH = Pane(1).PercentHeightH = 0.5F;
-    Space.Lists[list].MouseUp({});
+    Space.Lists[list].Input().MouseUp({});
     const bool expands = list == 101 || list == 0;
     EXPECT_FLOAT_EQ(Pane(lister::PaneOf(list)).PercentHeightH, expands ? 0.7F : 0.5F) << list;
   }
   Layout.TitleMouseMove(1);
-  Space.Lists[0].MouseUp({});
+  Space.Lists[0].Input().MouseUp({});
   EXPECT_FLOAT_EQ(Pane(0).PercentHeightH, 0.7F);
 }
 
 TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
-  Space.Lists[100].Activate(Row(100, "Deep"));
+  Space.Lists[100].Rows().Activate(Row(100, "Deep"));
   EXPECT_EQ(Pane(0).CurrentPath, "C:\\Data\\Sub\\Deep");
   EXPECT_NE(Row(100, "Deeper"), lister::NoRow);
   EXPECT_EQ(Space.Lists.Folders(1).CurrentFolder(), "C:\\Data\\Sub");
-  Space.Lists[100].KeyDown(lister::BackspaceKey, 0);
+  Space.Lists[100].Input().KeyDown(lister::BackspaceKey, 0);
   for (const char* above : {"C:\\Data", "C:\\", "C:\\"}) {  // and no farther
     Handler.UpFolderButton(0);
     EXPECT_EQ(Space.Lists.Folders(0).CurrentFolder(), above);
     EXPECT_EQ(Space.Lists.Files(0).CurrentFolder(), above);
   }
-  Space.Lists[0].ChooseDrive("D");
+  Space.Lists[0].User().ChooseDrive("D");
   EXPECT_EQ(Space.Form.TitleBar[0].Text, "D:\\");
   EXPECT_EQ(Space.Lists.Files(0).CurrentFolder(), "D:\\");
   // A file list's folder is noted for its pane and handed to nobody.
@@ -118,13 +119,13 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   EXPECT_EQ(Pane(1).CurrentPath, "D:\\");
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "C:\\Data\\Sub\\");
   Space.Settings.Bookmarks[9].Path = "C:\\Data";
-  Space.Lists[101].KeyDown('0', lister::CtrlDown);
+  Space.Lists[101].Input().KeyDown('0', lister::CtrlDown);
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "C:\\Data\\");
   Space.Settings.Bookmarks[0].Path = "D:\\far\\off";  // on another drive
   Platform.Files.AddFolder("D:\\far\\off");
-  Space.Lists[101].GoToBookmark(0);
+  Space.Lists[101].Input().GoToBookmark(0);
   EXPECT_EQ(Space.Form.TitleBar[1].Text + Space.Lists[1].InitialDrive(), "D:\\far\\off\\D");
-  EXPECT_EQ(Space.Lists[101].Bookmark(9), "C:\\Data");
+  EXPECT_EQ(Space.Lists[101].Input().Bookmark(9), "C:\\Data");
   std::string path;
   for (std::int16_t slot : Ids{-1, 10}) {
     EXPECT_THROW(Handler.BookmarkAsked(0, slot, path), std::out_of_range);
@@ -139,21 +140,21 @@ TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
   Platform.Files.AddFile("C:\\Data\\Sub\\a.txt");
   Space.Lists[100].RefreshList();
   Space.ActiveList = 100;
-  Space.Lists[101].KeyDown(lister::DownKey, 0);  // reported by another list
-  Space.Lists[100].KeyDown(lister::DownKey, 0);
-  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "a.txt"));
-  EXPECT_TRUE(Space.Lists[100].StateOf(Row(100, "a.txt")).IsSelected);
-  Space.Lists[100].KeyDown(lister::SpaceKeyCode, 0);
+  Space.Lists[101].Input().KeyDown(lister::DownKey, 0);  // reported by another list
+  Space.Lists[100].Input().KeyDown(lister::DownKey, 0);
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "a.txt"));
+  EXPECT_TRUE(Space.Lists[100].Rows().StateOf(Row(100, "a.txt")).IsSelected);
+  Space.Lists[100].Input().KeyDown(lister::SpaceKeyCode, 0);
   EXPECT_TRUE(Space.SpaceHeld);
-  EXPECT_FALSE(Space.Lists[100].StateOf(Row(100, "a.txt")).IsSelected);
-  Space.Lists[100].KeyDown(lister::UpKey, 0);  // takes the next one out as well
-  EXPECT_FALSE(Space.Lists[100].StateOf(Row(100, "Deep")).IsSelected);
-  Space.Lists[100].KeyUp(lister::SpaceKeyCode);
+  EXPECT_FALSE(Space.Lists[100].Rows().StateOf(Row(100, "a.txt")).IsSelected);
+  Space.Lists[100].Input().KeyDown(lister::UpKey, 0);  // takes the next one out as well
+  EXPECT_FALSE(Space.Lists[100].Rows().StateOf(Row(100, "Deep")).IsSelected);
+  Space.Lists[100].Input().KeyUp(lister::SpaceKeyCode);
   EXPECT_FALSE(Space.SpaceHeld);
 
   WheelView view(Space.Lists[100]);
-  Space.Lists[1].WheelTurned(120);
-  Space.Lists[100].WheelTurned(-120);
+  Space.Lists[1].Input().WheelTurned(120);
+  Space.Lists[100].Input().WheelTurned(-120);
   EXPECT_EQ(view.Told, "focus up down ");
 
   bool locked = true;
@@ -164,7 +165,7 @@ TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
   EXPECT_EQ(Space.ResizeAction, "DragStart");
   Handler.DragEnded(101, {});
   EXPECT_EQ(Space.ResizeAction, "");
-  Space.Lists[1].DropOn("", {.Items = {}, .SourceText = {}, .Action = {}, .Source = 101});
+  Space.Lists[1].User().DropOn("", {.Items = {}, .SourceText = {}, .Action = {}, .Source = 101});
   EXPECT_EQ(Space.DragSourceList, 101);
 }
 

@@ -40,7 +40,7 @@ TEST_F(NavigationTest, FallsBackToTheDefaultDriveAndNamesWhatIsLost) {
     EXPECT_EQ(Pane(0).InitialDrive, "C") << drive;
     EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
     Space.Lists[100].SelectAll();  // which has something to tell as well
-    const std::string told = Space.Lists[100].StatusText();
+    const std::string told = Space.Lists[100].Shown().Status;
     const auto nearest = told.find("; the nearest folder that can is D:\\. ");
     EXPECT_EQ(nearest != std::string::npos, *drive == 'D') << told;
     EXPECT_TRUE(told.starts_with(drive + std::string(*drive == 'D' ? ":\\gone" : ":\\") +
@@ -127,7 +127,7 @@ TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {
     EXPECT_EQ(files.CurrentFolder(), newest);
     EXPECT_EQ(files.ParentFolder, newest + "\\");
     EXPECT_EQ(Space.Form.TitleBar[0].Text, newest + "\\");
-    EXPECT_EQ(files.PathOf(Row(100, "2")), newest + "\\2");
+    EXPECT_EQ(files.Rows().PathOf(Row(100, "2")), newest + "\\2");
     EXPECT_EQ(Space.Lists.Files(1).ParentFolder, "C:\\Other\\");
   }
   EXPECT_EQ(nested, 2);

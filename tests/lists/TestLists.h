@@ -39,9 +39,9 @@ class TestLists : public workspace::TestWorkspace {
   }
   lister::RowId Row(lister::ListId list, const std::string& name) {
     const lister::ListerControl& control = Space.Lists[list];
-    for (int at = 0; at < control.ChildCount(lister::RootRow); ++at) {
-      const lister::RowId row = control.Child(lister::RootRow, at);
-      if (control.CellText(row, lister::HeadingId::Name) == name) return row;
+    for (int at = 0; at < control.Rows().ChildCount(lister::RootRow); ++at) {
+      const lister::RowId row = control.Rows().Child(lister::RootRow, at);
+      if (control.Rows().CellText(row, lister::HeadingId::Name) == name) return row;
     }
     return lister::NoRow;
   }

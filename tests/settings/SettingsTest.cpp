@@ -315,7 +315,7 @@ TEST_F(SettingsTest, ASkinGivesEveryPartItsColour) {
             (Numbers{100, 122, 123, 125, 120, 115, 107}));
   Panes.ChangePanes(3);  // a pane that is set up later gets them too
   for (const lister::ListId list : workspace::Ids{0, 101, 3, 103}) {
-    const lister::ListColours& own = Space.Lists[list].Colours();
+    const lister::ListColours& own = Space.Lists[list].Shown().Settings.Colours;
     EXPECT_EQ((Numbers{own.ListBackground, own.ActiveHeadingText, own.InActiveListOutline,
                        own.TextSecondary, own.DriveList, own.MinorToolbar}),
               (Numbers{101, 116, 126, 127, 110, 104}));

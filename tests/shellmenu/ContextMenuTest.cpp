@@ -12,7 +12,7 @@ TEST_F(ContextMenuTest, StandsAboveThePlatformsEntriesAtTheClick) {
   Popups.OnTrack = [this] {
     EXPECT_TRUE(Platform.Watches.Watched().empty());
     EXPECT_EQ(Picture(), "");
-    EXPECT_TRUE(Space.Lists[100].StateOf(Row(100, "b.txt")).IsTarget);
+    EXPECT_TRUE(Space.Lists[100].Rows().StateOf(Row(100, "b.txt")).IsTarget);
   };
   Space.Lists[100].Left = 1500;
   Space.Lists[100].Top = 700;

@@ -53,8 +53,8 @@ struct MenuRun : lists::TestLists {
   bool IsOver() {
     bool marked = false;
     Space.ForEachList([&](lister::ListerControl& list) {
-      for (int at = 0; at < list.ChildCount(lister::RootRow); ++at) {
-        marked = marked || list.StateOf(list.Child(lister::RootRow, at)).IsTarget;
+      for (int at = 0; at < list.Rows().ChildCount(lister::RootRow); ++at) {
+        marked = marked || list.Rows().StateOf(list.Rows().Child(lister::RootRow, at)).IsTarget;
       }
     });
     return !marked && Platform.Watches.Watched().size() == Watched && !Picture().empty();
@@ -68,11 +68,11 @@ struct MenuRun : lists::TestLists {
     lister::ListerControl& control = Space.Lists[list];
     const lister::RowPointer at{
         row,
-        row == lister::NoRow ? 99 : control.PositionOf(row),
+        row == lister::NoRow ? 99 : control.Rows().PositionOf(row),
         row == lister::NoRow ? lister::RowPart::None : lister::RowPart::Item,
         {button, shift, 15, 30}};
-    control.MouseDown(at);
-    control.MouseUp(at);
+    control.Input().MouseDown(at);
+    control.Input().MouseUp(at);
   }
   void Click(lister::ListId list, const std::string& name) { Press(list, name, 2); }
   void Choose(const std::string& name, const std::string& caption, lister::ListId list = 100) {

@@ -90,10 +90,10 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
   Choose("z.txt", "Duplicate");
   ASSERT_EQ(Platform.Operation.Requests.size(), 2U);
   EXPECT_EQ(Platform.Operation.Requests[0].Items, "C:\\Data\\z.txt\0"s);
-  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "twin"));
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "twin"));
   Platform.ItemMenus.Pasted = {{"C:\\Other\\b", "C:\\Data\\z.txt"}};
   Choose("a.txt", "Paste");
-  EXPECT_EQ(Space.Lists[100].CurrentRow(), Row(100, "z.txt"));
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "z.txt"));
 
   Platform.ItemMenus.Captions = {"Compact Database"};
   Choose("Sub", "Compact Database");

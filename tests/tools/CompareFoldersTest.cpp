@@ -19,11 +19,11 @@ class CompareFoldersTest : public testing::Test, public lists::TestLists {
   std::string Marked(int pane) {
     const lister::ListerControl& list = Space.Lists.Files(pane);
     std::string text;
-    for (int at = 0; at < list.ChildCount(lister::RootRow); ++at) {
-      const lister::RowId row = list.Child(lister::RootRow, at);
-      const lister::CompareMarks marks = list.StateOf(row).Marks;
+    for (int at = 0; at < list.Rows().ChildCount(lister::RootRow); ++at) {
+      const lister::RowId row = list.Rows().Child(lister::RootRow, at);
+      const lister::CompareMarks marks = list.Rows().StateOf(row).Marks;
       if (!marks.Any()) continue;
-      text += list.CellText(row, lister::HeadingId::Name) + (marks.OnlyHere ? "+" : "") +
+      text += list.Rows().CellText(row, lister::HeadingId::Name) + (marks.OnlyHere ? "+" : "") +
               (marks.Larger ? ">" : "") + (marks.Smaller ? "<" : "") + " ";
     }
     return text;

@@ -51,7 +51,7 @@ class ListerDropTest : public ListerWidgetTest {
     return condition();
   }
   bool Marked(const List& list, const std::string& path) {
-    return list.Control.StateOf(list.Row(path)).IsTarget;
+    return list.Control.Rows().StateOf(list.Row(path)).IsTarget;
   }
   void Carry(const std::string& items) { Data = MimeDataOf(items); }
 
@@ -70,10 +70,10 @@ TEST_F(ListerDropTest, MarksWhatTakesTheDropAndTellsByTheKeys) {
   EXPECT_EQ(Send<QDragMoveEvent>(files, folder, Qt::ShiftModifier, Qt::CopyAction), "copy");
   EXPECT_EQ(Send<QDragMoveEvent>(files, below, Qt::ControlModifier), "copy");
   EXPECT_FALSE(Marked(files, "/d/e"));
-  EXPECT_TRUE(files.Control.DragGraphicsOn());
+  EXPECT_TRUE(files.Control.Shown().DragGraphicsOn);
   files.Control.MouseLocked = true;
   EXPECT_EQ(Send<QDragMoveEvent>(files, below), "");
-  EXPECT_FALSE(files.Control.DragGraphicsOn());
+  EXPECT_FALSE(files.Control.Shown().DragGraphicsOn);
   files.Control.MouseLocked = false;
   QDialog modal;
   modal.setModal(true);
@@ -82,7 +82,7 @@ TEST_F(ListerDropTest, MarksWhatTakesTheDropAndTellsByTheKeys) {
   modal.hide();
   Send<QDragMoveEvent>(files, folder);
   Leave(files);
-  EXPECT_FALSE(Marked(files, "/d/e") || files.Control.DragGraphicsOn());
+  EXPECT_FALSE(Marked(files, "/d/e") || files.Control.Shown().DragGraphicsOn);
 
   // Into itself, below itself, and where it is already.
   Carry(std::string("/d/e\0/d/one.txt\0", 16));
@@ -100,7 +100,7 @@ TEST_F(ListerDropTest, MarksWhatTakesTheDropAndTellsByTheKeys) {
   Carry(std::string("/d/e\0", 5));
   EXPECT_EQ(Enter(tree, On(tree, "/f")), "copy");
   EXPECT_EQ(Send<QDragMoveEvent>(tree, QPoint(50, 250)), "");
-  EXPECT_FALSE(tree.Control.DragGraphicsOn());
+  EXPECT_FALSE(tree.Control.Shown().DragGraphicsOn);
   List empty(*this, lister::FileListOf(1));
   EXPECT_EQ(Enter(empty, QPoint(50, 50)), "");
 }
@@ -128,7 +128,7 @@ TEST_F(ListerDropTest, DropsAfterTheEventAndNeverSaysMove) {
     EXPECT_EQ(Events.Dropped.Items, std::string("/x/\xFF 1\0", 7));
     EXPECT_EQ(Events.Dropped.SourceText, "/x/\xFF 1");
     EXPECT_EQ(Events.Dropped.Source, lister::NoList);
-    EXPECT_FALSE(files.Control.DragGraphicsOn());
+    EXPECT_FALSE(files.Control.Shown().DragGraphicsOn);
   }
   files.Control.EndDrop();
   Carry(std::string("/d/one.txt\0", 11));

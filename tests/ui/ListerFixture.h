@@ -46,9 +46,9 @@ class ListerWidgetTest : public testing::Test {
     ~List() { Control.Terminate(); }
 
     RowId Row(const std::string& path, RowId above = lister::RootRow) const {
-      for (int i = 0; i < Control.ChildCount(above); ++i) {
-        const RowId row = Control.Child(above, i);
-        if (Control.PathOf(row) == path) return row;
+      for (int i = 0; i < Control.Rows().ChildCount(above); ++i) {
+        const RowId row = Control.Rows().Child(above, i);
+        if (Control.Rows().PathOf(row) == path) return row;
         const RowId below = Row(path, row);
         if (below != lister::NoRow) return below;
       }
@@ -58,7 +58,7 @@ class ListerWidgetTest : public testing::Test {
       return static_cast<ListerModel*>(Tree->model())->IndexOf(Row(path));
     }
     std::string PathAt(const QModelIndex& index) const {
-      return Control.PathOf(ListerModel::RowOf(index));
+      return Control.Rows().PathOf(ListerModel::RowOf(index));
     }
     void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const char* text = "",
                bool repeated = false) {
@@ -91,10 +91,10 @@ class ListerWidgetTest : public testing::Test {
     }
     std::string Selected() const {
       std::string names;
-      for (int at = 0; at < Control.ChildCount(lister::RootRow); ++at) {
-        const RowId row = Control.Child(lister::RootRow, at);
-        if (!Control.StateOf(row).IsSelected) continue;
-        names += Control.CellText(row, lister::HeadingId::Name) + " ";
+      for (int at = 0; at < Control.Rows().ChildCount(lister::RootRow); ++at) {
+        const RowId row = Control.Rows().Child(lister::RootRow, at);
+        if (!Control.Rows().StateOf(row).IsSelected) continue;
+        names += Control.Rows().CellText(row, lister::HeadingId::Name) + " ";
       }
       return names;
     }

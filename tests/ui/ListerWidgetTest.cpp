@@ -32,12 +32,12 @@ TEST_F(ListerWidgetTest, BranchesFollowTheControlAndTheUser) {
   EXPECT_EQ(list.Tree->model()->rowCount(list.Index("/a")), 1);
   list.Control.ExpandFolder(0, "/a/b", 1);
   EXPECT_TRUE(list.Tree->isExpanded(list.Index("/a/b")));
-  list.Control.Collapse(list.Row("/a"));
+  list.Control.Rows().Collapse(list.Row("/a"));
   EXPECT_FALSE(list.Tree->isExpanded(list.Index("/a")));
   Settle();
-  EXPECT_FALSE(list.Control.StateOf(list.Row("/a")).IsExpanded);
+  EXPECT_FALSE(list.Control.Rows().StateOf(list.Row("/a")).IsExpanded);
 
-  list.Control.Expand(list.Row("/a"));
+  list.Control.Rows().Expand(list.Row("/a"));
   list.Control.RefreshList();
   Settle();
   for (const char* path : {"/a", "/a/b"}) EXPECT_TRUE(list.Tree->isExpanded(list.Index(path)));
@@ -46,7 +46,7 @@ TEST_F(ListerWidgetTest, BranchesFollowTheControlAndTheUser) {
   Events.Take();
   list.Click(list.Tree->visualRect(list.Index("/a")).topLeft() + QPoint(-8, 5));
   EXPECT_EQ(Events.Take(), (Texts{"ListFocused", "TitleColorAsked", "MouseReleased"}));
-  EXPECT_FALSE(list.Control.StateOf(list.Row("/a")).IsExpanded);
+  EXPECT_FALSE(list.Control.Rows().StateOf(list.Row("/a")).IsExpanded);
 
   Platform.Files.At("/d").ReadFault = fakes::MemoryFileSystem::Denied();
   for (const char* path : {"/f", "/d"}) {  // empty, and shut
@@ -69,11 +69,11 @@ TEST_F(ListerWidgetTest, MouseSelectsByGapAndFrame) {
   const QPoint start = list.At("/d/two.txt", 180), end(350, 1);
   list.Mouse(QEvent::MouseButtonPress, start);
   list.Mouse(QEvent::MouseMove, start + QPoint(2, 2));  // a tremble
-  EXPECT_EQ(list.Control.CurrentMouseAction(), lister::MouseAction::None);
+  EXPECT_EQ(list.Control.Input().Action(), lister::MouseAction::None);
   const QRect spot(QPoint(250, start.y() - 3), QSize(1, 1));
   const QRgb before = list.Tree->viewport()->grab(spot).toImage().pixel(0, 0);
   list.Mouse(QEvent::MouseMove, end);
-  EXPECT_EQ(list.Control.CurrentMouseAction(), lister::MouseAction::Band);
+  EXPECT_EQ(list.Control.Input().Action(), lister::MouseAction::Band);
   EXPECT_NE(list.Tree->viewport()->grab(spot).toImage().pixel(0, 0), before);
   EXPECT_EQ(list.Selected(), "e one.txt three.txt two.txt ");
   list.Press(Qt::Key_Escape);
@@ -112,7 +112,7 @@ TEST_F(ListerWidgetTest, KeysAndWheelKeepTheirOrderAndPileNothingUp) {
   List list(*this, 100);
   list.Window.installEventFilter(&window);
   list.Show("/many");
-  const auto current = [&] { return list.Control.PathOf(list.Control.CurrentRow()); };
+  const auto current = [&] { return list.Control.Rows().PathOf(list.Control.Rows().CurrentRow()); };
   list.Press(Qt::Key_F, Qt::NoModifier, "f");
   list.Press(Qt::Key_3, Qt::NoModifier, "3");
   list.Press(Qt::Key_Down);
@@ -124,7 +124,7 @@ TEST_F(ListerWidgetTest, KeysAndWheelKeepTheirOrderAndPileNothingUp) {
   list.Press(Qt::Key_F7);
   Settle();
   EXPECT_EQ(current(), "/many/f59");
-  EXPECT_EQ(list.Control.SelectedRanges().at(0).First, 21);
+  EXPECT_EQ(list.Control.Input().SelectedRanges().at(0).First, 21);
   EXPECT_EQ(window.Keys, std::vector<int>({Qt::Key_F7, Qt::Key_K}));  // nothing else
 
   for (const int angle : {-50, -50, -50, 40, 60, 60, 240}) {
@@ -153,11 +153,11 @@ TEST_F(ListerWidgetTest, ToolbarOffersExtensionsAndGivesWay) {
   extensions->hidePopup();
   emit extensions->activated(1);
   Settle();
-  EXPECT_EQ(list.Control.ChildCount(lister::RootRow), 2);
+  EXPECT_EQ(list.Control.Rows().ChildCount(lister::RootRow), 2);
   EXPECT_EQ(extensions->currentText(), ".md");
   // As a screen reader sets a text.
   QAccessible::queryAccessibleInterface(field)->setText(QAccessible::Value, "a*");
-  EXPECT_EQ(list.Control.FilterText(), "a*");
+  EXPECT_EQ(list.Control.Shown().Filter.Text(), "a*");
 
   // Bookmarks by mouse: those that are empty cannot be chosen.
   auto* const bookmarks = list.Widget.findChildren<QToolButton*>().last();
@@ -228,7 +228,7 @@ TEST_F(ListerWidgetTest, RefreshKeepsScrollSelectionAndCursor) {
   for (int number = 0; number < 500; ++number) Platform.Files.AddFile(path(number));
   List list(*this, 100);
   list.Show("/many");
-  list.Control.MoveCurrent(list.Row(path(200)));
+  list.Control.Rows().MoveCurrent(list.Row(path(200)));
   for (int count = 0; count < 5; ++count) list.Press(Qt::Key_Down, Qt::ShiftModifier);
   Settle();
   list.Tree->verticalScrollBar()->setValue(300);
@@ -290,23 +290,23 @@ TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
   const auto same = [&] {
     for (int heading = 0; heading < lister::HeadingCount; ++heading) {
       const lister::Heading& entry =
-          list.Control.HeadingTable()[static_cast<lister::HeadingId>(heading)];
+          list.Control.Shown().Table[static_cast<lister::HeadingId>(heading)];
       EXPECT_EQ(entry.Index, list.Header->visualIndex(heading)) << heading;
       EXPECT_EQ(entry.Active, !list.Header->isSectionHidden(heading)) << heading;
       if (!entry.Active) continue;
       const auto id = static_cast<lister::HeadingId>(heading);
-      const base::Twips shown = list.Control.HeadingTable().ShownWidth(id);
+      const base::Twips shown = list.Control.Shown().Table.ShownWidth(id);
       EXPECT_EQ(ToPixels(shown), list.Header->sectionSize(heading)) << heading;
     }
   };
   same();
   list.Header->resizeSection(0, 123);
-  EXPECT_EQ(list.Control.HeadingTable()[lister::HeadingId::Name].Width, 123 * 15);
+  EXPECT_EQ(list.Control.Shown().Table[lister::HeadingId::Name].Width, 123 * 15);
   list.Header->resizeSection(1, 1);
   same();
   list.Header->moveSection(list.Header->visualIndex(3), 0);  // others move up by one
-  EXPECT_EQ(list.Control.HeadingTable()[lister::HeadingId::DateLastModified].Index, 0);
-  EXPECT_EQ(list.Control.HeadingTable()[lister::HeadingId::Name].Index, 1);
+  EXPECT_EQ(list.Control.Shown().Table[lister::HeadingId::DateLastModified].Index, 0);
+  EXPECT_EQ(list.Control.Shown().Table[lister::HeadingId::Name].Index, 1);
   same();
   list.Control.SetHeadingProperty(2, "Index", base::Value(std::int32_t{0}));
   list.Control.SetHeadingProperty(4, "active", base::Value(true));
@@ -372,8 +372,8 @@ TEST_F(ListerWidgetTest, TheNewestCursorReachesTheControlOnceAndOutlivesItsRows)
   list.Press(Qt::Key_Return);
   Settle();
   EXPECT_EQ(messages, 3);
-  ASSERT_NE(list.Control.CurrentRow(), lister::NoRow);
-  EXPECT_EQ(ListerModel::RowOf(list.Tree->currentIndex()), list.Control.CurrentRow());
+  ASSERT_NE(list.Control.Rows().CurrentRow(), lister::NoRow);
+  EXPECT_EQ(ListerModel::RowOf(list.Tree->currentIndex()), list.Control.Rows().CurrentRow());
 }
 
 TEST_F(ListerWidgetTest, DrivesAndStatus) {

@@ -131,7 +131,7 @@ TEST_F(FormLayoutTest, HighlightsTheCurrentListWhenAskedToDraw) {
               list == 101 ? "C:\\Data\\" : "");
     EXPECT_EQ(Space.Form.Toolbar1["headascadd"].Enabled, list == 101);
     EXPECT_EQ(Space.Form.Menus["mnuHeadingSize"].Checked, list == 101);
-    EXPECT_EQ(Space.Lists[101].IsActive(), list == 101);
+    EXPECT_EQ(Space.Lists[101].Shown().IsActive, list == 101);
   }
 }
 

@@ -71,7 +71,7 @@ TEST_F(PaneSetTest, MovesTheActiveListOutOfAClosedPane) {
     Panes.ChangePanes(each.Closed);
     EXPECT_EQ((Ids{Space.CurrentList, Space.ActiveList}), (Ids{each.NewCurrent, each.NewActive}))
         << each.Current << " and " << each.Active << ", closing " << each.Closed;
-    EXPECT_TRUE(Space.Lists[Space.CurrentList].IsActive());
+    EXPECT_TRUE(Space.Lists[Space.CurrentList].Shown().IsActive);
     Panes.ChangePanes(each.Closed);
   }
   // Settings can leave every pane closed.

@@ -13,12 +13,12 @@
 namespace tarnwell::lister {
 
 void FileBody::SetFilterText(const std::string& text) {
-  files_.Filter.SetText(text);
+  files_.List.Filter.SetText(text);
   reader_.FilterChanged();
 }
 
 void FileBody::SetExtensionFilter(const std::string& extension) {
-  files_.Filter.SetExtension(extension);
+  files_.List.Filter.SetExtension(extension);
   reader_.FilterChanged();
 }
 
@@ -127,7 +127,7 @@ int FileBody::PositionOf(RowId row) const {
   return files_.Rows.Has(row) ? files_.Rows.PositionOf(row) : -1;
 }
 
-RowState FileBody::StateOf(RowId row) const {
+RowState FileBody::OwnStateOf(RowId row) const {
   return files_.Rows.Has(row) ? FileLook(files_, row) : RowState{};
 }
 

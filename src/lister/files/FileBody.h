@@ -40,7 +40,6 @@ class FileBody : public ListBody {
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed,
                    std::function<bool()> tells) override;
 
-  const NameFilter* Filter() const override { return &files_.Filter; }
   void SetFilterText(const std::string& text) override;
   void SetExtensionFilter(const std::string& extension) override;
   std::vector<ExtensionChoice> ExtensionChoices() const override;
@@ -57,7 +56,6 @@ class FileBody : public ListBody {
   RowId Child(RowId parent, int position) const override;
   RowId Parent(RowId row) const override { return files_.Rows.Has(row) ? RootRow : NoRow; }
   int PositionOf(RowId row) const override;
-  RowState StateOf(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
   bool IsSizePartial(RowId row) const override;
   std::string CellBytes(RowId row, HeadingId heading) const override;
@@ -68,6 +66,7 @@ class FileBody : public ListBody {
   void Activate(RowId row) override;
 
  protected:
+  RowState OwnStateOf(RowId row) const override;
   void FolderChanged(const std::string&, const platform::FolderChanges& changes) override {
     sizes_.HeedCancel();
     reader_.FolderChanged(changes);

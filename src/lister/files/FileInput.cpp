@@ -60,10 +60,10 @@ void FileInput::MoveTo(RowId row) {
   GoTo(row, 0);
 }
 
-void FileInput::Arrow(int keyCode, bool spaceHeld, int shift) {
+void FileInput::Arrow(int keyCode, bool spaceHeld) {
   if (keyCode != UpKey && keyCode != DownKey) return;
   const RowId row = RowAway(keyCode == UpKey ? -1 : 1);
-  if (!spaceHeld || row == NoRow) return GoTo(row, shift);
+  if (!spaceHeld || row == NoRow) return GoTo(row, modifiers_);
   if (keyStart_.Get() == NoRow) {
     keyStart_.Set(Current() == NoRow ? row : Current());
     keySelects_ = selection_.Has(keyStart_.Get());

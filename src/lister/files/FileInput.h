@@ -16,13 +16,12 @@ class FileInput : public CommonInput {
   RowId NextSelected(std::int32_t& position) const override { return selection_.Next(position); }
 
   void SelectAll(bool none) override { selection_.SetAll(!none); }
-  void Arrow(int keyCode, bool spaceHeld, int shift) override;
+  void Arrow(int keyCode, bool spaceHeld) override;
   void Space() override;
   void ResetStart() override;
 
   void MouseDown(const RowPointer& at) override;
   void MouseMoved(const RowPointer& at) override;
-  void MouseUp(const RowPointer& at) override;
   void Stop() override;
 
   void HoldClicked() override;
@@ -33,6 +32,7 @@ class FileInput : public CommonInput {
   void SelectThese(const std::vector<RowId>& rows) { selection_.SelectThese(rows); }
 
  protected:
+  void Release(const RowPointer& at) override;
   void EnterFolder(const std::string& folder) override;
   RowId Current() const override {
     return files_.Rows.Has(files_.Current) ? files_.Current : NoRow;

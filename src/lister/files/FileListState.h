@@ -9,7 +9,6 @@
 #include "lister/list/ListBody.h"
 #include "lister/rows/FileRows.h"
 #include "lister/rows/KnownSizes.h"
-#include "lister/rows/NameFilter.h"
 
 namespace tarnwell::lister {
 
@@ -19,7 +18,6 @@ struct FileListState {
   ListState& List;
   FileRows Rows;  // of the folder on show, which may lag behind List.Folder
   RowId Current = NoRow;
-  NameFilter Filter;
   std::string Find;                   // what is being typed to find an item; empty for nothing
   int Orders = 0;                     // changes when rows come, go or change places
   KnownSizes Sizes;                   // of folders

@@ -80,7 +80,7 @@ void FileInput::MouseMoved(const RowPointer& at) {
   if (action_ != MouseAction::None) SelectByMouse(at.Position);
 }
 
-void FileInput::MouseUp(const RowPointer& at) {
+void FileInput::Release(const RowPointer& at) {
   constexpr int other = 2, middle = 4;
   if (at.Event.Button == other || at.Event.Button == middle) return;
   const Later later = later_;

@@ -84,7 +84,7 @@ void FileReader::FilterChanged() {
   }
   filterAsked_ = false;
   KeepCursorAndPlace(files_, TakenBy(files_), [&] {
-    ArrangeRows(files_.Rows, files_.Rows.All(), files_.Filter, files_.View());
+    ArrangeRows(files_.Rows, files_.Rows.All(), files_.List.Filter, files_.View());
   });
   files_.View().FilterChanged();
   ShowSummary(files_);
@@ -239,7 +239,7 @@ bool FileReader::SortFresh(ReadJob& job, FileRows& fresh) {
     if (job.IsSuperseded()) return false;
     if (!sortAsked_) fresh.SetOrder(std::move(order));
   } while (sortAsked_);
-  fresh.Filter(files_.Filter);
+  fresh.Filter(files_.List.Filter);
   return true;
 }
 
@@ -265,7 +265,7 @@ void FileReader::ReadDetails(ReadJob& job) {
 // The items of another folder must not stand under the new one while that is read.
 void FileReader::ClearFor(const std::string& folder) {
   files_.Find.clear();
-  files_.Filter = {};
+  files_.List.Filter = {};
   files_.Note.clear();
   Replace(FileRows(folder));
   files_.View().FilterChanged();
@@ -327,8 +327,9 @@ void FileReader::Sort(ReadJob& job) {
     } while (sortAsked_ && !job.IsSuperseded());
   }
   if (!job.IsSuperseded()) {
-    KeepCursor(files_, TakenBy(files_),
-               [&] { ArrangeRows(files_.Rows, std::move(order), files_.Filter, files_.View()); });
+    KeepCursor(files_, TakenBy(files_), [&] {
+      ArrangeRows(files_.Rows, std::move(order), files_.List.Filter, files_.View());
+    });
   }
   if (filterAsked_) FilterChanged();
 }

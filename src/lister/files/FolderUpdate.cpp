@@ -117,7 +117,7 @@ bool FolderUpdate::Change(std::vector<Item>& items) {
     return !gone.contains(row) && taken(row);
   };
   KeepCursorAndPlace(files_, stays, [&] {
-    ArrangeRows(files_.Rows, std::move(order), files_.Filter, files_.View());
+    ArrangeRows(files_.Rows, std::move(order), files_.List.Filter, files_.View());
   });
   TellCells(changed);
   return cameOrWent;

@@ -45,7 +45,7 @@ void KeepCursorAndPlace(FileListState& files, Stays stays, Change change) {
 // Rows that the filter takes.
 inline auto TakenBy(const FileListState& files) {
   return [&files](RowId row) {
-    return files.Filter.Takes(files.Rows.Name(row), files.Rows.Row(row).IsFolder());
+    return files.List.Filter.Takes(files.Rows.Name(row), files.Rows.Row(row).IsFolder());
   };
 }
 

@@ -64,6 +64,7 @@ KeyAction CommonInput::ActionOf(int keyCode, int shift) {
 }
 
 bool CommonInput::KeyDown(int keyCode, int shift) {
+  modifiers_ = shift;
   const bool searched = !typed_.Wanted().empty();
   if (keyCode == EscapeKey) {
     SetTyped("");
@@ -174,6 +175,11 @@ void CommonInput::DragFinished(const MouseEvent& event) {
   if (action_ != MouseAction::Drag) return;
   action_ = MouseAction::None;
   list_.Events.DragEnded(list_.Id, event);
+}
+
+void CommonInput::MouseUp(const RowPointer& at) {
+  Release(at);
+  list_.Events.MouseReleased(list_.Id);
 }
 
 void CommonInput::WheelTurned(int delta) {

@@ -44,7 +44,9 @@ class CommonInput : public ListInput {
   CommonInput(ListState& list, ListBody& body);
 
   void Focused() override;
+  void SetModifiers(int shift) override { modifiers_ = shift; }
   void KeyUp(int keyCode) override;
+  void MouseUp(const RowPointer& at) final;
   void WheelTurned(int delta) override;
   std::string Bookmark(int slot) const override;
   void GoToBookmark(int slot) override;
@@ -67,6 +69,8 @@ class CommonInput : public ListInput {
   virtual RowId RowBelow(RowId row) const = 0;
   virtual std::string_view NameOf(RowId row) const = 0;
   virtual void MoveTo(RowId row) = 0;
+  // What the mouse did here ends with the button that came up.
+  virtual void Release(const RowPointer& at) = 0;
   // The text of the search has changed; empty: there is none any more.
   virtual void ShowTyped(const std::string& text) = 0;
   virtual void AskNewFolder(int keyCode, int shift) = 0;
@@ -88,6 +92,7 @@ class CommonInput : public ListInput {
   ListState& list_;
   ListBody& body_;
   MouseAction action_ = MouseAction::None;
+  int modifiers_ = 0;  // of the key that is being handled
 
  private:
   void TellKey(int keyCode, int shift);

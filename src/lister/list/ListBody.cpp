@@ -4,16 +4,19 @@ namespace tarnwell::lister {
 
 ListState::ListState(ListId id, ListFields& fields, const ListServices& services,
                      ListerEvents& events)
-    : Id(id),
+    : ListAppearance(id),
       Fields(fields),
       Services(services),
       Events(events),
       Syntax(services.Files.Syntax()),
       Names(services.Order),
-      Table(IsFileList(id)),
       Keys(!IsFileList(id)),
       Expanded(Syntax),
       Active(Syntax) {}
+
+void ListState::SetDragGraphicsOn(bool on) {
+  if (std::exchange(DragGraphicsOn, on) != on) View().Repaint();
+}
 
 void ListState::SetStatus(std::string text, CompareMarks marks) {
   if (Status == text && Marks == marks) return;
@@ -36,6 +39,13 @@ std::string ListState::DriveFolder(const std::string& drive) const {
 void ListState::SetDriveFolder(const std::string& drive, const std::string& folder) {
   Active.Set(Syntax.DriveRoot(drive), PlainPath(Syntax, folder));
   if (Folder.empty()) Drive = drive;
+}
+
+RowState ListBody::StateOf(RowId row) const {
+  RowState state = OwnStateOf(row);
+  state.IsTarget = row > RootRow && ((state_.DragGraphicsOn && row == state_.DragRow) ||
+                                     (state_.InAction && row == Input().Clicked()));
+  return state;
 }
 
 }  // namespace tarnwell::lister

@@ -8,15 +8,13 @@
 #include <vector>
 
 #include "lister/list/FolderFollower.h"
+#include "lister/list/ListAppearance.h"
 #include "lister/list/ListFields.h"
-#include "lister/list/ListId.h"
 #include "lister/list/ListInput.h"
 #include "lister/list/ListMemory.h"
 #include "lister/list/ListServices.h"
-#include "lister/list/ListSettings.h"
 #include "lister/list/ListerEvents.h"
 #include "lister/rows/Comparison.h"
-#include "lister/rows/Headings.h"
 #include "lister/rows/ListRows.h"
 #include "lister/rows/NameFilter.h"
 #include "lister/rows/NameOrder.h"
@@ -27,30 +25,29 @@
 namespace tarnwell::lister {
 
 // The state that a list of either kind has.
-struct ListState {
+struct ListState : ListAppearance {
   // `fields` outlive the state.
   ListState(ListId id, ListFields& fields, const ListServices& services, ListerEvents& events);
 
-  const ListId Id;
   ListFields& Fields;
   ListServices Services;
   ListerEvents& Events;
   const base::PathSyntax& Syntax;
   NameOrder Names;
-  ListSettings Settings;
-  Headings Table;
   SortKeys Keys;
   ExpandedFolders Expanded;
   ActiveItems Active;
-  std::string Drive;   // on show, or remembered for the first load
-  std::string Folder;  // open or on show
-  std::string Status;
-  CompareMarks Marks;         // the kinds that rows have
+  std::string Drive;          // on show, or remembered for the first load
+  std::string Folder;         // open or on show
+  bool InAction = false;      // a context action runs
+  RowId DragRow = NoRow;      // the folder that lies under a drag
+  std::string DropFolder;     // under the last drop, as the form asks for it
   bool IsTerminated = false;  // work that let messages through is to end
 
   // The list's widget, or one that does nothing.
   ListerView& View() { return HasView() ? *Fields.View : nobody_; }
   bool HasView() const { return Fields.View != nullptr; }
+  void SetDragGraphicsOn(bool on);  // off: the marks of a drag are wiped
   void SetStatus(std::string text) { SetStatus(std::move(text), Marks); }
   void SetStatus(std::string text, CompareMarks marks);
   // Items that the user does not want to see.
@@ -102,8 +99,7 @@ class ListBody : public ListRows {
   virtual void PlaceCursor(const std::vector<platform::PlacedItem>&,
                            std::function<bool()> /*tells*/) {}
 
-  // Of a list that has one; null for others.
-  virtual const NameFilter* Filter() const { return nullptr; }
+  // Of a list that has a filter.
   virtual void SetFilterText(const std::string&) {}
   virtual void SetExtensionFilter(const std::string&) {}
   virtual std::vector<ExtensionChoice> ExtensionChoices() const { return {}; }
@@ -117,6 +113,7 @@ class ListBody : public ListRows {
   virtual void CompareAgainst(std::vector<CompareRecord>&, std::int32_t /*mode*/) {}
   virtual void CompareSelf(const std::vector<CompareRecord>&) {}
 
+  RowState StateOf(RowId row) const final;
   // The cell for other programs: bytes as they are, numbers in digits alone.
   virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
 
@@ -124,6 +121,8 @@ class ListBody : public ListRows {
   void Collapse(RowId) override {}
 
  protected:
+  // As StateOf, but for IsTarget.
+  virtual RowState OwnStateOf(RowId row) const = 0;
   // A notice that a folder changed on disk, as FolderFollower gives it.
   virtual void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) = 0;
 

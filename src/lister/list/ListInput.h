@@ -1,6 +1,6 @@
 // What the user does with the rows of a list, by mouse and keys, and what is selected by it: the
-// face that both kinds of list show the control. Moves the cursor and selects; reads nothing and
-// changes no file.
+// face that both kinds of list show the control and the widget. Moves the cursor and selects; reads
+// nothing and changes no file.
 #pragma once
 
 #include <cstdint>
@@ -48,8 +48,9 @@ class ListInput {
   virtual MouseAction Action() const { return MouseAction::None; }
 
   virtual void SelectAll(bool /*none*/) {}
-  // `shift`: the modifiers as far as the list knows them.
-  virtual void Arrow(int keyCode, bool spaceHeld, int shift) = 0;
+  // The modifiers that are held while Arrow comes, as far as nobody but the form knows them.
+  virtual void SetModifiers(int shift) = 0;
+  virtual void Arrow(int keyCode, bool spaceHeld) = 0;
   virtual void Space() {}
   virtual void ResetStart() {}
   // The keys that the list acts on by itself, or tells of by ListKeyDown; false for the others.

@@ -108,4 +108,8 @@ std::string CannotRead(const std::string& path, const base::Status& status) {
   return "Cannot read " + base::ForDisplay(path) + ": " + status.Reason;
 }
 
+std::string SizeNote(const ListRows& rows, RowId row) {
+  return rows.IsSizePartial(row) ? "Not all of the folder could be read: it may be larger" : "";
+}
+
 }  // namespace tarnwell::lister

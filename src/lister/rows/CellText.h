@@ -8,6 +8,7 @@
 #include "base/PathSyntax.h"
 #include "base/Status.h"
 #include "lister/rows/Headings.h"
+#include "lister/rows/ListRows.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/NumberForms.h"
@@ -60,5 +61,8 @@ constexpr bool IsReadOnly(std::uint32_t mode) {
 std::string NameText(const base::PathSyntax& syntax, std::string_view path);
 // "Cannot read <path>: <reason>".
 std::string CannotRead(const std::string& path, const base::Status& status);
+
+// In words what the size of the row says by a sign; empty for most.
+std::string SizeNote(const ListRows& rows, RowId row);
 
 }  // namespace tarnwell::lister

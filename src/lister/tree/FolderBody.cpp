@@ -296,7 +296,7 @@ int FolderBody::PositionOf(RowId row) const {
   return tree_.Has(row) ? tree_.Node(row).Position : -1;
 }
 
-RowState FolderBody::StateOf(RowId row) const {
+RowState FolderBody::OwnStateOf(RowId row) const {
   if (!tree_.Has(row)) return {};
   const FolderNode& node = tree_.Node(row);
   return {

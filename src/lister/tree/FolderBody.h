@@ -54,7 +54,6 @@ class FolderBody : public ListBody {
   RowId Child(RowId parent, int position) const override;
   RowId Parent(RowId row) const override;
   int PositionOf(RowId row) const override;
-  RowState StateOf(RowId row) const override;
   std::string CellText(RowId row, HeadingId heading) const override;
   bool IsSizePartial(RowId row) const override;
   std::string CellBytes(RowId row, HeadingId heading) const override;
@@ -67,6 +66,7 @@ class FolderBody : public ListBody {
   void Collapse(RowId row) override;
 
  protected:
+  RowState OwnStateOf(RowId row) const override;
   void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) override;
 
  private:

@@ -60,7 +60,7 @@ KeyAction FolderInput::ActionOf(int keyCode, int shift) {
   return own ? own : CommonInput::ActionOf(keyCode, shift);
 }
 
-void FolderInput::Arrow(int keyCode, bool, int) {
+void FolderInput::Arrow(int keyCode, bool) {
   if (Current() == NoRow || (keyCode != UpKey && keyCode != DownKey)) return;
   MoveTo(keyCode == UpKey ? Previous(Current()) : Next(Current()));
 }
@@ -150,7 +150,7 @@ void FolderInput::MouseMoved(const RowPointer& at) {
   if (row == Current()) BeginDrag(at.Event);
 }
 
-void FolderInput::MouseUp(const RowPointer& at) {
+void FolderInput::Release(const RowPointer& at) {
   pressed_.Clear();
   DragFinished(at.Event);
 }

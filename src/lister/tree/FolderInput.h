@@ -24,13 +24,13 @@ class FolderInput : public CommonInput {
   // The node has become the open one.
   void Opened(RowId row) { SetClicked(row); }
 
-  void Arrow(int keyCode, bool spaceHeld, int shift) override;
+  void Arrow(int keyCode, bool spaceHeld) override;
 
   void MouseDown(const RowPointer& at) override;
   void MouseMoved(const RowPointer& at) override;
-  void MouseUp(const RowPointer& at) override;
 
  protected:
+  void Release(const RowPointer& at) override;
   void EnterFolder(const std::string& folder) override;
   RowId Current() const override { return tree_.Has(tree_.Current()) ? tree_.Current() : NoRow; }
   RowId RowBelow(RowId row) const override;

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "lister/rows/CellText.h"
 #include "ui/list/ListerMarks.h"
 #include "ui/list/ListerModel.h"
 #include "ui/list/ListerRow.h"
@@ -40,12 +41,9 @@ void PaintArrow(QPainter& painter, const QRect& gap, const QColor& colour) {
 
 }  // namespace
 
-ListerDelegate::ListerDelegate(const lister::ListerControl& control, const ListerStyle& style,
-                               QObject* parent)
-    : QStyledItemDelegate(parent),
-      control_(control),
-      style_(style),
-      fileList_(lister::IsFileList(control.Id())) {}
+ListerDelegate::ListerDelegate(const lister::ListRows& rows, bool fileList,
+                               const ListerStyle& style, QObject* parent)
+    : QStyledItemDelegate(parent), rows_(rows), style_(style), fileList_(fileList) {}
 
 void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index, const PaintedRow& row) const {
@@ -108,7 +106,7 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
 }
 
 int ListerDelegate::NameWidth(const QFontMetrics& metrics, lister::RowId row) const {
-  return metrics.horizontalAdvance(ToQString(control_.CellText(row, HeadingId::Name)));
+  return metrics.horizontalAdvance(ToQString(rows_.CellText(row, HeadingId::Name)));
 }
 
 int ListerDelegate::RowHeight(const QFontMetrics& metrics, const QSize& icon) const {
@@ -120,7 +118,7 @@ QSize ListerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
   if (IsName(index)) {
     const int side = option.decorationSize.width();
     width += PartsOfName(QRect(), side, fileList_).Text.left() - CellMargin +
-             MarksWidth(control_.StateOf(ListerModel::RowOf(index)).Marks);
+             MarksWidth(rows_.StateOf(ListerModel::RowOf(index)).Marks);
   }
   return {width, RowHeight(option.fontMetrics, option.decorationSize)};
 }
@@ -135,10 +133,10 @@ bool ListerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   if (cut) lines << index.data().toString();
   const lister::RowId row = ListerModel::RowOf(index);
   if (index.column() == static_cast<int>(HeadingId::Size)) {
-    const QString note = ToQString(control_.SizeNote(row));
+    const QString note = ToQString(SizeNote(rows_, row));
     if (!note.isEmpty()) lines << note;
   }
-  const QString marks = MarksText(control_.StateOf(row).Marks);
+  const QString marks = MarksText(rows_.StateOf(row).Marks);
   if (!marks.isEmpty()) lines << marks;
   QToolTip::showText(event->globalPos(), PlainToolTip(lines.join(QLatin1Char('\n'))),
                      view->viewport(), option.rect);

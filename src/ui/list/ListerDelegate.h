@@ -4,12 +4,12 @@
 
 #include <QStyledItemDelegate>
 
-#include "lister/ListerControl.h"
+#include "lister/rows/ListRows.h"
 #include "ui/list/ListerStyle.h"
 
 namespace tarnwell::ui {
 
-// How a row is shown besides what the control says of it.
+// How a row is shown besides what the list says of it.
 struct PaintedRow {
   lister::RowState State;
   bool IsHovered = false;
@@ -21,7 +21,8 @@ class ListerDelegate : public QStyledItemDelegate {
 
  public:
   // Both outlive the delegate.
-  ListerDelegate(const lister::ListerControl& control, const ListerStyle& style, QObject* parent);
+  ListerDelegate(const lister::ListRows& rows, bool fileList, const ListerStyle& style,
+                 QObject* parent);
 
   // Paints a cell onto the row's fill, which is there already.
   void PaintCell(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
@@ -39,7 +40,7 @@ class ListerDelegate : public QStyledItemDelegate {
   void PaintName(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
                  const PaintedRow& row) const;
 
-  const lister::ListerControl& control_;
+  const lister::ListRows& rows_;
   const ListerStyle& style_;
   const bool fileList_;
 };

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <utility>
 
+#include "lister/ListerUser.h"
 #include "platform/FileOperation.h"
 #include "ui/list/ListerDrag.h"
 #include "ui/list/ListerModel.h"
@@ -106,7 +107,7 @@ void ListerDrop::Leave() {
   ShowPointer();
   if (std::exchange(over_, Over::Nothing) != Over::Rows) return;
   tree_.MarkWhole(false);
-  control_.DragLeft();
+  control_.User().DragLeft();
 }
 
 void ListerDrop::Drop(QDropEvent& event) {
@@ -150,10 +151,10 @@ bool ListerDrop::IsListening() const {
 bool ListerDrop::Show() {
   const QModelIndex index = tree_.RowAt(place_.y());
   const lister::RowId row = index.isValid() ? ListerModel::RowOf(index) : lister::NoRow;
-  folder_ = control_.DropTarget(row);
-  const bool fits = IsListening() && control_.TakesDrop(folder_, items_, action_);
-  fits ? control_.DragOver(row) : control_.DragLeft();
-  tree_.MarkWhole(fits && !control_.StateOf(row).IsTarget);
+  folder_ = control_.User().DropTarget(row);
+  const bool fits = IsListening() && control_.User().TakesDrop(folder_, items_, action_);
+  fits ? control_.User().DragOver(row) : control_.User().DragLeft();
+  tree_.MarkWhole(fits && !control_.Rows().StateOf(row).IsTarget);
   RestOn(index);
   ShowPointer();
   return fits;
@@ -177,12 +178,13 @@ void ListerDrop::RestOn(const QModelIndex& row) {
 bool ListerDrop::MayOpen(const QModelIndex& row) const {
   if (!row.isValid()) return false;
   const lister::RowId id = ListerModel::RowOf(row);
-  const lister::RowState state = control_.StateOf(id);
+  const lister::RowState state = control_.Rows().StateOf(id);
   const bool closed =
       lister::IsFileList(tree_.Id()) || (state.HasChildren && !tree_.isExpanded(row));
   // As a copy everything fits but what is dragged itself.
   return closed && state.Kind == platform::ItemKind::Folder &&
-         control_.TakesDrop(control_.PathOf(id), items_, std::string(platform::CopyWord));
+         control_.User().TakesDrop(control_.Rows().PathOf(id), items_,
+                                   std::string(platform::CopyWord));
 }
 
 void ListerDrop::Spring() {

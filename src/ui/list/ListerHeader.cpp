@@ -34,7 +34,7 @@ SortMark MarkOf(const lister::ListerControl& control, int heading) {
   std::string key;
   std::string direction;
   for (int level = 0; level < HeadingCount && control.GetSortKey(level, key, direction); ++level) {
-    if (control.HeadingTable().FindByKey(key) == heading) return {level, direction == "asc"};
+    if (control.Shown().Table.FindByKey(key) == heading) return {level, direction == "asc"};
   }
   return {};
 }
@@ -71,7 +71,7 @@ void ListerHeader::BecomeHeaderOf(QTreeView& tree) {
 void ListerHeader::ShowHeadings() {
   if (showing_ || writing_ || count() != HeadingCount) return;
   const QScopedValueRollback guard(showing_, true);
-  const lister::Headings& table = control_.HeadingTable();
+  const lister::Headings& table = control_.Shown().Table;
   const std::array<HeadingId, HeadingCount> order = table.Order();
   int shown = 0;
   for (int place = 0; place < HeadingCount; ++place) {
@@ -117,7 +117,7 @@ void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setPalette(style_.Menu);  // windows do not inherit it
-  const lister::Headings& table = control_.HeadingTable();
+  const lister::Headings& table = control_.Shown().Table;
   for (const HeadingId id : table.Order()) {
     QAction* const entry = menu->addAction(ToQString(table[id].Caption));
     entry->setCheckable(true);
@@ -148,7 +148,7 @@ void ListerHeader::WriteOrder() {
   // From the left on, each write exchanges places only with headings further to the right.
   for (int place = 0; place < HeadingCount; ++place) {
     const int section = logicalIndex(place);
-    if (control_.HeadingTable()[static_cast<HeadingId>(section)].Index == place) continue;
+    if (control_.Shown().Table[static_cast<HeadingId>(section)].Index == place) continue;
     control_.SetHeadingProperty(section, "Index", base::Value(std::int32_t{place}));
   }
 }
@@ -167,7 +167,7 @@ void ListerHeader::paintSection(QPainter* painter, const QRect& rect, int sectio
   painter->fillRect(rect, style_.Heading);
   if (pressed) painter->fillRect(rect, line);
   painter->fillRect(QRect(rect.right(), rect.top() + 4, 1, rect.height() - 8), line);
-  if (section == control_.ActiveHeading()) {
+  if (section == control_.Shown().ActiveHeading) {
     painter->fillRect(QRect(rect.left(), rect.bottom() - 1, rect.width(), 2), style_.HeadingText);
   }
   painter->setPen(text);

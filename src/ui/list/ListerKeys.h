@@ -6,7 +6,7 @@
 
 namespace tarnwell::ui {
 
-// The code that ListerControl::KeyDown takes; 0 for a key that no list knows. Letters and digits
+// The code that ListInput::KeyDown takes; 0 for a key that no list knows. Letters and digits
 // have one only together with Ctrl or Alt: by themselves they are text.
 int KeyCodeOf(const QKeyEvent& event);
 // The mask of lister::MouseEvent.

@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include "lister/rows/CellText.h"
 #include "ui/list/ListerMarks.h"
 #include "ui/toolkit/Convert.h"
 
@@ -22,9 +23,9 @@ Qt::Alignment AlignmentOf(int column) {
 
 }  // namespace
 
-ListerModel::ListerModel(const lister::ListerControl& control, const IconSource& icons,
-                         QObject* parent)
-    : QAbstractItemModel(parent), control_(control), icons_(icons) {}
+ListerModel::ListerModel(const lister::ListRows& rows, const lister::ListAppearance& shown,
+                         const IconSource& icons, QObject* parent)
+    : QAbstractItemModel(parent), rows_(rows), shown_(shown), icons_(icons) {}
 
 RowId ListerModel::RowOf(const QModelIndex& index) {
   return index.isValid() ? static_cast<RowId>(index.internalId()) : lister::RootRow;
@@ -32,7 +33,7 @@ RowId ListerModel::RowOf(const QModelIndex& index) {
 
 QModelIndex ListerModel::IndexOf(RowId row) const {
   if (row <= lister::RootRow) return {};
-  const int position = control_.PositionOf(row);
+  const int position = rows_.PositionOf(row);
   return position < 0 ? QModelIndex() : createIndex(position, 0, static_cast<quintptr>(row));
 }
 
@@ -74,17 +75,17 @@ void ListerModel::HeadingsChanged() {
 
 QModelIndex ListerModel::index(int row, int column, const QModelIndex& parent) const {
   if (column < 0 || column >= lister::HeadingCount || row < 0 || parent.column() > 0) return {};
-  const RowId child = control_.Child(RowOf(parent), row);
+  const RowId child = rows_.Child(RowOf(parent), row);
   if (child <= lister::RootRow) return {};
   return createIndex(row, column, static_cast<quintptr>(child));
 }
 
 QModelIndex ListerModel::parent(const QModelIndex& index) const {
-  return index.isValid() ? IndexOf(control_.Parent(RowOf(index))) : QModelIndex();
+  return index.isValid() ? IndexOf(rows_.Parent(RowOf(index))) : QModelIndex();
 }
 
 int ListerModel::rowCount(const QModelIndex& parent) const {
-  return parent.column() > 0 ? 0 : control_.ChildCount(RowOf(parent));
+  return parent.column() > 0 ? 0 : rows_.ChildCount(RowOf(parent));
 }
 
 int ListerModel::columnCount(const QModelIndex&) const {
@@ -92,15 +93,15 @@ int ListerModel::columnCount(const QModelIndex&) const {
 }
 
 bool ListerModel::hasChildren(const QModelIndex& parent) const {
-  if (!parent.isValid()) return control_.ChildCount(lister::RootRow) > 0;
-  return parent.column() == 0 && !lister::IsFileList(control_.Id()) &&
-         control_.StateOf(RowOf(parent)).HasChildren;
+  if (!parent.isValid()) return rows_.ChildCount(lister::RootRow) > 0;
+  return parent.column() == 0 && !lister::IsFileList(shown_.Id) &&
+         rows_.StateOf(RowOf(parent)).HasChildren;
 }
 
 Qt::ItemFlags ListerModel::flags(const QModelIndex& index) const {
   if (!index.isValid()) return Qt::NoItemFlags;
   const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-  return lister::IsFileList(control_.Id()) ? flags | Qt::ItemNeverHasChildren : flags;
+  return lister::IsFileList(shown_.Id) ? flags | Qt::ItemNeverHasChildren : flags;
 }
 
 QVariant ListerModel::data(const QModelIndex& index, int role) const {
@@ -108,7 +109,7 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
   const RowId row = RowOf(index);
   switch (role) {
     case Qt::DisplayRole:
-      return ToQString(control_.CellText(row, HeadingOf(index.column())));
+      return ToQString(rows_.CellText(row, HeadingOf(index.column())));
     case Qt::DecorationRole:
       if (HeadingOf(index.column()) != HeadingId::Name) return {};
       return Icon(row);
@@ -123,28 +124,28 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
 
 // What sighted users see of the row by colour, badges and signs.
 QString ListerModel::Description(RowId row) const {
-  const lister::RowState state = control_.StateOf(row);
+  const lister::RowState state = rows_.StateOf(row);
   QStringList words;
   if (state.Colour != lister::ItemColour::Default) {
     words << ToQString(lister::ItemColours[static_cast<std::size_t>(state.Colour)].Word);
   }
   if (state.Marks.Any()) words << MarksText(state.Marks);
-  if (const std::string note = control_.SizeNote(row); !note.empty()) words << ToQString(note);
+  if (const std::string note = SizeNote(rows_, row); !note.empty()) words << ToQString(note);
   return words.join(QStringLiteral(", "));
 }
 
 QVariant ListerModel::Icon(RowId row) const {
-  const lister::RowState state = control_.StateOf(row);
+  const lister::RowState state = rows_.StateOf(row);
   if (state.Kind != platform::ItemKind::Folder) {
-    return control_.ShowIcons() ? icons_.File(control_.CellText(row, HeadingId::Name))
-                                : icons_.AnyFile();
+    return shown_.ShowIcons() ? icons_.File(rows_.CellText(row, HeadingId::Name))
+                              : icons_.AnyFile();
   }
   return state.IsOpen ? icons_.OpenFolder() : icons_.Folder();
 }
 
 QVariant ListerModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= lister::HeadingCount) return {};
-  const lister::Heading& heading = control_.HeadingTable()[HeadingOf(section)];
+  const lister::Heading& heading = shown_.Table[HeadingOf(section)];
   switch (role) {
     case Qt::DisplayRole:
       return ToQString(heading.Caption);

@@ -1,12 +1,13 @@
 // The rows of a list as Qt's views read them.
 //
-// Reads the control's rows in place and keeps none. Columns are the headings by their numbers; the
+// Reads the list's rows in place and keeps none. Columns are the headings by their numbers; the
 // internal id of an index is the row's RowId, so that an index finds its row again after a sort.
 #pragma once
 
 #include <QAbstractItemModel>
 
-#include "lister/ListerControl.h"
+#include "lister/list/ListAppearance.h"
+#include "lister/rows/ListRows.h"
 #include "ui/toolkit/IconSource.h"
 
 namespace tarnwell::ui {
@@ -15,8 +16,9 @@ class ListerModel : public QAbstractItemModel {
   Q_OBJECT
 
  public:
-  // Both outlive the model.
-  ListerModel(const lister::ListerControl& control, const IconSource& icons, QObject* parent);
+  // All outlive the model.
+  ListerModel(const lister::ListRows& rows, const lister::ListAppearance& shown,
+              const IconSource& icons, QObject* parent);
 
   // RootRow for an index that is not valid.
   static lister::RowId RowOf(const QModelIndex& index);
@@ -49,7 +51,8 @@ class ListerModel : public QAbstractItemModel {
   QVariant Icon(lister::RowId row) const;
   QString Description(lister::RowId row) const;
 
-  const lister::ListerControl& control_;
+  const lister::ListRows& rows_;
+  const lister::ListAppearance& shown_;
   const IconSource& icons_;
   QList<QPersistentModelIndex> reordered_;  // the parent whose children change places
 };

@@ -29,8 +29,8 @@ int ButtonOf(Qt::MouseButton button) {
 
 }  // namespace
 
-ListerMouse::ListerMouse(ListerTree& tree, const lister::ListerControl& control)
-    : QObject(&tree), tree_(tree), control_(control) {
+ListerMouse::ListerMouse(ListerTree& tree, const lister::ListInput& input, bool fileList)
+    : QObject(&tree), tree_(tree), input_(input), fileList_(fileList) {
   scroll_.setInterval(ColumnScrollInterval);
   connect(&scroll_, &QTimer::timeout, this, &ListerMouse::ScrollAlong);
 }
@@ -73,7 +73,7 @@ void ListerMouse::ReportMove() {
 }
 
 void ListerMouse::ScrollAlong() {
-  const auto action = control_.CurrentMouseAction();
+  const auto action = input_.Action();
   if (!IsDown() || (action != lister::MouseAction::Sweep && action != lister::MouseAction::Band)) {
     return;
   }
@@ -169,12 +169,11 @@ PointerReport ListerMouse::ReportAt(const QPoint& place, int button,
 RowPart ListerMouse::PartAt(const QPoint& place, const QModelIndex& row) const {
   if (!row.isValid()) return RowPart::None;
   const QRect cell = tree_.NameCellOf(row);
-  const bool fileList = lister::IsFileList(control_.Id());
   if (tree_.IsBranch(place, row)) return RowPart::Branch;
   if (place.x() < cell.left() || place.x() > cell.right()) return RowPart::Rest;
-  const NameCell parts = PartsOfName(cell, tree_.iconSize().width(), fileList);
+  const NameCell parts = PartsOfName(cell, tree_.iconSize().width(), fileList_);
   if (place.x() < parts.Gap.left()) return RowPart::Item;
-  if (place.x() <= parts.Gap.right()) return fileList ? RowPart::Gap : RowPart::Item;
+  if (place.x() <= parts.Gap.right()) return fileList_ ? RowPart::Gap : RowPart::Item;
   const int end = parts.Text.left() + tree_.NameWidth(row) + 4;
   return place.x() < end ? RowPart::Item : RowPart::Rest;
 }

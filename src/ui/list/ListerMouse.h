@@ -11,7 +11,7 @@
 #include <QTimer>
 #include <optional>
 
-#include "lister/ListerControl.h"
+#include "lister/list/ListInput.h"
 
 namespace tarnwell::ui {
 
@@ -27,7 +27,7 @@ class ListerMouse : public QObject {
   Q_OBJECT
 
  public:
-  ListerMouse(ListerTree& tree, const lister::ListerControl& control);
+  ListerMouse(ListerTree& tree, const lister::ListInput& input, bool fileList);
 
   void Press(const QMouseEvent& event);
   void Move(const QMouseEvent& event);
@@ -62,7 +62,8 @@ class ListerMouse : public QObject {
   void ScrollAlong();
 
   ListerTree& tree_;
-  const lister::ListerControl& control_;
+  const lister::ListInput& input_;
+  const bool fileList_;
   QTimer scroll_;  // runs while the pointer is above or below the rows with a button down
   Qt::MouseButton button_ = Qt::NoButton;
   bool moved_ = false;  // far enough from where the button went down to mean it

@@ -5,7 +5,7 @@
 #include <QPalette>
 #include <array>
 
-#include "lister/ListerControl.h"
+#include "lister/list/ListColours.h"
 #include "lister/rows/ItemColours.h"
 
 namespace tarnwell::ui {

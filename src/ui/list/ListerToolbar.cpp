@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/Caption.h"
+#include "lister/ListerUser.h"
 #include "ui/list/ListerChoice.h"
 #include "ui/toolkit/Convert.h"
 #include "workspace/ProgramSettings.h"
@@ -124,7 +125,7 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
   // Not textEdited, since assistive technology sets a text without editing it.
   connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
     update();
-    if (text != ToQString(control_.FilterText())) emit FilterTyped(text);
+    if (text != ToQString(control_.Shown().Filter.Text())) emit FilterTyped(text);
   });
   connect(filter_, &FilterField::ListAsked, this, &ListerToolbar::ListAsked);
   connect(filter_, &FilterField::ExtensionsAsked, this, [this] {
@@ -167,7 +168,7 @@ void ListerToolbar::OpenBookmarks() {
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setPalette(style_.Menu);  // windows do not inherit it
   for (int slot = 0; slot < workspace::BookmarkCount; ++slot) {
-    const std::string folder = control_.Bookmark(slot);
+    const std::string folder = control_.Input().Bookmark(slot);
     const std::string path = base::AsCaption(workspace::DisplayPathOf(folder));
     // The last digit of the number is the access key, and with Ctrl the key in the list.
     const int digit = (slot + 1) % 10;
@@ -186,12 +187,12 @@ void ListerToolbar::OpenBookmarks() {
 }
 
 void ListerToolbar::ShowFilter() {
-  const QString text = ToQString(control_.FilterText());
+  const QString text = ToQString(control_.Shown().Filter.Text());
   // The field is left alone while it says the same, for the sake of its cursor.
   if (filter_->text() != text) filter_->setText(text);
   update();
   if (extensions_->IsOpen) return;
-  const std::string& extension = control_.FilterExtension();
+  const std::string& extension = control_.Shown().Filter.Extension();
   const QSignalBlocker blocker(extensions_);
   extensions_->clear();
   extensions_->addItem(QStringLiteral("All files"), QByteArray());
@@ -206,16 +207,17 @@ void ListerToolbar::FillExtensions() {
   const QSignalBlocker blocker(extensions_);
   extensions_->clear();
   extensions_->addItem(QStringLiteral("All files"), QByteArray());
-  for (const lister::ExtensionChoice& choice : control_.ExtensionChoices()) {
+  for (const lister::ExtensionChoice& choice : control_.User().ExtensionChoices()) {
     extensions_->addItem(
         QStringLiteral(".%1 (%2)")
             .arg(ToShownQString(choice.Extension),
                  ToQString(control_.Forms().Grouped(static_cast<std::uint64_t>(choice.Count)))),
         QByteArray::fromStdString(choice.Extension));
   }
-  const QByteArray chosen = QByteArray::fromStdString(control_.FilterExtension());
+  const QByteArray chosen = QByteArray::fromStdString(control_.Shown().Filter.Extension());
   if (extensions_->findData(chosen) < 0) {
-    extensions_->addItem(QLatin1Char('.') + ToShownQString(control_.FilterExtension()), chosen);
+    extensions_->addItem(QLatin1Char('.') + ToShownQString(control_.Shown().Filter.Extension()),
+                         chosen);
   }
   extensions_->setCurrentIndex(extensions_->findData(chosen));
 }
@@ -292,7 +294,7 @@ void ListerToolbar::paintEvent(QPaintEvent*) {
   };
   frame(filter_->geometry().adjusted(-2, -2, 2, 2), !filter_->text().isEmpty(), filter_->hasFocus(),
         palette().brush(QPalette::Base));
-  if (extensions_->isVisible() && !control_.FilterExtension().empty()) {
+  if (extensions_->isVisible() && !control_.Shown().Filter.Extension().empty()) {
     frame(extensions_->geometry(), true, true, Qt::NoBrush);
   }
 }

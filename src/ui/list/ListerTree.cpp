@@ -36,7 +36,7 @@ ListerTree::ListerTree(const lister::ListerControl& control, const ListerStyle& 
       control_(control),
       style_(style),
       fileList_(lister::IsFileList(control.Id())),
-      mouse_(*this, control) {
+      mouse_(*this, control.Input(), fileList_) {
   setFrameShape(QFrame::NoFrame);
   setMinimumSize(0, 0);
   setUniformRowHeights(true);
@@ -308,11 +308,11 @@ void ListerTree::resizeEvent(QResizeEvent* event) {
 
 void ListerTree::paintEvent(QPaintEvent* event) {
   QTreeView::paintEvent(event);
-  if (wholeMarked_ && control_.DragGraphicsOn()) {
+  if (wholeMarked_ && control_.Shown().DragGraphicsOn) {
     QPainter painter(viewport());
     PaintTarget(painter, viewport()->rect());
   }
-  if (!mouse_.IsDown() || control_.CurrentMouseAction() != MouseAction::Band) return;
+  if (!mouse_.IsDown() || control_.Input().Action() != MouseAction::Band) return;
   QPainter painter(viewport());
   PaintBand(painter);
 }
@@ -338,9 +338,9 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
   const QModelIndex name = index.siblingAtColumn(NameColumn);
   const QRect row(0, option.rect.top(), viewport()->width(), option.rect.height());
-  PaintedRow painted{.State = control_.StateOf(ListerModel::RowOf(name))};
+  PaintedRow painted{.State = control_.Rows().StateOf(ListerModel::RowOf(name))};
   const auto& pointer = mouse_.Pointer();
-  painted.IsHovered = pointer && control_.HoverGraphicsOn() && row.contains(*pointer);
+  painted.IsHovered = pointer && control_.Shown().HoverGraphicsOn && row.contains(*pointer);
   const QRect nameCell =
       QRect(columnViewportPosition(NameColumn), row.top(), columnWidth(NameColumn), row.height())
           .adjusted(Indent(name), 0, 0, 0);
@@ -386,7 +386,7 @@ void ListerTree::drawBranches(QPainter* painter, const QRect& rect,
                               const QModelIndex& index) const {
   if (!model()->hasChildren(index)) return;
   const QPointF middle(rect.left() + rect.width() / 2.0, rect.top() + rect.height() / 2.0);
-  const lister::RowState state = control_.StateOf(ListerModel::RowOf(index));
+  const lister::RowState state = control_.Rows().StateOf(ListerModel::RowOf(index));
   const QPointF tip = isExpanded(index) ? QPointF(0, 2) : QPointF(2, 0);
   const QPointF wing = isExpanded(index) ? QPointF(4, -4) : QPointF(-4, 4);
   const QPointF points[] = {middle + tip + wing, middle + tip, middle + tip + QPointF(-4, -4)};

@@ -10,6 +10,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "lister/ListerUser.h"
+#include "lister/list/ListColumns.h"
 #include "ui/list/ListerDelegate.h"
 #include "ui/list/ListerDrives.h"
 #include "ui/list/ListerHeader.h"
@@ -37,7 +39,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
       control_(control),
       fileList_(lister::IsFileList(control.Id())),
       icons_(icons),
-      model_(new ListerModel(control, icons, this)) {
+      model_(new ListerModel(control.Rows(), control.Shown(), icons, this)) {
   const QString name = QStringLiteral("%1 of pane %2")
                            .arg(fileList_ ? QStringLiteral("files") : QStringLiteral("folders"))
                            .arg(lister::PaneOf(control.Id()) + 1);
@@ -52,7 +54,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   header_ = new ListerHeader(control, style_, tree_);
   header_->BecomeHeaderOf(*tree_);
   tree_->setModel(model_);
-  tree_->setItemDelegate(new ListerDelegate(control, style_, tree_));
+  tree_->setItemDelegate(new ListerDelegate(control.Rows(), fileList_, style_, tree_));
   setFocusProxy(tree_);
 
   status_ = new QLabel(this);
@@ -170,7 +172,8 @@ void ListerWidget::CellsChanged(RowId parent, int first, int last) {
 void ListerWidget::ExpansionChanged(RowId row) {
   ShowExpansion(row);
   tree_->RefreshBranches();
-  const bool opened = row == control_.CurrentRow() && control_.StateOf(row).IsExpanded;
+  const bool opened =
+      row == control_.Rows().CurrentRow() && control_.Rows().StateOf(row).IsExpanded;
   if (opened && isVisible() && rowChanges_ == 0) ShowBranch(model_->IndexOf(row));
 }
 
@@ -179,19 +182,19 @@ void ListerWidget::CurrentChanged() {
 }
 
 void ListerWidget::ShowRows() {
-  ShowExpansion(lister::RootRow, 0, control_.ChildCount(lister::RootRow) - 1);
+  ShowExpansion(lister::RootRow, 0, control_.Rows().ChildCount(lister::RootRow) - 1);
   ShowCurrent();
 }
 
 void ListerWidget::ShowExpansion(RowId row) {
-  tree_->setExpanded(model_->IndexOf(row), control_.StateOf(row).IsExpanded);
+  tree_->setExpanded(model_->IndexOf(row), control_.Rows().StateOf(row).IsExpanded);
 }
 
 void ListerWidget::ShowExpansion(RowId parent, int first, int last) {
   if (fileList_) return;
   for (int position = first; position <= last; ++position) {
-    const RowId row = control_.Child(parent, position);
-    const int children = control_.ChildCount(row);
+    const RowId row = control_.Rows().Child(parent, position);
+    const int children = control_.Rows().ChildCount(row);
     if (children > 0) ShowExpansion(row, 0, children - 1);
     ShowExpansion(row);
   }
@@ -199,7 +202,7 @@ void ListerWidget::ShowExpansion(RowId parent, int first, int last) {
 
 void ListerWidget::ShowCurrent() {
   if (rowChanges_ > 0 || move_.isValid()) return;
-  const QModelIndex index = model_->IndexOf(control_.CurrentRow());
+  const QModelIndex index = model_->IndexOf(control_.Rows().CurrentRow());
   const bool moved = tree_->currentIndex().siblingAtColumn(0) != index;
   if (!moved && fileList_) return;
   const QScopedValueRollback guard(rowChanges_, rowChanges_ + 1);
@@ -235,7 +238,7 @@ void ListerWidget::accessibilityActiveChanged(bool active) {
 
 void ListerWidget::MirrorSelection() {
   if (!fileList_ || !isRead_) return;
-  const std::vector<lister::RowRange> ranges = control_.SelectedRanges();
+  const std::vector<lister::RowRange> ranges = control_.Input().SelectedRanges();
   QItemSelection selection;
   if (ranges.size() <= MostMirrored) {
     for (const lister::RowRange& range : ranges) {
@@ -254,7 +257,8 @@ void ListerWidget::HeadingsChanged() {
 }
 
 void ListerWidget::StyleChanged() {
-  style_ = MakeListerStyle(control_.Colours(), control_.IsActive(), QGuiApplication::palette());
+  style_ = MakeListerStyle(control_.Shown().Settings.Colours, control_.Shown().IsActive,
+                           QGuiApplication::palette());
   tree_->setPalette(style_.List);
   status_->setPalette(style_.Status);
   for (QScrollBar* bar : {tree_->verticalScrollBar(), tree_->horizontalScrollBar()}) {
@@ -267,11 +271,11 @@ void ListerWidget::StyleChanged() {
 }
 
 void ListerWidget::StatusChanged() {
-  const QString text = ToShownQString(control_.StatusText());
+  const QString text = ToShownQString(control_.Shown().Status);
   int room = status_->width() - status_->indent() - 2 * status_->margin();
   if (legend_) {
     const int wanted = status_->fontMetrics().horizontalAdvance(text);
-    room -= legend_->Show(control_.MarksInList(), room - std::min(wanted, room / 2));
+    room -= legend_->Show(control_.Shown().Marks, room - std::min(wanted, room / 2));
   }
   status_->setText(status_->fontMetrics().elidedText(text, Qt::ElideRight, room));
   status_->setToolTip(PlainToolTip(text));
@@ -279,11 +283,11 @@ void ListerWidget::StatusChanged() {
 }
 
 void ListerWidget::DrivesChanged() {
-  if (drives_) drives_->Show(control_.DriveChoices(), control_.InitialDrive(), icons_);
+  if (drives_) drives_->Show(control_.User().Drives(), control_.InitialDrive(), icons_);
 }
 
 void ListerWidget::Repaint() {
-  if (border_ != control_.BorderWidth()) PlaceChildren();
+  if (border_ != control_.Shown().BorderWidth()) PlaceChildren();
   tree_->viewport()->update();
   header_->viewport()->update();
   update();
@@ -340,7 +344,7 @@ void ListerWidget::SetMeasures() {
   // The bundled pictures are drawn on a grid of 16: whole eighths of a large font stay crisp.
   const int side = std::max(16, tree_->fontMetrics().height() / 8 * 8);
   tree_->setIconSize(QSize(side, side));
-  control_.FitHeadings([&](HeadingId id, const std::string& text) {
+  control_.Columns().Fit([&](HeadingId id, const std::string& text) {
     int cell = UncutWidth(tree_->fontMetrics(), ToQString(text)) + 2 * CellMargin;
     if (id == HeadingId::Name) cell += PartsOfName(QRect(), side, fileList_).Text.left();
     return ToTwips(std::max(cell, header_->CaptionWidth(static_cast<int>(id), true)));
@@ -349,7 +353,7 @@ void ListerWidget::SetMeasures() {
 }
 
 void ListerWidget::PlaceChildren() {
-  border_ = control_.BorderWidth();
+  border_ = control_.Shown().BorderWidth();
   QRect area = rect().adjusted(border_, border_, -border_, -border_);
   const int statusHeight = status_->fontMetrics().height() + 6;
   const int toolbarHeight = toolbar_ ? toolbar_->sizeHint().height() : 0;

@@ -91,7 +91,7 @@ class ListerWidget : public QWidget,
     std::function<void()> Run;
     int Kind = 0;  // 0 for all that stand for themselves
   };
-  using MouseCall = void (*)(lister::ListerControl&, const lister::RowPointer&);
+  using MouseCall = void (*)(lister::ListInput&, const lister::RowPointer&);
 
   void BuildDriveList();
   void BuildToolbar();

@@ -8,7 +8,8 @@
 #include <utility>
 
 #include "base/ItemList.h"
-#include "lister/list/ListInput.h"
+#include "lister/ListerUser.h"
+#include "lister/list/ListColumns.h"
 #include "ui/list/ListerDrag.h"
 #include "ui/list/ListerDrives.h"
 #include "ui/list/ListerDrop.h"
@@ -34,14 +35,14 @@ constexpr int KeyKinds = 16;
 
 constexpr int OtherButton = 2;
 
-void MouseDown(lister::ListerControl& control, const lister::RowPointer& at) {
-  control.MouseDown(at);
+void MouseDown(lister::ListInput& input, const lister::RowPointer& at) {
+  input.MouseDown(at);
 }
-void MouseMoved(lister::ListerControl& control, const lister::RowPointer& at) {
-  control.MouseMoved(at);
+void MouseMoved(lister::ListInput& input, const lister::RowPointer& at) {
+  input.MouseMoved(at);
 }
-void MouseUp(lister::ListerControl& control, const lister::RowPointer& at) {
-  control.MouseUp(at);
+void MouseUp(lister::ListInput& input, const lister::RowPointer& at) {
+  input.MouseUp(at);
 }
 
 }  // namespace
@@ -51,7 +52,7 @@ void ListerWidget::BuildDriveList() {
   drives_ = new ListerDrives(QStringLiteral("Drives of pane %1").arg(pane), this);
   connect(drives_, &ListerDrives::FocusTaken, this, &ListerWidget::TellFocus);
   connect(drives_, &ListerDrives::Chosen, this, [this](const QByteArray& drive) {
-    Queue([this, name = drive.toStdString()] { control_.ChooseDrive(name); });
+    Queue([this, name = drive.toStdString()] { control_.User().ChooseDrive(name); });
   });
 }
 
@@ -59,19 +60,19 @@ void ListerWidget::BuildToolbar() {
   toolbar_ = new ListerToolbar(control_, style_, icons_, this);
   // At once, so that the list keeps up with the typing: a filter reads nothing.
   connect(toolbar_, &ListerToolbar::FilterTyped, this, [this](const QString& text) {
-    if (control_.View == this) control_.SetFilterText(text.toStdString());
+    if (control_.View == this) control_.User().SetFilterText(text.toStdString());
   });
   connect(toolbar_, &ListerToolbar::ExtensionChosen, this, [this](const QByteArray& extension) {
-    Queue([this, name = extension.toStdString()] { control_.SetExtensionFilter(name); });
+    Queue([this, name = extension.toStdString()] { control_.User().SetExtensionFilter(name); });
   });
   connect(toolbar_, &ListerToolbar::CalculateAsked, this,
           [this] { Queue([this] { control_.CalculateFolderSizes(); }); });
   connect(toolbar_, &ListerToolbar::UpAsked, this,
-          [this] { Queue([this] { control_.UpButton(); }); });
+          [this] { Queue([this] { control_.User().UpButton(); }); });
   connect(toolbar_, &ListerToolbar::NewFolderAsked, this,
-          [this] { Queue([this] { control_.NewFolderButton(); }); });
+          [this] { Queue([this] { control_.User().NewFolderButton(); }); });
   connect(toolbar_, &ListerToolbar::BookmarkChosen, this,
-          [this](int slot) { Queue([this, slot] { control_.GoToBookmark(slot); }); });
+          [this](int slot) { Queue([this, slot] { control_.Input().GoToBookmark(slot); }); });
   connect(toolbar_, &ListerToolbar::ListAsked, this, [this] { tree_->setFocus(); });
   connect(toolbar_, &ListerToolbar::FocusTaken, this, &ListerWidget::TellFocus);
 }
@@ -83,29 +84,29 @@ void ListerWidget::ConnectTree() {
   connect(tree_, &QTreeView::collapsed, this, &ListerWidget::QueueExpansion);
   connect(tree_, &ListerTree::ActivateAsked, this, [this](const QModelIndex& index) {
     Queue([this, row = QPersistentModelIndex(index)] {
-      if (row.isValid()) control_.Activate(ListerModel::RowOf(row));
+      if (row.isValid()) control_.Rows().Activate(ListerModel::RowOf(row));
     });
   });
   connect(tree_, &ListerTree::FocusTaken, this, &ListerWidget::TellFocus);
   connect(tree_, &ListerTree::KeyPressed, this, &ListerWidget::QueueKey);
   tree_->TakesEscape = [this] {
-    return control_.View == this && control_.KeyDown(lister::EscapeKey, 0);
+    return control_.View == this && control_.Input().KeyDown(lister::EscapeKey, 0);
   };
   connect(tree_, &ListerTree::KeyReleased, this, [this](const QKeyEvent& event) {
     Queue([this, copy = std::shared_ptr<QKeyEvent>(event.clone())] {
       const QPointer<ListerWidget> alive(this);
-      if (const int code = KeyCodeOf(*copy); code != 0) control_.KeyUp(code);
+      if (const int code = KeyCodeOf(*copy); code != 0) control_.Input().KeyUp(code);
       if (alive) PassOn(*copy);
     });
   });
   connect(tree_, &ListerTree::TextTyped, this, [this](const QString& text) {
-    Queue([this, typed = text.toStdString()] { control_.TypeText(typed); });
+    Queue([this, typed = text.toStdString()] { control_.Input().TypeText(typed); });
   });
   connect(tree_, &ListerTree::WheelTurned, this, [this](int notches) {
     // One by one, since a notch is what a list scrolls by.
     for (int count = std::abs(notches); count > 0; --count) {
       Queue([this, delta = notches > 0 ? WheelNotches::Angle : -WheelNotches::Angle] {
-        control_.WheelTurned(delta);
+        control_.Input().WheelTurned(delta);
       });
     }
   });
@@ -121,7 +122,7 @@ void ListerWidget::ConnectMouse() {
           [this](const PointerReport& report) { QueueMouse(MouseUp, report); });
   connect(mouse, &ListerMouse::DoubleClicked, this, [this](const PointerReport& report) {
     Queue([this, row = report.Row] {
-      if (row.isValid()) control_.Activate(ListerModel::RowOf(row));
+      if (row.isValid()) control_.Rows().Activate(ListerModel::RowOf(row));
     });
   });
   connect(mouse, &ListerMouse::Hovered, this, [this, mouse] {
@@ -136,11 +137,12 @@ void ListerWidget::ConnectDrop() {
   connect(model_, &QAbstractItemModel::rowsInserted, drop_, &ListerDrop::Reconsider);
   connect(model_, &QAbstractItemModel::rowsRemoved, drop_, &ListerDrop::Reconsider);
   connect(model_, &QAbstractItemModel::layoutChanged, drop_, &ListerDrop::Reconsider);
-  connect(drop_, &ListerDrop::UpAsked, this, [this] { Queue([this] { control_.UpButton(); }); });
+  connect(drop_, &ListerDrop::UpAsked, this,
+          [this] { Queue([this] { control_.User().UpButton(); }); });
   connect(drop_, &ListerDrop::OpenAsked, this, [this](const QPersistentModelIndex& folder) {
     if (!fileList_) return tree_->expand(folder);
     Queue([this, folder] {
-      if (folder.isValid()) control_.Activate(ListerModel::RowOf(folder));
+      if (folder.isValid()) control_.Rows().Activate(ListerModel::RowOf(folder));
     });
   });
   connect(drop_, &ListerDrop::Dropped, this,
@@ -148,7 +150,7 @@ void ListerWidget::ConnectDrop() {
             Queue([this, folder, drop] {
               // The drag came from another program's window.
               if (drop.Source == lister::NoList) window()->activateWindow();
-              control_.DropOn(folder, drop);
+              control_.User().DropOn(folder, drop);
             });
           });
 }
@@ -159,19 +161,19 @@ void ListerWidget::ConnectHeader() {
     TellFocus();  // the list may have the keyboard while commands act on another
   });
   connect(header_, &ListerHeader::Released, this,
-          [this] { Queue([this] { control_.MouseUp({}); }); });
+          [this] { Queue([this] { control_.Input().MouseUp({}); }); });
   connect(header_, &QHeaderView::sectionClicked, this,
-          [this](int heading) { Queue([this, heading] { control_.ClickHeading(heading); }); });
+          [this](int heading) { Queue([this, heading] { control_.Columns().Click(heading); }); });
   connect(header_, &QHeaderView::sectionDoubleClicked, this, [this](int heading) {
     const bool shift = QGuiApplication::keyboardModifiers() & Qt::ShiftModifier;
-    Queue([this, heading, shift] { control_.DoubleClickHeading(heading, shift); });
+    Queue([this, heading, shift] { control_.Columns().DoubleClick(heading, shift); });
   });
   connect(header_, &ListerHeader::ToggleAsked, this,
-          [this](int heading) { Queue([this, heading] { control_.ToggleHeading(heading); }); });
+          [this](int heading) { Queue([this, heading] { control_.Columns().Toggle(heading); }); });
 }
 
 void ListerWidget::TellFocus() {
-  if (control_.View == this) control_.Focused();
+  if (control_.View == this) control_.Input().Focused();
   QueueLook(lister::LookReason::User);
 }
 
@@ -212,11 +214,11 @@ void ListerWidget::QueueKey(const QKeyEvent& event) {
 void ListerWidget::RunKey(QKeyEvent& event) {
   const QPointer<ListerWidget> alive(this);
   const int code = KeyCodeOf(event);
-  if (code != 0 && control_.KeyDown(code, ShiftOf(event.modifiers()))) return;
+  if (code != 0 && control_.Input().KeyDown(code, ShiftOf(event.modifiers()))) return;
   if (!alive || control_.View != this) return;
   const QString text = TypedText(event);
   if (!text.isEmpty()) {
-    control_.TypeText(text.toStdString());
+    control_.Input().TypeText(text.toStdString());
   } else if (tree_->TakesKey(event)) {
     tree_->HandleKey(event);
   } else {
@@ -241,7 +243,7 @@ void ListerWidget::QueueMouse(MouseCall call, const PointerReport& report, int k
       }
     }
     const QPointer<ListerTree> tree(tree_);
-    call(control_, at);
+    call(control_.Input(), at);
     if (!tree) return;
     if (call == MouseDown && at.Event.Button == OtherButton) tree->Mouse().CatchRelease();
     tree->viewport()->update();  // the frame that selects goes along
@@ -262,23 +264,24 @@ void ListerWidget::QueueMove(const QModelIndex& index) {
   if (queued) return;
   Queue([this] {
     const QPersistentModelIndex newest = std::exchange(move_, {});
-    if (newest.isValid()) control_.MoveCurrent(ListerModel::RowOf(newest));
+    if (newest.isValid()) control_.Rows().MoveCurrent(ListerModel::RowOf(newest));
   });
 }
 
 void ListerWidget::QueueExpansion(const QModelIndex& index) {
-  if (control_.StateOf(ListerModel::RowOf(index)).IsExpanded == tree_->isExpanded(index)) return;
+  if (control_.Rows().StateOf(ListerModel::RowOf(index)).IsExpanded == tree_->isExpanded(index))
+    return;
   Queue([this, branch = QPersistentModelIndex(index)] {
     if (!branch.isValid()) return;
     const RowId row = ListerModel::RowOf(branch);
     const bool expanded = tree_->isExpanded(branch);
-    if (expanded == control_.StateOf(row).IsExpanded) return;
+    if (expanded == control_.Rows().StateOf(row).IsExpanded) return;
     if (!expanded) {
-      control_.Collapse(row);
+      control_.Rows().Collapse(row);
       return;
     }
     const QPointer<ListerWidget> alive(this);
-    control_.Expand(row);
+    control_.Rows().Expand(row);
     if (alive && branch.isValid()) ShowBranch(branch);
   });
 }
@@ -303,7 +306,7 @@ void ListerWidget::RunDrag() {
   tree_->Mouse().Forget();
   tree_->Mouse().Leave();
   if (count > 0) {
-    const std::vector<lister::RowRange> selected = control_.SelectedRanges();
+    const std::vector<lister::RowRange> selected = control_.Input().SelectedRanges();
     const QModelIndex first =
         selected.empty() ? tree_->currentIndex() : model_->index(selected.front().First, 0);
     const QIcon icon = first.siblingAtColumn(0).data(Qt::DecorationRole).value<QIcon>();
@@ -324,7 +327,7 @@ void ListerWidget::RunDrag() {
               .Shift = ShiftOf(QGuiApplication::queryKeyboardModifiers()),
               .X = static_cast<float>(ToTwips(place.x())),
               .Y = static_cast<float>(ToTwips(place.y()))};
-  control_.MouseUp(at);
+  control_.Input().MouseUp(at);
   if (alive) tree_->EndDrag();
 }
 

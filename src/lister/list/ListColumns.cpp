@@ -1,0 +1,70 @@
+#include "lister/list/ListColumns.h"
+
+#include "lister/list/ListBody.h"
+#include "lister/rows/CellText.h"
+
+namespace tarnwell::lister {
+namespace {
+
+bool IsHeading(int heading) {
+  return heading >= 0 && heading < HeadingCount;
+}
+
+}  // namespace
+
+void ListColumns::Click(int heading) {
+  if (!IsHeading(heading)) return;
+  list_.ActiveHeading = heading;
+  list_.View().HeadingsChanged();
+}
+
+void ListColumns::DoubleClick(int heading, bool shift) {
+  if (!IsHeading(heading)) return;
+  Click(heading);
+  const SortKey* const key = list_.Keys.Find(static_cast<HeadingId>(heading));
+  // A heading that is among the keys already changes its direction, in a new sort if it is the only
+  // one.
+  const bool turns =
+      key != nullptr && !key->Descending && (shift || list_.Keys.Entries().size() == 1);
+  Sort(turns, shift);
+}
+
+void ListColumns::Toggle(int heading) {
+  if (!IsHeading(heading)) return;
+  const bool active = list_.Table[static_cast<HeadingId>(heading)].Active;
+  Set(heading, "active", base::Value(!active));
+  list_.Events.HeadingsChanged(list_.Id);
+}
+
+void ListColumns::Set(int heading, std::string_view attribute, const base::Value& value) {
+  list_.Table.SetProperty(heading, attribute, value);
+  body_.SettingsChanged();
+  list_.View().HeadingsChanged();
+}
+
+void ListColumns::Fit(
+    const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf) {
+  const ListServices& services = list_.Services;
+  for (int number = 0; number < HeadingCount; ++number) {
+    const auto id = static_cast<HeadingId>(number);
+    list_.Table.FitWidth(id, widthOf(id, SampleText(services.Forms, services.Clock, id)));
+  }
+  list_.View().HeadingsChanged();
+}
+
+void ListColumns::Sort(bool descending, bool adds) {
+  const SortKey key{static_cast<HeadingId>(list_.ActiveHeading), descending};
+  if (adds) {
+    list_.Keys.Add(key);
+  } else {
+    list_.Keys.StartNew(key);
+  }
+  Resort();
+}
+
+void ListColumns::Resort() {
+  body_.Resort();
+  list_.View().HeadingsChanged();
+}
+
+}  // namespace tarnwell::lister

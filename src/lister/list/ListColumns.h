@@ -1,0 +1,45 @@
+// The columns of a list: which headings are shown and how wide, and the order of the rows by them.
+// A number that is no heading's changes nothing, unless it says otherwise.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/Measure.h"
+#include "base/Value.h"
+#include "lister/rows/Headings.h"
+
+namespace tarnwell::lister {
+
+class ListBody;
+struct ListState;
+
+class ListColumns {
+ public:
+  ListColumns(ListState& list, ListBody& body) : list_(list), body_(body) {}
+
+  void Click(int heading);  // makes it the active one
+  // Sorts by the heading, with Shift in addition to the others. Ascending; descending if that is
+  // how it sorts already.
+  void DoubleClick(int heading, bool shift);
+  // Shows or hides the heading, whether or not a menu has an entry for it, and raises
+  // HeadingsChanged.
+  void Toggle(int heading);
+  // Attributes, values and what is thrown are those of Headings::SetProperty.
+  void Set(int heading, std::string_view attribute, const base::Value& value);
+  // Columns whose width nobody chose take what `widthOf` gives for a cell with that text, in twips.
+  // To be called by the view, again whenever its font changes.
+  void Fit(const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf);
+
+  // By the active heading: anew, or in addition to the other keys.
+  void Sort(bool descending, bool adds);
+  // The keys have changed.
+  void Resort();
+
+ private:
+  ListState& list_;
+  ListBody& body_;
+};
+
+}  // namespace tarnwell::lister
