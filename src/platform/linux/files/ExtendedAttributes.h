@@ -1,4 +1,4 @@
-// ExtendedAttributes that file systems keep with items, in extended attributes.
+// Colours and comments that file systems keep with items, in extended attributes.
 #pragma once
 
 #include <string>
