@@ -118,7 +118,7 @@ TEST(LinuxFolderWatch, MakesFewCallsOfABurst) {
   const TempFolder folder;
   Told told;
   const auto watch = LinuxFolderWatch().Start(folder.Path(), told.Take());
-  for (int number = 0; number < 3'000; ++number) Put(folder / std::to_string(number), "");
+  for (int number = 0; number < 10'000; ++number) Put(folder / std::to_string(number), "");
   EXPECT_TRUE(RunUntil([&] { return told.Everything; }));
   while (!told.Names.contains("last")) {  // the rest of the burst may take in one of them
     Put(folder / "last", "");
