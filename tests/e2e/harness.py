@@ -9,6 +9,7 @@ import functools
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -25,6 +26,8 @@ PICTURES = ROOT / "build/e2e-failures"
 
 LIMIT = 10.0  # seconds for anything that the program is to do
 START_LIMIT = 30.0  # a busy machine starts slowly
+
+THREE_PANES = b'"Status",0,0,0,1,1\r\n"End",0,0,0,0,0\r\n'  # settings that open one more
 
 # Controls that hold rows or entries of their own, none of them with a name to look for.
 ROLES_WITH_ROWS = {Atspi.Role.TREE, Atspi.Role.TREE_TABLE, Atspi.Role.TABLE, Atspi.Role.COMBO_BOX}
@@ -51,6 +54,11 @@ def run(*words):
                           text=True, check=False, timeout=LIMIT).stdout.strip()
 
 
+def mouse(*words):
+    """Leaves keys and buttons as they are held, unlike keys()."""
+    run("xdotool", *words)
+
+
 def keys(*names):
     run("xdotool", "key", "--clearmodifiers", *names)
 
@@ -59,7 +67,7 @@ def click_close(window):
     """Presses the mark that openbox puts in the upper right corner of a window's frame. The keys
     that close a window will not do: now and then they are lost right after a click."""
     place = window.place()
-    run("xdotool", "mousemove", place.x + place.width - 10, place.y - 10, "click", 1)
+    mouse("mousemove", place.x + place.width - 10, place.y - 10, "click", 1)
 
 
 def children(node):
@@ -92,8 +100,8 @@ class Control:
         """Presses the button in the middle, or `x` pixels from the left edge."""
         place = self.place()
         across = place.width // 2 if x is None else x
-        run("xdotool", "mousemove", place.x + across, place.y + place.height // 2,
-            "click", "--repeat", times, "--delay", 40, button)
+        mouse("mousemove", place.x + across, place.y + place.height // 2,
+              "click", "--repeat", times, "--delay", 40, button)
 
 
 class List(Control):
@@ -183,6 +191,13 @@ class Program:
     def status(self, of):
         return self.control(f"Status of {of} of pane 1").description
 
+    def wait_status(self, part, of="files"):
+        wait_for(f"{part!r} in the status line", lambda: part in self.status(of))
+
+    def select(self, name):
+        self.files().row(name).click(x=60)
+        self.wait_status("1 selected")
+
     def button(self, pane):
         return self.control(f"Pane {pane}", Atspi.Role.CHECK_BOX)
 
@@ -203,9 +218,16 @@ class Program:
     def wait_shown(self):
         """Until the main window stands and its first pane is filled, with the keyboard in it."""
         self.control("Files of pane 1", limit=START_LIMIT)
-        wait_for("the file list to be read", lambda: " item" in self.status("files"))
-        wait_for("the main window to be active", self.window)
+        self.wait_status(" item")
+        self.wait_active()
         return self
+
+    def wait_active(self):
+        wait_for("the main window to be active", self.window)
+
+    def windows(self):
+        """Numbers of all that it shows, menus that pop up among them."""
+        return set(run("xdotool", "search", "--onlyvisible", "--pid", self.process.pid).split())
 
     def active_window(self):
         """Number of the active window if it is the program's, or None."""
@@ -259,7 +281,7 @@ class Program:
 
     def close(self):
         """Closes the main window by its frame, and gives the exit code."""
-        wait_for("the main window to be active", self.window)
+        self.wait_active()
         click_close(self.control("Tarnwell", Atspi.Role.FRAME))
         return self.wait_end()
 
@@ -320,6 +342,10 @@ class EndToEndTest(unittest.TestCase):
         keys(*names)
         wait_for("it to close", lambda: not run(
             "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
+
+    def end_by(self, program, number=signal.SIGTERM):
+        program.signal(number)
+        self.assertEqual(program.wait_end(), 0)
 
     def check_clean_end(self):
         self.assertFalse(self.marker.exists(), "the run marker is still there")

@@ -36,6 +36,8 @@ def main():
     area.drag_source_add_uri_targets()
     area.connect("drag-data-get",
                  lambda _w, _c, data, _i, _t: data.set_uris([pathlib.Path(file).as_uri()]))
+    area.connect("drag-begin", lambda _w, context: context.connect(
+        "action-changed", lambda _c, action: note(f"may {' '.join(action.value_nicks)}")))
     area.connect("drag-data-delete", lambda *_: note("asked to delete"))
     area.connect("drag-end", lambda *_: note("drag ended"))
     area.drag_dest_set(Gtk.DestDefaults.ALL, None, ACTIONS)

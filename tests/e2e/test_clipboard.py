@@ -1,6 +1,5 @@
 """Files are copied and cut in lists and pasted there, to and from other programs' clipboards."""
 
-import signal
 import subprocess
 import unittest
 
@@ -20,13 +19,6 @@ def put(kind, text):
 
 
 class ClipboardTest(EndToEndTest):
-    def select(self, program, name):
-        program.files().row(name).click(x=60)
-        wait_for(f"{name} to be selected", lambda: "1 selected" in program.status("files"))
-
-    def windows(self, program):
-        return run("xdotool", "search", "--onlyvisible", "--pid", program.process.pid).split()
-
     def test_keys_work_with_other_programs(self):
         for name in ("one.txt", "two.txt"):
             (self.home / name).write_text(name)
@@ -37,14 +29,14 @@ class ClipboardTest(EndToEndTest):
         with open(odd, "wb") as file:
             file.write(b"odd")
         program = self.start()
-        self.select(program, "one.txt")
+        program.select("one.txt")
         keys("ctrl+c")
         wait_for("the copy on the clipboard",
                  lambda: clipboard(MARKED) == f"copy\nfile://{self.home}/one.txt")
         keys("ctrl+v")  # in its own folder
         program.files().wait_has("one (2).txt")
 
-        self.select(program, "two.txt")
+        program.select("two.txt")
         keys("ctrl+x")
         wait_for("the cut on the clipboard", lambda: clipboard(MARKED).startswith("cut\n"))
         program.files().enter("into")
@@ -68,19 +60,17 @@ class ClipboardTest(EndToEndTest):
     def test_the_program_ends_over_an_open_menu_and_a_question(self):
         (self.home / "one.txt").write_text("1")
         program = self.start()
-        self.select(program, "one.txt")
-        windows = self.windows(program)
+        program.select("one.txt")
+        windows = program.windows()
         keys("Menu")
-        wait_for("the menu", lambda: len(self.windows(program)) > len(windows))
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
+        wait_for("the menu", lambda: program.windows() - windows)
+        self.end_by(program)
         self.check_clean_end()
         program = self.start()
-        self.select(program, "one.txt")
+        program.select("one.txt")
         keys("Delete")
         program.message("to the trash?")
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
+        self.end_by(program)
         self.check_clean_end()
         self.assertTrue((self.home / "one.txt").exists())
 

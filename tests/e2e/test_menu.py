@@ -3,7 +3,7 @@
 import os
 import unittest
 
-from harness import EndToEndTest, keys, run, wait_for
+from harness import EndToEndTest, keys, wait_for
 
 # How often Down leads to an entry. Menus that pop up are not in the accessibility tree.
 NEW_FOLDER, RENAME, DUPLICATE, BOOKMARKS, COLOUR_CODE = 1, 2, 3, 5, 6
@@ -11,20 +11,16 @@ RED = 10
 
 
 class MenuTest(EndToEndTest):
-    def windows(self, program):
-        return set(run("xdotool", "search", "--onlyvisible", "--pid",
-                       program.process.pid).split())
-
     def choose(self, program, control, *names, by=None):
         """Right click on the control, or left click and that key, then the keys in the menu."""
-        windows = self.windows(program)
+        windows = program.windows()
         control.click(x=24, button=1 if by else 3)
         if by:
             keys(by)
-        menu = wait_for("the menu", lambda: self.windows(program) - windows)
+        menu = wait_for("the menu", lambda: program.windows() - windows)
         keys(*names)
         # What was chosen may open a window of its own at once.
-        wait_for("the menu to go", lambda: not menu & self.windows(program))
+        wait_for("the menu to go", lambda: not menu & program.windows())
 
     def test_entries(self):
         (self.home / "inner").mkdir()

@@ -1,24 +1,19 @@
 """Items are renamed and deleted by keys, and nothing else on the disk changes."""
 
 import os
-import signal
 import unittest
 
 from harness import EndToEndTest, keys, wait_for
 
 
 class OperationsTest(EndToEndTest):
-    def select(self, program, name):
-        program.files().row(name).click(x=60)
-        wait_for(f"{name} to be selected", lambda: "1 selected" in program.status("files"))
-
     def test_rename_and_delete(self):
         for name in ("keep.txt", "old.tar.gz", "waste"):
             (self.home / name).write_text(name)
         (self.home / "full/deep").mkdir(parents=True)
         (self.home / "full/link").symlink_to(self.home / "keep.txt")
         program = self.start()
-        self.select(program, "old.tar.gz")
+        program.select("old.tar.gz")
         keys("F2")
         self.answer("Rename", "x", "Escape")
         self.assertTrue((self.home / "old.tar.gz").exists())
@@ -27,7 +22,7 @@ class OperationsTest(EndToEndTest):
         self.answer("Rename", "x", "Return")
         self.wait_names(program, ["keep.txt", "old.tarx.gz", "waste", "full"])
         self.assertEqual((self.home / "old.tarx.gz").read_text(), "old.tar.gz")
-        self.select(program, "waste")
+        program.select("waste")
         keys("F2")
         self.answer("Rename", "ctrl+a", "k", "e", "e", "p", "period", "t", "x", "t", "Return")
         program.dismiss("an item of this name already")
@@ -35,7 +30,7 @@ class OperationsTest(EndToEndTest):
         self.assertEqual((self.home / "keep.txt").read_text(), "keep.txt")
 
         for name in ("waste", "full"):
-            self.select(program, name)
+            program.select(name)
             keys("shift+Delete")
             self.answer("File Operation", "Return")
             self.assertTrue((self.home / name).exists())
@@ -43,7 +38,7 @@ class OperationsTest(EndToEndTest):
             self.answer("File Operation", "alt+d")
             wait_for(f"{name} to go", lambda: not (self.home / name).exists())
         self.wait_names(program, ["keep.txt", "old.tarx.gz"])
-        self.select(program, "old.tarx.gz")
+        program.select("old.tarx.gz")
         keys("Delete")
         program.dismiss("to the trash?", "Escape")
         self.assertTrue((self.home / "old.tarx.gz").exists())
@@ -60,13 +55,12 @@ class OperationsTest(EndToEndTest):
             for name in range(1, 50_000):
                 os.link(folder / "0", folder / str(name))
         program = self.start()
-        self.select(program, "many")
+        program.select("many")
         keys("shift+Delete")
         self.answer("File Operation", "alt+d")
         wait_for("it to be under way", lambda: sum(
             len(os.listdir(folder)) for folder in (self.home / "many").iterdir()) < 140_000)
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
+        self.end_by(program)
         self.check_clean_end()
         self.assertEqual(first.read_text(), "kept")
         self.assertTrue((self.home / "many").exists(), "it went on to the end")

@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import EndToEndTest, keys, wait_for
+from harness import EndToEndTest, wait_for
 
 
 class PanesTest(EndToEndTest):
@@ -35,17 +35,6 @@ class PanesTest(EndToEndTest):
         self.assertEqual(program.wait_end(), 0)
         self.check_clean_end()
         self.assertIn(b'"Status",0,1,1,1,0\r\n', self.settings.read_bytes())
-
-    def test_drive_list_is_named_and_leads_home(self):
-        (self.home / "below").mkdir()
-        program = self.start()
-        program.files().enter("below")
-        self.wait_path(program, self.home / "below")
-        program.control("Drives of pane 1").click()
-        keys("Home", "Return")  # the first entry
-        self.wait_path(program, self.home)
-        self.assertEqual(program.folders().names()[1], "below")
-
 
 if __name__ == "__main__":
     unittest.main()

@@ -2,7 +2,6 @@
 
 import os
 import pathlib
-import signal
 import subprocess
 import unittest
 
@@ -79,9 +78,8 @@ class RestartTest(EndToEndTest):
         self.settings.write_bytes(START)
         program = self.launch(
             environment={"QT_QPA_PLATFORM": "wayland", "WAYLAND_DISPLAY": socket.name})
-        wait_for("the file list to be read", lambda: " item" in program.status("files"))
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
+        program.wait_status(" item")
+        self.end_by(program)
         self.assertTrue(self.settings.read_bytes().startswith(START))
 
 

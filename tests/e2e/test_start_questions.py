@@ -1,13 +1,11 @@
 """The two questions at the start that offer to reset all settings."""
 
-import signal
 import unittest
 
-from harness import EndToEndTest, click_close, keys, wait_for
+from harness import THREE_PANES, EndToEndTest, click_close, keys, wait_for
 
 MARKER_QUESTION = "It appears as though Tarnwell did not shut down properly"
 RESET_QUESTION = "Do you want to reset Tarnwell?"
-THREE_PANES = b'"Status",0,0,0,1,1\r\n"End",0,0,0,0,0\r\n'
 
 
 class StartQuestionsTest(EndToEndTest):
@@ -65,8 +63,7 @@ class StartQuestionsTest(EndToEndTest):
     def test_told_to_end_while_the_splash_asks(self):
         program = self.launch()
         self.hold_reset_key(program)
-        program.signal(signal.SIGTERM)
-        self.assertEqual(program.wait_end(), 0)
+        self.end_by(program)
         self.assertEqual(self.settings.read_bytes(), THREE_PANES)
         self.assertFalse(self.marker.exists())
 
