@@ -124,7 +124,8 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   Space.Settings.Bookmarks[0].Path = "D:\\far\\off";  // on another drive
   Platform.Files.AddFolder("D:\\far\\off");
   Space.Lists[101].Input().GoToBookmark(0);
-  EXPECT_EQ(Space.Form.TitleBar[1].Text + Space.Lists[1].InitialDrive(), "D:\\far\\off\\D");
+  EXPECT_EQ(Space.Form.TitleBar[1].Text, "D:\\far\\off\\");
+  EXPECT_EQ(Space.Lists[1].InitialDrive(), "D");
   EXPECT_EQ(Space.Lists[101].Input().Bookmark(9), "C:\\Data");
   std::string path;
   for (std::int16_t slot : Ids{-1, 10}) {

@@ -57,10 +57,8 @@ TEST(NavigationOnMountsTest, GoesUpToTheMountPointAndNoFarther) {
   folders.SetDriveFolder(run.Pane(0).InitialDrive = "/mnt/disk", "/mnt/disk/a");
   run.Nav.LoadFolders(0);
   run.Nav.MoveFocusUpOneFolder(100);
-  run.Platform.Files.AddFile("/mnt/disk/new");
   run.Nav.MoveFocusUpOneFolder(100);
   EXPECT_EQ(run.Space.Form.TitleBar[0].Text, "/mnt/disk/");
-  EXPECT_EQ(run.Row(100, "new"), lister::NoRow);  // nothing is opened again
 }
 
 TEST_F(NavigationTest, HandsAFolderToTheFileListAndShowsItEverywhere) {
@@ -83,22 +81,6 @@ TEST_F(NavigationTest, HandsAFolderToTheFileListAndShowsItEverywhere) {
   Pane(1).CurrentPath = "C:\\";
   for (const lister::ListId list : workspace::Ids{101, 4, -1, 999}) Nav.UpdateChildPane(list);
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "Trash\\");
-}
-
-TEST_F(NavigationTest, GoesToAFolderOnAnyDriveFromEitherList) {
-  SetUpPane(0, "D:\\pics\\new");
-  SetUpPane(0, "C:\\work");
-  Nav.LoadFolders(0);
-  for (const lister::ListId list : workspace::Ids{100, 0}) {
-    for (const std::string folder : {"D:\\pics", "D:\\pics\\new", "C:\\work"}) {
-      Space.Lists[list].GoToFolder(folder);
-      EXPECT_EQ(Space.Lists.Files(0).ParentFolder, folder + "\\") << list;
-      EXPECT_EQ(Space.Lists.Folders(0).InitialDrive(), folder.substr(0, 1));
-    }
-    EXPECT_TRUE(Messages.Texts.empty());
-    Space.Lists[list].GoToFolder("D:\\gone");
-    EXPECT_EQ(std::exchange(Messages.Texts, {}).size(), 1U);
-  }
 }
 
 TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {

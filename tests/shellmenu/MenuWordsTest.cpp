@@ -18,7 +18,6 @@ TEST(MenuWordsTest, ComeFromCaptions) {
                            {"paste", "paste! paste"},
                            {"De&lete", "delete! delete"},
                            {"create shortcut\0more"s, "refresh! refresh!"},
-                           {"Light  Green", "unknown! unknown!"},
                            {"Colour Code", "colour code colour code"},
                            {"", "unknown! unknown!"},
                            {"Copy" + std::string(251, ' ') + "x", "copy! copy!"},

@@ -64,8 +64,8 @@ TEST_F(PaneSetTest, MovesTheActiveListOutOfAClosedPane) {
     lister::ListId Current, Active, Closed, NewCurrent, NewActive;
   };
   Panes.ChangePanes(2);
-  for (const Case& each : {Case{0, 0, 0, 1, 1}, Case{101, 101, 1, 0, 0}, Case{102, 1, 1, 102, 102},
-                           Case{1, 102, 1, 0, 0}, Case{1, 2, 0, 1, 2}, Case{100, 101, 0, 1, 1}}) {
+  for (const Case& each : {Case{0, 0, 0, 1, 1}, Case{102, 1, 1, 102, 102}, Case{1, 102, 1, 0, 0},
+                           Case{1, 2, 0, 1, 2}}) {
     Space.CurrentList = each.Current;
     Space.ActiveList = each.Active;
     Panes.ChangePanes(each.Closed);
