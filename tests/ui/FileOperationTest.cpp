@@ -4,14 +4,13 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QProgressBar>
-#include <QPushButton>
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -28,6 +27,7 @@ using namespace std::chrono_literals;
 using platform::ConflictChoice;
 using platform::FileFunction;
 using platform::ItemKind;
+using platform::MissingFolderChoice;
 using platform::NoTrashChoice;
 using platform::OperationRequest;
 using platform::OperationResult;
@@ -58,6 +58,18 @@ class FileOperationTest : public testing::Test {
     return Operation.Run(
         {FileFunction::Copy, std::string("/a/b\0", 5), std::string("/c/\0", 4), flags});
   }
+  // What the engine gets for its question when the user reacts so to the window of that title.
+  template <typename Question>
+  auto Ask(const QString& title, std::function<void(QDialog&)> react, Question question) {
+    std::optional<decltype(question(std::declval<OperationUser&>()))> answer;
+    When(title, std::move(react));
+    Run([&](OperationUser& user) {
+      answer = question(user);
+      return 0;
+    });
+    EXPECT_EQ(Dialog(title), nullptr);
+    return answer.value();
+  }
   // Runs once in the event loop of the operation, as soon as there is such a window.
   void When(const QString& title, std::function<void(QDialog&)> react) {
     auto* const poll = new QTimer(&Main);
@@ -78,16 +90,6 @@ class FileOperationTest : public testing::Test {
       if (dialog != nullptr && each->isVisible() && each->windowTitle().contains(title)) {
         return dialog;
       }
-    }
-    return nullptr;
-  }
-  static void Press(QWidget& widget, int key, const QString& text = {}) {
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(&widget, &press);
-  }
-  static QPushButton* Button(const QDialog& window, const QString& caption) {
-    for (QPushButton* const each : window.findChildren<QPushButton*>()) {
-      if (each->text().remove('&') == caption) return each;
     }
     return nullptr;
   }
@@ -128,91 +130,71 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
       {.Path = "/c/new\xFF\n", .Size = 1000, .Modified = 1'000'000'000}};
   platform::OperationConflict unlike = conflict;
   unlike.Target.Kind = ItemKind::Folder;
-  const auto enter = [](QDialog& window) { Press(*window.focusWidget(), Qt::Key_Return); };
-  const auto escape = [](QDialog& window) { Press(window, Qt::Key_Escape); };
+  const auto enter = [](QDialog& window) { PressKey(*window.focusWidget(), Qt::Key_Return); };
+  const auto escape = [](QDialog& window) { PressKey(window, Qt::Key_Escape); };
   const auto click = [](const char* caption, bool forAll = false) {
     return [caption, forAll](QDialog& window) {
       if (forAll) window.findChild<QCheckBox*>()->setChecked(true);
-      Button(window, caption)->click();
+      ButtonOf(window, caption)->click();
     };
   };
-  std::string answers;
-  const auto ask = [&](const QString& title, std::function<void(QDialog&)> react,
-                       std::function<int(OperationUser&)> question) {
-    When(title, std::move(react));
-    answers += std::to_string(Run(std::move(question)).Code) + ' ';
-    EXPECT_EQ(Dialog(title), nullptr);
+  const auto meet = [&](const platform::OperationConflict& facts, auto react) {
+    return Ask("Name Already Taken", react, [&](auto& user) { return user.OnConflict(facts); });
   };
-  const auto meet = [](const platform::OperationConflict& facts) {
-    return [&facts](OperationUser& user) {
-      const platform::ConflictAnswer answer = user.OnConflict(facts);
-      return static_cast<int>(answer.Choice) + (answer.ForAll ? 10 : 0);
-    };
+  const auto is = [](const auto& answer, auto choice, bool forAll = false) {
+    return answer.Choice == choice && answer.ForAll == forAll;
   };
-  const QString taken = "Name Already Taken";
-  ask(taken, enter, meet(conflict));
-  ask(taken, escape, meet(conflict));
-  ask(taken, click("Replace", true), meet(conflict));
-  ask(taken, click("Keep Both"), meet(conflict));
-  ask(
-      taken,
-      [&](QDialog& window) {
-        EXPECT_EQ(Button(window, "Replace"), nullptr);
-        window.close();
-      },
-      meet(unlike));
+  EXPECT_TRUE(is(meet(conflict, enter), ConflictChoice::Skip));
+  EXPECT_TRUE(is(meet(conflict, escape), ConflictChoice::Cancel));
+  EXPECT_TRUE(is(meet(conflict, click("Replace", true)), ConflictChoice::Replace, true));
+  EXPECT_TRUE(is(meet(conflict, click("Keep Both")), ConflictChoice::KeepBoth));
+  EXPECT_TRUE(is(meet(conflict, click("Replace If Older")), ConflictChoice::ReplaceOlder));
+  const auto close = [&](QDialog& window) {
+    EXPECT_EQ(ButtonOf(window, "Replace"), nullptr);
+    window.close();
+  };
+  EXPECT_TRUE(is(meet(unlike, close), ConflictChoice::Cancel));
+  // Within a folder that was merged none is asked of again, but for another spelling.
   platform::OperationConflict folders = unlike;
   folders.Source.Kind = ItemKind::Folder;
-  ask(taken, click("Merge"), [&](OperationUser& user) {
-    const int first = meet(folders)(user);
-    folders.Target.Path += "/below";
-    return first + meet(folders)(user);
-  });
-  ask(taken, click("Replace If Older"), meet(conflict));
-  EXPECT_EQ(answers, "2 4 10 3 4 0 1 ");
-  // Also within a folder that was merged.
-  folders.Target.Path = "/c";
-  ask(
-      taken,
-      [&](QDialog& window) {
-        click("Merge")(window);
-        When(taken, enter);
-      },
-      [&](OperationUser& user) {
-        user.OnConflict(folders);
-        folders.Target.Path += "/Below";
-        folders.IsOtherSpelling = true;
-        return meet(folders)(user);
-      });
-  EXPECT_EQ(answers.substr(answers.size() - 2), "2 ");
-
-  answers.clear();
-  const auto trouble = [](OperationUser& user) {
-    return static_cast<int>(user.OnTrouble(
-        {platform::OperationStep::Write, "/c/b", {.Code = 28, .Reason = "No space left"}}));
-  };
-  for (const char* caption : {"Retry", "Skip", "Skip All", "Cancel"}) {
-    ask("Problem", click(caption), trouble);
+  for (const bool isOtherSpelling : {false, true}) {
+    const auto merge = [&](QDialog& window) {
+      click("Merge")(window);
+      if (isOtherSpelling) When("Name Already Taken", enter);
+    };
+    const auto below = [&](OperationUser& user) {
+      platform::OperationConflict facts = folders;
+      EXPECT_TRUE(is(user.OnConflict(facts), ConflictChoice::Replace));
+      facts.Target.Path += "/below";
+      facts.IsOtherSpelling = isOtherSpelling;
+      return user.OnConflict(facts);
+    };
+    EXPECT_TRUE(is(Ask("Name Already Taken", merge, below),
+                   isOtherSpelling ? ConflictChoice::Skip : ConflictChoice::Replace));
   }
-  ask("Problem", enter, trouble);
-  const auto noTrash = [](OperationUser& user) {
-    const platform::NoTrashAnswer answer = user.OnNoTrash("/a/b");
-    return static_cast<int>(answer.Choice) + (answer.ForAll ? 10 : 0);
+
+  const auto trouble = [&](auto react) {
+    return Ask("Problem", react, [](auto& user) {
+      return user.OnTrouble(
+          {platform::OperationStep::Write, "/c/b", {.Code = 28, .Reason = "No space left"}});
+    });
   };
-  ask("No Trash", enter, noTrash);
-  ask("No Trash", click("Delete for Good", true), noTrash);
-  const auto loss = [](OperationUser& user) {
-    const platform::LossAnswer answer = user.OnLoss("/a/b");
-    return static_cast<int>(answer.Choice) + (answer.ForAll ? 10 : 0);
-  };
-  ask("Lost", enter, loss);
-  ask("Lost", click("Move Anyway", true), loss);
-  const auto missing = [](OperationUser& user) {
-    return static_cast<int>(user.OnMissingFolder("/c"));
-  };
-  ask("Missing Folder", escape, missing);
-  ask("Missing Folder", enter, missing);
-  EXPECT_EQ(answers, "0 1 2 3 0 1 10 1 10 1 0 ");
+  EXPECT_EQ(trouble(click("Retry")), TroubleChoice::Retry);
+  EXPECT_EQ(trouble(enter), TroubleChoice::Retry);
+  EXPECT_EQ(trouble(click("Skip")), TroubleChoice::Skip);
+  EXPECT_EQ(trouble(click("Skip All")), TroubleChoice::SkipAll);
+  EXPECT_EQ(trouble(click("Cancel")), TroubleChoice::Cancel);
+  const auto noTrash = [](auto& user) { return user.OnNoTrash("/a/b"); };
+  EXPECT_TRUE(is(Ask("No Trash", enter, noTrash), NoTrashChoice::Skip));
+  EXPECT_TRUE(is(Ask("No Trash", click("Delete for Good", true), noTrash),
+                 NoTrashChoice::DeleteForGood, true));
+  const auto loss = [](auto& user) { return user.OnLoss("/a/b"); };
+  EXPECT_TRUE(is(Ask("Lost", enter, loss), platform::LossChoice::Skip));
+  EXPECT_TRUE(
+      is(Ask("Lost", click("Move Anyway", true), loss), platform::LossChoice::MoveAnyway, true));
+  const auto missing = [](auto& user) { return user.OnMissingFolder("/c"); };
+  EXPECT_EQ(Ask("Missing Folder", escape, missing), MissingFolderChoice::Cancel);
+  EXPECT_EQ(Ask("Missing Folder", enter, missing), MissingFolderChoice::Make);
 
   // What there is to say at the end is said also after a cancel.
   const auto remark = [](OperationUser& user) {
@@ -222,15 +204,13 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
     return Spend(user, 5s) ? 5 : 0;
   };
   When("Copying", escape);
-  ask(
-      "Noted",
-      [&](QDialog& window) {
-        const auto* const list = window.findChild<QListWidget*>();
-        EXPECT_EQ(list->item(0)->text(), "/a/0");
-        EXPECT_EQ(list->item(list->count() - 1)->text(), "and 2 items more");
-        enter(window);
-      },
-      remark);
+  const auto readList = [&](QDialog& window) {
+    const auto* const list = window.findChild<QListWidget*>();
+    EXPECT_EQ(list->item(0)->text(), "/a/0");
+    EXPECT_EQ(list->item(list->count() - 1)->text(), "and 2 items more");
+    enter(window);
+  };
+  EXPECT_EQ(Ask("Noted", readList, remark), 5);
   After(20, [&] { Operation.CancelThen([] {}); });
   EXPECT_EQ(Run(remark).Code, 5);
 }
@@ -246,14 +226,14 @@ TEST_F(FileOperationTest, OnlyWorkThatTakesTimeShowsItsProgressAndPausesOrCancel
   int whilePaused = -1;
   When("25% - Copying", [&](QDialog& window) {
     EXPECT_EQ(window.findChild<QProgressBar*>()->value(), 25);
-    Button(window, "Pause")->click();
+    ButtonOf(window, "Pause")->click();
     After(50, [&] { whilePaused = steps; });
     After(150, [&] {
       EXPECT_EQ(steps, whilePaused);
-      Button(window, "Continue")->click();
+      ButtonOf(window, "Continue")->click();
       After(50, [&] {
         EXPECT_GT(steps, whilePaused);
-        Press(window, Qt::Key_Escape);
+        PressKey(window, Qt::Key_Escape);
       });
     });
   });
@@ -271,7 +251,7 @@ TEST_F(FileOperationTest, OnlyWorkThatTakesTimeShowsItsProgressAndPausesOrCancel
 
 TEST_F(FileOperationTest, OtherWindowsTakeNothingAndASecondOperationIsRefused) {
   const auto type = [this] {
-    Press(Edit, Qt::Key_A, "a");
+    PressKey(Edit, Qt::Key_A, {}, "a");
     QMimeData files;
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&Edit, &drop);
@@ -290,15 +270,12 @@ TEST_F(FileOperationTest, OtherWindowsTakeNothingAndASecondOperationIsRefused) {
             0);
   EXPECT_EQ(calls, 1);
   EXPECT_EQ(Edit.text(), "");
-  Press(Edit, Qt::Key_A, "a");
+  PressKey(Edit, Qt::Key_A, {}, "a");
   EXPECT_EQ(Edit.text(), "a");
 }
 
 TEST_F(FileOperationTest, ClosingTheProgramCancelsAndWaits) {
   const auto untilCancelled = [](OperationUser& user) { return Spend(user, 10s) ? 5 : 0; };
-  const auto settle = [] {
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-  };
   // The window closes after the operation, whatever it was about to ask.
   After(20, [&] {
     EXPECT_FALSE(Main.close());
@@ -306,15 +283,16 @@ TEST_F(FileOperationTest, ClosingTheProgramCancelsAndWaits) {
   });
   EXPECT_EQ(Run(untilCancelled).Code, 5);
   EXPECT_TRUE(Main.isVisible());
-  settle();
+  Settle();
   EXPECT_FALSE(Main.isVisible());
   Main.show();
   When("Missing", [&](QDialog&) { Main.close(); });
   EXPECT_EQ(Run([&](OperationUser& user) {
-              return static_cast<int>(user.OnMissingFolder("/c")) * 10 + untilCancelled(user);
+              EXPECT_EQ(user.OnMissingFolder("/c"), MissingFolderChoice::Cancel);
+              return untilCancelled(user);
             }).Code,
-            15);
-  settle();
+            5);
+  Settle();
   Main.show();
 
   // What is to come after it, even if asked for in the middle of it.
@@ -328,7 +306,7 @@ TEST_F(FileOperationTest, ClosingTheProgramCancelsAndWaits) {
               return code;
             }).Code,
             5);
-  settle();
+  Settle();
   EXPECT_TRUE(then);
 
   // Without a window and its events.

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QTreeView>
 #include <string>
 #include <vector>
@@ -62,8 +61,7 @@ class ListerWidgetTest : public testing::Test {
     }
     void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const char* text = "",
                bool repeated = false) {
-      QKeyEvent event(QEvent::KeyPress, key, modifiers, text, repeated);
-      QApplication::sendEvent(Tree, &event);
+      PressKey(*Tree, key, modifiers, text, repeated);
     }
     void Show(std::string folder) {
       Window.resize(400, 300);
@@ -79,10 +77,7 @@ class ListerWidgetTest : public testing::Test {
     }
     QPoint At(const std::string& path, int x) const { return {x, Gap(path).y()}; }
     void Mouse(QEvent::Type type, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
-      const bool moves = type == QEvent::MouseMove, ends = type == QEvent::MouseButtonRelease;
-      QMouseEvent event(type, place, Tree->viewport()->mapToGlobal(place),
-                        moves ? Qt::NoButton : button, ends ? Qt::NoButton : button, {});
-      QApplication::sendEvent(Tree->viewport(), &event);
+      SendMouse(*Tree->viewport(), type, place, button);
       Settle();
     }
     void Click(QPoint place) {
@@ -105,10 +100,6 @@ class ListerWidgetTest : public testing::Test {
     QTreeView* Tree;
     QHeaderView* Header;
   };
-
-  static void Settle() {
-    for (int i = 0; i < 5; ++i) QApplication::processEvents();
-  }
 
   fakes::FakePlatform Platform{base::PathSyntax::Posix()};
   lister::ListServices Services = Platform.Services();

@@ -11,7 +11,6 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QToolButton>
-#include <QWheelEvent>
 #include <algorithm>
 
 #include "ui/ListerFixture.h"
@@ -82,9 +81,8 @@ TEST_F(ListerWidgetTest, MouseSelectsByGapAndFrame) {
   list.Mouse(QEvent::MouseButtonRelease, end);
 
   // The row goes before its turn comes; a menu takes the release; both leave the mouse working.
-  QMouseEvent press(QEvent::MouseButtonPress, list.At("/d/one.txt", 40), QPointF(), Qt::RightButton,
-                    Qt::RightButton, Qt::NoModifier);
-  QApplication::sendEvent(list.Tree->viewport(), &press);
+  SendMouse(*list.Tree->viewport(), QEvent::MouseButtonPress, list.At("/d/one.txt", 40),
+            Qt::RightButton);
   Platform.Files.Remove("/d/one.txt");
   list.Control.RefreshList();
   Settle();
@@ -127,11 +125,7 @@ TEST_F(ListerWidgetTest, KeysAndWheelKeepTheirOrderAndPileNothingUp) {
   EXPECT_EQ(list.Control.Input().SelectedRanges().at(0).First, 21);
   EXPECT_EQ(window.Keys, std::vector<int>({Qt::Key_F7, Qt::Key_K}));  // nothing else
 
-  for (const int angle : {-50, -50, -50, 40, 60, 60, 240}) {
-    QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(list.Tree->viewport(), &wheel);
-  }
+  for (const int angle : {-50, -50, -50, 40, 60, 60, 240}) TurnWheel(*list.Tree->viewport(), angle);
   Settle();
   const std::string up = "WheelTurned 120";
   EXPECT_EQ(Events.Take("Wheel"), (Texts{"WheelTurned -120", up, up, up}));
@@ -162,30 +156,22 @@ TEST_F(ListerWidgetTest, ToolbarOffersExtensionsAndGivesWay) {
   // Bookmarks by mouse: those that are empty cannot be chosen.
   auto* const bookmarks = list.Widget.findChildren<QToolButton*>().last();
   EXPECT_EQ(bookmarks->accessibleName(), "Bookmarks of pane 1");
-  for (const char* folder : {"(empty)", "/gone & away", "/f"}) {
+  const auto choose = [&](const char* folder, const char* caption) {
     Events.Bookmark = folder;
-    Events.Take();
     bookmarks->click();
     auto* const menu = list.Widget.findChild<QMenu*>();
-    ASSERT_EQ(menu->actions().size(), 10);
     QAction* const last = menu->actions().last();
-    EXPECT_EQ(last->isEnabled(), folder[0] == '/');
-    if (folder[1] == 'g') {
-      EXPECT_EQ(last->text(), "1&0  /gone && away\tCtrl+0");
-    }
+    EXPECT_EQ(last->text(), caption);
     Events.Take();
     last->trigger();
     menu->close();
     Settle();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    const Texts told = Events.Take();
-    ASSERT_EQ(told.size(), folder[0] == '/' ? 2U : 0U);
-    if (folder[0] == '/') {
-      EXPECT_EQ(told[1], folder[1] == 'f' ? "OpenChildFolder /f in /"
-                                          : "StatusMessage Cannot open /gone & away: it is no "
-                                            "longer there");
-    }
-  }
+    return Events.Take();
+  };
+  EXPECT_EQ(choose("(empty)", "1&0  (empty)\tCtrl+0"), Texts{});
+  EXPECT_EQ(choose("/gone & away", "1&0  /gone && away\tCtrl+0").back(),
+            "StatusMessage Cannot open /gone & away: it is no longer there");
+  EXPECT_EQ(choose("/f", "1&0  /f\tCtrl+0").back(), "OpenChildFolder /f in /");
 
   const auto buttons =
       list.Widget.findChildren<QToolButton*>(QString(), Qt::FindChildrenRecursively);
@@ -254,8 +240,14 @@ TEST_F(ListerWidgetTest, RefreshKeepsScrollSelectionAndCursor) {
   EXPECT_EQ(list.PathAt(list.Tree->indexAt(QPoint(1, 1))), "/many/0");
 }
 
-TEST_F(ListerWidgetTest, ReadsAgainWhatChangedWhileItWasRead) {
+TEST_F(ListerWidgetTest, TakesOverWhatChangesWhileItReadsHidesAndIdles) {
   List list(*this, 100);
+  const auto comes = [&](const char* path) {
+    const QDeadlineTimer limit(10000);
+    while (list.Row(path) == lister::NoRow && !limit.hasExpired()) Settle();
+    return !limit.hasExpired();
+  };
+  list.Show("/f");
   Platform.Clock.TickStep = 60;
   Platform.Pump.Post([&] {
     Platform.Files.AddFile("/d/late.txt");
@@ -264,15 +256,7 @@ TEST_F(ListerWidgetTest, ReadsAgainWhatChangedWhileItWasRead) {
   std::string folder = "/d";
   list.Control.LoadFolderContents(folder, true);
   Platform.Clock.TickStep = 0;
-  EXPECT_EQ(list.Row("/d/late.txt"), lister::NoRow);
-  const QDeadlineTimer limit(10000);
-  while (list.Row("/d/late.txt") == lister::NoRow && !limit.hasExpired()) Settle();
-  EXPECT_FALSE(limit.hasExpired());
-}
-
-TEST_F(ListerWidgetTest, LooksAtTheDiskWhenItComesOnShowAndWhileItIdles) {
-  List list(*this, 100);
-  list.Show("/d");
+  EXPECT_TRUE(comes("/d/late.txt"));
   list.Control.WatchStop();
   list.Widget.hide();
   Platform.Files.AddFile("/d/hidden");
@@ -280,9 +264,7 @@ TEST_F(ListerWidgetTest, LooksAtTheDiskWhenItComesOnShowAndWhileItIdles) {
   Settle();
   EXPECT_NE(list.Row("/d/hidden"), lister::NoRow);
   Platform.Files.AddFile("/d/idle");
-  const QDeadlineTimer limit(10000);
-  while (list.Row("/d/idle") == lister::NoRow && !limit.hasExpired()) Settle();
-  EXPECT_FALSE(limit.hasExpired());
+  EXPECT_TRUE(comes("/d/idle"));
 }
 
 TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
@@ -388,9 +370,7 @@ TEST_F(ListerWidgetTest, DrivesAndStatus) {
   EXPECT_EQ(drives->currentText() + drives->toolTip(), "Disk/media/disk");
 
   // The wheel over the closed list is not for it.
-  QWheelEvent wheel({5, 5}, drives->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
-                    Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(drives, &wheel);
+  TurnWheel(*drives, 120);
   Settle();
   EXPECT_TRUE(Events.Take("Drive").empty());
 

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QPushButton>
 #include <functional>
 #include <memory>
 #include <string>
@@ -47,16 +45,7 @@ class MessageBoxTest : public testing::Test {
   }
 
   static void Press(QDialog& box, int key) {
-    QWidget* focus = box.focusWidget() != nullptr ? box.focusWidget() : &box;
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-    QApplication::sendEvent(focus, &press);
-  }
-
-  static QPushButton* Button(QDialog& box, const QString& caption) {
-    for (QPushButton* button : box.findChildren<QPushButton*>()) {
-      if (button->text() == caption && button->isVisible()) return button;
-    }
-    return nullptr;
+    PressKey(box.focusWidget() != nullptr ? *box.focusWidget() : box, key);
   }
 
   IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
@@ -76,11 +65,11 @@ TEST_F(MessageBoxTest, LiesOverTheMiddleOfItsWindow) {
 TEST_F(MessageBoxTest, EachWayOfClosingGivesItsWord) {
   const auto enter = [](QDialog& box) { Press(box, Qt::Key_Return); };
   const auto escape = [](QDialog& box) { Press(box, Qt::Key_Escape); };
-  const auto yes = [](QDialog& box) { Button(box, "Yes")->click(); };
+  const auto yes = [](QDialog& box) { ButtonOf(box, "Yes")->click(); };
   const auto choose = [](QDialog& box) {
-    EXPECT_EQ(Button(box, "Cancel"), nullptr);
-    EXPECT_LT(Button(box, "Yes")->x(), Button(box, "No")->x());
-    Button(box, "Yes")->setFocus();
+    EXPECT_EQ(ButtonOf(box, "Cancel"), nullptr);
+    EXPECT_LT(ButtonOf(box, "Yes")->x(), ButtonOf(box, "No")->x());
+    ButtonOf(box, "Yes")->setFocus();
     Press(box, Qt::Key_Return);
   };
   const auto endProgram = [this](QDialog&) {
@@ -104,7 +93,7 @@ TEST_F(MessageBoxTest, LongTextStaysOnTheScreenAndNamesAreShownPlainly) {
       MessageKind::Ok,
       [](QDialog& box) {
         EXPECT_LT(box.height(), box.screen()->availableGeometry().height());
-        EXPECT_TRUE(Button(box, "OK")->isVisible());
+        EXPECT_TRUE(ButtonOf(box, "OK")->isVisible());
         Press(box, Qt::Key_Return);
       },
       text);

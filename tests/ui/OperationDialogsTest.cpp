@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QPushButton>
 
 #include "TestApplication.h"
 #include "fakes/FakeForms.h"
@@ -10,11 +8,6 @@
 
 namespace tarnwell::ui {
 namespace {
-
-void Type(QWidget& box, int key, const QString& text) {
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-  QApplication::sendEvent(&box, &press);
-}
 
 TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
   TestApplication();
@@ -30,11 +23,11 @@ TEST(OperationDialogsTest, RenameKeepsWhatIsNotEditedByteForByte) {
   EXPECT_EQ(boxes[0]->text(), ToShownQString(name));
   QLineEdit& edit = *boxes[1];
   edit.setCursorPosition(5);
-  Type(edit, Qt::Key_Backspace, "\b");  // the stray byte
+  PressKey(edit, Qt::Key_Backspace, {}, "\b");  // the stray byte
   EXPECT_EQ(form.txtDest.Text, "\uFEFFa\x01\n\u202E\u2401\uFFFD.txt");
   edit.undo();
   edit.end(false);
-  Type(edit, Qt::Key_B, "b");
+  PressKey(edit, Qt::Key_B, {}, "b");
   EXPECT_EQ(form.txtDest.Text, name + "b");
   edit.setText("as assistive technology does");
   EXPECT_EQ(form.txtDest.Text, "as assistive technology does");
@@ -52,10 +45,8 @@ TEST(OperationDialogsTest, EnterPressesTheButtonThatTheFormSays) {
   const auto window = WindowOf(form);
   window->Sync();
   window->Show(nullptr);
-  const QWidget* const focus = window->Widget().focusWidget();
-  const auto* const button = dynamic_cast<const QPushButton*>(focus);
-  ASSERT_NE(button, nullptr);
-  EXPECT_TRUE(button->isDefault() && button->text() == "Ca&ncel");
+  const QPushButton* const button = ButtonOf(window->Widget(), "Cancel");
+  EXPECT_TRUE(button->isDefault() && button->hasFocus());
   window->Close();
 }
 

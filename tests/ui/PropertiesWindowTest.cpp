@@ -3,9 +3,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QScreen>
 #include <algorithm>
 #include <atomic>
@@ -127,9 +125,6 @@ class PropertiesWindowTest : public testing::Test {
   static QCheckBox& Box(const PropertiesWindow& window, const QString& name) {
     return Named<QCheckBox>(window, name);
   }
-  static QPushButton& Button(const PropertiesWindow& window, const QString& name) {
-    return Named<QPushButton>(window, name);
-  }
   static std::string Fact(const PropertiesWindow& window, const QString& caption) {
     for (const QLabel* const each : window.findChildren<QLabel*>()) {
       if (each->accessibleName().startsWith(caption + ": ")) return each->text().toStdString();
@@ -150,7 +145,7 @@ TEST_F(PropertiesWindowTest, StaysOnTheScreenWithLargeLetters) {
   const LargeFont large(40);
   PropertiesWindow& window = Show({"/a/sub"});
   Until([&] { return window.height() <= window.screen()->availableGeometry().height(); });
-  EXPECT_TRUE(window.rect().contains(Button(window, "OK").geometry()));
+  EXPECT_TRUE(window.rect().contains(ButtonOf(window, "OK")->geometry()));
   window.close();
   Until([] { return Open().empty(); });
 }
@@ -160,18 +155,18 @@ TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
   EXPECT_EQ(one.windowTitle(), "Properties of file");
   EXPECT_TRUE(Box(one, "Owner: Write").isChecked() && !Box(one, "Others: Read").isChecked());
   EXPECT_TRUE(Box(one, "Apply to items inside").isHidden());
-  EXPECT_FALSE(Button(one, "Apply").isEnabled());
+  EXPECT_FALSE(ButtonOf(one, "Apply")->isEnabled());
   Box(one, "Group: Write").click();
-  EXPECT_TRUE(Button(one, "Apply").isEnabled());
+  EXPECT_TRUE(ButtonOf(one, "Apply")->isEnabled());
   Box(one, "Group: Write").click();
-  EXPECT_FALSE(Button(one, "Apply").isEnabled());
+  EXPECT_FALSE(ButtonOf(one, "Apply")->isEnabled());
   Box(one, "Others: Read").click();
-  Button(one, "Apply").click();
+  ButtonOf(one, "Apply")->click();
   Until([&] { return Box(one, "Owner: Read").isEnabled(); });
-  EXPECT_FALSE(Button(one, "Apply").isEnabled());
+  EXPECT_FALSE(ButtonOf(one, "Apply")->isEnabled());
   EXPECT_TRUE(Box(one, "Others: Read").isChecked());
   EXPECT_EQ(Inspector.Asked, "/a/file +4-20 ");
-  Button(one, "OK").click();  // nothing is left to do
+  ButtonOf(one, "OK")->click();  // nothing is left to do
   Until([] { return Open().empty(); });
 
   Put("/a/link", 0777).WhyFixed = "A link";
@@ -187,7 +182,7 @@ TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
   Box(many, "Others: Read").click();  // back to how it was: it differs
   Box(many, "Apply to items inside").click();
   Inspector.Refused = "/a/other";
-  Button(many, "OK").click();
+  ButtonOf(many, "OK")->click();
   Until([&] { return Box(many, "Owner: Read").isEnabled(); });
   EXPECT_EQ(Inspector.Asked, "/a/file +0-40* /a/other +0-40* /a/gone +0-40* /a/sub +0-40* ");
   ASSERT_EQ(Open().size(), 1U);
@@ -196,8 +191,7 @@ TEST_F(PropertiesWindowTest, AppliesOnlyWhatWasTouched) {
     told = told || text->toPlainText() == "/a/other: Not permitted";
   }
   EXPECT_TRUE(told);
-  QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-  QApplication::sendEvent(&many, &escape);
+  PressKey(many, Qt::Key_Escape);
   EXPECT_TRUE(Open().empty());
 
   Put("/a/a[*]", 0644).WhyFixed = "Only tom";

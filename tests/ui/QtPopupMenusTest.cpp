@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QKeyEvent>
 #include <QMenuBar>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
 
@@ -17,20 +15,7 @@ namespace {
 using platform::ContextEntry;
 
 void Press(QWidget* popup, Qt::Key key) {
-  const auto letter = key < 128 ? QString(QChar(key)).toLower() : QString();
-  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, letter);
-  QCoreApplication::sendEvent(popup, &press);
-}
-
-void RightClick(QMenu& menu, const QPoint& place) {
-  for (const auto type :
-       {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-    const bool down = type == QEvent::MouseButtonPress;
-    QMouseEvent event(type, place, menu.mapToGlobal(place),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::RightButton,
-                      down ? Qt::RightButton : Qt::NoButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&menu, &event);
-  }
+  PressKey(*popup, key, {}, key < 128 ? QString(QChar(key)).toLower() : QString());
 }
 
 ContextEntry Entry(int id, const std::string& caption) {
@@ -109,9 +94,14 @@ TEST_F(QtPopupMenusTest, ShowsEntriesAndGivesTheNumberOfTheChosenOne) {
               menu.close();
             }),
             0);
-  EXPECT_EQ(
-      Track([](QMenu& menu) { RightClick(menu, menu.actionGeometry(menu.actions()[4]).center()); }),
-      2);
+  EXPECT_EQ(Track([](QMenu& menu) {
+              const QPoint place = menu.actionGeometry(menu.actions()[4]).center();
+              for (const auto type :
+                   {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                SendMouse(menu, type, place, Qt::RightButton, type != QEvent::MouseMove);
+              }
+            }),
+            2);
   EXPECT_EQ(Track([](QMenu& menu) { Press(&menu, Qt::Key_Escape); }), 0);
 }
 
