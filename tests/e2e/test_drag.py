@@ -129,8 +129,8 @@ class DragTest(EndToEndTest):
         self.wait_path(program, self.home / "from")
         places = (one, middle(program.folders().row("box")), box, empty_space(files))
         for number, place in enumerate(places):
-            # Elsewhere each time, so that it is no double click.
-            self.pull(program, middle(files.row("box"), 40 + 10 * number), place)
+            # Elsewhere on the name each time, so that it is no double click.
+            self.pull(program, middle(files.row("box"), 36 + 6 * number), place)
             self.drop(place, "shift")
             mouse("keyup", "shift")
         self.assertEqual(sorted(self.home.rglob("*")), before)
