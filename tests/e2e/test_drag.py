@@ -130,7 +130,7 @@ class DragTest(EndToEndTest):
         places = (one, middle(program.folders().row("box")), box, empty_space(files))
         for number, place in enumerate(places):
             # Elsewhere on the name each time, so that it is no double click.
-            self.pull(program, middle(files.row("box"), 36 + 6 * number), place)
+            self.pull(program, middle(files.row("box"), 39 + 6 * number), place)
             self.drop(place, "shift")
             mouse("keyup", "shift")
         self.assertEqual(sorted(self.home.rglob("*")), before)

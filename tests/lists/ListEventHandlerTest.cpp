@@ -44,6 +44,9 @@ TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Lists[101].Input().Focused();
   EXPECT_EQ(Lists(), (Ids{101, 101, 101}));
   EXPECT_TRUE(Space.Lists[101].Shown().IsActive);
+  EXPECT_TRUE(Space.Form.Toolbar1["headascadd"].Enabled);
+  EXPECT_TRUE(Space.Form.Menus["mnuHeadingSize"].Checked);
+  EXPECT_EQ(Space.Form.txtCurrentPath.Text, "C:\\Data\\Sub\\");
   Space.Form.cboCommand.Text = "dir";
   Space.Lists[101].Input().Focused();  // nothing new, and so nothing is drawn
   EXPECT_EQ(Space.Form.cboCommand.Text, "dir");
@@ -56,6 +59,10 @@ TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Lists[100].Rows().MoveCurrent(Row(100, "Deep"));
   EXPECT_EQ(Lists(), (Ids{100, 100, 101}));
   EXPECT_TRUE(Space.Lists[100].Shown().IsActive && !Space.Lists[101].Shown().IsActive);
+  EXPECT_EQ(Space.Form.cboCommand.Text, "");
+  Space.Lists[0].Input().Focused();
+  EXPECT_FALSE(Space.Form.Toolbar1["headascadd"].Enabled);
+  EXPECT_FALSE(Space.Form.Menus["mnuHeadingSize"].Checked);
 
   // Escape stops the active list, with a folder list also its file list.
   for (const Ids& stopped : {Ids{1, 101}, Ids{101}, Ids{0, 100}, Ids{}}) {

@@ -151,6 +151,7 @@ TEST(ArrangePanesTest, LaysColumnsFromEdgeToEdge) {
   EXPECT_EQ(middle.TitlePicture.Left, middle.Title.Right() - 15);
   EXPECT_EQ(middle.ClosePicture.Left + 315, middle.Folders.List.Right());
   EXPECT_EQ(middle.Files.PlaceHolder.Width, 3720 - 210);
+  EXPECT_EQ(middle.Files.NoRoom.Left, middle.Files.List.Left + 155);
   EXPECT_EQ((std::vector{horz.Width, vert.Top, vert.Height}),
             (std::vector<Twips>{15120, 690, 9970}));
 

@@ -4,7 +4,6 @@
 #include "TestWorkspace.h"
 #include "workspace/EnhancedMode.h"
 #include "workspace/FormLayout.h"
-#include "workspace/Highlight.h"
 
 namespace tarnwell::workspace {
 namespace {
@@ -111,23 +110,6 @@ TEST_F(FormLayoutTest, GivesTheActivePaneTheMostOfTheRoom) {
   EXPECT_EQ(Space.Form.Menus["mnuOrientation"].Image,
             Space.Form.ImageList1.Index("layouthorizontal"));
   EXPECT_GT(Space.Form.TitleBar[1].Top, 1000);
-}
-
-TEST_F(FormLayoutTest, HighlightsTheCurrentListWhenAskedToDraw) {
-  Space.Form.TitleBar[1].Text = "C:\\Data\\";
-  Space.Form.cboCommand.Text = "dir";
-  Space.CurrentList = 101;
-  HighlightActiveList(Space, false);
-  EXPECT_EQ(Space.Form.cboCommand.Text, "dir");
-  for (const lister::ListId list : Ids{101, 0}) {
-    Space.CurrentList = list;
-    HighlightActiveList(Space, true);
-    EXPECT_EQ(Space.Form.cboCommand.Text + Space.Form.txtCurrentPath.Text,
-              list == 101 ? "C:\\Data\\" : "");
-    EXPECT_EQ(Space.Form.Toolbar1["headascadd"].Enabled, list == 101);
-    EXPECT_EQ(Space.Form.Menus["mnuHeadingSize"].Checked, list == 101);
-    EXPECT_EQ(Space.Lists[101].Shown().IsActive, list == 101);
-  }
 }
 
 TEST_F(FormLayoutTest, ButtonOrEntryTurnsTheEnhancedModeOfOpenPanes) {
