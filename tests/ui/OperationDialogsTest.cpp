@@ -46,6 +46,7 @@ TEST(OperationDialogsTest, EnterPressesTheButtonThatTheFormSays) {
   window->Sync();
   window->Show(nullptr);
   const QPushButton* const button = ButtonOf(window->Widget(), "Cancel");
+  ASSERT_NE(button, nullptr);
   EXPECT_TRUE(button->isDefault() && button == window->Widget().focusWidget());
   window->Close();
 }
