@@ -73,7 +73,7 @@ class FileOperationTest : public testing::Test {
   // Runs once in the event loop of the operation, as soon as there is such a window.
   void When(const QString& title, std::function<void(QDialog&)> react) {
     auto* const poll = new QTimer(&Main);
-    QObject::connect(poll, &QTimer::timeout, &Main, [=, this] {
+    QObject::connect(poll, &QTimer::timeout, &Main, [=] {
       if (QDialog* const found = Dialog(title)) {
         poll->deleteLater();
         react(*found);
