@@ -22,6 +22,8 @@ enum class ItemKind : std::uint8_t {
   Unknown,  // the folder does not tell; ReadAttributes does
 };
 
+struct ItemAttributes;
+
 // What reading a folder gives for each item, at the cost of the reading alone.
 struct FolderEntry {
   std::string_view Name;  // bytes; never "." or ".."; valid during the call
@@ -29,6 +31,9 @@ struct FolderEntry {
   bool IsLink = false;  // a symbolic link; Kind is then Unknown until it is followed
   bool IsHidden = false;
   bool IsSystem = false;
+  // Where the system tells them with the name; the item is then not looked at again. Valid during
+  // the call.
+  const ItemAttributes* Attributes = nullptr;
 };
 
 // A time that is not known, or that the file system lacks; before all others.

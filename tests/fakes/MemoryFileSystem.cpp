@@ -132,12 +132,19 @@ class MemoryFileSystem::Folder : public platform::OpenedFolder {
     for (const auto& item : items) {
       if (left-- == 0) const_cast<MemoryFileSystem&>(files_).Remove(path_);
       if (folder_.expired()) break;
-      if (!take({item->Name, item->Kind, item->IsLink, item->IsHidden, item->IsSystem})) return {};
+      platform::ItemAttributes attributes;
+      const bool told = files_.ListsAttributes && !item->IsLink &&
+                        static_cast<bool>(files_.AttributesOf(item.get(), attributes));
+      if (!take({item->Name, item->Kind, item->IsLink, item->IsHidden, item->IsSystem,
+                 told ? &attributes : nullptr})) {
+        return {};
+      }
     }
     return folder_.expired() ? NotFound() : base::Status();
   }
   base::Status ReadAttributes(std::string_view name,
                               platform::ItemAttributes& attributes) const override {
+    ++files_.Looks;
     return files_.AttributesOf(Item(name).get(), attributes);
   }
   base::Status ReadExtendedAttribute(std::string_view name, platform::ExtendedAttribute note,

@@ -57,6 +57,8 @@ class MemoryFileSystem : public platform::FileSystem {
   void Remove(const std::string& path);
 
   base::Status WriteFault;              // WriteFile, MakeFolder and RemoveFile fail with it
+  bool ListsAttributes = false;         // what a folder holds comes with attributes, links apart
+  mutable int Looks = 0;                // at attributes of items in open folders
   std::string Fatal;                    // OpenFolder and WriteFile throw where they meet this path
   base::Status ExtendedAttributeFault;  // WriteExtendedAttribute fails with it, for any item
   platform::Space Space;

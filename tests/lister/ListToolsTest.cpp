@@ -1,3 +1,4 @@
+#include <cstring>
 #include <random>
 
 #include "ListFixture.h"
@@ -38,6 +39,24 @@ class ListTools : public ListFixture {
     return content;
   }
 };
+
+TEST_F(ListTools, AttributesThatComeWithTheNamesAreTakenForWhatTheyAre) {
+  Platform.Files.ListsAttributes = true;
+  Load();
+  List.CalculateFolderSizes();
+  Load("C:\\other");
+  Platform.Files.At("C:\\box\\one").Modified = 1;
+  Platform.Files.Looks = 0;
+  for (const char* content : {"longer", "longest"}) {
+    Platform.Files.At("C:\\box\\file").Content = content;
+    Load();
+    EXPECT_EQ(Sizes(), "two 5 file " + std::to_string(std::strlen(content)) + " ");
+  }
+  EXPECT_EQ(Platform.Files.Looks, 2);  // at the link, each time
+  Platform.Files.At("C:\\box\\two").Modified++;
+  List.RefreshList();
+  EXPECT_EQ(Sizes(), "file 7 ");
+}
 
 TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   Load();

@@ -250,9 +250,23 @@ FileRows::GoOn FileReader::SortPace(ReadJob& job) {
   };
 }
 
+// Of folders whose attributes came with their names; the others get theirs as they are looked at.
+void FileReader::ShowKnownSizes() {
+  if (files_.Sizes.IsEmpty()) return;
+  for (const RowId row : files_.Rows.All()) {
+    const FileRow before = files_.Rows.Row(row);
+    if (!before.WasTried) continue;
+    files_.ShowKnownSize(row);
+    const int position = files_.Rows.PositionOf(row);
+    if (position < 0 || files_.Rows.Row(row).LooksLike(before)) continue;
+    files_.View().CellsChanged(RootRow, position, position);
+  }
+}
+
 void FileReader::ReadDetails(ReadJob& job) {
   const std::vector<SortKey>& keys = files_.List.Keys.Entries();
   job.MaySort = true;
+  ShowKnownSizes();
   details_.ReadAttributes(job);
   if (job.IsSuperseded()) return;
   // Once, at the end: rows that jump about while they come cannot be read or clicked.

@@ -56,6 +56,7 @@ class FileReader {
   bool SortFresh(ReadJob& job, FileRows& fresh);
   FileRows::GoOn SortPace(ReadJob& job);
   void MindUnfollowed(const std::string& folder);
+  void ShowKnownSizes();
   void ReadDetails(ReadJob& job);
   void ClearFor(const std::string& folder);
   void ShowNames(FileRows&& fresh, std::vector<RowId> partners);

@@ -67,7 +67,9 @@ RowId FileRows::Store(const platform::FolderEntry& entry) {
   row.IsLink = entry.IsLink;
   row.IsHidden = entry.IsHidden;
   row.IsSystem = entry.IsSystem;
-  return StoreRow(row);
+  const RowId number = StoreRow(row);
+  if (entry.Attributes != nullptr) SetAttributes(number, *entry.Attributes);
+  return number;
 }
 
 RowId FileRows::StoreRow(const FileRow& row) {
@@ -386,10 +388,11 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
     if (const std::string_view comment = known.Comment(partners[at]); !comment.empty()) {
       comments_[static_cast<RowId>(at + 1)] = comment;
     }
+    if (row.HasAttributes && (!row.IsFolder() || row.Modified != old.Modified)) continue;
     row.HasFolderSize = old.HasFolderSize;
     row.IsSizePartial = old.IsSizePartial;
     row.Size = old.Size;
-    if (!old.HasAttributes) continue;
+    if (!old.HasAttributes || row.HasAttributes) continue;
     row.Kind = old.Kind;
     row.Mode = old.Mode;
     row.Modified = old.Modified;
