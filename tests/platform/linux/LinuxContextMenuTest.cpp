@@ -39,11 +39,7 @@ class LinuxContextMenuTest : public testing::Test {
   static constexpr int First = 10, Last = 32767;
 
   LinuxContextMenuTest() {
-    Put(Place / "a.txt", "text");
-    Put(Place / "b.txt", "text");
-    Put(Place / "p.png", "no picture");
-    std::filesystem::create_directory(Place / "dir");
-    std::filesystem::create_directory_symlink("dir", Place / "way");
+    Place.Make({"a.txt=text", "b.txt=text", "p.png=no picture", "dir/", "way->dir"});
     Operation.OnRun = ForReal;
   }
   static int ForReal(const OperationRequest& request) {
@@ -274,17 +270,14 @@ TEST_F(LinuxContextMenuTest, LinksTrashesAndShows) {
   EXPECT_EQ(Get(Place / ("Link to " + longName.substr(0, 243) + " (3)")), "long");
   EXPECT_EQ(Took(), "");
   chmod(Place.Path().c_str(), 0555);
-  EXPECT_EQ(InChild([this] {
-              BecomeNobody();
-              Choose({"a.txt", "dir", "gone"}, "Create &Shortcut");
-              return Took() ==
-                             "3 items could not be given a shortcut:\n\n"
-                             "\"a.txt\": Permission denied\n\"dir\": Permission denied\n"
-                             "\"gone\": No such file or directory|"
-                         ? 0
-                         : 1;
-            }),
-            0);
+  InChild([this] {
+    BecomeNobody();
+    Choose({"a.txt", "dir", "gone"}, "Create &Shortcut");
+    EXPECT_EQ(Took(),
+              "3 items could not be given a shortcut:\n\n"
+              "\"a.txt\": Permission denied\n\"dir\": Permission denied\n"
+              "\"gone\": No such file or directory|");
+  });
   chmod(Place.Path().c_str(), 0777);
 
   Operation.OnRun = nullptr;

@@ -23,11 +23,8 @@ namespace {
 class Installed : public testing::Test {
  protected:
   Installed() {
-    std::filesystem::create_directories(root_ / "bin");
-    std::filesystem::create_directories(root_ / "share/tarnwell/skins");
-    Put(root_ / "share/tarnwell/skins/a.twk", "a");
-    Put(root_ / "share/tarnwell/skins/b.twk", "b");
-    Put(root_ / "share/tarnwell/TIPOFDAY.TXT", "tips");
+    root_.Make({"bin/", "share/tarnwell/skins/a.twk=a", "share/tarnwell/skins/b.twk=b",
+                "share/tarnwell/TIPOFDAY.TXT=tips"});
     places_.ExecutableFolder = root_ / "bin";
     places_.HomeFolder = root_ / "home";
   }
@@ -56,16 +53,12 @@ TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
 
 TEST_F(Installed, FinishesAFirstStartCutShort) {
   const std::string folder = root_ / "own";
-  std::filesystem::create_directories(folder + "/.skins-unfinished");
-  Put(folder + "/.skins-unfinished/a.twk", "a");
-  Put(folder + "/TIPOFDAY.TXT", "mine");
-  ASSERT_EQ(InChild([&] {  // as one that was killed while it saved
-              TemporaryName name;
-              if (name.Renew() != NoError) return 1;
-              Put(folder + "/" + name.Text(), "half");
-              return 0;
-            }),
-            0);
+  root_.Make({"own/.skins-unfinished/a.twk=a", "own/TIPOFDAY.TXT=mine"});
+  InChild([&] {  // as one that was killed while it saved
+    TemporaryName name;
+    ASSERT_EQ(name.Renew(), NoError);
+    Put(folder + "/" + name.Text(), "half");
+  });
   places_.TarnwellHome = folder + "/";
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
   EXPECT_EQ(Get(folder + "/skins/b.twk") + Get(folder + "/TIPOFDAY.TXT"), "bmine");
@@ -83,17 +76,16 @@ TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
 
   places_.TarnwellHome.clear();
   std::filesystem::permissions(root_ / "bin", std::filesystem::perms(0555));
-  const int result = InChild([&] {
+  InChild([&] {
     BecomeNobody();
     // The home cannot be made either: the path stands all the same.
     places_.HomeFolder = "/proc/missing";
     const LinuxSystemInfo info(places_);
-    if (info.ProgramFolder() != "/proc/missing/.local/share/tarnwell") return 1;
+    EXPECT_EQ(info.ProgramFolder(), "/proc/missing/.local/share/tarnwell");
     // The reason is that of the step that failed, and the skins are those that came with it.
-    if (info.FolderTrouble().Code != ENOENT) return 2;
-    return info.SkinFolder() == root_ / "share/tarnwell/skins" ? 0 : 3;
+    EXPECT_EQ(info.FolderTrouble().Code, ENOENT);
+    EXPECT_EQ(info.SkinFolder(), root_ / "share/tarnwell/skins");
   });
-  EXPECT_EQ(result, 0);
 }
 
 Mount Disk(const std::string& path, const std::string& source = "/dev/sdb1",

@@ -29,24 +29,31 @@
 namespace tarnwell::platform {
 namespace {
 
+namespace fs = std::filesystem;
+
+// Puts the filter before all system calls that this thread makes from now on.
+int Install(std::vector<sock_filter> steps, unsigned flags) {
+  steps.insert(steps.begin(), BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)));
+  steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+  const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
+  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+  return static_cast<int>(syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, flags, &program));
+}
+
 // Does the work on a thread of its own, where the kernel holds each of these system calls up until
-// `meddle` has been told the second argument, for calls of the "at" family the name. False where
-// the kernel does not do that.
-bool RunMeddled(const std::vector<unsigned>& calls,
+// `meddle` has been told the second argument, for calls of the "at" family the name. Skips the test
+// where the kernel does not do that.
+void RunMeddled(const std::vector<unsigned>& calls,
                 const std::function<void(const char* name)>& meddle,
                 const std::function<void()>& work) {
   std::promise<int> made;
   std::thread worker([&] {
-    std::vector<sock_filter> steps{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+    std::vector<sock_filter> steps;
     for (const unsigned call : calls) {
       steps.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, 1));
       steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_USER_NOTIF));
     }
-    steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
-    const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
-    prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    const int heard = static_cast<int>(
-        syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, SECCOMP_FILTER_FLAG_NEW_LISTENER, &program));
+    const int heard = Install(steps, SECCOMP_FILTER_FLAG_NEW_LISTENER);
     made.set_value(heard);
     if (heard >= 0) work();
   });
@@ -61,10 +68,8 @@ bool RunMeddled(const std::vector<unsigned>& calls,
   }
   worker.join();
   close(heard);
-  return heard >= 0;
+  if (heard < 0) GTEST_SKIP() << "needs the right to hold calls up";
 }
-
-namespace fs = std::filesystem;
 
 struct AtLeast {
   unsigned Argument;
@@ -73,9 +78,8 @@ struct AtLeast {
 
 // From now on such a call fails with the error when all the conditions hold.
 void Refuse(unsigned call, unsigned error, const std::vector<AtLeast>& conditions) {
-  std::vector<sock_filter> steps{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
   const auto after = static_cast<unsigned char>(2 * conditions.size() + 1);
-  steps.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, after));
+  std::vector<sock_filter> steps{BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, call, 0, after)};
   for (std::size_t at = 0; at < conditions.size(); ++at) {
     steps.push_back(BPF_STMT(
         BPF_LD | BPF_W | BPF_ABS,
@@ -84,28 +88,15 @@ void Refuse(unsigned call, unsigned error, const std::vector<AtLeast>& condition
     steps.push_back(BPF_JUMP(BPF_JMP | BPF_JGE | BPF_K, conditions[at].Value, 0, rest));
   }
   steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error));
-  steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
-  const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
-  if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 ||
-      prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0) {
-    _exit(77);
-  }
+  if (Install(steps, 0) != 0) _exit(LacksRight);
 }
-
-#define EXPECT_HELD(code)                                    \
-  if (const int held = (code); held == 77) {                 \
-    GTEST_SKIP() << "needs the right to have calls refused"; \
-  } else {                                                   \
-    EXPECT_EQ(held, 0);                                      \
-  }
 
 TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
   const TempFolder here;
   const TempFolder there(otherVolume);
-  fs::create_directory(here / "tree");
-  Put(here / "tree/large", std::string(1'000'000, 'L'));
-  Put(here / "tree/small", "small");
-  EXPECT_HELD(InChild([&] {
+  const std::string large(1'000'000, 'L');
+  here.Make({"tree/large=" + large, "tree/small=small"});
+  InChild([&] {
     // Files that get numbers beyond these cannot be read to their ends.
     std::vector<int> low;
     while (low.empty() || low.back() < 99) low.push_back(dup(0));
@@ -113,37 +104,31 @@ TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
     Refuse(SYS_copy_file_range, ENOSYS, {});
     Refuse(SYS_ioctl, ENOTTY, {{1, FICLONE}});
     struct : ScriptedUser {
-      std::function<void()> Repair;
+      std::function<void()> Repair = [] {};
       TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
-        if (trouble.Step != OperationStep::Read || trouble.Reason.Reason.empty()) _exit(1);
-        if (Repair) Repair();
+        EXPECT_TRUE(trouble.Step == OperationStep::Read && !trouble.Reason.Reason.empty());
+        Repair();
         return ScriptedUser::OnTrouble(trouble);
       }
     } user;
     const std::string heard = "large:" + std::to_string(EIO) + " ";
-    const int code = Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code;
-    if (code != EIO || user.Heard != heard) return 2;
-    if (Get(here / "tree/large").size() != 1'000'000 || fs::exists(here / "tree/small")) return 3;
-    if (Describe(there.Path()).size() != 2 || Get(there / "tree/small") != "small") return 4;
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, EIO);
+    EXPECT_EQ(user.Heard, heard);
+    EXPECT_EQ(NamesBelow(here.Path()) + NamesBelow(there.Path()),
+              "tree tree/large tree tree/small ");
+    EXPECT_EQ(Get(here / "tree/large").size(), large.size());
     user.Trouble = TroubleChoice::Retry;
-    user.Repair = [&] {
-      for (const int each : low) close(each);
-    };
-    if (Do(user, FileFunction::Move, {here / "tree"}, there.Path(), NoConfirmation).Code != 0) {
-      return 5;
-    }
-    return user.Heard == heard + heard && here.Names().empty() &&
-                   Get(there / "tree/large") == std::string(1'000'000, 'L')
-               ? 0
-               : 6;
-  }));
+    user.Repair = [&] { std::ranges::for_each(low, close); };
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path(), NoConfirmation).Code, 0);
+    EXPECT_EQ(user.Heard + here.Names(), heard + heard);
+    EXPECT_TRUE(Get(there / "tree/large") == large && Get(there / "tree/small") == "small");
+  });
 }
 
 TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
   const TempFolder here;
   const TempFolder there(otherVolume);
-  fs::create_directory(here / "tree");
-  for (const char* name : {"a", "b", "plain"}) Put(here / ("tree/") + name, name);
+  here.Make({"tree/a=a", "tree/b=b", "tree/plain=", "many=more of them than are told"});
   setxattr((here / "tree/a").c_str(), "user.tarnwell.color", "red", 3, 0);
   // Somebody named may do everything, the group nothing.
   const std::string list(
@@ -153,85 +138,73 @@ TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
   ASSERT_EQ(
       setxattr((here / "tree/b").c_str(), "system.posix_acl_access", list.data(), list.size(), 0),
       0);
-  EXPECT_HELD(InChild([&] {
+  struct : ScriptedUser {
+    LossAnswer Answer;
+    LossAnswer OnLoss(const std::string& path) override {
+      Heard += NameOf(path) + " ";
+      return Answer;
+    }
+  } user;
+  InChild([&] {
     Refuse(SYS_fsetxattr, ENOTSUP, {});
-    struct : ScriptedUser {
-      LossAnswer Answer;
-      LossAnswer OnLoss(const std::string& path) override {
-        Heard += NameOf(path) + " ";
-        return Answer;
-      }
-    } user;
-    if (Do(user, FileFunction::Copy, {here / "tree"}, there / "copy").Code != 0) return 1;
-    if (!user.Heard.empty()) return 2;
-    struct stat copy {};
-    if (stat((there / "copy/b").c_str(), &copy) != 0 || (copy.st_mode & 077) != 0) return 3;
-    if (Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code != ENOTSUP) return 4;
-    if (!fs::exists(here / "tree/a") || !fs::exists(here / "tree/b")) return 5;
-    if (user.Heard.size() != 4 || fs::exists(here / "tree/plain")) return 6;
+    EXPECT_EQ(Do(user, FileFunction::Copy, {here / "tree"}, there / "copy").Code, 0);
+    EXPECT_EQ(user.Heard, "");
+    EXPECT_EQ(StatOf(there / "copy/b").st_mode & 077, 0U);
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, ENOTSUP);
+    EXPECT_EQ(NamesBelow(here / "tree"), "a b ");
+    EXPECT_EQ(user.Heard.size(), 4U);
     user.Answer = {LossChoice::MoveAnyway, true};
-    const int code = Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code;
-    return code == 0 && user.Heard.size() == 6 && here.Names().empty() ? 0 : 7;
-  }));
-  Put(here / "many", "more of them than are told");
-  EXPECT_HELD(InChild([&] {
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, 0);
+    EXPECT_EQ(user.Heard.size(), 6U);
+    EXPECT_EQ(here.Names(), "many ");
+  });
+  InChild([&] {
     Refuse(SYS_flistxattr, E2BIG, {});
-    ScriptedUser user;
-    const int code = Do(user, FileFunction::Move, {here / "many"}, there.Path()).Code;
-    return code == ENOTSUP && fs::exists(here / "many") ? 0 : 1;
-  }));
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "many"}, there.Path()).Code, ENOTSUP);
+    EXPECT_EQ(here.Names(), "many ");
+  });
 }
 
 TEST(OperationFaults, AFolderTakesTheNameOfAFileWhereNamesCannotBeExchanged) {
   for (const bool exchanges : {true, false}) {
     for (const FileFunction function : {FileFunction::Move, FileFunction::Copy}) {
       const TempFolder here;
-      fs::create_directories(here / "from/item/sub");
-      fs::create_directory(here / "to");
-      Put(here / "to/item", "old");
-      Put(here / "from/item/one", "new");
+      here.Make({"from/item/sub/", "from/item/one=new", "to/item=old"});
       fs::create_hard_link(here / "from/item/one", here / "from/item/sub/two");
       const auto before = Describe(here / "from");
-      EXPECT_HELD(InChild([&] {
+      InChild([&] {
         if (!exchanges) Refuse(SYS_renameat2, EINVAL, {{4, 2}});
         ScriptedUser user;
         user.Conflict.Choice = ConflictChoice::Replace;
-        if (Do(user, function, {here / "from/item"}, here / "to/").Code != 0) return 1;
-        return Describe(here / "to") == before ? 0 : 2;
-      }));
+        EXPECT_EQ(Do(user, function, {here / "from/item"}, here / "to/").Code, 0);
+        EXPECT_EQ(Describe(here / "to"), before);
+      });
     }
   }
 }
 
 TEST(OperationFaults, WhatIsReplacedIsFoundAgainWhereverThatEnds) {
   const TempFolder here;
-  fs::create_directories(here / "item/sub");
-  fs::create_directory(here / "to");
-  Put(here / "to/item", "old");
-  EXPECT_HELD(InChild([&] {
+  here.Make({"item/sub/", "to/item=old"});
+  InChild([&] {
     Refuse(SYS_renameat2, EINVAL, {{4, 2}});
     Refuse(SYS_unlinkat, EIO, {});
     ScriptedUser user;
     user.Conflict.Choice = ConflictChoice::Replace;
-    OperationRequest request{FileFunction::Move, here / "item" + '\0', here / "to/" + '\0'};
-    RunOperation(request, user, here.Path());
+    RunOperation({FileFunction::Move, here / "item" + '\0', here / "to/" + '\0'}, user,
+                 here.Path());
     const std::string aside = here / "to/item (being replaced)";
-    if (Get(here / "aside.txt") != here / "to/item" + '\0' + aside + '\0') return 1;
-    return Get(aside) == "old" && fs::exists(here / "to/item/sub") ? 0 : 2;
-  }));
+    EXPECT_EQ(Get(here / "aside.txt"), here / "to/item" + '\0' + aside + '\0');
+    EXPECT_EQ(Get(aside), "old");
+    EXPECT_TRUE(fs::exists(here / "to/item/sub"));
+  });
 }
 
 TEST(OperationFaults, AFailingLookAtTheTargetIsTold) {
   const TempFolder here;
-  fs::create_directory(here / "to");
-  Put(here / "file", "x");
-  EXPECT_HELD(InChild([&] {
-    struct : ScriptedUser {
-      TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
-        Heard += trouble.Path + ":" + std::to_string(trouble.Reason.Code);
-        return TroubleChoice::Skip;
-      }
-    } user;
+  here.Make({"to/", "file=x"});
+  InChild([&] {
+    ScriptedUser user;
     user.Meanwhile = [&] {
       if (user.Asked != 1) return;
       unsigned target = 0;  // the last number under which that folder is open
@@ -242,62 +215,54 @@ TEST(OperationFaults, AFailingLookAtTheTargetIsTold) {
       }
       Refuse(SYS_statx, EIO, {{0, target}});
     };
-    if (Do(user, FileFunction::Copy, {here / "file"}, here / "to/").Code != EIO) return 1;
-    return user.Heard == here / "to/file:" + std::to_string(EIO) ? 0 : 2;
-  }));
+    EXPECT_EQ(Do(user, FileFunction::Copy, {here / "file"}, here / "to/").Code, EIO);
+    EXPECT_EQ(user.Heard, "file:" + std::to_string(EIO) + " ");
+  });
 }
 
 TEST(OperationFaults, AFileThatMayNotGrowAnyFurther) {
   const TempFolder here;
-  fs::create_directory(here / "to");
-  Put(here / "file", std::string(2'000'000, 'x'));
-  EXPECT_EQ(InChild([&] {
-              OutliveFailedWrites();
-              const rlimit limit{1'000'000, 1'000'000};
-              setrlimit(RLIMIT_FSIZE, &limit);
-              ScriptedUser user;
-              const int code = Do(user, FileFunction::Move, {here / "file"}, here / "to/file").Code;
-              if (code != 0) return 1;  // a rename needs no room
-              const int grown = Do(user, FileFunction::Copy, {here / "to"}, here / "twin").Code;
-              return grown == EFBIG && NamesBelow(here.Path()) == "to to/file twin " ? 0 : 2;
-            }),
-            0);
+  here.Make({"to/", "file=" + std::string(2'000'000, 'x')});
+  InChild([&] {
+    OutliveFailedWrites();
+    const rlimit limit{1'000'000, 1'000'000};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    ScriptedUser user;
+    // A rename needs no room.
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "file"}, here / "to/file").Code, 0);
+    EXPECT_EQ(Do(user, FileFunction::Copy, {here / "to"}, here / "twin").Code, EFBIG);
+    EXPECT_EQ(NamesBelow(here.Path()), "to to/file twin ");
+  });
 }
 
 TEST(OperationFaults, MoreNestedFoldersThanFilesMayBeOpen) {
   const TempFolder here;
-  std::string deep = here / "top";
-  for (int level = 0; level < 70; ++level) deep += "/sub";
-  fs::create_directories(deep);
-  EXPECT_EQ(InChild([&] {
-              const rlimit few{40, 40};
-              setrlimit(RLIMIT_NOFILE, &few);
-              ScriptedUser user;
-              const base::Status end =
-                  SystemError(Do(user, FileFunction::Copy, {here / "top"}, here / "twin").Code);
-              if (end.Code != EMFILE || end.Reason.find("ulimit -n") == std::string::npos) return 1;
-              return user.Heard.starts_with("sub:") ? 0 : 2;
-            }),
-            0);
+  here.Make({"top/"});
+  Deepen(here / "top", 70, "sub");
+  InChild([&] {
+    const rlimit few{40, 40};
+    setrlimit(RLIMIT_NOFILE, &few);
+    ScriptedUser user;
+    const int code = Do(user, FileFunction::Copy, {here / "top"}, here / "twin").Code;
+    EXPECT_EQ(code, EMFILE);
+    EXPECT_NE(SystemError(code).Reason.find("ulimit -n"), std::string::npos);
+    EXPECT_TRUE(user.Heard.starts_with("sub:"));
+  });
 }
 
 TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
   const TempFolder here;
-  fs::create_directories(here / "to/tree");
-  fs::create_directory(here / "tree");
-  Put(here / "tree/file", "x");
+  here.Make({"to/tree/", "tree/file=x"});
   const std::string to = here / "to/";
-  ASSERT_EQ(InChild([&] {
-              TemporaryName name;
-              if (name.Renew() != NoError) return 1;
-              fs::create_directories(to + "tree/" + name.Text() + "/sub");
-              if (name.Renew() != NoError) return 1;
-              Put(to + name.Text(), "half");
-              const std::string half = name.Text();
-              Put(to + half.substr(0, half.size() - 4) + " (2).tmp", "copy that a user made");
-              return 0;
-            }),
-            0);
+  InChild([&] {
+    TemporaryName name;
+    ASSERT_EQ(name.Renew(), NoError);
+    fs::create_directories(to + "tree/" + name.Text() + "/sub");
+    ASSERT_EQ(name.Renew(), NoError);
+    Put(to + name.Text(), "half");
+    const std::string half = name.Text();
+    Put(to + half.substr(0, half.size() - 4) + " (2).tmp", "copy that a user made");
+  });
   TemporaryName own;
   ASSERT_EQ(own.Renew(), NoError);
   Put(to + own.Text(), "being written");
@@ -331,12 +296,11 @@ TEST(OperationRaces, AMoveDeletesNothingThatTookThePlaceOfWhatItCopied) {
     for (int at = 1; swapped; ++at) {
       const TempFolder here;
       const TempFolder there(otherVolume);
-      isLink ? fs::create_symlink("nowhere", here / "item") : Put(here / "item", "old");
-      Put(here / "other", "mine");
+      here.Make({isLink ? "item->nowhere" : "item=old", "other=mine"});
       swapped = false;
       int calls = 0;
       ScriptedUser user;
-      const bool held = RunMeddled(
+      RunMeddled(
           pathCalls,
           [&](const char* name) {
             if (name != std::string("item") || ++calls != at) return;
@@ -344,7 +308,7 @@ TEST(OperationRaces, AMoveDeletesNothingThatTookThePlaceOfWhatItCopied) {
             fs::rename(here / "other", here / "item");
           },
           [&] { Do(user, FileFunction::Move, {here / "item"}, there / "item"); });
-      if (!held) GTEST_SKIP() << "needs the right to hold calls up";
+      if (IsSkipped()) return;
       const std::string now = swapped ? "item" : "other";
       EXPECT_TRUE(Get(here / now) == "mine" || Get(there / now) == "mine") << isLink << at;
       EXPECT_EQ(NamesBelow(here.Path()).find(".tarnwell"), std::string::npos) << isLink << at;
@@ -355,14 +319,13 @@ TEST(OperationRaces, AMoveDeletesNothingThatTookThePlaceOfWhatItCopied) {
 TEST(OperationRaces, NothingIsCopiedIntoAFolderThatSomebodyPutInThePlaceOfANewOne) {
   if (geteuid() != 0) GTEST_SKIP() << "needs somebody else";
   const TempFolder here;
-  for (const char* tree : {"files", "folders"}) fs::create_directories(here / tree + "/private");
-  Put(here / "files/secret", "x");
+  here.Make({"files/secret=x", "files/private/", "folders/private/"});
   for (const char* tree : {"files", "folders"}) {
     const TempFolder there;
     std::string taken;
     ScriptedUser user;
     int code = 0;
-    const bool held = RunMeddled(
+    RunMeddled(
         {SYS_openat},
         [&](const char* name) {
           const std::string path = there / name;
@@ -372,7 +335,7 @@ TEST(OperationRaces, NothingIsCopiedIntoAFolderThatSomebodyPutInThePlaceOfANewOn
           chown(path.c_str(), 65534, 65534);
         },
         [&] { code = Do(user, FileFunction::Copy, {here / tree}, there / tree).Code; });
-    if (!held) GTEST_SKIP() << "needs the right to hold calls up";
+    if (IsSkipped()) return;
     EXPECT_EQ(code, ESTALE);
     EXPECT_TRUE(!taken.empty() && fs::is_empty(taken)) << tree;
   }
@@ -380,10 +343,7 @@ TEST(OperationRaces, NothingIsCopiedIntoAFolderThatSomebodyPutInThePlaceOfANewOn
 
 TEST(OperationRaces, OneFolderUnderTwoMountsIsNoTargetForItself) {
   const TempFolder here;
-  fs::create_directories(here / "real/folder/empty");
-  fs::create_directory(here / "view");
-  Put(here / "real/file", "x");
-  fs::create_symlink("file", here / "real/link");
+  here.Make({"real/folder/empty/", "real/file=x", "real/link->file", "view/"});
   if (std::system(("bindfs '" + here / "real' '" + here / "view' 2>/dev/null").c_str()) != 0) {
     GTEST_SKIP() << "bindfs is not installed, or may not mount";
   }
@@ -404,13 +364,11 @@ TEST(OperationRaces, OneFolderUnderTwoMountsIsNoTargetForItself) {
 TEST(OperationRaces, WhatOthersAreMakingIsLeftAndWhatKilledMovesHeldComesBack) {
   const TempFolder here;
   const TempFolder there(otherVolume);
-  fs::create_directory(here / "tree");
-  Put(here / "tree/held", "x");
-  ASSERT_EQ(InChild([&] {
-              const int tree = open((here / "tree").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-              return (new HoldFolder(tree))->Take("held").Value();  // its end does not come
-            }),
-            0);
+  here.Make({"tree/held=x"});
+  InChild([&] {
+    const int tree = open((here / "tree").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    EXPECT_EQ((new HoldFolder(tree))->Take("held"), NoError);  // its end does not come
+  });
   TemporaryName name;
   ASSERT_EQ(name.Renew(), NoError);
   Put(here / "tree/" + name.Text(), "being written");

@@ -9,6 +9,7 @@
 #include <random>
 
 #include "OperationFixture.h"
+#include "TestDesktop.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/NameProbe.h"
 #include "platform/linux/files/ProtectedItems.h"
@@ -22,6 +23,18 @@ namespace tarnwell::platform {
 namespace {
 
 namespace fs = std::filesystem;
+
+// The files and what they hold.
+std::string FilesBelow(const std::string& folder) {
+  std::set<std::string> sorted;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    const std::string path = entry.path();
+    if (entry.is_regular_file()) sorted.insert(path.substr(folder.size() + 1) + "=" + Get(path));
+  }
+  std::string files;
+  for (const std::string& file : sorted) files += file + " ";
+  return files;
+}
 
 // Small and large files, links and names of all kinds.
 void MakeTree(const std::string& at) {
@@ -88,59 +101,39 @@ TEST(Operation, CopiesAndMovesKeepEverything) {
 
 TEST(Operation, AsksAboutConflictsAndMerges) {
   using enum ConflictChoice;
-  for (const FileFunction function : {FileFunction::Copy, FileFunction::Move}) {
-    for (const std::string& where : {testing::TempDir(), otherVolume}) {
-      for (const ConflictChoice choice : {Replace, Skip, KeepBoth, Cancel}) {
+  struct Case {
+    ConflictChoice Choice;
+    int Code;
+    const char *Target, *Stays;  // what is there then, and still at the source of a move
+  };
+  const Case cases[] = {
+      {Replace, EISDIR, "d/f.txt=new d/g=g d/h=h mixed/in=in other/kept=kept ", "other=file "},
+      {Skip, EEXIST, "d/f.txt=old d/g=g d/h=h mixed=old other/kept=kept ",
+       "d/f.txt=new mixed/in=in other=file "},
+      {KeepBoth, 0,
+       "d/f (2).txt=new d/f.txt=old d/g=g d/h=h mixed (2)/in=in mixed=old other (2)=file "
+       "other/kept=kept ",
+       ""},
+      {Cancel, ECANCELED, "d/f.txt=old d/h=h mixed=old other/kept=kept ",
+       "d/f.txt=new mixed/in=in other=file "},
+  };
+  for (const Case& each : cases) {
+    for (const bool moves : {true, false}) {
+      for (const std::string& where : {testing::TempDir(), otherVolume}) {
         const TempFolder from;
         const TempFolder to(where);
-        for (const TempFolder* folder : {&from, &to}) {
-          fs::create_directories(*folder / "d");
-          Put(*folder / "d/f.txt", folder == &from ? "new" : "old");
-        }
-        Put(from / "d/g", "g");
-        Put(to / "d/h", "h");
-        fs::create_directory(from / "mixed");
-        Put(from / "mixed/in", "in");
-        Put(to / "mixed", "old");
-        Put(from / "other", "file");
-        fs::create_directory(to / "other");
-        Put(to / "other/kept", "kept");
+        from.Make({"d/f.txt=new", "mixed/in=in", "other=file"});
+        if (each.Choice != Cancel) from.Make({"d/g=g"});  // which may have gone before
+        to.Make({"d/f.txt=old", "d/h=h", "mixed=old", "other/kept=kept"});
+        const std::string before = FilesBelow(from.Path());
         ScriptedUser user;
-        user.Conflict = {choice, true};
-        const OperationResult result =
-            Do(user, function, {from / "d", from / "mixed", from / "other"}, to.Path());
-        const bool moved = function == FileFunction::Move;
-        EXPECT_EQ(Get(to / "other/kept"), "kept");
-        switch (choice) {
-          case Replace:
-            EXPECT_EQ(result.Code, EISDIR);
-            EXPECT_EQ(NamesBelow(to.Path()), "d d/f.txt d/g d/h mixed mixed/in other other/kept ");
-            EXPECT_EQ(Get(to / "d/f.txt") + Get(to / "mixed/in"), "newin");
-            EXPECT_EQ(from.Names(), moved ? "other " : "d mixed other ");
-            break;
-          case Skip:
-            EXPECT_EQ(result.Code, EEXIST);
-            EXPECT_EQ(NamesBelow(to.Path()), "d d/f.txt d/g d/h mixed other other/kept ");
-            EXPECT_EQ(Get(to / "d/f.txt") + Get(from / "d/f.txt"), "oldnew");
-            EXPECT_EQ(fs::exists(from / "d/g"), !moved);
-            EXPECT_EQ(Get(from / "mixed/in"), "in");
-            break;
-          case KeepBoth:
-            EXPECT_EQ(result.Code, 0);
-            EXPECT_EQ(NamesBelow(to.Path()),
-                      "d d/f (2).txt d/f.txt d/g d/h mixed mixed (2) mixed (2)/in other other (2) "
-                      "other/kept ");
-            EXPECT_EQ(Get(to / "d/f.txt") + Get(to / "d/f (2).txt"), "oldnew");
-            EXPECT_EQ(from.Names(), moved ? "" : "d mixed other ");
-            break;
-          case Cancel:
-            EXPECT_TRUE(result.Aborted && result.Code != 0);
-            EXPECT_EQ(Get(to / "d/f.txt") + Get(from / "d/f.txt"), "oldnew");
-            EXPECT_EQ(from.Names(), "d mixed other ");
-            break;
-          case ReplaceOlder:
-            break;  // by time, below
-        }
+        user.Conflict = {each.Choice, true};
+        const OperationResult result = Do(user, moves ? FileFunction::Move : FileFunction::Copy,
+                                          {from / "d", from / "mixed", from / "other"}, to.Path());
+        EXPECT_EQ(result.Code, each.Code);
+        EXPECT_EQ(result.Aborted, each.Choice == Cancel);
+        EXPECT_EQ(FilesBelow(to.Path()), each.Target);
+        EXPECT_EQ(FilesBelow(from.Path()), moves ? each.Stays : before);
       }
     }
   }
@@ -183,9 +176,7 @@ TEST(Operation, LeavesNothingHalfWhereverItIsCancelled) {
     bool cancelled = true;
     for (int at = 0; cancelled; ++at) {
       const TempFolder there(otherVolume);
-      fs::create_directories(there / "from/shut");
-      Put(there / "from/shut/large", "old");
-      Put(there / "from/mixed", "old");
+      there.Make({"from/shut/large=old", "from/mixed=old"});
       ScriptedUser user;
       user.CancelAt = at;
       const OperationResult result =
@@ -220,13 +211,13 @@ TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
   for (int round = 0; round < 32; ++round) {
     const TempFolder here;
     const TempFolder there(otherVolume);
-    std::vector<std::string> files;
+    std::map<std::string, std::string> files;
     for (int number = 0; number < 60; ++number) {
-      const std::string folder = "/tree/" + std::to_string(number % 5);
-      fs::create_directories(here.Path() + folder);
-      files.push_back(folder + "/file" + std::to_string(number));
-      Put(here.Path() + files.back(), std::string(number % 9 == 0 ? 1'500'000U : 5'000U + number,
-                                                  static_cast<char>('A' + number)));
+      const std::string path =
+          "tree/" + std::to_string(number % 5) + "/file" + std::to_string(number);
+      const std::size_t size = number % 9 == 0 ? 1'500'000U : 5'000U + number;
+      files[path].assign(size, static_cast<char>('A' + number));
+      here.Make({path + "=" + files[path]});
     }
     const pid_t child = fork();
     if (child == 0) {
@@ -237,15 +228,9 @@ TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
     usleep(static_cast<useconds_t>(chance() % 30'000));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
-    const auto whole = [&](const std::string& root, const std::string& file) {
-      const std::string content = Get(root + file);
-      const auto number = static_cast<unsigned>(std::stoi(file.substr(file.find("file") + 4)));
-      return content == std::string(number % 9 == 0 ? 1'500'000U : 5'000U + number,
-                                    static_cast<char>('A' + number));
-    };
-    for (const std::string& file : files) {
-      EXPECT_TRUE(whole(here.Path(), file) || whole(there.Path(), file)) << file;
-      EXPECT_TRUE(!fs::exists(there.Path() + file) || whole(there.Path(), file)) << file;
+    for (const auto& [path, content] : files) {
+      const bool arrived = Get(there / path) == content;
+      EXPECT_TRUE(arrived || (Get(here / path) == content && !fs::exists(there / path))) << path;
     }
     // The same again carries it through.
     ScriptedUser user;
@@ -253,7 +238,7 @@ TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
       EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path(), NoConfirmation).Code,
                 0);
     }
-    for (const std::string& file : files) EXPECT_TRUE(whole(there.Path(), file)) << file;
+    for (const auto& [path, content] : files) EXPECT_TRUE(Get(there / path) == content) << path;
     EXPECT_EQ(user.Heard + here.Names(), "");
     EXPECT_EQ(NamesBelow(there.Path()).find(".tarnwell"), std::string::npos);
   }
@@ -262,10 +247,8 @@ TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
 TEST(Operation, LeavesWhatCannotBeCopiedOrHasChanged) {
   const TempFolder here;
   const TempFolder there(otherVolume);
-  fs::create_directories(here / "tree/sub");
-  mkfifo((here / "tree/sub/fifo").c_str(), 0600);
-  Put(here / "tree/early", "before");
-  Put(here / "tree/sub/large", std::string(20'000'000, 'x'));
+  here.Make(
+      {"tree/sub/fifo|", "tree/early=before", "tree/sub/large=" + std::string(20'000'000, 'x')});
   ScriptedUser user;
   bool changed = false;
   user.Meanwhile = [&] {
@@ -321,86 +304,66 @@ TEST(CopiedItemsTest, NumbersCountOnlyWhereTheyLast) {
   EXPECT_EQ(find(3, 5, 0), CopiedItems::State::Unknown);
 }
 
-// As root, in a child that sees a small volume there; 77 where that cannot be.
-int OnSmallVolume(const std::string& folder, const char* size, const std::function<int()>& check) {
-  return InChild([&] {
+// In a child that sees a small volume there.
+void OnSmallVolume(const std::string& folder, const std::function<void()>& check) {
+  InChild([&] {
     if (unshare(CLONE_NEWNS) != 0 ||
         mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        mount("none", folder.c_str(), "tmpfs", 0, size) != 0) {
-      return 77;
+        mount("none", folder.c_str(), "tmpfs", 0, "size=2m") != 0) {
+      _exit(LacksRight);
     }
-    return check();
+    check();
   });
 }
 
 TEST(Operation, FullVolumesAndMountedOnes) {
   const TempFolder here;
-  fs::create_directories(here / "small");
-  fs::create_directories(here / "tree");
-  for (int number = 0; number < 8; ++number) {
-    Put(here / ("tree/file" + std::to_string(number)), std::string(400'000, 'x'));
+  here.Make({"small/", "plain=x", "tree/large=" + std::string(5'000'000, 'x')});
+  for (const char name : {'0', '1', '2', '3', '4', '5', '6', '7'}) {
+    Put(here / "tree/" + name, std::string(400'000, 'x'));
   }
-  Put(here / "tree/large", std::string(5'000'000, 'x'));
-  const int full = OnSmallVolume(here / "small", "size=2m", [&] {
-    Put(here / "small/file", "old");
-    ScriptedUser user;
-    if (Do(user, FileFunction::Copy, {here / "tree/large"}, here / "small/file", NoConfirmation)
-            .Code != ENOSPC) {
-      return 1;
-    }
-    if (Get(here / "small/file") != "old" || NamesBelow(here / "small") != "file ") return 2;
-    if (Do(user, FileFunction::Move, {here / "tree"}, here / "small/").Code != ENOSPC) return 3;
+  ScriptedUser user;
+  OnSmallVolume(here / "small", [&] {
+    here.Make({"small/file=old"});
+    EXPECT_EQ(
+        Do(user, FileFunction::Copy, {here / "tree/large"}, here / "small/file", NoConfirmation)
+            .Code,
+        ENOSPC);
+    EXPECT_EQ(FilesBelow(here / "small"), "file=old ");
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, here / "small/").Code, ENOSPC);
     // Some fit; all others, and nothing else, are still at the source.
     for (const auto& entry : fs::directory_iterator(here / "small/tree")) {
-      if (fs::file_size(entry) != 400'000 || fs::exists(here / "tree" / entry.path().filename())) {
-        return 4;
-      }
+      EXPECT_EQ(fs::file_size(entry), 400'000U);
+      EXPECT_FALSE(fs::exists(here / "tree" / entry.path().filename()));
     }
-    return fs::exists(here / "tree/large") ? 0 : 5;
+    EXPECT_TRUE(fs::exists(here / "tree/large"));
   });
-  if (full == 77) GTEST_SKIP() << "needs the right to mount";
-  EXPECT_EQ(full, 0);
+  if (IsSkipped()) return;
 
   // What is touched in a layered folder counts as newly made.
   const TempFolder there(otherVolume);
-  const int layered = OnSmallVolume(here / "small", "size=2m", [&] {
-    const std::string small = here / "small/";
-    for (const char* each : {"lower", "upper", "work", "whole"}) fs::create_directory(small + each);
-    Put(small + "lower/file", "x");
+  OnSmallVolume(here / "small", [&] {
+    here.Make({"small/lower/file=x", "small/upper/", "small/work/", "small/whole/"});
+    const std::string small = here / "small/", whole = small + "whole";
     const std::string layers =
         "lowerdir=" + small + "lower,upperdir=" + small + "upper,workdir=" + small + "work";
-    const std::string whole = small + "whole";
-    if (mount("none", whole.c_str(), "overlay", 0, layers.c_str()) != 0) return 0;
-    ScriptedUser user;
-    const int code = Do(user, FileFunction::Move, {whole + "/file"}, there / "").Code;
-    return code == 0 && NamesBelow(whole).empty() && Get(there / "file") == "x" ? 0 : 1;
+    if (mount("none", whole.c_str(), "overlay", 0, layers.c_str()) != 0) return;
+    EXPECT_EQ(Do(user, FileFunction::Move, {whole + "/file"}, there / "").Code, 0);
+    EXPECT_EQ(NamesBelow(whole) + FilesBelow(there.Path()), "file=x ");
   });
-  EXPECT_EQ(layered, 0);
-
-  Put(here / "plain", "x");
-  EXPECT_EQ(OnSmallVolume(
-                here / "small", "size=2m",
-                [&] {
-                  Put(here / "small/file", "other volume");
-                  ScriptedUser user;
-                  Do(user, FileFunction::Delete, {here / "tree", here / "plain", here.Path()}, "");
-                  const bool stays = Get(here / "small/file") == "other volume";
-                  const std::string refused =
-                      ScriptedUser::NameOf(here.Path()) + ":" + std::to_string(EPERM) + " ";
-                  return stays && user.Heard == refused ? 0 : 1;
-                }),
-            0);
+  OnSmallVolume(here / "small", [&] {
+    here.Make({"small/file=other volume"});
+    Do(user, FileFunction::Delete, {here / "tree", here / "plain", here.Path()}, "");
+    EXPECT_EQ(FilesBelow(here / "small"), "file=other volume ");
+    EXPECT_EQ(user.Heard, ScriptedUser::NameOf(here.Path()) + ":" + std::to_string(EPERM) + " ");
+  });
   EXPECT_EQ(here.Names(), "small ");
 }
 
 TEST(Operation, TakesNothingAwayThatTheUserLivesIn) {
   const TempFolder here;
-  for (const char* folder : {"data/me/share/own", "users", "top/volume", "again"}) {
-    fs::create_directories(here / folder);
-  }
-  fs::create_symlink("../data/me", here / "users/me");
-  fs::create_symlink("data", here / "way");
-  Put(here / "me", "x");
+  here.Make(
+      {"data/me/share/own/", "users/me->../data/me", "top/volume/", "again/", "way->data", "me=x"});
   struct Case {
     FileFunction Function;
     const char *Item, *Sentence;
@@ -418,9 +381,9 @@ TEST(Operation, TakesNothingAwayThatTheUserLivesIn) {
       {Move, "top", "A folder that holds a mounted volume cannot be moved."},
   };
   const auto before = Describe(here / "data");
-  const int held = OnSmallVolume(here / "top/volume", "size=2m", [&] {
+  OnSmallVolume(here / "top/volume", [&] {
     if (mount((here / "data").c_str(), (here / "again").c_str(), nullptr, MS_BIND, nullptr) != 0) {
-      return 77;
+      _exit(LacksRight);
     }
     setenv("HOME", (here / "users/me").c_str(), 1);
     const std::string program = here / "data/me/share/own";
@@ -430,47 +393,47 @@ TEST(Operation, TakesNothingAwayThatTheUserLivesIn) {
         return TroubleChoice::Skip;
       }
     } user;
-    int number = 0;
     for (const Case& each : cases) {
-      ++number;
       const std::string item = here / each.Item + '\0';
-      for (const int flags : {0, static_cast<int>(AllowUndo)}) {
-        const OperationRequest request{each.Function, item, here / "me (2)" + '\0',
-                                       static_cast<std::uint16_t>(flags)};
+      for (const int flags : {0, int{AllowUndo}}) {
         user.Heard.clear();
-        if (RunOperation(request, user, program).Code != EPERM) return number;
-        if (user.Heard != each.Sentence) return number + 20;
+        EXPECT_EQ(RunOperation({each.Function, item, here / "me (2)" + '\0',
+                                static_cast<std::uint16_t>(flags)},
+                               user, program)
+                      .Code,
+                  EPERM);
+        EXPECT_EQ(user.Heard, each.Sentence);
       }
-      if (ProtectedItems(program).Refusal(each.Function, item) != each.Sentence) return number + 40;
-      if (LinuxFileSystem(program).Rename(here / each.Item, here / "x").Code != EPERM) return 60;
+      EXPECT_EQ(ProtectedItems(program).Refusal(each.Function, item), each.Sentence);
+      EXPECT_EQ(LinuxFileSystem(program).Rename(here / each.Item, here / "x").Code, EPERM);
     }
     user.Heard.clear();
     Do(user, Move, {here / "me"}, here / "users/", NoConfirmation);
-    if (user.Heard != "The home folder cannot be replaced.") return 61;
-    return Do(user, Delete, {here / "me", here / "way"}, "").Code;
+    EXPECT_EQ(user.Heard, "The home folder cannot be replaced.");
+    EXPECT_EQ(Do(user, Delete, {here / "me", here / "way"}, "").Code, 0);
   });
-  if (held == 77) GTEST_SKIP() << "needs the right to mount";
-  EXPECT_EQ(held, 0);
+  if (IsSkipped()) return;
   EXPECT_EQ(here.Names(), "again data top users ");
   EXPECT_EQ(Describe(here / "data"), before);
 }
 
-TEST(Operation, GoesAsDeepAsFoldersLie) {
+TEST(Operation, GoesDeeperThanDescriptorsReach) {
   constexpr int depth = 5000;
   const TempFolder here(otherVolume);
-  const auto goDown = [&](const char* top, bool makes) {
-    Descriptor at(open((here / top).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    for (int level = 0; level < depth && at; ++level) {
-      EXPECT_TRUE(!makes || mkdirat(at.Get(), "a folder", 0755) == 0);
-      at = Descriptor(openat(at.Get(), "a folder", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    }
-    return at;
-  };
   fs::create_directory(here / "top");
-  close(openat(goDown("top", true).Get(), "bottom", O_CREAT | O_WRONLY | O_CLOEXEC, 0600));
+  Deepen(here / "top", depth, "m", [](int folder) {
+    // A folder on either side of the way down, so that every level is come back to.
+    for (const char* name : {"a", "z"}) mkdirat(folder, name, 0755);
+    close(openat(folder, "file", O_WRONLY | O_CREAT, 0644));
+  });
   ScriptedUser user;
   EXPECT_EQ(Do(user, FileFunction::Copy, {here / "top"}, here / "copy").Code, 0);
-  EXPECT_EQ(faccessat(goDown("copy", false).Get(), "bottom", F_OK, 0), 0);
+  for (const char* name : {"top", "copy"}) {
+    FolderTotal total;
+    LinuxFileSystem().MeasureFolder(
+        here / name, [](auto&) { return true; }, total);
+    EXPECT_TRUE(total.Files == depth && total.Folders == 3 * depth && total.Unreadable == 0);
+  }
   EXPECT_EQ(Do(user, FileFunction::Delete, {here / "top", here / "copy"}, "").Code, 0);
   EXPECT_EQ(user.Heard + here.Names(), "");
 }
@@ -478,7 +441,7 @@ TEST(Operation, GoesAsDeepAsFoldersLie) {
 TEST(Operation, RefusesWhatWouldDoHarm) {
   const TempFolder here;
   MakeTree(here / "tree");
-  symlink((here / "tree/sub").c_str(), (here / "way in").c_str());
+  here.Make({"way in->" + here / "tree/sub"});
   const auto before = Describe(here.Path());
   for (const FileFunction function : {FileFunction::Copy, FileFunction::Move}) {
     for (const std::string& to :
@@ -504,8 +467,7 @@ TEST(Operation, RefusesWhatWouldDoHarm) {
   EXPECT_EQ(Describe(here.Path()), before);
 
   // Deleting takes links themselves, at the top and below.
-  fs::create_directories(here / "gone/sub");
-  symlink((here / "tree").c_str(), (here / "gone/sub/out").c_str());
+  here.Make({"gone/sub/out->" + here / "tree"});
   EXPECT_EQ(Do(user, FileFunction::Delete, {here / "gone", here / "way in"}, "").Code, 0);
   EXPECT_EQ(here.Names(), "tree ");
   EXPECT_EQ(Describe(here / "tree").size() + 2, before.size());
@@ -513,8 +475,7 @@ TEST(Operation, RefusesWhatWouldDoHarm) {
 
 TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
   const TempFolder here;
-  Put(here / "a.tar.gz", "a");
-  fs::create_directory(here / "d.x");
+  here.Make({"a.tar.gz=a", "d.x/"});
   ScriptedUser user;
   for (int time = 0; time < 2; ++time) {
     EXPECT_EQ(Do(user, FileFunction::Copy, {here / "a.tar.gz", here / "d.x"}, here.Path() + "/",
@@ -559,21 +520,14 @@ TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
 }
 
 TEST(Operation, SendsToTheTrashWhereThereIsOne) {
-  // GLib asks only once where the user's data lie, and this program has told it where.
-  const char* const data = getenv("XDG_DATA_HOME");
   const char* const home = getenv("HOME");
-  ASSERT_NE(data, nullptr);
-  struct stat dataFound {};
-  struct stat homeFound {};
-  if (home == nullptr || stat(home, &homeFound) != 0 || stat(data, &dataFound) != 0 ||
-      homeFound.st_dev != dataFound.st_dev) {
+  if (home == nullptr || StatOf(home).st_dev != StatOf(desktop.Folder.Path()).st_dev) {
     GTEST_SKIP() << "the folder for temporary files lies on another volume than the trash";
   }
-  const TempFolder here(std::string(data) + "/");
+  const TempFolder here(desktop.Folder / "");
   const TempFolder noTrash(otherVolume);
-  Put(here / "new\nline", "x");
-  symlink("new\nline", (here / "link").c_str());
-  for (const char* name : {"kept", "gone"}) Put(noTrash / name, "x");
+  here.Make({"new\nline=x", "link->new\nline"});
+  noTrash.Make({"kept=", "gone="});
   ScriptedUser user;
   const auto toTrash = [&](const std::string& item) {
     return Do(user, FileFunction::Delete, {item}, "", AllowUndo | NoConfirmation).Code;
@@ -586,7 +540,7 @@ TEST(Operation, SendsToTheTrashWhereThereIsOne) {
   EXPECT_EQ(toTrash(here / "none"), ENOENT);
   EXPECT_EQ(user.Heard, "none:" + std::to_string(ENOENT) + " ");
   EXPECT_EQ(here.Names() + noTrash.Names(), "kept ");
-  const std::string trashed = std::string(data) + "/Trash/files/";
+  const std::string trashed = desktop.Folder / "Trash/files/";
   EXPECT_EQ(Get(trashed + "new\nline"), "x");
   EXPECT_TRUE(fs::is_symlink(trashed + "link"));
   // A reader of the trash that is not ours.

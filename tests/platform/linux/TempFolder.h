@@ -1,20 +1,35 @@
 // A folder of its own on the real disk for each test, and a child process with fewer rights.
 #pragma once
 
+#include <fcntl.h>
 #include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <set>
 #include <sstream>
+#include <string>
 #include <system_error>
+#include <vector>
 
 namespace tarnwell::platform {
+
+inline void Put(const std::string& path, const std::string& content, mode_t mode = 0644) {
+  std::ofstream(path, std::ios::binary) << content;
+  ASSERT_EQ(chmod(path.c_str(), mode), 0) << path;
+}
+
+inline std::string Get(const std::string& path) {
+  std::ostringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
+}
 
 // Open to every user, and removed with all it holds.
 class TempFolder {
@@ -45,32 +60,62 @@ class TempFolder {
     return names;
   }
 
+  // Makes "folder/", "file=content", "link->target" and "fifo|", and the folders they are in.
+  void Make(const std::vector<std::string>& items) const {
+    for (const std::string& item : items) {
+      const std::size_t content = item.find('='), target = item.find("->");
+      const std::string path = *this / item.substr(0, std::min({content, target, item.find('|')}));
+      std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+      if (content != item.npos) {
+        Put(path, item.substr(content + 1));
+      } else if (target != item.npos) {
+        std::filesystem::create_symlink(item.substr(target + 2), path);
+      } else if (item.ends_with('|')) {
+        ASSERT_EQ(mkfifo(path.c_str(), 0644), 0) << path;
+      }
+    }
+  }
+
  private:
   std::string path_;
 };
 
-inline void Put(const std::string& path, const std::string& content, mode_t mode = 0644) {
-  std::ofstream(path, std::ios::binary) << content;
-  ASSERT_EQ(chmod(path.c_str(), mode), 0) << path;
+inline struct stat StatOf(const std::string& path) {
+  struct stat found {};
+  EXPECT_EQ(lstat(path.c_str(), &found), 0) << path;
+  return found;
 }
 
-inline std::string Get(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
+constexpr int LacksRight = 77;  // what a child ends with where it may not do what it needs to
 
-// Runs the check in a child process and gives what it gave; -1 if the child did not end by itself
-// within ten seconds.
-inline int InChild(const std::function<int()>& check) {
+// Checks in a child process, which has ten seconds; what fails there fails the test.
+inline void InChild(const std::function<void()>& check) {
   const pid_t child = fork();
   if (child == 0) {
     alarm(10);
-    _exit(check());
+    check();
+    _exit(testing::Test::HasFailure() ? 1 : 0);
   }
   int status = 0;
-  if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return -1;
-  return WEXITSTATUS(status);
+  ASSERT_TRUE(child > 0 && waitpid(child, &status, 0) == child);
+  if (WIFEXITED(status) && WEXITSTATUS(status) == LacksRight) GTEST_SKIP() << "needs more rights";
+  EXPECT_EQ(status, 0) << "in the child process";
+}
+
+// Makes a folder in each folder, deeper than a path may be long. `each` makes what else is there.
+inline void Deepen(
+    const std::string& top, int depth, const std::string& name,
+    const std::function<void(int folder)>& each = [](int) {}) {
+  int folder = open(top.c_str(), O_PATH | O_DIRECTORY);
+  for (int level = 0; level < depth; ++level) {
+    each(folder);
+    mkdirat(folder, name.c_str(), 0755);
+    const int next = openat(folder, name.c_str(), O_PATH | O_DIRECTORY);
+    ASSERT_GE(next, 0);
+    close(folder);
+    folder = next;
+  }
+  close(folder);
 }
 
 // In a child: gives up the rights of root, where there are any.
