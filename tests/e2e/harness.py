@@ -1,7 +1,7 @@
 """Starts the real program, finds its controls by their accessible names, presses keys and mouse.
 
 Run the tests on a display of their own, with the release build in place:
-  scripts/with-display --private /usr/bin/python3 tests/e2e/test_panes.py
+  scripts/with-display --private /usr/bin/python3 tests/e2e/test_lists.py
 A failed test leaves a picture of the screen in build/e2e-failures/.
 """
 
@@ -11,6 +11,7 @@ import pathlib
 import shutil
 import signal
 import subprocess
+import sys
 import tempfile
 import time
 import unittest
@@ -285,9 +286,6 @@ class Program:
         click_close(self.control("Tarnwell", Atspi.Role.FRAME))
         return self.wait_end()
 
-    def signal(self, number):
-        self.process.send_signal(number)
-
     def kill(self):
         self.process.kill()
         self.process.wait()
@@ -344,7 +342,7 @@ class EndToEndTest(unittest.TestCase):
             "xdotool", "search", "--onlyvisible", "--name", f"^{title}"))
 
     def end_by(self, program, number=signal.SIGTERM):
-        program.signal(number)
+        program.process.send_signal(number)
         self.assertEqual(program.wait_end(), 0)
 
     def check_clean_end(self):
@@ -373,8 +371,12 @@ def _picture_on_failure(test):
             test(self)
         except BaseException:
             PICTURES.mkdir(parents=True, exist_ok=True)
-            name = self.id().removeprefix("__main__.")
-            run("import", "-window", "root", PICTURES / f"{name}.png")
+            run("import", "-window", "root", PICTURES / f"{self.id()}.png")
             raise
 
     return with_picture
+
+
+# A file of tests that is run as a program: it needs to say no more than what it tests.
+if pathlib.Path(sys.argv[0]).name.startswith("test_"):
+    unittest.main(pathlib.Path(sys.argv[0]).stem)

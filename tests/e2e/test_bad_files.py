@@ -3,7 +3,6 @@
 import os
 import random
 import subprocess
-import unittest
 
 from harness import EndToEndTest, keys
 
@@ -125,7 +124,3 @@ class BadFilesTest(EndToEndTest):
         self.wait_path(program, self.home)
         self.wait_names(program, ["kept", "locked"])
         self.close_clean(program)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,6 @@
 """Files are copied and cut in lists and pasted there, to and from other programs' clipboards."""
 
 import subprocess
-import unittest
 
 from harness import EndToEndTest, keys, run, wait_for
 
@@ -73,7 +72,3 @@ class ClipboardTest(EndToEndTest):
         self.end_by(program)
         self.check_clean_end()
         self.assertTrue((self.home / "one.txt").exists())
-
-
-if __name__ == "__main__":
-    unittest.main()

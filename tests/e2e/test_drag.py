@@ -4,7 +4,6 @@ import os
 import pathlib
 import subprocess
 import sys
-import unittest
 
 from harness import EndToEndTest, mouse, run, wait_for
 
@@ -180,7 +179,3 @@ class DragTest(EndToEndTest):
             wait_for("the source", lambda: offered.exists() == (action == "copy"))
         self.assertNotIn("asked to delete", notes.read_text())
         self.close_clean(program)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,7 +1,5 @@
 """Keys reach the form, its lists, its menus and its toolbar, each what is meant for it."""
 
-import unittest
-
 from harness import Atspi, Control, EndToEndTest, click_close, keys, run, wait_for
 
 
@@ -86,7 +84,3 @@ class KeysTest(EndToEndTest):
             rows(pane).has("FOCUSED") for rows in (program.files, program.folders)
             for pane in (1, 2, 3, 5)))
         self.close_clean(program)
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -1,6 +1,4 @@
-"""Both layouts, and the pane under the pointer expands."""
-
-import unittest
+"""Both layouts, the pane under the pointer that expands, and the end by the menu."""
 
 from harness import EndToEndTest, mouse, wait_for
 
@@ -26,12 +24,10 @@ class LayoutTest(EndToEndTest):
         program.control("Arrange panes horizontally.").click()
         wait_for("rows", lambda: program.files(2).place().y > program.files(1).place().y and
                  program.files(2).place().height > program.files(1).place().height)
-        self.close_clean(program)
+        program.menu("File", "Exit")
+        self.assertEqual(program.wait_end(), 0)
+        self.check_clean_end()
         saved = self.settings.read_bytes()
         for line in (b'"Layout",1,0,0,0,0\r\n', b'"LayoutAutoExpand",#TRUE#,0,0,0,0\r\n',
                      b'"PercentHeightH",.3,.7,0,0,0\r\n'):
             self.assertIn(line, saved)
-
-
-if __name__ == "__main__":
-    unittest.main()

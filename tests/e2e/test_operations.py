@@ -1,7 +1,6 @@
 """Items are renamed and deleted by keys, and nothing else on the disk changes."""
 
 import os
-import unittest
 
 from harness import EndToEndTest, keys, wait_for
 
@@ -64,7 +63,3 @@ class OperationsTest(EndToEndTest):
         self.check_clean_end()
         self.assertEqual(first.read_text(), "kept")
         self.assertTrue((self.home / "many").exists(), "it went on to the end")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -3,7 +3,6 @@
 import os
 import pathlib
 import subprocess
-import unittest
 
 from harness import EndToEndTest, run, wait_for
 
@@ -81,7 +80,3 @@ class RestartTest(EndToEndTest):
         program.wait_status(" item")
         self.end_by(program)
         self.assertTrue(self.settings.read_bytes().startswith(START))
-
-
-if __name__ == "__main__":
-    unittest.main()
