@@ -56,7 +56,7 @@ class ClipboardTest(EndToEndTest):
         self.assertTrue((self.home / "one.txt").exists())
         self.close_clean(program)
 
-    def test_the_program_ends_over_an_open_menu_and_a_question(self):
+    def test_the_program_ends_over_an_open_menu(self):
         (self.home / "one.txt").write_text("1")
         program = self.start()
         program.select("one.txt")
@@ -65,10 +65,3 @@ class ClipboardTest(EndToEndTest):
         wait_for("the menu", lambda: program.windows() - windows)
         self.end_by(program)
         self.check_clean_end()
-        program = self.start()
-        program.select("one.txt")
-        keys("Delete")
-        program.message("to the trash?")
-        self.end_by(program)
-        self.check_clean_end()
-        self.assertTrue((self.home / "one.txt").exists())

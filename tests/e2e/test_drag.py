@@ -36,10 +36,6 @@ def pull(start, place, begun):
     glide(place, place)
 
 
-def give_up():
-    mouse("key", "Escape", "mouseup", 1)
-
-
 class DragTest(EndToEndTest):
     def setUp(self):
         super().setUp()
@@ -93,14 +89,6 @@ class DragTest(EndToEndTest):
         wait_for("the folder to open", opened)
         self.drop(middle(tree.row("inner")), "ctrl")
         self.wait_copied("one.txt", "to/inner")
-        self.pull(program, start, middle(target.row("inner")))
-        self.wait_path(program, self.home / "to/inner", 2)
-        glide(middle(target), middle(program.control("Up one folder of pane 2"), 10))
-        self.wait_path(program, self.home / "to", 2)
-        self.drop(empty_space(target), "ctrl")
-        self.wait_copied("one.txt", "to")
-        (self.home / "to/one.txt").unlink()
-        self.wait_names(program, ["inner"], 2)
 
         for keys in ("Escape", "alt+c"):
             self.pull(program, start, empty_space(target))
@@ -119,11 +107,9 @@ class DragTest(EndToEndTest):
         files = program.files()
         before = sorted(self.home.rglob("*"))
         one, box = middle(files.row("one.txt")), middle(files.row("box"))
-        self.pull(program, one, empty_space(program.files(2)))
-        give_up()
         self.pull(program, one, box)
         self.wait_path(program, self.home / "from/box")  # the folder opens
-        give_up()
+        mouse("key", "Escape", "mouseup", 1)
         program.control("Up one folder of pane 1").click()
         self.wait_path(program, self.home / "from")
         places = (one, middle(program.folders().row("box")), box, empty_space(files))

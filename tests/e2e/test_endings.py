@@ -23,13 +23,6 @@ class EndingsTest(EndToEndTest):
                 self.end_by(program, number)
                 self.check_saved()
 
-    def test_kill_leaves_the_marker(self):
-        self.settings.write_bytes(THREE_PANES)
-        program = self.start()
-        program.kill()
-        self.assertTrue(self.marker.exists())
-        self.assertEqual(self.settings.read_bytes(), THREE_PANES)
-
     def test_display_goes(self):
         ours, theirs = os.pipe()
         server = subprocess.Popen(

@@ -51,9 +51,6 @@ class MenuTest(EndToEndTest):
         keys("BackSpace")
         self.wait_path(program, self.home)
 
-        self.choose(program, row("one.txt"), "c")
-        self.choose(program, row("inner"), "p")
-        wait_for("the pasted file", lambda: (self.home / "inner/one.txt").exists())
         self.choose(program, row(twin), "d")
         program.dismiss("to the trash?", "alt+y")
         wait_for("it to go", lambda: not (self.home / twin).exists())

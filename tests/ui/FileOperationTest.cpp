@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
@@ -26,10 +25,7 @@ namespace {
 using namespace std::chrono_literals;
 using platform::ConflictChoice;
 using platform::FileFunction;
-using platform::ItemKind;
 using platform::MissingFolderChoice;
-using platform::NoTrashChoice;
-using platform::OperationRequest;
 using platform::OperationResult;
 using platform::OperationUser;
 using platform::TroubleChoice;
@@ -116,7 +112,7 @@ class FileOperationTest : public testing::Test {
   QWidget Main;
   QLineEdit Edit;
   std::function<int(OperationUser&)> Work;
-  QtFileOperation Operation{[this](const OperationRequest&, OperationUser& user) {
+  QtFileOperation Operation{[this](const platform::OperationRequest&, OperationUser& user) {
                               return OperationResult{.Code = Work(user)};
                             },
                             {},
@@ -129,7 +125,7 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
       {.Path = "/a/new\xFF\n", .Size = 2000, .Modified = 9'000'000'000},
       {.Path = "/c/new\xFF\n", .Size = 1000, .Modified = 1'000'000'000}};
   platform::OperationConflict unlike = conflict;
-  unlike.Target.Kind = ItemKind::Folder;
+  unlike.Target.Kind = platform::ItemKind::Folder;
   const auto enter = [](QDialog& window) { PressKey(*window.focusWidget(), Qt::Key_Return); };
   const auto escape = [](QDialog& window) { PressKey(window, Qt::Key_Escape); };
   const auto click = [](const char* caption, bool forAll = false) {
@@ -156,7 +152,7 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
   EXPECT_TRUE(is(meet(unlike, close), ConflictChoice::Cancel));
   // Within a folder that was merged none is asked of again, but for another spelling.
   platform::OperationConflict folders = unlike;
-  folders.Source.Kind = ItemKind::Folder;
+  folders.Source.Kind = platform::ItemKind::Folder;
   for (const bool isOtherSpelling : {false, true}) {
     const auto merge = [&](QDialog& window) {
       click("Merge")(window);
@@ -185,9 +181,9 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
   EXPECT_EQ(trouble(click("Skip All")), TroubleChoice::SkipAll);
   EXPECT_EQ(trouble(click("Cancel")), TroubleChoice::Cancel);
   const auto noTrash = [](auto& user) { return user.OnNoTrash("/a/b"); };
-  EXPECT_TRUE(is(Ask("No Trash", enter, noTrash), NoTrashChoice::Skip));
+  EXPECT_TRUE(is(Ask("No Trash", enter, noTrash), platform::NoTrashChoice::Skip));
   EXPECT_TRUE(is(Ask("No Trash", click("Delete for Good", true), noTrash),
-                 NoTrashChoice::DeleteForGood, true));
+                 platform::NoTrashChoice::DeleteForGood, true));
   const auto loss = [](auto& user) { return user.OnLoss("/a/b"); };
   EXPECT_TRUE(is(Ask("Lost", enter, loss), platform::LossChoice::Skip));
   EXPECT_TRUE(
@@ -211,8 +207,6 @@ TEST_F(FileOperationTest, EachAnswerArrivesAndTheDefaultLosesNothing) {
     enter(window);
   };
   EXPECT_EQ(Ask("Noted", readList, remark), 5);
-  After(20, [&] { Operation.CancelThen([] {}); });
-  EXPECT_EQ(Run(remark).Code, 5);
 }
 
 TEST_F(FileOperationTest, OnlyWorkThatTakesTimeShowsItsProgressAndPausesOrCancels) {
@@ -237,14 +231,11 @@ TEST_F(FileOperationTest, OnlyWorkThatTakesTimeShowsItsProgressAndPausesOrCancel
       });
     });
   });
-  QElapsedTimer time;
-  time.start();
   EXPECT_EQ(Run([&](OperationUser& user) {
               while (!Spend(user, 10ms)) ++steps;
               return 7;
             }).Code,
             7);
-  EXPECT_GT(time.elapsed(), 600);
   EXPECT_THROW(Run([](OperationUser&) -> int { throw std::runtime_error("engine"); }),
                std::runtime_error);
 }

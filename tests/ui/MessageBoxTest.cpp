@@ -31,14 +31,13 @@ class MessageBoxTest : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  const std::string& Ask(MessageKind kind, std::function<void(QDialog&)> react,
-                         const std::string& text = "Well?") {
+  const std::string& Ask(MessageKind kind, std::function<void(QDialog&)> react) {
     QTimer::singleShot(0, qApp, [react = std::move(react)] {
       auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       ASSERT_NE(box, nullptr);
       react(*box);
     });
-    Messages.Message(text, kind);
+    Messages.Message(Text, kind);
     EXPECT_TRUE(Host.OpenForms().empty());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     return Messages.MessageResult();
@@ -51,16 +50,9 @@ class MessageBoxTest : public testing::Test {
   IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
   QtFormHost Host;
   forms::Form Main{"Master"};
+  std::string Text = "Well?";
   shell::MessageBox Messages{Host, Main};
 };
-
-TEST_F(MessageBoxTest, LiesOverTheMiddleOfItsWindow) {
-  Main.Top = Main.Width = Main.Height = ToTwips(400);
-  Ask(MessageKind::Ok, [](QDialog& box) {
-    EXPECT_NEAR(box.geometry().center().y(), 600, 2);
-    Press(box, Qt::Key_Escape);
-  });
-}
 
 TEST_F(MessageBoxTest, EachWayOfClosingGivesItsWord) {
   const auto enter = [](QDialog& box) { Press(box, Qt::Key_Return); };
@@ -86,24 +78,20 @@ TEST_F(MessageBoxTest, EachWayOfClosingGivesItsWord) {
   EXPECT_EQ(Ask(MessageKind::YesNo, endProgram), "");
 }
 
-TEST_F(MessageBoxTest, LongTextStaysOnTheScreenAndNamesAreShownPlainly) {
-  std::string text = "Failed:\r\n";
-  for (int i = 0; i < 500; ++i) text += "C:\\folder\\file number " + std::to_string(i) + "\r\n";
-  Ask(
-      MessageKind::Ok,
-      [](QDialog& box) {
-        EXPECT_LT(box.height(), box.screen()->availableGeometry().height());
-        EXPECT_TRUE(ButtonOf(box, "OK")->isVisible());
-        Press(box, Qt::Key_Return);
-      },
-      text);
-  Ask(
-      MessageKind::Ok,
-      [](QDialog& box) {
-        EXPECT_EQ(box.accessibleDescription(), QString::fromUtf8("<b>a\xEF\xBF\xBD</b>\n\nnext"));
-        Press(box, Qt::Key_Return);
-      },
-      "<b>a\xFF</b>\r\n\r\nnext");
+TEST_F(MessageBoxTest, LiesOverItsWindowOnTheScreenAndShowsNamesPlainly) {
+  Main.Top = Main.Width = Main.Height = ToTwips(400);
+  Text = "<b>a\xFF</b>\r\n\r\nnext";
+  Ask(MessageKind::Ok, [](QDialog& box) {
+    EXPECT_NEAR(box.geometry().center().y(), 600, 2);
+    EXPECT_EQ(box.accessibleDescription(), QString::fromUtf8("<b>a\xEF\xBF\xBD</b>\n\nnext"));
+    Press(box, Qt::Key_Return);
+  });
+  for (int i = 0; i < 500; ++i) Text += "C:\\folder\\file number " + std::to_string(i) + "\r\n";
+  Ask(MessageKind::Ok, [](QDialog& box) {
+    EXPECT_LT(box.height(), box.screen()->availableGeometry().height());
+    EXPECT_TRUE(ButtonOf(box, "OK")->isVisible());
+    Press(box, Qt::Key_Return);
+  });
 }
 
 }  // namespace

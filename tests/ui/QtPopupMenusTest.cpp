@@ -18,13 +18,6 @@ void Press(QWidget* popup, Qt::Key key) {
   PressKey(*popup, key, {}, key < 128 ? QString(QChar(key)).toLower() : QString());
 }
 
-ContextEntry Entry(int id, const std::string& caption) {
-  ContextEntry entry;
-  entry.Id = id;
-  entry.Caption = caption;
-  return entry;
-}
-
 class QtPopupMenusTest : public testing::Test {
  protected:
   QtPopupMenusTest() {
@@ -34,19 +27,15 @@ class QtPopupMenusTest : public testing::Test {
     Window.menuBar()->setPalette(PlainPalette(Qt::white, Qt::black));
     Menus.SetWindow(&Window);
     Menu = Menus.Create();
-    EXPECT_TRUE(Menu->InsertOnTop(Entry(2, "&Delete")));
-    ContextEntry other = Entry(1, "");
-    other.IsSeparator = true;
-    EXPECT_TRUE(Menu->InsertOnTop(other));
-    other = Entry(7, "Open Wit&h");
-    other.Children = {Entry(8, "A && B\tC"), Entry(9, std::string(3000, 'x') + "&y")};
-    EXPECT_TRUE(Menu->InsertOnTop(other));
-    other = Entry(5, "&Paste");
-    other.Enabled = false;
-    EXPECT_TRUE(Menu->InsertOnTop(other));
-    other = Entry(4, "&Open");
-    other.IsDefault = true;
-    EXPECT_TRUE(Menu->InsertOnTop(other));
+    const std::vector<ContextEntry> inner = {{.Id = 8, .Caption = "A && B\tC"},
+                                             {.Id = 9, .Caption = std::string(3000, 'x') + "&y"}};
+    for (const ContextEntry& each : {ContextEntry{.Id = 2, .Caption = "&Delete"},
+                                     {.Id = 1, .IsSeparator = true},
+                                     {.Id = 7, .Caption = "Open Wit&h", .Children = inner},
+                                     {.Id = 5, .Caption = "&Paste", .Enabled = false},
+                                     {.Id = 4, .Caption = "&Open", .IsDefault = true}}) {
+      EXPECT_TRUE(Menu->InsertOnTop(each));
+    }
   }
   // What Track gives when `act` is done with the menu that is up.
   int Track(const std::function<void(QMenu&)>& act) {
@@ -133,10 +122,10 @@ TEST_F(QtPopupMenusTest, GivesWayToTheEndOfTheProgram) {
   other->setCentralWidget(new QWidget);
   Menus.SetWindow(other.get());
   Menu = Menus.Create();
-  EXPECT_TRUE(Menu->InsertOnTop(Entry(1, "x")));
+  EXPECT_TRUE(Menu->InsertOnTop({.Id = 1, .Caption = "x"}));
   EXPECT_EQ(Track([&other](QMenu&) { other.reset(); }), 0);
   EXPECT_EQ(Menus.Create(), nullptr);
-  EXPECT_FALSE(Menu->InsertOnTop(Entry(1, "x")));
+  EXPECT_FALSE(Menu->InsertOnTop({.Id = 1, .Caption = "x"}));
 }
 
 }  // namespace
