@@ -65,6 +65,12 @@ class BadFilesTest(EndToEndTest):
         self.wait_path(program, self.home, 2)
         self.close_clean(program)
 
+    def test_settings_file_is_a_folder(self):
+        self.settings.mkdir()
+        (self.settings / "inside").write_text("kept")
+        self.close_clean(self.start())
+        self.assertEqual((self.own / "user.usr.unread/inside").read_text(), "kept")
+
     def test_own_folder_takes_no_files(self):
         self.settings.write_bytes(b'"Status",0,0,0,1,1\r\n')
         before = self.settings.read_bytes()

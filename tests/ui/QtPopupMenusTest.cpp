@@ -27,13 +27,14 @@ class QtPopupMenusTest : public testing::Test {
     Window.menuBar()->setPalette(PlainPalette(Qt::white, Qt::black));
     Menus.SetWindow(&Window);
     Menu = Menus.Create();
-    const std::vector<ContextEntry> inner = {{.Id = 8, .Caption = "A && B\tC"},
-                                             {.Id = 9, .Caption = std::string(3000, 'x') + "&y"}};
-    for (const ContextEntry& each : {ContextEntry{.Id = 2, .Caption = "&Delete"},
-                                     {.Id = 1, .IsSeparator = true},
-                                     {.Id = 7, .Caption = "Open Wit&h", .Children = inner},
-                                     {.Id = 5, .Caption = "&Paste", .Enabled = false},
-                                     {.Id = 4, .Caption = "&Open", .IsDefault = true}}) {
+    // Number, caption, picture, whether a separator, enabled, the default; children.
+    const ContextEntry inner{8, "A && B\tC", "", false, true, false, {}};
+    const ContextEntry wide{9, std::string(3000, 'x') + "&y", "", false, true, false, {}};
+    for (const ContextEntry& each : {ContextEntry{2, "&Delete", "", false, true, false, {}},
+                                     {1, "", "", true, true, false, {}},
+                                     {7, "Open Wit&h", "", false, true, false, {inner, wide}},
+                                     {5, "&Paste", "", false, false, false, {}},
+                                     {4, "&Open", "", false, true, true, {}}}) {
       EXPECT_TRUE(Menu->InsertOnTop(each));
     }
   }
@@ -122,10 +123,10 @@ TEST_F(QtPopupMenusTest, GivesWayToTheEndOfTheProgram) {
   other->setCentralWidget(new QWidget);
   Menus.SetWindow(other.get());
   Menu = Menus.Create();
-  EXPECT_TRUE(Menu->InsertOnTop({.Id = 1, .Caption = "x"}));
+  EXPECT_TRUE(Menu->InsertOnTop({1, "x", "", false, true, false, {}}));
   EXPECT_EQ(Track([&other](QMenu&) { other.reset(); }), 0);
   EXPECT_EQ(Menus.Create(), nullptr);
-  EXPECT_FALSE(Menu->InsertOnTop({.Id = 1, .Caption = "x"}));
+  EXPECT_FALSE(Menu->InsertOnTop({1, "x", "", false, true, false, {}}));
 }
 
 }  // namespace
