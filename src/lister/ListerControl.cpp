@@ -326,7 +326,7 @@ void ListerControl::LookAtDisk(LookReason reason) {
   FolderFollower& follower = parts_->Body->Follower;
   const bool mayLook = Visible || reason == LookReason::Mounts;  // these are told of once
   if (!mayLook || parts_->State.Services.OpenBrackets > 0) return follower.LookAgainLater();
-  follower.StateOf(reason);
+  follower.Look(reason);
 }
 
 void ListerControl::DrivesChanged() {

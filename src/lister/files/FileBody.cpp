@@ -128,7 +128,7 @@ int FileBody::PositionOf(RowId row) const {
 }
 
 RowState FileBody::OwnStateOf(RowId row) const {
-  return files_.Rows.Has(row) ? FileLook(files_, row) : RowState{};
+  return files_.Rows.Has(row) ? FileRowState(files_, row) : RowState{};
 }
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {

@@ -57,7 +57,7 @@ std::string FileCellBytes(const FileListState& files, RowId row, HeadingId headi
   }
 }
 
-RowState FileLook(const FileListState& files, RowId row) {
+RowState FileRowState(const FileListState& files, RowId row) {
   const FileRow& item = files.Rows.Row(row);
   return {.Kind = item.Kind,
           .IsLink = item.IsLink,

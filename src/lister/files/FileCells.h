@@ -11,6 +11,6 @@ namespace tarnwell::lister {
 std::string FileCellText(const FileListState& files, RowId row, HeadingId heading);
 // For other programs: bytes as they are, numbers in digits alone.
 std::string FileCellBytes(const FileListState& files, RowId row, HeadingId heading);
-RowState FileLook(const FileListState& files, RowId row);
+RowState FileRowState(const FileListState& files, RowId row);
 
 }  // namespace tarnwell::lister

@@ -73,7 +73,7 @@ void FolderFollower::Start() {
 void FolderFollower::Resume() {
   if (!stopped_) return;
   Start();
-  StateOf(LookReason::Resumed);
+  Look(LookReason::Resumed);
 }
 
 // A share gives no notices of what other machines change, and one that is dead must keep nobody.
@@ -109,7 +109,7 @@ void FolderFollower::LookAgainLater() {
   if (wait_ != 0 || before != 0) later_(wait_);
 }
 
-void FolderFollower::StateOf(LookReason reason) {
+void FolderFollower::Look(LookReason reason) {
   const bool all = reason == LookReason::Mounts || reason == LookReason::Resumed;
   // Half a step early, since no timer is exact.
   const bool asks =

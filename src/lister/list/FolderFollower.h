@@ -67,7 +67,7 @@ class FolderFollower {
   // Tells of folders that nobody else tells of and that are not as they were when they were last to
   // be read; after Mounts and Resumed of any. Folders on other machines are told of later, from the
   // event loop, and idle looks leave them out most of the time.
-  void StateOf(LookReason reason);
+  void Look(LookReason reason);
   // Has Look called again for what needs it.
   void LookAgainLater();
 

@@ -73,6 +73,7 @@ class ListBody : public ListRows {
             [this](const auto& folder, const auto& changes) { FolderChanged(folder, changes); },
             [&state](int milliseconds) { state.View().LookLater(milliseconds); }),
         state_(state) {}
+
   FolderFollower Follower;
 
   virtual void ShowStatus(const std::string& text) { state_.SetStatus(text); }

@@ -56,9 +56,9 @@ struct CompareCounts : MarkCounts {
 
 // Of all rows, whether or not the filter shows them.
 std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyntax& syntax);
-// Marks all rows by the records of another list, and the records by the rows, by
-// the bits of `mode`: 1 size, 2 date. Items pair one to one by name and kind; where names differ in
-// case alone and that does not count, the first of one list goes with the first of the other.
+// Marks all rows by the records of another list, and the records by the rows, by the bits of
+// `mode`: 1 size, 2 date. Items pair one to one by name and kind; where names differ in case alone
+// and that does not count, the first of one list goes with the first of the other.
 CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std::int32_t mode,
                        const base::PathSyntax& syntax);
 // Marks all rows by what MarkRows left in records that were made of them.
