@@ -18,7 +18,7 @@ using lister::RowPart;
 
 namespace {
 
-constexpr int ColumnScrollInterval = 50;  // milliseconds
+constexpr int SelectScrollInterval = 50;  // milliseconds
 
 int ButtonOf(Qt::MouseButton button) {
   return button == Qt::LeftButton     ? 1
@@ -31,7 +31,7 @@ int ButtonOf(Qt::MouseButton button) {
 
 ListerMouse::ListerMouse(ListerTree& tree, const lister::ListInput& input, bool fileList)
     : QObject(&tree), tree_(tree), input_(input), fileList_(fileList) {
-  scroll_.setInterval(ColumnScrollInterval);
+  scroll_.setInterval(SelectScrollInterval);
   connect(&scroll_, &QTimer::timeout, this, &ListerMouse::ScrollAlong);
 }
 
