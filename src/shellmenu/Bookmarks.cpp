@@ -1,8 +1,11 @@
 #include "shellmenu/Bookmarks.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <exception>
+#include <string>
 
+#include "lister/list/ClickedItem.h"
 #include "settings/LoadLastSettings.h"
 #include "shellmenu/ShellMenuTables.h"
 

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "forms/Messenger.h"
-#include "lister/list/ClickedItem.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::shellmenu {

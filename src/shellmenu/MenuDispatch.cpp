@@ -4,7 +4,7 @@
 #include <exception>
 #include <utility>
 
-#include "lister/list/ClickedItem.h"
+#include "lister/rows/ItemColours.h"
 #include "lists/ShowPlaced.h"
 #include "shellmenu/ColourCoding.h"
 #include "shellmenu/MenuWords.h"

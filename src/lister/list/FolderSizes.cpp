@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/Text.h"
+#include "lister/list/Pacer.h"
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {

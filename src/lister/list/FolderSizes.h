@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "lister/list/ListBody.h"
-#include "lister/list/Pacer.h"
 #include "lister/rows/KnownSizes.h"
 
 namespace tarnwell::lister {

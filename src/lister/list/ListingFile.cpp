@@ -4,7 +4,6 @@
 
 #include "base/Text.h"
 #include "lister/list/Pacer.h"
-#include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
 namespace {

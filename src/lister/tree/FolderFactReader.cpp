@@ -3,8 +3,6 @@
 #include <string_view>
 #include <utility>
 
-#include "lister/rows/CellText.h"
-
 namespace tarnwell::lister {
 namespace {
 
