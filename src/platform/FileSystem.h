@@ -71,8 +71,8 @@ class OpenedFolder {
   virtual base::Status Read(const TakeEntry& take) = 0;
   // A link is followed.
   virtual base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const = 0;
-  // An item without the note, and a file system that keeps none, give an empty text and no error.
-  virtual base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute note,
+  // An item without it, and a file system that keeps none, give an empty text and no error.
+  virtual base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                              std::string& text) const = 0;
 };
 
@@ -135,9 +135,9 @@ class FileSystem {
   // Of the volume that holds the folder.
   virtual base::Status ReadSpace(const std::string& folder, Space& space) const = 0;
 
-  // Keeps the text with the item; an empty one takes the note away. Gives an error where the file
-  // system keeps none.
-  virtual base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute note,
+  // Keeps the text with the item; an empty one takes it away. Gives an error where the file system
+  // keeps none.
+  virtual base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute attribute,
                                               const std::string& text) = 0;
   // The reasons of these two are sentences that say what to do.
   // Makes one folder; one that is there already gives an error.

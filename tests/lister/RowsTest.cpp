@@ -68,7 +68,7 @@ class Rows : public testing::Test {
                              .Accessed = time(),
                              .Mode = static_cast<std::uint32_t>(Random() % 4 * 0111)});
     if (item.IsFolder() && Random() % 2 == 0) rows.SetFolderSize(row, {Random() % 4 << 62});
-    if (Random() % 2 == 0) rows.SetNotes(row, ItemColour::Red, RandomName());
+    if (Random() % 2 == 0) rows.SetExtendedAttributes(row, ItemColour::Red, RandomName());
   }
 
   std::mt19937_64 Random{7};

@@ -77,7 +77,7 @@ bool DetailsReader::ReadAttributesOf(RowId row, const platform::OpenedFolder& fo
   return !now.LooksLike(before);
 }
 
-bool DetailsReader::LacksNotes() {
+bool DetailsReader::LacksExtendedAttributes() {
   if (files_.Rows.All().empty()) return false;
   const ExtendedAttributes shown = Shown();
   // What is taken from the screen is asked for anew when it comes back.
@@ -86,8 +86,8 @@ bool DetailsReader::LacksNotes() {
   return (shown.Colours && !asked_.Colours) || (shown.Comments && !asked_.Comments);
 }
 
-void DetailsReader::ReadNotes(ReadJob& job) {
-  while (LacksNotes() && job.Goes()) {
+void DetailsReader::ReadExtendedAttributes(ReadJob& job) {
+  while (LacksExtendedAttributes() && job.Goes()) {
     const ExtendedAttributes shown = Shown();
     const ExtendedAttributes lacking{shown.Colours && !asked_.Colours,
                                      shown.Comments && !asked_.Comments};
@@ -107,28 +107,28 @@ void DetailsReader::ReadNotes(ReadJob& job) {
   }
 }
 
-bool DetailsReader::ReadExtendedAttributesOf(RowId row, ExtendedAttributes notes,
+bool DetailsReader::ReadExtendedAttributesOf(RowId row, ExtendedAttributes wanted,
                                              const platform::OpenedFolder& folder) {
   ItemColour colour = files_.Rows.Row(row).Colour;
   std::string comment(files_.Rows.Comment(row));
-  Read(files_.Rows.Name(row), notes, folder, colour, comment);
+  Read(files_.Rows.Name(row), wanted, folder, colour, comment);
   if (colour == files_.Rows.Row(row).Colour && comment == files_.Rows.Comment(row)) return false;
-  files_.Rows.SetNotes(row, colour, std::move(comment));
+  files_.Rows.SetExtendedAttributes(row, colour, std::move(comment));
   return true;
 }
 
 // What cannot be read is as good as not there.
-void DetailsReader::Read(std::string_view name, ExtendedAttributes notes,
+void DetailsReader::Read(std::string_view name, ExtendedAttributes wanted,
                          const platform::OpenedFolder& folder, ItemColour& colour,
                          std::string& comment) {
   using platform::ExtendedAttribute;
-  if (notes.Colours) {
+  if (wanted.Colours) {
     std::string word;
     const bool known =
         static_cast<bool>(folder.ReadExtendedAttribute(name, ExtendedAttribute::Colour, word));
     colour = known ? ColourOfWord(word) : ItemColour::Default;
   }
-  if (notes.Comments && !folder.ReadExtendedAttribute(name, ExtendedAttribute::Comment, comment))
+  if (wanted.Comments && !folder.ReadExtendedAttribute(name, ExtendedAttribute::Comment, comment))
     comment.clear();
 }
 

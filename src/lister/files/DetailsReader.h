@@ -17,16 +17,16 @@ class DetailsReader {
  public:
   explicit DetailsReader(FileListState& files) : files_(files) {}
 
-  // The rows are of a folder that has just been read: nothing is known of their notes.
+  // The rows are of a folder that has just been read: no attributes are known.
   void Forget() { asked_ = complete_ = {}; }
 
   // Attributes of the rows for which they have not been asked since the folder was read. Returns
   // early when the job goes on no longer.
   void ReadAttributes(ReadJob& job);
-  // The notes that are on show and have not been asked for.
-  void ReadNotes(ReadJob& job);
-  bool LacksNotes();
-  // Reads the notes of one item that are known of the others; the rest stays as it was.
+  // The extended attributes that are on show and have not been asked for.
+  void ReadExtendedAttributes(ReadJob& job);
+  bool LacksExtendedAttributes();
+  // Reads those of one item that are known of the others; the rest stays as it was.
   void ReadExtendedAttributesOf(std::string_view name, const platform::OpenedFolder& folder,
                                 ItemColour& colour, std::string& comment) const {
     Read(name, complete_, folder, colour, comment);
@@ -43,9 +43,9 @@ class DetailsReader {
 
   // True when the row looks different now.
   bool ReadAttributesOf(RowId row, const platform::OpenedFolder& folder);
-  bool ReadExtendedAttributesOf(RowId row, ExtendedAttributes notes,
+  bool ReadExtendedAttributesOf(RowId row, ExtendedAttributes wanted,
                                 const platform::OpenedFolder& folder);
-  static void Read(std::string_view name, ExtendedAttributes notes,
+  static void Read(std::string_view name, ExtendedAttributes wanted,
                    const platform::OpenedFolder& folder, ItemColour& colour, std::string& comment);
   // Calls `look` for all rows for which `lacks` holds, until it has done so.
   template <typename Lacks, typename Look>

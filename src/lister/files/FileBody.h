@@ -35,7 +35,7 @@ class FileBody : public ListBody {
   void CatchUp() override;
   void Resort() override { reader_.Resort(); }
   void Terminate() override { reader_.Terminate(); }
-  void SettingsChanged() override { reader_.NotesChanged(); }
+  void SettingsChanged() override { reader_.SettingsChanged(); }
   void LoadContents(const std::string& folder) override { reader_.Load(folder); }
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed,
                    std::function<bool()> tells) override;

@@ -90,7 +90,7 @@ void FileReader::FilterChanged() {
   ShowSummary(files_);
 }
 
-void FileReader::NotesChanged() {
+void FileReader::SettingsChanged() {
   Work();
 }
 
@@ -133,8 +133,8 @@ bool FileReader::DoNext() {
     Sort(job);
   } else if (!stopped_ && !willCatchUp_ && !update_.HasNone() && !update_.IsEverything()) {
     Update();
-  } else if (!stopped_ && details_.LacksNotes()) {
-    ReadNotes();
+  } else if (!stopped_ && details_.LacksExtendedAttributes()) {
+    ReadExtendedAttributes();
   } else {
     if (!willCatchUp_) MindChanges(0);
     return false;
@@ -271,9 +271,9 @@ void FileReader::ReadDetails(ReadJob& job) {
   if (job.IsSuperseded()) return;
   // Once, at the end: rows that jump about while they come cannot be read or clicked.
   if (details_.TakeKindsChanged() || FileRows::NeedsAttributes(keys)) Sort(job);
-  if (!job.Goes() || !details_.LacksNotes()) return;
-  details_.ReadNotes(job);
-  if (!job.IsSuperseded() && FileRows::NeedsNotes(keys)) Sort(job);
+  if (!job.Goes() || !details_.LacksExtendedAttributes()) return;
+  details_.ReadExtendedAttributes(job);
+  if (!job.IsSuperseded() && FileRows::NeedsExtendedAttributes(keys)) Sort(job);
 }
 
 // The items of another folder must not stand under the new one while that is read.
@@ -348,15 +348,16 @@ void FileReader::Sort(ReadJob& job) {
   if (filterAsked_) FilterChanged();
 }
 
-void FileReader::ReadNotes() {
+void FileReader::ReadExtendedAttributes() {
   files_.List.Fields.CancelRequested = false;
   ReadJob job = NewJob();
   job.MaySort = true;
   base::Status status;
   job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
-  details_.ReadNotes(job);
+  details_.ReadExtendedAttributes(job);
   if (job.Standing == Standing::Cancelled) files_.List.Fields.CancelRequested = false;
-  if (!job.IsSuperseded() && FileRows::NeedsNotes(files_.List.Keys.Entries())) Sort(job);
+  if (!job.IsSuperseded() && FileRows::NeedsExtendedAttributes(files_.List.Keys.Entries()))
+    Sort(job);
 }
 
 void FileReader::Update() {

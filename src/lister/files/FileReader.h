@@ -1,8 +1,9 @@
 // Reads the folder of a file list and keeps its rows up to date.
 //
-// Names and kinds come first, so that sorted rows are on the screen at once; attributes and notes
-// follow in slices (DetailsReader.h), and messages are let through between them. Work that is asked
-// for meanwhile is done after it, or in its place: reads never nest, and the newest load wins.
+// Names and kinds come first, so that sorted rows are on the screen at once; attributes, plain
+// and extended, follow in slices (DetailsReader.h), and messages are let through between them. Work
+// that is asked for meanwhile is done after it, or in its place: reads never nest, and the newest
+// load wins.
 #pragma once
 
 #include <cstdint>
@@ -32,8 +33,8 @@ class FileReader {
   void Resort();
   // The filter is another one: shows what it takes, without a look at the disk.
   void FilterChanged();
-  // Switches and headings may show notes that have not been read yet.
-  void NotesChanged();
+  // Switches and headings may show extended attributes that have not been read yet.
+  void SettingsChanged();
   void Terminate();
 
   bool IsReading() const { return busy_; }
@@ -65,7 +66,7 @@ class FileReader {
   void MindChanges(std::int64_t readFor);
 
   void Sort(ReadJob& job);
-  void ReadNotes();
+  void ReadExtendedAttributes();
   void Update();
 
   FileListState& files_;

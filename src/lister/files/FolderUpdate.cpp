@@ -133,9 +133,10 @@ bool FolderUpdate::SetDetails(const Item& item) {
     rows.SetUnreadable(item.Row);
     if (files_.Reason.empty()) files_.Reason = item.Status.Reason;
   }
-  const bool noteChanged = item.Colour != before.Colour || item.Comment != rows.Comment(item.Row);
-  if (noteChanged) rows.SetNotes(item.Row, item.Colour, item.Comment);
-  if (!noteChanged && rows.Row(item.Row).LooksLike(before)) return false;
+  const bool extendedChanged =
+      item.Colour != before.Colour || item.Comment != rows.Comment(item.Row);
+  if (extendedChanged) rows.SetExtendedAttributes(item.Row, item.Colour, item.Comment);
+  if (!extendedChanged && rows.Row(item.Row).LooksLike(before)) return false;
   rows.SetMarks(item.Row, {});  // what was compared is no longer there
   return true;
 }

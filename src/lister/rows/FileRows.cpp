@@ -137,7 +137,7 @@ void FileRows::SetFolderSize(RowId row, const FolderSize& size) {
   item.IsSizePartial = !size.IsWhole;
 }
 
-void FileRows::SetNotes(RowId row, ItemColour colour, std::string comment) {
+void FileRows::SetExtendedAttributes(RowId row, ItemColour colour, std::string comment) {
   FileRow& item = Stored(row);
   item.Colour = colour;
   if (comment.empty()) {
@@ -256,9 +256,10 @@ bool FileRows::NeedsAttributes(const std::vector<SortKey>& keys) {
                      [](const SortKey& key) { return RowKeys::NeedsAttributes(key.Heading); });
 }
 
-bool FileRows::NeedsNotes(const std::vector<SortKey>& keys) {
-  return std::any_of(keys.begin(), keys.end(),
-                     [](const SortKey& key) { return RowKeys::NeedsNotes(key.Heading); });
+bool FileRows::NeedsExtendedAttributes(const std::vector<SortKey>& keys) {
+  return std::any_of(keys.begin(), keys.end(), [](const SortKey& key) {
+    return RowKeys::NeedsExtendedAttributes(key.Heading);
+  });
 }
 
 // --- What is on show.

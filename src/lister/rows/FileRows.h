@@ -97,7 +97,7 @@ class FileRows {
   void SetAttributes(RowId row, const platform::ItemAttributes& attributes);
   void SetUnreadable(RowId row);
   void SetFolderSize(RowId row, const FolderSize& size);
-  void SetNotes(RowId row, ItemColour colour, std::string comment);
+  void SetExtendedAttributes(RowId row, ItemColour colour, std::string comment);
   void SetColour(RowId row, ItemColour colour);
   void SetMarks(RowId row, CompareMarks marks);
   // The kinds of marks that rows have, on show or not.
@@ -137,9 +137,9 @@ class FileRows {
   // others, which are in order, stay as they are. Quick where they are few.
   std::vector<RowId> Reordered(const std::vector<RowId>& changed, const std::vector<SortKey>& keys,
                                const NameOrder& names) const;
-  // Whether the order by these keys can change once attributes are known, or notes.
+  // Whether the order by these keys can change once attributes are known, plain or extended.
   static bool NeedsAttributes(const std::vector<SortKey>& keys);
-  static bool NeedsNotes(const std::vector<SortKey>& keys);
+  static bool NeedsExtendedAttributes(const std::vector<SortKey>& keys);
 
   // Those of the rows that the filter takes, in their order.
   std::vector<RowId> Taken(const NameFilter& filter, const std::vector<RowId>& rows) const;

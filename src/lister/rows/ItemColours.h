@@ -26,7 +26,7 @@ enum class ItemColour : std::uint8_t {
 };
 
 struct ItemColourEntry {
-  std::string_view Word;  // as menus and items' notes have it
+  std::string_view Word;  // as menus and extended attributes have it
   base::Colour Colour;
 };
 

@@ -49,7 +49,7 @@ void AppendType(const FileRows& rows, const FileRow& row, const NameOrder& names
 struct Segment {
   void (*Append)(const FileRows&, RowId, const NameOrder&, std::string& key);
   bool NeedsAttributes = false;
-  bool NeedsNotes = false;
+  bool NeedsExtendedAttributes = false;
 };
 
 template <auto Time>
@@ -80,7 +80,7 @@ constexpr std::array<Segment, HeadingCount> Segments{{
      .NeedsAttributes = true},
     {.Append = [](const FileRows& rows, RowId row, const NameOrder& names,
                   std::string& key) { AppendText(rows.Comment(row), names, key); },
-     .NeedsNotes = true},
+     .NeedsExtendedAttributes = true},
     // The path: all items are in one folder.
     {.Append = [](const FileRows&, RowId, const NameOrder&, std::string&) {}},
     {.Append =
@@ -122,8 +122,8 @@ bool RowKeys::NeedsAttributes(HeadingId heading) {
   return SegmentOf(heading).NeedsAttributes;
 }
 
-bool RowKeys::NeedsNotes(HeadingId heading) {
-  return SegmentOf(heading).NeedsNotes;
+bool RowKeys::NeedsExtendedAttributes(HeadingId heading) {
+  return SegmentOf(heading).NeedsExtendedAttributes;
 }
 
 }  // namespace tarnwell::lister

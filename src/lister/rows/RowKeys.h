@@ -19,7 +19,7 @@ class RowKeys {
   bool BeforeByBytes(RowId left, RowId right) const;
 
   static bool NeedsAttributes(HeadingId heading);
-  static bool NeedsNotes(HeadingId heading);
+  static bool NeedsExtendedAttributes(HeadingId heading);
 
  private:
   const FileRows& rows_;
