@@ -184,7 +184,7 @@ class ListerControl : public forms::Control, public ListFields {
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed, std::function<bool()> tells);
   // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
   // Otherwise, in a folder list: the folder clicked or opened last.
-  std::string TargetFolder(bool byKey = false) const;
+  std::string TargetFolder(bool byKey = false, bool forPaste = false) const;
   std::string PasteFolder() const;
   std::string DropFolder() const;  // under the last drop; empty if that was no folder
   // The item that a click or a key led to last, or the current one when the wish came by key. Kind

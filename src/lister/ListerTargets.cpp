@@ -55,7 +55,7 @@ const std::string& ListerControl::ActiveItemName() const {
   return parts_->ActiveItemName;
 }
 
-std::string ListerControl::TargetFolder(bool byKey) const {
+std::string ListerControl::TargetFolder(bool byKey, bool) const {
   const ListState& state = parts_->State;
   std::string folder = state.Folder;
   if (!byKey && !IsFileList(Id())) {
@@ -67,7 +67,7 @@ std::string ListerControl::TargetFolder(bool byKey) const {
 }
 
 std::string ListerControl::PasteFolder() const {
-  return TargetFolder(true);
+  return TargetFolder(true, true);
 }
 
 std::string ListerControl::DropFolder() const {

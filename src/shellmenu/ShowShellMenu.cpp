@@ -78,7 +78,7 @@ void ContextMenuCommand::ShowShellMenu(float x, float y, std::string path, MenuM
 
 // A drive's root is no path without its separator.
 std::string ContextMenuCommand::PasteTarget(const lister::ListerControl& list) const {
-  const std::string folder = list.TargetFolder(true);
+  const std::string folder = list.TargetFolder(true, true);
   return platform_.Syntax.IsDriveRoot(folder) ? folder : platform_.Syntax.RemoveRightSlash(folder);
 }
 
