@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <ctime>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -50,12 +51,10 @@ class FakeDrives : public platform::Drives {
   std::vector<platform::Drive> List() const override { return Volumes; }
   std::string HomeFolder() const override { return Home; }
   std::string DriveOf(const std::string& path) const override {
-    std::string best, bestRoot;
-    for (const platform::Drive& drive : Volumes) {
-      const std::string root = syntax_.DriveRoot(drive.Name);
-      if (!syntax_.IsWithin(path, root) || root.size() < bestRoot.size()) continue;
-      best = drive.Name;
-      bestRoot = root;
+    std::string best;
+    for (const auto& [name, label] : Volumes) {
+      const bool isNearer = syntax_.DriveRoot(name).size() >= syntax_.DriveRoot(best).size();
+      if (isNearer && syntax_.IsWithin(path, syntax_.DriveRoot(name))) best = name;
     }
     return best;
   }
@@ -73,41 +72,35 @@ class FakeFolderWatch : public platform::FolderWatch {
   // The folders under watch, in the order of their starts.
   std::vector<std::string> Watched() const {
     std::vector<std::string> folders;
-    for (const Entry& entry : *entries_) folders.push_back(entry.Folder);
+    for (const auto& [number, entry] : *entries_) folders.push_back(entry.first);
     return folders;
   }
   // Tells everyone who watches the folder that it changed.
   void Notify(const std::string& folder,
               const platform::FolderChanges& changes = {{}, true, false}) {
-    const std::vector<Entry> entries = *entries_;  // a listener may start and stop watches
-    for (const Entry& entry : entries) {
-      const bool watches = std::ranges::count(*entries_, entry.Number, &Entry::Number) != 0;
-      if (watches && entry.Folder == folder) entry.Changed(changes);
+    // A listener may start and stop watches.
+    for (const auto entries = *entries_; const auto& [number, entry] : entries) {
+      if (entries_->contains(number) && entry.first == folder) entry.second(changes);
     }
   }
 
   std::unique_ptr<platform::Watch> Start(const std::string& folder, Changed changed) override {
     if (Refuses) return nullptr;
-    entries_->push_back({folder, std::move(changed), ++last_});
+    entries_->insert({++last_, {folder, std::move(changed)}});
     return std::make_unique<Handle>(entries_, last_);
   }
 
  private:
-  struct Entry {
-    std::string Folder;
-    platform::FolderWatch::Changed Changed;
-    int Number;
-  };
+  // Each watched folder with its listener, by the number of the watch.
+  using Entries = std::map<int, std::pair<std::string, Changed>>;
   struct Handle : platform::Watch {
-    Handle(std::shared_ptr<std::vector<Entry>> entries, int number)
-        : Entries(std::move(entries)), Number(number) {}
-    ~Handle() override {
-      std::erase_if(*Entries, [this](const Entry& entry) { return entry.Number == Number; });
-    }
-    std::shared_ptr<std::vector<Entry>> Entries;
+    Handle(std::shared_ptr<Entries> entries, int number)
+        : All(std::move(entries)), Number(number) {}
+    ~Handle() override { All->erase(Number); }
+    std::shared_ptr<Entries> All;
     int Number;
   };
-  std::shared_ptr<std::vector<Entry>> entries_ = std::make_shared<std::vector<Entry>>();
+  std::shared_ptr<Entries> entries_ = std::make_shared<Entries>();
   int last_ = 0;
 };
 
@@ -341,16 +334,15 @@ class FakePopupMenus : public platform::PopupMenus {
 
 class FakeSystemInfo : public platform::SystemInfo {
  public:
-  bool Windows95 = false, Windows98 = false, WindowsMe = false;
-  std::string Folder = "C:\\Tarnwell";
+  bool Windows98 = false, WindowsMe = false;
   base::Status Trouble;
 
-  bool IsWindows95() const override { return Windows95; }
+  bool IsWindows95() const override { return false; }
   bool IsWindows98() const override { return Windows98; }
   bool IsWindowsMe() const override { return WindowsMe; }
-  std::string ProgramFolder() const override { return Folder; }
+  std::string ProgramFolder() const override { return "C:\\Tarnwell"; }
   base::Status FolderTrouble() const override { return Trouble; }
-  std::string SkinFolder() const override { return Folder + "\\skins"; }
+  std::string SkinFolder() const override { return "C:\\Tarnwell\\skins"; }
 };
 
 // As English writes them, but for the marks that a test puts here.
