@@ -21,11 +21,8 @@ class FolderList : public ListFixture {
     Platform.Files.AddLink("C:\\lost", "D:\\nowhere");
   }
 
-  RowId RowOf(const std::string& path) const { return RowOf(path, RootRow); }
   int Reads(const std::string& path) { return Platform.Files.At(path).Reads; }
-
- private:
-  RowId RowOf(const std::string& path, RowId parent) const {
+  RowId RowOf(const std::string& path, RowId parent = RootRow) const {
     for (int at = 0; at < Rows.ChildCount(parent); ++at) {
       const RowId row = Rows.Child(parent, at);
       if (Rows.PathOf(row) == path) return row;
@@ -35,7 +32,7 @@ class FolderList : public ListFixture {
   }
 };
 
-TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
+TEST_F(FolderList, ReadsBranchesWhenTheyAreFirstExpandedOrOpened) {
   List.OpenFolder(0);  // before there is any
   List.RefreshList();
   LoadDrive("C");
@@ -52,16 +49,13 @@ TEST_F(FolderList, ReadsABranchWhenItIsFirstExpanded) {
   EXPECT_FALSE(Rows.StateOf(Row(work, "p10")).HasChildren);
   EXPECT_EQ(Events.Take(), Texts{"FolderSelected 2"});  // of the drive
   CheckNoRow(RowId{999});
-}
 
-TEST_F(FolderList, OpensAFolderWithTheBranchesAboveIt) {
-  LoadDrive("C");
-  Events.Take();
+  // A folder is opened with the branches above it.
   List.OpenFolder(0, "c:\\work\\P9\\deep\\");
   EXPECT_EQ(List.CurrentFolder(), "C:\\Work\\p9\\deep");
   EXPECT_EQ(List.CurrentNodeLevel(), 4);
   EXPECT_EQ(List.ParentOfKey(List.CurrentNodeKey()), "C:\\Work\\p9");
-  EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work", "C:\\Work\\p9"}));
+  EXPECT_EQ(Expanded(), (Texts{"C:\\", "C:\\Work", "C:\\Work\\p10", "C:\\Work\\p9"}));
 
   // Told again by OpenFolder, not by a cursor that comes to rest where it was.
   List.OpenFolder(0, "C:\\Work\\p9\\deep");
@@ -240,15 +234,11 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
     List.AddExpanded(path);
   }
   Platform.Clock.TickStep = 1;
-  std::string seen;
-  for (int message = 0; message < 8; ++message) {
-    Platform.Pump.Post([this, &seen] {
-      List.OpenFolder(0, "D:\\n7");
-      seen = List.CurrentFolder();
-    });
-  }
+  PostAt(8, [this] {
+    List.OpenFolder(0, "D:\\n7");
+    EXPECT_EQ(List.CurrentFolder(), "D:\\n7");
+  });
   LoadDrive("D");
-  EXPECT_EQ(seen, "D:\\n7");
   EXPECT_EQ(Names(Rows.Child(RootRow, 0)).front(), "n99");
   const int calls = Platform.Pump.Calls;
   Platform.Pump.Post([] {});
