@@ -1,6 +1,5 @@
 #include "lists/WatchPanes.h"
 
-#include <cstddef>
 #include <utility>
 
 namespace tarnwell::lists {

@@ -1,6 +1,5 @@
 #include "settings/LoadLastSettings.h"
 
-#include <cstddef>
 #include <string>
 
 #include "settings/Defaults.h"

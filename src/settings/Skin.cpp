@@ -1,7 +1,6 @@
 #include "settings/Skin.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <exception>
 

@@ -1,7 +1,6 @@
 #include "shell/Master.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <exception>
 #include <memory>
 #include <string>

@@ -1,7 +1,6 @@
 #include "workspace/PaneSet.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <exception>
 #include <string>
 

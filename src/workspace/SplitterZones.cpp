@@ -1,7 +1,5 @@
 #include "workspace/SplitterZones.h"
 
-#include <cstddef>
-
 namespace tarnwell::workspace {
 namespace {
 

@@ -1,7 +1,6 @@
 #include "workspace/Splitters.h"
 
 #include <cmath>
-#include <cstddef>
 
 namespace tarnwell::workspace {
 namespace {

@@ -3,7 +3,6 @@
 
 #include <QMimeData>
 #include <memory>
-#include <string>
 #include <string_view>
 
 #include "platform/FileClipboard.h"

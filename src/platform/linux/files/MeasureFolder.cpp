@@ -42,8 +42,7 @@ class Measurement {
  private:
   struct Level {};  // nothing but the names to come
 
-  // Counts the items of a folder and puts the names of its subfolders on the list. Gives an error
-  // number.
+  // Counts the items of a folder and puts the names of its subfolders on the list.
   ErrorNumber ReadFolder(int folder) {
     const ErrorNumber error = buffer_.Read(folder, [&](const dirent64& item) {
       TakeItem(folder, item);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <optional>
 #include <vector>
 
 #include "base/ItemList.h"
