@@ -12,8 +12,8 @@
 namespace tarnwell::platform {
 namespace {
 
-const char* AttributeOf(ExtendedAttribute note) {
-  return note == ExtendedAttribute::Colour ? "user.tarnwell.color" : "user.xdg.comment";
+const char* AttributeName(ExtendedAttribute attribute) {
+  return attribute == ExtendedAttribute::Colour ? "user.tarnwell.color" : "user.xdg.comment";
 }
 
 bool LeadsNowhere(const char* path) {
@@ -21,8 +21,8 @@ bool LeadsNowhere(const char* path) {
   return lstat(path, &found) == 0 && S_ISLNK(found.st_mode);
 }
 
-// The system's own words fit calls of all kinds; these say what they mean for a note.
-base::Status NoteError(int number, mode_t mode) {
+// The system's own words fit calls of all kinds; these say what they mean here.
+base::Status AttributeError(int number, mode_t mode) {
   switch (number) {
     case ENOTSUP:
       return {number, "This file system keeps no colours and comments"};
@@ -42,18 +42,19 @@ base::Status NoteError(int number, mode_t mode) {
 
 }  // namespace
 
-base::Status ReadExtendedAttribute(const char* path, ExtendedAttribute note, std::string& text) {
+base::Status ReadExtendedAttribute(const char* path, ExtendedAttribute attribute,
+                                   std::string& text) {
   text.clear();
-  const char* const attribute = AttributeOf(note);
+  const char* const name = AttributeName(attribute);
   std::array<char, 256> few;
-  ssize_t length = getxattr(path, attribute, few.data(), few.size());
+  ssize_t length = getxattr(path, name, few.data(), few.size());
   if (length >= 0) {
     text.assign(few.data(), static_cast<std::size_t>(length));
     return {};
   }
   if (errno == ERANGE) {
     text.resize(XATTR_SIZE_MAX);  // the longest that the system has
-    length = getxattr(path, attribute, text.data(), text.size());
+    length = getxattr(path, name, text.data(), text.size());
     text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
     if (length >= 0) return {};
   }
@@ -63,7 +64,7 @@ base::Status ReadExtendedAttribute(const char* path, ExtendedAttribute note, std
   return SystemError(error);
 }
 
-base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute note,
+base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute attribute,
                                     const std::string& text) {
   // Held without being opened, since opening a FIFO or a device does something to it.
   const Descriptor item = OpenPath(path, O_PATH);
@@ -75,11 +76,11 @@ base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute n
     return isLink ? base::Status{error.Value(), "The link leads nowhere"} : SystemError(error);
   }
   const std::string held = "/proc/self/fd/" + std::to_string(item.Get());
-  const char* const attribute = AttributeOf(note);
-  const int result = text.empty() ? removexattr(held.c_str(), attribute)
-                                  : setxattr(held.c_str(), attribute, text.data(), text.size(), 0);
+  const char* const name = AttributeName(attribute);
+  const int result = text.empty() ? removexattr(held.c_str(), name)
+                                  : setxattr(held.c_str(), name, text.data(), text.size(), 0);
   if (result == 0 || (text.empty() && errno == ENODATA)) return {};
-  return NoteError(errno, found.st_mode);
+  return AttributeError(errno, found.st_mode);
 }
 
 }  // namespace tarnwell::platform

@@ -92,9 +92,9 @@ base::Status LinuxFileSystem::ReadSpace(const std::string& folder, Space& space)
 }
 
 base::Status LinuxFileSystem::WriteExtendedAttribute(const std::string& path,
-                                                     ExtendedAttribute note,
+                                                     ExtendedAttribute attribute,
                                                      const std::string& text) {
-  return platform::WriteExtendedAttribute(path, note, text);
+  return platform::WriteExtendedAttribute(path, attribute, text);
 }
 
 base::Status LinuxFileSystem::CheckTarget(const std::string& path) const {

@@ -28,7 +28,7 @@ class LinuxFileSystem : public FileSystem {
   base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
                              FolderTotal& total) const override;
   base::Status ReadSpace(const std::string& folder, Space& space) const override;
-  base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute note,
+  base::Status WriteExtendedAttribute(const std::string& path, ExtendedAttribute attribute,
                                       const std::string& text) override;
   base::Status MakeFolder(const std::string& path) override;
   base::Status Rename(const std::string& from, const std::string& to) override;

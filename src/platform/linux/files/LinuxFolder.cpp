@@ -74,14 +74,14 @@ base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& 
   return ReadItemStat(folder_.Get(), ended.Text(), attributes);
 }
 
-base::Status LinuxFolder::ReadExtendedAttribute(std::string_view name, ExtendedAttribute note,
+base::Status LinuxFolder::ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                                 std::string& text) const {
   text.clear();
   std::array<char, 40> start;
   const int length = std::snprintf(start.data(), start.size(), "/proc/self/fd/%d/", folder_.Get());
   const EndedName ended(name, {start.data(), static_cast<std::size_t>(length)});
   return ended.Error() != NoError ? SystemError(ended.Error())
-                                  : platform::ReadExtendedAttribute(ended.Text(), note, text);
+                                  : platform::ReadExtendedAttribute(ended.Text(), attribute, text);
 }
 
 }  // namespace tarnwell::platform

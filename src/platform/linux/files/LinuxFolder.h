@@ -16,7 +16,7 @@ class LinuxFolder : public OpenedFolder {
 
   base::Status Read(const TakeEntry& take) override;
   base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const override;
-  base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute note,
+  base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                      std::string& text) const override;
 
  private:
