@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <utility>
 
+#include "fakes/TestFile.h"
 #include "lists/TestLists.h"
 #include "settings/LoadLastSettings.h"
 #include "settings/SettingsFile.h"
@@ -81,10 +80,10 @@ class TestProgram : public lists::TestLists, public workspace::PaneHooks {
 
 class SettingsTest : public testing::Test, public TestProgram {
  protected:
-  // Reads the lines as a settings file; bad records end where they stand.
-  void Read(const std::string& lines) {
+  // Reads a file beside this one as the settings file; bad records end where they stand.
+  void Read(const std::string& file) {
     ReadMarkers markers;
-    Platform.Files.AddFile(Path, lines);
+    Platform.Files.AddFile(Path, fakes::ReadTestFile("settings/" + file));
     File.Clear();
     File.ReadSettingsFile(GlobalScope, markers);
   }
@@ -96,8 +95,7 @@ class SettingsTest : public testing::Test, public TestProgram {
 // In the file nothing has its default.
 TEST_F(SettingsTest, WritesWhatItReadInItsOrder) {
   Platform.Files.AddFolder("D:\\Work\\Deep");
-  std::ifstream stream(TARNWELL_TESTS "/settings/user.usr", std::ios::binary);
-  const std::string content(std::istreambuf_iterator<char>(stream), {});
+  const std::string content = fakes::ReadTestFile("settings/user.usr");
   StartWith(content);
   const workspace::ProgramSettings& settings = Space.Settings;
   EXPECT_TRUE(settings.SkipWin9XWarningPanes && settings.UseEnhancedMode &&
@@ -165,13 +163,7 @@ TEST_F(SettingsTest, StartsWithTheDefaultsWhereItCannotRead) {
 }
 
 TEST_F(SettingsTest, SkipsRecordsThatNameNothingAndEndsBadOnesWhereTheyStand) {
-  Read(
-      "\"BookMark\",10,\"x\",0,0,0\r\n\"BookMark\",-1,\"x\",0,0,0\r\n"
-      "\"BookMark\",9,\"nine\",0,0,0\r\n\"InitialDrive\",5,\"D\",0,0,0\r\n"
-      "\"InitialDrive\",3,\"\",0,0,0\r\n\"InitialDrive\",4,\"D\",0,0,0\r\n"
-      "\"Status\",1,0,word,0,0\r\n\"Order\",7,8,40000,9,9\r\n\"PercentWidth\",.25,#TRUE#,1E39,1,1"
-      "\r\n\"FileCountMax\",many,0,0,0,0\r\n\"NoSuchKey\",1,0,0,0,0\r\n\"Left\",,5,5,5,5\r\n"
-      "\"HeightH\",1,2,3,4,5\r\n");
+  Read("bad.usr");
   for (std::size_t slot = 0; slot < 10; ++slot) {
     EXPECT_EQ(Space.Settings.Bookmarks[slot].Path, slot == 9 ? "nine" : "(empty)");
   }
@@ -188,14 +180,7 @@ TEST_F(SettingsTest, SkipsRecordsThatNameNothingAndEndsBadOnesWhereTheyStand) {
 // A record reaches the lists of its own pane alone, each key the kind of list that it is meant for.
 TEST_F(SettingsTest, KeepsTheScopesApart) {
   Space.Lists.Create(1);
-  Read(
-      "\"Heading\",0,2,\"Width\",900,0\r\n\"heading\",101,2,\"Width\",1500,0\r\n"
-      "\"Sorting\",1,0,\"sSize\",\"des\",0\r\n\"SORTING\",101,0,\"sSize\",\"des\",0\r\n"
-      "\"Expanded\",1,\"C:\\Data\",0,0,0\r\n\"Expanded\",101,\"C:\\No\",0,0,0\r\n"
-      "\"Active\",1,\"C:\\\",\"C:\\Data\",0,0\r\n\"ListType\",1,9,0,0,0\r\n"
-      "\"ListType\",101,8,0,0,0\r\n\"ListMode\",101,word,0,0,0\r\n\"ListMode\",101,4,0,0,0\r\n"
-      "\"Heading\",1,99,\"Width\",1,0\r\n\"Heading\",word,0,\"Width\",1,0\r\n"
-      "\"FileCountMax\",77,0,0,0,0\r\n");
+  Read("scopes.usr");
   const lister::ListerControl &folders = Space.Lists.Folders(1), &files = Space.Lists.Files(1);
   EXPECT_EQ(files.ListMode, 0);  // nothing yet: these keys are no settings of the program
   Space.Settings.FileCountMax = 51;
@@ -223,13 +208,9 @@ TEST_F(SettingsTest, StartsWithTheDefaultsWhereThereIsNoFile) {
   EXPECT_TRUE(Pane(0).Initialized && Pane(1).Initialized && !Pane(2).Initialized);
   EXPECT_EQ(Space.OpenPaneCount, 2);
   EXPECT_TRUE(Space.InitialActivePane == 0 && Space.PreviousActivePane == 0);
-  const Texts saved = Saved();
-  for (const char* line :
-       {"\"SkinName\",\"EARL GREY\",0,0,0,0", "\"FileCountMax\",50,0,0,0,0",
-        "\"PercentHeightH\",.65,.35,0,0,0", "\"Height\",4000,4000,4000,4000,4000",
-        "\"ShowSystem\",#FALSE#,0,0,0,0", "\"BookMark\",0,\"(empty)\",0,0,0"}) {
-    EXPECT_EQ(std::ranges::count(saved, line), 1) << line;
-  }
+  Saved();
+  const std::string defaults = fakes::ReadTestFile("settings/defaults.usr");
+  EXPECT_EQ(Platform.Files.At(Path).Content.substr(0, defaults.size()), defaults);
 }
 
 TEST_F(SettingsTest, PlacesTheWindowAndClearsTheFirstRunFlagsWithAnyRecord) {
@@ -325,10 +306,7 @@ TEST_F(SettingsTest, AShortOrDamagedSkinIsLoadedOverTheColoursThatAre) {
   Start();
   Colours[ColorListText] = 1;
   Colours[ColorProgramBackground] = 3;
-  AddSkin("odd.twk",
-          "\"Something else\",0,0,0,0,0\r\n\"ColorInactiveListOutline\",9,0,0,0,0\r\n"
-          "\"ColorListText\",green,0,0,0,0\r\n\"SkinName\",\"inside\",0,0,0,0\r\n"
-          "\"COLORDRIVETEXT\",16777215,0,0,0,0\r\n\"ColorMainMenu\",3000000000,0,0,0,0\r\n");
+  AddSkin("odd.twk", fakes::ReadTestFile("settings/odd.twk"));
   CurrentSkin.LoadSkin("ODD");
   EXPECT_TRUE(Colours[ColorListText] == 1 && Colours[ColorDriveText] == base::White &&
               Colours[ColorInActiveListOutline] == 9 && Colours[ColorMainMenu] == 0);

@@ -1,5 +1,8 @@
-#include "TestRun.h"
+#include <gtest/gtest.h>
+
+#include "fakes/FakeForms.h"
 #include "shell/MessageBox.h"
+#include "shell/popMsgBox.h"
 
 namespace tarnwell::shell {
 namespace {

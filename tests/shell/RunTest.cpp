@@ -1,17 +1,85 @@
-#include "TestRun.h"
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "fakes/FakeForms.h"
+#include "fakes/FakePlatform.h"
+#include "fakes/TestFile.h"
+#include "shell/Application.h"
+#include "shell/popMsgBox.h"
 
 namespace tarnwell::shell {
 namespace {
 
 constexpr int KeyR = 82;
 
-class StartTest : public testing::Test {
+using Texts = std::vector<std::string>;
+
+// What outlives a run.
+struct TestMachine : fakes::FakePlatform {
+  TestMachine() { Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0"); }
+  bool HasMarker() const { return Files.Exists("C:\\Tarnwell\\run.txt"); }
+  bool HasSettings() const { return Files.Exists("C:\\Tarnwell\\user.usr"); }
+  const std::string& Settings() { return Files.At("C:\\Tarnwell\\user.usr").Content; }
+  // A settings file with something in it to tell it by, and the marker of a run that did not end.
+  void LeaveSettings() { Files.AddFile("C:\\Tarnwell\\user.usr", "\"FileCountMax\",60,0,0,0,0"); }
+  void LeaveMarker() { Files.AddFile("C:\\Tarnwell\\run.txt", "old"); }
+};
+
+class TestRun {
+ public:
+  explicit TestRun(TestMachine& machine)
+      : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
+             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
+             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys},
+            {4, 0, 42}) {
+    Host.OnRefresh = [this](forms::Form& form) {
+      if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);
+    };
+    Host.OnModal = [this](forms::Form& form) {
+      auto& box = dynamic_cast<popMsgBox&>(form);
+      Boxes.push_back(box.lblText.Text);
+      if (OnBox) OnBox(box);
+    };
+  }
+
+  void Tick(int times = 1) {
+    for (; times > 0 && Host.IsOpen("Splash"); --times) App.StartForm().Tick();
+  }
+  // From the first window to the hand-over, or to the end of a failed start.
+  void Start() {
+    App.Start();
+    Tick(static_cast<int>(App.StartForm().Image1.size()));
+  }
+  Master& Main() { return App.MainObject(); }
+  workspace::MainForm& Form() { return Main().Form(); }
+  workspace::Workspace& Space() { return Main().Space(); }
+  bool WasToldOf(const std::string& act) const { return std::ranges::count(Host.Told, act) > 0; }
+
+  fakes::FakeFormHost Host;
+  fakes::FakeDialogs Dialogs;
+  Application App;
+  Texts Status;                           // what the splash was painted with
+  Texts Boxes;                            // the messages, in turn
+  std::function<void(popMsgBox&)> OnBox;  // the user, before each; without it the box is closed
+};
+
+struct StubbornForm : forms::Form {
+  StubbornForm() : Form("Stubborn") {}
+  void Unload() override { throw std::runtime_error("stays"); }
+};
+
+class RunTest : public testing::Test {
  protected:
   TestMachine Machine;
   TestRun Run{Machine};
 };
 
-TEST_F(StartTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
+TEST_F(RunTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   Splash& splash = Run.App.StartForm();
   Run.App.Start();
   EXPECT_EQ(splash.txtVersion.Caption, "Version 4.0.42");
@@ -30,15 +98,9 @@ TEST_F(StartTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_EQ(Run.Host.Told, (Texts{"open Master", "show Master", "unload Splash"}));
   std::string words;
   for (std::size_t i = 1; i < Run.Status.size(); ++i) {
-    if (Run.Status[i] != Run.Status[i - 1]) words += Run.Status[i] + "|";
+    if (Run.Status[i] != Run.Status[i - 1]) words += Run.Status[i] + "\n";
   }
-  EXPECT_EQ(words,
-            "loading main window...|setting up menus...|creating menu links...|assigning images..."
-            "|detecting environment...|creating toolbars...|setting intial properties...|checking "
-            "for proper shut down...|getting last settings used...|getting program defaults...|"
-            "loading initial pane defaults...|arranging setup...|loading initial pane...|loading "
-            "pane 2...|loading skin...|storing start up information...|preparing initial views...|"
-            "getting mouse information...|highlighting active list...|");
+  EXPECT_EQ(words, fakes::ReadTestFile("shell/stages.txt"));
   EXPECT_TRUE(splash.SplashDone && splash.LoadFinished && splash.Image1[0].Visible);
   EXPECT_TRUE(Machine.HasMarker());
   EXPECT_FALSE(Machine.HasSettings());
@@ -60,7 +122,7 @@ TEST_F(StartTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "exit");
 }
 
-TEST_F(StartTest, NamesTheStageThatFailedAndEnds) {
+TEST_F(RunTest, NamesTheStageThatFailedAndEnds) {
   const std::string stages[][2] = {{"C:\\Tarnwell\\run.txt", "storing start up information..."},
                                    {"C:\\Tarnwell\\skins", "loading initial pane..."}};
   for (const auto& [fatal, stage] : stages) {
@@ -85,7 +147,7 @@ TEST_F(StartTest, NamesTheStageThatFailedAndEnds) {
   }
 }
 
-TEST_F(StartTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
+TEST_F(RunTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
   Machine.Files.AddFile("C:\\precious", "kept");
   Machine.Files.AddLink("C:\\Tarnwell\\run.txt", "C:\\precious");
   for (const bool isThere : {true, false}) {
@@ -103,7 +165,7 @@ TEST_F(StartTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
   EXPECT_FALSE(Machine.Files.At("C:\\Tarnwell\\run.txt").IsLink);
 }
 
-TEST_F(StartTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
+TEST_F(RunTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
   const std::string aside = "C:\\a\\b (being replaced).txt";
   Machine.Files.AddFile(aside, "old");
   Machine.Files.AddFile("C:\\Tarnwell\\aside.txt",
@@ -115,7 +177,7 @@ TEST_F(StartTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
 }
 
 // A file that the real switches turn: what was loaded is what is saved again.
-TEST_F(StartTest, GivesSwitchesAndOldSystemsTheirDue) {
+TEST_F(RunTest, GivesSwitchesAndOldSystemsTheirDue) {
   Machine.System.Windows98 = Machine.System.WindowsMe = true;
   Machine.Files.AddFile("C:\\Tarnwell\\user.usr",
                         "\"ProgramPosition\",300,450,9000,6000,0\r\n\"CompareMode\",7,0,0,0,0\r\n"
@@ -140,6 +202,54 @@ TEST_F(StartTest, GivesSwitchesAndOldSystemsTheirDue) {
   Machine.Files.Remove("C:\\Tarnwell\\run.txt");  // as another copy does at its end
   next.Main().MenuClick("mnuExit");
   EXPECT_EQ(Machine.Settings(), first);
+}
+
+TEST_F(RunTest, SavesThenTakesTheMarkerAwayThenClosesAllForms) {
+  Run.Main().SaveWithoutWindows();  // nothing is loaded yet
+  EXPECT_FALSE(Machine.HasSettings());
+  Run.Start();
+  StubbornForm stubborn;
+  forms::Form other("Other");
+  Run.Host.Show(stubborn, nullptr);
+  Run.Host.Show(other, nullptr);
+  EXPECT_EQ(Machine.Watches.Watched().size(), 4U);
+  Run.Host.Told.clear();
+  Run.Host.OnUnload = [&](forms::Form& form) {
+    const bool first = form.Name() == "Master";
+    EXPECT_EQ(Machine.HasMarker(), first) << form.Name();
+    EXPECT_EQ(Machine.HasSettings(), !first) << form.Name();
+    EXPECT_EQ(Machine.Watches.Watched().empty(), !first) << form.Name();
+  };
+  Run.Main().MenuClick("mnuExit");
+  EXPECT_EQ(Run.Host.Told, (Texts{"unload Master", "unload Stubborn", "unload Other"}));
+  EXPECT_TRUE(Run.Host.OpenForms().empty() && Run.Boxes.empty());
+  EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "");
+  Machine.Drives.Change();
+
+  Machine.Files.Remove("C:\\Tarnwell\\user.usr");
+  Run.Main().SaveWithoutWindows();
+  Run.App.RequestQuit();
+  EXPECT_FALSE(Machine.HasSettings());
+}
+
+// Nobody is there any more to answer, so nothing may wait for an answer either.
+TEST_F(RunTest, EndsOnRequestRightBehindTheLoad) {
+  for (const bool hasSkin : {true, false}) {
+    TestMachine machine;
+    machine.LeaveMarker();
+    machine.LeaveSettings();
+    if (!hasSkin) machine.Files.Remove("C:\\Tarnwell\\skins");
+    TestRun run(machine);
+    run.OnBox = [&](popMsgBox&) {
+      run.App.RequestQuit();
+      EXPECT_TRUE(!run.Host.IsOpen("popMsgBox") && run.Host.IsOpen("Master"));
+    };
+    run.Start();
+    EXPECT_EQ(run.Boxes.size(), 1U) << run.Boxes.back();
+    EXPECT_TRUE(run.Host.OpenForms().empty() && !run.WasToldOf("show Master"));
+    EXPECT_FALSE(machine.HasMarker());
+    EXPECT_NE(machine.Settings().find("\"FileCountMax\",60,"), std::string::npos);
+  }
 }
 
 }  // namespace
