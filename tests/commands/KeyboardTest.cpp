@@ -13,11 +13,8 @@ using lister::ShiftDown;
 class KeyboardTest : public testing::Test, public lists::TestLists, public KeyActions {
  protected:
   KeyboardTest() : Keys(Space, Messages, *this) {
-    for (const int pane : {0, 1}) {
-      SetUpPane(pane, "C:\\Data");
-      for (const char* file : {"a", "b"}) Platform.Files.AddFile(std::string("C:\\Data\\") + file);
-      Nav.LoadFolders(pane);
-    }
+    for (const char* file : {"C:\\Data\\a", "C:\\Data\\b"}) Platform.Files.AddFile(file);
+    for (const int pane : {0, 1}) OpenPane(pane, "C:\\Data");
     Space.CurrentList = Space.ActiveList = 100;
     Space.KeyArmed = true;
   }

@@ -14,9 +14,8 @@ class DropItemsTest : public testing::Test, public lists::TestLists {
   DropItemsTest() {
     Platform.Files.AddFile("C:\\Data\\one.txt");
     Platform.Files.AddFolder("C:\\Data\\Sub\\Deep");
-    SetUpPane(0, "C:\\Data");
-    SetUpPane(1, "C:\\Other");
-    for (const int pane : {0, 1}) Nav.LoadFolders(pane);
+    OpenPane(0, "C:\\Data");
+    OpenPane(1, "C:\\Other");
     OnDrop = [this](lister::ListId list, const lister::Drop& drop) {
       Command.DropItems(list, drop);
     };

@@ -1,14 +1,16 @@
 #include "fileops/DeleteSelection.h"
 #include "fileops/DuplicateItems.h"
+#include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
 #include "fileops/popDelete.h"
+#include "fileops/popNewFolder.h"
 #include "fileops/popRename.h"
 #include "lists/TestLists.h"
 
 namespace tarnwell::fileops {
 namespace {
 
-using platform::FileFunction;
+using workspace::Texts;
 using namespace std::string_literals;
 
 constexpr const char* Sorry = "Sorry, the renaming could not be performed.";
@@ -19,10 +21,8 @@ class OperationsTest : public testing::Test, public lists::TestLists {
     for (const char* file : {"C:\\Data\\one.txt", "C:\\Data\\two", "C:\\Data\\Sub\\x"}) {
       Platform.Files.AddFile(file);
     }
-    Platform.Files.AddFolder("C:\\Other");
-    SetUpPane(0, "C:\\Data");
-    SetUpPane(1, "C:\\Other");
-    for (const int pane : {0, 1}) Nav.LoadFolders(pane);
+    OpenPane(0, "C:\\Data");
+    OpenPane(1, "C:\\Other");
     Space.CurrentList = 100;
     Watched = Platform.Watches.Watched().size();
   }
@@ -51,6 +51,7 @@ class OperationsTest : public testing::Test, public lists::TestLists {
   DeleteCommand Deleting{Space,    Syntax, Platform.Operation,        Operations, Nav, Host,
                          Messages, Fields, [this] { ++ShellDeletes; }};
   RenameCommand Renaming{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
+  NewFolder MakingFolders{Space, Platform.Files, Host, Messages, Fields};
   std::size_t Watched = 0;
 };
 
@@ -93,7 +94,7 @@ TEST_F(OperationsTest, HandsThePlatformItemsTargetAndFlags) {
   Operations.FileOperate("cancel", 100, 101, "C:\\Other", false, items);
   EXPECT_TRUE(Platform.Watches.Watched().empty());
   Operations.FileOperate("copy", 101, 100, "C:\\Data", false, "");
-  EXPECT_EQ(Messages.Texts, (workspace::Texts{"No files selected for this operation."}));
+  EXPECT_EQ(Messages.Texts, (Texts{"No files selected for this operation."}));
   EXPECT_EQ(Asked(), "nothing");
   std::int32_t code = 0;
   Platform.Operation.OnRun = [](const platform::OperationRequest&) { return 5; };
@@ -197,7 +198,7 @@ TEST_F(OperationsTest, SaysWhyAnItemStaysBeforeAnyQuestion) {
   Deleting.DeleteSelection(true);
   Renaming.RenameItem(true);
   Operations.FileOperate("move", 100, 101, "C:\\Other", false, "");
-  EXPECT_EQ(Messages.Texts, (workspace::Texts{"Refused 3", "Refused 3", "Refused 4", "Refused 1"}));
+  EXPECT_EQ(Messages.Texts, (Texts{"Refused 3", "Refused 3", "Refused 4", "Refused 1"}));
   EXPECT_EQ(Asked() + std::to_string(ShellDeletes), "nothing0");
   EXPECT_TRUE(AllWatch());
 }
@@ -213,10 +214,53 @@ TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
   duplicate.DuplicateItems({"C:\\Data\\two", "C:\\a.b\\c", "C:\\Data\\one.txt"});
   ASSERT_EQ(Platform.Operation.Requests.size(), 2U);
   EXPECT_TRUE(Asked().ends_with(".txt;| 1664"));
-  EXPECT_EQ(Messages.Texts, (workspace::Texts{"There was an error duplicating the following items:"
-                                              "\r\n\r\nC:\\Data\\two\r\nC:\\a.b\\c\r\n"}));
+  EXPECT_EQ(Messages.Texts, (Texts{"There was an error duplicating the following items:"
+                                   "\r\n\r\nC:\\Data\\two\r\nC:\\a.b\\c\r\n"}));
   duplicate.DuplicateItems({});
   EXPECT_EQ(Messages.Texts.size(), 1U);
+}
+
+TEST_F(OperationsTest, MakesANewFolderAndShowsIt) {
+  // The user types the name and presses the button, and gives up when asked again.
+  const auto create = [this](const std::string& name) {
+    Answer<popNewFolder>([name](popNewFolder& dialog) {
+      EXPECT_EQ(dialog.txtDest.Text, "C:\\Data\\");
+      if (!dialog.txtNewFolderName.Text.empty()) {
+        EXPECT_EQ(dialog.txtNewFolderName.Text, name);
+        return dialog.cmdCancelClick();
+      }
+      dialog.txtNewFolderName.Text = name;
+      dialog.cmdCopyClick();
+    });
+    MakingFolders.CreateNewFolder(true);
+  };
+  create("New");
+  EXPECT_TRUE(Platform.Files.FolderExists("C:\\Data\\New"));
+  EXPECT_NE(Row(100, "New"), lister::NoRow);
+  Space.CurrentList = 0;  // from the tree, whose own cursor stays
+  const lister::RowId open = Space.Lists[0].Rows().CurrentRow();
+  create("Tree");
+  ASSERT_NE(Row(100, "Tree"), lister::NoRow);
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "Tree"));
+  EXPECT_TRUE(Space.Lists[0].Rows().CurrentRow() == open && Space.CurrentList == 0);
+  Platform.Files.Remove("C:\\Data\\Tree");
+  Space.CurrentList = 100;
+  EXPECT_TRUE(Messages.Texts.empty());
+  create("New");  // a name that is taken
+  EXPECT_EQ(std::exchange(Messages.Texts, {}),
+            Texts{"Sorry, you cannot make a new folder here.\r\n\r\nThe system returned the "
+                  "following message:\r\n\r\n     File exists"});
+  for (const char* name : {"Sub\\New", "..", ".", "nul"}) create(name);
+  EXPECT_EQ(std::exchange(Messages.Texts, {}).size(), 4U);
+  create("cancel");
+  create("");
+  Host.OnModal = {};  // closed by its frame
+  MakingFolders.CreateNewFolder(true);
+  EXPECT_EQ(Space.Lists[100].Rows().ChildCount(lister::RootRow), 4);
+  EXPECT_TRUE(AllWatch());  // the bracket is closed on every way
+  Platform.Files.Remove("C:\\Data");
+  MakingFolders.CreateNewFolder(true);
+  EXPECT_EQ(Messages.Texts, Texts{"Sorry, you cannot make a new folder here."});
 }
 
 }  // namespace

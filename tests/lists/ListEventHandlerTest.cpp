@@ -24,10 +24,7 @@ class ListEventHandlerTest : public testing::Test, public TestLists {
  protected:
   ListEventHandlerTest() {
     Platform.Files.AddFolder("C:\\Data\\Sub\\Deep\\Deeper");
-    for (const int pane : {0, 1}) {
-      SetUpPane(pane, "C:\\Data\\Sub");
-      Nav.LoadFolders(pane);
-    }
+    for (const int pane : {0, 1}) OpenPane(pane, "C:\\Data\\Sub");
   }
   template <typename Test>
   Ids ListsThat(Test test) {

@@ -20,7 +20,6 @@ class NavigationTest : public testing::Test, public TestLists {
 TEST_F(NavigationTest, LoadsThePanesFolderAndShowsItCutAndInCapitals) {
   Connected = false;
   SetUpPane(0, "D:\\" + Name);
-  Pane(0).InitialDrive = "D";
   Space.Form.Menus["mnuSystem"].Checked = true;
   Nav.LoadFolders(0);
   const std::string shown = "D:\\..." + std::string(43, 'N') + "\\";
@@ -87,10 +86,7 @@ TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {
   for (const std::string folder : {"C:\\A", "C:\\B", "C:\\Other"}) {
     for (const char* file : {"\\1", "\\2", "\\3"}) Platform.Files.AddFile(folder + file);
   }
-  for (const int pane : {0, 1}) {
-    SetUpPane(pane, "C:\\");
-    Nav.LoadFolders(pane);
-  }
+  for (const int pane : {0, 1}) OpenPane(pane, "C:\\");
   lister::ListerControl& files = Space.Lists.Files(0);
   int nested = 0;
   // The user's choices, while the file list is still at work on A.

@@ -35,7 +35,12 @@ class TestLists : public workspace::TestWorkspace {
     Platform.Files.AddFolder(folder);
     Space.Lists.Create(pane);
     Pane(pane).Initialized = true;
-    Space.Lists.Folders(pane).SetDriveFolder(folder.substr(0, 1), folder);
+    Pane(pane).InitialDrive = folder.substr(0, 1);
+    Space.Lists.Folders(pane).SetDriveFolder(Pane(pane).InitialDrive, folder);
+  }
+  void OpenPane(int pane, const std::string& folder) {
+    SetUpPane(pane, folder);
+    Nav.LoadFolders(pane);
   }
   lister::RowId Row(lister::ListId list, const std::string& name) {
     const lister::ListerControl& control = Space.Lists[list];

@@ -11,10 +11,9 @@ class WatchPanesTest : public testing::Test, public TestLists {
  protected:
   WatchPanesTest() {
     for (const int pane : {0, 1, 2}) {  // the last one is closed
-      const std::string drive = Pane(pane).InitialDrive = "EFG"[pane];
+      const std::string drive(1, "EFG"[pane]);
       Platform.Drives.Volumes.push_back({drive, drive});
-      SetUpPane(pane, drive + ":\\");
-      Nav.LoadFolders(pane);
+      OpenPane(pane, drive + ":\\");
     }
   }
   bool HasSeen(lister::ListId list) { return Row(list, "new") != lister::NoRow; }

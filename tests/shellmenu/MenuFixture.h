@@ -28,12 +28,8 @@ struct MenuRun : lists::TestLists {
     }
     Platform.Files.AddFile(syntax.Join(other, "o"));
     Platform.Files.AddFolder(syntax.Join(data, "Sub"));
-    SetUpPane(0, data);
-    SetUpPane(1, other);
-    for (const int pane : {0, 1}) {
-      Pane(pane).InitialDrive = syntax.DefaultDrive;
-      Nav.LoadFolders(pane);
-    }
+    OpenPane(0, data);
+    OpenPane(1, other);
     Space.CurrentList = Space.EnteredList = 100;
     Space.Form.MenuImages.DrawImages(true);
     Space.Form.MenuImages.TakeImages(Space.Form.ImageList1);

@@ -9,10 +9,9 @@ class CompareFoldersTest : public testing::Test, public lists::TestLists {
   CompareFoldersTest() {
     for (const int pane : {0, 1, 2}) {
       const std::string folder = "C:\\" + std::to_string(pane);
-      SetUpPane(pane, folder);
       Platform.Files.AddFile(folder + "\\only" + std::to_string(pane));
       Platform.Files.AddFile(folder + "\\both", std::string(static_cast<std::size_t>(pane), 'x'));
-      Nav.LoadFolders(pane);
+      OpenPane(pane, folder);
     }
   }
   // The marked items of the pane's file list, with "<" or ">" for size.
