@@ -42,6 +42,10 @@ class TestLists : public workspace::TestWorkspace {
     SetUpPane(pane, folder);
     Nav.LoadFolders(pane);
   }
+  void Select(lister::ListId list, const std::string& name) {
+    Space.Lists[list].Rows().MoveCurrent(Row(list, name));
+    Space.Lists[list].SpaceKey();
+  }
   lister::RowId Row(lister::ListId list, const std::string& name) {
     const lister::ListerControl& control = Space.Lists[list];
     for (int at = 0; at < control.Rows().ChildCount(lister::RootRow); ++at) {

@@ -57,20 +57,19 @@ struct MenuRun : lists::TestLists {
   }
   void Select(const std::vector<std::string>& names) {
     Space.Lists[100].SelectAll("none");
-    for (const std::string& name : names) Press(100, name, 1, lister::CtrlDown);
+    for (const std::string& name : names) TestLists::Select(100, name);
   }
-  void Press(lister::ListId list, const std::string& name, int button, int shift = 0) {
+  void Click(lister::ListId list, const std::string& name) {
     const lister::RowId row = Row(list, name);
+    const bool none = row == lister::NoRow;
     lister::ListerControl& control = Space.Lists[list];
-    const lister::RowPointer at{
-        row,
-        row == lister::NoRow ? 99 : control.Rows().PositionOf(row),
-        row == lister::NoRow ? lister::RowPart::None : lister::RowPart::Item,
-        {button, shift, 15, 30}};
+    const lister::RowPointer at{row,
+                                none ? 99 : control.Rows().PositionOf(row),
+                                none ? lister::RowPart::None : lister::RowPart::Item,
+                                {2, 0, 15, 30}};
     control.Input().MouseDown(at);
     control.Input().MouseUp(at);
   }
-  void Click(lister::ListId list, const std::string& name) { Press(list, name, 2); }
   void Choose(const std::string& name, const std::string& caption, lister::ListId list = 100) {
     Popups.Choice = caption;
     Click(list, name);

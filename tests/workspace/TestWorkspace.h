@@ -13,6 +13,7 @@
 
 #include "fakes/FakeForms.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/TestFile.h"
 #include "workspace/FormLayout.h"
 #include "workspace/Workspace.h"
 
@@ -24,19 +25,12 @@ using Ids = std::vector<lister::ListId>;
 // What the rules of the workspace, the lists and the settings touch, under its own name; only
 // "&Orientation" is found by its caption.
 inline FormTables SmallTables() {
-  static const auto split = [](const char* words) {
-    std::istringstream stream(words);
+  static const auto linesOf = [](const char* file) {
+    std::istringstream stream(fakes::ReadTestFile(file));
     return Texts{std::istream_iterator<std::string>(stream), {}};
   };
-  static const Texts names = split(
-      "mnuPane0 mnuPane1 mnuPane2 mnuPane3 mnuPane4 mnuHidden mnuSystem mnuCompareDate "
-      "mnuCompareSize mnuCommandOn mnuCommandOff mnuColorOn mnuColorOff mnuAutoExpandOn "
-      "mnuAutoExpandOff mnuHeadingExtension mnuHeadingSize mnuHeadingDateLastModified "
-      "mnuHeadingDateCreated mnuHeadingDateLastAccessed mnuHeadingFileType mnuHeadingAttributes "
-      "mnuHeadingComments mnuUseEnhancedMode");
-  static const Texts keys = split(
-      "pane0 pane1 pane2 pane3 pane4 layoutvertical layouthorizontal layoutautoexpand "
-      "showcommandline showcolor useenhancedmode compare_size compare_date headascadd headdesadd");
+  static const Texts names = linesOf("workspace/entries.txt");
+  static const Texts keys = linesOf("workspace/buttons.txt");
   static constexpr std::string_view images[] = {"layouthorizontal", "layoutvertical"};
   static const auto [menu, toolbar] = [] {
     std::vector<forms::MenuRow> rows{{1, "mnuOrientation", "&Orientation"}};
@@ -70,8 +64,6 @@ class TestWorkspace {
     for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
       Space.Form.TitleBar[i].Height = 255;
       Space.Form.cmdTitle[i].Width = Space.Form.cmdClosePane[i].Width = 315;
-    }
-    for (std::size_t i = 0; i < Space.Panes.size(); ++i) {
       Space.Panes[i].InitialDrive = "C";
       Space.Panes[i].Status = i < 2 ? Open : Closed;
     }
