@@ -1,6 +1,7 @@
 // Panes with the program's side of their lists.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -41,6 +42,13 @@ class TestLists : public workspace::TestWorkspace {
   void OpenPane(int pane, const std::string& folder) {
     SetUpPane(pane, folder);
     Nav.LoadFolders(pane);
+  }
+  // A space ends the function's number, a semicolon each item.
+  static std::string InOneLine(const platform::OperationRequest& request) {
+    std::string text = std::to_string(static_cast<int>(request.Function)) + " " + request.Items +
+                       "> " + request.Destination;
+    std::ranges::replace(text, '\0', ';');
+    return text;
   }
   void Select(lister::ListId list, const std::string& name) {
     Space.Lists[list].Rows().MoveCurrent(Row(list, name));

@@ -103,7 +103,6 @@ TEST_F(RunTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_EQ(words, fakes::ReadTestFile("shell/stages.txt"));
   EXPECT_TRUE(splash.SplashDone && splash.LoadFinished && splash.Image1[0].Visible);
   EXPECT_TRUE(Machine.HasMarker());
-  EXPECT_FALSE(Machine.HasSettings());
   splash.KeyDown(KeyR);
   EXPECT_FALSE(splash.ResetKeyPressed);
 
@@ -178,10 +177,7 @@ TEST_F(RunTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
 // A file that the real switches turn: what was loaded is what is saved again.
 TEST_F(RunTest, GivesSwitchesAndOldSystemsTheirDue) {
   Machine.System.Windows98 = Machine.System.WindowsMe = true;
-  Machine.Files.AddFile("C:\\Tarnwell\\user.usr",
-                        "\"ProgramPosition\",300,450,9000,6000,0\r\n\"CompareMode\",7,0,0,0,0\r\n"
-                        "\"ShowCommandLine\",#TRUE#,0,0,0,0\r\n\"ShowColor\",#TRUE#,0,0,0,0\r\n"
-                        "\"LayoutAutoExpand\",#TRUE#,0,0,0,0\r\n\"Status\",1,0,0,1,1\r\n");
+  Machine.Files.AddFile("C:\\Tarnwell\\user.usr", fakes::ReadTestFile("shell/switches.usr"));
   Run.Start();
   EXPECT_EQ(Run.Space().OsName, "Windows Me");
   EXPECT_TRUE(Run.Space().Lists.Files(1).IsWin9x && Run.Form().shpBack[4].BorderStyle == 2);

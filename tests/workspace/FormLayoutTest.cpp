@@ -82,12 +82,7 @@ TEST_F(FormLayoutTest, GivesTheActivePaneTheMostOfTheRoom) {
   Layout.SwitchAutoExpand(true);
   EXPECT_FLOAT_EQ(Pane(0).PercentHeightH, 0.7F);
   EXPECT_FLOAT_EQ(Pane(1).PercentHeightH, 0.3F);
-  Space.ActiveList = 100;
-  Space.CurrentList = 100;
-  Space.Form.TitleBar[1].Top = 1;
-  Layout.TitleMouseMove(0);  // the pane that has expanded already
-  EXPECT_EQ(Space.ActiveList, 100);
-  EXPECT_EQ(Space.Form.TitleBar[1].Top, 1);
+  Space.ActiveList = Space.CurrentList = 100;
   Layout.TitleMouseMove(1);
   EXPECT_EQ((Ids{Space.ActiveList, Space.CurrentList}), (Ids{1, 100}));
   EXPECT_FLOAT_EQ(Pane(1).PercentHeightH, 0.7F);
@@ -103,8 +98,6 @@ TEST_F(FormLayoutTest, GivesTheActivePaneTheMostOfTheRoom) {
   EXPECT_EQ(Space.Form.TitleBar[1].Top, 1);
   Layout.SwitchLayout("horizontal");
   EXPECT_TRUE(Space.Form.Toolbar1["layouthorizontal"].Pressed);
-  EXPECT_EQ(Space.Form.Menus["mnuOrientation"].Image,
-            Space.Form.ImageList1.Index("layouthorizontal"));
   EXPECT_GT(Space.Form.TitleBar[1].Top, 1000);
 }
 

@@ -109,7 +109,6 @@ TEST_F(SplittersTest, DragsABarBetweenPanesInSteps) {
     EXPECT_EQ(List(1).Right(), one.Right() + way);
     EXPECT_NEAR(Pane(1).PercentWidth, (before.Width + way) / 15120.0, 1e-6);
     EXPECT_EQ(Pane(1).PercentWidth == before.PercentWidth, way == 0);
-    EXPECT_EQ(Pane(0).PercentWidth, 0.3F);
     EXPECT_EQ(Host.ScreenPointer(), MousePointer::Default);
   }
 }
@@ -119,7 +118,6 @@ TEST_F(SplittersTest, DragsSplitsAndRows) {
   const Place list = List(1);
   DragTo(list.Left + 9, list.Bottom() + 30, 0, list.Bottom() - 970);
   EXPECT_EQ(Space.Form.LineHorz.Top, list.Bottom() - 1000);
-  EXPECT_EQ(Space.Form.LineHorz.Width, Pane(1).Width + 120);
   EXPECT_EQ(Pane(1).Height, 3000);
   ZoneAt(0, list.Bottom() + 30 - 3450);
   EXPECT_EQ(Pane(1).Height, 600);
