@@ -7,12 +7,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <map>
 
 #include "TempFolder.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/ReplaceFile.h"
+#include "platform/linux/system/LinuxTermination.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -327,10 +327,9 @@ TEST(ReplaceFile, WritesThroughLinksAndToFilesAlone) {
 
 TEST(ReplaceFile, KeepsTheOldContentOnFailure) {
   const TempFolder folder;
-  Put(folder / "file", "old", 0666);
-  Put(folder / "read-only", "old", 0444);
-  mkdir((folder / "shut").c_str(), 0755);
-  Put(folder / "shut/file", "old", 0666);
+  folder.Make({"file=old", "read-only=old", "shut/file=old"});
+  chmod((folder / "read-only").c_str(), 0444);
+  for (const char* name : {"file", "shut/file"}) chmod((folder / name).c_str(), 0666);
   InChild([&] {
     BecomeNobody();
     EXPECT_EQ(ReplaceFile(folder / "read-only", "new").Code, EACCES);
@@ -340,14 +339,12 @@ TEST(ReplaceFile, KeepsTheOldContentOnFailure) {
   });
   // A limit on the size of files fails in the middle of the writing, as a full disk does.
   InChild([&] {
-    std::signal(SIGXFSZ, SIG_IGN);
+    OutliveFailedWrites();
     const rlimit limit{100'000, 100'000};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
     EXPECT_EQ(ReplaceFile(folder / "file", std::string(200'000, 'x')).Code, EFBIG);
   });
-  for (const char* name : {"file", "read-only", "shut/file"}) {
-    EXPECT_EQ(Get(folder / name), "old") << name;
-  }
+  for (const char* name : {"file", "read-only", "shut/file"}) EXPECT_EQ(Get(folder / name), "old");
   EXPECT_EQ(folder.Names(), "file read-only shut ");
 }
 

@@ -55,10 +55,8 @@ void MakeLastChange(const std::string& folder, const Told& told) {
 TEST(LinuxFolderWatch, NamesWhatChanged) {
   const TempFolder folder;
   const std::string watched = folder / "watched/", odd = "odd \xff\n%2F";
-  fs::create_directories(watched + "sub");
-  for (const char* name : {"content", "mode", "old name", "leaves", "goes"})
-    Put(watched + name, "");
-  Put(folder / "comes", "");
+  folder.Make({"watched/sub/", "watched/content=", "watched/mode=", "watched/old name=",
+               "watched/leaves=", "watched/goes=", "comes="});
   Told told;
   const auto watch = LinuxFolderWatch().Start(folder / "watched", told.Take());
   ASSERT_NE(watch, nullptr);
@@ -82,8 +80,7 @@ TEST(LinuxFolderWatch, TellsThatTheFolderWent) {
   const TempFolder folder;
   const std::string watched = folder / "watched";
   for (const bool isMoved : {true, false}) {
-    mkdir(watched.c_str(), 0755);
-    Put(watched + "/file", "");
+    folder.Make({"watched/file="});
     Told told;
     const auto watch = LinuxFolderWatch().Start(watched, told.Take());
     const int user = open(watched.c_str(), O_PATH);  // another program may hold the folder
@@ -96,8 +93,7 @@ TEST(LinuxFolderWatch, TellsThatTheFolderWent) {
 TEST(LinuxFolderWatch, GoesByTheFolderAndNotByItsPath) {
   const TempFolder folder;
   const std::string inner = folder / "a/inner", link = folder / "link";
-  fs::create_directories(inner);
-  symlink("a/inner", link.c_str());
+  folder.Make({"a/inner/", "link->a/inner"});
   LinuxFolderWatch watches;
   Told told, other;
   const auto watch = watches.Start(link, told.Take());
@@ -105,7 +101,7 @@ TEST(LinuxFolderWatch, GoesByTheFolderAndNotByItsPath) {
 
   // Another folder has come in the place of one further up.
   rename((folder / "a").c_str(), (folder / "b").c_str());
-  fs::create_directories(inner);
+  folder.Make({"a/inner/"});
   const auto newer = watches.Start(inner, other.Take());
   Put(inner + "/newer", "");
   Put(folder / "b/inner/newest", "");
@@ -152,8 +148,7 @@ TEST(LinuxFolderWatch, MayEndWithinItsOwnCallOrWithOneUnderWay) {
 TEST(LinuxFolderStamps, TellFoldersApartAndFromWhatTheyWere) {
   const TempFolder folder;
   const std::string one = folder / "one", link = folder / "link", none = one + "/file/none";
-  mkdir(one.c_str(), 0755);
-  symlink("one", link.c_str());
+  folder.Make({"one/", "link->one"});
   LinuxFolderStamps stamps;
   const FolderStamp before = stamps.Read(one);
   EXPECT_EQ(stamps.ReadFacts(link).Stamp, before);

@@ -59,7 +59,8 @@ TEST_F(LinuxLauncherTest, StartsProgramsInTheirFolderAndTerminal) {
   const std::string odd = desktop.OddName;
   EXPECT_TRUE(Launcher.Execute({"./" + odd, "-l '' '$HOME'", folder}));
   EXPECT_EQ(desktop.Told(odd), odd + " in " + folder + "\n[-l]\n[]\n[$HOME]\n");
-  desktop.Write("applications/tty.desktop", desktop.Entry(folder + "/tool %f") + "Terminal=true\n");
+  desktop.Folder.Make(
+      {"applications/tty.desktop=" + desktop.Entry(folder + "/tool %f") + "Terminal=true\n"});
   Opener opener;
   EXPECT_TRUE(FindOpener(folder + "/applications/tty.desktop", opener));
   EXPECT_TRUE(Launch(opener.Entry.get(), {folder + "/" + odd}));
@@ -81,8 +82,8 @@ TEST_F(LinuxLauncherTest, StartsProgramsInTheirFolderAndTerminal) {
   EXPECT_FALSE(Launcher.Execute({folder + "/windowed", "x", folder + "/missing"}));
   Put(folder + "/broken",
       "\x7f"
-      "ELF\2\1\1 and no more");
-  chmod((folder + "/broken").c_str(), 0755);
+      "ELF\2\1\1 and no more",
+      0755);
   EXPECT_EQ(StartProgram({folder + "/broken"}, "", StartIn::OwnWindows).Code, ENOEXEC);
   EXPECT_TRUE(waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD);  // none left behind
 }
@@ -91,8 +92,7 @@ TEST_F(LinuxLauncherTest, AsksBeforeItRunsWhatWasPickedInAList) {
   setenv("TERMINAL", (desktop.Folder / "terminal").c_str(), 1);
   const TempFolder place;
   const auto put = [&place](const char* name, const std::string& content, mode_t mode) {
-    Put(place / name, content);
-    chmod((place / name).c_str(), mode);
+    Put(place / name, content, mode);
     return place / name;
   };
   const std::string script = put("notes", Get(desktop.Folder / "tool"), 0755);

@@ -104,16 +104,12 @@ TEST(DriveRules, ListsWhatAPersonWouldName) {
   stick.Shown = true;
   Mount root = Disk("/");
   root.Internal = true;
-  std::vector<Mount> mounts = {root,
-                               stick,
-                               Disk("/srv", "server:/export", "nfs4"),
-                               Disk("/data"),
-                               Disk("/data"),
-                               Disk("/boot/efi"),
-                               Disk("/var/lib/machines"),
-                               Disk("/etc/hosts"),
-                               Disk("/home/ann/.cache"),
+  std::vector<Mount> mounts = {root, stick, Disk("/srv", "server:/export", "nfs4"),
                                Disk("/opt/tool", "tool", "fuse.tool")};
+  for (const char* path :
+       {"/data", "/data", "/boot/efi", "/var/lib/machines", "/etc/hosts", "/home/ann/.cache"}) {
+    mounts.push_back(Disk(path));
+  }
   EXPECT_EQ(NamesOf(DrivesOf("/home/ann", mounts)),
             "/home/ann=Home;/=File system;/data=label of /data;"
             "/run/media/ann/stick=label of /run/media/ann/stick;/srv=label of /srv;");

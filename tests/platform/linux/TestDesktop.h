@@ -27,7 +27,6 @@ struct TestDesktop {
     setenv("XDG_DATA_HOME", Folder.Path().c_str(), 1);
     setenv("XDG_CONFIG_HOME", Folder.Path().c_str(), 1);
     setenv("XDG_CURRENT_DESKTOP", "", 1);
-    std::filesystem::create_directory(Folder / "applications");
     // Each program tells its name, its folder, what it was given and whether it got a descriptor.
     const std::string place = "'" + Folder.Path() + "/'";
     const std::string tell =
@@ -35,27 +34,23 @@ struct TestDesktop {
         "[ -e /proc/$$/fd/9 ] && echo leak; } > " +
         place + "new.$$; mv " + place + "new.$$ " + place + "log.\"${0##*/}\"\n";
     for (const char* name : {"open it", "viewer", "windowed", "tool", OddName})
-      Write(name, tell, 0755);
+      Put(Folder / name, tell, 0755);
     // The worst of terminals: a shell reads all of its words once more.
-    Write("terminal", "#!/bin/sh\nshift\nexec sh -c \"$*\"\n", 0755);
-    Write("applications/opener.desktop", Entry("\"" + Folder / "open it" + "\" %U"));
-    Write("applications/viewer.desktop",
-          Entry(Folder / "viewer" + " %F", "See & show") + "Icon=eye\n");
-    Write("applications/windowed.desktop", Entry(Folder / "windowed" + " --new %F"));
-    Write("applications/tool.desktop", Entry(Folder / "tool") + "Terminal=true\n");
-    Write("mimeapps.list",
-          "[Default Applications]\ntext/plain=opener.desktop\nimage/png=viewer.desktop\n"
-          "inode/directory=viewer.desktop\nx-scheme-handler/odd=opener.desktop\n"
-          "[Added Associations]\ntext/plain=viewer.desktop\n");
+    Put(Folder / "terminal", "#!/bin/sh\nshift\nexec sh -c \"$*\"\n", 0755);
+    Folder.Make({"applications/opener.desktop=" + Entry("\"" + Folder / "open it" + "\" %U"),
+                 "applications/viewer.desktop=" + Entry(Folder / "viewer" + " %F", "See & show") +
+                     "Icon=eye\n",
+                 "applications/windowed.desktop=" + Entry(Folder / "windowed" + " --new %F"),
+                 "applications/tool.desktop=" + Entry(Folder / "tool") + "Terminal=true\n",
+                 "mimeapps.list="
+                 "[Default Applications]\ntext/plain=opener.desktop\nimage/png=viewer.desktop\n"
+                 "inode/directory=viewer.desktop\nx-scheme-handler/odd=opener.desktop\n"
+                 "[Added Associations]\ntext/plain=viewer.desktop\n"});
     // GLib loses what it has read of types when it is first asked where they are described.
     g_content_type_get_mime_dirs();
   }
   static std::string Entry(const std::string& command, const std::string& name = "x") {
     return "[Desktop Entry]\nType=Application\nName=" + name + "\nExec=" + command + "\n";
-  }
-  void Write(const std::string& name, const std::string& content, mode_t mode = 0644) const {
-    std::ofstream(Folder / name) << content;
-    chmod((Folder / name).c_str(), mode);
   }
   // What the started program told; empty after ten seconds without it.
   std::string Told(const std::string& program) const {
