@@ -10,16 +10,11 @@
 namespace tarnwell::ui {
 namespace {
 
+using namespace std::string_literals;
 using platform::ClipboardFiles;
 
-std::string Items(const char* lines) {  // a path a line
-  std::string items(lines);
-  for (char& letter : items) letter = letter == '\n' ? '\0' : letter;
-  return items;
-}
-
 TEST(FileUris, ComeBackAsTheyWere) {
-  const std::string items("/d/a b\xFF%\n#?\0/d/\xC3\xA4\0/\0", 20);
+  const std::string items = "/d/a b\xFF%\n#?\0/d/\xC3\xA4\0/\0"s;
   EXPECT_EQ(MimeDataOf(items)->data("text/uri-list"),
             "file:///d/a%20b%FF%25%0A%23%3F\r\nfile:///d/%C3%A4\r\nfile:///\r\n");
   TestApplication();
@@ -58,7 +53,7 @@ TEST(FileUris, AreReadFromOtherPrograms) {
                    "file:relative\nfile:///nul%00name\n/no/address\nfile://\n"
                    "file:///100%\nfile:///50%2\nfile:///%zz");
   ClipboardFiles files = FilesOf(data);
-  EXPECT_EQ(files.Items, Items("/a+b/c\xE4.txt\n/x\n/short\n/mine\n/100%\n/50%2\n/%zz\n"));
+  EXPECT_EQ(files.Items, "/a+b/c\xE4.txt\0/x\0/short\0/mine\0/100%\0/50%2\0/%zz\0"s);
   EXPECT_EQ(files.Foreign, 6);
   EXPECT_FALSE(files.IsCut);
 
@@ -66,7 +61,7 @@ TEST(FileUris, AreReadFromOtherPrograms) {
   data.setData("x-special/gnome-copied-files",
                QByteArray("cut\nfile:///a/../one/.\rfile:///../t%20wo//\n") + QByteArray(1, '\0'));
   files = FilesOf(data);
-  EXPECT_EQ(files.Items, Items("/one\n/t wo\n"));
+  EXPECT_EQ(files.Items, "/one\0/t wo\0"s);
   EXPECT_TRUE(files.IsCut);
   EXPECT_EQ(files.Foreign, 0);
   EXPECT_EQ(PathOfUri("file:///a/b%2f%2E./..x/c/.."), "/a/..x");

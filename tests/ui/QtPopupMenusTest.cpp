@@ -40,10 +40,10 @@ class QtPopupMenusTest : public testing::Test {
   }
   // What Track gives when `act` is done with the menu that is up.
   int Track(const std::function<void(QMenu&)>& act) {
-    QTimer::singleShot(0, &Window, [this, &act] {
-      Shown = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      ASSERT_NE(Shown, nullptr);
-      act(*Shown);
+    QTimer::singleShot(0, &Window, [&act] {
+      auto* const shown = qobject_cast<QMenu*>(Popup());
+      ASSERT_NE(shown, nullptr);
+      act(*shown);
     });
     return Menu->Track(20, 30);
   }
@@ -54,7 +54,6 @@ class QtPopupMenusTest : public testing::Test {
   const IconSource Icons{QString()};
   QtPopupMenus Menus{Icons};
   std::unique_ptr<platform::PopupMenu> Menu;
-  QMenu* Shown = nullptr;
 };
 
 TEST_F(QtPopupMenusTest, ShowsEntriesAndGivesTheNumberOfTheChosenOne) {
