@@ -42,7 +42,7 @@ class ListInput {
   virtual ~ListInput() = default;
 
   virtual bool IsSelected(RowId row) const = 0;
-  virtual std::vector<RowRange> SelectedRanges() const = 0;
+  virtual std::vector<RowRange> SelectedRanges() const = 0;  // of positions from the top
   // The first selected row at or behind the position, which moves behind it; NoRow at the end.
   virtual RowId NextSelected(std::int32_t& position) const = 0;
   virtual MouseAction Action() const { return MouseAction::None; }
