@@ -22,16 +22,13 @@ def glide(start, end):
 
 
 class DragTest(EndToEndTest):
-    def setUp(self):
-        super().setUp()
+    def begin(self):
+        """The source in pane 1, the target in pane 2."""
         for folder in ("from/box", "to/inner"):  # empty: nothing more opens under a drag
             (self.home / folder).mkdir(parents=True)
         for name in ("one.txt", "two.txt"):
             (self.home / "from" / name).write_text(name)
         self.addCleanup(mouse, "keyup", "ctrl", "keyup", "shift", "mouseup", 1)
-
-    def begin(self):
-        """The source in pane 1, the target in pane 2."""
         program = self.start()
         program.files().enter("from")
         self.wait_path(program, self.home / "from")

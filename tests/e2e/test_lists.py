@@ -18,12 +18,6 @@ class ListsTest(EndToEndTest):
         def wait_order(names):
             wait_for(f"the order {names}", lambda: "".join(files.names()) == names)
 
-        def wait_headings(*captions):
-            def stand():
-                shown = [heading(number) for number in range(4)]  # the others are hidden
-                return [head.name for head in sorted(shown, key=lambda head: head.place().x)]
-            wait_for(f"the headings {captions}", lambda: stand() == list(captions))
-
         wait_order("abcd")
         heading(SIZE).click()
         program.press("Sort active heading descending.")
@@ -37,9 +31,4 @@ class ListsTest(EndToEndTest):
         wait_order("dcab")
         heading(NAME).click(times=2)
         wait_order("abcd")
-
-        wait_headings("Name", "Extension", "Size", "Date Modified")
-        heading(SIZE).click()
-        program.menu("Headings", "Move Left")
-        wait_headings("Name", "Size", "Extension", "Date Modified")
         self.close_clean(program)

@@ -36,10 +36,6 @@ class MenuTest(EndToEndTest):
         program.dismiss("This is the first time you are color coding a file.")
         self.assertEqual(os.getxattr(self.home / "two.txt", "user.tarnwell.color"), b"red")
 
-        self.choose(program, row("two.txt"), "s")  # Create Shortcut
-        program.files().wait_has("Link to two.txt")
-        self.assertEqual(os.readlink(self.home / "Link to two.txt"), "two.txt")
-
         self.choose(program, row("inner"), *["Down"] * BOOKMARKS, "Right", "Down", "Down",
                     "Right", "Return")  # Add to Slot 3
         keys("ctrl+3")
