@@ -36,15 +36,16 @@ class DragTest(EndToEndTest):
         self.wait_path(program, self.home / "to", 2)
         self.wait_names(program, ["inner"], 2)
         program.files().row("one.txt")
+        self.windows = program.windows()
         return program
 
     def pull(self, program, start, place):
         """Presses the button and moves to the place, where the button stays down."""
-        windows = program.windows()
+        # What is dragged has a picture, in a window of its own.
+        wait_for("the end of the last drag", lambda: program.windows() <= self.windows)
         mouse("mousemove", *start, "mousedown", 1)
         glide(start, place)
-        # What is dragged has a picture, in a window of its own.
-        wait_for("the drag", lambda: program.windows() - windows)
+        wait_for("the drag", lambda: glide(place, place) or program.windows() - self.windows)
         glide(place, place)
 
     def drop(self, place, key):
