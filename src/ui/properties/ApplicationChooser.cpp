@@ -27,9 +27,7 @@ bool IsApplication(const QListWidgetItem* item) {
 }
 
 QIcon IconOf(const platform::ApplicationChoice& application, const IconSource& icons) {
-  const QString name = ToQString(application.Picture);
-  // A picture in a file of its own is named by its path.
-  QIcon icon = name.startsWith('/') ? QIcon(name) : QIcon::fromTheme(name);
+  QIcon icon = icons.Named(application.Picture);
   if (!icon.pixmap(EntryPictureSize).isNull()) return icon;
   return QIcon::fromTheme(QStringLiteral("application-x-executable"), icons.Own("commandline"));
 }

@@ -6,9 +6,7 @@
 #include <QScreen>
 #include <utility>
 
-#include "base/PathSyntax.h"
 #include "ui/toolkit/Convert.h"
-#include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -101,16 +99,9 @@ void QtPopupMenu::Add(QMenu& menu, const platform::ContextEntry& entry, QAction*
   }
   action->setData(entry.Id);
   action->setEnabled(entry.Enabled);
-  action->setIcon(PictureOf(entry.Picture));
+  action->setIcon(menus_.icons_.Named(entry.Picture));
   menu.insertAction(before, action);
   if (entry.IsDefault) menu.setDefaultAction(action);
-}
-
-QIcon QtPopupMenu::PictureOf(const std::string& name) const {
-  if (name.empty()) return {};
-  if (base::PathSyntax::Native().IsWhole(name)) return QIcon(ToQtPath(name));
-  const QIcon own = menus_.icons_.Own(name);
-  return own.isNull() ? QIcon::fromTheme(ToQString(name)) : own;
 }
 
 }  // namespace tarnwell::ui

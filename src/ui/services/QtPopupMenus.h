@@ -49,7 +49,6 @@ class QtPopupMenu : public platform::PopupMenu {
 
  private:
   void Add(QMenu& menu, const platform::ContextEntry& entry, QAction* before) const;
-  QIcon PictureOf(const std::string& name) const;
 
   QtPopupMenus& menus_;
   QPointer<QMenu> menu_;  // the window may take it along

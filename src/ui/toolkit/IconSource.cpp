@@ -6,6 +6,7 @@
 #include "base/PathSyntax.h"
 #include "lister/rows/CellText.h"
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -56,6 +57,13 @@ IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {
   folder_ = folders ? QIcon::fromTheme(QStringLiteral("folder")) : Own("folder");
   openFolder_ = folders ? QIcon::fromTheme(QStringLiteral("folder-open")) : Own("folder-open");
   file_ = themed_ ? QIcon::fromTheme(QStringLiteral("text-x-generic")) : Own("file");
+}
+
+QIcon IconSource::Named(const std::string& name) const {
+  if (name.empty()) return {};
+  if (base::PathSyntax::Native().IsWhole(name)) return QIcon(ToQtPath(name));
+  const QIcon own = Own(name);
+  return own.isNull() ? QIcon::fromTheme(ToQString(name)) : own;
 }
 
 QIcon IconSource::File(std::string_view path) const {

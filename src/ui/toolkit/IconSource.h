@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QMimeDatabase>
 #include <QString>
+#include <string>
 #include <string_view>
 
 namespace tarnwell::ui {
@@ -17,6 +18,9 @@ class IconSource {
 
   // The program's own picture icons/<name>.svg; empty if there is none of that name.
   QIcon Own(std::string_view name) const;
+  // The picture in the file of that whole path, else the program's own of that name, else the
+  // theme's; empty if there is none.
+  QIcon Named(const std::string& name) const;
 
   const QIcon& Drive() const { return drive_; }
   const QIcon& Folder() const { return folder_; }
