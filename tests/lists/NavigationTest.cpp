@@ -1,7 +1,6 @@
 #include <functional>
 
 #include "TestLists.h"
-#include "lists/Navigation.h"
 
 namespace tarnwell::lists {
 namespace {

@@ -18,7 +18,7 @@ class TestLists : public workspace::TestWorkspace {
         Nav(Space, Platform.Files.Syntax(), Host),
         Handler(Space, Layout, Nav, Messages,
                 {.Close = [this] { ++Closed; },
-                 .CreateNewFolder = [this] { ++NewFolders; },
+                 .CreateNewFolder = [] {},
                  .ShowContextMenu =
                      [this](float x, float y, const std::string& clicked, const std::string& path) {
                        if (OnContextMenu) OnContextMenu(x, y, clicked, path);
@@ -68,7 +68,6 @@ class TestLists : public workspace::TestWorkspace {
   std::function<void(float x, float y, const std::string& clicked, const std::string& path)>
       OnContextMenu;
   int Closed = 0;
-  int NewFolders = 0;
   std::function<void(lister::ListId, const lister::Drop&)> OnDrop;
   bool Connected = true;  // somebody hears what lists tell that are made from now on
 };

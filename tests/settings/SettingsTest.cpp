@@ -1,6 +1,3 @@
-#include <algorithm>
-#include <string>
-#include <utility>
 
 #include "fakes/TestFile.h"
 #include "lists/TestLists.h"
@@ -14,28 +11,11 @@ namespace {
 
 using workspace::Texts;
 
-// Switches that turn what is saved.
-struct PlainSwitches : ViewSwitches {
-  explicit PlainSwitches(workspace::Workspace& space) : Space(space) {}
-  void ShowColor(bool show) override { Space.Form.Menus["mnuColorOn"].Checked = show; }
-  void ShowCommandLine(bool show, bool noLayout) override {
-    EXPECT_TRUE(noLayout);
-    Space.Form.Menus["mnuCommandOn"].Checked = show;
-  }
-  void SetCompareMode() override {}
-  workspace::Workspace& Space;
-};
-
 // One run of the program as far as its settings go: loaded at its start, saved at its end.
-class TestProgram : public lists::TestLists, public workspace::PaneHooks {
+class TestProgram : public lists::TestLists, public workspace::PaneHooks, public ViewSwitches {
  public:
   explicit TestProgram(SharedPlatform platform = std::make_shared<fakes::FakePlatform>())
-      : TestLists(std::move(platform)),
-        Switches(Space),
-        Targets{Space, Layout, Colours, Switches},
-        File(Platform.Files, Path, Targets),
-        CurrentSkin(Platform.Files, "C:\\Tarnwell\\skins", Targets, Messages),
-        Panes(Space, Layout, Host, Messages, *this) {
+      : TestLists(std::move(platform)) {
     Platform.Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0\r\n");
     Space.Lists.Create(0);
   }
@@ -46,21 +26,26 @@ class TestProgram : public lists::TestLists, public workspace::PaneHooks {
     return Start();
   }
   ReadMarkers Start() {
-    return LoadLastSettings({Space, Panes, File, CurrentSkin, Switches, Platform.Files.Syntax(),
+    return LoadLastSettings({Space, Panes, File, CurrentSkin, *this, Platform.Files.Syntax(),
                              [this](const std::string& text) { Status.push_back(text); }});
   }
   void ReplayPaneSettings(int pane) override { File.ReplayPaneSettings(pane); }
   void ApplySkinChange() override { CurrentSkin.ApplySkinChange(); }
   void LoadFolders(int pane) override { Nav.LoadFolders(pane); }
   void LoadPaneDrive(int pane) override { Nav.LoadPaneDrive(pane); }
+  void ShowColor(bool show) override { Space.Form.Menus["mnuColorOn"].Checked = show; }
+  void ShowCommandLine(bool show, bool noLayout) override {
+    EXPECT_TRUE(noLayout);
+    Space.Form.Menus["mnuCommandOn"].Checked = show;
+  }
+  void SetCompareMode() override {}
 
   const std::string Path = "C:\\Tarnwell\\user.usr";
   SkinColours Colours{};
-  PlainSwitches Switches;
-  SettingTargets Targets;
-  SettingsFile File;
-  Skin CurrentSkin;
-  workspace::PaneSet Panes;
+  SettingTargets Targets{Space, Layout, Colours, *this};
+  SettingsFile File{Platform.Files, Path, Targets};
+  Skin CurrentSkin{Platform.Files, "C:\\Tarnwell\\skins", Targets, Messages};
+  workspace::PaneSet Panes{Space, Layout, Host, Messages, *this};
   Texts Status;
 };
 
@@ -234,6 +219,7 @@ TEST_F(SettingsTest, SetsUpPaneZeroAndTheOpenPanes) {
   // There is no window without a pane.
   EXPECT_EQ((Ids{closed.Space.OpenPaneCount, closed.Space.CurrentList}), (Ids{1, 0}));
   EXPECT_TRUE(closed.Pane(0).IsOpen() && closed.Pane(0).DriveLoaded);
+  EXPECT_EQ(closed.PressedPanes(), "0");
 }
 
 TEST_F(SettingsTest, BearsThousandsOfExpandedFolders) {

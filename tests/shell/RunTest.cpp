@@ -8,8 +8,6 @@
 namespace tarnwell::shell {
 namespace {
 
-constexpr int KeyR = 82;
-
 struct StubbornForm : forms::Form {
   StubbornForm() : Form("Stubborn") {}
   void Unload() override { throw std::runtime_error("stays"); }
@@ -33,11 +31,11 @@ TEST_F(RunTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
     EXPECT_EQ(Run.Status.back(), frame < 12 ? "initializing..." : "loading main window...");
     EXPECT_TRUE(splash.Image1[frame].Visible && !splash.Image1[frame - 1].Visible);
   }
-  EXPECT_EQ(Run.Host.Told, (Texts{"open Splash", "show Splash"}));
   EXPECT_FALSE(Machine.HasMarker());
-  Run.Host.Told.clear();
+  EXPECT_EQ(Run.Host.Told.size(), 2U);
   Run.Tick();
-  EXPECT_EQ(Run.Host.Told, (Texts{"open Master", "show Master", "unload Splash"}));
+  EXPECT_EQ(Run.Host.Told,
+            (Texts{"open Splash", "show Splash", "open Master", "show Master", "unload Splash"}));
   std::string words;
   for (std::size_t i = 1; i < Run.Status.size(); ++i) {
     if (Run.Status[i] != Run.Status[i - 1]) words += Run.Status[i] + "\n";
@@ -45,7 +43,7 @@ TEST_F(RunTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_EQ(words, fakes::ReadTestFile("shell/stages.txt"));
   EXPECT_TRUE(splash.SplashDone && splash.LoadFinished && splash.Image1[0].Visible);
   EXPECT_TRUE(Machine.HasMarker());
-  splash.KeyDown(KeyR);
+  splash.KeyDown('R');
   EXPECT_FALSE(splash.ResetKeyPressed);
 
   // The panes show at the first resize, and not before.
@@ -102,7 +100,6 @@ TEST_F(RunTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
   Machine.System.Trouble = {};
   Run.Start();
   EXPECT_EQ(Machine.Files.At("C:\\precious").Content, "kept");
-  EXPECT_FALSE(Machine.Files.At("C:\\Tarnwell\\run.txt").IsLink);
 }
 
 TEST_F(RunTest, TellsOnceOfAnItemThatAKilledRunSetAside) {

@@ -143,7 +143,6 @@ TEST(ArrangePanesTest, LaysColumnsFromEdgeToEdge) {
   EXPECT_EQ(Sizes(records[1]),
             (std::vector<Twips>{3780, 0, 9500, 4100, 3720, 9410, 3720, 380, 7560, 0, true, false}));
   const PanePlaces& middle = places[1];
-  EXPECT_EQ(places[0].Folders.List.Left, 60);
   EXPECT_EQ(places[2].Folders.List.Right(), 15120 - 60);
   EXPECT_EQ(middle.ClosePicture.Left + 315, middle.Folders.List.Right());
   EXPECT_EQ(middle.Files.PlaceHolder.Width, 3720 - 210);

@@ -1,5 +1,3 @@
-#include <string>
-#include <vector>
 
 #include "TestWorkspace.h"
 #include "workspace/Splitters.h"
