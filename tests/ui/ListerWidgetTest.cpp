@@ -239,9 +239,23 @@ TEST_F(ListerWidgetTest, RefreshKeepsScrollSelectionAndCursor) {
   EXPECT_EQ(list.PathAt(list.Tree->indexAt(QPoint(1, 1))), "/many/0");
 }
 
-TEST_F(ListerWidgetTest, TakesOverWhatChangesWhileItHidesAndIdles) {
+TEST_F(ListerWidgetTest, TakesOverWhatChangesWhileItReadsHidesAndIdles) {
   List list(*this, 100);
-  list.Show("/d");
+  const auto comes = [&](const char* path) {
+    const QDeadlineTimer limit(10000);
+    while (list.Row(path) == lister::NoRow && !limit.hasExpired()) Settle();
+    return !limit.hasExpired();
+  };
+  list.Show("/f");
+  Platform.Clock.TickStep = 60;
+  Platform.Pump.Post([&] {
+    Platform.Files.AddFile("/d/late.txt");
+    Platform.Watches.Notify("/d");
+  });
+  std::string folder = "/d";
+  list.Control.LoadFolderContents(folder, true);
+  Platform.Clock.TickStep = 0;
+  EXPECT_TRUE(comes("/d/late.txt"));
   list.Control.WatchStop();
   list.Widget.hide();
   Platform.Files.AddFile("/d/hidden");
@@ -249,9 +263,7 @@ TEST_F(ListerWidgetTest, TakesOverWhatChangesWhileItHidesAndIdles) {
   Settle();
   EXPECT_NE(list.Row("/d/hidden"), lister::NoRow);
   Platform.Files.AddFile("/d/idle");
-  const QDeadlineTimer limit(10000);
-  while (list.Row("/d/idle") == lister::NoRow && !limit.hasExpired()) Settle();
-  EXPECT_NE(list.Row("/d/idle"), lister::NoRow);
+  EXPECT_TRUE(comes("/d/idle"));
 }
 
 TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
