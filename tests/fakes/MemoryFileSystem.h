@@ -99,11 +99,8 @@ class MemoryFileSystem : public platform::FileSystem {
   platform::FolderStamp StampOf(const std::string& folder) const {
     const Item item = Find(folder);
     if (item == nullptr || !item->IsFolder()) return {};
-    return {.IsThere = true,
-            .Device = 1,
-            .Inode = item->Number,
-            .Modified = item->Modified,
-            .Changed = item->Modified};
+    const std::int64_t time = item->Modified;
+    return {.IsThere = true, .Inode = item->Number, .Modified = time, .Changed = time};
   }
   // Takes the item away with all that is below it.
   void Remove(const std::string& path) const {

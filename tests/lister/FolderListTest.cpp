@@ -120,10 +120,6 @@ TEST_F(FolderList, RemembersTheFolderOfEachDrive) {
   List.User().ChooseDrive("D");
   EXPECT_EQ(Events.Take(), Texts{"DriveSelected 2"});
   EXPECT_EQ((Texts{List.InitialDrive(), List.DriveFolder()}), (Texts{"D", "D:\\Music\\Live"}));
-  List.SetDriveFolder("D", "D:\\Music\\Live\\");
-  std::string folder, item;
-  List.GetActiveItem(List.ActiveItemCount(), folder, item);
-  EXPECT_EQ((Texts{folder, item}), (Texts{"D:\\", "D:\\Music\\Live"}));
 
   Platform.Files.Remove("C:\\Work");
   LoadDrive("C");

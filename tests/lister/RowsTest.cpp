@@ -173,13 +173,11 @@ TEST(NameOrder, PutsNamesAsPeopleExpectThem) {
       "B", "b.txt", "File9", "file10", "\xC3\xA4", "\xC3\xA4x", "\x80", "\xC3", "\xFF"};
   auto sorted = names;
   std::shuffle(sorted.begin(), sorted.end(), std::mt19937(7));
-  const fakes::FakeCollation collation;
-  const NameOrder order(collation);
   std::sort(sorted.begin(), sorted.end(),
-            [&](const auto& left, const auto& right) { return order.Before(left, right); });
+            [](const auto& left, const auto& right) { return Names.Before(left, right); });
   EXPECT_EQ(sorted, names);
-  EXPECT_EQ(order.Compare("Read 007", "rEAD 7"), 0);
-  EXPECT_EQ(order.Compare("0", "000"), 0);
+  EXPECT_EQ(Names.Compare("Read 007", "rEAD 7"), 0);
+  EXPECT_EQ(Names.Compare("0", "000"), 0);
 }
 
 TEST(NameFilter, TakesByPatterns) {
