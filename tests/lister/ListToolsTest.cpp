@@ -1,4 +1,3 @@
-#include <cstring>
 #include <random>
 
 #include "ListFixture.h"
@@ -47,10 +46,10 @@ TEST_F(ListTools, AttributesThatComeWithTheNamesAreTakenForWhatTheyAre) {
   Load("C:\\other");
   Platform.Files.At("C:\\box\\one").Modified = 1;
   Platform.Files.Looks = 0;
-  for (const char* content : {"longer", "longest"}) {
+  for (const std::string content : {"longer", "longest"}) {
     Platform.Files.At("C:\\box\\file").Content = content;
     Load();
-    EXPECT_EQ(Sizes(), "two 5 file " + std::to_string(std::strlen(content)) + " ");
+    EXPECT_EQ(Sizes(), "two 5 file " + std::to_string(content.size()) + " ");
   }
   EXPECT_EQ(Platform.Files.Looks, 2);  // at the link, each time
   Platform.Files.At("C:\\box\\two").Modified++;
@@ -80,6 +79,11 @@ TEST_F(ListTools, MeasureFoldersAndKeepWhatTheyFound) {
   List.CalculateItemSize();
   EXPECT_EQ(List.Shown().Status, "Size of two: 2 items, 7 bytes");
   EXPECT_EQ(Sizes(), "two 7 file 4 ");
+  Platform.Files.At("C:\\box\\two").Modified++;
+  List.RefreshList();
+  EXPECT_EQ(Sizes(), "file 4 ");
+  View.Pointed = Row(RootRow, "two");
+  List.CalculateItemSize();
   for (const char* name : {"file", "way", ""}) {
     View.Pointed = Row(RootRow, name);
     List.CalculateItemSize();

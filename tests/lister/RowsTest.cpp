@@ -229,6 +229,8 @@ TEST(Headings, HoldValuesToWhatAListCanShow) {
   EXPECT_FALSE(table.IsActive("Size"));
   table.SetProperty(1, "key", std::string("sName"));
   EXPECT_EQ(table[HeadingId::Extension].Key, "sExtension");
+  table.SetProperty(1, "Caption", std::string("Ext"));
+  EXPECT_EQ(std::get<std::string>(table.Property(1, "Caption")), "Ext");
 
   EXPECT_THROW(table.SetProperty(2, "Width", std::string("wide")), base::ConversionError);
   EXPECT_THROW(table.SetProperty(2, "Colour", std::int32_t{1}), std::out_of_range);
