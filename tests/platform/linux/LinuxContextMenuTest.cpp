@@ -121,9 +121,13 @@ TEST_F(LinuxContextMenuTest, OffersWhatSuitsTheItems) {
 TEST_F(LinuxContextMenuTest, OpensItems) {
   const std::string folder = Place.Path() + "/";
   Put(Place / "odd", std::string("\0\1", 2));
-  Choose({"a.txt", "p.png", "b.txt", "dir", "odd"}, "&Open");
+  Put(Place / "run", Get(desktop.Folder / "tool"), 0755);
+  Windows.Run = RunChoice::Run;
+  Choose({"a.txt", "p.png", "b.txt", "run", "dir", "odd"}, "&Open");
+  EXPECT_EQ(std::exchange(Windows.Noted, {}), "run run of 6, or open|");
   EXPECT_TRUE(desktop.WasTold("viewer", "\n[" + folder + "p.png]\n[" + folder + "dir]\n"));
   EXPECT_TRUE(desktop.WasTold("open it", "[" + folder + "a.txt]\n[" + folder + "b.txt]\n"));
+  EXPECT_EQ(desktop.Told("run"), "run in " + Place.Path() + "\n");
   EXPECT_EQ(Took(),
             "\"odd\" could not be opened.\n\nNo application is registered for this kind of "
             "file (application/octet-stream)|");
