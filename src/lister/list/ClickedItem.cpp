@@ -27,7 +27,7 @@ ClickedItem DescribeItem(const ListState& list, const ListRows& rows, RowId row)
 }
 
 ClickedItem DescribeClicked(const ListState& list, const ListRows& rows, RowId row) {
-  const ClickedItem item = DescribeItem(list, rows, row);
+  ClickedItem item = DescribeItem(list, rows, row);
   if (item.Kind != NothingClicked || !IsFileList(list.Id) || list.Folder.empty()) return item;
   return {ClickedEmptySpace, list.Syntax.AddSeparator(list.Folder)};
 }
