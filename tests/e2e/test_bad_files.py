@@ -1,6 +1,7 @@
 """Damaged, missing and forbidden files: the program comes up, tells what it must, loses nothing."""
 
 import os
+import pathlib
 import random
 import subprocess
 
@@ -11,23 +12,7 @@ PLAIN_USER = [] if os.geteuid() else ["setpriv", "--bounding-set=-dac_override,-
 
 SKIN_MESSAGE = "The last used 'skin' could not be found."
 
-WILD_NUMBERS = b"""\
-"ProgramPosition",1E+38,1E+38,1E+38,1E+38,0\r
-"SkinName",7,0,0,0,0\r
-"PercentWidth",-3,1E+30,0,-0,9\r
-"PercentHeightH",0,0,1E-40,5,5\r
-"Status",0,0,0,0,0\r
-"Width",2147483647,-2147483648,0,0,0\r
-"WidthH",-2147483648,2147483647,0,0,0\r
-"Height",2147483647,2147483647,2147483647,2147483647,2147483647\r
-"InitialDrive",0,"/no/such/drive",0,0,0\r
-"Heading",0,0,"Width",-2000000000,0\r
-"Heading",100,0,"Width",2000000000,0\r
-"Heading",100,1,"Index",77,0\r
-"SORTING",0,32767,"sName","asc",0\r
-"Active",0,"/","relative",0,0\r
-"Expanded",0,"",0,0,0\r
-"""
+WILD_NUMBERS = pathlib.Path(__file__).with_name("wild.usr")
 
 
 class BadFilesTest(EndToEndTest):
@@ -51,7 +36,7 @@ class BadFilesTest(EndToEndTest):
                 self.assertLess(self.settings.stat().st_size, 1 << 20)
 
     def test_settings_with_wild_numbers(self):
-        self.settings.write_bytes(WILD_NUMBERS)
+        self.settings.write_bytes(WILD_NUMBERS.read_bytes())
         program = self.launch()
         program.dismiss(SKIN_MESSAGE)
         program.button(1)

@@ -1,6 +1,13 @@
-"""Items are dragged between lists with the real mouse."""
+"""Items are dragged between lists and to and from another program with the real mouse."""
+
+import os
+import pathlib
+import subprocess
+import sys
 
 from harness import EndToEndTest, mouse, wait_for
+
+OTHER = pathlib.Path(__file__).with_name("other_program.py")
 
 
 def middle(control, x=60):
@@ -21,12 +28,20 @@ def glide(start, end):
     mouse("mousemove", end[0] + 1, end[1], "mousemove", *end)
 
 
+def pull(start, place, begun):
+    """Presses the button and moves to the place, where the button stays down."""
+    mouse("mousemove", *start, "mousedown", 1)
+    glide(start, place)
+    wait_for("the drag", lambda: glide(place, place) or begun())
+    glide(place, place)
+
+
 class DragTest(EndToEndTest):
     def begin(self):
         """The source in pane 1, the target in pane 2."""
         for folder in ("from/box", "to/inner"):  # empty: nothing more opens under a drag
             (self.home / folder).mkdir(parents=True)
-        for name in ("one.txt", "two.txt"):
+        for name in ("one.txt", "two.txt", "a b%41\n.txt"):
             (self.home / "from" / name).write_text(name)
         self.addCleanup(mouse, "keyup", "ctrl", "keyup", "shift", "mouseup", 1)
         program = self.start()
@@ -43,15 +58,14 @@ class DragTest(EndToEndTest):
         """Presses the button and moves to the place, where the button stays down."""
         # What is dragged has a picture, in a window of its own.
         wait_for("the end of the last drag", lambda: program.windows() <= self.windows)
-        mouse("mousemove", *start, "mousedown", 1)
-        glide(start, place)
-        wait_for("the drag", lambda: glide(place, place) or program.windows() - self.windows)
-        glide(place, place)
+        pull(start, place, lambda: program.windows() - self.windows)
 
-    def drop(self, place, key):
-        """Lets go with the key held."""
+    def drop(self, place, key, ready=None):
+        """Lets go with the key held, once the source has heard that it may."""
         mouse("keydown", key)
         glide(place, place)
+        if ready:
+            wait_for("leave to drop", ready)
         mouse("mouseup", 1)
 
     def wait_copied(self, name, folder, moved=False):
@@ -109,4 +123,42 @@ class DragTest(EndToEndTest):
         self.drop(empty_space(files), "ctrl")
         wait_for("a twin", lambda: len(sorted(self.home.rglob("*"))) == len(before) + 1)
         mouse("keyup", "ctrl")
+        self.close_clean(program)
+
+    def test_another_program(self):
+        (self.home / "other").mkdir()
+        offered, notes = self.home / "other/größe 1%.txt", self.folder / "notes"
+        offered.write_text("offered")
+        notes.touch()
+        program = self.begin()
+        place = program.files().place()
+        x, y = place.x + place.width - 120, place.y + 160
+        other = subprocess.Popen([sys.executable, OTHER, str(x), str(y), offered, notes],
+                                 # Screen readers, and this test, would wait for it as well.
+                                 env=dict(os.environ, NO_AT_BRIDGE="1"))
+        self.addCleanup(other.wait)
+        self.addCleanup(other.kill)
+        wait_for("the other program", lambda: "shown" in notes.read_text())
+        self.windows, window = program.windows(), (x + 40, y + 60)
+        odd = next(path for path in (self.home / "from").iterdir() if path.name.startswith("a b"))
+
+        def dropped():  # a button that comes up before the other program has answered gives it up
+            self.pull(program, middle(program.files().rows()[1]), window)
+            mouse("mouseup", 1)
+            return "dropped" in notes.read_text()
+
+        wait_for("the drop", dropped)
+        self.assertIn(odd.as_uri(), notes.read_text())
+        self.assertTrue(odd.exists())
+
+        for folder, pane, key, action in (("to", 2, "ctrl", "copy"), ("from", 1, "shift", "move")):
+            place, earlier = empty_space(program.files(pane)), len(notes.read_text())
+            told = lambda: notes.read_text()[earlier:]  # noqa: E731
+            pull(window, place, lambda: "may" in told())
+            self.drop(place, key, lambda: told().endswith(f"may {action}\n"))
+            wait_for("the end of the drag", lambda: "drag ended" in told())
+            mouse("keyup", key)
+            wait_for(f"the {action}", (self.home / folder / offered.name).exists)
+            wait_for("the source", lambda: offered.exists() == (action == "copy"))
+        self.assertNotIn("asked to delete", notes.read_text())
         self.close_clean(program)
