@@ -1,5 +1,4 @@
-#include <gtest/gtest.h>
-
+#include "Test.h"
 #include "base/PathSyntax.h"
 
 namespace tarnwell::base {

@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <limits>
-
+#include "Test.h"
 #include "base/Value.h"
 
 namespace tarnwell::base {

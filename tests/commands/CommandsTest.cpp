@@ -1,10 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <set>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "commands/Commands.h"
 #include "commands/MenuTable.h"
 #include "commands/Switches.h"

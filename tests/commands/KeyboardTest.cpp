@@ -1,5 +1,3 @@
-#include <stdexcept>
-
 #include "commands/Keyboard.h"
 #include "lister/list/ListInput.h"
 #include "lists/TestLists.h"

@@ -2,15 +2,7 @@
 // user does comes from the test.
 #pragma once
 
-#include <algorithm>
-#include <functional>
-#include <memory>
-#include <optional>
-#include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
-
+#include "Test.h"
 #include "forms/FormHost.h"
 #include "forms/Messenger.h"
 #include "platform/Dialogs.h"

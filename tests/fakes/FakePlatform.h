@@ -1,19 +1,6 @@
 // The other ports in memory, and all of them together as a test of a list or a form wants them.
 #pragma once
 
-#include <algorithm>
-#include <chrono>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <ctime>
-#include <functional>
-#include <map>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "base/Caption.h"
 #include "base/ItemList.h"
 #include "fakes/MemoryFileSystem.h"
@@ -22,7 +9,6 @@
 #include "platform/Clock.h"
 #include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"
-#include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
 #include "platform/Keyboard.h"
 #include "platform/MessagePump.h"

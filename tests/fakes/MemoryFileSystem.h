@@ -5,16 +5,9 @@
 // one that can be made; std::out_of_range tells a slip in a test.
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <memory>
-#include <optional>
 #include <ranges>
-#include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
 
+#include "Test.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
 

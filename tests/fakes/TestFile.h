@@ -1,11 +1,7 @@
 // Files that stand beside the tests.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "Test.h"
 
 namespace tarnwell::fakes {
 

@@ -1,18 +1,8 @@
 // One list over the platform in memory, with a record of what it tells.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "ShadowView.h"
 #include "fakes/FakePlatform.h"
-#include "lister/ListerControl.h"
 #include "lister/ListerUser.h"
 #include "lister/list/ListColumns.h"
 

@@ -1,5 +1,3 @@
-#include <random>
-
 #include "ListFixture.h"
 #include "lister/rows/Comparison.h"
 #include "lister/rows/FileRows.h"

@@ -1,15 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-#include <set>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 #include "fakes/FakePlatform.h"
-#include "lister/ListerControl.h"
-#include "lister/rows/CellText.h"
 #include "lister/rows/FileRows.h"
 #include "lister/rows/Headings.h"
 #include "lister/rows/NameFilter.h"

@@ -1,7 +1,3 @@
-#include <algorithm>
-#include <random>
-#include <set>
-
 #include "ListFixture.h"
 #include "lister/list/DropRules.h"
 #include "lister/list/ListInput.h"

@@ -2,12 +2,7 @@
 // and fails the test when a call or the outcome does not fit what the list says.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <map>
-#include <vector>
-
+#include "Test.h"
 #include "lister/ListerControl.h"
 #include "lister/rows/NoView.h"
 

@@ -1,5 +1,3 @@
-#include <map>
-
 #include "TestLists.h"
 #include "lister/ListerUser.h"
 #include "lister/ShadowView.h"

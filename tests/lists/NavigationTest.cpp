@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "TestLists.h"
 
 namespace tarnwell::lists {

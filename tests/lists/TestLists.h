@@ -1,10 +1,6 @@
 // Panes with the program's side of their lists.
 #pragma once
 
-#include <algorithm>
-#include <string>
-#include <utility>
-
 #include "lists/ListEventHandler.h"
 #include "lists/Navigation.h"
 #include "workspace/TestWorkspace.h"

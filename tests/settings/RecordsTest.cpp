@@ -1,11 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <limits>
 #include <locale>
 
+#include "Test.h"
 #include "fuzz/RecordProperties.h"
 
 namespace tarnwell::settings {

@@ -1,5 +1,4 @@
 
-#include "fakes/TestFile.h"
 #include "lists/TestLists.h"
 #include "settings/LoadLastSettings.h"
 #include "settings/SettingsFile.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "fakes/FakeForms.h"
 #include "shell/MessageBox.h"
 #include "shell/popMsgBox.h"

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "TestRun.h"
 #include "fakes/TestFile.h"
 

@@ -1,11 +1,6 @@
 // The whole program over the platform in memory, and one run of it.
 #pragma once
 
-#include <algorithm>
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "fakes/FakeForms.h"
 #include "fakes/FakePlatform.h"
 #include "shell/Application.h"

@@ -1,6 +1,3 @@
-#include <stdexcept>
-
-#include "fakes/TestFile.h"
 #include "fileops/popNewFolder.h"
 #include "fileops/popRename.h"
 #include "lister/list/ListInput.h"

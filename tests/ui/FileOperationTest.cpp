@@ -1,20 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
-#include <QCloseEvent>
-#include <QDropEvent>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMimeData>
-#include <QProgressBar>
-#include <atomic>
-#include <functional>
-#include <optional>
-#include <stdexcept>
-#include <string>
-#include <thread>
-#include <vector>
-
 #include "TestApplication.h"
 #include "fakes/FakePlatform.h"
 #include "ui/operation/QtFileOperation.h"

@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <QSysInfo>
-
+#include "Test.h"
 #include "TestApplication.h"
 #include "ui/services/QtFileClipboard.h"
 #include "ui/toolkit/FileUris.h"

@@ -1,9 +1,3 @@
-#include <QDialog>
-#include <QDragEnterEvent>
-#include <QElapsedTimer>
-#include <QScrollBar>
-#include <QToolButton>
-
 #include "ui/ListerFixture.h"
 #include "ui/list/ListerDrop.h"
 #include "ui/toolkit/FileUris.h"

@@ -1,13 +1,6 @@
 // A list in its widget over the in-memory platform, and hands to use it with.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QHeaderView>
-#include <QTreeView>
-#include <string>
-#include <vector>
-
 #include "lister/ListFixture.h"
 #include "ui/TestApplication.h"
 #include "ui/list/ListerModel.h"

@@ -1,18 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QAction>
-#include <QComboBox>
-#include <QContextMenuEvent>
-#include <QDeadlineTimer>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QToolButton>
-#include <algorithm>
-
 #include "ui/ListerFixture.h"
 #include "ui/list/ListerMarks.h"
 #include "ui/toolkit/Convert.h"

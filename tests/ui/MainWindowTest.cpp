@@ -1,14 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QTreeView>
-#include <algorithm>
-#include <set>
-#include <string>
-
 #include "TestApplication.h"
 #include "shell/TestRun.h"
 #include "ui/list/ListerRow.h"

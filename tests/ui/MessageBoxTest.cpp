@@ -1,11 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
+#include "Test.h"
 #include "TestApplication.h"
 #include "shell/MessageBox.h"
 #include "shell/popMsgBox.h"

@@ -1,5 +1,4 @@
-#include <gtest/gtest.h>
-
+#include "Test.h"
 #include "ui/services/QtNumberForms.h"
 
 namespace tarnwell::ui {

@@ -1,7 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QLineEdit>
-
 #include "TestApplication.h"
 #include "fakes/FakeForms.h"
 #include "ui/forms/OperationDialogs.h"

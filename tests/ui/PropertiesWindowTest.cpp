@@ -1,19 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QCheckBox>
-#include <QElapsedTimer>
-#include <QLabel>
-#include <QScreen>
-#include <algorithm>
-#include <atomic>
-#include <functional>
-#include <map>
-#include <mutex>
-#include <string>
-#include <thread>
-#include <vector>
-
 #include "TestApplication.h"
 #include "fakes/FakePlatform.h"
 #include "ui/properties/ApplicationChooser.h"

@@ -1,10 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QMenuBar>
-#include <QScreen>
-#include <QTimer>
-
+#include "Test.h"
 #include "TestApplication.h"
 #include "ui/services/QtPopupMenus.h"
 #include "ui/toolkit/Palettes.h"

@@ -1,12 +1,7 @@
 // The one application object of a test program of windows, on the platform that needs no screen.
 #pragma once
 
-#include <QApplication>
-#include <QFont>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 namespace tarnwell::ui {
 

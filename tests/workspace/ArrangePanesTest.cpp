@@ -1,11 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <random>
-#include <vector>
-
+#include "Test.h"
 #include "workspace/ArrangePanes.h"
 #include "workspace/PaneShares.h"
 

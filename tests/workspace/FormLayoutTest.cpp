@@ -1,5 +1,3 @@
-#include <functional>
-
 #include "TestWorkspace.h"
 #include "workspace/EnhancedMode.h"
 

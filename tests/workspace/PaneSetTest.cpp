@@ -1,6 +1,3 @@
-#include <functional>
-#include <stdexcept>
-
 #include "TestWorkspace.h"
 #include "workspace/PaneSet.h"
 

@@ -1,16 +1,6 @@
 // The workspace over the platform in memory: panes, lists and controls, with no program around it.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <iterator>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "fakes/FakeForms.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/TestFile.h"

@@ -1,12 +1,4 @@
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <set>
-
 #include "TestDesktop.h"
-#include "base/ItemList.h"
 #include "fakes/FakePlatform.h"
 #include "platform/linux/menu/LinuxContextMenu.h"
 #include "platform/linux/operation/RunOperation.h"

@@ -1,13 +1,6 @@
-#include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <map>
 
 #include "TempFolder.h"
 #include "platform/linux/files/LinuxFileSystem.h"

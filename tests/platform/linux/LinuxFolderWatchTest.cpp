@@ -1,11 +1,3 @@
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <thread>
-
 #include "TempFolder.h"
 #include "platform/linux/files/LinuxFolderStamps.h"
 #include "platform/linux/files/LinuxFolderWatch.h"

@@ -1,11 +1,3 @@
-#include <fcntl.h>
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <map>
-
 #include "TempFolder.h"
 #include "platform/linux/files/ItemPermissions.h"
 #include "platform/linux/files/LinuxItemInspector.h"

@@ -1,10 +1,4 @@
-#include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdlib>
 
 #include "TestDesktop.h"
 #include "fakes/FakePlatform.h"

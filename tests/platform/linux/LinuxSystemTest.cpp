@@ -1,13 +1,3 @@
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <cstdlib>
-#include <ctime>
-#include <filesystem>
-#include <string>
-
 #include "TempFolder.h"
 #include "platform/linux/posix/TemporaryName.h"
 #include "platform/linux/system/DriveRules.h"

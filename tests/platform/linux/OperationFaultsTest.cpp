@@ -1,6 +1,5 @@
 // File operations where system calls fail, each in a child process whose calls are refused by the
 // kernel itself, and where others get in their way.
-#include <fcntl.h>
 #include <linux/filter.h>
 #include <linux/fs.h>
 #include <linux/seccomp.h>
@@ -9,16 +8,8 @@
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cerrno>
-#include <ctime>
-#include <functional>
 #include <future>
-#include <thread>
-#include <utility>
-#include <vector>
 
 #include "OperationFixture.h"
 #include "platform/linux/operation/HoldFolder.h"

@@ -1,14 +1,7 @@
 // Real items for file operations, and a user who answers as told.
 #pragma once
 
-#include <fcntl.h>
 #include <sys/xattr.h>
-
-#include <functional>
-#include <map>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "TempFolder.h"
 #include "base/ItemList.h"

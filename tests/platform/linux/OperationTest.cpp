@@ -1,12 +1,8 @@
-#include <gtest/gtest.h>
 #include <linux/posix_acl.h>
 #include <linux/posix_acl_xattr.h>
 #include <sys/mount.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <csignal>
-#include <random>
 
 #include "OperationFixture.h"
 #include "TestDesktop.h"

@@ -3,20 +3,11 @@
 
 #include <fcntl.h>
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <set>
-#include <sstream>
-#include <string>
-#include <system_error>
-#include <vector>
+#include "Test.h"
 
 namespace tarnwell::platform {
 

@@ -3,15 +3,6 @@
 #pragma once
 
 #include <gio/gio.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <cstdlib>
-#include <optional>
-#include <string>
-#include <thread>
-#include <vector>
 
 #include "TempFolder.h"
 #include "fakes/FakeForms.h"
