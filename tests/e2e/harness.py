@@ -311,8 +311,10 @@ class EndToEndTest(unittest.TestCase):
         self.marker = self.own / "run.txt"
 
     def _remove_folder(self):
-        for path, _, _ in os.walk(self.folder):
-            os.chmod(path, 0o700)
+        for path, folders, _ in os.walk(self.folder):  # looks into each after this
+            for folder in folders:
+                if not os.path.islink(os.path.join(path, folder)):
+                    os.chmod(os.path.join(path, folder), 0o700)
         shutil.rmtree(self.folder)
 
     def launch(self, **options):
