@@ -342,10 +342,10 @@ TEST(Operation, FullVolumesAndMountedOnes) {
   // What is touched in a layered folder counts as newly made.
   const TempFolder there(otherVolume);
   OnSmallVolume(here / "small", [&] {
-    here.Make({"small/lower/file=x", "small/upper/", "small/work/", "small/whole/"});
+    here.Make({"small/lower/file=x", "small/upper/", "small/scratch/", "small/whole/"});
     const std::string small = here / "small/", whole = small + "whole";
     const std::string layers =
-        "lowerdir=" + small + "lower,upperdir=" + small + "upper,workdir=" + small + "work";
+        "lowerdir=" + small + "lower,upperdir=" + small + "upper,workdir=" + small + "scratch";
     if (mount("none", whole.c_str(), "overlay", 0, layers.c_str()) != 0) return;
     EXPECT_EQ(Do(user, FileFunction::Move, {whole + "/file"}, there / "").Code, 0);
     EXPECT_EQ(NamesBelow(whole) + FilesBelow(there.Path()), "file=x ");
