@@ -61,13 +61,17 @@ runCtest() {  # runCtest PRESET: a stage that counts each test of the preset
 }
 
 begin "packages"
-scripts/install-packages build run display test
+scripts/install-packages build run display test bench
 
 check "include line" scripts/check-layers
 for test in tests/scripts/*_test; do
   check "$test" "$test"
 done
 check "format" scripts/check-format
+
+# Nobody runs them here, but they follow what they measure.
+check "benchmarks compile" xargs -0 -n 1 -P "$jobs" c++ -std=c++20 -Isrc -fsyntax-only \
+  < <(printf '%s\0' bench/*.cpp)
 
 begin "build of release"
 scripts/build release tarnwell
