@@ -1,4 +1,4 @@
-"""Items of a list are sorted with real mouse and keys."""
+"""Items of a list are sorted, measured and compared with the real mouse."""
 
 from harness import Atspi, Control, EndToEndTest, run, wait_for
 
@@ -31,4 +31,19 @@ class ListsTest(EndToEndTest):
         wait_order("dcab")
         heading(NAME).click(times=2)
         wait_order("abcd")
+        self.close_clean(program)
+
+    def test_sizes_and_comparison(self):
+        (self.home / "deep").mkdir()
+        (self.home / "deep/file").write_bytes(b"x" * 5000)
+        (self.home / "other").mkdir()
+        program = self.start()
+        program.control("Calculate folder sizes of pane 1").click()
+        program.wait_status("Sizes: 2 folders, 1 item, 4.9 KiB")
+        program.files().enter("deep")
+        program.files(2).enter("other")
+        self.wait_path(program, self.home / "other", 2)
+        program.select("file")
+        program.menu("Tools", "Compare")
+        program.wait_status("1 only here")
         self.close_clean(program)
