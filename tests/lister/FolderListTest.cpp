@@ -197,6 +197,10 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
   Platform.Files.At("C:\\many\\Zoo").ExtendedAttributes = {
       {platform::ExtendedAttribute::Colour, "blue"},
       {platform::ExtendedAttribute::Comment, "lions"}};
+  List.AddSortKey(1, "sSize", "asc");
+  List.SortCommand("desadd");
+  EXPECT_EQ(List.SortKeyCount(), 1);  // a tree goes by one heading
+  List.SortCommand("asc");
   LoadDrive("C");
   List.ExpandFolder(0, "C:\\many", 1);
   const RowId many = RowOf("C:\\many"), music = Row(many, "music"), zoo = Row(many, "Zoo");
