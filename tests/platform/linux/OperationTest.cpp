@@ -346,7 +346,9 @@ TEST(Operation, FullVolumesAndMountedOnes) {
     const std::string small = here / "small/", whole = small + "whole";
     const std::string layers =
         "lowerdir=" + small + "lower,upperdir=" + small + "upper,workdir=" + small + "scratch";
-    if (mount("none", whole.c_str(), "overlay", 0, layers.c_str()) != 0) return;
+    const int fault = mount("none", whole.c_str(), "overlay", 0, layers.c_str()) == 0 ? 0 : errno;
+    if (fault == ENODEV || fault == EPERM) return;  // the system has or gives no such folders
+    ASSERT_EQ(fault, 0);
     EXPECT_EQ(Do(user, FileFunction::Move, {whole + "/file"}, there / "").Code, 0);
     EXPECT_EQ(NamesBelow(whole) + FilesBelow(there.Path()), "file=x ");
   });
