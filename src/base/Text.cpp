@@ -95,6 +95,12 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
                     [](char one, char other) { return CapitalAscii(one) == CapitalAscii(other); });
 }
 
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
 std::string ToCapitals(std::string_view text) {
   std::string capitals;
   capitals.reserve(text.size());

@@ -15,6 +15,9 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 // Each letter as base/LetterCase.h has it; bytes that are no UTF-8 stay as they are.
 std::string ToCapitals(std::string_view text);
 
+// The text without the blanks at its start and end.
+std::string_view Trim(std::string_view text);
+
 // Length in code points; a byte that is no part of valid UTF-8 counts as one.
 std::size_t CodePointCount(std::string_view text);
 // The first or last `count` code points; all of the text where it has no more.
