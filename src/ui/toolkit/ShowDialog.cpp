@@ -9,8 +9,9 @@ namespace tarnwell::ui {
 
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner) {
   if (owner != nullptr) {
+    const Qt::WindowModality modality = dialog.windowModality();
     dialog.setParent(owner, dialog.windowFlags());
-    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setWindowModality(modality);
   }
   const QRect room = dialog.screen()->availableGeometry();
   // The window itself has no size of its own before it is shown.

@@ -7,7 +7,7 @@
 
 namespace tarnwell::ui {
 
-// Modal over `owner`, which may be null, and wholly on the screen.
+// Over `owner`, which may be null, as modal as it is already, and wholly on the screen.
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner);
 
 }  // namespace tarnwell::ui
