@@ -1,7 +1,9 @@
 // The state of the controls of a form, as plain data. Nothing here knows a widget.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "base/Colour.h"
 #include "base/Measure.h"
@@ -41,7 +43,24 @@ struct CheckBox : Control {
   bool Checked = false;
 };
 
-struct Picture : Control {};
+struct Picture : Control {
+  base::Colour BackColour = base::White;
+};
+
+// A list of texts of which one may be chosen.
+struct ListBox : Control {
+  std::vector<std::string> Items;
+  int ListIndex = -1;  // the chosen one's place; -1 where none is
+
+  // The chosen text; empty where none is.
+  std::string Text() const {
+    return ListIndex < 0 ? std::string() : Items[static_cast<std::size_t>(ListIndex)];
+  }
+  void Clear() {
+    Items.clear();
+    ListIndex = -1;
+  }
+};
 
 // A rectangle that is painted: an outline, a placeholder, a bar.
 struct Shape : Control {

@@ -1,12 +1,40 @@
 // Port: the platform's own plain dialogs.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "base/Colour.h"
+#include "base/Measure.h"
 
 namespace tarnwell::platform {
+
+// A place on the screen, in twips.
+struct ScreenPlace {
+  base::Twips Left = 0;
+  base::Twips Top = 0;
+};
+
+struct TextQuestion {
+  std::string Title;
+  std::string Prompt;
+  std::string Text;  // offered; what the user leaves alone comes back byte for byte
+  std::optional<ScreenPlace> Place{};  // of the window's upper left corner; else the platform's
+};
+
+inline constexpr std::size_t CustomColourCount = 16;
+using CustomColours = std::array<base::Colour, CustomColourCount>;
+
+struct ColourQuestion {
+  base::Colour Start = base::Black;
+  // The colours that the user puts aside in the dialog, shown and kept for the next time.
+  CustomColours& Custom;
+  // Hears of every colour that the dialog shows while it is open.
+  std::function<void(base::Colour)> Shown{};
+};
 
 struct FileQuestion {
   std::string Title;
@@ -25,10 +53,9 @@ class Dialogs {
   // A critical message with one button.
   virtual void ShowCritical(const std::string& title, const std::string& text) = 0;
   // A line of text; nothing on cancel.
-  virtual std::optional<std::string> AskText(const std::string& title, const std::string& prompt,
-                                             const std::string& start) = 0;
-  // A colour, started on the one given; nothing on cancel.
-  virtual std::optional<base::Colour> AskColour(base::Colour start) = 0;
+  virtual std::optional<std::string> AskText(const TextQuestion& question) = 0;
+  // A colour; nothing on cancel.
+  virtual std::optional<base::Colour> AskColour(const ColourQuestion& question) = 0;
   // The path of a file to open, or to save to after a question about replacing; nothing on cancel.
   virtual std::optional<std::string> AskOpenFile(const FileQuestion& question) = 0;
   virtual std::optional<std::string> AskSaveFile(const FileQuestion& question) = 0;

@@ -93,16 +93,35 @@ struct FakeMessenger : forms::Messenger {
   const std::string& MessageResult() const override { return Result; }
 };
 
-// Whatever is asked is cancelled.
+// Gives the answers that a test has put down; whatever else is asked is cancelled.
 struct FakeDialogs : platform::Dialogs {
   using Text = std::optional<std::string>;
 
+  std::vector<std::string> Texts;                  // to type, the first one first
+  std::vector<platform::TextQuestion> Asked;       // for a text
+  Text File;                                       // to open or to save to
+  std::optional<platform::FileQuestion> AskedFor;  // the last
+  std::function<std::optional<base::Colour>(const platform::ColourQuestion&)> OnColour;
+
   bool AskYesNo(const std::string&, const std::string&, bool) override { return false; }
   void ShowCritical(const std::string&, const std::string&) override {}
-  Text AskText(const std::string&, const std::string&, const std::string&) override { return {}; }
-  std::optional<base::Colour> AskColour(base::Colour) override { return {}; }
-  Text AskOpenFile(const platform::FileQuestion&) override { return {}; }
-  Text AskSaveFile(const platform::FileQuestion&) override { return {}; }
+  Text AskText(const platform::TextQuestion& question) override {
+    Asked.push_back(question);
+    if (Texts.empty()) return {};
+    const std::string text = Texts.front();
+    Texts.erase(Texts.begin());
+    return text;
+  }
+  std::optional<base::Colour> AskColour(const platform::ColourQuestion& question) override {
+    return OnColour ? OnColour(question) : std::nullopt;
+  }
+  Text AskOpenFile(const platform::FileQuestion& question) override {
+    AskedFor = question;
+    return File;
+  }
+  Text AskSaveFile(const platform::FileQuestion& question) override {
+    return AskOpenFile(question);
+  }
 };
 
 }  // namespace tarnwell::fakes

@@ -59,19 +59,18 @@ void QtDialogs::ShowCritical(const std::string& title, const std::string& text) 
   ShowBox(icons_.Own("warning"), title, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
-std::optional<std::string> QtDialogs::AskText(const std::string& title, const std::string& prompt,
-                                              const std::string& start) {
+std::optional<std::string> QtDialogs::AskText(const platform::TextQuestion& question) {
   bool accepted = false;
-  const QString text =
-      QInputDialog::getText(QApplication::activeWindow(), ToQString(title), ToQString(prompt),
-                            QLineEdit::Normal, ToQString(start), &accepted);
+  const QString text = QInputDialog::getText(
+      QApplication::activeWindow(), ToQString(question.Title), ToQString(question.Prompt),
+      QLineEdit::Normal, ToEditedQString(question.Text), &accepted);
   if (!accepted) return std::nullopt;
-  return text.toStdString();
+  return FromEditedQString(text);
 }
 
-std::optional<base::Colour> QtDialogs::AskColour(base::Colour start) {
+std::optional<base::Colour> QtDialogs::AskColour(const platform::ColourQuestion& question) {
   const QColor colour =
-      QColorDialog::getColor(ToQColor(start), QApplication::activeWindow(), QString());
+      QColorDialog::getColor(ToQColor(question.Start), QApplication::activeWindow(), QString());
   if (!colour.isValid()) return std::nullopt;
   return base::Rgb(colour.red(), colour.green(), colour.blue());
 }

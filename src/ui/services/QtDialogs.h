@@ -12,9 +12,8 @@ class QtDialogs : public platform::Dialogs {
 
   bool AskYesNo(const std::string& title, const std::string& text, bool usual) override;
   void ShowCritical(const std::string& title, const std::string& text) override;
-  std::optional<std::string> AskText(const std::string& title, const std::string& prompt,
-                                     const std::string& start) override;
-  std::optional<base::Colour> AskColour(base::Colour start) override;
+  std::optional<std::string> AskText(const platform::TextQuestion& question) override;
+  std::optional<base::Colour> AskColour(const platform::ColourQuestion& question) override;
   std::optional<std::string> AskOpenFile(const platform::FileQuestion& question) override;
   std::optional<std::string> AskSaveFile(const platform::FileQuestion& question) override;
 
