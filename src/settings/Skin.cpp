@@ -26,21 +26,10 @@ constexpr std::int32_t OldSystemBorder = 2;  // pixels
 
 }  // namespace
 
-bool Skin::ReadSkinFile(const std::string& name, std::string& content) const {
-  const std::string wanted = name + ".twk";
-  std::string found;
-  files_.ReadFolder(folder_, [&wanted, &found](const platform::FolderEntry& entry) {
-    if (base::EqualsIgnoringCase(entry.Name, wanted)) found = entry.Name;
-    return found.empty();
-  });
-  return !found.empty() &&
-         static_cast<bool>(files_.ReadFile(files_.Syntax().Join(folder_, found), content));
-}
-
 void Skin::LoadSkin(const std::string& name) {
-  targets_.Space.Settings.SkinName = base::AsciiUpper(name);
+  targets_.Space.Settings.SkinName = base::ToCapitals(name);
   std::string content;
-  if (!ReadSkinFile(name, content)) {
+  if (!skins_.Read(name, content)) {
     messenger_.Message(
         "The last used 'skin' could not be found.\r\n\r\n"
         "It is recommended that you create a suitable color scheme by selecting 'Choose Skin' "

@@ -5,18 +5,15 @@
 
 #include "base/Value.h"
 #include "forms/Messenger.h"
-#include "platform/FileSystem.h"
 #include "settings/ApplySetting.h"
-#include "settings/SkinColours.h"
+#include "settings/SkinFiles.h"
 
 namespace tarnwell::settings {
 
 class Skin {
  public:
-  // `folder` is the folder of the skin files.
-  Skin(platform::FileSystem& files, std::string folder, const SettingTargets& targets,
-       forms::Messenger& messenger)
-      : files_(files), folder_(std::move(folder)), targets_(targets), messenger_(messenger) {}
+  Skin(const SkinFiles& skins, const SettingTargets& targets, forms::Messenger& messenger)
+      : skins_(skins), targets_(targets), messenger_(messenger) {}
 
   // Makes the name, in capitals, the current skin's, reads the colours from the file of that name
   // (in any case of letters) and shows them. A file that is missing or cannot be read is told to
@@ -31,11 +28,9 @@ class Skin {
   void SendProperty(std::string_view name, const base::Value& value);
 
  private:
-  bool ReadSkinFile(const std::string& name, std::string& content) const;
   void PaintForm();
 
-  platform::FileSystem& files_;
-  std::string folder_;
+  const SkinFiles& skins_;
   SettingTargets targets_;
   forms::Messenger& messenger_;
 };

@@ -56,6 +56,20 @@ inline constexpr std::array<std::string_view, SkinColourCount> SkinColourKeys = 
     "ColorTextSecondary",
 };
 
+// Labels by number, as the skin chooser shows them.
+inline constexpr std::array<std::string_view, SkinColourCount> SkinColourLabels = {
+    "Program Background",    "List Background",     "Main Text",
+    "Main Toolbar",          "Minor Toolbars",      "Active List Outline",
+    "Active Title",          "Inactive Title",      "Active Heading",
+    "Inactive Heading",      "Drive List",          "Drive List Text",
+    "Status Text",           "Active Item Outline", "Item Underline",
+    "Active Title Text",     "Active Heading Text", "Inactive Title Text",
+    "Inactive Heading Text", "Heading Hover Text",  "Pane Background",
+    "Status Background",     "Current Folder Text", "Command Line List",
+    "Command Line Text",     "Main Menu",           "Inactive List Outline",
+    "Secondary Text",
+};
+
 // All start at zero: a skin file alone gives them their values.
 using SkinColours = std::array<base::Colour, SkinColourCount>;
 

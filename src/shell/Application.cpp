@@ -8,7 +8,7 @@ namespace tarnwell::shell {
 Application::Application(const Services& services, const Version& version)
     : services_(services),
       splash_(version, services_.System.ProgramFolder(), services_.Files, services_.Dialogs, *this),
-      master_(services_, splash_) {}
+      master_(services_, version, splash_) {}
 
 void Application::Start() {
   services_.Host.Show(splash_, nullptr);

@@ -65,7 +65,7 @@ const Master::Stage Master::Stages[] = {
     {"highlighting active list...", &Master::ShowActiveList},
 };
 
-Master::Master(const Services& services, Splash& splash)
+Master::Master(const Services& services, const Version& version, Splash& splash)
     : services_(services),
       splash_(splash),
       space_(Tables(),
@@ -86,7 +86,11 @@ Master::Master(const Services& services, Splash& splash)
                 }),
       targets_{space_, layout_, colours_, switches_},
       settingsFile_(services_.Files, ProgramFile(SettingsName), targets_),
-      skin_(services_.Files, services_.System.SkinFolder(), targets_, messages_),
+      skinFiles_(services_.Files, services_.System.SkinFolder()),
+      skin_(skinFiles_, targets_, messages_),
+      skinChooser_(
+          {services_.Host, services_.Files, services_.Drives, services_.Dialogs, messages_},
+          targets_, skin_, skinFiles_, version.Number()),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
@@ -372,7 +376,9 @@ void Master::NotYet(std::string_view what) {
                     forms::MessageKind::Ok);
 }
 
+// Changes to the skin are asked about while the answer still finds its way into the settings.
 void Master::Exit() {
+  if (!skinChooser_.QueryUnload()) return;
   services_.Host.Unload(space_.Form);
 }
 

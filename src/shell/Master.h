@@ -20,6 +20,8 @@
 #include "settings/SettingsFile.h"
 #include "settings/Skin.h"
 #include "settings/SkinColours.h"
+#include "settings/SkinFiles.h"
+#include "settings/frmSkinChooser.h"
 #include "shell/MessageBox.h"
 #include "shell/Services.h"
 #include "shell/Splash.h"
@@ -37,7 +39,7 @@ class Master : private workspace::PaneHooks,
                private commands::KeyActions {
  public:
   // The start is shown on `splash`, which must live as long as Load runs.
-  Master(const Services& services, Splash& splash);
+  Master(const Services& services, const Version& version, Splash& splash);
 
   workspace::MainForm& Form() { return space_.Form; }
   workspace::Workspace& Space() { return space_; }
@@ -115,7 +117,7 @@ class Master : private workspace::PaneHooks,
   void MapNetworkDrive() override { NotYet("network drives"); }
   void DisconnectNetworkDrive() override { NotYet("network drives"); }
   void ShowTips() override { NotYet("tips"); }
-  void ColorChooser() override { NotYet("the choice of skins"); }
+  void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
   void OpenHelp() override { NotYet("help"); }
   void OpenWebSite() override { NotYet("the web site"); }
   void ShowAbout() override { NotYet("its acknowledgements"); }
@@ -147,7 +149,9 @@ class Master : private workspace::PaneHooks,
   commands::Switches switches_;
   settings::SettingTargets targets_;
   settings::SettingsFile settingsFile_;
+  settings::SkinFiles skinFiles_;
   settings::Skin skin_;
+  settings::frmSkinChooser skinChooser_;
   workspace::PaneSet panes_;
   workspace::Splitters splitters_;
   lists::Navigation navigation_;

@@ -16,6 +16,9 @@ struct Version {
   int Major = 0;
   int Minor = 0;
   int Revision = 0;
+
+  // As files carry it: 4.0.42 is 400000042.
+  double Number() const { return Major * 1e8 + Minor * 1e4 + Revision; }
 };
 
 // What the splash asks of the program. None of these throws.

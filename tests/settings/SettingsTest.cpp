@@ -43,7 +43,8 @@ class TestProgram : public lists::TestLists, public workspace::PaneHooks, public
   SkinColours Colours{};
   SettingTargets Targets{Space, Layout, Colours, *this};
   SettingsFile File{Platform.Files, Path, Targets};
-  Skin CurrentSkin{Platform.Files, "C:\\Tarnwell\\skins", Targets, Messages};
+  SkinFiles Skins{Platform.Files, "C:\\Tarnwell\\skins"};
+  Skin CurrentSkin{Skins, Targets, Messages};
   workspace::PaneSet Panes{Space, Layout, Host, Messages, *this};
   Texts Status;
 };

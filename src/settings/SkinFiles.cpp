@@ -1,0 +1,134 @@
+#include "settings/SkinFiles.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <utility>
+
+#include "base/Text.h"
+
+namespace tarnwell::settings {
+namespace {
+
+constexpr std::string_view Ending = ".twk";
+
+constexpr std::array<std::string_view, 4> DefaultSkins = {"TRADITIONAL", "EARL GREY", "GRASSHOPPER",
+                                                          "ROXY"};
+
+base::Status Taken() {
+  return {.Code = EEXIST, .Reason = "There is a skin of that name already"};
+}
+
+base::Status Missing() {
+  return {.Code = ENOENT, .Reason = "The skin is not there any more"};
+}
+
+}  // namespace
+
+bool IsDefaultSkin(std::string_view name) {
+  return std::ranges::find(DefaultSkins, base::ToCapitals(base::Trim(name))) != DefaultSkins.end();
+}
+
+std::vector<SkinFiles::Entry> SkinFiles::Entries() const {
+  std::vector<Entry> entries;
+  files_.ReadFolder(folder_, [this, &entries](const platform::FolderEntry& item) {
+    const std::string_view name = base::Trim(item.Name);
+    if (name.size() < Ending.size() ||
+        !base::EqualsIgnoringCase(name.substr(name.size() - Ending.size()), Ending)) {
+      return true;
+    }
+    platform::ItemKind kind = item.Kind;
+    platform::ItemAttributes attributes;
+    if (kind == platform::ItemKind::Unknown &&
+        files_.ReadAttributes(folder_, std::string(item.Name), attributes)) {
+      kind = attributes.Kind;
+    }
+    if (kind == platform::ItemKind::Folder) return true;
+    entries.push_back({.Name = std::string(name.substr(0, name.size() - Ending.size())),
+                       .File = std::string(item.Name),
+                       .IsLink = item.IsLink});
+    return true;
+  });
+  std::ranges::sort(entries, {}, &Entry::File);
+  return entries;
+}
+
+std::optional<SkinFiles::Entry> SkinFiles::Find(std::string_view name) const {
+  const std::string capitals = base::ToCapitals(base::Trim(name));
+  std::optional<Entry> found;
+  for (Entry& entry : Entries()) {
+    if (entry.Name == name) return std::move(entry);
+    if (!found && base::ToCapitals(entry.Name) == capitals) found = std::move(entry);
+  }
+  return found;
+}
+
+std::vector<std::string> SkinFiles::List() const {
+  std::vector<std::pair<std::string, std::string>> names;
+  for (Entry& entry : Entries()) {
+    names.emplace_back(base::ToCapitals(entry.Name), std::move(entry.Name));
+  }
+  const auto capitals = [](const auto& each) -> const std::string& { return each.first; };
+  std::ranges::stable_sort(names, {}, capitals);
+  names.erase(std::ranges::unique(names, {}, capitals).begin(), names.end());
+  std::vector<std::string> list;
+  for (auto& [key, name] : names) list.push_back(std::move(name));
+  return list;
+}
+
+base::Status SkinFiles::Read(const std::string& name, std::string& content) const {
+  const std::optional<Entry> found = Find(name);
+  return found ? files_.ReadFile(PathOf(found->File), content) : Missing();
+}
+
+base::Status SkinFiles::Write(const std::string& name, const std::string& content) {
+  files_.MakeFolder(folder_);  // mostly there already; if it cannot be made the file tells
+  const std::optional<Entry> found = Find(name);
+  if (!found) return files_.WriteFile(PathOf(name + std::string(Ending)), content);
+  const std::string path = PathOf(found->File);
+  return found->IsLink ? ReplaceLink(path, content) : files_.WriteFile(path, content);
+}
+
+base::Status SkinFiles::ReplaceLink(const std::string& path, const std::string& content) {
+  const std::string beside = path + ".unsaved";
+  if (files_.Exists(beside)) return {.Code = EEXIST, .Reason = beside + " is in the way"};
+  base::Status status = files_.WriteFile(beside, content);
+  if (status) status = files_.RemoveFile(path);
+  if (status) return files_.Rename(beside, path);
+  files_.RemoveFile(beside);
+  return status;
+}
+
+base::Status SkinFiles::Rename(const std::string& name, const std::string& newName) {
+  const std::optional<Entry> found = Find(name);
+  if (!found) return Missing();
+  const std::optional<Entry> there = Find(newName);
+  if (there && there->File != found->File) return Taken();
+  const std::string file = newName + std::string(Ending);
+  return file == found->File ? base::Status() : files_.Rename(PathOf(found->File), PathOf(file));
+}
+
+base::Status SkinFiles::Remove(const std::string& name) {
+  const std::optional<Entry> found = Find(name);
+  return found ? files_.RemoveFile(PathOf(found->File)) : Missing();
+}
+
+base::Status SkinFiles::Import(const std::string& path, const std::string& name) {
+  if (name.empty()) return {.Code = EINVAL, .Reason = "Its name leaves none for a skin"};
+  if (Find(name)) return Taken();
+  std::string content;
+  if (base::Status status = files_.ReadFile(path, content); !status) return status;
+  return Write(name, content);
+}
+
+base::Status SkinFiles::Export(const std::string& name, const std::string& path) const {
+  const base::PathSyntax& syntax = files_.Syntax();
+  const std::string_view target = syntax.LastComponent(path);
+  const std::string_view targetSkin = target.substr(0, target.rfind('.'));
+  if (syntax.Same(syntax.ParentOf(path), folder_) && IsDefaultSkin(targetSkin)) return Taken();
+  std::string content;
+  if (base::Status status = Read(name, content); !status) return status;
+  return files_.WriteFile(path, content);
+}
+
+}  // namespace tarnwell::settings
