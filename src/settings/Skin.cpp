@@ -76,6 +76,10 @@ void Skin::PaintForm() {
   const SkinColours& colours = targets_.Colours;
   form.MenuBackColour = colours[ColorMainMenu];
   form.BackColour = colours[ColorProgramBackground];
+  form.ListBackColour = colours[ColorListBackground];
+  form.ListForeColour = colours[ColorListText];
+  form.AccentColour = colours[ColorActiveItemOutline];
+  form.HasSkin = colours != SkinColours{};
   form.txtCurrentPath.BackColour = colours[ColorProgramBackground];
   form.txtCurrentPath.ForeColour = colours[ColorCurrentFolderText];
   form.cboCommand.BackColour = colours[ColorCommandLineList];

@@ -55,6 +55,11 @@ class MainForm : public forms::Form {
   forms::ImageList ImageList1;
   forms::MenuImageHelper MenuImages;
   base::Colour MenuBackColour = base::White;
+  // With BackColour, what all windows without colours of their own get theirs from.
+  base::Colour ListBackColour = base::White;
+  base::Colour ListForeColour = base::Black;
+  base::Colour AccentColour = base::Black;
+  bool HasSkin = false;  // the colours here hold; else no skin has been loaded
 
   PerPane<forms::TextBox> TitleBar;      // shows the current path
   PerPane<forms::Picture> cmdTitle;      // picture at the right end of the title row

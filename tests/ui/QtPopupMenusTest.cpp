@@ -1,7 +1,6 @@
 #include "Test.h"
 #include "TestApplication.h"
 #include "ui/services/QtPopupMenus.h"
-#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -18,7 +17,6 @@ class QtPopupMenusTest : public testing::Test {
     Window.setCentralWidget(new QWidget);
     Window.resize(600, 400);
     Window.show();
-    Window.menuBar()->setPalette(PlainPalette(Qt::white, Qt::black));
     Menus.SetWindow(&Window);
     Menu = Menus.Create();
     // Number, caption, picture, whether a separator, enabled, the default; children.

@@ -26,6 +26,8 @@ struct ListColours {
   base::Colour ActiveItemOutline = 0;
   base::Colour ActiveItemUnderline = 0;
   base::Colour TextSecondary = 0;
+
+  bool operator==(const ListColours&) const = default;
 };
 
 }  // namespace tarnwell::lister

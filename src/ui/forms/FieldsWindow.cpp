@@ -39,7 +39,7 @@ QLineEdit& FieldsWindow::AddBox(const forms::Label& label, forms::TextBox& box, 
   grid_->addWidget(caption, row, 0);
   grid_->addWidget(edit, row, 1);
   const std::size_t index = boxes_.size();
-  boxes_.push_back({&label, &box, caption, edit, {}});
+  boxes_.push_back({&label, &box, caption, edit, {}, {}});
   if (fixed) return *edit;
   // Not textEdited, since assistive technology sets a text without editing it.
   connect(edit, &QLineEdit::textChanged, this, [this, index](const QString& text) {
@@ -87,10 +87,10 @@ void FieldsWindow::SyncBox(Box& box) {
                                              : ToEditedQString(box.Shown));
     box.Edit->setCursorPosition(0);
   }
-  QPalette palette = box.Edit->palette();
-  palette.setColor(QPalette::Base, ToQColor(box.Form->BackColour));
-  palette.setColor(QPalette::Text, ToQColor(box.Form->ForeColour));
-  box.Edit->setPalette(palette);
+  PaletteColours colours = ColoursOf(palette());
+  colours.Base = ToQColor(box.Form->BackColour);
+  colours.Text = ToQColor(box.Form->ForeColour);
+  box.Colours.Show(*box.Edit, colours);
 }
 
 void FieldsWindow::Measure() {

@@ -15,6 +15,7 @@
 
 #include "forms/Controls.h"
 #include "ui/toolkit/FormWindow.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 
@@ -50,6 +51,7 @@ class FieldsWindow : public QDialog, public FormWindow {
     QLabel* Caption;
     QLineEdit* Edit;
     std::string Shown;  // what of the form's text the edit stands for
+    WidgetColours Colours;
   };
   struct Check {
     forms::CheckBox* Form;

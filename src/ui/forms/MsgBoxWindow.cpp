@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ui/toolkit/ShowDialog.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -34,7 +35,8 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
   text_.setFixedWidth(TextWidth);
 
   auto* sheet = new QFrame(this);
-  sheet->setObjectName("sheet");
+  sheet->setAutoFillBackground(true);
+  sheet->setBackgroundRole(QPalette::Base);
   auto* sheetRow = new QHBoxLayout(sheet);
   sheetRow->setContentsMargins(BoxMargin, BoxMargin, BoxMargin, BoxMargin);
   sheetRow->setSpacing(BoxMargin);
@@ -61,11 +63,10 @@ MsgBoxWindow::MsgBoxWindow(shell::popMsgBox& form, const IconSource& icons,
 
 void MsgBoxWindow::Sync() {
   setWindowTitle(ToWindowTitle(form_.Caption));
-  const QColor sheetColour = ToQColor(form_.lblText.BackColour);
-  setStyleSheet(QStringLiteral("QDialog { background: %1; } #sheet, QPlainTextEdit { background: "
-                               "%2; color: %3; } #sheet { border-radius: 3px; }")
-                    .arg(ToQColor(form_.BackColour).name(), sheetColour.name(),
-                         ToQColor(form_.lblText.ForeColour).name()));
+  QPalette colours = FixedLightPalette(ToQColor(form_.BackColour));
+  colours.setColor(QPalette::Base, ToQColor(form_.lblText.BackColour));
+  colours.setColor(QPalette::Text, ToQColor(form_.lblText.ForeColour));
+  setPalette(colours);
   text_.setPlainText(ToShownLines(form_.lblText.Text));
   text_.setAccessibleName(text_.toPlainText());
   setAccessibleDescription(text_.toPlainText());

@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/toolkit/SkinPalettes.h"
+
 namespace tarnwell::ui {
 namespace {
 
@@ -35,6 +37,7 @@ void SetInk(QLabel& label, const QColor& colour) {
 
 SplashWindow::SplashWindow(shell::Splash& form, const QIcon& icon) : form_(form) {
   setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+  setPalette(FixedLightPalette());
   picture_.setPixmap(icon.pixmap(QSize(SplashPictureSize, SplashPictureSize), devicePixelRatio()));
   title_.setText(QStringLiteral("Tarnwell"));
   title_.setFont(Larger(font(), 2.0));

@@ -99,7 +99,9 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
     painter.setOpacity(1);
   }
   if (area.width() > 0) {
-    painter.setPen(row.State.IsHidden ? colours.Secondary : colours.Text);
+    // The tint behind the name bears the colour of the text alone.
+    const bool faint = row.State.IsHidden && row.State.Colour == ItemColour::Default;
+    painter.setPen(faint ? colours.Secondary : colours.Text);
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
   }
   painter.restore();

@@ -116,7 +116,6 @@ void ListerHeader::mouseReleaseEvent(QMouseEvent* event) {
 void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setPalette(style_.Menu);  // windows do not inherit it
   const lister::Headings& table = control_.Shown().Table;
   for (const HeadingId id : table.Order()) {
     QAction* const entry = menu->addAction(ToQString(table[id].Caption));

@@ -21,7 +21,6 @@ struct ListerStyle {
   QPalette List;
   QPalette Drives;
   QPalette Toolbar;
-  QPalette Menu;  // for the menus of a list, told from the list beneath by a shade
   QPalette Status;
   QPalette ScrollBars;
   QColor Pane;     // what shows between the parts of the list
@@ -31,17 +30,17 @@ struct ListerStyle {
   QColor HeadingHover;
   QColor ItemOutline;  // of the row with the cursor, of the frame that selects
   QColor ItemUnderline;
-  QColor Arrow;  // of a selected item
+  QColor Arrow{};  // of a selected item
   // Of badges on the status line: as on rows, as far as they can be told from it.
-  QColor LegendMore;
-  QColor LegendLess;
-  RowColours Plain;
-  RowColours Hovered;
-  RowColours Selected;
+  QColor LegendMore{};
+  QColor LegendLess{};
+  RowColours Plain{};
+  RowColours Hovered{};
+  RowColours Selected{};
   // By lister::ItemColour: the bar of an item that is coded with the colour, which can be told from
   // the list's background, and what lies behind its name.
-  std::array<QColor, lister::ItemColours.size()> Bars;
-  std::array<QColor, lister::ItemColours.size()> Tints;
+  std::array<QColor, lister::ItemColours.size()> Bars{};
+  std::array<QColor, lister::ItemColours.size()> Tints{};
 
   const RowColours& ColoursOf(bool selected, bool hovered) const {
     return selected ? Selected : hovered ? Hovered : Plain;

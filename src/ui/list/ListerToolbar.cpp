@@ -119,7 +119,6 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
   connect(filter_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
     QMenu* const menu = filter_->createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setPalette(style_.Menu);
     menu->popup(filter_->mapToGlobal(place));
   });
   // Not textEdited, since assistive technology sets a text without editing it.
@@ -166,7 +165,6 @@ void ListerToolbar::OpenBookmarks() {
   QToolButton* const button = buttons_[Bookmarks];
   auto* const menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  menu->setPalette(style_.Menu);  // windows do not inherit it
   for (int slot = 0; slot < workspace::BookmarkCount; ++slot) {
     const std::string folder = control_.Input().Bookmark(slot);
     const std::string path = base::AsCaption(workspace::DisplayPathOf(folder));
@@ -287,7 +285,8 @@ void ListerToolbar::paintEvent(QPaintEvent*) {
   const auto frame = [&](const QRect& place, bool filters, bool thick, const QBrush& fill) {
     QColor line = palette().color(QPalette::Text);
     line.setAlphaF(0.3F);
-    painter.setPen(QPen(filters || thick ? style_.ItemOutline : line, thick ? 2 : 1));
+    painter.setPen(
+        QPen(filters || thick ? palette().color(QPalette::Highlight) : line, thick ? 2 : 1));
     painter.setBrush(fill);
     const double half = thick ? 0 : 0.5;
     painter.drawRoundedRect(QRectF(place).adjusted(half, half, -half, -half), Rounding, Rounding);

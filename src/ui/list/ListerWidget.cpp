@@ -402,6 +402,9 @@ void ListerWidget::paintEvent(QPaintEvent*) {
 void ListerWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::FontChange) SetMeasures();
+  // As long as no skin has given the list colours it has those of the windows.
+  const bool plain = control_.Shown().Settings.Colours == lister::ListColours{};
+  if (event->type() == QEvent::PaletteChange && plain) StyleChanged();
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     QueueLook(lister::LookReason::User);
   }

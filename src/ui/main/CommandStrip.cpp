@@ -1,21 +1,11 @@
 #include "ui/main/CommandStrip.h"
 
-#include <QGuiApplication>
 #include <QSignalBlocker>
 #include <utility>
 
 #include "ui/toolkit/ControlGeometry.h"
-#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
-namespace {
-
-QPalette PaletteOf(const forms::TextBox& box, bool skinned) {
-  return skinned ? PlainPalette(ToQColor(box.BackColour), ToQColor(box.ForeColour))
-                 : QGuiApplication::palette();
-}
-
-}  // namespace
 
 CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void()> enter)
     : form_(form), path_(new QLineEdit(&area)), command_(new QComboBox(&area)) {
@@ -38,7 +28,7 @@ CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area, std::functi
   command_->hide();
 }
 
-void CommandStrip::Sync(bool skinned) {
+void CommandStrip::Sync(const std::optional<QColor>& accent) {
   const forms::TextBox& path = form_.txtCurrentPath;
   PlaceAt(*path_, RectOf(path), IsPlaced(path));
   const QString text = ToShownQString(path.Text);
@@ -46,9 +36,7 @@ void CommandStrip::Sync(bool skinned) {
     path_->setText(text);
     path_->setToolTip(PlainToolTip(text));
   }
-  if (const QPalette colours = PaletteOf(path, skinned); path_->palette() != colours) {
-    path_->setPalette(colours);
-  }
+  pathColours_.Show(*path_, SkinColours(path, accent));
 
   const forms::ComboBox& command = form_.cboCommand;
   PlaceAt(*command_, RectOf(command), IsPlaced(command));
@@ -57,9 +45,7 @@ void CommandStrip::Sync(bool skinned) {
     shown_ = command.Text;
     command_->setEditText(ToShownQString(shown_));
   }
-  if (const QPalette colours = PaletteOf(command, skinned); command_->palette() != colours) {
-    command_->setPalette(colours);
-  }
+  commandColours_.Show(*command_, SkinColours(command, accent));
 }
 
 bool CommandStrip::HoldsCommand(const QWidget* widget) const {

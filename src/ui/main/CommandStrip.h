@@ -4,8 +4,10 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "ui/toolkit/SkinPalettes.h"
 #include "workspace/MainForm.h"
 
 namespace tarnwell::ui {
@@ -15,8 +17,9 @@ class CommandStrip {
   // Both are children of the area. `enter` runs what has been typed.
   CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void()> enter);
 
-  // `skinned`: the form's colours hold. What is typed goes into the form at once.
-  void Sync(bool skinned);
+  // What is typed goes into the form at once. Without an accent there is no skin, and the colours
+  // of the form do not hold.
+  void Sync(const std::optional<QColor>& accent);
 
   bool HoldsCommand(const QWidget* widget) const;
 
@@ -24,6 +27,8 @@ class CommandStrip {
   workspace::MainForm& form_;
   QLineEdit* path_;
   QComboBox* command_;
+  WidgetColours pathColours_;
+  WidgetColours commandColours_;
   std::string shown_;  // of the command, as the form has it
 };
 

@@ -70,11 +70,4 @@ void MainMenu::Sync() {
   }
 }
 
-void MainMenu::SetColours(const QPalette& palette) {
-  if (bar_.palette() == palette) return;
-  bar_.setPalette(palette);
-  // A menu that unfolds is a window of its own, and takes no colours from the bar.
-  for (QMenu* const unfolding : bar_.findChildren<QMenu*>()) unfolding->setPalette(palette);
-}
-
 }  // namespace tarnwell::ui

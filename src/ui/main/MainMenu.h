@@ -18,7 +18,6 @@ class MainMenu {
 
   // What shows its entry already is not touched.
   void Sync();
-  void SetColours(const QPalette& palette);
 
  private:
   struct Entry {

@@ -12,8 +12,8 @@
 
 #include "lister/list/ListInput.h"
 #include "ui/main/WindowKeys.h"
+#include "ui/toolkit/Contrast.h"
 #include "ui/toolkit/ControlGeometry.h"
-#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 
@@ -137,7 +137,7 @@ void MainWindow::Sync() {
   SyncColours();
   TakeKeyboard();
   for (int pane = 0; pane < lister::PaneCount; ++pane) SyncPane(pane);
-  strip_.Sync(IsSkinned());
+  strip_.Sync(Accent());
   SyncShapes();
   SyncDrag();
   // When the first pane of all opens, nothing has the keyboard.
@@ -153,32 +153,33 @@ void MainWindow::SyncToolbar() {
   PlaceAt(*toolbar_, RectOf(form_.Toolbar1).adjusted(3, 0, 0, 0), form_.Toolbar1.Visible);
 }
 
-// Before a skin is loaded every colour is zero, and the toolkit's own serve.
-bool MainWindow::IsSkinned() const {
-  return form_.TitleBar[0].BackColour != form_.TitleBar[0].ForeColour;
+// Before a skin is loaded the desktop's colours serve.
+std::optional<QColor> MainWindow::Accent() const {
+  if (!form_.HasSkin) return std::nullopt;
+  return ToQColor(form_.AccentColour);
+}
+
+// Around a background that has no text colour of its own.
+std::optional<PaletteColours> MainWindow::ColoursOn(base::Colour back) const {
+  if (!form_.HasSkin) return std::nullopt;
+  const QColor fill = ToQColor(back);
+  const QColor text = Distinct(ToQColor(form_.ListForeColour), {fill}, ReadableContrast);
+  return PlainColours(fill, text, ToQColor(form_.AccentColour));
 }
 
 void MainWindow::SyncColours() {
-  const auto on = [this](base::Colour colour) {
-    const QColor back = ToQColor(colour);
-    return IsSkinned() ? PlainPalette(back, TextOn(back)) : QGuiApplication::palette();
-  };
-  const QPalette inside = on(form_.BackColour);
-  if (surface_->palette() != inside) {
-    surface_->setPalette(inside);
-    QPalette buttons = inside;
-    // A button that is down is drawn darker than the others, which would not show on a dark skin.
-    if (inside.color(QPalette::WindowText) == Qt::white) {
-      buttons.setColor(QPalette::Button, Blend(inside.color(QPalette::Button), Qt::white, 20));
-    }
-    toolbar_->setPalette(buttons);
+  std::optional<PaletteColours> program;
+  if (form_.HasSkin) {
+    program = ProgramColours(ToQColor(form_.BackColour), ToQColor(form_.ListBackColour),
+                             ToQColor(form_.ListForeColour), ToQColor(form_.AccentColour));
   }
-  menu_.SetColours(on(form_.MenuBackColour));
+  programColours_.Show(program);
+  menuColours_.Show(*menuBar(), ColoursOn(form_.MenuBackColour));
 }
 
 void MainWindow::SyncPane(int pane) {
   titles_[pane]->Sync(form_.TitleBar[pane], form_.cmdTitle[pane], form_.cmdClosePane[pane],
-                      form_.shpBack[pane]);
+                      form_.shpBack[pane], Accent());
   SyncList(lister::FolderListOf(pane));
   SyncList(lister::FileListOf(pane));
 }
@@ -200,31 +201,29 @@ void MainWindow::SyncList(lister::ListId list) {
 }
 
 void MainWindow::SyncShapes() {
-  const QPalette plain = surface_->palette();
+  const auto edgeOn = [](const QWidget& widget) {
+    const QPalette& colours = widget.palette();
+    return Blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText),
+                 EdgeStrength);
+  };
   std::vector<FormSurface::Patch> patches;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const forms::Shape& back = form_.shpBack[pane];
-    if (IsPlaced(back) && IsSkinned()) {
+    if (IsPlaced(back) && form_.HasSkin) {
       patches.push_back({RectOf(back), ToQColor(back.BackColour), {}});
     }
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
       const forms::Label& shown = form_.lblNoRoom[list];
-      const QColor fill = ToQColor(shown.BackColour);
-      const QPalette colours = IsSkinned() ? PlainPalette(fill, TextOn(fill)) : plain;
       NoRoomLabel& label = *noRoom_[list];
-      if (label.palette() != colours) label.setPalette(colours);
+      noRoomColours_[list].Show(label, ColoursOn(shown.BackColour));
       label.setText(ToShownQString(shown.Caption));
       PlaceAt(label, RectOf(shown), IsPlaced(shown));
       const forms::Shape& holder = form_.shpPlaceHolder[list];
       if (!IsPlaced(holder)) continue;
-      const QColor frame =
-          Blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText), EdgeStrength);
-      patches.push_back({RectOf(holder), colours.color(QPalette::Window), frame});
+      patches.push_back({RectOf(holder), label.palette().color(QPalette::Window), edgeOn(label)});
     }
   }
-  surface_->ShowShapes(
-      std::move(patches), MainToolbar::Height,
-      Blend(plain.color(QPalette::Window), plain.color(QPalette::WindowText), EdgeStrength));
+  surface_->ShowShapes(std::move(patches), MainToolbar::Height, edgeOn(*surface_));
 }
 
 // What follows the mouse. The grey bars lie behind the others.

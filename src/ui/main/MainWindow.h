@@ -8,6 +8,7 @@
 #include <array>
 #include <map>
 #include <memory>
+#include <optional>
 
 #include "shell/Master.h"
 #include "ui/list/ListerWidget.h"
@@ -21,6 +22,7 @@
 #include "ui/main/PaneTitle.h"
 #include "ui/toolkit/FormWindow.h"
 #include "ui/toolkit/IconSource.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 
@@ -53,7 +55,8 @@ class MainWindow : public QMainWindow, public FormWindow {
   bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
   bool HasKeyboard(lister::ListId list) const;
   QWidget* Typist() const;
-  bool IsSkinned() const;
+  std::optional<QColor> Accent() const;
+  std::optional<PaletteColours> ColoursOn(base::Colour back) const;
   void SyncToolbar();
   void SyncColours();
   void SyncPane(int pane);
@@ -75,6 +78,9 @@ class MainWindow : public QMainWindow, public FormWindow {
   workspace::PerList<NoRoomLabel*> noRoom_;
   std::map<lister::ListId, std::unique_ptr<ListerWidget>> lists_;
   std::array<DragBar*, 4> bars_{};
+  ApplicationColours programColours_;
+  WidgetColours menuColours_;
+  workspace::PerList<WidgetColours> noRoomColours_;
 };
 
 }  // namespace tarnwell::ui

@@ -1,13 +1,11 @@
 #include "ui/main/PaneTitle.h"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QMouseEvent>
 #include <utility>
 
 #include "ui/toolkit/ControlGeometry.h"
 #include "ui/toolkit/Convert.h"
-#include "ui/toolkit/Palettes.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -40,7 +38,8 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
 }
 
 void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
-                     const forms::Picture& close, const forms::Shape& pane) {
+                     const forms::Picture& close, const forms::Shape& pane,
+                     const std::optional<QColor>& accent) {
   const QRect row(RectOf(title).topLeft(), QPoint(RectOf(pane).right(), RectOf(close).bottom()));
   PlaceAt(*this, row, IsPlaced(title));
   const QRect inside(QPoint(0, 0), row.size());
@@ -58,12 +57,7 @@ void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
     path_.setText(text);
     path_.setToolTip(PlainToolTip(text));
   }
-  // Without a skin both are the same: then the toolkit's own colours serve.
-  QPalette palette = QGuiApplication::palette();
-  if (title.BackColour != title.ForeColour) {
-    palette = PlainPalette(ToQColor(title.BackColour), ToQColor(title.ForeColour));
-  }
-  if (this->palette() != palette) setPalette(palette);
+  colours_.Show(*this, SkinColours(title, accent));
 }
 
 bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {

@@ -7,7 +7,9 @@
 #include <QLineEdit>
 #include <QToolButton>
 #include <functional>
+#include <optional>
 
+#include "ui/toolkit/SkinPalettes.h"
 #include "workspace/MainForm.h"
 
 namespace tarnwell::ui {
@@ -24,9 +26,10 @@ class PaneTitle : public QFrame {
   PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent);
 
   // Shows the pane's controls of the form in one row, as high as the pictures, that ends with the
-  // pane. A picture that does not fit in whole is left out.
+  // pane. A picture that does not fit in whole is left out. Without an accent there is no skin, and
+  // the title's colours do not hold.
   void Sync(const forms::TextBox& title, const forms::Picture& picture, const forms::Picture& close,
-            const forms::Shape& pane);
+            const forms::Shape& pane, const std::optional<QColor>& accent);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -36,6 +39,7 @@ class PaneTitle : public QFrame {
   QLineEdit path_;
   QLabel picture_;
   QToolButton close_;
+  WidgetColours colours_;
 };
 
 }  // namespace tarnwell::ui

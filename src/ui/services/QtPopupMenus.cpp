@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMenuBar>
 #include <QScreen>
 #include <utility>
 
@@ -60,9 +59,7 @@ bool QtPopupMenus::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QtPopupMenu::QtPopupMenu(QtPopupMenus& menus, QMainWindow& window)
-    : menus_(menus), menu_(new QMenu(&window)) {
-  menu_->setPalette(window.menuBar()->palette());
-}
+    : menus_(menus), menu_(new QMenu(&window)) {}
 
 bool QtPopupMenu::InsertOnTop(const platform::ContextEntry& entry) {
   if (!menu_) return false;
@@ -84,7 +81,6 @@ void QtPopupMenu::Add(QMenu& menu, const platform::ContextEntry& entry, QAction*
     action = new QAction(&menu);
   } else {
     auto* const submenu = new QMenu(&menu);
-    submenu->setPalette(menu.palette());
     for (const platform::ContextEntry& child : entry.Children) Add(*submenu, child, nullptr);
     action = submenu->menuAction();
   }

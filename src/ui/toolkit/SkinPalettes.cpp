@@ -1,0 +1,196 @@
+#include "ui/toolkit/SkinPalettes.h"
+
+#include <QApplication>
+#include <QToolTip>
+#include <algorithm>
+#include <utility>
+
+#include "ui/toolkit/Contrast.h"
+#include "ui/toolkit/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// Of the windows with fixed colours.
+const QColor FixedAccent(0, 100, 180);
+
+using RoleColour = std::pair<QPalette::ColorRole, QColor>;
+
+struct ButtonLook {
+  QColor Back;
+  QColor Text;
+};
+
+// Fusion paints buttons in shades about their colour: lighter on the whole, with a gradient,
+// lighter below the mouse and darker when down. The text is to be read on all of them.
+ButtonLook ButtonOn(const QColor& window, const QColor& windowText) {
+  ButtonLook look{Blend(window, windowText, TextOn(window) == Qt::white ? 14 : 6), windowText};
+  for (int percent = 0; percent <= 100; percent += 10) {
+    const QColor opposite = TextOn(TextOn(look.Back));
+    const QColor back = Blend(look.Back, opposite, percent);
+    const QColor lightest =
+        back.lighter(100 + std::max(1, (180 - qGray(back.rgb())) / 6)).lighter(105);
+    const QColor darkest = back.darker(112);
+    const QColor text = Distinct(windowText, {back, lightest, darkest}, ReadableContrast);
+    look.Text = text;
+    if (std::min(Contrast(text, lightest), Contrast(text, darkest)) >= ReadableContrast) {
+      look.Back = back;
+      break;
+    }
+  }
+  return look;
+}
+
+// What Fusion makes of the colour of the selection to frame what has the keyboard.
+QColor FocusFrame(const QColor& highlight) {
+  QColor frame = highlight.darker(125);
+  if (frame.value() > 160) frame.setHsl(frame.hue(), frame.saturation(), 160);
+  return frame;
+}
+
+// The accent, on its way to black or white, as a patch and as the frame that the style makes of it.
+QColor HighlightOn(const PaletteColours& colours) {
+  QColor best = colours.Accent;
+  double most = 0;
+  const auto consider = [&](const QColor& tried) {
+    const QColor frame = FocusFrame(tried);
+    const double reached =
+        std::min({Contrast(tried, colours.Base), Contrast(frame, colours.Base),
+                  Contrast(frame, colours.Window), Contrast(tried, colours.Window)});
+    if (reached > most) {
+      most = reached;
+      best = tried;
+    }
+    return most >= MarkContrast;
+  };
+  for (int percent = 0; percent <= 100; percent += 5) {
+    if (consider(Blend(colours.Accent, Qt::black, percent)) ||
+        consider(Blend(colours.Accent, Qt::white, percent))) {
+      break;
+    }
+  }
+  return best;
+}
+
+QColor Greyed(const QColor& back, const QColor& text) {
+  return Distinct(Blend(back, text, 45), {back}, MarkContrast);
+}
+
+// Every role set, also those that have the value that widgets would inherit.
+QPalette Whole(const QPalette& palette) {
+  QPalette whole = palette;
+  for (const auto group : {QPalette::Active, QPalette::Disabled, QPalette::Inactive}) {
+    for (int role = 0; role < QPalette::NColorRoles; ++role) {
+      const auto each = static_cast<QPalette::ColorRole>(role);
+      whole.setBrush(group, each, palette.brush(group, each));
+    }
+  }
+  return whole;
+}
+
+}  // namespace
+
+PaletteColours PlainColours(const QColor& back, const QColor& text, const QColor& accent) {
+  return {.Window = back, .WindowText = text, .Base = back, .Text = text, .Accent = accent};
+}
+
+PaletteColours ColoursOf(const QPalette& palette) {
+  return {.Window = palette.color(QPalette::Window),
+          .WindowText = palette.color(QPalette::WindowText),
+          .Base = palette.color(QPalette::Base),
+          .Text = palette.color(QPalette::Text),
+          .Accent = palette.color(QPalette::Highlight)};
+}
+
+std::optional<PaletteColours> SkinColours(const forms::TextBox& box,
+                                          const std::optional<QColor>& accent) {
+  if (!accent) return std::nullopt;
+  return PlainColours(ToQColor(box.BackColour), ToQColor(box.ForeColour), *accent);
+}
+
+QPalette MakePalette(const PaletteColours& colours) {
+  const QColor& window = colours.Window;
+  const QColor& base = colours.Base;
+  const ButtonLook button = ButtonOn(window, colours.WindowText);
+  const QColor highlight = HighlightOn(colours);
+  const QColor tip = Blend(base, colours.Text, 7);
+  const QColor link = Distinct(colours.Accent, {window, base}, ReadableContrast);
+  const QColor faded = Blend(window, colours.WindowText, 20);
+  const bool dark = TextOn(window) == Qt::white;
+  const RoleColour roles[] = {
+    {QPalette::Window, window},
+    {QPalette::WindowText, colours.WindowText},
+    {QPalette::Base, base},
+    {QPalette::AlternateBase, base},
+    {QPalette::Text, colours.Text},
+    {QPalette::PlaceholderText, Distinct(Blend(base, colours.Text, 60), {base}, ReadableContrast)},
+    {QPalette::Button, button.Back},
+    {QPalette::ButtonText, button.Text},
+    {QPalette::BrightText, Distinct(colours.WindowText, {window}, ReadableContrast)},
+    {QPalette::Highlight, highlight},
+    {QPalette::HighlightedText, Distinct(base, {highlight}, ReadableContrast)},
+    {QPalette::Link, link},
+    {QPalette::LinkVisited,
+     Distinct(Blend(link, colours.WindowText, 40), {window, base}, ReadableContrast)},
+    {QPalette::ToolTipBase, tip},
+    {QPalette::ToolTipText, Distinct(colours.Text, {tip}, ReadableContrast)},
+    {QPalette::Light, Blend(window, Qt::white, dark ? 18 : 70)},
+    {QPalette::Midlight, Blend(window, Qt::white, dark ? 10 : 35)},
+    {QPalette::Mid, Blend(window, Qt::black, 28)},
+    {QPalette::Dark, Blend(window, Qt::black, 42)},
+    {QPalette::Shadow, Blend(window, Qt::black, 70)},
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    {QPalette::Accent, highlight},
+#endif
+  };
+  const RoleColour disabled[] = {
+      {QPalette::WindowText, Greyed(window, colours.WindowText)},
+      {QPalette::Base, window},
+      {QPalette::Text, Greyed(window, colours.WindowText)},
+      {QPalette::PlaceholderText, Greyed(window, colours.WindowText)},
+      {QPalette::ButtonText, Greyed(button.Back, button.Text)},
+      {QPalette::Highlight, faded},
+      {QPalette::HighlightedText, Greyed(faded, colours.WindowText)},
+  };
+  QPalette palette;
+  for (const auto& [role, colour] : roles) palette.setColor(role, colour);
+  for (const auto& [role, colour] : disabled) palette.setColor(QPalette::Disabled, role, colour);
+  return palette;
+}
+
+PaletteColours ProgramColours(const QColor& window, const QColor& list, const QColor& listText,
+                              const QColor& accent) {
+  return {.Window = window,
+          .WindowText = Distinct(listText, {window}, ReadableContrast),
+          .Base = list,
+          .Text = Distinct(listText, {list}, ReadableContrast),
+          .Accent = accent};
+}
+
+QPalette FixedLightPalette(const QColor& window) {
+  QPalette palette = MakePalette(PlainColours(Qt::white, Qt::black, FixedAccent));
+  palette.setColor(QPalette::Window, window);
+  palette.setColor(QPalette::WindowText, TextOn(window));
+  palette.setColor(QPalette::Disabled, QPalette::WindowText, Greyed(window, TextOn(window)));
+  return palette;
+}
+
+QPalette DesktopPalette() {
+  return Whole(QApplication::palette());
+}
+
+void ApplicationColours::Show(const std::optional<PaletteColours>& colours) {
+  if (shown_ == colours) return;
+  shown_ = colours;
+  // An empty palette brings the desktop's back.
+  QApplication::setPalette(colours ? MakePalette(*colours) : QPalette());
+  QToolTip::setPalette(QApplication::palette());
+}
+
+void WidgetColours::Show(QWidget& widget, const std::optional<PaletteColours>& colours) {
+  if (shown_ == colours) return;
+  shown_ = colours;
+  widget.setPalette(colours ? MakePalette(*colours) : QPalette());
+}
+
+}  // namespace tarnwell::ui
