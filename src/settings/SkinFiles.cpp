@@ -68,11 +68,15 @@ std::vector<std::string> SkinFiles::List() const {
   for (Entry& entry : Entries()) {
     names.emplace_back(base::ToCapitals(entry.Name), std::move(entry.Name));
   }
-  const auto capitals = [](const auto& each) -> const std::string& { return each.first; };
-  std::ranges::stable_sort(names, {}, capitals);
-  names.erase(std::ranges::unique(names, {}, capitals).begin(), names.end());
+  // Stable: of those that share a name the first counts.
+  std::ranges::stable_sort(
+      names, {}, [](const auto& each) -> auto& { return each.first; });
   std::vector<std::string> list;
-  for (auto& [key, name] : names) list.push_back(std::move(name));
+  std::string_view last;
+  for (auto& [key, name] : names) {
+    if (list.empty() || key != last) list.push_back(std::move(name));
+    last = key;
+  }
   return list;
 }
 

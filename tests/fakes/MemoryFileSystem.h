@@ -5,8 +5,6 @@
 // one that can be made; std::out_of_range tells a slip in a test.
 #pragma once
 
-#include <ranges>
-
 #include "Test.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
@@ -227,9 +225,8 @@ class MemoryFileSystem : public platform::FileSystem {
       std::vector<Item> items;
       int left = -1;
       if (const Item folder = folder_.lock()) {
-        for (const auto& [key, child] : std::views::reverse(folder->Children)) {
-          items.push_back(child);
-        }
+        for (const auto& [key, child] : folder->Children) items.push_back(child);
+        std::ranges::reverse(items);
         left = folder->VanishAfter;
       }
       for (const Item& item : items) {
