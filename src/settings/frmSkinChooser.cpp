@@ -147,7 +147,10 @@ void frmSkinChooser::LoadFromList() {
 // --- Colours
 
 void frmSkinChooser::SetColourItem(std::size_t index, base::Colour colour) {
-  if (colour < 0) return;
+  if (colour >= 0) ShowColour(index, colour);
+}
+
+void frmSkinChooser::ShowColour(std::size_t index, base::Colour colour) {
   try {
     Picture1[index].BackColour = colour;
     targets_.Colours[index] = colour;
@@ -160,11 +163,14 @@ void frmSkinChooser::SetColourItem(std::size_t index, base::Colour colour) {
 
 void frmSkinChooser::cmdChooseClick(std::size_t index) {
   const base::Colour before = Picture1[index].BackColour;
-  const auto show = [this, index](base::Colour colour) {
+  const base::Colour chosen = colourDialog_.ShowColor(before, [this, index](base::Colour colour) {
     if (Picture1[index].BackColour != colour) SetColourItem(index, colour);
-  };
-  const base::Colour chosen = colourDialog_.ShowColor(before, show);
-  show(chosen == NoColour ? before : chosen);
+  });
+  if (chosen != NoColour) {
+    SetColourItem(index, chosen);
+  } else if (Picture1[index].BackColour != before) {
+    ShowColour(index, before);
+  }
 }
 
 void frmSkinChooser::Picture1Click(std::size_t index) {

@@ -96,7 +96,8 @@ class frmSkinChooser : public forms::Form {
   void LoadFromList();
   // `saved` comes back true whatever happens; the status tells what did.
   base::Status SaveSkin(const std::string& name, bool& saved);
-  void SetColourItem(std::size_t index, base::Colour colour);
+  void SetColourItem(std::size_t index, base::Colour colour);  // no negative one
+  void ShowColour(std::size_t index, base::Colour colour);
   bool IsValidSkinName(const std::string& name);
   void SaveCurrentSkin(const std::string& word, bool& saved);
   std::optional<std::string> AskName(const NameQuestion& question, const std::string& offered);

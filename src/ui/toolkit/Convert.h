@@ -11,6 +11,7 @@
 #include "base/Colour.h"
 #include "base/Measure.h"
 #include "base/Text.h"
+#include "ui/toolkit/TranslateColour.h"
 
 namespace tarnwell::ui {
 
@@ -28,8 +29,10 @@ constexpr base::Twips ToTwips(int pixels) {
   return pixels * base::TwipsPerPixel;
 }
 
+// A system colour becomes the desktop's.
 inline QColor ToQColor(base::Colour colour) {
-  return QColor(base::Red(colour), base::Green(colour), base::Blue(colour));
+  const base::Colour literal = TranslateColour(colour);
+  return QColor(base::Red(literal), base::Green(literal), base::Blue(literal));
 }
 
 // Text of the program's own, or text that was made for showing already.
