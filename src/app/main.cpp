@@ -9,6 +9,7 @@
 #include "shell/Application.h"
 #include "ui/forms/MsgBoxWindow.h"
 #include "ui/forms/OperationDialogs.h"
+#include "ui/forms/OptionsWindow.h"
 #include "ui/forms/QtFormHost.h"
 #include "ui/forms/SplashWindow.h"
 #include "ui/main/MainWindow.h"
@@ -100,6 +101,8 @@ int main(int argc, char** argv) {
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::MsgBoxWindow>(form, icons, [&host, &form] { host.Unload(form); });
   });
+  host.Bind<settings::frmOptions>(
+      [](settings::frmOptions& form) { return std::make_unique<ui::OptionsWindow>(form); });
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 

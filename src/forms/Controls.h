@@ -40,7 +40,19 @@ struct Button : Control {
 };
 
 struct CheckBox : Control {
+  std::string Caption;
   bool Checked = false;
+};
+
+// One of a group of which one is selected.
+struct OptionButton : Control {
+  std::string Caption;
+  bool Selected = false;
+};
+
+// Holds other controls under a caption.
+struct Frame : Control {
+  std::string Caption;
 };
 
 struct Picture : Control {

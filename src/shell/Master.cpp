@@ -83,6 +83,7 @@ Master::Master(const Services& services, const Version& version, Splash& splash)
       switches_(space_, layout_,
                 [this](std::string_view name, const base::Value& value) {
                   skin_.SendProperty(name, value);
+                  options_.ShowSettings();
                 }),
       targets_{space_, layout_, colours_, switches_},
       settingsFile_(services_.Files, ProgramFile(SettingsName), targets_),
@@ -91,6 +92,7 @@ Master::Master(const Services& services, const Version& version, Splash& splash)
       skinChooser_(
           {services_.Host, services_.Files, services_.Drives, services_.Dialogs, messages_},
           targets_, skin_, skinFiles_, version.Number()),
+      options_(space_, switches_, skin_, services_.Host),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
@@ -369,6 +371,12 @@ void Master::OpenFolder(const std::string& path) {
 
 void Master::EscapeKey() {
   if (!splitters_.GiveUp()) events_.EscapeKey();
+}
+
+void Master::ShowOptions() {
+  services_.Host.Open(options_);
+  options_.CentreOn(space_.Form);
+  services_.Host.Show(options_, &space_.Form);
 }
 
 void Master::NotYet(std::string_view what) {

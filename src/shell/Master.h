@@ -21,6 +21,7 @@
 #include "settings/Skin.h"
 #include "settings/SkinColours.h"
 #include "settings/SkinFiles.h"
+#include "settings/frmOptions.h"
 #include "settings/frmSkinChooser.h"
 #include "shell/MessageBox.h"
 #include "shell/Services.h"
@@ -110,7 +111,7 @@ class Master : private workspace::PaneHooks,
   void LoadPaneDrive(int pane) override { navigation_.LoadPaneDrive(pane); }
 
   void Exit() override;
-  void ShowOptions() override { NotYet("options"); }
+  void ShowOptions() override;
   void SaveFileListing() override { NotYet("the export of listings"); }
   void OpenRecycleBin() override { NotYet("the recycle bin"); }
   void EmptyRecycleBin() override { NotYet("the recycle bin"); }
@@ -152,6 +153,7 @@ class Master : private workspace::PaneHooks,
   settings::SkinFiles skinFiles_;
   settings::Skin skin_;
   settings::frmSkinChooser skinChooser_;
+  settings::frmOptions options_;
   workspace::PaneSet panes_;
   workspace::Splitters splitters_;
   lists::Navigation navigation_;

@@ -8,7 +8,7 @@
 namespace tarnwell::ui {
 
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner) {
-  if (owner != nullptr) {
+  if (owner != nullptr && dialog.parentWidget() != owner) {
     const Qt::WindowModality modality = dialog.windowModality();
     dialog.setParent(owner, dialog.windowFlags());
     dialog.setWindowModality(modality);

@@ -1,0 +1,79 @@
+#include "settings/TestProgram.h"
+#include "settings/frmOptions.h"
+
+namespace tarnwell::settings {
+namespace {
+
+class OptionsTest : public testing::Test, public TestProgram {
+ protected:
+  frmOptions Dialog{Space, *this, CurrentSkin, Host};
+};
+
+TEST_F(OptionsTest, ClicksTakeEffectAtOnceAndResendBothIconSettings) {
+  Start();
+  const lister::ListSettings& told = Space.Lists.Files(0).Shown().Settings;
+  workspace::ProgramSettings& settings = Space.Settings;
+  settings.ShowFileIcons = false;
+  settings.ShowFolderIcons = true;
+  settings.MinimizeToTaskBar = false;
+  Host.Open(Dialog);
+  const auto boxes = [this] {
+    std::string text;
+    for (const forms::CheckBox& box : Dialog.chk) text += box.Checked ? 'x' : '-';
+    return text;
+  };
+  EXPECT_EQ(boxes(), "-xx--x");
+  EXPECT_TRUE(!told.ShowFileIcons && told.ShowFolderIcons && Dialog.optMin[1].Selected);
+  Dialog.Check(1, false);
+  Dialog.Check(2, false);
+  Dialog.Check(4, true);
+  EXPECT_EQ(boxes(), "x--xx-");
+  EXPECT_TRUE(told.ShowFileIcons && !told.ShowFolderIcons);
+  EXPECT_TRUE(Space.Form.Menus["mnuColorOn"].Checked);
+  settings.ShowFolderIcons = settings.ShowColor = true;
+  Dialog.Check(0, false);
+  EXPECT_TRUE(told.ShowFolderIcons && !settings.ShowFileIcons);
+  Dialog.txtNumColor.Text = "7";
+  Dialog.ShowSettings();
+  EXPECT_EQ(boxes() + Dialog.txtNumColor.Text, "-xx-x-7");
+  Dialog.Select(0);
+  EXPECT_TRUE(settings.MinimizeToTaskBar);
+  Dialog.Close();
+  Host.Open(Dialog);
+  EXPECT_EQ(Dialog.txtNumColor.Text, "50");
+
+  const struct {
+    const char* Text;
+    int Count, Told;
+  } cases[] = {{"12.5", 12, 12}, {" 13.5 ", 14, 14}, {"", 50, 14},
+               {"-0.4", 50, 14}, {"-3", 50, 14},     {"ten", 50, 14},
+               {"0", 0, 0},      {"3e9", 50, 0},     {"1e999", 50, 0}};
+  for (const auto& each : cases) {
+    Dialog.txtNumColor.Text = each.Text;
+    Dialog.Apply();
+    EXPECT_TRUE(settings.FileCountMax == each.Count && told.FileCountMax == each.Told) << each.Text;
+    const bool isBad = each.Count != each.Told;
+    EXPECT_EQ(Dialog.txtNumColor.Text, isBad ? "50" : each.Text);
+  }
+  EXPECT_TRUE(Messages.Texts.empty());
+}
+
+TEST_F(OptionsTest, TheLabelsChooseACategory) {
+  for (int opening = 0; opening < 2; ++opening) {
+    Host.Open(Dialog);
+    EXPECT_TRUE(Dialog.IsInView(Dialog.frmGeneral) && !Dialog.IsInView(Dialog.frmSpeed));
+    Dialog.LabelMouseMove(OptionsCategory::General);
+    Dialog.LabelMouseMove(OptionsCategory::Speed);
+    EXPECT_EQ(Dialog.lblGeneral.ForeColour, 0xC97300);
+    EXPECT_EQ(Dialog.lblSpeed.ForeColour, 0xEAA84F);
+    Dialog.Frame1MouseMove();
+    EXPECT_EQ(Dialog.lblSpeed.ForeColour, 0);
+    Dialog.LabelClick(OptionsCategory::Speed);
+    EXPECT_TRUE(Dialog.lblSpeed.ForeColour == 0xC97300 && Dialog.lblGeneral.ForeColour == 0);
+    EXPECT_TRUE(Dialog.IsInView(Dialog.frmSpeed) && !Dialog.IsInView(Dialog.frmGeneral));
+    Dialog.Close();
+  }
+}
+
+}  // namespace
+}  // namespace tarnwell::settings
