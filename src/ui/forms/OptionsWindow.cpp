@@ -8,8 +8,8 @@
 #include <cstddef>
 
 #include "ui/toolkit/DialogMeasures.h"
-#include "ui/toolkit/Palettes.h"
 #include "ui/toolkit/ShowDialog.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -76,7 +76,7 @@ CategoryLabel* OptionsWindow::NewLabel(Category category) {
 void OptionsWindow::FillCategories() {
   auto* const sheet = new QFrame(frame_);
   sheet->setFrameShape(QFrame::StyledPanel);
-  sheet->setPalette(PlainPalette(Qt::white, Qt::black));
+  sheet->setPalette(FixedLightPalette());
   sheet->setAutoFillBackground(true);
   sheet->setMinimumWidth(CategoriesWidth);
   auto* const labels = ColumnIn(sheet, 4);
