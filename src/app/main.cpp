@@ -1,7 +1,6 @@
 // Builds the adapters, hands them to the core, and runs.
 
 #include <QIcon>
-#include <QStyleFactory>
 #include <cstdlib>
 #include <memory>
 
@@ -23,6 +22,7 @@
 #include "ui/services/QtPopupMenus.h"
 #include "ui/toolkit/FilePath.h"
 #include "ui/toolkit/IconSource.h"
+#include "ui/toolkit/SkinStyle.h"
 
 namespace {
 
@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
   // A desktop in a language that is written from right to left would mirror what has a layout,
   // while the forms place the rest themselves, and all texts are English.
   QApplication::setLayoutDirection(Qt::LeftToRight);
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new ui::SkinStyle);
 
   const app::Platform system = app::MakePlatform();
   platform::FileSystem& files = *system.Files;

@@ -24,7 +24,7 @@ struct ButtonLook {
 // Fusion paints buttons in shades about their colour: lighter on the whole, with a gradient,
 // lighter below the mouse and darker when down. The text is to be read on all of them.
 ButtonLook ButtonOn(const QColor& window, const QColor& windowText) {
-  ButtonLook look{Blend(window, windowText, TextOn(window) == Qt::white ? 14 : 6), windowText};
+  ButtonLook look{Blend(window, windowText, TextOn(window) == Qt::white ? 8 : 6), windowText};
   for (int percent = 0; percent <= 100; percent += 10) {
     const QColor opposite = TextOn(TextOn(look.Back));
     const QColor back = Blend(look.Back, opposite, percent);
@@ -149,6 +149,7 @@ QPalette MakePalette(const PaletteColours& colours) {
       {QPalette::Text, Greyed(window, colours.WindowText)},
       {QPalette::PlaceholderText, Greyed(window, colours.WindowText)},
       {QPalette::ButtonText, Greyed(button.Back, button.Text)},
+      {QPalette::Light, window},  // the style lays it below greyed texts
       {QPalette::Highlight, faded},
       {QPalette::HighlightedText, Greyed(faded, colours.WindowText)},
   };
@@ -165,6 +166,11 @@ PaletteColours ProgramColours(const QColor& window, const QColor& list, const QC
           .Base = list,
           .Text = Distinct(listText, {list}, ReadableContrast),
           .Accent = accent};
+}
+
+PaletteColours MenuColours(const PaletteColours& program) {
+  const QColor raised = Blend(program.Base, program.Text, 7);
+  return PlainColours(raised, Distinct(program.Text, {raised}, ReadableContrast), program.Accent);
 }
 
 QPalette FixedLightPalette(const QColor& window) {
@@ -184,6 +190,7 @@ void ApplicationColours::Show(const std::optional<PaletteColours>& colours) {
   shown_ = colours;
   // An empty palette brings the desktop's back.
   QApplication::setPalette(colours ? MakePalette(*colours) : QPalette());
+  if (colours) QApplication::setPalette(MakePalette(MenuColours(*colours)), "QMenu");
   QToolTip::setPalette(QApplication::palette());
 }
 

@@ -39,6 +39,9 @@ QPalette MakePalette(const PaletteColours& colours);
 PaletteColours ProgramColours(const QColor& window, const QColor& list, const QColor& listText,
                               const QColor& accent);
 
+// Of the menus that go with them, told from the lists below by a shade.
+PaletteColours MenuColours(const PaletteColours& program);
+
 // Of the windows that look the same in every skin: black on white fields, light buttons, and what
 // can be read on `window`.
 QPalette FixedLightPalette(const QColor& window = Qt::white);

@@ -1,0 +1,63 @@
+#include "ui/toolkit/SkinStyle.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+#include "ui/toolkit/Contrast.h"
+
+namespace tarnwell::ui {
+namespace {
+
+void PaintFrame(QPainter& painter, const QRect& place, const QColor& colour, double rounding) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(colour);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), rounding, rounding);
+  painter.restore();
+}
+
+// Round a field or a box, told from what lies inside and outside.
+QColor EdgeOf(const QStyleOption& option) {
+  const QColor window = option.palette.color(QPalette::Window);
+  const QColor faint = Blend(window, option.palette.color(QPalette::WindowText), 30);
+  if (!option.state.testFlag(QStyle::State_Enabled)) return faint;
+  return Distinct(faint, {window, option.palette.color(QPalette::Base)}, MarkContrast);
+}
+
+void PaintFocus(QPainter& painter, const QStyleOption& option) {
+  if (!option.state.testFlag(QStyle::State_KeyboardFocusChange)) return;
+  const auto* const focus = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
+  const bool told = focus != nullptr && focus->backgroundColor.isValid();
+  const QColor back = told ? focus->backgroundColor : option.palette.color(QPalette::Button);
+  PaintFrame(painter, option.rect,
+             Distinct(option.palette.color(QPalette::Highlight), {back}, MarkContrast), 2);
+}
+
+}  // namespace
+
+void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+  if (element == PE_FrameFocusRect) return PaintFocus(*painter, *option);
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  switch (element) {
+    case PE_FrameLineEdit:
+      if (!option->state.testFlag(State_HasFocus)) {
+        PaintFrame(*painter, option->rect, EdgeOf(*option), 2);
+      }
+      break;
+    case PE_IndicatorCheckBox:
+      PaintFrame(*painter, option->rect, EdgeOf(*option), 0);
+      break;
+    case PE_IndicatorRadioButton:
+      PaintFrame(*painter, option->rect, EdgeOf(*option), option->rect.width() / 2.0);
+      break;
+    case PE_PanelMenu:
+      PaintFrame(*painter, option->rect, EdgeOf(*option), 0);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace tarnwell::ui
