@@ -389,5 +389,32 @@ TEST_F(ListerWidgetTest, ALegendTellsTheMarksAsFarAsThereIsRoom) {
   EXPECT_EQ(legend->accessibleName(), "Marks: only here, smaller");
 }
 
+TEST_F(ListerWidgetTest, IconsTellItemsApartAsFarAsTheSettingsSay) {
+  const QByteArray home = qgetenv("HOME");
+  qputenv("HOME", "/d");
+  Platform.Files.AddFile("/d/song.mp3");
+  Platform.Files.AddFolder("/d/Music");
+  List files(*this, 100), folders(*this, 0);
+  files.Show("/d");
+  folders.Show("/");
+  const auto same = [](const List& list, const char* one, const char* other) {
+    const auto keyOf = [&list](const char* path) {
+      return list.Index(path).data(Qt::DecorationRole).value<QIcon>().cacheKey();
+    };
+    return keyOf(one) == keyOf(other);
+  };
+  for (const bool shows : {true, false, true}) {
+    for (List* const list : {&files, &folders}) {
+      list->Control.SetProperty("ShowFileIcons", shows);
+      list->Control.SetProperty("ShowFolderIcons", !shows);
+    }
+    EXPECT_EQ(same(files, "/d/song.mp3", "/d/one.txt"), !shows);
+    EXPECT_EQ(same(files, "/d/Music", "/d/e"), shows);
+    EXPECT_EQ(same(folders, "/d", "/f"), shows);
+    EXPECT_TRUE(same(folders, "/a", "/f"));
+  }
+  qputenv("HOME", home);
+}
+
 }  // namespace
 }  // namespace tarnwell::ui

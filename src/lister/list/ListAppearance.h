@@ -26,10 +26,6 @@ struct ListAppearance {
   bool DragGraphicsOn = false;  // what is dragged lies over the list
   bool HoverGraphicsOn = false;
 
-  // Whether items are told apart by icons of their own type, or all of a kind look the same.
-  bool ShowIcons() const {
-    return IsFileList(Id) ? Settings.ShowFileIcons : Settings.ShowFolderIcons;
-  }
   int BorderWidth() const { return std::clamp(Settings.BorderWidth, 0, 8); }  // pixels
 };
 

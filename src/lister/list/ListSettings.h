@@ -12,8 +12,8 @@ namespace tarnwell::lister {
 
 struct ListSettings {
   ListColours Colours;
-  bool ShowFileIcons = true;
-  bool ShowFolderIcons = true;
+  bool ShowFileIcons = true;     // files look as their types do, or all the same
+  bool ShowFolderIcons = false;  // folders with an icon of their own show it
   bool ShowColour = false;
   std::int32_t FileCountMax = 50;  // over this many files in a folder no colours are shown
   std::int32_t BorderWidth = 1;    // pixels round the list

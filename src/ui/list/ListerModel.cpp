@@ -136,9 +136,13 @@ QString ListerModel::Description(RowId row) const {
 
 QVariant ListerModel::Icon(RowId row) const {
   const lister::RowState state = rows_.StateOf(row);
+  const lister::ListSettings& settings = shown_.Settings;
   if (state.Kind != platform::ItemKind::Folder) {
-    return shown_.ShowIcons() ? icons_.File(rows_.CellText(row, HeadingId::Name))
-                              : icons_.AnyFile();
+    return settings.ShowFileIcons ? icons_.File(rows_.CellText(row, HeadingId::Name))
+                                  : icons_.AnyFile();
+  }
+  if (settings.ShowFolderIcons) {
+    if (const QIcon own = icons_.KnownFolder(rows_.PathOf(row)); !own.isNull()) return own;
   }
   return state.IsOpen ? icons_.OpenFolder() : icons_.Folder();
 }

@@ -7,6 +7,7 @@
 #include "lister/rows/CellText.h"
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/FilePath.h"
+#include "ui/toolkit/KnownFolders.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -50,13 +51,29 @@ QIcon IconSource::Own(std::string_view name) const {
 IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {
   drive_ = QIcon::fromTheme(QStringLiteral("drive-harddisk"), Own("drive"));
   // Icons that stand side by side come from one hand.
-  const bool folders = QIcon::hasThemeIcon(QStringLiteral("folder")) &&
-                       QIcon::hasThemeIcon(QStringLiteral("folder-open"));
-  themed_ = folders && QIcon::hasThemeIcon(QStringLiteral("text-x-generic")) &&
+  themedFolders_ = QIcon::hasThemeIcon(QStringLiteral("folder")) &&
+                   QIcon::hasThemeIcon(QStringLiteral("folder-open"));
+  themed_ = themedFolders_ && QIcon::hasThemeIcon(QStringLiteral("text-x-generic")) &&
             QIcon::hasThemeIcon(QStringLiteral("image-x-generic"));
-  folder_ = folders ? QIcon::fromTheme(QStringLiteral("folder")) : Own("folder");
-  openFolder_ = folders ? QIcon::fromTheme(QStringLiteral("folder-open")) : Own("folder-open");
+  folder_ = OfFolders(QStringLiteral("folder"));
+  openFolder_ = OfFolders(QStringLiteral("folder-open"));
   file_ = themed_ ? QIcon::fromTheme(QStringLiteral("text-x-generic")) : Own("file");
+}
+
+// Where the theme has no icon of that name there is none, rather than one in another hand.
+QIcon IconSource::OfFolders(const QString& name) const {
+  if (!themedFolders_) return Own(name.toStdString());
+  return QIcon::hasThemeIcon(name) ? QIcon::fromTheme(name) : QIcon();
+}
+
+QIcon IconSource::KnownFolder(const std::string& path) const {
+  if (knownFolders_.isEmpty()) {
+    const QHash<std::string, QString> names = IconsOfKnownFolders();
+    for (auto each = names.cbegin(); each != names.cend(); ++each) {
+      knownFolders_[each.key()] = OfFolders(each.value());
+    }
+  }
+  return knownFolders_.value(path);
 }
 
 QIcon IconSource::Named(const std::string& name) const {

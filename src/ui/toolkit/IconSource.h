@@ -25,11 +25,15 @@ class IconSource {
   const QIcon& Drive() const { return drive_; }
   const QIcon& Folder() const { return folder_; }
   const QIcon& OpenFolder() const { return openFolder_; }
+  // Of a folder that has an icon of its own: what the desktop keeps it for. Empty for any other. By
+  // the bytes of its whole path; nothing is read but, once, which folders these are.
+  QIcon KnownFolder(const std::string& path) const;
   const QIcon& AnyFile() const { return file_; }
   // By the extension of the name at the end of the path, in bytes; the file is not read.
   QIcon File(std::string_view path) const;
 
  private:
+  QIcon OfFolders(const QString& name) const;
   QIcon FindFile(const QByteArray& extension) const;
 
   QString dataFolder_;
@@ -37,9 +41,11 @@ class IconSource {
   QIcon folder_;
   QIcon openFolder_;
   QIcon file_;
-  bool themed_ = false;  // the theme tells types of files apart
-  QMimeDatabase types_;  // read when it is first asked, which takes time and memory
+  bool themedFolders_ = false;  // the pictures of folders are the theme's
+  bool themed_ = false;         // the theme tells types of files apart
+  QMimeDatabase types_;         // read when it is first asked, which takes time and memory
   mutable QHash<QByteArray, QIcon> byExtension_;
+  mutable QHash<std::string, QIcon> knownFolders_;
 };
 
 }  // namespace tarnwell::ui
