@@ -1,47 +1,119 @@
 #include "ui/services/QtDialogs.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QSettings>
 
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/FilePath.h"
+#include "ui/toolkit/ShowDialog.h"
+#include "ui/toolkit/ShowOver.h"
 
 namespace tarnwell::ui {
 namespace {
 
-constexpr int MessagePictureSize = 32;  // logical pixels
+// In logical pixels.
+constexpr int MessagePictureSize = 32;
+constexpr int AskedTextWidth = 420;  // at least
+
+// A dialog over the window in use, which takes it along where it goes: as the program is asked to
+// end, say. That counts as cancelled.
+template <typename Dialog>
+class Asked {
+ public:
+  Asked() : dialog_(new Dialog(WindowInUse())) {}
+  ~Asked() { delete dialog_; }
+  Asked(const Asked&) = delete;
+  Asked& operator=(const Asked&) = delete;
+
+  Dialog& operator*() const { return *dialog_; }
+  Dialog* operator->() const { return dialog_; }
+  // Shows it until it is answered.
+  bool IsAccepted() { return dialog_->exec() == QDialog::Accepted && dialog_; }
+
+ private:
+  QPointer<Dialog> dialog_;
+};
 
 std::optional<std::string> AskFile(const platform::FileQuestion& question,
-                                   QFileDialog::AcceptMode mode) {
-  QFileDialog dialog(QApplication::activeWindow(), ToQString(question.Title));
-  dialog.setAcceptMode(mode);
-  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
-                                                     : QFileDialog::AnyFile);
-  dialog.setNameFilter(QStringLiteral("%1 (%2)").arg(ToQString(question.FilterName),
-                                                     ToQString(question.FilterPattern)));
-  dialog.setDefaultSuffix(ToQString(question.DefaultSuffix));
-  if (!question.Folder.empty()) dialog.setDirectory(ToQtPath(question.Folder));
-  if (!question.Name.empty()) dialog.selectFile(ToQtPath(question.Name));
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return FromQtPath(dialog.selectedFiles().constFirst());
+                                   QFileDialog::AcceptMode mode, const QPalette& palette) {
+  Asked<QFileDialog> dialog;
+  dialog->setPalette(palette);
+  dialog->setWindowTitle(ToWindowTitle(question.Title));
+  dialog->setAcceptMode(mode);
+  dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                      : QFileDialog::AnyFile);
+  dialog->setNameFilter(QStringLiteral("%1 (%2)").arg(ToQString(question.FilterName),
+                                                      ToQString(question.FilterPattern)));
+  dialog->setDefaultSuffix(ToQString(question.DefaultSuffix));
+  if (!question.Folder.empty()) dialog->setDirectory(ToQtPath(question.Folder));
+  if (!question.Name.empty()) dialog->selectFile(ToQtPath(question.Name));
+  if (!dialog.IsAccepted() || dialog->selectedFiles().isEmpty()) return std::nullopt;
+  return FromQtPath(dialog->selectedFiles().constFirst());
+}
+
+void PutCustomColours(const platform::CustomColours& colours) {
+  for (std::size_t i = 0; i < colours.size(); ++i) {
+    QColorDialog::setCustomColor(static_cast<int>(i), ToQColor(colours.at(i)));
+  }
+}
+
+void TakeCustomColours(platform::CustomColours& colours) {
+  for (std::size_t i = 0; i < colours.size(); ++i) {
+    colours.at(i) = ToColour(QColorDialog::customColor(static_cast<int>(i)));
+  }
+}
+
+// The colours put aside that all programs of the toolkit have in common, in the settings of the
+// toolkit (Qt/customColors/0 to 15 in QtProject.conf). A colour dialog writes them as it goes.
+class CommonCustomColours {
+ public:
+  // What the settings have is put into the dialogs, to be called before the last of them goes: so
+  // it writes what is there.
+  void Restore() {
+    const Settings settings;
+    hasAny_ = false;
+    for (int i = 0; i < QColorDialog::customCount(); ++i) {
+      const QVariant value = settings.File.value(QStringLiteral("%1/%2").arg(Group).arg(i));
+      hasAny_ = hasAny_ || value.isValid();
+      QColorDialog::setCustomColor(i, value.isValid() ? QColor(value.toUInt()) : Qt::white);
+    }
+  }
+  // After the dialogs.
+  ~CommonCustomColours() {
+    if (!hasAny_) Settings().File.remove(Group);
+  }
+
+ private:
+  struct Settings {
+    QSettings File{QSettings::UserScope, QStringLiteral("QtProject")};
+  };
+  const QString Group = QStringLiteral("Qt/customColors");
+  bool hasAny_ = true;
+};
+
+// The program's own buttons have none.
+void DropPictures(const QWidget& dialog) {
+  for (QAbstractButton* const button : dialog.findChildren<QAbstractButton*>()) {
+    button->setIcon(QIcon());
+  }
 }
 
 // The text is shown as it is, also where a name in it looks like HTML. Gives the button; none where
 // the window below goes, as when the program is asked to end, and takes the box along.
 int ShowBox(const QIcon& picture, const std::string& title, const std::string& text,
             QMessageBox::StandardButtons buttons, QMessageBox::StandardButton usual) {
-  const QPointer<QMessageBox> box =
-      new QMessageBox(QMessageBox::NoIcon, ToQString(title), ToShownLines(text), buttons,
-                      QApplication::activeWindow());
+  const QPointer<QMessageBox> box = new QMessageBox(QMessageBox::NoIcon, ToQString(title),
+                                                    ToShownLines(text), buttons, WindowInUse());
   box->setTextFormat(Qt::PlainText);
   box->setIconPixmap(
       picture.pixmap(QSize(MessagePictureSize, MessagePictureSize), box->devicePixelRatio()));
-  for (QAbstractButton* const button : box->buttons()) button->setIcon(QIcon());
+  DropPictures(*box);
   box->setDefaultButton(usual);
   const int answer = box->exec();
   delete box;
@@ -60,27 +132,49 @@ void QtDialogs::ShowCritical(const std::string& title, const std::string& text) 
 }
 
 std::optional<std::string> QtDialogs::AskText(const platform::TextQuestion& question) {
-  bool accepted = false;
-  const QString text = QInputDialog::getText(
-      QApplication::activeWindow(), ToQString(question.Title), ToQString(question.Prompt),
-      QLineEdit::Normal, ToEditedQString(question.Text), &accepted);
-  if (!accepted) return std::nullopt;
-  return FromEditedQString(text);
+  Asked<QInputDialog> dialog;
+  dialog->setWindowTitle(ToWindowTitle(question.Title));
+  dialog->setLabelText(ToQString(question.Prompt));
+  dialog->setTextValue(ToEditedQString(question.Text));
+  (void)dialog->sizeHint();  // makes the parts
+  if (auto* const edit = dialog->findChild<QLineEdit*>()) {
+    edit->setMinimumWidth(AskedTextWidth);
+    edit->selectAll();
+  }
+  DropPictures(*dialog);
+  if (question.Place) {
+    const platform::ScreenPlace& place = *question.Place;
+    MoveOntoScreen(*dialog, {ToPixels(place.Left), ToPixels(place.Top)}, dialog->sizeHint());
+  }
+  if (!dialog.IsAccepted()) return std::nullopt;
+  return FromEditedQString(dialog->textValue());
 }
 
 std::optional<base::Colour> QtDialogs::AskColour(const platform::ColourQuestion& question) {
-  const QColor colour =
-      QColorDialog::getColor(ToQColor(question.Start), QApplication::activeWindow(), QString());
-  if (!colour.isValid()) return std::nullopt;
-  return base::Rgb(colour.red(), colour.green(), colour.blue());
+  CommonCustomColours common;  // outlives the dialog
+  Asked<QColorDialog> dialog;
+  dialog->setPalette(desktop_);
+  PutCustomColours(question.Custom);
+  dialog->setCurrentColor(ToQColor(question.Start));
+  if (question.Shown) {
+    QObject::connect(&*dialog, &QColorDialog::currentColorChanged, &*dialog,
+                     [&question](const QColor& colour) {
+                       if (colour.isValid()) question.Shown(ToColour(colour));
+                     });
+  }
+  std::optional<base::Colour> chosen;
+  if (dialog.IsAccepted()) chosen = ToColour(dialog->selectedColor());
+  TakeCustomColours(question.Custom);
+  common.Restore();
+  return chosen;
 }
 
 std::optional<std::string> QtDialogs::AskOpenFile(const platform::FileQuestion& question) {
-  return AskFile(question, QFileDialog::AcceptOpen);
+  return AskFile(question, QFileDialog::AcceptOpen, desktop_);
 }
 
 std::optional<std::string> QtDialogs::AskSaveFile(const platform::FileQuestion& question) {
-  return AskFile(question, QFileDialog::AcceptSave);
+  return AskFile(question, QFileDialog::AcceptSave, desktop_);
 }
 
 }  // namespace tarnwell::ui

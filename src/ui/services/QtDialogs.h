@@ -3,12 +3,14 @@
 
 #include "platform/Dialogs.h"
 #include "ui/toolkit/IconSource.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 
+// Files and colours are asked for in the colours that the desktop gave when this was made.
 class QtDialogs : public platform::Dialogs {
  public:
-  explicit QtDialogs(const IconSource& icons) : icons_(icons) {}
+  explicit QtDialogs(const IconSource& icons) : icons_(icons), desktop_(DesktopPalette()) {}
 
   bool AskYesNo(const std::string& title, const std::string& text, bool usual) override;
   void ShowCritical(const std::string& title, const std::string& text) override;
@@ -19,6 +21,7 @@ class QtDialogs : public platform::Dialogs {
 
  private:
   const IconSource& icons_;
+  const QPalette desktop_;
 };
 
 }  // namespace tarnwell::ui

@@ -35,6 +35,10 @@ inline QColor ToQColor(base::Colour colour) {
   return QColor(base::Red(literal), base::Green(literal), base::Blue(literal));
 }
 
+inline base::Colour ToColour(const QColor& colour) {
+  return base::Rgb(colour.red(), colour.green(), colour.blue());
+}
+
 // Text of the program's own, or text that was made for showing already.
 inline QString ToQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -7,18 +7,22 @@
 
 namespace tarnwell::ui {
 
+void MoveOntoScreen(QWidget& window, QPoint place, QSize size) {
+  const QRect room = window.screen()->availableGeometry();
+  const int right = std::max(room.right() - size.width(), room.left());
+  const int bottom = std::max(room.bottom() - size.height(), room.top());
+  window.move(std::clamp(place.x(), room.left(), right), std::clamp(place.y(), room.top(), bottom));
+}
+
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner) {
   if (owner != nullptr && dialog.parentWidget() != owner) {
     const Qt::WindowModality modality = dialog.windowModality();
     dialog.setParent(owner, dialog.windowFlags());
     dialog.setWindowModality(modality);
   }
-  const QRect room = dialog.screen()->availableGeometry();
   // The window itself has no size of its own before it is shown.
-  const int right = std::max(room.right() - ToPixels(form.Width), room.left());
-  const int bottom = std::max(room.bottom() - ToPixels(form.Height), room.top());
-  dialog.move(std::clamp(ToPixels(form.Left), room.left(), right),
-              std::clamp(ToPixels(form.Top), room.top(), bottom));
+  MoveOntoScreen(dialog, {ToPixels(form.Left), ToPixels(form.Top)},
+                 {ToPixels(form.Width), ToPixels(form.Height)});
   dialog.show();
   dialog.raise();
   dialog.activateWindow();

@@ -1,4 +1,4 @@
-// Showing a dialog at the place that its form has.
+// Showing a dialog at a place that it is told.
 #pragma once
 
 #include <QDialog>
@@ -9,5 +9,8 @@ namespace tarnwell::ui {
 
 // Over `owner`, which may be null, as modal as it is already, and wholly on the screen.
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner);
+
+// Moves the window there, or as near as it is wholly on the screen when it has the size.
+void MoveOntoScreen(QWidget& window, QPoint place, QSize size);
 
 }  // namespace tarnwell::ui

@@ -8,7 +8,10 @@
 namespace tarnwell::ui {
 
 QWidget* WindowInUse() {
-  if (QWidget* const active = QApplication::activeWindow()) return active;
+  // One that has just been closed counts as active until the desktop says otherwise.
+  for (QWidget* each = QApplication::activeWindow(); each != nullptr; each = each->parentWidget()) {
+    if (each->isWindow() && each->isVisible()) return each;
+  }
   for (QWidget* const each : QApplication::topLevelWidgets()) {
     if (each->isVisible() && each->windowType() == Qt::Window) return each;
   }
