@@ -216,6 +216,7 @@ std::optional<std::string> frmSkinChooser::AskName(const NameQuestion& question,
     const bool good = question.DefaultFirst ? isNoDefault(name) && IsValidSkinName(name)
                                             : IsValidSkinName(name) && isNoDefault(name);
     if (good) return name;
+    if (View == nullptr) return {};  // the program has been asked to end meanwhile
   }
 }
 

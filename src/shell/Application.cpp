@@ -16,10 +16,9 @@ void Application::Start() {
 
 void Application::RequestQuit() {
   quitRequested_ = true;
+  // A question that is open loses its window: it counts as not answered, and so do those to come.
+  master_.Messages().FallSilent();
   if (loading_) {
-    // A question may hold up the load: without its window it counts as not answered, and so do
-    // those to come.
-    master_.Messages().FallSilent();
     const std::vector<forms::Form*> open = services_.Host.OpenForms();
     for (forms::Form* form : open) {
       if (form != &splash_ && form != &master_.Form()) services_.Host.Unload(*form);
