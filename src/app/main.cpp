@@ -10,6 +10,7 @@
 #include "ui/forms/OperationDialogs.h"
 #include "ui/forms/OptionsWindow.h"
 #include "ui/forms/QtFormHost.h"
+#include "ui/forms/SkinChooserWindow.h"
 #include "ui/forms/SplashWindow.h"
 #include "ui/main/MainWindow.h"
 #include "ui/operation/QtFileOperation.h"
@@ -103,6 +104,8 @@ int main(int argc, char** argv) {
   });
   host.Bind<settings::frmOptions>(
       [](settings::frmOptions& form) { return std::make_unique<ui::OptionsWindow>(form); });
+  host.Bind<settings::frmSkinChooser>(
+      [](settings::frmSkinChooser& form) { return std::make_unique<ui::SkinChooserWindow>(form); });
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
