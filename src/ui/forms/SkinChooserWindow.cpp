@@ -24,8 +24,8 @@ namespace {
 constexpr int SkinListWidth = 170;  // at least
 constexpr int SkinListSpacing = 2;
 constexpr int RowSpacing = 3;
-constexpr int RowGap = 8;      // between what stands in a row
-constexpr int ColumnGap = 26;  // between the columns of rows
+constexpr int SwatchRowGap = 8;      // between what stands in a row
+constexpr int SwatchColumnGap = 26;  // between the columns of rows
 constexpr int ChooseWidth = 34;
 constexpr int SampleSize = 18;
 
@@ -122,7 +122,7 @@ QWidget* SkinChooserWindow::MakeColours() {
   grid_ = new QGridLayout(rows);
   grid_->setContentsMargins(0, 0, 0, 0);
   grid_->setVerticalSpacing(RowSpacing);
-  grid_->setHorizontalSpacing(RowGap);
+  grid_->setHorizontalSpacing(SwatchRowGap);
   // The arrows go to the nearest button that way.
   auto* const arrows = new QButtonGroup(this);
   arrows->setExclusive(false);
@@ -175,7 +175,8 @@ void SkinChooserWindow::LayRows(int columns) {
     }
   }
   for (int gap = 3; gap < 4 * 4; gap += 4) {
-    grid_->setColumnMinimumWidth(gap, gap + 1 < 4 * columns ? ColumnGap - 2 * RowGap : 0);
+    grid_->setColumnMinimumWidth(gap,
+                                 gap + 1 < 4 * columns ? SwatchColumnGap - 2 * SwatchRowGap : 0);
   }
 }
 
