@@ -28,7 +28,7 @@ CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area, std::functi
   command_->hide();
 }
 
-void CommandStrip::Sync(const std::optional<QColor>& accent) {
+void CommandStrip::Sync(const std::optional<PaletteColours>& skin) {
   const forms::TextBox& path = form_.txtCurrentPath;
   PlaceAt(*path_, RectOf(path), IsPlaced(path));
   const QString text = ToShownQString(path.Text);
@@ -36,7 +36,7 @@ void CommandStrip::Sync(const std::optional<QColor>& accent) {
     path_->setText(text);
     path_->setToolTip(PlainToolTip(text));
   }
-  pathColours_.Show(*path_, SkinColours(path, accent));
+  pathColours_.Show(*path_, BoxColours(path, skin));
 
   const forms::ComboBox& command = form_.cboCommand;
   PlaceAt(*command_, RectOf(command), IsPlaced(command));
@@ -45,7 +45,7 @@ void CommandStrip::Sync(const std::optional<QColor>& accent) {
     shown_ = command.Text;
     command_->setEditText(ToShownQString(shown_));
   }
-  commandColours_.Show(*command_, SkinColours(command, accent));
+  commandColours_.Show(*command_, BoxColours(command, skin));
 }
 
 bool CommandStrip::HoldsCommand(const QWidget* widget) const {

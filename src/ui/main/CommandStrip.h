@@ -19,7 +19,7 @@ class CommandStrip {
 
   // What is typed goes into the form at once. Without an accent there is no skin, and the colours
   // of the form do not hold.
-  void Sync(const std::optional<QColor>& accent);
+  void Sync(const std::optional<PaletteColours>& skin);
 
   bool HoldsCommand(const QWidget* widget) const;
 

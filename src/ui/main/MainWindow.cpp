@@ -137,7 +137,7 @@ void MainWindow::Sync() {
   SyncColours();
   TakeKeyboard();
   for (int pane = 0; pane < lister::PaneCount; ++pane) SyncPane(pane);
-  strip_.Sync(Accent());
+  strip_.Sync(skin_);
   SyncShapes();
   SyncDrag();
   // When the first pane of all opens, nothing has the keyboard.
@@ -153,33 +153,20 @@ void MainWindow::SyncToolbar() {
   PlaceAt(*toolbar_, RectOf(form_.Toolbar1).adjusted(3, 0, 0, 0), form_.Toolbar1.Visible);
 }
 
-// Before a skin is loaded the desktop's colours serve.
-std::optional<QColor> MainWindow::Accent() const {
-  if (!form_.HasSkin) return std::nullopt;
-  return ToQColor(form_.AccentColour);
-}
-
-// Around a background that has no text colour of its own.
-std::optional<PaletteColours> MainWindow::ColoursOn(base::Colour back) const {
-  if (!form_.HasSkin) return std::nullopt;
-  const QColor fill = ToQColor(back);
-  const QColor text = Distinct(ToQColor(form_.ListForeColour), {fill}, ReadableContrast);
-  return PlainColours(fill, text, ToQColor(form_.AccentColour));
-}
-
 void MainWindow::SyncColours() {
-  std::optional<PaletteColours> program;
+  // Before a skin is loaded the desktop's colours serve.
+  skin_.reset();
   if (form_.HasSkin) {
-    program = ProgramColours(ToQColor(form_.BackColour), ToQColor(form_.ListBackColour),
-                             ToQColor(form_.ListForeColour), ToQColor(form_.AccentColour));
+    skin_ = ProgramColours(ToQColor(form_.BackColour), ToQColor(form_.ListBackColour),
+                           ToQColor(form_.ListForeColour), ToQColor(form_.AccentColour));
   }
-  programColours_.Show(program);
-  menuColours_.Show(*menuBar(), ColoursOn(form_.MenuBackColour));
+  programColours_.Show(skin_);
+  menuColours_.Show(*menuBar(), BarColours(form_.MenuBackColour, skin_));
 }
 
 void MainWindow::SyncPane(int pane) {
   titles_[pane]->Sync(form_.TitleBar[pane], form_.cmdTitle[pane], form_.cmdClosePane[pane],
-                      form_.shpBack[pane], Accent());
+                      form_.shpBack[pane], skin_);
   SyncList(lister::FolderListOf(pane));
   SyncList(lister::FileListOf(pane));
 }
@@ -209,13 +196,13 @@ void MainWindow::SyncShapes() {
   std::vector<FormSurface::Patch> patches;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const forms::Shape& back = form_.shpBack[pane];
-    if (IsPlaced(back) && form_.HasSkin) {
+    if (IsPlaced(back) && skin_) {
       patches.push_back({RectOf(back), ToQColor(back.BackColour), {}});
     }
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
       const forms::Label& shown = form_.lblNoRoom[list];
       NoRoomLabel& label = *noRoom_[list];
-      noRoomColours_[list].Show(label, ColoursOn(shown.BackColour));
+      noRoomColours_[list].Show(label, BarColours(shown.BackColour, skin_));
       label.setText(ToShownQString(shown.Caption));
       PlaceAt(label, RectOf(shown), IsPlaced(shown));
       const forms::Shape& holder = form_.shpPlaceHolder[list];

@@ -55,8 +55,6 @@ class MainWindow : public QMainWindow, public FormWindow {
   bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
   bool HasKeyboard(lister::ListId list) const;
   QWidget* Typist() const;
-  std::optional<QColor> Accent() const;
-  std::optional<PaletteColours> ColoursOn(base::Colour back) const;
   void SyncToolbar();
   void SyncColours();
   void SyncPane(int pane);
@@ -78,6 +76,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   workspace::PerList<NoRoomLabel*> noRoom_;
   std::map<lister::ListId, std::unique_ptr<ListerWidget>> lists_;
   std::array<DragBar*, 4> bars_{};
+  std::optional<PaletteColours> skin_;
   ApplicationColours programColours_;
   WidgetColours menuColours_;
   workspace::PerList<WidgetColours> noRoomColours_;

@@ -39,7 +39,7 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
 
 void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
                      const forms::Picture& close, const forms::Shape& pane,
-                     const std::optional<QColor>& accent) {
+                     const std::optional<PaletteColours>& skin) {
   const QRect row(RectOf(title).topLeft(), QPoint(RectOf(pane).right(), RectOf(close).bottom()));
   PlaceAt(*this, row, IsPlaced(title));
   const QRect inside(QPoint(0, 0), row.size());
@@ -57,7 +57,7 @@ void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
     path_.setText(text);
     path_.setToolTip(PlainToolTip(text));
   }
-  colours_.Show(*this, SkinColours(title, accent));
+  colours_.Show(*this, BoxColours(title, skin));
 }
 
 bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {

@@ -26,10 +26,10 @@ class PaneTitle : public QFrame {
   PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* parent);
 
   // Shows the pane's controls of the form in one row, as high as the pictures, that ends with the
-  // pane. A picture that does not fit in whole is left out. Without an accent there is no skin, and
-  // the title's colours do not hold.
+  // pane. A picture that does not fit in whole is left out. Without a skin the
+  // title's colours do not hold.
   void Sync(const forms::TextBox& title, const forms::Picture& picture, const forms::Picture& close,
-            const forms::Shape& pane, const std::optional<QColor>& accent);
+            const forms::Shape& pane, const std::optional<PaletteColours>& skin);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -21,24 +21,21 @@ struct ButtonLook {
   QColor Text;
 };
 
-// Fusion paints buttons in shades about their colour: lighter on the whole, with a gradient,
-// lighter below the mouse and darker when down. The text is to be read on all of them.
+// Fusion paints buttons, and pages below tabs, in shades about their colour: lighter on the whole,
+// with a gradient, lighter below the mouse and darker when down. The text is to be read on all.
 ButtonLook ButtonOn(const QColor& window, const QColor& windowText) {
-  ButtonLook look{Blend(window, windowText, TextOn(window) == Qt::white ? 8 : 6), windowText};
-  for (int percent = 0; percent <= 100; percent += 10) {
-    const QColor opposite = TextOn(TextOn(look.Back));
-    const QColor back = Blend(look.Back, opposite, percent);
-    const QColor lightest =
-        back.lighter(100 + std::max(1, (180 - qGray(back.rgb())) / 6)).lighter(105);
-    const QColor darkest = back.darker(112);
-    const QColor text = Distinct(windowText, {back, lightest, darkest}, ReadableContrast);
-    look.Text = text;
-    if (std::min(Contrast(text, lightest), Contrast(text, darkest)) >= ReadableContrast) {
-      look.Back = back;
-      break;
+  const QColor text = Distinct(windowText, {window}, ReadableContrast);
+  const bool dark = Contrast(window, Qt::black) < Contrast(text, Qt::black);
+  const QColor plain = Blend(window, text, dark ? 8 : 6);
+  for (int percent = 0; percent <= 100; percent += 5) {
+    const QColor back = Blend(plain, dark ? Qt::black : Qt::white, percent);
+    const QColor raised = back.lighter(100 + std::max(1, (180 - qGray(back.rgb())) / 6));
+    if (std::min(Contrast(text, raised.lighter(105)), Contrast(text, back.darker(112))) >=
+        ReadableContrast) {
+      return {back, text};
     }
   }
-  return look;
+  return {Qt::white, Qt::black};  // a text that was just readable on white
 }
 
 // What Fusion makes of the colour of the selection to frame what has the keyboard.
@@ -102,19 +99,13 @@ PaletteColours ColoursOf(const QPalette& palette) {
           .Accent = palette.color(QPalette::Highlight)};
 }
 
-std::optional<PaletteColours> SkinColours(const forms::TextBox& box,
-                                          const std::optional<QColor>& accent) {
-  if (!accent) return std::nullopt;
-  return PlainColours(ToQColor(box.BackColour), ToQColor(box.ForeColour), *accent);
-}
-
 QPalette MakePalette(const PaletteColours& colours) {
   const QColor& window = colours.Window;
   const QColor& base = colours.Base;
   const ButtonLook button = ButtonOn(window, colours.WindowText);
   const QColor highlight = HighlightOn(colours);
   const QColor tip = Blend(base, colours.Text, 7);
-  const QColor link = Distinct(colours.Accent, {window, base}, ReadableContrast);
+  const QColor link = Distinct(colours.Accent, {window}, ReadableContrast);
   const QColor faded = Blend(window, colours.WindowText, 20);
   const bool dark = TextOn(window) == Qt::white;
   const RoleColour roles[] = {
@@ -131,7 +122,7 @@ QPalette MakePalette(const PaletteColours& colours) {
     {QPalette::HighlightedText, Distinct(base, {highlight}, ReadableContrast)},
     {QPalette::Link, link},
     {QPalette::LinkVisited,
-     Distinct(Blend(link, colours.WindowText, 40), {window, base}, ReadableContrast)},
+     Distinct(Blend(link, colours.WindowText, 40), {window}, ReadableContrast)},
     {QPalette::ToolTipBase, tip},
     {QPalette::ToolTipText, Distinct(colours.Text, {tip}, ReadableContrast)},
     {QPalette::Light, Blend(window, Qt::white, dark ? 18 : 70)},
@@ -173,6 +164,19 @@ PaletteColours MenuColours(const PaletteColours& program) {
   return PlainColours(raised, Distinct(program.Text, {raised}, ReadableContrast), program.Accent);
 }
 
+std::optional<PaletteColours> BoxColours(const forms::TextBox& box,
+                                         const std::optional<PaletteColours>& program) {
+  if (!program) return std::nullopt;
+  return PlainColours(ToQColor(box.BackColour), ToQColor(box.ForeColour), program->Accent);
+}
+
+std::optional<PaletteColours> BarColours(base::Colour back,
+                                         const std::optional<PaletteColours>& program) {
+  if (!program) return std::nullopt;
+  const QColor fill = ToQColor(back);
+  return PlainColours(fill, Distinct(program->Text, {fill}, ReadableContrast), program->Accent);
+}
+
 QPalette FixedLightPalette(const QColor& window) {
   QPalette palette = MakePalette(PlainColours(Qt::white, Qt::black, FixedAccent));
   palette.setColor(QPalette::Window, window);
@@ -181,13 +185,15 @@ QPalette FixedLightPalette(const QColor& window) {
   return palette;
 }
 
-QPalette DesktopPalette() {
-  return Whole(QApplication::palette());
+const QPalette& DesktopPalette() {
+  static const QPalette desktop = Whole(QApplication::palette());
+  return desktop;
 }
 
 void ApplicationColours::Show(const std::optional<PaletteColours>& colours) {
   if (shown_ == colours) return;
   shown_ = colours;
+  DesktopPalette();  // notes it, now at the latest
   // An empty palette brings the desktop's back.
   QApplication::setPalette(colours ? MakePalette(*colours) : QPalette());
   if (colours) QApplication::setPalette(MakePalette(MenuColours(*colours)), "QMenu");

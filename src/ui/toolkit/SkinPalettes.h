@@ -25,10 +25,6 @@ PaletteColours PlainColours(const QColor& back, const QColor& text, const QColor
 
 PaletteColours ColoursOf(const QPalette& palette);
 
-// Those of a control of the main form. Without an accent there is no skin, and they do not hold.
-std::optional<PaletteColours> SkinColours(const forms::TextBox& box,
-                                          const std::optional<QColor>& accent);
-
 // Every role of the toolkit, so that nothing is left to what widgets would inherit. The first four
 // colours are taken as they are. Of the rest texts have ReadableContrast to what they stand on,
 // greyed ones MarkContrast, as have the frame and the patch that tell where the keyboard is.
@@ -42,13 +38,19 @@ PaletteColours ProgramColours(const QColor& window, const QColor& list, const QC
 // Of the menus that go with them, told from the lists below by a shade.
 PaletteColours MenuColours(const PaletteColours& program);
 
+// Of a control of the main form: with both colours, or with a background alone. None without a
+// skin, since theirs do not hold then.
+std::optional<PaletteColours> BoxColours(const forms::TextBox& box,
+                                         const std::optional<PaletteColours>& program);
+std::optional<PaletteColours> BarColours(base::Colour back,
+                                         const std::optional<PaletteColours>& program);
+
 // Of the windows that look the same in every skin: black on white fields, light buttons, and what
 // can be read on `window`.
 QPalette FixedLightPalette(const QColor& window = Qt::white);
 
-// What the desktop gave, as long as the application has been given nothing else. A window that is
-// given it keeps it whatever the application gets.
-QPalette DesktopPalette();
+// What the desktop gave at the start. A window that is given it keeps it in every skin.
+const QPalette& DesktopPalette();
 
 // The colours of whatever has none of its own: windows, menus, tool-tips. A palette is made only
 // when they change.

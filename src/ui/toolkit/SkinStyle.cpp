@@ -39,6 +39,10 @@ void PaintFocus(QPainter& painter, const QStyleOption& option) {
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
   if (element == PE_FrameFocusRect) return PaintFocus(*painter, *option);
+  if (element == PE_PanelMenu) {
+    painter->fillRect(option->rect, option->palette.base());
+    return PaintFrame(*painter, option->rect, EdgeOf(*option), 0);
+  }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   switch (element) {
     case PE_FrameLineEdit:
@@ -51,9 +55,6 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       break;
     case PE_IndicatorRadioButton:
       PaintFrame(*painter, option->rect, EdgeOf(*option), option->rect.width() / 2.0);
-      break;
-    case PE_PanelMenu:
-      PaintFrame(*painter, option->rect, EdgeOf(*option), 0);
       break;
     default:
       break;
