@@ -21,7 +21,8 @@ using settings::SkinColourCount;
 namespace {
 
 // In logical pixels.
-constexpr int SkinListWidth = 170;  // at least
+constexpr int SkinListWidth = 220;
+constexpr int LeastListWidth = 120;  // where the screen is narrow
 constexpr int SkinListSpacing = 2;
 constexpr int RowSpacing = 3;
 constexpr int SwatchRowGap = 8;      // between what stands in a row
@@ -87,10 +88,10 @@ QPushButton* SkinChooserWindow::AddButton(const forms::Button& button,
 
 QWidget* SkinChooserWindow::MakeSkins() {
   list_->setAccessibleName(ToQString(form_.TabStrip1.Caption));
-  list_->setMinimumWidth(SkinListWidth);
+  list_->setFixedWidth(SkinListWidth);
   list_->setSpacing(SkinListSpacing);
-  // As high as the buttons beside it make it.
-  list_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+  // As high as what stands beside it.
+  list_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
   connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
     const bool none = list_->selectedItems().isEmpty();
     form_.lstSkinsClick(none ? -1 : list_->currentRow());
@@ -141,6 +142,7 @@ QWidget* SkinChooserWindow::MakeColours() {
     rows_.at(index) = {label, swatch, choose};
   }
   page_ = new ScrollPage(rows, this);
+  for (QAbstractButton* const each : arrows->buttons()) page_->KeepInSight(*each);
   auto* const frame = new QGroupBox(ToQString(form_.Frame1.Caption), this);
   auto* const inside = new QVBoxLayout(frame);
   inside->addWidget(page_);
@@ -228,10 +230,17 @@ void SkinChooserWindow::Measure() {
   const int room = screen()->availableGeometry().width();
   const auto fit = [this, room](int columns, bool mayScroll) {
     LayRows(columns);
+    // Else the outer layouts would hear of it from the event loop.
+    page_->updateGeometry();
+    page_->parentWidget()->updateGeometry();
+    layout()->activate();
     const bool scrolls = page_->sizeHint().height() < page_->widget()->sizeHint().height();
     return sizeHint().width() <= room && (mayScroll || !scrolls);
   };
-  if (!fit(2, false) && !fit(3, false) && !fit(4, false) && !fit(2, true)) LayRows(1);
+  if (!fit(2, false) && !fit(3, false) && !fit(4, false) && !fit(2, true)) {
+    list_->setFixedWidth(LeastListWidth);
+    fit(1, true);
+  }
   const QSize size = sizeHint();
   form_.Width = ToTwips(size.width());
   form_.Height = ToTwips(size.height());

@@ -1,6 +1,6 @@
 #include "ui/toolkit/ScrollPage.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -29,10 +29,14 @@ QSize ScrollPage::sizeHint() const {
   return {page.width() + verticalScrollBar()->sizeHint().width(), most};
 }
 
-// The page has more or less to show.
+// The page has more or less to show, or a part of it has the keyboard.
 bool ScrollPage::eventFilter(QObject* watched, QEvent* event) {
   const bool done = QScrollArea::eventFilter(watched, event);
   if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  if (watched != widget() && event->type() == QEvent::FocusIn &&
+      static_cast<QFocusEvent*>(event)->reason() != Qt::MouseFocusReason) {
+    ensureWidgetVisible(static_cast<QWidget*>(watched));
+  }
   return done;
 }
 

@@ -11,6 +11,10 @@ class ScrollPage : public QScrollArea {
  public:
   explicit ScrollPage(QWidget* page, QWidget* parent = nullptr);
 
+  // Brings the part of the page into sight whenever it gets the keyboard by other means than Tab,
+  // which does that by itself, and the mouse, under which nothing is to move.
+  void KeepInSight(QWidget& part) { part.installEventFilter(this); }
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
