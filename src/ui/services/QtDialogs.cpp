@@ -1,6 +1,7 @@
 #include "ui/services/QtDialogs.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -40,10 +41,28 @@ class Asked {
   QPointer<Dialog> dialog_;
 };
 
+// Keeps the dialog in the desktop's colours, with what pops up in it and what it asks in its turn:
+// windows do not inherit those of their parents by themselves.
+class DesktopLook : public QObject {
+ public:
+  DesktopLook(QWidget& dialog, const QPalette& desktop) : QObject(&dialog) {
+    dialog.setPalette(desktop);
+    qApp->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (event->type() != QEvent::Polish || !receiver->isWidgetType()) return false;
+    for (const QObject* each = receiver->parent(); each != nullptr; each = each->parent()) {
+      if (each == parent()) static_cast<QWidget*>(receiver)->setAttribute(Qt::WA_WindowPropagation);
+    }
+    return false;
+  }
+};
+
 std::optional<std::string> AskFile(const platform::FileQuestion& question,
                                    QFileDialog::AcceptMode mode, const QPalette& palette) {
   Asked<QFileDialog> dialog;
-  dialog->setPalette(palette);
+  new DesktopLook(*dialog, palette);
   dialog->setWindowTitle(ToWindowTitle(question.Title));
   dialog->setAcceptMode(mode);
   dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
@@ -153,7 +172,7 @@ std::optional<std::string> QtDialogs::AskText(const platform::TextQuestion& ques
 std::optional<base::Colour> QtDialogs::AskColour(const platform::ColourQuestion& question) {
   CommonCustomColours common;  // outlives the dialog
   Asked<QColorDialog> dialog;
-  dialog->setPalette(desktop_);
+  new DesktopLook(*dialog, desktop_);
   PutCustomColours(question.Custom);
   dialog->setCurrentColor(ToQColor(question.Start));
   if (question.Shown) {
