@@ -25,12 +25,12 @@ QColor EdgeOf(const QStyleOption& option) {
   return Distinct(faint, {window, option.palette.color(QPalette::Base)}, MarkContrast);
 }
 
-void PaintFocus(QPainter& painter, const QStyleOption& option) {
+void PaintFocus(QPainter& painter, const QStyleOption& option, const QRect& place) {
   if (!option.state.testFlag(QStyle::State_KeyboardFocusChange)) return;
   const auto* const focus = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
   const bool told = focus != nullptr && focus->backgroundColor.isValid();
   const QColor back = told ? focus->backgroundColor : option.palette.color(QPalette::Button);
-  PaintFrame(painter, option.rect,
+  PaintFrame(painter, place,
              Distinct(option.palette.color(QPalette::Highlight), {back}, MarkContrast), 2);
 }
 
@@ -38,7 +38,7 @@ void PaintFocus(QPainter& painter, const QStyleOption& option) {
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
-  if (element == PE_FrameFocusRect) return PaintFocus(*painter, *option);
+  if (element == PE_FrameFocusRect) return PaintFocus(*painter, *option, option->rect);
   if (element == PE_PanelMenu) {
     painter->fillRect(option->rect, option->palette.base());
     return PaintFrame(*painter, option->rect, EdgeOf(*option), 0);
@@ -50,6 +50,12 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         PaintFrame(*painter, option->rect, EdgeOf(*option), 2);
       }
       break;
+    case PE_PanelButtonCommand:
+      // Which the style tells no more from the default button.
+      if (option->state.testFlag(State_HasFocus)) {
+        PaintFocus(*painter, *option, option->rect.adjusted(3, 3, -3, -3));
+      }
+      break;
     case PE_IndicatorCheckBox:
       PaintFrame(*painter, option->rect, EdgeOf(*option), 0);
       break;
@@ -58,6 +64,16 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       break;
     default:
       break;
+  }
+}
+
+void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const auto* const box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  const bool isField = control == CC_ComboBox && box != nullptr && box->editable && box->frame;
+  if (isField && !option->state.testFlag(State_HasFocus)) {
+    PaintFrame(*painter, option->rect, EdgeOf(*option), 2);
   }
 }
 
