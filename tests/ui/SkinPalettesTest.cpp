@@ -90,6 +90,8 @@ Pairs PairsOf(const std::string& skin) {
     };
     pairs[of + ", heading"] = {style.HeadingText, style.Heading, ReadableContrast};
     pairs[of + ", heading hovered"] = {style.HeadingHover, style.Heading, ReadableContrast};
+    // Told by the arrow, and by a frame where the cursor is.
+    pairs[of + ", selected row"] = {style.Selected.Fill, style.Plain.Fill, 1.1};
     mark(", arrow on a selected row", style.Arrow, style.Selected.Fill);
     mark(", arrow on a row", style.Arrow, style.Plain.Fill);
     mark(", frame of the cursor", style.ItemOutline, style.Plain.Fill);

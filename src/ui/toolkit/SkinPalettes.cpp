@@ -45,20 +45,22 @@ QColor FocusFrame(const QColor& highlight) {
   return frame;
 }
 
-// The accent, on its way to black or white, as a patch and as the frame that the style makes of it.
+// The accent, on its way to black or white: as a patch, with text in the colour of fields on it,
+// and as the frame that the style makes of it.
 QColor HighlightOn(const PaletteColours& colours) {
   QColor best = colours.Accent;
   double most = 0;
   const auto consider = [&](const QColor& tried) {
     const QColor frame = FocusFrame(tried);
-    const double reached =
-        std::min({Contrast(tried, colours.Base), Contrast(frame, colours.Base),
-                  Contrast(frame, colours.Window), Contrast(tried, colours.Window)});
+    const double reached = std::min({Contrast(tried, colours.Base) / ReadableContrast,
+                                     Contrast(tried, colours.Window) / MarkContrast,
+                                     Contrast(frame, colours.Base) / MarkContrast,
+                                     Contrast(frame, colours.Window) / MarkContrast});
     if (reached > most) {
       most = reached;
       best = tried;
     }
-    return most >= MarkContrast;
+    return most >= 1;
   };
   for (int percent = 0; percent <= 100; percent += 5) {
     if (consider(Blend(colours.Accent, Qt::black, percent)) ||
