@@ -6,16 +6,32 @@
 #include <algorithm>
 
 namespace tarnwell::ui {
+namespace {
+
+// How many windows it was opened over.
+int DepthOf(const QWidget& window) {
+  const QWidget* const below = window.parentWidget();
+  return below == nullptr ? 0 : 1 + DepthOf(*below->window());
+}
+
+}  // namespace
 
 QWidget* WindowInUse() {
-  // One that has just been closed counts as active until the desktop says otherwise.
-  for (QWidget* each = QApplication::activeWindow(); each != nullptr; each = each->parentWidget()) {
-    if (each->isWindow() && each->isVisible()) return each;
-  }
+  QWidget* const active = QApplication::activeWindow();
+  if (active != nullptr && active->isVisible()) return active;
+  // For a moment after a modal window has closed none is. Then the one that was opened over the
+  // others is meant.
+  QWidget* found = nullptr;
+  int rank = -1;
   for (QWidget* const each : QApplication::topLevelWidgets()) {
-    if (each->isVisible() && each->windowType() == Qt::Window) return each;
+    const bool isMain = each->windowType() == Qt::Window;
+    if (!each->isVisible() || (!isMain && each->windowType() != Qt::Dialog)) continue;
+    const int own = 2 * DepthOf(*each) + (isMain ? 1 : 0);
+    if (own <= rank) continue;
+    rank = own;
+    found = each;
   }
-  return nullptr;
+  return found;
 }
 
 void ShowOver(QWidget& window, QWidget* owner) {

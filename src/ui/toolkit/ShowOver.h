@@ -5,7 +5,8 @@
 
 namespace tarnwell::ui {
 
-// The window that the user works in: the active one, else any that can be seen, else null.
+// The window that the user works in: the active one, else one that can be seen and that no other
+// was opened over, else null.
 QWidget* WindowInUse();
 
 // Shows the window over the middle of `owner`, which may be null, wholly on the screen, and gives
