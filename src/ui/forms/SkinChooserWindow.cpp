@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -29,6 +30,7 @@ constexpr int SwatchRowGap = 8;      // between what stands in a row
 constexpr int SwatchColumnGap = 26;  // between the columns of rows
 constexpr int ChooseWidth = 34;
 constexpr int SampleSize = 18;
+constexpr int FocusWidth = 2;
 
 struct ChooserButton {
   forms::Button frmSkinChooser::*Button;
@@ -56,11 +58,30 @@ constexpr ListKey ListKeys[] = {
     {Qt::Key_Delete, &frmSkinChooser::cmdDelClick},
 };
 
+// Tells, like the swatches, that it has the keyboard.
+class SkinList : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QListWidget::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Text), FocusWidth));
+    painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+  }
+  void scrollContentsBy(int dx, int dy) override {
+    QListWidget::scrollContentsBy(dx, dy);
+    viewport()->update();  // the mark stays where it is
+  }
+};
+
 }  // namespace
 
 SkinChooserWindow::SkinChooserWindow(frmSkinChooser& form)
     : form_(form),
-      list_(new QListWidget(this)),
+      list_(new SkinList(this)),
       sample_(new QLabel(this)),
       hint_(new ElidedLabel(this)) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
