@@ -9,8 +9,12 @@ namespace tarnwell::ui {
 
 void MoveOntoScreen(QWidget& window, QPoint place, QSize size) {
   const QRect room = window.screen()->availableGeometry();
-  const int right = std::max(room.right() - size.width(), room.left());
-  const int bottom = std::max(room.bottom() - size.height(), room.top());
+  // It will have a frame like the one below.
+  if (const QWidget* const below = window.parentWidget()) {
+    size += below->window()->frameGeometry().size() - below->window()->size();
+  }
+  const int right = std::max(room.right() + 1 - size.width(), room.left());
+  const int bottom = std::max(room.bottom() + 1 - size.height(), room.top());
   window.move(std::clamp(place.x(), room.left(), right), std::clamp(place.y(), room.top(), bottom));
 }
 
