@@ -181,5 +181,19 @@ TEST_F(RunTest, EndsOnRequestRightBehindTheLoad) {
   }
 }
 
+TEST_F(RunTest, AsksNothingMoreOnceItIsToEnd) {
+  Run.Start();
+  Run.Main().MenuClick("mnuChooseSkin");
+  auto* const chooser = static_cast<settings::frmSkinChooser*>(Run.Host.OpenForms().back());
+  chooser->Picture1[0].BackColour += 1;
+  Run.Dialogs.Texts = {"a.b", "c.d"};
+  Run.OnBox = [this](popMsgBox& box) {  // to save the changes; and that the name is none
+    Run.Boxes.size() == 1 ? box.ButtonClick(2) : Run.App.RequestQuit();
+  };
+  Run.Main().MenuClick("mnuExit");
+  EXPECT_EQ(Run.Boxes.size(), 2U) << Run.Boxes.back();
+  EXPECT_EQ(Run.Dialogs.Asked.size(), 1U);
+}
+
 }  // namespace
 }  // namespace tarnwell::shell
