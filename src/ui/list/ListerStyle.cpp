@@ -56,7 +56,9 @@ ListerStyle SystemStyle(bool active, const QPalette& system) {
                     .HeadingHover = system.color(QPalette::Link),
                     .ItemOutline = accent,
                     .ItemUnderline = accent};
-  AddRowColours(style, system.color(QPalette::PlaceholderText), active ? 45 : 20);
+  const QColor base = system.color(QPalette::Base);
+  const QColor faint = Blend(base, system.color(QPalette::Text), 60);
+  AddRowColours(style, Distinct(faint, {base}, ReadableContrast), active ? 45 : 20);
   return style;
 }
 
