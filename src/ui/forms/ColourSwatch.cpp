@@ -15,7 +15,7 @@ constexpr int RingWidth = 2;       // of the mark of the keyboard
 constexpr int RingGap = 1;         // between the mark and the colour
 
 constexpr int PointerSize = 32;
-constexpr QPoint PointerTip(1, 1);
+constexpr QPoint PointerTip(2, 2);
 
 }  // namespace
 
@@ -58,12 +58,13 @@ QCursor PointerHolding(const QColor& colour, qreal ratio) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(Qt::white, 1));
   painter.setBrush(Qt::black);
+  painter.translate(1, 1);
   painter.drawPolygon(
       QPolygonF({{1, 1}, {1, 17}, {5, 13.5}, {7.5, 19}, {10, 18}, {7.5, 12.5}, {12.5, 12.5}}));
-  QPainterPath drop(QPointF(22, 9));
-  drop.cubicTo(24, 13, 29, 17, 29, 22);
-  drop.arcTo(QRectF(15, 15, 14, 14), 0, -180);
-  drop.cubicTo(15, 17, 20, 13, 22, 9);
+  QPainterPath drop(QPointF(21, 8));
+  drop.cubicTo(23, 12, 28, 16, 28, 21);
+  drop.arcTo(QRectF(14, 14, 14, 14), 0, -180);
+  drop.cubicTo(14, 16, 19, 12, 21, 8);
   painter.strokePath(drop, QPen(Qt::white, 4));
   painter.setPen(QPen(Qt::black, 1.5));
   painter.setBrush(colour);

@@ -111,6 +111,8 @@ QWidget* SkinChooserWindow::MakeSkins() {
   list_->setAccessibleName(ToQString(form_.TabStrip1.Caption));
   list_->setFixedWidth(SkinListWidth);
   list_->setSpacing(SkinListSpacing);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  list_->setTextElideMode(Qt::ElideMiddle);
   // As high as what stands beside it.
   list_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
   connect(list_, &QListWidget::itemSelectionChanged, this, [this] {
@@ -217,7 +219,10 @@ void SkinChooserWindow::SyncList() {
   if (shownSkins_ != form_.lstSkins.Items) {
     shownSkins_ = form_.lstSkins.Items;
     list_->clear();
-    for (const std::string& name : shownSkins_) list_->addItem(ToShownQString(name));
+    for (const std::string& name : shownSkins_) {
+      auto* const item = new QListWidgetItem(ToShownQString(name), list_);
+      item->setToolTip(PlainToolTip(item->text()));
+    }
   }
   const int chosen = form_.lstSkins.ListIndex;
   const int shown = list_->selectedItems().isEmpty() ? -1 : list_->currentRow();
