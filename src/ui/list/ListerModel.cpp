@@ -1,7 +1,5 @@
 #include "ui/list/ListerModel.h"
 
-#include <QStringList>
-
 #include "lister/rows/CellText.h"
 #include "ui/list/ListerMarks.h"
 #include "ui/toolkit/Convert.h"
@@ -69,7 +67,15 @@ void ListerModel::CellsChanged(RowId parent, int first, int last) {
   emit dataChanged(index(first, 0, above), index(last, lister::HeadingCount - 1, above));
 }
 
+// A view that is told lays all of its rows out anew.
 void ListerModel::HeadingsChanged() {
+  QStringList texts;
+  for (int column = 0; column < lister::HeadingCount; ++column) {
+    const lister::Heading& heading = shown_.Table[HeadingOf(column)];
+    texts << ToQString(heading.Caption) << ToQString(heading.ToolTip);
+  }
+  if (texts == headingTexts_) return;
+  headingTexts_ = texts;
   emit headerDataChanged(Qt::Horizontal, 0, lister::HeadingCount - 1);
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QStringList>
 
 #include "lister/list/ListAppearance.h"
 #include "lister/rows/ListRows.h"
@@ -54,6 +55,7 @@ class ListerModel : public QAbstractItemModel {
   const lister::ListRows& rows_;
   const lister::ListAppearance& shown_;
   const IconSource& icons_;
+  QStringList headingTexts_;                // as the views were last told
   QList<QPersistentModelIndex> reordered_;  // the parent whose children change places
 };
 
