@@ -44,7 +44,9 @@ struct FullMachine : shell::TestMachine {
     for (int file = 0; file < FileCount; ++file) {
       Files.AddFile("C:\\file " + std::to_string(file) + ".txt");
     }
-    Files.AddFile("C:\\Tarnwell\\user.usr", "\"Layout\",0,0,0,0,0\r\n\"Status\",0,0,0,0,0\r\n");
+    Files.AddFile("C:\\Tarnwell\\user.usr",
+                  "\"ProgramPosition\",0,0,9000,9000,0\r\n\"Layout\",0,0,0,0,0\r\n"
+                  "\"Status\",0,0,0,0,0\r\n");
     Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", SkinContent());
   }
 };
