@@ -70,8 +70,10 @@ done
 check "format" scripts/check-format
 
 # Nobody runs them here, but they follow what they measure.
-check "benchmarks compile" xargs -0 -n 1 -P "$jobs" c++ -std=c++20 -Isrc -fsyntax-only \
-  < <(printf '%s\0' bench/*.cpp)
+read -ra qtFlags < <(pkg-config --cflags Qt6Widgets)
+check "benchmarks compile" xargs -0 -n 1 -P "$jobs" c++ -std=c++20 -fPIC -Isrc -Itests \
+  -DTARNWELL_TESTS='""' -DTARNWELL_BENCH_DATA='""' "${qtFlags[@]}" -fsyntax-only \
+  < <(printf '%s\0' bench/*.cpp bench/ui/*.cpp)
 
 begin "build of release"
 scripts/build release tarnwell

@@ -96,6 +96,31 @@ TEST_F(MainWindowTest, AResizeToTheSameSizeTouchesNothing) {
   EXPECT_EQ(events.Count, 3);  // those that were sent
 }
 
+TEST_F(MainWindowTest, AChangeOfColourPaintsEachListOnceAndLaysOutNone) {
+  Run.Main().MenuClick("mnuChooseSkin");
+  auto& chooser = dynamic_cast<settings::frmSkinChooser&>(*Run.Host.OpenForms().back());
+  QList<QWidget*> rows;
+  int layouts = 0;
+  for (const QTreeView* tree : Shown<QTreeView>()) {
+    rows << tree->viewport();
+    QObject::connect(tree->model(), &QAbstractItemModel::headerDataChanged, &Window,
+                     [&layouts] { ++layouts; });
+  }
+  Run.Dialogs.OnColour = [&](const platform::ColourQuestion& question) {
+    for (const base::Colour colour : {0x102030, 0x908070}) {
+      const EventCount paints(rows, {QEvent::Paint});
+      question.Shown(colour);
+      Settle();
+      EXPECT_EQ(paints.Count, rows.size());
+    }
+    return std::optional<base::Colour>();
+  };
+  for (const auto row : {settings::ColorActiveItemOutline, settings::ColorListText}) {
+    chooser.cmdChooseClick(row);
+  }
+  EXPECT_EQ(layouts, 0);
+}
+
 TEST_F(MainWindowTest, ADragMovesBarsAndPaintsNoList) {
   const QRect before = PlaceOf("Folders of pane 1");
   const QPoint from(before.right() + 2, before.center().y());

@@ -1,7 +1,6 @@
 // The window of one form: shows the form's state and calls its methods; decides nothing.
 #pragma once
 
-#include <QTimer>
 #include <QWidget>
 #include <exception>
 
@@ -25,10 +24,15 @@ class FormWindow : public forms::FormView {
   void Touched() final {
     if (pending_) return;
     pending_ = true;
-    QTimer::singleShot(0, &Widget(), [this] {
-      pending_ = false;
-      if (!closed_) Sync();
-    });
+    // As an event, which comes before the painting that is due by then: so what changes is painted
+    // once.
+    QMetaObject::invokeMethod(
+        &Widget(),
+        [this] {
+          pending_ = false;
+          if (!closed_) Sync();
+        },
+        Qt::QueuedConnection);
   }
   void Refresh() final {
     Sync();

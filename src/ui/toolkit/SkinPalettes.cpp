@@ -199,6 +199,8 @@ void ApplicationColours::Show(const std::optional<PaletteColours>& colours) {
   // An empty palette brings the desktop's back.
   QApplication::setPalette(colours ? MakePalette(*colours) : QPalette());
   if (colours) QApplication::setPalette(MakePalette(MenuColours(*colours)), "QMenu");
+  // Widgets hear of it by events, which are to come before the painting that is due by then.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
   QToolTip::setPalette(QApplication::palette());
 }
 
