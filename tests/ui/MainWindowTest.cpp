@@ -86,6 +86,29 @@ TEST_F(MainWindowTest, GivesLargeLettersRoom) {
   }
 }
 
+TEST_F(MainWindowTest, ASkinReachesWhatHasNoColoursOfItsOwn) {
+  Machine.Files.AddFile(
+      "C:\\Tarnwell\\skins\\Grasshopper.twk",
+      "\"ColorProgramBackground\",64,0,0,0,0\r\n\"ColorMainMenu\",32768,0,0,0,0\r\n"
+      "\"ColorListText\",16777215,0,0,0,0\r\n");
+  QDialog open;
+  const auto load = [this] {
+    Run.Main().ButtonClick("skinsecond");
+    Window.Sync();
+    Settle();
+  };
+  load();
+  EXPECT_EQ(open.palette().color(QPalette::Window), QColor(64, 0, 0));
+  EXPECT_EQ(Window.menuBar()->palette().color(QPalette::Window), QColor(0, 128, 0));
+  for (const QMenu* const menu : Window.menuBar()->findChildren<QMenu*>()) {
+    EXPECT_LT(qGray(menu->palette().color(QPalette::Window).rgb()), 40) << "a shade above black";
+  }
+  const EventCount again(Window.findChildren<QMenu*>(), {QEvent::PaletteChange});
+  load();
+  EXPECT_EQ(again.Count, 0);
+  QApplication::setPalette(QPalette());
+}
+
 TEST_F(MainWindowTest, AResizeToTheSameSizeTouchesNothing) {
   EventCount events(Window.findChildren<QWidget*>(),
                     {QEvent::Move, QEvent::Resize, QEvent::Show, QEvent::Hide,
