@@ -48,6 +48,7 @@ void Skin::LoadSkin(const std::string& name) {
     }
   }
   ApplySkinChange();
+  if (loaded_) loaded_();
 }
 
 void Skin::SendProperty(std::string_view name, const base::Value& value) {

@@ -1,7 +1,9 @@
 // The skin: the colours of the whole program.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "base/Value.h"
 #include "forms/Messenger.h"
@@ -20,6 +22,9 @@ class Skin {
   // the user; the colours stay.
   void LoadSkin(const std::string& name);
 
+  // Runs after each load of a file; replaces what was given before.
+  void OnLoaded(std::function<void()> loaded) { loaded_ = std::move(loaded); }
+
   // Shows the colours on the form and on all lists that are set up.
   void ApplySkinChange();
 
@@ -33,6 +38,7 @@ class Skin {
   const SkinFiles& skins_;
   SettingTargets targets_;
   forms::Messenger& messenger_;
+  std::function<void()> loaded_;
 };
 
 }  // namespace tarnwell::settings

@@ -76,6 +76,10 @@ frmSkinChooser::frmSkinChooser(const ChooserServices& services, const SettingTar
   cmdOK.Caption = "OK";
   cmdOK.Default = true;
   cmdCancel.Caption = "Cancel";
+  // The toolbar of the main form loads skins, too.
+  skin_.OnLoaded([this] {
+    if (View != nullptr) FillPictureBoxes();
+  });
 }
 
 void frmSkinChooser::Load() {

@@ -164,6 +164,13 @@ TEST_F(SkinChooserTest, ColoursTakeEffectAtOnce) {
     seen.push_back(Space.Form.MenuBackColour);
   }
   EXPECT_EQ(seen, (std::vector<base::Colour>{1, base::White, 66, 1, 1, 55, 66, 9}));
+
+  Chooser.Picture1Click(ColorMainMenu);
+  Chooser.Picture1Click(ColorListText);
+  CurrentSkin.LoadSkin("mine");  // as a button of the toolbar does
+  EXPECT_EQ(Chooser.Picture1[ColorListText].BackColour, 7);
+  Chooser.CloseClick();
+  EXPECT_FALSE(IsOpen());
 }
 
 TEST_F(SkinChooserTest, AsksAboutWhatIsNotSaved) {
