@@ -3,6 +3,8 @@
 #include <QPointF>
 #include <QStringList>
 
+#include "ui/toolkit/Contrast.h"
+
 namespace tarnwell::ui {
 namespace {
 
@@ -24,7 +26,7 @@ void PaintOnlyHere(QPainter& painter, const QRectF& place, const QColor& colour)
   painter.setBrush(colour);
   painter.drawEllipse(place);
   // The plus is left out of the disc in black or white, whichever stands out.
-  painter.setPen(QPen(qGray(colour.rgb()) > 140 ? Qt::black : Qt::white, 1.6));
+  painter.setPen(QPen(TextOn(colour), 1.6));
   const QPointF middle = place.center();
   painter.drawLine(middle - QPointF(3, 0), middle + QPointF(3, 0));
   painter.drawLine(middle - QPointF(0, 3), middle + QPointF(0, 3));
