@@ -32,6 +32,9 @@ constexpr int ChooseWidth = 34;
 constexpr int SampleSize = 18;
 constexpr int FocusWidth = 2;
 
+constexpr int MostColumns = 4;  // of rows
+constexpr int ColumnParts = 4;  // label, swatch, button, and the gap to the next column
+
 struct ChooserButton {
   forms::Button frmSkinChooser::*Button;
   void (frmSkinChooser::*Click)();
@@ -191,7 +194,7 @@ void SkinChooserWindow::LayRows(int columns) {
   const int perColumn = (static_cast<int>(SkinColourCount) + columns - 1) / columns;
   for (int i = 0; i < static_cast<int>(SkinColourCount); ++i) {
     const int row = i % perColumn;
-    const int column = i / perColumn * 4;  // the last is the gap
+    const int column = i / perColumn * ColumnParts;
     const Row& each = rows_.at(static_cast<std::size_t>(i));
     QWidget* const parts[] = {each.Label, each.Swatch, each.Choose};
     for (int part = 0; part < 3; ++part) {
@@ -199,9 +202,9 @@ void SkinChooserWindow::LayRows(int columns) {
       grid_->addWidget(parts[part], row, column + part);
     }
   }
-  for (int gap = 3; gap < 4 * 4; gap += 4) {
-    grid_->setColumnMinimumWidth(gap,
-                                 gap + 1 < 4 * columns ? SwatchColumnGap - 2 * SwatchRowGap : 0);
+  for (int column = 1; column < MostColumns; ++column) {
+    grid_->setColumnMinimumWidth(column * ColumnParts - 1,
+                                 column < columns ? SwatchColumnGap - 2 * SwatchRowGap : 0);
   }
 }
 
@@ -231,7 +234,7 @@ void SkinChooserWindow::SyncList() {
 
 void SkinChooserWindow::SyncHeld() {
   const base::Colour held = form_.HeldColour();
-  if (held == shownHeld_ && !hint_->text().isEmpty()) return;
+  if (shownHeld_ == held) return;
   shownHeld_ = held;
   const bool holds = held != frmSkinChooser::NoColour;
   sample_->setVisible(holds);
@@ -263,7 +266,7 @@ void SkinChooserWindow::Measure() {
     const bool scrolls = page_->sizeHint().height() < page_->widget()->sizeHint().height();
     return sizeHint().width() <= room && (mayScroll || !scrolls);
   };
-  if (!fit(2, false) && !fit(3, false) && !fit(4, false) && !fit(2, true)) {
+  if (!fit(2, false) && !fit(3, false) && !fit(MostColumns, false) && !fit(2, true)) {
     list_->setFixedWidth(LeastListWidth);
     fit(1, true);
   }

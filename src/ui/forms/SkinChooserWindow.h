@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QListWidget>
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -53,7 +54,7 @@ class SkinChooserWindow : public QDialog, public FormWindow {
   std::array<Row, settings::SkinColourCount> rows_{};
   QLabel* sample_;     // of the colour that is held
   ElidedLabel* hint_;  // beside it
-  base::Colour shownHeld_ = settings::frmSkinChooser::NoColour;
+  std::optional<base::Colour> shownHeld_;
 };
 
 }  // namespace tarnwell::ui
