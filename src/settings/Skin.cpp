@@ -37,6 +37,8 @@ void Skin::LoadSkin(const std::string& name) {
         forms::MessageKind::Ok);
     return;
   }
+  bool& resizeEnabled = targets_.Space.Form.ResizeEnabled;
+  const bool wasEnabled = resizeEnabled;
   RecordReader reader(content);
   SettingRecord record;
   while (reader.Read(record)) {
@@ -47,6 +49,8 @@ void Skin::LoadSkin(const std::string& name) {
       // A value that cannot be read leaves its colour as it was.
     }
   }
+  // A place of the window in the file has stopped the arranging, for a start that is over.
+  resizeEnabled = wasEnabled;
   ApplySkinChange();
   if (loaded_) loaded_();
 }

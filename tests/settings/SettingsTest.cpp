@@ -217,6 +217,7 @@ TEST_F(SettingsTest, AShortOrDamagedSkinIsLoadedOverTheColoursThatAre) {
   EXPECT_TRUE(Colours[ColorListText] == 1 && Colours[ColorDriveText] == base::White &&
               Colours[ColorInActiveListOutline] == 9 && Colours[ColorMainMenu] == 0);
   EXPECT_EQ(Space.Settings.SkinName, "inside");
+  EXPECT_TRUE(Space.Form.ResizeEnabled && Space.Form.Left == 450);
 
   Colours[ColorProgramBackground] = 5;
   AddSkin("locked.twk", "").ReadFault = fakes::MemoryFileSystem::Denied();
