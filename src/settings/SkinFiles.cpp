@@ -15,6 +15,14 @@ constexpr std::string_view Ending = ".twk";
 constexpr std::array<std::string_view, 4> DefaultSkins = {"TRADITIONAL", "EARL GREY", "GRASSHOPPER",
                                                           "ROXY"};
 
+// Nothing for a file that is no skin's.
+std::optional<std::string_view> SkinNameOf(std::string_view file) {
+  file = base::Trim(file);
+  const std::size_t length = file.size() - std::min(file.size(), Ending.size());
+  if (!base::EqualsIgnoringCase(file.substr(length), Ending)) return {};
+  return file.substr(0, length);
+}
+
 base::Status Taken() {
   return {.Code = EEXIST, .Reason = "There is a skin of that name already"};
 }
@@ -32,11 +40,8 @@ bool IsDefaultSkin(std::string_view name) {
 std::vector<SkinFiles::Entry> SkinFiles::Entries() const {
   std::vector<Entry> entries;
   files_.ReadFolder(folder_, [this, &entries](const platform::FolderEntry& item) {
-    const std::string_view name = base::Trim(item.Name);
-    if (name.size() < Ending.size() ||
-        !base::EqualsIgnoringCase(name.substr(name.size() - Ending.size()), Ending)) {
-      return true;
-    }
+    const std::optional<std::string_view> name = SkinNameOf(item.Name);
+    if (!name) return true;
     platform::ItemKind kind = item.Kind;
     platform::ItemAttributes attributes;
     if (kind == platform::ItemKind::Unknown &&
@@ -44,9 +49,8 @@ std::vector<SkinFiles::Entry> SkinFiles::Entries() const {
       kind = attributes.Kind;
     }
     if (kind == platform::ItemKind::Folder) return true;
-    entries.push_back({.Name = std::string(name.substr(0, name.size() - Ending.size())),
-                       .File = std::string(item.Name),
-                       .IsLink = item.IsLink});
+    entries.push_back(
+        {.Name = std::string(*name), .File = std::string(item.Name), .IsLink = item.IsLink});
     return true;
   });
   std::ranges::sort(entries, {}, &Entry::File);
@@ -118,7 +122,8 @@ base::Status SkinFiles::Remove(const std::string& name) {
 }
 
 base::Status SkinFiles::Import(const std::string& path, const std::string& name) {
-  if (name.empty()) return {.Code = EINVAL, .Reason = "Its name leaves none for a skin"};
+  if (base::Trim(name).empty())
+    return {.Code = EINVAL, .Reason = "Its name leaves none for a skin"};
   if (Find(name)) return Taken();
   std::string content;
   if (base::Status status = files_.ReadFile(path, content); !status) return status;
@@ -127,9 +132,13 @@ base::Status SkinFiles::Import(const std::string& path, const std::string& name)
 
 base::Status SkinFiles::Export(const std::string& name, const std::string& path) const {
   const base::PathSyntax& syntax = files_.Syntax();
-  const std::string_view target = syntax.LastComponent(path);
-  const std::string_view targetSkin = target.substr(0, target.rfind('.'));
-  if (syntax.Same(syntax.ParentOf(path), folder_) && IsDefaultSkin(targetSkin)) return Taken();
+  const std::string_view file = syntax.LastComponent(path);
+  const std::optional<std::string_view> skin = SkinNameOf(file);
+  // The skin folder may have another path, by a link.
+  if (skin && stamps_.Read(syntax.ParentOf(path)).IsSameFolder(stamps_.Read(folder_))) {
+    const std::optional<Entry> there = Find(*skin);
+    if (IsDefaultSkin(*skin) || (there && there->File != file)) return Taken();
+  }
   std::string content;
   if (base::Status status = Read(name, content); !status) return status;
   return files_.WriteFile(path, content);

@@ -9,14 +9,15 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/FolderStamps.h"
 
 namespace tarnwell::settings {
 
 class SkinFiles {
  public:
   // The folder need not be there.
-  SkinFiles(platform::FileSystem& files, std::string folder)
-      : files_(files), folder_(std::move(folder)) {}
+  SkinFiles(platform::FileSystem& files, const platform::FolderStamps& stamps, std::string folder)
+      : files_(files), stamps_(stamps), folder_(std::move(folder)) {}
 
   // The names, without ending and blanks around, in the order of their letters.
   std::vector<std::string> List() const;
@@ -30,7 +31,8 @@ class SkinFiles {
   base::Status Remove(const std::string& name);
 
   // Copies of files from and to elsewhere, by their whole paths, unread. An import replaces no
-  // skin; an export overwrites what stands there, but for a default skin.
+  // skin; an export overwrites what stands there, but for a default skin, and gives no skin a
+  // second file.
   base::Status Import(const std::string& path, const std::string& name);
   base::Status Export(const std::string& name, const std::string& path) const;
 
@@ -46,6 +48,7 @@ class SkinFiles {
   base::Status ReplaceLink(const std::string& path, const std::string& content);
 
   platform::FileSystem& files_;
+  const platform::FolderStamps& stamps_;
   std::string folder_;
 };
 

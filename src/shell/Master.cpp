@@ -87,7 +87,7 @@ Master::Master(const Services& services, const Version& version, Splash& splash)
                 }),
       targets_{space_, layout_, colours_, switches_},
       settingsFile_(services_.Files, ProgramFile(SettingsName), targets_),
-      skinFiles_(services_.Files, services_.System.SkinFolder()),
+      skinFiles_(services_.Files, services_.Stamps, services_.System.SkinFolder()),
       skin_(skinFiles_, targets_, messages_),
       skinChooser_(
           {services_.Host, services_.Files, services_.Drives, services_.Dialogs, messages_},

@@ -207,12 +207,12 @@ TEST_F(SkinChooserTest, AsksAboutWhatIsNotSaved) {
 TEST_F(SkinChooserTest, TakesFilesFromElsewhereAndGivesThemThere) {
   Platform.Files.AddFile("D:\\Given\\Sea.skin", "anything");
   Platform.Files.AddFile("D:\\Given\\mine.txt");
-  Platform.Files.AddFile("D:\\Given\\.twk");
+  Platform.Files.AddFile("D:\\Given\\ .twk");
   Dialogs.File = "D:\\Given\\mine.txt";
   Chooser.cmdImportClick();
   EXPECT_TRUE(Said().at(0).starts_with("You already have a skin by that name (mine).\r\n\r\n"));
   EXPECT_EQ(Dialogs.AskedFor->Title, "Import Tarnwell Skin");
-  for (const char* file : {"D:\\Given\\gone.twk", "D:\\Given\\.twk"}) {
+  for (const char* file : {"D:\\Given\\gone.twk", "D:\\Given\\ .twk"}) {
     Dialogs.File = file;
     Chooser.cmdImportClick();
     EXPECT_TRUE(Said().at(0).find(file) != std::string::npos);
@@ -257,7 +257,8 @@ TEST(SkinFilesTest, ThereIsOneFileForAName) {
   files.AddFolder("/skins/Folder.twk");
   files.AddFile("/elsewhere", "precious");
   files.AddLink("/skins/Link.twk", "/elsewhere");
-  SkinFiles skins(files, "/skins");
+  const fakes::FakeFolderStamps stamps(files);
+  SkinFiles skins(files, stamps, "/skins");
   EXPECT_EQ(skins.List(), (Texts{"Dawn", "Link", "Sea", "\u00C4pfel"}));
   std::string content;
   for (const auto& [name, file] : {std::pair{"SEA", "Sea.twk"},
@@ -267,6 +268,8 @@ TEST(SkinFilesTest, ThereIsOneFileForAName) {
     EXPECT_TRUE(skins.Read(name, content));
     EXPECT_EQ(content, file);
   }
+  files.AddLink("/alias", "/skins");
+  EXPECT_FALSE(skins.Export("Sea", "/alias/Roxy.twk") || skins.Export("Dawn", "/skins/SEA.twk"));
   EXPECT_TRUE(skins.Write("link", "new") && skins.Write("DAWN", "new"));
   EXPECT_EQ(at("Link.twk").Content + at(" Dawn.twk").Content, "newnew");
   EXPECT_EQ(files.At("/elsewhere").Content, "precious");

@@ -45,7 +45,7 @@ class TestProgram : public lists::TestLists, public workspace::PaneHooks, public
   SkinColours Colours{};
   SettingTargets Targets{Space, Layout, Colours, *this};
   SettingsFile File{Platform.Files, Path, Targets};
-  SkinFiles Skins{Platform.Files, "C:\\Tarnwell\\skins"};
+  SkinFiles Skins{Platform.Files, Platform.Stamps, "C:\\Tarnwell\\skins"};
   Skin CurrentSkin{Skins, Targets, Messages};
   fakes::FakeDialogs Dialogs;
   frmSkinChooser Chooser{{Host, Platform.Files, Platform.Drives, Dialogs, Messages},
