@@ -41,6 +41,8 @@ void Add(Pairs& pairs, const std::string& of, const QPalette& palette, std::size
     if (rows-- == 0) break;
     pairs[of + ", " + name] = {palette.color(group, front), palette.color(group, back), least};
   }
+  pairs[of + ", greyed, raised"] = {palette.color(QPalette::Disabled, QPalette::ButtonText),
+                                    palette.color(QPalette::Button).lighter(118), MarkContrast};
 }
 
 void Add(Pairs& pairs, const std::string& of, const RowColours& row, const ListerStyle& style) {

@@ -19,10 +19,12 @@ using RoleColour = std::pair<QPalette::ColorRole, QColor>;
 struct ButtonLook {
   QColor Back;
   QColor Text;
+  QColor Raised;  // the lightest shade that the text stands on
 };
 
 // Fusion paints buttons, and pages below tabs, in shades about their colour: lighter on the whole,
-// with a gradient, lighter below the mouse and darker when down. The text is to be read on all.
+// with a gradient, lighter below the mouse and darker when down. The text is to be read on all, and
+// greyed to be told.
 ButtonLook ButtonOn(const QColor& window, const QColor& windowText) {
   const QColor text = Distinct(windowText, {window}, ReadableContrast);
   const bool dark = Contrast(window, Qt::black) < Contrast(text, Qt::black);
@@ -30,12 +32,12 @@ ButtonLook ButtonOn(const QColor& window, const QColor& windowText) {
   for (int percent = 0; percent <= 100; percent += 5) {
     const QColor back = Blend(plain, dark ? Qt::black : Qt::white, percent);
     const QColor raised = back.lighter(100 + std::max(1, (180 - qGray(back.rgb())) / 6));
-    if (std::min(Contrast(text, raised.lighter(105)), Contrast(text, back.darker(112))) >=
-        ReadableContrast) {
-      return {back, text};
+    const QColor lightest = raised.lighter(118);
+    if (std::min(Contrast(text, lightest), Contrast(text, back.darker(112))) >= ReadableContrast) {
+      return {back, text, lightest};
     }
   }
-  return {Qt::white, Qt::black};  // a text that was just readable on white
+  return {Qt::white, Qt::black, Qt::white};  // a text that was just readable on white
 }
 
 // What Fusion makes of the colour of the selection to frame what has the keyboard.
@@ -71,8 +73,9 @@ QColor HighlightOn(const PaletteColours& colours) {
   return best;
 }
 
-QColor Greyed(const QColor& back, const QColor& text) {
-  return Distinct(Blend(back, text, 45), {back}, MarkContrast);
+// On `raised` as well.
+QColor Greyed(const QColor& back, const QColor& raised, const QColor& text) {
+  return Distinct(Blend(back, text, 45), {back, raised}, MarkContrast);
 }
 
 // Every role set, also those that have the value that widgets would inherit.
@@ -136,15 +139,16 @@ QPalette MakePalette(const PaletteColours& colours) {
     {QPalette::Accent, highlight},
 #endif
   };
+  const QColor greyed = Greyed(window, button.Raised, colours.WindowText);
   const RoleColour disabled[] = {
-      {QPalette::WindowText, Greyed(window, colours.WindowText)},
+      {QPalette::WindowText, greyed},
       {QPalette::Base, window},
-      {QPalette::Text, Greyed(window, colours.WindowText)},
-      {QPalette::PlaceholderText, Greyed(window, colours.WindowText)},
-      {QPalette::ButtonText, Greyed(button.Back, button.Text)},
+      {QPalette::Text, greyed},
+      {QPalette::PlaceholderText, greyed},
+      {QPalette::ButtonText, Greyed(button.Back, button.Raised, button.Text)},
       {QPalette::Light, window},  // the style lays it below greyed texts
       {QPalette::Highlight, faded},
-      {QPalette::HighlightedText, Greyed(faded, colours.WindowText)},
+      {QPalette::HighlightedText, Greyed(faded, faded, colours.WindowText)},
   };
   QPalette palette;
   for (const auto& [role, colour] : roles) palette.setColor(role, colour);
@@ -183,7 +187,8 @@ QPalette FixedLightPalette(const QColor& window) {
   QPalette palette = MakePalette(PlainColours(Qt::white, Qt::black, FixedAccent));
   palette.setColor(QPalette::Window, window);
   palette.setColor(QPalette::WindowText, TextOn(window));
-  palette.setColor(QPalette::Disabled, QPalette::WindowText, Greyed(window, TextOn(window)));
+  palette.setColor(QPalette::Disabled, QPalette::WindowText,
+                   Greyed(window, window, TextOn(window)));
   return palette;
 }
 
