@@ -58,13 +58,19 @@ std::vector<SkinFiles::Entry> SkinFiles::Entries() const {
 }
 
 std::optional<SkinFiles::Entry> SkinFiles::Find(std::string_view name) const {
-  const std::string capitals = base::ToCapitals(base::Trim(name));
+  const std::string wanted = base::ToCapitals(name);
   std::optional<Entry> found;
+  std::optional<Entry> butForBlanks;
   for (Entry& entry : Entries()) {
     if (entry.Name == name) return std::move(entry);
-    if (!found && base::ToCapitals(entry.Name) == capitals) found = std::move(entry);
+    const std::string capitals = base::ToCapitals(entry.Name);
+    if (!found && capitals == wanted) {
+      found = std::move(entry);
+    } else if (!butForBlanks && base::Trim(capitals) == base::Trim(wanted)) {
+      butForBlanks = std::move(entry);
+    }
   }
-  return found;
+  return found ? found : butForBlanks;
 }
 
 std::vector<std::string> SkinFiles::List() const {

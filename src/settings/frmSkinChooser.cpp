@@ -279,7 +279,7 @@ void frmSkinChooser::cmdResaveClick() {
   // The old one goes only when the new one is there.
   base::Status status = SaveSkin(*name, saved);
   if (!status) return;
-  const bool isSame = base::ToCapitals(*old) == base::ToCapitals(*name);
+  const bool isSame = base::ToCapitals(base::Trim(*old)) == base::ToCapitals(*name);
   status = isSame ? skins_.Rename(*old, *name) : skins_.Remove(*old);
   FillSkinList();
   if (!status) TellFailure("removed", *old, status);

@@ -102,13 +102,17 @@ TEST_F(SkinChooserTest, LosesNoSkinWhereOneCannotBeWritten) {
                            "Sorry, you cannot use the name of any of the default skins.\r\n\r\n"
                            "Please use a different name."}));
   EXPECT_EQ(Space.Settings.SkinName, "OTHER");
-  AddSkin("Third.twk", "");
+  AddSkin("Third .twk", "");
   Choose("Another");
   Dialogs.Texts = {"third"};
   Chooser.cmdRenameClick();
   EXPECT_EQ(Said().size(), 1U);
-  EXPECT_TRUE(ContentOf("Third").empty());
+  EXPECT_TRUE(ContentOf("Third ").empty());
   EXPECT_FALSE(ContentOf("Another").empty());
+  Choose("Third ");
+  Dialogs.Texts = {"third"};
+  Chooser.cmdResaveClick();
+  EXPECT_EQ(Chooser.lstSkins.Items, (Texts{"Another", "Earl Grey", "third"}));
 }
 
 TEST_F(SkinChooserTest, NothingWorksOnNoSkinAndLittleOnADefaultOne) {
@@ -251,7 +255,8 @@ TEST(SkinFilesTest, ThereIsOneFileForAName) {
   const auto at = [&](const char* file) -> fakes::MemoryItem& {
     return files.At("/skins/" + std::string(file));
   };
-  for (const char* name : {"Sea.twk", "sea.TWK", "\u00C4pfel.twk", " Dawn.twk", "no.skin", "x"}) {
+  for (const char* name :
+       {"Sea.twk", "sea.TWK", "\u00C4pfel.twk", " Dawn.twk", "Dusk .twk", "no.skin"}) {
     files.AddFile("/skins/" + std::string(name), name);
   }
   files.AddFolder("/skins/Folder.twk");
@@ -259,12 +264,13 @@ TEST(SkinFilesTest, ThereIsOneFileForAName) {
   files.AddLink("/skins/Link.twk", "/elsewhere");
   const fakes::FakeFolderStamps stamps(files);
   SkinFiles skins(files, stamps, "/skins");
-  EXPECT_EQ(skins.List(), (Texts{"Dawn", "Link", "Sea", "\u00C4pfel"}));
+  EXPECT_EQ(skins.List(), (Texts{"Dawn", "Dusk ", "Link", "Sea", "\u00C4pfel"}));
   std::string content;
   for (const auto& [name, file] : {std::pair{"SEA", "Sea.twk"},
                                    {"sea", "sea.TWK"},
                                    {"\u00E4PFEL", "\u00C4pfel.twk"},
-                                   {"dawn", " Dawn.twk"}}) {
+                                   {"dawn", " Dawn.twk"},
+                                   {"DUSK ", "Dusk .twk"}}) {
     EXPECT_TRUE(skins.Read(name, content));
     EXPECT_EQ(content, file);
   }
