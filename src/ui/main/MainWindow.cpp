@@ -12,7 +12,6 @@
 
 #include "lister/list/ListInput.h"
 #include "ui/main/WindowKeys.h"
-#include "ui/toolkit/Contrast.h"
 #include "ui/toolkit/ControlGeometry.h"
 
 namespace tarnwell::ui {
@@ -27,9 +26,6 @@ constexpr QSize LeastGrip(80, 16);
 
 // Above and below the text of a title.
 constexpr int TitleRim = 2;
-
-// Of 100 parts text colour in a line that is to be seen and not to be noticed.
-constexpr int EdgeStrength = 22;
 
 // A window that cannot be reached with the mouse, whatever the settings say, comes to the screen.
 QPoint ReachablePlace(const QRect& window, const QScreen& screen) {
@@ -188,11 +184,6 @@ void MainWindow::SyncList(lister::ListId list) {
 }
 
 void MainWindow::SyncShapes() {
-  const auto edgeOn = [](const QWidget& widget) {
-    const QPalette& colours = widget.palette();
-    return Blend(colours.color(QPalette::Window), colours.color(QPalette::WindowText),
-                 EdgeStrength);
-  };
   std::vector<FormSurface::Patch> patches;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const forms::Shape& back = form_.shpBack[pane];
@@ -207,10 +198,11 @@ void MainWindow::SyncShapes() {
       PlaceAt(label, RectOf(shown), IsPlaced(shown));
       const forms::Shape& holder = form_.shpPlaceHolder[list];
       if (!IsPlaced(holder)) continue;
-      patches.push_back({RectOf(holder), label.palette().color(QPalette::Window), edgeOn(label)});
+      patches.push_back(
+          {RectOf(holder), label.palette().color(QPalette::Window), LineColour(label.palette())});
     }
   }
-  surface_->ShowShapes(std::move(patches), MainToolbar::Height, edgeOn(*surface_));
+  surface_->ShowShapes(std::move(patches), MainToolbar::Height, LineColour(surface_->palette()));
 }
 
 // What follows the mouse. The grey bars lie behind the others.

@@ -192,6 +192,17 @@ QPalette FixedLightPalette(const QColor& window) {
   return palette;
 }
 
+QColor EdgeColour(const QPalette& palette, bool enabled) {
+  const QColor window = palette.color(QPalette::Window);
+  const QColor faint = Blend(window, palette.color(QPalette::WindowText), 30);
+  if (!enabled) return faint;
+  return Distinct(faint, {window, palette.color(QPalette::Base)}, MarkContrast);
+}
+
+QColor LineColour(const QPalette& palette) {
+  return Blend(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 22);
+}
+
 const QPalette& DesktopPalette() {
   static const QPalette desktop = Whole(QApplication::palette());
   return desktop;

@@ -1,5 +1,6 @@
 // Palettes of the toolkit from the few colours that a skin or a form has: the one place where the
-// colours that a skin does not name are derived.
+// colours that a skin does not name are derived, but for those of a list's rows
+// (ui/list/ListerStyle).
 #pragma once
 
 #include <QPalette>
@@ -48,6 +49,11 @@ std::optional<PaletteColours> BarColours(base::Colour back,
 // Of the windows that look the same in every skin: black on white fields, light buttons, and what
 // can be read on `window`.
 QPalette FixedLightPalette(const QColor& window = Qt::white);
+
+// Round a field or a box: told from what lies inside and outside, unless nothing can be done there.
+QColor EdgeColour(const QPalette& palette, bool enabled);
+// Of lines that part areas: to be seen, and not to be noticed.
+QColor LineColour(const QPalette& palette);
 
 // What the desktop gave at the start. A window that is given it keeps it in every skin.
 const QPalette& DesktopPalette();

@@ -4,6 +4,7 @@
 #include <QStyleOption>
 
 #include "ui/toolkit/Contrast.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -17,12 +18,8 @@ void PaintFrame(QPainter& painter, const QRect& place, const QColor& colour, dou
   painter.restore();
 }
 
-// Round a field or a box, told from what lies inside and outside.
 QColor EdgeOf(const QStyleOption& option) {
-  const QColor window = option.palette.color(QPalette::Window);
-  const QColor faint = Blend(window, option.palette.color(QPalette::WindowText), 30);
-  if (!option.state.testFlag(QStyle::State_Enabled)) return faint;
-  return Distinct(faint, {window, option.palette.color(QPalette::Base)}, MarkContrast);
+  return EdgeColour(option.palette, option.state.testFlag(QStyle::State_Enabled));
 }
 
 void PaintFocus(QPainter& painter, const QStyleOption& option, const QRect& place) {
