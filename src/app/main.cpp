@@ -12,6 +12,7 @@
 #include "ui/forms/QtFormHost.h"
 #include "ui/forms/SkinChooserWindow.h"
 #include "ui/forms/SplashWindow.h"
+#include "ui/forms/UpdateWindow.h"
 #include "ui/main/MainWindow.h"
 #include "ui/operation/QtFileOperation.h"
 #include "ui/properties/QtItemWindows.h"
@@ -21,6 +22,7 @@
 #include "ui/services/QtMessagePump.h"
 #include "ui/services/QtNumberForms.h"
 #include "ui/services/QtPopupMenus.h"
+#include "ui/services/QtWeb.h"
 #include "ui/toolkit/FilePath.h"
 #include "ui/toolkit/IconSource.h"
 #include "ui/toolkit/SkinStyle.h"
@@ -29,8 +31,8 @@ namespace {
 
 using namespace tarnwell;
 
-constexpr shell::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION_MINOR,
-                                        TARNWELL_VERSION_REVISION};
+const base::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION_MINOR,
+                                   TARNWELL_VERSION_REVISION};
 
 // For the end that leaves no time for windows: the display has gone, and with it the way back into
 // main. What the user did is saved all the same, and no file is left half copied.
@@ -42,6 +44,11 @@ void SaveAtExit() {
   if (runningOperation != nullptr) runningOperation->CancelAndWait();
   if (openItemWindows != nullptr) openItemWindows->CancelAndWait();
   if (runningApplication != nullptr) runningApplication->MainObject().SaveWithoutWindows();
+}
+
+std::string ProgramSite() {
+  const char* const site = std::getenv("TARNWELL_SITE");
+  return site != nullptr && *site != '\0' ? site : TARNWELL_SITE;
 }
 
 template <typename... Forms>
@@ -83,13 +90,14 @@ int main(int argc, char** argv) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
+  ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
   const app::Desktop desktop =
       app::MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
 
   shell::Application application(
       {host, files, *system.Drives, *system.Watches, pump, *system.Clock, dialogs, *system.System,
        *system.Order, *desktop.Launcher, operation, *desktop.ItemMenus, popups, forms,
-       *system.Stamps, *desktop.Keys},
+       *system.Stamps, *desktop.Keys, web, ProgramSite()},
       ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
@@ -106,6 +114,8 @@ int main(int argc, char** argv) {
       [](settings::frmOptions& form) { return std::make_unique<ui::OptionsWindow>(form); });
   host.Bind<settings::frmSkinChooser>(
       [](settings::frmSkinChooser& form) { return std::make_unique<ui::SkinChooserWindow>(form); });
+  host.Bind<tools::frmUpdate>(
+      [](tools::frmUpdate& form) { return std::make_unique<ui::UpdateWindow>(form); });
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 

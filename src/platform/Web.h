@@ -1,6 +1,7 @@
 // Port: reading text from the web.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace tarnwell::platform {
@@ -8,9 +9,12 @@ namespace tarnwell::platform {
 class Web {
  public:
   virtual ~Web() = default;
-  // The whole body of the address as bytes; empty on any failure. Blocks, with a time limit of its
-  // own of some seconds.
-  virtual std::string OpenUrl(const std::string& address) = 0;
+  // The body of the address as bytes, at most the first `most` of them; empty on any failure, and
+  // after a time limit of some seconds. Lets messages through until then. Called again meanwhile it
+  // gives nothing at once.
+  virtual std::string OpenUrl(const std::string& address, std::size_t most) = 0;
+  // Ends a call that runs; it gives nothing. Without one does nothing.
+  virtual void GiveUp() = 0;
 };
 
 }  // namespace tarnwell::platform

@@ -5,7 +5,7 @@
 
 namespace tarnwell::shell {
 
-Application::Application(const Services& services, const Version& version)
+Application::Application(const Services& services, const base::Version& version)
     : services_(services),
       splash_(version, services_.System.ProgramFolder(), services_.Files, services_.Dialogs, *this),
       master_(services_, version, splash_) {}

@@ -9,7 +9,7 @@ namespace tarnwell::shell {
 
 class Application : private SplashHooks {
  public:
-  Application(const Services& services, const Version& version);
+  Application(const Services& services, const base::Version& version);
 
   Splash& StartForm() { return splash_; }
   Master& MainObject() { return master_; }
@@ -25,6 +25,7 @@ class Application : private SplashHooks {
   void ShowMaster() override;
   void EndProcess() override;
   void UnloadSplash() override;
+  void CheckForUpdate() override { master_.CheckForUpdate(false); }
   void StopReading() override;
 
   Services services_;

@@ -65,7 +65,7 @@ const Master::Stage Master::Stages[] = {
     {"highlighting active list...", &Master::ShowActiveList},
 };
 
-Master::Master(const Services& services, const Version& version, Splash& splash)
+Master::Master(const Services& services, const base::Version& version, Splash& splash)
     : services_(services),
       splash_(splash),
       space_(Tables(),
@@ -124,6 +124,8 @@ Master::Master(const Services& services, const Version& version, Splash& splash)
                                    const lister::Drop& drop) { drop_.DropItems(list, drop); }}),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_),
+      updates_(space_, {services_.Host, services_.Web, services_.Launcher, messages_}, version,
+               services_.Site),
       commands_({space_, panes_, layout_, listCommands_, switches_, comparison_, skin_, *this}),
       keyboard_(space_, messages_, *this) {
   workspace::MainForm& form = space_.Form;
@@ -370,7 +372,7 @@ void Master::OpenFolder(const std::string& path) {
 }
 
 void Master::EscapeKey() {
-  if (!splitters_.GiveUp()) events_.EscapeKey();
+  if (!splitters_.GiveUp() && !updates_.GiveUp()) events_.EscapeKey();
 }
 
 void Master::ShowOptions() {
@@ -404,6 +406,7 @@ void Master::Shutdown() {
 }
 
 void Master::UnloadAllForms() {
+  updates_.GiveUp();
   services_.Drives.OnChange({});
   space_.ForEachList([](lister::ListerControl& list) { list.Terminate(); });
   const std::vector<forms::Form*> open = services_.Host.OpenForms();

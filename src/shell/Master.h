@@ -28,6 +28,7 @@
 #include "shell/Splash.h"
 #include "shellmenu/ShowShellMenu.h"
 #include "tools/CompareFolders.h"
+#include "tools/UpdateCheck.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
 #include "workspace/Splitters.h"
@@ -40,7 +41,7 @@ class Master : private workspace::PaneHooks,
                private commands::KeyActions {
  public:
   // The start is shown on `splash`, which must live as long as Load runs.
-  Master(const Services& services, const Version& version, Splash& splash);
+  Master(const Services& services, const base::Version& version, Splash& splash);
 
   workspace::MainForm& Form() { return space_.Form; }
   workspace::Workspace& Space() { return space_; }
@@ -59,6 +60,8 @@ class Master : private workspace::PaneHooks,
   // --- What the user and the window do to the form.
 
   void Resize();
+  // `asked` by the user; see tools/UpdateCheck.h.
+  void CheckForUpdate(bool asked) { updates_.CheckForUpdate(asked); }
   // Title rows get room for text of that height, in twips, and never less than their usual one.
   // Takes effect with the next Resize.
   void FitTitles(base::Twips textHeight);
@@ -122,9 +125,10 @@ class Master : private workspace::PaneHooks,
   void OpenHelp() override { NotYet("help"); }
   void OpenWebSite() override { NotYet("the web site"); }
   void ShowAbout() override { NotYet("its acknowledgements"); }
-  void CheckForUpdate() override { NotYet("the search for updates"); }
+  void CheckForUpdate() override { CheckForUpdate(true); }
 
-  // Gives up the drag of a splitter if one runs; else the active list stops what it does.
+  // Gives up the drag of a splitter or a check for updates if one runs; else the active list stops
+  // what it does.
   void EscapeKey() override;
   void RenameItem(bool byKey) override { rename_.RenameItem(byKey); }
   void ShowShellMenu(shellmenu::MenuMode mode) override {
@@ -168,6 +172,7 @@ class Master : private workspace::PaneHooks,
   lists::ListEventHandler events_;
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;
+  tools::UpdateCheck updates_;
   commands::Commands commands_;
   commands::Keyboard keyboard_;
   settings::ReadMarkers markers_;

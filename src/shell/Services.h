@@ -1,6 +1,8 @@
 // The platform as the program gets it: one reference for each port that is in use.
 #pragma once
 
+#include <string>
+
 #include "forms/FormHost.h"
 #include "platform/Clock.h"
 #include "platform/Collation.h"
@@ -16,6 +18,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
+#include "platform/Web.h"
 
 namespace tarnwell::shell {
 
@@ -36,6 +39,8 @@ struct Services {
   const platform::NumberForms& Forms;
   platform::FolderStamps& Stamps;
   const platform::Keyboard& Keys;
+  platform::Web& Web;
+  std::string Site{};  // the address of the program's site
 };
 
 }  // namespace tarnwell::shell

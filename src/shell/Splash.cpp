@@ -18,7 +18,7 @@ constexpr int PlainFrameDelay = 20;  // milliseconds
 
 }  // namespace
 
-Splash::Splash(const Version& version, std::string programFolder, platform::FileSystem& files,
+Splash::Splash(const base::Version& version, std::string programFolder, platform::FileSystem& files,
                platform::Dialogs& dialogs, SplashHooks& hooks)
     : Form("Splash"),
       version_(version),
@@ -32,8 +32,7 @@ Splash::Splash(const Version& version, std::string programFolder, platform::File
 void Splash::Load() {
   ResetKeyPressed = false;
   BackColour = base::White;
-  txtVersion.Caption = "Version " + std::to_string(version_.Major) + "." +
-                       std::to_string(version_.Minor) + "." + std::to_string(version_.Revision);
+  txtVersion.Caption = "Version " + version_.Text();
   lbweb.ForeColour = base::Rgb(50, 67, 149);
   cmdClosePane.Visible = SplashDone;
   if (!SplashDone) {
@@ -81,6 +80,7 @@ void Splash::Tick() {
     hooks_.ShowMaster();
     hooks_.UnloadSplash();
     SplashDone = true;
+    hooks_.CheckForUpdate();  // last, since it lets messages through
   }
   if (StartFailed) hooks_.EndProcess();
 }

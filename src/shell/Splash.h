@@ -5,21 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "base/Version.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "platform/Dialogs.h"
 #include "platform/FileSystem.h"
 
 namespace tarnwell::shell {
-
-struct Version {
-  int Major = 0;
-  int Minor = 0;
-  int Revision = 0;
-
-  // As files carry it: 4.0.42 is 400000042.
-  double Number() const { return Major * 1e8 + Minor * 1e4 + Revision; }
-};
 
 // What the splash asks of the program. None of these throws.
 class SplashHooks {
@@ -29,13 +21,14 @@ class SplashHooks {
   virtual void ShowMaster() = 0;
   virtual void EndProcess() = 0;  // takes every form away and ends the program
   virtual void UnloadSplash() = 0;
-  virtual void StopReading() = 0;  // the lists give up what they read
+  virtual void CheckForUpdate() = 0;  // quietly, once the main form has taken over
+  virtual void StopReading() = 0;     // the lists give up what they read
 };
 
 class Splash : public forms::Form {
  public:
   // `programFolder` holds the program's own files.
-  Splash(const Version& version, std::string programFolder, platform::FileSystem& files,
+  Splash(const base::Version& version, std::string programFolder, platform::FileSystem& files,
          platform::Dialogs& dialogs, SplashHooks& hooks);
 
   struct Timer {
@@ -74,7 +67,7 @@ class Splash : public forms::Form {
   void ShowFrame(std::size_t frame);
   void AskReset();
 
-  Version version_;
+  base::Version version_;
   std::string programFolder_;
   platform::FileSystem& files_;
   platform::Dialogs& dialogs_;

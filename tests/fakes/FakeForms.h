@@ -6,6 +6,7 @@
 #include "forms/FormHost.h"
 #include "forms/Messenger.h"
 #include "platform/Dialogs.h"
+#include "platform/Web.h"
 
 namespace tarnwell::fakes {
 
@@ -122,6 +123,22 @@ struct FakeDialogs : platform::Dialogs {
   Text AskSaveFile(const platform::FileQuestion& question) override {
     return AskOpenFile(question);
   }
+};
+
+// Gives the pages that a test has put up; nothing for any other address, or where it is given up.
+struct FakeWeb : platform::Web {
+  std::map<std::string, std::string> Pages;
+  std::vector<std::string> Asked;
+  std::function<void()> OnOpen;  // messages that come meanwhile
+  bool IsGivenUp = false;
+
+  std::string OpenUrl(const std::string& address, std::size_t most) override {
+    Asked.push_back(address);
+    IsGivenUp = false;
+    if (OnOpen) OnOpen();
+    return IsGivenUp ? "" : Pages[address].substr(0, most);
+  }
+  void GiveUp() override { IsGivenUp = true; }
 };
 
 }  // namespace tarnwell::fakes

@@ -56,6 +56,22 @@ TEST_F(RunTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "exit");
 }
 
+// The check for a newer version lets messages through, and the program may be closed meanwhile.
+TEST_F(RunTest, ACheckForUpdatesHoldsNobodyUp) {
+  Run.Web.Pages["https://site.test/tw_ver/twver.txt"] = "5.0.0";
+  Run.Web.OnOpen = [this] {
+    EXPECT_TRUE(Run.App.StartForm().SplashDone && Run.WasToldOf("unload Splash"));
+    if (Run.Web.Asked.size() == 1) Run.Main().KeyDown(lister::EscapeKey, 0);
+    if (Run.Web.Asked.size() == 2) Run.App.RequestQuit();
+  };
+  Run.Start();
+  EXPECT_EQ(Run.Web.Asked.size(), 1U);
+  EXPECT_TRUE(Run.Host.IsOpen("Master"));
+  Run.Main().MenuClick("mnuCheckUpdate");
+  EXPECT_EQ(Run.Web.Asked.size(), 2U);
+  EXPECT_TRUE(Run.Host.OpenForms().empty() && Run.Boxes.empty());
+}
+
 TEST_F(RunTest, NamesTheStageThatFailedAndEnds) {
   const std::string stages[][2] = {{"C:\\Tarnwell\\run.txt", "storing start up information..."},
                                    {"C:\\Tarnwell\\skins", "loading initial pane..."}};

@@ -26,7 +26,8 @@ class TestRun {
   explicit TestRun(TestMachine& machine)
       : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
              Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
-             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys},
+             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys, Web,
+             "https://site.test"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);
@@ -53,6 +54,7 @@ class TestRun {
 
   fakes::FakeFormHost Host;
   fakes::FakeDialogs Dialogs;
+  fakes::FakeWeb Web;
   Application App;
   Texts Status;                           // what the splash was painted with
   Texts Boxes;                            // the messages, in turn
