@@ -43,6 +43,9 @@ void UpdateWindow::Sync() {
 }
 
 void UpdateWindow::Measure() {
+  for (QPushButton* const button : {&update_, &pass_}) {
+    button->setMinimumWidth(button->sizeHint().width() + DialogMargin);
+  }
   news_.setMinimumSize(NewsSize);
   resize(sizeHint());
   news_.setMinimumSize(NewsSize / 2);  // the user may make it smaller
