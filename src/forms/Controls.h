@@ -36,6 +36,7 @@ struct ComboBox : TextBox {};
 
 struct Button : Control {
   std::string Caption;
+  std::string ToolTip;
   bool Default = false;  // Enter presses it
 };
 
@@ -78,6 +79,15 @@ struct ListBox : Control {
 struct Shape : Control {
   base::Colour BackColour = base::White;
   int BorderStyle = 1;
+};
+
+// Its values run from Min to Max, either of which may be the greater.
+struct ScrollBar : Control {
+  base::Twips Min = 0;
+  base::Twips Max = 0;
+  base::Twips SmallChange = 1;
+  base::Twips LargeChange = 1;
+  base::Twips Value = 0;
 };
 
 // The pointer shapes that the program asks for, under the numbers that its lists use.

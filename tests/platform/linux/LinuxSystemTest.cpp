@@ -5,6 +5,7 @@
 #include "platform/linux/system/LinuxCollation.h"
 #include "platform/linux/system/LinuxDrives.h"
 #include "platform/linux/system/LinuxSystemInfo.h"
+#include "platform/linux/system/LinuxUserSettings.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -87,6 +88,34 @@ std::string NamesOf(const std::vector<Drive>& drives) {
   std::string names;
   for (const Drive& drive : drives) names += drive.Name + "=" + drive.Label + ";";
   return names;
+}
+
+TEST(LinuxUserSettings, KeepsANumberAndLosesNothingThatIsThere) {
+  const TempFolder root;
+  const std::string path = root / "config/tarnwell/tarnwell.conf";
+  LinuxUserSettings settings(path);
+  const auto read = [&] { return settings.ReadNumber("Options", "A b", 7); };
+  const auto write = [&](int value) { return settings.WriteNumber("Options", "A b", value); };
+  EXPECT_TRUE(read() == 7 && write(0) && read() == 0);
+  Put(path, "# mine\n[Other]\nx=\xFF\n[Options]\nA b=3\n");
+  EXPECT_TRUE(read() == 3 && write(1));
+  EXPECT_EQ(Get(path), "# mine\n\n[Other]\nx=\xFF\n\n[Options]\nA b=1\n");
+  for (const char* damaged : {"[Options]\nA b=many\n", "no settings", "[Options\n\x01=\n"}) {
+    Put(path, damaged);
+    EXPECT_TRUE(read() == 7 && write(2) && read() == 2) << damaged;
+  }
+  EXPECT_EQ(Get(path + ".unread") + Get(path + ".unread2"), "no settings[Options\n\x01=\n");
+
+  std::filesystem::create_directory(root / "folder");
+  EXPECT_EQ(LinuxUserSettings(root / "folder").WriteNumber("Options", "A b", 1).Reason,
+            root / "folder: Is a directory");
+  for (const char* each : {"config", "config/tarnwell"}) {
+    ASSERT_EQ(chmod((root / each).c_str(), 0555), 0);
+  }
+  InChild([&] {
+    BecomeNobody();
+    EXPECT_TRUE(!write(5) && read() == 2);
+  });
 }
 
 TEST(DriveRules, ListsWhatAPersonWouldName) {
