@@ -15,6 +15,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
+#include "platform/UserSettings.h"
 
 namespace tarnwell::fakes {
 
@@ -351,6 +352,23 @@ class FakeNumberForms : public platform::NumberForms {
   }
 };
 
+// Keeps numbers under "section/name".
+class FakeUserSettings : public platform::UserSettings {
+ public:
+  std::map<std::string, int> Numbers;
+  base::Status WriteFault;
+
+  int ReadNumber(const std::string& section, const std::string& name, int usual) const override {
+    const auto found = Numbers.find(section + "/" + name);
+    return found == Numbers.end() ? usual : found->second;
+  }
+  base::Status WriteNumber(const std::string& section, const std::string& name,
+                           int value) override {
+    if (WriteFault) Numbers[section + "/" + name] = value;
+    return WriteFault;
+  }
+};
+
 class FakeKeyboard : public platform::Keyboard {
  public:
   platform::HeldKeys Keys;
@@ -376,6 +394,7 @@ struct FakePlatform {
   FakePopupMenus Popups;
   FakeSystemInfo System;
   FakeKeyboard Keys;
+  FakeUserSettings User;
   FakeNumberForms Forms;
 
   lister::ListServices Services() { return Services(OpenBrackets); }
