@@ -16,6 +16,7 @@
 #include "platform/linux/system/LinuxDrives.h"
 #include "platform/linux/system/LinuxSystemInfo.h"
 #include "platform/linux/system/LinuxTermination.h"
+#include "platform/linux/system/LinuxUserSettings.h"
 #include "platform/linux/system/XcbKeyboard.h"
 
 namespace tarnwell::app {
@@ -39,6 +40,8 @@ Platform MakePlatform() {
   made.Clock = std::make_unique<platform::LinuxClock>();
   made.Order = std::make_unique<platform::LinuxCollation>();
   made.Inspector = std::make_unique<platform::LinuxItemInspector>();
+  made.UserSettings =
+      std::make_unique<platform::LinuxUserSettings>(platform::LinuxUserSettings::UsualPath());
   made.RunOperation = [folder](const platform::OperationRequest& request,
                                platform::OperationUser& user) {
     return platform::RunOperation(request, user, folder);

@@ -19,6 +19,7 @@
 #include "platform/Launcher.h"
 #include "platform/NumberForms.h"
 #include "platform/SystemInfo.h"
+#include "platform/UserSettings.h"
 #include "ui/operation/QtFileOperation.h"
 
 namespace tarnwell::app {
@@ -38,6 +39,7 @@ struct Platform {
   std::unique_ptr<platform::Clock> Clock;
   std::unique_ptr<platform::Collation> Order;
   std::unique_ptr<platform::ItemInspector> Inspector;
+  std::unique_ptr<platform::UserSettings> UserSettings;
   ui::OperationEngine RunOperation;
   ui::OperationRefusal RefuseOperation;
 };

@@ -6,12 +6,14 @@
 
 #include "app/Platform.h"
 #include "shell/Application.h"
+#include "ui/forms/HelpWindow.h"
 #include "ui/forms/MsgBoxWindow.h"
 #include "ui/forms/OperationDialogs.h"
 #include "ui/forms/OptionsWindow.h"
 #include "ui/forms/QtFormHost.h"
 #include "ui/forms/SkinChooserWindow.h"
 #include "ui/forms/SplashWindow.h"
+#include "ui/forms/TipWindow.h"
 #include "ui/forms/UpdateWindow.h"
 #include "ui/main/MainWindow.h"
 #include "ui/operation/QtFileOperation.h"
@@ -97,7 +99,7 @@ int main(int argc, char** argv) {
   shell::Application application(
       {host, files, *system.Drives, *system.Watches, pump, *system.Clock, dialogs, *system.System,
        *system.Order, *desktop.Launcher, operation, *desktop.ItemMenus, popups, forms,
-       *system.Stamps, *desktop.Keys, web, ProgramSite()},
+       *system.Stamps, *desktop.Keys, *system.UserSettings, web, ProgramSite()},
       ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
@@ -116,6 +118,10 @@ int main(int argc, char** argv) {
       [](settings::frmSkinChooser& form) { return std::make_unique<ui::SkinChooserWindow>(form); });
   host.Bind<tools::frmUpdate>(
       [](tools::frmUpdate& form) { return std::make_unique<ui::UpdateWindow>(form); });
+  host.Bind<tools::frmTip>(
+      [&](tools::frmTip& form) { return std::make_unique<ui::TipWindow>(form, icons); });
+  host.Bind<tools::frmHelp>(
+      [](tools::frmHelp& form) { return std::make_unique<ui::HelpWindow>(form); });
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 

@@ -61,6 +61,10 @@ void Application::StopReading() {
   master_.Space().ForEachList([](lister::ListerControl& list) { list.CancelRequested = true; });
 }
 
+void Application::ShowTip() {
+  if (!quitRequested_) master_.ShowTipAtStart();
+}
+
 void Application::UnloadSplash() {
   services_.Host.Unload(splash_);
 }

@@ -27,6 +27,7 @@ class Application : private SplashHooks {
   void UnloadSplash() override;
   void CheckForUpdate() override { master_.CheckForUpdate(false); }
   void StopReading() override;
+  void ShowTip() override;
 
   Services services_;
   Splash splash_;

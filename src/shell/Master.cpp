@@ -18,8 +18,6 @@
 namespace tarnwell::shell {
 namespace {
 
-constexpr std::string_view SupportAddress = "support@tarnwell.example";
-
 // Measures of the form, in twips.
 constexpr base::Twips PaneGap = 60;
 constexpr base::Twips CommandStripHeight = 335;
@@ -93,6 +91,10 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
           {services_.Host, services_.Files, services_.Drives, services_.Dialogs, messages_},
           targets_, skin_, skinFiles_, version.Number()),
       options_(space_, switches_, skin_, services_.Host),
+      help_(services_.Host),
+      tips_({services_.Host, services_.Files, services_.Clock, services_.User, messages_, markers_,
+             [this] { OpenHelp(); }},
+            services_.System.ProgramFolder()),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
@@ -153,7 +155,7 @@ void Master::Load() {
         "An error has occurred while starting Tarnwell.\r\n\r\n"
         "The error occurred during this stage: " +
             splash_.txtStatus.Caption + "\r\n\r\nPlease send an e-mail to " +
-            std::string(SupportAddress) +
+            std::string(tools::SupportAddress) +
             " regarding possible fixes to this issue and quote error number: "
             "TW0101. Tarnwell must now close.",
         forms::MessageKind::Ok);
@@ -379,6 +381,11 @@ void Master::ShowOptions() {
   services_.Host.Open(options_);
   options_.CentreOn(space_.Form);
   services_.Host.Show(options_, &space_.Form);
+}
+
+void Master::ShowTips() {
+  tips_.ForceShow = true;
+  tips_.ShowOver(space_.Form);
 }
 
 void Master::NotYet(std::string_view what) {

@@ -29,6 +29,8 @@
 #include "shellmenu/ShowShellMenu.h"
 #include "tools/CompareFolders.h"
 #include "tools/UpdateCheck.h"
+#include "tools/frmHelp.h"
+#include "tools/frmTip.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
 #include "workspace/Splitters.h"
@@ -50,6 +52,8 @@ class Master : private workspace::PaneHooks,
   // Handler of the form's load: runs the stages in order. A failing one is named to the user, and
   // sets StartFailed on the splash; else LoadFinished is set.
   void Load();
+  // The tip of the day, if the user wants it at the start.
+  void ShowTipAtStart() { tips_.ShowOver(space_.Form); }
   // Tells the lists that the program ends and closes every form. Ignores every error.
   void UnloadAllForms();
 
@@ -120,9 +124,9 @@ class Master : private workspace::PaneHooks,
   void EmptyRecycleBin() override { NotYet("the recycle bin"); }
   void MapNetworkDrive() override { NotYet("network drives"); }
   void DisconnectNetworkDrive() override { NotYet("network drives"); }
-  void ShowTips() override { NotYet("tips"); }
+  void ShowTips() override;
   void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
-  void OpenHelp() override { NotYet("help"); }
+  void OpenHelp() override { help_.ShowOver(space_.Form); }
   void OpenWebSite() override { NotYet("the web site"); }
   void ShowAbout() override { NotYet("its acknowledgements"); }
   void CheckForUpdate() override { CheckForUpdate(true); }
@@ -158,6 +162,8 @@ class Master : private workspace::PaneHooks,
   settings::Skin skin_;
   settings::frmSkinChooser skinChooser_;
   settings::frmOptions options_;
+  tools::frmHelp help_;
+  tools::frmTip tips_;
   workspace::PaneSet panes_;
   workspace::Splitters splitters_;
   lists::Navigation navigation_;

@@ -18,6 +18,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
+#include "platform/UserSettings.h"
 #include "platform/Web.h"
 
 namespace tarnwell::shell {
@@ -39,6 +40,7 @@ struct Services {
   const platform::NumberForms& Forms;
   platform::FolderStamps& Stamps;
   const platform::Keyboard& Keys;
+  platform::UserSettings& User;
   platform::Web& Web;
   std::string Site{};  // the address of the program's site
 };

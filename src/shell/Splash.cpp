@@ -80,6 +80,7 @@ void Splash::Tick() {
     hooks_.ShowMaster();
     hooks_.UnloadSplash();
     SplashDone = true;
+    hooks_.ShowTip();
     hooks_.CheckForUpdate();  // last, since it lets messages through
   }
   if (StartFailed) hooks_.EndProcess();

@@ -21,6 +21,7 @@ class SplashHooks {
   virtual void ShowMaster() = 0;
   virtual void EndProcess() = 0;  // takes every form away and ends the program
   virtual void UnloadSplash() = 0;
+  virtual void ShowTip() = 0;         // of the day, behind the hand-over
   virtual void CheckForUpdate() = 0;  // quietly, once the main form has taken over
   virtual void StopReading() = 0;     // the lists give up what they read
 };

@@ -30,8 +30,8 @@ TEST_F(RunTest, PlaysOneCycleThenLoadsAndHandsOverInOneTick) {
   EXPECT_FALSE(Machine.HasMarker());
   EXPECT_EQ(Run.Host.Told.size(), 2U);
   Run.Tick();
-  EXPECT_EQ(Run.Host.Told,
-            (Texts{"open Splash", "show Splash", "open Master", "show Master", "unload Splash"}));
+  EXPECT_EQ(Run.Host.Told, (Texts{"open Splash", "show Splash", "open Master", "show Master",
+                                  "unload Splash", "open frmTip", "show frmTip"}));
   std::string words;
   for (std::size_t i = 1; i < Run.Status.size(); ++i) {
     if (Run.Status[i] != Run.Status[i - 1]) words += Run.Status[i] + "\n";
@@ -166,7 +166,8 @@ TEST_F(RunTest, SavesThenTakesTheMarkerAwayThenClosesAllForms) {
     EXPECT_EQ(Machine.Watches.Watched().empty(), !first) << form.Name();
   };
   Run.Main().MenuClick("mnuExit");
-  EXPECT_EQ(Run.Host.Told, (Texts{"unload Master", "unload Stubborn", "unload Other"}));
+  EXPECT_EQ(Run.Host.Told,
+            (Texts{"unload Master", "unload frmTip", "unload Stubborn", "unload Other"}));
   EXPECT_TRUE(Run.Host.OpenForms().empty() && Run.Boxes.empty());
   EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "");
   Machine.Drives.Change();

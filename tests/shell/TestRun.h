@@ -26,8 +26,8 @@ class TestRun {
   explicit TestRun(TestMachine& machine)
       : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
              Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
-             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys, Web,
-             "https://site.test"},
+             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys,
+             machine.User, Web, "https://site.test"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);

@@ -101,6 +101,7 @@ void MainWindow::BindKeys() {
   };
   bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
   bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
+  bind(Qt::Key_F1, [this] { master_.KeyDown(lister::F1Key, 0); });
   bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
   bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
 }
@@ -278,7 +279,19 @@ void MainWindow::Show(QWidget*) {
   resize(size);
   move(ReachablePlace(QRect(wished.topLeft(), size), *screen()));
   maximise ? showMaximized() : show();
+  if (maximise) NoteWholeScreen();
   activateWindow();
+}
+
+// Until the desktop tells where it is, for what is shown over it meanwhile.
+void MainWindow::NoteWholeScreen() {
+  const QRect room = screen()->availableGeometry();
+  if (placesWindows_) {
+    form_.Left = ToTwips(room.x());
+    form_.Top = ToTwips(room.y());
+  }
+  form_.Width = ToTwips(room.width());
+  form_.Height = ToTwips(room.height());
 }
 
 void MainWindow::NotePlace() {

@@ -47,6 +47,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   void BindKeys();
   FormSurface::Actions SurfaceActions();
   void NotePlace();
+  void NoteWholeScreen();
   void InsideResized();
   void NoteFocus();
   void TakeKeyboard();
