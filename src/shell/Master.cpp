@@ -388,6 +388,15 @@ void Master::ShowTips() {
   tips_.ShowOver(space_.Form);
 }
 
+void Master::OpenWebSite() {
+  const base::Status status =
+      services_.Launcher.Execute({.File = services_.Site, .Parameters = {}, .Folder = {}});
+  if (status) return;
+  messages_.Message(
+      "The site " + services_.Site + " cannot be opened.\r\n\r\n" + status.Reason + ".",
+      forms::MessageKind::Ok);
+}
+
 void Master::NotYet(std::string_view what) {
   messages_.Message("This version of Tarnwell does not have " + std::string(what) + " yet.",
                     forms::MessageKind::Ok);

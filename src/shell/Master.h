@@ -127,7 +127,7 @@ class Master : private workspace::PaneHooks,
   void ShowTips() override;
   void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
   void OpenHelp() override { help_.ShowOver(space_.Form); }
-  void OpenWebSite() override { NotYet("the web site"); }
+  void OpenWebSite() override;
   void ShowAbout() override { NotYet("its acknowledgements"); }
   void CheckForUpdate() override { CheckForUpdate(true); }
 
