@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "base/Status.h"
 
@@ -18,6 +19,10 @@ class SystemInfo {
   virtual std::string ProgramFolder() const = 0;
   // Why that folder is not there and could not be made; success where it is there.
   virtual base::Status FolderTrouble() const = 0;
+  // The folder of a file that came with the program and is read as it runs: the program's folder,
+  // or, where that lacks the file and could not be given it, the one of the files that came with
+  // it.
+  virtual std::string FolderOf(std::string_view file) const = 0;
   // The folder of the skins: that of the program's folder, or, where it has none and could be given
   // none, the one of the files that came with the program.
   virtual std::string SkinFolder() const = 0;

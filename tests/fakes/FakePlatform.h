@@ -329,6 +329,7 @@ class FakeSystemInfo : public platform::SystemInfo {
   bool IsWindowsMe() const override { return WindowsMe; }
   std::string ProgramFolder() const override { return "C:\\Tarnwell"; }
   base::Status FolderTrouble() const override { return Trouble; }
+  std::string FolderOf(std::string_view) const override { return "C:\\Tarnwell"; }
   std::string SkinFolder() const override { return "C:\\Tarnwell\\skins"; }
 };
 

@@ -6,6 +6,7 @@
 #include "platform/linux/system/LinuxDrives.h"
 #include "platform/linux/system/LinuxSystemInfo.h"
 #include "platform/linux/system/LinuxUserSettings.h"
+#include "platform/linux/system/ReleasedSkins.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -42,6 +43,40 @@ TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "data home/tarnwell");
 }
 
+// The skins of this release stand for an earlier one's, of which a later one has others.
+TEST_F(Installed, BringsOldFoldersUpToDateAndLeavesWhatTheUserMade) {
+  const std::filesystem::path released = TARNWELL_TESTS "/../data/skins";
+  const auto skin = [&](const char* name) { return Get((released / name).string()); };
+  for (const auto& entry : std::filesystem::directory_iterator(released)) {
+    EXPECT_TRUE(IsReleasedSkin(Get(entry.path().string())))
+        << entry.path() << " has changed: see ReleasedSkins.cpp";
+  }
+  root_.Make({"share/tarnwell/ring6full.gif=ring", "share/tarnwell/skins/Roxy.twk=new",
+              "share/tarnwell/skins/Grasshopper.twk=new",
+              "share/tarnwell/skins/Traditional.twk=new", "share/tarnwell/skins/Earl Grey.twk=new",
+              "elsewhere/"});
+  for (const char* folder : {"own", "bin"}) {
+    const std::string skins = root_ / folder + "/skins/";
+    std::filesystem::create_directories(skins);
+    Put(skins + "Roxy.twk", skin("Roxy.twk"));
+    Put(skins + "Grasshopper.twk", skin("Grasshopper.twk") + " ");
+    Put(root_ / "elsewhere/kept", skin("Traditional.twk"));
+    std::filesystem::create_symlink(root_ / "elsewhere/kept", skins + "Traditional.twk");
+    Put(root_ / folder + "/TIPOFDAY.TXT", "mine");
+    if (std::string_view(folder) == "own") places_.TarnwellHome = root_ / folder;
+    const LinuxSystemInfo info(places_);
+    EXPECT_EQ(info.ProgramFolder(), root_ / folder);
+    EXPECT_EQ(Get(skins + "Roxy.twk"), "new");
+    EXPECT_EQ(Get(skins + "Grasshopper.twk"), skin("Grasshopper.twk") + " ");
+    EXPECT_EQ(Get(root_ / "elsewhere/kept"), skin("Traditional.twk"));
+    EXPECT_FALSE(std::filesystem::exists(skins + "Earl Grey.twk"));
+    EXPECT_EQ(Get(root_ / folder + "/ring6full.gif") + Get(root_ / folder + "/TIPOFDAY.TXT"),
+              "ringmine");
+    EXPECT_EQ(info.FolderOf("ring6full.gif"), root_ / folder);
+    places_.TarnwellHome.clear();
+  }
+}
+
 TEST_F(Installed, FinishesAFirstStartCutShort) {
   const std::string folder = root_ / "own";
   root_.Make({"own/.skins-unfinished/a.twk=a", "own/TIPOFDAY.TXT=mine"});
@@ -60,7 +95,7 @@ TEST_F(Installed, FinishesAFirstStartCutShort) {
 TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
   std::filesystem::create_directories(root_ / "bin/skins");
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "bin");
-  EXPECT_FALSE(std::filesystem::exists(root_ / "bin/TIPOFDAY.TXT"));
+  EXPECT_EQ(Get(root_ / "bin/TIPOFDAY.TXT"), "tips");
   places_.TarnwellHome = root_ / "new/own";
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "new/own");
   EXPECT_EQ(Get(root_ / "new/own/skins/a.twk"), "a");
@@ -76,6 +111,8 @@ TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
     // The reason is that of the step that failed, and the skins are those that came with it.
     EXPECT_EQ(info.FolderTrouble().Code, ENOENT);
     EXPECT_EQ(info.SkinFolder(), root_ / "share/tarnwell/skins");
+    EXPECT_EQ(info.FolderOf("TIPOFDAY.TXT"), root_ / "share/tarnwell");
+    EXPECT_EQ(info.FolderOf("ring6full.gif"), info.ProgramFolder());  // nowhere
   });
 }
 

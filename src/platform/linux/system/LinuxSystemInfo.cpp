@@ -17,6 +17,7 @@
 #include "platform/linux/operation/SweepTemporaries.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
+#include "platform/linux/system/ReleasedSkins.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -76,15 +77,40 @@ bool CopySkins(const std::string& source, const std::string& target) {
   return status && whole;
 }
 
-void Fill(const std::string& folder, const std::string& dataFolder) {
-  for (const std::string_view name : topLevelFiles) {
-    CopyMissing(PathRules().Join(dataFolder, name), PathRules().Join(folder, name));
-  }
+void AddSkins(const std::string& folder, const std::string& dataFolder) {
   // Under another name until it is whole, so that a start cut short is made good by the next.
   const std::string unfinished = PathRules().Join(folder, ".skins-unfinished");
   if (CopySkins(SkinsIn(dataFolder), unfinished)) {
     std::rename(unfinished.c_str(), SkinsIn(folder).c_str());
   }
+}
+
+// Gives the skins that an earlier release brought, and nobody has changed since, their present
+// form.
+void RenewSkins(const std::string& source, const std::string& target) {
+  LinuxFileSystem files;
+  files.ReadFolder(source, [&](const FolderEntry& entry) {
+    const std::string name(entry.Name);
+    const std::string path = PathRules().Join(target, name);
+    ItemAttributes attributes;
+    std::string shipped;
+    std::string own;
+    const bool isOwnFile = files.ReadAttributes(target, name, attributes) && !attributes.IsLink;
+    if (isOwnFile && files.ReadFile(path, own) &&
+        files.ReadFile(PathRules().Join(source, name), shipped) && own != shipped &&
+        IsReleasedSkin(own)) {
+      files.WriteFile(path, shipped);
+    }
+    return true;
+  });
+}
+
+// What cannot be written stays as it is.
+void BringUpToDate(const std::string& folder, const std::string& dataFolder) {
+  for (const std::string_view name : topLevelFiles) {
+    CopyMissing(PathRules().Join(dataFolder, name), PathRules().Join(folder, name));
+  }
+  RenewSkins(SkinsIn(dataFolder), SkinsIn(folder));
 }
 
 struct Choice {
@@ -133,9 +159,17 @@ LinuxSystemInfo::LinuxSystemInfo(const ProgramPlaces& places)
   if (const Descriptor folder = OpenPath(programFolder_, O_PATH | O_DIRECTORY); folder) {
     SweepTemporaries(folder.Get(), [] { return true; });
   }
-  if (choice.Own && !dataFolder_.empty() && !HoldsSkins(programFolder_)) {
-    Fill(programFolder_, dataFolder_);
-  }
+  if (dataFolder_.empty()) return;
+  if (choice.Own && !HoldsSkins(programFolder_)) AddSkins(programFolder_, dataFolder_);
+  BringUpToDate(programFolder_, dataFolder_);
+}
+
+std::string LinuxSystemInfo::FolderOf(std::string_view file) const {
+  const LinuxFileSystem files;
+  const bool ofData = !dataFolder_.empty() &&
+                      !files.Exists(PathRules().Join(programFolder_, file)) &&
+                      files.Exists(PathRules().Join(dataFolder_, file));
+  return ofData ? dataFolder_ : programFolder_;
 }
 
 std::string LinuxSystemInfo::SkinFolder() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/SystemInfo.h"
 
@@ -20,9 +21,11 @@ struct ProgramPlaces {
 
 // Finds the program's folder once, when it is made: $TARNWELL_HOME, else the executable's own
 // folder when that is writable and holds "skins", else "tarnwell" in the user's data folder. The
-// first and the last are made where they are missing, and where they hold no "skins" they are given
-// the files that came with the program. What cannot be made or copied is left; the program goes on
-// without. What a killed run has left half written in the folder is cleared away.
+// first and the last are made where they are missing, and given the skins that came with the
+// program where they hold no "skins". Each start adds the animation and the tips to any of the
+// three where they are missing, and renews skins that are as an earlier release brought them. What
+// cannot be made or copied is left; the program goes on without. What a killed run has left half
+// written in the folder is cleared away.
 class LinuxSystemInfo : public SystemInfo {
  public:
   explicit LinuxSystemInfo(const ProgramPlaces& places);
@@ -31,6 +34,7 @@ class LinuxSystemInfo : public SystemInfo {
   bool IsWindowsMe() const override { return false; }
   std::string ProgramFolder() const override { return programFolder_; }
   base::Status FolderTrouble() const override { return folderTrouble_; }
+  std::string FolderOf(std::string_view file) const override;
   std::string SkinFolder() const override;
   // The folder of the files that came with the program (icons, skins); empty if there is none.
   std::string DataFolder() const { return dataFolder_; }
