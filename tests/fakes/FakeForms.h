@@ -100,12 +100,15 @@ struct FakeDialogs : platform::Dialogs {
 
   std::vector<std::string> Texts;                  // to type, the first one first
   std::vector<platform::TextQuestion> Asked;       // for a text
+  std::vector<std::string> Criticals;              // the critical messages, in turn
   Text File;                                       // to open or to save to
   std::optional<platform::FileQuestion> AskedFor;  // the last
   std::function<std::optional<base::Colour>(const platform::ColourQuestion&)> OnColour;
 
   bool AskYesNo(const std::string&, const std::string&, bool) override { return false; }
-  void ShowCritical(const std::string&, const std::string&) override {}
+  void ShowCritical(const std::string&, const std::string& text) override {
+    Criticals.push_back(text);
+  }
   Text AskText(const platform::TextQuestion& question) override {
     Asked.push_back(question);
     if (Texts.empty()) return {};
