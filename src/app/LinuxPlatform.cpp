@@ -14,6 +14,7 @@
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/system/LinuxCollation.h"
 #include "platform/linux/system/LinuxDrives.h"
+#include "platform/linux/system/LinuxLibraries.h"
 #include "platform/linux/system/LinuxSystemInfo.h"
 #include "platform/linux/system/LinuxTermination.h"
 #include "platform/linux/system/LinuxUserSettings.h"
@@ -32,6 +33,7 @@ Platform MakePlatform() {
   const std::string folder = system->ProgramFolder();
   Platform made;
   made.DataFolder = system->DataFolder();
+  made.Libraries = platform::LinuxLibraries();
   made.System = std::move(system);
   made.Files = std::make_unique<platform::LinuxFileSystem>(folder);
   made.Drives = std::make_unique<platform::LinuxDrives>();

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Collation.h"
 #include "platform/ContextMenu.h"
@@ -17,6 +18,7 @@
 #include "platform/ItemWindows.h"
 #include "platform/Keyboard.h"
 #include "platform/Launcher.h"
+#include "platform/Library.h"
 #include "platform/NumberForms.h"
 #include "platform/SystemInfo.h"
 #include "platform/UserSettings.h"
@@ -32,6 +34,7 @@ std::optional<int> PrepareProcess(int argc, char** argv);
 struct Platform {
   std::unique_ptr<platform::SystemInfo> System;
   std::string DataFolder;  // of the files that came with the program; empty if there is none
+  std::vector<platform::Library> Libraries;
   std::unique_ptr<platform::FileSystem> Files;
   std::unique_ptr<platform::Drives> Drives;
   std::unique_ptr<platform::FolderWatch> Watches;

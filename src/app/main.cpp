@@ -1,11 +1,13 @@
 // Builds the adapters, hands them to the core, and runs.
 
 #include <QIcon>
+#include <QTimer>
 #include <cstdlib>
 #include <memory>
 
 #include "app/Platform.h"
 #include "shell/Application.h"
+#include "ui/forms/AcknowWindow.h"
 #include "ui/forms/HelpWindow.h"
 #include "ui/forms/MsgBoxWindow.h"
 #include "ui/forms/OperationDialogs.h"
@@ -53,6 +55,12 @@ std::string ProgramSite() {
   return site != nullptr && *site != '\0' ? site : TARNWELL_SITE;
 }
 
+std::vector<platform::Library> AllLibraries(const app::Platform& system) {
+  std::vector<platform::Library> libraries = system.Libraries;
+  libraries.insert(libraries.begin(), {std::string("Qt ") + qVersion(), "LGPL 3"});
+  return libraries;
+}
+
 template <typename... Forms>
 void BindDialogs(ui::QtFormHost& host) {
   (host.Bind<Forms>([](Forms& form) { return ui::WindowOf(form); }), ...);
@@ -96,14 +104,32 @@ int main(int argc, char** argv) {
   const app::Desktop desktop =
       app::MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
 
-  shell::Application application(
-      {host, files, *system.Drives, *system.Watches, pump, *system.Clock, dialogs, *system.System,
-       *system.Order, *desktop.Launcher, operation, *desktop.ItemMenus, popups, forms,
-       *system.Stamps, *desktop.Keys, *system.UserSettings, web, ProgramSite()},
-      ProgramVersion);
+  shell::Application application({host,
+                                  files,
+                                  *system.Drives,
+                                  *system.Watches,
+                                  pump,
+                                  *system.Clock,
+                                  dialogs,
+                                  *system.System,
+                                  *system.Order,
+                                  *desktop.Launcher,
+                                  operation,
+                                  *desktop.ItemMenus,
+                                  popups,
+                                  forms,
+                                  *system.Stamps,
+                                  *desktop.Keys,
+                                  *system.UserSettings,
+                                  web,
+                                  ProgramSite(),
+                                  AllLibraries(system)},
+                                 ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });
+  host.Bind<shell::frmAcknow>(
+      [](shell::frmAcknow& form) { return std::make_unique<ui::AcknowWindow>(form); });
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
     auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons);
     popups.SetWindow(window.get());
@@ -132,7 +158,11 @@ int main(int argc, char** argv) {
   openItemWindows = &itemWindows;
   std::atexit(SaveAtExit);
 
-  application.Start();
+  // Within the loop, so that an end asked for meanwhile leaves it.
+  QTimer::singleShot(0, &qtApplication, [&] {
+    application.Start();
+    if (host.OpenForms().empty()) QCoreApplication::quit();
+  });
   QApplication::exec();
   // Whatever ended the loop (a session that logs out, say), the program ends as if closed.
   application.RequestQuit();

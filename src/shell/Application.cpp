@@ -3,15 +3,30 @@
 #include <exception>
 #include <vector>
 
+#include "shell/AboutTexts.h"
+#include "shell/ProgramFiles.h"
+
 namespace tarnwell::shell {
+namespace {
+
+SplashFacts FactsOf(const Services& services) {
+  const base::PathSyntax& syntax = services.Files.Syntax();
+  return {.SettingsPath = syntax.Join(services.System.ProgramFolder(), SettingsName),
+          .AnimationPath = syntax.Join(services.System.FolderOf(AnimationName), AnimationName),
+          .Site = services.Site};
+}
+
+}  // namespace
 
 Application::Application(const Services& services, const base::Version& version)
     : services_(services),
-      splash_(version, services_.System.ProgramFolder(), services_.Files, services_.Dialogs, *this),
+      splash_(version, FactsOf(services_), {services_.Files, services_.Dialogs, services_.Pump},
+              *this),
+      acknowledgements_(services_.Host, services_.Libraries),
       master_(services_, version, splash_) {}
 
 void Application::Start() {
-  services_.Host.Show(splash_, nullptr);
+  if (!quitRequested_) services_.Host.Show(splash_, nullptr);
 }
 
 void Application::RequestQuit() {
@@ -67,6 +82,23 @@ void Application::ShowTip() {
 
 void Application::UnloadSplash() {
   services_.Host.Unload(splash_);
+}
+
+void Application::ShowLicense() {
+  master_.Messages().Message(std::string(License) + "\r\n\r\n" + std::string(Disclaimer),
+                             forms::MessageKind::Ok);
+}
+
+void Application::ShowLibraries() {
+  master_.Messages().Message(
+      "Tarnwell is built on these libraries:\r\n\r\n" + ListLibraries(services_.Libraries),
+      forms::MessageKind::Ok);
+}
+
+void Application::OpenAcknowledgements() {
+  services_.Host.Open(acknowledgements_);
+  acknowledgements_.CentreOn(splash_);
+  services_.Host.ShowModal(acknowledgements_, &splash_);
 }
 
 }  // namespace tarnwell::shell

@@ -4,6 +4,7 @@
 #include "shell/Master.h"
 #include "shell/Services.h"
 #include "shell/Splash.h"
+#include "shell/frmAcknow.h"
 
 namespace tarnwell::shell {
 
@@ -18,7 +19,7 @@ class Application : private SplashHooks {
   void Start();
   // Ends the program from wherever it is, as cleanly as if the user had closed the window: a loaded
   // program saves its settings and takes the run marker away. During the load it ends right after.
-  void RequestQuit();
+  void RequestQuit() override;
 
  private:
   void LoadMaster() override;
@@ -28,9 +29,14 @@ class Application : private SplashHooks {
   void CheckForUpdate() override { master_.CheckForUpdate(false); }
   void StopReading() override;
   void ShowTip() override;
+  void OpenWebSite() override { master_.MenuClick("mnuWebsite"); }
+  void ShowLicense() override;
+  void ShowLibraries() override;
+  void OpenAcknowledgements() override;
 
   Services services_;
   Splash splash_;
+  frmAcknow acknowledgements_;
   Master master_;
   bool loading_ = false;
   bool quitRequested_ = false;

@@ -388,6 +388,12 @@ void Master::ShowTips() {
   tips_.ShowOver(space_.Form);
 }
 
+void Master::ShowAbout() {
+  services_.Host.Open(splash_);
+  splash_.CentreOn(space_.Form);
+  services_.Host.Show(splash_, &space_.Form);
+}
+
 void Master::OpenWebSite() {
   const base::Status status =
       services_.Launcher.Execute({.File = services_.Site, .Parameters = {}, .Folder = {}});

@@ -42,7 +42,7 @@ class Master : private workspace::PaneHooks,
                private commands::ProgramCommands,
                private commands::KeyActions {
  public:
-  // The start is shown on `splash`, which must live as long as Load runs.
+  // The start is shown on `splash`, which must outlive this: it is the About box too.
   Master(const Services& services, const base::Version& version, Splash& splash);
 
   workspace::MainForm& Form() { return space_.Form; }
@@ -128,7 +128,7 @@ class Master : private workspace::PaneHooks,
   void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
   void OpenHelp() override { help_.ShowOver(space_.Form); }
   void OpenWebSite() override;
-  void ShowAbout() override { NotYet("its acknowledgements"); }
+  void ShowAbout() override;
   void CheckForUpdate() override { CheckForUpdate(true); }
 
   // Gives up the drag of a splitter or a check for updates if one runs; else the active list stops

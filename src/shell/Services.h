@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "forms/FormHost.h"
 #include "platform/Clock.h"
@@ -14,6 +15,7 @@
 #include "platform/FolderWatch.h"
 #include "platform/Keyboard.h"
 #include "platform/Launcher.h"
+#include "platform/Library.h"
 #include "platform/MessagePump.h"
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
@@ -42,7 +44,8 @@ struct Services {
   const platform::Keyboard& Keys;
   platform::UserSettings& User;
   platform::Web& Web;
-  std::string Site{};  // the address of the program's site
+  std::string Site{};                          // the address of the program's site
+  std::vector<platform::Library> Libraries{};  // that the program is linked with
 };
 
 }  // namespace tarnwell::shell

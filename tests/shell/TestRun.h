@@ -3,6 +3,7 @@
 
 #include "fakes/FakeForms.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/TestFile.h"
 #include "shell/Application.h"
 #include "shell/popMsgBox.h"
 
@@ -12,7 +13,11 @@ using Texts = std::vector<std::string>;
 
 // What outlives a run.
 struct TestMachine : fakes::FakePlatform {
-  TestMachine() { Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0"); }
+  TestMachine() {
+    Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0");
+    Files.AddFile(Animation, fakes::ReadTestFile("../data/ring6full.gif"));
+  }
+  static constexpr const char* Animation = "C:\\Tarnwell\\ring6full.gif";
   bool HasMarker() const { return Files.Exists("C:\\Tarnwell\\run.txt"); }
   bool HasSettings() const { return Files.Exists("C:\\Tarnwell\\user.usr"); }
   const std::string& Settings() { return Files.At("C:\\Tarnwell\\user.usr").Content; }
@@ -24,10 +29,26 @@ struct TestMachine : fakes::FakePlatform {
 class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
-      : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
-             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
-             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys,
-             machine.User, Web, "https://site.test"},
+      : App({Host,
+             machine.Files,
+             machine.Drives,
+             machine.Watches,
+             machine.Pump,
+             machine.Clock,
+             Dialogs,
+             machine.System,
+             machine.Order,
+             machine.Launcher,
+             machine.Operation,
+             machine.ItemMenus,
+             machine.Popups,
+             machine.Forms,
+             machine.Stamps,
+             machine.Keys,
+             machine.User,
+             Web,
+             "https://site.test/",
+             {{"Lib 1", "MIT"}}},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);

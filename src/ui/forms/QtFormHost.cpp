@@ -25,6 +25,7 @@ void QtFormHost::Open(forms::Form& form) {
   open_.push_back(std::move(entry));
   try {
     form.Load();
+    if (Find(form) == nullptr) return;  // unloaded while its load let messages through
     window.Sync();
     window.Measure();
   } catch (...) {
@@ -60,17 +61,25 @@ QWidget* QtFormHost::OwnerWidget(forms::Form* owner) {
   return nullptr;
 }
 
+QWidget* QtFormHost::ModalOwner(forms::Form* owner) {
+  QWidget* const active = QApplication::activeWindow();
+  const bool isForm = std::ranges::any_of(
+      open_, [active](const auto& each) { return &each->Window->Widget() == active; });
+  return isForm ? active : OwnerWidget(owner);
+}
+
 void QtFormHost::Show(forms::Form& form, forms::Form* owner) {
   Open(form);
   QWidget* parent = owner == nullptr ? nullptr : OwnerWidget(owner);
   OpenForm* entry = Find(form);
+  if (entry == nullptr) return;
   entry->Window->Sync();
   entry->Window->Show(parent);
 }
 
 void QtFormHost::ShowModal(forms::Form& form, forms::Form* owner) {
   Open(form);
-  QWidget* parent = OwnerWidget(owner);
+  QWidget* parent = ModalOwner(owner);
   QEventLoop loop;
   OpenForm* entry = Find(form);
   entry->Loop = &loop;

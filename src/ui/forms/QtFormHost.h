@@ -46,6 +46,8 @@ class QtFormHost : public forms::FormHost {
   std::unique_ptr<OpenForm> Forget(forms::Form& form);
   // The form's window if it can be seen, else any window that can, else null.
   QWidget* OwnerWidget(forms::Form* owner);
+  // The active window if it is a form's, so that the keyboard comes back to it; else as above.
+  QWidget* ModalOwner(forms::Form* owner);
 
   std::map<std::type_index, std::function<std::unique_ptr<FormWindow>(forms::Form&)>> makers_;
   std::vector<std::unique_ptr<OpenForm>> open_;

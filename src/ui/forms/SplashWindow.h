@@ -1,17 +1,22 @@
-// The window of the splash.
+// The window of the splash, and of the About box.
 #pragma once
 
+#include <QBoxLayout>
+#include <QDialog>
 #include <QIcon>
 #include <QLabel>
 #include <QTimer>
-#include <QWidget>
+#include <QToolButton>
+#include <functional>
+#include <vector>
 
 #include "shell/Splash.h"
+#include "ui/forms/GifPictures.h"
 #include "ui/toolkit/FormWindow.h"
 
 namespace tarnwell::ui {
 
-class SplashWindow : public QWidget, public FormWindow {
+class SplashWindow : public QDialog, public FormWindow {
  public:
   SplashWindow(shell::Splash& form, const QIcon& icon);
 
@@ -22,18 +27,28 @@ class SplashWindow : public QWidget, public FormWindow {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
+  QLayout* NewTexts();
+  QLayout* NewButtons();
+  QLabel* AddText(const QColor& ink, QBoxLayout& column);
+  QLabel* AddLine(const forms::Label& shown, const QColor& ink, QBoxLayout& column);
+  void AddLink(const forms::Label& shown, void (shell::Splash::*click)(), QBoxLayout& column);
+  // The frame on show; null while there is none.
+  const shell::GifImage* ShownImage() const;
   void Tick();
 
   shell::Splash& form_;
+  const QIcon icon_;
   QTimer timer_;
   bool ticking_ = false;
-  QLabel picture_;
-  QLabel title_;
-  QLabel version_;
-  QLabel status_;
+  GifPictures pictures_;
+  QRect shownImage_;
+  QToolButton* close_;
+  std::vector<std::function<void()>> syncs_;  // each brings one label up to the form
 };
 
 }  // namespace tarnwell::ui

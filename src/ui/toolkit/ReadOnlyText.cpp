@@ -48,7 +48,6 @@ void ReadOnlyText::Fit() {
       ++lines;
     }
     layout.endLayout();
-    if (part.isEmpty()) ++lines;
   }
   const bool scrolls = lines > mostLines_;
   setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
