@@ -15,9 +15,8 @@ using Texts = std::vector<std::string>;
 struct TestMachine : fakes::FakePlatform {
   TestMachine() {
     Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0");
-    Files.AddFile(Animation, fakes::ReadTestFile("../data/ring6full.gif"));
+    Files.AddFile("C:\\Tarnwell\\ring6full.gif", fakes::ReadTestFile("../data/ring6full.gif"));
   }
-  static constexpr const char* Animation = "C:\\Tarnwell\\ring6full.gif";
   bool HasMarker() const { return Files.Exists("C:\\Tarnwell\\run.txt"); }
   bool HasSettings() const { return Files.Exists("C:\\Tarnwell\\user.usr"); }
   const std::string& Settings() { return Files.At("C:\\Tarnwell\\user.usr").Content; }
@@ -29,26 +28,10 @@ struct TestMachine : fakes::FakePlatform {
 class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
-      : App({Host,
-             machine.Files,
-             machine.Drives,
-             machine.Watches,
-             machine.Pump,
-             machine.Clock,
-             Dialogs,
-             machine.System,
-             machine.Order,
-             machine.Launcher,
-             machine.Operation,
-             machine.ItemMenus,
-             machine.Popups,
-             machine.Forms,
-             machine.Stamps,
-             machine.Keys,
-             machine.User,
-             Web,
-             "https://site.test/",
-             {{"Lib 1", "MIT"}}},
+      : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
+             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
+             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys,
+             machine.User, Web, "https://site.test/"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);
