@@ -163,7 +163,10 @@ void SplashWindow::Measure() {
 }
 
 void SplashWindow::Show(QWidget* owner) {
+  const bool wasShown = isVisible();
   ShowDialog(*this, form_, owner);
+  auto* const first = findChild<QPushButton*>();
+  if (first != nullptr && !wasShown) first->setFocus();
 }
 
 // The timer stands still while a tick runs: the whole load of the main form is one tick.
@@ -201,9 +204,8 @@ const shell::GifImage* SplashWindow::ShownImage() const {
 
 void SplashWindow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), ToQColor(form_.BackColour));
-  painter.setPen(Border);
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.fillRect(rect(), Border);
+  painter.fillRect(rect().adjusted(1, 1, -1, -1), ToQColor(form_.BackColour));
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   if (const shell::GifImage* const image = ShownImage()) {
     painter.drawImage(PlaceOf(*image).topLeft(), pictures_.Picture(form_.Image1, *image));
