@@ -94,7 +94,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
       help_(services_.Host),
       tips_({services_.Host, services_.Files, services_.Clock, services_.User, messages_, markers_,
              [this] { OpenHelp(); }},
-            services_.System.ProgramFolder()),
+            services_.System.FolderOf(tools::TipsName)),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
@@ -126,8 +126,8 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                                    const lister::Drop& drop) { drop_.DropItems(list, drop); }}),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_),
-      updates_(space_, {services_.Host, services_.Web, services_.Launcher, messages_}, version,
-               services_.Site),
+      updates_(space_, {services_.Host, services_.Web, messages_, [this] { OpenWebSite(); }},
+               version, services_.Site),
       commands_({space_, panes_, layout_, listCommands_, switches_, comparison_, skin_, *this}),
       keyboard_(space_, messages_, *this) {
   workspace::MainForm& form = space_.Form;

@@ -58,23 +58,16 @@ UpdateCheck::UpdateCheck(workspace::Workspace& space, const UpdateServices& serv
       version_(version.Number()),
       site_(std::move(site)),
       form_(services.Host,
-            {.Update = [this] { OpenSite(); },
-             .Pass =
-                 [this] {
-                   Tell(
-                       "Don't want the update?\r\n\r\nNo problem! The next time a new update "
-                       "becomes available, you will be reminded again.");
-                 }}) {
+            {.Update = services.OpenWebSite, .Pass = [this] {
+               Tell(
+                   "Don't want the update?\r\n\r\nNo problem! The next time a new update "
+                   "becomes available, you will be reminded again.");
+             }}) {
   if (!site_.ends_with('/')) site_ += '/';
 }
 
 void UpdateCheck::Tell(const std::string& text) {
   services_.Messenger.Message(text, forms::MessageKind::Ok);
-}
-
-void UpdateCheck::OpenSite() {
-  const base::Status status = services_.Launcher.Execute({.File = site_, .Parameters = {}, .Folder = {}});
-  if (!status) Tell("The site " + site_ + " could not be opened:\r\n" + status.Reason);
 }
 
 bool UpdateCheck::GiveUp() {

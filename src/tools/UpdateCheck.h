@@ -1,12 +1,12 @@
 // Looks on the web for a newer version of the program, and offers its news.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "base/Version.h"
 #include "forms/FormHost.h"
 #include "forms/Messenger.h"
-#include "platform/Launcher.h"
 #include "platform/Web.h"
 #include "tools/frmUpdate.h"
 #include "workspace/Workspace.h"
@@ -16,8 +16,8 @@ namespace tarnwell::tools {
 struct UpdateServices {
   forms::FormHost& Host;
   platform::Web& Web;
-  platform::Launcher& Launcher;
   forms::Messenger& Messenger;
+  std::function<void()> OpenWebSite;
 };
 
 class UpdateCheck {
@@ -37,7 +37,6 @@ class UpdateCheck {
  private:
   void Look();
   void Tell(const std::string& text);
-  void OpenSite();
 
   workspace::Workspace& space_;
   UpdateServices services_;

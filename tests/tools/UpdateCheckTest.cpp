@@ -23,9 +23,10 @@ class UpdateCheckTest : public testing::Test, public lists::TestLists {
   bool IsShown() { return Host.IsOpen("frmUpdate"); }
   frmUpdate& Window() { return dynamic_cast<frmUpdate&>(*Host.OpenForms().back()); }
 
+  int Opened = 0;  // the site, in a browser
   fakes::FakeWeb Web;
   UpdateCheck Check{
-      Space, {Host, Web, Platform.Launcher, Messages}, {4, 0, 42}, "https://site.test"};
+      Space, {Host, Web, Messages, [this] { ++Opened; }}, {4, 0, 42}, "https://site.test"};
 };
 
 TEST_F(UpdateCheckTest, TellsOfANewerVersionAlone) {
@@ -66,7 +67,7 @@ TEST_F(UpdateCheckTest, ShowsTheNewsAndTakesAnAnswer) {
   Check.CheckForUpdate(true);
   Window().cmdUpdateClick();
   EXPECT_FALSE(IsShown());
-  EXPECT_EQ(Platform.Launcher.Requests.at(0).File, "https://site.test/");
+  EXPECT_EQ(Opened, 1);
   // Each of the two pages, given up: nothing is shown, and nothing is told.
   Messages.Texts.clear();
   Space.Settings.OnlineVersion = 7;
@@ -84,7 +85,7 @@ TEST_F(UpdateCheckTest, ShowsTheNewsAndTakesAnAnswer) {
   EXPECT_FALSE(Check.GiveUp());
   // Nobody has put a site of the program's own there.
   Web = {};
-  UpdateCheck other(Space, {Host, Web, Platform.Launcher, Messages}, {}, "https://tw.example/");
+  UpdateCheck other(Space, {Host, Web, Messages, {}}, {}, "https://tw.example/");
   other.CheckForUpdate(false);
   EXPECT_TRUE(Web.Asked.empty());
   other.CheckForUpdate(true);
