@@ -21,6 +21,7 @@ void QtFormHost::Open(forms::Form& form) {
   entry->Form = &form;
   entry->Window = makers_.at(typeid(form))(form);
   FormWindow& window = *entry->Window;
+  window.Widget().setObjectName(QString::fromStdString(form.Name()));
   form.View = &window;
   open_.push_back(std::move(entry));
   try {

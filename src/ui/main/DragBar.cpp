@@ -14,6 +14,7 @@ constexpr Qt::WindowFlags OwnWindow = Qt::ToolTip | Qt::FramelessWindowHint |
 
 DragBar::DragBar(QWidget& area, bool ownWindow)
     : QWidget(&area, ownWindow ? OwnWindow : Qt::Widget), area_(area) {
+  setObjectName(QStringLiteral("DragBar"));
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setAttribute(Qt::WA_X11NetWmWindowTypeDND);  // the desktop does not fade it in

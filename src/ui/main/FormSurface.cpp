@@ -23,6 +23,7 @@ float MiddleInTwips(double pixel) {
 
 FormSurface::FormSurface(Actions actions, QWidget* parent)
     : QWidget(parent), actions_(std::move(actions)) {
+  setObjectName(QStringLiteral("FormSurface"));
   setAutoFillBackground(true);
   setMouseTracking(true);
 }

@@ -40,11 +40,13 @@ void MainMenu::Build() {
     const QString text = ToShownQString(entry.Caption);
     if (hasChildren) {
       parents.push_back(parents.empty() ? bar_.addMenu(text) : parents.back()->addMenu(text));
+      parents.back()->setObjectName(ToQString(entry.Name));
       entries_[entry.Name].Action = parents.back()->menuAction();
     } else if (entry.IsSeparator()) {
       parents.back()->addSeparator();
     } else if (commands::Commands::IsCommand(entry.Name)) {
       QAction* action = parents.back()->addAction(text);
+      action->setObjectName(ToQString(entry.Name));
       action->setCheckable(entry.Checkable);
       entries_[entry.Name].Action = action;
       QObject::connect(action, &QAction::triggered, &bar_, [this, name = entry.Name] {

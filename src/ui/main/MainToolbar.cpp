@@ -46,8 +46,10 @@ void MainToolbar::Build() {
     if (!commands::Commands::IsCommand(button.Key)) continue;
     if (std::exchange(groupEnded, false) && !buttons_.empty()) addSeparator();
     QAction* action = addAction(ToQString(button.Key));
+    action->setObjectName(ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
     QWidget* const widget = widgetForAction(action);
+    widget->setObjectName(ToQString(button.Key));
     widget->setMinimumSize(MainButtonSide, MainButtonSide);
     widget->setFocusPolicy(buttons_.empty() ? Qt::TabFocus : Qt::NoFocus);
     widget->installEventFilter(this);

@@ -51,6 +51,7 @@ ProgressWindow::ProgressWindow(const platform::OperationRequest& request,
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
   setWindowTitle(verb_);
+  setObjectName(QStringLiteral("ProgressWindow"));
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
   column->setSpacing(DialogSpacing);

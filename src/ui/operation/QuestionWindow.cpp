@@ -40,6 +40,7 @@ QuestionWindow::QuestionWindow(const QString& title, const QString& heading, con
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
   setWindowTitle(title);
+  setObjectName(QStringLiteral("QuestionWindow"));
   auto* const sign = new QLabel(this);
   sign->setPixmap(
       picture.pixmap(QSize(QuestionPictureSize, QuestionPictureSize), devicePixelRatio()));

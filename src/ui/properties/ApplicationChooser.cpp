@@ -40,6 +40,7 @@ ApplicationChooser::ApplicationChooser(const std::string& path, const std::strin
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
   setWindowTitle(QStringLiteral("Open With"));
+  setObjectName(QStringLiteral("ApplicationChooser"));
   auto* const head = new ElidedLabel(this);
   head->ShowText(QStringLiteral("Choose an application for ") +
                  ToQString(lister::NameText(tools.Syntax, path)));

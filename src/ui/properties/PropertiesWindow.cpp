@@ -43,6 +43,7 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
                                ? lister::NameText(tools_.Look.Syntax, paths_.front())
                                : lister::CountText(tools_.Look.Forms, paths_.size(), "item");
   setWindowTitle(ToWindowTitle("Properties of " + what));
+  setObjectName(QStringLiteral("PropertiesWindow"));
   tabs_.addTab(new ScrollPage(&general_), QStringLiteral("&General"));
   tabs_.addTab(new ScrollPage(&permissions_), QStringLiteral("&Permissions"));
 

@@ -93,6 +93,7 @@ void QtPopupMenu::Add(QMenu& menu, const platform::ContextEntry& entry, QAction*
     menu.setToolTipsVisible(true);
     action->setToolTip(PlainToolTip(caption));
   }
+  action->setObjectName(QStringLiteral("entry %1").arg(entry.Id));
   action->setData(entry.Id);
   action->setEnabled(entry.Enabled);
   action->setIcon(menus_.icons_.Named(entry.Picture));
