@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <cstdlib>
 #include <utility>
 
 #include "app/Platform.h"
@@ -15,6 +16,7 @@
 #include "platform/linux/system/LinuxCollation.h"
 #include "platform/linux/system/LinuxDrives.h"
 #include "platform/linux/system/LinuxLibraries.h"
+#include "platform/linux/system/LinuxLogFile.h"
 #include "platform/linux/system/LinuxSystemInfo.h"
 #include "platform/linux/system/LinuxTermination.h"
 #include "platform/linux/system/LinuxUserSettings.h"
@@ -44,6 +46,7 @@ Platform MakePlatform() {
   made.Inspector = std::make_unique<platform::LinuxItemInspector>();
   made.UserSettings =
       std::make_unique<platform::LinuxUserSettings>(platform::LinuxUserSettings::UsualPath());
+  made.LogFile = platform::LinuxLogFile::Open(std::getenv("TARNWELL_MSGLOG"), folder);
   made.RunOperation = [folder](const platform::OperationRequest& request,
                                platform::OperationUser& user) {
     return platform::RunOperation(request, user, folder);

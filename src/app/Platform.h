@@ -19,6 +19,7 @@
 #include "platform/Keyboard.h"
 #include "platform/Launcher.h"
 #include "platform/Library.h"
+#include "platform/LogFile.h"
 #include "platform/NumberForms.h"
 #include "platform/SystemInfo.h"
 #include "platform/UserSettings.h"
@@ -43,6 +44,7 @@ struct Platform {
   std::unique_ptr<platform::Collation> Order;
   std::unique_ptr<platform::ItemInspector> Inspector;
   std::unique_ptr<platform::UserSettings> UserSettings;
+  std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
   ui::OperationEngine RunOperation;
   ui::OperationRefusal RefuseOperation;
 };

@@ -21,6 +21,7 @@
 #include "ui/operation/QtFileOperation.h"
 #include "ui/properties/QtItemWindows.h"
 #include "ui/services/GuardedApplication.h"
+#include "ui/services/MessageFilter.h"
 #include "ui/services/QtDialogs.h"
 #include "ui/services/QtFileClipboard.h"
 #include "ui/services/QtMessagePump.h"
@@ -81,6 +82,12 @@ int main(int argc, char** argv) {
   QApplication::setStyle(new ui::SkinStyle);
 
   const app::Platform system = app::MakePlatform();
+  std::unique_ptr<tools::MessageLog> log;
+  std::unique_ptr<ui::MessageFilter> filter;
+  if (system.LogFile) {
+    log = std::make_unique<tools::MessageLog>(*system.LogFile, *system.Clock);
+    filter = std::make_unique<ui::MessageFilter>(qtApplication, *log);
+  }
   platform::FileSystem& files = *system.Files;
   ui::QtMessagePump pump;
   const ui::QtNumberForms forms;
@@ -123,7 +130,8 @@ int main(int argc, char** argv) {
                                   *system.UserSettings,
                                   web,
                                   ProgramSite(),
-                                  AllLibraries(system)},
+                                  AllLibraries(system),
+                                  log.get()},
                                  ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);

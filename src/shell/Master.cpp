@@ -74,7 +74,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                                         services_.Pump, services_.Clock, services_.Order,
                                         services_.Launcher, services_.Forms, services_.Stamps,
                                         space_.OpenBrackets},
-                   events_);
+                   ListEvents());
              }),
       messages_(services_.Host, space_.Form),
       layout_(space_, messages_),
@@ -124,6 +124,9 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                    },
                .DropItems = [this](lister::ListId list,
                                    const lister::Drop& drop) { drop_.DropItems(list, drop); }}),
+      loggedEvents_(services_.Log == nullptr
+                        ? nullptr
+                        : std::make_unique<tools::LoggedListEvents>(events_, *services_.Log)),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_),
       updates_(space_, {services_.Host, services_.Web, messages_, [this] { OpenWebSite(); }},
@@ -136,6 +139,11 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
   form.Width = StartWidth;
   form.Height = StartHeight;
   space_.Lists.Create(0);
+}
+
+lister::ListerEvents& Master::ListEvents() {
+  if (loggedEvents_) return *loggedEvents_;
+  return events_;
 }
 
 std::string Master::ProgramFile(std::string_view name) const {

@@ -2,6 +2,7 @@
 // and the shutdown. Holds no other logic.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "commands/Commands.h"
@@ -28,6 +29,7 @@
 #include "shell/Splash.h"
 #include "shellmenu/ShowShellMenu.h"
 #include "tools/CompareFolders.h"
+#include "tools/LoggedListEvents.h"
 #include "tools/UpdateCheck.h"
 #include "tools/frmHelp.h"
 #include "tools/frmTip.h"
@@ -147,6 +149,7 @@ class Master : private workspace::PaneHooks,
   // The command is there and its work is to come.
   void NotYet(std::string_view what);
 
+  lister::ListerEvents& ListEvents();
   std::string ProgramFile(std::string_view name) const;
 
   Services services_;
@@ -176,6 +179,7 @@ class Master : private workspace::PaneHooks,
   shellmenu::ContextMenuCommand contextMenu_;
   fileops::DropCommand drop_;
   lists::ListEventHandler events_;
+  std::unique_ptr<tools::LoggedListEvents> loggedEvents_;  // null unless messages are logged
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;
   tools::UpdateCheck updates_;

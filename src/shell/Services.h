@@ -22,6 +22,7 @@
 #include "platform/SystemInfo.h"
 #include "platform/UserSettings.h"
 #include "platform/Web.h"
+#include "tools/MessageLog.h"
 
 namespace tarnwell::shell {
 
@@ -46,6 +47,7 @@ struct Services {
   platform::Web& Web;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
+  tools::MessageLog* Log = nullptr;            // null unless messages are logged
 };
 
 }  // namespace tarnwell::shell
