@@ -52,11 +52,11 @@ void MessageLog::Note(std::string_view form, std::string_view control, std::stri
   text += '\t';
   AppendField(text, what);
   const std::int64_t now = clock_.Now();
-  WriteCounts(now, [rate, now](const Count& count) {
-    return count.How == Rate::Masses ? now - count.First >= nanosecondsPerSecond
-                                     : rate == Rate::Each;
-  });
-  if (rate != Rate::Each) {
+  if (rate == Rate::Each) {
+    WriteCounts(now, [now](const Count& count) {
+      return count.How == Rate::Often || now - count.First >= nanosecondsPerSecond;
+    });
+  } else {
     const auto known = std::ranges::find(counts_, text, &Count::Text);
     if (known != counts_.end()) {
       ++known->More;

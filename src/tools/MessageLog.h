@@ -1,7 +1,9 @@
 // The message log: what windows, controls and lists were told and what they told, one a line.
 //
-// Words the lines, and counts what comes in masses; knows no widget and no disk. What is noted here
-// is read by others: no text that a user typed, no content and no name of a file may be in it.
+// Words the lines, and counts what comes in masses; knows no widget and no disk. What comes often
+// writes nothing for ever by itself: a list that shows the log's own folder is painted for each
+// line. What is noted is read by others: no text that a user typed, no content and no name of a
+// file may be in it.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +19,7 @@ namespace tarnwell::tools {
 enum class Rate {
   Each,    // a line for each
   Often,   // the first has a line, and so has the number of more before the next line of Each
-  Masses,  // the same, but the number of more may wait for a second
+  Masses,  // the same, but before one that comes a second later at least
 };
 
 class MessageLog {

@@ -31,6 +31,8 @@ TEST(MessageLog, WritesALineForEachAndCountsWhatComesInMasses) {
     log.Note("a\n", "b\tc", "clicked");
     at(2001);
     log.Note("a", "b", "Paint", Rate::Masses);
+    log.Note("a", "b", "hidden");
+    log.Note("a", "b", "Paint", Rate::Masses);
     log.Note("a", "b", "Paint", Rate::Masses);
   }
   EXPECT_EQ(file.Text,
@@ -39,7 +41,8 @@ TEST(MessageLog, WritesALineForEachAndCountsWhatComesInMasses) {
             "1970-01-01 00:00:01.500\ta\tb\tMouseMove (2 more, the last at 00:00:01.003)\n"
             "1970-01-01 00:00:01.500\ta\tb\tagain\n"
             "1970-01-01 00:00:01.500\ta \tb c\tclicked\n"
-            "1970-01-01 00:00:02.001\ta\tb\tPaint (2 more, the last at 00:00:01.003)\n"
+            "1970-01-01 00:00:02.001\ta\tb\tPaint (3 more, the last at 00:00:02.001)\n"
+            "1970-01-01 00:00:02.001\ta\tb\thidden\n"
             "1970-01-01 00:00:02.001\ta\tb\tPaint\n"
             "1970-01-01 00:00:02.001\ta\tb\tPaint (1 more, the last at 00:00:02.001)\n");
 }
