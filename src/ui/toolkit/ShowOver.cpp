@@ -16,6 +16,12 @@ int DepthOf(const QWidget& window) {
 
 }  // namespace
 
+bool IsProperWindow(const QWidget& widget) {
+  const Qt::WindowType type = widget.windowType();
+  return (type == Qt::Window || type == Qt::Dialog) &&
+         !widget.windowFlags().testFlag(Qt::BypassWindowManagerHint);
+}
+
 QWidget* WindowInUse() {
   QWidget* const active = QApplication::activeWindow();
   if (active != nullptr && active->isVisible()) return active;
@@ -24,9 +30,8 @@ QWidget* WindowInUse() {
   QWidget* found = nullptr;
   int rank = -1;
   for (QWidget* const each : QApplication::topLevelWidgets()) {
-    const bool isMain = each->windowType() == Qt::Window;
-    if (!each->isVisible() || (!isMain && each->windowType() != Qt::Dialog)) continue;
-    const int own = 2 * DepthOf(*each) + (isMain ? 1 : 0);
+    if (!each->isVisible() || !IsProperWindow(*each)) continue;
+    const int own = 2 * DepthOf(*each) + (each->windowType() == Qt::Window ? 1 : 0);
     if (own <= rank) continue;
     rank = own;
     found = each;

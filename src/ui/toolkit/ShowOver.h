@@ -5,6 +5,10 @@
 
 namespace tarnwell::ui {
 
+// Whether people take it for a window of the program: no menu or tool-tip, nor the icon in the
+// notification area, which is one to Qt.
+bool IsProperWindow(const QWidget& widget);
+
 // The window that the user works in: the active one, else one that can be seen and that no other
 // was opened over, else null.
 QWidget* WindowInUse();
