@@ -21,6 +21,15 @@ bool IsInside(QObject* receiver, const QWidget* window) {
   return false;
 }
 
+// The icon in the notification area, or its menu.
+bool IsOfTray(QObject* receiver) {
+  const auto* window = qobject_cast<QWindow*>(receiver);
+  if (receiver->isWidgetType()) window = static_cast<QWidget*>(receiver)->window()->windowHandle();
+  if (window == nullptr) return false;
+  while (window->transientParent() != nullptr) window = window->transientParent();
+  return window->type() == Qt::Popup || window->flags().testFlag(Qt::BypassWindowManagerHint);
+}
+
 // A window that people close: tool-tips and menus come and go by themselves. Closing begins with
 // the native window, and only then is the widget in it asked.
 bool IsProperWindow(const QWindow* window) {
@@ -53,7 +62,7 @@ void InputLock::Release() {
 }
 
 bool InputLock::IsFree(QObject* receiver) const {
-  if (IsInside(receiver, allowed_)) return true;
+  if (IsInside(receiver, allowed_) || IsOfTray(receiver)) return true;
   const QWidget* const modal = QApplication::activeModalWidget();
   return modal != modalBefore_ && modal != allowed_ && IsInside(receiver, modal);
 }
@@ -85,6 +94,10 @@ bool InputLock::eventFilter(QObject* receiver, QEvent* event) {
       if (IsFree(receiver)) return false;
       BringForward();
       return true;
+    case QEvent::WindowActivate:
+      // The keyboard is of no use there.
+      if (receiver->isWidgetType() && !IsFree(receiver)) BringForward();
+      return false;
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:

@@ -22,7 +22,7 @@ class InputLock : public QObject {
   ~InputLock() override;
 
   // The window that has the input meanwhile, with its children; null for none. A modal window that
-  // something else opens has its input as well.
+  // something else opens has its input as well, and so does the icon in the notification area.
   void Allow(QWidget* window) { allowed_ = window; }
   // Gives the windows their input back.
   void Release();
