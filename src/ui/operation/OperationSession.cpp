@@ -116,6 +116,11 @@ void OperationSession::Tick() {
 
 void OperationSession::ShowProgress() {
   LeaveQuietTime();
+  // Put away while it works, the program comes back for a question alone.
+  if (owner_ && (!owner_->isVisible() || owner_->isMinimized())) {
+    untilShown_.start();
+    return;
+  }
   if (IsSilent()) {
     SetPointer(Qt::WaitCursor);
     return;
