@@ -27,6 +27,7 @@
 #include "ui/services/QtMessagePump.h"
 #include "ui/services/QtNumberForms.h"
 #include "ui/services/QtPopupMenus.h"
+#include "ui/services/QtTray.h"
 #include "ui/services/QtWeb.h"
 #include "ui/toolkit/FilePath.h"
 #include "ui/toolkit/IconSource.h"
@@ -107,6 +108,10 @@ int main(int argc, char** argv) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
+  const auto endWork = [&](const std::function<void()>& then) {
+    operation.CancelThen([&popups, then] { popups.CloseThen(then); });
+  };
+  ui::QtTray tray(programIcon, endWork);
   ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
   const app::Desktop desktop =
       app::MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
@@ -128,6 +133,7 @@ int main(int argc, char** argv) {
                                   *system.Stamps,
                                   *desktop.Keys,
                                   *system.UserSettings,
+                                  tray,
                                   web,
                                   ProgramSite(),
                                   AllLibraries(system),
@@ -159,8 +165,8 @@ int main(int argc, char** argv) {
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
-  const std::shared_ptr<void> termination = app::WhenAskedToEnd(
-      [&] { operation.CancelThen([&] { popups.CloseThen([&] { application.RequestQuit(); }); }); });
+  const std::shared_ptr<void> termination =
+      app::WhenAskedToEnd([&] { endWork([&] { application.RequestQuit(); }); });
   runningApplication = &application;
   runningOperation = &operation;
   openItemWindows = &itemWindows;

@@ -64,6 +64,8 @@ constexpr auto MenuCommands = std::to_array<CommandRow>({
     {"mnuWebsite", [](Parts parts) { parts.Program.OpenWebSite(); }},
     {"mnuAbout", [](Parts parts) { parts.Program.ShowAbout(); }},
     {"mnuCheckUpdate", [](Parts parts) { parts.Program.CheckForUpdate(); }},
+    {"mPopRestore", [](Parts parts) { parts.Program.RestoreWindow(); }},
+    {"mPopExit", [](Parts parts) { parts.Program.ExitFromTray(); }},
 });
 
 // The entries of headings go to the current list under their own names.

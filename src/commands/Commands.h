@@ -29,6 +29,8 @@ class ProgramCommands {
   virtual void OpenWebSite() = 0;
   virtual void ShowAbout() = 0;
   virtual void CheckForUpdate() = 0;
+  virtual void RestoreWindow() = 0;
+  virtual void ExitFromTray() = 0;
 };
 
 // What the commands work with.

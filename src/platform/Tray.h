@@ -9,12 +9,22 @@ namespace tarnwell::platform {
 class Tray {
  public:
   virtual ~Tray() = default;
-  struct Events {
-    std::function<void()> Restore;    // a click or double click with the main button
-    std::function<void()> PopUpMenu;  // a click with the other button
+
+  struct Texts {
+    std::string Tip;
+    // Captions of the entries of the icon's menu; "&" marks the access key.
+    std::string Restore;
+    std::string Exit;
   };
-  // Puts the program's icon into the notification area. False where there is none.
-  virtual bool Add(const std::string& tip, Events events) = 0;
+  // Called from the event loop, and none after Remove.
+  struct Events {
+    std::function<void()> Restore;  // a click or double click with the main button, or the entry
+    std::function<void()> Exit;     // the entry; a file operation that runs has been cancelled
+    std::function<void()> Gone;     // there is no notification area any more, and so no icon
+  };
+  // Puts the icon there. False where there is no notification area.
+  virtual bool Add(const Texts& texts, Events events) = 0;
+  // Does nothing without an icon.
   virtual void Remove() = 0;
 };
 

@@ -77,7 +77,8 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                    ListEvents());
              }),
       messages_(services_.Host, space_.Form),
-      layout_(space_, messages_),
+      tray_(space_, services_.Tray, [this] { MenuClick("mPopExit"); }),
+      layout_(space_, messages_, tray_),
       switches_(space_, layout_,
                 [this](std::string_view name, const base::Value& value) {
                   skin_.SendProperty(name, value);
@@ -420,6 +421,13 @@ void Master::NotYet(std::string_view what) {
 void Master::Exit() {
   if (!skinChooser_.QueryUnload()) return;
   services_.Host.Unload(space_.Form);
+}
+
+// The unload does not take the icon away.
+void Master::ExitFromTray() {
+  tray_.ShellTrayRemove();
+  Exit();
+  if (toSave_) tray_.RestoreWindow();  // the program was kept, by a question
 }
 
 void Master::SaveWithoutWindows() {

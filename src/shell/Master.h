@@ -36,6 +36,7 @@
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
 #include "workspace/Splitters.h"
+#include "workspace/SystemTray.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::shell {
@@ -132,6 +133,8 @@ class Master : private workspace::PaneHooks,
   void OpenWebSite() override;
   void ShowAbout() override;
   void CheckForUpdate() override { CheckForUpdate(true); }
+  void RestoreWindow() override { tray_.RestoreWindow(); }
+  void ExitFromTray() override;
 
   // Gives up the drag of a splitter or a check for updates if one runs; else the active list stops
   // what it does.
@@ -156,6 +159,7 @@ class Master : private workspace::PaneHooks,
   Splash& splash_;
   workspace::Workspace space_;
   MessageBox messages_;
+  workspace::SystemTray tray_;
   workspace::FormLayout layout_;
   settings::SkinColours colours_{};
   commands::Switches switches_;

@@ -20,6 +20,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
+#include "platform/Tray.h"
 #include "platform/UserSettings.h"
 #include "platform/Web.h"
 #include "tools/MessageLog.h"
@@ -44,6 +45,7 @@ struct Services {
   platform::FolderStamps& Stamps;
   const platform::Keyboard& Keys;
   platform::UserSettings& User;
+  platform::Tray& Tray;
   platform::Web& Web;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with

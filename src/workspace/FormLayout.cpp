@@ -46,6 +46,7 @@ FormMeasures MeasuresOf(Workspace& workspace) {
 
 void FormLayout::ResizeForm(bool force) {
   MainForm& form = workspace_.Form;
+  tray_.FollowForm();
   isOwed_ = isOwed_ || force || workspace_.IsResizing();
   if (form.State == forms::WindowState::Minimised) return;
   form.LastWindowState = form.State;

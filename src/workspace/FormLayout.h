@@ -4,18 +4,19 @@
 #include <string_view>
 
 #include "forms/Messenger.h"
+#include "workspace/SystemTray.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::workspace {
 
 class FormLayout {
  public:
-  FormLayout(Workspace& workspace, forms::Messenger& messenger)
-      : workspace_(workspace), messenger_(messenger) {}
+  FormLayout(Workspace& workspace, forms::Messenger& messenger, SystemTray& tray)
+      : workspace_(workspace), messenger_(messenger), tray_(tray) {}
 
   // The one entry for every rearrangement. With `force` false, nothing moves unless the form's
-  // size or the layout has changed or a bar is dragged. A minimised form is left as it is, and what
-  // was forced meanwhile is made up for by the next call.
+  // size or the layout has changed or a bar is dragged. A minimised form is left as it is, but may
+  // go to the notification area; what was forced meanwhile is made up for by the next call.
   void ResizeForm(bool force);
 
   // "vertical": panes as columns; any other word: as rows. The word of the layout in force
@@ -44,6 +45,7 @@ class FormLayout {
 
   Workspace& workspace_;
   forms::Messenger& messenger_;
+  SystemTray& tray_;
   base::Twips lastInsideWidth_ = -1;
   base::Twips lastInsideHeight_ = -1;
   bool isOwed_ = false;  // an arrangement that does not ask whether anything has changed

@@ -86,6 +86,7 @@ class MainForm : public forms::Form {
 
   // State at the last arrangement that was not of a minimised window.
   forms::WindowState LastWindowState = forms::WindowState::Normal;
+  bool InTray = false;  // the window is hidden, and the icon in the notification area stands for it
 
   // Inside size in twips, written by the window whenever it changes.
   base::Twips ScaleWidth = 0;

@@ -15,6 +15,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
+#include "platform/Tray.h"
 #include "platform/UserSettings.h"
 
 namespace tarnwell::fakes {
@@ -376,6 +377,24 @@ class FakeKeyboard : public platform::Keyboard {
   platform::HeldKeys Held() const override { return Keys; }
 };
 
+// A notification area, with the icon that a test may click.
+class FakeTray : public platform::Tray {
+ public:
+  bool IsThere = true;
+  std::optional<Events> Icon;
+
+  bool Add(const Texts&, Events events) override {
+    if (IsThere) Icon = std::move(events);
+    return IsThere;
+  }
+  void Remove() override { Icon.reset(); }
+  // What the user does may take the icon away.
+  void Take(std::function<void()> Events::*event) {
+    const auto act = *Icon.*event;
+    act();
+  }
+};
+
 // All of the above by one syntax.
 struct FakePlatform {
   explicit FakePlatform(const base::PathSyntax& syntax = base::PathSyntax::Windows())
@@ -396,6 +415,7 @@ struct FakePlatform {
   FakeSystemInfo System;
   FakeKeyboard Keys;
   FakeUserSettings User;
+  FakeTray Tray;
   FakeNumberForms Forms;
 
   lister::ListServices Services() { return Services(OpenBrackets); }

@@ -201,6 +201,35 @@ TEST_F(RunTest, SavesThenTakesTheMarkerAwayThenClosesAllForms) {
   EXPECT_FALSE(Machine.HasSettings());
 }
 
+TEST_F(RunTest, GoesToTheNotificationAreaAndComesBackAsItWas) {
+  using forms::WindowState;
+  Run.Start();
+  const auto goes = [this](WindowState from, bool mayGo, bool hasArea) {
+    Run.Space().Settings.MinimizeToTaskBar = !mayGo;
+    Machine.Tray.IsThere = hasArea;
+    for (const WindowState state : {from, WindowState::Minimised, WindowState::Minimised}) {
+      Run.Form().State = state;
+      Run.Main().Resize();
+    }
+    return Run.Form().InTray && Machine.Tray.Icon;
+  };
+  for (const WindowState state : {WindowState::Maximised, WindowState::Normal}) {
+    EXPECT_FALSE(goes(state, false, true) || goes(state, true, false));
+    EXPECT_TRUE(goes(state, true, true));
+    Machine.Tray.Take(&platform::Tray::Events::Restore);
+    EXPECT_TRUE(Run.Form().State == state && !Run.Form().InTray && !Machine.Tray.Icon);
+  }
+  EXPECT_TRUE(goes(WindowState::Normal, true, true));
+  EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "");
+  Machine.Tray.Take(&platform::Tray::Events::Gone);
+  EXPECT_EQ(Run.Form().MenuImages.ImageOf(Run.Form().Menus["mnuExit"]), "exit");
+  EXPECT_TRUE(Run.Form().State == WindowState::Minimised && !Run.Form().InTray);
+  EXPECT_TRUE(goes(WindowState::Normal, true, true));
+  Run.Host.OnUnload = [&](forms::Form&) { EXPECT_FALSE(Machine.Tray.Icon); };
+  Machine.Tray.Take(&platform::Tray::Events::Exit);
+  EXPECT_TRUE(Run.Host.OpenForms().empty() && Machine.HasSettings());
+}
+
 // Nobody is there any more to answer, so nothing may wait for an answer either.
 TEST_F(RunTest, EndsOnRequestRightBehindTheLoad) {
   for (const bool hasSkin : {true, false}) {

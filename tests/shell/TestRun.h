@@ -28,10 +28,26 @@ struct TestMachine : fakes::FakePlatform {
 class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
-      : App({Host, machine.Files, machine.Drives, machine.Watches, machine.Pump, machine.Clock,
-             Dialogs, machine.System, machine.Order, machine.Launcher, machine.Operation,
-             machine.ItemMenus, machine.Popups, machine.Forms, machine.Stamps, machine.Keys,
-             machine.User, Web, "https://site.test/"},
+      : App({Host,
+             machine.Files,
+             machine.Drives,
+             machine.Watches,
+             machine.Pump,
+             machine.Clock,
+             Dialogs,
+             machine.System,
+             machine.Order,
+             machine.Launcher,
+             machine.Operation,
+             machine.ItemMenus,
+             machine.Popups,
+             machine.Forms,
+             machine.Stamps,
+             machine.Keys,
+             machine.User,
+             machine.Tray,
+             Web,
+             "https://site.test/"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
       if (&form == &App.StartForm()) Status.push_back(App.StartForm().txtStatus.Caption);

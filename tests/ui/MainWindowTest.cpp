@@ -270,5 +270,24 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   EXPECT_EQ(Run.Form().cboCommand.Text, "a\xFF");
 }
 
+TEST_F(MainWindowTest, AWindowThatOpensBringsItBackAndAQuestionKeepsIt) {
+  Run.Space().Settings.MinimizeToTaskBar = false;
+  QDialog late, question(&Window);
+  for (QDialog* const dialog : {&late, &question}) {
+    Window.setWindowState(Qt::WindowMinimized);
+    Settle();
+    EXPECT_FALSE(Window.isVisible());
+    dialog->show();
+    EXPECT_TRUE(Window.isVisible() && !Window.isMinimized() && !Machine.Tray.Icon);
+    EXPECT_EQ(dialog->windowHandle()->transientParent(), Window.windowHandle());
+  }
+  question.hide();
+  question.setModal(true);
+  question.show();
+  Window.setWindowState(Qt::WindowMinimized);
+  Settle();
+  EXPECT_TRUE(Window.isVisible() && Window.isMinimized() && question.isVisible());
+}
+
 }  // namespace
 }  // namespace tarnwell::ui

@@ -45,7 +45,8 @@ class TestWorkspace {
                 return std::make_unique<lister::ListerControl>(
                     list, Platform.Services(Space.OpenBrackets), EventsOf());
               }),
-        Layout(Space, Messages) {
+        Tray(Space, Platform.Tray, {}),
+        Layout(Space, Messages, Tray) {
     Space.PaneGap = 60;
     Space.CommandStripHeight = 335;
     Space.Form.Width = Space.Form.ScaleWidth = 15120;
@@ -83,6 +84,7 @@ class TestWorkspace {
   fakes::FakeFormHost Host;
   fakes::FakeMessenger Messages;
   Workspace Space;
+  SystemTray Tray;
   FormLayout Layout;
 
  private:

@@ -55,7 +55,8 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
       toolbar_(new MainToolbar(master, icons, surface_)),
       escape_(new QShortcut(Qt::Key_Escape, this)),
-      strip_(form_, *surface_, [this] { master_.CommandEnter(); }) {
+      strip_(form_, *surface_, [this] { master_.CommandEnter(); }),
+      others_(*this, [this] { master_.MenuClick("mPopRestore"); }) {
   setMinimumSize(LeastSize);
   setCentralWidget(surface_);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
@@ -137,6 +138,7 @@ void MainWindow::Sync() {
   strip_.Sync(skin_);
   SyncShapes();
   SyncDrag();
+  SyncPresence();
   // When the first pane of all opens, nothing has the keyboard.
   if (isVisible() && focusWidget() == nullptr) keeper_->setFocus();
 }
@@ -294,6 +296,32 @@ void MainWindow::NoteWholeScreen() {
   form_.Height = ToTwips(room.height());
 }
 
+// What the form wants of the window after it was shown: to go, to come back, or to come back
+// minimised.
+void MainWindow::SyncPresence() {
+  const bool isMinimised = form_.State == forms::WindowState::Minimised;
+  if (form_.InTray == isAway_ && (isAway_ || isMinimised || !isMinimized())) return;
+  isAway_ = form_.InTray;
+  if (isAway_) {
+    others_.Hide();
+    hide();
+    return;
+  }
+  others_.Watch(isMinimised);
+  const forms::WindowState shown = isMinimised ? form_.LastWindowState : form_.State;
+  setAttribute(Qt::WA_ShowWithoutActivating, isMinimised);
+  shown == forms::WindowState::Maximised ? showMaximized() : showNormal();
+  if (isMinimised) {
+    // X11 minimises only what is shown.
+    setWindowState(windowState() | Qt::WindowMinimized);
+    return;
+  }
+  raise();
+  activateWindow();
+  InsideResized();  // what changed meanwhile is not arranged yet
+  others_.Show();
+}
+
 void MainWindow::NotePlace() {
   if (IsClosed() || !isVisible()) return;
   const Qt::WindowStates state = windowState();
@@ -309,6 +337,22 @@ void MainWindow::NotePlace() {
   }
   form_.Width = ToTwips(width());
   form_.Height = ToTwips(height());
+}
+
+void MainWindow::NoteState() {
+  const bool wasMinimised = form_.State == forms::WindowState::Minimised;
+  NotePlace();
+  const bool isMinimised = form_.State == forms::WindowState::Minimised;
+  others_.Watch(isMinimised);
+  if (isMinimised == wasMinimised) return;
+  if (!isMinimised) {
+    // What changed meanwhile is not arranged yet, and the size may be the same.
+    InsideResized();
+    others_.Show();
+  } else if (QApplication::activeModalWidget() == nullptr) {
+    // Where a question waits, the window stays with it on the task bar.
+    Guarded([this] { master_.Resize(); });
+  }
 }
 
 void MainWindow::InsideResized() {
@@ -350,12 +394,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 
 void MainWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange && isVisible()) InsideResized();
-  if (event->type() == QEvent::WindowStateChange) {
-    const bool wasMinimised = form_.State == forms::WindowState::Minimised;
-    NotePlace();
-    // What changed meanwhile is not arranged yet, and the size may be the same.
-    if (wasMinimised && form_.State != forms::WindowState::Minimised) InsideResized();
-  }
+  if (event->type() == QEvent::WindowStateChange) NoteState();
   QMainWindow::changeEvent(event);
 }
 

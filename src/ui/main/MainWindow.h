@@ -19,6 +19,7 @@
 #include "ui/main/MainMenu.h"
 #include "ui/main/MainToolbar.h"
 #include "ui/main/NoRoomLabel.h"
+#include "ui/main/OtherWindows.h"
 #include "ui/main/PaneTitle.h"
 #include "ui/toolkit/FormWindow.h"
 #include "ui/toolkit/IconSource.h"
@@ -48,6 +49,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   FormSurface::Actions SurfaceActions();
   void NotePlace();
   void NoteWholeScreen();
+  void NoteState();
   void InsideResized();
   void NoteFocus();
   void TakeKeyboard();
@@ -62,6 +64,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   void SyncList(lister::ListId list);
   void SyncShapes();
   void SyncDrag();
+  void SyncPresence();
 
   shell::Master& master_;
   workspace::MainForm& form_;
@@ -77,6 +80,8 @@ class MainWindow : public QMainWindow, public FormWindow {
   workspace::PerList<NoRoomLabel*> noRoom_;
   std::map<lister::ListId, std::unique_ptr<ListerWidget>> lists_;
   std::array<DragBar*, 4> bars_{};
+  OtherWindows others_;
+  bool isAway_ = false;  // hidden, in the notification area
   std::optional<PaletteColours> skin_;
   ApplicationColours programColours_;
   WidgetColours menuColours_;

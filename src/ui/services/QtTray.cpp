@@ -1,0 +1,99 @@
+#include "ui/services/QtTray.h"
+
+#include <QDBusConnection>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <utility>
+
+#include "ui/toolkit/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+// Nothing tells when the notification area goes.
+constexpr int LookInterval = 1000;  // milliseconds
+// A panel that takes longer to answer hangs.
+constexpr int MostWait = 1000;  // milliseconds
+
+// Qt's own question would wait for a panel that hangs as long as D-Bus lets it, and hold up all
+// windows. Names are from the StatusNotifierItem specification of freedesktop.org.
+bool HangsPanel() {
+  QDBusMessage question = QDBusMessage::createMethodCall(
+      QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
+      QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+  question << QStringLiteral("org.kde.StatusNotifierWatcher")
+           << QStringLiteral("IsStatusNotifierHostRegistered");
+  question.setAutoStartService(false);
+  const QDBusError error(QDBusConnection::sessionBus().call(question, QDBus::Block, MostWait));
+  return error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout;
+}
+
+bool IsThere() {
+  return !HangsPanel() && QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+}  // namespace
+
+QtTray::QtTray(const QIcon& picture, EndWork endWork)
+    : picture_(picture), endWork_(std::move(endWork)) {
+  watch_.setInterval(LookInterval);
+  connect(&watch_, &QTimer::timeout, this, [this] { Look(); });
+}
+
+QtTray::~QtTray() = default;
+
+bool QtTray::Add(const Texts& texts, Events events) {
+  // Not asked before: Qt keeps to the kind of icon that it finds when it first looks for one, and
+  // at the start of a session the desktop may not be ready.
+  if (!IsThere()) return false;
+  Remove();
+  events_ = std::move(events);
+  menu_ = std::make_unique<QMenu>();
+  AddEntry(texts.Restore, [this] { events_.Restore(); });
+  AddEntry(texts.Exit, [this] {
+    endWork_([this] {
+      if (icon_) events_.Exit();
+    });
+  });
+  icon_ = std::make_unique<QSystemTrayIcon>(picture_);
+  icon_->setToolTip(ToShownQString(texts.Tip));
+  icon_->setContextMenu(menu_.get());
+  connect(
+      icon_.get(), &QSystemTrayIcon::activated, this,
+      [this](QSystemTrayIcon::ActivationReason reason) {
+        const bool isClick =
+            reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick;
+        if (icon_ && isClick) events_.Restore();
+      },
+      Qt::QueuedConnection);  // what it does takes the icon away
+  icon_->show();
+  watch_.start();
+  return true;
+}
+
+void QtTray::AddEntry(const std::string& caption, std::function<void()> act) {
+  const QAction* const action = menu_->addAction(ToShownQString(caption));
+  connect(
+      action, &QAction::triggered, this,
+      [this, act = std::move(act)] {
+        if (icon_) act();
+      },
+      Qt::QueuedConnection);
+}
+
+void QtTray::Remove() {
+  watch_.stop();
+  if (!icon_) return;
+  icon_->hide();
+  menu_->hide();
+  icon_.release()->deleteLater();
+  menu_.release()->deleteLater();
+}
+
+void QtTray::Look() {
+  if (IsThere()) return;
+  Remove();
+  events_.Gone();
+}
+
+}  // namespace tarnwell::ui
