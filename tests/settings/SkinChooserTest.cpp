@@ -39,7 +39,6 @@ const std::string NoDefault =
 const std::string Punctuation = "Please don't use unusual punctuation in the skin name.";
 
 TEST_F(SkinChooserTest, SavesUnderANameThatIsFree) {
-  EXPECT_EQ(Chooser.lstSkins.Items, (Texts{"Earl Grey", "Mine"}));
   EXPECT_EQ(Chooser.lstSkins.Text(), "Mine");  // the current one, in any case
   Dialogs.Texts = {" roxy ", "a.b", "x\\y", "  ", "not reached"};
   Chooser.cmdSaveClick();

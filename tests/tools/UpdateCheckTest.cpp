@@ -43,7 +43,6 @@ TEST_F(UpdateCheckTest, TellsOfANewerVersionAlone) {
                            {std::string(10'000'000, '4'), "Update"},
                            {same, "Your v"},
                            {"4.0.41\n", "Your v"},
-                           {"5", "Your v"},
                            {"four.one.two", "Your v"},
                            {"40000.0.0", "Your v"},
                            {"5.0.123456789012345678901234\r\n", "shown", "shown"},
