@@ -170,7 +170,7 @@ const QWidget& FormOf(const QWidget& widget) {
 }
 
 QString NameOrClass(const QObject& object) {
-  const QString name = object.objectName();
+  QString name = object.objectName();
   if (!name.isEmpty() && !name.startsWith(ToolkitPrefix)) return name;
   const QLatin1String type(object.metaObject()->className());
   return type.mid(type.lastIndexOf(':') + 1);
@@ -178,12 +178,12 @@ QString NameOrClass(const QObject& object) {
 
 // Empty where it has none.
 QString OwnName(const QObject& object) {
-  const QString name = object.objectName();
+  QString name = object.objectName();
   if (!name.isEmpty() && !name.startsWith(ToolkitPrefix)) return name;
   const bool named = std::ranges::any_of(
       ClassesWithNames, [&object](const char* each) { return object.inherits(each); });
   if (!named) return {};
-  const QString accessible = static_cast<const QWidget&>(object).accessibleName();
+  QString accessible = static_cast<const QWidget&>(object).accessibleName();
   if (!accessible.isEmpty()) return accessible;
   return object.inherits("QAbstractButton") ? object.property("text").toString().remove('&')
                                             : QString();
@@ -192,15 +192,15 @@ QString OwnName(const QObject& object) {
 // A control without a name is told by its class, after the next above it that has one.
 QString ControlName(const QObject& control, const QWidget& form) {
   if (&control == &form) return {};
-  const QString own = OwnName(control);
+  QString own = OwnName(control);
   if (!own.isEmpty()) return own;
   if (control.objectName() == QLatin1String("qt_scrollarea_viewport")) {
     return ControlName(*control.parent(), form);  // what is shown in it is the control's
   }
-  const QString kind = NameOrClass(control);
+  QString kind = NameOrClass(control);
   for (const QObject* above = control.parent(); above != nullptr && above != &form;
        above = above->parent()) {
-    const QString name = OwnName(*above);
+    QString name = OwnName(*above);
     if (!name.isEmpty()) return name + QLatin1String(" > ") + kind;
   }
   return kind;
