@@ -383,7 +383,9 @@ void Master::OpenFolder(const std::string& path) {
 }
 
 void Master::EscapeKey() {
-  if (!splitters_.GiveUp() && !updates_.GiveUp()) events_.EscapeKey();
+  if (splitters_.GiveUp()) return;
+  updates_.GiveUp();  // which may run unseen, so it is not all that the key is for
+  events_.EscapeKey();
 }
 
 void Master::ShowOptions() {

@@ -67,7 +67,7 @@ TEST_F(RunTest, ACheckForUpdatesHoldsNobodyUp) {
   };
   Run.Start();
   EXPECT_EQ(Run.Web.Asked.size(), 1U);
-  EXPECT_TRUE(Run.Host.IsOpen("Master"));
+  EXPECT_TRUE(Run.Main().Space().Lists.Files(0).CancelRequested && Run.Host.IsOpen("Master"));
   Run.Main().MenuClick("mnuCheckUpdate");
   EXPECT_EQ(Run.Web.Asked.size(), 2U);
   EXPECT_TRUE(Run.Host.OpenForms().empty() && Run.Boxes.empty());
