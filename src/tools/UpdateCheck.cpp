@@ -79,7 +79,11 @@ bool UpdateCheck::GiveUp() {
 
 void UpdateCheck::CheckForUpdate(bool asked) {
   isAsked_ = asked || (isRunning_ && isAsked_);
-  if (isRunning_ || (!asked && IsPlaceholder(site_))) return;
+  if (!isRunning_ && !asked && IsPlaceholder(site_)) return;
+  const forms::MousePointer screen = services_.Host.ScreenPointer();
+  // The form's own is not seen over its controls.
+  if (asked) services_.Host.SetScreenPointer(forms::MousePointer::Hourglass);
+  if (isRunning_) return;
   workspace::MainForm& form = space_.Form;
   const forms::MousePointer pointer =
       std::exchange(form.MousePointer, forms::MousePointer::Hourglass);
@@ -93,6 +97,7 @@ void UpdateCheck::CheckForUpdate(bool asked) {
   }
   isRunning_ = false;
   form.MousePointer = pointer;
+  services_.Host.SetScreenPointer(screen);
   form.Touch();
 }
 
@@ -122,6 +127,7 @@ void UpdateCheck::Look() {
   form_.txtNews.Text = WithLineEnds(news);
   services_.Host.Open(form_);
   form_.CentreOn(space_.Form);
+  form_.TakesKeyboard = isAsked_;
   services_.Host.Show(form_, &space_.Form);
   form_.Touch();
 }

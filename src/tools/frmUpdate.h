@@ -28,6 +28,8 @@ class frmUpdate : public forms::Form {
   forms::TextBox txtNews;  // fixed, of several lines
   forms::Button cmdUpdate;
   forms::Button cmdPass;
+  // Unasked for, the window would take keys that were meant for another one.
+  bool TakesKeyboard = true;
 
   void cmdUpdateClick() {
     host_.Unload(*this);

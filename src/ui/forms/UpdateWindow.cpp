@@ -54,6 +54,7 @@ void UpdateWindow::Measure() {
 }
 
 void UpdateWindow::Show(QWidget* owner) {
+  setAttribute(Qt::WA_ShowWithoutActivating, !form_.TakesKeyboard);
   ShowDialog(*this, form_, owner);
   update_.setFocus();
 }

@@ -29,7 +29,7 @@ void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner) {
                  {ToPixels(form.Width), ToPixels(form.Height)});
   dialog.show();
   dialog.raise();
-  dialog.activateWindow();
+  if (!dialog.testAttribute(Qt::WA_ShowWithoutActivating)) dialog.activateWindow();
 }
 
 }  // namespace tarnwell::ui

@@ -7,7 +7,8 @@
 
 namespace tarnwell::ui {
 
-// Over `owner`, which may be null, as modal as it is already, and wholly on the screen.
+// Over `owner`, which may be null, as modal as it is already, and wholly on the screen. It becomes
+// the active window unless it has WA_ShowWithoutActivating.
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner);
 
 // Moves the window there, or as near as it is wholly on the screen when it has the size.
