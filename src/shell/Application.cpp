@@ -80,6 +80,10 @@ void Application::ShowTip() {
   if (!quitRequested_) master_.ShowTipAtStart();
 }
 
+void Application::CheckForUpdate() {
+  if (!quitRequested_) master_.CheckForUpdate(false);
+}
+
 void Application::UnloadSplash() {
   services_.Host.Unload(splash_);
 }

@@ -26,7 +26,7 @@ class Application : private SplashHooks {
   void ShowMaster() override;
   void EndProcess() override;
   void UnloadSplash() override;
-  void CheckForUpdate() override { master_.CheckForUpdate(false); }
+  void CheckForUpdate() override;
   void StopReading() override;
   void ShowTip() override;
   void OpenWebSite() override { master_.MenuClick("mnuWebsite"); }

@@ -239,7 +239,7 @@ TEST_F(RunTest, EndsOnRequestRightBehindTheLoad) {
     run.Start();
     EXPECT_EQ(run.Boxes.size(), 1U) << run.Boxes.back();
     EXPECT_TRUE(run.Host.OpenForms().empty() && !run.WasToldOf("show Master"));
-    EXPECT_FALSE(machine.HasMarker());
+    EXPECT_TRUE(run.Web.Asked.empty() && !machine.HasMarker());
     EXPECT_NE(machine.Settings().find("\"FileCountMax\",60,"), std::string::npos);
   }
 }
