@@ -26,7 +26,8 @@ std::string_view SiteName(std::string_view site) {
 }
 
 bool IsPlaceholder(std::string_view site) {
-  const std::string_view name = SiteName(site);
+  const std::string_view host = SiteName(site);
+  const std::string_view name = host.substr(0, host.find(':'));
   return name.empty() || std::ranges::any_of(NoDomains, [name](std::string_view domain) {
            return name.ends_with(domain);
          });
