@@ -66,17 +66,5 @@ TEST_F(QtDialogsTest, AsksForANameByteForByteWhollyOnTheScreen) {
   EXPECT_EQ(Dialogs.AskText({"t", "p", name, platform::ScreenPlace{1'000'000, -5'000}}), name);
 }
 
-// As when the program is asked to end.
-TEST_F(QtDialogsTest, TakesTheEndOfTheWindowBelowAsACancel) {
-  auto* const below = new QWidget;
-  below->show();
-  below->activateWindow();
-  InDialog<QFileDialog>([&](QFileDialog& dialog) {
-    EXPECT_EQ(dialog.parentWidget(), below);
-    delete below;
-  });
-  EXPECT_EQ(Dialogs.AskOpenFile({}), std::nullopt);
-}
-
 }  // namespace
 }  // namespace tarnwell::ui
