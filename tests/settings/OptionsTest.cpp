@@ -56,18 +56,5 @@ TEST_F(OptionsTest, ClicksTakeEffectAtOnceAndResendBothIconSettings) {
   EXPECT_TRUE(Messages.Texts.empty());
 }
 
-TEST_F(OptionsTest, TheLabelsChooseACategory) {
-  for (int opening = 0; opening < 2; ++opening) {
-    Host.Open(Dialog);
-    EXPECT_TRUE(Dialog.IsInView(Dialog.frmGeneral) && !Dialog.IsInView(Dialog.frmSpeed));
-    Dialog.LabelMouseMove(OptionsCategory::Speed);
-    Dialog.Frame1MouseMove();
-    EXPECT_EQ(Dialog.lblSpeed.ForeColour, 0);
-    Dialog.LabelClick(OptionsCategory::Speed);
-    EXPECT_TRUE(Dialog.IsInView(Dialog.frmSpeed) && !Dialog.IsInView(Dialog.frmGeneral));
-    Dialog.Close();
-  }
-}
-
 }  // namespace
 }  // namespace tarnwell::settings
