@@ -42,7 +42,6 @@ TEST_F(UpdateCheckTest, TellsOfANewerVersionAlone) {
                            {std::string(31, '9'), "Update"},
                            {std::string(10'000'000, '4'), "Update"},
                            {"4.00.0042", "Your v"},
-                           {"4.0.41\n", "Your v"},
                            {"four.one.two", "Your v"},
                            {"40000.0.0", "Your v"},
                            {"5.0.123456789012345678901234\r\n", "shown", "shown"},
