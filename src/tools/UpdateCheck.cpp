@@ -98,7 +98,7 @@ void UpdateCheck::CheckForUpdate(bool asked) {
   }
   isRunning_ = false;
   form.MousePointer = pointer;
-  services_.Host.SetScreenPointer(screen);
+  if (isAsked_) services_.Host.SetScreenPointer(screen);
   form.Touch();
 }
 
