@@ -80,7 +80,6 @@ TEST_F(UpdateCheckTest, ShowsTheNewsAndTakesAnAnswer) {
     EXPECT_FALSE(IsShown() || !Messages.Texts.empty());
     EXPECT_EQ(Space.Settings.OnlineVersion, 7);
   }
-  EXPECT_FALSE(Check.GiveUp());
   // Nobody has put a site of the program's own there.
   Web = {};
   UpdateCheck other(Space, {Host, Web, Messages, {}}, {}, "https://tw.example/");
