@@ -91,6 +91,8 @@ void Navigation::UpdateChildPane(lister::ListId list) {
   form.txtCurrentPath.Text = cut;
   form.Touch();
   handedOverFolder_[pane] = path;
+  workspace::Visit(workspace_.Histories[pane],
+                   syntax_.IsDriveRoot(path) ? path : syntax_.RemoveRightSlash(path));
 
   lister::ListerControl& files = workspace_.Lists.Files(pane);
   files.SetProperty("ActiveString", std::string());
@@ -130,6 +132,19 @@ void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
     return;
   }
   folders.OpenFolder(0, folders.ParentOfKey(folders.CurrentNodeKey()));
+}
+
+void Navigation::OpenFromHistory(int pane, std::size_t place) {
+  workspace::PaneHistory& history = workspace_.Histories[pane];
+  if (place >= history.Folders.size() || place == history.Here) return;
+  lister::ListerControl& folders = workspace_.Lists.Folders(pane);
+  const std::string folder = history.Folders[place];
+  if (folders.FolderExists(folder)) {
+    history.Here = place;  // before the folder comes, which can take its time
+  } else {
+    workspace::Forget(history, place);
+  }
+  folders.GoToFolder(folder);
 }
 
 }  // namespace tarnwell::lists

@@ -2,6 +2,7 @@
 // of its pane, and from both into the title, the menu and the toolbar.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,11 @@ class Navigation {
 
   // Opens the folder above the one that the list's pane shows; at a root, nothing.
   void MoveFocusUpOneFolder(lister::ListId list);
+
+  // Opens the folder at that place of the pane's history, which is Here from then on. A place
+  // beyond its ends does nothing; a folder that is no longer there is told by StatusMessage, and
+  // forgotten.
+  void OpenFromHistory(int pane, std::size_t place);
 
  private:
   workspace::Workspace& workspace_;

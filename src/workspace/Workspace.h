@@ -11,6 +11,7 @@
 #include "workspace/ArrangePanes.h"
 #include "workspace/ListSet.h"
 #include "workspace/MainForm.h"
+#include "workspace/PaneHistory.h"
 #include "workspace/PaneRecord.h"
 #include "workspace/ProgramSettings.h"
 
@@ -51,6 +52,7 @@ struct Workspace {
 
   MainForm Form;
   PaneRecords Panes;
+  PerPane<PaneHistory> Histories;
   ListSet Lists;
   ProgramSettings Settings;
   TitleColours Titles;

@@ -104,5 +104,34 @@ TEST_F(NavigationTest, LetsTheNewestFolderWinWhenHandOversNest) {
   EXPECT_EQ(nested, 2);
 }
 
+TEST_F(NavigationTest, KeepsTheWayOfEachPaneAndGoesBackOnIt) {
+  for (const char* folder : {"C:\\A\\B", "D:\\E"}) Platform.Files.AddFolder(folder);
+  for (const int pane : {0, 1}) OpenPane(pane, "C:\\");
+  const workspace::PaneHistory& way = Space.Histories[0];
+  const auto go = [&](const char* folder) { Space.Lists[100].GoToFolder(folder); };
+  const auto step = [&](int by) {
+    Nav.OpenFromHistory(0, way.Here + static_cast<std::size_t>(by));
+    return Space.Form.TitleBar[0].Text;
+  };
+  for (const char* folder : {"C:\\A\\B", "C:\\A", "D:\\E", "C:\\A"}) go(folder);
+  EXPECT_EQ(step(1), "C:\\A\\");
+  EXPECT_EQ(step(-1), "D:\\E\\");  // on another drive
+  EXPECT_EQ(step(-2), "C:\\A\\B\\");
+  Nav.OpenFromHistory(0, 4);
+  // A folder that has gone is told of and left out, and so is what then stands there twice.
+  Platform.Files.Remove("D:\\E");
+  EXPECT_EQ(step(-1), "C:\\A\\");
+  EXPECT_TRUE(Messages.Texts.size() == 1 && Messages.Texts[0].find("D:\\E") != std::string::npos);
+  EXPECT_EQ(way.Folders, (workspace::Texts{"C:\\", "C:\\A\\B", "C:\\A"}));
+  EXPECT_EQ(step(-2), "C:\\");
+  EXPECT_EQ(step(-1), "C:\\");
+  go("C:\\A");  // in place of what lay ahead
+  EXPECT_EQ(way.Folders, (workspace::Texts{"C:\\", "C:\\A"}));
+  for (int i = 0; i < 40; ++i) go(i % 2 == 0 ? "C:\\" : "C:\\A");
+  EXPECT_EQ(way.Folders.size(), workspace::MostInHistory);
+  EXPECT_EQ(step(-29), "C:\\");
+  EXPECT_EQ(Space.Histories[1].Folders, workspace::Texts{"C:\\"});
+}
+
 }  // namespace
 }  // namespace tarnwell::lists
