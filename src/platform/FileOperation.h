@@ -26,6 +26,10 @@ enum OperationFlags : std::uint16_t {
   SimpleProgress = 256,      // progress without the names of files
   NoConfirmNewFolder = 512,  // a missing target folder is made without asking
   NoErrorWindows = 1024,     // failures come back as the result alone
+  // The items lie in a trash, as TrashedItem::Place tells. A delete takes their notes with them. A
+  // move puts them back, and has as its Destination a list with the path to be of each item; that
+  // is trouble where the item in the trash is another one by now.
+  FromTrash = 2048,
 };
 
 struct OperationRequest {
@@ -33,7 +37,7 @@ struct OperationRequest {
   // Full paths, as a base::ItemList.
   std::string Items;
   // Target folder, with a separator at its end, or target path; a NUL at its end. A NUL alone for a
-  // delete.
+  // delete. A list where FromTrash tells so.
   std::string Destination;
   std::uint16_t Flags = 0;
 };
