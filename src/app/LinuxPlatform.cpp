@@ -38,7 +38,9 @@ Platform MakePlatform() {
   made.Libraries = platform::LinuxLibraries();
   made.System = std::move(system);
   made.Files = std::make_unique<platform::LinuxFileSystem>(folder);
-  made.Drives = std::make_unique<platform::LinuxDrives>();
+  auto mounts = std::make_shared<platform::DesktopMounts>();
+  made.Drives = std::make_unique<platform::LinuxDrives>(*mounts);
+  made.Mounts = std::move(mounts);
   made.Watches = std::make_unique<platform::LinuxFolderWatch>();
   made.Stamps = std::make_unique<platform::LinuxFolderStamps>();
   made.Clock = std::make_unique<platform::LinuxClock>();

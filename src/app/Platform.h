@@ -37,6 +37,7 @@ struct Platform {
   std::string DataFolder;  // of the files that came with the program; empty if there is none
   std::vector<platform::Library> Libraries;
   std::unique_ptr<platform::FileSystem> Files;
+  std::shared_ptr<void> Mounts;  // of the desktop; behind the next two
   std::unique_ptr<platform::Drives> Drives;
   std::unique_ptr<platform::FolderWatch> Watches;
   std::unique_ptr<platform::FolderStamps> Stamps;

@@ -150,13 +150,17 @@ TEST(DriveRules, ListsWhatAPersonWouldName) {
 TEST(DriveRules, FindsTheNearestVolume) {
   Mount home = Disk("/home/ann", "home.img", "ecryptfs");
   home.Internal = true;
-  const std::vector<Mount> mounts = {Disk("/data"), Disk("/data/old"), Disk("/boot")};
+  const std::vector<Mount> mounts = {Disk("/data"), Disk("/data/old"), Disk("/boot"),
+                                     Disk("/run/user/7/gvfs", "gvfsd-fuse", "fuse.gvfsd-fuse")};
   const char* const cases[][2] = {{"/data/old/file", "/data/old"},
                                   {"/data/older", "/data"},
                                   {"/data", "/data"},
                                   {"/database", "/"},
                                   {"/boot/vmlinuz", "/"},
-                                  {"/home/ann/file", "/"}};
+                                  {"/home/ann/file", "/"},
+                                  {"/run/user/7/gvfs/", "/"},
+                                  {"/run/user/7/gvfs/sftp:host=a", "/run/user/7/gvfs/sftp:host=a"},
+                                  {"/run/user/7/gvfs/dav:b/c/d", "/run/user/7/gvfs/dav:b"}};
   for (const auto& [path, drive] : cases) {
     EXPECT_EQ(DriveHolding(path, "/home/ann", mounts), drive) << path;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tarnwell::platform {
 namespace {
@@ -14,6 +15,15 @@ constexpr std::array<std::string_view, 10> systemFolders = {
 constexpr std::array<std::string_view, 9> shareTypes = {
     "nfs", "nfs4", "cifs", "smb3", "smbfs", "9p", "virtiofs", "fuse.sshfs", "fuse.rclone",
 };
+
+// The type of the mount that holds a folder for each place that the desktop has mounted.
+constexpr std::string_view placesType = "fuse.gvfsd-fuse";
+
+// The folder right below the mount of places that holds the path.
+std::string PlaceHolding(std::string_view path, const Mount& places) {
+  const std::size_t name = places.Path.size() + 1;
+  return path.size() > name ? std::string(path.substr(0, path.find('/', name))) : "";
+}
 
 bool IsDiskOrShare(const Mount& mount) {
   return mount.Source.starts_with("/dev/") || std::ranges::count(shareTypes, mount.Type) != 0;
@@ -52,11 +62,14 @@ std::string DriveHolding(std::string_view path, const std::string& home,
                          const std::vector<Mount>& mounts) {
   std::string nearest = "/";
   for (const Mount& mount : mounts) {
-    const bool counts = mount.Path == home || IsVolume(mount);
-    if (counts && mount.Path.size() > nearest.size() &&
-        base::PathSyntax::Posix().IsWithin(path, mount.Path)) {
-      nearest = mount.Path;
+    if (!base::PathSyntax::Posix().IsWithin(path, mount.Path)) continue;
+    std::string volume;
+    if (mount.Type == placesType) {
+      volume = PlaceHolding(path, mount);
+    } else if (mount.Path == home || IsVolume(mount)) {
+      volume = mount.Path;
     }
+    if (volume.size() > nearest.size()) nearest = std::move(volume);
   }
   return nearest;
 }

@@ -27,7 +27,8 @@ bool IsVolume(const Mount& mount);
 std::vector<Drive> DrivesOf(const std::string& home, const std::vector<Mount>& mounts);
 
 // The mount point of the volume that holds the path, else "/". Home counts where something is
-// mounted right there.
+// mounted right there. Below the desktop's one mount for all of its places each folder is a volume,
+// also while the desktop has not said so.
 std::string DriveHolding(std::string_view path, const std::string& home,
                          const std::vector<Mount>& mounts);
 

@@ -8,7 +8,6 @@
 #include "platform/linux/files/HomeFolder.h"
 #include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/GuardedCall.h"
-#include "platform/linux/system/DriveRules.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -38,8 +37,10 @@ std::vector<Mount> ReadMounts() {
 
 class LinuxDrives::Monitor {
  public:
-  explicit Monitor(std::function<void()> changed)
-      : changed_(std::move(changed)), source_(g_unix_mount_monitor_get()) {
+  Monitor(std::function<void()> changed, DesktopMounts& desktop)
+      : changed_(std::move(changed)),
+        desktop_(desktop.Listen(changed_)),
+        source_(g_unix_mount_monitor_get()) {
     signal_ = g_signal_connect(source_, "mounts-changed", G_CALLBACK(&Monitor::Report), this);
   }
   Monitor(const Monitor&) = delete;
@@ -57,15 +58,30 @@ class LinuxDrives::Monitor {
   }
 
   std::function<void()> changed_;
+  std::shared_ptr<void> desktop_;
   GUnixMountMonitor* source_;
   gulong signal_;
 };
 
-LinuxDrives::LinuxDrives() = default;
+LinuxDrives::LinuxDrives(DesktopMounts& desktop) : desktop_(desktop) {}
 LinuxDrives::~LinuxDrives() = default;
 
+std::vector<Mount> LinuxDrives::Mounts() const {
+  std::vector<Mount> mounts = ReadMounts();
+  for (const DesktopMount& each : desktop_.List()) {
+    if (each.Path.empty()) continue;
+    mounts.push_back({.Path = each.Path,
+                      .Label = each.Name,
+                      .Source = each.Address,
+                      .Type = {},
+                      .Internal = false,
+                      .Shown = true});
+  }
+  return mounts;
+}
+
 std::vector<Drive> LinuxDrives::List() const {
-  return DrivesOf(HomeFolder(), ReadMounts());
+  return DrivesOf(HomeFolder(), Mounts());
 }
 
 std::string LinuxDrives::HomeFolder() const {
@@ -73,11 +89,11 @@ std::string LinuxDrives::HomeFolder() const {
 }
 
 std::string LinuxDrives::DriveOf(const std::string& path) const {
-  return DriveHolding(path, HomeFolder(), ReadMounts());
+  return DriveHolding(path, HomeFolder(), Mounts());
 }
 
 void LinuxDrives::OnChange(std::function<void()> changed) {
-  monitor_ = changed ? std::make_unique<Monitor>(std::move(changed)) : nullptr;
+  monitor_ = changed ? std::make_unique<Monitor>(std::move(changed), desktop_) : nullptr;
 }
 
 }  // namespace tarnwell::platform

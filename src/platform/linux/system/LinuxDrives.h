@@ -7,14 +7,17 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/linux/network/DesktopMounts.h"
+#include "platform/linux/system/DriveRules.h"
 
 namespace tarnwell::platform {
 
-// Reads the table of mounts at each call and tells of its changes from the default main context of
-// GLib. Which mounts count is up to DriveRules.
+// Reads the table of mounts at each call, adds what the desktop has mounted, and tells of changes
+// from the default main context of GLib. Which mounts count is up to DriveRules.
 class LinuxDrives : public Drives {
  public:
-  LinuxDrives();
+  // The mounts of the desktop, which are asked for with the first OnChange, must outlive this.
+  explicit LinuxDrives(DesktopMounts& desktop);
   ~LinuxDrives() override;
   std::vector<Drive> List() const override;
   std::string HomeFolder() const override;
@@ -23,6 +26,9 @@ class LinuxDrives : public Drives {
 
  private:
   class Monitor;
+  std::vector<Mount> Mounts() const;
+
+  DesktopMounts& desktop_;
   std::unique_ptr<Monitor> monitor_;
 };
 
