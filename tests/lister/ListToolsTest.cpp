@@ -178,10 +178,10 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
 
   List.SetHeadingProperty(static_cast<int>(HeadingId::Size), "active", base::Value(true));
   ASSERT_TRUE(List.SaveListing("C:\\out.csv"));
-  EXPECT_EQ(
-      Written(),
-      "Name,Size,Path\r\nC:\\,39,\r\n\"a,\"\"b\"\"\",0,C:\\\r\nbox,39,C:\\\r\none,30,C:\\box\r\n"
-      "shut,,C:\\box\r\ntwo,5,C:\\box\r\nway,,C:\\box\r\nother,0,C:\\\r\n");
+  EXPECT_EQ(Written(),
+            "Name,Size,Path\r\nC:\\\\,39,\r\n\"a,\"\"b\"\"\",0,C:\\\\\r\nbox,39,C:\\\\\r\none,30,C:"
+            "\\\\box\r\n"
+            "shut,,C:\\\\box\r\ntwo,5,C:\\\\box\r\nway,,C:\\\\box\r\nother,0,C:\\\\\r\n");
 
   // A folder that has changed since is not shown with its old size.
   Platform.Files.At("C:\\box").Modified = 1;
@@ -197,7 +197,7 @@ TEST_F(TreeTools, MeasureTheFoldersOnShowAndListThem) {
   LoadDrive("C");
   View.CatchUps.clear();
   List.CatchUp();
-  EXPECT_EQ(size(Rows.Child(RootRow, 0)), "\u2265 162");  // and the listing
+  EXPECT_EQ(size(Rows.Child(RootRow, 0)), "\u2265 170");  // and the listing
 
   Platform.Files.ExtendedAttributeFault = {95, "Operation not supported"};
   Events.Take();
@@ -213,16 +213,20 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
   files.AddFile("C:\\odd\\q\"x.Txt");
   files.AddFile("C:\\odd\\new\nline");
   files.AddFile("C:\\odd\\\xff\xc3\xa4");
+  for (const char* name : {"=1+1", "+,", "-", "@", "\t", "\r", "'"}) {
+    files.AddFile("C:\\odd\\" + std::string(name)).AttributesFault = files.Denied();
+  }
   files.AddFile("C:\\odd\\ lead").AttributesFault = files.Denied();
   Platform.Forms.GroupMark = Platform.Forms.DateMark = ".";  // nothing to a listing
   Load("C:\\odd");
   List.MoveHeading("headright");
   ASSERT_TRUE(List.SaveListing("C:\\out.csv"));
   const std::string whole =
-      "Extension,Name,Size,Date Modified\r\n,\" lead\",,\r\n,\"a,b\",1234567,1970-01-02 "
+      "Extension,Name,Size,Date Modified\r\n,\"'\t\",,\r\n,\"'\r\",,\r\n,\" lead\",,\r\n,'',,\r\n"
+      ",\"'+,\",,\r\n,'-,,\r\n,'=1+1,,\r\n,'@,,\r\n,\"a,b\",1234567,1970-01-02 "
       "00:00:00\r\n"
       ",\"new\nline\",0,1970-01-01 00:00:00\r\nTxt,\"q\"\"x.Txt\",0,1970-01-01 00:00:00\r\n"
-      ",\xef\xbf\xbd\xc3\xa4,0,1970-01-01 00:00:00\r\n";
+      ",\\xFF\xc3\xa4,0,1970-01-01 00:00:00\r\n";
   EXPECT_EQ(Written(), whole);
 
   files.WriteFault = {28, "No space left on device"};

@@ -1,12 +1,17 @@
 #include "lister/list/ListingFile.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "base/Text.h"
 #include "lister/list/Pacer.h"
 
 namespace tarnwell::lister {
 namespace {
+
+// What a spreadsheet takes for the start of a formula, or for a mark that it drops.
+constexpr std::string_view FormulaStarts = "=+-@\t\r'";
 
 // The rows on show from the top, the children of each behind it.
 std::vector<RowId> RowsOnShow(const ListBody& body) {
@@ -67,7 +72,7 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
 }  // namespace
 
 void AppendLine(std::string& text, const std::vector<std::string>& fields) {
-  constexpr char32_t strayBytes = 0xDC80, lastStrayByte = 0xDCFF;
+  constexpr std::string_view hexDigits = "0123456789ABCDEF";
   bool first = true;
   for (const std::string& field : fields) {
     if (!std::exchange(first, false)) text += ',';
@@ -75,11 +80,16 @@ void AppendLine(std::string& text, const std::vector<std::string>& fields) {
     const bool quoted = field.find_first_of(",\"\r\n") != std::string::npos ||
                         (!field.empty() && (isBlank(field.front()) || isBlank(field.back())));
     if (quoted) text += '"';
+    if (!field.empty() && FormulaStarts.find(field.front()) != std::string_view::npos) text += '\'';
     for (std::size_t position = 0; position < field.size();) {
       const char32_t code = base::NextCodePoint(field, position);
-      const bool stray = code >= strayBytes && code <= lastStrayByte;
-      if (code == U'"') text += '"';
-      base::AppendCodePoint(text, stray ? U'\uFFFD' : code);
+      if (base::IsStrayByte(code)) {
+        const auto byte = static_cast<unsigned char>(field[position - 1]);
+        text += {'\\', 'x', hexDigits[byte >> 4], hexDigits[byte & 0xF]};
+        continue;
+      }
+      if (code == U'"' || code == U'\\') text += static_cast<char>(code);
+      base::AppendCodePoint(text, code);
     }
     if (quoted) text += '"';
   }

@@ -2,8 +2,11 @@
 //
 // A line of the captions of the headings on show, in their order; then a line for each row on show,
 // from the top. A folder list has the path of each folder too. Lines end in CR LF; UTF-8 without a
-// mark at the start, with U+FFFD for each byte of a name that is no UTF-8; sizes in plain digits,
-// dates as "yyyy-mm-dd hh:mm:ss" in local time.
+// mark at the start; sizes in plain digits, dates as "yyyy-mm-dd hh:mm:ss" in local time.
+//
+// What is read from it leads back to each name: a byte that is no UTF-8 is written as "\xHH" and a
+// backslash as "\\"; a field that begins with one of = + - @ ' or a tab or CR has one apostrophe in
+// front, so that no spreadsheet takes it for a formula or drops its start.
 #pragma once
 
 #include <string>
