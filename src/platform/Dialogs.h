@@ -43,6 +43,7 @@ struct FileQuestion {
   std::string DefaultSuffix;  // "csv"
   std::string Name;           // the name offered
   std::string Folder;         // the folder shown first; empty for the platform's choice
+  bool IsCentred = false;     // on the screen, and not over the window in use
 };
 
 class Dialogs {

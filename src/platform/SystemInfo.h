@@ -26,6 +26,9 @@ class SystemInfo {
   // The folder of the skins: that of the program's folder, or, where it has none and could be given
   // none, the one of the files that came with the program.
   virtual std::string SkinFolder() const = 0;
+  // Where relative paths start, and programs that are given no folder. One that is not there
+  // changes nothing.
+  virtual void SetCurrentFolder(const std::string& folder) = 0;
 };
 
 }  // namespace tarnwell::platform

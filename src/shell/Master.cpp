@@ -130,6 +130,8 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                         : std::make_unique<tools::LoggedListEvents>(events_, *services_.Log)),
       listCommands_(space_),
       comparison_(space_, services_.Host, messages_),
+      listing_(space_, {services_.Host, services_.Files, services_.Drives, services_.Dialogs,
+                        services_.System, services_.Clock, messages_}),
       updates_(space_, {services_.Host, services_.Web, messages_, [this] { OpenWebSite(); }},
                version, services_.Site),
       commands_({space_, panes_, layout_, listCommands_, switches_, comparison_, skin_, *this}),
@@ -447,6 +449,7 @@ void Master::Shutdown() {
 
 void Master::UnloadAllForms() {
   updates_.GiveUp();
+  listing_.GiveUp();
   services_.Drives.OnChange({});
   space_.ForEachList([](lister::ListerControl& list) { list.Terminate(); });
   const std::vector<forms::Form*> open = services_.Host.OpenForms();

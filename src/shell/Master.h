@@ -29,6 +29,7 @@
 #include "shell/Splash.h"
 #include "shellmenu/ShowShellMenu.h"
 #include "tools/CompareFolders.h"
+#include "tools/FileListing.h"
 #include "tools/LoggedListEvents.h"
 #include "tools/UpdateCheck.h"
 #include "tools/frmHelp.h"
@@ -122,7 +123,7 @@ class Master : private workspace::PaneHooks,
 
   void Exit() override;
   void ShowOptions() override;
-  void SaveFileListing() override { NotYet("the export of listings"); }
+  void SaveFileListing() override { listing_.SaveFileListing(); }
   void OpenRecycleBin() override { NotYet("the recycle bin"); }
   void EmptyRecycleBin() override { NotYet("the recycle bin"); }
   void MapNetworkDrive() override { NotYet("network drives"); }
@@ -186,6 +187,7 @@ class Master : private workspace::PaneHooks,
   std::unique_ptr<tools::LoggedListEvents> loggedEvents_;  // null unless messages are logged
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;
+  tools::FileListing listing_;
   tools::UpdateCheck updates_;
   commands::Commands commands_;
   commands::Keyboard keyboard_;

@@ -105,7 +105,9 @@ struct FakeDialogs : platform::Dialogs {
   std::optional<platform::FileQuestion> AskedFor;  // the last
   std::function<std::optional<base::Colour>(const platform::ColourQuestion&)> OnColour;
 
-  bool AskYesNo(const std::string&, const std::string&, bool) override { return false; }
+  bool Yes = false;
+
+  bool AskYesNo(const std::string&, const std::string&, bool) override { return Yes; }
   void ShowCritical(const std::string&, const std::string& text) override {
     Criticals.push_back(text);
   }

@@ -324,6 +324,7 @@ class FakeSystemInfo : public platform::SystemInfo {
  public:
   bool Windows98 = false, WindowsMe = false;
   base::Status Trouble;
+  std::string CurrentFolder;
 
   bool IsWindows95() const override { return false; }
   bool IsWindows98() const override { return Windows98; }
@@ -332,6 +333,7 @@ class FakeSystemInfo : public platform::SystemInfo {
   base::Status FolderTrouble() const override { return Trouble; }
   std::string FolderOf(std::string_view) const override { return "C:\\Tarnwell"; }
   std::string SkinFolder() const override { return "C:\\Tarnwell\\skins"; }
+  void SetCurrentFolder(const std::string& folder) override { CurrentFolder = folder; }
 };
 
 // As English writes them, but for the marks that a test puts here.

@@ -58,6 +58,7 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
       if (list.Fields.CancelRequested) reason = "stopped";
       if (IsFileList(list.Id) && list.Folder != folder) reason = "the folder has changed";
       if (list.Drive != drive) reason = "the drive has changed";
+      if (list.IsTerminated) reason = "the program ends";
       if (!reason.empty()) return false;
     }
     ++done;

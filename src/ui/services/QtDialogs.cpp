@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
 #include <QSettings>
 
 #include "ui/toolkit/Convert.h"
@@ -41,6 +42,25 @@ class Asked {
   QPointer<Dialog> dialog_;
 };
 
+// Takes the hourglass away that a command has put up behind which it asks.
+class PlainPointer {
+ public:
+  PlainPointer() {
+    if (const QCursor* const pointer = QApplication::overrideCursor()) {
+      pointer_ = *pointer;
+      QApplication::restoreOverrideCursor();
+    }
+  }
+  ~PlainPointer() {
+    if (pointer_) QApplication::setOverrideCursor(*pointer_);
+  }
+  PlainPointer(const PlainPointer&) = delete;
+  PlainPointer& operator=(const PlainPointer&) = delete;
+
+ private:
+  std::optional<QCursor> pointer_;
+};
+
 // Keeps the dialog in the desktop's colours, with what pops up in it and what it asks in its turn:
 // windows do not inherit those of their parents by themselves.
 class DesktopLook : public QObject {
@@ -61,6 +81,7 @@ class DesktopLook : public QObject {
 
 std::optional<std::string> AskFile(const platform::FileQuestion& question,
                                    QFileDialog::AcceptMode mode, const QPalette& palette) {
+  const PlainPointer pointer;
   Asked<QFileDialog> dialog;
   new DesktopLook(*dialog, palette);
   dialog->setWindowTitle(ToWindowTitle(question.Title));
@@ -72,6 +93,11 @@ std::optional<std::string> AskFile(const platform::FileQuestion& question,
   dialog->setDefaultSuffix(ToQString(question.DefaultSuffix));
   if (!question.Folder.empty()) dialog->setDirectory(ToQtPath(question.Folder));
   if (!question.Name.empty()) dialog->selectFile(ToQtPath(question.Name));
+  if (question.IsCentred) {
+    const QSize size = dialog->size();
+    const QPoint middle = dialog->screen()->geometry().center();
+    MoveOntoScreen(*dialog, middle - QPoint(size.width() / 2, size.height() / 2), size);
+  }
   if (!dialog.IsAccepted() || dialog->selectedFiles().isEmpty()) return std::nullopt;
   return FromQtPath(dialog->selectedFiles().constFirst());
 }

@@ -177,4 +177,9 @@ std::string LinuxSystemInfo::SkinFolder() const {
   return SkinsIn(ofData ? dataFolder_ : programFolder_);
 }
 
+void LinuxSystemInfo::SetCurrentFolder(const std::string& folder) {
+  std::error_code ignored;
+  std::filesystem::current_path(folder, ignored);
+}
+
 }  // namespace tarnwell::platform

@@ -36,6 +36,7 @@ class LinuxSystemInfo : public SystemInfo {
   base::Status FolderTrouble() const override { return folderTrouble_; }
   std::string FolderOf(std::string_view file) const override;
   std::string SkinFolder() const override;
+  void SetCurrentFolder(const std::string& folder) override;
   // The folder of the files that came with the program (icons, skins); empty if there is none.
   std::string DataFolder() const { return dataFolder_; }
 
