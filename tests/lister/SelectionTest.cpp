@@ -260,20 +260,20 @@ TEST_F(Selection, FollowsTheMouseAndEndsEachGestureOnEveryWay) {
 
 TEST_F(Selection, TakesKeysAndTypedText) {
   Platform.Files.AddFolder("C:\\box\\sub");
-  Make({"bar", "Bat", "b c", "moon", "s\xC3\xBCn"});  // sub, b c, bar, Bat, moon, sün
+  Make({"bar", "Bat", "b c", "moon", "ss", "s\xC3\xBCn"});  // sub, b c, bar, Bat, moon, ss, sün
   const auto press = [&](int key, int shift = 0) { return Input.KeyDown(key, shift); };
   // With Space held, arrows make of the rows what Space made of the first.
   for (const int key : {HomeKey, SpaceKeyCode, SpaceKeyCode, DownKey, DownKey}) press(key);
-  EXPECT_EQ(Marks(), "......");
+  EXPECT_EQ(Marks(), ".......");
   Input.KeyUp(SpaceKeyCode);
   for (const int key : {SpaceKeyCode, DownKey, DownKey, UpKey}) press(key);
   Input.KeyUp(SpaceKeyCode);
-  EXPECT_EQ(Marks(), "..##..");
+  EXPECT_EQ(Marks(), "..##...");
   press(InsertKey);
-  EXPECT_EQ(Marks() + Current(), "..#...moon");
+  EXPECT_EQ(Marks() + Current(), "..#....moon");
   List.SelectAll("none");
   List.PrepareSelectionKeyboard();
-  EXPECT_EQ(Marks(), "....#.");
+  EXPECT_EQ(Marks(), "....#..");
 
   const auto type = [&](const char* text) {
     Input.TypeText(text);
@@ -283,20 +283,42 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_EQ(type("B"), "b c|Find: B");
   EXPECT_EQ(type("B"), "bar|Find: B");
   EXPECT_EQ(type("a"), "bar|No item begins with BBa");
+  // A letter that is taken back, before the key goes up; the key held down takes letters alone.
+  press(BackspaceKey);
+  press(BackspaceKey);
+  Platform.Clock.Tick += 999;
+  EXPECT_EQ(type("a"), "bar|Find: Ba");
+  const auto step = [&](int shift) {
+    press('G', shift);
+    return Current() + "|" + List.Shown().Status;
+  };
+  EXPECT_EQ(step(CtrlDown), "Bat|Find: Ba");
+  EXPECT_EQ(step(CtrlDown), "bar|Find: Ba");
+  for (const int key : {DownKey, UpKey}) press(key);
+  EXPECT_EQ(step(CtrlDown | ShiftDown), "Bat|Find: Ba");
+  Events.Take();
+  for (int i = 0; i < 3; ++i) press(BackspaceKey);
+  EXPECT_EQ(Events.Take(), Texts{"ItemFocused 3"});
+  Input.ResetStart();
+  press(UpKey);
   Platform.Clock.Tick += 1000;
   EXPECT_EQ(type("b"), "Bat|Find: b");
   EXPECT_EQ(type("a"), "Bat|Find: ba");
-  EXPECT_EQ(Marks(), "...#..");
+  EXPECT_EQ(Marks(), "...#...");
   EXPECT_TRUE(press(EscapeKey) && !press(EscapeKey));
   EXPECT_EQ(List.Shown().Status.find("Find"), std::string::npos);
   EXPECT_EQ(type("S\xC3\xBC"), "s\xC3\xBCn|Find: S\xC3\xBC");
+  press(EscapeKey);
+  EXPECT_EQ(type("s"), "sub|Find: s");
+  EXPECT_EQ(type("s"), "ss|Find: ss");  // the whole text first, then its letter
+  EXPECT_EQ(type("s"), "s\xC3\xBCn|Find: s");
   press(EscapeKey);
   EXPECT_EQ(type("b"), "b c|Find: b");
   EXPECT_FALSE(press(SpaceKeyCode));  // within a name
   EXPECT_EQ(type(" "), "b c|Find: b ");
   List.SetProperty("ActiveString", std::string());
   press(SpaceKeyCode);
-  EXPECT_EQ(Marks(), "......");
+  EXPECT_EQ(Marks(), ".......");
 
   Events.Take();
   press(EnterKey, CtrlDown);

@@ -123,7 +123,6 @@ void FileInput::EnterFolder(const std::string& folder) {
 }
 
 void FileInput::ShowTyped(const std::string& text) {
-  files_.Find = text;
   if (text.empty()) {
     ShowSummary(files_);
   } else {

@@ -18,7 +18,6 @@ struct FileListState {
   ListState& List;
   FileRows Rows;  // of the folder on show, which may lag behind List.Folder
   RowId Current = NoRow;
-  std::string Find;                   // what is being typed to find an item; empty for nothing
   int Orders = 0;                     // changes when rows come, go or change places
   KnownSizes Sizes;                   // of folders
   std::function<void()> BeforeReset;  // all rows are about to go

@@ -278,7 +278,6 @@ void FileReader::ReadDetails(ReadJob& job) {
 
 // The items of another folder must not stand under the new one while that is read.
 void FileReader::ClearFor(const std::string& folder) {
-  files_.Find.clear();
   files_.List.Filter = {};
   files_.Note.clear();
   Replace(FileRows(folder));

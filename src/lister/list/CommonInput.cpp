@@ -73,11 +73,15 @@ bool CommonInput::KeyDown(int keyCode, int shift) {
   if (keyCode == SpaceKeyCode && shift == 0) {
     // A blank within what is being typed, if there is a name to go with it.
     if (typed_.GoesOn(list_.Services.Clock.Ticks()) &&
-        FindTyped(typed_.Wanted() + " ", true) != NoRow) {
+        FindTyped(typed_.Typed() + " ", true) != NoRow) {
       return false;
     }
     // A key that is held down repeats.
     if (std::exchange(spaceIsDown_, true)) return true;
+  }
+  if (const KeyAction search = SearchActionOf(keyCode, shift)) {
+    search();
+    return true;
   }
   const KeyAction action = ActionOf(keyCode, shift);
   if (!action) return false;
@@ -118,10 +122,48 @@ void CommonInput::AskClose(int, int) {
 
 // --- Typing.
 
+// The keys of the search leave it as it is, and others end it.
+KeyAction CommonInput::SearchActionOf(int keyCode, int shift) {
+  using This = CommonInput;
+  static constexpr KeyBinding<CommonInput> Bindings[] = {
+      {'G', CtrlDown, &This::StepToMatch},
+      {'G', CtrlDown | ShiftDown, &This::StepToMatch},
+      {BackspaceKey, 0, &This::TakeLetterBack},
+  };
+  const bool isOver = typed_.Typed().empty() && !backspaceTakes_;
+  if (keyCode == BackspaceKey && isOver) return {};
+  return FindAction(*this, Bindings, keyCode, shift);
+}
+
 void CommonInput::TypeText(std::string_view text) {
   if (text.empty() || static_cast<unsigned char>(text[0]) < 0x20 || text[0] == 0x7F) return;
   typed_.Add(text, list_.Services.Clock.Ticks());
-  const RowId found = FindTyped(typed_.Wanted(), typed_.TakesCurrent());
+  Search(false);
+}
+
+// Held down, the key does not go on to lead up folders once the text has gone.
+void CommonInput::TakeLetterBack(int, int) {
+  backspaceTakes_ = true;
+  if (typed_.Typed().empty()) return;
+  typed_.TakeBack(list_.Services.Clock.Ticks());
+  if (typed_.Typed().empty()) return ShowTyped("");
+  Search(true);
+}
+
+void CommonInput::StepToMatch(int, int shift) {
+  typed_.Resume();
+  if (typed_.Typed().empty()) return;
+  const bool back = (shift & ShiftDown) != 0;
+  ShowFound(back ? FindBefore(typed_.Wanted()) : FindTyped(typed_.Wanted(), false));
+}
+
+void CommonInput::Search(bool stays) {
+  RowId found = FindTyped(typed_.Wanted(), stays || typed_.TakesCurrent());
+  if (found == NoRow && typed_.NarrowToLetter()) found = FindTyped(typed_.Wanted(), stays);
+  ShowFound(found);
+}
+
+void CommonInput::ShowFound(RowId found) {
   if (found != NoRow) MoveTo(found);
   // The move can have led anywhere, and to an end of the search too.
   if (!typed_.Wanted().empty()) ShowTyped(typed_.Wanted());
@@ -149,6 +191,20 @@ RowId CommonInput::FindTyped(std::string_view wanted, bool takesCurrent) const {
     row = RowBelow(row);
   } while (row != first);
   return NoRow;
+}
+
+// The last match on the way round to the row with the cursor, which comes last itself.
+RowId CommonInput::FindBefore(std::string_view wanted) const {
+  const RowId current = Current();
+  const RowId first = RowBelow(current);
+  RowId found = NoRow;
+  if (current != NoRow && TypedText::Begins(NameOf(current), wanted)) found = current;
+  for (RowId row = first; row != NoRow && row != current;) {
+    if (TypedText::Begins(NameOf(row), wanted)) found = row;
+    row = RowBelow(row);
+    if (row == first) break;
+  }
+  return found;
 }
 
 // --- Mouse.

@@ -53,7 +53,7 @@ class CommonInput : public ListInput {
   void GoToFolder(const std::string& folder) override;
 
   MouseAction Action() const override { return action_; }
-  void ResetStart() override { spaceIsDown_ = false; }
+  void ResetStart() override { spaceIsDown_ = backspaceTakes_ = false; }
   bool KeyDown(int keyCode, int shift) override;
   void TypeText(std::string_view text) override;
   void SetTyped(const std::string& text) override;
@@ -100,12 +100,20 @@ class CommonInput : public ListInput {
   void ActivateCurrent(int keyCode, int shift);
   void AskCommandText(int keyCode, int shift);
   void AskClose(int keyCode, int shift);
+  KeyAction SearchActionOf(int keyCode, int shift);
+  void TakeLetterBack(int keyCode, int shift);
+  void StepToMatch(int keyCode, int shift);
+  void Search(bool stays);  // on the row with the cursor, if its name fits
+  // Goes to the row, unless there is none, and says what is looked for.
+  void ShowFound(RowId found);
   RowId FindTyped(std::string_view wanted, bool takesCurrent) const;
+  RowId FindBefore(std::string_view wanted) const;
 
   PersistentRow clicked_;
   bool holdsClicked_ = false;
   TypedText typed_;
   bool spaceIsDown_ = false;
+  bool backspaceTakes_ = false;  // letters, until it comes up
 };
 
 }  // namespace tarnwell::lister

@@ -10,12 +10,27 @@ void TypedText::Add(std::string_view text, std::int64_t now) {
   last_ = now;
 }
 
+void TypedText::TakeBack(std::int64_t now) {
+  Set(std::string(base::FirstCodePoints(typed_, base::CodePointCount(typed_) - 1)));
+  last_ = now;
+}
+
 void TypedText::Set(const std::string& text) {
+  if (text.empty() && !typed_.empty()) ended_ = typed_;
   typed_ = wanted_ = text;
-  const std::string letter(base::FirstCodePoints(text, 1));
-  std::string repeated;
-  while (repeated.size() < text.size()) repeated += letter;
-  if (repeated == text) wanted_ = letter;
+}
+
+void TypedText::Resume() {
+  if (typed_.empty()) Set(ended_);
+}
+
+bool TypedText::NarrowToLetter() {
+  const std::string letter(base::FirstCodePoints(typed_, 1));
+  std::string repeated = letter;
+  while (repeated.size() < typed_.size()) repeated += letter;
+  if (typed_ == letter || repeated != typed_) return false;
+  wanted_ = letter;
+  return true;
 }
 
 bool TypedText::TakesCurrent() const {
