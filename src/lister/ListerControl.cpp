@@ -242,6 +242,15 @@ void ListerControl::SetHeadingProperty(int heading, std::string_view attribute,
   parts_->Columns.Set(heading, attribute, value);
 }
 
+bool ListerControl::NameSized() const {
+  return parts_->State.Table.NameSized;
+}
+
+void ListerControl::SetNameSized(bool sized) {
+  parts_->State.Table.NameSized = sized;
+  parts_->State.View().HeadingsChanged();
+}
+
 void ListerControl::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
                                 std::function<bool()> tells) {
   parts_->Body->PlaceCursor(placed, std::move(tells));

@@ -141,6 +141,9 @@ class ListerControl : public forms::Control, public ListFields {
   bool HeadingActive(std::string_view name) const;
   base::Value HeadingProperty(int heading, std::string_view attribute) const;
   void SetHeadingProperty(int heading, std::string_view attribute, const base::Value& value);
+  // The widths of the headings are the user's; otherwise the name takes the room that is left.
+  bool NameSized() const;
+  void SetNameSized(bool sized);
 
   // Highest number in use, -1 when there is none.
   std::int16_t ExpandedCount() const;

@@ -20,6 +20,8 @@ class NumberForms {
   // A day and its time to the second, the year in full; most have the same width. By ISO 8601
   // where the user has chosen no language: "2001-02-28 13:05:09".
   virtual std::string DateAndTime(const LocalTime& time) const = 0;
+  // The same without the seconds.
+  virtual std::string DateAndMinute(const LocalTime& time) const = 0;
 };
 
 }  // namespace tarnwell::platform

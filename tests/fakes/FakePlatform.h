@@ -350,6 +350,10 @@ class FakeNumberForms : public platform::NumberForms {
     std::string text = std::to_string(std::lround(decimals == 0 ? number : number * 10));
     return decimals == 0 ? text : text.insert(text.size() - 1, DecimalMark);
   }
+  std::string DateAndMinute(const platform::LocalTime& time) const override {
+    const std::string text = DateAndTime(time);
+    return text.substr(0, text.size() - 3);
+  }
   std::string DateAndTime(const platform::LocalTime& time) const override {
     std::string text = lister::IsoText(time);
     return text.replace(text.find('-', 1), 1, DateMark).replace(text.rfind('-'), 1, DateMark);

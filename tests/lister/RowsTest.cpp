@@ -1,6 +1,6 @@
 #include "fakes/FakePlatform.h"
+#include "lister/rows/ColumnRoom.h"
 #include "lister/rows/FileRows.h"
-#include "lister/rows/Headings.h"
 #include "lister/rows/NameFilter.h"
 #include "lister/rows/NameOrder.h"
 
@@ -202,6 +202,24 @@ TEST(NameFilter, TakesByPatterns) {
       }
     }
   }
+}
+
+TEST(Headings, GiveTheNameTheRoomThatIsLeft) {
+  Headings table(true);
+  table.SetNeeds(HeadingId::DateLastModified, {.Column = 2100, .Cell = 2100, .Brief = 1500});
+  const auto in = [&table](base::Twips room) {
+    const ColumnWidths widths = WidthsIn(table, room);
+    return std::vector<base::Twips>(widths.begin(), widths.begin() + 4);
+  };
+  using Widths = std::vector<base::Twips>;  // name, extension, size, date
+  EXPECT_EQ(in(20000), (Widths{15255, 1140, 1500, 2100}));
+  EXPECT_EQ(in(8340), (Widths{3600, 1140, 1500, 2100}));
+  EXPECT_EQ(in(7700), (Widths{3600, 495, 1500, 2100}));  // a broken pixel is nobody's
+  EXPECT_EQ(in(7000), (Widths{3600, 300, 1500, 1590}));
+  EXPECT_EQ(in(6000), (Widths{2700, 300, 1500, 1500}));
+  EXPECT_EQ(in(-10), (Widths{1800, 300, 1500, 1500}));
+  table.NameSized = true;
+  EXPECT_EQ(in(20000), (Widths{3600, 1140, 1500, 2100}));
 }
 
 TEST(Headings, HoldValuesToWhatAListCanShow) {

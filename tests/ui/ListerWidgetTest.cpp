@@ -261,12 +261,23 @@ TEST_F(ListerWidgetTest, HeadingsGoBothWaysWithoutEchoes) {
       EXPECT_EQ(entry.Active, !list.Header->isSectionHidden(heading)) << heading;
       if (!entry.Active) continue;
       const auto id = static_cast<lister::HeadingId>(heading);
-      const base::Twips shown = list.Control.Shown().Table.ShownWidth(id);
-      EXPECT_EQ(ToPixels(shown), list.Header->sectionSize(heading)) << heading;
+      const lister::ColumnWidths widths =
+          WidthsIn(list.Control.Shown().Table, ToTwips(list.Tree->viewport()->width()));
+      EXPECT_EQ(ToPixels(widths[static_cast<std::size_t>(id)]), list.Header->sectionSize(heading))
+          << heading;
     }
   };
+  list.Show("/d");
   same();
+  EXPECT_EQ(list.Header->length(), list.Tree->viewport()->width());
+  list.Widget.resize(600, 300);
+  Settle();
+  same();
+  const int date = list.Header->sectionSize(3);
   list.Header->resizeSection(0, 123);
+  EXPECT_EQ(ToPixels(list.Control.Shown().Table[lister::HeadingId::DateLastModified].Width), date);
+  list.Widget.resize(500, 300);  // from now on the widths are the user's
+  Settle();
   EXPECT_EQ(list.Control.Shown().Table[lister::HeadingId::Name].Width, 123 * 15);
   list.Header->resizeSection(1, 1);
   same();

@@ -69,6 +69,7 @@ class MainWindowTest : public testing::Test {
 
 TEST_F(MainWindowTest, GivesLargeLettersRoom) {
   Run.Space().Lists.Files(0).SetHeadingProperty(0, "Width", base::Value(3000));
+  Run.Space().Lists.Files(0).SetNameSized(true);
   const QTreeView& files = *Tree("Files of pane 1");
   const auto shownDate = [&files] {
     const int room = files.header()->sectionSize(3) - 2 * CellMargin;

@@ -8,6 +8,7 @@
 #include "lister/files/FileStatus.h"
 #include "lister/files/OpenFiles.h"
 #include "lister/files/SelectedColours.h"
+#include "lister/rows/CellText.h"
 #include "lister/rows/PlacedNames.h"
 
 namespace tarnwell::lister {
@@ -133,6 +134,10 @@ RowState FileBody::OwnStateOf(RowId row) const {
 
 std::string FileBody::CellText(RowId row, HeadingId heading) const {
   return files_.Rows.Has(row) ? FileCellText(files_, row, heading) : "";
+}
+
+std::int64_t FileBody::MomentOf(RowId row, HeadingId heading) const {
+  return files_.Rows.Has(row) ? DateOf(files_.Rows.Row(row), heading) : platform::UnknownTime;
 }
 
 bool FileBody::IsSizePartial(RowId row) const {

@@ -67,6 +67,7 @@ class FileBody : public ListBody {
 
  protected:
   RowState OwnStateOf(RowId row) const override;
+  std::int64_t MomentOf(RowId row, HeadingId heading) const override;
   void FolderChanged(const std::string&, const platform::FolderChanges& changes) override {
     sizes_.HeedCancel();
     reader_.FolderChanged(changes);

@@ -1,5 +1,7 @@
 #include "lister/list/ListBody.h"
 
+#include "lister/rows/CellText.h"
+
 namespace tarnwell::lister {
 
 ListState::ListState(ListId id, ListFields& fields, const ListServices& services,
@@ -46,6 +48,11 @@ RowState ListBody::StateOf(RowId row) const {
   state.IsTarget = row > RootRow && ((state_.DragGraphicsOn && row == state_.DragRow) ||
                                      (state_.InAction && row == Input().Clicked()));
   return state;
+}
+
+std::string ListBody::BriefText(RowId row, HeadingId heading) const {
+  if (!IsDate(heading)) return CellText(row, heading);
+  return BriefDateText(state_.Services.Forms, state_.Services.Clock, MomentOf(row, heading));
 }
 
 }  // namespace tarnwell::lister

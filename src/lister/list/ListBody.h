@@ -115,6 +115,7 @@ class ListBody : public ListRows {
   virtual void CompareSelf(const std::vector<CompareRecord>&) {}
 
   RowState StateOf(RowId row) const final;
+  std::string BriefText(RowId row, HeadingId heading) const final;
   // The cell for other programs: bytes as they are, numbers in digits alone.
   virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
 
@@ -124,6 +125,8 @@ class ListBody : public ListRows {
  protected:
   // As StateOf, but for IsTarget.
   virtual RowState OwnStateOf(RowId row) const = 0;
+  // What stands under a heading of dates; UnknownTime for a row that does not exist.
+  virtual std::int64_t MomentOf(RowId row, HeadingId heading) const = 0;
   // A notice that a folder changed on disk, as FolderFollower gives it.
   virtual void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) = 0;
 

@@ -42,13 +42,27 @@ void ListColumns::Set(int heading, std::string_view attribute, const base::Value
   list_.View().HeadingsChanged();
 }
 
-void ListColumns::Fit(
-    const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf) {
+void ListColumns::Fit(const NeedsOf& needsOf) {
   const ListServices& services = list_.Services;
   for (int number = 0; number < HeadingCount; ++number) {
     const auto id = static_cast<HeadingId>(number);
-    list_.Table.FitWidth(id, widthOf(id, SampleText(services.Forms, services.Clock, id)));
+    list_.Table.SetNeeds(id, needsOf(id, SampleText(services.Forms, services.Clock, id),
+                                     BriefSample(services.Forms, services.Clock, id)));
   }
+  list_.View().HeadingsChanged();
+}
+
+void ListColumns::TakeWidths(const ColumnWidths& widths) {
+  for (int number = 0; number < HeadingCount; ++number) {
+    const base::Twips width = widths[static_cast<std::size_t>(number)];
+    if (width > 0) list_.Table.SetProperty(number, "Width", base::Value(width));
+  }
+  list_.Table.NameSized = true;
+  list_.View().HeadingsChanged();
+}
+
+void ListColumns::ReleaseWidths() {
+  list_.Table.ResetWidths();
   list_.View().HeadingsChanged();
 }
 

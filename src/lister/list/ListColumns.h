@@ -8,6 +8,7 @@
 
 #include "base/Measure.h"
 #include "base/Value.h"
+#include "lister/rows/ColumnRoom.h"
 #include "lister/rows/Headings.h"
 
 namespace tarnwell::lister {
@@ -28,9 +29,16 @@ class ListColumns {
   void Toggle(int heading);
   // Attributes, values and what is thrown are those of Headings::SetProperty.
   void Set(int heading, std::string_view attribute, const base::Value& value);
-  // Columns whose width nobody chose take what `widthOf` gives for a cell with that text, in twips.
-  // To be called by the view, again whenever its font changes.
-  void Fit(const std::function<base::Twips(HeadingId, const std::string& text)>& widthOf);
+  // Columns whose width nobody chose go by what `needsOf` gives for a cell with that text, and for
+  // one with its brief text. To be called by the view, again whenever its font changes.
+  using NeedsOf =
+      std::function<HeadingNeeds(HeadingId, const std::string& whole, const std::string& brief)>;
+  void Fit(const NeedsOf& needsOf);
+  // The user has sized a heading of the list, and the columns stand so. A width of 0 changes
+  // nothing.
+  void TakeWidths(const ColumnWidths& widths);
+  // The widths are the list's own affair again.
+  void ReleaseWidths();
 
   // By the active heading: anew, or in addition to the other keys.
   void Sort(bool descending, bool adds);

@@ -6,6 +6,11 @@
 #include "base/Text.h"
 
 namespace tarnwell::lister {
+namespace {
+
+constexpr std::int64_t WideMoment = 1'609'188'538'000'000'000;  // two digits for each part
+
+}  // namespace
 
 std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
                       std::string_view noun) {
@@ -41,6 +46,12 @@ std::string DateText(const platform::NumberForms& forms, const platform::Clock& 
   return nanoseconds == platform::UnknownTime ? "" : forms.DateAndTime(clock.ToLocal(nanoseconds));
 }
 
+std::string BriefDateText(const platform::NumberForms& forms, const platform::Clock& clock,
+                          std::int64_t nanoseconds) {
+  return nanoseconds == platform::UnknownTime ? ""
+                                              : forms.DateAndMinute(clock.ToLocal(nanoseconds));
+}
+
 std::string IsoText(const platform::LocalTime& time) {
   std::array<char, 80> text;
   std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.Year, time.Month,
@@ -54,13 +65,12 @@ std::string IsoText(const platform::Clock& clock, std::int64_t nanoseconds) {
 
 std::string SampleText(const platform::NumberForms& forms, const platform::Clock& clock,
                        HeadingId heading) {
-  constexpr std::int64_t wideMoment = 1'609'188'538'000'000'000;  // two digits for each part
   constexpr std::uint64_t largeSize = 88'888'888'888;
   switch (heading) {
     case HeadingId::DateLastModified:
     case HeadingId::DateCreated:
     case HeadingId::DateLastAccessed:
-      return DateText(forms, clock, wideMoment);
+      return DateText(forms, clock, WideMoment);
     case HeadingId::Size:
       return forms.Grouped(largeSize);
     case HeadingId::Name:
@@ -77,6 +87,11 @@ std::string SampleText(const platform::NumberForms& forms, const platform::Clock
       break;
   }
   return "";
+}
+
+std::string BriefSample(const platform::NumberForms& forms, const platform::Clock& clock,
+                        HeadingId heading) {
+  return IsDate(heading) ? BriefDateText(forms, clock, WideMoment) : "";
 }
 
 std::string_view ExtensionOf(std::string_view name) {

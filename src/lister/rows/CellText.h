@@ -31,10 +31,17 @@ std::string MeasuredDigits(std::uint64_t bytes, bool isWhole);
 // In local time; empty for UnknownTime.
 std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,
                      std::int64_t nanoseconds);
+// The same without the seconds.
+std::string BriefDateText(const platform::NumberForms& forms, const platform::Clock& clock,
+                          std::int64_t nanoseconds);
 // "yyyy-mm-dd hh:mm:ss", the form that files get.
 std::string IsoText(const platform::LocalTime& time);
 // The same of a moment, as DateText takes it.
 std::string IsoText(const platform::Clock& clock, std::int64_t nanoseconds);
+constexpr bool IsDate(HeadingId heading) {
+  return heading == HeadingId::DateLastModified || heading == HeadingId::DateCreated ||
+         heading == HeadingId::DateLastAccessed;
+}
 // What stands under a heading of dates.
 template <typename Item>
 std::int64_t DateOf(const Item& item, HeadingId heading) {
@@ -45,6 +52,9 @@ std::int64_t DateOf(const Item& item, HeadingId heading) {
 // caption is longer.
 std::string SampleText(const platform::NumberForms& forms, const platform::Clock& clock,
                        HeadingId heading);
+// The same of ListRows::BriefText; empty where that is no other text.
+std::string BriefSample(const platform::NumberForms& forms, const platform::Clock& clock,
+                        HeadingId heading);
 
 // What follows the last dot of a file's name, as bytes. A dot at its start makes no extension.
 std::string_view ExtensionOf(std::string_view name);

@@ -8,9 +8,6 @@
 namespace tarnwell::lister {
 namespace {
 
-constexpr base::Twips LeastWidth = 300;
-constexpr base::Twips MostWidth = 30'000;
-
 struct HeadingDefault {
   std::string_view Name;  // as menus call it; empty for headings that no menu switches
   std::string_view Key;
@@ -68,7 +65,7 @@ constexpr Attribute Attributes[] = {
     {"key", [](const Heading& heading) { return base::Value(heading.Key); }, KeepIdentity},
     {"Width", [](const Heading& heading) { return base::Value(heading.Width); },
      [](Table&, Heading& heading, const base::Value& value) {
-       heading.Width = std::clamp(base::ToInt32(value), LeastWidth, MostWidth);
+       heading.Width = std::clamp(base::ToInt32(value), LeastHeadingWidth, MostHeadingWidth);
      }},
     {"Index", [](const Heading& heading) { return base::Value(std::int32_t{heading.Index}); },
      WriteIndex},
@@ -140,14 +137,23 @@ bool Headings::IsActive(std::string_view name) const {
   return false;
 }
 
-void Headings::FitWidth(HeadingId id, base::Twips width) {
-  fitting_[static_cast<std::size_t>(id)] = std::clamp(width, LeastWidth, MostWidth);
+void Headings::SetNeeds(HeadingId id, const HeadingNeeds& needs) {
+  needs_[static_cast<std::size_t>(id)] = needs;
+}
+
+void Headings::ResetWidths() {
+  NameSized = false;
+  for (std::size_t number = 0; number < table_.size(); ++number) {
+    table_[number].Width = Defaults[number].Width;
+  }
 }
 
 base::Twips Headings::ShownWidth(HeadingId id) const {
   const auto number = static_cast<std::size_t>(id);
   const base::Twips width = table_[number].Width;
-  return width == Defaults[number].Width && fitting_[number] > 0 ? fitting_[number] : width;
+  const base::Twips needed = needs_[number].Column;
+  if (width != Defaults[number].Width || needed <= 0) return width;
+  return std::clamp(needed, LeastHeadingWidth, MostHeadingWidth);
 }
 
 int Headings::FindByKey(std::string_view key) const {

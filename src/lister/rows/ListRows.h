@@ -21,6 +21,8 @@ class ListRows {
   virtual RowState StateOf(RowId row) const = 0;
   // Text of a cell, for showing: valid UTF-8.
   virtual std::string CellText(RowId row, HeadingId heading) const = 0;
+  // The same for a cell that has less room than SampleText takes: dates drop their seconds.
+  virtual std::string BriefText(RowId row, HeadingId heading) const = 0;
   // The row is a folder that was measured, but not all of it could be read.
   virtual bool IsSizePartial(RowId row) const = 0;
   virtual std::string PathOf(RowId row) const = 0;  // bytes

@@ -342,6 +342,10 @@ std::string FolderBody::CellText(RowId row, HeadingId heading) const {
   return "";
 }
 
+std::int64_t FolderBody::MomentOf(RowId row, HeadingId heading) const {
+  return tree_.Has(row) ? DateOf(tree_.FactsOf(row), heading) : platform::UnknownTime;
+}
+
 bool FolderBody::IsSizePartial(RowId row) const {
   const auto size = tree_.Has(row) ? sizes_.SizeOf(row) : std::nullopt;
   return size && !size->IsWhole;

@@ -67,6 +67,7 @@ class FolderBody : public ListBody {
 
  protected:
   RowState OwnStateOf(RowId row) const override;
+  std::int64_t MomentOf(RowId row, HeadingId heading) const override;
   void FolderChanged(const std::string& folder, const platform::FolderChanges& changes) override;
 
  private:

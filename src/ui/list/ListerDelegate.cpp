@@ -18,6 +18,7 @@ namespace tarnwell::ui {
 
 using lister::HeadingId;
 using lister::ItemColour;
+using lister::RowId;
 
 namespace {
 
@@ -41,9 +42,13 @@ void PaintArrow(QPainter& painter, const QRect& gap, const QColor& colour) {
 
 }  // namespace
 
-ListerDelegate::ListerDelegate(const lister::ListRows& rows, bool fileList,
+ListerDelegate::ListerDelegate(const lister::ListRows& rows, const lister::ListAppearance& shown,
                                const ListerStyle& style, QObject* parent)
-    : QStyledItemDelegate(parent), rows_(rows), style_(style), fileList_(fileList) {}
+    : QStyledItemDelegate(parent),
+      rows_(rows),
+      table_(shown.Table),
+      style_(style),
+      fileList_(lister::IsFileList(shown.Id)) {}
 
 void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& option,
                                const QModelIndex& index, const PaintedRow& row) const {
@@ -53,7 +58,12 @@ void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& op
   }
   const QRect area = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
   if (area.width() <= 0) return;
-  const QString text = index.data().toString();
+  const auto heading = static_cast<HeadingId>(index.column());
+  // All of the column alike, so that what stands in it lines up.
+  const bool brief = table_.IsBrief(heading, ToTwips(option.rect.width()));
+  const RowId item = ListerModel::RowOf(index);
+  const QString text =
+      ToQString(brief ? rows_.BriefText(item, heading) : rows_.CellText(item, heading));
   if (text.isEmpty()) return;
   painter.setPen(style_.ColoursOf(row.State.IsSelected, row.IsHovered).Secondary);
   painter.drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
@@ -107,7 +117,7 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
   painter.restore();
 }
 
-int ListerDelegate::NameWidth(const QFontMetrics& metrics, lister::RowId row) const {
+int ListerDelegate::NameWidth(const QFontMetrics& metrics, RowId row) const {
   return metrics.horizontalAdvance(ToQString(rows_.CellText(row, HeadingId::Name)));
 }
 
@@ -117,6 +127,9 @@ int ListerDelegate::RowHeight(const QFontMetrics& metrics, const QSize& icon) co
 
 QSize ListerDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   int width = UncutWidth(option.fontMetrics, index.data().toString()) + 2 * CellMargin;
+  const auto heading = static_cast<HeadingId>(index.column());
+  // A narrower column would drop the seconds.
+  if (lister::IsDate(heading)) width = std::max(width, ToPixels(table_.Needs(heading).Cell));
   if (IsName(index)) {
     const int side = option.decorationSize.width();
     width += PartsOfName(QRect(), side, fileList_).Text.left() - CellMargin +
@@ -133,7 +146,7 @@ bool ListerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QStringList lines;
   const bool cut = sizeHint(option, index).width() > option.rect.width();
   if (cut) lines << index.data().toString();
-  const lister::RowId row = ListerModel::RowOf(index);
+  const RowId row = ListerModel::RowOf(index);
   if (index.column() == static_cast<int>(HeadingId::Size)) {
     const QString note = ToQString(SizeNote(rows_, row));
     if (!note.isEmpty()) lines << note;

@@ -4,6 +4,7 @@
 
 #include <QStyledItemDelegate>
 
+#include "lister/list/ListAppearance.h"
 #include "lister/rows/ListRows.h"
 #include "ui/list/ListerStyle.h"
 
@@ -20,9 +21,9 @@ class ListerDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
  public:
-  // Both outlive the delegate.
-  ListerDelegate(const lister::ListRows& rows, bool fileList, const ListerStyle& style,
-                 QObject* parent);
+  // All outlive the delegate.
+  ListerDelegate(const lister::ListRows& rows, const lister::ListAppearance& shown,
+                 const ListerStyle& style, QObject* parent);
 
   // Paints a cell onto the row's fill, which is there already.
   void PaintCell(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index,
@@ -41,6 +42,7 @@ class ListerDelegate : public QStyledItemDelegate {
                  const PaintedRow& row) const;
 
   const lister::ListRows& rows_;
+  const lister::Headings& table_;
   const ListerStyle& style_;
   const bool fileList_;
 };

@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleOptionHeader>
+#include <QToolTip>
 #include <QTreeView>
 #include <array>
 
@@ -21,9 +22,8 @@ namespace {
 
 constexpr int ArrowWidth = 8;
 constexpr int ArrowGap = 5;
-// The 300 to 30,000 twips that the heading table holds widths to.
-constexpr int LeastWidth = 20;
-constexpr int MostWidth = 2000;
+constexpr int LeastWidth = ToPixels(lister::LeastHeadingWidth);
+constexpr int MostWidth = ToPixels(lister::MostHeadingWidth);
 
 struct SortMark {
   int Level = -1;  // counted from 0; -1 when the list is not sorted by the heading
@@ -57,7 +57,7 @@ ListerHeader::ListerHeader(lister::ListerControl& control, const ListerStyle& st
   setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   setResizeContentsPrecision(0);  // by the rows on the screen
   connect(this, &QHeaderView::sectionResized, this,
-          [this](int section, int, int pixels) { WriteWidth(section, pixels); });
+          [this](int section, int, int pixels) { WriteWidths(section, pixels); });
   connect(this, &QHeaderView::sectionMoved, this, [this] { WriteOrder(); });
 }
 
@@ -73,25 +73,32 @@ void ListerHeader::ShowHeadings() {
   const QScopedValueRollback guard(showing_, true);
   const lister::Headings& table = control_.Shown().Table;
   const std::array<HeadingId, HeadingCount> order = table.Order();
-  int shown = 0;
   for (int place = 0; place < HeadingCount; ++place) {
     const HeadingId id = order[static_cast<std::size_t>(place)];
     const int section = static_cast<int>(id);
     moveSection(visualIndex(section), place);
     setSectionHidden(section, !table[id].Active);
-    if (table[id].Active) ++shown;
   }
-  // A folder list that shows names alone has no use for empty space beside them.
-  const bool fill = shown == 1 && !lister::IsFileList(control_.Id());
-  setMaximumSectionSize(fill ? -1 : MostWidth);
-  setSectionResizeMode(static_cast<int>(HeadingId::Name), fill ? Stretch : Interactive);
-  for (const HeadingId id : order) {
-    const int section = static_cast<int>(id);
-    if (sectionResizeMode(section) == Interactive) {
-      resizeSection(section, ToPixels(table.ShownWidth(id)));
-    }
-  }
+  ShowWidths();
   viewport()->update();
+}
+
+void ListerHeader::ShowWidths() {
+  const lister::Headings& table = control_.Shown().Table;
+  // The name fills a list of any width until the user sizes it.
+  setMaximumSectionSize(table.NameSized ? MostWidth : -1);
+  const lister::ColumnWidths widths = WidthsIn(table, ToTwips(viewport()->width()));
+  for (int section = 0; section < HeadingCount; ++section) {
+    const base::Twips width = widths[static_cast<std::size_t>(section)];
+    if (width > 0) resizeSection(section, ToPixels(width));
+  }
+}
+
+void ListerHeader::resizeEvent(QResizeEvent* event) {
+  QHeaderView::resizeEvent(event);
+  if (showing_ || writing_ || count() != HeadingCount || control_.Shown().Table.NameSized) return;
+  const QScopedValueRollback guard(showing_, true);
+  ShowWidths();
 }
 
 QSize ListerHeader::sizeHint() const {
@@ -125,20 +132,29 @@ void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
     connect(entry, &QAction::triggered, this,
             [this, id] { emit ToggleAsked(static_cast<int>(id)); });
   }
-  const int section = logicalIndexAt(event->pos());
-  if (section >= 0 && sectionResizeMode(section) == Interactive) {
-    menu->addSeparator();
+  menu->addSeparator();
+  if (const int section = logicalIndexAt(event->pos()); section >= 0) {
     connect(menu->addAction(QStringLiteral("Size column to contents")), &QAction::triggered, this,
             [this, section] { emit sectionHandleDoubleClicked(section); });
   }
+  QAction* const release = menu->addAction(QStringLiteral("Automatic column widths"));
+  release->setEnabled(table.NameSized);
+  connect(release, &QAction::triggered, this, &ListerHeader::ReleaseAsked);
   menu->popup(event->globalPos());
 }
 
-void ListerHeader::WriteWidth(int section, int pixels) {
-  // A hidden section reports no width, a stretched one the width of the list.
-  if (showing_ || pixels <= 0 || sectionResizeMode(section) != Interactive) return;
+void ListerHeader::WriteWidths(int section, int pixels) {
+  // A hidden section reports no width.
+  if (showing_ || pixels <= 0) return;
+  lister::ColumnWidths widths{};
+  for (int shown = 0; shown < HeadingCount; ++shown) {
+    if (!isSectionHidden(shown)) {
+      widths[static_cast<std::size_t>(shown)] =
+          ToTwips(shown == section ? pixels : sectionSize(shown));
+    }
+  }
   const QScopedValueRollback guard(writing_, true);
-  control_.SetHeadingProperty(section, "Width", base::Value(ToTwips(pixels)));
+  emit Sized(widths);
 }
 
 void ListerHeader::WriteOrder() {
@@ -150,6 +166,20 @@ void ListerHeader::WriteOrder() {
     if (control_.Shown().Table[static_cast<HeadingId>(section)].Index == place) continue;
     control_.SetHeadingProperty(section, "Index", base::Value(std::int32_t{place}));
   }
+}
+
+bool ListerHeader::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QHeaderView::viewportEvent(event);
+  auto* const help = static_cast<QHelpEvent*>(event);
+  const int section = logicalIndexAt(help->pos());
+  if (section < 0) return QHeaderView::viewportEvent(event);
+  const QRect place(sectionViewportPosition(section), 0, sectionSize(section), height());
+  QString text = model()->headerData(section, orientation(), Qt::ToolTipRole).toString();
+  if (sectionSizeFromContents(section).width() > place.width()) {
+    text.prepend(model()->headerData(section, orientation()).toString() + QLatin1Char('\n'));
+  }
+  QToolTip::showText(help->globalPos(), PlainToolTip(text), viewport(), place);
+  return true;
 }
 
 void ListerHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {

@@ -1,10 +1,12 @@
 // The headings of a list: shows order, width, visibility and sort marks as the control has them,
-// and writes back what the user drags.
+// and writes back what the user drags. The whole caption is in the tool-tip where a heading cuts
+// it.
 #pragma once
 
 #include <QHeaderView>
 
 #include "lister/ListerControl.h"
+#include "lister/rows/ColumnRoom.h"
 #include "ui/list/ListerStyle.h"
 
 class QTreeView;
@@ -28,8 +30,10 @@ class ListerHeader : public QHeaderView {
   QSize sizeHint() const override;
 
  signals:
-  void ToggleAsked(int heading);  // is to be shown or hidden
-  void Released();                // the main button of the mouse
+  void ToggleAsked(int heading);                   // is to be shown or hidden
+  void Sized(const lister::ColumnWidths& widths);  // by the user: all columns stand so
+  void ReleaseAsked();                             // the list is to see to the widths itself
+  void Released();                                 // the main button of the mouse
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -37,9 +41,12 @@ class ListerHeader : public QHeaderView {
   QSize sectionSizeFromContents(int section) const override;
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
-  void WriteWidth(int section, int pixels);
+  void ShowWidths();
+  void WriteWidths(int section, int pixels);
   void WriteOrder();
   // Paints the marks of the heading's sort level from the right end of `area`; gives what is left.
   QRect PaintSortMark(QPainter* painter, const QRect& area, int section) const;

@@ -54,7 +54,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   header_ = new ListerHeader(control, style_, tree_);
   header_->BecomeHeaderOf(*tree_);
   tree_->setModel(model_);
-  tree_->setItemDelegate(new ListerDelegate(control.Rows(), fileList_, style_, tree_));
+  tree_->setItemDelegate(new ListerDelegate(control.Rows(), control.Shown(), style_, tree_));
   setFocusProxy(tree_);
 
   status_ = new QLabel(this);
@@ -344,10 +344,15 @@ void ListerWidget::SetMeasures() {
   // The bundled pictures are drawn on a grid of 16: whole eighths of a large font stay crisp.
   const int side = std::max(16, tree_->fontMetrics().height() / 8 * 8);
   tree_->setIconSize(QSize(side, side));
-  control_.Columns().Fit([&](HeadingId id, const std::string& text) {
-    int cell = UncutWidth(tree_->fontMetrics(), ToQString(text)) + 2 * CellMargin;
-    if (id == HeadingId::Name) cell += PartsOfName(QRect(), side, fileList_).Text.left();
-    return ToTwips(std::max(cell, header_->CaptionWidth(static_cast<int>(id), true)));
+  const auto widthOf = [&](HeadingId id, const std::string& text) {
+    const int icon = id == HeadingId::Name ? PartsOfName(QRect(), side, fileList_).Text.left() : 0;
+    return ToTwips(UncutWidth(tree_->fontMetrics(), ToQString(text)) + 2 * CellMargin + icon);
+  };
+  control_.Columns().Fit([&](HeadingId id, const std::string& whole, const std::string& brief) {
+    const base::Twips caption = ToTwips(header_->CaptionWidth(static_cast<int>(id), true));
+    return lister::HeadingNeeds{.Column = std::max(widthOf(id, whole), caption),
+                                .Cell = whole.empty() ? 0 : widthOf(id, whole),
+                                .Brief = brief.empty() ? 0 : widthOf(id, brief)};
   });
   PlaceChildren();
 }

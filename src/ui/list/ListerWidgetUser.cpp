@@ -168,6 +168,12 @@ void ListerWidget::ConnectHeader() {
     const bool shift = QGuiApplication::keyboardModifiers() & Qt::ShiftModifier;
     Queue([this, heading, shift] { control_.Columns().DoubleClick(heading, shift); });
   });
+  // At once: the widths are those that the user sees while he drags.
+  connect(header_, &ListerHeader::Sized, this, [this](const lister::ColumnWidths& widths) {
+    if (control_.View == this) control_.Columns().TakeWidths(widths);
+  });
+  connect(header_, &ListerHeader::ReleaseAsked, this,
+          [this] { Queue([this] { control_.Columns().ReleaseWidths(); }); });
   connect(header_, &ListerHeader::ToggleAsked, this,
           [this](int heading) { Queue([this, heading] { control_.Columns().Toggle(heading); }); });
 }

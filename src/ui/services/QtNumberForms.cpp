@@ -24,13 +24,19 @@ QString DatePattern(const QLocale& locale) {
   return pattern.replace(shortYear, QStringLiteral("yyyy"));
 }
 
-// The short form with the seconds that it lacks.
-QString TimePattern(const QLocale& locale) {
+// The short form, which has seconds in some languages.
+QString MinutePattern(const QLocale& locale) {
   QString pattern = locale.timeFormat(QLocale::ShortFormat);
   PadNumbers(pattern);
+  static const QRegularExpression seconds(QStringLiteral("[.:]ss?(?!\\w)"));
+  return pattern.remove(seconds);
+}
+
+QString TimePattern(const QLocale& locale) {
+  QString pattern = MinutePattern(locale);
   const QString minute = QStringLiteral("mm");
   const qsizetype at = pattern.indexOf(minute);
-  if (at < 0 || pattern.contains(QLatin1Char('s'))) return pattern;
+  if (at < 0) return pattern;
   const bool hasPoint = at > 0 && pattern[at - 1] == QLatin1Char('.');
   return pattern.insert(at + minute.size(),
                         hasPoint ? QStringLiteral(".ss") : QStringLiteral(":ss"));
@@ -44,6 +50,7 @@ QtNumberForms::QtNumberForms(const QLocale& locale) : locale_(locale) {
   if (locale.dateFormat(QLocale::ShortFormat) == noChoice) return;
   datePattern_ = DatePattern(locale);
   timePattern_ = TimePattern(locale);
+  minutePattern_ = MinutePattern(locale);
 }
 
 std::string QtNumberForms::Grouped(std::uint64_t number) const {
@@ -55,11 +62,22 @@ std::string QtNumberForms::Decimal(double number, int decimals) const {
 }
 
 std::string QtNumberForms::DateAndTime(const platform::LocalTime& time) const {
-  if (datePattern_.isEmpty()) return lister::IsoText(time);
+  return datePattern_.isEmpty() ? lister::IsoText(time) : ByPattern(time, timePattern_);
+}
+
+std::string QtNumberForms::DateAndMinute(const platform::LocalTime& time) const {
+  constexpr std::size_t seconds = 3;
+  if (!datePattern_.isEmpty()) return ByPattern(time, minutePattern_);
+  const std::string text = lister::IsoText(time);
+  return text.substr(0, text.size() - seconds);
+}
+
+std::string QtNumberForms::ByPattern(const platform::LocalTime& time,
+                                     const QString& timePattern) const {
   const QDate date(time.Year, time.Month, time.Day);
   const QTime ofDay(time.Hour, time.Minute, time.Second);
   return (locale_.toString(date, datePattern_) + QLatin1Char(' ') +
-          locale_.toString(ofDay, timePattern_))
+          locale_.toString(ofDay, timePattern))
       .toStdString();
 }
 

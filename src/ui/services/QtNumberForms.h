@@ -16,12 +16,16 @@ class QtNumberForms : public platform::NumberForms {
   std::string Grouped(std::uint64_t number) const override;
   std::string Decimal(double number, int decimals) const override;
   std::string DateAndTime(const platform::LocalTime& time) const override;
+  std::string DateAndMinute(const platform::LocalTime& time) const override;
 
  private:
+  std::string ByPattern(const platform::LocalTime& time, const QString& timePattern) const;
+
   QLocale locale_;
-  // As QLocale spells them; both empty for ISO 8601.
+  // As QLocale spells them; all empty for ISO 8601.
   QString datePattern_;
   QString timePattern_;
+  QString minutePattern_;  // the time without its seconds
 };
 
 }  // namespace tarnwell::ui
