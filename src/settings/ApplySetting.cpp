@@ -189,6 +189,7 @@ constexpr std::array GlobalEffects = {
     EffectRow{"HEIGHTH", StorePaneInt32<&PaneRecord::HeightH>},
     EffectRow{"LEFT", StorePaneInt32<&PaneRecord::Left>},
     EffectRow{"STATUS", StoreStatus},
+    EffectRow{"NAMESIZED", StorePaneInt32<&PaneRecord::NameSized>},
     EffectRow{"INITIALDRIVE", StoreInitialDrive},
 };
 

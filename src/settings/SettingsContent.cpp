@@ -92,6 +92,23 @@ struct PaneFieldRow {
   Value (*Take)(const PaneRecord&);
 };
 
+// As loaded while the lists do not exist.
+Value NameSized(const Workspace& space, int pane) {
+  if (!space.Panes[pane].Initialized) return space.Panes[pane].NameSized;
+  return std::int32_t{(space.Lists.Folders(pane).NameSized() ? workspace::SizedTree : 0) |
+                      (space.Lists.Files(pane).NameSized() ? workspace::SizedFiles : 0)};
+}
+
+// Records of all panes that stand behind the blocks of each.
+struct ClosingRow {
+  std::string_view Key;
+  Value (*Take)(const Workspace&, int pane);
+};
+
+constexpr std::array ClosingRows = {
+    ClosingRow{"NameSized", NameSized},
+};
+
 constexpr std::array PaneFieldRows = {
     PaneFieldRow{"PercentWidth", Field<&PaneRecord::PercentWidth>},
     PaneFieldRow{"PercentHeight", Field<&PaneRecord::PercentHeight>},
@@ -203,6 +220,13 @@ std::string SettingsContent(const Workspace& space, const std::vector<SettingRec
     } else {
       AppendLoadedPane(text, loaded, pane);
     }
+  }
+  for (const ClosingRow& row : ClosingRows) {
+    SettingRecord record = Record(row.Key);
+    for (int pane = 0; pane < lister::PaneCount; ++pane) {
+      record.Fields[static_cast<std::size_t>(pane)] = row.Take(space, pane);
+    }
+    AppendRecord(text, record);
   }
   AppendRecord(text, Record("End"));
   return text;

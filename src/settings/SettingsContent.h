@@ -9,7 +9,8 @@
 
 namespace tarnwell::settings {
 
-// The whole content of the file: the records of the program, a block for each pane, and "End". A
+// The whole content of the file: the records of the program, a block for each pane, a record of
+// what the user sized, and "End". A
 // pane that was not set up in this run takes its block from the records loaded at the start, as
 // they were read. A record whose text the syntax cannot carry is left out; a bookmark of that kind
 // becomes

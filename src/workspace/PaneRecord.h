@@ -21,6 +21,9 @@ inline constexpr base::Twips DefaultWidthH = 4100;
 
 enum PaneStatus : std::int32_t { Open = 0, Closed = 1 };
 
+// Bits of PaneRecord::NameSized: the list whose widths are the user's.
+enum SizedLists : std::int32_t { SizedTree = 1, SizedFiles = 2 };
+
 // Measures are twips. Fields marked "saved" are settings keys of the same name.
 struct PaneRecord {
   std::string InitialDrive;    // saved: drive on which the folder list opens
@@ -45,6 +48,7 @@ struct PaneRecord {
   base::Twips HeightH = 0;        // saved: horizontal layout, height of the pane
   base::Twips Left = 0;           // saved: vertical layout, left edge of the pane
   base::Twips Top = 0;            // horizontal layout, top edge of the pane
+  std::int32_t NameSized = 0;     // saved: SizedLists, as loaded; lists that exist know themselves
   std::string CurrentPath;        // folder that the folder list has open
   bool DriveLoaded = false;       // the folder list has loaded its drive
 

@@ -140,6 +140,8 @@ void PaneSet::SetUpLists(int pane) {
   files.ListType = 2;
   files.ListMode = 0;
   hooks_.ReplayPaneSettings(pane);
+  folders.SetNameSized((record.NameSized & SizedTree) != 0);
+  files.SetNameSized((record.NameSized & SizedFiles) != 0);
   for (lister::ListerControl* list : {&folders, &files}) {
     list->SetProperty("FileCountMax", settings.FileCountMax);
     list->SetProperty("ShowColor", settings.ShowColor);
