@@ -36,14 +36,14 @@ struct MainEntry {
 inline constexpr MainEntry MainEntries[] = {
     {"Access", 111798, MainEntryKind::Access, ShownFor::AccessDatabase},
     {"", 111796, MainEntryKind::Separator, ShownFor::AccessDatabase},
-    {"New Folder", 111795},
+    {"&New Folder", 111795},
     {"", 111794, MainEntryKind::Separator},
-    {"Rename", 111793, MainEntryKind::Plain, ShownFor::NoDriveRoot},
-    {"Duplicate", 111792, MainEntryKind::Plain, ShownFor::NoDriveRoot},
-    {"Command Line", 111791},
+    {"Rena&me", 111793, MainEntryKind::Plain, ShownFor::NoDriveRoot},
+    {"Duplic&ate", 111792, MainEntryKind::Plain, ShownFor::NoDriveRoot},
+    {"Command &Line", 111791},
     {"", 111790, MainEntryKind::Separator},
-    {"Bookmarks", 113000, MainEntryKind::Bookmarks},
-    {"Colour Code", 111789, MainEntryKind::ColourCode},
+    {"&Bookmarks", 113000, MainEntryKind::Bookmarks},
+    {"Colour Cod&e", 111789, MainEntryKind::ColourCode},
     {"", 111788, MainEntryKind::Separator},
 };
 

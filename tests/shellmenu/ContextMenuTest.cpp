@@ -253,7 +253,7 @@ TEST_F(ContextMenuTest, LeavesNothingBehindOnAnyWayOut) {
   EXPECT_TRUE(Messages.Texts.empty());
 
   // An entry that cannot be added is told of, and the others are there.
-  Popups.Refused = "Bookmarks";
+  Popups.Refused = "&Bookmarks";
   Choose("a.txt", "New Folder");
   EXPECT_EQ(Messages.Texts,
             (Texts{"A custom menu item could not be added. Please contact the makers of Tarnwell "
@@ -341,7 +341,7 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
   Choose("b.txt", "Rename");
   EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\z.txt"));
   Platform.ItemMenus.Captions.emplace_back("&RENAME");  // it is taken for the program's own
-  Popups.Refused = "Rename";
+  Popups.Refused = "Rena&me";
   Choose("c.txt", "RENAME");
   Choose("Sub", "New Folder");
   CommandLine = [this] { Dialogs.emplace_back("line"); };
