@@ -19,6 +19,7 @@ struct ContextEntry {
   bool IsSeparator = false;
   bool Enabled = true;
   bool IsDefault = false;              // what a double click does
+  bool IsChecked = false;              // has a tick
   std::vector<ContextEntry> Children;  // of a submenu
 };
 

@@ -190,6 +190,7 @@ constexpr std::array GlobalEffects = {
     EffectRow{"LEFT", StorePaneInt32<&PaneRecord::Left>},
     EffectRow{"STATUS", StoreStatus},
     EffectRow{"NAMESIZED", StorePaneInt32<&PaneRecord::NameSized>},
+    EffectRow{"PANEACCENT", StorePaneInt32<&PaneRecord::Accent>},
     EffectRow{"INITIALDRIVE", StoreInitialDrive},
 };
 

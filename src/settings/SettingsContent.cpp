@@ -107,6 +107,8 @@ struct ClosingRow {
 
 constexpr std::array ClosingRows = {
     ClosingRow{"NameSized", NameSized},
+    ClosingRow{"PaneAccent",
+               [](const Workspace& space, int pane) -> Value { return space.Panes[pane].Accent; }},
 };
 
 constexpr std::array PaneFieldRows = {

@@ -114,6 +114,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                    messages_,
                    {newFolder_, rename_, duplicate_, operations_, delete_, services_.Launcher,
                     [this] { OpenCommandLine(); }}),
+      titleMenu_(space_, services_.Files.Syntax(), navigation_, services_.Popups),
       drop_(space_, services_.Files, services_.Drives, operations_, services_.Host, messages_,
             dialogFields_),
       events_(space_, layout_, navigation_, messages_,
@@ -374,6 +375,17 @@ void Master::TitleClick(int pane) {
 void Master::TitleMouseDown(int pane) {
   space_.CurrentList = lister::FolderListOf(pane);
   workspace::HighlightActiveList(space_, false);
+}
+
+void Master::TitlePictureClick(int pane) {
+  TitleClick(pane);
+  titleMenu_.Show(pane);
+}
+
+void Master::OpenTitleMenu() {
+  splitters_.GiveUp();
+  if (space_.Lists.Find(space_.CurrentList) == nullptr) return;
+  titleMenu_.Show(lister::PaneOf(space_.CurrentList));
 }
 
 void Master::WheelTurned(int delta) {

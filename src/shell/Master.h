@@ -28,6 +28,7 @@
 #include "shell/Services.h"
 #include "shell/Splash.h"
 #include "shellmenu/ShowShellMenu.h"
+#include "shellmenu/TitleMenu.h"
 #include "tools/CompareFolders.h"
 #include "tools/FileListing.h"
 #include "tools/LoggedListEvents.h"
@@ -79,6 +80,10 @@ class Master : private workspace::PaneHooks,
   void ClosePaneClick(int pane) { panes_.ChangePanes(pane); }
   void TitleClick(int pane);
   void TitleMouseDown(int pane);
+  // The picture in the title: what a click on the title does, then the title's menu.
+  void TitlePictureClick(int pane);
+  // The title's menu of the pane that has the current list.
+  void OpenTitleMenu();
   // The mouse over the form's own surface, in twips; a press and a release of any button.
   void MouseMove(float x, float y) { splitters_.MouseMove(x, y); }
   void MouseDown(float x, float y) { splitters_.MouseDown(x, y); }
@@ -182,6 +187,7 @@ class Master : private workspace::PaneHooks,
   fileops::DeleteCommand delete_;
   fileops::DuplicateCommand duplicate_;
   shellmenu::ContextMenuCommand contextMenu_;
+  shellmenu::TitleMenu titleMenu_;
   fileops::DropCommand drop_;
   lists::ListEventHandler events_;
   std::unique_ptr<tools::LoggedListEvents> loggedEvents_;  // null unless messages are logged

@@ -49,6 +49,7 @@ struct PaneRecord {
   base::Twips Left = 0;           // saved: vertical layout, left edge of the pane
   base::Twips Top = 0;            // horizontal layout, top edge of the pane
   std::int32_t NameSized = 0;     // saved: SizedLists, as loaded; lists that exist know themselves
+  std::int32_t Accent = 0;        // saved as PaneAccent: 1 to 8, by PaneAccent.h; others are none
   std::string CurrentPath;        // folder that the folder list has open
   bool DriveLoaded = false;       // the folder list has loaded its drive
 

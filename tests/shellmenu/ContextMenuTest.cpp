@@ -3,6 +3,7 @@
 #include "lister/list/ListInput.h"
 #include "lists/TestLists.h"
 #include "shellmenu/ShowShellMenu.h"
+#include "shellmenu/TitleMenu.h"
 
 namespace tarnwell::shellmenu {
 namespace {
@@ -442,6 +443,34 @@ TEST_F(ContextMenuTest, ColoursComeWithAHintEach) {
             "because it takes too long to check each file.\r\n\r\nFeel free to override this "
             "behaviour in the Options if you wish.");
   EXPECT_FALSE(Space.Settings.IsFirstColorCodingOverMax);
+}
+
+TEST_F(ContextMenuTest, OfATitleLeadsAboutAndGivesBookmarksAndAccents) {
+  TitleMenu menu(Space, Syntax, Nav, Popups);
+  auto& slots = Space.Settings.Bookmarks;
+  const auto choose = [&](int pane, const std::string& caption) {
+    Popups.Choice = caption;
+    menu.Show(pane);
+    return Syntax.RemoveRightSlash(Space.Panes[pane].CurrentPath);
+  };
+  Platform.Files.AddFolder("C:\\R&D");
+  slots[0].Path = "C:\\R&D";
+  EXPECT_EQ(choose(0, "Add This Folder to Slot 2"), "C:\\Data");
+  EXPECT_EQ(slots[1].Path + slots[1].DisplayPath, "C:\\DataC:\\Data");
+  EXPECT_EQ(choose(1, "C:\\"), "C:");  // while a list of pane 1 is the current one
+  EXPECT_EQ(choose(1, "1  C:\\RD"), "C:\\R&D");
+  EXPECT_EQ(choose(1, "2  C:\\Data") + choose(0, ""), "C:\\DataC:\\Data");
+  EXPECT_EQ(choose(1, "C:\\RD"), "C:\\R&D");  // by the history, which leaves it as it is
+  EXPECT_EQ(choose(1, "C:\\Data"), "C:\\Data");
+  EXPECT_TRUE(Popups.Find("C:\\RD")->IsChecked);
+  choose(1, "Orange");
+  EXPECT_EQ(workspace::FindAccent(Space.Panes[1].Accent)->Caption, "&Orange");
+  choose(1, "None");
+  EXPECT_TRUE(Popups.Find("Orange")->IsChecked && !Popups.Find("None")->IsChecked);
+  EXPECT_EQ(Space.Panes[1].Accent, 0);
+  for (auto& slot : slots) slot.Path = "C:\\";
+  menu.Show(0);
+  EXPECT_FALSE(Popups.Find("Add This Folder: no bookmark slot is free")->Enabled);
 }
 
 }  // namespace

@@ -61,12 +61,15 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
   setCentralWidget(surface_);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     PaneTitle*& title = titles_[pane];
-    title = new PaneTitle(pane, icons_.OpenFolder(),
-                          {.Click = [this, pane] { master_.TitleClick(pane); },
-                           .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
-                           .MouseMove = [this, pane] { master_.TitleMouseMove(pane); },
-                           .Close = [this, pane] { master_.ClosePaneClick(pane); }},
-                          surface_);
+    title = new PaneTitle(
+        pane, icons_.OpenFolder(),
+        {.Click = [this, pane] { master_.TitleClick(pane); },
+         .PictureClick = [this,
+                          pane] { Guarded([this, pane] { master_.TitlePictureClick(pane); }); },
+         .MouseDown = [this, pane] { master_.TitleMouseDown(pane); },
+         .MouseMove = [this, pane] { master_.TitleMouseMove(pane); },
+         .Close = [this, pane] { master_.ClosePaneClick(pane); }},
+        surface_);
     title->hide();
     for (const lister::ListId list : {lister::FolderListOf(pane), lister::FileListOf(pane)}) {
       noRoom_[list] = new NoRoomLabel(surface_);
@@ -102,6 +105,7 @@ void MainWindow::BindKeys() {
   };
   bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
   bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
+  bind(Qt::ALT | Qt::Key_Down, [this] { Guarded([this] { master_.OpenTitleMenu(); }); });
   bind(Qt::Key_F1, [this] { master_.KeyDown(lister::F1Key, 0); });
   bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
   bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
@@ -165,7 +169,8 @@ void MainWindow::SyncColours() {
 
 void MainWindow::SyncPane(int pane) {
   titles_[pane]->Sync(form_.TitleBar[pane], form_.cmdTitle[pane], form_.cmdClosePane[pane],
-                      form_.shpBack[pane], skin_);
+                      form_.shpBack[pane],
+                      workspace::FindAccent(master_.Space().Panes[pane].Accent), skin_);
   SyncList(lister::FolderListOf(pane));
   SyncList(lister::FileListOf(pane));
 }

@@ -2,8 +2,11 @@
 
 #include <QEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <utility>
 
+#include "base/Caption.h"
+#include "ui/toolkit/Contrast.h"
 #include "ui/toolkit/ControlGeometry.h"
 #include "ui/toolkit/Convert.h"
 
@@ -18,17 +21,18 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
     : QFrame(parent), actions_(std::move(actions)), path_(this), picture_(this), close_(this) {
   setAutoFillBackground(true);
   setCursor(Qt::ArrowCursor);
-  path_.setReadOnly(true);
-  path_.setFrame(false);
-  path_.setFocusPolicy(Qt::NoFocus);
-  path_.setTextMargins(4, 0, 4, 0);
-  path_.setCursor(Qt::ArrowCursor);
-  path_.setMouseTracking(true);
   path_.setAccessibleName(QStringLiteral("Path of pane %1").arg(pane + 1));
   path_.installEventFilter(this);
-  picture_.setPixmap(picture.pixmap(QSize(TitlePictureSize, TitlePictureSize), devicePixelRatio()));
-  picture_.setAlignment(Qt::AlignCenter);
-  picture_.installEventFilter(this);
+  picture_.setIcon(picture);
+  picture_.setIconSize(QSize(TitlePictureSize, TitlePictureSize));
+  picture_.setAutoRaise(true);
+  picture_.setFocusPolicy(Qt::NoFocus);
+  picture_.setToolTip(QStringLiteral("Folders above, history, bookmarks, accent (Alt+Down)"));
+  picture_.setAccessibleName(QStringLiteral("Places of pane %1").arg(pane + 1));
+  connect(&picture_, &QToolButton::pressed, this, [this] { actions_.MouseDown(); });
+  // Out of the button's own event: what is chosen may end the program.
+  connect(
+      &picture_, &QToolButton::clicked, this, [this] { OpenMenu(); }, Qt::QueuedConnection);
   close_.setText(QStringLiteral("\u2715"));
   close_.setAutoRaise(true);
   close_.setFocusPolicy(Qt::NoFocus);
@@ -39,6 +43,7 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
 
 void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
                      const forms::Picture& close, const forms::Shape& pane,
+                     const workspace::PaneAccent* accent,
                      const std::optional<PaletteColours>& skin) {
   const QRect row(RectOf(title).topLeft(), QPoint(RectOf(pane).right(), RectOf(close).bottom()));
   PlaceAt(*this, row, IsPlaced(title));
@@ -58,6 +63,26 @@ void PaneTitle::Sync(const forms::TextBox& title, const forms::Picture& picture,
     path_.setToolTip(PlainToolTip(text));
   }
   colours_.Show(*this, BoxColours(title, skin));
+  ShowAccent(accent);
+}
+
+void PaneTitle::ShowAccent(const workspace::PaneAccent* accent) {
+  if (accent == nullptr) {
+    path_.ShowAccent({});
+    path_.setAccessibleDescription({});
+    return;
+  }
+  path_.ShowAccent(
+      Distinct(ToQColor(accent->Colour), {palette().color(QPalette::Base)}, MarkContrast));
+  path_.setAccessibleDescription(QStringLiteral("Accent: ") +
+                                 ToQString(base::WithoutMarks(accent->Caption)));
+}
+
+void PaneTitle::OpenMenu() {
+  const QPointer<PaneTitle> alive(this);
+  picture_.setDown(true);
+  actions_.PictureClick();
+  if (alive) picture_.setDown(false);
 }
 
 bool PaneTitle::eventFilter(QObject* watched, QEvent* event) {

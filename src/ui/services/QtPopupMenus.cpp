@@ -96,6 +96,8 @@ void QtPopupMenu::Add(QMenu& menu, const platform::ContextEntry& entry, QAction*
   action->setObjectName(QStringLiteral("entry %1").arg(entry.Id));
   action->setData(entry.Id);
   action->setEnabled(entry.Enabled);
+  action->setCheckable(entry.IsChecked);
+  action->setChecked(entry.IsChecked);
   action->setIcon(menus_.icons_.Named(entry.Picture));
   menu.insertAction(before, action);
   if (entry.IsDefault) menu.setDefaultAction(action);
