@@ -76,8 +76,9 @@ class TitleChoices {
     for (std::string above = syntax_.ParentOf(folder); !syntax_.Same(above, folder);
          above = syntax_.ParentOf(folder)) {
       folder = above;
-      const std::string_view name = syntax_.LastComponent(folder);
-      entries.push_back(ToFolder(ShownCaption(name.empty() ? folder : name), folder));
+      entries.push_back(ToFolder(
+          ShownCaption(syntax_.IsDriveRoot(folder) ? folder : syntax_.LastComponent(folder)),
+          folder));
     }
     return entries;
   }

@@ -464,7 +464,7 @@ TEST_F(ContextMenuTest, OfATitleLeadsAboutAndGivesBookmarksAndAccents) {
   EXPECT_EQ(choose(1, "C:\\Data"), "C:\\Data");
   EXPECT_TRUE(Popups.Find("C:\\RD")->IsChecked);
   choose(1, "Orange");
-  EXPECT_EQ(workspace::FindAccent(Space.Panes[1].Accent)->Caption, "&Orange");
+  EXPECT_EQ(Space.Panes[1].Accent, 2);
   choose(1, "None");
   EXPECT_TRUE(Popups.Find("Orange")->IsChecked && !Popups.Find("None")->IsChecked);
   EXPECT_EQ(Space.Panes[1].Accent, 0);
