@@ -9,12 +9,10 @@
 
 namespace tarnwell::settings {
 
-// The whole content of the file: the records of the program, a block for each pane, a record of
-// what the user sized, and "End". A
-// pane that was not set up in this run takes its block from the records loaded at the start, as
-// they were read. A record whose text the syntax cannot carry is left out; a bookmark of that kind
-// becomes
-// "(empty)".
+// The whole content of the file: the records of the program, a block for each pane, what else is
+// kept of all panes, and "End". A pane that was not set up in this run takes its block from the
+// records loaded at the start, as they were read. A record whose text the syntax cannot carry is
+// left out; a bookmark of that kind becomes "(empty)".
 std::string SettingsContent(const workspace::Workspace& space,
                             const std::vector<SettingRecord>& loaded);
 

@@ -139,7 +139,7 @@ TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   Platform.Files.At("C:\\Work").ReadFault = {};
   List.RefreshList();
   EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
-  EXPECT_EQ(List.Shown().Status, "");
+  EXPECT_EQ(List.Shown().Status, "7 folders");
 }
 
 TEST_F(FolderList, TakesOverAnyChange) {

@@ -111,7 +111,7 @@ void FileBody::CompareSelf(const std::vector<CompareRecord>& records) {
 
 void FileBody::ShowMarks(const CompareCounts& counts) {
   if (files_.Rows.Count() > 0) state_.View().CellsChanged(RootRow, 0, files_.Rows.Count() - 1);
-  state_.SetStatus(CompareSummary(counts, state_.Services.Forms), files_.Rows.Marks());
+  state_.SetStatus(CompareSummary(counts, state_.Services.Forms), files_.Rows.Marks(), true);
 }
 
 // --- What the widget and the form ask.

@@ -64,7 +64,8 @@ std::string FileSummary(const FileListState& files) {
 }
 
 void ShowSummary(FileListState& files) {
-  files.List.SetStatus(FileSummary(files), files.Rows.Marks());
+  const bool isNews = !files.Trouble.empty() || !files.Note.empty() || !files.Reason.empty();
+  files.List.SetStatus(FileSummary(files), files.Rows.Marks(), isNews);
 }
 
 }  // namespace tarnwell::lister

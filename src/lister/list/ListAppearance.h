@@ -22,6 +22,7 @@ struct ListAppearance {
   bool IsActive = false;
   NameFilter Filter;  // of a file list; a folder list shows all
   std::string Status;
+  bool HasNews = false;         // Status tells more than what the list holds
   CompareMarks Marks;           // those that rows have, whether or not the filter shows them
   bool DragGraphicsOn = false;  // what is dragged lies over the list
   bool HoverGraphicsOn = false;

@@ -20,9 +20,14 @@ void ListState::SetDragGraphicsOn(bool on) {
   if (std::exchange(DragGraphicsOn, on) != on) View().Repaint();
 }
 
-void ListState::SetStatus(std::string text, CompareMarks marks) {
-  if (Status == text && Marks == marks) return;
+void ListState::SetStatus(std::string text, CompareMarks marks, bool isNews) {
+  if (text.empty()) {
+    text = Summary;
+    isNews = false;
+  }
+  if (Status == text && Marks == marks && HasNews == isNews) return;
   Status = std::move(text);
+  HasNews = isNews;
   Marks = marks;
   View().StatusChanged();
 }

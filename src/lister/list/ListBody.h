@@ -39,6 +39,7 @@ struct ListState : ListAppearance {
   ActiveItems Active;
   std::string Drive;          // on show, or remembered for the first load
   std::string Folder;         // open or on show
+  std::string Summary;        // what the status line says when there is no news
   bool InAction = false;      // a context action runs
   RowId DragRow = NoRow;      // the folder that lies under a drag
   std::string DropFolder;     // under the last drop, as the form asks for it
@@ -48,8 +49,9 @@ struct ListState : ListAppearance {
   ListerView& View() { return HasView() ? *Fields.View : nobody_; }
   bool HasView() const { return Fields.View != nullptr; }
   void SetDragGraphicsOn(bool on);  // off: the marks of a drag are wiped
-  void SetStatus(std::string text) { SetStatus(std::move(text), Marks); }
-  void SetStatus(std::string text, CompareMarks marks);
+  // News, unless it is empty: the line then says what it says when there are none.
+  void SetStatus(std::string text) { SetStatus(std::move(text), Marks, true); }
+  void SetStatus(std::string text, CompareMarks marks, bool isNews);
   // Items that the user does not want to see.
   bool IsFilteredOut(const platform::FolderEntry& entry) const {
     return (entry.IsHidden && !Fields.ShowHidden) || (entry.IsSystem && !Fields.ShowSystem);

@@ -54,6 +54,7 @@ void FolderBody::Perform(const Command& command) {
     state_.Folder = tree_.PathOf(tree_.Open());
     FollowBranches();
   }
+  state_.Summary = CountText(state_.Services.Forms, tree_.CountOnShow(), "folder");
   state_.SetStatus(folders_.Trouble);
   // Last, since what follows may open another folder.
   const ListId id = state_.Id;
@@ -214,7 +215,7 @@ FolderBody::Outcome FolderBody::ApplyNotices() {
   const std::int64_t now = state_.Services.Clock.Ticks();
   if (now - start > QuickNotices) restUntil_ = now + std::min(now - start, MostRest);
   // Nobody asked for this: what the line says of earlier trouble stands.
-  if (folders_.Trouble.empty()) folders_.Trouble = state_.Status;
+  if (folders_.Trouble.empty() && state_.HasNews) folders_.Trouble = state_.Status;
   return tree_.Has(tree_.Open()) ? TellIfMoved(before) : Outcome::Nothing;
 }
 

@@ -175,6 +175,12 @@ std::vector<RowId> FolderTree::BranchesOnShow() const {
   return branches;
 }
 
+std::uint64_t FolderTree::CountOnShow() const {
+  std::uint64_t count = Has(TopRow) ? 1 : 0;
+  for (const RowId row : BranchesOnShow()) count += Node(row).Children.size();
+  return count;
+}
+
 bool FolderTree::IsWithin(RowId row, RowId ancestor) const {
   while (row > RootRow && row != ancestor) row = Node(row).Parent;
   return row == ancestor;

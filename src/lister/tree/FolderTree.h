@@ -113,6 +113,8 @@ class FolderTree {
   RowId Find(const std::string& path) const;
   // The expanded nodes below expanded nodes alone, from the top down.
   std::vector<RowId> BranchesOnShow() const;
+  // Nodes whose branches above are expanded.
+  std::uint64_t CountOnShow() const;
   // The node is the other one or lies below it.
   bool IsWithin(RowId row, RowId ancestor) const;
   // Changes whenever rows are removed, so that a RowId kept since may mean another folder.

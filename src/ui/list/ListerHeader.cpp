@@ -140,6 +140,12 @@ void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
   QAction* const release = menu->addAction(QStringLiteral("Automatic column widths"));
   release->setEnabled(table.NameSized);
   connect(release, &QAction::triggered, this, &ListerHeader::ReleaseAsked);
+  // A low list has no room for its toolbar.
+  if (lister::IsFileList(control_.Id())) {
+    menu->addSeparator();
+    connect(menu->addAction(QStringLiteral("Filter...")), &QAction::triggered, this,
+            &ListerHeader::FilterAsked);
+  }
   menu->popup(event->globalPos());
 }
 

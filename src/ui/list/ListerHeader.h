@@ -32,6 +32,7 @@ class ListerHeader : public QHeaderView {
  signals:
   void ToggleAsked(int heading);                   // is to be shown or hidden
   void Sized(const lister::ColumnWidths& widths);  // by the user: all columns stand so
+  void FilterAsked();                              // the keyboard is to go to the filter
   void ReleaseAsked();                             // the list is to see to the widths itself
   void Released();                                 // the main button of the mouse
 

@@ -29,7 +29,7 @@ using lister::RowId;
 
 namespace {
 
-constexpr int LeastTreeHeight = 60;         // below it the status line gives way, then the toolbar
+constexpr int LeastRows = 4;  // before there are fewer the status line gives way, then the toolbar
 constexpr std::size_t MostMirrored = 1000;  // runs of selected rows
 
 }  // namespace
@@ -270,7 +270,19 @@ void ListerWidget::StyleChanged() {
   Repaint();
 }
 
+bool ListerWidget::NeedsToolbar() const {
+  return toolbarAsked_ || control_.Shown().Filter.IsOn();
+}
+
+bool ListerWidget::NeedsStatus() const {
+  return control_.Shown().HasNews || control_.Shown().Marks.Any();
+}
+
 void ListerWidget::StatusChanged() {
+  PlaceChildren();
+}
+
+void ListerWidget::ShowStatus() {
   const QString text = ToShownQString(control_.Shown().Status);
   int room = status_->width() - status_->indent() - 2 * status_->margin();
   if (legend_) {
@@ -304,6 +316,7 @@ void ListerWidget::SelectionChanged() {
 
 void ListerWidget::FilterChanged() {
   if (toolbar_) toolbar_->ShowFilter();
+  PlaceChildren();
 }
 
 void ListerWidget::ScrollRows(int rows) {
@@ -325,7 +338,11 @@ lister::RowId ListerWidget::RowUnderPointer() const {
 }
 
 void ListerWidget::EnterControls() {
-  if (toolbar_ && toolbar_->isVisible()) toolbar_->EnterFilter();
+  if (toolbar_) {
+    toolbarAsked_ = true;
+    PlaceChildren();
+    toolbar_->EnterFilter();
+  }
   if (!drives_) return;
   drives_->setFocus();
   drives_->showPopup();
@@ -368,21 +385,22 @@ void ListerWidget::PlaceChildren() {
     drives_->setGeometry(area.left(), area.top(), area.width(), height);
     area.setTop(area.top() + height);
   }
+  const auto fits = [&](int height, bool needed) {
+    const int rows = needed ? 1 : LeastRows;
+    return area.height() - height >= header_->sizeHint().height() + rows * tree_->RowHeight();
+  };
   if (toolbar_) {
-    toolbar_->setVisible(area.height() - toolbarHeight >= LeastTreeHeight);
-    if (area.height() - toolbarHeight >= LeastTreeHeight) {
-      toolbar_->setGeometry(area.left(), area.top(), area.width(), toolbarHeight);
-      area.setTop(area.top() + toolbarHeight);
-    }
+    const bool shown = fits(toolbarHeight, NeedsToolbar());
+    toolbar_->setVisible(shown);
+    toolbar_->setGeometry(area.left(), area.top(), area.width(), toolbarHeight);
+    if (shown) area.setTop(area.top() + toolbarHeight);
   }
-  const bool fits = area.height() - statusHeight >= LeastTreeHeight;
-  status_->setVisible(fits);
-  if (fits) {
-    status_->setGeometry(area.left(), area.bottom() + 1 - statusHeight, area.width(), statusHeight);
-    area.setBottom(area.bottom() - statusHeight);
-  }
+  const bool shown = fits(statusHeight, NeedsStatus());
+  status_->setVisible(shown);
+  status_->setGeometry(area.left(), area.bottom() + 1 - statusHeight, area.width(), statusHeight);
+  if (shown) area.setBottom(area.bottom() - statusHeight);
   tree_->setGeometry(area);
-  StatusChanged();
+  ShowStatus();
 }
 
 void ListerWidget::resizeEvent(QResizeEvent*) {

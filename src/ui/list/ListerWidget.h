@@ -102,6 +102,10 @@ class ListerWidget : public QWidget,
   void TellFocus();
   void QueueLook(lister::LookReason reason);
   void PlaceChildren();
+  void ShowStatus();
+  // Whether the list has use for them though they leave it only a few rows.
+  bool NeedsToolbar() const;
+  bool NeedsStatus() const;
   void SetMeasures();
 
   // Runs the task from the event loop, after those before it, unless the control has let go of the
@@ -149,6 +153,7 @@ class ListerWidget : public QWidget,
   QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
   bool isRead_ = false;         // by a screen reader, maybe
   int border_ = 0;              // pixels round the list
+  bool toolbarAsked_ = false;   // by the user, who is in it
   int rowChanges_ = 0;          // calls that change rows and are not ended
   bool scrollDue_ = false;      // the current row is to be brought into view once there is one
   lister::RowId insertParent_ = lister::RootRow;

@@ -1,4 +1,5 @@
 // The part of ListerWidget that hears the user.
+#include <QApplication>
 #include <QDrag>
 #include <QGuiApplication>
 #include <QPointer>
@@ -75,6 +76,12 @@ void ListerWidget::BuildToolbar() {
           [this](int slot) { Queue([this, slot] { control_.Input().GoToBookmark(slot); }); });
   connect(toolbar_, &ListerToolbar::ListAsked, this, [this] { tree_->setFocus(); });
   connect(toolbar_, &ListerToolbar::FocusTaken, this, &ListerWidget::TellFocus);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    const bool leaves = now != nullptr && !toolbar_->isAncestorOf(now);
+    if (!toolbarAsked_ || !leaves || QApplication::activePopupWidget() != nullptr) return;
+    toolbarAsked_ = false;
+    PlaceChildren();
+  });
 }
 
 void ListerWidget::ConnectTree() {
@@ -172,6 +179,7 @@ void ListerWidget::ConnectHeader() {
   connect(header_, &ListerHeader::Sized, this, [this](const lister::ColumnWidths& widths) {
     if (control_.View == this) control_.Columns().TakeWidths(widths);
   });
+  connect(header_, &ListerHeader::FilterAsked, this, &ListerWidget::EnterControls);
   connect(header_, &ListerHeader::ReleaseAsked, this,
           [this] { Queue([this] { control_.Columns().ReleaseWidths(); }); });
   connect(header_, &ListerHeader::ToggleAsked, this,
