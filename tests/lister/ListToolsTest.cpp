@@ -335,7 +335,8 @@ TEST(Comparison, MarksWhatASlowOneMarks) {
     records.emplace_back().State = 9;
     const CompareCounts found = MarkRows(here, records, mode, syntax);
     const CompareCounts own = MarkOwnRows(there, records, syntax);
-    EXPECT_EQ(std::pair(found.Missing, found.OnlyHere), std::pair(own.OnlyHere, own.Missing));
+    EXPECT_EQ(std::pair(found.Missing, found.All.OnlyHere),
+              std::pair(own.All.OnlyHere, own.Missing));
     EXPECT_EQ(found.Missing, missing);
     EXPECT_EQ(marks(here), wantHere) << round;
     EXPECT_EQ(marks(there), wantThere) << round;
@@ -356,6 +357,13 @@ TEST_F(ListTools, ComparisonsAreToldInTheStatusLine) {
   EXPECT_EQ(
       List.Shown().Status,
       "Compared: 2 only here, 1 missing, 1 differ (1 larger here), 3 folders of the same name");
+
+  List.User().SetFilterText("o*");
+  List.CompareAgainst(records, mode);
+  EXPECT_EQ(List.Shown().Status,
+            "Compared: 0 of 2 only here, 1 missing, 0 of 1 differ (0 of 1 larger here), "
+            "1 of 3 folders of the same name");
+  List.User().SetFilterText("");
 
   // The kinds go with the rows that have them, and the view learns it.
   List.WatchStart();

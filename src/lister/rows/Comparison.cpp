@@ -122,11 +122,22 @@ void ForEachRow(const FileRows& rows, Work work) {
   }
 }
 
-void Count(const CompareMarks& marks, bool isFolder, CompareCounts& counts) {
+void Count(const CompareMarks& marks, bool isFolder, CompareTally& tally) {
   const bool differs = marks.Larger || marks.Smaller || marks.Newer || marks.Older;
-  counts.Add(marks, 1);
-  counts.Differing += differs;
-  if (!marks.Any()) ++(isFolder ? counts.SameFolders : counts.Same);
+  tally.Add(marks, 1);
+  tally.Differing += differs;
+  if (!marks.Any()) ++(isFolder ? tally.SameFolders : tally.Same);
+}
+
+void MarkAndCount(FileRows& rows, RowId row, const CompareMarks& marks, CompareCounts& counts) {
+  const bool isFolder = rows.Row(row).IsFolder();
+  rows.SetMarks(row, marks);
+  Count(marks, isFolder, counts.All);
+  if (counts.IsFiltered && rows.Has(row)) Count(marks, isFolder, counts.Shown);
+}
+
+bool IsFiltered(const FileRows& rows) {
+  return static_cast<std::size_t>(rows.Count()) != rows.All().size();
 }
 
 }  // namespace
@@ -171,6 +182,7 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
   const std::int32_t onlyThere = BitsOf({.OnlyHere = true});
   for (CompareRecord& record : records) record.State = (record.State & FolderBit) | onlyThere;
   CompareCounts counts;
+  counts.IsFiltered = IsFiltered(rows);
   std::size_t paired = 0;
   ForEachRow(rows, [&](RowId row) {
     Verdict verdict{.Here = {.OnlyHere = true}, .There = {}};
@@ -180,11 +192,10 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
       record.State = (record.State & FolderBit) | BitsOf(verdict.There);
       ++paired;
     }
-    rows.SetMarks(row, verdict.Here);
-    Count(verdict.Here, rows.Row(row).IsFolder(), counts);
+    MarkAndCount(rows, row, verdict.Here, counts);
   });
   counts.Missing = static_cast<int>(records.size() - paired);
-  records.emplace_back().State = counts.OnlyHere;
+  records.emplace_back().State = counts.All.OnlyHere;
   return counts;
 }
 
@@ -192,46 +203,56 @@ CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& reco
                           const base::PathSyntax& syntax) {
   RecordIndex index(records, syntax);
   CompareCounts counts;
+  counts.IsFiltered = IsFiltered(rows);
   if (HasTally(records)) counts.Missing = records.back().State;
   ForEachRow(rows, [&](RowId row) {
     CompareMarks marks;
     if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
       marks = MarksOf(records[*at].State);
     }
-    rows.SetMarks(row, marks);
-    Count(marks, rows.Row(row).IsFolder(), counts);
+    MarkAndCount(rows, row, marks, counts);
   });
   return counts;
 }
 
 std::string CompareSummary(const CompareCounts& counts, const platform::NumberForms& forms) {
+  const CompareTally& all = counts.All;
   const auto grouped = [&](int number) {
     return forms.Grouped(static_cast<std::uint64_t>(number));
   };
-  const std::array<std::pair<int, std::string_view>, 4> ways{{{counts.Larger, "larger"},
-                                                              {counts.Smaller, "smaller"},
-                                                              {counts.Newer, "newer"},
-                                                              {counts.Older, "older"}}};
+  // As a rule those on show are all there are.
+  const auto number = [&](int CompareTally::*count) {
+    const std::string text = grouped(all.*count);
+    return counts.IsFiltered ? grouped(counts.Shown.*count) + " of " + text : text;
+  };
+  const std::pair<int CompareTally::*, std::string_view> ways[] = {
+      {&CompareTally::Larger, "larger"},
+      {&CompareTally::Smaller, "smaller"},
+      {&CompareTally::Newer, "newer"},
+      {&CompareTally::Older, "older"}};
   std::string details;
-  for (const auto& [number, word] : ways) {
-    if (number == 0) continue;
-    details += (details.empty() ? " (" : ", ") + grouped(number) + " ";
+  for (const auto& [count, word] : ways) {
+    if (all.*count == 0) continue;
+    details += (details.empty() ? " (" : ", ") + number(count) + " ";
     details += word;
   }
   if (!details.empty()) details += " here)";
-  const bool same = counts.OnlyHere + counts.Differing == 0;
+  const bool same = all.OnlyHere + all.Differing == 0;
   std::string text = "Compared: ";
   // What differs comes first: a narrow list cuts the end.
-  if (!same) text += grouped(counts.OnlyHere) + " only here, ";
+  if (!same) text += number(&CompareTally::OnlyHere) + " only here, ";
   if (counts.Missing > 0) text += grouped(counts.Missing) + " missing, ";
-  if (!same) text += grouped(counts.Differing) + " differ" + details + ", ";
-  const auto files = static_cast<std::uint64_t>(counts.Same);
-  const auto folders = static_cast<std::uint64_t>(counts.SameFolders);
-  if (folders == 0 || files > 0) {
-    text += (same ? "all " + CountText(forms, files, "file") : grouped(counts.Same)) + " the same";
-    if (folders > 0) text += ", ";
+  if (!same) text += number(&CompareTally::Differing) + " differ" + details + ", ";
+  if (all.SameFolders == 0 || all.Same > 0) {
+    const std::string files = all.Same == 1 ? " file" : " files";
+    const std::string those = (counts.IsFiltered ? "" : "all ") + number(&CompareTally::Same);
+    text += (same ? those + files : number(&CompareTally::Same)) + " the same";
+    if (all.SameFolders > 0) text += ", ";
   }
-  if (folders > 0) text += CountText(forms, folders, "folder") + " of the same name";
+  if (all.SameFolders > 0) {
+    text += number(&CompareTally::SameFolders);
+    text += all.SameFolders == 1 ? " folder of the same name" : " folders of the same name";
+  }
   return text;
 }
 

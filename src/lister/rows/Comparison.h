@@ -46,12 +46,18 @@ struct MarkCounts {
   CompareMarks Kinds() const;
 };
 
-// What a comparison found in a list.
-struct CompareCounts : MarkCounts {
+struct CompareTally : MarkCounts {
   int Differing = 0;
   int Same = 0;         // files
   int SameFolders = 0;  // folders with a partner, whatever they hold
-  int Missing = 0;      // items of the other list that this one has no partner for
+};
+
+// What a comparison found in a list.
+struct CompareCounts {
+  CompareTally All;
+  CompareTally Shown;       // those of All that the filter takes
+  bool IsFiltered = false;  // it does not take all
+  int Missing = 0;          // items of the other list that this one has no partner for
 };
 
 // Of all rows, whether or not the filter shows them.
@@ -64,7 +70,7 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
 // Marks all rows by what MarkRows left in records that were made of them.
 CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& records,
                           const base::PathSyntax& syntax);
-// What the status line says of a comparison.
+// What the status line says of a comparison. Under a filter: how many are on show, of how many.
 std::string CompareSummary(const CompareCounts& counts, const platform::NumberForms& forms);
 
 }  // namespace tarnwell::lister
