@@ -70,6 +70,7 @@ struct NoWatches : platform::FolderWatch {
 };
 struct NoPump : platform::MessagePump {
   void DoEvents() override {}
+  void WaitForEvents() override {}
 };
 struct NoLauncher : platform::Launcher {
   base::Status Execute(const platform::LaunchRequest&) override { return {}; }

@@ -64,11 +64,7 @@ bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string
                                   std::string& items) {
   popDelete dialog(host_);
   host_.Open(dialog);
-  dialog.chkSendToRecycleBin.Visible = false;
-  dialog.Label2.Visible = false;
-  dialog.Label1.Caption = "Permanently Delete?";
-  // What cannot be undone takes more than Enter.
-  std::swap(dialog.cmdDelete.Default, dialog.cmdCancel.Default);
+  dialog.AskForGood();
   if (Ask(dialog, shown, std::string(platform::CancelWord)) == platform::CancelWord) return false;
   items = list.ActiveItemName();
   platform_.Run({.Function = platform::FileFunction::Delete,

@@ -27,6 +27,14 @@ class popDelete : public OperationDialog {
     txtSource.BackColour = FixedBox;
   }
 
+  // Of a form that is open already: asks about what cannot be undone, which takes more than Enter.
+  void AskForGood() {
+    chkSendToRecycleBin.Visible = Label2.Visible = false;
+    Label1.Caption = "Permanently Delete?";
+    cmdDelete.Default = false;
+    cmdCancel.Default = true;
+  }
+
   void cmdDeleteClick() { Close(std::string(platform::DeleteWord)); }
 };
 

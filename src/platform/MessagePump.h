@@ -9,6 +9,8 @@ class MessagePump {
   // Handles what has come in since the last call and returns. Handlers may call back into the code
   // that pumps.
   virtual void DoEvents() = 0;
+  // The same, but waits for something to come in where nothing has.
+  virtual void WaitForEvents() = 0;
 };
 
 }  // namespace tarnwell::platform

@@ -3,6 +3,7 @@
 
 #include "base/Caption.h"
 #include "base/ItemList.h"
+#include "fakes/FakeTrashCan.h"
 #include "fakes/MemoryFileSystem.h"
 #include "lister/ListerControl.h"
 #include "lister/rows/CellText.h"
@@ -10,6 +11,7 @@
 #include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"
 #include "platform/FolderWatch.h"
+#include "platform/ItemWindows.h"
 #include "platform/Keyboard.h"
 #include "platform/MessagePump.h"
 #include "platform/NumberForms.h"
@@ -135,9 +137,25 @@ class FakePump : public platform::MessagePump {
     messages_.erase(messages_.begin());
     message();
   }
+  void WaitForEvents() override { DoEvents(); }
 
  private:
   std::vector<std::function<void()>> messages_;
+};
+
+// Notes what was to be shown.
+struct FakeItemWindows : platform::ItemWindows {
+  std::vector<std::vector<std::string>> Properties;
+  void ShowProperties(const std::vector<std::string>& paths) override {
+    Properties.push_back(paths);
+  }
+  std::optional<platform::ChosenApplication> ChooseApplication(
+      const std::string&, const std::string&,
+      const std::vector<platform::ApplicationChoice>&) override {
+    return {};
+  }
+  platform::RunChoice AskRun(const platform::RunQuestion&) override { return {}; }
+  void OpenFolder(const std::string&) override {}
 };
 
 // A clock whose time zone is UTC.
@@ -422,6 +440,8 @@ struct FakePlatform {
   FakeKeyboard Keys;
   FakeUserSettings User;
   FakeTray Tray;
+  FakeItemWindows Items;
+  FakeTrashCan Trash;
   FakeNumberForms Forms;
 
   lister::ListServices Services() { return Services(OpenBrackets); }

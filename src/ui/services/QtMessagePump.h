@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QEventLoop>
 
 #include "platform/MessagePump.h"
 
@@ -10,6 +11,7 @@ namespace tarnwell::ui {
 class QtMessagePump : public platform::MessagePump {
  public:
   void DoEvents() override { QCoreApplication::processEvents(); }
+  void WaitForEvents() override { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }
 };
 
 }  // namespace tarnwell::ui
