@@ -135,6 +135,7 @@ int main(int argc, char** argv) {
                                   *system.UserSettings,
                                   tray,
                                   web,
+                                  itemWindows,
                                   ProgramSite(),
                                   AllLibraries(system),
                                   log.get()},

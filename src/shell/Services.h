@@ -13,6 +13,7 @@
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
+#include "platform/ItemWindows.h"
 #include "platform/Keyboard.h"
 #include "platform/Launcher.h"
 #include "platform/Library.h"
@@ -47,6 +48,7 @@ struct Services {
   platform::UserSettings& User;
   platform::Tray& Tray;
   platform::Web& Web;
+  platform::ItemWindows& ItemWindows;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged

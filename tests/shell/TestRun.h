@@ -47,6 +47,7 @@ class TestRun {
              machine.User,
              machine.Tray,
              Web,
+             machine.Items,
              "https://site.test/"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
