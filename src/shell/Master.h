@@ -29,6 +29,7 @@
 #include "shell/Splash.h"
 #include "shellmenu/ShowShellMenu.h"
 #include "shellmenu/TitleMenu.h"
+#include "tools/CommandLine.h"
 #include "tools/CompareFolders.h"
 #include "tools/FileListing.h"
 #include "tools/LoggedListEvents.h"
@@ -76,7 +77,7 @@ class Master : private workspace::PaneHooks,
   void FitTitles(base::Twips textHeight);
   void MenuClick(std::string_view name);
   void ButtonClick(std::string_view key);
-  void CommandEnter() { OpenCommandLine(); }  // Enter in cboCommand
+  void CommandEnter(bool shift) { commandLine_.Enter(shift); }  // Enter in cboCommand
   void ClosePaneClick(int pane) { panes_.ChangePanes(pane); }
   void TitleClick(int pane);
   void TitleMouseDown(int pane);
@@ -154,7 +155,6 @@ class Master : private workspace::PaneHooks,
                    const std::string& folder) override {
     operations_.FileOperate(action, source, target, folder, true, "");
   }
-  void OpenCommandLine() { NotYet("the command line"); }
   // The command is there and its work is to come.
   void NotYet(std::string_view what);
 
@@ -194,6 +194,7 @@ class Master : private workspace::PaneHooks,
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;
   tools::FileListing listing_;
+  tools::CommandLine commandLine_;
   tools::UpdateCheck updates_;
   commands::Commands commands_;
   commands::Keyboard keyboard_;

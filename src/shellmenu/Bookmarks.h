@@ -19,13 +19,13 @@ class Bookmarks {
   // get into the settings file when all settings do.
   void AddRemoveBookMark(int slot, std::string_view word);
 
-  // The folder that the last click in the current list was for; empty for a file and for nothing. A
-  // failure is told by a message, and gives an empty text.
-  std::string GetClickedFolder();
-
  private:
   workspace::Workspace& workspace_;
   forms::Messenger& messenger_;
 };
+
+// The folder that the last click in the current list was for; empty for a file and for nothing. A
+// failure is told by a message, and gives an empty text.
+std::string GetClickedFolder(const workspace::Workspace& workspace, forms::Messenger& messenger);
 
 }  // namespace tarnwell::shellmenu

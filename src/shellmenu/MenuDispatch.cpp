@@ -108,9 +108,7 @@ void MenuDispatch::CommandLine(const Choice&) {
 }
 
 void MenuDispatch::CompactDatabase(const Choice& choice) {
-  commands_.Launcher.Execute({.File = choice.FirstPath() + " /compact",
-                              .Parameters = "",
-                              .Folder = bookmarks_.GetClickedFolder()});
+  commands_.CompactDatabase(choice.FirstPath());
 }
 
 void MenuDispatch::NewFolder(const Choice&) {

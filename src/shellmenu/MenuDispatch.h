@@ -12,7 +12,6 @@
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
-#include "platform/Launcher.h"
 #include "shellmenu/Bookmarks.h"
 #include "shellmenu/BuildAndTrackMenu.h"
 
@@ -25,8 +24,8 @@ struct MenuCommands {
   fileops::DuplicateCommand& Duplicate;
   fileops::FileOperations& Operations;
   fileops::DeleteCommand& Delete;
-  platform::Launcher& Launcher;
   std::function<void()> OpenCommandLine;
+  std::function<void(const std::string& path)> CompactDatabase;
 };
 
 // What has been cut or copied, as far as lists have to be read again for it.

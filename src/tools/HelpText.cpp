@@ -61,9 +61,16 @@ constexpr std::array<HelpPart, HelpPartCount> Parts = {{
      "folder's contents. It also gives up whatever you are dragging."},
     {Topic, "Command Line"},
     {Body,
-     "Layout > Command Line > On puts a command line below the panes. Commands are meant to run in "
-     "the current folder; Shift with Enter is to leave the command window open behind them. This "
-     "version does not run them yet, and says so when you press Enter."},
+     "Layout > Command Line > On puts a command line below the panes. What you type there is "
+     "started "
+     "in the current folder when you press Enter: a program with what it is to work on, a "
+     "document, "
+     "an address of the web, or a folder, which opens in the pane. Write ./ in front of a program "
+     "that lies in the folder itself. Programs without windows of their own run in a command "
+     "window, "
+     "which closes when they end; Shift with Enter leaves it open behind them. Ctrl+Enter in a "
+     "list "
+     "puts the path of the item into the command line."},
     {Topic, "Filtering"},
     {Body,
      "Above each file list there is a small toolbar. Choose an extension from its drop-down list, "

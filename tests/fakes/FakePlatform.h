@@ -198,6 +198,9 @@ class FakeLauncher : public platform::Launcher {
     Requests.push_back(request);
     return Fault;
   }
+  base::Status OpenTerminal(const std::string& folder) override {
+    return Execute({.File = "terminal", .Parameters = {}, .Folder = folder});
+  }
   std::vector<platform::LaunchFailure> OpenFiles(const std::vector<std::string>& paths,
                                                  const std::string& folder) override {
     std::vector<platform::LaunchFailure> failures;

@@ -89,11 +89,12 @@ struct MenuRun : lists::TestLists {
       Operations, Nav,    Host,
       Messages,   Fields, [this] {
         Menu.ShowShellMenu(0, 0, "", MenuMode::Delete); }};
-  ContextMenuCommand Menu{Space,
-                          {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Forms},
-                          Messages,
-                          {NewFolder, Rename, Duplicate, Operations, Delete, Platform.Launcher,
-                           [this] { CommandLine(); }}};
+  ContextMenuCommand Menu{
+      Space,
+      {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Forms},
+      Messages,
+      {NewFolder, Rename, Duplicate, Operations, Delete, [this] { CommandLine(); },
+       [this](const std::string& path) { Dialogs.push_back("compact " + path); }}};
 };
 
 class ContextMenuTest : public testing::Test, public MenuRun {};
@@ -365,9 +366,7 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
 
   Platform.ItemMenus.Captions = {"Compact Database"};
   Choose("Sub", "Compact Database");
-  ASSERT_EQ(Platform.Launcher.Requests.size(), 1U);
-  EXPECT_EQ(Platform.Launcher.Requests[0].File, "C:\\Data\\Sub /compact");
-  EXPECT_EQ(Platform.Launcher.Requests[0].Folder, "C:\\Data\\Sub");
+  EXPECT_EQ(Dialogs.back(), "compact C:\\Data\\Sub");
 }
 
 TEST_F(ContextMenuTest, ProgramsOwnClipboardTakesThePlaceOfThePlatforms) {

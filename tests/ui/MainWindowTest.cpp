@@ -262,9 +262,10 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   EXPECT_FALSE(Window.findChild<QShortcut*>()->isEnabled());
   command.setEditText("ls");
   EXPECT_EQ(Run.Form().cboCommand.Text, "ls");
-  const auto told = Run.Boxes.size();
-  emit command.lineEdit()->returnPressed();
-  EXPECT_EQ(Run.Boxes.size(), told + 1);
+  for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::ShiftModifier}) {
+    PressKey(*command.lineEdit(), Qt::Key_Return, held);
+    EXPECT_EQ(Machine.Launcher.Requests.back().KeepsTerminal, held == Qt::ShiftModifier);
+  }
   Run.Form().cboCommand.Text = "a\xFF";
   Window.Sync();
   EXPECT_EQ(command.currentText(), QString::fromUtf8("a\xEF\xBF\xBD"));

@@ -1,5 +1,6 @@
 #include "ui/main/CommandStrip.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <utility>
 
@@ -7,14 +8,35 @@
 
 namespace tarnwell::ui {
 
-CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void()> enter)
+namespace {
+
+class CommandField : public QLineEdit {
+ public:
+  explicit CommandField(std::function<void(bool shift)> enter) : enter_(std::move(enter)) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+      return QLineEdit::keyPressEvent(event);
+    }
+    if (!event->isAutoRepeat()) enter_(event->modifiers().testFlag(Qt::ShiftModifier));
+  }
+
+ private:
+  std::function<void(bool shift)> enter_;
+};
+
+}  // namespace
+
+CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area,
+                           std::function<void(bool shift)> enter)
     : form_(form), path_(new QLineEdit(&area)), command_(new QComboBox(&area)) {
   path_->setReadOnly(true);
   path_->setFrame(false);
   path_->setTextMargins(0, 0, 0, 4);  // in line with what is typed beside it
   path_->setFocusPolicy(Qt::ClickFocus);
   path_->setAccessibleName(QStringLiteral("Current path"));
-  command_->setEditable(true);
+  command_->setLineEdit(new CommandField(std::move(enter)));
   command_->setInsertPolicy(QComboBox::NoInsert);
   command_->setCompleter(nullptr);
   command_->setCursor(Qt::ArrowCursor);
@@ -23,7 +45,6 @@ CommandStrip::CommandStrip(workspace::MainForm& form, QWidget& area, std::functi
     shown_ = text.toStdString();
     form_.cboCommand.Text = shown_;
   });
-  QObject::connect(command_->lineEdit(), &QLineEdit::returnPressed, command_, std::move(enter));
   path_->hide();
   command_->hide();
 }

@@ -14,8 +14,8 @@ namespace tarnwell::ui {
 
 class CommandStrip {
  public:
-  // Both are children of the area. `enter` runs what has been typed.
-  CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void()> enter);
+  // Both are children of the area. `enter` runs what has been typed, once for each press.
+  CommandStrip(workspace::MainForm& form, QWidget& area, std::function<void(bool shift)> enter);
 
   // What is typed goes into the form at once. Without an accent there is no skin, and the colours
   // of the form do not hold.

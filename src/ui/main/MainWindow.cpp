@@ -55,7 +55,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
       toolbar_(new MainToolbar(master, icons, surface_)),
       escape_(new QShortcut(Qt::Key_Escape, this)),
-      strip_(form_, *surface_, [this] { master_.CommandEnter(); }),
+      strip_(form_, *surface_, [this](bool shift) { master_.CommandEnter(shift); }),
       others_(*this, [this] { master_.MenuClick("mPopRestore"); }) {
   setMinimumSize(LeastSize);
   setCentralWidget(surface_);

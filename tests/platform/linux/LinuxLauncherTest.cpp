@@ -82,6 +82,54 @@ TEST_F(LinuxLauncherTest, StartsProgramsInTheirFolderAndTerminal) {
   EXPECT_TRUE(waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD);  // none left behind
 }
 
+// What a bare name means, what leads into a pane, and what starts nothing at all.
+TEST_F(LinuxLauncherTest, TakesWhatIsTypedForWhatItIs) {
+  const std::string folder = desktop.Folder.Path();
+  Put(folder + "/letter", "text\n");
+  EXPECT_TRUE(Launcher.Execute({"letter", "", folder}));
+  EXPECT_TRUE(desktop.Told("open it").ends_with("\n[" + folder + "/letter]\n"));
+  EXPECT_TRUE(Launcher.Execute({"applications", "", folder + "/"}));
+  EXPECT_TRUE(Launcher.Execute({"..", "", folder + "/applications/"}));
+  EXPECT_TRUE(Launcher.Execute({"/", "", ""}));
+  EXPECT_EQ(Windows.Noted, "open " + folder + "/applications|open " + folder + "|open /|");
+  using namespace std::string_literals;
+  const std::string tool = folder + "/tool", gone = folder.substr(0, 3) + "..." + folder;
+  for (const LaunchRequest& each : {LaunchRequest{"", "", folder},
+                                    {tool, "'open", folder},
+                                    {tool, "a\0b"s, folder},
+                                    {tool + "\0"s, "", folder},
+                                    {tool, "", gone},
+                                    {"odd://place", "", gone},
+                                    {"letter", "\"", folder},
+                                    {std::string(100'000, 'x'), "", folder},
+                                    {tool, std::string(100'000, 'x'), folder},
+                                    {"tool\n", "", folder},
+                                    {"true\nx", "", folder}}) {
+    EXPECT_FALSE(Launcher.Execute(each)) << each.File.substr(0, 99);
+  }
+  EXPECT_EQ(access((folder + "/log.tool").c_str(), F_OK), -1);
+}
+
+TEST_F(LinuxLauncherTest, LeavesAShellInTheTerminalWhereThatIsWanted) {
+  const std::string folder = desktop.Folder.Path();
+  setenv("TERMINAL", (folder + "/terminal").c_str(), 1);
+  const std::string shell = getenv("SHELL") != nullptr ? getenv("SHELL") : "";
+  setenv("SHELL", (folder + "/viewer").c_str(), 1);
+  for (const char* program : {"/tool", "/broken"}) {
+    Put(folder + "/broken",
+        "\x7f"
+        "ELF",
+        0755);
+    EXPECT_TRUE(Launcher.Execute({folder + program, "x", "/usr/", true}));
+    EXPECT_EQ(desktop.Told("viewer"), "viewer in /usr\n");
+  }
+  EXPECT_EQ(desktop.Told("tool"), "tool in /usr\n[x]\n");
+  EXPECT_TRUE(Launcher.OpenTerminal(folder));
+  EXPECT_EQ(desktop.Told("viewer"), "viewer in " + folder + "\n");
+  EXPECT_EQ(Launcher.OpenTerminal(folder + "/gone").Code, ENOENT);
+  setenv("SHELL", shell.c_str(), 1);
+}
+
 TEST_F(LinuxLauncherTest, AsksBeforeItRunsWhatWasPickedInAList) {
   setenv("TERMINAL", (desktop.Folder / "terminal").c_str(), 1);
   const TempFolder place;

@@ -35,6 +35,7 @@ struct TestDesktop {
                  "applications/tool.desktop=" + Entry(Folder / "tool") + "Terminal=true\n",
                  "mimeapps.list="
                  "[Default Applications]\ntext/plain=opener.desktop\nimage/png=viewer.desktop\n"
+                 "application/x-shellscript=opener.desktop\n"
                  "inode/directory=viewer.desktop\nx-scheme-handler/odd=opener.desktop\n"
                  "[Added Associations]\ntext/plain=viewer.desktop\n"});
     // GLib loses what it has read of types when it is first asked where they are described.

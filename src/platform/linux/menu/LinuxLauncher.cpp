@@ -1,12 +1,15 @@
 #include "platform/linux/menu/LinuxLauncher.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <string_view>
 
 #include "base/PathSyntax.h"
+#include "base/Text.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/menu/FileOpener.h"
 #include "platform/linux/menu/StartProgram.h"
+#include "platform/linux/menu/TerminalCall.h"
 #include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/SystemError.h"
 
@@ -26,45 +29,78 @@ base::Status OpenAddress(const std::string& address, const char* scheme) {
   return done != FALSE ? base::Status() : error.Status();
 }
 
-base::Status Start(const std::string& path, const LaunchRequest& request) {
-  std::vector<std::string> words{path};
-  const base::Status status = AddWords(request.Parameters, words);
-  return status ? StartProgram(words, request.Folder, StartIn::Fitting) : status;
+// An address is none with "file", which leads to a path.
+bool IsAddress(const std::string& file, GioText& scheme) {
+  scheme.reset(g_uri_parse_scheme(file.c_str()));
+  return scheme != nullptr && std::string_view(scheme.get()) != "file";
 }
 
-base::Status OpenFile(const std::string& path, const LaunchRequest& request) {
-  Opener opener;
-  base::Status found = FindOpener(path, opener);
-  if (opener.Kind == OpenerKind::Entry) return Launch(opener.Entry.get(), {});
-  if (!request.Parameters.empty()) return Start(path, request);
-  if (!found) return found;
-  if (opener.Kind == OpenerKind::Program) return Start(path, request);
-  return opener.Application ? Launch(opener.Application.get(), {path}) : NoApplication(opener.Type);
+base::Status CheckFolder(const std::string& folder) {
+  if (folder.empty() || LinuxFileSystem().FolderExists(folder)) return {};
+  return {ENOENT, "There is no folder " + base::ForDisplay(folder)};
+}
+
+base::Status Start(const std::string& path, const LaunchRequest& request,
+                   const std::vector<std::string>& arguments) {
+  std::vector<std::string> words{path};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return StartProgram(words, request.Folder, StartIn::Fitting,
+                      request.KeepsTerminal ? TerminalEnd::Shell : TerminalEnd::Closes);
 }
 
 }  // namespace
 
-base::Status LinuxLauncher::Execute(const LaunchRequest& request) {
+base::Status LinuxLauncher::OpenItem(const std::string& path, const LaunchRequest& request,
+                                     const std::vector<std::string>& arguments) const {
   const LinuxFileSystem files;
+  if (!files.Exists(path)) return SystemError(ENOENT);
+  if (files.FolderExists(path)) {
+    // As a pane has it, which knows no "..".
+    const std::string folder = std::filesystem::path(path).lexically_normal().string();
+    tools_.Windows.OpenFolder(folder == "/" ? folder : files.Syntax().RemoveRightSlash(folder));
+    return {};
+  }
+  Opener opener;
+  base::Status found = FindOpener(path, opener);
+  const bool isBareName = request.File.find('/') == std::string::npos;
+  if (isBareName && opener.Kind != OpenerKind::Document) return SystemError(ENOENT);
+  if (opener.Kind == OpenerKind::Entry) return Launch(opener.Entry.get(), {});
+  if (!arguments.empty() && !isBareName) return Start(path, request, arguments);
+  if (!found) return found;
+  if (opener.Kind == OpenerKind::Program) return Start(path, request, arguments);
+  return opener.Application ? Launch(opener.Application.get(), {path}) : NoApplication(opener.Type);
+}
+
+base::Status LinuxLauncher::Execute(const LaunchRequest& request) {
   std::string path = request.File;
   if (path.empty()) return SystemError(ENOENT);
+  if (path.find('\0') != std::string::npos) return SystemError(EINVAL);
+  std::vector<std::string> arguments;
+  base::Status status = AddWords(request.Parameters, arguments);
+  if (status) status = CheckFolder(request.Folder);
+  if (!status) return status;
+  if (path.find('/') == std::string::npos) {
+    if (const std::string program = FindProgram(path); !program.empty()) {
+      return Start(program, request, arguments);
+    }
+  }
   if (!path.starts_with('/')) {
-    const GioText scheme(g_uri_parse_scheme(path.c_str()));
-    if (scheme && std::string_view(scheme.get()) != "file") return OpenAddress(path, scheme.get());
+    GioText scheme;
+    if (IsAddress(path, scheme)) return OpenAddress(path, scheme.get());
     if (scheme) {
       const GioText local(g_filename_from_uri(path.c_str(), nullptr, nullptr));
       if (!local) return SystemError(EINVAL);
       path = local.get();
+    } else {
+      path = LinuxFileSystem().Syntax().Join(request.Folder, path);
     }
   }
-  if (path.find('/') == std::string::npos) {
-    const std::string program = FindProgram(path);
-    return program.empty() ? SystemError(ENOENT) : Start(program, request);
-  }
-  if (!path.starts_with('/') && !request.Folder.empty()) {
-    path = files.Syntax().Join(request.Folder, path);
-  }
-  return files.Exists(path) ? OpenFile(path, request) : SystemError(ENOENT);
+  return OpenItem(path, request, arguments);
+}
+
+base::Status LinuxLauncher::OpenTerminal(const std::string& folder) {
+  const base::Status status = CheckFolder(folder);
+  return status ? StartProgram({UserShell()}, folder, StartIn::Terminal) : status;
 }
 
 }  // namespace tarnwell::platform

@@ -12,7 +12,7 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/linux/menu/TerminalCall.h"
+#include "base/PathSyntax.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/SystemError.h"
@@ -50,25 +50,43 @@ bool HasWindows(const std::string& program) {
 }
 
 // What is left of a process after a fork; nothing here may take memory or a lock.
-[[noreturn]] void BecomeProgram(char* const* words, const char* folder, int failure) {
+[[noreturn]] void BecomeProgram(char* const* words, char* const* environment, const char* folder,
+                                int failure) {
   sigset_t none;
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
   signal(SIGPIPE, SIG_DFL);
   close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
-  if (*folder == '\0' || chdir(folder) == 0) execv(words[0], words);
+  if (*folder == '\0' || chdir(folder) == 0) execve(words[0], words, environment);
   const int code = errno;
   [[maybe_unused]] const ssize_t told = write(failure, &code, sizeof code);
   _exit(EXIT_FAILURE);
 }
 
+std::vector<char*> PointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+// This program's own, which tells of the new folder. A shell shows it as it is written there.
+std::vector<std::string> EnvironmentIn(const std::string& folder) {
+  constexpr std::string_view variable = "PWD=";
+  std::vector<std::string> all;
+  for (char** each = environ; *each != nullptr; ++each) {
+    if (folder.empty() || !std::string_view(*each).starts_with(variable)) all.emplace_back(*each);
+  }
+  if (!folder.empty()) all.push_back(std::string(variable) + folder);
+  return all;
+}
+
 // By way of a process that ends at once: nobody has to wait for the program then, and in a session
 // of its own it outlives the terminal that this program was started from.
-base::Status Spawn(const std::vector<std::string>& words, const std::string& folder) {
-  std::vector<char*> arguments;
-  arguments.reserve(words.size() + 1);
-  for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
+base::Status Spawn(std::vector<std::string> words, const std::string& folder) {
+  std::vector<std::string> variables = EnvironmentIn(folder);
+  const std::vector<char*> arguments = PointersTo(words), environment = PointersTo(variables);
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return SystemError(errno);
   const Descriptor reading(ends[0]);
@@ -78,7 +96,9 @@ base::Status Spawn(const std::vector<std::string>& words, const std::string& fol
   if (between == 0) {
     setsid();
     const pid_t program = fork();
-    if (program == 0) BecomeProgram(arguments.data(), folder.c_str(), writing.Get());
+    if (program == 0) {
+      BecomeProgram(arguments.data(), environment.data(), folder.c_str(), writing.Get());
+    }
     if (program > 0) _exit(EXIT_SUCCESS);
     const int code = errno;
     [[maybe_unused]] const ssize_t told = write(writing.Get(), &code, sizeof code);
@@ -95,15 +115,17 @@ base::Status Spawn(const std::vector<std::string>& words, const std::string& fol
 
 }  // namespace
 
-base::Status StartProgram(const std::vector<std::string>& words, const std::string& folder,
-                          StartIn where) {
+base::Status StartProgram(const std::vector<std::string>& words, const std::string& shown,
+                          StartIn where, TerminalEnd end) {
+  const std::string folder =
+      shown == "/" ? shown : base::PathSyntax::Posix().RemoveRightSlash(shown);
   if (words.empty()) return SystemError(EINVAL);
   const bool isAlone =
       where == StartIn::OwnWindows || (where == StartIn::Fitting && HasWindows(words.front()));
   if (isAlone) return Spawn(words, folder);
   // A terminal has no way to tell.
   if (access(words.front().c_str(), X_OK) != 0) return SystemError(errno);
-  const std::vector<std::string> call = TerminalCall(words, folder);
+  const std::vector<std::string> call = TerminalCall(words, folder, end);
   return call.empty() ? NoTerminal(words.front()) : Spawn(call, folder);
 }
 
@@ -113,6 +135,7 @@ std::string FindProgram(const std::string& name) {
 }
 
 base::Status AddWords(const std::string& line, std::vector<std::string>& words) {
+  if (line.find('\0') != std::string::npos) return SystemError(EINVAL);
   int count = 0;
   char** parsed = nullptr;
   GError* error = nullptr;

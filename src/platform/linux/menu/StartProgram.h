@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/Status.h"
+#include "platform/linux/menu/TerminalCall.h"
 
 namespace tarnwell::platform {
 
@@ -18,13 +19,13 @@ enum class StartIn {
 // words are the program's path and its arguments, which reach it as they are: no shell sees them,
 // and a file that the system cannot execute is not handed to one either.
 base::Status StartProgram(const std::vector<std::string>& words, const std::string& folder,
-                          StartIn where);
+                          StartIn where, TerminalEnd end = TerminalEnd::Closes);
 
 // Where PATH leads to; empty for a program that is not there. A name with a slash stays as it is.
 std::string FindProgram(const std::string& name);
 
-// Adds the words of a line, split at blanks but for those within quotes; an error for a quote that
-// does not end. An empty line has none.
+// Adds the words of a line, by the quoting rules of a POSIX shell; an error for a quote that does
+// not end, and for NUL. An empty line has none.
 base::Status AddWords(const std::string& line, std::vector<std::string>& words);
 
 }  // namespace tarnwell::platform

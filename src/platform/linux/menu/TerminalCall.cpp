@@ -1,10 +1,13 @@
 #include "platform/linux/menu/TerminalCall.h"
 
+#include <pwd.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
@@ -38,6 +41,7 @@ constexpr Terminal terminals[] = {
 
 constexpr std::string_view startOption = "--start-terminal";    // then the own path, and the words
 constexpr std::string_view insideOption = "--inside-terminal";  // then folder and words, coded
+constexpr std::string_view shellOption = "--shell-behind";      // the same, and a shell after it
 
 constexpr std::string_view HexDigits = "0123456789abcdef";
 
@@ -100,10 +104,11 @@ std::vector<std::string> TerminalWords() {
 }
 
 std::vector<std::string> CallOf(const std::string& own, const std::vector<std::string>& words,
-                                const std::string& folder) {
+                                const std::string& folder, TerminalEnd end) {
   std::vector<std::string> call = TerminalWords();
   if (call.empty()) return call;
-  call.insert(call.end(), {own, std::string(insideOption), Coded(folder)});
+  const std::string_view option = end == TerminalEnd::Shell ? shellOption : insideOption;
+  call.insert(call.end(), {own, std::string(option), Coded(folder)});
   std::ranges::transform(words, std::back_inserter(call), Coded);
   return call;
 }
@@ -125,11 +130,35 @@ int StartTerminal(const std::string& own, std::vector<std::string> program) {
   if (getcwd(folder, sizeof folder) == nullptr) folder[0] = '\0';
   const std::string found = FindProgram(program.front());
   if (!found.empty()) program.front() = found;
-  const std::vector<std::string> call = CallOf(own, program, folder);
+  const std::vector<std::string> call = CallOf(own, program, folder, TerminalEnd::Closes);
   return call.empty() ? EXIT_FAILURE : Become(call);
 }
 
-int RunInside(const std::string& codedFolder, const std::vector<std::string>& codedWords) {
+void TellFailure(const std::string& program, int code) {
+  std::printf("%s cannot be started: %s\n", base::ForDisplay(program).c_str(),
+              SystemError(code).Reason.c_str());
+  std::fflush(stdout);
+}
+
+// Interrupts from the keyboard are for the program alone.
+void Run(const std::vector<std::string>& words) {
+  const auto interrupted = std::signal(SIGINT, SIG_IGN);
+  const auto quit = std::signal(SIGQUIT, SIG_IGN);
+  const pid_t program = fork();
+  if (program == 0) {
+    std::signal(SIGINT, interrupted);
+    std::signal(SIGQUIT, quit);
+    TellFailure(words.front(), Become(words));
+    _exit(EXIT_FAILURE);
+  }
+  int state = 0;
+  while (program > 0 && waitpid(program, &state, 0) < 0 && errno == EINTR) continue;
+  std::signal(SIGINT, interrupted);
+  std::signal(SIGQUIT, quit);
+}
+
+int RunInside(const std::string& codedFolder, const std::vector<std::string>& codedWords,
+              TerminalEnd end) {
   const std::optional<std::string> folder = Decoded(codedFolder);
   std::vector<std::string> words;
   for (const std::string& coded : codedWords) {
@@ -140,11 +169,15 @@ int RunInside(const std::string& codedFolder, const std::vector<std::string>& co
   if (!folder) return EXIT_FAILURE;
   int code = 0;
   if (!folder->empty() && chdir(folder->c_str()) != 0) code = errno;
+  if (code == 0 && !folder->empty()) setenv("PWD", folder->c_str(), 1);
+  if (code == 0 && end == TerminalEnd::Shell) {
+    Run(words);
+    words = {UserShell()};
+  }
   if (code == 0) code = Become(words);
   // The terminal closes with this process.
-  std::printf("%s cannot be started: %s\nPress Enter to close.\n",
-              base::ForDisplay(words.front()).c_str(), SystemError(code).Reason.c_str());
-  std::fflush(stdout);
+  TellFailure(words.front(), code);
+  std::puts("Press Enter to close.");
   while (std::getchar() != '\n' && std::feof(stdin) == 0) continue;
   return EXIT_FAILURE;
 }
@@ -152,14 +185,22 @@ int RunInside(const std::string& codedFolder, const std::vector<std::string>& co
 }  // namespace
 
 std::vector<std::string> TerminalCall(const std::vector<std::string>& words,
-                                      const std::string& folder) {
-  return CallOf(OwnFile(), words, folder);
+                                      const std::string& folder, TerminalEnd end) {
+  return CallOf(OwnFile(), words, folder, end);
 }
 
 std::string TerminalPrefix() {
   if (TerminalWords().empty()) return "";
   const std::string own = OwnFile();
   return own + " " + std::string(startOption) + " " + own;
+}
+
+std::string UserShell() {
+  const char* const chosen = std::getenv("SHELL");
+  if (chosen != nullptr && *chosen == '/' && access(chosen, X_OK) == 0) return chosen;
+  const passwd* const user = getpwuid(getuid());
+  const bool has = user != nullptr && user->pw_shell != nullptr && *user->pw_shell != '\0';
+  return has ? user->pw_shell : "/bin/sh";
 }
 
 base::Status NoTerminal(const std::string& program) {
@@ -171,7 +212,8 @@ std::optional<int> AnswerTerminalCall(int count, char** arguments) {
   if (count <= words) return std::nullopt;
   const std::vector<std::string> rest(arguments + words, arguments + count);
   if (arguments[1] == startOption) return StartTerminal(arguments[2], rest);
-  if (arguments[1] == insideOption) return RunInside(arguments[2], rest);
+  if (arguments[1] == insideOption) return RunInside(arguments[2], rest, TerminalEnd::Closes);
+  if (arguments[1] == shellOption) return RunInside(arguments[2], rest, TerminalEnd::Shell);
   return std::nullopt;
 }
 

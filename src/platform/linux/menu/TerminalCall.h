@@ -12,13 +12,23 @@
 
 namespace tarnwell::platform {
 
+// What becomes of the terminal when the program in it has ended.
+enum class TerminalEnd {
+  Closes,
+  Shell,  // the user's shell goes on in it
+};
+
 // The words that start a terminal, and in it the program of the path in front, in the folder (empty
 // for that of this process); none where there is no terminal.
 std::vector<std::string> TerminalCall(const std::vector<std::string>& words,
-                                      const std::string& folder);
+                                      const std::string& folder,
+                                      TerminalEnd end = TerminalEnd::Closes);
 // What, in front of a line of words, makes it run in a terminal; empty where there is none. Without
 // anything that would have to be quoted.
 std::string TerminalPrefix();
+
+// The program of the user's shell: $SHELL, or that of the password file.
+std::string UserShell();
 
 base::Status NoTerminal(const std::string& program);
 
