@@ -3,6 +3,7 @@
 #include "fileops/DuplicateItems.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
+#include "fileops/modProperties.h"
 #include "fileops/popCopyMove.h"
 #include "fileops/popDelete.h"
 #include "fileops/popNewFolder.h"
@@ -213,6 +214,17 @@ TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
                                    "\r\n\r\nC:\\Data\\two\r\nC:\\a.b\\c\r\n"}));
   duplicate.DuplicateItems({});
   EXPECT_EQ(Messages.Texts.size(), 1U);
+}
+
+TEST_F(OperationsTest, ShowsThePropertiesOfWhatIsThere) {
+  Platform.Files.AddFile("C:\\0\\file");
+  EXPECT_GE(ShowProperties(Platform.Files, Platform.Items, "C:\\0\\file"), 33);
+  EXPECT_LT(ShowProperties(Platform.Files, Platform.Items, "C:\\0\\gone"), 33);
+  for (const char* name : {"C:\\0\\file", "C:\\0\\gone"}) {
+    ShowPropertiesOrTell(Platform.Files, Platform.Items, Messages, name);
+  }
+  EXPECT_EQ(Platform.Items.Properties, (std::vector<Texts>(2, {"C:\\0\\file"})));
+  EXPECT_EQ(Messages.Texts, Texts{" Properties not available for this object."});
 }
 
 TEST_F(OperationsTest, MakesANewFolderAndShowsIt) {
