@@ -21,6 +21,7 @@
 #include "platform/linux/system/LinuxTermination.h"
 #include "platform/linux/system/LinuxUserSettings.h"
 #include "platform/linux/system/XcbKeyboard.h"
+#include "platform/linux/trash/LinuxTrashCan.h"
 
 namespace tarnwell::app {
 
@@ -43,6 +44,8 @@ Platform MakePlatform() {
   made.Mounts = std::move(mounts);
   made.Watches = std::make_unique<platform::LinuxFolderWatch>();
   made.Stamps = std::make_unique<platform::LinuxFolderStamps>();
+  made.Trash = std::make_unique<platform::LinuxTrashCan>(platform::TrashPlaces::OfProcess(),
+                                                         *made.Watches, *made.Drives);
   made.Clock = std::make_unique<platform::LinuxClock>();
   made.Order = std::make_unique<platform::LinuxCollation>();
   made.Inspector = std::make_unique<platform::LinuxItemInspector>();

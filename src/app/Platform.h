@@ -22,6 +22,7 @@
 #include "platform/LogFile.h"
 #include "platform/NumberForms.h"
 #include "platform/SystemInfo.h"
+#include "platform/TrashCan.h"
 #include "platform/UserSettings.h"
 #include "ui/operation/QtFileOperation.h"
 
@@ -41,6 +42,7 @@ struct Platform {
   std::unique_ptr<platform::Drives> Drives;
   std::unique_ptr<platform::FolderWatch> Watches;
   std::unique_ptr<platform::FolderStamps> Stamps;
+  std::unique_ptr<platform::TrashCan> Trash;  // goes by the drives and watches
   std::unique_ptr<platform::Clock> Clock;
   std::unique_ptr<platform::Collation> Order;
   std::unique_ptr<platform::ItemInspector> Inspector;

@@ -78,9 +78,10 @@ class OpenedFolder {
 
 // What a folder holds, with all that lies below it.
 struct FolderTotal {
-  std::uint64_t Bytes = 0;   // lengths of the files, one with several names counted once
-  std::uint64_t OnDisk = 0;  // bytes that these files take up there
-  std::uint64_t Files = 0;   // all that is no folder
+  std::uint64_t Bytes = 0;          // lengths of the files, one with several names counted once
+  std::uint64_t OnDisk = 0;         // bytes that these files take up there
+  std::uint64_t FoldersOnDisk = 0;  // the same of the folders themselves, the first among them
+  std::uint64_t Files = 0;          // all that is no folder
   std::uint64_t Folders = 0;
   std::uint64_t Unreadable = 0;  // folders and items that could not be looked at
   base::Status Trouble;          // the reason of the first of them

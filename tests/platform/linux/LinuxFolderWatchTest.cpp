@@ -1,25 +1,12 @@
+#include "RunUntil.h"
 #include "TempFolder.h"
 #include "platform/linux/files/LinuxFolderStamps.h"
 #include "platform/linux/files/LinuxFolderWatch.h"
-
-// The adapter keeps GLib to itself; the event loop is all that a test needs of it.
-extern "C" int g_main_context_iteration(struct _GMainContext* context, int mayBlock);
 
 namespace tarnwell::platform {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
-
-// Runs the event loop until the condition holds; false when the time is up first.
-bool RunUntil(const std::function<bool()>& condition) {
-  const auto end = std::chrono::steady_clock::now() + 10s;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    if (g_main_context_iteration(nullptr, 0) == 0) std::this_thread::sleep_for(1ms);
-  }
-  return true;
-}
 
 // What a watch told, taken together.
 struct Told {

@@ -30,6 +30,7 @@ class Measurement {
     if (statx(folder.Get(), "", AT_EMPTY_PATH, measuredFacts, &found) != 0)
       return SystemError(errno);
     start_ = found;
+    total_.FoldersOnDisk += found.stx_blocks * blockSize;
     const ErrorNumber error = ReadFolder(folder.Get());
     if (error != NoError) return SystemError(error);
     walk_.Enter(std::move(folder), IdentityOf(found), "", 0, {});
@@ -93,6 +94,7 @@ class Measurement {
     struct statx found;
     if (!StateOf(folder, name.c_str(), found) || !IsSameVolume(found)) return;
     Descriptor opened(openat(folder, name.c_str(), flags));
+    total_.FoldersOnDisk += found.stx_blocks * blockSize;
     if (!opened) return Note(errno);
     const std::size_t mark = walk_.Mark();
     if (const ErrorNumber error = ReadFolder(opened.Get()); error != NoError) Note(error);
@@ -135,7 +137,11 @@ class Measurement {
 base::Status MeasureFolder(const std::string& folder, const FileSystem::GoOn& goOn,
                            FolderTotal& total) {
   Descriptor opened = OpenPath(folder, O_RDONLY | O_DIRECTORY);
-  return opened ? Measurement(goOn, total).Run(std::move(opened)) : SystemError(errno);
+  return opened ? MeasureFolder(std::move(opened), goOn, total) : SystemError(errno);
+}
+
+base::Status MeasureFolder(Descriptor folder, const FileSystem::GoOn& goOn, FolderTotal& total) {
+  return Measurement(goOn, total).Run(std::move(folder));
 }
 
 }  // namespace tarnwell::platform

@@ -5,6 +5,7 @@
 
 #include "base/Status.h"
 #include "platform/FileSystem.h"
+#include "platform/linux/posix/Descriptor.h"
 
 namespace tarnwell::platform {
 
@@ -14,5 +15,7 @@ namespace tarnwell::platform {
 // What goes away during the walk is no trouble.
 base::Status MeasureFolder(const std::string& folder, const FileSystem::GoOn& goOn,
                            FolderTotal& total);
+// The same of a folder that is open for reading.
+base::Status MeasureFolder(Descriptor folder, const FileSystem::GoOn& goOn, FolderTotal& total);
 
 }  // namespace tarnwell::platform

@@ -15,6 +15,7 @@
 #include "platform/linux/operation/FlushedVolumes.h"
 #include "platform/linux/operation/ItemCounter.h"
 #include "platform/linux/operation/LinkedFiles.h"
+#include "platform/linux/operation/OpenPlace.h"
 #include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/ErrorNumber.h"
@@ -23,12 +24,6 @@
 #include "platform/linux/posix/VolumeTraits.h"
 
 namespace tarnwell::platform {
-
-// A folder that items are taken from or go to.
-struct OpenPlace {
-  Descriptor Folder;
-  std::string Path;  // full, without a separator at its end
-};
 
 // Copies or moves items, each with all that lies below it, asking where it has to. A move is a
 // rename wherever that goes; otherwise the items are copied, flushed and checked, and then what was

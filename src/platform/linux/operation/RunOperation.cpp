@@ -16,6 +16,7 @@
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/operation/OperationContext.h"
 #include "platform/linux/operation/TrashItem.h"
+#include "platform/linux/operation/TrashedItems.h"
 #include "platform/linux/posix/ReachedPath.h"
 
 namespace tarnwell::platform {
@@ -52,38 +53,18 @@ std::optional<std::vector<ItemPath>> PathsOf(std::string_view items) {
   return paths;
 }
 
-ErrorNumber OpenPlaceAt(const std::string& path, OpenPlace& place) {
-  const std::string folder = path.empty() ? "/" : path;
-  place.Folder = OpenPath(folder, O_RDONLY | O_DIRECTORY);
-  if (!place.Folder && errno == EACCES) place.Folder = OpenPath(folder, O_PATH | O_DIRECTORY);
-  place.Path = path;
-  return place.Folder ? NoError : errno;
-}
-
-// Makes the folder, and those above it that are missing.
-ErrorNumber MakeFolders(const std::string& path) {
-  for (std::size_t end = path.find('/', 1);; end = path.find('/', end + 1)) {
-    const ReachedPath reached(path.substr(0, end));
-    if (reached.Error() != NoError) return reached.Error();
-    struct stat found {};
-    if (fstatat(reached.Folder(), reached.Rest(), &found, 0) != 0 &&
-        mkdirat(reached.Folder(), reached.Rest(), 0777) != 0 && errno != EEXIST) {
-      return errno;
-    }
-    if (end == path.npos) return NoError;
-  }
-}
-
 class Operation {
  public:
   Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder)
       : context_(user, request.Function, request.Flags),
         protected_(programFolder),
         record_(programFolder),
+        targets_(request.Destination),
         destination_(base::ItemList(request.Destination).First()) {}
 
   OperationResult Run(std::vector<ItemPath> items) {
     items_ = std::move(items);
+    if (context_.Has(FromTrash)) return RunInTrash();
     switch (context_.Function()) {
       case FileFunction::Copy:
       case FileFunction::Move:
@@ -106,6 +87,19 @@ class Operation {
   }
 
  private:
+  OperationResult RunInTrash() {
+    TrashedItems trashed(context_, protected_, record_);
+    std::vector<std::string> paths;
+    for (const ItemPath& item : items_) paths.push_back(item.Whole());
+    if (context_.Function() == FileFunction::Delete) {
+      trashed.Delete(paths);
+    } else if (context_.Function() != FileFunction::Move || !trashed.Restore(paths, targets_)) {
+      return {EINVAL, false};
+    }
+    context_.ReportEnd();
+    return context_.Result();
+  }
+
   // The folder of the item, which is most often that of the one before. Null if it was given up.
   std::shared_ptr<const OpenPlace> FolderOf(const ItemPath& item) {
     if (folder_ && folder_->Path == item.Folder) return folder_;
@@ -229,7 +223,8 @@ class Operation {
   OperationContext context_;
   ProtectedItems protected_;
   AsideRecord record_;
-  std::string destination_;
+  std::string targets_;
+  std::string destination_;  // the first of them
   std::vector<ItemPath> items_;
   std::shared_ptr<const OpenPlace> folder_;
   ItemCounter counter_;
