@@ -15,6 +15,9 @@
 namespace tarnwell::lister {
 namespace {
 
+constexpr std::string_view HeadLeft = "headleft";
+constexpr std::string_view HeadRight = "headright";
+
 struct SortWord {
   std::string_view Word;
   bool Descending;
@@ -217,9 +220,15 @@ void ListerControl::AddSortKey(int level, const std::string& key, const std::str
 }
 
 void ListerControl::MoveHeading(std::string_view word) {
-  if (word != "headleft" && word != "headright") return;
-  if (!parts_->State.Table.Move(parts_->State.ActiveHeading, word == "headleft")) return;
-  parts_->State.View().HeadingsChanged();
+  if (word == HeadLeft || word == HeadRight) parts_->Columns.MoveActive(word == HeadLeft);
+}
+
+void ListerControl::ChooseHeading(std::string_view word) {
+  if (word == HeadLeft || word == HeadRight) parts_->Columns.Choose(word == HeadLeft);
+}
+
+void ListerControl::TurnSort() {
+  parts_->Columns.DoubleClick(parts_->State.ActiveHeading, false);
 }
 
 void ListerControl::HeadingMenuClick(std::string_view menuName) {

@@ -129,6 +129,10 @@ class ListerControl : public forms::Control, public ListFields {
   // Moves the active heading one place among those on show: "headleft", "headright". Past the end
   // it stays where it is.
   void MoveHeading(std::string_view word);
+  // By the same words: the heading beside the active one becomes that.
+  void ChooseHeading(std::string_view word);
+  // Starts a new sort by the active heading; turns it round if that is how the list is sorted.
+  void TurnSort();
   // Shows or hides the heading of that menu entry, "mnuHeadingSize" say, and raises
   // HeadingsChanged.
   void HeadingMenuClick(std::string_view menuName);

@@ -10,6 +10,18 @@ void ListCommands::MoveHeading(std::string_view word) {
   if (auto* const list = workspace_.Lists.Find(workspace_.CurrentList)) list->MoveHeading(word);
 }
 
+void ListCommands::ChooseHeading(std::string_view word) {
+  if (auto* const list = workspace_.Lists.Find(workspace_.CurrentList)) list->ChooseHeading(word);
+}
+
+void ListCommands::TurnSort() {
+  if (auto* const list = workspace_.Lists.Find(workspace_.CurrentList)) list->TurnSort();
+}
+
+void ListCommands::Refresh() {
+  if (auto* const list = workspace_.Lists.Find(workspace_.ActiveList)) list->RefreshList();
+}
+
 void ListCommands::ToggleHeading(std::string_view menuName) {
   if (auto* const list = workspace_.Lists.Find(workspace_.CurrentList)) {
     list->HeadingMenuClick(menuName);

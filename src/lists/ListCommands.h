@@ -14,8 +14,13 @@ class ListCommands {
   // Of the current list; the words are those of ListerControl.
   void Sort(std::string_view word);
   void MoveHeading(std::string_view word);
+  void ChooseHeading(std::string_view word);
+  void TurnSort();
   void ToggleHeading(std::string_view menuName);
   void CalculateFolderSizes();
+
+  // Reads the active list again.
+  void Refresh();
 
   // Hidden or system items are shown from now on if they were not, and the other way round. Lists
   // of panes that are closed see it when they are next read.

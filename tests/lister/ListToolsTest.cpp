@@ -244,6 +244,16 @@ TEST_F(ListTools, ListingsHoldAnyNameAndAreWrittenWholeOrNotAtAll) {
     EXPECT_FALSE(List.CancelRequested);
   }
   EXPECT_EQ(Written(), whole);
+
+  // Size, the last but one on show, after extension and name; hidden headings are passed over.
+  for (int step = 0; step < 9; ++step) List.ChooseHeading("headright");
+  List.ChooseHeading("headleft");
+  for (const char* wanted : {"asc", "des", "asc"}) {
+    std::string key, direction;
+    List.TurnSort();
+    EXPECT_TRUE(List.GetSortKey(0, key, direction));
+    EXPECT_EQ(key + direction, std::string("sSize") + wanted);
+  }
 }
 
 TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {

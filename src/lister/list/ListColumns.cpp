@@ -18,6 +18,19 @@ void ListColumns::Click(int heading) {
   list_.View().HeadingsChanged();
 }
 
+void ListColumns::Choose(bool left) {
+  const int heading = list_.Table.Beside(list_.ActiveHeading, left);
+  if (heading < 0) return;
+  Click(heading);
+  list_.View().ShowHeading(heading);
+}
+
+void ListColumns::MoveActive(bool left) {
+  if (!list_.Table.Move(list_.ActiveHeading, left)) return;
+  list_.View().HeadingsChanged();
+  list_.View().ShowHeading(list_.ActiveHeading);
+}
+
 void ListColumns::DoubleClick(int heading, bool shift) {
   if (!IsHeading(heading)) return;
   Click(heading);

@@ -21,6 +21,10 @@ class ListColumns {
   ListColumns(ListState& list, ListBody& body) : list_(list), body_(body) {}
 
   void Click(int heading);  // makes it the active one
+  // The heading on show beside the active one becomes that, and is brought into view; at the end it
+  // stays.
+  void Choose(bool left);
+  void MoveActive(bool left);  // one place among those on show
   // Sorts by the heading, with Shift in addition to the others. Ascending; descending if that is
   // how it sorts already.
   void DoubleClick(int heading, bool shift);

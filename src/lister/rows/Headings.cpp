@@ -116,18 +116,23 @@ void Headings::SetProperty(int heading, std::string_view attribute, const base::
   FindAttribute(attribute).Write(table_, table_[Checked(heading)], value);
 }
 
-bool Headings::Move(int heading, bool left) {
-  Heading& moved = table_[Checked(heading)];
-  if (!moved.Active) return false;
+int Headings::Beside(int heading, bool left) const {
   const std::array<HeadingId, HeadingCount> order = Order();
   const int step = left ? -1 : 1;
-  for (int place = moved.Index + step; place >= 0 && place < HeadingCount; place += step) {
-    Heading& other = table_[static_cast<std::size_t>(order[static_cast<std::size_t>(place)])];
-    if (!other.Active) continue;
-    std::swap(moved.Index, other.Index);
-    return true;
+  int place = table_[Checked(heading)].Index + step;
+  for (; place >= 0 && place < HeadingCount; place += step) {
+    const HeadingId beside = order[static_cast<std::size_t>(place)];
+    if ((*this)[beside].Active) return static_cast<int>(beside);
   }
-  return false;
+  return -1;
+}
+
+bool Headings::Move(int heading, bool left) {
+  Heading& moved = table_[Checked(heading)];
+  const int beside = moved.Active ? Beside(heading, left) : -1;
+  if (beside < 0) return false;
+  std::swap(moved.Index, table_[static_cast<std::size_t>(beside)].Index);
+  return true;
 }
 
 bool Headings::IsActive(std::string_view name) const {

@@ -67,6 +67,8 @@ class Headings {
   // say which heading it is and stay as they are.
   void SetProperty(int heading, std::string_view attribute, const base::Value& value);
 
+  // The next heading on show to the left or right of that one; -1 at the end.
+  int Beside(int heading, bool left) const;
   // Moves the heading one place left or right among those on show; false if it stands at the end,
   // or is not shown.
   bool Move(int heading, bool left);

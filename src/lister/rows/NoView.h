@@ -24,6 +24,7 @@ class NoView : public ListerView {
   void SelectionChanged() override {}
   void FilterChanged() override {}
   void HeadingsChanged() override {}
+  void ShowHeading(int) override {}
   void StyleChanged() override {}
   void StatusChanged() override {}
   void DrivesChanged() override {}

@@ -256,6 +256,13 @@ void ListerWidget::HeadingsChanged() {
   model_->HeadingsChanged();
 }
 
+void ListerWidget::ShowHeading(int heading) {
+  const int left = header_->sectionPosition(heading);
+  const int room = tree_->viewport()->width() - header_->sectionSize(heading);
+  QScrollBar& bar = *tree_->horizontalScrollBar();
+  bar.setValue(std::min(left, std::max(bar.value(), left - room)));
+}
+
 void ListerWidget::StyleChanged() {
   style_ = MakeListerStyle(control_.Shown().Settings.Colours, control_.Shown().IsActive,
                            QGuiApplication::palette());

@@ -70,6 +70,7 @@ class ListerWidget : public QWidget,
   void SelectionChanged() override;
   void FilterChanged() override;
   void HeadingsChanged() override;
+  void ShowHeading(int heading) override;
   void StyleChanged() override;
   void StatusChanged() override;
   void DrivesChanged() override;
