@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/Text.h"
 #include "fileops/Destination.h"
 #include "fileops/popCopyMove.h"
 
@@ -16,6 +17,27 @@ void DropCommand::DropItems(lister::ListId list, const lister::Drop& drop) {
                                             : Answer{.Word = drop.Action, .Folder = destination};
   fields_.DialogResult = answer.Word;
   operations_.FileOperate(answer.Word, source, list, answer.Folder, false, drop.Items);
+}
+
+void DropCommand::SendSelected(std::string_view word, lister::ListId source,
+                               lister::ListId target) {
+  lister::ListerControl& from = workspace_.Lists[source];
+  from.PrepareSelectionKeyboard();
+  const std::string text = from.FirstSelected();
+  const std::string items = from.ActiveItemName();  // the list may make another one meanwhile
+  if (items.empty()) {
+    messenger_.Message("Nothing is selected to " + std::string(word) + ".", forms::MessageKind::Ok);
+    return;
+  }
+  const lister::ListerControl& to = workspace_.Lists[target];
+  const std::string destination = to.PasteFolder();
+  if (destination.empty()) {
+    messenger_.Message(base::ForDisplay(to.CurrentFolder()) + " is not there any more.",
+                       forms::MessageKind::Ok);
+    return;
+  }
+  const Answer answer = Ask(text, destination, word);
+  operations_.FileOperate(answer.Word, source, target, answer.Folder, false, items);
 }
 
 void DropCommand::Paste(lister::ListId source, lister::ListId target, bool skipDialog) {
@@ -44,7 +66,8 @@ std::string DropCommand::DestinationOf(lister::ListId list) const {
   return syntax_.AddSeparator(network == std::string::npos ? folder : folder.substr(network));
 }
 
-DropCommand::Answer DropCommand::Ask(const std::string& text, const std::string& destination) {
+DropCommand::Answer DropCommand::Ask(const std::string& text, const std::string& destination,
+                                     std::string_view framed) {
   // By the answer to a delete, what is dropped would be gone for good.
   std::string word = fields_.DialogResult == platform::DeleteWord ? "" : fields_.DialogResult;
   std::string typed = destination;
@@ -53,6 +76,8 @@ DropCommand::Answer DropCommand::Ask(const std::string& text, const std::string&
     host_.Open(dialog);
     dialog.txtSource.Text = text;
     dialog.txtDest.Text = typed;
+    dialog.cmdCopy.Default = framed != platform::MoveWord;
+    dialog.cmdMove.Default = !dialog.cmdCopy.Default;
     dialog.Ask(workspace_.Form);
     typed = fields_.DialogDestination = dialog.txtDest.Text;
     word = fields_.DialogResult = dialog.Result.value_or(word);

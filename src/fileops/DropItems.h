@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "fileops/DialogFields.h"
 #include "fileops/FileOperate.h"
@@ -32,6 +33,10 @@ class DropCommand {
   // cannot be is told by a message, and then the dialog asks anew.
   void DropItems(lister::ListId list, const lister::Drop& drop);
 
+  // Asks as for a drop, with the button of the word framed, then copies or moves what is selected
+  // in the source list, or the item with its cursor, into the folder of the target list.
+  void SendSelected(std::string_view word, lister::ListId source, lister::ListId target);
+
   // Copies or moves what is selected in the source list into the DropFolder of the target list, and
   // ends the source's action. Asks, unless told to do what the clipboard holds.
   void Paste(lister::ListId source, lister::ListId target, bool skipDialog);
@@ -45,7 +50,9 @@ class DropCommand {
     std::string Word;
     std::string Folder;
   };
-  Answer Ask(const std::string& text, const std::string& destination);
+  // `framed`: the word of the button that Enter presses.
+  Answer Ask(const std::string& text, const std::string& destination,
+             std::string_view framed = platform::CopyWord);
 
   workspace::Workspace& workspace_;
   const platform::FileSystem& files_;

@@ -27,7 +27,6 @@ class popCopyMove : public OperationDialog {
     cmdCopy.Caption = "&Copy Here";
     cmdMove.Caption = "&Move Here";
     cmdCancel.Caption = "Ca&ncel";
-    cmdCopy.Default = true;
     txtSource.BackColour = FixedBox;
     txtDest.BackColour = base::White;
   }

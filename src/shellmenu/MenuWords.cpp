@@ -16,7 +16,8 @@ namespace {
 constexpr std::size_t CaptionLimit = 255;  // characters that are looked at
 constexpr std::size_t SlotLength = 2;
 
-constexpr std::array<std::string_view, 5> ModeCaptions{"", "Copy", "Cut", "Paste", "Delete"};
+constexpr std::array<std::string_view, 6> ModeCaptions{"",      "Copy",   "Cut",
+                                                       "Paste", "Delete", "Properties"};
 constexpr std::array<std::string_view, 2> SlotWords{AddToSlot, ClearSlot};
 
 std::string_view Trimmed(std::string_view text) {

@@ -10,7 +10,7 @@
 namespace tarnwell::shellmenu {
 
 // What the menu is wanted for: to be shown, or to carry out one of the platform's entries unseen.
-enum class MenuMode { Show = 0, Copy = 1, Cut = 2, Paste = 3, Delete = 4 };
+enum class MenuMode { Show = 0, Copy = 1, Cut = 2, Paste = 3, Delete = 4, Properties = 5 };
 
 // The caption, without "&", of the entry that a mode carries out; empty for Show.
 std::string_view CaptionOf(MenuMode mode);

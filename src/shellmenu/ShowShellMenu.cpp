@@ -66,7 +66,8 @@ void ContextMenuCommand::ShowShellMenu(float x, float y, std::string path, MenuM
   if (list == nullptr) return;
   const lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
   const ActionBracket action(workspace_);
-  if (mode == MenuMode::Paste) path = PasteTarget(*list);
+  const bool isForNothing = mode == MenuMode::Properties && list->FirstSelected().empty();
+  if (mode == MenuMode::Paste || isForNothing) path = OwnFolder(*list);
   if (mode != MenuMode::Show) clickedItemPath_.clear();
   const MenuItems items = collector_.Collect(*list, path, clickedItemPath_, mode);
   MenuRequest request;
@@ -77,7 +78,7 @@ void ContextMenuCommand::ShowShellMenu(float x, float y, std::string path, MenuM
 }
 
 // A drive's root is no path without its separator.
-std::string ContextMenuCommand::PasteTarget(const lister::ListerControl& list) const {
+std::string ContextMenuCommand::OwnFolder(const lister::ListerControl& list) const {
   const std::string folder = list.TargetFolder(true, true);
   return platform_.Syntax.IsDriveRoot(folder) ? folder : platform_.Syntax.RemoveRightSlash(folder);
 }

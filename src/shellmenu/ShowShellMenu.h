@@ -37,12 +37,13 @@ class ContextMenuCommand {
 
   // The menu of the current list, at a place in the main form in twips. It is for the item of
   // `path`, or if that is empty for what is clicked and selected. Modes other than Show carry out
-  // an entry of the platform's unseen; Paste is for the list's folder. No list follows its folder
+  // an entry of the platform's unseen; Paste is for the list's folder, and so is Properties where
+  // nothing is selected. No list follows its folder
   // meanwhile. What the platform's entry throws comes out of here, once all that has ended.
   void ShowShellMenu(float x, float y, std::string path, MenuMode mode);
 
  private:
-  std::string PasteTarget(const lister::ListerControl& list) const;
+  std::string OwnFolder(const lister::ListerControl& list) const;
   MenuOutcome Choose(const MenuItems& items, MenuRequest request);
   void Tell(const base::Status& status);
   // Of several items that are gone, all but the first in one message.
