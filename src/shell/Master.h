@@ -6,6 +6,7 @@
 #include <string>
 
 #include "commands/Commands.h"
+#include "commands/KeyTable.h"
 #include "commands/Keyboard.h"
 #include "commands/Switches.h"
 #include "fileops/DeleteSelection.h"
@@ -97,6 +98,8 @@ class Master : private workspace::PaneHooks,
   // A key, before the control that has the keyboard sees it; see Keyboard.h.
   void KeyDown(int code, int shift) { keyboard_.KeyDown(code, shift); }
   void KeyUp() { keyboard_.KeyUp(); }
+  // Keys of the window as a whole; see KeyTable.h.
+  void PressKeys(std::string_view keys);
   // Keys may have come up while another window, or a menu, had them.
   void Activated() { keyboard_.Activated(services_.Keys.Held()); }
   void ChangeResizeFlag(bool value) { space_.Form.ResizeEnabled = value; }

@@ -1,9 +1,11 @@
 #include "commands/Commands.h"
+#include "commands/KeyTable.h"
 #include "commands/MenuTable.h"
 #include "commands/Switches.h"
 #include "commands/ToolbarTable.h"
 #include "fakes/FakeForms.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/TestFile.h"
 
 namespace tarnwell::commands {
 namespace {
@@ -51,6 +53,21 @@ TEST_F(CommandsTest, RowsHaveANameOfTheirOwnAPictureAndACommand) {
     if (Space.Form.Menus.FindByCaption(row.Caption) == nullptr) unknown.push_back(row.Caption);
   }
   EXPECT_EQ(unknown, Names{"Auto Expand Pane Size"});
+}
+
+TEST_F(CommandsTest, TheGuideListsAllKeysAndNoKeyHasTwoCommands) {
+  std::string lines;
+  std::set<std::string_view> taken;
+  for (const KeyRow& row : KeyTable()) {
+    const std::string keys(row.Keys), where(row.Where), what(row.What);
+    lines += where.empty() ? "| **" + keys + "** | | |\n"
+                           : "| " + keys + " | " + where + " | " + what + " |\n";
+    EXPECT_TRUE(row.Run == nullptr || taken.insert(row.Keys).second) << keys;
+    if (!row.Entry.starts_with("mnu")) continue;
+    EXPECT_NO_THROW(Space.Form.Menus[row.Entry]) << row.Entry;
+  }
+  const std::string guide = fakes::ReadTestFile("../docs/guide.md");
+  EXPECT_NE(guide.find("|---|---|---|\n" + lines), std::string::npos) << lines;
 }
 
 TEST_F(CommandsTest, SwitchesKeepTicksAndButtonsTogether) {

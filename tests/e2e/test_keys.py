@@ -79,3 +79,66 @@ class KeysTest(EndToEndTest):
         wait_for("pane 3 to open", lambda: program.is_open(3))
         self.assertTrue(program.button(3).has("CHECKED"))
         self.close_clean(program)
+
+    def test_the_window_has_keys_of_its_own(self):
+        for name in ("one/deep/file", "one/444", "one/45", "two/other"):
+            (self.home / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.home / name).write_text(name)
+        program = self.start()
+
+        def wait_keyboard(pane, kind="files"):
+            wait_for(f"the keyboard in the {kind} of pane {pane}",
+                     lambda: getattr(program, kind)(pane).has("FOCUSED"))
+
+        # A pane opens by its key, and never closes by it.
+        for pane in (3, 2, 2):
+            keys(f"alt+{pane}")
+            wait_keyboard(pane)
+        program.files(2).enter("two")
+        self.wait_names(program, ["other"], 2)
+        program.files(1).enter("one")
+        self.wait_names(program, ["deep", "444", "45"])
+        for pressed, pane in (("ctrl+Tab", 2), ("ctrl+Tab", 3), ("ctrl+Tab", 1),
+                              ("ctrl+shift+Tab", 3), ("alt+1", 1)):
+            keys(pressed)
+            wait_keyboard(pane)
+
+        # Back, forward and up; a menu that is up and a field have the keys for themselves.
+        program.files().enter("deep")
+        self.wait_names(program, ["file"])
+        keys("alt+Left")
+        self.wait_path(program, self.home / "one")
+        keys("alt+Right")
+        self.wait_path(program, self.home / "one/deep")
+        keys("ctrl+f", "alt+Left", "F7", "ctrl+Tab", "Escape")
+        wait_keyboard(1)
+        windows = program.windows()
+        keys("shift+F10")
+        wait_for("the menu", lambda: program.windows() - windows)
+        keys("F7", "ctrl+Tab", "Escape")
+        wait_for("the menu to go", lambda: program.windows() == windows)
+        self.assertEqual(program.path(), f"{self.home}/one/deep/")
+        keys("alt+Up")
+        self.wait_path(program, self.home / "one")
+
+        # To the next pane, and to the one after it.
+        program.wait_status(" item")
+        run("xdotool", "type", "444")
+        program.wait_status("Find: 444")
+        keys("F5")
+        self.answer("File Operation", "Return")
+        self.wait_names(program, ["other", "444"], 2)
+        keys("shift+F6")
+        self.answer("File Operation", "Return")
+        self.wait_names(program, ["deep", "45"])
+        wait_for("the file to be moved", lambda: (self.home / "444").exists())
+
+        keys("F7")
+        self.answer("New Folder", *"made", "Return")
+        self.wait_names(program, ["deep", "45", "made"])
+        keys("alt+Return")
+        wait_for("the properties", lambda: program.look("Properties of made"))
+        keys("Escape")
+        program.wait_active()
+        keys("ctrl+Right", "ctrl+shift+s")
+        self.close_clean(program)

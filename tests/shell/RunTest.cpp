@@ -1,5 +1,7 @@
 #include "TestRun.h"
 #include "fakes/TestFile.h"
+#include "fileops/popCopyMove.h"
+#include "lists/TestLists.h"
 
 namespace tarnwell::shell {
 namespace {
@@ -256,6 +258,63 @@ TEST_F(RunTest, AsksNothingMoreOnceItIsToEnd) {
   Run.Main().MenuClick("mnuExit");
   EXPECT_EQ(Run.Boxes.size(), 2U) << Run.Boxes.back();
   EXPECT_EQ(Run.Dialogs.Asked.size(), 1U);
+}
+
+TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {
+  for (const char* file : {"C:\\x\\a", "C:\\y\\b", "C:\\z\\c\\d"}) Machine.Files.AddFile(file);
+  Run.Start();
+  Run.Form().Width = Run.Form().ScaleWidth = Run.Form().Height = Run.Form().ScaleHeight = 20000;
+  Run.Main().Resize();
+  workspace::Workspace& space = Run.Space();
+  const auto press = [&](const char* keys) {
+    Run.Main().PressKeys(keys);
+    EXPECT_EQ(space.ActiveList, space.CurrentList);
+    return space.CurrentList;
+  };
+  for (const auto& [keys, list, folder] : {std::tuple{"Alt+3", 102, "C:\\z"},
+                                           {"Alt+1", 100, "C:\\y"},
+                                           {"Alt+2", 101, "C:\\x"},
+                                           {"Alt+2", 101, "C:\\x"}}) {
+    EXPECT_EQ(press(keys), list);
+    EXPECT_TRUE(space.Panes[list - 100].IsOpen());
+    space.Lists[space.CurrentList].GoToFolder(folder);
+  }
+  std::swap(space.Panes[0].ControlGroup, space.Panes[1].ControlGroup);  // 2, 1, 3 on the screen
+  std::string sent;
+  Machine.Operation.OnRun = [&](const platform::OperationRequest& request) {
+    sent += lists::TestLists::InOneLine(request) + "\n";
+    return 0;
+  };
+  Run.Host.OnModal = [&](forms::Form& form) {
+    if (form.Name() == "popMsgBox")
+      return Run.Boxes.push_back(static_cast<popMsgBox&>(form).lblText.Text);
+    auto& dialog = dynamic_cast<fileops::popCopyMove&>(form);
+    EXPECT_NE(dialog.cmdCopy.Default, dialog.cmdMove.Default);
+    dialog.cmdMove.Default ? dialog.cmdMoveClick() : dialog.cmdCopyClick();
+  };
+  press("F5");  // nothing is selected
+  space.Lists[101].SelectAll();
+  for (const char* keys : {"F5", "F6", "Shift+F5", "Shift+F6"}) press(keys);
+  EXPECT_EQ(sent,
+            "2 C:\\x\\a;;> C:\\y\\;\n1 C:\\x\\a;;> C:\\y\\;\n2 C:\\x\\a;;> C:\\z\\;\n1 "
+            "C:\\x\\a;;> C:\\z\\;\n");
+  EXPECT_EQ(press("Ctrl+Tab"), 100);
+  EXPECT_EQ(press("Ctrl+Shift+Tab"), 101);
+  EXPECT_EQ(press("Ctrl+Shift+Tab"), 102);
+  space.Lists[102].Visible = false;  // without room the tree has the keyboard
+  press("Ctrl+Tab");
+  EXPECT_EQ(press("Alt+3"), 2);
+
+  space.Lists[2].GoToFolder("C:\\z\\c");
+  press("Alt+Left");
+  EXPECT_EQ(Run.Form().TitleBar[2].Text, "C:\\z\\");
+  press("Alt+Return");
+  EXPECT_EQ(Machine.ItemMenus.Asked, "C:\\: z");
+  for (const char* pane : {"mnuPane0", "mnuPane1"}) Run.Main().MenuClick(pane);
+  press("F5");
+  EXPECT_EQ(press("Ctrl+Tab"), 2);
+  EXPECT_EQ(Run.Boxes,
+            (Texts{"Nothing is selected to copy.", "There is no other open pane to copy to."}));
 }
 
 }  // namespace

@@ -43,7 +43,6 @@ void CommonInput::GoToBookmark(int slot) {
 KeyAction CommonInput::ActionOf(int keyCode, int shift) {
   using This = CommonInput;
   static constexpr KeyBinding<CommonInput> Bindings[] = {
-      {UpKey, AltDown, &This::UpFolder},
       {BackspaceKey, AnyShift, &This::UpFolder},
       {UpKey, AnyShift, &This::TellKey},
       {DownKey, AnyShift, &This::TellKey},

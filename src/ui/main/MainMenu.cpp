@@ -6,27 +6,13 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/FormWindow.h"
+#include "ui/toolkit/ShownKeys.h"
 
 namespace tarnwell::ui {
-namespace {
-
-// The keys that do what an entry does.
-constexpr std::pair<std::string_view, const char*> EntryKeys[] = {{"mnuHelp", "F1"}};
-
-QString EntryText(const std::string& name, const forms::MenuEntry& entry) {
-  const auto* const key =
-      std::ranges::find(EntryKeys, name, [](const auto& row) { return row.first; });
-  QString text = ToShownQString(entry.Caption);
-  if (key != std::end(EntryKeys)) text += u'\t' + QLatin1String(key->second);
-  return text;
-}
-
-}  // namespace
 
 void MainMenu::Build() {
   const auto& entries = master_.Form().Menus.Entries();
@@ -48,6 +34,7 @@ void MainMenu::Build() {
       QAction* action = parents.back()->addAction(text);
       action->setObjectName(ToQString(entry.Name));
       action->setCheckable(entry.Checkable);
+      ShowKeys(*action, entry.Name);
       entries_[entry.Name].Action = action;
       QObject::connect(action, &QAction::triggered, &bar_, [this, name = entry.Name] {
         Guarded([this, &name] { master_.MenuClick(name); });
@@ -62,7 +49,7 @@ void MainMenu::Sync() {
   const workspace::MainForm& form = master_.Form();
   for (auto& [name, entry] : entries_) {
     const forms::MenuEntry& shown = form.Menus[name];
-    entry.Action->setText(EntryText(name, shown));
+    entry.Action->setText(ToShownQString(shown.Caption));
     if (entry.Action->isCheckable()) entry.Action->setChecked(shown.Checked);
     entry.Action->setVisible(shown.Visible);
     const std::string_view image = form.MenuImages.ImageOf(shown);

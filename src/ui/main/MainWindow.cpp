@@ -55,6 +55,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       keeper_(new FocusKeeper([this] { return Typist(); }, surface_)),
       toolbar_(new MainToolbar(master, icons, surface_)),
       escape_(new QShortcut(Qt::Key_Escape, this)),
+      shortcuts_(*this, [this](std::string_view keys) { master_.PressKeys(keys); }),
       strip_(form_, *surface_, [this](bool shift) { master_.CommandEnter(shift); }),
       others_(*this, [this] { master_.MenuClick("mPopRestore"); }) {
   setMinimumSize(LeastSize);
@@ -250,6 +251,7 @@ void MainWindow::NoteFocus() {
                                                      : KeyboardFocus::Other;
   // There the key means nothing to the form.
   escape_->setEnabled(form_.ActiveControl != KeyboardFocus::CommandLine);
+  shortcuts_.NoteFocus(focus);
 }
 
 void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
@@ -394,6 +396,7 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 // Shortcuts know the letters of the layout alone.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Find)) return EnterControls(&lister::FileListOf);
+  if (shortcuts_.Press(*event)) return;
   QMainWindow::keyPressEvent(event);
 }
 

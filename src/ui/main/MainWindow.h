@@ -16,6 +16,7 @@
 #include "ui/main/DragBar.h"
 #include "ui/main/FocusKeeper.h"
 #include "ui/main/FormSurface.h"
+#include "ui/main/KeyShortcuts.h"
 #include "ui/main/MainMenu.h"
 #include "ui/main/MainToolbar.h"
 #include "ui/main/NoRoomLabel.h"
@@ -75,6 +76,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   FocusKeeper* keeper_;
   MainToolbar* toolbar_;
   QShortcut* escape_;
+  KeyShortcuts shortcuts_;
   CommandStrip strip_;
   workspace::PerPane<PaneTitle*> titles_;
   workspace::PerList<NoRoomLabel*> noRoom_;

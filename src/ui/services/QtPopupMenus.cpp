@@ -5,7 +5,9 @@
 #include <QScreen>
 #include <utility>
 
+#include "base/Caption.h"
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/ShownKeys.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -64,6 +66,8 @@ QtPopupMenu::QtPopupMenu(QtPopupMenus& menus, QMainWindow& window)
 bool QtPopupMenu::InsertOnTop(const platform::ContextEntry& entry) {
   if (!menu_) return false;
   Add(*menu_, entry, menu_->actions().value(0));
+  // Not in submenus, which have the names of applications in them.
+  ShowKeys(*menu_->actions().constFirst(), base::WithoutMarks(entry.Caption));
   return true;
 }
 

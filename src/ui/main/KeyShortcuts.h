@@ -1,0 +1,28 @@
+// The keys of the main window as a whole, wherever in it the keyboard is: see commands/KeyTable.h.
+// Text fields and menus keep them for themselves.
+#pragma once
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace tarnwell::ui {
+
+class KeyShortcuts {
+ public:
+  using Act = std::function<void(std::string_view keys)>;
+  KeyShortcuts(QWidget& window, const Act& act);
+
+  // The widget has the keyboard; null for none of the window.
+  void NoteFocus(const QWidget* focus);
+  // A key that came through to the window, since the toolkit's shortcuts know the letters of the
+  // layout alone. False if it means nothing here.
+  bool Press(const QKeyEvent& key);
+
+ private:
+  std::vector<QShortcut*> shortcuts_;  // of the window
+};
+
+}  // namespace tarnwell::ui

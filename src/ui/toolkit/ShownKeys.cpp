@@ -1,0 +1,20 @@
+#include "ui/toolkit/ShownKeys.h"
+
+#include "commands/KeyTable.h"
+
+namespace tarnwell::ui {
+
+QKeySequence KeysOf(std::string_view keys) {
+  return QKeySequence::fromString(ToQString(keys), QKeySequence::PortableText);
+}
+
+void ShowKeys(QAction& action, std::string_view entry) {
+  const std::string_view keys = commands::KeysBeside(entry);
+  if (keys.empty()) return;
+  // No widget that holds the action ever has the keyboard, so the toolkit does not act on it.
+  action.setShortcutContext(Qt::WidgetShortcut);
+  action.setShortcut(KeysOf(keys));
+  action.setShortcutVisibleInContextMenu(true);
+}
+
+}  // namespace tarnwell::ui
