@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "app/Platform.h"
+#include "lists/ShowCut.h"
 #include "shell/Application.h"
 #include "ui/forms/AcknowWindow.h"
 #include "ui/forms/HelpWindow.h"
@@ -168,6 +169,9 @@ int main(int argc, char** argv) {
 
   const std::shared_ptr<void> termination =
       app::WhenAskedToEnd([&] { endWork([&] { application.RequestQuit(); }); });
+  clipboard.CutChanged = [&application](const std::string& items) {
+    lists::ShowCut(application.MainObject().Space(), items);
+  };
   runningApplication = &application;
   runningOperation = &operation;
   openItemWindows = &itemWindows;
@@ -183,6 +187,7 @@ int main(int argc, char** argv) {
   application.RequestQuit();
   // Windows that were closed last still look at what they showed.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  clipboard.CutChanged = {};
   runningApplication = nullptr;
   runningOperation = nullptr;
   openItemWindows = nullptr;

@@ -43,6 +43,7 @@ inline constexpr std::int64_t UnknownTime = std::numeric_limits<std::int64_t>::m
 struct ItemAttributes {
   ItemKind Kind = ItemKind::File;  // of what a link leads to; Other for a link that leads nowhere
   bool IsLink = false;
+  bool IsBroken = false;  // a link that leads nowhere
   bool IsHidden = false;  // this and the next: of the item itself, no link followed
   bool IsSystem = false;
   std::uint64_t Size = 0;  // bytes; 0 for a folder
@@ -121,6 +122,8 @@ class FileSystem {
   virtual bool FolderExists(const std::string& path) const = 0;
   // True when anything at all has that path.
   virtual bool Exists(const std::string& path) const = 0;
+  // Where the link leads, in bytes, as it has it; empty for what is none.
+  virtual std::string ReadLink(const std::string& /*path*/) const { return ""; }
 
   // Whether items can go into the folder of that path, or into one that is yet to be made there:
   // the reason is a sentence that says what to do.

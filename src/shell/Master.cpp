@@ -73,7 +73,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                    lister::ListServices{services_.Files, services_.Drives, services_.Watches,
                                         services_.Pump, services_.Clock, services_.Order,
                                         services_.Launcher, services_.Forms, services_.Stamps,
-                                        space_.OpenBrackets},
+                                        space_.Cut, space_.OpenBrackets},
                    ListEvents());
              }),
       messages_(services_.Host, space_.Form),

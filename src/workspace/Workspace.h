@@ -54,6 +54,7 @@ struct Workspace {
   PaneRecords Panes;
   PerPane<PaneHistory> Histories;
   ListSet Lists;
+  lister::CutItems Cut;
   ProgramSettings Settings;
   TitleColours Titles;
 

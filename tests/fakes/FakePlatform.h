@@ -446,10 +446,11 @@ struct FakePlatform {
   FakeItemWindows Items;
   FakeTrashCan Trash;
   FakeNumberForms Forms;
+  lister::CutItems Cut;
 
   lister::ListServices Services() { return Services(OpenBrackets); }
   lister::ListServices Services(const int& openBrackets) {
-    return {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, openBrackets};
+    return {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, Cut, openBrackets};
   }
 };
 

@@ -121,6 +121,10 @@ class MemoryFileSystem : public platform::FileSystem {
     const Item item = Find(path);
     return item != nullptr && item->IsFolder() && item->ReadFault.Code == 0;
   }
+  std::string ReadLink(const std::string& path) const override {
+    const Item item = Find(path, false);
+    return item == nullptr ? "" : item->Target;
+  }
   bool Exists(const std::string& path) const override { return Find(path, false) != nullptr; }
   base::Status CheckTarget(const std::string& path) const override {
     for (std::string at = path; at != syntax_.ParentOf(at); at = syntax_.ParentOf(at)) {
@@ -301,6 +305,7 @@ class MemoryFileSystem : public platform::FileSystem {
       attributes.Size = target->Content.size();
     }
     attributes.IsLink = item->IsLink;
+    attributes.IsBroken = item->IsLink && target == nullptr;
     attributes.IsHidden = item->IsHidden;
     return {};
   }

@@ -39,6 +39,41 @@ class FileList : public ListFixture {
   }
 };
 
+TEST_F(FileList, TellsOfLinksOfCutItemsAndWhyNothingIsShown) {
+  Load();
+  const auto facts = [this](const std::string& name) {
+    const RowState state = Rows.StateOf(Row(RootRow, name));
+    return std::string(state.IsLink ? "link " : "") + (state.IsBroken ? "broken " : "") +
+           (state.IsCut ? "cut " : "") + Rows.LinkNote(Row(RootRow, name));
+  };
+  Platform.Cut.Take(std::string("C:\\box\\sub\0C:\\box\\end\0C:\\a.PDF\0", 32));
+  EXPECT_EQ(facts("sub"), "cut ");
+  EXPECT_EQ(facts("way"), "link Link to C:\\box\\sub");
+  EXPECT_EQ(facts("end"), "link broken cut Broken link to C:\\none");
+  EXPECT_EQ(facts("a.PDF"), "");
+  Platform.Files.AddFolder("C:\\none");
+  Notify({"end"});
+  EXPECT_EQ(facts("end"), "link cut Link to C:\\none");
+
+  const auto note = [this] {
+    const EmptyNote found = Rows.NoteOfEmptiness();
+    return found.Text + (found.ByFilter ? "!" : "");
+  };
+  EXPECT_EQ(note(), "");
+  List.User().SetFilterText("zz");
+  EXPECT_EQ(note(), "The filter hides all 7 items here!");
+  Platform.Files.AddFolder("C:\\few");
+  Load("C:\\few");
+  EXPECT_EQ(note(), "This folder is empty");
+  Platform.Files.AddFile("C:\\few\\.one").IsHidden = true;
+  Platform.Watches.Notify("C:\\few", {{".one"}, false, false});
+  List.CatchUp();
+  EXPECT_EQ(note(), "The only item here is hidden");
+  Platform.Files.Remove("C:\\few");
+  List.RefreshList();
+  EXPECT_EQ(note(), "Cannot read C:\\few: No such file or directory");
+}
+
 TEST_F(FileList, ShowsTheItemsOfItsFolder) {
   List.ShowHidden = true;
   Platform.Forms.GroupMark = Platform.Forms.DateMark = ".";

@@ -353,6 +353,38 @@ TEST_F(ListerWidgetTest, TheNewestCursorReachesTheControlOnceAndOutlivesItsRows)
   EXPECT_EQ(ListerModel::RowOf(list.Tree->currentIndex()), list.Control.Rows().CurrentRow());
 }
 
+TEST_F(ListerWidgetTest, ALowListKeepsItsRowsAndTellsWhatHidesThem) {
+  List list(*this, 100);
+  list.Show("/d");
+  auto* const filter = list.Widget.findChild<QLineEdit*>();
+  const auto* const status = list.Widget.findChild<QLabel*>({}, Qt::FindDirectChildrenOnly);
+  const auto shown = [&] {
+    Settle();
+    return std::string(filter->isVisible() ? "filter " : "") + (status->isVisible() ? "status" : "");
+  };
+  const int row = list.Tree->visualRect(list.Index("/d/one.txt")).height();
+  const int rows = list.Header->height() + 4 * row;
+  EXPECT_EQ(shown(), "filter status");
+  list.Widget.resize(400, rows + filter->parentWidget()->height() + 2);
+  EXPECT_EQ(shown(), "filter ");
+  list.Widget.resize(400, rows + 2);
+  EXPECT_EQ(shown(), "");
+  EXPECT_GE(list.Tree->viewport()->height(), 4 * row);
+  list.Control.ShowStatus("news");
+  EXPECT_EQ(shown(), "status");
+  list.Control.ShowStatus("");
+  list.Widget.EnterControls();
+  EXPECT_EQ(shown(), "filter ");
+  filter->setText("zz");
+  list.Tree->setFocus();
+  EXPECT_EQ(shown(), "filter ");
+  auto* const clear = list.Tree->findChild<QPushButton*>();
+  EXPECT_TRUE(clear->isVisible() && !list.Index("/d/one.txt").isValid());
+  clear->click();
+  EXPECT_EQ(shown(), "");
+  EXPECT_TRUE(!clear->isVisible() && list.Index("/d/one.txt").isValid() && list.Tree->hasFocus());
+}
+
 TEST_F(ListerWidgetTest, DrivesAndStatus) {
   List list(*this, 0);
   list.Show("/");

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "lister/files/FileCells.h"
-#include "lister/files/FileStatus.h"
 #include "lister/files/OpenFiles.h"
 #include "lister/files/SelectedColours.h"
 #include "lister/rows/CellText.h"

@@ -8,6 +8,7 @@
 #include "lister/files/FileListState.h"
 #include "lister/files/FileReader.h"
 #include "lister/files/FileSizes.h"
+#include "lister/files/FileStatus.h"
 
 namespace tarnwell::lister {
 
@@ -61,6 +62,7 @@ class FileBody : public ListBody {
   std::string CellBytes(RowId row, HeadingId heading) const override;
   std::string PathOf(RowId row) const override;
   RowId CurrentRow() const override { return files_.Current; }
+  EmptyNote NoteOfEmptiness() const override { return NoteOf(files_); }
 
   void MoveCurrent(RowId row) override;
   void Activate(RowId row) override;

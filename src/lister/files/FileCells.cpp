@@ -59,9 +59,13 @@ std::string FileCellBytes(const FileListState& files, RowId row, HeadingId headi
 
 RowState FileRowState(const FileListState& files, RowId row) {
   const FileRow& item = files.Rows.Row(row);
+  const CutItems& cut = files.List.Services.Cut;
   return {.Kind = item.Kind,
           .IsLink = item.IsLink,
+          .IsBroken = item.IsBroken,
           .IsHidden = item.IsHidden,
+          .IsCut = !cut.IsEmpty() &&
+                   cut.Has(files.List.Syntax.Join(files.Rows.Folder(), files.Rows.Name(row))),
           .IsSelected = item.IsSelected,
           .Colour = files.ShowsColours() ? item.Colour : ItemColour::Default,
           .Marks = item.Marks};

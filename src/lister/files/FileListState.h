@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -20,6 +21,8 @@ struct FileListState {
   RowId Current = NoRow;
   int Orders = 0;                     // changes when rows come, go or change places
   KnownSizes Sizes;                   // of folders
+  bool NamesAreRead = false;          // Rows are what the folder holds, as far as it can be read
+  std::uint64_t HiddenCount = 0;      // items left out since the user does not want to see them
   std::function<void()> BeforeReset;  // all rows are about to go
   std::function<void()> AfterStop;    // the user has ended a read
 

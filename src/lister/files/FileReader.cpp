@@ -217,12 +217,16 @@ void FileReader::MindUnfollowed(const std::string& folder) {
 base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
   std::uint64_t count = 0;
   bool full = false;
+  files_.HiddenCount = 0;
   base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
     if (job.Pace.IsDue() &&
         !job.Pump("Reading names: " + CountText(files_.List.Services.Forms, count, "item"))) {
       return false;
     }
-    if (files_.List.IsFilteredOut(entry)) return true;
+    if (files_.List.IsFilteredOut(entry)) {
+      ++files_.HiddenCount;
+      return true;
+    }
     ++count;
     full = rows.Add(entry) == NoRow;
     return !full;
@@ -280,11 +284,13 @@ void FileReader::ReadDetails(ReadJob& job) {
 void FileReader::ClearFor(const std::string& folder) {
   files_.List.Filter = {};
   files_.Note.clear();
+  files_.NamesAreRead = false;
   Replace(FileRows(folder));
   files_.View().FilterChanged();
 }
 
 void FileReader::ShowNames(FileRows&& fresh, std::vector<RowId> partners) {
+  files_.NamesAreRead = true;
   if (files_.Rows.Count() == 0) {
     Replace(std::move(fresh));
   } else {
@@ -366,6 +372,8 @@ void FileReader::Update() {
   job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
   if (!job.Folder) return Refresh();
   if (update_.Apply(job)) files_.View().FilterChanged();
+  // What is hidden may have come or gone as well.
+  if (files_.Rows.All().empty()) update_.Add({{}, true, false});
   if (job.IsSuperseded()) return;
   if (job.Standing == Standing::Cancelled) Stop();
   ShowSummary(files_);

@@ -63,6 +63,21 @@ std::string FileSummary(const FileListState& files) {
   return text;
 }
 
+EmptyNote NoteOf(const FileListState& files) {
+  if (!files.NamesAreRead || files.Rows.Count() > 0) return {};
+  const platform::NumberForms& forms = files.List.Services.Forms;
+  if (const std::uint64_t all = files.Rows.All().size(); all > 0) {
+    return {.Text = all == 1 ? "The filter hides the only item here"
+                             : "The filter hides all " + forms.Grouped(all) + " items here",
+            .ByFilter = true};
+  }
+  if (!files.Trouble.empty()) return {.Text = files.Trouble};
+  if (files.HiddenCount == 0) return {.Text = "This folder is empty"};
+  return {.Text = files.HiddenCount == 1
+                      ? "The only item here is hidden"
+                      : "All " + forms.Grouped(files.HiddenCount) + " items here are hidden"};
+}
+
 void ShowSummary(FileListState& files) {
   const bool isNews = !files.Trouble.empty() || !files.Note.empty() || !files.Reason.empty();
   files.List.SetStatus(FileSummary(files), files.Rows.Marks(), isNews);

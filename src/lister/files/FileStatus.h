@@ -16,4 +16,7 @@ std::string FileSummary(const FileListState& files);
 // itself there is done.
 void ShowSummary(FileListState& files);
 
+// Why no row is on show: the folder is empty, cannot be read, or all in it is hidden.
+EmptyNote NoteOf(const FileListState& files);
+
 }  // namespace tarnwell::lister

@@ -1,5 +1,6 @@
 #include "lister/list/ListBody.h"
 
+#include "base/Text.h"
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
@@ -53,6 +54,14 @@ RowState ListBody::StateOf(RowId row) const {
   state.IsTarget = row > RootRow && ((state_.DragGraphicsOn && row == state_.DragRow) ||
                                      (state_.InAction && row == Input().Clicked()));
   return state;
+}
+
+std::string ListBody::LinkNote(RowId row) const {
+  const RowState state = OwnStateOf(row);
+  if (!state.IsLink) return "";
+  const std::string target = state_.Services.Files.ReadLink(PathOf(row));
+  if (target.empty()) return "";
+  return (state.IsBroken ? "Broken link to " : "Link to ") + base::ForDisplay(target);
 }
 
 std::string ListBody::BriefText(RowId row, HeadingId heading) const {

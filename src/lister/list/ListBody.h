@@ -118,9 +118,11 @@ class ListBody : public ListRows {
 
   RowState StateOf(RowId row) const final;
   std::string BriefText(RowId row, HeadingId heading) const final;
+  std::string LinkNote(RowId row) const final;
   // The cell for other programs: bytes as they are, numbers in digits alone.
   virtual std::string CellBytes(RowId row, HeadingId heading) const = 0;
 
+  EmptyNote NoteOfEmptiness() const override { return {}; }
   void Expand(RowId) override {}
   void Collapse(RowId) override {}
 

@@ -1,6 +1,7 @@
 // What a list asks of the platform and of the program.
 #pragma once
 
+#include "lister/rows/CutItems.h"
 #include "platform/Clock.h"
 #include "platform/Collation.h"
 #include "platform/FileSystem.h"
@@ -22,6 +23,7 @@ struct ListServices {
   platform::Launcher& Launcher;
   const platform::NumberForms& Forms;
   platform::FolderStamps& Stamps;
+  const CutItems& Cut;
   const int& OpenBrackets;  // routines that run and keep the lists from following the disk
 };
 

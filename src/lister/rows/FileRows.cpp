@@ -28,9 +28,9 @@ constexpr std::size_t MostUnusedNames = std::size_t{1} << 20;
 
 bool FileRow::LooksLike(const FileRow& other) const {
   const auto shown = [](const FileRow& row) {
-    return std::tuple(row.Kind, row.IsLink, row.IsHidden, row.IsSystem, row.HasAttributes, row.Mode,
-                      row.Size, row.Modified, row.Created, row.Accessed, row.HasFolderSize,
-                      row.IsSizePartial, row.Colour);
+    return std::tuple(row.Kind, row.IsLink, row.IsBroken, row.IsHidden, row.IsSystem,
+                      row.HasAttributes, row.Mode, row.Size, row.Modified, row.Created,
+                      row.Accessed, row.HasFolderSize, row.IsSizePartial, row.Colour);
   };
   return shown(*this) == shown(other) && Marks == other.Marks;
 }
@@ -110,6 +110,7 @@ void FileRows::SetAttributes(RowId row, const platform::ItemAttributes& attribut
   FileRow& item = Stored(row);
   item.Kind = attributes.Kind;
   item.IsLink = attributes.IsLink;
+  item.IsBroken = attributes.IsBroken;
   const bool sizeStays = item.IsFolder() && item.HasFolderSize &&
                          (!item.HasAttributes || item.Modified == attributes.Modified);
   if (!sizeStays) {
@@ -395,6 +396,7 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
     row.Size = old.Size;
     if (!old.HasAttributes || row.HasAttributes) continue;
     row.Kind = old.Kind;
+    row.IsBroken = old.IsBroken;
     row.Mode = old.Mode;
     row.Modified = old.Modified;
     row.Created = old.Created;

@@ -41,6 +41,7 @@ struct FileRow {
   ItemColour Colour = ItemColour::Default;
   CompareMarks Marks;
   bool IsLink : 1 = false;
+  bool IsBroken : 1 = false;  // a link that leads nowhere
   bool IsHidden : 1 = false;
   bool IsSystem : 1 = false;
   bool HasAttributes : 1 = false;  // Size, Mode and the times are known

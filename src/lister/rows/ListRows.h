@@ -10,6 +10,12 @@
 
 namespace tarnwell::lister {
 
+// What stands in the place of rows where there are none.
+struct EmptyNote {
+  std::string Text;       // for showing; empty while rows are there, or still to be read
+  bool ByFilter = false;  // the filter hides all there is
+};
+
 class ListRows {
  public:
   virtual ~ListRows() = default;
@@ -26,7 +32,10 @@ class ListRows {
   // The row is a folder that was measured, but not all of it could be read.
   virtual bool IsSizePartial(RowId row) const = 0;
   virtual std::string PathOf(RowId row) const = 0;  // bytes
+  // In words where the link leads, by a look at the disk; empty for what is none.
+  virtual std::string LinkNote(RowId row) const = 0;
   virtual RowId CurrentRow() const = 0;
+  virtual EmptyNote NoteOfEmptiness() const = 0;
 
   // The cursor moves to the row: a folder list opens it, a file list tells the item.
   virtual void MoveCurrent(RowId row) = 0;

@@ -11,7 +11,9 @@ namespace tarnwell::lister {
 struct RowState {
   platform::ItemKind Kind = platform::ItemKind::File;
   bool IsLink = false;
+  bool IsBroken = false;  // a link that leads nowhere
   bool IsHidden = false;
+  bool IsCut = false;        // on the clipboard, to be moved
   bool IsOpen = false;       // the open folder of a folder list
   bool HasChildren = false;  // may be expanded, as far as is known
   bool IsExpanded = false;

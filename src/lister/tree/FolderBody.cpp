@@ -300,10 +300,12 @@ int FolderBody::PositionOf(RowId row) const {
 RowState FolderBody::OwnStateOf(RowId row) const {
   if (!tree_.Has(row)) return {};
   const FolderNode& node = tree_.Node(row);
+  const CutItems& cut = state_.Services.Cut;
   return {
       .Kind = platform::ItemKind::Folder,
       .IsLink = node.IsLink,
       .IsHidden = node.IsHidden,
+      .IsCut = !cut.IsEmpty() && cut.Has(tree_.PathOf(row)),
       .IsOpen = row == tree_.Open(),
       .HasChildren = node.HasChildren(),
       .IsExpanded = node.IsExpanded,

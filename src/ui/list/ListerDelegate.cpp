@@ -9,6 +9,7 @@
 #include <cstddef>
 
 #include "lister/rows/CellText.h"
+#include "ui/list/ListerEmblems.h"
 #include "ui/list/ListerMarks.h"
 #include "ui/list/ListerModel.h"
 #include "ui/list/ListerRow.h"
@@ -23,6 +24,7 @@ using lister::RowId;
 namespace {
 
 constexpr double HiddenOpacity = 0.6;
+constexpr double CutOpacity = 0.35;
 
 bool IsName(const QModelIndex& index) {
   return index.column() == static_cast<int>(HeadingId::Name);
@@ -78,8 +80,11 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
   painter.setClipRect(option.rect, Qt::IntersectClip);
 
   const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
-  if (row.State.IsHidden) painter.setOpacity(HiddenOpacity);
+  if (row.State.IsHidden || row.State.IsCut) {
+    painter.setOpacity(row.State.IsCut ? CutOpacity : HiddenOpacity);
+  }
   icon.paint(&painter, parts.Icon);
+  if (row.State.IsLink) PaintLinkEmblem(painter, parts.Icon, row.State.IsBroken);
   painter.setOpacity(1);
 
   QRect area = parts.Text;
@@ -110,7 +115,8 @@ void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& op
   }
   if (area.width() > 0) {
     // The tint behind the name bears the colour of the text alone.
-    const bool faint = row.State.IsHidden && row.State.Colour == ItemColour::Default;
+    const bool faint =
+        (row.State.IsHidden || row.State.IsCut) && row.State.Colour == ItemColour::Default;
     painter.setPen(faint ? colours.Secondary : colours.Text);
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
   }
@@ -151,6 +157,8 @@ bool ListerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const QString note = ToQString(SizeNote(rows_, row));
     if (!note.isEmpty()) lines << note;
   }
+  const QString link = ToQString(rows_.LinkNote(row));
+  if (!link.isEmpty()) lines << link;
   const QString marks = MarksText(rows_.StateOf(row).Marks);
   if (!marks.isEmpty()) lines << marks;
   QToolTip::showText(event->globalPos(), PlainToolTip(lines.join(QLatin1Char('\n'))),

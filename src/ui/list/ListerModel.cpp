@@ -132,6 +132,9 @@ QVariant ListerModel::data(const QModelIndex& index, int role) const {
 QString ListerModel::Description(RowId row) const {
   const lister::RowState state = rows_.StateOf(row);
   QStringList words;
+  if (state.IsLink)
+    words << (state.IsBroken ? QStringLiteral("broken link") : QStringLiteral("link"));
+  if (state.IsCut) words << QStringLiteral("cut");
   if (state.Colour != lister::ItemColour::Default) {
     words << ToQString(lister::ItemColours[static_cast<std::size_t>(state.Colour)].Word);
   }

@@ -17,6 +17,7 @@
 #include "ui/list/ListerHeader.h"
 #include "ui/list/ListerLegend.h"
 #include "ui/list/ListerModel.h"
+#include "ui/list/ListerNote.h"
 #include "ui/list/ListerRow.h"
 #include "ui/list/ListerToolbar.h"
 #include "ui/list/ListerTree.h"
@@ -55,6 +56,9 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   header_->BecomeHeaderOf(*tree_);
   tree_->setModel(model_);
   tree_->setItemDelegate(new ListerDelegate(control.Rows(), control.Shown(), style_, tree_));
+  note_ = new ListerNote(
+      *tree_, *tree_->viewport(),
+      QStringLiteral("Clear filter of ") + name.mid(name.indexOf(QLatin1String("pane"))));
   setFocusProxy(tree_);
 
   status_ = new QLabel(this);
@@ -107,6 +111,7 @@ void ListerWidget::EndReset() {
   --rowChanges_;
   tree_->ScrollToTop();
   ShowRows();
+  ShowNote();
   MirrorSelection();
 }
 
@@ -124,6 +129,7 @@ void ListerWidget::EndInsert() {
   if (insertParent_ != lister::RootRow) ShowExpansion(insertParent_);
   ShowExpansion(insertParent_, insertFirst_, insertLast_);
   ShowCurrent();
+  ShowNote();
 }
 
 void ListerWidget::BeginRemove(RowId parent, int first, int last) {
@@ -135,6 +141,7 @@ void ListerWidget::EndRemove() {
   model_->EndRemove();
   --rowChanges_;
   ShowCurrent();
+  ShowNote();
 }
 
 void ListerWidget::BeginUpdate() {
@@ -179,6 +186,10 @@ void ListerWidget::ExpansionChanged(RowId row) {
 
 void ListerWidget::CurrentChanged() {
   ShowCurrent();
+}
+
+void ListerWidget::ShowNote() {
+  if (rowChanges_ == 0) note_->Show(control_.Rows().NoteOfEmptiness());
 }
 
 void ListerWidget::ShowRows() {
@@ -273,6 +284,7 @@ void ListerWidget::StyleChanged() {
   }
   if (drives_) drives_->setPalette(style_.Drives);
   if (toolbar_) toolbar_->ShowStyle();
+  note_->ShowStyle(style_);
   if (legend_) legend_->update();
   Repaint();
 }
@@ -286,6 +298,7 @@ bool ListerWidget::NeedsStatus() const {
 }
 
 void ListerWidget::StatusChanged() {
+  ShowNote();
   PlaceChildren();
 }
 
@@ -323,6 +336,7 @@ void ListerWidget::SelectionChanged() {
 
 void ListerWidget::FilterChanged() {
   if (toolbar_) toolbar_->ShowFilter();
+  ShowNote();
   PlaceChildren();
 }
 

@@ -27,6 +27,7 @@ class ListerDrop;
 class ListerHeader;
 class ListerLegend;
 class ListerModel;
+class ListerNote;
 class ListerToolbar;
 class ListerTree;
 
@@ -129,6 +130,7 @@ class ListerWidget : public QWidget,
   void ShowExpansion(lister::RowId parent, int first, int last);
   void ShowExpansion(lister::RowId row);
   void ShowRows();
+  void ShowNote();
   void ShowCurrent();
   // Screen readers learn of the selection from Qt, which nothing else here asks about it. Nothing
   // is kept there while no one reads.
@@ -144,6 +146,7 @@ class ListerWidget : public QWidget,
   ListerTree* tree_;
   ListerDrop* drop_;
   ListerHeader* header_;
+  ListerNote* note_;
   QLabel* status_;
   ListerLegend* legend_ = nullptr;  // file lists only
 

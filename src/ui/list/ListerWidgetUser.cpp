@@ -17,6 +17,7 @@
 #include "ui/list/ListerHeader.h"
 #include "ui/list/ListerKeys.h"
 #include "ui/list/ListerModel.h"
+#include "ui/list/ListerNote.h"
 #include "ui/list/ListerToolbar.h"
 #include "ui/list/ListerTree.h"
 #include "ui/list/ListerWidget.h"
@@ -163,6 +164,13 @@ void ListerWidget::ConnectDrop() {
 }
 
 void ListerWidget::ConnectHeader() {
+  connect(note_, &ListerNote::ClearAsked, this, [this] {
+    if (control_.View != this) return;
+    TakeFocus();
+    TellFocus();
+    control_.User().SetFilterText("");
+    control_.User().SetExtensionFilter("");
+  });
   connect(header_, &QHeaderView::sectionPressed, this, [this] {
     TakeFocus();
     TellFocus();  // the list may have the keyboard while commands act on another

@@ -7,8 +7,24 @@
 
 namespace tarnwell::ui {
 
+QtFileClipboard::QtFileClipboard() {
+  QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &context_,
+                   [this] { TellCut(); });
+}
+
 void QtFileClipboard::Put(const platform::ClipboardFiles& files) {
-  QGuiApplication::clipboard()->setMimeData(ClipboardDataOf(files).release());
+  own_ = ClipboardDataOf(files).release();
+  cut_ = files.IsCut ? files.Items : std::string();
+  QGuiApplication::clipboard()->setMimeData(own_);
+}
+
+void QtFileClipboard::TellCut() {
+  const QClipboard* const clipboard = QGuiApplication::clipboard();
+  const bool isOwn = own_ && clipboard->ownsClipboard() && clipboard->mimeData() == own_;
+  const std::string items = isOwn ? cut_ : std::string();
+  if (items == told_) return;
+  told_ = items;
+  if (CutChanged) CutChanged(items);
 }
 
 bool QtFileClipboard::HasFiles() const {

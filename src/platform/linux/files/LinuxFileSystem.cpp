@@ -77,6 +77,11 @@ bool LinuxFileSystem::Exists(const std::string& path) const {
          fstatat(reached.Folder(), reached.Rest(), &found, flags) == 0;
 }
 
+std::string LinuxFileSystem::ReadLink(const std::string& path) const {
+  const ReachedPath reached(path);
+  return reached.Error() == NoError ? ReadLinkTarget(reached.Folder(), reached.Rest()) : "";
+}
+
 base::Status LinuxFileSystem::MeasureFolder(const std::string& folder, const GoOn& goOn,
                                             FolderTotal& total) const {
   return platform::MeasureFolder(folder, goOn, total);

@@ -10,7 +10,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <memory>
 #include <string_view>
@@ -56,13 +55,6 @@ std::string NameOf(unsigned number, Look look, char* Entry::*name) {
     if (error == 0) break;
   }
   return error == 0 && found != nullptr ? Shown(found->*name) : std::to_string(number);
-}
-
-std::string ReadTarget(int folder, const char* name) {
-  std::string target(PATH_MAX, '\0');
-  const ssize_t length = readlinkat(folder, name, target.data(), target.size());
-  target.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-  return target;
 }
 
 // What the content is; by the name alone where it cannot be looked at.
@@ -119,7 +111,7 @@ base::Status LinuxItemInspector::ReadFacts(const std::string& path, ItemFacts& f
   facts.Kind = KindOfMode(found.stx_mode);
   facts.IsLink = S_ISLNK(found.stx_mode);
   if (facts.IsLink) {
-    facts.LinkTarget = ReadTarget(reached.Folder(), reached.Rest());
+    facts.LinkTarget = ReadLinkTarget(reached.Folder(), reached.Rest());
     struct statx target;
     facts.IsBroken =
         statx(reached.Folder(), reached.Rest(), AT_NO_AUTOMOUNT, STATX_TYPE, &target) != 0;

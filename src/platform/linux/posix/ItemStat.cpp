@@ -1,9 +1,11 @@
 #include "platform/linux/posix/ItemStat.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <limits>
 
 #include "platform/linux/posix/SystemError.h"
@@ -33,9 +35,11 @@ base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attribut
     return SystemError(errno);
   }
   const bool isLink = S_ISLNK(found.stx_mode);
+  attributes.IsBroken = false;
   if (isLink) {
     struct statx target;
-    if (statx(folder, path, AT_NO_AUTOMOUNT, WantedFields, &target) == 0) found = target;
+    attributes.IsBroken = statx(folder, path, AT_NO_AUTOMOUNT, WantedFields, &target) != 0;
+    if (!attributes.IsBroken) found = target;
   }
   attributes.Kind = KindOfMode(found.stx_mode);
   attributes.IsLink = isLink;
@@ -46,6 +50,13 @@ base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attribut
   attributes.Accessed = Nanoseconds(found.stx_atime);
   attributes.Mode = found.stx_mode & 07777U;
   return {};
+}
+
+std::string ReadLinkTarget(int folder, const char* path) {
+  std::string target(PATH_MAX, '\0');
+  const ssize_t length = readlinkat(folder, path, target.data(), target.size());
+  target.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+  return target;
 }
 
 }  // namespace tarnwell::platform

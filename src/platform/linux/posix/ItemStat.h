@@ -3,6 +3,8 @@
 
 #include <sys/stat.h>
 
+#include <string>
+
 #include "base/Status.h"
 #include "platform/FileSystem.h"
 
@@ -14,5 +16,8 @@ std::int64_t Nanoseconds(const statx_timestamp& time);
 
 // Of the item that `path` leads to from the open folder; a link is followed. Never mounts anything.
 base::Status ReadItemStat(int folder, const char* path, ItemAttributes& attributes);
+
+// Where the link leads, in bytes, as it has it; empty for what is none.
+std::string ReadLinkTarget(int folder, const char* path);
 
 }  // namespace tarnwell::platform
