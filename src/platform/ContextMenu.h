@@ -19,8 +19,8 @@ struct ContextEntry {
   bool IsSeparator = false;
   bool Enabled = true;
   bool IsDefault = false;              // what a double click does
-  bool IsChecked = false;              // has a tick
   std::vector<ContextEntry> Children;  // of a submenu
+  bool IsChecked = false;              // has a tick
 };
 
 // The entries for some items of a folder. Lives as long as the menu is up.
