@@ -360,7 +360,8 @@ TEST_F(ListerWidgetTest, ALowListKeepsItsRowsAndTellsWhatHidesThem) {
   const auto* const status = list.Widget.findChild<QLabel*>({}, Qt::FindDirectChildrenOnly);
   const auto shown = [&] {
     Settle();
-    return std::string(filter->isVisible() ? "filter " : "") + (status->isVisible() ? "status" : "");
+    return std::string(filter->isVisible() ? "filter " : "") +
+           (status->isVisible() ? "status" : "");
   };
   const int row = list.Tree->visualRect(list.Index("/d/one.txt")).height();
   const int rows = list.Header->height() + 4 * row;
