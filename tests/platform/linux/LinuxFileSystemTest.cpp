@@ -60,13 +60,15 @@ TEST(LinuxFileSystem, TellsKindsAndFollowsLinks) {
     const char* Name;
     ItemKind Kind;  // of what it leads to
     bool IsLink;
+    const char* Target = "";
   };
   const auto entries = Read(folder.Path());
   for (const Case& each :
        {Case{"file", ItemKind::File, false}, Case{"sub", ItemKind::Folder, false},
-        Case{"fifo", ItemKind::Other, false}, Case{"to file", ItemKind::File, true},
-        Case{"to sub", ItemKind::Folder, true}, Case{"dangling", ItemKind::Other, true},
-        Case{"loop", ItemKind::Other, true}}) {
+        Case{"fifo", ItemKind::Other, false}, Case{"to file", ItemKind::File, true, "file"},
+        Case{"to sub", ItemKind::Folder, true, "sub"},
+        Case{"dangling", ItemKind::Other, true, "nowhere"},
+        Case{"loop", ItemKind::Other, true, "loop"}}) {
     SCOPED_TRACE(each.Name);
     ASSERT_TRUE(entries.contains(each.Name));
     const FolderEntry& entry = entries.at(each.Name);
@@ -77,6 +79,8 @@ TEST(LinuxFileSystem, TellsKindsAndFollowsLinks) {
     EXPECT_TRUE(files.ReadAttributes(folder.Path(), each.Name, attributes));
     EXPECT_EQ(attributes.Kind, each.Kind);
     EXPECT_EQ(attributes.IsLink, each.IsLink);
+    EXPECT_EQ(attributes.IsBroken, each.IsLink && each.Kind == ItemKind::Other);
+    EXPECT_EQ(files.ReadLink(folder / each.Name), each.Target);
     EXPECT_TRUE(files.Exists(folder / each.Name));
     EXPECT_EQ(files.FolderExists(folder / each.Name), each.Kind == ItemKind::Folder);
   }
