@@ -66,5 +66,23 @@ TEST_F(QtDialogsTest, AsksForANameByteForByteWhollyOnTheScreen) {
   EXPECT_EQ(Dialogs.AskText({"t", "p", name, platform::ScreenPlace{1'000'000, -5'000}}), name);
 }
 
+TEST_F(QtDialogsTest, AsksForAFileInTheMiddleWithoutTheHourglass) {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  InDialog<QFileDialog>([](QFileDialog& dialog) {
+    const QPoint off = dialog.frameGeometry().center() - dialog.screen()->geometry().center();
+    EXPECT_LT(off.manhattanLength(), 60);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_TRUE(dialog.selectedFiles().constFirst().endsWith(QLatin1String("/a.csv")));
+    dialog.reject();
+  });
+  QWidget below;
+  below.setGeometry(0, 0, 50, 50);
+  below.show();
+  below.activateWindow();
+  EXPECT_FALSE(Dialogs.AskSaveFile({"t", "Listing", "*.csv", "csv", "a.csv", "/", true}));
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  QApplication::restoreOverrideCursor();
+}
+
 }  // namespace
 }  // namespace tarnwell::ui
