@@ -1,5 +1,6 @@
 #include "fileops/frmRecycleBin.h"
 
+#include <iterator>
 #include <utility>
 
 #include "base/Text.h"
@@ -55,8 +56,8 @@ void frmRecycleBin::Load() {
   cmdClose.Caption = "&Close";
   rows_.Clear();
   rows_.Filter("");
-  news_.clear();
-  newItems_ = 0;
+  newItems_.clear();
+  gone_.clear();
   hasNews_ = isSettled_ = false;
   troubles_.clear();
   view_ = services_.Trash.Follow(*this, "");
@@ -71,13 +72,13 @@ void frmRecycleBin::Unload() {
 // --- What the trash tells
 
 void frmRecycleBin::OnItems(std::vector<TrashedItem> items) {
-  newItems_ += items.size();
-  news_.push_back({std::move(items), {}});
+  newItems_.insert(newItems_.end(), std::move_iterator(items.begin()),
+                   std::move_iterator(items.end()));
   TakeNews();
 }
 
 void frmRecycleBin::OnGone(const std::vector<std::uint64_t>& ids) {
-  news_.push_back({{}, ids});
+  gone_.insert(gone_.end(), ids.begin(), ids.end());
   TakeNews();
 }
 
@@ -106,22 +107,12 @@ void frmRecycleBin::ChangeRows(Change change) {
 
 // While all is read, what is shown doubles each time: so sorting costs little in the end.
 void frmRecycleBin::ShowNews() {
-  if (!hasNews_ || (!isSettled_ && newItems_ < rows_.All().Items)) return;
+  if (!hasNews_ || (!isSettled_ && newItems_.size() < rows_.All().Items)) return;
   hasNews_ = false;
-  newItems_ = 0;
-  const std::vector<News> news = std::exchange(news_, {});
-  if (news.empty()) return ShowState();
-  ChangeRows([&] {
-    std::vector<TrashedItem> items;
-    for (const News& each : news) {
-      if (each.Gone.empty()) {
-        items.insert(items.end(), each.Items.begin(), each.Items.end());
-        continue;
-      }
-      rows_.Take(std::exchange(items, {}));
-      rows_.Drop(each.Gone);
-    }
-    rows_.Take(std::move(items));
+  if (newItems_.empty() && gone_.empty()) return ShowState();
+  ChangeRows([this] {
+    rows_.Take(std::exchange(newItems_, {}));
+    rows_.Drop(std::exchange(gone_, {}));
   });
 }
 

@@ -94,21 +94,16 @@ class frmRecycleBin : public forms::Form, private platform::TrashListener {
   std::vector<const platform::TrashedItem*> Find(const std::vector<std::uint64_t>& ids) const;
   void Run(const platform::OperationRequest& request);
 
-  // What the trash told in one call: items, or those that have gone.
-  struct News {
-    std::vector<platform::TrashedItem> Items;
-    std::vector<std::uint64_t> Gone;
-  };
-
   workspace::Workspace& workspace_;
   TrashServices services_;
   platform::ItemWindows& windows_;
   EmptyCommand& empty_;
   OpenFolder openFolder_;
   TrashRows rows_;
-  std::vector<News> news_;
-  std::size_t newItems_ = 0;  // in all news
+  // What is not shown yet; whatever has gone does not come again.
   bool hasNews_ = false;
+  std::vector<platform::TrashedItem> newItems_;
+  std::vector<std::uint64_t> gone_;
   bool isSettled_ = false;
   std::vector<platform::TrashTrouble> troubles_;
   std::unique_ptr<platform::TrashView> view_;  // null while the form is not open
