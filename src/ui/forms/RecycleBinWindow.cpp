@@ -164,9 +164,10 @@ void RecycleBinWindow::Sync() {
   }
   status_->ShowText(ToQString(form_.lblStatus.Caption));
   note_->ShowText(ToQString(form_.lblNote.Caption));
+  // The toolkit's arrow points the other way than those of the lists.
   list_->header()->setSortIndicator(
       static_cast<int>(form_.Rows().SortColumn()),
-      form_.Rows().IsDescending() ? Qt::DescendingOrder : Qt::AscendingOrder);
+      form_.Rows().IsDescending() ? Qt::AscendingOrder : Qt::DescendingOrder);
   if (form_.HasNews() && !news_.isActive()) {
     news_.start(form_.Rows().All().Items == 0 ? 0 : NewsTime);
   }

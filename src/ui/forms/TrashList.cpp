@@ -4,14 +4,38 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 
 #include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
 
+namespace {
+
+constexpr int RowRoom = 3;  // logical pixels between the rows
+
+class TrashDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, RowRoom);
+  }
+
+ protected:
+  // Numbers stay off what stands right of them.
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->displayAlignment.testFlag(Qt::AlignRight)) option->text += QLatin1String("  ");
+  }
+};
+
+}  // namespace
+
 TrashList::TrashList(QWidget* parent) : QTreeView(parent) {
   setAccessibleName(QStringLiteral("Recycle bin"));
+  setItemDelegate(new TrashDelegate(this));
   setRootIsDecorated(false);
   setItemsExpandable(false);
   setUniformRowHeights(true);
@@ -35,6 +59,10 @@ void TrashList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Delete:
       emit DeleteAsked();
       return;
+    case Qt::Key_F10:
+      if (event->modifiers() != Qt::ShiftModifier) break;
+      AskMenu();
+      return;
     default:
       break;
   }
@@ -54,16 +82,18 @@ void TrashList::mouseDoubleClickEvent(QMouseEvent* event) {
   if (isMain && indexAt(event->pos()).isValid()) emit PropertiesAsked();
 }
 
-// By a key it stands at the row that has the cursor.
 void TrashList::contextMenuEvent(QContextMenuEvent* event) {
-  if (event->reason() == QContextMenuEvent::Mouse) {
-    if (!indexAt(event->pos()).isValid()) clearSelection();
-    emit MenuAsked(event->globalPos());
-    return;
-  }
-  if (currentIndex().isValid()) scrollTo(currentIndex());
-  const QRect row = currentIndex().isValid() ? visualRect(currentIndex()) : QRect();
-  emit MenuAsked(viewport()->mapToGlobal(row.bottomLeft()));
+  if (event->reason() != QContextMenuEvent::Mouse) return AskMenu();
+  if (!indexAt(event->pos()).isValid()) clearSelection();
+  emit MenuAsked(event->globalPos());
+}
+
+// By a key it stands at the row that has the cursor.
+void TrashList::AskMenu() {
+  const QModelIndex current = currentIndex();
+  if (current.isValid()) scrollTo(current);
+  const QPoint place = current.isValid() ? visualRect(current).bottomLeft() : QPoint();
+  emit MenuAsked(viewport()->mapToGlobal(place));
 }
 
 // The whole text of a cell that is cut.

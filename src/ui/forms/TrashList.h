@@ -23,6 +23,9 @@ class TrashList : public QTreeView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool viewportEvent(QEvent* event) override;
+
+ private:
+  void AskMenu();
 };
 
 }  // namespace tarnwell::ui

@@ -13,7 +13,7 @@ namespace {
 
 // By TrashColumn.
 constexpr const char* TrashCaptions[fileops::TrashColumnCount] = {"Name", "Original folder",
-                                                                  "Deleted", "Size", "Type"};
+                                                                  "Deleted", "Size  ", "Type"};
 
 TrashColumn ColumnOf(int section) {
   return static_cast<TrashColumn>(section);
