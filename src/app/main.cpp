@@ -14,6 +14,7 @@
 #include "ui/forms/OperationDialogs.h"
 #include "ui/forms/OptionsWindow.h"
 #include "ui/forms/QtFormHost.h"
+#include "ui/forms/RecycleBinWindow.h"
 #include "ui/forms/SkinChooserWindow.h"
 #include "ui/forms/SplashWindow.h"
 #include "ui/forms/TipWindow.h"
@@ -137,6 +138,7 @@ int main(int argc, char** argv) {
                                   tray,
                                   web,
                                   itemWindows,
+                                  *system.Trash,
                                   ProgramSite(),
                                   AllLibraries(system),
                                   log.get()},
@@ -164,6 +166,9 @@ int main(int argc, char** argv) {
       [&](tools::frmTip& form) { return std::make_unique<ui::TipWindow>(form, icons); });
   host.Bind<tools::frmHelp>(
       [](tools::frmHelp& form) { return std::make_unique<ui::HelpWindow>(form); });
+  host.Bind<fileops::frmRecycleBin>([&](fileops::frmRecycleBin& form) {
+    return std::make_unique<ui::RecycleBinWindow>(form, icons);
+  });
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 

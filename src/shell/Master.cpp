@@ -108,6 +108,9 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
               services_.Host, messages_, dialogFields_,
               [this] { ShowShellMenu(shellmenu::MenuMode::Delete); }),
       duplicate_(services_.Files, services_.Operation, services_.Clock, services_.Host, messages_),
+      empty_(space_, TrashServices()),
+      recycleBin_(space_, TrashServices(), services_.Order, services_.ItemWindows, empty_,
+                  [this](const std::string& path) { OpenFolder(path); }),
       contextMenu_(space_,
                    {services_.Files.Syntax(), services_.Drives, services_.ItemMenus,
                     services_.Popups, services_.Forms},
@@ -154,6 +157,12 @@ lister::ListerEvents& Master::ListEvents() {
 
 std::string Master::ProgramFile(std::string_view name) const {
   return services_.Files.Syntax().Join(services_.System.ProgramFolder(), name);
+}
+
+fileops::TrashServices Master::TrashServices() {
+  return {
+      services_.Host,      services_.Files, services_.Drives, services_.Trash,
+      services_.Operation, services_.Pump,  messages_,        {services_.Forms, services_.Clock}};
 }
 
 void Master::Load() {
@@ -406,7 +415,8 @@ void Master::OpenFolder(const std::string& path) {
 
 void Master::EscapeKey() {
   if (splitters_.GiveUp()) return;
-  updates_.GiveUp();  // which may run unseen, so it is not all that the key is for
+  updates_.GiveUp();  // these two may run unseen, so they are not all that the key is for
+  empty_.GiveUp();
   events_.EscapeKey();
 }
 
@@ -414,6 +424,11 @@ void Master::ShowOptions() {
   services_.Host.Open(options_);
   options_.CentreOn(space_.Form);
   services_.Host.Show(options_, &space_.Form);
+}
+
+void Master::EmptyRecycleBin() {
+  std::string all;
+  empty_.EmptyRecycleBin(all);
 }
 
 void Master::ShowTips() {

@@ -12,9 +12,11 @@
 #include "fileops/DeleteSelection.h"
 #include "fileops/DropItems.h"
 #include "fileops/DuplicateItems.h"
+#include "fileops/EmptyRecycleBin.h"
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
+#include "fileops/frmRecycleBin.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 #include "lists/Navigation.h"
@@ -133,8 +135,8 @@ class Master : private workspace::PaneHooks,
   void Exit() override;
   void ShowOptions() override;
   void SaveFileListing() override { listing_.SaveFileListing(); }
-  void OpenRecycleBin() override { NotYet("the recycle bin"); }
-  void EmptyRecycleBin() override { NotYet("the recycle bin"); }
+  void OpenRecycleBin() override { recycleBin_.ShowOver(space_.Form); }
+  void EmptyRecycleBin() override;
   void MapNetworkDrive() override { NotYet("network drives"); }
   void DisconnectNetworkDrive() override { NotYet("network drives"); }
   void ShowTips() override;
@@ -161,6 +163,7 @@ class Master : private workspace::PaneHooks,
   // The command is there and its work is to come.
   void NotYet(std::string_view what);
 
+  fileops::TrashServices TrashServices();
   lister::ListerEvents& ListEvents();
   std::string ProgramFile(std::string_view name) const;
 
@@ -189,6 +192,8 @@ class Master : private workspace::PaneHooks,
   fileops::FileOperations operations_;
   fileops::DeleteCommand delete_;
   fileops::DuplicateCommand duplicate_;
+  fileops::EmptyCommand empty_;
+  fileops::frmRecycleBin recycleBin_;
   shellmenu::ContextMenuCommand contextMenu_;
   shellmenu::TitleMenu titleMenu_;
   fileops::DropCommand drop_;

@@ -21,6 +21,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
+#include "platform/TrashCan.h"
 #include "platform/Tray.h"
 #include "platform/UserSettings.h"
 #include "platform/Web.h"
@@ -49,6 +50,7 @@ struct Services {
   platform::Tray& Tray;
   platform::Web& Web;
   platform::ItemWindows& ItemWindows;
+  platform::TrashCan& Trash;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged

@@ -48,6 +48,7 @@ class TestRun {
              machine.Tray,
              Web,
              machine.Items,
+             machine.Trash,
              "https://site.test/"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
