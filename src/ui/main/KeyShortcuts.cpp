@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <algorithm>
 
 #include "commands/KeyTable.h"
 #include "ui/toolkit/FormWindow.h"
@@ -42,15 +41,6 @@ KeyShortcuts::KeyShortcuts(QWidget& window, const Act& act) {
 
 void KeyShortcuts::NoteFocus(const QWidget* focus) {
   for (QShortcut* const shortcut : shortcuts_) shortcut->setEnabled(!IsTextField(focus));
-}
-
-bool KeyShortcuts::Press(const QKeyEvent& key) {
-  const auto found = std::ranges::find_if(shortcuts_, [&](const QShortcut* shortcut) {
-    return shortcut->isEnabled() && shortcut->keys().contains(QKeySequence(key.keyCombination()));
-  });
-  if (found == shortcuts_.end()) return false;
-  if (!key.isAutoRepeat()) emit(*found)->activated();
-  return true;
 }
 
 }  // namespace tarnwell::ui

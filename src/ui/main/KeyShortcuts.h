@@ -2,7 +2,6 @@
 // Text fields and menus keep them for themselves.
 #pragma once
 
-#include <QKeyEvent>
 #include <QShortcut>
 #include <functional>
 #include <string_view>
@@ -17,9 +16,6 @@ class KeyShortcuts {
 
   // The widget has the keyboard; null for none of the window.
   void NoteFocus(const QWidget* focus);
-  // A key that came through to the window, since the toolkit's shortcuts know the letters of the
-  // layout alone. False if it means nothing here.
-  bool Press(const QKeyEvent& key);
 
  private:
   std::vector<QShortcut*> shortcuts_;  // of the window

@@ -1,6 +1,7 @@
 #include "ui/main/MainMenu.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QMenu>
 #include <algorithm>
 #include <cstddef>
@@ -13,6 +14,24 @@
 #include "ui/toolkit/ShownKeys.h"
 
 namespace tarnwell::ui {
+namespace {
+
+// What has this as a filter keeps its keys from all shortcuts, those of its own entries among them.
+class KeyKeeper : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::ShortcutOverride) return false;
+    event->accept();
+    return true;
+  }
+};
+
+}  // namespace
+
+MainMenu::MainMenu(shell::Master& master, const IconSource& icons, QMenuBar& bar)
+    : master_(master), icons_(icons), bar_(bar), keyKeeper_(std::make_unique<KeyKeeper>()) {
+  bar_.installEventFilter(keyKeeper_.get());
+}
 
 void MainMenu::Build() {
   const auto& entries = master_.Form().Menus.Entries();
@@ -27,6 +46,7 @@ void MainMenu::Build() {
     if (hasChildren) {
       parents.push_back(parents.empty() ? bar_.addMenu(text) : parents.back()->addMenu(text));
       parents.back()->setObjectName(ToQString(entry.Name));
+      parents.back()->installEventFilter(keyKeeper_.get());
       entries_[entry.Name].Action = parents.back()->menuAction();
     } else if (entry.IsSeparator()) {
       parents.back()->addSeparator();

@@ -4,6 +4,7 @@
 
 #include <QMenuBar>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "shell/Master.h"
@@ -13,8 +14,7 @@ namespace tarnwell::ui {
 
 class MainMenu {
  public:
-  MainMenu(shell::Master& master, const IconSource& icons, QMenuBar& bar)
-      : master_(master), icons_(icons), bar_(bar) {}
+  MainMenu(shell::Master& master, const IconSource& icons, QMenuBar& bar);
 
   // What shows its entry already is not touched.
   void Sync();
@@ -30,6 +30,7 @@ class MainMenu {
   shell::Master& master_;
   const IconSource& icons_;
   QMenuBar& bar_;
+  std::unique_ptr<QObject> keyKeeper_;
   std::map<std::string, Entry> entries_;  // by the names of the form's
 };
 

@@ -393,10 +393,14 @@ void MainWindow::moveEvent(QMoveEvent* event) {
   QMainWindow::moveEvent(event);
 }
 
-// Shortcuts know the letters of the layout alone.
+// Shortcuts know the letters of the layout alone, and nothing of keys that a menu leaves alone.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Find)) return EnterControls(&lister::FileListOf);
-  if (shortcuts_.Press(*event)) return;
+  const QKeySequence keys(event->keyCombination());
+  for (QShortcut* const shortcut : findChildren<QShortcut*>(Qt::FindDirectChildrenOnly)) {
+    if (!shortcut->isEnabled() || !shortcut->keys().contains(keys)) continue;
+    if (shortcut->autoRepeat() || !event->isAutoRepeat()) emit shortcut->activated();
+    return;
+  }
   QMainWindow::keyPressEvent(event);
 }
 

@@ -11,7 +11,8 @@ QKeySequence KeysOf(std::string_view keys) {
 void ShowKeys(QAction& action, std::string_view entry) {
   const std::string_view keys = commands::KeysBeside(entry);
   if (keys.empty()) return;
-  // No widget that holds the action ever has the keyboard, so the toolkit does not act on it.
+  // The toolkit acts on it only where what holds the action has the keyboard, and menus keep their
+  // keys.
   action.setShortcutContext(Qt::WidgetShortcut);
   action.setShortcut(KeysOf(keys));
   action.setShortcutVisibleInContextMenu(true);
