@@ -110,26 +110,6 @@ TEST_F(LinuxLauncherTest, TakesWhatIsTypedForWhatItIs) {
   EXPECT_EQ(access((folder + "/log.tool").c_str(), F_OK), -1);
 }
 
-TEST_F(LinuxLauncherTest, LeavesAShellInTheTerminalWhereThatIsWanted) {
-  const std::string folder = desktop.Folder.Path();
-  setenv("TERMINAL", (folder + "/terminal").c_str(), 1);
-  const std::string shell = getenv("SHELL") != nullptr ? getenv("SHELL") : "";
-  setenv("SHELL", (folder + "/viewer").c_str(), 1);
-  for (const char* program : {"/tool", "/broken"}) {
-    Put(folder + "/broken",
-        "\x7f"
-        "ELF",
-        0755);
-    EXPECT_TRUE(Launcher.Execute({folder + program, "x", "/usr/", true}));
-    EXPECT_EQ(desktop.Told("viewer"), "viewer in /usr\n");
-  }
-  EXPECT_EQ(desktop.Told("tool"), "tool in /usr\n[x]\n");
-  EXPECT_TRUE(Launcher.OpenTerminal(folder));
-  EXPECT_EQ(desktop.Told("viewer"), "viewer in " + folder + "\n");
-  EXPECT_EQ(Launcher.OpenTerminal(folder + "/gone").Code, ENOENT);
-  setenv("SHELL", shell.c_str(), 1);
-}
-
 TEST_F(LinuxLauncherTest, AsksBeforeItRunsWhatWasPickedInAList) {
   setenv("TERMINAL", (desktop.Folder / "terminal").c_str(), 1);
   const TempFolder place;
