@@ -95,6 +95,10 @@ void ListerControl::RedrawList() {
   parts_->State.View().Repaint();
 }
 
+void ListerControl::EndWait() {
+  CancelRequested = CancelRequested || parts_->State.IsWaiting;
+}
+
 void ListerControl::RefreshList() {
   parts_->Body->Refresh();
 }

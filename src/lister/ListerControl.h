@@ -79,6 +79,8 @@ class ListerControl : public forms::Control, public ListFields {
   // the item of its name, or goes to the place where that was. In a file list selection and scroll
   // position stay too.
   void RefreshList();
+  // As CancelRequested, where the job waits for another machine; otherwise the job goes on.
+  void EndWait();
   // The same, after a file operation.
   void RefreshAfterOperation();
   void SetLayout(std::int32_t layout);

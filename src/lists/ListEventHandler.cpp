@@ -183,7 +183,11 @@ void ListEventHandler::EscapeKey() {
   lister::ListerControl* active = workspace_.Lists.Find(workspace_.ActiveList);
   if (active == nullptr) return;
   active->CancelRequested = true;
-  if (lister::IsFileList(workspace_.ActiveList)) return;
+  if (lister::IsFileList(workspace_.ActiveList)) {
+    // Which may have asked for a folder of a server that is silent.
+    workspace_.Lists.Folders(lister::PaneOf(workspace_.ActiveList)).EndWait();
+    return;
+  }
   workspace_.Lists.Files(lister::PaneOf(workspace_.ActiveList)).CancelRequested = true;
 }
 

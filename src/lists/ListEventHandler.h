@@ -68,7 +68,7 @@ class ListEventHandler : public lister::ListerEvents {
   void BookmarkAsked(lister::ListId list, std::int16_t& slot, std::string& path) override;
 
   // Escape at the form: the active list stops what it reads; a folder list and the file list of its
-  // pane both do.
+  // pane both do. Of an active file list the folder list stops waiting for another machine, too.
   void EscapeKey();
 
  private:

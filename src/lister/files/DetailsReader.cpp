@@ -35,12 +35,15 @@ void DetailsReader::Go(ReadJob& job, std::string_view what, Lacks lacks, Look lo
     if (row == NoRow) break;
     if (!lacks(row)) continue;
     ++done;
+    const bool isOther = look(row);
+    // Other rows may have come before it while another machine was waited for.
     const int position = files_.Rows.PositionOf(row);
-    if (look(row) && position >= 0) {
+    if (isOther && position >= 0) {
       const bool isFirst = changed.Last < changed.First;
       changed.First = isFirst ? position : std::min(changed.First, position);
       changed.Last = std::max(changed.Last, position);
     }
+    if (!job.Goes()) break;
     const bool screenIsDone = showsScreen && !walk.IsOnScreen();
     if (!screenIsDone && !job.Pace.IsDue()) continue;
     showsScreen = showsScreen && !screenIsDone;

@@ -153,7 +153,7 @@ void FileReader::RunWaiting() {
 }
 
 ReadJob FileReader::NewJob() {
-  return {newest_, Pacer(files_.List.Services.Clock, files_.List.Services.Pump),
+  return {newest_, files_.List.Services.Clock, files_.List.Services.Pump,
           [this](ReadJob& job, const std::string& progress) { LetThrough(job, progress); }};
 }
 
@@ -183,7 +183,8 @@ void FileReader::Read() {
   follower_.Follow(folder);  // before the read, so that no change falls between the two
 
   base::Status status;
-  job.Folder = files_.List.Services.Files.OpenFolder(folder, status);
+  if (job.Goes()) job.Folder = files_.List.Services.Files.OpenFolder(folder, status);
+  if (!job.Folder && job.Standing == Standing::Cancelled) return Stop();  // what is on show stays
   FileRows fresh(folder);
   if (job.Folder) status = ReadNames(job, fresh);
   if (job.IsSuperseded()) return;

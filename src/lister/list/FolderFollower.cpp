@@ -23,10 +23,13 @@ void FolderFollower::Follow(const std::string& folder) {
 }
 
 void FolderFollower::Add(const std::string& folder) {
-  const auto known = entries_.find(folder);
-  if (known == entries_.end() && entries_.size() >= Most) return;
-  Entry& entry = known != entries_.end() ? known->second : entries_[folder];
-  entry.Facts = stamps_.ReadFacts(folder);
+  const auto hasRoom = [&] { return entries_.contains(folder) || entries_.size() < Most; };
+  if (!hasRoom()) return;
+  // Others may come and go while another machine is waited for.
+  const platform::FolderFacts facts = stamps_.ReadFacts(folder);
+  if (!hasRoom()) return;
+  Entry& entry = entries_[folder];
+  entry.Facts = facts;
   entry.FactsAt = clock_.Now();
   entry.Number = ++number_;
   Watch(folder, entry);
@@ -123,9 +126,9 @@ void FolderFollower::Look(LookReason reason) {
       if (asks) afar[entry.Facts.Stamp.Device].emplace_back(folder, entry.Number);
     } else {
       here.emplace_back(folder, entry.Number);
-      stamps.push_back(stamps_.Read(folder));
     }
   }
+  for (const auto& [folder, number] : here) stamps.push_back(stamps_.Read(folder));
   for (auto& [volume, question] : afar) Ask(volume, std::move(question), reason);
   LookAgainLater();
   Compare(here, stamps, reason);

@@ -98,6 +98,8 @@ void FolderSizes::Work() {
 
 void FolderSizes::Perform(Job& job) {
   list_.Fields.CancelRequested = false;
+  const platform::WaitScope waits(list_.Services.Pump,
+                                  [&](const std::string&) { return GoesOn(job); });
   for (const Target& folder : job.Folders) {
     if (!GoesOn(job)) break;
     Measure(job, folder);

@@ -43,6 +43,7 @@ struct ListState : ListAppearance {
   bool InAction = false;      // a context action runs
   RowId DragRow = NoRow;      // the folder that lies under a drag
   std::string DropFolder;     // under the last drop, as the form asks for it
+  bool IsWaiting = false;     // for another machine
   bool IsTerminated = false;  // work that let messages through is to end
 
   // The list's widget, or one that does nothing.

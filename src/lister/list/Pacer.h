@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
 
 #include "platform/Clock.h"
 #include "platform/MessagePump.h"
@@ -12,6 +13,11 @@ namespace tarnwell::lister {
 // Work that a folder which goes on changing asks for anew waits as long as it took the last time,
 // but never longer than this; milliseconds.
 inline constexpr std::int64_t MostRest = 60'000;
+
+// What the status line says while an answer of the place is waited for.
+inline std::string WaitText(const std::string& place) {
+  return "Waiting for " + place + "; Escape stops";
+}
 
 class Pacer {
  public:

@@ -17,8 +17,12 @@ struct ReadJob {
   // Shows the progress and lets messages through.
   using LetThrough = std::function<void(ReadJob& job, const std::string& progress)>;
 
-  ReadJob(int number, Pacer pace, LetThrough letThrough)
-      : Number(number), Pace(pace), Through(std::move(letThrough)) {}
+  ReadJob(int number, const platform::Clock& clock, platform::MessagePump& pump,
+          LetThrough letThrough)
+      : Number(number),
+        Pace(clock, pump),
+        Through(std::move(letThrough)),
+        Waits(pump, [this](const std::string& place) { return Pump(WaitText(place)); }) {}
 
   const int Number;  // of the load that it belongs to
   Pacer Pace;
@@ -27,6 +31,8 @@ struct ReadJob {
   bool HeedsCancel = true;
   bool MaySort = false;  // the rows on show are the ones that it works on
   LetThrough Through;
+  // Any call that the job makes may have to wait for another machine.
+  const platform::WaitScope Waits;
 
   bool Goes() const { return Standing == lister::Standing::Going; }
   bool IsSuperseded() const { return Standing == lister::Standing::Superseded; }

@@ -13,6 +13,8 @@ namespace {
 
 // In milliseconds. After work of more than this on notices the next ones wait as long as it took.
 constexpr std::int64_t QuickNotices = 20;
+// So long a command may wait for another machine while the next one is there already.
+constexpr std::int64_t WaitBeforeOthers = 2000;
 
 }  // namespace
 
@@ -45,21 +47,35 @@ void FolderBody::Perform(const Command& command) {
   folders_.Trouble.clear();
   folders_.Pace.emplace(state_.Services.Clock, state_.Services.Pump);
   state_.Fields.CancelRequested = false;
-  const Outcome outcome = command();
-  state_.Fields.CancelRequested = false;
+  const Outcome outcome = RunWaiting(command);
   busy_ = false;
   if (state_.IsTerminated) return;
-
-  if (tree_.Has(tree_.Open())) {
-    state_.Folder = tree_.PathOf(tree_.Open());
-    FollowBranches();
-  }
   state_.Summary = CountText(state_.Services.Forms, tree_.CountOnShow(), "folder");
   state_.SetStatus(folders_.Trouble);
   // Last, since what follows may open another folder.
   const ListId id = state_.Id;
   if (outcome == Outcome::FolderOpened) state_.Events.FolderSelected(id);
   if (outcome == Outcome::DriveChosen) state_.Events.DriveSelected(id);
+}
+
+// Any call on the way may have to wait for another machine.
+FolderBody::Outcome FolderBody::RunWaiting(const Command& command) {
+  const std::int64_t start = state_.Services.Clock.Ticks();
+  const platform::WaitScope waits(state_.Services.Pump, [this, start](const std::string& place) {
+    state_.SetStatus(WaitText(place));
+    state_.IsWaiting = true;
+    folders_.LetThrough();
+    state_.IsWaiting = false;
+    const bool isLate = state_.Services.Clock.Ticks() - start >= WaitBeforeOthers;
+    return !folders_.Stopped && !state_.IsTerminated && (waiting_.empty() || !isLate);
+  });
+  const Outcome outcome = command();
+  state_.Fields.CancelRequested = false;
+  if (!state_.IsTerminated && tree_.Has(tree_.Open())) {
+    state_.Folder = tree_.PathOf(tree_.Open());
+    FollowBranches();
+  }
+  return outcome;
 }
 
 void FolderBody::FolderChanged(const std::string& folder, const platform::FolderChanges& changes) {

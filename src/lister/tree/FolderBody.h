@@ -79,6 +79,7 @@ class FolderBody : public ListBody {
   void Run(Command command);
   void RunOnRow(RowId row, std::function<Outcome()> command);
   void Perform(const Command& command);
+  Outcome RunWaiting(const Command& command);
   // Brings the tree up to date with what is on disk, unless that was just done for long.
   void MindNotices();
 

@@ -46,6 +46,11 @@ void FolderFactReader::Run() {
   running_ = true;
   HeedCancel();
   Pacer pace(folders_.List.Services.Clock, folders_.List.Services.Pump);
+  stopped_ = false;
+  const platform::WaitScope waits(folders_.List.Services.Pump, [&](const std::string&) {
+    stopped_ = stopped_ || Pump(pace) == Outcome::Stopped;
+    return !stopped_ && !again_;
+  });
   while (again_) {
     again_ = false;
     const std::uint8_t wanted = Wanted();
@@ -85,7 +90,13 @@ FolderFactReader::Outcome FolderFactReader::Fill(RowId branch, std::uint8_t want
       if (outcome != Outcome::Done) return outcome;
     }
     if (!std::exchange(any, true)) opened = Open(branch);
-    if (!FillRow(row, missing, opened.get())) continue;
+    const bool isOther = !stopped_ && !again_ && FillRow(row, missing, opened.get());
+    // Where another machine was waited for, the branch may not be what it was.
+    if (stopped_ || again_) {
+      folders_.View().Repaint();
+      return stopped_ ? Outcome::Stopped : Outcome::Changed;
+    }
+    if (!isOther) continue;
     if (last < 0) first = position;
     last = position;
   }
@@ -128,7 +139,7 @@ bool FolderFactReader::FillRow(RowId row, std::uint8_t wanted,
   if ((wanted & ColourFact) != 0)
     facts.Colour = ColourOfWord(note(platform::ExtendedAttribute::Colour));
   if ((wanted & CommentFact) != 0) facts.Comment = note(platform::ExtendedAttribute::Comment);
-  return tree_.SetFacts(row, wanted, facts);
+  return tree_.Has(row) && tree_.SetFacts(row, wanted, facts);
 }
 
 FolderFactReader::Outcome FolderFactReader::Pump(Pacer& pace) {

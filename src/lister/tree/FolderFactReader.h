@@ -44,7 +44,8 @@ class FolderFactReader {
   FolderTree& tree_;
   FolderSizes& sizes_;
   bool running_ = false;
-  bool again_ = false;  // the tree, or what is wanted of it, has changed in a run
+  bool again_ = false;    // the tree, or what is wanted of it, has changed in a run
+  bool stopped_ = false;  // by the user, or for good
 };
 
 }  // namespace tarnwell::lister

@@ -30,14 +30,14 @@ struct FolderListState {
 
   // Lets messages through when it is time to. False when the command is to end.
   bool GoesOn() {
-    if (!Stopped && !List.IsTerminated && Pace->IsDue()) {
-      Pace->Pump();
-      if (List.Fields.CancelRequested) {
-        Stopped = true;
-        Trouble = "Reading stopped";
-      }
-    }
+    if (!Stopped && !List.IsTerminated && Pace->IsDue()) LetThrough();
     return !Stopped && !List.IsTerminated;
+  }
+  void LetThrough() {
+    Pace->Pump();
+    if (!List.Fields.CancelRequested) return;
+    Stopped = true;
+    Trouble = "Reading stopped";
   }
 };
 
