@@ -33,8 +33,12 @@ std::vector<MountedVolume> ReadMountTable() {
     std::string above;
     fields >> volume.Id >> above >> volume.Device >> volume.Root >> volume.Path;
     if (!fields) continue;
+    // Fields of which there may be any number, up to a dash.
+    for (std::string field; fields >> field && field != "-";) continue;
+    fields >> volume.Type >> volume.Source;
     volume.Root = Unescape(volume.Root);
     volume.Path = Unescape(volume.Path);
+    volume.Source = Unescape(volume.Source);
     volumes.push_back(std::move(volume));
   }
   return volumes;

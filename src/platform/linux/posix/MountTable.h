@@ -13,6 +13,8 @@ struct MountedVolume {
   std::string Device;    // "8:1"; the same for every mount of one volume
   std::string Root;      // path in the volume of what is mounted
   std::string Path;      // where; full, without links
+  std::string Type;      // of file system: "ext4", "nfs4", "fuse.sshfs"
+  std::string Source;    // what is mounted, as the file system calls it: "server:/export"
 };
 
 // Empty where the system does not tell. Touches no volume.

@@ -27,6 +27,11 @@ constexpr std::array<std::string_view, 12> localPrograms = {
     "fuse.ext2",     "fuse.fatx",    "fuse.fuse-overlayfs", "fuse.gocryptfs",
     "fuse.mergerfs", "fuse.ntfs-3g", "fuse.securefs",       "fuse.unionfs"};
 
+// The types of shares as the table of mounts has them.
+constexpr std::array<std::string_view, 16> farTypes = {
+    "9p",        "afs",    "autofs", "beegfs", "ceph", "cifs", "coda",  "gfs2",
+    "glusterfs", "lustre", "ncpfs",  "nfs",    "nfs4", "smb3", "smbfs", "virtiofs"};
+
 // Programs serve all kinds of volumes by FUSE; only the type of the mount tells which. One of a
 // block device is a disk's. One that nothing is known of may hang.
 bool IsLocalFuse(const Descriptor& folder, const std::string& path) {
@@ -34,10 +39,17 @@ bool IsLocalFuse(const Descriptor& folder, const std::string& path) {
   if (fstat(folder.Get(), &found) == 0 && major(found.st_dev) != 0) return true;
   const std::unique_ptr<GUnixMountEntry, decltype(&g_unix_mount_free)> mount(
       g_unix_mount_for(path.c_str(), nullptr), &g_unix_mount_free);
-  return mount && std::ranges::count(localPrograms, g_unix_mount_get_fs_type(mount.get())) > 0;
+  return mount && !IsFarType(g_unix_mount_get_fs_type(mount.get()));
 }
 
 }  // namespace
+
+bool IsFarType(std::string_view type) {
+  if (type == "fuse" || type.starts_with("fuse.")) {
+    return std::ranges::count(localPrograms, type) == 0;
+  }
+  return std::ranges::count(farTypes, type) > 0;
+}
 
 bool IsLocalVolume(const Descriptor& folder, const std::string& path) {
   struct statfs found {};
