@@ -33,14 +33,17 @@ ErrorNumber LinkTo(int folder, const std::string& name) {
 
 }  // namespace
 
-void LinkItems(const std::string& folder, const std::vector<std::string>& names,
-               FailureList& failures) {
+std::vector<std::pair<std::string, base::Status>> LinkItems(const std::string& folder,
+                                                            const std::vector<std::string>& names) {
   const Descriptor opened = OpenPath(folder, O_PATH | O_DIRECTORY);
   const ErrorNumber error = errno;
+  std::vector<std::pair<std::string, base::Status>> outcomes;
+  outcomes.reserve(names.size());
   for (const std::string& name : names) {
-    failures.Add(base::PathSyntax::Posix().Join(folder, name),
-                 SystemError(opened ? LinkTo(opened.Get(), name) : error));
+    outcomes.emplace_back(base::PathSyntax::Posix().Join(folder, name),
+                          SystemError(opened ? LinkTo(opened.Get(), name) : error));
   }
+  return outcomes;
 }
 
 }  // namespace tarnwell::platform

@@ -2,14 +2,16 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "platform/linux/menu/FailureList.h"
+#include "base/Status.h"
 
 namespace tarnwell::platform {
 
 // For each item of the folder a link "Link to NAME", under another name where that one is taken.
-void LinkItems(const std::string& folder, const std::vector<std::string>& names,
-               FailureList& failures);
+// Gives the path and the outcome of each.
+std::vector<std::pair<std::string, base::Status>> LinkItems(const std::string& folder,
+                                                            const std::vector<std::string>& names);
 
 }  // namespace tarnwell::platform

@@ -6,7 +6,8 @@
 namespace tarnwell::platform {
 
 base::Status LinuxContextMenu::Find(const std::string& path) const {
-  return FindItem(path);
+  return tools_.Calls.Ask(
+      path, [path] { return FindItem(path); }, LastLink::Itself);
 }
 
 std::unique_ptr<ItemMenu> LinuxContextMenu::ForItems(const std::string& folder,

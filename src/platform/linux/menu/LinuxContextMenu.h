@@ -7,6 +7,7 @@
 #include "platform/FileOperation.h"
 #include "platform/ItemWindows.h"
 #include "platform/NumberForms.h"
+#include "platform/linux/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 
@@ -17,6 +18,7 @@ struct MenuTools {
   platform::Dialogs& Dialogs;
   ItemWindows& Windows;
   const NumberForms& Forms;
+  FarCalls Calls{};
 };
 
 // Open, Open With, Cut, Copy, Paste, Create Shortcut, Delete and Properties, each where it makes

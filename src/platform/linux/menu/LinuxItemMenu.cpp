@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -75,7 +76,8 @@ base::Status LinuxItemMenu::Fill(int firstId, int lastId, std::vector<ContextEnt
   firstId_ = firstId;
   room_ = static_cast<std::size_t>(lastId - firstId) + 1;
   actions_.clear();
-  types_ = TypesOf(paths_);
+  types_ = tools_.Calls.GetAt<std::vector<std::string>>(
+      FarPlaceOfAny(), [paths = paths_] { return TypesOf(paths); }, {});
   applications_ = ApplicationsFor(types_);
   const auto suits = [&](Suits what) {
     switch (what) {
@@ -105,6 +107,16 @@ base::Status LinuxItemMenu::Fill(int firstId, int lastId, std::vector<ContextEnt
   }
   // The submenu is numbered last: it leaves out what finds no number.
   entries[openWith].Children = ApplicationEntries();
+  return {};
+}
+
+// Types are of what links lead to.
+std::optional<FarPlace> LinuxItemMenu::FarPlaceOfAny() const {
+  const FarPlaces* const places = tools_.Calls.Places();
+  if (places == nullptr || !places->Any()) return {};
+  for (const std::string& path : paths_) {
+    if (auto place = places->Find(path)) return place;
+  }
   return {};
 }
 
@@ -161,9 +173,9 @@ std::vector<PlacedItem> LinuxItemMenu::Invoke(int offset) {
       break;
     case MenuVerb::Paste:
       return PasteFiles(paths_.front(), tools_.Clipboard, tools_.Operation, tools_.Dialogs,
-                        tools_.Forms);
+                        tools_.Forms, tools_.Calls);
     case MenuVerb::CreateShortcut:
-      LinkItems(folder_, names_, failures);
+      CreateShortcuts(failures);
       failures.Show(tools_.Dialogs, "could not be given a shortcut");
       break;
     case MenuVerb::Delete:
@@ -179,11 +191,22 @@ std::vector<PlacedItem> LinuxItemMenu::Invoke(int offset) {
 std::vector<std::string> LinuxItemMenu::ItemsThere(FailureList& failures) const {
   std::vector<std::string> found;
   for (const std::string& path : paths_) {
-    const base::Status status = FindItem(path);
+    const base::Status status = tools_.Calls.Ask(
+        path, [path] { return FindItem(path); }, LastLink::Itself);
     failures.Add(path, status);
     if (status) found.push_back(path);
   }
   return found;
+}
+
+void LinuxItemMenu::CreateShortcuts(FailureList& failures) {
+  using Outcomes = std::vector<std::pair<std::string, base::Status>>;
+  const auto outcomes = std::make_shared<Outcomes>();
+  const base::Status status = tools_.Calls.Run(
+      folder_,
+      [outcomes, folder = folder_, names = names_] { *outcomes = LinkItems(folder, names); });
+  if (!status) return failures.Add(folder_, status);
+  for (const auto& [path, outcome] : *outcomes) failures.Add(path, outcome);
 }
 
 void LinuxItemMenu::Open() {
@@ -192,8 +215,7 @@ void LinuxItemMenu::Open() {
   if (IsOneFolder() && !found.empty()) {
     tools_.Windows.OpenFolder(found.front());
   } else {
-    for (const LaunchFailure& failure :
-         OpenItems(found, folder_, {tools_.Dialogs, tools_.Windows, tools_.Forms})) {
+    for (const LaunchFailure& failure : OpenItems(found, folder_, OpeningTools())) {
       failures.Add(failure.Path, failure.Status);
     }
   }
@@ -203,8 +225,7 @@ void LinuxItemMenu::Open() {
 void LinuxItemMenu::OpenWith(GAppInfo* application) {
   FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
-  if (!found.empty() &&
-      AskAboutMany(found.size(), {tools_.Dialogs, tools_.Windows, tools_.Forms})) {
+  if (!found.empty() && AskAboutMany(found.size(), OpeningTools())) {
     const base::Status status = Launch(application, found);
     for (const std::string& path : found) failures.Add(path, status);
   }
@@ -244,9 +265,8 @@ void LinuxItemMenu::RunCommand(const std::string& command) {
   FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
   failures.Show(tools_.Dialogs, notOpened);
-  if (found.empty() || !AskAboutMany(found.size(), {tools_.Dialogs, tools_.Windows, tools_.Forms}))
-    return;
-  const base::Status status = OpenWithCommand(command, found, folder_);
+  if (found.empty() || !AskAboutMany(found.size(), OpeningTools())) return;
+  const base::Status status = OpenWithCommand(command, found, folder_, tools_.Calls);
   if (!status) Tell(command, "could not be started", status);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "platform/linux/menu/Applications.h"
 #include "platform/linux/menu/FailureList.h"
 #include "platform/linux/menu/LinuxContextMenu.h"
+#include "platform/linux/menu/OpenItems.h"
 
 namespace tarnwell::platform {
 
@@ -44,6 +46,11 @@ class LinuxItemMenu : public ItemMenu {
   ContextEntry Numbered(const Action& action);
   std::vector<ContextEntry> ApplicationEntries();
   bool IsOneFolder() const;
+  std::optional<FarPlace> FarPlaceOfAny() const;
+  OpenTools OpeningTools() const {
+    return {tools_.Dialogs, tools_.Windows, tools_.Forms, tools_.Calls};
+  }
+  void CreateShortcuts(FailureList& failures);
   void Open();
   void OpenWith(GAppInfo* application);
   void ChooseApplication();

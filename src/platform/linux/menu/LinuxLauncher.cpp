@@ -6,9 +6,9 @@
 
 #include "base/PathSyntax.h"
 #include "base/Text.h"
+#include "platform/linux/afar/FarFileSystem.h"
 #include "platform/linux/files/LinuxFileSystem.h"
-#include "platform/linux/menu/FileOpener.h"
-#include "platform/linux/menu/StartProgram.h"
+#include "platform/linux/menu/FarOpening.h"
 #include "platform/linux/menu/TerminalCall.h"
 #include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/SystemError.h"
@@ -35,24 +35,28 @@ bool IsAddress(const std::string& file, GioText& scheme) {
   return scheme != nullptr && std::string_view(scheme.get()) != "file";
 }
 
-base::Status CheckFolder(const std::string& folder) {
-  if (folder.empty() || LinuxFileSystem().FolderExists(folder)) return {};
+FarFileSystem FilesBy(const FarCalls& calls) {
+  return {std::make_shared<LinuxFileSystem>(), calls};
+}
+
+base::Status CheckFolder(const FarCalls& calls, const std::string& folder) {
+  if (folder.empty() || FilesBy(calls).FolderExists(folder)) return {};
   return {ENOENT, "There is no folder " + base::ForDisplay(folder)};
 }
 
-base::Status Start(const std::string& path, const LaunchRequest& request,
+base::Status Start(const FarCalls& calls, const std::string& path, const LaunchRequest& request,
                    const std::vector<std::string>& arguments) {
   std::vector<std::string> words{path};
   words.insert(words.end(), arguments.begin(), arguments.end());
-  return StartProgram(words, request.Folder, StartIn::Fitting,
-                      request.KeepsTerminal ? TerminalEnd::Shell : TerminalEnd::Closes);
+  return StartProgramAt(calls, words, request.Folder, StartIn::Fitting,
+                        request.KeepsTerminal ? TerminalEnd::Shell : TerminalEnd::Closes);
 }
 
 }  // namespace
 
 base::Status LinuxLauncher::OpenItem(const std::string& path, const LaunchRequest& request,
                                      const std::vector<std::string>& arguments) const {
-  const LinuxFileSystem files;
+  const FarFileSystem files = FilesBy(tools_.Calls);
   if (!files.Exists(path)) return SystemError(ENOENT);
   if (files.FolderExists(path)) {
     // As a pane has it, which knows no "..".
@@ -61,13 +65,13 @@ base::Status LinuxLauncher::OpenItem(const std::string& path, const LaunchReques
     return {};
   }
   Opener opener;
-  base::Status found = FindOpener(path, opener);
+  base::Status found = FindOpenerAt(tools_.Calls, path, opener);
   const bool isBareName = request.File.find('/') == std::string::npos;
   if (isBareName && opener.Kind != OpenerKind::Document) return SystemError(ENOENT);
   if (opener.Kind == OpenerKind::Entry) return Launch(opener.Entry.get(), {});
-  if (!arguments.empty() && !isBareName) return Start(path, request, arguments);
+  if (!arguments.empty() && !isBareName) return Start(tools_.Calls, path, request, arguments);
   if (!found) return found;
-  if (opener.Kind == OpenerKind::Program) return Start(path, request, arguments);
+  if (opener.Kind == OpenerKind::Program) return Start(tools_.Calls, path, request, arguments);
   return opener.Application ? Launch(opener.Application.get(), {path}) : NoApplication(opener.Type);
 }
 
@@ -77,11 +81,11 @@ base::Status LinuxLauncher::Execute(const LaunchRequest& request) {
   if (path.find('\0') != std::string::npos) return SystemError(EINVAL);
   std::vector<std::string> arguments;
   base::Status status = AddWords(request.Parameters, arguments);
-  if (status) status = CheckFolder(request.Folder);
+  if (status) status = CheckFolder(tools_.Calls, request.Folder);
   if (!status) return status;
   if (path.find('/') == std::string::npos) {
     if (const std::string program = FindProgram(path); !program.empty()) {
-      return Start(program, request, arguments);
+      return Start(tools_.Calls, program, request, arguments);
     }
   }
   if (!path.starts_with('/')) {
@@ -99,8 +103,8 @@ base::Status LinuxLauncher::Execute(const LaunchRequest& request) {
 }
 
 base::Status LinuxLauncher::OpenTerminal(const std::string& folder) {
-  const base::Status status = CheckFolder(folder);
-  return status ? StartProgram({UserShell()}, folder, StartIn::Terminal) : status;
+  const base::Status status = CheckFolder(tools_.Calls, folder);
+  return status ? StartProgramAt(tools_.Calls, {UserShell()}, folder, StartIn::Terminal) : status;
 }
 
 }  // namespace tarnwell::platform

@@ -5,9 +5,8 @@
 #include <utility>
 
 #include "base/PathSyntax.h"
-#include "platform/linux/menu/FileOpener.h"
+#include "platform/linux/menu/FarOpening.h"
 #include "platform/linux/menu/ProgramFiles.h"
-#include "platform/linux/menu/StartProgram.h"
 #include "platform/linux/posix/SystemError.h"
 
 namespace tarnwell::platform {
@@ -25,10 +24,13 @@ struct OpenedTogether {
   std::vector<std::string> Paths;
 };
 
-bool StartsUnasked(const Item& item) {
-  return item.By.Kind == OpenerKind::Entry
-             ? IsRegisteredEntry(item.Path)
-             : IsSystemProgram(item.Path) && ContentOf(item.Path) == FileContent::Binary;
+bool StartsUnasked(const Item& item, const FarCalls& calls) {
+  const bool isEntry = item.By.Kind == OpenerKind::Entry;
+  const auto look = [isEntry, path = item.Path] {
+    return isEntry ? IsRegisteredEntry(path)
+                   : IsSystemProgram(path) && ContentOf(path) == FileContent::Binary;
+  };
+  return calls.Get<bool>(item.Path, look, false);
 }
 
 RunQuestion QuestionAbout(const std::vector<Item>& items) {
@@ -45,9 +47,10 @@ RunQuestion QuestionAbout(const std::vector<Item>& items) {
   return question;
 }
 
-base::Status Start(const Item& item, const std::string& folder, StartIn where) {
+base::Status Start(const Item& item, const std::string& folder, StartIn where,
+                   const FarCalls& calls) {
   if (item.By.Entry) return Launch(item.By.Entry.get(), {}, where == StartIn::Terminal);
-  return StartProgram({item.Path}, folder, where);
+  return StartProgramAt(calls, {item.Path}, folder, where);
 }
 
 void OpenDocuments(const std::vector<const Item*>& documents,
@@ -89,7 +92,7 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
   std::vector<Item> items;
   for (const std::string& path : paths) {
     Item item{.Path = path, .By = {}};
-    if (const base::Status found = FindOpener(path, item.By); found) {
+    if (const base::Status found = FindOpenerAt(tools.Calls, path, item.By); found) {
       items.push_back(std::move(item));
     } else {
       failures.push_back({path, found});
@@ -100,7 +103,7 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
   bool opensPrograms = false;
   if (question.Programs.empty()) {
     if (!AskAboutMany(items.size(), tools)) return failures;
-  } else if (paths.size() > 1 || !StartsUnasked(items.front())) {
+  } else if (paths.size() > 1 || !StartsUnasked(items.front(), tools.Calls)) {
     const RunChoice choice = tools.Windows.AskRun(question);
     if (choice == RunChoice::Cancel) return failures;
     opensPrograms = choice == RunChoice::Open;
@@ -110,7 +113,7 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
   for (const Item& item : items) {
     if (opensPrograms || item.By.Kind == OpenerKind::Document) {
       documents.push_back(&item);
-    } else if (const base::Status status = Start(item, folder, where); !status) {
+    } else if (const base::Status status = Start(item, folder, where, tools.Calls); !status) {
       failures.push_back({item.Path, status});
     }
   }
@@ -119,7 +122,7 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
 }
 
 base::Status OpenWithCommand(const std::string& command, const std::vector<std::string>& paths,
-                             const std::string& folder) {
+                             const std::string& folder, const FarCalls& calls) {
   std::vector<std::string> words;
   if (base::Status status = AddWords(command, words); !status) return status;
   if (words.empty()) return SystemError(EINVAL);
@@ -131,7 +134,7 @@ base::Status OpenWithCommand(const std::string& command, const std::vector<std::
   }
   if (program.empty()) return SystemError(ENOENT);
   words.insert(words.end(), paths.begin(), paths.end());
-  return StartProgram(words, folder, StartIn::Fitting);
+  return StartProgramAt(calls, words, folder, StartIn::Fitting);
 }
 
 }  // namespace tarnwell::platform

@@ -10,6 +10,7 @@
 #include "platform/ItemWindows.h"
 #include "platform/Launcher.h"
 #include "platform/NumberForms.h"
+#include "platform/linux/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 
@@ -18,6 +19,7 @@ struct OpenTools {
   platform::Dialogs& Dialogs;
   ItemWindows& Windows;
   const NumberForms& Forms;
+  FarCalls Calls{};
 };
 
 // More than thirty items may mean as many programs at once: whether the user wants that.
@@ -32,6 +34,6 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
 // Starts a program in the folder with the items behind what was typed: a program's name, looked for
 // in PATH alone, or its path from the folder on, and its arguments.
 base::Status OpenWithCommand(const std::string& command, const std::vector<std::string>& paths,
-                             const std::string& folder);
+                             const std::string& folder, const FarCalls& calls);
 
 }  // namespace tarnwell::platform

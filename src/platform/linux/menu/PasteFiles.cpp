@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "base/ItemList.h"
@@ -26,31 +27,43 @@ ErrorNumber LookAtFolder(const std::string& path, ItemIdentity& identity) {
   return error;
 }
 
+base::Status LookAtFolder(const FarCalls& calls, const std::string& path, ItemIdentity& identity) {
+  const auto own = std::make_shared<ItemIdentity>();
+  base::Status status =
+      calls.Ask(path, [own, path] { return SystemError(LookAtFolder(path, *own)); });
+  if (status) identity = *own;
+  return status;
+}
+
 // Tells items that lie in one folder, by whatever path, from others.
 class FolderTest {
  public:
-  explicit FolderTest(const ItemIdentity& folder) : folder_(folder) {}
+  FolderTest(const ItemIdentity& folder, const FarCalls& calls) : folder_(folder), calls_(calls) {}
 
   bool HoldsItem(const std::string& path) {
     const std::string parent = base::PathSyntax::Posix().ParentOf(path);
     const auto [known, isNew] = known_.try_emplace(parent, false);
     ItemIdentity identity;
-    if (isNew) known->second = LookAtFolder(parent, identity) == NoError && identity == folder_;
+    if (isNew) known->second = LookAtFolder(calls_, parent, identity) && identity == folder_;
     return known->second;
   }
 
  private:
   const ItemIdentity folder_;
+  const FarCalls& calls_;
   std::map<std::string, bool> known_;  // by the paths of the items' folders
 };
 
 // What has not left its place is still cut, unless someone has put something else there meanwhile.
-void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool wentThrough) {
+void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool wentThrough,
+                    const FarCalls& calls) {
   const ClipboardFiles now = clipboard.Get();
   if (now.Items != files.Items || now.IsCut != files.IsCut) return;
   std::string stayed;
   for (const std::string_view path : base::ItemList(files.Items)) {
-    if (FindItem(std::string(path))) base::ItemList::Add(stayed, path);
+    const base::Status found = calls.Ask(
+        std::string(path), [own = std::string(path)] { return FindItem(own); }, LastLink::Itself);
+    if (found) base::ItemList::Add(stayed, path);
   }
   if (wentThrough || stayed.empty()) {
     clipboard.Clear();
@@ -63,13 +76,13 @@ void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool 
 
 std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& clipboard,
                                    FileOperation& operation, Dialogs& dialogs,
-                                   const NumberForms& forms) {
+                                   const NumberForms& forms, const FarCalls& calls) {
   const ClipboardFiles files = clipboard.Get();
   if (files.Items.empty() && files.Foreign == 0) return {};
   ItemIdentity identity;
-  if (const ErrorNumber error = LookAtFolder(folder, identity); error != NoError) {
+  if (const base::Status status = LookAtFolder(calls, folder, identity); !status) {
     FailureList failures(forms);
-    failures.Add(folder, SystemError(error));
+    failures.Add(folder, status);
     failures.Show(dialogs, "could not be opened to paste there");
     return {};
   }
@@ -79,7 +92,7 @@ std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& cli
     dialogs.ShowCritical("Tarnwell", refusal);
     return {};
   }
-  FolderTest target(identity);
+  FolderTest target(identity, calls);
   FailureList nameless(forms);
   std::string fromHere, fromElsewhere;
   for (const std::string_view item : base::ItemList(files.Items)) {
@@ -99,7 +112,7 @@ std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& cli
   OperationResult result;
   if (!fromElsewhere.empty()) {
     result = operation.Run(request);
-    if (files.IsCut) KeepWhatStayed(clipboard, files, result.Code == 0 && !result.Aborted);
+    if (files.IsCut) KeepWhatStayed(clipboard, files, result.Code == 0 && !result.Aborted, calls);
   }
   if (!fromHere.empty() && !files.IsCut && !result.Aborted) {
     request.Items = fromHere;

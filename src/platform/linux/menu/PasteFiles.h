@@ -8,6 +8,7 @@
 #include "platform/FileClipboard.h"
 #include "platform/FileOperation.h"
 #include "platform/NumberForms.h"
+#include "platform/linux/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 
@@ -17,6 +18,6 @@ namespace tarnwell::platform {
 // happens. Gives the items that came through.
 std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& clipboard,
                                    FileOperation& operation, Dialogs& dialogs,
-                                   const NumberForms& forms);
+                                   const NumberForms& forms, const FarCalls& calls);
 
 }  // namespace tarnwell::platform
