@@ -1,8 +1,7 @@
 // Lets Qt's events through during long work.
 #pragma once
 
-#include <QCoreApplication>
-#include <QEventLoop>
+#include <string>
 
 #include "platform/MessagePump.h"
 
@@ -10,8 +9,18 @@ namespace tarnwell::ui {
 
 class QtMessagePump : public platform::MessagePump {
  public:
-  void DoEvents() override { QCoreApplication::processEvents(); }
-  void WaitForEvents() override { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }
+  void DoEvents() override;
+  void WaitForEvents() override;
+
+  // From now on nothing is waited for: the program is to end.
+  void Leave() { leaves_ = true; }
+
+ private:
+  // Windows go on being painted, but take no input. After a second a small one says what is waited
+  // for, and has the button that ends it.
+  bool WaitAlone(const std::string& place, const std::function<bool()>& isDone) override;
+
+  bool leaves_ = false;
 };
 
 }  // namespace tarnwell::ui
