@@ -1,9 +1,15 @@
 #include "ui/operation/OperationSession.h"
 
 #include <QApplication>
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <system_error>
+#include <thread>
 #include <utility>
 #include <variant>
 
+#include "base/ItemList.h"
 #include "ui/operation/OperationQuestions.h"
 #include "ui/toolkit/ShowOver.h"
 
@@ -13,6 +19,8 @@ namespace {
 // Work that is done sooner shows no window.
 constexpr int QuietTime = 500;  // milliseconds
 constexpr int TickTime = 250;
+// So long an operation that was cancelled may take to come to its end on another machine.
+constexpr OperationMeter::Ticks LastWord = 3000;
 
 // The window may be in the middle of one of its own events.
 template <typename Window>
@@ -24,15 +32,37 @@ void Discard(std::unique_ptr<Window>& window) {
 
 }  // namespace
 
+// What the engine has of its session, and keeps when that leaves it.
+struct OperationSession::Work {
+  Work(const platform::OperationRequest& request, const base::PathSyntax& syntax,
+       OperationSession& session)
+      : Request(request),
+        Mailbox(syntax, [this] { Tell(&OperationSession::ShowQuestion); }),
+        Session(&session) {}
+
+  void Tell(void (OperationSession::*what)()) {
+    const std::lock_guard lock(Mutex);
+    OperationSession* const session = Session;
+    if (session == nullptr) return;
+    QMetaObject::invokeMethod(
+        session, [session, what] { (session->*what)(); }, Qt::QueuedConnection);
+  }
+
+  const platform::OperationRequest Request;
+  OperationMailbox Mailbox;
+  std::mutex Mutex;
+  OperationSession* Session;  // null once it has gone
+};
+
 OperationSession::OperationSession(const platform::OperationRequest& request,
-                                   const OperationTools& tools)
+                                   const OperationTools& tools, FarTest isFar,
+                                   OperationCount running)
     : request_(request),
       tools_(tools),
-      mailbox_(tools.Syntax,
-               [this] {
-                 QMetaObject::invokeMethod(
-                     this, [this] { ShowQuestion(); }, Qt::QueuedConnection);
-               }),
+      isFar_(std::move(isFar)),
+      running_(std::move(running)),
+      work_(std::make_shared<Work>(request, tools.Syntax, *this)),
+      mailbox_(work_->Mailbox),
       owner_(WindowInUse()) {
   tick_.setInterval(TickTime);
   connect(&tick_, &QTimer::timeout, this, [this] { Tick(); });
@@ -41,22 +71,30 @@ OperationSession::OperationSession(const platform::OperationRequest& request,
   connect(&untilShown_, &QTimer::timeout, this, [this] { ShowProgress(); });
 }
 
-platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
-  result_ = std::async(std::launch::async, [this, &engine] {
-    const auto end = [this] {
-      QMetaObject::invokeMethod(
-          this, [this] { End(); }, Qt::QueuedConnection);
-    };
+OperationSession::~OperationSession() {
+  const std::lock_guard lock(work_->Mutex);
+  work_->Session = nullptr;
+}
+
+void OperationSession::Start(const OperationEngine& engine) {
+  std::promise<platform::OperationResult> promise;
+  result_ = promise.get_future();
+  ++*running_;
+  std::thread([work = work_, engine, running = running_, done = std::move(promise)]() mutable {
     try {
-      platform::OperationResult result = engine(request_, mailbox_);
-      mailbox_.TellRemarks();
-      end();
-      return result;
+      platform::OperationResult result = engine(work->Request, work->Mailbox);
+      work->Mailbox.TellRemarks();
+      done.set_value(std::move(result));
     } catch (...) {
-      end();
-      throw;
+      done.set_exception(std::current_exception());
     }
-  });
+    --*running;
+    work->Tell(&OperationSession::End);
+  }).detach();
+}
+
+platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
+  Start(engine);
   lock_.emplace([this] { Cancel(); });
   meter_.Note(Now(), 0, 0);
   tick_.start();
@@ -66,16 +104,32 @@ platform::OperationResult OperationSession::Run(const OperationEngine& engine) {
   if (!ended_) loop_.exec();
   if (!ended_) {
     // The whole program has been asked to end, and no loop runs any more.
-    mailbox_.Leave();
-    result_.wait();
+    CancelAndWait();
     End();
   }
-  return result_.get();
+  if (result_.wait_for(std::chrono::seconds(0)) == std::future_status::ready) return result_.get();
+  return {.Code = static_cast<int>(std::errc::timed_out), .Aborted = true};
 }
 
 void OperationSession::CancelAndWait() {
   mailbox_.Leave();
-  if (result_.valid()) result_.wait();
+  if (!result_.valid()) return;
+  if (cancelledAt_ == 0) cancelledAt_ = Now();
+  const auto isDone = [this] {
+    return result_.wait_for(std::chrono::milliseconds(TickTime)) == std::future_status::ready;
+  };
+  while (!isDone() && !IsKept()) continue;
+}
+
+// Cancelled, and held up by another machine. A disk of this one is waited for.
+bool OperationSession::IsKept() const {
+  if (!isFar_ || cancelledAt_ == 0 || Now() - cancelledAt_ < LastWord) return false;
+  const ProgressReport report = mailbox_.Progress();
+  const std::string target(request_.Destination.c_str());
+  return std::ranges::any_of(
+      std::array{report.From, report.To, std::string(*base::ItemList(request_.Items).begin()),
+                 target},
+      isFar_);
 }
 
 void OperationSession::Cancel() {
@@ -85,6 +139,7 @@ void OperationSession::Cancel() {
 
 void OperationSession::GiveUp() {
   mailbox_.Cancel();
+  if (cancelledAt_ == 0) cancelledAt_ = Now();
   CloseQuestion();
   if (progress_) progress_->ShowCancelling();
 }
@@ -112,6 +167,9 @@ void OperationSession::Tick() {
   const ProgressReport report = mailbox_.Progress();
   meter_.Note(Now(), report.Numbers.BytesDone, report.Numbers.ItemsDone);
   if (progress_) progress_->Show(report, meter_);
+  if (!IsKept()) return;
+  mailbox_.Leave();
+  End();
 }
 
 void OperationSession::ShowProgress() {

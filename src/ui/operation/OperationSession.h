@@ -5,10 +5,13 @@
 #include <QEventLoop>
 #include <QObject>
 #include <QTimer>
+#include <atomic>
 #include <functional>
 #include <future>
 #include <memory>
+#include <mutex>
 #include <optional>
+#include <string>
 
 #include "ui/operation/OperationMailbox.h"
 #include "ui/operation/OperationMeter.h"
@@ -23,19 +26,31 @@ namespace tarnwell::ui {
 using OperationEngine = std::function<platform::OperationResult(const platform::OperationRequest&,
                                                                 platform::OperationUser&)>;
 
+// Whether a call with the path may wait for another machine, and for ever.
+using FarTest = std::function<bool(const std::string& path)>;
+// Engines that are at work, those that were left included.
+using OperationCount = std::shared_ptr<std::atomic<int>>;
+
 class OperationSession : public QObject {
  public:
-  OperationSession(const platform::OperationRequest& request, const OperationTools& tools);
+  OperationSession(const platform::OperationRequest& request, const OperationTools& tools,
+                   FarTest isFar, OperationCount running);
+  ~OperationSession() override;
 
   // Returns when the engine is done, and lets events through until then. What the engine throws
-  // comes out here. To be called once.
+  // comes out here. One that another machine keeps after it was cancelled is left to itself: it
+  // counts as aborted. To be called once.
   platform::OperationResult Run(const OperationEngine& engine);
   // These two while Run runs only; nothing is shown after them. The first returns at once.
   void Cancel();
-  // Waits for the engine without letting events through.
+  // Waits for the engine, unless it is to be left, without letting events through.
   void CancelAndWait();
 
  private:
+  struct Work;
+
+  void Start(const OperationEngine& engine);
+  bool IsKept() const;
   void Pause(bool on);
   void GiveUp();
   void End();
@@ -51,7 +66,10 @@ class OperationSession : public QObject {
 
   const platform::OperationRequest request_;
   const OperationTools tools_;
-  OperationMailbox mailbox_;
+  const FarTest isFar_;
+  const OperationCount running_;
+  const std::shared_ptr<Work> work_;  // the engine's too
+  OperationMailbox& mailbox_;
   OperationMeter meter_;
   QPointer<QWidget> owner_;
   QTimer tick_;
@@ -64,6 +82,7 @@ class OperationSession : public QObject {
   bool paused_ = false;
   bool ended_ = false;
   bool pointerSet_ = false;
+  OperationMeter::Ticks cancelledAt_ = 0;
   std::future<platform::OperationResult> result_;
 };
 

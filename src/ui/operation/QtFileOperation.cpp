@@ -17,7 +17,7 @@ platform::OperationResult QtFileOperation::Run(const platform::OperationRequest&
       QMetaObject::invokeMethod(qApp, std::exchange(Of.then_, nullptr), Qt::QueuedConnection);
     }
   };
-  OperationSession session(request, tools_);
+  OperationSession session(request, tools_, isFar_, running_);
   session_ = &session;
   const Ending ending{*this};
   return session.Run(engine_);

@@ -16,12 +16,17 @@ using OperationRefusal =
 
 class QtFileOperation : public platform::FileOperation {
  public:
-  QtFileOperation(OperationEngine engine, OperationRefusal refusal, const OperationTools& tools)
-      : engine_(std::move(engine)), refusal_(std::move(refusal)), tools_(tools) {}
+  QtFileOperation(OperationEngine engine, OperationRefusal refusal, const OperationTools& tools,
+                  FarTest isFar = {})
+      : engine_(std::move(engine)),
+        refusal_(std::move(refusal)),
+        tools_(tools),
+        isFar_(std::move(isFar)) {}
 
   // No other window takes input until it returns; closing one of them cancels the operation, and
   // closes the window after it. A call during another one does nothing, and comes back as aborted.
-  // When the program is asked to end, the operation is cancelled and its end awaited.
+  // When the program is asked to end, the operation is cancelled and its end awaited. One that is
+  // cancelled while another machine keeps it is left to itself.
   platform::OperationResult Run(const platform::OperationRequest& request) override;
 
   std::string Refusal(platform::FileFunction function, const std::string& items) const override {
@@ -32,16 +37,21 @@ class QtFileOperation : public platform::FileOperation {
   // nothing runs.
   void CancelThen(std::function<void()> then);
 
-  // For an end that leaves no time for windows: when it returns nothing runs any more, and no half
-  // file is left. Does nothing while nothing runs.
+  // For an end that leaves no time for windows: when it returns nothing runs any more but what
+  // another machine keeps, and no half file is left. Does nothing while nothing runs.
   void CancelAndWait() {
     if (session_ != nullptr) session_->CancelAndWait();
   }
+
+  // Whether operations still run that were left to themselves.
+  bool AnyLeft() const { return *running_ > 0; }
 
  private:
   const OperationEngine engine_;
   const OperationRefusal refusal_;
   const OperationTools tools_;
+  const FarTest isFar_;
+  const OperationCount running_ = std::make_shared<std::atomic<int>>(0);
   OperationSession* session_ = nullptr;  // the one that runs
   std::function<void()> then_;
 };
