@@ -3,6 +3,9 @@
 #include <utility>
 
 #include "app/Platform.h"
+#include "base/ItemList.h"
+#include "platform/linux/afar/FarFileSystem.h"
+#include "platform/linux/afar/FarStamps.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolderStamps.h"
 #include "platform/linux/files/LinuxFolderWatch.h"
@@ -31,19 +34,35 @@ std::optional<int> PrepareProcess(int argc, char** argv) {
   return {};
 }
 
-Platform MakePlatform() {
+namespace {
+
+Desktop MakeDesktop(const DesktopTools& tools, const platform::FarCalls& calls) {
+  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  return {std::make_unique<platform::LinuxLauncher>(
+              platform::OpenTools{tools.Dialogs, tools.Windows, tools.Forms, calls}),
+          std::make_unique<platform::LinuxContextMenu>(platform::MenuTools{
+              tools.Clipboard, tools.Operation, tools.Dialogs, tools.Windows, tools.Forms, calls}),
+          std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr)};
+}
+
+}  // namespace
+
+Platform MakePlatform(platform::MessagePump& pump) {
   auto system = std::make_unique<platform::LinuxSystemInfo>(platform::ProgramPlaces::OfProcess());
   const std::string folder = system->ProgramFolder();
+  const platform::FarCalls calls(pump);
   Platform made;
   made.DataFolder = system->DataFolder();
   made.Libraries = platform::LinuxLibraries();
   made.System = std::move(system);
-  made.Files = std::make_unique<platform::LinuxFileSystem>(folder);
+  made.Files = std::make_unique<platform::FarFileSystem>(
+      std::make_shared<platform::LinuxFileSystem>(folder), calls);
   auto mounts = std::make_shared<platform::DesktopMounts>();
   made.Drives = std::make_unique<platform::LinuxDrives>(*mounts);
   made.Mounts = std::move(mounts);
   made.Watches = std::make_unique<platform::LinuxFolderWatch>();
-  made.Stamps = std::make_unique<platform::LinuxFolderStamps>();
+  made.Stamps =
+      std::make_unique<platform::FarStamps>(std::make_shared<platform::LinuxFolderStamps>(), calls);
   made.Trash = std::make_unique<platform::LinuxTrashCan>(platform::TrashPlaces::OfProcess(),
                                                          *made.Watches, *made.Drives);
   made.Clock = std::make_unique<platform::LinuxClock>();
@@ -56,19 +75,21 @@ Platform MakePlatform() {
                                platform::OperationUser& user) {
     return platform::RunOperation(request, user, folder);
   };
-  made.RefuseOperation = [folder](platform::FileFunction function, const std::string& items) {
-    return platform::ProtectedItems(folder).Refusal(function, items);
+  made.RefuseOperation = [folder, calls](platform::FileFunction function,
+                                         const std::string& items) {
+    std::vector<std::string> paths;
+    for (const std::string_view path : base::ItemList(items)) paths.emplace_back(path);
+    const auto refusal = std::make_shared<std::string>();
+    const base::Status status =
+        calls.RunAt(calls.PlaceOfItems(paths), [refusal, folder, function, items] {
+          *refusal = platform::ProtectedItems(folder).Refusal(function, items);
+        });
+    return status ? *refusal : status.Reason + ".";
   };
+  made.IsFar = [calls](const std::string& path) { return calls.PlaceOf(path).has_value(); };
+  made.AnyCallsLeft = [calls] { return calls.AnyLeft(); };
+  made.MakeDesktop = [calls](const DesktopTools& tools) { return MakeDesktop(tools, calls); };
   return made;
-}
-
-Desktop MakeDesktop(const DesktopTools& tools) {
-  const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-  return {std::make_unique<platform::LinuxLauncher>(
-              platform::OpenTools{tools.Dialogs, tools.Windows, tools.Forms}),
-          std::make_unique<platform::LinuxContextMenu>(platform::MenuTools{
-              tools.Clipboard, tools.Operation, tools.Dialogs, tools.Windows, tools.Forms}),
-          std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr)};
 }
 
 std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit) {

@@ -20,6 +20,7 @@
 #include "platform/Launcher.h"
 #include "platform/Library.h"
 #include "platform/LogFile.h"
+#include "platform/MessagePump.h"
 #include "platform/NumberForms.h"
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
@@ -31,6 +32,20 @@ namespace tarnwell::app {
 // To be called first of all. An exit code where the process was not started as the program, and is
 // done already.
 std::optional<int> PrepareProcess(int argc, char** argv);
+
+// What works by windows, which it is given, or by the display.
+struct DesktopTools {
+  platform::FileClipboard& Clipboard;
+  platform::FileOperation& Operation;
+  platform::Dialogs& Dialogs;
+  platform::ItemWindows& Windows;
+  const platform::NumberForms& Forms;
+};
+struct Desktop {
+  std::unique_ptr<platform::Launcher> Launcher;
+  std::unique_ptr<platform::ContextMenu> ItemMenus;
+  std::unique_ptr<platform::Keyboard> Keys;
+};
 
 // What needs no window; to be made once the application is there.
 struct Platform {
@@ -50,23 +65,14 @@ struct Platform {
   std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
   ui::OperationEngine RunOperation;
   ui::OperationRefusal RefuseOperation;
+  // Whether a call with the path may wait for another machine, and for ever.
+  ui::FarTest IsFar;
+  // Whether calls to other machines still run that nobody waits for.
+  std::function<bool()> AnyCallsLeft;
+  std::function<Desktop(const DesktopTools& tools)> MakeDesktop;
 };
-Platform MakePlatform();
-
-// What works by windows, which it is given, or by the display.
-struct DesktopTools {
-  platform::FileClipboard& Clipboard;
-  platform::FileOperation& Operation;
-  platform::Dialogs& Dialogs;
-  platform::ItemWindows& Windows;
-  const platform::NumberForms& Forms;
-};
-struct Desktop {
-  std::unique_ptr<platform::Launcher> Launcher;
-  std::unique_ptr<platform::ContextMenu> ItemMenus;
-  std::unique_ptr<platform::Keyboard> Keys;
-};
-Desktop MakeDesktop(const DesktopTools& tools);
+// The pump lets messages through while other machines are waited for.
+Platform MakePlatform(platform::MessagePump& pump);
 
 // While what it gives lives, `quit` is called from the event loop when the system asks the program
 // to end.

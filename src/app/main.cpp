@@ -84,7 +84,8 @@ int main(int argc, char** argv) {
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(new ui::SkinStyle);
 
-  const app::Platform system = app::MakePlatform();
+  ui::QtMessagePump pump;
+  const app::Platform system = app::MakePlatform(pump);
   std::unique_ptr<tools::MessageLog> log;
   std::unique_ptr<ui::MessageFilter> filter;
   if (system.LogFile) {
@@ -92,7 +93,6 @@ int main(int argc, char** argv) {
     filter = std::make_unique<ui::MessageFilter>(qtApplication, *log);
   }
   platform::FileSystem& files = *system.Files;
-  ui::QtMessagePump pump;
   const ui::QtNumberForms forms;
   ui::QtFormHost host;
   const ui::IconSource icons(ui::ToQtPath(system.DataFolder));
@@ -101,7 +101,8 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(programIcon);
 
   const ui::OperationTools operationTools{files.Syntax(), *system.Clock, forms, icons};
-  ui::QtFileOperation operation(system.RunOperation, system.RefuseOperation, operationTools);
+  ui::QtFileOperation operation(system.RunOperation, system.RefuseOperation, operationTools,
+                                system.IsFar);
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
@@ -116,7 +117,7 @@ int main(int argc, char** argv) {
   ui::QtTray tray(programIcon, endWork);
   ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
   const app::Desktop desktop =
-      app::MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
+      system.MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
 
   shell::Application application({host,
                                   files,
@@ -172,8 +173,10 @@ int main(int argc, char** argv) {
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
-  const std::shared_ptr<void> termination =
-      app::WhenAskedToEnd([&] { endWork([&] { application.RequestQuit(); }); });
+  const std::shared_ptr<void> termination = app::WhenAskedToEnd([&] {
+    pump.Leave();
+    endWork([&] { application.RequestQuit(); });
+  });
   clipboard.CutChanged = [&application](const std::string& items) {
     lists::ShowCut(application.MainObject().Space(), items);
   };
@@ -189,6 +192,7 @@ int main(int argc, char** argv) {
   });
   QApplication::exec();
   // Whatever ended the loop (a session that logs out, say), the program ends as if closed.
+  pump.Leave();
   application.RequestQuit();
   // Windows that were closed last still look at what they showed.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -196,5 +200,10 @@ int main(int argc, char** argv) {
   runningApplication = nullptr;
   runningOperation = nullptr;
   openItemWindows = nullptr;
-  return application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
+  const int code = application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
+  const bool isQuiet = itemWindows.CancelAndWait() && !operation.AnyLeft();
+  // Threads that other machines keep would use what ends here, should those answer at last. All
+  // that is to be kept has been saved.
+  if (!isQuiet || system.AnyCallsLeft()) std::_Exit(code);
+  return code;
 }

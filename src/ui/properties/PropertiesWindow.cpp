@@ -81,10 +81,7 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
 
 void PropertiesWindow::Tick() {
   if (left_) {
-    EndIfDone(count_);
-    EndIfDone(facts_);
-    EndIfDone(change_);
-    if (count_ || facts_ || change_) return;
+    if (!EndWork()) return;
     tick_.stop();
     return closed_(*this);
   }
@@ -170,20 +167,25 @@ void PropertiesWindow::reject() {
   Leave();
 }
 
-void PropertiesWindow::CancelAndWait() {
+void PropertiesWindow::Cancel() {
   left_ = true;
-  count_.reset();
-  facts_.reset();
-  change_.reset();
+  if (count_) count_->Cancel();
+  if (facts_) facts_->Cancel();
+  if (change_) change_->Cancel();
+}
+
+bool PropertiesWindow::EndWork() {
+  EndIfDone(count_);
+  EndIfDone(facts_);
+  EndIfDone(change_);
+  return !count_ && !facts_ && !change_;
 }
 
 // A disk that does not answer keeps a thread, but not the window.
 void PropertiesWindow::Leave() {
-  if (std::exchange(left_, true)) return;
+  if (left_) return;
   hide();
-  if (count_) count_->Cancel();
-  if (facts_) facts_->Cancel();
-  if (change_) change_->Cancel();
+  Cancel();
   tick_.start(0);
 }
 

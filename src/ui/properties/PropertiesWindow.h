@@ -34,8 +34,10 @@ class PropertiesWindow : public QDialog {
 
   const std::vector<std::string>& Paths() const { return paths_; }
 
-  // Ends what it began, and looks no further.
-  void CancelAndWait();
+  // It is to end what it began, and looks no further.
+  void Cancel();
+  // Whether nothing of it runs any more.
+  bool EndWork();
 
   void accept() override;  // OK
   void reject() override;  // Cancel, Escape, and the frame's close button

@@ -1,7 +1,9 @@
 #include "ui/properties/QtItemWindows.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <algorithm>
+#include <thread>
 #include <utility>
 
 #include "ui/operation/RunQuestion.h"
@@ -10,6 +12,12 @@
 
 namespace tarnwell::ui {
 namespace {
+
+using namespace std::chrono_literals;
+
+// More than any work takes to hear that it is cancelled, unless another machine keeps it.
+constexpr auto LastWork = 3s;
+constexpr auto LookStep = 5ms;
 
 constexpr int Cascade = 24;  // logical pixels between windows that come one after the other
 
@@ -63,8 +71,15 @@ platform::RunChoice QtItemWindows::AskRun(const platform::RunQuestion& question)
   return ui::AskRun(question, tools_.Look);
 }
 
-void QtItemWindows::CancelAndWait() {
-  for (const auto& window : windows_) window->CancelAndWait();
+bool QtItemWindows::CancelAndWait() {
+  for (const auto& window : windows_) window->Cancel();
+  const QDeadlineTimer end(LastWork);
+  const auto isAtWork = [](const auto& window) { return !window->EndWork(); };
+  bool anyWork = true;
+  while ((anyWork = std::ranges::any_of(windows_, isAtWork)) && !end.hasExpired()) {
+    std::this_thread::sleep_for(LookStep);
+  }
+  return !anyWork;
 }
 
 void QtItemWindows::Forget(const PropertiesWindow& window) {

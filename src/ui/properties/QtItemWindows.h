@@ -28,7 +28,8 @@ class QtItemWindows : public platform::ItemWindows {
   void OpenFolder(const std::string& path) override { openFolder_(path); }
 
   // For an end that leaves no time for windows: when it returns nothing runs in them any more.
-  void CancelAndWait();
+  // False where another machine keeps something.
+  bool CancelAndWait();
 
  private:
   void Forget(const PropertiesWindow& window);
