@@ -123,10 +123,14 @@ void FolderBody::Refresh() {
 // A volume that was taken out and put in again: its root could not be read, and now it can.
 void FolderBody::DrivesChanged() {
   Run([this] {
+    const std::string before = state_.Status;
     const bool failed = tree_.Has(FolderTree::TopRow) &&
                         tree_.Node(FolderTree::TopRow).State == BranchState::Failed;
-    const bool isThere = state_.Services.Files.FolderExists(tree_.PathOf(FolderTree::TopRow));
-    return failed && isThere ? RefreshAll() : Outcome::Nothing;
+    if (failed && state_.Services.Files.FolderExists(tree_.PathOf(FolderTree::TopRow))) {
+      return RefreshAll();
+    }
+    folders_.Trouble = before;  // nobody asked for this
+    return Outcome::Nothing;
   });
 }
 
