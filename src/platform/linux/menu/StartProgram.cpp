@@ -71,7 +71,7 @@ std::vector<char*> PointersTo(std::vector<std::string>& texts) {
   return pointers;
 }
 
-// This program's own, which tells of the new folder. A shell shows it as it is written there.
+// This program's own, which tells of the new folder.
 std::vector<std::string> EnvironmentIn(const std::string& folder) {
   constexpr std::string_view variable = "PWD=";
   std::vector<std::string> all;
@@ -115,18 +115,19 @@ base::Status Spawn(std::vector<std::string> words, const std::string& folder) {
 
 }  // namespace
 
-base::Status StartProgram(const std::vector<std::string>& words, const std::string& shown,
+base::Status StartProgram(const std::vector<std::string>& words, const std::string& folder,
                           StartIn where, TerminalEnd end) {
-  const std::string folder =
-      shown == "/" ? shown : base::PathSyntax::Posix().RemoveRightSlash(shown);
+  // As a shell writes it.
+  const std::string place =
+      folder == "/" ? folder : base::PathSyntax::Posix().RemoveRightSlash(folder);
   if (words.empty()) return SystemError(EINVAL);
   const bool isAlone =
       where == StartIn::OwnWindows || (where == StartIn::Fitting && HasWindows(words.front()));
-  if (isAlone) return Spawn(words, folder);
+  if (isAlone) return Spawn(words, place);
   // A terminal has no way to tell.
   if (access(words.front().c_str(), X_OK) != 0) return SystemError(errno);
-  const std::vector<std::string> call = TerminalCall(words, folder, end);
-  return call.empty() ? NoTerminal(words.front()) : Spawn(call, folder);
+  const std::vector<std::string> call = TerminalCall(words, place, end);
+  return call.empty() ? NoTerminal(words.front()) : Spawn(call, place);
 }
 
 std::string FindProgram(const std::string& name) {
