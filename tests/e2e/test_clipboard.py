@@ -38,12 +38,15 @@ class ClipboardTest(EndToEndTest):
         program.select("two.txt")
         keys("ctrl+x")
         wait_for("the cut on the clipboard", lambda: clipboard(MARKED).startswith("cut\n"))
+        wait_for("the cut row to be dimmed",
+                 lambda: program.files().row("two.txt").description == "cut")
         program.files().enter("into")
         self.wait_path(program, self.home / "into")
         keys("ctrl+v")
         self.wait_names(program, ["two.txt"])
         self.assertFalse((self.home / "two.txt").exists())
         wait_for("the clipboard to be empty", lambda: clipboard(MARKED) == "")
+        self.assertEqual(program.files().row("two.txt").description, "")
 
         put(MARKED, f"cut\nfile://{away}/odd%20%FF%25.txt")
         keys("ctrl+v")

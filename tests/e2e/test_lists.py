@@ -1,8 +1,10 @@
 """Items of a list are sorted, measured and compared with the real mouse."""
 
-from harness import Atspi, Control, EndToEndTest, run, wait_for
+import os
 
-NAME, SIZE = 0, 2  # numbers of headings
+from harness import Atspi, Control, EndToEndTest, keys, run, wait_for
+
+NAME, SIZE, DATE = 0, 2, 3  # numbers of headings
 
 
 class ListsTest(EndToEndTest):
@@ -31,6 +33,56 @@ class ListsTest(EndToEndTest):
         wait_order("dcab")
         heading(NAME).click(times=2)
         wait_order("abcd")
+        self.close_clean(program)
+
+    def test_columns(self):
+        (self.home / ("long " * 12)).write_text("x")
+        os.symlink("nowhere", self.home / "lost")
+        self.settings.write_bytes(b'"ProgramPosition",900,1500,9000,9000,0\r\n')
+        program = self.start()
+        self.assertEqual(program.files().row("lost").description, "broken link")
+
+        def places():
+            return [Control(Atspi.Table.get_column_header(program.files().node, number)).place()
+                    for number in (NAME, SIZE, DATE)]
+
+        def widths():
+            return [place.width for place in places()]
+
+        right = program.files().place().x + program.files().place().width
+        self.assertLessEqual(places()[-1].x + places()[-1].width, right)
+        before = widths()
+        edge = places()[1].x + before[1] - 1
+        row = places()[1].y + 8
+        run("xdotool", "mousemove", edge, row, "mousedown", 1)
+        run("xdotool", "mousemove", edge - 20, row, "mousemove", edge - 30, row, "mouseup", 1)
+        wait_for("the heading to be sized", lambda: widths()[1] == before[1] - 30)
+        self.assertEqual([widths()[0], widths()[2]], [before[0], before[2]])
+        run("xdotool", "mousemove", places()[0].x + before[0] - 1, row,
+            "click", "--repeat", 2, "--delay", 40, 1)
+        wait_for("the name to fit", lambda: widths()[0] > right - program.files().place().x)
+        sized = widths()
+        self.close_clean(program)
+        program = self.start()
+        self.assertEqual(widths(), sized)
+
+    def test_a_filter_that_hides_all(self):
+        (self.home / "one").write_text("1")
+        program = self.start()
+        clear = "Clear filter of pane 1"
+        for by_key in (True, False):
+            keys("ctrl+f")
+            run("xdotool", "type", "zz")
+            wait_for("no row", lambda: program.files().names() == [])
+            wait_for("the reason", lambda: program.look("The filter hides the only item here"))
+            if by_key:
+                keys("Return", "Tab")
+                wait_for("the button", lambda: program.control(clear).has("FOCUSED"))
+                keys("space")
+            else:
+                program.control(clear).click()
+            program.files().wait_has("one")
+            wait_for("the list to have the keyboard", lambda: program.files().has("FOCUSED"))
         self.close_clean(program)
 
     def test_sizes_and_comparison(self):

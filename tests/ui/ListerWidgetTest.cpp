@@ -379,7 +379,7 @@ TEST_F(ListerWidgetTest, ALowListKeepsItsRowsAndTellsWhatHidesThem) {
   filter->setText("zz");
   list.Tree->setFocus();
   EXPECT_EQ(shown(), "filter ");
-  auto* const clear = list.Tree->findChild<QPushButton*>();
+  auto* const clear = list.Widget.findChild<QPushButton*>();
   EXPECT_TRUE(clear->isVisible() && !list.Index("/d/one.txt").isValid());
   clear->click();
   EXPECT_EQ(shown(), "");

@@ -9,9 +9,15 @@ namespace {
 
 constexpr base::Twips LeastOfText = 900;
 
-constexpr HeadingId GivingWay[] = {
+constexpr HeadingId FirstToGive[] = {
     HeadingId::Extension,        HeadingId::Path,        HeadingId::Comments,
     HeadingId::FileType,         HeadingId::DateCreated, HeadingId::DateLastAccessed,
+    HeadingId::DateLastModified,
+};
+constexpr HeadingId LastToGive[] = {
+    HeadingId::Size,
+    HeadingId::DateCreated,
+    HeadingId::DateLastAccessed,
     HeadingId::DateLastModified,
 };
 
@@ -19,10 +25,16 @@ base::Twips WholePixels(base::Twips width) {
   return width - width % base::TwipsPerPixel;
 }
 
-base::Twips LeastWidthOf(const Headings& table, HeadingId id) {
+// As far as their texts stand whole, or can be cut.
+base::Twips FirstLeast(const Headings& table, HeadingId id, base::Twips) {
   if (id == HeadingId::Extension) return LeastHeadingWidth;
   const base::Twips brief = table.Needs(id).Brief;
   return brief > 0 ? brief : LeastOfText;
+}
+
+// The day stands whole, and so does any size but the largest.
+base::Twips LastLeast(const Headings&, HeadingId, base::Twips width) {
+  return width * 4 / 5;
 }
 
 }  // namespace
@@ -40,16 +52,22 @@ ColumnWidths WidthsIn(const Headings& table, base::Twips room) {
   base::Twips& name = width(HeadingId::Name);
   const base::Twips wished = name;
   name = 0;
-  const base::Twips others = std::accumulate(widths.begin(), widths.end(), base::Twips{0});
-  base::Twips left = WholePixels(std::max<base::Twips>(room, 0)) - others;
-  for (const HeadingId id : GivingWay) {
-    if (left >= wished) break;
-    const base::Twips spare = WholePixels(width(id) - LeastWidthOf(table, id));
-    const base::Twips given = std::clamp(wished - left, 0, std::max(spare, 0));
-    width(id) -= given;
-    left += given;
-  }
-  name = std::max(left, others == 0 ? LeastHeadingWidth : WholePixels(wished / 2));
+  base::Twips left = WholePixels(std::max<base::Twips>(room, 0)) -
+                     std::accumulate(widths.begin(), widths.end(), base::Twips{0});
+  const bool isAlone = left == WholePixels(std::max<base::Twips>(room, 0));
+  // The others give up room, in their order, until the name has as much.
+  const auto give = [&](const auto& giving, auto leastOf, base::Twips wanted) {
+    for (const HeadingId id : giving) {
+      const base::Twips spare = WholePixels(width(id) - leastOf(table, id, width(id)));
+      const base::Twips given = std::clamp(wanted - left, 0, std::max(spare, 0));
+      width(id) -= given;
+      left += given;
+    }
+  };
+  const base::Twips least = isAlone ? LeastHeadingWidth : WholePixels(wished * 2 / 5);
+  give(FirstToGive, FirstLeast, wished);
+  give(LastToGive, LastLeast, least);
+  name = std::max(left, least);
   return widths;
 }
 

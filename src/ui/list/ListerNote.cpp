@@ -13,19 +13,20 @@ constexpr int ButtonGap = 6;
 
 }  // namespace
 
-ListerNote::ListerNote(QWidget& view, QWidget& viewport, const QString& buttonName)
-    : QObject(&view),
-      viewport_(viewport),
-      text_(new QLabel(&view)),
-      clear_(new QPushButton(QStringLiteral("Clear Filter"), &view)) {
+ListerNote::ListerNote(QWidget& parent, QAbstractScrollArea& view, int pane)
+    : QObject(&parent),
+      view_(view),
+      text_(new QLabel(&parent)),
+      clear_(new QPushButton(QStringLiteral("Clear Filter"), &parent)) {
   text_->setTextFormat(Qt::PlainText);
   text_->setAlignment(Qt::AlignCenter);
   text_->setWordWrap(true);
   text_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  clear_->setAccessibleName(buttonName);
+  clear_->setAccessibleName(QStringLiteral("Clear filter of pane %1").arg(pane + 1));
   clear_->setAutoDefault(true);  // Enter presses it as well
   connect(clear_, &QPushButton::clicked, this, &ListerNote::ClearAsked);
-  viewport.installEventFilter(this);
+  view.installEventFilter(this);
+  view.viewport()->installEventFilter(this);
   Show({});
 }
 
@@ -52,7 +53,8 @@ bool ListerNote::eventFilter(QObject* watched, QEvent* event) {
 
 void ListerNote::Place() {
   if (text_->isHidden()) return;
-  const QRect room = viewport_.geometry().adjusted(NoteMargin, 0, -NoteMargin, 0);
+  const QRect inside = view_.viewport()->geometry().translated(view_.pos());
+  const QRect room = inside.adjusted(NoteMargin, 0, -NoteMargin, 0);
   const QSize button = clear_->isHidden() ? QSize(0, 0) : clear_->sizeHint();
   const int below = button.isEmpty() ? 0 : ButtonGap + button.height();
   const int wanted = text_->heightForWidth(std::max(1, room.width()));

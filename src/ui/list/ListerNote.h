@@ -2,6 +2,7 @@
 // filter is the reason.
 #pragma once
 
+#include <QAbstractScrollArea>
 #include <QLabel>
 #include <QPushButton>
 #include <QWidget>
@@ -15,8 +16,9 @@ class ListerNote : public QObject {
   Q_OBJECT
 
  public:
-  // Stands over the view's viewport, which goes on getting the mouse there.
-  ListerNote(QWidget& view, QWidget& viewport, const QString& buttonName);
+  // Stands over the view, which goes on getting the mouse there, but is no part of it: what reads
+  // the screen finds only rows in a view. Both outlive the note.
+  ListerNote(QWidget& parent, QAbstractScrollArea& view, int pane);
 
   void Show(const lister::EmptyNote& note);
   void ShowStyle(const ListerStyle& style);
@@ -30,7 +32,7 @@ class ListerNote : public QObject {
  private:
   void Place();
 
-  QWidget& viewport_;
+  QAbstractScrollArea& view_;
   QLabel* text_;
   QPushButton* clear_;
 };

@@ -56,9 +56,6 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   header_->BecomeHeaderOf(*tree_);
   tree_->setModel(model_);
   tree_->setItemDelegate(new ListerDelegate(control.Rows(), control.Shown(), style_, tree_));
-  note_ = new ListerNote(
-      *tree_, *tree_->viewport(),
-      QStringLiteral("Clear filter of ") + name.mid(name.indexOf(QLatin1String("pane"))));
   setFocusProxy(tree_);
 
   status_ = new QLabel(this);
@@ -68,6 +65,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   status_->setMargin(2);
   status_->setIndent(3);
   if (fileList_) legend_ = new ListerLegend(style_, status_);
+  note_ = new ListerNote(*this, *tree_, lister::PaneOf(control.Id()));
 
   taskTimer_.setSingleShot(true);
   taskTimer_.setInterval(0);
