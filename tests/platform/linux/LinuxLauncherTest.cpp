@@ -61,12 +61,12 @@ TEST_F(LinuxLauncherTest, StartsProgramsInTheirFolderAndTerminal) {
   EXPECT_NE(desktop.Told("tool").find("\n[" + folder + "/" + odd + "]\n"), std::string::npos);
   // A bare name means PATH, and never the folder.
   EXPECT_EQ(Launcher.Execute({"tool", "-l", folder}).Code, ENOENT);
-  EXPECT_EQ(OpenWithCommand("tool -l", {"x"}, folder).Code, ENOENT);
-  EXPECT_TRUE(OpenWithCommand("./tool -l", {"$x y"}, folder));
+  EXPECT_EQ(OpenWithCommand("tool -l", {"x"}, folder, {}).Code, ENOENT);
+  EXPECT_TRUE(OpenWithCommand("./tool -l", {"$x y"}, folder, {}));
   EXPECT_EQ(desktop.Told("tool"), "tool in " + folder + "\n[-l]\n[$x y]\n");
   const std::string path = getenv("PATH");
   setenv("PATH", (path + ":" + folder).c_str(), 1);
-  EXPECT_TRUE(OpenWithCommand("tool", {"x"}, "/usr"));
+  EXPECT_TRUE(OpenWithCommand("tool", {"x"}, "/usr", {}));
   EXPECT_EQ(desktop.Told("tool"), "tool in /usr\n[x]\n");
   setenv("PATH", path.c_str(), 1);
   close(9);
