@@ -34,6 +34,6 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
 // Starts a program in the folder with the items behind what was typed: a program's name, looked for
 // in PATH alone, or its path from the folder on, and its arguments.
 base::Status OpenWithCommand(const std::string& command, const std::vector<std::string>& paths,
-                             const std::string& folder, const FarCalls& calls);
+                             const std::string& folder, const FarCalls& calls = {});
 
 }  // namespace tarnwell::platform
