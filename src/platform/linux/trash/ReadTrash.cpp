@@ -3,7 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <string_view>
 #include <unordered_set>
@@ -22,21 +22,27 @@ constexpr std::size_t entriesAtOnce = 2000;
 constexpr std::size_t longestSizes = 64 << 20;
 constexpr const char* sizesName = "directorysizes";
 
-// Appends what is left of the open file, up to a limit.
+// Most notes are much shorter than one helping, and come whole.
 ErrorNumber ReadUpTo(int file, std::size_t limit, std::string& content) {
+  std::array<char, 4096> helping;
   content.clear();
   for (;;) {
-    const std::size_t length = content.size();
-    constexpr std::size_t helping = 4096;
-    content.resize(length + std::max(helping, length));
-    const ssize_t got = read(file, content.data() + length, content.size() - length);
-    content.resize(length + (got > 0 ? static_cast<std::size_t>(got) : 0));
+    const ssize_t got = read(file, helping.data(), helping.size());
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return errno;
+    content.append(helping.data(), static_cast<std::size_t>(got));
     if (content.size() > limit) return EFBIG;
-    // Most are much shorter than one helping, and come whole.
-    if (got == 0 || (length == 0 && static_cast<std::size_t>(got) < helping)) return NoError;
+    if (static_cast<std::size_t>(got) < helping.size()) return NoError;
   }
+}
+
+// What a person's clock showed, as a time. Not by mktime(3), which looks at a file each time.
+std::int64_t TimeOfClock(GTimeZone* zone, std::optional<std::int64_t> seconds) {
+  if (!seconds) return UnknownTime;
+  gint64 adjusted = *seconds;
+  const gint interval = g_time_zone_adjust_time(zone, G_TIME_TYPE_STANDARD, &adjusted);
+  constexpr std::int64_t nanoseconds = 1'000'000'000;
+  return (adjusted - g_time_zone_get_offset(zone, interval)) * nanoseconds;
 }
 
 // Neither follows a link nor waits for the other end of a pipe.
@@ -60,7 +66,7 @@ ErrorNumber ReadNames(int folder, NameList& names) {
 }  // namespace
 
 TrashReader::TrashReader(const TrashPath& path, const OpenTrash& trash)
-    : path_(path), trash_(trash), sizes_(ReadSizesOf(trash)) {}
+    : path_(path), trash_(trash), sizes_(ReadSizesOf(trash)), zone_(g_time_zone_new_local()) {}
 
 base::Status TrashReader::ReadAll(const Take& take) {
   // The files first: a note comes before its file, and goes after it.
@@ -98,7 +104,7 @@ TrashEntry TrashReader::Read(std::string_view name) {
   TrashedItem& item = entry.Item;
   const std::optional<TrashNote> note = ReadNote(name, item.State, entry.NoteTime);
   if (note) {
-    item.Deleted = TimeOfDeletion(note->DeletionDate);
+    item.Deleted = TimeOfClock(zone_.get(), SecondsOfDate(note->DeletionDate));
     FormerPlace place = path_.PlaceBefore(*note);
     item.State = place.State;
     item.Folder = std::move(place.Folder);

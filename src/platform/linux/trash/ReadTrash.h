@@ -1,8 +1,11 @@
 // What lies in one trash.
 #pragma once
 
+#include <glib.h>
+
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,6 +48,10 @@ class TrashReader {
   const TrashPath& path_;
   const OpenTrash& trash_;
   KeptSizes sizes_;
+  struct FreeZone {
+    void operator()(GTimeZone* zone) const { g_time_zone_unref(zone); }
+  };
+  std::unique_ptr<GTimeZone, FreeZone> zone_;  // the user's
   std::string noteName_;
   std::string content_;  // of the note at hand
 };

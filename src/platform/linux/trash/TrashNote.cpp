@@ -2,7 +2,7 @@
 
 #include <array>
 #include <charconv>
-#include <ctime>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -92,30 +92,27 @@ std::optional<TrashNote> ReadTrashNote(std::string_view content) {
   return TrashNote{path ? Decode(*path) : "", std::string(date.value_or(""))};
 }
 
-std::int64_t TimeOfDeletion(std::string_view date) {
+std::optional<std::int64_t> SecondsOfDate(std::string_view date) {
   // The parts may stand without marks between them, which older programs left out.
   constexpr std::array<std::pair<std::size_t, char>, 6> parts = {
       {{4, '-'}, {2, '-'}, {2, 'T'}, {2, ':'}, {2, ':'}, {2, '\0'}}};
   std::array<int, parts.size()> numbers{};
   for (std::size_t at = 0; at < parts.size(); ++at) {
     const std::optional<int> number = TakeNumber(date, parts[at].first, parts[at].second);
-    if (!number) return UnknownTime;
+    if (!number) return {};
     numbers[at] = *number;
   }
-  const auto [year, month, day, hour, minute, second] = numbers;
-  const bool isTime = year >= 1900 && year < 2200 && month >= 1 && month <= 12 && day >= 1 &&
-                      day <= 31 && hour < 24 && minute < 60 && second <= 60;
-  if (!isTime) return UnknownTime;
-  std::tm local{};
-  local.tm_year = year - 1900;
-  local.tm_mon = month - 1;
-  local.tm_mday = day;
-  local.tm_hour = hour;
-  local.tm_min = minute;
-  local.tm_sec = second;
-  local.tm_isdst = -1;
-  constexpr std::int64_t nanoseconds = 1'000'000'000;
-  return std::int64_t{std::mktime(&local)} * nanoseconds;
+  using namespace std::chrono;
+  const auto [yearNumber, monthNumber, dayNumber, hour, minute, second] = numbers;
+  const year_month_day day(year(yearNumber), month(static_cast<unsigned>(monthNumber)),
+                           std::chrono::day(static_cast<unsigned>(dayNumber)));
+  // Times are kept in nanoseconds, which reach into the year 2262.
+  const bool isTime = day.ok() && yearNumber >= 1700 && yearNumber < 2262 && hour < 24 &&
+                      minute < 60 && second <= 60;
+  if (!isTime) return {};
+  const auto time =
+      sys_days(day).time_since_epoch() + hours(hour) + minutes(minute) + seconds(second);
+  return duration_cast<seconds>(time).count();
 }
 
 FormerPlace PlaceOfNote(std::string_view path, std::string_view base, bool isHome) {

@@ -25,8 +25,9 @@ struct TrashNote {
 // and a per cent sign that begins no code stands for itself.
 std::optional<TrashNote> ReadTrashNote(std::string_view content);
 
-// Years, months and so on of the user's own time zone; UnknownTime for what is no time.
-std::int64_t TimeOfDeletion(std::string_view date);
+// Of a DeletionDate: seconds from the start of 1970 by the same clock, which is that of the user's
+// own time zone. Nothing for what is no date.
+std::optional<std::int64_t> SecondsOfDate(std::string_view date);
 
 // Where an item was before.
 struct FormerPlace {
