@@ -1,6 +1,13 @@
+#include <sys/wait.h>
+
+#include <cstdio>
+
 #include "OperationFixture.h"
 #include "RunUntil.h"
+#include "TestDesktop.h"
 #include "fakes/FakePlatform.h"
+#include "fakes/TestFile.h"
+#include "fuzz/TrashProperties.h"
 #include "platform/linux/files/LinuxFolderWatch.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/trash/LinuxTrashCan.h"
@@ -60,8 +67,7 @@ class LinuxTrashTest : public testing::Test {
     return folder_ / volume + "/.Trash-" + std::to_string(geteuid());
   }
   std::unique_ptr<TrashView> Follow(const std::string& drive = {}) {
-    const bool isFirst = !can_;
-    if (isFirst) {
+    if (!can_) {
       can_.emplace(TrashPlaces{Home(), geteuid(), [this] { return volumes_; }}, watches_, drives_);
     }
     auto view = can_->Follow(told_, drive);
@@ -246,6 +252,71 @@ TEST_F(LinuxTrashTest, PutsBackWithoutReplacingOrLeadingOut) {
   EXPECT_FALSE(fs::exists(Home() + "/info/d.trashinfo"));
   EXPECT_EQ(restore(user, taken, "relative"), EINVAL);
   EXPECT_EQ(restore(user, x + "/taken", x + "/t"), EINVAL);
+}
+
+// A trash program of another make, on the trash that GLib knows for this process.
+std::string RunTrashProgram(const std::string& command) {
+  FILE* const pipe = popen((command + " 2>&1").c_str(), "r");
+  std::string told;
+  for (int byte; (byte = std::fgetc(pipe)) != EOF;) told += static_cast<char>(byte);
+  return pclose(pipe) == 0 ? told : "failed: " + told;
+}
+
+TEST_F(LinuxTrashTest, WorksBesideOtherPrograms) {
+  const TempFolder here;
+  if (StatOf(here.Path()).st_dev != StatOf(desktop.Folder.Path()).st_dev ||
+      RunTrashProgram("trash-list").starts_with("failed")) {
+    GTEST_SKIP() << "no trash-cli, or the temporary files lie on another volume than the trash";
+  }
+  const std::string home = desktop.Folder / "Trash", odd = here / "a\n%41 \xc3\xa9";
+  here.Make({"ours=1", "theirs=22", "both=333", "folder/in=4"});
+  Put(odd, "odd");
+  can_.emplace(TrashPlaces{home, geteuid(), [] { return std::vector<std::string>(); }}, watches_,
+               drives_);
+  const auto view = Follow();
+  ScriptedUser user;
+  EXPECT_EQ(Do(user, FileFunction::Delete, {here / "ours", here / "both"}, "", AllowUndo).Code, 0);
+  const std::string cd = "cd " + here.Path() + " && ";
+  EXPECT_EQ(RunTrashProgram(cd + "trash-put theirs folder a*"), "");
+  const auto find = [&](const std::string& name) {
+    const auto found = std::ranges::find_if(told_.Items, [&](const auto& each) {
+      return each.second.Folder == here.Path() && each.second.Name == name;
+    });
+    return found == told_.Items.end() ? std::string() : found->second.Place;
+  };
+  const auto comesTo = [&](const std::string& name, bool isThere) {
+    EXPECT_TRUE(RunUntil([&] { return find(name).empty() != isThere; })) << name;
+  };
+  for (const char* name : {"ours", "both", "theirs", "folder", "a\n%41 \xc3\xa9"})
+    comesTo(name, true);
+  const auto place = find("folder");
+
+  // What each does the other sees.
+  const std::vector<std::string> places = {find("theirs"), find("a\n%41 \xc3\xa9")};
+  EXPECT_EQ(RunOperation({FileFunction::Move, base::ItemList::TextOf(places),
+                          base::ItemList::TextOf({here / "theirs", odd}), FromTrash},
+                         user)
+                .Code,
+            0);
+  EXPECT_EQ(Get(here / "theirs") + Get(odd), "22odd");
+  EXPECT_EQ(Do(user, FileFunction::Delete, {place}, "", FromTrash).Code, 0);
+  const std::string told = RunTrashProgram("echo 0 | trash-restore " + here / "ours");
+  EXPECT_EQ(Get(here / "ours"), "1") << told;
+  const std::string left = RunTrashProgram("trash-list");
+  EXPECT_TRUE(left.ends_with(here / "both" + "\n") && left.find("folder") == left.npos) << left;
+  EXPECT_EQ(RunTrashProgram("trash-rm both"), "");
+  for (const char* name : {"ours", "both", "theirs", "folder"}) comesTo(name, false);
+}
+
+TEST_F(LinuxTrashTest, ReadsAnyBytesAsNotesAndSizes) {
+  for (const auto& entry : fs::directory_iterator(TARNWELL_TESTS "/fuzz/trash")) {
+    const std::string name = entry.path().filename();
+    const std::string content = fakes::ReadTestFile("fuzz/trash/" + name);
+    for (std::size_t size = 0; size <= content.size(); ++size) {
+      ASSERT_EQ(fuzz::BrokenTrashRule(std::string_view(content).substr(0, size)), "")
+          << name << size;
+    }
+  }
 }
 
 }  // namespace

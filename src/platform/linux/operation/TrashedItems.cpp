@@ -81,6 +81,10 @@ bool TrashedItems::DropNote(const Item& item) {
   const int notes = item.Of->Notes->Folder.Get();
   if (notes < 0) return true;
   while (unlinkat(notes, note.c_str(), 0) != 0 && errno != ENOENT) {
+    if (errno == EISDIR) {
+      DeleteQuietly(notes, note);
+      break;
+    }
     const std::string path = item.Of->Path.NotePlaceOf(item.Place.Name);
     if (!context_.Retries(OperationStep::Delete, path, errno)) break;
   }

@@ -203,7 +203,10 @@ void TrashFollower::Work(const VolumePlace& volume) {
         Begin(volume, [volume, at, post, take, readsAll, path = trash.Path, names = trash.Changed] {
           base::Status status;
           const OpenTrash opened = OpenTrash::Of(path, status);
-          if (!opened.Top) return;  // the next look tells of it
+          if (!opened.Top) {
+            post([volume](TrashFollower&) { volume->NeedsLook = true; });
+            return;
+          }
           TrashReader reader(path, opened);
           std::vector<TrashEntry> entries;
           for (const std::string& name : names) {
