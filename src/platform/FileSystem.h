@@ -123,7 +123,7 @@ class FileSystem {
   // True when anything at all has that path.
   virtual bool Exists(const std::string& path) const = 0;
   // Where the link leads, in bytes, as it has it; empty for what is none.
-  virtual std::string ReadLink(const std::string& /*path*/) const { return ""; }
+  virtual std::string ReadLink(const std::string& path) const = 0;
 
   // Whether items can go into the folder of that path, or into one that is yet to be made there:
   // the reason is a sentence that says what to do.

@@ -59,9 +59,11 @@ RowState ListBody::StateOf(RowId row) const {
 std::string ListBody::LinkNote(RowId row) const {
   const RowState state = OwnStateOf(row);
   if (!state.IsLink) return "";
-  const std::string target = state_.Services.Files.ReadLink(PathOf(row));
-  if (target.empty()) return "";
-  return (state.IsBroken ? "Broken link to " : "Link to ") + base::ForDisplay(target);
+  const std::string path = PathOf(row), what = state.IsBroken ? "Broken link" : "Link";
+  // A pointer that rests is not to wait for another machine.
+  if (Follower.IsAfar(state_.Syntax.ParentOf(path))) return what;
+  const std::string target = state_.Services.Files.ReadLink(path);
+  return target.empty() ? what : what + " to " + base::ForDisplay(target);
 }
 
 std::string ListBody::BriefText(RowId row, HeadingId heading) const {

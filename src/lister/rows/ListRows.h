@@ -32,7 +32,8 @@ class ListRows {
   // The row is a folder that was measured, but not all of it could be read.
   virtual bool IsSizePartial(RowId row) const = 0;
   virtual std::string PathOf(RowId row) const = 0;  // bytes
-  // In words where the link leads, by a look at the disk; empty for what is none.
+  // In words that the row is a link, and where it leads, by a look at the disk unless that is
+  // another machine's; empty for what is none.
   virtual std::string LinkNote(RowId row) const = 0;
   virtual RowId CurrentRow() const = 0;
   virtual EmptyNote NoteOfEmptiness() const = 0;

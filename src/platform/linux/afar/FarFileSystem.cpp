@@ -56,6 +56,11 @@ bool FarFileSystem::Exists(const std::string& path) const {
       path, [files = files_, path] { return files->Exists(path); }, false, LastLink::Itself);
 }
 
+std::string FarFileSystem::ReadLink(const std::string& path) const {
+  return calls_.Get<std::string>(
+      path, [files = files_, path] { return files->ReadLink(path); }, "", LastLink::Itself);
+}
+
 base::Status FarFileSystem::CheckTarget(const std::string& path) const {
   return calls_.Ask(path, [files = files_, path] { return files->CheckTarget(path); });
 }

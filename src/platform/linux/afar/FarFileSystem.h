@@ -24,6 +24,7 @@ class FarFileSystem : public FileSystem {
                               ItemAttributes& attributes) const override;
   bool FolderExists(const std::string& path) const override;
   bool Exists(const std::string& path) const override;
+  std::string ReadLink(const std::string& path) const override;
   base::Status CheckTarget(const std::string& path) const override;
   base::Status MeasureFolder(const std::string& folder, const GoOn& goOn,
                              FolderTotal& total) const override;
