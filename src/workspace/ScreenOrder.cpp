@@ -11,7 +11,7 @@ std::vector<int> PanesAfter(const PaneRecords& panes, int pane) {
   }
   const auto at = std::ranges::find(order, pane);
   if (at == order.end()) return order;
-  std::ranges::rotate(order, at);
+  std::rotate(order.begin(), at, order.end());
   order.erase(order.begin());
   return order;
 }

@@ -7,6 +7,13 @@
 #include "lister/list/ListBody.h"
 
 namespace tarnwell::lister {
+namespace {
+
+// Milliseconds from one press of a held key to the next. Not every system tells those from presses
+// by a finger, which take longer.
+constexpr std::int64_t LongestRepeat = 100;
+
+}  // namespace
 
 CommonInput::CommonInput(ListState& list, ListBody& body)
     : list_(list), body_(body), clicked_(body) {}
@@ -129,8 +136,9 @@ KeyAction CommonInput::SearchActionOf(int keyCode, int shift) {
       {'G', CtrlDown | ShiftDown, &This::StepToMatch},
       {BackspaceKey, 0, &This::TakeLetterBack},
   };
-  const bool isOver = typed_.Typed().empty() && !backspaceTakes_;
-  if (keyCode == BackspaceKey && isOver) return {};
+  const bool isHeld =
+      backspaceTakes_ || list_.Services.Clock.Ticks() - backspaceAt_ < LongestRepeat;
+  if (keyCode == BackspaceKey && typed_.Typed().empty() && !isHeld) return {};
   return FindAction(*this, Bindings, keyCode, shift);
 }
 
@@ -143,8 +151,9 @@ void CommonInput::TypeText(std::string_view text) {
 // Held down, the key does not go on to lead up folders once the text has gone.
 void CommonInput::TakeLetterBack(int, int) {
   backspaceTakes_ = true;
+  backspaceAt_ = list_.Services.Clock.Ticks();
   if (typed_.Typed().empty()) return;
-  typed_.TakeBack(list_.Services.Clock.Ticks());
+  typed_.TakeBack(backspaceAt_);
   if (typed_.Typed().empty()) return ShowTyped("");
   Search(true);
 }

@@ -2,6 +2,7 @@
 // by typed text, and the keys that have nothing to do with what is selected.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -113,7 +114,8 @@ class CommonInput : public ListInput {
   bool holdsClicked_ = false;
   TypedText typed_;
   bool spaceIsDown_ = false;
-  bool backspaceTakes_ = false;  // letters, until it comes up
+  bool backspaceTakes_ = false;       // letters, until it comes up
+  std::int64_t backspaceAt_ = -1000;  // when it last took one, or would have; milliseconds
 };
 
 }  // namespace tarnwell::lister
