@@ -74,6 +74,7 @@ constexpr std::string_view FileLists = "file lists";
 constexpr std::string_view Trees = "trees";
 constexpr std::string_view Filter = "filter";
 constexpr std::string_view CommandStrip = "command line";
+constexpr std::string_view RecycleBin = "recycle bin";
 
 constexpr auto AllKeys = std::to_array<KeyRow>({
     {"Going about"},
@@ -165,6 +166,14 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
      "the button that is framed; the answer that changes nothing"},
     {"Enter, F2, Delete", "skin chooser, list of skins", "loads, renames, deletes the skin"},
     {"Space, Shift+Space, arrows, Page Up, Page Down", "help", "scrolls"},
+    {"letters, Ctrl+F", RecycleBin,
+     "into the filter; Enter or Down goes back to the list, Escape clears it"},
+    {"Alt+R, Alt+O", RecycleBin, "restores what is selected; shows the folder where it was"},
+    {"Enter, Alt+Enter", RecycleBin, "the properties of what is selected"},
+    {"Delete, Alt+E", RecycleBin,
+     "deletes what is selected, or everything, for good, after a question"},
+    {"Ctrl+A, F5", RecycleBin, "selects all; reads the trash again"},
+    {"Shift+F10, Menu", RecycleBin, "the context menu, with the order of the list"},
 });
 
 }  // namespace

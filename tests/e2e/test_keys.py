@@ -140,5 +140,9 @@ class KeysTest(EndToEndTest):
         wait_for("the properties", lambda: program.look("Properties of made"))
         keys("Escape")
         program.wait_active()
-        keys("ctrl+Right", "ctrl+shift+s")
+        windows = program.windows()
+        keys("ctrl+Right", "ctrl+shift+s", "F10", "Escape", "F1")  # from the menu bar
+        wait_for("the help", lambda: program.windows() - windows)
+        keys("Escape")
+        program.wait_active()
         self.close_clean(program)
