@@ -376,12 +376,6 @@ void Master::ButtonClick(std::string_view key) {
   commands_.ButtonClick(key);
 }
 
-void Master::PressKeys(std::string_view keys) {
-  splitters_.GiveUp();
-  commands::RunKeys(keys, {space_, panes_, layout_, navigation_, listCommands_, newFolder_, drop_,
-                           messages_, *this});
-}
-
 void Master::TitleClick(int pane) {
   workspace::ColourTitleBar(space_, lister::FolderListOf(pane));
   workspace::HighlightActiveList(space_, false);

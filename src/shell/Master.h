@@ -101,7 +101,11 @@ class Master : private workspace::PaneHooks,
   void KeyDown(int code, int shift) { keyboard_.KeyDown(code, shift); }
   void KeyUp() { keyboard_.KeyUp(); }
   // Keys of the window as a whole; see KeyTable.h.
-  void PressKeys(std::string_view keys);
+  void PressKeys(std::string_view keys) {
+    splitters_.GiveUp();
+    commands::RunKeys(keys, {space_, panes_, layout_, navigation_, listCommands_, newFolder_, drop_,
+                             messages_, *this});
+  }
   // Keys may have come up while another window, or a menu, had them.
   void Activated() { keyboard_.Activated(services_.Keys.Held()); }
   void ChangeResizeFlag(bool value) { space_.Form.ResizeEnabled = value; }

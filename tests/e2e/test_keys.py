@@ -86,9 +86,8 @@ class KeysTest(EndToEndTest):
             (self.home / name).write_text(name)
         program = self.start()
 
-        def wait_keyboard(pane, kind="files"):
-            wait_for(f"the keyboard in the {kind} of pane {pane}",
-                     lambda: getattr(program, kind)(pane).has("FOCUSED"))
+        def wait_keyboard(pane):
+            wait_for(f"the keyboard in pane {pane}", lambda: program.files(pane).has("FOCUSED"))
 
         # A pane opens by its key, and never closes by it.
         for pane in (3, 2, 2):
@@ -98,18 +97,8 @@ class KeysTest(EndToEndTest):
         self.wait_names(program, ["other"], 2)
         program.files(1).enter("one")
         self.wait_names(program, ["deep", "444", "45"])
-        for pressed, pane in (("ctrl+Tab", 2), ("ctrl+Tab", 3), ("ctrl+Tab", 1),
-                              ("ctrl+shift+Tab", 3), ("alt+1", 1)):
-            keys(pressed)
-            wait_keyboard(pane)
 
-        # Back, forward and up; a menu that is up and a field have the keys for themselves.
-        program.files().enter("deep")
-        self.wait_names(program, ["file"])
-        keys("alt+Left")
-        self.wait_path(program, self.home / "one")
-        keys("alt+Right")
-        self.wait_path(program, self.home / "one/deep")
+        # A menu that is up and a field have the keys for themselves.
         keys("ctrl+f", "alt+Left", "F7", "ctrl+Tab", "Escape")
         wait_keyboard(1)
         windows = program.windows()
@@ -117,29 +106,17 @@ class KeysTest(EndToEndTest):
         wait_for("the menu", lambda: program.windows() - windows)
         keys("F7", "ctrl+Tab", "Escape")
         wait_for("the menu to go", lambda: program.windows() == windows)
-        self.assertEqual(program.path(), f"{self.home}/one/deep/")
-        keys("alt+Up")
-        self.wait_path(program, self.home / "one")
+        self.assertEqual(program.path(), f"{self.home}/one/")
 
-        # To the next pane, and to the one after it.
-        program.wait_status(" item")
         run("xdotool", "type", "444")
         program.wait_status("Find: 444")
-        keys("F5")
+        keys("F6")
         self.answer("File Operation", "Return")
         self.wait_names(program, ["other", "444"], 2)
-        keys("shift+F6")
-        self.answer("File Operation", "Return")
         self.wait_names(program, ["deep", "45"])
-        wait_for("the file to be moved", lambda: (self.home / "444").exists())
-
         keys("F7")
         self.answer("New Folder", *"made", "Return")
         self.wait_names(program, ["deep", "45", "made"])
-        keys("alt+Return")
-        wait_for("the properties", lambda: program.look("Properties of made"))
-        keys("Escape")
-        program.wait_active()
         windows = program.windows()
         keys("ctrl+Right", "ctrl+shift+s", "F10", "Escape", "F1")  # from the menu bar
         wait_for("the help", lambda: program.windows() - windows)
