@@ -1,5 +1,7 @@
+#include <sys/mount.h>
 #include <sys/wait.h>
 
+#include <csignal>
 #include <cstdio>
 
 #include "OperationFixture.h"
@@ -252,6 +254,32 @@ TEST_F(LinuxTrashTest, PutsBackWithoutReplacingOrLeadingOut) {
   EXPECT_FALSE(fs::exists(Home() + "/info/d.trashinfo"));
   EXPECT_EQ(restore(user, taken, "relative"), EINVAL);
   EXPECT_EQ(restore(user, x + "/taken", x + "/t"), EINVAL);
+}
+
+TEST_F(LinuxTrashTest, IsNotKeptWaitingByAVolumeThatHangs) {
+  const std::string real = folder_ / "real", view = folder_ / "view";
+  folder_.Make({"share/Trash/files/near=1",
+                "real/.Trash-" + std::to_string(geteuid()) + "/files/far=22", "view/"});
+  const pid_t server = fork();
+  if (server == 0) {
+    execlp("bindfs", "bindfs", "-f", real.c_str(), view.c_str(), nullptr);
+    _exit(1);
+  }
+  const bool isServed = RunUntil(
+      [&] { return fs::exists(OwnTrash("view")) || waitpid(server, nullptr, WNOHANG) == server; });
+  if (!isServed || !fs::exists(OwnTrash("view"))) {
+    GTEST_SKIP() << "bindfs is not installed, or may not mount";
+  }
+  volumes_ = {view};
+  kill(server, SIGSTOP);
+  const auto listing = Follow();
+  EXPECT_EQ(told_.Text(), "near in  1 1\n");
+  EXPECT_TRUE(told_.Troubles.size() == 1 && told_.Troubles[0].Trash == view);
+  kill(server, SIGCONT);
+  EXPECT_TRUE(RunUntil([&] { return told_.Troubles.empty() && told_.Items.size() == 2; }));
+  umount2(view.c_str(), MNT_DETACH);
+  kill(server, SIGTERM);
+  waitpid(server, nullptr, 0);
 }
 
 // A trash program of another make, on the trash that GLib knows for this process.
