@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -133,8 +134,11 @@ bool TrashedItems::Restore(const std::vector<std::string>& places, std::string_v
     ++target;
   }
   if (target != std::default_sentinel) return false;
+  // One folder after the other.
+  std::ranges::stable_sort(items, {}, &Item::Folder);
   context_.SetTotal(items.size());
-  ahead_.assign(places.rbegin(), places.rend());
+  for (const Item& item : items) ahead_.push_back(item.Path);
+  std::ranges::reverse(ahead_);
   for (Item& item : items) {
     if (!context_.GoesOn()) break;
     item.Of = FindTrash(item.Place, item.Path);
