@@ -217,8 +217,8 @@ TEST(Headings, GiveTheNameTheRoomThatIsLeft) {
   EXPECT_EQ(in(7700), (Widths{3600, 495, 1500, 2100}));  // a broken pixel is nobody's
   EXPECT_EQ(in(7000), (Widths{3600, 300, 1500, 1590}));
   EXPECT_EQ(in(6000), (Widths{2700, 300, 1500, 1500}));
-  EXPECT_EQ(in(4500), (Widths{1440, 300, 1260, 1500}));
-  EXPECT_EQ(in(-10), (Widths{1440, 300, 1200, 1200}));
+  EXPECT_EQ(in(4500), (Widths{1620, 300, 1200, 1380}));
+  EXPECT_EQ(in(-10), (Widths{1620, 300, 1200, 1200}));
   table.NameSized = true;
   EXPECT_EQ(in(20000), (Widths{3600, 1140, 1500, 2100}));
 }

@@ -64,7 +64,7 @@ ColumnWidths WidthsIn(const Headings& table, base::Twips room) {
       left += given;
     }
   };
-  const base::Twips least = isAlone ? LeastHeadingWidth : WholePixels(wished * 2 / 5);
+  const base::Twips least = isAlone ? LeastHeadingWidth : WholePixels(wished * 9 / 20);
   give(FirstToGive, FirstLeast, wished);
   give(LastToGive, LastLeast, least);
   name = std::max(left, least);

@@ -58,7 +58,8 @@ void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& op
     PaintName(painter, option, index, row);
     return;
   }
-  const QRect area = option.rect.adjusted(CellMargin, 0, -CellMargin, 0);
+  const int margin = MarginOf(option.rect.width());
+  const QRect area = option.rect.adjusted(margin, 0, -margin, 0);
   if (area.width() <= 0) return;
   const auto heading = static_cast<HeadingId>(index.column());
   // All of the column alike, so that what stands in it lines up.
@@ -150,7 +151,8 @@ bool ListerDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     return QStyledItemDelegate::helpEvent(event, view, option, index);
   }
   QStringList lines;
-  const bool cut = sizeHint(option, index).width() > option.rect.width();
+  const QRect seen = option.rect.intersected(view->viewport()->rect());
+  const bool cut = sizeHint(option, index).width() > seen.width();
   if (cut) lines << index.data().toString();
   const RowId row = ListerModel::RowOf(index);
   if (index.column() == static_cast<int>(HeadingId::Size)) {

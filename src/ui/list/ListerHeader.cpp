@@ -181,7 +181,7 @@ bool ListerHeader::viewportEvent(QEvent* event) {
   if (section < 0) return QHeaderView::viewportEvent(event);
   const QRect place(sectionViewportPosition(section), 0, sectionSize(section), height());
   QString text = model()->headerData(section, orientation(), Qt::ToolTipRole).toString();
-  if (sectionSizeFromContents(section).width() > place.width()) {
+  if (sectionSizeFromContents(section).width() > place.intersected(viewport()->rect()).width()) {
     text.prepend(model()->headerData(section, orientation()).toString() + QLatin1Char('\n'));
   }
   QToolTip::showText(help->globalPos(), PlainToolTip(text), viewport(), place);
@@ -206,7 +206,9 @@ void ListerHeader::paintSection(QPainter* painter, const QRect& rect, int sectio
     painter->fillRect(QRect(rect.left(), rect.bottom() - 1, rect.width(), 2), style_.HeadingText);
   }
   painter->setPen(text);
-  const QRect area = PaintSortMark(painter, rect.adjusted(CellMargin, 0, -CellMargin, 0), section);
+  const QRect seen = rect.intersected(viewport()->rect());
+  const int margin = MarginOf(seen.width());
+  const QRect area = PaintSortMark(painter, seen.adjusted(margin, 0, -margin, 0), section);
   painter->drawText(area, static_cast<int>(option.textAlignment),
                     option.fontMetrics.elidedText(option.text, Qt::ElideRight, area.width()));
   painter->restore();

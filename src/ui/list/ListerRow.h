@@ -14,6 +14,11 @@ inline constexpr int ColourBar = 4;      // at the left edge of an item that is 
 inline constexpr int SelectionGap = 14;  // between icon and name, where the arrow stands
 inline constexpr int IconGap = 5;        // the same in a folder list, which has no arrow
 
+// The margin of a cell: one that is hardly wider than "..." has less.
+inline int MarginOf(int width) {
+  return width < 2 * CellMargin + 20 ? CellMargin / 3 : CellMargin;
+}
+
 struct NameCell {
   QRect Icon;
   QRect Gap;

@@ -304,6 +304,14 @@ void ListerTree::resizeEvent(QResizeEvent* event) {
   if (wasSeen && bottom >= viewport()->height()) BringIntoView(currentIndex());
 }
 
+void ListerTree::scrollContentsBy(int across, int down) {
+  QTreeView::scrollContentsBy(across, down);
+  // What is cut at the edges is another part of the columns now.
+  if (across == 0) return;
+  viewport()->update();
+  header()->viewport()->update();
+}
+
 // --- Painting
 
 void ListerTree::paintEvent(QPaintEvent* event) {
@@ -358,6 +366,8 @@ void ListerTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                       : QRect(columnViewportPosition(section), row.top(),
                                               columnWidth(section), row.height());
     if (cell.rect.right() < 0 || cell.rect.left() >= row.width()) continue;
+    // A column that the edge of the list cuts is no wider than what is seen of it.
+    cell.rect.setRight(std::min(cell.rect.right(), row.right()));
     Delegate().PaintCell(*painter, cell, index.siblingAtColumn(section), painted);
   }
   if (!fileList_) {

@@ -102,6 +102,7 @@ class ListerTree : public QTreeView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int across, int down) override;
   void paintEvent(QPaintEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
