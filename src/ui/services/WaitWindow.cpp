@@ -1,7 +1,6 @@
 #include "ui/services/WaitWindow.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -9,6 +8,7 @@
 
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/DialogMeasures.h"
+#include "ui/toolkit/ElidedLabel.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -26,9 +26,8 @@ WaitWindow::WaitWindow(const std::string& place, std::function<void()> cancel)
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
   column->setSpacing(DialogSpacing);
-  auto* const text = new QLabel(ToQString("Waiting for " + place + " to answer..."));
-  text->setTextFormat(Qt::PlainText);
-  text->setWordWrap(true);
+  auto* const text = new ElidedLabel(this);
+  text->ShowText(ToQString("Waiting for " + place + " to answer..."));
   column->addWidget(text);
   auto* const bar = new QProgressBar;
   bar->setRange(0, 0);
@@ -42,7 +41,8 @@ WaitWindow::WaitWindow(const std::string& place, std::function<void()> cancel)
   button->setAutoDefault(false);
   buttons->addWidget(button);
   column->addLayout(buttons);
-  setFixedWidth(WaitWindowWidth);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  bar->setMinimumWidth(WaitWindowWidth - 2 * DialogMargin);
   // Whoever was typing when the window came presses no button.
   bar->setFocusPolicy(Qt::StrongFocus);
   bar->setFocus();
