@@ -66,11 +66,11 @@ class FarCalls {
     return GetAt(PlaceOf(path, last), std::move(work), std::move(otherwise));
   }
   template <typename Result>
-  Result GetAt(const std::optional<FarPlace>& place, std::function<Result()> work,
-               Result otherwise) const {
+  Result GetAt(const std::optional<FarPlace>& place, std::function<Result()> work, Result otherwise,
+               bool isGlance = false) const {
     const auto result = std::make_shared<std::optional<Result>>();
-    const base::Status status =
-        RunAt(place, [result, work = std::move(work)] { result->emplace(work()); });
+    const base::Status status = RunAt(
+        place, [result, work = std::move(work)] { result->emplace(work()); }, isGlance);
     return status ? std::move(**result) : std::move(otherwise);
   }
   // For work that gives a status: the reason why it was not done is one, too.

@@ -22,9 +22,11 @@ class FarStamps : public FolderStamps {
                                    [stamps = stamps_, folder] { return stamps->ReadFacts(folder); },
                                    {.Stamp = {}, .IsLocal = false});
   }
+  // Of folders that were near, mostly: a glance has to do.
   FolderStamp Read(const std::string& folder) const override {
-    return calls_.Get<FolderStamp>(folder,
-                                   [stamps = stamps_, folder] { return stamps->Read(folder); }, {});
+    return calls_.GetAt<FolderStamp>(
+        calls_.PlaceOf(folder), [stamps = stamps_, folder] { return stamps->Read(folder); }, {},
+        true);
   }
   std::unique_ptr<StampRequest> Ask(std::vector<std::string> folders, Told told) override {
     return stamps_->Ask(std::move(folders), std::move(told));

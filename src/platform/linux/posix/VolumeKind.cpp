@@ -39,7 +39,7 @@ bool IsLocalFuse(const Descriptor& folder, const std::string& path) {
   if (fstat(folder.Get(), &found) == 0 && major(found.st_dev) != 0) return true;
   const std::unique_ptr<GUnixMountEntry, decltype(&g_unix_mount_free)> mount(
       g_unix_mount_for(path.c_str(), nullptr), &g_unix_mount_free);
-  return mount && !IsFarType(g_unix_mount_get_fs_type(mount.get()));
+  return mount && std::ranges::count(localPrograms, g_unix_mount_get_fs_type(mount.get())) > 0;
 }
 
 }  // namespace
