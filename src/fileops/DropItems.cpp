@@ -26,7 +26,10 @@ void DropCommand::SendSelected(std::string_view word, lister::ListId source,
   const std::string text = from.FirstSelected();
   const std::string items = from.ActiveItemName();  // the list may make another one meanwhile
   if (items.empty()) {
-    messenger_.Message("Nothing is selected to " + std::string(word) + ".", forms::MessageKind::Ok);
+    messenger_.Message(text.empty()
+                           ? "Nothing is selected to " + std::string(word) + "."
+                           : "A drive does not go as a whole. Please select what is in it.",
+                       forms::MessageKind::Ok);
     return;
   }
   const lister::ListerControl& to = workspace_.Lists[target];
