@@ -234,10 +234,11 @@ void TrashedItems::FinishTarget() {
 void TrashedItems::DropSizes() {
   for (const auto& [path, trash] : trashes_) {
     if (!trash || !trash->Opened.Files) continue;
-    ChangeSizesOf(trash->Opened, [&](KeptSizes& sizes) {
-      std::erase_if(sizes, [&](const auto& each) {
+    const int files = trash->Opened.Files.Get();
+    ChangeSizesOf(trash->Opened, [files](KeptSizes& sizes) {
+      std::erase_if(sizes, [files](const auto& each) {
         struct statx found;
-        return LookAt(trash->Opened.Files.Get(), each.first.c_str(), found) == ENOENT;
+        return LookAt(files, each.first.c_str(), found) == ENOENT;
       });
     });
   }

@@ -58,10 +58,14 @@ void TrashFollower::Start() {
   mounts_ = std::make_unique<MountNotices>(*this);
   timer_ = g_timeout_add(
       tick,
-      [](gpointer self) noexcept -> gboolean {
-        const auto alive = static_cast<TrashFollower*>(self)->shared_from_this();
-        GuardedCall([&] { alive->OnTick(); });
-        return alive->listener_ != nullptr ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+      [](gpointer data) noexcept -> gboolean {
+        gboolean goesOn = G_SOURCE_REMOVE;
+        GuardedCall([&] {
+          const auto self = static_cast<TrashFollower*>(data)->shared_from_this();
+          self->OnTick();
+          goesOn = self->listener_ != nullptr ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+        });
+        return goesOn;
       },
       this);
   PostToLoop([self = weak_from_this()] {
