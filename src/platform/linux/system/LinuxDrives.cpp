@@ -7,7 +7,7 @@
 
 #include "platform/linux/files/HomeFolder.h"
 #include "platform/linux/posix/GioObject.h"
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/linux/posix/MountNotices.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -35,32 +35,12 @@ std::vector<Mount> ReadMounts() {
 
 }  // namespace
 
-class LinuxDrives::Monitor {
- public:
-  Monitor(std::function<void()> changed, DesktopMounts& desktop)
-      : changed_(std::move(changed)),
-        desktop_(desktop.Listen(changed_)),
-        source_(g_unix_mount_monitor_get()) {
-    signal_ = g_signal_connect(source_, "mounts-changed", G_CALLBACK(&Monitor::Report), this);
-  }
-  Monitor(const Monitor&) = delete;
-  Monitor& operator=(const Monitor&) = delete;
-  ~Monitor() {
-    g_signal_handler_disconnect(source_, signal_);
-    g_object_unref(source_);
-  }
+struct LinuxDrives::Monitor {
+  Monitor(const std::function<void()>& changed, DesktopMounts& desktop)
+      : Desktop(desktop.Listen(changed)), Mounts(changed) {}
 
- private:
-  static void Report(GUnixMountMonitor*, gpointer data) {
-    // A copy, since the call may end this object.
-    const std::function<void()> changed = static_cast<Monitor*>(data)->changed_;
-    GuardedCall(changed);
-  }
-
-  std::function<void()> changed_;
-  std::shared_ptr<void> desktop_;
-  GUnixMountMonitor* source_;
-  gulong signal_;
+  std::shared_ptr<void> Desktop;
+  MountNotices Mounts;
 };
 
 LinuxDrives::LinuxDrives(DesktopMounts& desktop) : desktop_(desktop) {}
@@ -93,7 +73,7 @@ std::string LinuxDrives::DriveOf(const std::string& path) const {
 }
 
 void LinuxDrives::OnChange(std::function<void()> changed) {
-  monitor_ = changed ? std::make_unique<Monitor>(std::move(changed), desktop_) : nullptr;
+  monitor_ = changed ? std::make_unique<Monitor>(changed, desktop_) : nullptr;
 }
 
 }  // namespace tarnwell::platform

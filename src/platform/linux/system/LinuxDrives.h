@@ -25,7 +25,7 @@ class LinuxDrives : public Drives {
   void OnChange(std::function<void()> changed) override;
 
  private:
-  class Monitor;
+  struct Monitor;
   std::vector<Mount> Mounts() const;
 
   DesktopMounts& desktop_;

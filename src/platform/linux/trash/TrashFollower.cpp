@@ -1,13 +1,12 @@
 #include "platform/linux/trash/TrashFollower.h"
 
-#include <gio/gunixmounts.h>
+#include <glib.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <thread>
 
-#include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/GuardedCall.h"
 #include "platform/linux/posix/PostToLoop.h"
 #include "platform/linux/posix/SystemError.h"
@@ -20,26 +19,6 @@ constexpr unsigned tick = 1000;  // milliseconds
 constexpr std::chrono::seconds patience(3);
 
 }  // namespace
-
-struct TrashFollower::MountNotices {
-  explicit MountNotices(TrashFollower& owner) : Owner(owner), Monitor(g_unix_mount_monitor_get()) {
-    Signal =
-        g_signal_connect(Monitor.get(), "mounts-changed", G_CALLBACK(&MountNotices::Report), this);
-  }
-  MountNotices(const MountNotices&) = delete;
-  MountNotices& operator=(const MountNotices&) = delete;
-  ~MountNotices() { g_signal_handler_disconnect(Monitor.get(), Signal); }
-
-  static void Report(GUnixMountMonitor*, gpointer data) {
-    TrashFollower& owner = static_cast<MountNotices*>(data)->Owner;
-    const auto alive = owner.shared_from_this();
-    GuardedCall([&] { owner.FindVolumes(); });
-  }
-
-  TrashFollower& Owner;
-  GioObject<GUnixMountMonitor> Monitor;
-  gulong Signal = 0;
-};
 
 TrashFollower::TrashFollower(TrashPlaces places, FolderWatch& watches, const Drives& drives,
                              BusyVolumes busy, TrashListener& listener, std::string drive)
@@ -55,7 +34,9 @@ TrashFollower::~TrashFollower() {
 }
 
 void TrashFollower::Start() {
-  mounts_ = std::make_unique<MountNotices>(*this);
+  mounts_ = std::make_unique<MountNotices>([self = weak_from_this()] {
+    if (const auto alive = self.lock()) alive->FindVolumes();
+  });
   timer_ = g_timeout_add(
       tick,
       [](gpointer data) noexcept -> gboolean {

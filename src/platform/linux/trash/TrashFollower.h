@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/FolderWatch.h"
+#include "platform/linux/posix/MountNotices.h"
 #include "platform/linux/trash/LookAtTrash.h"
 #include "platform/linux/trash/TrashTable.h"
 #include "platform/linux/trash/TrashVolumes.h"
@@ -93,7 +94,6 @@ class TrashFollower : public std::enable_shared_from_this<TrashFollower> {
   std::vector<TrashTrouble> troubles_;  // as told last
   bool isSettling_ = true;
   unsigned timer_ = 0;
-  struct MountNotices;
   std::unique_ptr<MountNotices> mounts_;
 };
 
