@@ -379,6 +379,11 @@ TEST_F(ListerWidgetTest, ALowListKeepsItsRowsAndTellsWhatHidesThem) {
   filter->setText("zz");
   list.Tree->setFocus();
   EXPECT_EQ(shown(), "filter ");
+  filter->setFocus();
+  filter->setText("");  // to type another one
+  EXPECT_EQ(shown(), "filter ");
+  filter->setText("zz");
+  list.Tree->setFocus();
   auto* const clear = list.Widget.findChild<QPushButton*>();
   EXPECT_TRUE(clear->isVisible() && !list.Index("/d/one.txt").isValid());
   clear->click();

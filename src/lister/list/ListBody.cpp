@@ -59,11 +59,13 @@ RowState ListBody::StateOf(RowId row) const {
 std::string ListBody::LinkNote(RowId row) const {
   const RowState state = OwnStateOf(row);
   if (!state.IsLink) return "";
-  const std::string path = PathOf(row), what = state.IsBroken ? "Broken link" : "Link";
+  const std::string path = PathOf(row);
+  std::string what = state.IsBroken ? "Broken link" : "Link";
   // A pointer that rests is not to wait for another machine.
   if (Follower.IsAfar(state_.Syntax.ParentOf(path))) return what;
   const std::string target = state_.Services.Files.ReadLink(path);
-  return target.empty() ? what : what + " to " + base::ForDisplay(target);
+  if (!target.empty()) what += " to " + base::ForDisplay(target);
+  return what;
 }
 
 std::string ListBody::BriefText(RowId row, HeadingId heading) const {

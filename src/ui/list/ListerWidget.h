@@ -157,7 +157,7 @@ class ListerWidget : public QWidget,
   QPersistentModelIndex move_;  // where the user put the cursor and the control does not know yet
   bool isRead_ = false;         // by a screen reader, maybe
   int border_ = 0;              // pixels round the list
-  bool toolbarAsked_ = false;   // by the user, who is in it
+  bool toolbarAsked_ = false;   // by the user, who is in it or on the way
   int rowChanges_ = 0;          // calls that change rows and are not ended
   bool scrollDue_ = false;      // the current row is to be brought into view once there is one
   lister::RowId insertParent_ = lister::RootRow;

@@ -78,10 +78,9 @@ void ListerWidget::BuildToolbar() {
   connect(toolbar_, &ListerToolbar::ListAsked, this, [this] { tree_->setFocus(); });
   connect(toolbar_, &ListerToolbar::FocusTaken, this, &ListerWidget::TellFocus);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-    const bool leaves = now != nullptr && !toolbar_->isAncestorOf(now);
-    if (!toolbarAsked_ || !leaves || QApplication::activePopupWidget() != nullptr) return;
-    toolbarAsked_ = false;
-    PlaceChildren();
+    if (now == nullptr || QApplication::activePopupWidget() != nullptr) return;
+    const bool isInside = toolbar_->isAncestorOf(now);
+    if (std::exchange(toolbarAsked_, isInside) != isInside) PlaceChildren();
   });
 }
 
