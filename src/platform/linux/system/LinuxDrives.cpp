@@ -5,15 +5,29 @@
 
 #include <utility>
 
+#include "base/PathSyntax.h"
 #include "platform/linux/files/HomeFolder.h"
 #include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/MountNotices.h"
+#include "platform/linux/posix/VolumeKind.h"
 
 namespace tarnwell::platform {
 namespace {
 
+// GLib looks at what is mounted for people, and so would wait for a server.
+bool IsShown(GUnixMountEntry* entry, const Mount& mount, const std::string& home) {
+  if (!IsFarType(mount.Type)) return g_unix_mount_guess_should_display(entry) != FALSE;
+  if (mount.Internal || mount.Path.find("/.") != std::string::npos) return false;
+  const auto isBelow = [&mount](const std::string& folder) {
+    return !folder.empty() && mount.Path != folder &&
+           base::PathSyntax::Posix().IsWithin(mount.Path, folder);
+  };
+  return isBelow("/media") || isBelow("/run/media") || isBelow(home);
+}
+
 std::vector<Mount> ReadMounts() {
   std::vector<Mount> mounts;
+  const std::string home = FindHomeFolder();
   GList* const entries = g_unix_mounts_get(nullptr);
   for (GList* item = entries; item != nullptr; item = item->next) {
     auto* const entry = static_cast<GUnixMountEntry*>(item->data);
@@ -22,7 +36,7 @@ std::vector<Mount> ReadMounts() {
     mount.Source = TextOf(g_unix_mount_get_device_path(entry));
     mount.Type = TextOf(g_unix_mount_get_fs_type(entry));
     mount.Internal = g_unix_mount_is_system_internal(entry) != FALSE;
-    mount.Shown = g_unix_mount_guess_should_display(entry) != FALSE;
+    mount.Shown = IsShown(entry, mount, home);
     char* const label = g_unix_mount_guess_name(entry);
     mount.Label = TextOf(label);
     g_free(label);
