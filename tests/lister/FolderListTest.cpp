@@ -310,6 +310,8 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   Platform.Files.AddFolder("C:\\back");  // the volume is there again
   List.DrivesChanged();
   EXPECT_NE(RowOf("C:\\back"), NoRow);
+  List.DrivesChanged();  // a count is no news that stands
+  EXPECT_EQ(List.Shown().Status + List.Shown().News(), "2 folders");
 }
 
 TEST_F(FolderList, BearsCommandsOfItsListenerAndAnEndDuringARead) {

@@ -27,6 +27,7 @@ struct ListAppearance {
   bool DragGraphicsOn = false;  // what is dragged lies over the list
   bool HoverGraphicsOn = false;
 
+  std::string News() const { return HasNews ? Status : std::string(); }
   int BorderWidth() const { return std::clamp(Settings.BorderWidth, 0, 8); }  // pixels
 };
 

@@ -123,13 +123,13 @@ void FolderBody::Refresh() {
 // A volume that was taken out and put in again: its root could not be read, and now it can.
 void FolderBody::DrivesChanged() {
   Run([this] {
-    const std::string before = state_.Status;
+    const std::string news = state_.News();
     const bool failed = tree_.Has(FolderTree::TopRow) &&
                         tree_.Node(FolderTree::TopRow).State == BranchState::Failed;
     if (failed && state_.Services.Files.FolderExists(tree_.PathOf(FolderTree::TopRow))) {
       return RefreshAll();
     }
-    folders_.Trouble = before;  // nobody asked for this
+    folders_.Trouble = news;  // nobody asked for this
     return Outcome::Nothing;
   });
 }
@@ -229,13 +229,13 @@ FolderBody::Outcome FolderBody::RefreshAll() {
 }
 
 FolderBody::Outcome FolderBody::ApplyNotices() {
-  const std::string before = state_.Folder;
+  const std::string before = state_.Folder, news = state_.News();
   const std::int64_t start = state_.Services.Clock.Ticks();
   notices_.Apply();
   const std::int64_t now = state_.Services.Clock.Ticks();
   if (now - start > QuickNotices) restUntil_ = now + std::min(now - start, MostRest);
   // Nobody asked for this: what the line says of earlier trouble stands.
-  if (folders_.Trouble.empty() && state_.HasNews) folders_.Trouble = state_.Status;
+  if (folders_.Trouble.empty()) folders_.Trouble = news;
   return tree_.Has(tree_.Open()) ? TellIfMoved(before) : Outcome::Nothing;
 }
 
