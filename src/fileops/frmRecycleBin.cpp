@@ -147,6 +147,11 @@ std::string frmRecycleBin::StatusText() const {
 std::string frmRecycleBin::NoteText() const {
   const TrashedItem* const item = OnlySelected();
   if (item != nullptr && !platform::CanRestore(*item)) return TrashNote(*item);
+  const TrashSum& selected = rows_.Selected();
+  if (selected.Restorable < selected.Items) {
+    return services_.Forms.Numbers.Grouped(selected.Items - selected.Restorable) +
+           " of the selected items cannot be restored, only deleted.";
+  }
   std::string text;
   for (const platform::TrashTrouble& trouble : troubles_) {
     if (!text.empty()) text += ' ';
