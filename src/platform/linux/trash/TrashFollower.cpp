@@ -18,6 +18,10 @@ namespace {
 constexpr unsigned tick = 1000;  // milliseconds
 constexpr std::chrono::seconds patience(3);
 
+// Whoever empties a large trash makes more notices than are kept, time and again. All is read anew
+// then, which holds up those who take items out of the folder: for most of the time nothing is.
+constexpr int restAfterAll = 4;  // times as long as reading took
+
 }  // namespace
 
 TrashFollower::TrashFollower(TrashPlaces places, FolderWatch& watches, const Drives& drives,
@@ -70,7 +74,10 @@ void TrashFollower::Refresh() {
   isSettling_ = true;
   for (const VolumePlace& volume : volumes_) {
     volume->NeedsLook = true;
-    for (Trash& trash : volume->Trashes) trash.NeedsAll = true;
+    for (Trash& trash : volume->Trashes) {
+      trash.NeedsAll = true;
+      trash.RestsUntil = {};
+    }
   }
   PostToLoop([self = weak_from_this()] {
     if (const auto alive = self.lock()) alive->FindVolumes();
@@ -175,6 +182,8 @@ void TrashFollower::Work(const VolumePlace& volume) {
   for (std::size_t at = 0; at < volume->Trashes.size(); ++at) {
     Trash& trash = volume->Trashes[at];
     if (!trash.IsRead || (!trash.NeedsAll && trash.Changed.empty())) continue;
+    const Moment now = std::chrono::steady_clock::now();
+    if (trash.NeedsAll && now < trash.RestsUntil) continue;
     const auto take = [volume, at, post](std::vector<TrashEntry> entries) {
       post([volume, at, entries = std::move(entries)](TrashFollower& self) mutable {
         TrashChanges changes;
@@ -204,12 +213,15 @@ void TrashFollower::Work(const VolumePlace& volume) {
           post([volume, at, status](TrashFollower& self) {
             Trash& done = volume->Trashes[at];
             done.Trouble = status;
+            const Moment ended = std::chrono::steady_clock::now();
+            done.RestsUntil = ended + restAfterAll * (ended - done.Begun);
             TrashChanges changes;
             if (status) done.Table.EndAll(changes);
             self.Tell(std::move(changes));
           });
         });
     if (!begins) return;
+    trash.Begun = now;
     trash.NeedsAll = false;
     trash.Changed.clear();
     return;

@@ -52,6 +52,7 @@ class TrashFollower : public std::enable_shared_from_this<TrashFollower> {
     bool NeedsAll = false;          // is to be read
     std::set<std::string> Changed;  // names of which something changed
     bool IsMeasuring = false;
+    Moment Begun, RestsUntil;  // of reading all
   };
   // Threads ask whether what they do is still wanted.
   using Wanted = std::shared_ptr<std::atomic<bool>>;
