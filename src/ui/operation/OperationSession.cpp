@@ -125,7 +125,7 @@ void OperationSession::CancelAndWait() {
 bool OperationSession::IsKept() const {
   if (!isFar_ || cancelledAt_ == 0 || Now() - cancelledAt_ < LastWord) return false;
   const ProgressReport report = mailbox_.Progress();
-  const std::string target(request_.Destination.c_str());
+  const std::string target = request_.Destination.substr(0, request_.Destination.find('\0'));
   return std::ranges::any_of(
       std::array{report.From, report.To, std::string(*base::ItemList(request_.Items).begin()),
                  target},

@@ -10,7 +10,7 @@ namespace {
 template <typename Value, typename Work>
 base::Status AskFor(const FarCalls& calls, const std::string& path, Value& value, Work work) {
   const auto own = std::make_shared<Value>(value);
-  const base::Status status = calls.Ask(path, [own, work = std::move(work)] { return work(*own); });
+  base::Status status = calls.Ask(path, [own, work = std::move(work)] { return work(*own); });
   if (status) value = std::move(*own);
   return status;
 }

@@ -40,7 +40,7 @@ base::Status AttributesOf(const FarCalls& calls, const std::optional<FarPlace>& 
   };
   const auto answer = std::make_shared<Answer>();
   answer->Attributes = attributes;
-  const base::Status status = calls.RunAt(
+  base::Status status = calls.RunAt(
       place,
       [answer, folder, own = std::string(name)] {
         answer->Status = folder->ReadAttributes(own, answer->Attributes);
@@ -60,7 +60,7 @@ base::Status TextOfItem(const FarCalls& calls, const std::optional<FarPlace>& pl
   };
   const auto answer = std::make_shared<Answer>();
   text.clear();
-  const base::Status status = calls.RunAt(
+  base::Status status = calls.RunAt(
       place,
       [answer, folder, own = std::string(name), attribute] {
         answer->Status = folder->ReadExtendedAttribute(own, attribute, answer->Text);
