@@ -139,7 +139,8 @@ TEST_F(FolderList, ShowsAnUnreadableBranchAsEmpty) {
   Platform.Files.At("C:\\Work").ReadFault = {};
   List.RefreshList();
   EXPECT_EQ(Names(work), (Texts{"p9", "p10"}));
-  EXPECT_EQ(List.Shown().Status, "7 folders");
+  List.DrivesChanged();  // a count is no news
+  EXPECT_EQ(List.Shown().Status + List.Shown().News(), "7 folders");
 }
 
 TEST_F(FolderList, TakesOverAnyChange) {
@@ -310,8 +311,6 @@ TEST_F(FolderList, FollowsEveryBranchOnShow) {
   Platform.Files.AddFolder("C:\\back");  // the volume is there again
   List.DrivesChanged();
   EXPECT_NE(RowOf("C:\\back"), NoRow);
-  List.DrivesChanged();  // a count is no news that stands
-  EXPECT_EQ(List.Shown().Status + List.Shown().News(), "2 folders");
 }
 
 TEST_F(FolderList, BearsCommandsOfItsListenerAndAnEndDuringARead) {
