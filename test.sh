@@ -70,9 +70,9 @@ done
 check "format" scripts/check-format
 
 # Nobody runs them here, but they follow what they measure.
-read -ra qtFlags < <(pkg-config --cflags Qt6Widgets)
+read -ra libraryFlags < <(pkg-config --cflags Qt6Widgets gio-2.0)
 check "benchmarks compile" xargs -0 -n 1 -P "$jobs" c++ -std=c++20 -fPIC -Isrc -Itests \
-  -DTARNWELL_TESTS='""' -DTARNWELL_BENCH_DATA='""' "${qtFlags[@]}" -fsyntax-only \
+  -DTARNWELL_TESTS='""' -DTARNWELL_BENCH_DATA='""' "${libraryFlags[@]}" -fsyntax-only \
   < <(printf '%s\0' bench/*.cpp bench/ui/*.cpp)
 
 begin "build of release"

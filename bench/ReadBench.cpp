@@ -120,10 +120,12 @@ struct Bench {
 
   // Seconds from the call to rows in order, or to all of them with their attributes.
   double Read(std::string folder, std::int64_t count, bool namesAlone) {
+    const CutItems cut;
     const int brackets = 0;
     ListerControl list(
         FileListOf(0),
-        {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, brackets}, Events);
+        {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, cut, brackets},
+        Events);
     RowsNoted view;
     view.List = &list;
     view.Stops = namesAlone;
