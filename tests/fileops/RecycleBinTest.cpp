@@ -111,10 +111,10 @@ TEST_F(RecycleBinTest, KeepsTheOrderWhateverComesAndGoes) {
         items[id] = Item(id, "n" + std::to_string(random() % 5), random() % 5, random() % 5);
         few.Take({items[id]});
       }
-      std::vector<TrashedItem> at_once;
-      for (const auto& [id, item] : items) at_once.push_back(item);
-      for (std::uint64_t id = 1000; id < 1300; ++id) at_once.push_back(Item(id, "z", 0, 0));
-      all.Take(at_once);
+      std::vector<TrashedItem> atOnce;
+      for (const auto& [id, item] : items) atOnce.push_back(item);
+      for (std::uint64_t id = 1000; id < 1300; ++id) atOnce.push_back(Item(id, "z", 0, 0));
+      all.Take(atOnce);
       for (std::uint64_t id = 1000; id < 1300; ++id) all.Drop({id});
       EXPECT_EQ(NamesOf(few), NamesOf(all)) << column << descending;
       EXPECT_EQ(few.All().Bytes, all.All().Bytes);
