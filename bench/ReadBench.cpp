@@ -74,6 +74,7 @@ struct NoPump : platform::MessagePump {
 };
 struct NoLauncher : platform::Launcher {
   base::Status Execute(const platform::LaunchRequest&) override { return {}; }
+  base::Status OpenTerminal(const std::string&) override { return {}; }
   std::vector<platform::LaunchFailure> OpenFiles(const std::vector<std::string>&,
                                                  const std::string&) override {
     return {};
@@ -83,6 +84,7 @@ struct NoForms : platform::NumberForms {
   std::string Grouped(std::uint64_t number) const override { return std::to_string(number); }
   std::string Decimal(double number, int) const override { return std::to_string(number); }
   std::string DateAndTime(const platform::LocalTime&) const override { return ""; }
+  std::string DateAndMinute(const platform::LocalTime&) const override { return ""; }
 };
 struct NoStamps : platform::FolderStamps {
   platform::FolderFacts ReadFacts(const std::string&) const override { return {}; }
