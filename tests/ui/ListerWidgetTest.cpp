@@ -427,8 +427,9 @@ TEST_F(ListerWidgetTest, ALegendTellsTheMarksAsFarAsThereIsRoom) {
   std::int32_t mode = 1;
   list.Control.CompareAgainst(records, mode);
   const auto* status = list.Widget.findChild<QLabel*>();
-  const auto* legend = status->findChild<QLabel*>();
   list.Widget.resize(1200, 300);
+  const QList<QAbstractButton*> entries = status->findChildren<QAbstractButton*>();
+  const QWidget* const legend = entries.front()->parentWidget();
   EXPECT_EQ(status->text(), status->accessibleDescription());
   const int whole = legend->width();
   list.Widget.resize(whole * 3 / 2, 300);
@@ -436,6 +437,23 @@ TEST_F(ListerWidgetTest, ALegendTellsTheMarksAsFarAsThereIsRoom) {
   EXPECT_GE(legend->x(), status->width() / 2);
   EXPECT_LT(status->fontMetrics().horizontalAdvance(status->text()), legend->x());
   EXPECT_EQ(legend->accessibleName(), "Marks: only here, smaller");
+
+  // What bears a mark is selected by it, as far as it is on show.
+  const auto entry = [&entries](const char* word) -> QAbstractButton& {
+    return **std::ranges::find(entries, QString(word), &QAbstractButton::text);
+  };
+  list.Control.User().SetFilterText("*e.txt");
+  entry("smaller").click();
+  Settle();
+  EXPECT_EQ(list.Selected(), "one.txt ");
+  PressKey(entry("only here"), Qt::Key_Space, Qt::ControlModifier);
+  Settle();
+  EXPECT_EQ(list.Selected(), "one.txt three.txt ");
+  list.Control.User().SetFilterText("");
+  PressKey(entry("only here"), Qt::Key_Space);
+  Settle();
+  EXPECT_EQ(list.Selected(), "three.txt two.txt ");
+  EXPECT_EQ(list.PathAt(list.Tree->currentIndex()), "/d/three.txt");
 }
 
 TEST_F(ListerWidgetTest, IconsTellItemsApartAsFarAsTheSettingsSay) {

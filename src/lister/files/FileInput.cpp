@@ -101,6 +101,14 @@ void FileInput::SelectEverything(int, int) {
   selection_.SetAll(true);
 }
 
+// The cursor shows where they begin, unless they are added to what is seen already.
+void FileInput::SelectMarked(CompareMarks mark, bool adds) {
+  const RowId first = selection_.SelectMarked(mark, adds);
+  if (first == NoRow || adds) return;
+  SetClicked(first);
+  body_.MoveCurrent(first);
+}
+
 void FileInput::ToggleCurrent(int, int) {
   if (Current() != NoRow) selection_.Toggle(Current());
 }

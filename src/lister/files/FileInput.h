@@ -16,6 +16,7 @@ class FileInput : public CommonInput {
   RowId NextSelected(std::int32_t& position) const override { return selection_.Next(position); }
 
   void SelectAll(bool none) override { selection_.SetAll(!none); }
+  void SelectMarked(CompareMarks mark, bool adds) override;
   void Arrow(int keyCode, bool spaceHeld) override;
   void Space() override;
   void ResetStart() override;

@@ -68,6 +68,17 @@ void RowSelection::SelectThese(const std::vector<RowId>& rows) {
   });
 }
 
+RowId RowSelection::SelectMarked(CompareMarks mark, bool adds) {
+  RowId first = NoRow;
+  SetEach([&](int position, const FileRow& item) {
+    const bool bearsIt = item.Marks.Shares(mark);
+    if (bearsIt && first == NoRow) first = files_.Rows.At(position);
+    return bearsIt || (adds && item.IsSelected);
+  });
+  if (first != NoRow) anchor_.Set(first);
+  return first;
+}
+
 void RowSelection::Toggle(RowId row) {
   anchor_.Set(row);
   files_.Rows.SetSelected(row, !Has(row));

@@ -28,7 +28,9 @@ class RowSelection {
   void Toggle(RowId row);
   // These and no others, by position from the top; at least one.
   void SelectThese(const std::vector<RowId>& rows);
-  // From the row last chosen by the two above to this one; `adds`: the others stay as they are.
+  // Those on show that bear the mark; `adds`: the others stay as they are. Gives the first one.
+  RowId SelectMarked(CompareMarks mark, bool adds);
+  // From the row last chosen by one of those above to this one; `adds`: the others stay as they are.
   void SelectTo(RowId row, bool adds);
 
   // Remembers what is selected now, for the two below.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "lister/list/RowPointer.h"
+#include "lister/rows/Comparison.h"
 #include "lister/rows/ListerView.h"
 
 namespace tarnwell::lister {
@@ -48,6 +49,8 @@ class ListInput {
   virtual MouseAction Action() const { return MouseAction::None; }
 
   virtual void SelectAll(bool /*none*/) {}
+  // The rows on show that bear the mark, and no others unless it `adds` them to what is selected.
+  virtual void SelectMarked(CompareMarks /*mark*/, bool /*adds*/) {}
   // The modifiers that are held while Arrow comes, as far as nobody but the form knows them.
   virtual void SetModifiers(int shift) = 0;
   virtual void Arrow(int keyCode, bool spaceHeld) = 0;

@@ -21,6 +21,10 @@ struct CompareMarks {
   bool Newer : 1 = false;     // its date of last change differs, to the second: later here
   bool Older : 1 = false;     //   or earlier
 
+  bool Shares(CompareMarks other) const {
+    return (OnlyHere && other.OnlyHere) || (Larger && other.Larger) || (Smaller && other.Smaller) ||
+           (Newer && other.Newer) || (Older && other.Older);
+  }
   bool Any() const { return OnlyHere || Larger || Smaller || Newer || Older; }
   bool operator==(const CompareMarks&) const = default;
 };

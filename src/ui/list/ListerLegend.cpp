@@ -1,72 +1,179 @@
 #include "ui/list/ListerLegend.h"
 
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStringList>
+#include <QStyleOptionFocusRect>
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 #include "ui/list/ListerMarks.h"
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/SkinPalettes.h"
 
 namespace tarnwell::ui {
 namespace {
 
-constexpr int EntryGap = 8;
+constexpr int EntryMargin = 4;  // left and right, pixels
 constexpr int WordGap = 4;
-constexpr int EndGap = 5;
+constexpr int EndGap = 1;
+
+struct LegendWord {
+  lister::CompareMarks Mark;
+  const char* Word;
+};
+
+// What is most often wanted comes first: it is there in a narrow pane too.
+constexpr LegendWord LegendWords[] = {{{.Newer = true}, "newer"},
+                                      {{.OnlyHere = true}, "only here"},
+                                      {{.Older = true}, "older"},
+                                      {{.Larger = true}, "larger"},
+                                      {{.Smaller = true}, "smaller"}};
 
 }  // namespace
 
-ListerLegend::ListerLegend(const ListerStyle& style, QWidget* statusLine)
-    : QLabel(statusLine), style_(style) {
+LegendEntry::LegendEntry(lister::CompareMarks mark, const QString& word, const ListerStyle& style,
+                         QWidget* legend)
+    : QAbstractButton(legend), mark_(mark), style_(style) {
+  setText(word);
+  setAccessibleDescription(MarksText(mark));
+  setToolTip(PlainToolTip(MarksText(mark) + QStringLiteral(": selects them, with Ctrl adds them")));
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::ArrowCursor);
+  connect(this, &QAbstractButton::clicked, this, [this] {
+    emit Asked(mark_, QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier));
+  });
+}
+
+QSize LegendEntry::sizeHint() const {
+  const int words = fontMetrics().horizontalAdvance(text());
+  return {2 * EntryMargin + MarksWidth(mark_) + WordGap + words, fontMetrics().height()};
+}
+
+bool LegendEntry::event(QEvent* event) {
+  // Ahead of the window, which has Escape as a shortcut.
+  if (event->type() == QEvent::ShortcutOverride &&
+      static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    event->accept();
+    return true;
+  }
+  return QAbstractButton::event(event);
+}
+
+void LegendEntry::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+      emit StepAsked(-1);
+      return;
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+      emit StepAsked(1);
+      return;
+    case Qt::Key_Escape:
+      emit LeaveAsked();
+      return;
+    case Qt::Key_Space:
+      if (!event->isAutoRepeat()) {
+        emit Asked(mark_, event->modifiers().testFlag(Qt::ControlModifier));
+      }
+      return;
+    default:
+      event->ignore();
+  }
+}
+
+// Space has done its work as it came down.
+void LegendEntry::keyReleaseEvent(QKeyEvent* event) {
+  event->ignore();
+}
+
+void LegendEntry::focusInEvent(QFocusEvent* event) {
+  QAbstractButton::focusInEvent(event);
+  emit FocusChanged();
+}
+
+void LegendEntry::focusOutEvent(QFocusEvent* event) {
+  QAbstractButton::focusOutEvent(event);
+  emit FocusChanged();
+}
+
+void LegendEntry::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (underMouse() || isDown()) painter.fillRect(rect(), LineColour(palette()));
+  const QRect badge(EntryMargin, 0, MarksWidth(mark_), height());
+  PaintMarks(painter, badge, mark_, style_.LegendMore, style_.LegendLess);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(rect().adjusted(badge.right() + 1 + WordGap, 0, 0, 0),
+                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
+  if (!hasFocus()) return;
+  QStyleOptionFocusRect frame;
+  frame.initFrom(this);
+  frame.state |= QStyle::State_KeyboardFocusChange;  // there is no other way to it
+  frame.backgroundColor = palette().color(QPalette::Window);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+}
+
+ListerLegend::ListerLegend(const ListerStyle& style, QWidget* statusLine) : QWidget(statusLine) {
   setAutoFillBackground(true);
+  for (const LegendWord& each : LegendWords) {
+    auto* const entry = new LegendEntry(each.Mark, QString::fromLatin1(each.Word), style, this);
+    entry->hide();
+    entries_.push_back(entry);
+    connect(entry, &LegendEntry::Asked, this, &ListerLegend::Asked);
+    connect(entry, &LegendEntry::StepAsked, this, &ListerLegend::Step);
+    connect(entry, &LegendEntry::LeaveAsked, this, &ListerLegend::LeaveAsked);
+    connect(entry, &LegendEntry::FocusChanged, this, &ListerLegend::FocusChanged);
+  }
   hide();
 }
 
 int ListerLegend::Show(lister::CompareMarks kinds, int room) {
-  const struct {
-    bool Occurs;
-    lister::CompareMarks Mark;
-    QString Word;
-  } all[] = {{kinds.OnlyHere, {.OnlyHere = true}, QStringLiteral("only here")},
-             {kinds.Newer, {.Newer = true}, QStringLiteral("newer")},
-             {kinds.Older, {.Older = true}, QStringLiteral("older")},
-             {kinds.Larger, {.Larger = true}, QStringLiteral("larger")},
-             {kinds.Smaller, {.Smaller = true}, QStringLiteral("smaller")}};
-  entries_.clear();
-  QStringList words, meanings;
+  QStringList words;
   int width = EndGap;
   bool fits = true;
-  for (const auto& [occurs, mark, word] : all) {
-    if (!occurs) continue;
-    words << word;
-    meanings << MarksText(mark);
-    const int more = EntryGap + MarksWidth(mark) + WordGap + fontMetrics().horizontalAdvance(word);
-    fits = fits && width + more <= room;
-    if (!fits) continue;
-    width += more;
-    entries_.push_back({mark, word, more});
+  for (LegendEntry* const entry : entries_) {
+    const bool occurs = kinds.Shares(entry->Mark());
+    const int more = entry->sizeHint().width();
+    fits = fits && (!occurs || width + more <= room);
+    if (occurs) words << entry->text();
+    const bool shown = occurs && fits;
+    if (shown) entry->setGeometry(width - EndGap, 0, more, parentWidget()->height());
+    if (!shown && entry->hasFocus()) emit LeaveAsked();
+    entry->setVisible(shown);
+    if (shown) width += more;
   }
-  setVisible(!entries_.empty());
-  if (entries_.empty()) return 0;
+  setVisible(width > EndGap);
+  if (width == EndGap) return 0;
   const QRect line = parentWidget()->rect();
   setGeometry(line.right() + 1 - width, line.top(), width, line.height());
   // In full, whatever there is room for.
   setAccessibleName(QStringLiteral("Marks: ") + words.join(QStringLiteral(", ")));
-  setToolTip(PlainToolTip(meanings.join(QLatin1Char('\n'))));
-  update();
   return width;
 }
 
-void ListerLegend::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setPen(palette().color(QPalette::WindowText));
-  int left = 0;
-  for (const Entry& entry : entries_) {
-    const QRect badge(left + EntryGap, 0, MarksWidth(entry.Mark), height());
-    PaintMarks(painter, badge, entry.Mark, style_.LegendMore, style_.LegendLess);
-    left += entry.Width;
-    const QRect word(badge.right() + 1 + WordGap, 0, left - badge.right() - 1 - WordGap, height());
-    painter.drawText(word, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, entry.Word);
-  }
+bool ListerLegend::Enter() {
+  const auto first = std::ranges::find_if(entries_, &QWidget::isVisible);
+  if (first == entries_.end()) return false;
+  (*first)->setFocus(Qt::ShortcutFocusReason);
+  return true;
+}
+
+bool ListerLegend::HasKeyboard() const {
+  return std::ranges::any_of(entries_, &QWidget::hasFocus);
+}
+
+void ListerLegend::Step(int step) {
+  std::vector<LegendEntry*> shown;
+  std::ranges::copy_if(entries_, std::back_inserter(shown), &QWidget::isVisible);
+  const auto at = std::ranges::find_if(shown, &QWidget::hasFocus);
+  if (at == shown.end()) return;
+  const auto next = at - shown.begin() + step;
+  if (next < 0 || next >= static_cast<std::ptrdiff_t>(shown.size())) return;
+  shown[static_cast<std::size_t>(next)]->setFocus(Qt::ShortcutFocusReason);
 }
 
 }  // namespace tarnwell::ui

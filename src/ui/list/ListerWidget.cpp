@@ -64,7 +64,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   status_->setAutoFillBackground(true);
   status_->setMargin(2);
   status_->setIndent(3);
-  if (fileList_) legend_ = new ListerLegend(style_, status_);
+  if (fileList_) BuildLegend();
   note_ = new ListerNote(*this, *tree_, lister::PaneOf(control.Id()));
 
   taskTimer_.setSingleShot(true);
@@ -304,7 +304,8 @@ void ListerWidget::ShowStatus() {
   const QString text = ToShownQString(control_.Shown().Status);
   int room = status_->width() - status_->indent() - 2 * status_->margin();
   if (legend_) {
-    const int wanted = status_->fontMetrics().horizontalAdvance(text);
+    // The text gives way while the keyboard is among the marks, so that all can be reached.
+    const int wanted = legend_->HasKeyboard() ? 0 : status_->fontMetrics().horizontalAdvance(text);
     room -= legend_->Show(control_.Shown().Marks, room - std::min(wanted, room / 2));
   }
   status_->setText(status_->fontMetrics().elidedText(text, Qt::ElideRight, room));
@@ -365,6 +366,10 @@ void ListerWidget::EnterControls() {
   if (!drives_) return;
   drives_->setFocus();
   drives_->showPopup();
+}
+
+void ListerWidget::EnterLegend() {
+  if (legend_ && legend_->Enter()) TellFocus();
 }
 
 void ListerWidget::CatchUpLater(int milliseconds) {

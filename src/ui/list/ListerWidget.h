@@ -43,6 +43,8 @@ class ListerWidget : public QWidget,
 
   // Gives the keyboard to the filter of a file list, or unfolds the drives of a folder list.
   void EnterControls();
+  // Gives the keyboard to the marks of a comparison, where there are any.
+  void EnterLegend();
 
   QSize minimumSizeHint() const override { return {40, 40}; }
 
@@ -97,6 +99,7 @@ class ListerWidget : public QWidget,
 
   void BuildDriveList();
   void BuildToolbar();
+  void BuildLegend();
   void ConnectTree();
   void ConnectMouse();
   void ConnectDrop();

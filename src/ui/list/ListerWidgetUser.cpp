@@ -16,6 +16,7 @@
 #include "ui/list/ListerDrop.h"
 #include "ui/list/ListerHeader.h"
 #include "ui/list/ListerKeys.h"
+#include "ui/list/ListerLegend.h"
 #include "ui/list/ListerModel.h"
 #include "ui/list/ListerNote.h"
 #include "ui/list/ListerToolbar.h"
@@ -82,6 +83,19 @@ void ListerWidget::BuildToolbar() {
     const bool isInside = toolbar_->isAncestorOf(now);
     if (std::exchange(toolbarAsked_, isInside) != isInside) PlaceChildren();
   });
+}
+
+void ListerWidget::BuildLegend() {
+  legend_ = new ListerLegend(style_, status_);
+  connect(legend_, &ListerLegend::Asked, this, [this](lister::CompareMarks mark, bool adds) {
+    if (!legend_->HasKeyboard()) TakeFocus();
+    TellFocus();
+    Queue([this, mark, adds] { control_.Input().SelectMarked(mark, adds); });
+  });
+  connect(legend_, &ListerLegend::LeaveAsked, this, [this] { tree_->setFocus(); });
+  // Later, since it shows the legend anew.
+  connect(legend_, &ListerLegend::FocusChanged, this, &ListerWidget::StatusChanged,
+          Qt::QueuedConnection);
 }
 
 void ListerWidget::ConnectTree() {

@@ -104,6 +104,7 @@ void MainWindow::BindKeys() {
   const auto bind = [this](const QKeySequence& key, auto act) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, act);
   };
+  bind(Qt::CTRL | Qt::Key_E, [this] { EnterLegend(); });
   bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
   bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
   bind(Qt::ALT | Qt::Key_Down, [this] { Guarded([this] { master_.OpenTitleMenu(); }); });
@@ -257,6 +258,11 @@ void MainWindow::NoteFocus() {
 void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
   const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
   if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
+}
+
+void MainWindow::EnterLegend() {
+  const auto found = lists_.find(lister::FileListOf(lister::PaneOf(master_.Space().ActiveList)));
+  if (found != lists_.end() && found->second->isVisible()) found->second->EnterLegend();
 }
 
 // What the menu key does, which keyboards may lack.
