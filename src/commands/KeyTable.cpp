@@ -73,6 +73,7 @@ constexpr std::string_view AllLists = "lists, trees";
 constexpr std::string_view FileLists = "file lists";
 constexpr std::string_view Trees = "trees";
 constexpr std::string_view Filter = "filter";
+constexpr std::string_view Marks = "marks";
 constexpr std::string_view CommandStrip = "command line";
 constexpr std::string_view RecycleBin = "recycle bin";
 
@@ -134,6 +135,8 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
     {"Ctrl+Space", FileLists, "the same for the item under the cursor"},
     {"Insert", FileLists, "the same, and one down"},
     {"Ctrl+A", FileLists, "selects all"},
+    {"Ctrl+E", Window, "into the marks of a comparison: the arrows lead from one to the next"},
+    {"Space, Ctrl+Space", Marks, "selects what bears the mark; adds it to what is selected"},
     {"Files and folders"},
     {"F5", Panes, "copies what is selected to the next pane, after a question", "",
      [](Keyed parts) { Send(parts, platform::CopyWord, 0); }},
