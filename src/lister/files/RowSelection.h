@@ -30,7 +30,8 @@ class RowSelection {
   void SelectThese(const std::vector<RowId>& rows);
   // Those on show that bear the mark; `adds`: the others stay as they are. Gives the first one.
   RowId SelectMarked(CompareMarks mark, bool adds);
-  // From the row last chosen by one of those above to this one; `adds`: the others stay as they are.
+  // From the row last chosen by one of those above to this one; `adds`: the others stay as they
+  // are.
   void SelectTo(RowId row, bool adds);
 
   // Remembers what is selected now, for the two below.
