@@ -32,14 +32,14 @@ struct ConnectedPlace {
 // Something that only the user knows. Either fields are to be filled in, or a choice is to be made.
 struct PlaceQuestion {
   std::string Text;  // of one line or many; others may have written it
-  std::vector<std::string> Choices;
+  std::vector<std::string> Choices{};
   bool WantsUser = false;
   bool WantsDomain = false;
   bool WantsPassword = false;
   bool CanBeAnonymous = false;
   bool CanKeep = false;  // there is a keyring
-  std::string User;      // offered
-  std::string Domain;
+  std::string User{};    // offered
+  std::string Domain{};
 };
 
 enum class PasswordKeeping { No, Session, Keyring };
@@ -54,11 +54,12 @@ struct PlaceAnswer {
 };
 
 struct PlaceOutcome {
-  base::Status Status;
+  base::Status Status{};
   // The user took it back, by a question. There is nothing to tell then.
   bool IsCancelled = false;
   bool IsInUse = false;  // the reason why a place cannot be disconnected
-  std::string Folder;    // to be opened: the one of the address, or else the usual one of the place
+  // Of a place that was connected: the one of the address, or else the usual one of the place.
+  std::string Folder{};
 };
 
 // Hears of one task. Questions come one at a time.

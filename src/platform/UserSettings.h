@@ -1,8 +1,9 @@
-// Port: the few numbers that the desktop keeps for this user and this program, apart from the
-// program's own files.
+// Port: the few numbers and texts that the desktop keeps for this user and this program, apart from
+// the program's own files.
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/Status.h"
 
@@ -18,6 +19,11 @@ class UserSettings {
   // names the file, if there is one.
   virtual base::Status WriteNumber(const std::string& section, const std::string& name,
                                    int value) = 0;
+  // The same for a row of texts, in UTF-8; none where there is no such row.
+  virtual std::vector<std::string> ReadTexts(const std::string& section,
+                                             const std::string& name) const = 0;
+  virtual base::Status WriteTexts(const std::string& section, const std::string& name,
+                                  const std::vector<std::string>& texts) = 0;
 };
 
 }  // namespace tarnwell::platform

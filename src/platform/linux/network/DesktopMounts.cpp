@@ -32,6 +32,9 @@ struct DesktopMounts::State {
   void Ask(const std::shared_ptr<State>& self);
   void Attach(GVolumeMonitor* monitor);
   void Report() const;
+  // Calls `visit` with the mount and its top, for each mount of the desktop's.
+  template <typename Visit>
+  void ForEach(const Visit& visit) const;
 
   static gboolean TakeAnswer(gpointer data);
   static void MountChanged(GVolumeMonitor*, GMount* mount, gpointer data);
@@ -70,6 +73,19 @@ void DesktopMounts::State::Attach(GVolumeMonitor* monitor) {
   Report();
 }
 
+template <typename Visit>
+void DesktopMounts::State::ForEach(const Visit& visit) const {
+  if (Monitor == nullptr) return;
+  GList* const mounts = g_volume_monitor_get_mounts(Monitor);
+  for (GList* item = mounts; item != nullptr; item = item->next) {
+    auto* const mount = static_cast<GMount*>(item->data);
+    if (!IsOfDesktop(mount) || g_mount_is_shadowed(mount) != FALSE) continue;
+    const GioObject<GFile> root(g_mount_get_root(mount));
+    visit(mount, root.get());
+  }
+  g_list_free_full(mounts, &g_object_unref);
+}
+
 void DesktopMounts::State::MountChanged(GVolumeMonitor*, GMount* mount, gpointer data) {
   if (IsOfDesktop(mount)) static_cast<State*>(data)->Report();
 }
@@ -103,17 +119,20 @@ bool DesktopMounts::IsReady() const {
 
 std::vector<DesktopMount> DesktopMounts::List() const {
   std::vector<DesktopMount> found;
-  if (!IsReady()) return found;
-  GList* const mounts = g_volume_monitor_get_mounts(state_->Monitor);
-  for (GList* item = mounts; item != nullptr; item = item->next) {
-    auto* const mount = static_cast<GMount*>(item->data);
-    if (!IsOfDesktop(mount) || g_mount_is_shadowed(mount) != FALSE) continue;
-    const GioObject<GFile> root(g_mount_get_root(mount));
+  state_->ForEach([&](GMount* mount, GFile* root) {
     found.push_back({TextOf(GioText(g_mount_get_name(mount)).get()),
-                     TextOf(GioText(g_file_get_uri(root.get())).get()),
-                     TextOf(GioText(g_file_get_path(root.get())).get())});
-  }
-  g_list_free_full(mounts, &g_object_unref);
+                     TextOf(GioText(g_file_get_uri(root)).get()),
+                     TextOf(GioText(g_file_get_path(root)).get())});
+  });
+  return found;
+}
+
+std::shared_ptr<void> DesktopMounts::Find(const std::string& address) const {
+  std::shared_ptr<void> found;
+  state_->ForEach([&](GMount* mount, GFile* root) {
+    if (TextOf(GioText(g_file_get_uri(root)).get()) != address) return;
+    found = std::shared_ptr<void>(g_object_ref(mount), &g_object_unref);
+  });
   return found;
 }
 

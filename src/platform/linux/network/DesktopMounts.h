@@ -33,6 +33,8 @@ class DesktopMounts {
   bool IsReady() const;
   // Empty until then.
   std::vector<DesktopMount> List() const;
+  // GIO's object for the mount of that address, a GMount; null if there is none.
+  std::shared_ptr<void> Find(const std::string& address) const;
 
  private:
   struct State;

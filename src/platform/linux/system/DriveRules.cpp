@@ -12,10 +12,6 @@ constexpr std::array<std::string_view, 10> systemFolders = {
     "/boot", "/dev", "/etc", "/proc", "/run", "/snap", "/sys", "/tmp", "/usr", "/var",
 };
 
-constexpr std::array<std::string_view, 9> shareTypes = {
-    "nfs", "nfs4", "cifs", "smb3", "smbfs", "9p", "virtiofs", "fuse.sshfs", "fuse.rclone",
-};
-
 // The type of the mount that holds a folder for each place that the desktop has mounted.
 constexpr std::string_view placesType = "fuse.gvfsd-fuse";
 
@@ -26,7 +22,7 @@ std::string PlaceHolding(std::string_view path, const Mount& places) {
 }
 
 bool IsDiskOrShare(const Mount& mount) {
-  return mount.Source.starts_with("/dev/") || std::ranges::count(shareTypes, mount.Type) != 0;
+  return mount.Source.starts_with("/dev/") || IsShareType(mount.Type);
 }
 
 bool ServesSystem(std::string_view path) {

@@ -6,18 +6,9 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "platform/linux/network/SystemMounts.h"
 
 namespace tarnwell::platform {
-
-// One line of the system's table of mounts.
-struct Mount {
-  std::string Path;       // the mount point
-  std::string Label;      // a name for people
-  std::string Source;     // device, share or the like
-  std::string Type;       // "ext4", "nfs"
-  bool Internal = false;  // of the system's own workings, by what the desktop says
-  bool Shown = false;     // meant for people, by what the desktop says
-};
 
 // True for a volume that a person would name: one the desktop shows, and a disk or share mounted
 // somewhere of the user's own choosing ("/data"), which it does not.

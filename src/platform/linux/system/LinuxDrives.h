@@ -8,7 +8,8 @@
 
 #include "platform/FileSystem.h"
 #include "platform/linux/network/DesktopMounts.h"
-#include "platform/linux/system/DriveRules.h"
+#include "platform/linux/network/SystemMounts.h"
+#include "platform/linux/posix/MountNotices.h"
 
 namespace tarnwell::platform {
 
@@ -18,18 +19,17 @@ class LinuxDrives : public Drives {
  public:
   // The mounts of the desktop, which are asked for with the first OnChange, must outlive this.
   explicit LinuxDrives(DesktopMounts& desktop);
-  ~LinuxDrives() override;
   std::vector<Drive> List() const override;
   std::string HomeFolder() const override;
   std::string DriveOf(const std::string& path) const override;
   void OnChange(std::function<void()> changed) override;
 
  private:
-  struct Monitor;
   std::vector<Mount> Mounts() const;
 
   DesktopMounts& desktop_;
-  std::unique_ptr<Monitor> monitor_;
+  std::shared_ptr<void> ofDesktop_;
+  std::unique_ptr<MountNotices> ofSystem_;
 };
 
 }  // namespace tarnwell::platform

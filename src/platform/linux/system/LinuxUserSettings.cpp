@@ -66,8 +66,39 @@ int LinuxUserSettings::ReadNumber(const std::string& section, const std::string&
   return *error.Place() == nullptr ? value : usual;
 }
 
+std::vector<std::string> LinuxUserSettings::ReadTexts(const std::string& section,
+                                                      const std::string& name) const {
+  std::vector<std::string> texts;
+  std::string text;
+  if (!LinuxFileSystem().ReadFile(path_, text)) return texts;
+  const KeyFile file(g_key_file_new());
+  Parse(text, file.get());
+  gsize count = 0;
+  char** const found =
+      g_key_file_get_string_list(file.get(), section.c_str(), name.c_str(), &count, nullptr);
+  if (found != nullptr) texts.assign(found, found + count);
+  g_strfreev(found);
+  return texts;
+}
+
 base::Status LinuxUserSettings::WriteNumber(const std::string& section, const std::string& name,
                                             int value) {
+  return Rewrite(
+      [&](GKeyFile* file) { g_key_file_set_integer(file, section.c_str(), name.c_str(), value); });
+}
+
+base::Status LinuxUserSettings::WriteTexts(const std::string& section, const std::string& name,
+                                           const std::vector<std::string>& texts) {
+  std::vector<const char*> all;
+  all.reserve(texts.size());
+  for (const std::string& each : texts) all.push_back(each.c_str());
+  return Rewrite([&](GKeyFile* file) {
+    g_key_file_set_string_list(file, section.c_str(), name.c_str(), all.data(), all.size());
+  });
+}
+
+template <typename Change>
+base::Status LinuxUserSettings::Rewrite(const Change& change) {
   if (path_.empty()) return {ENOENT, "There is no home folder to keep settings in"};
   std::string text;
   base::Status status = LinuxFileSystem().ReadFile(path_, text);
@@ -78,7 +109,7 @@ base::Status LinuxUserSettings::WriteNumber(const std::string& section, const st
       status = MoveAside(path_);
       file.reset(g_key_file_new());
     }
-    g_key_file_set_integer(file.get(), section.c_str(), name.c_str(), value);
+    change(file.get());
     const GioText whole(g_key_file_to_data(file.get(), nullptr, nullptr));
     if (status) status = WriteText(path_, whole.get());
   }

@@ -9,7 +9,7 @@
 
 namespace tarnwell::platform {
 
-// The file is read anew for each number. It is made when the first is written, with its folder. A
+// The file is read anew for each value. It is made when the first is written, with its folder. A
 // file that is damaged is not written over: it moves aside as <path>.unread.
 class LinuxUserSettings : public UserSettings {
  public:
@@ -21,8 +21,16 @@ class LinuxUserSettings : public UserSettings {
 
   int ReadNumber(const std::string& section, const std::string& name, int usual) const override;
   base::Status WriteNumber(const std::string& section, const std::string& name, int value) override;
+  std::vector<std::string> ReadTexts(const std::string& section,
+                                     const std::string& name) const override;
+  base::Status WriteTexts(const std::string& section, const std::string& name,
+                          const std::vector<std::string>& texts) override;
 
  private:
+  // `change` gets what is in the file, as GLib reads it.
+  template <typename Change>
+  base::Status Rewrite(const Change& change);
+
   std::string path_;
 };
 
