@@ -1,0 +1,38 @@
+#include "tools/PlaceConversation.h"
+
+#include <utility>
+
+namespace tarnwell::tools {
+
+void PlaceConversation::Start(const Begin& begin, Done done) {
+  GiveUp();
+  done_ = std::move(done);
+  task_ = begin(*this);
+}
+
+void PlaceConversation::GiveUp() {
+  task_.reset();
+  done_ = nullptr;
+  question_.Close();
+}
+
+void PlaceConversation::OnQuestion(const platform::PlaceQuestion& question) {
+  question_.Ask(question, owner_, [this](const platform::PlaceAnswer* answer) {
+    if (task_ == nullptr) return;
+    if (answer == nullptr) {
+      task_->TakeBack();
+    } else {
+      task_->Answer(*answer);
+    }
+  });
+}
+
+// What follows may start the next one, or end this.
+void PlaceConversation::OnDone(const platform::PlaceOutcome& outcome) {
+  const platform::PlaceOutcome told = outcome;
+  const Done done = std::move(done_);
+  GiveUp();
+  if (done) done(told);
+}
+
+}  // namespace tarnwell::tools
