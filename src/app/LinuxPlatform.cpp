@@ -14,6 +14,7 @@
 #include "platform/linux/menu/LinuxContextMenu.h"
 #include "platform/linux/menu/LinuxLauncher.h"
 #include "platform/linux/menu/TerminalCall.h"
+#include "platform/linux/network/LinuxNetworkPlaces.h"
 #include "platform/linux/operation/RunOperation.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/system/LinuxCollation.h"
@@ -59,6 +60,7 @@ Platform MakePlatform(platform::MessagePump& pump) {
       std::make_shared<platform::LinuxFileSystem>(folder), calls);
   auto mounts = std::make_shared<platform::DesktopMounts>();
   made.Drives = std::make_unique<platform::LinuxDrives>(*mounts);
+  made.Network = std::make_unique<platform::LinuxNetworkPlaces>(*mounts);
   made.Mounts = std::move(mounts);
   made.Watches = std::make_unique<platform::LinuxFolderWatch>();
   made.Stamps =

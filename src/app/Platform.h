@@ -21,6 +21,7 @@
 #include "platform/Library.h"
 #include "platform/LogFile.h"
 #include "platform/MessagePump.h"
+#include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
@@ -55,6 +56,7 @@ struct Platform {
   std::unique_ptr<platform::FileSystem> Files;
   std::shared_ptr<void> Mounts;  // of the desktop; behind the next two
   std::unique_ptr<platform::Drives> Drives;
+  std::unique_ptr<platform::NetworkPlaces> Network;
   std::unique_ptr<platform::FolderWatch> Watches;
   std::unique_ptr<platform::FolderStamps> Stamps;
   std::unique_ptr<platform::TrashCan> Trash;  // goes by the drives and watches

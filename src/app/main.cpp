@@ -9,10 +9,13 @@
 #include "lists/ShowCut.h"
 #include "shell/Application.h"
 #include "ui/forms/AcknowWindow.h"
+#include "ui/forms/DisconnectWindow.h"
 #include "ui/forms/HelpWindow.h"
+#include "ui/forms/MapDriveWindow.h"
 #include "ui/forms/MsgBoxWindow.h"
 #include "ui/forms/OperationDialogs.h"
 #include "ui/forms/OptionsWindow.h"
+#include "ui/forms/PlaceQuestionWindow.h"
 #include "ui/forms/QtFormHost.h"
 #include "ui/forms/RecycleBinWindow.h"
 #include "ui/forms/SkinChooserWindow.h"
@@ -140,6 +143,7 @@ int main(int argc, char** argv) {
                                   web,
                                   itemWindows,
                                   *system.Trash,
+                                  *system.Network,
                                   ProgramSite(),
                                   AllLibraries(system),
                                   log.get()},
@@ -165,6 +169,13 @@ int main(int argc, char** argv) {
       [](tools::frmUpdate& form) { return std::make_unique<ui::UpdateWindow>(form); });
   host.Bind<tools::frmTip>(
       [&](tools::frmTip& form) { return std::make_unique<ui::TipWindow>(form, icons); });
+  host.Bind<tools::frmMapDrive>(
+      [](tools::frmMapDrive& form) { return std::make_unique<ui::MapDriveWindow>(form); });
+  host.Bind<tools::frmDisconnect>(
+      [](tools::frmDisconnect& form) { return std::make_unique<ui::DisconnectWindow>(form); });
+  host.Bind<tools::popPlaceQuestion>([](tools::popPlaceQuestion& form) {
+    return std::make_unique<ui::PlaceQuestionWindow>(form);
+  });
   host.Bind<tools::frmHelp>(
       [](tools::frmHelp& form) { return std::make_unique<ui::HelpWindow>(form); });
   host.Bind<fileops::frmRecycleBin>([&](fileops::frmRecycleBin& form) {

@@ -37,7 +37,9 @@
 #include "tools/FileListing.h"
 #include "tools/LoggedListEvents.h"
 #include "tools/UpdateCheck.h"
+#include "tools/frmDisconnect.h"
 #include "tools/frmHelp.h"
+#include "tools/frmMapDrive.h"
 #include "tools/frmTip.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
@@ -141,8 +143,8 @@ class Master : private workspace::PaneHooks,
   void SaveFileListing() override { listing_.SaveFileListing(); }
   void OpenRecycleBin() override { recycleBin_.ShowOver(space_.Form); }
   void EmptyRecycleBin() override;
-  void MapNetworkDrive() override { NotYet("network drives"); }
-  void DisconnectNetworkDrive() override { NotYet("network drives"); }
+  void MapNetworkDrive() override { mapDrive_.ShowOver(space_.Form); }
+  void DisconnectNetworkDrive() override { disconnect_.ShowOver(space_.Form); }
   void ShowTips() override;
   void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
   void OpenHelp() override { help_.ShowOver(space_.Form); }
@@ -187,6 +189,8 @@ class Master : private workspace::PaneHooks,
   settings::frmOptions options_;
   tools::frmHelp help_;
   tools::frmTip tips_;
+  tools::frmMapDrive mapDrive_;
+  tools::frmDisconnect disconnect_;
   workspace::PaneSet panes_;
   workspace::Splitters splitters_;
   lists::Navigation navigation_;

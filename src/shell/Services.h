@@ -18,6 +18,7 @@
 #include "platform/Launcher.h"
 #include "platform/Library.h"
 #include "platform/MessagePump.h"
+#include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
@@ -51,6 +52,7 @@ struct Services {
   platform::Web& Web;
   platform::ItemWindows& ItemWindows;
   platform::TrashCan& Trash;
+  platform::NetworkPlaces& Network;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged

@@ -14,6 +14,7 @@
 #include "platform/ItemWindows.h"
 #include "platform/Keyboard.h"
 #include "platform/MessagePump.h"
+#include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/SystemInfo.h"
@@ -396,12 +397,73 @@ class FakeUserSettings : public platform::UserSettings {
     if (WriteFault) Numbers[section + "/" + name] = value;
     return WriteFault;
   }
+
+  std::map<std::string, std::vector<std::string>> Texts;
+  std::vector<std::string> ReadTexts(const std::string& section,
+                                     const std::string& name) const override {
+    const auto found = Texts.find(section + "/" + name);
+    return found == Texts.end() ? std::vector<std::string>() : found->second;
+  }
+  base::Status WriteTexts(const std::string& section, const std::string& name,
+                          const std::vector<std::string>& texts) override {
+    if (WriteFault) Texts[section + "/" + name] = texts;
+    return WriteFault;
+  }
 };
 
 class FakeKeyboard : public platform::Keyboard {
  public:
   platform::HeldKeys Keys;
   platform::HeldKeys Held() const override { return Keys; }
+};
+
+// Places that a test puts here. What was begun waits in Running until the test tells its user.
+class FakeNetworkPlaces : public platform::NetworkPlaces {
+ public:
+  struct Task : platform::AskingTask {
+    explicit Task(FakeNetworkPlaces& owner) : Owner(owner) {}
+    ~Task() override { Owner.Running = nullptr; }
+    void Answer(const platform::PlaceAnswer& answer) override { Owner.Answers.push_back(answer); }
+    void TakeBack() override { Owner.Acts.emplace_back("take back"); }
+    FakeNetworkPlaces& Owner;
+  };
+
+  platform::NetworkKinds Kinds;
+  std::vector<platform::OfferedPlace> Offers;
+  std::vector<platform::ConnectedPlace> Places;
+  std::vector<std::string> Acts;  // "connect ADDRESS PASSWORD", "disconnect ID"
+  std::vector<platform::PlaceAnswer> Answers;
+  platform::PlaceUser* Running = nullptr;
+  std::function<void()> Changed;
+
+  std::unique_ptr<platform::PlaceTask> FindKinds(
+      std::function<void(const platform::NetworkKinds&)> told) override {
+    told(Kinds);
+    return std::make_unique<platform::PlaceTask>();
+  }
+  std::unique_ptr<platform::PlaceTask> FindOffers(
+      std::function<void(const std::vector<platform::OfferedPlace>&)> told) override {
+    told(Offers);
+    return std::make_unique<platform::PlaceTask>();
+  }
+  std::unique_ptr<platform::AskingTask> Connect(const std::string& address,
+                                                const std::string& password,
+                                                platform::PlaceUser& user) override {
+    return Begin("connect " + address + " " + password, user);
+  }
+  std::unique_ptr<platform::AskingTask> Disconnect(const std::string& id,
+                                                   platform::PlaceUser& user) override {
+    return Begin("disconnect " + id, user);
+  }
+  std::vector<platform::ConnectedPlace> Connected() const override { return Places; }
+  void OnChange(std::function<void()> changed) override { Changed = std::move(changed); }
+
+ private:
+  std::unique_ptr<Task> Begin(const std::string& act, platform::PlaceUser& user) {
+    Acts.push_back(act);
+    Running = &user;
+    return std::make_unique<Task>(*this);
+  }
 };
 
 // A notification area, with the icon that a test may click.
@@ -445,6 +507,7 @@ struct FakePlatform {
   FakeTray Tray;
   FakeItemWindows Items;
   FakeTrashCan Trash;
+  FakeNetworkPlaces Network;
   FakeNumberForms Forms;
   lister::CutItems Cut;
 

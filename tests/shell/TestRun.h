@@ -49,6 +49,7 @@ class TestRun {
              Web,
              machine.Items,
              machine.Trash,
+             machine.Network,
              "https://site.test/"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {
