@@ -1,4 +1,6 @@
 #include "TestRun.h"
+#include "commands/MenuTable.h"
+#include "commands/ToolbarTable.h"
 #include "fakes/TestFile.h"
 #include "fileops/popCopyMove.h"
 #include "lists/TestLists.h"
@@ -258,6 +260,31 @@ TEST_F(RunTest, AsksNothingMoreOnceItIsToEnd) {
   Run.Main().MenuClick("mnuExit");
   EXPECT_EQ(Run.Boxes.size(), 2U) << Run.Boxes.back();
   EXPECT_EQ(Run.Dialogs.Asked.size(), 1U);
+}
+
+// Of every entry and every button something comes, and none says that it is still to come.
+TEST_F(RunTest, EveryCommandIsThere) {
+  Run.Start();
+  Machine.Launcher.Fault = {2, "no browser"};
+  Run.Dialogs.File = "C:\\list.csv";
+  const auto isWayOut = [](auto name) { return name == "mnuExit" || name == "mPopExit"; };
+  for (const forms::MenuRow& row : commands::MenuTable()) {
+    if (!commands::Commands::IsCommand(row.Name) || isWayOut(row.Name)) continue;
+    Machine.Pump.Drop();
+    Machine.Pump.Post([this] { Machine.Trash.Settle(); });
+    Run.Main().MenuClick(row.Name);
+  }
+  for (const forms::ToolbarRow& row : commands::ToolbarTable()) Run.Main().ButtonClick(row.Key);
+  for (const std::string& text : Run.Boxes) {
+    EXPECT_EQ(text.find("does not have"), std::string::npos) << text;
+  }
+  EXPECT_EQ(std::ranges::count(Run.Boxes,
+                               "The site https://site.test/ cannot be opened.\r\n\r\nno browser."),
+            1);
+  EXPECT_TRUE(Machine.Files.Exists("C:\\list.csv"));
+  for (const char* form : {"frmOptions", "frmSkinChooser", "frmTip", "frmHelp", "Splash"}) {
+    EXPECT_TRUE(Run.Host.IsOpen(form)) << form;
+  }
 }
 
 TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {
