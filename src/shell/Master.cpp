@@ -448,11 +448,6 @@ void Master::OpenWebSite() {
       forms::MessageKind::Ok);
 }
 
-void Master::NotYet(std::string_view what) {
-  messages_.Message("This version of Tarnwell does not have " + std::string(what) + " yet.",
-                    forms::MessageKind::Ok);
-}
-
 // Changes to the skin are asked about while the answer still finds its way into the settings.
 void Master::Exit() {
   if (!skinChooser_.QueryUnload()) return;

@@ -166,8 +166,6 @@ class Master : private workspace::PaneHooks,
                    const std::string& folder) override {
     operations_.FileOperate(action, source, target, folder, true, "");
   }
-  // The command is there and its work is to come.
-  void NotYet(std::string_view what);
 
   fileops::TrashServices TrashServices();
   lister::ListerEvents& ListEvents();
