@@ -49,6 +49,12 @@ void GoUp(Keyed parts) {
   parts.Navigation.MoveFocusUpOneFolder(parts.Space.ActiveList);
 }
 
+void EnterMarks(Keyed parts) {
+  const lister::ListId active = parts.Space.ActiveList;
+  if (parts.Space.Lists.Find(active) == nullptr) return;
+  parts.Space.Lists.Files(lister::PaneOf(active)).EnterMarks();
+}
+
 // To the list of the same kind.
 void EnterBeside(Keyed parts, bool back) {
   const lister::ListId from = parts.Space.ActiveList;
@@ -105,7 +111,8 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
     {"Backspace", AllLists, "the same; takes a letter back while typed text is shown"},
     {"Alt+Left", Panes, "back to the folder that the pane showed before", "", GoInHistory<-1>},
     {"Alt+Right", Panes, "forward again", "", GoInHistory<1>},
-    {"Alt+Down", Window, "the menu of the pane's title: folders above, history, bookmarks, accent"},
+    {"Alt+Down", Panes, "the menu of the pane's title: folders above, history, bookmarks, accent",
+     "", [](Keyed parts) { parts.Actions.OpenTitleMenu(); }},
     {"Ctrl+1 to Ctrl+9, Ctrl+0", AllLists, "to the bookmark in slot 1 to 9, 10"},
     {"Ctrl+R", Panes, "reads the list again", "", [](Keyed parts) { parts.Lists.Refresh(); }},
     {"In lists and trees"},
@@ -135,7 +142,8 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
     {"Ctrl+Space", FileLists, "the same for the item under the cursor"},
     {"Insert", FileLists, "the same, and one down"},
     {"Ctrl+A", FileLists, "selects all"},
-    {"Ctrl+E", Window, "into the marks of a comparison: the arrows lead from one to the next"},
+    {"Ctrl+E", Panes, "into the marks of a comparison: the arrows lead from one to the next", "",
+     EnterMarks},
     {"Space, Ctrl+Space", Marks, "selects what bears the mark; adds it to what is selected"},
     {"Files and folders"},
     {"F5", Panes, "copies what is selected to the next pane, after a question", "",

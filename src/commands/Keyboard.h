@@ -21,6 +21,8 @@ class KeyActions {
   // Carries out the entry of the context menu without showing it.
   virtual void ShowShellMenu(shellmenu::MenuMode mode) = 0;
   virtual void DeleteSelection(bool permanent) = 0;
+  // The menu of the title of the pane that has the current list.
+  virtual void OpenTitleMenu() = 0;
   // Copies or moves what is selected in the source list to the folder of the target list.
   virtual void FileOperate(const std::string& action, lister::ListId source, lister::ListId target,
                            const std::string& folder) = 0;

@@ -91,6 +91,10 @@ void ListerControl::TakeFocus(std::string_view modifier) {
   parts_->State.View().TakeFocus();
 }
 
+void ListerControl::EnterMarks() {
+  parts_->State.View().EnterMarks();
+}
+
 void ListerControl::RedrawList() {
   parts_->State.View().Repaint();
 }

@@ -74,6 +74,8 @@ class ListerControl : public forms::Control, public ListFields {
   // `modifier` is "shift", "ctrl" or empty: the key that was pressed as the list was given the
   // keyboard.
   void TakeFocus(std::string_view modifier = "");
+  // Gives the keyboard to the marks of a comparison, where there are any.
+  void EnterMarks();
   void RedrawList();
   // Reads the folder again and shows it; branches that are expanded stay so, the cursor stays on
   // the item of its name, or goes to the place where that was. In a file list selection and scroll

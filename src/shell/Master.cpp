@@ -397,7 +397,6 @@ void Master::TitlePictureClick(int pane) {
 }
 
 void Master::OpenTitleMenu() {
-  splitters_.GiveUp();
   if (space_.Lists.Find(space_.CurrentList) == nullptr) return;
   titleMenu_.Show(lister::PaneOf(space_.CurrentList));
 }

@@ -88,8 +88,6 @@ class Master : private workspace::PaneHooks,
   void TitleMouseDown(int pane);
   // The picture in the title: what a click on the title does, then the title's menu.
   void TitlePictureClick(int pane);
-  // The title's menu of the pane that has the current list.
-  void OpenTitleMenu();
   // The mouse over the form's own surface, in twips; a press and a release of any button.
   void MouseMove(float x, float y) { splitters_.MouseMove(x, y); }
   void MouseDown(float x, float y) { splitters_.MouseDown(x, y); }
@@ -158,6 +156,7 @@ class Master : private workspace::PaneHooks,
   // what it does.
   void EscapeKey() override;
   void RenameItem(bool byKey) override { rename_.RenameItem(byKey); }
+  void OpenTitleMenu() override;
   void ShowShellMenu(shellmenu::MenuMode mode) override {
     contextMenu_.ShowShellMenu(0, 0, "", mode);
   }

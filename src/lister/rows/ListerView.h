@@ -49,6 +49,7 @@ class ListerView {
   virtual void DrivesChanged() = 0;  // the drives, or which one is shown
   virtual void Repaint() = 0;
   virtual void TakeFocus() = 0;
+  virtual void EnterMarks() = 0;             // the keyboard goes to what tells the marks, if any
   virtual void ScrollRows(int rows) = 0;     // down; up if it is below 0
   virtual RowRange VisibleRows() const = 0;  // of a file list: rows on the screen
   virtual int PageRows() const = 0;          // how many rows fit on the screen, at least 1

@@ -30,6 +30,7 @@ class NoView : public ListerView {
   void DrivesChanged() override {}
   void Repaint() override {}
   void TakeFocus() override {}
+  void EnterMarks() override {}
   void ScrollRows(int) override {}
   RowRange VisibleRows() const override { return {}; }
   int PageRows() const override { return 1; }

@@ -368,8 +368,8 @@ void ListerWidget::EnterControls() {
   drives_->showPopup();
 }
 
-void ListerWidget::EnterLegend() {
-  if (legend_ && legend_->Enter()) TellFocus();
+void ListerWidget::EnterMarks() {
+  if (isVisible() && legend_ && legend_->Enter()) TellFocus();
 }
 
 void ListerWidget::CatchUpLater(int milliseconds) {

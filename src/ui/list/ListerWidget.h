@@ -43,8 +43,6 @@ class ListerWidget : public QWidget,
 
   // Gives the keyboard to the filter of a file list, or unfolds the drives of a folder list.
   void EnterControls();
-  // Gives the keyboard to the marks of a comparison, where there are any.
-  void EnterLegend();
 
   QSize minimumSizeHint() const override { return {40, 40}; }
 
@@ -79,6 +77,7 @@ class ListerWidget : public QWidget,
   void DrivesChanged() override;
   void Repaint() override;
   void TakeFocus() override;
+  void EnterMarks() override;
   void ScrollRows(int rows) override;
   lister::RowRange VisibleRows() const override;
   int PageRows() const override;

@@ -60,6 +60,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       others_(*this, [this] { master_.MenuClick("mPopRestore"); }) {
   setMinimumSize(LeastSize);
   setCentralWidget(surface_);
+  menuBar()->setAccessibleName(QStringLiteral("Menu bar"));
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     PaneTitle*& title = titles_[pane];
     title = new PaneTitle(
@@ -104,10 +105,8 @@ void MainWindow::BindKeys() {
   const auto bind = [this](const QKeySequence& key, auto act) {
     connect(new QShortcut(key, this), &QShortcut::activated, this, act);
   };
-  bind(Qt::CTRL | Qt::Key_E, [this] { EnterLegend(); });
   bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
   bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
-  bind(Qt::ALT | Qt::Key_Down, [this] { Guarded([this] { master_.OpenTitleMenu(); }); });
   bind(Qt::Key_F1, [this] { master_.KeyDown(lister::F1Key, 0); });
   bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
   bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
@@ -258,11 +257,6 @@ void MainWindow::NoteFocus() {
 void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
   const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
   if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
-}
-
-void MainWindow::EnterLegend() {
-  const auto found = lists_.find(lister::FileListOf(lister::PaneOf(master_.Space().ActiveList)));
-  if (found != lists_.end() && found->second->isVisible()) found->second->EnterLegend();
 }
 
 // What the menu key does, which keyboards may lack.

@@ -55,7 +55,6 @@ class MainWindow : public QMainWindow, public FormWindow {
   void NoteFocus();
   void TakeKeyboard();
   void EnterControls(lister::ListId (*listOf)(int));  // of the active pane's list
-  void EnterLegend();
   void PressMenuKey();
   bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
   bool HasKeyboard(lister::ListId list) const;
