@@ -88,8 +88,9 @@ class TitleChoices {
     const workspace::PaneHistory& history = workspace_.Histories[pane_];
     TitleEntries entries;
     for (std::size_t place = history.Folders.size(); place-- > 0;) {
-      entries.push_back(Choice(ShownCaption(history.Folders[place]), "",
-                               [this, place] { navigation_.OpenFromHistory(pane_, place); }));
+      entries.push_back(
+          Choice(ShownCaption(history.Folders[place]), "",
+                 [this, place, folder = history.Folders[place]] { GoBackTo(place, folder); }));
       entries.back().IsChecked = place == history.Here;
     }
     return Submenu("&History", std::move(entries));
@@ -152,12 +153,28 @@ class TitleChoices {
   }
 
   ContextEntry ToFolder(std::string caption, const std::string& folder) {
-    return Choice(std::move(caption), "folder", [this, folder] {
-      const lister::ListId current = workspace_.CurrentList;
-      const bool isOurs =
-          workspace_.Lists.Find(current) != nullptr && lister::PaneOf(current) == pane_;
-      workspace_.Lists[isOurs ? current : lister::FolderListOf(pane_)].GoToFolder(folder);
-    });
+    return Choice(std::move(caption), "folder", [this, folder] { Open(folder); });
+  }
+
+  void Open(const std::string& folder) {
+    const lister::ListId current = workspace_.CurrentList;
+    const bool isOurs =
+        workspace_.Lists.Find(current) != nullptr && lister::PaneOf(current) == pane_;
+    workspace_.Lists[isOurs ? current : lister::FolderListOf(pane_)].GoToFolder(folder);
+  }
+
+  // Places may have shifted while the menu was up.
+  void GoBackTo(std::size_t place, const std::string& folder) {
+    const std::vector<std::string>& folders = workspace_.Histories[pane_].Folders;
+    if (place >= folders.size() || folders[place] != folder) {
+      place = static_cast<std::size_t>(
+          std::distance(folders.begin(), std::ranges::find(folders, folder)));
+    }
+    if (place < folders.size()) {
+      navigation_.OpenFromHistory(pane_, place);
+    } else {
+      Open(folder);
+    }
   }
 
   std::string OpenFolder() const {
