@@ -34,10 +34,11 @@ constexpr LegendWord LegendWords[] = {{{.Newer = true}, "newer"},
 
 }  // namespace
 
-LegendEntry::LegendEntry(lister::CompareMarks mark, const QString& word, const ListerStyle& style,
-                         QWidget* legend)
+LegendEntry::LegendEntry(lister::CompareMarks mark, const QString& word, int pane,
+                         const ListerStyle& style, QWidget* legend)
     : QAbstractButton(legend), mark_(mark), style_(style) {
   setText(word);
+  setAccessibleName(QStringLiteral("%1 of pane %2").arg(word).arg(pane + 1));
   setAccessibleDescription(MarksText(mark));
   setToolTip(PlainToolTip(MarksText(mark) + QStringLiteral(": selects them, with Ctrl adds them")));
   setFocusPolicy(Qt::NoFocus);
@@ -117,10 +118,12 @@ void LegendEntry::paintEvent(QPaintEvent*) {
   style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 
-ListerLegend::ListerLegend(const ListerStyle& style, QWidget* statusLine) : QWidget(statusLine) {
+ListerLegend::ListerLegend(int pane, const ListerStyle& style, QWidget* statusLine)
+    : QWidget(statusLine) {
   setAutoFillBackground(true);
   for (const LegendWord& each : LegendWords) {
-    auto* const entry = new LegendEntry(each.Mark, QString::fromLatin1(each.Word), style, this);
+    auto* const entry =
+        new LegendEntry(each.Mark, QString::fromLatin1(each.Word), pane, style, this);
     entry->hide();
     entries_.push_back(entry);
     connect(entry, &LegendEntry::Asked, this, &ListerLegend::Asked);

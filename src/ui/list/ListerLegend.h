@@ -17,7 +17,7 @@ class LegendEntry : public QAbstractButton {
   Q_OBJECT
 
  public:
-  LegendEntry(lister::CompareMarks mark, const QString& word, const ListerStyle& style,
+  LegendEntry(lister::CompareMarks mark, const QString& word, int pane, const ListerStyle& style,
               QWidget* legend);
 
   lister::CompareMarks Mark() const { return mark_; }
@@ -46,8 +46,8 @@ class ListerLegend : public QWidget {
   Q_OBJECT
 
  public:
-  // Lies on the status line; the style outlives it.
-  ListerLegend(const ListerStyle& style, QWidget* statusLine);
+  // Lies on the status line of the pane, which counts from 0; the style outlives it.
+  ListerLegend(int pane, const ListerStyle& style, QWidget* statusLine);
 
   // Shows the first of the kinds, as many as fit into `room` pixels, and gives the pixels it takes
   // of the right end; 0 where it shows none.

@@ -101,6 +101,7 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
     : QWidget(parent), control_(control), style_(style), filter_(new FilterField(this)) {
   setMinimumSize(0, 0);
   const int pane = lister::PaneOf(control.Id()) + 1;
+  setAccessibleName(QStringLiteral("Toolbar of pane %1").arg(pane));
   extensions_ = new ExtensionBox(QStringLiteral("Extensions of pane %1").arg(pane), this);
   extensions_->Fill = [this] { FillExtensions(); };
   extensions_->setToolTip(QStringLiteral("Show files of one extension"));
@@ -113,6 +114,9 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
   filter_->setToolTip(
       QStringLiteral("Show names that fit: * any characters, ? one character, # one digit"));
   filter_->setClearButtonEnabled(true);
+  for (QToolButton* const button : filter_->findChildren<QToolButton*>()) {
+    button->setAccessibleName(QStringLiteral("Clear filter text of pane %1").arg(pane));
+  }
   filter_->setFrame(false);
   filter_->setMinimumSize(0, 0);
   filter_->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -52,6 +52,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
 
   tree_ = new ListerTree(control, style_, this);
   tree_->setAccessibleName(name.at(0).toUpper() + name.mid(1));
+  setAccessibleName(QStringLiteral("List of ") + name);
   header_ = new ListerHeader(control, style_, tree_);
   header_->BecomeHeaderOf(*tree_);
   tree_->setModel(model_);

@@ -86,7 +86,7 @@ void ListerWidget::BuildToolbar() {
 }
 
 void ListerWidget::BuildLegend() {
-  legend_ = new ListerLegend(style_, status_);
+  legend_ = new ListerLegend(lister::PaneOf(control_.Id()), style_, status_);
   connect(legend_, &ListerLegend::Asked, this, [this](lister::CompareMarks mark, bool adds) {
     if (!legend_->HasKeyboard()) TakeFocus();
     TellFocus();

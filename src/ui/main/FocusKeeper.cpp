@@ -25,6 +25,7 @@ bool IsTyping(QEvent::Type type) {
 
 FocusKeeper::FocusKeeper(std::function<QWidget*()> typist, QWidget* parent)
     : QWidget(parent), typist_(std::move(typist)) {
+  setAccessibleName(QStringLiteral("Keyboard"));
   setAttribute(Qt::WA_InputMethodEnabled);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setGeometry(-1, -1, 1, 1);

@@ -24,6 +24,7 @@ float MiddleInTwips(double pixel) {
 FormSurface::FormSurface(Actions actions, QWidget* parent)
     : QWidget(parent), actions_(std::move(actions)) {
   setObjectName(QStringLiteral("FormSurface"));
+  setAccessibleName(QStringLiteral("Panes"));
   setAutoFillBackground(true);
   setMouseTracking(true);
 }

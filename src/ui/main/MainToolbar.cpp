@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QToolButton>
 #include <algorithm>
 #include <utility>
 
@@ -44,7 +45,9 @@ void MainToolbar::Build() {
   for (const forms::ToolbarButton& button : form.Toolbar1.Buttons()) {
     groupEnded = groupEnded || button.Style == forms::ButtonStyle::Separator;
     if (!commands::Commands::IsCommand(button.Key)) continue;
-    if (std::exchange(groupEnded, false) && !buttons_.empty()) addSeparator();
+    if (std::exchange(groupEnded, false) && !buttons_.empty()) {
+      widgetForAction(addSeparator())->setAccessibleName(QStringLiteral("Separator"));
+    }
     QAction* action = addAction(ToQString(button.Key));
     action->setObjectName(ToQString(button.Key));
     action->setCheckable(button.Style == forms::ButtonStyle::Check);
@@ -58,6 +61,10 @@ void MainToolbar::Build() {
       Guarded([this, &key] { master_.ButtonClick(key); });
       master_.Form().Touch();
     });
+  }
+  if (auto* const more = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+    more->setAccessibleName(QStringLiteral("More buttons"));
+    more->setToolTip(more->accessibleName());
   }
 }
 

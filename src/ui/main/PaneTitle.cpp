@@ -21,6 +21,7 @@ PaneTitle::PaneTitle(int pane, const QIcon& picture, Actions actions, QWidget* p
     : QFrame(parent), actions_(std::move(actions)), path_(this), picture_(this), close_(this) {
   setAutoFillBackground(true);
   setCursor(Qt::ArrowCursor);
+  setAccessibleName(QStringLiteral("Title of pane %1").arg(pane + 1));
   path_.setAccessibleName(QStringLiteral("Path of pane %1").arg(pane + 1));
   path_.installEventFilter(this);
   picture_.setIcon(picture);
