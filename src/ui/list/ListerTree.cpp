@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/list/ListerAccess.h"
 #include "ui/list/ListerDelegate.h"
 #include "ui/list/ListerKeys.h"
 #include "ui/list/ListerModel.h"
@@ -37,6 +38,7 @@ ListerTree::ListerTree(const lister::ListerControl& control, const ListerStyle& 
       style_(style),
       fileList_(lister::IsFileList(control.Id())),
       mouse_(*this, control.Input(), fileList_) {
+  TellOfHiddenHeadings();
   setFrameShape(QFrame::NoFrame);
   setMinimumSize(0, 0);
   setUniformRowHeights(true);
