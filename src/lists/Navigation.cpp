@@ -118,6 +118,13 @@ void Navigation::OpenChildFolder(lister::ListId list, const std::string& folder,
   folders.OpenFolder(0, folder);
 }
 
+void Navigation::OpenOnDrive(lister::ListId list, std::string drive, const std::string& folder) {
+  if (workspace_.Lists.Find(list) == nullptr) return;
+  lister::ListerControl& folders = workspace_.Lists.Folders(lister::PaneOf(list));
+  folders.SetDriveFolder(drive, folder);
+  folders.LoadDrive(drive, false);
+}
+
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
   const forms::PointerScope pointer(host_);
   const int pane = lister::PaneOf(list);

@@ -36,6 +36,9 @@ class Navigation {
   // expanded. A folder on another drive shows that drive.
   void OpenChildFolder(lister::ListId list, const std::string& folder, const std::string& branch);
 
+  // Shows the drive, which holds the folder, in the list's pane, and opens the folder there.
+  void OpenOnDrive(lister::ListId list, std::string drive, const std::string& folder);
+
   // Opens the folder above the one that the list's pane shows; at a root, nothing.
   void MoveFocusUpOneFolder(lister::ListId list);
 

@@ -97,7 +97,10 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
              [this] { OpenHelp(); }},
             services_.System.FolderOf(tools::TipsName)),
       mapDrive_({services_.Host, services_.Network, services_.User,
-                 [this](const std::string& folder) { OpenFolder(folder); }}),
+                 [this](const std::string& folder) {
+                   navigation_.OpenOnDrive(space_.CurrentList, services_.Drives.DriveOf(folder),
+                                           folder);
+                 }}),
       disconnect_(services_.Host, services_.Network),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),

@@ -53,6 +53,11 @@ TEST(NavigationOnMountsTest, GoesUpToTheMountPointAndNoFarther) {
   run.Nav.MoveFocusUpOneFolder(100);
   run.Nav.MoveFocusUpOneFolder(100);
   EXPECT_EQ(run.Space.Form.TitleBar[0].Text, "/mnt/disk/");
+  run.Nav.OpenOnDrive(100, "/", "/mnt");
+  EXPECT_EQ(folders.InitialDrive() + " " + run.Space.Form.TitleBar[0].Text, "/ /mnt/");
+  run.Nav.OpenOnDrive(0, "/mnt/disk", "/mnt/disk/a");
+  EXPECT_EQ(folders.InitialDrive() + " " + run.Space.Form.TitleBar[0].Text,
+            "/mnt/disk /mnt/disk/a/");
 }
 
 TEST_F(NavigationTest, HandsAFolderToTheFileListAndShowsItEverywhere) {
