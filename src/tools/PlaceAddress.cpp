@@ -102,9 +102,13 @@ std::size_t EndOfUser(std::string_view rest) {
 
 bool IsHost(std::string_view host) {
   if (host.starts_with('[')) {
-    return host.ends_with(']') && host.size() > 2 &&
-           host.substr(1, host.size() - 2).find_first_not_of("0123456789ABCDEFabcdef:.%") ==
-               std::string_view::npos;
+    if (!host.ends_with(']') || host.size() < 3) return false;
+    const std::string_view address = host.substr(1, host.size() - 2);
+    const std::size_t zone = std::min(address.find('%'), address.size());  // "fe80::1%eth0"
+    return IsAll(address.substr(0, zone), "0123456789ABCDEFabcdef:.") &&
+           std::ranges::all_of(address.substr(zone), [](char byte) {
+             return IsOneOf(byte, letters) || IsOneOf(byte, digits) || IsOneOf(byte, "-._~%");
+           });
   }
   // A dash at the start would be taken for an option by programs on the way.
   return !host.starts_with('-') && std::ranges::all_of(host, [](char byte) {
@@ -217,6 +221,9 @@ ReadAddress ReadPlaceAddress(std::string_view typed, std::string_view kind,
   const std::string_view path = rest.substr(std::min(rest.find('/'), rest.size()));
   const Authority parts = SplitAuthority(rest.substr(0, rest.size() - path.size()));
   if (std::string trouble = Trouble(parts); !trouble.empty()) return {{}, trouble};
+  if (scheme == "smb" && IsAll(path, "/")) {
+    return {{}, "The address names no share of the server. It is to be smb://server/share."};
+  }
 
   std::string address = scheme + std::string(schemeMark);
   if (!parts.User.empty()) address += Encode(parts.User, "-._~!$&'()*+,;=") + "@";
