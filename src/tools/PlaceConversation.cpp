@@ -2,7 +2,17 @@
 
 #include <utility>
 
+#include "base/Text.h"
+
 namespace tarnwell::tools {
+
+// One of several lines ends in a list.
+std::string ReasonOf(const platform::PlaceOutcome& outcome) {
+  const std::string reason(base::Trim(outcome.Status.Reason));
+  const bool isWhole =
+      reason.find_last_of(".!?") == reason.size() - 1 || reason.find('\n') != std::string::npos;
+  return isWhole ? reason : reason + ".";
+}
 
 void PlaceConversation::Start(const Begin& begin, Done done) {
   GiveUp();

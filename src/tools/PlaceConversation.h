@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "forms/Form.h"
 #include "forms/FormHost.h"
@@ -10,6 +11,9 @@
 #include "tools/popPlaceQuestion.h"
 
 namespace tarnwell::tools {
+
+// Why it came to nothing, as a sentence: the desktop's own do not all end as sentences do.
+std::string ReasonOf(const platform::PlaceOutcome& outcome);
 
 class PlaceConversation : private platform::PlaceUser {
  public:

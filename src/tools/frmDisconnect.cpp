@@ -98,7 +98,7 @@ void frmDisconnect::Disconnected(const std::string& id, const PlaceOutcome& outc
   if (outcome.Status || outcome.IsCancelled) {
     state = "Connected";
   } else {
-    state = (outcome.IsInUse ? "In use: " : "Cannot be disconnected: ") + outcome.Status.Reason;
+    state = (outcome.IsInUse ? "In use: " : "Cannot be disconnected: ") + ReasonOf(outcome);
   }
   List();
 }

@@ -178,7 +178,7 @@ void frmMapDrive::Connected(const std::string& address, const PlaceOutcome& outc
   if (outcome.Status) recent_.Add(address);
   if (outcome.Folder.empty()) {
     ListPlaces();
-    return Say(base::ForDisplay(address) + " cannot be opened: " + outcome.Status.Reason);
+    return Say(base::ForDisplay(address) + " cannot be opened: " + ReasonOf(outcome));
   }
   const std::string folder = outcome.Folder;
   services_.Host.Unload(*this);
