@@ -112,6 +112,7 @@ class NetworkTest(EndToEndTest):
         wait_for("a refusal", lambda: "cannot be opened" in window.description)
         self.type_address(program, f"sftp://127.0.0.1:{ssh}{self.servers}/far/inner")
         wait_for("the folder", lambda: program.files().names() == ["over there.txt"])
+        program.folders().row("inner")
         drives = program.control("Drives of pane 1")
         wait_for("its drive", lambda: drives.description == "127.0.0.1")
         self.assertTrue(program.folders().names()[0].endswith(f"=127.0.0.1,port={ssh}"))

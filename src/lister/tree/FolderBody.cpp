@@ -212,6 +212,7 @@ FolderBody::Outcome FolderBody::OpenRow(RowId row, bool always) {
   tree_.SetOpen(row, state_.View());
   tree_.SetCurrent(row, state_.View());
   reader_.ExpandAncestors(row);
+  state_.View().ScrollToCurrent();  // which nobody could while a branch above was closed
   state_.Folder = tree_.PathOf(tree_.Open());
   state_.Active.Set(tree_.PathOf(FolderTree::TopRow), state_.Folder);
   input_.Opened(tree_.Open());
