@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "ui/toolkit/DialogMeasures.h"
+#include "ui/toolkit/RoomyRows.h"
 #include "ui/toolkit/ShowDialog.h"
 #include "ui/toolkit/StatusLabel.h"
 
@@ -34,7 +35,10 @@ DisconnectWindow::DisconnectWindow(frmDisconnect& form)
   label_->setBuddy(places_);
   places_->setHeaderLabels(
       {QStringLiteral("Place"), QStringLiteral("Address"), QStringLiteral("State")});
+  places_->setItemDelegate(new RoomyRows(places_));
+  places_->setAccessibleName(QStringLiteral("Places"));
   places_->setRootIsDecorated(false);
+  places_->setAllColumnsShowFocus(true);
   places_->setUniformRowHeights(true);
   places_->setTextElideMode(Qt::ElideMiddle);
   places_->setMinimumSize(DisconnectListSize);

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "ui/toolkit/DialogMeasures.h"
+#include "ui/toolkit/RoomyRows.h"
 #include "ui/toolkit/ShowDialog.h"
 #include "ui/toolkit/StatusLabel.h"
 
@@ -43,6 +44,8 @@ MapDriveWindow::MapDriveWindow(frmMapDrive& form)
   placesLabel_->setBuddy(places_);
   example_->setTextFormat(Qt::PlainText);
   address_->setMinimumWidth(AddressWidth);
+  places_->setItemDelegate(new RoomyRows(places_));
+  places_->setAccessibleName(QStringLiteral("Places"));
   places_->setMinimumHeight(PlacesHeight);
   places_->setTextElideMode(Qt::ElideMiddle);
   places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -26,6 +26,7 @@ PlaceQuestionWindow::PlaceQuestionWindow(tools::popPlaceQuestion& form)
   setWindowTitle(ToWindowTitle(form_.Caption));
   text_->setReadOnly(true);
   text_->setFrameShape(QFrame::NoFrame);
+  text_->document()->setDocumentMargin(0);  // in line with the fields
   text_->setBackgroundVisible(false);
   text_->viewport()->setAutoFillBackground(false);
   text_->setFocusPolicy(Qt::NoFocus);

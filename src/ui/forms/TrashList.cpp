@@ -4,29 +4,23 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QStyledItemDelegate>
 #include <QToolTip>
 
 #include "ui/toolkit/Convert.h"
+#include "ui/toolkit/RoomyRows.h"
 
 namespace tarnwell::ui {
 
 namespace {
 
-constexpr int RowRoom = 3;  // logical pixels between the rows
-
-class TrashDelegate : public QStyledItemDelegate {
+class TrashDelegate : public RoomyRows {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, RowRoom);
-  }
+  using RoomyRows::RoomyRows;
 
  protected:
   // Numbers stay off what stands right of them.
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
+    RoomyRows::initStyleOption(option, index);
     if (option->displayAlignment.testFlag(Qt::AlignRight)) option->text += QLatin1String("  ");
   }
 };
