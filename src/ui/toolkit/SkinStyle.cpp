@@ -9,6 +9,8 @@
 namespace tarnwell::ui {
 namespace {
 
+constexpr int PressedDarker = 115;  // per cent, a little more than the toolkit's
+
 void PaintFrame(QPainter& painter, const QRect& place, const QColor& colour, double rounding) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -27,8 +29,12 @@ void PaintFocus(QPainter& painter, const QStyleOption& option, const QRect& plac
   const auto* const focus = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
   const bool told = focus != nullptr && focus->backgroundColor.isValid();
   const QColor back = told ? focus->backgroundColor : option.palette.color(QPalette::Button);
+  // A button that is pressed is darker.
+  const bool pressed = (option.state & (QStyle::State_On | QStyle::State_Sunken)) != 0;
   PaintFrame(painter, place,
-             Distinct(option.palette.color(QPalette::Highlight), {back}, MarkContrast), 2);
+             Distinct(option.palette.color(QPalette::Highlight),
+                      {back, pressed ? back.darker(PressedDarker) : back}, MarkContrast),
+             2);
 }
 
 }  // namespace
