@@ -135,25 +135,37 @@ ListerLegend::ListerLegend(int pane, const ListerStyle& style, QWidget* statusLi
 }
 
 int ListerLegend::Show(lister::CompareMarks kinds, int room) {
-  QStringList words;
-  int width = EndGap;
-  bool fits = true;
-  for (LegendEntry* const entry : entries_) {
-    const bool occurs = kinds.Shares(entry->Mark());
-    const int more = entry->sizeHint().width();
-    fits = fits && (!occurs || width + more <= room);
-    if (occurs) words << entry->text();
-    const bool shown = occurs && fits;
-    if (shown) entry->setGeometry(width - EndGap, 0, more, parentWidget()->height());
-    if (!shown && entry->hasFocus()) emit LeaveAsked();
-    entry->setVisible(shown);
-    if (shown) width += more;
+  kinds_ = kinds;
+  room_ = room;
+  const std::vector<LegendEntry*> occurring = Occurring();
+  const auto widthOf = [](const LegendEntry* entry) { return entry->sizeHint().width(); };
+  // The one with the keyboard is there, whatever comes before it.
+  auto first = std::ranges::find_if(occurring, &QWidget::hasFocus);
+  if (first == occurring.end()) first = occurring.begin();
+  int width = EndGap + (first == occurring.end() ? 0 : widthOf(*first));
+  while (first != occurring.begin() && width + widthOf(*(first - 1)) <= room) {
+    width += widthOf(*--first);
   }
-  setVisible(width > EndGap);
-  if (width == EndGap) return 0;
+  std::vector<const LegendEntry*> shown;
+  width = EndGap;
+  for (; first != occurring.end() && width + widthOf(*first) <= room; ++first) {
+    const int more = widthOf(*first);
+    (*first)->setGeometry(width - EndGap, 0, more, parentWidget()->height());
+    shown.push_back(*first);
+    width += more;
+  }
+  for (LegendEntry* const entry : entries_) {
+    const bool isShown = std::ranges::find(shown, entry) != shown.end();
+    if (!isShown && entry->hasFocus()) emit LeaveAsked();
+    entry->setVisible(isShown);
+  }
+  setVisible(!shown.empty());
+  if (shown.empty()) return 0;
   const QRect line = parentWidget()->rect();
   setGeometry(line.right() + 1 - width, line.top(), width, line.height());
   // In full, whatever there is room for.
+  QStringList words;
+  for (const LegendEntry* const entry : occurring) words << entry->text();
   setAccessibleName(QStringLiteral("Marks: ") + words.join(QStringLiteral(", ")));
   return width;
 }
@@ -169,14 +181,23 @@ bool ListerLegend::HasKeyboard() const {
   return std::ranges::any_of(entries_, &QWidget::hasFocus);
 }
 
+std::vector<LegendEntry*> ListerLegend::Occurring() const {
+  std::vector<LegendEntry*> occurring;
+  std::ranges::copy_if(entries_, std::back_inserter(occurring),
+                       [this](const LegendEntry* entry) { return kinds_.Shares(entry->Mark()); });
+  return occurring;
+}
+
 void ListerLegend::Step(int step) {
-  std::vector<LegendEntry*> shown;
-  std::ranges::copy_if(entries_, std::back_inserter(shown), &QWidget::isVisible);
-  const auto at = std::ranges::find_if(shown, &QWidget::hasFocus);
-  if (at == shown.end()) return;
-  const auto next = at - shown.begin() + step;
-  if (next < 0 || next >= static_cast<std::ptrdiff_t>(shown.size())) return;
-  shown[static_cast<std::size_t>(next)]->setFocus(Qt::ShortcutFocusReason);
+  const std::vector<LegendEntry*> occurring = Occurring();
+  const auto at = std::ranges::find_if(occurring, &QWidget::hasFocus);
+  if (at == occurring.end()) return;
+  const auto next = at - occurring.begin() + step;
+  if (next < 0 || next >= static_cast<std::ptrdiff_t>(occurring.size())) return;
+  LegendEntry* const entry = occurring[static_cast<std::size_t>(next)];
+  entry->show();  // what is hidden takes no keyboard
+  entry->setFocus(Qt::ShortcutFocusReason);
+  Show(kinds_, room_);
 }
 
 }  // namespace tarnwell::ui

@@ -49,8 +49,8 @@ class ListerLegend : public QWidget {
   // Lies on the status line of the pane, which counts from 0; the style outlives it.
   ListerLegend(int pane, const ListerStyle& style, QWidget* statusLine);
 
-  // Shows the first of the kinds, as many as fit into `room` pixels, and gives the pixels it takes
-  // of the right end; 0 where it shows none.
+  // Shows the first of the kinds, as many as fit into `room` pixels, with the keyboard among them
+  // those up to where it is; gives the pixels it takes of the right end, 0 where it shows none.
   int Show(lister::CompareMarks kinds, int room);
   // Gives the keyboard to the first entry on show; false where there is none.
   bool Enter();
@@ -65,8 +65,11 @@ class ListerLegend : public QWidget {
 
  private:
   void Step(int step);
+  std::vector<LegendEntry*> Occurring() const;
 
   std::vector<LegendEntry*> entries_;  // one for each kind, from the left
+  lister::CompareMarks kinds_;         // as they were shown last
+  int room_ = 0;
 };
 
 }  // namespace tarnwell::ui
