@@ -185,6 +185,8 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
      "deletes what is selected, or everything, for good, after a question"},
     {"Ctrl+A, F5", RecycleBin, "selects all; reads the trash again"},
     {"Shift+F10, Menu", RecycleBin, "the context menu, with the order of the list"},
+    {"Enter, Delete", "network drives, list of places",
+     "connects or disconnects the place; takes it off the list of those connected before"},
 });
 
 }  // namespace
