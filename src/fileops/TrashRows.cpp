@@ -87,6 +87,9 @@ void TrashRows::Take(std::vector<TrashedItem> items) {
     changed.push_back(slot);
   }
   if (changed.size() > FewItems) return ShowAnew();
+  // What is told twice at once has one row.
+  std::ranges::sort(changed);
+  changed.erase(std::ranges::unique(changed).begin(), changed.end());
   Hide(known);
   Show(changed);
 }

@@ -109,7 +109,7 @@ TEST_F(RecycleBinTest, KeepsTheOrderWhateverComesAndGoes) {
           continue;
         }
         items[id] = Item(id, "n" + std::to_string(random() % 5), random() % 5, random() % 5);
-        few.Take({items[id]});
+        few.Take({Item(id, "before", 9, 9), items[id]});
       }
       std::vector<TrashedItem> atOnce;
       for (const auto& [id, item] : items) atOnce.push_back(item);
