@@ -133,7 +133,7 @@ std::string frmRecycleBin::StatusText() const {
   if (!isSettled_) {
     return "Reading the recycle bin... " + lister::CountText(numbers, all.Items, "item");
   }
-  if (all.Items == 0) return "The recycle bin is empty";
+  if (all.Items == 0) return troubles_.empty() ? "The recycle bin is empty" : "Nothing to show";
   const std::string ofAll = " of " + lister::CountText(numbers, all.Items, "item");
   const TrashSum& selected = rows_.Selected();
   if (selected.Items > 0) {
