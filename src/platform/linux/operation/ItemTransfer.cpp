@@ -220,6 +220,8 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   } else {
     error = PutInPlaceOf(from, name, to, target, to_, record_);
   }
+  const bool isTargetShut = error == EACCES && faccessat(to, ".", W_OK | X_OK, AT_EACCESS) != 0;
+  if (isTargetShut) return {OperationStep::Write, error, nullptr, true};
   if (error != NoError) return {OperationStep::Move, error};
   context_.AddItems(1);
   ReportIfDue(item);
