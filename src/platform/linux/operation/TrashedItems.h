@@ -22,7 +22,8 @@
 namespace tarnwell::platform {
 
 // The note of an item goes once the item has gone: what is killed in between leaves a note without
-// its file, and nothing that looks whole and is not. Serves one operation.
+// its file, and no file of which nothing tells where it was. A folder that is deleted no further
+// keeps what is left of it. Serves one operation.
 class TrashedItems {
  public:
   TrashedItems(OperationContext& context, ProtectedItems& protectedItems, const AsideRecord& record)
