@@ -21,7 +21,7 @@ using fileops::TrashColumn;
 namespace {
 
 // In logical pixels.
-constexpr QSize UsualBinSize(880, 520);
+constexpr QSize UsualBinSize(900, 520);
 constexpr QSize LeastBinSize(420, 260);
 constexpr int CellPadding = 24;
 
@@ -41,8 +41,8 @@ constexpr MenuEntry MenuEntries[] = {
     {"&Restore", &frmRecycleBin::cmdRestore, &frmRecycleBin::cmdRestoreClick},
     {"&Open Original Folder", &frmRecycleBin::cmdOpenFolder, &frmRecycleBin::cmdOpenFolderClick},
     {nullptr, nullptr, nullptr},
-    {"&Delete...", &frmRecycleBin::cmdDelete, &frmRecycleBin::cmdDeleteClick},
-    {"&Properties", &frmRecycleBin::cmdProperties, &frmRecycleBin::cmdPropertiesClick},
+    {"&Delete...\tDel", &frmRecycleBin::cmdDelete, &frmRecycleBin::cmdDeleteClick},
+    {"&Properties\tAlt+Enter", &frmRecycleBin::cmdProperties, &frmRecycleBin::cmdPropertiesClick},
 };
 
 }  // namespace
