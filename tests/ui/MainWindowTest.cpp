@@ -260,8 +260,8 @@ TEST_F(MainWindowTest, KeysReachTheActiveListWithoutMakingItTheCurrentOne) {
   command.setFocus();
   EXPECT_EQ(Run.Form().ActiveControl, workspace::KeyboardFocus::CommandLine);
   EXPECT_FALSE(Window.findChild<QShortcut*>()->isEnabled());
-  command.setEditText("ls");
-  EXPECT_EQ(Run.Form().cboCommand.Text, "ls");
+  command.setEditText(QString(100'000, u'l'));  // whole
+  EXPECT_EQ(Run.Form().cboCommand.Text, std::string(100'000, 'l'));
   for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::ShiftModifier}) {
     PressKey(*command.lineEdit(), Qt::Key_Return, held);
     EXPECT_EQ(Machine.Launcher.Requests.back().KeepsTerminal, held == Qt::ShiftModifier);

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <limits>
 #include <utility>
 
 #include "ui/toolkit/ControlGeometry.h"
@@ -12,7 +13,9 @@ namespace {
 
 class CommandField : public QLineEdit {
  public:
-  explicit CommandField(std::function<void(bool shift)> enter) : enter_(std::move(enter)) {}
+  explicit CommandField(std::function<void(bool shift)> enter) : enter_(std::move(enter)) {
+    setMaxLength(std::numeric_limits<int>::max());  // a command that is cut is another command
+  }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
