@@ -85,9 +85,11 @@ TEST_F(LinuxLauncherTest, StartsProgramsInTheirFolderAndTerminal) {
 // What a bare name means, what leads into a pane, and what starts nothing at all.
 TEST_F(LinuxLauncherTest, TakesWhatIsTypedForWhatItIs) {
   const std::string folder = desktop.Folder.Path();
-  Put(folder + "/letter", "text\n");
-  EXPECT_TRUE(Launcher.Execute({"letter", "", folder}));
-  EXPECT_TRUE(desktop.Told("open it").ends_with("\n[" + folder + "/letter]\n"));
+  for (const std::string name : {"letter", "strange:letter"}) {
+    Put(folder + "/" + name, "text\n");
+    EXPECT_TRUE(Launcher.Execute({name, "", folder}));
+    EXPECT_TRUE(desktop.Told("open it").ends_with("\n[" + folder + "/" + name + "]\n"));
+  }
   EXPECT_TRUE(Launcher.Execute({"applications", "", folder + "/"}));
   EXPECT_TRUE(Launcher.Execute({"..", "", folder + "/applications/"}));
   EXPECT_TRUE(Launcher.Execute({"/", "", ""}));

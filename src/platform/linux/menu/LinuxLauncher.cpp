@@ -90,13 +90,18 @@ base::Status LinuxLauncher::Execute(const LaunchRequest& request) {
   }
   if (!path.starts_with('/')) {
     GioText scheme;
-    if (IsAddress(path, scheme)) return OpenAddress(path, scheme.get());
-    if (scheme) {
+    const std::string item = LinuxFileSystem().Syntax().Join(request.Folder, path);
+    if (IsAddress(path, scheme)) {
+      status = OpenAddress(path, scheme.get());
+      // A file may be called "Re:x" as well.
+      if (status.Code != ENOENT || !FilesBy(tools_.Calls).Exists(item)) return status;
+      path = item;
+    } else if (scheme) {
       const GioText local(g_filename_from_uri(path.c_str(), nullptr, nullptr));
       if (!local) return SystemError(EINVAL);
       path = local.get();
     } else {
-      path = LinuxFileSystem().Syntax().Join(request.Folder, path);
+      path = item;
     }
   }
   return OpenItem(path, request, arguments);
