@@ -62,15 +62,11 @@ constexpr std::array<HelpPart, HelpPartCount> Parts = {{
     {Topic, "Command Line"},
     {Body,
      "Layout > Command Line > On puts a command line below the panes. What you type there is "
-     "started "
-     "in the current folder when you press Enter: a program with what it is to work on, a "
-     "document, "
-     "an address of the web, or a folder, which opens in the pane. Write ./ in front of a program "
-     "that lies in the folder itself. Programs without windows of their own run in a command "
-     "window, "
-     "which closes when they end; Shift with Enter leaves it open behind them. Ctrl+Enter in a "
-     "list "
-     "puts the path of the item into the command line."},
+     "started in the current folder when you press Enter: a program with what it is to work on, a "
+     "document, an address of the web, or a folder, which opens in the pane. Write ./ in front of "
+     "a program that lies in the folder itself. Programs without windows of their own run in a "
+     "command window, which closes when they end; Shift with Enter leaves it open behind them. "
+     "Ctrl+Enter in a list puts the path of the item into the command line."},
     {Topic, "Filtering"},
     {Body,
      "Above each file list there is a small toolbar. Choose an extension from its drop-down list, "
