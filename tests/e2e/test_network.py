@@ -113,6 +113,13 @@ class NetworkTest(EndToEndTest):
         keys("Return")
         wait_for("the web folder", lambda: program.files().names() == ["page.txt"])
 
+        window = self.map(program, "smb://127.0.0.1/")
+        wait_for("what is missing", lambda: "names no share" in window.description)
+        keys("alt+p", "Down", "Down", "Delete", "alt+a", "alt+p", "Home")  # forgets the second
+        field = program.look("Address:", Atspi.Role.TEXT)
+        wait_for("the first", lambda: Atspi.Text.get_text(field, 0, -1).startswith("dav://ann@"))
+        keys("Escape")
+        program.wait_active()
         program.menu("Tools", "Disconnect Network Drive")
         for _ in range(2):
             keys("Return")
@@ -123,5 +130,6 @@ class NetworkTest(EndToEndTest):
         self.close_clean(program)
         kept = (self.folder / "config/tarnwell/tarnwell.conf").read_text()
         self.assertIn(f"dav://ann@127.0.0.1:{web}/", kept)
+        self.assertNotIn("sftp", kept)
         self.assertNotIn("wrong", kept)
         self.assertNotIn("s3cret", kept)

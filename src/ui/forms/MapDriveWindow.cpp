@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -22,6 +23,22 @@ constexpr int AddressWidth = 420;
 constexpr int PlacesHeight = 150;
 constexpr int MapStatusLines = 3;
 
+// The toolkit moves on from the row that it frames, chosen or not: a single one was out of reach.
+class PlacesList : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool moves =
+        event->key() == Qt::Key_Down || event->key() == Qt::Key_Up || event->key() == Qt::Key_Home;
+    if (moves && currentItem() != nullptr && selectedItems().isEmpty()) {
+      return currentItem()->setSelected(true);
+    }
+    QListWidget::keyPressEvent(event);
+  }
+};
+
 }  // namespace
 
 MapDriveWindow::MapDriveWindow(frmMapDrive& form)
@@ -32,7 +49,7 @@ MapDriveWindow::MapDriveWindow(frmMapDrive& form)
       address_(new QLineEdit(this)),
       example_(new QLabel(this)),
       placesLabel_(new QLabel(this)),
-      places_(new QListWidget(this)),
+      places_(new PlacesList(this)),
       status_(MakeStatusLabel(MapStatusLines, this)),
       forget_(AddButton(&frmMapDrive::cmdForgetClick)),
       connect_(AddButton(&frmMapDrive::cmdConnectClick)),
