@@ -454,6 +454,12 @@ TEST_F(ListerWidgetTest, ALegendTellsTheMarksAsFarAsThereIsRoom) {
   Settle();
   EXPECT_EQ(list.Selected(), "e three.txt two.txt ");
   EXPECT_EQ(list.PathAt(list.Tree->currentIndex()), "/d/e");
+
+  // The keyboard gets to what a narrow list leaves out.
+  list.Widget.resize(whole * 5 / 4, 300);
+  list.Control.EnterMarks();
+  PressKey(entry("only here"), Qt::Key_Right);
+  EXPECT_TRUE(entry("smaller").isVisible() && entry("smaller").hasFocus());
 }
 
 TEST_F(ListerWidgetTest, IconsTellItemsApartAsFarAsTheSettingsSay) {
