@@ -25,8 +25,9 @@ void PaintOnlyHere(QPainter& painter, const QRectF& place, const QColor& colour)
   painter.setPen(Qt::NoPen);
   painter.setBrush(colour);
   painter.drawEllipse(place);
-  // The plus is left out of the disc in black or white, whichever stands out.
-  painter.setPen(QPen(TextOn(colour), 1.6));
+  // White where that stands out, so that the disc looks alike in all lists of a light skin.
+  const bool white = Contrast(Qt::white, colour) >= MarkContrast;
+  painter.setPen(QPen(white ? Qt::white : Qt::black, 1.6));
   const QPointF middle = place.center();
   painter.drawLine(middle - QPointF(3, 0), middle + QPointF(3, 0));
   painter.drawLine(middle - QPointF(0, 3), middle + QPointF(0, 3));
