@@ -69,6 +69,10 @@ bool FilterField::event(QEvent* event) {
 }
 
 void FilterField::keyPressEvent(QKeyEvent* event) {
+  // Keys of the window, which are off here, are not typed either.
+  if (event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty()) {
+    return event->ignore();
+  }
   switch (event->key()) {
     case Qt::Key_Escape:
       clear();

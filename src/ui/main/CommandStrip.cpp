@@ -19,6 +19,10 @@ class CommandField : public QLineEdit {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
+    // Keys of the window, which are off here, neither type nor start anything.
+    if (event->modifiers().testFlag(Qt::AltModifier) && !event->text().isEmpty()) {
+      return event->ignore();
+    }
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
       return QLineEdit::keyPressEvent(event);
     }
