@@ -312,6 +312,11 @@ TEST_F(Selection, TakesKeysAndTypedText) {
   EXPECT_EQ(type("s"), "sub|Find: s");
   EXPECT_EQ(type("s"), "ss|Find: ss");  // the whole text first, then its letter
   EXPECT_EQ(type("s"), "s\xC3\xBCn|Find: s");
+  List.ShowStatus("News");
+  Platform.Clock.Tick += 1000;
+  Events.Take();
+  press(BackspaceKey);  // the text is not on show any more
+  EXPECT_EQ(Events.Take(), Texts{"UpFolderKey 8"});
   press(EscapeKey);
   EXPECT_EQ(type("b"), "b c|Find: b");
   EXPECT_FALSE(press(SpaceKeyCode));  // within a name

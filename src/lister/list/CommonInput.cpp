@@ -138,7 +138,7 @@ KeyAction CommonInput::SearchActionOf(int keyCode, int shift) {
   };
   const bool isHeld =
       backspaceTakes_ || list_.Services.Clock.Ticks() - backspaceAt_ < LongestRepeat;
-  if (keyCode == BackspaceKey && typed_.Typed().empty() && !isHeld) return {};
+  if (keyCode == BackspaceKey && !ShowsTyped() && !isHeld) return {};
   return FindAction(*this, Bindings, keyCode, shift);
 }
 
@@ -178,6 +178,13 @@ void CommonInput::ShowFound(RowId found) {
   if (found == NoRow) {
     list_.SetStatus("No item begins with " + base::ForDisplay(typed_.Wanted()));
   }
+  searchStatus_ = list_.Status;
+}
+
+// Other news may have taken its place in the status line.
+bool CommonInput::ShowsTyped() const {
+  return typed_.GoesOn(list_.Services.Clock.Ticks()) ||
+         (!typed_.Typed().empty() && list_.Status == searchStatus_);
 }
 
 void CommonInput::SetTyped(const std::string& text) {

@@ -107,12 +107,14 @@ class CommonInput : public ListInput {
   void Search(bool stays);  // on the row with the cursor, if its name fits
   // Goes to the row, unless there is none, and says what is looked for.
   void ShowFound(RowId found);
+  bool ShowsTyped() const;  // or the user is still at it
   RowId FindTyped(std::string_view wanted, bool takesCurrent) const;
   RowId FindBefore(std::string_view wanted) const;
 
   PersistentRow clicked_;
   bool holdsClicked_ = false;
   TypedText typed_;
+  std::string searchStatus_;  // what was last said of it
   bool spaceIsDown_ = false;
   bool backspaceTakes_ = false;       // letters, until it comes up
   std::int64_t backspaceAt_ = -1000;  // when it last took one, or would have; milliseconds
