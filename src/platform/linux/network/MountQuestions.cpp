@@ -126,6 +126,7 @@ void MountQuestions::Answer(const PlaceAnswer& answer) {
 }
 
 void MountQuestions::TakeBack() {
+  isTakenBack_ = true;
   Reply(G_MOUNT_OPERATION_ABORTED);
 }
 
@@ -138,7 +139,9 @@ PlaceOutcome MountQuestions::OutcomeOf(GioError& error) const {
   outcome.Status = error.Status();
   const GError* const told = *error.Place();
   outcome.IsInUse = g_error_matches(told, G_IO_ERROR, G_IO_ERROR_BUSY) != FALSE;
-  outcome.IsCancelled = g_error_matches(told, G_IO_ERROR, G_IO_ERROR_FAILED_HANDLED) != FALSE ||
+  // Not all that mounts says that it ends for this alone.
+  outcome.IsCancelled = isTakenBack_ ||
+                        g_error_matches(told, G_IO_ERROR, G_IO_ERROR_FAILED_HANDLED) != FALSE ||
                         g_error_matches(told, G_IO_ERROR, G_IO_ERROR_CANCELLED) != FALSE;
   if (outcome.IsCancelled && !inUse_.empty()) {
     outcome = {.Status = {EBUSY, inUse_}, .IsInUse = true};

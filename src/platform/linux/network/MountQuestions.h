@@ -43,6 +43,7 @@ class MountQuestions {
   std::string password_;
   bool isAsking_ = false;
   bool hasChoices_ = false;
+  bool isTakenBack_ = false;
   std::string inUse_;  // what was said of those who use the place
 };
 
