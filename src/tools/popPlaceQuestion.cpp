@@ -35,13 +35,15 @@ void popPlaceQuestion::Ask(const PlaceQuestion& question, forms::Form& owner, An
   }
   cmdChoice.clear();
   if (hasFields) cmdChoice.emplace_back().Caption = "&Connect";
+  cmdCancel.Caption = "Cancel";
   for (const std::string& choice : question.Choices) {
-    cmdChoice.emplace_back().Caption = base::AsCaption(choice);
+    forms::Button& button = cmdChoice.emplace_back();
+    button.Caption = base::AsCaption(choice);
+    button.Visible = choice != cmdCancel.Caption;  // taking back is the same
   }
   // What others ask is answered by nobody's mere Enter.
   cmdChoice.front().Default = hasFields;
   cmdCancel.Default = !hasFields;
-  cmdCancel.Caption = "Cancel";
   EnableFields();
   answered_ = std::move(answered);
   host_.Open(*this);

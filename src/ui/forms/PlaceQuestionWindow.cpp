@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTextDocument>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -97,6 +98,7 @@ QLayout* PlaceQuestionWindow::MakeButtons() {
     return widget;
   };
   for (std::size_t i = 0; i < form_.cmdChoice.size(); ++i) {
+    if (!form_.cmdChoice[i].Visible) continue;
     connect(add(form_.cmdChoice[i]), &QPushButton::clicked, this,
             [this, i] { form_.cmdChoiceClick(i); });
   }
@@ -112,12 +114,15 @@ void PlaceQuestionWindow::Sync() {
 }
 
 void PlaceQuestionWindow::Measure() {
+  ensurePolished();
+  text_->ensurePolished();
   QTextDocument page;
   page.setDefaultFont(text_->font());
   page.setDocumentMargin(text_->document()->documentMargin());
-  page.setTextWidth(QuestionWidth);
+  // As with a scroll bar: words that only just fit may be broken otherwise.
+  page.setTextWidth(QuestionWidth - text_->verticalScrollBar()->sizeHint().width());
   page.setPlainText(text_->toPlainText());
-  const int wanted = static_cast<int>(page.size().height()) + 4;
+  const int wanted = static_cast<int>(page.size().height()) + text_->fontMetrics().lineSpacing();
   const int most = screen()->availableGeometry().height() / 2;  // a longer one scrolls
   text_->setFixedHeight(
       std::clamp(wanted, LeastQuestionHeight, std::max(most, LeastQuestionHeight)));
