@@ -127,13 +127,15 @@ void frmMapDrive::txtAddressChange(const std::string& text) {
   SplitAddress split = TakePassword(text);
   txtAddress.Text = split.Address;
   ChooseKind(SchemeOf(text));
-  lblStatus.Caption.clear();
   if (split.HadPassword) {
     password_ = std::move(split.Password);
     passwordHost_ = HostOf(split.Address);
-    lblStatus.Caption =
-        "The password has been taken out of the address. It is used for this connection, and not "
-        "kept.";
+  }
+  // Where nothing can be connected, the reason stays.
+  if (!schemes_.empty()) {
+    lblStatus.Caption = !split.HadPassword ? ""
+                                           : "The password has been taken out of the address. It "
+                                             "is used for this connection, and not kept.";
   }
   EnableControls();
   Touch();
