@@ -456,7 +456,7 @@ TEST_F(ListerWidgetTest, ALegendTellsTheMarksAsFarAsThereIsRoom) {
   EXPECT_EQ(list.PathAt(list.Tree->currentIndex()), "/d/e");
 
   // The keyboard gets to what a narrow list leaves out.
-  list.Widget.resize(whole * 5 / 4, 300);
+  list.Widget.resize(whole * 3 / 4, 300);
   list.Control.EnterMarks();
   PressKey(entry("only here"), Qt::Key_Right);
   EXPECT_TRUE(entry("smaller").isVisible() && entry("smaller").hasFocus());

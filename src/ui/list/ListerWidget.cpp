@@ -301,12 +301,13 @@ void ListerWidget::StatusChanged() {
   PlaceChildren();
 }
 
-void ListerWidget::ShowStatus() {
+void ListerWidget::ShowStatus(bool marksFirst) {
   const QString text = ToShownQString(control_.Shown().Status);
   int room = status_->width() - status_->indent() - 2 * status_->margin();
   if (legend_) {
-    // The text gives way while the keyboard is among the marks, so that all can be reached.
-    const int wanted = legend_->HasKeyboard() ? 0 : status_->fontMetrics().horizontalAdvance(text);
+    // The text gives way while the keyboard is among the marks.
+    const int wanted =
+        marksFirst || legend_->HasKeyboard() ? 0 : status_->fontMetrics().horizontalAdvance(text);
     room -= legend_->Show(control_.Shown().Marks, room - std::min(wanted, room / 2));
   }
   status_->setText(status_->fontMetrics().elidedText(text, Qt::ElideRight, room));
@@ -370,7 +371,9 @@ void ListerWidget::EnterControls() {
 }
 
 void ListerWidget::EnterMarks() {
-  if (isVisible() && legend_ && legend_->Enter()) TellFocus();
+  if (!isVisible() || !legend_) return;
+  ShowStatus(true);
+  if (legend_->Enter()) TellFocus();
 }
 
 void ListerWidget::CatchUpLater(int milliseconds) {

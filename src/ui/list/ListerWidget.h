@@ -106,7 +106,7 @@ class ListerWidget : public QWidget,
   void TellFocus();
   void QueueLook(lister::LookReason reason);
   void PlaceChildren();
-  void ShowStatus();
+  void ShowStatus(bool marksFirst = false);
   // Whether the list has use for them though they leave it only a few rows.
   bool NeedsToolbar() const;
   bool NeedsStatus() const;
