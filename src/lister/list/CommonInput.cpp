@@ -28,9 +28,10 @@ void CommonInput::Focused() {
 // --- Folders.
 
 void CommonInput::GoToFolder(const std::string& folder) {
-  if (list_.Services.Files.FolderExists(folder)) return EnterFolder(folder);
-  list_.Events.StatusMessage(list_.Id,
-                             "Cannot open " + base::ForDisplay(folder) + ": it is no longer there");
+  const platform::FileSystem& files = list_.Services.Files;
+  if (files.FolderExists(folder)) return EnterFolder(folder);
+  const std::string why = files.Exists(folder) ? "it cannot be read" : "it is no longer there";
+  list_.Events.StatusMessage(list_.Id, "Cannot open " + base::ForDisplay(folder) + ": " + why);
 }
 
 std::string CommonInput::Bookmark(int slot) const {
