@@ -34,9 +34,9 @@ class CommandLineTest(EndToEndTest):
         log.unlink()
 
     def test_runs_what_is_typed(self):
-        (self.home / "sub").mkdir()
+        (self.home / "sub").mkdir(mode=0o311)  # to be entered, and not read
         self.script(self.home / "tool", 'echo "$*" in "$PWD"')
-        program = self.start(environment={
+        program = self.start(wrapper=PLAIN_USER, environment={
             "TERMINAL": self.script(self.folder / "terminal", 'shift; "$@"; echo closed'),
             "SHELL": self.script(self.folder / "shell", 'echo shell in "$PWD"')})
         program.control("Show/hide the command line.").click()
@@ -52,6 +52,7 @@ class CommandLineTest(EndToEndTest):
             wait_for("the menu", lambda windows=windows: program.windows() - windows)
             keys("l")
             self.wait_log(f"shell in {folder}", "closed")
+        (self.home / "sub").chmod(0o755)
         program.control("Command line").click()
         self.type("sub", "Return")
         self.wait_path(program, self.home / "sub")

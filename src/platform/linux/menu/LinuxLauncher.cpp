@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "base/PathSyntax.h"
 #include "base/Text.h"
@@ -39,8 +40,17 @@ FarFileSystem FilesBy(const FarCalls& calls) {
   return {std::make_shared<LinuxFileSystem>(), calls};
 }
 
+// Also where it may not be read.
+bool IsFolder(const FarCalls& calls, const std::string& path) {
+  const auto look = [path] {
+    std::error_code error;
+    return std::filesystem::is_directory(path, error);
+  };
+  return calls.Get<bool>(path, look, false);
+}
+
 base::Status CheckFolder(const FarCalls& calls, const std::string& folder) {
-  if (folder.empty() || FilesBy(calls).FolderExists(folder)) return {};
+  if (folder.empty() || IsFolder(calls, folder)) return {};
   return {ENOENT, "There is no folder " + base::ForDisplay(folder)};
 }
 
@@ -58,7 +68,7 @@ base::Status LinuxLauncher::OpenItem(const std::string& path, const LaunchReques
                                      const std::vector<std::string>& arguments) const {
   const FarFileSystem files = FilesBy(tools_.Calls);
   if (!files.Exists(path)) return SystemError(ENOENT);
-  if (files.FolderExists(path)) {
+  if (IsFolder(tools_.Calls, path)) {
     // As a pane has it, which knows no "..".
     const std::string folder = std::filesystem::path(path).lexically_normal().string();
     tools_.Windows.OpenFolder(folder == "/" ? folder : files.Syntax().RemoveRightSlash(folder));
