@@ -17,6 +17,7 @@ std::string ReasonOf(const platform::PlaceOutcome& outcome) {
 void PlaceConversation::Start(const Begin& begin, Done done) {
   GiveUp();
   done_ = std::move(done);
+  answered_.clear();
   task_ = begin(*this);
 }
 
@@ -27,14 +28,25 @@ void PlaceConversation::GiveUp() {
 }
 
 void PlaceConversation::OnQuestion(const platform::PlaceQuestion& question) {
-  question_.Ask(question, owner_, [this](const platform::PlaceAnswer* answer) {
-    if (task_ == nullptr) return;
-    if (answer == nullptr) {
-      task_->TakeBack();
-    } else {
-      task_->Answer(*answer);
-    }
-  });
+  platform::PlaceQuestion asked = question;
+  const bool wantsName = question.Choices.empty();
+  if (wantsName && question.Text == answered_) {
+    asked.Text += "\nThe last answer was not accepted.";
+    if (asked.User.empty()) asked.User = givenUser_;
+  }
+  question_.Ask(asked, owner_,
+                [this, wantsName, text = question.Text](const platform::PlaceAnswer* answer) {
+                  if (task_ == nullptr) return;
+                  if (answer != nullptr && wantsName) {
+                    answered_ = text;
+                    givenUser_ = answer->User;
+                  }
+                  if (answer == nullptr) {
+                    task_->TakeBack();
+                  } else {
+                    task_->Answer(*answer);
+                  }
+                });
 }
 
 // What follows may start the next one, or end this.

@@ -37,6 +37,9 @@ class PlaceConversation : private platform::PlaceUser {
   forms::Form& owner_;
   popPlaceQuestion question_;
   std::unique_ptr<platform::AskingTask> task_;
+  // The question to which a user was given, and who. Asked again, that was not accepted.
+  std::string answered_;
+  std::string givenUser_;
   Done done_;
 };
 

@@ -96,7 +96,15 @@ TEST_F(NetworkFormsTest, MapsAPlaceAfterAFailureAQuestionAndAStop) {
   Map.cmdConnectClick();
   EXPECT_FALSE(Map.txtAddress.Enabled || Map.cmdConnect.Enabled);
   Network.Running->OnQuestion({.Text = "Who?", .WantsPassword = true});
-  EXPECT_TRUE(Host.IsOpen("popPlaceQuestion"));
+  const auto asked = [this] { return dynamic_cast<popPlaceQuestion*>(Host.OpenForms().back()); };
+  ASSERT_NE(asked(), nullptr);
+  EXPECT_EQ(asked()->txtQuestion.Text, "Who?");
+  asked()->txtUser.Text = "bob";
+  asked()->cmdChoiceClick(0);
+  EXPECT_EQ(Network.Answers.at(0).User, "bob");
+  Network.Running->OnQuestion({.Text = "Who?", .WantsUser = true, .WantsPassword = true});
+  EXPECT_EQ(asked()->txtQuestion.Text, "Who?\nThe last answer was not accepted.");
+  EXPECT_EQ(asked()->txtUser.Text + asked()->txtPassword.Text, "bob");
   Map.cmdCancelClick();
   EXPECT_TRUE(!Host.IsOpen("popPlaceQuestion") && Network.Running == nullptr);
   EXPECT_TRUE(Map.cmdConnect.Enabled && Host.IsOpen("frmMapDrive"));
