@@ -1,32 +1,35 @@
 #include "platform/linux/posix/MountNotices.h"
 
-#include <gio/gunixmounts.h>
+#include <fcntl.h>
+#include <glib-unix.h>
 
 #include <utility>
 
-#include "platform/linux/posix/GioObject.h"
+#include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/GuardedCall.h"
 
 namespace tarnwell::platform {
 
+// GLib's own monitor of mounts would wait for services of the desktop, which may hang.
 struct MountNotices::Source {
-  static void Report(GUnixMountMonitor*, gpointer data) {
+  static gboolean Report(gint, GIOCondition, gpointer data) {
     // A copy, since the call may end this object.
     const std::function<void()> changed = static_cast<Source*>(data)->Changed;
     GuardedCall(changed);
+    return G_SOURCE_CONTINUE;
   }
 
   std::function<void()> Changed;
-  GioObject<GUnixMountMonitor> Monitor{g_unix_mount_monitor_get()};
-  gulong Signal =
-      g_signal_connect(Monitor.get(), "mounts-changed", G_CALLBACK(&Source::Report), this);
+  // Tells of each change by being polled (proc_pid_mountinfo(5)).
+  Descriptor Table{open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)};
+  guint Watch = Table ? g_unix_fd_add(Table.Get(), G_IO_PRI, &Source::Report, this) : 0;
 };
 
 MountNotices::MountNotices(std::function<void()> changed)
     : source_(new Source{std::move(changed)}) {}
 
 MountNotices::~MountNotices() {
-  g_signal_handler_disconnect(source_->Monitor.get(), source_->Signal);
+  if (source_->Watch != 0) g_source_remove(source_->Watch);
 }
 
 }  // namespace tarnwell::platform
