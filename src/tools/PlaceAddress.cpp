@@ -187,7 +187,7 @@ std::string SchemeOf(std::string_view typed) {
   if (typed.starts_with("\\\\")) return "smb";
   const std::size_t start = BehindScheme(typed);
   if (start < schemeMark.size()) return {};
-  const std::string scheme = Lower(typed.substr(0, start - schemeMark.size()));
+  std::string scheme = Lower(typed.substr(0, start - schemeMark.size()));
   for (const auto& [other, usual] : otherSchemes) {
     if (scheme == other) return std::string(usual);
   }

@@ -49,12 +49,12 @@ void PlaceConversation::OnQuestion(const platform::PlaceQuestion& question) {
                 });
 }
 
-// What follows may start the next one, or end this.
+// What follows may start the next one, or end this; the task has what is told.
 void PlaceConversation::OnDone(const platform::PlaceOutcome& outcome) {
-  const platform::PlaceOutcome told = outcome;
+  const std::unique_ptr<platform::AskingTask> ended = std::move(task_);
   const Done done = std::move(done_);
   GiveUp();
-  if (done) done(told);
+  if (done) done(outcome);
 }
 
 }  // namespace tarnwell::tools
