@@ -86,7 +86,7 @@ void EmptyCommand::EmptyRecycleBin(std::string& rootPath, const std::string& par
 
 void EmptyCommand::Empty(const std::string& drive, const std::string& parentName) {
   TrashReading reading;
-  const std::unique_ptr<platform::TrashView> view = services_.Trash.Follow(reading, drive);
+  std::unique_ptr<platform::TrashView> view = services_.Trash.Follow(reading, drive);
   while (!reading.IsSettled && !givenUp_) services_.Pump.WaitForEvents();
   if (givenUp_) return;
   if (reading.Items.empty()) {
@@ -100,6 +100,7 @@ void EmptyCommand::Empty(const std::string& drive, const std::string& parentName
   if (givenUp_ || services_.Messages.MessageResult() != "YES") return;
   const platform::OperationRequest request = RequestToPurge(reading.Find(asked));
   if (request.Items.empty()) return;
+  view.reset();  // following each item out would take longer than deleting it
   const platform::OperationResult result = services_.Operation.Run(request);
   lists::LookAtPanes(workspace_);
   if (result.Code != 0 && !result.Aborted) throw std::runtime_error("not all is deleted");
