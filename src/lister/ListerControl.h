@@ -120,8 +120,8 @@ class ListerControl : public forms::Control, public ListFields {
   // empty path means the top of the tree. A folder that cannot be found is told in the status line.
   void OpenFolder(int level, const std::string& folder = "");
   void ExpandFolder(int level, const std::string& folder, int);
-  // Either kind of list: to the folder, on another drive if need be. One that is no longer there is
-  // told by StatusMessage.
+  // Either kind of list: to the folder, on another drive if need be. One that cannot be opened is
+  // told by StatusMessage, with the reason.
   void GoToFolder(const std::string& folder);
   // Key of the open node; its depth, 1 for the top; the folder above the node of a key.
   std::string CurrentNodeKey() const;

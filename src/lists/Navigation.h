@@ -43,8 +43,8 @@ class Navigation {
   void MoveFocusUpOneFolder(lister::ListId list);
 
   // Opens the folder at that place of the pane's history, which is Here from then on. A place
-  // beyond its ends does nothing; a folder that is no longer there is told by StatusMessage, and
-  // forgotten.
+  // beyond its ends does nothing; a folder that cannot be opened any more is told by StatusMessage,
+  // and forgotten.
   void OpenFromHistory(int pane, std::size_t place);
 
  private:

@@ -336,13 +336,15 @@ TEST_F(Selection, TakesKeysAndTypedText) {
       Events.Take(),
       (Texts{"CommandTextAsked \"C:\\box\\b c\"", "ItemFocused 0", "NewFolderAsked", "CloseAsked",
              "OpenChildFolder C:\\box\\sub in C:\\box", "UpFolderKey 8", "ListKeyDown 114"}));
-  for (const char* path : {"", "(empty)", "C:\\gone", "D:\\"}) {
+  for (const char* path : {"", "(empty)", "C:\\gone", "C:\\box\\b c", "D:\\"}) {
     Events.Bookmark = path;
     press('0', CtrlDown);
   }
-  EXPECT_EQ(Events.Take(), (Texts{"BookmarkAsked 9", "BookmarkAsked 9", "BookmarkAsked 9",
-                                  "StatusMessage Cannot open C:\\gone: it is no longer there",
-                                  "BookmarkAsked 9", "OpenChildFolder D:\\ in D:\\"}));
+  EXPECT_EQ(Events.Take(),
+            (Texts{"BookmarkAsked 9", "BookmarkAsked 9", "BookmarkAsked 9",
+                   "StatusMessage Cannot open C:\\gone: it is no longer there", "BookmarkAsked 9",
+                   "StatusMessage Cannot open C:\\box\\b c: Not a directory", "BookmarkAsked 9",
+                   "OpenChildFolder D:\\ in D:\\"}));
 }
 
 TEST_F(Selection, SaysWhatAnActionWorksOn) {

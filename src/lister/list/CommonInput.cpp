@@ -30,7 +30,10 @@ void CommonInput::Focused() {
 void CommonInput::GoToFolder(const std::string& folder) {
   const platform::FileSystem& files = list_.Services.Files;
   if (files.FolderExists(folder)) return EnterFolder(folder);
-  const std::string why = files.Exists(folder) ? "it cannot be read" : "it is no longer there";
+  base::Status status;
+  files.OpenFolder(folder, status);
+  const bool isThere = !status && files.Exists(folder);
+  const std::string why = isThere ? status.Reason : "it is no longer there";
   list_.Events.StatusMessage(list_.Id, "Cannot open " + base::ForDisplay(folder) + ": " + why);
 }
 

@@ -62,8 +62,8 @@ class ListInput {
   virtual void KeyUp(int keyCode) = 0;
   // Typed text moves the cursor to the next item whose name begins with it.
   virtual void TypeText(std::string_view text) = 0;
-  // To the folder, on another drive if need be. One that is no longer there is told by
-  // StatusMessage.
+  // To the folder, on another drive if need be. One that cannot be opened is told by StatusMessage,
+  // with the reason.
   virtual void GoToFolder(const std::string& folder) = 0;
 
   // Bookmarks have slots 0 to 9. The form is asked for what a slot holds. A slot without a folder
