@@ -89,7 +89,7 @@ void TrashRows::Take(std::vector<TrashedItem> items) {
   if (changed.size() > FewItems) return ShowAnew();
   // What is told twice at once has one row.
   std::ranges::sort(changed);
-  changed.erase(std::ranges::unique(changed).begin(), changed.end());
+  changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
   Hide(known);
   Show(changed);
 }
