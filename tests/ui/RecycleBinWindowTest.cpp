@@ -62,6 +62,7 @@ TEST_F(RecycleBinWindowTest, KeepsItsPlaceWhileTheTrashChanges) {
   // At the top what comes is in sight.
   Tell([this] { Platform.Trash.Tell(Item(101)); });
   EXPECT_EQ(List->indexAt({1, 1}).row(), 0);
+  EXPECT_EQ(List->currentIndex().row(), 0);
   List->setCurrentIndex(List->model()->index(50, 0));
   List->verticalScrollBar()->setValue(45);
   const QString top = List->indexAt({1, 1}).data().toString(), current = CurrentText();

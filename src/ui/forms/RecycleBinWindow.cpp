@@ -179,7 +179,10 @@ std::uint64_t RecycleBinWindow::IdAt(const QModelIndex& index) const {
 
 void RecycleBinWindow::BeginRows() {
   const bool isAtStart = list_->verticalScrollBar()->value() == 0;
-  place_ = {.Current = IdAt(list_->currentIndex()),
+  // Who has gone nowhere and chosen nothing stays with the first row.
+  const bool isAtFirst =
+      isAtStart && list_->currentIndex().row() <= 0 && form_.Rows().Selected().Items == 0;
+  place_ = {.Current = isAtFirst ? 0 : IdAt(list_->currentIndex()),
             .CurrentRow = std::max(list_->currentIndex().row(), 0),
             .Top = isAtStart ? 0 : IdAt(list_->indexAt({1, 1}))};
   model_.Begin();
