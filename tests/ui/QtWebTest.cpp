@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
