@@ -214,21 +214,54 @@ class FakeLauncher : public platform::Launcher {
 };
 
 // Notes what is asked for; a test may do the work.
+// Does its work at once, unless it is told to hold it back until Finish.
 class FakeFileOperation : public platform::FileOperation {
  public:
   std::vector<platform::OperationRequest> Requests;
+  std::vector<platform::CommandKind> Kinds;  // of the orders, and of what was noted
+  std::vector<platform::PlacedItem> Noted;
   std::function<int(const platform::OperationRequest&)> OnRun;  // gives the result's code
   std::string Refused;                                          // the item that stays where it is
   std::vector<platform::PlacedItem> Placed;                     // given with it
+  bool Holds = false;
 
   platform::OperationResult Run(const platform::OperationRequest& request) override {
     Requests.push_back(request);
     return {.Code = OnRun ? OnRun(request) : 0, .Placed = Placed};
   }
+  platform::OperationId Start(platform::OperationOrder order) override {
+    Kinds.push_back(order.Kind);
+    platform::OperationResult all;
+    for (const platform::OperationRequest& request : order.Requests)
+      platform::Add(all, Run(request));
+    results_.push_back(std::move(all));
+    return results_.size();
+  }
+  void WhenDone(platform::OperationId operation, platform::OperationDone then) override {
+    if (Holds && operation != platform::NoOperation) {
+      held_.emplace_back(operation, std::move(then));
+      return;
+    }
+    then(operation == platform::NoOperation ? platform::OperationResult()
+                                            : results_.at(operation - 1));
+  }
+  void NoteDone(platform::CommandKind kind,
+                const std::vector<platform::PlacedItem>& items) override {
+    Kinds.push_back(kind);
+    Noted.insert(Noted.end(), items.begin(), items.end());
+  }
+  // All that is held back is done now.
+  void Finish() {
+    for (auto& [operation, then] : std::exchange(held_, {})) then(results_.at(operation - 1));
+  }
   std::string Refusal(platform::FileFunction function, const std::string& items) const override {
     const bool isRefused = !Refused.empty() && base::ItemList(items).First() == Refused;
     return isRefused ? "Refused " + std::to_string(static_cast<int>(function)) : "";
   }
+
+ private:
+  std::vector<platform::OperationResult> results_;
+  std::vector<std::pair<platform::OperationId, platform::OperationDone>> held_;
 };
 
 // A platform's menu of the entries that a test puts into Captions, a line for an empty one. One

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "base/PathSyntax.h"
+#include "platform/OperationEngine.h"
 #include "platform/OperationUser.h"
 
 namespace tarnwell::ui {
@@ -54,12 +55,7 @@ using OperationAnswer =
     std::variant<platform::ConflictAnswer, platform::TroubleChoice, platform::NoTrashAnswer,
                  platform::LossAnswer, platform::MissingFolderChoice, RemarksSeen>;
 
-// The texts of `Numbers` are in `From` and `To` instead.
-struct ProgressReport {
-  platform::OperationProgress Numbers;
-  std::string From;
-  std::string To;
-};
+using platform::ProgressReport;
 
 class OperationMailbox : public platform::OperationUser {
  public:

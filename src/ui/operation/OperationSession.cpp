@@ -20,7 +20,7 @@ namespace {
 constexpr int QuietTime = 500;  // milliseconds
 constexpr int TickTime = 250;
 // So long an operation that was cancelled may take to come to its end on another machine.
-constexpr OperationMeter::Ticks LastWord = 3000;
+constexpr fileops::OperationMeter::Ticks LastWord = 3000;
 
 // The window may be in the middle of one of its own events.
 template <typename Window>

@@ -13,8 +13,8 @@
 #include <optional>
 #include <string>
 
+#include "fileops/OperationMeter.h"
 #include "ui/operation/OperationMailbox.h"
-#include "ui/operation/OperationMeter.h"
 #include "ui/operation/OperationTools.h"
 #include "ui/operation/ProgressWindow.h"
 #include "ui/operation/QuestionWindow.h"
@@ -62,7 +62,7 @@ class OperationSession : public QObject {
   void LeaveQuietTime();
   void SetPointer(Qt::CursorShape shape);
   bool IsSilent() const { return (request_.Flags & platform::Silent) != 0; }
-  OperationMeter::Ticks Now() const { return tools_.Clock.Ticks(); }
+  fileops::OperationMeter::Ticks Now() const { return tools_.Clock.Ticks(); }
 
   const platform::OperationRequest request_;
   const OperationTools tools_;
@@ -70,7 +70,7 @@ class OperationSession : public QObject {
   const OperationCount running_;
   const std::shared_ptr<Work> work_;  // the engine's too
   OperationMailbox& mailbox_;
-  OperationMeter meter_;
+  fileops::OperationMeter meter_;
   QPointer<QWidget> owner_;
   QTimer tick_;
   QTimer untilShown_;
@@ -82,7 +82,7 @@ class OperationSession : public QObject {
   bool paused_ = false;
   bool ended_ = false;
   bool pointerSet_ = false;
-  OperationMeter::Ticks cancelledAt_ = 0;
+  fileops::OperationMeter::Ticks cancelledAt_ = 0;
   std::future<platform::OperationResult> result_;
 };
 

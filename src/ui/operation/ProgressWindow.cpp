@@ -113,7 +113,7 @@ ElidedLabel& ProgressWindow::AddPath(QGridLayout& grid, const QString& caption) 
   return *path;
 }
 
-void ProgressWindow::Show(const ProgressReport& report, const OperationMeter& meter) {
+void ProgressWindow::Show(const ProgressReport& report, const fileops::OperationMeter& meter) {
   if (cancelling_) return;
   ShowNames(report);
   ShowBar(report.Numbers);
@@ -134,8 +134,8 @@ void ProgressWindow::ShowBar(const platform::OperationProgress& progress) {
   const platform::NumberForms& forms = tools_.Forms;
   const auto size = [&](std::uint64_t bytes) { return lister::ByteText(forms, bytes); };
   const bool byBytes = progress.BytesTotal > 0;
-  const int percent = byBytes ? PercentOf(progress.BytesDone, progress.BytesTotal)
-                              : PercentOf(progress.ItemsDone, progress.ItemsTotal);
+  const int percent = byBytes ? fileops::PercentOf(progress.BytesDone, progress.BytesTotal)
+                              : fileops::PercentOf(progress.ItemsDone, progress.ItemsTotal);
   // A part of what is not known yet is no number.
   bar_.setRange(0, progress.IsCounting ? 0 : 100);
   bar_.setValue(percent);
@@ -152,7 +152,7 @@ void ProgressWindow::ShowBar(const platform::OperationProgress& progress) {
 }
 
 void ProgressWindow::ShowSpeed(const platform::OperationProgress& progress,
-                               const OperationMeter& meter) {
+                               const fileops::OperationMeter& meter) {
   const std::uint64_t speed = meter.BytesPerSecond();
   SetText(speed_, speed > 0 ? lister::ByteText(tools_.Forms, speed) + "/s" : "");
   if (progress.IsCounting) {
@@ -160,7 +160,7 @@ void ProgressWindow::ShowSpeed(const platform::OperationProgress& progress,
     return;
   }
   const auto seconds = meter.SecondsLeft(progress.BytesTotal, progress.ItemsTotal);
-  SetText(left_, seconds ? TimeLeftText(tools_.Forms, *seconds) : "");
+  SetText(left_, seconds ? fileops::TimeLeftText(tools_.Forms, *seconds) : "");
 }
 
 void ProgressWindow::TogglePause() {

@@ -10,9 +10,9 @@
 #include <functional>
 #include <optional>
 
+#include "fileops/OperationMeter.h"
 #include "platform/FileOperation.h"
 #include "ui/operation/OperationMailbox.h"
-#include "ui/operation/OperationMeter.h"
 #include "ui/operation/OperationTools.h"
 #include "ui/toolkit/ElidedLabel.h"
 
@@ -29,7 +29,7 @@ class ProgressWindow : public QDialog {
                  Actions actions);
 
   // To be called some times a second.
-  void Show(const ProgressReport& report, const OperationMeter& meter);
+  void Show(const ProgressReport& report, const fileops::OperationMeter& meter);
   // The operation has been cancelled and comes to its end.
   void ShowCancelling();
 
@@ -40,7 +40,7 @@ class ProgressWindow : public QDialog {
   ElidedLabel& AddPath(QGridLayout& grid, const QString& caption);
   void ShowNames(const ProgressReport& report);
   void ShowBar(const platform::OperationProgress& progress);
-  void ShowSpeed(const platform::OperationProgress& progress, const OperationMeter& meter);
+  void ShowSpeed(const platform::OperationProgress& progress, const fileops::OperationMeter& meter);
   void TogglePause();
 
   const OperationTools tools_;

@@ -23,6 +23,20 @@ platform::OperationResult QtFileOperation::Run(const platform::OperationRequest&
   return session.Run(engine_);
 }
 
+platform::OperationId QtFileOperation::Start(platform::OperationOrder order) {
+  platform::OperationResult all;
+  for (const platform::OperationRequest& request : order.Requests) {
+    platform::Add(all, Run(request));
+    if (all.Aborted) break;
+  }
+  result_ = std::move(all);
+  return ++last_;
+}
+
+void QtFileOperation::WhenDone(platform::OperationId operation, platform::OperationDone then) {
+  then(operation == last_ ? result_ : platform::OperationResult());
+}
+
 void QtFileOperation::CancelThen(std::function<void()> then) {
   if (session_ == nullptr) {
     then();

@@ -28,6 +28,9 @@ class QtFileOperation : public platform::FileOperation {
   // When the program is asked to end, the operation is cancelled and its end awaited. One that is
   // cancelled while another machine keeps it is left to itself.
   platform::OperationResult Run(const platform::OperationRequest& request) override;
+  platform::OperationId Start(platform::OperationOrder order) override;
+  void WhenDone(platform::OperationId operation, platform::OperationDone then) override;
+  void NoteDone(platform::CommandKind, const std::vector<platform::PlacedItem>&) override {}
 
   std::string Refusal(platform::FileFunction function, const std::string& items) const override {
     return refusal_(function, items);
@@ -54,6 +57,8 @@ class QtFileOperation : public platform::FileOperation {
   const OperationCount running_ = std::make_shared<std::atomic<int>>(0);
   OperationSession* session_ = nullptr;  // the one that runs
   std::function<void()> then_;
+  platform::OperationId last_ = platform::NoOperation;
+  platform::OperationResult result_;  // of the last one
 };
 
 }  // namespace tarnwell::ui

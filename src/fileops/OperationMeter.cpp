@@ -1,11 +1,11 @@
-#include "ui/operation/OperationMeter.h"
+#include "fileops/OperationMeter.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "lister/rows/CellText.h"
 
-namespace tarnwell::ui {
+namespace tarnwell::fileops {
 namespace {
 
 // Speed is to follow what happens; the time left is to jump about less.
@@ -92,4 +92,4 @@ std::string TimeLeftText(const platform::NumberForms& forms, std::uint64_t secon
   return about((seconds + day / 2) / day, "day");
 }
 
-}  // namespace tarnwell::ui
+}  // namespace tarnwell::fileops

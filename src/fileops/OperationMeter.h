@@ -9,7 +9,7 @@
 
 #include "platform/NumberForms.h"
 
-namespace tarnwell::ui {
+namespace tarnwell::fileops {
 
 class OperationMeter {
  public:
@@ -49,4 +49,4 @@ int PercentOf(std::uint64_t done, std::uint64_t total);
 // "About 5 minutes left", the coarser the longer it takes.
 std::string TimeLeftText(const platform::NumberForms& forms, std::uint64_t seconds);
 
-}  // namespace tarnwell::ui
+}  // namespace tarnwell::fileops

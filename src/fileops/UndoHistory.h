@@ -1,0 +1,58 @@
+// What the commands of this run have done, as far as it can be taken back or done again.
+//
+// Plain records and their order; looks at no disk and starts nothing.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/FileOperation.h"
+
+namespace tarnwell::fileops {
+
+// A colour that an item was given; both words as ItemColours has them, "default" for none.
+struct ColouredItem {
+  std::string Path;
+  std::string Before;
+  std::string After;
+};
+
+// One command, however many items it was for.
+struct UndoStep {
+  platform::CommandKind Kind = platform::CommandKind::Other;
+  std::vector<platform::DoneItem> Items;
+  std::vector<ColouredItem> Colours;  // of CommandKind::Colour, which has no items
+  std::uint64_t Irrevocable = 0;      // items of the command that cannot be taken back
+};
+
+class UndoHistory {
+ public:
+  static constexpr std::size_t Most = 100;
+
+  // A command is done. What was undone cannot be done again from then on; the oldest step goes
+  // where there are too many. A step with nothing to take back is not kept.
+  void Add(UndoStep step);
+
+  // Null where there is none.
+  const UndoStep* NextUndo() const { return undo_.empty() ? nullptr : &undo_.back(); }
+  const UndoStep* NextRedo() const { return redo_.empty() ? nullptr : &redo_.back(); }
+
+  // Takes the step out; what came of it is put back by one of those below.
+  UndoStep TakeUndo();
+  UndoStep TakeRedo();
+  // The step that takes back what an undo has done, or a redo; none where that is nothing.
+  void Undone(UndoStep inverse);
+  void Redone(UndoStep inverse);
+  // What was taken out and is still to be done, since the undo, or the redo, was given up.
+  void PutBackUndo(UndoStep rest);
+  void PutBackRedo(UndoStep rest);
+
+ private:
+  std::deque<UndoStep> undo_;  // the newest at the end
+  std::deque<UndoStep> redo_;
+};
+
+}  // namespace tarnwell::fileops
