@@ -6,6 +6,7 @@ root="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
 
 "$root/scripts/install-packages" build run
 "$root/scripts/build" release tarnwell
+"$root/scripts/make-guide" || echo "The program starts without its user guide." >&2
 program="$root/build/release/tarnwell"
 
 if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then

@@ -66,8 +66,8 @@ TEST_F(CommandsTest, TheGuideListsAllKeysAndNoKeyHasTwoCommands) {
     if (!row.Entry.starts_with("mnu")) continue;
     EXPECT_NO_THROW(Space.Form.Menus[row.Entry]) << row.Entry;
   }
-  const std::string guide = fakes::ReadTestFile("../docs/guide.md");
-  EXPECT_NE(guide.find("|---|---|---|\n" + lines + "\n"), std::string::npos) << lines;
+  const std::string guide = fakes::ReadTestFile("../docs/guide/keys.md");
+  EXPECT_TRUE(guide.ends_with("|---|---|---|\n" + lines)) << lines;
 }
 
 TEST_F(CommandsTest, SwitchesKeepTicksAndButtonsTogether) {
