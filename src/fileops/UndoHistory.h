@@ -32,15 +32,17 @@ class UndoHistory {
  public:
   static constexpr std::size_t Most = 100;
 
-  // A command is done. What was undone cannot be done again from then on; the oldest step goes
-  // where there are too many. A step with nothing to take back is not kept.
+  // A command is done; not for undoes and redoes, which end in Undone and Redone. What was undone
+  // cannot be done again from then on; the oldest step goes where there are too many. A step with
+  // nothing to take back is not kept, and one of a command that did nothing changes nothing.
   void Add(UndoStep step);
 
   // Null where there is none.
   const UndoStep* NextUndo() const { return undo_.empty() ? nullptr : &undo_.back(); }
   const UndoStep* NextRedo() const { return redo_.empty() ? nullptr : &redo_.back(); }
 
-  // Takes the step out; what came of it is put back by one of those below.
+  // Takes the step out, an empty one where there is none; what came of it is put back by those
+  // below.
   UndoStep TakeUndo();
   UndoStep TakeRedo();
   // The step that takes back what an undo has done, or a redo; none where that is nothing.
