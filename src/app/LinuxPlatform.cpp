@@ -24,6 +24,7 @@
 #include "platform/linux/system/LinuxSystemInfo.h"
 #include "platform/linux/system/LinuxTermination.h"
 #include "platform/linux/system/LinuxUserSettings.h"
+#include "platform/linux/system/RunningCopy.h"
 #include "platform/linux/system/XcbKeyboard.h"
 #include "platform/linux/trash/LinuxTrashCan.h"
 
@@ -33,6 +34,17 @@ std::optional<int> PrepareProcess(int argc, char** argv) {
   if (const auto code = platform::AnswerTerminalCall(argc, argv)) return code;
   platform::OutliveFailedWrites();
   return {};
+}
+
+bool AskRunningCopy(const std::vector<std::string>& folders) {
+  return platform::AskRunningCopy(
+      platform::LinuxSystemInfo(platform::ProgramPlaces::OfProcess()).ProgramFolder(), folders);
+}
+
+std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens) {
+  return std::make_shared<platform::RunningCopy>(
+      platform::LinuxSystemInfo(platform::ProgramPlaces::OfProcess()).ProgramFolder(),
+      std::move(opens));
 }
 
 namespace {

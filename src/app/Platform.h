@@ -34,6 +34,15 @@ namespace tarnwell::app {
 // done already.
 std::optional<int> PrepareProcess(int argc, char** argv);
 
+// Other copies of the program of the same user with the same folder of its own files.
+// Whether one that runs has taken the folders, which are full paths.
+bool AskRunningCopy(const std::vector<std::string>& folders);
+// While what it gives lives, `opens` is called from the event loop when another copy asks so.
+// `token` is what brings a window to the front where the desktop asks for that; may be empty.
+using OpensFolders =
+    std::function<void(const std::vector<std::string>& folders, const std::string& token)>;
+std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens);
+
 // What works by windows, which it is given, or by the display.
 struct DesktopTools {
   platform::FileClipboard& Clipboard;

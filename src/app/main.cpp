@@ -1,10 +1,12 @@
 // Builds the adapters, hands them to the core, and runs.
 
 #include <QIcon>
+#include <QPointer>
 #include <QTimer>
 #include <cstdlib>
 #include <memory>
 
+#include "app/CommandArguments.h"
 #include "app/Platform.h"
 #include "lists/ShowCut.h"
 #include "shell/Application.h"
@@ -77,6 +79,10 @@ void BindDialogs(ui::QtFormHost& host) {
 
 int main(int argc, char** argv) {
   if (const auto code = app::PrepareProcess(argc, argv)) return *code;
+  app::CommandArguments arguments = app::ReadArguments(argc, argv, ProgramVersion);
+  if (arguments.ExitCode) return *arguments.ExitCode;
+  if (!arguments.Folders.empty() && app::AskRunningCopy(arguments.Folders)) return EXIT_SUCCESS;
+  argc = 1;  // the rest is not for the toolkit
   ui::GuardedApplication qtApplication(argc, argv);
   QApplication::setApplicationName(QStringLiteral("tarnwell"));
   QApplication::setApplicationDisplayName(QStringLiteral("Tarnwell"));
@@ -146,16 +152,19 @@ int main(int argc, char** argv) {
                                   *system.Network,
                                   ProgramSite(),
                                   AllLibraries(system),
-                                  log.get()},
+                                  log.get(),
+                                  std::move(arguments.Folders)},
                                  ProgramVersion);
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });
   host.Bind<shell::frmAcknow>(
       [](shell::frmAcknow& form) { return std::make_unique<ui::AcknowWindow>(form); });
+  QPointer<QWidget> mainWindow;
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
     auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons);
     popups.SetWindow(window.get());
+    mainWindow = window.get();
     return window;
   });
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {
@@ -188,6 +197,15 @@ int main(int argc, char** argv) {
     pump.Leave();
     endWork([&] { application.RequestQuit(); });
   });
+  std::shared_ptr<void> otherCopies =
+      app::WhenAskedToOpen([&](const std::vector<std::string>& folders, const std::string& token) {
+        if (!application.StartForm().LoadFinished) return;
+        application.MainObject().OpenFolders(folders);
+        if (!mainWindow) return;
+        if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+        mainWindow->raise();
+        mainWindow->activateWindow();
+      });
   clipboard.CutChanged = [&application](const std::string& items) {
     lists::ShowCut(application.MainObject().Space(), items);
   };
@@ -202,6 +220,7 @@ int main(int argc, char** argv) {
     if (host.OpenForms().empty()) QCoreApplication::quit();
   });
   QApplication::exec();
+  otherCopies.reset();
   // Whatever ended the loop (a session that logs out, say), the program ends as if closed.
   pump.Leave();
   application.RequestQuit();

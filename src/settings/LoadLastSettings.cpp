@@ -7,13 +7,11 @@
 namespace tarnwell::settings {
 namespace {
 
-// Only a damaged file has every pane closed.
-void OpenFirstPane(workspace::Workspace& space) {
-  space.Panes[0].Status = workspace::Open;
-  space.Form.Toolbar1["pane0"].Pressed = true;
-  space.Form.Menus["mnuPane0"].Checked = true;
-  space.OpenPaneCount = 1;
-  space.InitialActivePane = 0;
+void OpenPane(workspace::Workspace& space, int pane) {
+  const std::string number = std::to_string(pane);
+  space.Panes[pane].Status = workspace::Open;
+  space.Form.Toolbar1["pane" + number].Pressed = true;
+  space.Form.Menus["mnuPane" + number].Checked = true;
 }
 
 void FindActivePane(workspace::Workspace& space) {
@@ -25,7 +23,11 @@ void FindActivePane(workspace::Workspace& space) {
     ++space.OpenPaneCount;
     if (space.InitialActivePane < 0) space.InitialActivePane = static_cast<std::int16_t>(pane);
   }
-  if (space.OpenPaneCount == 0) OpenFirstPane(space);
+  if (space.OpenPaneCount == 0) {  // only a damaged file has every pane closed
+    OpenPane(space, 0);
+    space.OpenPaneCount = 1;
+    space.InitialActivePane = 0;
+  }
   space.PreviousActivePane = space.InitialActivePane;
   space.ActiveList = space.InitialActivePane;
   space.CurrentList = space.InitialActivePane;
@@ -42,6 +44,7 @@ ReadMarkers LoadLastSettings(const StartSettings& start) {
   ReadMarkers markers;
   start.File.ReadSettingsFile(GlobalScope, markers);
   MakeBookmarkDisplayPaths(space.Settings);
+  for (int pane = 0; pane < start.LeastPanes; ++pane) OpenPane(space, pane);
   FindActivePane(space);
   start.ShowStatus("arranging setup...");
   if (!markers.PositionFound) space.Form.State = forms::WindowState::Maximised;

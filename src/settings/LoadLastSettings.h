@@ -19,6 +19,7 @@ struct StartSettings {
   ViewSwitches& Switches;
   const base::PathSyntax& Syntax;
   std::function<void(const std::string&)> ShowStatus;  // the start-up status line
+  int LeastPanes = 0;  // so many, from the first on, are open whatever the file says
 };
 
 // Defaults, then the settings file over them, then the skin and the panes. Gives what was found out

@@ -300,7 +300,8 @@ void Master::CheckShutDown() {
 void Master::GetLastSettings() {
   markers_ = settings::LoadLastSettings(
       {space_, panes_, settingsFile_, skin_, switches_, services_.Files.Syntax(),
-       [this](const std::string& text) { splash_.ShowStatus(text); }});
+       [this](const std::string& text) { splash_.ShowStatus(text); },
+       static_cast<int>(services_.StartFolders.size())});
 }
 
 // Whatever has the name makes room first: through a link the marker would empty another file.
@@ -410,6 +411,35 @@ void Master::WheelTurned(int delta) {
 
 void Master::OpenFolder(const std::string& path) {
   if (auto* const list = space_.Lists.Find(space_.CurrentList)) list->GoToFolder(path);
+}
+
+void Master::OpenFolders(const std::vector<std::string>& paths) {
+  splitters_.GiveUp();
+  const int count = std::min(static_cast<int>(paths.size()), lister::PaneCount);
+  for (int pane = 0; pane < count; ++pane) {
+    const std::string& path = paths[static_cast<std::size_t>(pane)];
+    if (!space_.Panes[pane].IsOpen()) panes_.ChangePanes(pane);
+    navigation_.OpenOnDrive(lister::FolderListOf(pane), services_.Drives.DriveOf(path), path);
+  }
+  if (count > 0) {
+    TitleMouseDown(0);
+    TitleClick(0);
+  }
+  const workspace::MainForm& form = space_.Form;
+  if (form.InTray || form.State == forms::WindowState::Minimised) tray_.RestoreWindow();
+}
+
+// A folder that the program was started with is in the place of the one that was open last.
+void Master::LoadFolders(int pane) {
+  const auto at = static_cast<std::size_t>(pane);
+  if (at < services_.StartFolders.size() && !services_.StartFolders[at].empty()) {
+    const std::string folder = services_.StartFolders[at];
+    std::string drive = services_.Drives.DriveOf(folder);
+    space_.Lists.Folders(pane).SetDriveFolder(drive, folder);
+    space_.Panes[pane].InitialDrive = std::move(drive);
+    services_.StartFolders[at].clear();
+  }
+  navigation_.LoadFolders(pane);
 }
 
 void Master::EscapeKey() {

@@ -95,6 +95,9 @@ class Master : private workspace::PaneHooks,
   void TitleMouseMove(int pane) { layout_.TitleMouseMove(pane); }
   // To the folder in the pane of the current list, as a bookmark does.
   void OpenFolder(const std::string& path);
+  // Full paths, one in each pane from the first on, which are opened; a minimised window comes
+  // back.
+  void OpenFolders(const std::vector<std::string>& paths);
   // Over the form but no list; a notch away from the user is 120.
   void WheelTurned(int delta);
   // A key, before the control that has the keyboard sees it; see Keyboard.h.
@@ -133,7 +136,7 @@ class Master : private workspace::PaneHooks,
   void Shutdown();
   void ReplayPaneSettings(int pane) override { settingsFile_.ReplayPaneSettings(pane); }
   void ApplySkinChange() override { skin_.ApplySkinChange(); }
-  void LoadFolders(int pane) override { navigation_.LoadFolders(pane); }
+  void LoadFolders(int pane) override;
   void LoadPaneDrive(int pane) override { navigation_.LoadPaneDrive(pane); }
 
   void Exit() override;

@@ -56,6 +56,7 @@ struct Services {
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged
+  std::vector<std::string> StartFolders{};     // full paths, for the panes from the first on
 };
 
 }  // namespace tarnwell::shell

@@ -133,11 +133,12 @@ class List(Control):
 
 
 class Program:
-    """One run of the program. `wrapper` is a command that runs it, `environment` adds to ours. The
+    """One run of the program. `arguments` are those of its command line, `wrapper` is a command
+    that runs it, `environment` adds to ours. The
     tip of the day, which would have the keyboard, is switched off unless `tips` is set; then the
     switch is as the run before left it."""
 
-    def __init__(self, own, home, wrapper=(), environment=None, tips=False):
+    def __init__(self, own, home, arguments=(), wrapper=(), environment=None, tips=False):
         config = pathlib.Path(own).parent / "config"
         self.tips = config / "tarnwell/tarnwell.conf"
         if not tips:
@@ -145,8 +146,8 @@ class Program:
             self.tips.write_text("[Options]\nShow Tips at Startup=0\n")
         variables = dict(os.environ, TARNWELL_HOME=str(own), HOME=str(home),
                          XDG_CONFIG_HOME=str(config), **(environment or {}))
-        self.process = subprocess.Popen([*wrapper, str(PROGRAM)], env=variables,
-                                        stdin=subprocess.DEVNULL)
+        self.process = subprocess.Popen([*wrapper, str(PROGRAM), *map(str, arguments)],
+                                        env=variables, stdin=subprocess.DEVNULL)
         self._application = None
         self._known = {}
 

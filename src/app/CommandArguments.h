@@ -1,0 +1,22 @@
+// The words behind the program's name, as getopt_long(3) reads them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/Version.h"
+
+namespace tarnwell::app {
+
+struct CommandArguments {
+  // Full paths of folders that can be listed, for the panes from the first on.
+  std::vector<std::string> Folders;
+  // The program is not to start: the arguments are wrong (2), or have been answered (0).
+  std::optional<int> ExitCode;
+};
+
+// Writes what there is to say: help and version to the output, what is wrong to the error output.
+CommandArguments ReadArguments(int argc, char** argv, const base::Version& version);
+
+}  // namespace tarnwell::app
