@@ -6,26 +6,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <string>
 #include <vector>
 
+#include "lister/rows/ItemColours.h"
 #include "platform/FileOperation.h"
 
 namespace tarnwell::fileops {
-
-// A colour that an item was given; both words as ItemColours has them, "default" for none.
-struct ColouredItem {
-  std::string Path;
-  std::string Before;
-  std::string After;
-};
 
 // One command, however many items it was for.
 struct UndoStep {
   platform::CommandKind Kind = platform::CommandKind::Other;
   std::vector<platform::DoneItem> Items;
-  std::vector<ColouredItem> Colours;  // of CommandKind::Colour, which has no items
-  std::uint64_t Irrevocable = 0;      // items of the command that cannot be taken back
+  std::vector<lister::ColouredItem> Colours;  // of CommandKind::Colour, which has no items
+  std::uint64_t Irrevocable = 0;              // items of the command that cannot be taken back
+  // What did it; for what was done by other means, the operation that was started last before.
+  platform::OperationId Operation = platform::NoOperation;
 };
 
 class UndoHistory {

@@ -305,11 +305,14 @@ void ListerControl::AddActiveItem(const std::string& folder, const std::string& 
 
 // --- Tools.
 
-void ListerControl::SetItemColor(const std::string& word, std::int32_t& count) {
+std::vector<ColouredItem> ListerControl::SetItemColor(const std::string& word,
+                                                      std::int32_t& count) {
   const ItemColour colour = ColourOfWord(word);
   const bool isKnown = colour != ItemColour::Default || word == ItemColours[0].Word;
-  if (isKnown) parts_->Body->SetItemColour(colour);
+  std::vector<ColouredItem> changed;
+  if (isKnown) changed = parts_->Body->SetItemColour(colour);
   count = parts_->Body->FileCount();
+  return changed;
 }
 
 void ListerControl::CalculateFolderSizes() {

@@ -216,8 +216,9 @@ class ListerControl : public forms::Control, public ListFields {
 
   // Keeps the colour of that word, "default" for none, with each selected item, in a folder list
   // within the bracket of an action with the folder that was clicked for it; what does not take it
-  // is told by StatusMessage. `count` gets the number of files in the list's folder.
-  void SetItemColor(const std::string& word, std::int32_t& count);
+  // is told by StatusMessage. `count` gets the number of files in the list's folder. Gives those
+  // that have another colour now.
+  std::vector<ColouredItem> SetItemColor(const std::string& word, std::int32_t& count);
   // Of all folders on show; of the folder under the mouse pointer. Messages are let through and
   // CancelRequested is looked at. While a read runs the work waits for its end.
   void CalculateFolderSizes();

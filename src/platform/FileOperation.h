@@ -122,6 +122,8 @@ struct OperationOrder {
   CommandKind Kind = CommandKind::Other;
   // Done one after the other; none after one that was aborted.
   std::vector<OperationRequest> Requests;
+  // For people, where the kind and the requests do not say it: "Undoing: Copy of 3 items".
+  std::string Title = {};
 };
 
 // From the one that was started first; none is given twice.

@@ -265,28 +265,32 @@ TEST_F(ListTools, ColoursAreKeptWithWhatTakesThem) {
     List.SpaceKey();
   }
   for (const char* name : {"gone", "lost"}) Platform.Files.Remove("C:\\box\\" + std::string(name));
-  // The colours of one, two and file on disk, and of file in the list.
+  // The colours of one, two and file on disk, and of file in the list; then what has changed.
   const auto colours = [&](const char* word) {
     std::int32_t count = 0;
-    List.SetItemColor(word, count);
-    Texts all;
+    Texts changed, all;
+    for (const ColouredItem& item : List.SetItemColor(word, count))
+      changed.push_back(item.Path + ": " + item.Before + " > " + item.After);
     for (const char* name : {"one", "two", "file"}) {
       all.push_back(Platform.Files.At("C:\\box\\" + std::string(name))
                         .ExtendedAttributes[platform::ExtendedAttribute::Colour]);
     }
     EXPECT_EQ(Rows.StateOf(Row(RootRow, "file")).Colour, ColourOfWord(all.back()));
+    all.insert(all.end(), changed.begin(), changed.end());
     return all;
   };
   Events.Take();
-  EXPECT_EQ(colours("dark green"), (Texts{"dark green", "", "dark green"}));
+  EXPECT_EQ(colours("dark green"),
+            (Texts{"dark green", "", "dark green", "C:\\box\\one:  > dark green",
+                   "C:\\box\\file:  > dark green"}));
   EXPECT_EQ(Events.Take(), Texts{"StatusMessage Cannot keep the colour of gone: No such file or "
                                  "directory (and 1 more)"});
   Platform.Clock.TickStep = 60;
   PostAt(2, [&] { List.CancelRequested = true; });
-  EXPECT_EQ(colours("default"), (Texts{"", "", "dark green"}));
+  EXPECT_EQ(colours("default"), (Texts{"", "", "dark green", "C:\\box\\one: dark green > "}));
   EXPECT_FALSE(List.CancelRequested);
   EXPECT_EQ(List.Shown().Status, "Colours stopped: 1 of 4 items done");
-  EXPECT_EQ(colours("default"), (Texts{"", "", ""}));
+  EXPECT_EQ(colours("default"), (Texts{"", "", "", "C:\\box\\file: dark green > "}));
   EXPECT_EQ(List.Shown().Status, "7 items (4 folders), 4 bytes. 4 selected, 4 bytes");
 }
 

@@ -67,8 +67,8 @@ void FileBody::ShowStatus(const std::string& text) {
 
 // --- Tools.
 
-void FileBody::SetItemColour(ItemColour colour) {
-  KeepSelectedColours(files_, colour);
+std::vector<ColouredItem> FileBody::SetItemColour(ItemColour colour) {
+  return KeepSelectedColours(files_, colour);
 }
 
 int FileBody::FileCount() const {

@@ -45,7 +45,7 @@ class FileBody : public ListBody {
   void SetExtensionFilter(const std::string& extension) override;
   std::vector<ExtensionChoice> ExtensionChoices() const override;
 
-  void SetItemColour(ItemColour colour) override;
+  std::vector<ColouredItem> SetItemColour(ItemColour colour) override;
   int FileCount() const override;
   void CalculateFolderSizes() override;
   void CalculateItemSize() override;

@@ -24,7 +24,7 @@ void Show(FileListState& files, RowId row, const std::string& folder, const std:
 
 }  // namespace
 
-void KeepSelectedColours(FileListState& files, ItemColour colour) {
+std::vector<ColouredItem> KeepSelectedColours(FileListState& files, ItemColour colour) {
   ListState& list = files.List;
   const std::string folder = files.Rows.Folder();
   std::vector<std::pair<RowId, std::string>> items;
@@ -32,6 +32,8 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
     if (files.Rows.Row(row).IsSelected) items.emplace_back(row, files.Rows.Name(row));
   }
   const platform::NumberForms& forms = list.Services.Forms;
+  std::vector<ColouredItem> changed;
+  ColourReader reader(list.Services.Files);
   ColourFailures failures;
   std::size_t done = 0;
   bool told = false;
@@ -44,7 +46,7 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
       list.SetStatus("Colours: " + count + "; Escape stops");
       told = true;
       pace.Pump();
-      if (list.IsTerminated) return;
+      if (list.IsTerminated) return changed;
       if (list.Fields.CancelRequested) {
         list.SetStatus("Colours stopped: " + count + " done");
         told = false;
@@ -52,7 +54,8 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
       }
     }
     ++done;
-    const base::Status status = WriteColour(list, list.Syntax.Join(folder, name), colour);
+    const base::Status status =
+        WriteColour(list, reader, list.Syntax.Join(folder, name), colour, changed);
     if (status) {
       Show(files, row, folder, name, colour);
     } else {
@@ -62,6 +65,7 @@ void KeepSelectedColours(FileListState& files, ItemColour colour) {
   list.Fields.CancelRequested = false;
   if (told) ShowSummary(files);
   failures.Tell(list);
+  return changed;
 }
 
 }  // namespace tarnwell::lister

@@ -1,5 +1,7 @@
 #include "lister/list/KeepColour.h"
 
+#include <utility>
+
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::lister {
@@ -16,18 +18,41 @@ void ColourFailures::Tell(ListState& list) const {
   list.Events.StatusMessage(list.Id, first_ + more);
 }
 
-base::Status WriteColour(ListState& list, const std::string& path, ItemColour colour) {
-  const std::string_view word = ItemColours[static_cast<std::size_t>(colour)].Word;
-  return list.Services.Files.WriteExtendedAttribute(
-      path, platform::ExtendedAttribute::Colour,
-      colour == ItemColour::Default ? "" : std::string(word));
+base::Status ColourReader::Read(const std::string& path, std::string& text) {
+  const base::PathSyntax& syntax = files_.Syntax();
+  const std::string folder = syntax.ParentOf(path);
+  if (opened_ == nullptr || folder != folder_) {
+    base::Status status;
+    opened_ = files_.OpenFolder(folder, status);
+    folder_ = folder;
+    if (opened_ == nullptr) return status;
+  }
+  const bool isRoot = syntax.Same(path, folder);
+  return opened_->ReadExtendedAttribute(isRoot ? "" : syntax.LastComponent(path),
+                                        platform::ExtendedAttribute::Colour, text);
 }
 
-void KeepColour(ListState& list, const std::string& path, ItemColour colour) {
+base::Status WriteColour(ListState& list, ColourReader& reader, const std::string& path,
+                         ItemColour colour, std::vector<ColouredItem>& changed) {
+  const std::string_view word = ItemColours[static_cast<std::size_t>(colour)].Word;
+  std::string after(colour == ItemColour::Default ? "" : word);
+  std::string before;
+  const bool isKnown = static_cast<bool>(reader.Read(path, before));
+  base::Status status =
+      list.Services.Files.WriteExtendedAttribute(path, platform::ExtendedAttribute::Colour, after);
+  if (status && isKnown && before != after)
+    changed.push_back({path, std::move(before), std::move(after)});
+  return status;
+}
+
+std::vector<ColouredItem> KeepColour(ListState& list, const std::string& path, ItemColour colour) {
+  std::vector<ColouredItem> changed;
+  ColourReader reader(list.Services.Files);
   ColourFailures failures;
-  const base::Status status = WriteColour(list, path, colour);
+  const base::Status status = WriteColour(list, reader, path, colour, changed);
   if (!status) failures.Add(NameText(list.Syntax, path), status);
   failures.Tell(list);
+  return changed;
 }
 
 }  // namespace tarnwell::lister

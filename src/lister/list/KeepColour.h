@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "base/Status.h"
 #include "lister/list/ListBody.h"
@@ -22,9 +24,24 @@ class ColourFailures {
   std::string first_;
 };
 
-// Keeps the colour with the item of that path, Default takes it away.
-base::Status WriteColour(ListState& list, const std::string& path, ItemColour colour);
-// The same, and tells when the item does not take it.
-void KeepColour(ListState& list, const std::string& path, ItemColour colour);
+// Reads which colours items have, at the least cost where many of one folder follow each other.
+class ColourReader {
+ public:
+  explicit ColourReader(const platform::FileSystem& files) : files_(files) {}
+  // As the extended attribute has it, empty for none.
+  base::Status Read(const std::string& path, std::string& text);
+
+ private:
+  const platform::FileSystem& files_;
+  std::string folder_;
+  std::unique_ptr<platform::OpenedFolder> opened_;
+};
+
+// Keeps the colour with the item of that path, Default takes it away. An item that has another one
+// now comes to `changed`.
+base::Status WriteColour(ListState& list, ColourReader& reader, const std::string& path,
+                         ItemColour colour, std::vector<ColouredItem>& changed);
+// The same for one item, and tells when it does not take the colour.
+std::vector<ColouredItem> KeepColour(ListState& list, const std::string& path, ItemColour colour);
 
 }  // namespace tarnwell::lister

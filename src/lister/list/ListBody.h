@@ -109,7 +109,7 @@ class ListBody : public ListRows {
   virtual std::vector<ExtensionChoice> ExtensionChoices() const { return {}; }
 
   // Tools, as the form asks for them.
-  virtual void SetItemColour(ItemColour /*colour*/) {}
+  virtual std::vector<ColouredItem> SetItemColour(ItemColour /*colour*/) { return {}; }
   virtual int FileCount() const { return 0; }
   virtual void CalculateFolderSizes() {}
   virtual void CalculateItemSize() {}

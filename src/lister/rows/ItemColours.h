@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "base/Colour.h"
@@ -53,5 +54,12 @@ constexpr ItemColour ColourOfWord(std::string_view word) {
   }
   return ItemColour::Default;
 }
+
+// A colour that an item was given; both as its extended attribute has them, empty for none.
+struct ColouredItem {
+  std::string Path;
+  std::string Before;
+  std::string After;
+};
 
 }  // namespace tarnwell::lister

@@ -270,12 +270,13 @@ void FolderBody::FollowBranches() {
 
 // --- Tools.
 
-void FolderBody::SetItemColour(ItemColour colour) {
+std::vector<ColouredItem> FolderBody::SetItemColour(ItemColour colour) {
   const RowId row = input_.Meant();
-  if (!tree_.Has(row)) return;
-  KeepColour(state_, tree_.PathOf(row), colour);
+  if (!tree_.Has(row)) return {};
+  std::vector<ColouredItem> changed = KeepColour(state_, tree_.PathOf(row), colour);
   if (tree_.Has(row)) tree_.AskAnew(row);
   SettingsChanged();
+  return changed;
 }
 
 void FolderBody::CalculateFolderSizes() {

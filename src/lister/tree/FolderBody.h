@@ -46,7 +46,7 @@ class FolderBody : public ListBody {
   std::string ParentOfKey(const std::string& key) const override;
   int OpenLevel() const override;
 
-  void SetItemColour(ItemColour colour) override;
+  std::vector<ColouredItem> SetItemColour(ItemColour colour) override;
   void CalculateFolderSizes() override;
   void CalculateItemSize() override;
 
