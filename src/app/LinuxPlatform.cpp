@@ -6,6 +6,8 @@
 #include "base/ItemList.h"
 #include "platform/linux/afar/FarFileSystem.h"
 #include "platform/linux/afar/FarStamps.h"
+#include "platform/linux/afar/OperationVolumes.h"
+#include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolderStamps.h"
 #include "platform/linux/files/LinuxFolderWatch.h"
@@ -99,6 +101,14 @@ Platform MakePlatform(platform::MessagePump& pump) {
           *refusal = platform::ProtectedItems(folder).Refusal(function, items);
         });
     return status ? *refusal : status.Reason + ".";
+  };
+  made.VolumesOf = [calls](const platform::OperationRequest& request) {
+    return platform::VolumesOf(request, calls.Places());
+  };
+  made.FingerprintOf = [calls](const std::string& path, bool isWhole) {
+    return calls.Get<platform::ItemFingerprint>(
+        path, [path, isWhole] { return platform::FingerprintOf(path, isWhole); }, {},
+        platform::LastLink::Itself);
   };
   made.IsFar = [calls](const std::string& path) { return calls.PlaceOf(path).has_value(); };
   made.AnyCallsLeft = [calls] { return calls.AnyLeft(); };

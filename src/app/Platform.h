@@ -76,6 +76,9 @@ struct Platform {
   std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
   ui::OperationEngine RunOperation;
   ui::OperationRefusal RefuseOperation;
+  // As platform::OperationEngine has them.
+  std::function<std::vector<std::string>(const platform::OperationRequest& request)> VolumesOf;
+  std::function<platform::ItemFingerprint(const std::string& path, bool isWhole)> FingerprintOf;
   // Whether a call with the path may wait for another machine, and for ever.
   ui::FarTest IsFar;
   // Whether calls to other machines still run that nobody waits for.
