@@ -10,4 +10,18 @@ void ShowPlaced(const workspace::Workspace& workspace, lister::ListId list,
       placed, [&workspace, files] { return files == workspace.CurrentList; });
 }
 
+CursorMark MarkCursor(const workspace::Workspace& workspace, lister::ListId list) {
+  if (workspace.Lists.Find(list) == nullptr) return {};
+  const lister::ListId files = lister::FileListOf(lister::PaneOf(list));
+  const lister::ListerControl& control = workspace.Lists[files];
+  return {.Files = files,
+          .Folder = control.CurrentFolder(),
+          .Item = control.Rows().PathOf(control.Rows().CurrentRow())};
+}
+
+bool StandsAt(const workspace::Workspace& workspace, const CursorMark& mark) {
+  const CursorMark now = MarkCursor(workspace, mark.Files);
+  return now.Folder == mark.Folder && now.Item == mark.Item;
+}
+
 }  // namespace tarnwell::lists

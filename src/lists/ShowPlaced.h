@@ -1,6 +1,7 @@
 // After an operation the cursor stands on what came of it.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "platform/FileOperation.h"
@@ -12,5 +13,17 @@ namespace tarnwell::lists {
 // See ListerControl::PlaceCursor.
 void ShowPlaced(const workspace::Workspace& workspace, lister::ListId list,
                 const std::vector<platform::PlacedItem>& placed);
+
+// Where the cursor of that same file list stands as an operation begins.
+struct CursorMark {
+  lister::ListId Files = lister::NoList;
+  std::string Folder;
+  std::string Item;  // full path; empty where there is none
+};
+
+CursorMark MarkCursor(const workspace::Workspace& workspace, lister::ListId list);
+// Whether the list still shows that folder, with its cursor there: otherwise the user has gone on,
+// and nothing is to be moved under their fingers. To be asked before lists are refreshed.
+bool StandsAt(const workspace::Workspace& workspace, const CursorMark& mark);
 
 }  // namespace tarnwell::lists

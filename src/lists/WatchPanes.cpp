@@ -1,8 +1,26 @@
 #include "lists/WatchPanes.h"
 
+#include <exception>
 #include <utility>
 
 namespace tarnwell::lists {
+namespace {
+
+void CloseBracket(workspace::Workspace& workspace, const std::function<void()>& resume) {
+  try {
+    if (resume && workspace.OperationsAtWork == 0) resume();
+  } catch (...) {
+    // As below.
+  }
+  --workspace.OpenBrackets;
+  try {
+    LookAtPanes(workspace);
+  } catch (...) {
+    // A list tells itself what it cannot read; nothing else is to be told from here.
+  }
+}
+
+}  // namespace
 
 void WatchStopPanes(workspace::Workspace& workspace) {
   workspace.ForEachList([](lister::ListerControl& list) { list.WatchStop(); });
@@ -52,17 +70,32 @@ WatchBracket::WatchBracket(workspace::Workspace& workspace, lister::ListerContro
 }
 
 WatchBracket::~WatchBracket() {
-  try {
-    if (resume_) resume_();
-  } catch (...) {
-    // As below.
-  }
+  if (!hasEnded_) CloseBracket(workspace_, resume_);
+}
+
+// The steps outlive the bracket, and go unused where the program ends before.
+void WatchBracket::EndAfter(platform::FileOperation& operations, platform::OperationId operation,
+                            platform::OperationDone steps) {
+  hasEnded_ = true;
   --workspace_.OpenBrackets;
-  try {
-    LookAtPanes(workspace_);
-  } catch (...) {
-    // A list tells itself what it cannot read; nothing else is to be told from here.
-  }
+  ++workspace_.OperationsAtWork;
+  operations.WhenDone(operation, [&workspace = workspace_, resume = std::move(resume_),
+                                  steps = std::move(steps)](const auto& result) {
+    ++workspace.OpenBrackets;
+    std::exception_ptr fault;
+    try {
+      steps(result);
+    } catch (...) {
+      fault = std::current_exception();
+    }
+    --workspace.OperationsAtWork;
+    CloseBracket(workspace, resume);
+    if (fault) std::rethrow_exception(fault);
+  });
+}
+
+bool IsLastAtWork(const workspace::Workspace& workspace) {
+  return workspace.OperationsAtWork <= 1;
 }
 
 }  // namespace tarnwell::lists

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "platform/FileOperation.h"
 #include "workspace/Workspace.h"
 
 namespace tarnwell::lists {
@@ -26,7 +27,8 @@ class WatchBracket {
  public:
   // Stops the lists of all panes; before that, the current one makes sure that it shows what is
   // there. At the end `resume` runs: one of the routines above, and WatchStart of the lists that it
-  // skips. What it throws is dropped. The outermost bracket ends with LookAtPanes.
+  // skips. What it throws is dropped. The outermost bracket ends with LookAtPanes. While an
+  // operation goes on beside the user `resume` is left out: the last of them to end resumes.
   WatchBracket(workspace::Workspace& workspace, std::function<void()> resume);
   // For one list, which the caller stops when the user has made up their mind. At the end
   // WatchStart.
@@ -37,10 +39,20 @@ class WatchBracket {
 
   // What is stopped stays so.
   void LeaveOpen() { resume_ = {}; }
+  // The bracket closes here, but for the watches: they stay stopped until the operation is done,
+  // and lists look for changes by themselves. Then, or at once where it is done by now or is none,
+  // the bracket opens again for `steps` and ends as told above. `steps` and `resume` find the
+  // workspace as it is then. What `steps` throws comes through once all is closed.
+  void EndAfter(platform::FileOperation& operations, platform::OperationId operation,
+                platform::OperationDone steps);
 
  private:
   workspace::Workspace& workspace_;
   std::function<void()> resume_;
+  bool hasEnded_ = false;
 };
+
+// Whether no other operation goes on beside the one whose steps are taken.
+bool IsLastAtWork(const workspace::Workspace& workspace);
 
 }  // namespace tarnwell::lists

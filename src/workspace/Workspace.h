@@ -58,7 +58,8 @@ struct Workspace {
   ProgramSettings Settings;
   TitleColours Titles;
 
-  int OpenBrackets = 0;  // routines that run and keep the lists from following the disk
+  int OpenBrackets = 0;      // routines that run and keep the lists from following the disk
+  int OperationsAtWork = 0;  // that go on beside the user, and keep lists from watching it
 
   std::int16_t OpenPaneCount = 0;
   lister::ListId ActiveList = lister::NoList;   // takes keys and the wheel

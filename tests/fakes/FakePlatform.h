@@ -250,9 +250,13 @@ class FakeFileOperation : public platform::FileOperation {
     Kinds.push_back(kind);
     Noted.insert(Noted.end(), items.begin(), items.end());
   }
-  // All that is held back is done now.
+  // All that is held back is done now. One that throws leaves the others for another call.
   void Finish() {
-    for (auto& [operation, then] : std::exchange(held_, {})) then(results_.at(operation - 1));
+    while (!held_.empty()) {
+      const auto [operation, then] = std::move(held_.front());
+      held_.erase(held_.begin());
+      then(results_.at(operation - 1));
+    }
   }
   std::string Refusal(platform::FileFunction function, const std::string& items) const override {
     const bool isRefused = !Refused.empty() && base::ItemList(items).First() == Refused;

@@ -52,6 +52,36 @@ TEST_F(WatchPanesTest, TakesOverWhatTheProgramChangedWhereNobodyTells) {
   EXPECT_FALSE(HasSeen(101));
 }
 
+TEST_F(WatchPanesTest, ResumesWhenTheLastOperationIsDone) {
+  fakes::FakeFileOperation& work = Platform.Operation;
+  work.Holds = true;
+  Texts log;
+  const auto begin = [&](const char* name) {
+    WatchBracket bracket(Space, [&log, name] { log.push_back(std::string("resumes") + name); });
+    bracket.EndAfter(work, work.Start({}), [&, name](const auto&) {
+      log.emplace_back(name);
+      EXPECT_EQ(Space.OpenBrackets, 1);
+      throw std::runtime_error(name);
+    });
+  };
+  begin("1");
+  begin("2");
+  WatchBracket(Space, [] { ADD_FAILURE(); });
+  EXPECT_EQ(Space.OpenBrackets, 0);
+  Platform.Files.AddFile("E:\\new");
+  Space.Lists[100].LookAtDisk(lister::LookReason::User);
+  EXPECT_TRUE(HasSeen(100) && Watched().empty());
+  EXPECT_THROW(work.Finish(), std::runtime_error);
+  EXPECT_THROW(work.Finish(), std::runtime_error);
+  EXPECT_EQ(log, (Texts{"1", "2", "resumes2"}));
+  {  // none at all
+    WatchBracket bracket(Space, [&] { WatchStartPanes(Space); });
+    bracket.EndAfter(work, platform::NoOperation, [](const auto&) {});
+    EXPECT_EQ(Watched().size(), 6U);
+  }
+  EXPECT_EQ(Space.OpenBrackets + Space.OperationsAtWork, 0);
+}
+
 TEST_F(WatchPanesTest, ResumesOpenPanesButTwoListsOrAll) {
   WatchStopPanes(Space);
   for (const char* file : {"E:\\new", "F:\\new"}) Platform.Files.AddFile(file);
