@@ -7,58 +7,44 @@ namespace {
 
 using platform::CommandKind;
 
-bool IsEmpty(const UndoStep& step) {
+bool HasNothing(const UndoStep& step) {
   return step.Items.empty() && step.Colours.empty();
 }
 
-bool CanBeUndone(const UndoStep& step) {
-  return step.Kind != CommandKind::Other && step.Kind != CommandKind::Delete && !IsEmpty(step);
-}
-
-void Push(std::deque<UndoStep>& steps, UndoStep step) {
-  if (IsEmpty(step)) return;
-  steps.push_back(std::move(step));
-  if (steps.size() > UndoHistory::Most) steps.pop_front();
-}
-
-UndoStep Take(std::deque<UndoStep>& steps) {
-  UndoStep step;
-  if (steps.empty()) return step;
-  step = std::move(steps.back());
-  steps.pop_back();
-  return step;
+bool CanBeUndone(CommandKind kind) {
+  return kind != CommandKind::Other && kind != CommandKind::Delete;
 }
 
 }  // namespace
 
 void UndoHistory::Add(UndoStep step) {
-  if (IsEmpty(step) && step.Irrevocable == 0) return;
-  redo_.clear();
-  if (CanBeUndone(step)) Push(undo_, std::move(step));
+  if (HasNothing(step) && step.Irrevocable == 0) return;
+  Of(UndoWay::Redo).clear();
+  if (!CanBeUndone(step.Kind)) return;
+  Finish(UndoWay::Redo, std::move(step), {});
 }
 
-UndoStep UndoHistory::TakeUndo() {
-  return Take(undo_);
+const UndoStep* UndoHistory::Next(UndoWay way) const {
+  const Steps& steps = steps_[static_cast<std::size_t>(way)];
+  return steps.empty() ? nullptr : &steps.back();
 }
 
-UndoStep UndoHistory::TakeRedo() {
-  return Take(redo_);
+UndoStep UndoHistory::Take(UndoWay way) {
+  UndoStep step;
+  if (Of(way).empty()) return step;
+  step = std::move(Of(way).back());
+  Of(way).pop_back();
+  return step;
 }
 
-void UndoHistory::Undone(UndoStep inverse) {
-  Push(redo_, std::move(inverse));
-}
-
-void UndoHistory::Redone(UndoStep inverse) {
-  Push(undo_, std::move(inverse));
-}
-
-void UndoHistory::PutBackUndo(UndoStep rest) {
-  Push(undo_, std::move(rest));
-}
-
-void UndoHistory::PutBackRedo(UndoStep rest) {
-  Push(redo_, std::move(rest));
+void UndoHistory::Finish(UndoWay way, UndoStep inverse, UndoStep rest) {
+  const auto push = [this](UndoWay to, UndoStep&& step) {
+    if (HasNothing(step)) return;
+    Of(to).push_back(std::move(step));
+    if (Of(to).size() > Most) Of(to).pop_front();
+  };
+  push(way, std::move(rest));
+  push(way == UndoWay::Undo ? UndoWay::Redo : UndoWay::Undo, std::move(inverse));
 }
 
 }  // namespace tarnwell::fileops

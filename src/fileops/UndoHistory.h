@@ -3,6 +3,7 @@
 // Plain records and their order; looks at no disk and starts nothing.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -23,33 +24,31 @@ struct UndoStep {
   platform::OperationId Operation = platform::NoOperation;
 };
 
+// Whether a command is taken back, or what was taken back is done again.
+enum class UndoWay : std::uint8_t { Undo, Redo };
+
 class UndoHistory {
  public:
   static constexpr std::size_t Most = 100;
 
-  // A command is done; not for undoes and redoes, which end in Undone and Redone. What was undone
-  // cannot be done again from then on; the oldest step goes where there are too many. A step with
-  // nothing to take back is not kept, and one of a command that did nothing changes nothing.
+  // A command is done; not for undoes and redoes, which end in Finish. What was undone cannot be
+  // done again from then on; the oldest step goes where there are too many. A step with nothing to
+  // take back is not kept, and one of a command that did nothing changes nothing.
   void Add(UndoStep step);
 
-  // Null where there is none.
-  const UndoStep* NextUndo() const { return undo_.empty() ? nullptr : &undo_.back(); }
-  const UndoStep* NextRedo() const { return redo_.empty() ? nullptr : &redo_.back(); }
-
-  // Takes the step out, an empty one where there is none; what came of it is put back by those
-  // below.
-  UndoStep TakeUndo();
-  UndoStep TakeRedo();
-  // The step that takes back what an undo has done, or a redo; none where that is nothing.
-  void Undone(UndoStep inverse);
-  void Redone(UndoStep inverse);
-  // What was taken out and is still to be done, since the undo, or the redo, was given up.
-  void PutBackUndo(UndoStep rest);
-  void PutBackRedo(UndoStep rest);
+  // What would be undone, or done again; null where there is nothing.
+  const UndoStep* Next(UndoWay way) const;
+  // Takes that step out; an empty one where there is none.
+  UndoStep Take(UndoWay way);
+  // The step that was taken out is done. `inverse` goes back to what has come of it; `rest` is
+  // still to be done, since it was given up. Nothing is kept of an empty one.
+  void Finish(UndoWay way, UndoStep inverse, UndoStep rest);
 
  private:
-  std::deque<UndoStep> undo_;  // the newest at the end
-  std::deque<UndoStep> redo_;
+  using Steps = std::deque<UndoStep>;  // the newest at the end
+  Steps& Of(UndoWay way) { return steps_[static_cast<std::size_t>(way)]; }
+
+  std::array<Steps, 2> steps_;  // by UndoWay
 };
 
 }  // namespace tarnwell::fileops

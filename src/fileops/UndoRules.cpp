@@ -1,0 +1,124 @@
+#include "fileops/UndoRules.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+
+#include "base/ItemList.h"
+#include "base/Text.h"
+#include "lister/rows/CellText.h"
+
+namespace tarnwell::fileops {
+
+using platform::CommandKind;
+using platform::DoneItem;
+
+namespace {
+
+enum class TakeBack : std::uint8_t { ToTrash, FromTrash, Back };
+
+struct StepRow {
+  CommandKind Kind;
+  std::string_view One;   // stands before a name
+  std::string_view Many;  // stands before a number
+  TakeBack Undo;
+  TakeBack Redo;
+  // The item is called as it was before the command, not as it is after it.
+  bool IsCalledAsBefore;
+};
+
+constexpr StepRow StepRows[] = {
+    {CommandKind::Copy, "Copy of ", "Copy of ", TakeBack::ToTrash, TakeBack::FromTrash, false},
+    {CommandKind::Duplicate, "Duplicate of ", "Duplicates of ", TakeBack::ToTrash,
+     TakeBack::FromTrash, false},
+    {CommandKind::NewFolder, "New folder ", "New folders, ", TakeBack::ToTrash, TakeBack::FromTrash,
+     false},
+    {CommandKind::Shortcut, "Shortcut ", "Shortcuts to ", TakeBack::ToTrash, TakeBack::FromTrash,
+     false},
+    {CommandKind::Move, "Move of ", "Move of ", TakeBack::Back, TakeBack::Back, false},
+    {CommandKind::Rename, "Rename of ", "Rename of ", TakeBack::Back, TakeBack::Back, true},
+    {CommandKind::Trash, "Deletion of ", "Deletion of ", TakeBack::FromTrash, TakeBack::ToTrash,
+     true},
+    {CommandKind::Restore, "Restore of ", "Restore of ", TakeBack::ToTrash, TakeBack::FromTrash,
+     false},
+    {CommandKind::Colour, "Colour of ", "Colour of ", TakeBack::Back, TakeBack::Back, false},
+};
+
+// Others are never a step.
+const StepRow& RowOf(const UndoStep& step) {
+  const auto* const row = std::ranges::find(StepRows, step.Kind, &StepRow::Kind);
+  return row == std::end(StepRows) ? StepRows[0] : *row;
+}
+
+std::string_view PathToCall(const UndoStep& step, UndoWay way) {
+  if (!step.Colours.empty()) return step.Colours.front().Path;
+  const DoneItem& item = step.Items.front();
+  const bool wasFirst = RowOf(step).IsCalledAsBefore == (way == UndoWay::Undo);
+  return wasFirst ? item.From : item.To;
+}
+
+std::uint16_t FlagsOf(TakeBack act) {
+  switch (act) {
+    case TakeBack::ToTrash:
+      return platform::AllowUndo | platform::NeverForGood;
+    case TakeBack::FromTrash:
+      return platform::FromTrash;
+    case TakeBack::Back:
+      break;
+  }
+  return platform::OwnTargets;
+}
+
+}  // namespace
+
+std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& syntax,
+                     const platform::NumberForms& forms) {
+  constexpr std::size_t longest = 50, head = 35, tail = 12;
+  const StepRow& row = RowOf(step);
+  const std::size_t count = step.Items.size() + step.Colours.size();
+  if (count != 1) return std::string(row.Many) + lister::CountText(forms, count, "item");
+  const std::string name = lister::NameText(syntax, PathToCall(step, way));
+  return std::string(row.One) + "\"" + base::Shorten(name, longest, head, tail) + "\"";
+}
+
+platform::OperationRequest InverseOf(const UndoStep& step, UndoWay way) {
+  platform::OperationRequest request;
+  if (step.Items.empty()) return request;
+  const TakeBack act = way == UndoWay::Undo ? RowOf(step).Undo : RowOf(step).Redo;
+  const bool isDeleted = act == TakeBack::ToTrash;
+  request.Function = isDeleted ? platform::FileFunction::Delete : platform::FileFunction::Move;
+  request.Flags = FlagsOf(act);
+  for (const DoneItem& item : step.Items) {
+    base::ItemList::Add(request.Items, item.To);
+    if (!isDeleted) base::ItemList::Add(request.Destination, item.From);
+    request.Expected.push_back(item.Print);
+  }
+  if (isDeleted) base::ItemList::Add(request.Destination, "");
+  return request;
+}
+
+UndoStep StepAfter(const UndoStep& step, const platform::OperationResult& result) {
+  UndoStep after{
+      .Kind = step.Kind, .Items = result.Done, .Colours = {}, .Irrevocable = result.Irrevocable};
+  // What lies below a folder was looked at before it went, and nothing else came back.
+  std::unordered_map<std::string_view, std::uint64_t> below;
+  for (const DoneItem& item : step.Items) {
+    if (item.Print.Below != 0) below.emplace(item.To, item.Print.Below);
+  }
+  for (DoneItem& item : after.Items) {
+    const auto known = below.find(item.From);
+    if (known != below.end() && item.Print.Below == 0) item.Print.Below = known->second;
+  }
+  return after;
+}
+
+UndoStep RestOf(UndoStep step, const platform::OperationResult& result) {
+  std::unordered_set<std::string_view> done;
+  for (const DoneItem& item : result.Done) done.insert(item.From);
+  std::erase_if(step.Items, [&](const DoneItem& item) { return done.contains(item.To); });
+  return step;
+}
+
+}  // namespace tarnwell::fileops
