@@ -26,6 +26,8 @@ class SystemInfo {
   // The folder of the skins: that of the program's folder, or, where it has none and could be given
   // none, the one of the files that came with the program.
   virtual std::string SkinFolder() const = 0;
+  // The page that the user guide begins with: where it is, or would be if it were there.
+  virtual std::string GuidePage() const = 0;
   // Where relative paths start, and programs that are given no folder. One that is not there
   // changes nothing.
   virtual void SetCurrentFolder(const std::string& folder) = 0;

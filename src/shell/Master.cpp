@@ -92,7 +92,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
           {services_.Host, services_.Files, services_.Drives, services_.Dialogs, messages_},
           targets_, skin_, skinFiles_, version.Number()),
       options_(space_, switches_, skin_, services_.Host),
-      help_(services_.Host),
+      help_(services_.Host, [this] { OpenGuide(); }),
       tips_({services_.Host, services_.Files, services_.Clock, services_.User, messages_, markers_,
              [this] { OpenHelp(); }},
             services_.System.FolderOf(tools::TipsName)),
@@ -471,13 +471,17 @@ void Master::ShowAbout() {
   services_.Host.Show(splash_, &space_.Form);
 }
 
-void Master::OpenWebSite() {
+void Master::OpenGuide() {
+  const std::string page = services_.System.GuidePage();
+  OpenOutside("user guide " + base::ForDisplay(page), page);
+}
+
+void Master::OpenOutside(const std::string& name, const std::string& address) {
   const base::Status status =
-      services_.Launcher.Execute({.File = services_.Site, .Parameters = {}, .Folder = {}});
+      services_.Launcher.Execute({.File = address, .Parameters = {}, .Folder = {}});
   if (status) return;
-  messages_.Message(
-      "The site " + services_.Site + " cannot be opened.\r\n\r\n" + status.Reason + ".",
-      forms::MessageKind::Ok);
+  messages_.Message("The " + name + " cannot be opened.\r\n\r\n" + status.Reason + ".",
+                    forms::MessageKind::Ok);
 }
 
 // Changes to the skin are asked about while the answer still finds its way into the settings.

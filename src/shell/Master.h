@@ -149,7 +149,10 @@ class Master : private workspace::PaneHooks,
   void ShowTips() override;
   void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
   void OpenHelp() override { help_.ShowOver(space_.Form); }
-  void OpenWebSite() override;
+  void OpenWebSite() override { OpenOutside("site " + services_.Site, services_.Site); }
+  void OpenGuide();
+  // In the application for such documents or addresses; tells where it cannot be.
+  void OpenOutside(const std::string& name, const std::string& address);
   void ShowAbout() override;
   void CheckForUpdate() override { CheckForUpdate(true); }
   void RestoreWindow() override { tray_.RestoreWindow(); }

@@ -36,6 +36,9 @@ void frmHelp::Load() {
   Caption = "Help";
   BackColour = Picture1.BackColour = base::White;
   Picture1.Top = 0;
+  cmdGuide.Caption = "User &Guide";
+  cmdGuide.ToolTip = "How to do things, one page a task, and all keys.";
+  cmdGuide.Default = true;
   VScroll1 = {};
   VScroll1.Width = BarWidth;
   VScroll1.Max = FirstFarEnd;

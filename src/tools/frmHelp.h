@@ -1,8 +1,10 @@
-// The help: one page of text that scrolls, made of labels one below another.
+// The help: one page of text that scrolls, made of labels one below another, with a button at its
+// top that leads to the user guide.
 #pragma once
 
 #include <array>
 #include <functional>
+#include <utility>
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
@@ -21,13 +23,15 @@ enum class HelpScroll { LineUp, LineDown, PageUp, PageDown, Top, Bottom };
 
 class frmHelp : public forms::Form {
  public:
-  explicit frmHelp(forms::FormHost& host) : Form("frmHelp"), host_(host) {}
+  frmHelp(forms::FormHost& host, std::function<void()> openGuide)
+      : Form("frmHelp"), host_(host), openGuide_(std::move(openGuide)) {}
 
   // How high the label has to be for its text, in twips.
   using HeightOf = std::function<base::Twips(const HelpLabel&)>;
 
   forms::Picture Picture1;  // holds the labels; its top is what the bar moves
   std::array<HelpLabel, HelpPartCount> lbltxt;
+  forms::Button cmdGuide;  // moves with the labels; where it stands is up to the window
   forms::ScrollBar VScroll1;
 
   // Opens the form over the middle of the owner and shows it, not modally. One that is open already
@@ -45,6 +49,7 @@ class frmHelp : public forms::Form {
 
   void VScroll1Change(base::Twips value);  // held within the range
   void Scroll(HelpScroll how);
+  void cmdGuideClick() { openGuide_(); }
   // By the window's frame or Escape.
   void Close() { host_.Unload(*this); }
 
@@ -53,6 +58,7 @@ class frmHelp : public forms::Form {
   void SetRange(base::Twips height);
 
   forms::FormHost& host_;
+  std::function<void()> openGuide_;
 };
 
 }  // namespace tarnwell::tools

@@ -1,6 +1,8 @@
 """The tip of the day at the start and on demand, and the help, by mouse and by keyboard."""
 
-from harness import Atspi, Control, EndToEndTest, START_LIMIT, keys, mouse, wait_for
+import shutil
+
+from harness import PROGRAM, ROOT, Atspi, Control, EndToEndTest, START_LIMIT, keys, mouse, wait_for
 
 
 class TipsHelpTest(EndToEndTest):
@@ -46,7 +48,23 @@ class TipsHelpTest(EndToEndTest):
         self.check_clean_end()
 
     def test_help(self):
-        program = self.start()
+        opened, browser = self.folder / "opened", self.folder / "browser"
+        browser.write_text(f'#!/bin/sh\necho "$1" >> {opened}\n')
+        browser.chmod(0o755)
+        applications = self.home / "applications"
+        applications.mkdir()
+        (applications / "browser.desktop").write_text(
+            f"[Desktop Entry]\nType=Application\nName=Browser\nExec={browser} %f\n")
+        (applications / "mimeapps.list").write_text(
+            "[Default Applications]\ntext/html=browser.desktop\n")
+        guide = self.folder / "share/doc/tarnwell/guide/index.html"
+        guide.parent.mkdir(parents=True)
+        guide.write_text("<!DOCTYPE html>\n")
+        (self.folder / "share/tarnwell").symlink_to(ROOT / "data")
+        (self.folder / "bin").mkdir()
+        shutil.copy(PROGRAM, self.folder / "bin/tarnwell")
+        program = self.start(wrapper=["sh", "-c", f"exec {self.folder}/bin/tarnwell"],
+                             environment={"XDG_DATA_HOME": str(self.home)})
         program.menu("Software", "Help")
         dialog = self.wait_dialog(program, "Help")
         title = program.control("Additional Support")
@@ -62,6 +80,16 @@ class TipsHelpTest(EndToEndTest):
         wait_for("the end", lambda: title.place().y < top - place.height)
         keys("Home")
         wait_for("the start", lambda: title.place().y == top)
+        keys("End", "Tab")  # to the button, which comes into sight
+        wait_for("the start again", lambda: title.place().y == top)
+        for open_guide in (lambda: keys("space"), lambda: keys("alt+g"),
+                           program.control("User Guide").click):
+            opened.unlink(missing_ok=True)
+            open_guide()
+            wait_for("the guide", lambda: opened.exists() and opened.read_text() == f"{guide}\n")
+        guide.unlink()
+        keys("Return")
+        program.dismiss(f"The user guide {guide} cannot be opened.\n\nNo such file")
 
         program.control("Path of pane 1").click(x=20)
         program.wait_active()

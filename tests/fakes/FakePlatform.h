@@ -392,6 +392,7 @@ class FakeSystemInfo : public platform::SystemInfo {
   base::Status FolderTrouble() const override { return Trouble; }
   std::string FolderOf(std::string_view) const override { return "C:\\Tarnwell"; }
   std::string SkinFolder() const override { return "C:\\Tarnwell\\skins"; }
+  std::string GuidePage() const override { return "C:\\Tarnwell\\guide\\index.html"; }
   void SetCurrentFolder(const std::string& folder) override { CurrentFolder = folder; }
 };
 

@@ -285,6 +285,11 @@ TEST_F(RunTest, EveryCommandIsThere) {
                            "frmRecycleBin", "frmMapDrive", "frmDisconnect"}) {
     EXPECT_TRUE(Run.Host.IsOpen(form)) << form;
   }
+  for (forms::Form* const form : Run.Host.OpenForms()) {
+    if (form->Name() == "frmHelp") static_cast<tools::frmHelp*>(form)->cmdGuideClick();
+  }
+  EXPECT_EQ(Run.Boxes.back(),
+            "The user guide C:\\Tarnwell\\guide\\index.html cannot be opened.\r\n\r\nno browser.");
 }
 
 TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {

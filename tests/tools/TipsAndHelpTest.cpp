@@ -99,7 +99,7 @@ TEST_F(TipsTest, KeepsItsSwitchAtOnceAndTellsWhereItCannot) {
 TEST(HelpTest, StacksItsLabelsAndScrollsWhatDoesNotFit) {
   fakes::FakeFormHost host;
   forms::Form main("Master");
-  frmHelp help(host);
+  frmHelp help(host, [] {});
   help.ShowOver(main);
   base::Twips each = 400;
   const auto heightOf = [&](const HelpLabel& label) {

@@ -43,12 +43,18 @@ constexpr HelpKey HelpKeys[] = {
 }  // namespace
 
 HelpWindow::HelpWindow(tools::frmHelp& form)
-    : form_(form), page_(new QWidget(this)), bar_(new QScrollBar(Qt::Vertical, this)) {
+    : form_(form),
+      page_(new QWidget(this)),
+      guide_(new QPushButton(page_)),
+      bar_(new QScrollBar(Qt::Vertical, this)) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
   setPalette(FixedLightPalette());
   setMinimumSize(LeastHelpSize);
   setSizeGripEnabled(false);
+  // Of the page, which Space scrolls.
+  setFocusPolicy(Qt::TabFocus);
+  setFocus();
   for (QLabel*& label : labels_) {
     label = new QLabel(page_);
     label->setTextFormat(Qt::PlainText);
@@ -56,6 +62,11 @@ HelpWindow::HelpWindow(tools::frmHelp& form)
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   }
+  guide_->raise();
+  connect(guide_, &QPushButton::clicked, this, [this] { Guarded([&] { form_.cmdGuideClick(); }); });
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now == guide_ && !IsClosed()) form_.Scroll(HelpScroll::Top);
+  });
   bar_->setAccessibleName(QStringLiteral("Scroll the help"));
   bar_->setFocusPolicy(Qt::NoFocus);
   connect(bar_, &QScrollBar::valueChanged, this,
@@ -68,13 +79,22 @@ void HelpWindow::Sync() {
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     PlaceAt(*labels_[i], RectOf(form_.lbltxt[i]), IsPlaced(form_.lbltxt[i]));
   }
+  const QSize size = guide_->sizeHint();
+  guide_->setGeometry({{page_->width() - FreeRight() - size.width(), HelpChapterRim}, size});
   SyncBar();
 }
 
+// The bar lies over the right ends of the labels.
+int HelpWindow::FreeRight() const {
+  return ToPixels(form_.VScroll1.Width) + HelpTextGap;
+}
+
 void HelpWindow::SyncTexts() {
+  guide_->setText(ToShownQString(form_.cmdGuide.Caption));
+  guide_->setToolTip(ToShownQString(form_.cmdGuide.ToolTip));
+  guide_->setDefault(form_.cmdGuide.Default);
   const qreal factor = std::max(1.0, QFontInfo(font()).pointSizeF() / UsualPoints);
-  // The bar lies over the right ends of the labels.
-  const int free = ToPixels(form_.VScroll1.Width) + HelpTextGap;
+  const int besideGuide = FreeRight() + guide_->sizeHint().width() + HelpTextGap;
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     const tools::HelpLabel& shown = form_.lbltxt[i];
     QLabel& label = *labels_[i];
@@ -82,7 +102,9 @@ void HelpWindow::SyncTexts() {
     letters.setPointSizeF(shown.FontSize * factor);
     letters.setBold(shown.Bold);
     label.setFont(letters);
-    label.setContentsMargins(0, shown.FontSize > UsualPoints ? HelpChapterRim : 0, free, 0);
+    label.ensurePolished();  // which gives it margins of its own
+    label.setContentsMargins(0, shown.FontSize > UsualPoints ? HelpChapterRim : 0,
+                             i == 0 ? besideGuide : FreeRight(), 0);
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, ToQColor(shown.ForeColour));
     label.setPalette(colours);

@@ -1,8 +1,10 @@
 // The window of the help: labels on a white page, placed as the form says, and a bar that moves it.
+// The keyboard is the page's until Tab leads it to the button in the upper right corner.
 #pragma once
 
 #include <QDialog>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollBar>
 #include <array>
 
@@ -30,11 +32,13 @@ class HelpWindow : public QDialog, public FormWindow {
  private:
   void SyncTexts();
   void SyncBar();
+  int FreeRight() const;
   void LayOut();
 
   tools::frmHelp& form_;
   QWidget* page_;
   std::array<QLabel*, tools::HelpPartCount> labels_{};
+  QPushButton* guide_;
   QScrollBar* bar_;
 };
 

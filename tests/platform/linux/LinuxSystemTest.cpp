@@ -43,6 +43,16 @@ TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "data home/tarnwell");
 }
 
+TEST_F(Installed, KnowsWhereItsGuideIsOrWouldBe) {
+  const std::string page = root_ / "share/doc/tarnwell/guide/index.html";
+  EXPECT_EQ(LinuxSystemInfo(places_).GuidePage(), page);
+  for (const char* const found :
+       {"guide/index.html", "bin/guide/index.html", "share/doc/tarnwell/guide/index.html"}) {
+    root_.Make({found});
+    EXPECT_EQ(LinuxSystemInfo(places_).GuidePage(), root_ / found);
+  }
+}
+
 TEST_F(Installed, FinishesAFirstStartCutShort) {
   const std::string folder = root_ / "own";
   root_.Make({"own/.skins-unfinished/a.twk=a", "own/TIPOFDAY.TXT=mine"});

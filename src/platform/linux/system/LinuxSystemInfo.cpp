@@ -53,6 +53,19 @@ std::string FindDataFolder(const std::string& executableFolder) {
   return {};
 }
 
+// Of an installed program, of one that is carried about, and of one that was built here.
+std::string FindGuidePage(const std::string& executableFolder) {
+  const std::string above = PathRules().ParentOf(executableFolder);
+  const std::array<std::string, 3> candidates = {
+      PathRules().Join(above, "share/doc/tarnwell/guide/index.html"),
+      PathRules().Join(executableFolder, "guide/index.html"),
+      PathRules().Join(above, "guide/index.html")};
+  for (const std::string& candidate : candidates) {
+    if (LinuxFileSystem().Exists(candidate)) return candidate;
+  }
+  return candidates.front();
+}
+
 bool IsWritable(const std::string& folder) {
   return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0;
 }
@@ -149,7 +162,8 @@ ProgramPlaces ProgramPlaces::OfProcess() {
 }
 
 LinuxSystemInfo::LinuxSystemInfo(const ProgramPlaces& places)
-    : dataFolder_(FindDataFolder(places.ExecutableFolder)) {
+    : dataFolder_(FindDataFolder(places.ExecutableFolder)),
+      guidePage_(FindGuidePage(places.ExecutableFolder)) {
   const Choice choice = ChooseFolder(places);
   programFolder_ = choice.Folder;
   if (choice.Own && g_mkdir_with_parents(programFolder_.c_str(), 0700) != 0) {

@@ -36,12 +36,14 @@ class LinuxSystemInfo : public SystemInfo {
   base::Status FolderTrouble() const override { return folderTrouble_; }
   std::string FolderOf(std::string_view file) const override;
   std::string SkinFolder() const override;
+  std::string GuidePage() const override { return guidePage_; }
   void SetCurrentFolder(const std::string& folder) override;
   // The folder of the files that came with the program (icons, skins); empty if there is none.
   std::string DataFolder() const { return dataFolder_; }
 
  private:
   std::string dataFolder_;
+  std::string guidePage_;
   std::string programFolder_;
   base::Status folderTrouble_;
 };
