@@ -86,6 +86,11 @@ void OperationMailbox::Answer(const OperationAnswer& answer) {
   changed_.notify_all();
 }
 
+RemarksQuestion OperationMailbox::TakeRemarks() {
+  const Lock lock(mutex_);
+  return leaving_ ? RemarksQuestion() : std::exchange(remarks_, {});
+}
+
 // --- The operation's side
 
 void OperationMailbox::OnProgress(const platform::OperationProgress& progress) {
@@ -158,8 +163,7 @@ void OperationMailbox::OnRemark(platform::OperationRemark remark, const std::str
 }
 
 void OperationMailbox::TellRemarks() {
-  const auto isEmpty = [](const RemarksQuestion::List& list) { return list.Count == 0; };
-  if (!std::ranges::all_of(remarks_.Lists, isEmpty)) Ask(std::move(remarks_), RemarksSeen{});
+  if (!remarks_.IsEmpty()) Ask(std::move(remarks_), RemarksSeen{});
 }
 
 }  // namespace tarnwell::ui

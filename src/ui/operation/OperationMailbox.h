@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QImage>
+#include <algorithm>
 #include <array>
 #include <condition_variable>
 #include <functional>
@@ -46,6 +47,11 @@ struct RemarksQuestion {
     std::size_t Count = 0;
   };
   std::array<List, platform::OperationRemarkCount> Lists;  // by remark
+  std::string Failure;  // why the work was given up though nobody was asked; empty where it was not
+  bool IsEmpty() const {
+    return Failure.empty() &&
+           std::ranges::all_of(Lists, [](const List& list) { return list.Count == 0; });
+  }
 };
 struct RemarksSeen {};
 using OperationQuestion =
@@ -76,6 +82,9 @@ class OperationMailbox : public platform::OperationUser {
   std::optional<OperationQuestion> TakeQuestion();
   // To the question taken last; its alternative must be that of the question.
   void Answer(const OperationAnswer& answer);
+  // What there was to remark, unless nothing is to be told. To be called when the operation's
+  // thread is done.
+  RemarksQuestion TakeRemarks();
 
   // --- For the operation, on its thread.
 

@@ -136,6 +136,9 @@ std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
   auto window = std::make_unique<QuestionWindow>(
       QStringLiteral("To Be Noted"),
       QStringLiteral("The operation is over. Not all went as usual."), tools.Icons.Own("warning"));
+  if (!question.Failure.empty()) {
+    window->AddFact(QStringLiteral("Given up:"), ToShownQString(question.Failure));
+  }
   for (std::size_t remark = 0; remark < question.Lists.size(); ++remark) {
     const RemarksQuestion::List& list = question.Lists.at(remark);
     if (list.Count == 0) continue;

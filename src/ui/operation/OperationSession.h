@@ -16,6 +16,7 @@
 #include "fileops/OperationMeter.h"
 #include "ui/operation/OperationMailbox.h"
 #include "ui/operation/OperationTools.h"
+#include "ui/operation/OperationWork.h"
 #include "ui/operation/ProgressWindow.h"
 #include "ui/operation/QuestionWindow.h"
 #include "ui/toolkit/InputLock.h"
@@ -25,11 +26,6 @@ namespace tarnwell::ui {
 // Does the work of one request on the thread that calls it, and returns when it is done.
 using OperationEngine = std::function<platform::OperationResult(const platform::OperationRequest&,
                                                                 platform::OperationUser&)>;
-
-// Whether a call with the path may wait for another machine, and for ever.
-using FarTest = std::function<bool(const std::string& path)>;
-// Engines that are at work, those that were left included.
-using OperationCount = std::shared_ptr<std::atomic<int>>;
 
 class OperationSession : public QObject {
  public:

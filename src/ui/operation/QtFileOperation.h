@@ -10,10 +10,6 @@
 
 namespace tarnwell::ui {
 
-// As platform::FileOperation::Refusal.
-using OperationRefusal =
-    std::function<std::string(platform::FileFunction function, const std::string& items)>;
-
 class QtFileOperation : public platform::FileOperation {
  public:
   QtFileOperation(OperationEngine engine, OperationRefusal refusal, const OperationTools& tools,

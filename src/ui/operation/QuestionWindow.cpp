@@ -134,7 +134,7 @@ QCheckBox& QuestionWindow::AddCheck(const QString& text) {
 void QuestionWindow::AddButton(const QString& caption, Role role, Choice choose) {
   auto* const button = new QPushButton(caption, this);
   button->setMinimumWidth(std::max(DialogButtonWidth, button->sizeHint().width() + ButtonPadding));
-  buttons_->addWidget(button);
+  role == Role::Aside ? buttons_->insertWidget(0, button) : buttons_->addWidget(button);
   if (role == Role::Cancel || role == Role::DefaultCancel) cancel_ = choose;
   connect(button, &QPushButton::clicked, this,
           [this, choose = std::move(choose)] { Choose(choose); });

@@ -29,9 +29,10 @@ class QuestionWindow : public QDialog {
   void AddPart(QWidget& part);
   QCheckBox& AddCheck(const QString& text);
 
-  enum class Role { Plain, Default, Cancel, DefaultCancel };
+  enum class Role { Plain, Default, Cancel, DefaultCancel, Aside };
   // From left to right. One is the default, which has the keyboard; one is the cancel, which
-  // Escape and the frame's close button press too; one may be both.
+  // Escape and the frame's close button press too; one may be both. One aside stands by itself at
+  // the left, and is for a choice that is no answer.
   void AddButton(const QString& caption, Role role, Choice choose);
 
  protected:

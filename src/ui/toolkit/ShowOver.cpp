@@ -39,9 +39,10 @@ QWidget* WindowInUse() {
   return found;
 }
 
-void ShowOver(QWidget& window, QWidget* owner) {
+void ShowOver(QWidget& window, QWidget* owner, bool withKeyboard) {
+  window.setAttribute(Qt::WA_ShowWithoutActivating, !withKeyboard);
   // Else a modal window that is open already would keep the input from this one.
-  if (QApplication::activeModalWidget() != nullptr) {
+  if (withKeyboard && QApplication::activeModalWidget() != nullptr) {
     window.setWindowModality(Qt::ApplicationModal);
   }
   window.ensurePolished();
@@ -56,6 +57,7 @@ void ShowOver(QWidget& window, QWidget* owner) {
       std::clamp(place.x(), room.left(), std::max(room.left(), room.right() + 1 - size.width())),
       std::clamp(place.y(), room.top(), std::max(room.top(), room.bottom() + 1 - size.height())));
   window.show();
+  if (!withKeyboard) return;
   window.raise();
   window.activateWindow();
 }

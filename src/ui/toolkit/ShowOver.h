@@ -14,7 +14,8 @@ bool IsProperWindow(const QWidget& widget);
 QWidget* WindowInUse();
 
 // Shows the window over the middle of `owner`, which may be null, wholly on the screen, and gives
-// it the keyboard. It stays above the owner, and stays when the owner is deleted.
-void ShowOver(QWidget& window, QWidget* owner);
+// it the keyboard, unless that is to stay where it is. It stays above the owner, and stays when the
+// owner is deleted.
+void ShowOver(QWidget& window, QWidget* owner, bool withKeyboard = true);
 
 }  // namespace tarnwell::ui
