@@ -63,7 +63,9 @@ base::Status NewFolder::AskAndMake(lister::ListerControl& list, bool byKey, std:
   }
   list.WatchStop();
   base::Status status = files_.MakeFolder(folder + name);
-  if (status) made = folder + name;
+  if (!status) return status;
+  made = folder + name;
+  platform_.NoteDone(platform::CommandKind::NewFolder, {{.From = "", .To = made}});
   return status;
 }
 

@@ -4,6 +4,7 @@
 #include "fileops/DialogFields.h"
 #include "forms/FormHost.h"
 #include "forms/Messenger.h"
+#include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "workspace/Workspace.h"
 
@@ -11,9 +12,15 @@ namespace tarnwell::fileops {
 
 class NewFolder {
  public:
-  NewFolder(workspace::Workspace& workspace, platform::FileSystem& files, forms::FormHost& host,
-            forms::Messenger& messenger, DialogFields& fields)
-      : workspace_(workspace), files_(files), host_(host), messenger_(messenger), fields_(fields) {}
+  NewFolder(workspace::Workspace& workspace, platform::FileSystem& files,
+            platform::FileOperation& platform, forms::FormHost& host, forms::Messenger& messenger,
+            DialogFields& fields)
+      : workspace_(workspace),
+        files_(files),
+        platform_(platform),
+        host_(host),
+        messenger_(messenger),
+        fields_(fields) {}
 
   // Asks for the name and makes the folder where TargetFolder of the list says; `byKey` goes to
   // that. A failure is told by a message, and then the dialog asks anew. The list is read again in
@@ -31,6 +38,7 @@ class NewFolder {
 
   workspace::Workspace& workspace_;
   platform::FileSystem& files_;
+  platform::FileOperation& platform_;
   forms::FormHost& host_;
   forms::Messenger& messenger_;
   DialogFields& fields_;

@@ -70,6 +70,7 @@ base::Status RenameCommand::AskAndRename(lister::ListerControl& list, const std:
   const platform::PlacedItem item{syntax.Join(folder, name), syntax.Join(folder, wanted)};
   base::Status status = files_.Rename(item.From, item.To);
   if (!status) return status;
+  platform_.NoteDone(platform::CommandKind::Rename, {item});
   list.RefreshList();
   lists::ShowPlaced(workspace_, list.Id(), {item});
   return status;

@@ -15,7 +15,7 @@ namespace tarnwell::fileops {
 class RenameCommand {
  public:
   RenameCommand(workspace::Workspace& workspace, platform::FileSystem& files,
-                const platform::FileOperation& platform, forms::FormHost& host,
+                platform::FileOperation& platform, forms::FormHost& host,
                 forms::Messenger& messenger, DialogFields& fields)
       : workspace_(workspace),
         files_(files),
@@ -41,7 +41,7 @@ class RenameCommand {
 
   workspace::Workspace& workspace_;
   platform::FileSystem& files_;
-  const platform::FileOperation& platform_;
+  platform::FileOperation& platform_;
   forms::FormHost& host_;
   forms::Messenger& messenger_;
   DialogFields& fields_;

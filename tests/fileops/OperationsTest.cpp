@@ -38,6 +38,13 @@ class OperationsTest : public testing::Test, public lists::TestLists {
     Platform.Operation.Requests.clear();
     return InOneLine(request) + "| " + std::to_string(request.Flags);
   }
+  // What the platform was told of, nothing but commands of that kind.
+  Texts Noted(platform::CommandKind kind) {
+    Texts noted;
+    for (const platform::CommandKind each : Platform.Operation.Kinds) EXPECT_EQ(each, kind);
+    for (const auto& [from, to] : Platform.Operation.Noted) noted.push_back(from + " > " + to);
+    return noted;
+  }
   bool AllWatch() { return Platform.Watches.Watched().size() == Watched; }
   // The user, before the next dialog of this type.
   template <typename Dialog>
@@ -52,7 +59,7 @@ class OperationsTest : public testing::Test, public lists::TestLists {
   DeleteCommand Deleting{Space,    Syntax, Platform.Operation,        Operations, Nav, Host,
                          Messages, Fields, [this] { ++ShellDeletes; }};
   RenameCommand Renaming{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
-  NewFolder MakingFolders{Space, Platform.Files, Host, Messages, Fields};
+  NewFolder MakingFolders{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   std::size_t Watched = 0;
 };
 
@@ -184,6 +191,8 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
                                    "\r\n\r\nFile exists"s);
   EXPECT_TRUE(Messages.Texts[1].ends_with("A name cannot hold the character \\."));
   EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\ONE.txt") && AllWatch());
+  EXPECT_EQ(Noted(platform::CommandKind::Rename),
+            (Texts{"C:\\Data\\one.txt > C:\\Data\\z.txt", "C:\\Data\\z.txt > C:\\Data\\ONE.txt"}));
 }
 
 TEST_F(OperationsTest, SaysWhyAnItemStaysBeforeAnyQuestion) {
@@ -255,6 +264,8 @@ TEST_F(OperationsTest, MakesANewFolderAndShowsIt) {
                   "following message:\r\n\r\n     File exists"});
   for (const char* name : {"Sub\\New", "..", ".", "nul"}) create(name);
   EXPECT_EQ(std::exchange(Messages.Texts, {}).size(), 4U);
+  EXPECT_EQ(Noted(platform::CommandKind::NewFolder),
+            (Texts{" > C:\\Data\\New", " > C:\\Data\\Tree"}));
   create("cancel");
   create("");
   Host.OnModal = {};  // closed by its frame

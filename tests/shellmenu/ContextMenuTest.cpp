@@ -79,7 +79,7 @@ struct MenuRun : lists::TestLists {
   std::size_t Watched = 0;
 
   fileops::DialogFields Fields;
-  fileops::NewFolder NewFolder{Space, Platform.Files, Host, Messages, Fields};
+  fileops::NewFolder NewFolder{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   fileops::RenameCommand Rename{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   fileops::DuplicateCommand Duplicate{Platform.Files, Platform.Operation, Platform.Clock, Host,
                                       Messages};
