@@ -17,9 +17,9 @@ namespace tarnwell::fileops {
 // One command, however many items it was for.
 struct UndoStep {
   platform::CommandKind Kind = platform::CommandKind::Other;
-  std::vector<platform::DoneItem> Items;
-  std::vector<lister::ColouredItem> Colours;  // of CommandKind::Colour, which has no items
-  std::uint64_t Irrevocable = 0;              // items of the command that cannot be taken back
+  std::vector<platform::DoneItem> Items = {};
+  std::vector<lister::ColouredItem> Colours = {};  // of CommandKind::Colour, which has no items
+  std::uint64_t Irrevocable = 0;                   // items of the command that cannot be taken back
   // What did it; for what was done by other means, the operation that was started last before.
   platform::OperationId Operation = platform::NoOperation;
 };

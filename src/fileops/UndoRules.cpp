@@ -59,6 +59,11 @@ std::string_view PathToCall(const UndoStep& step, UndoWay way) {
   return wasFirst ? item.From : item.To;
 }
 
+// Where the volume takes both for the same name, a move would find the item itself in its way.
+bool ChangesCaseAlone(const DoneItem& item) {
+  return item.From != item.To && base::ToCapitals(item.From) == base::ToCapitals(item.To);
+}
+
 std::uint16_t FlagsOf(TakeBack act) {
   switch (act) {
     case TakeBack::ToTrash:
@@ -86,6 +91,14 @@ std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& 
 platform::OperationRequest InverseOf(const UndoStep& step, UndoWay way) {
   platform::OperationRequest request;
   if (step.Items.empty()) return request;
+  if (step.Items.size() == 1 && ChangesCaseAlone(step.Items[0])) {
+    const DoneItem& item = step.Items[0];
+    return {.Function = platform::FileFunction::Rename,
+            .Items = base::ItemList::TextOf({item.To}),
+            .Destination = base::ItemList::TextOf({item.From}),
+            .Flags = 0,
+            .Expected = {item.Print}};
+  }
   const TakeBack act = way == UndoWay::Undo ? RowOf(step).Undo : RowOf(step).Redo;
   const bool isDeleted = act == TakeBack::ToTrash;
   request.Function = isDeleted ? platform::FileFunction::Delete : platform::FileFunction::Move;
