@@ -29,9 +29,10 @@ class ItemMenu {
   virtual ~ItemMenu() = default;
   // The entries from the top down, numbered from `firstId` to `lastId` at most.
   virtual base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) = 0;
-  // Carries out the entry that is `offset` numbers above `firstId`, and returns when that is done.
-  // Asks, shows progress and reports failures by itself. Gives the items that were pasted.
-  virtual std::vector<PlacedItem> Invoke(int offset) = 0;
+  // Carries out the entry that is `offset` numbers above `firstId`. Asks and reports failures by
+  // itself. Returns when that is done, or when it has been handed over as an operation, which goes
+  // on without the menu; gives the number of that, or NoOperation.
+  virtual OperationId Invoke(int offset) = 0;
 };
 
 class ContextMenu {

@@ -120,7 +120,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                   [this](const std::string& path) { OpenFolder(path); }),
       contextMenu_(space_,
                    {services_.Files.Syntax(), services_.Drives, services_.ItemMenus,
-                    services_.Popups, services_.Forms},
+                    services_.Popups, services_.Operation, services_.Forms},
                    messages_,
                    {newFolder_, rename_, duplicate_, operations_, delete_,
                     [this] { commandLine_.OpenCommandLine(); },

@@ -76,9 +76,9 @@ MenuOutcome MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
   const MenuWord chosen = isNamedByOthers
                               ? MenuWord{std::string(UnknownWord), true}
                               : WordOf(MenuCaptionById(entries, id), workspace_.ShellVerbMode);
-  MenuOutcome outcome{.Word = chosen.Word, .Placed = {}};
+  MenuOutcome outcome{.Word = chosen.Word};
   if (chosen.IsPlatforms && id <= LastPlatformId) {
-    outcome.Placed = items->Invoke(id - FirstPlatformId);
+    outcome.Started = items->Invoke(id - FirstPlatformId);
   }
   return outcome;
 }

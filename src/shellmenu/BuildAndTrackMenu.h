@@ -26,7 +26,8 @@ struct MenuRequest {
 
 struct MenuOutcome {
   std::string Word;  // of the entry; empty where nothing was chosen or found
-  std::vector<platform::PlacedItem> Placed;  // what the platform has pasted
+  // What the platform has begun with it.
+  platform::OperationId Started = platform::NoOperation;
 };
 
 class MenuBuilder {

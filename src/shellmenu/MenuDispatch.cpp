@@ -20,6 +20,15 @@ bool IsColourWord(const std::string& word) {
          lister::ItemColours.end();
 }
 
+template <typename Work>
+void WithoutErrors(Work work) {
+  try {
+    work();
+  } catch (const std::exception&) {
+    // The commands tell what is to be told.
+  }
+}
+
 }  // namespace
 
 struct MenuDispatch::Row {
@@ -36,16 +45,23 @@ const MenuDispatch::Row MenuDispatch::Rows[] = {
     {NewFolderWord, &MenuDispatch::NewFolder},     {DuplicateWord, &MenuDispatch::Duplicate},
 };
 
-void MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths) {
+MenuFollowUp MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths) {
   std::string& word = outcome.Word;
   const int slot = TakeSlot(word);
+  MenuFollowUp next{.Operation = outcome.Started};
   workspace_.Form.Refresh();
-  try {
+  WithoutErrors([&] {
     cuts_.CutPasteCount = word == CutWord ? 1 : word == PasteWord ? cuts_.CutPasteCount + 1 : 0;
-    Act({word, slot, paths, outcome.Placed});
-  } catch (const std::exception&) {
-    // The commands tell what is to be told.
+    Act({word, slot, paths, next});
+  });
+  if (next.Then) {
+    next.Then = [then = std::move(next.Then)](const platform::OperationResult& result) {
+      WithoutErrors([&] { then(result); });
+    };
   }
+  if (next.Operation != platform::NoOperation) return next;
+  if (next.Then) next.Then({});
+  return {};
 }
 
 void MenuDispatch::Act(const Choice& choice) {
@@ -84,19 +100,23 @@ void MenuDispatch::Paste(const Choice& choice) {
     workspace_.InternalClipSource = lister::NoList;
     return;
   }
-  RefreshCurrent();
-  lists::ShowPlaced(workspace_, workspace_.CurrentList, choice.Placed);
-  if (cuts_.CutPasteCount != PasteAfterCut) return;
-  const lister::ListId source = std::exchange(cuts_.CutSourceList, lister::NoList);
-  if (source >= 0) workspace_.Lists[source].RefreshList();
+  // By the time that it is done something else may have been cut.
+  const lister::ListId source = cuts_.CutPasteCount == PasteAfterCut
+                                    ? std::exchange(cuts_.CutSourceList, lister::NoList)
+                                    : lister::NoList;
+  choice.Next.Then = [target = RefreshLater(workspace_.CurrentList),
+                      cutFrom = RefreshLater(source)](const platform::OperationResult&) {
+    target();
+    cutFrom();
+  };
 }
 
-void MenuDispatch::Delete(const Choice&) {
+void MenuDispatch::Delete(const Choice& choice) {
   if (workspace_.ShellVerbMode == 0) {
     commands_.Delete.DeleteSelection(false);
-  } else {
-    RefreshCurrent();
+    return;
   }
+  choice.Next.Then = [list = RefreshLater(workspace_.CurrentList)](const auto&) { list(); };
 }
 
 void MenuDispatch::Rename(const Choice&) {
@@ -117,12 +137,23 @@ void MenuDispatch::NewFolder(const Choice&) {
 
 void MenuDispatch::Duplicate(const Choice& choice) {
   const std::vector<platform::PlacedItem> placed = commands_.Duplicate.DuplicateItems(choice.Paths);
-  RefreshCurrent();
+  Refresh(workspace_.CurrentList);
   lists::ShowPlaced(workspace_, workspace_.CurrentList, placed);
 }
 
-void MenuDispatch::RefreshCurrent() {
-  workspace_.Lists[workspace_.CurrentList].RefreshList();
+void MenuDispatch::Refresh(lister::ListId list) {
+  if (lister::ListerControl* const shown = workspace_.Lists.Find(list)) shown->RefreshList();
+}
+
+// A tree shows the folder whichever one it has open by then.
+std::function<void()> MenuDispatch::RefreshLater(lister::ListId list) {
+  const lister::ListerControl* const shown = workspace_.Lists.Find(list);
+  if (shown == nullptr) return [] {};
+  return [this, list, folder = shown->CurrentFolder()] {
+    if (!lister::IsFileList(list) || workspace_.Lists[list].CurrentFolder() == folder) {
+      Refresh(list);
+    }
+  };
 }
 
 }  // namespace tarnwell::shellmenu

@@ -1,6 +1,6 @@
 // Does what the word from the context menu says, in the current list.
 //
-// Entries that the platform has carried out by now are followed up here: lists are read again.
+// What the platform has carried out, or begun, is followed up here: lists are read again.
 #pragma once
 
 #include <functional>
@@ -35,6 +35,12 @@ struct CutPasteState {
   lister::ListId CutMarkList = lister::NoList;  // has items that are marked as cut
 };
 
+// The operation that a word has led to, and what is to be done after it.
+struct MenuFollowUp {
+  platform::OperationId Operation = platform::NoOperation;
+  platform::OperationDone Then = {};
+};
+
 class MenuDispatch {
  public:
   MenuDispatch(workspace::Workspace& workspace, forms::Messenger& messenger, MenuCommands commands)
@@ -43,8 +49,9 @@ class MenuDispatch {
         commands_(std::move(commands)),
         bookmarks_(workspace, messenger) {}
 
-  // `paths` are the items that the menu was for. An error ends it without a word.
-  void Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths);
+  // `paths` are the items that the menu was for. What need not wait for an operation is done when
+  // it returns. An error ends it, and what follows, without a word.
+  MenuFollowUp Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths);
 
  private:
   // A word with what it is for.
@@ -52,7 +59,7 @@ class MenuDispatch {
     const std::string& Word;
     int Slot;
     const std::vector<std::string>& Paths;
-    const std::vector<platform::PlacedItem>& Placed;
+    MenuFollowUp& Next;
     const std::string& FirstPath() const { return Paths.at(0); }
   };
   struct Row;
@@ -69,7 +76,9 @@ class MenuDispatch {
   void CompactDatabase(const Choice& choice);
   void NewFolder(const Choice& choice);
   void Duplicate(const Choice& choice);
-  void RefreshCurrent();
+  // Reads the list again. What this gives does so later on, if the list still shows that folder.
+  void Refresh(lister::ListId list);
+  std::function<void()> RefreshLater(lister::ListId list);
 
   workspace::Workspace& workspace_;
   forms::Messenger& messenger_;

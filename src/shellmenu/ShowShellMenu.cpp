@@ -1,30 +1,35 @@
 #include "shellmenu/ShowShellMenu.h"
 
 #include <cstdio>
+#include <memory>
 #include <utility>
 
 #include "base/Measure.h"
 #include "base/Text.h"
 #include "lister/rows/CellText.h"
+#include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::shellmenu {
 namespace {
 
 // The rows that are meant are shown as such. A list hears of no further right click until the end,
-// so there is one on every way out.
+// so there is one on every way out, and none waits for an operation.
 class ActionBracket {
  public:
   explicit ActionBracket(workspace::Workspace& workspace)
       : workspace_(workspace), contextList_(workspace.CurrentList) {
     workspace_.Lists[contextList_].BeginContextAction();
   }
-  ~ActionBracket() {
+  ~ActionBracket() { End(); }
+  ActionBracket(const ActionBracket&) = delete;
+  ActionBracket& operator=(const ActionBracket&) = delete;
+
+  void End() {
+    if (std::exchange(isOver_, true)) return;
     End(workspace_.CurrentList);
     if (workspace_.CurrentList != contextList_) End(contextList_);
   }
-  ActionBracket(const ActionBracket&) = delete;
-  ActionBracket& operator=(const ActionBracket&) = delete;
 
  private:
   void End(lister::ListId id) {
@@ -33,6 +38,7 @@ class ActionBracket {
 
   workspace::Workspace& workspace_;
   const lister::ListId contextList_;
+  bool isOver_ = false;
 };
 
 // The pictures of the program's own menus stand back while the platform draws its menu.
@@ -61,11 +67,12 @@ void ContextMenuCommand::ShowForClick(float x, float y, const std::string& click
   ShowShellMenu(x, y, path, MenuMode::Show);
 }
 
-void ContextMenuCommand::ShowShellMenu(float x, float y, std::string path, MenuMode mode) {
+platform::OperationId ContextMenuCommand::ShowShellMenu(float x, float y, std::string path,
+                                                        MenuMode mode) {
   lister::ListerControl* const list = workspace_.Lists.Find(workspace_.CurrentList);
-  if (list == nullptr) return;
-  const lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
-  const ActionBracket action(workspace_);
+  if (list == nullptr) return platform::NoOperation;
+  lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
+  const auto action = std::make_shared<ActionBracket>(workspace_);
   const bool isForNothing = mode == MenuMode::Properties && list->FirstSelected().empty();
   if (mode == MenuMode::Paste || isForNothing) path = OwnFolder(*list);
   if (mode != MenuMode::Show) clickedItemPath_.clear();
@@ -74,7 +81,19 @@ void ContextMenuCommand::ShowShellMenu(float x, float y, std::string path, MenuM
   request.Mode = mode;
   request.X = PixelOf(x);
   request.Y = PixelOf(y);
-  dispatch_.Dispatch(Choose(items, std::move(request)), items.Paths);
+  const MenuFollowUp next = dispatch_.Dispatch(Choose(items, std::move(request)), items.Paths);
+  if (next.Operation == platform::NoOperation) return next.Operation;
+  const auto followUp = [this, action, then = next.Then,
+                         cursor = lists::MarkCursor(workspace_, workspace_.CurrentList)](
+                            const platform::OperationResult& result) {
+    const bool isUntouched = lists::StandsAt(workspace_, cursor);
+    if (then) then(result);
+    action->End();
+    if (isUntouched) lists::ShowPlaced(workspace_, cursor.Files, result.Placed);
+  };
+  watches.EndAfter(platform_.Operation, next.Operation, followUp);
+  action->End();
+  return next.Operation;
 }
 
 // A drive's root is no path without its separator.

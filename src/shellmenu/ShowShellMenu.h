@@ -18,6 +18,7 @@ struct MenuPlatform {
   const platform::Drives& Drives;
   platform::ContextMenu& Menu;
   platform::PopupMenus& Popups;
+  platform::FileOperation& Operation;
   const platform::NumberForms& Forms;
 };
 
@@ -38,9 +39,10 @@ class ContextMenuCommand {
   // The menu of the current list, at a place in the main form in twips. It is for the item of
   // `path`, or if that is empty for what is clicked and selected. Modes other than Show carry out
   // an entry of the platform's unseen; Paste is for the list's folder, and so is Properties where
-  // nothing is selected. No list follows its folder
-  // meanwhile. What the platform's entry throws comes out of here, once all that has ended.
-  void ShowShellMenu(float x, float y, std::string path, MenuMode mode);
+  // nothing is selected. No list follows its folder meanwhile, nor while an operation runs that
+  // comes of it, which is what this gives. What the platform's entry throws comes out of here, once
+  // all that has ended.
+  platform::OperationId ShowShellMenu(float x, float y, std::string path, MenuMode mode);
 
  private:
   std::string OwnFolder(const lister::ListerControl& list) const;

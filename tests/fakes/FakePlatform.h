@@ -276,13 +276,13 @@ class FakeContextMenu : public platform::ContextMenu {
 
   std::vector<std::string> Captions{
       "&Open", "", "Cu&t", "&Copy", "&Paste", "Create &Shortcut", "&Delete", "P&roperties"};
-  bool Refuses = false;                      // there is no menu for any items
-  base::Status Fault;                        // of a menu that cannot be filled
-  std::string Asked;                         // "folder: name, name" of the last menu
-  std::vector<std::string> Invoked;          // captions without marks
-  std::vector<int> Offsets;                  // of the last
-  std::function<void()> OnInvoke;            // the platform at work
-  std::vector<platform::PlacedItem> Pasted;  // by an entry
+  bool Refuses = false;                                   // there is no menu for any items
+  base::Status Fault;                                     // of a menu that cannot be filled
+  std::string Asked;                                      // "folder: name, name" of the last menu
+  std::vector<std::string> Invoked;                       // captions without marks
+  std::vector<int> Offsets;                               // of the last
+  std::function<void()> OnInvoke;                         // the platform at work
+  platform::OperationId Started = platform::NoOperation;  // by an entry
 
   base::Status Find(const std::string& path) const override {
     return files_.Exists(path) ? base::Status() : MemoryFileSystem::NotFound();
@@ -308,13 +308,13 @@ class FakeContextMenu : public platform::ContextMenu {
       }
       return Owner.Fault;
     }
-    std::vector<platform::PlacedItem> Invoke(int offset) override {
+    platform::OperationId Invoke(int offset) override {
       Owner.Offsets = {offset};
       const std::string_view caption = Owner.Captions.at(static_cast<std::size_t>(offset));
       Owner.Invoked.push_back(
           base::WithoutMarks(caption.substr(caption.starts_with("> ") ? 2 : 0)));
       if (Owner.OnInvoke) Owner.OnInvoke();
-      return Owner.Pasted;
+      return std::exchange(Owner.Started, platform::NoOperation);
     }
     FakeContextMenu& Owner;
   };

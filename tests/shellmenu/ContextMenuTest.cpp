@@ -91,7 +91,7 @@ struct MenuRun : lists::TestLists {
         Menu.ShowShellMenu(0, 0, "", MenuMode::Delete); }};
   ContextMenuCommand Menu{
       Space,
-      {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Forms},
+      {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Operation, Platform.Forms},
       Messages,
       {NewFolder, Rename, Duplicate, Operations, Delete, [this] { CommandLine(); },
        [this](const std::string& path) { Dialogs.push_back("compact " + path); }}};
@@ -330,6 +330,39 @@ TEST_F(ContextMenuTest, ListsAreReadAgainAfterThePlatformsWork) {
   }
 }
 
+TEST_F(ContextMenuTest, FollowsOperationsUpOnceTheyAreDone) {
+  Platform.Operation.Holds = true;
+  Platform.ItemMenus.OnInvoke = [this] {
+    const bool starts = Platform.ItemMenus.Invoked.back() != "Cut";
+    if (starts) Platform.ItemMenus.Started = Platform.Operation.Start({.Requests = {{}}});
+  };
+  Choose("a.txt", "Cut");
+  Choose("o", "Paste", 101);
+  EXPECT_TRUE(Platform.Watches.Watched().empty());
+  EXPECT_FALSE(Space.Lists[101].Rows().StateOf(Row(101, "o")).IsTarget);
+  // The user goes elsewhere, cuts something else there, and opens a menu.
+  std::string sub = "C:\\Data\\Sub";
+  Space.Lists[101].LoadFolderContents(sub, true);
+  Space.EnteredList = 101;
+  Choose("", "Cut", 101);
+  const int data = Platform.Files.At("C:\\Data").Reads, other = Platform.Files.At(sub).Reads;
+  Popups.OnTrack = [this] { Platform.Operation.Finish(); };
+  Choose("b.txt", "");
+  EXPECT_GT(Platform.Files.At("C:\\Data").Reads, data);
+  EXPECT_EQ(Platform.Files.At(sub).Reads, other);
+  EXPECT_TRUE(IsOver());
+
+  // Where the user has stayed, the cursor goes to what has come.
+  Popups.OnTrack = {};
+  Platform.Operation.Placed = {{"C:\\Data\\Sub\\c.txt", "C:\\Data\\c.txt"}};
+  for (const bool stays : {false, true}) {
+    EXPECT_NE(Menu.ShowShellMenu(0, 0, "", MenuMode::Paste), platform::NoOperation);
+    if (!stays) Click(100, "a.txt");
+    Platform.Operation.Finish();
+    EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, stays ? "c.txt" : "a.txt"));
+  }
+}
+
 TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
   Host.OnModal = [this](forms::Form& form) {
     Dialogs.push_back(form.Name());
@@ -360,7 +393,8 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
   ASSERT_EQ(Platform.Operation.Requests.size(), 2U);
   EXPECT_EQ(Platform.Operation.Requests[0].Items, "C:\\Data\\z.txt\0"s);
   EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "twin"));
-  Platform.ItemMenus.Pasted = {{"C:\\Other\\b", "C:\\Data\\z.txt"}};
+  Platform.Operation.Placed = {{"C:\\Other\\b", "C:\\Data\\z.txt"}};
+  Platform.ItemMenus.Started = Platform.Operation.Start({.Requests = {{}}});
   Choose("a.txt", "Paste");
   EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "z.txt"));
 

@@ -51,17 +51,17 @@ class LinuxContextMenuTest : public testing::Test {
     return CaptionsOf(Entries);
   }
   // Invokes the entry of that caption, in the submenu too.
-  void Choose(const std::vector<std::string>& names, const std::string& caption) {
-    Choose(*Make(Place.Path(), names), caption);
+  OperationId Choose(const std::vector<std::string>& names, const std::string& caption) {
+    return Choose(*Make(Place.Path(), names), caption);
   }
-  void Choose(ItemMenu& menu, const std::string& caption) {
+  OperationId Choose(ItemMenu& menu, const std::string& caption) {
     std::vector<ContextEntry> all = Entries;
     for (const ContextEntry& entry : Entries) {
       all.insert(all.end(), entry.Children.begin(), entry.Children.end());
     }
     const auto found = std::ranges::find(all, caption, &ContextEntry::Caption);
-    ASSERT_NE(found, all.end()) << caption;
-    menu.Invoke(found->Id - First);
+    EXPECT_NE(found, all.end()) << caption;
+    return found == all.end() ? NoOperation : menu.Invoke(found->Id - First);
   }
   std::string Took() { return std::exchange(Dialogs.Told, {}); }
 
@@ -193,7 +193,11 @@ TEST_F(LinuxContextMenuTest, CutsCopiesAndPastes) {
   EXPECT_TRUE(Clipboard.HasFiles());
   // A part of it cannot go: that part stays cut.
   Put(target + "/b.txt", "other");
-  Choose({"way"}, "&Paste");
+  Operation.Holds = true;
+  EXPECT_NE(Choose({"way"}, "&Paste"), NoOperation);
+  EXPECT_NE(Clipboard.Files.Items, base::ItemList::TextOf({Place / "b.txt"}));
+  Operation.Finish();  // the menu has gone
+  Operation.Holds = false;
   EXPECT_EQ(Operation.Requests.back().Destination, Place / "way" + std::string("/\0", 2));
   EXPECT_EQ(Operation.Requests.back().Flags, AllowUndo);
   EXPECT_EQ(Get(target + "/a.txt"), "text");
@@ -251,6 +255,8 @@ TEST_F(LinuxContextMenuTest, LinksTrashesAndShows) {
   Put(Place / longName, "long");
   for (int times = 0; times < 2; ++times) Choose({"a.txt", "dir", longName}, "Create &Shortcut");
   EXPECT_EQ(std::filesystem::read_symlink(Place / "Link to a.txt"), "a.txt");
+  ASSERT_EQ(Operation.Noted.size(), 6U);
+  EXPECT_EQ(Operation.Noted[3].From + Operation.Noted[3].To, Place / "Link to a (2).txt");
   EXPECT_EQ(Get(Place / "Link to a (2).txt"), "text");
   EXPECT_EQ(std::filesystem::read_symlink(Place / "Link to dir (2)"), "dir");
   EXPECT_EQ(Get(Place / ("Link to " + longName.substr(0, 243) + " (3)")), "long");

@@ -15,33 +15,37 @@ namespace {
 
 constexpr unsigned lastTwin = 999'999;
 
-ErrorNumber LinkTo(int folder, const std::string& name) {
+// Gives the name of the link.
+ErrorNumber LinkTo(int folder, const std::string& name, std::string& link) {
   struct statx found;
   if (const ErrorNumber error = LookAt(folder, name.c_str(), found); error != NoError) return error;
   const std::string wanted = "Link to " + name;
   const TwinParts parts = SplitTwinName(wanted, S_ISDIR(found.stx_mode));
   ErrorNumber error = EEXIST;
-  if (wanted.size() <= NAME_MAX) {
-    error = ErrorOf(symlinkat(name.c_str(), folder, wanted.c_str()));
-  }
+  link = wanted;
+  if (link.size() <= NAME_MAX) error = ErrorOf(symlinkat(name.c_str(), folder, link.c_str()));
   for (unsigned number = parts.Number + 1; error == EEXIST && number <= lastTwin; ++number) {
-    const std::string twin = MakeTwinName(parts, number, NAME_MAX);
-    error = ErrorOf(symlinkat(name.c_str(), folder, twin.c_str()));
+    link = MakeTwinName(parts, number, NAME_MAX);
+    error = ErrorOf(symlinkat(name.c_str(), folder, link.c_str()));
   }
   return error;
 }
 
 }  // namespace
 
-std::vector<std::pair<std::string, base::Status>> LinkItems(const std::string& folder,
-                                                            const std::vector<std::string>& names) {
+std::vector<LinkOutcome> LinkItems(const std::string& folder,
+                                   const std::vector<std::string>& names) {
+  const base::PathSyntax& syntax = base::PathSyntax::Posix();
   const Descriptor opened = OpenPath(folder, O_PATH | O_DIRECTORY);
-  const ErrorNumber error = errno;
-  std::vector<std::pair<std::string, base::Status>> outcomes;
+  const ErrorNumber unopened = errno;
+  std::vector<LinkOutcome> outcomes;
   outcomes.reserve(names.size());
   for (const std::string& name : names) {
-    outcomes.emplace_back(base::PathSyntax::Posix().Join(folder, name),
-                          SystemError(opened ? LinkTo(opened.Get(), name) : error));
+    std::string link;
+    const ErrorNumber error = opened ? LinkTo(opened.Get(), name, link) : unopened;
+    outcomes.push_back({.Item = syntax.Join(folder, name),
+                        .Link = error == NoError ? syntax.Join(folder, link) : "",
+                        .Status = SystemError(error)});
   }
   return outcomes;
 }

@@ -148,9 +148,9 @@ bool LinuxItemMenu::IsOneFolder() const {
   return paths_.size() == 1 && types_ == std::vector<std::string>{"inode/directory"};
 }
 
-std::vector<PlacedItem> LinuxItemMenu::Invoke(int offset) {
+OperationId LinuxItemMenu::Invoke(int offset) {
   const auto at = static_cast<std::size_t>(offset);
-  if (offset < 0 || at >= actions_.size()) return {};
+  if (offset < 0 || at >= actions_.size()) return NoOperation;
   FailureList failures(tools_.Forms);
   switch (actions_[at].Verb) {
     case MenuVerb::None:
@@ -179,13 +179,12 @@ std::vector<PlacedItem> LinuxItemMenu::Invoke(int offset) {
       failures.Show(tools_.Dialogs, "could not be given a shortcut");
       break;
     case MenuVerb::Delete:
-      if (!IsRefused(FileFunction::Delete)) Trash();
-      break;
+      return IsRefused(FileFunction::Delete) ? NoOperation : Trash();
     case MenuVerb::Properties:
       tools_.Windows.ShowProperties(paths_);
       break;
   }
-  return {};
+  return NoOperation;
 }
 
 std::vector<std::string> LinuxItemMenu::ItemsThere(FailureList& failures) const {
@@ -200,13 +199,17 @@ std::vector<std::string> LinuxItemMenu::ItemsThere(FailureList& failures) const 
 }
 
 void LinuxItemMenu::CreateShortcuts(FailureList& failures) {
-  using Outcomes = std::vector<std::pair<std::string, base::Status>>;
-  const auto outcomes = std::make_shared<Outcomes>();
+  const auto outcomes = std::make_shared<std::vector<LinkOutcome>>();
   const base::Status status = tools_.Calls.Run(
       folder_,
       [outcomes, folder = folder_, names = names_] { *outcomes = LinkItems(folder, names); });
   if (!status) return failures.Add(folder_, status);
-  for (const auto& [path, outcome] : *outcomes) failures.Add(path, outcome);
+  std::vector<PlacedItem> made;
+  for (const LinkOutcome& each : *outcomes) {
+    failures.Add(each.Item, each.Status);
+    if (each.Status) made.push_back({.From = "", .To = each.Link});
+  }
+  if (!made.empty()) tools_.Operation.NoteDone(CommandKind::Shortcut, made);
 }
 
 void LinuxItemMenu::Open() {
@@ -282,17 +285,18 @@ bool LinuxItemMenu::IsRefused(FileFunction function) const {
   return !refusal.empty();
 }
 
-void LinuxItemMenu::Trash() {
+OperationId LinuxItemMenu::Trash() {
   const std::string what = paths_.size() == 1
                                ? QuotedName(paths_.front())
                                : "these " + tools_.Forms.Grouped(paths_.size()) + " items";
   // Yes is the usual answer: what is in the trash can be brought back.
   const std::string question = "Do you want to move " + what + " to the trash?";
-  if (!tools_.Dialogs.AskYesNo("Delete", question, true)) return;
-  tools_.Operation.Run({.Function = FileFunction::Delete,
-                        .Items = base::ItemList::TextOf(paths_),
-                        .Destination = base::ItemList::TextOf({""}),
-                        .Flags = AllowUndo});
+  if (!tools_.Dialogs.AskYesNo("Delete", question, true)) return NoOperation;
+  return tools_.Operation.Start({.Kind = CommandKind::Trash,
+                                 .Requests = {{.Function = FileFunction::Delete,
+                                               .Items = base::ItemList::TextOf(paths_),
+                                               .Destination = base::ItemList::TextOf({""}),
+                                               .Flags = AllowUndo}}});
 }
 
 }  // namespace tarnwell::platform

@@ -34,7 +34,7 @@ class LinuxItemMenu : public ItemMenu {
                 const std::vector<std::string>& names);
 
   base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) override;
-  std::vector<PlacedItem> Invoke(int offset) override;
+  OperationId Invoke(int offset) override;
 
  private:
   struct Action {
@@ -55,7 +55,7 @@ class LinuxItemMenu : public ItemMenu {
   void OpenWith(GAppInfo* application);
   void ChooseApplication();
   void RunCommand(const std::string& command);
-  void Trash();
+  OperationId Trash();
   // Tells why the items stay where they are, if they do.
   bool IsRefused(FileFunction function) const;
   // Those of the items that are still there.

@@ -1,10 +1,8 @@
 #include "platform/linux/menu/PasteFiles.h"
 
-#include <algorithm>
-#include <iterator>
 #include <map>
 #include <memory>
-#include <vector>
+#include <utility>
 
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
@@ -57,15 +55,17 @@ class FolderTest {
 // What has not left its place is still cut, unless someone has put something else there meanwhile.
 void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool wentThrough,
                     const FarCalls& calls) {
-  const ClipboardFiles now = clipboard.Get();
-  if (now.Items != files.Items || now.IsCut != files.IsCut) return;
   std::string stayed;
-  for (const std::string_view path : base::ItemList(files.Items)) {
+  const std::string_view mayHaveStayed = wentThrough ? std::string_view() : files.Items;
+  for (const std::string_view path : base::ItemList(mayHaveStayed)) {
     const base::Status found = calls.Ask(
         std::string(path), [own = std::string(path)] { return FindItem(own); }, LastLink::Itself);
     if (found) base::ItemList::Add(stayed, path);
   }
-  if (wentThrough || stayed.empty()) {
+  // Last: those calls may have let the user go on.
+  const ClipboardFiles now = clipboard.Get();
+  if (now.Items != files.Items || now.IsCut != files.IsCut) return;
+  if (stayed.empty()) {
     clipboard.Clear();
   } else {
     clipboard.Put({.Items = stayed, .IsCut = true});
@@ -74,23 +74,23 @@ void KeepWhatStayed(FileClipboard& clipboard, const ClipboardFiles& files, bool 
 
 }  // namespace
 
-std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& clipboard,
-                                   FileOperation& operation, Dialogs& dialogs,
-                                   const NumberForms& forms, const FarCalls& calls) {
+OperationId PasteFiles(const std::string& folder, FileClipboard& clipboard,
+                       FileOperation& operation, Dialogs& dialogs, const NumberForms& forms,
+                       const FarCalls& calls) {
   const ClipboardFiles files = clipboard.Get();
-  if (files.Items.empty() && files.Foreign == 0) return {};
+  if (files.Items.empty() && files.Foreign == 0) return NoOperation;
   ItemIdentity identity;
   if (const base::Status status = LookAtFolder(calls, folder, identity); !status) {
     FailureList failures(forms);
     failures.Add(folder, status);
     failures.Show(dialogs, "could not be opened to paste there");
-    return {};
+    return NoOperation;
   }
   const std::string refusal =
       files.IsCut ? operation.Refusal(FileFunction::Move, files.Items) : std::string();
   if (!refusal.empty()) {
     dialogs.ShowCritical("Tarnwell", refusal);
-    return {};
+    return NoOperation;
   }
   FolderTest target(identity, calls);
   FailureList nameless(forms);
@@ -109,24 +109,31 @@ std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& cli
       .Items = fromElsewhere,
       .Destination = base::ItemList::TextOf({base::PathSyntax::Posix().AddSeparator(folder)}),
       .Flags = AllowUndo};
-  OperationResult result;
-  if (!fromElsewhere.empty()) {
-    result = operation.Run(request);
-    if (files.IsCut) KeepWhatStayed(clipboard, files, result.Code == 0 && !result.Aborted, calls);
-  }
-  if (!fromHere.empty() && !files.IsCut && !result.Aborted) {
+  OperationOrder order;
+  order.Kind = files.IsCut ? CommandKind::Move : CommandKind::Copy;
+  if (!fromElsewhere.empty()) order.Requests.push_back(request);
+  if (!fromHere.empty() && !files.IsCut) {
     request.Items = fromHere;
     request.Flags |= RenameOnCollision;
-    std::ranges::move(operation.Run(request).Placed, std::back_inserter(result.Placed));
+    order.Requests.push_back(request);
+  }
+  OperationId pasted = NoOperation;
+  if (!order.Requests.empty()) {
+    pasted = operation.Start(std::move(order));
+    if (files.IsCut) {
+      operation.WhenDone(pasted, [&clipboard, files, calls](const OperationResult& result) {
+        KeepWhatStayed(clipboard, files, result.Code == 0 && !result.Aborted, calls);
+      });
+    }
   }
   nameless.Show(dialogs, "could not be pasted");
-  if (files.Foreign == 0) return result.Placed;
+  if (files.Foreign == 0) return pasted;
   dialogs.ShowCritical(
       "Tarnwell", (files.Foreign == 1 ? "One item on the clipboard is no file"
                                       : forms.Grouped(static_cast<std::uint64_t>(files.Foreign)) +
                                             " items on the clipboard are no files") +
                       std::string(" of this computer and cannot be pasted."));
-  return result.Placed;
+  return pasted;
 }
 
 }  // namespace tarnwell::platform

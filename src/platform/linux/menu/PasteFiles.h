@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/Dialogs.h"
 #include "platform/FileClipboard.h"
@@ -12,12 +11,12 @@
 
 namespace tarnwell::platform {
 
-// Copies what the clipboard holds to the folder, or moves what was cut, which then leaves the
-// clipboard as far as it has left its place. Items that lie in the folder already become twins;
-// cut ones stay. Tells of what is no file of this computer. Nothing on the clipboard: nothing
-// happens. Gives the items that came through.
-std::vector<PlacedItem> PasteFiles(const std::string& folder, FileClipboard& clipboard,
-                                   FileOperation& operation, Dialogs& dialogs,
-                                   const NumberForms& forms, const FarCalls& calls);
+// Starts to copy what the clipboard holds to the folder, or to move what was cut; at the end of the
+// move that leaves the clipboard, which must be there still, as far as it has left its place. Items
+// that lie in the folder already become twins; cut ones stay. Tells at once of what is no file of
+// this computer. Gives the operation, or NoOperation where there was nothing to start.
+OperationId PasteFiles(const std::string& folder, FileClipboard& clipboard,
+                       FileOperation& operation, Dialogs& dialogs, const NumberForms& forms,
+                       const FarCalls& calls);
 
 }  // namespace tarnwell::platform
