@@ -60,7 +60,8 @@ MenuOutcome MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
 
   Entries entries = OwnEntries({.Settings = workspace_.Settings,
                                 .FirstPath = request.FirstPath,
-                                .IsDriveRoot = request.IsDriveRoot});
+                                .IsDriveRoot = request.IsDriveRoot,
+                                .Undo = request.Undo});
   std::ranges::move(platforms, std::back_inserter(entries));
   // Nothing is kept that could be pasted.
   if (workspace_.ShellVerbMode == 0 && workspace_.InternalClipSource == lister::NoList) {

@@ -19,6 +19,7 @@ struct MenuRequest {
   std::string Folder;     // that holds them
   std::vector<std::string> Names;
   bool IsDriveRoot = false;
+  std::string Undo;  // see OwnEntriesFor
   MenuMode Mode = MenuMode::Show;
   int X = 0;  // pixels of the main window's client area
   int Y = 0;

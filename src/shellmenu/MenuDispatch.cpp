@@ -37,12 +37,19 @@ struct MenuDispatch::Row {
 };
 
 const MenuDispatch::Row MenuDispatch::Rows[] = {
-    {AddToSlot, &MenuDispatch::ChangeBookmark},    {ClearSlot, &MenuDispatch::ChangeBookmark},
-    {RefreshWord, &MenuDispatch::ForgetCutMark},   {CopyWord, &MenuDispatch::CutOrCopy},
-    {CutWord, &MenuDispatch::CutOrCopy},           {PasteWord, &MenuDispatch::Paste},
-    {DeleteWord, &MenuDispatch::Delete},           {RenameWord, &MenuDispatch::Rename},
-    {CommandLineWord, &MenuDispatch::CommandLine}, {CompactWord, &MenuDispatch::CompactDatabase},
-    {NewFolderWord, &MenuDispatch::NewFolder},     {DuplicateWord, &MenuDispatch::Duplicate},
+    {AddToSlot, &MenuDispatch::ChangeBookmark},
+    {ClearSlot, &MenuDispatch::ChangeBookmark},
+    {RefreshWord, &MenuDispatch::ForgetCutMark},
+    {CopyWord, &MenuDispatch::CutOrCopy},
+    {CutWord, &MenuDispatch::CutOrCopy},
+    {PasteWord, &MenuDispatch::Paste},
+    {DeleteWord, &MenuDispatch::Delete},
+    {RenameWord, &MenuDispatch::Rename},
+    {CommandLineWord, &MenuDispatch::CommandLine},
+    {CompactWord, &MenuDispatch::CompactDatabase},
+    {NewFolderWord, &MenuDispatch::NewFolder},
+    {DuplicateWord, &MenuDispatch::Duplicate},
+    {UndoWord, &MenuDispatch::Undo},
 };
 
 MenuFollowUp MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths) {
@@ -139,6 +146,10 @@ void MenuDispatch::Duplicate(const Choice& choice) {
   const std::vector<platform::PlacedItem> placed = commands_.Duplicate.DuplicateItems(choice.Paths);
   Refresh(workspace_.CurrentList);
   lists::ShowPlaced(workspace_, workspace_.CurrentList, placed);
+}
+
+void MenuDispatch::Undo(const Choice&) {
+  commands_.Undo();
 }
 
 void MenuDispatch::Refresh(lister::ListId list) {

@@ -26,6 +26,8 @@ struct MenuCommands {
   fileops::DeleteCommand& Delete;
   std::function<void()> OpenCommandLine;
   std::function<void(const std::string& path)> CompactDatabase;
+  std::function<void()> Undo;
+  std::function<std::string()> UndoCaption;  // "Undo: " and what; empty where there is nothing
 };
 
 // What has been cut or copied, as far as lists have to be read again for it.
@@ -76,6 +78,7 @@ class MenuDispatch {
   void CompactDatabase(const Choice& choice);
   void NewFolder(const Choice& choice);
   void Duplicate(const Choice& choice);
+  void Undo(const Choice& choice);
   // Reads the list again. What this gives does so later on, if the list still shows that folder.
   void Refresh(lister::ListId list);
   std::function<void()> RefreshLater(lister::ListId list);

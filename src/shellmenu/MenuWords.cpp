@@ -47,6 +47,7 @@ MenuWord WordOf(std::string_view caption, int shellVerbMode) {
       return {std::string(word).append(base::LastCodePoints(text, SlotLength)), false};
     }
   }
+  if (text.starts_with(UndoPrefix)) return {std::string(UndoWord), false};
   return {std::string(UnknownWord), true};
 }
 

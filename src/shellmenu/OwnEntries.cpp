@@ -51,6 +51,8 @@ bool IsShown(ShownFor shown, const OwnEntriesFor& items) {
       return !items.IsDriveRoot;
     case ShownFor::AccessDatabase:
       return base::LastCodePoints(items.FirstPath, ComparedPathEnd) == AccessPathEnd;
+    case ShownFor::ToUndo:
+      return !items.Undo.empty();
     default:
       return true;
   }
@@ -76,7 +78,10 @@ std::vector<ContextEntry> OwnEntries(const OwnEntriesFor& items) {
   std::vector<ContextEntry> entries;
   for (const MainEntry& row : MainEntries) {
     if (!IsShown(row.Shown, items)) continue;
-    ContextEntry entry = EntryOf(row.Id, std::string(row.Caption));
+    const bool undoes = row.Kind == MainEntryKind::Undo;
+    ContextEntry entry =
+        EntryOf(row.Id, undoes ? "&" + base::AsCaption(base::ForDisplay(items.Undo))
+                               : std::string(row.Caption));
     entry.IsSeparator = row.Kind == MainEntryKind::Separator;
     entry.Children = ChildrenOf(row.Kind, items.Settings);
     entries.push_back(std::move(entry));

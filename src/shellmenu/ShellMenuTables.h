@@ -16,6 +16,7 @@ enum class MainEntryKind {
   Access,  // submenus
   Bookmarks,
   ColourCode,
+  Undo,  // its caption says what would be undone
 };
 
 // When an entry is there.
@@ -23,6 +24,7 @@ enum class ShownFor {
   All,
   NoDriveRoot,     // it is not for a drive's root
   AccessDatabase,  // it is for files of that kind
+  ToUndo,          // it is for empty space, and there is something to undo
 };
 
 struct MainEntry {
@@ -44,6 +46,7 @@ inline constexpr MainEntry MainEntries[] = {
     {"", 111790, MainEntryKind::Separator},
     {"&Bookmarks", 113000, MainEntryKind::Bookmarks},
     {"Colour Cod&e", 111789, MainEntryKind::ColourCode},
+    {"", 111800, MainEntryKind::Undo, ShownFor::ToUndo},
     {"", 111788, MainEntryKind::Separator},
 };
 
@@ -97,6 +100,7 @@ inline constexpr std::string_view RenameWord = "rename";
 inline constexpr std::string_view DuplicateWord = "duplicate";
 inline constexpr std::string_view CommandLineWord = "commandline";
 inline constexpr std::string_view CompactWord = "mdb_compact";
+inline constexpr std::string_view UndoWord = "undo";
 
 enum class Invokes {
   Never,
@@ -134,11 +138,14 @@ inline constexpr WordRow WordTable[] = {
     {"DUPLICATE", DuplicateWord, Invokes::Never},
     {"COMMAND LINE", CommandLineWord, Invokes::Never},
     {"COMPACT DATABASE", CompactWord, Invokes::Never},
+    {"RENAME ITEMS...", "renameitems", Invokes::Never},
 };
 
 // Captions that begin so give these words with the last two characters of the caption behind them.
 inline constexpr std::string_view AddToSlot = "ADD TO SLOT";
 inline constexpr std::string_view ClearSlot = "CLEAR SLOT";
+// This one ends with what would be undone.
+inline constexpr std::string_view UndoPrefix = "UNDO:";
 
 inline constexpr std::string_view UnknownWord = "unknown";
 

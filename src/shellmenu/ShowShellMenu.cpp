@@ -120,6 +120,8 @@ MenuOutcome ContextMenuCommand::Choose(const MenuItems& items, MenuRequest reque
   const bool isFolderItself = request.Folder == request.FirstPath;
   if (isFolderItself) request.Names.clear();
   request.IsDriveRoot = items.IsDriveRoot || isFolderItself;
+  const bool isForEmptySpace = isFolderItself && clickedItemPath_.empty();
+  if (isForEmptySpace && request.Mode == MenuMode::Show) request.Undo = undoCaption_();
   const PicturesOff pictures(workspace_.Form.MenuImages);
   return builder_.BuildAndTrackMenu(request);
 }

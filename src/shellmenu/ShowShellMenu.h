@@ -2,6 +2,7 @@
 // keys that copy, cut, paste and delete go through the same menu without showing it.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,7 @@ class ContextMenuCommand {
         messenger_(messenger),
         collector_(platform.Syntax, platform.Drives, messenger),
         builder_(workspace, platform.Menu, platform.Popups, messenger),
+        undoCaption_(commands.UndoCaption),
         dispatch_(workspace, messenger, std::move(commands)) {}
 
   // After a right click: `clicked` is the path of the item under it, empty for none.
@@ -56,6 +58,7 @@ class ContextMenuCommand {
   forms::Messenger& messenger_;
   ItemCollector collector_;
   MenuBuilder builder_;
+  std::function<std::string()> undoCaption_;
   MenuDispatch dispatch_;
   std::string clickedItemPath_;
 };

@@ -76,6 +76,7 @@ struct MenuRun : lists::TestLists {
   const base::PathSyntax& Syntax = Platform.Files.Syntax();
   std::vector<std::string> Dialogs;  // that were shown
   std::function<void()> CommandLine = [] {};
+  std::string Undoable;
   std::size_t Watched = 0;
 
   fileops::DialogFields Fields;
@@ -94,7 +95,8 @@ struct MenuRun : lists::TestLists {
       {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Operation, Platform.Forms},
       Messages,
       {NewFolder, Rename, Duplicate, Operations, Delete, [this] { CommandLine(); },
-       [this](const std::string& path) { Dialogs.push_back("compact " + path); }}};
+       [this](const std::string& path) { Dialogs.push_back("compact " + path); },
+       [this] { Dialogs.push_back(Undoable); }, [this] { return Undoable; }}};
 };
 
 class ContextMenuTest : public testing::Test, public MenuRun {};
@@ -294,6 +296,8 @@ TEST(MenuWordsTest, ComeFromCaptions) {
                            {"Copy" + std::string(251, ' ') + "x", "copy! copy!"},
                            {"Add to Slot 9", "ADD TO SLOT 9 ADD TO SLOT 9", 8},
                            {"&Clear Slot 10", "CLEAR SLOT10 CLEAR SLOT10", 9},
+                           {"&RENAME Items...", "renameitems renameitems"},
+                           {"&Undo: Copy of && 3", "undo undo"},
                            {"Add to slot", "ADD TO SLOTOT ADD TO SLOTOT"}}) {
     std::string words;
     for (const int mode : {1, 0}) {
@@ -361,6 +365,17 @@ TEST_F(ContextMenuTest, FollowsOperationsUpOnceTheyAreDone) {
     Platform.Operation.Finish();
     EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, stays ? "c.txt" : "a.txt"));
   }
+}
+
+TEST_F(ContextMenuTest, OffersToUndoOnEmptySpace) {
+  Undoable = "Undo: Copy of \"R&D\n\"";
+  Click(100, "a.txt");
+  Click(0, "C:\\");
+  EXPECT_EQ(Popups.Text().find("|111800"), std::string::npos);
+  Select({});
+  Choose("", "Undo: Copy of \"RD\u240A\"");
+  EXPECT_EQ(Dialogs, Texts{Undoable});
+  EXPECT_NE(Popups.Text().find(" \"R&&D\u240A\"|111800\n-|111788"), std::string::npos);
 }
 
 TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
