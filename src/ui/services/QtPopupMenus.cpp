@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "base/Caption.h"
@@ -66,8 +68,10 @@ QtPopupMenu::QtPopupMenu(QtPopupMenus& menus, QMainWindow& window)
 bool QtPopupMenu::InsertOnTop(const platform::ContextEntry& entry) {
   if (!menu_) return false;
   Add(*menu_, entry, menu_->actions().value(0));
-  // Not in submenus, which have the names of applications in them.
-  ShowKeys(*menu_->actions().constFirst(), base::WithoutMarks(entry.Caption));
+  // Not in submenus, which have the names of applications in them. A caption may go on with what
+  // the entry is for: "Undo: Copy of 3 items".
+  const std::string caption = base::WithoutMarks(entry.Caption);
+  ShowKeys(*menu_->actions().constFirst(), std::string_view(caption).substr(0, caption.find(':')));
   return true;
 }
 
