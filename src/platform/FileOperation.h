@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -87,10 +88,13 @@ struct OperationResult {
   // itself; nothing of what took the place of another item or was deleted for good.
   std::vector<DoneItem> Done = {};
   std::uint64_t Irrevocable = 0;  // items that are not among these, though something was done
+  // Of an order: the code of each request that was carried out.
+  std::vector<int> Codes = {};
 };
 
 // Joins what a further request of an order came to.
 inline void Add(OperationResult& all, OperationResult&& next) {
+  all.Codes.push_back(next.Code);
   if (all.Code == 0) all.Code = next.Code;
   all.Aborted |= next.Aborted;
   all.Placed.insert(all.Placed.end(), std::move_iterator(next.Placed.begin()),
@@ -161,7 +165,9 @@ class FileOperation {
   virtual std::string Refusal(FileFunction function, const std::string& items) const = 0;
 
   // Returns when the work is done or given up. Going away: to be replaced by Start.
-  virtual OperationResult Run(const OperationRequest& request) = 0;
+  virtual OperationResult Run(const OperationRequest& /*request*/) {
+    throw std::logic_error("nobody waits for an operation here");
+  }
 };
 
 }  // namespace tarnwell::platform
