@@ -86,6 +86,7 @@ struct OperationResult {
   std::vector<PlacedItem> Placed = {};
   // What can be taken back. Where a folder was merged into another, what came of each item in it by
   // itself; nothing of what took the place of another item or was deleted for good.
+  // What a move has copied, though the original has not gone, is a new item.
   std::vector<DoneItem> Done = {};
   std::uint64_t Irrevocable = 0;  // items that are not among these, though something was done
   // Of an order: the code of each request that was carried out.

@@ -113,8 +113,13 @@ enum class MissingFolderChoice { Make, Cancel };
 enum class OperationRemark {
   Changed,     // others wrote it meanwhile: the copy holds what could be read
   Unfinished,  // left where it is: another operation is still making it
+  // The rest tells of items that the request expects to be as they were.
+  ChangedSince,  // another one by now, or changed: left where it is
+  GoneSince,
+  // Of NeverForGood: left where it is.
+  HasNoTrash,
 };
-constexpr std::size_t OperationRemarkCount = 2;
+constexpr std::size_t OperationRemarkCount = 5;
 
 // Hears of progress and answers the questions of one operation. All calls come from the thread that
 // runs the operation, which waits for the answer. What is not answered by a class of its own gets

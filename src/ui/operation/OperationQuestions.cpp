@@ -45,6 +45,9 @@ QString WordsOf(OperationStep step) {
 constexpr const char* Remarks[platform::OperationRemarkCount] = {
     "Changed while being copied; the copy holds what could be read:",
     "Left where it is, as another operation is still making it:",
+    "Left as it is, since it has changed or another one is in its place:",
+    "No longer there:",
+    "Left where it is, as its drive has no trash:",
 };
 
 void AddItem(QuestionWindow& window, const std::string& path, const OperationTools& tools) {

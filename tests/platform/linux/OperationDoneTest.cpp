@@ -2,8 +2,10 @@
 #include <sys/sysmacros.h>
 
 #include "OperationFixture.h"
+#include "TestDesktop.h"
 #include "platform/linux/afar/OperationVolumes.h"
 #include "platform/linux/files/Fingerprint.h"
+#include "platform/linux/operation/TrashFinder.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -87,6 +89,208 @@ TEST(Fingerprints, TellEveryChangeBelow) {
   EXPECT_EQ(modified(7, 5), modified(6, 0));
   EXPECT_EQ(modified(-7, 5), modified(-8, 0));
   EXPECT_EQ(modified(7, 5).Device + modified(7, 5).Number, 0U);
+}
+
+OperationResult DoAll(OperationUser& user, FileFunction function,
+                      const std::vector<std::string>& items, const std::vector<std::string>& to,
+                      int flags, const std::vector<ItemFingerprint>& expected = {}) {
+  return RunOperation({function, base::ItemList::TextOf(items), base::ItemList::TextOf(to),
+                       static_cast<std::uint16_t>(flags), expected},
+                      user);
+}
+
+TEST(OperationDone, TellsEachItemThatCanBeTakenBack) {
+  for (const std::string& where : {testing::TempDir(), otherVolume}) {
+    for (const bool moves : {false, true}) {
+      const TempFolder here;
+      const TempFolder there(where);
+      here.Make({"d/f=new", "d/g=g", "d/l->f", "d/sub/deep/x=x", "d/empty/", "one=1",
+                 "file/in=", "own/b=1"});
+      there.Make({"d/f=old", "d/h=h", "d/empty/", "file=gives way"});
+      fs::create_hard_link(here / "own/b", here / "own/c");
+      ScriptedUser user;
+      const OperationResult result =
+          Do(user, moves ? FileFunction::Move : FileFunction::Copy,
+             {here / "d", here / "one", here / "file", here / "own"}, there.Path(), NoConfirmation);
+      EXPECT_EQ(result.Code, 0);
+      std::set<std::string> told;
+      std::istringstream text(Told(result, here.Path().size()));
+      for (std::string each; text >> each;) {
+        const std::size_t to = each.find('>') + 1;
+        told.insert(each.substr(0, to) +
+                    each.substr(to + there.Path().size() - here.Path().size()));
+      }
+      const std::string whole = moves ? "" : "*";
+      EXPECT_EQ(told, (std::set<std::string>{"/d/g>/d/g", "/d/l>/d/l", "/d/sub>/d/sub" + whole,
+                                             "/one>/one", "/own>/own" + whole}));
+      EXPECT_EQ(result.Irrevocable, moves ? 3U : 2U);  // f, file; and the folder that has gone
+      EXPECT_EQ(here.Names() == "", moves);
+    }
+  }
+  const TempFolder here;
+  here.Make({"a=a", "b/c="});
+  ScriptedUser user;
+  EXPECT_EQ(Told(Do(user, FileFunction::Rename, {here / "a"}, here / "z"), here.Path().size()),
+            "/a>/z ");
+  EXPECT_EQ(
+      Told(Do(user, FileFunction::Copy, {here / "z", here / "b"}, here / "", RenameOnCollision),
+           here.Path().size()),
+      "/z>/z (2) /b>/b (2)* ");
+  const OperationResult deleted = Do(user, FileFunction::Delete, {here / "z", here / "b"}, "");
+  EXPECT_EQ(deleted.Irrevocable * 10 + deleted.Done.size(), 20U);
+}
+
+TEST(OperationDone, SendsItemsToPathsOfTheirOwn) {
+  for (const std::string& where : {testing::TempDir(), otherVolume}) {
+    const TempFolder here;
+    const TempFolder there(where);
+    here.Make({"a=a", "b/in=b", "c=c", "d=d", "e/"});
+    there.Make({"taken/kept="});
+    ScriptedUser user;
+    const auto to = [&](const std::string& name) { return there / name; };
+    const auto go = [&](const std::vector<std::string>& items,
+                        const std::vector<std::string>& targets) {
+      return DoAll(user, FileFunction::Move, items, targets, OwnTargets);
+    };
+    const OperationResult result =
+        go({here / "a", here / "b", here / "c", here / "d", here / "e"},
+           {to("new/sub/z"), to("b2"), to("other/y"), to("b2"), here / "e/f/g"});
+    EXPECT_EQ(user.Heard,
+              "missing:sub d:" + std::to_string(EEXIST) + " e:" + std::to_string(EINVAL) + " ");
+    EXPECT_EQ(result.Code, EEXIST);
+    EXPECT_EQ(result.Done.size(), 3U);
+    Told(result, 0);
+    EXPECT_EQ(Get(to("new/sub/z")) + Get(to("b2/in")) + Get(to("other/y")), "abc");
+    EXPECT_EQ(NamesBelow(here.Path()), "d e ");
+    // The path is the one to be, whatever stands there.
+    user.Heard.clear();
+    user.Conflict.Choice = ConflictChoice::KeepBoth;
+    EXPECT_EQ(go({here / "d"}, {to("taken")}).Code, 0);
+    EXPECT_EQ(user.Heard + Get(to("taken (2)")), "conflict:taken d");
+    EXPECT_EQ(go({here / "e", to("b2")}, {here / "x"}).Code, EINVAL);
+    EXPECT_EQ(go({here / "e"}, {here / "x/.."}).Code, EINVAL);
+    EXPECT_EQ(NamesBelow(here.Path()), "e ");
+  }
+}
+
+TEST(OperationDone, LeavesWhatIsNotAsExpected) {
+  const std::string changed = "remark:changed ", gone = "remark:gone remark:moved ";
+  for (const std::string& where : {testing::TempDir(), otherVolume}) {
+    const TempFolder here;
+    const TempFolder there(where);
+    here.Make({"same=1", "changed=1", "other=1", "gone=1", "up/moved=1", "tree/a/b=1"});
+    const std::vector<std::string> items{here / "same", here / "changed",  here / "other",
+                                         here / "gone", here / "up/moved", here / "tree"};
+    std::vector<ItemFingerprint> expected;
+    for (const std::string& item : items) expected.push_back(FingerprintOf(item, true));
+    Put(here / "changed", "2");
+    Put(here / "new", "1");
+    fs::last_write_time(here / "new", fs::last_write_time(here / "other"));
+    fs::rename(here / "new", here / "other");
+    fs::remove(here / "gone");
+    fs::rename(here / "up", here / "down");
+    Put(here / "tree/a/more", "");
+    const std::string heard = "remark:changed remark:other remark:gone remark:moved remark:tree ";
+    ScriptedUser user;
+    const OperationResult moved = DoAll(user, FileFunction::Move, items, {there / ""}, 0, expected);
+    EXPECT_EQ(user.Heard, heard);
+    EXPECT_EQ(moved.Code, ESTALE);
+    EXPECT_EQ(moved.Done.size(), 1U);
+    EXPECT_EQ(there.Names(), "same ");
+    user.Heard.clear();
+    EXPECT_EQ(DoAll(user, FileFunction::Delete, {items.begin() + 1, items.end()}, {""}, 0,
+                    {expected.begin() + 1, expected.end()})
+                  .Code,
+              ESTALE);
+    EXPECT_EQ(DoAll(user, FileFunction::Rename, {items[1]}, {here / "x"}, 0, {expected[1]}).Code,
+              ESTALE);
+    EXPECT_EQ(user.Heard, heard + "remark:changed ");
+    EXPECT_EQ(DoAll(user, FileFunction::Delete, items, {""}, 0, {expected[0]}).Code, EINVAL);
+    EXPECT_EQ(here.Names(), "changed down other tree ");
+
+    // The question may have stood for an hour.
+    there.Make({"changed=in the way"});
+    struct : ScriptedUser {
+      std::function<void()> Change;
+      ConflictAnswer OnConflict(const OperationConflict& conflict) override {
+        Change();
+        return ScriptedUser::OnConflict(conflict);
+      }
+    } slow;
+    slow.Conflict.Choice = ConflictChoice::Replace;
+    slow.Change = [&] { Put(here / "changed", "3 by now"); };
+    EXPECT_EQ(DoAll(slow, FileFunction::Move, {items[1]}, {there / ""}, 0,
+                    {FingerprintOf(items[1], false)})
+                  .Code,
+              ESTALE);
+    EXPECT_EQ(slow.Heard + Get(there / "changed"), "conflict:changed remark:changed in the way");
+  }
+}
+
+TEST(OperationDone, TellsWhereInTheTrashItemsLie) {
+  const char* const home = getenv("HOME");
+  if (home == nullptr || StatOf(home).st_dev != StatOf(desktop.Folder.Path()).st_dev) {
+    GTEST_SKIP() << "the folder for temporary files lies on another volume than the trash";
+  }
+  const TempFolder here(desktop.Folder / "");
+  const TempFolder noTrash(otherVolume);
+  here.Make({"1/t.tar.gz=1", "2/t.tar.gz=22", "3/t.tar.gz=333", "1/dir/in=x", "2/dir/in=y"});
+  ScriptedUser user;
+  const std::vector<std::string> items{here / "1/t.tar.gz", here / "2/t.tar.gz", here / "1/dir",
+                                       here / "3/t.tar.gz", here / "2/dir"};
+  const OperationResult trashed = DoAll(user, FileFunction::Delete, items, {""}, AllowUndo);
+  EXPECT_EQ(trashed.Code, 0);
+  ASSERT_EQ(trashed.Done.size(), items.size());
+  Told(trashed, 0);
+  EXPECT_EQ(Get(trashed.Done[1].To) + Get(trashed.Done[3].To) + Get(trashed.Done[4].To + "/in"),
+            "22333y");
+  // Back again, but for the one that somebody has written to.
+  std::vector<std::string> places, targets;
+  std::vector<ItemFingerprint> expected;
+  for (const DoneItem& item : trashed.Done) {
+    places.push_back(item.To);
+    targets.push_back(item.From);
+    expected.push_back(item.Print);
+  }
+  Put(places[0], "written to");
+  const OperationResult back =
+      DoAll(user, FileFunction::Move, places, targets, FromTrash, expected);
+  EXPECT_EQ(back.Code, ESTALE);
+  EXPECT_EQ(user.Heard, "remark:t.tar.gz ");
+  ASSERT_EQ(back.Done.size(), items.size() - 1);
+  Told(back, 0);
+  EXPECT_EQ(Get(items[3]) + Get(here / "2/dir/in"), "333y");
+  user.Heard.clear();
+  EXPECT_EQ(
+      DoAll(user, FileFunction::Move, {places[3]}, {targets[3]}, FromTrash, {expected[3]}).Code,
+      ENOENT);
+  EXPECT_EQ(user.Heard, "remark:t.tar.gz ");
+
+  noTrash.Make({"kept="});
+  user.NoTrash = {NoTrashChoice::DeleteForGood, true};
+  EXPECT_NE(
+      DoAll(user, FileFunction::Delete, {noTrash / "kept"}, {""}, AllowUndo | NeverForGood).Code,
+      0);
+  EXPECT_EQ(user.Heard, "remark:t.tar.gz remark:kept ");
+  EXPECT_EQ(noTrash.Names(), "kept ");
+
+  // In the trash of its own volume; what is another item there does not count.
+  here.Make({"small/"});
+  OnSmallVolume(here / "small", [&] {
+    const std::string own = here / ("small/.Trash-" + std::to_string(geteuid()));
+    here.Make({"small/sub/kept=x"});
+    const Descriptor folder(open((here / "small/sub").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    struct statx before;
+    ASSERT_EQ(LookAt(folder.Get(), "kept", before), NoError);
+    fs::create_directories(own + "/files/kept");
+    fs::create_directory(own + "/info");
+    fs::rename(here / "small/sub/kept", own + "/files/kept.2");
+    TrashFinder finder;
+    const auto found = finder.Find(folder.Get(), here / "small/sub/kept", before);
+    EXPECT_TRUE(found && found->To == own + "/files/kept.2");
+    fs::remove(own + "/files/kept.2");
+    EXPECT_FALSE(finder.Find(folder.Get(), here / "small/sub/kept", before));
+  });
 }
 
 }  // namespace

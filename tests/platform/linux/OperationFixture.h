@@ -1,10 +1,12 @@
 // Real items for file operations, and a user who answers as told.
 #pragma once
 
+#include <sys/mount.h>
 #include <sys/xattr.h>
 
 #include "TempFolder.h"
 #include "base/ItemList.h"
+#include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/operation/RunOperation.h"
 
 namespace tarnwell::platform {
@@ -39,6 +41,10 @@ struct ScriptedUser : OperationUser {
     Heard += "remark:" + NameOf(path) + " ";
   }
   NoTrashAnswer OnNoTrash(const std::string&) override { return NoTrash; }
+  MissingFolderChoice OnMissingFolder(const std::string& path) override {
+    Heard += "missing:" + NameOf(path) + " ";
+    return MissingFolderChoice::Make;
+  }
 };
 
 inline OperationResult Do(OperationUser& user, FileFunction function,
@@ -47,6 +53,20 @@ inline OperationResult Do(OperationUser& user, FileFunction function,
   return RunOperation({function, base::ItemList::TextOf(items), base::ItemList::TextOf({to}),
                        static_cast<std::uint16_t>(flags)},
                       user);
+}
+
+// Each item that was done as "from>to " without the folder of the test, with a "*" where it was
+// made with all below it. Each stands there as told, and what has moved is no more where it was.
+inline std::string Told(const OperationResult& result, std::size_t root) {
+  std::string told;
+  for (const DoneItem& item : result.Done) {
+    const bool isWhole = item.Print.Below != 0;
+    EXPECT_NE(item.Print.Kind, 0U) << item.To;
+    EXPECT_EQ(FingerprintOf(item.To, isWhole), item.Print) << item.To;
+    const std::string from = item.From.empty() ? "" : item.From.substr(root);
+    told += from + ">" + item.To.substr(root) + (isWhole ? "* " : " ");
+  }
+  return told;
 }
 
 // Every item below the folder by its path there, with all that a copy is to keep.
@@ -79,6 +99,18 @@ inline std::map<std::string, std::string> Describe(const std::string& folder) {
     items[relative] = text.str();
   }
   return items;
+}
+
+// In a child that sees a small volume there.
+inline void OnSmallVolume(const std::string& folder, const std::function<void()>& check) {
+  InChild([&] {
+    if (unshare(CLONE_NEWNS) != 0 ||
+        mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("none", folder.c_str(), "tmpfs", 0, "size=2m") != 0) {
+      _exit(LacksRight);
+    }
+    check();
+  });
 }
 
 // Names of the folders and files, those of temporary ones among them.

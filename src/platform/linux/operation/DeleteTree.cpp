@@ -8,7 +8,9 @@ namespace tarnwell::platform {
 
 void TreeDeletion::Delete(int folder, const std::string& name, const std::string& path) {
   copied_ = nullptr;
+  const std::uint64_t before = context_.ItemsDone();
   Run(folder, name, path);
+  if (context_.ItemsDone() != before) context_.NoteIrrevocable();
 }
 
 void TreeDeletion::DeleteCopied(int folder, const std::string& name, const std::string& path,

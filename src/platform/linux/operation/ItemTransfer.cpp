@@ -1,5 +1,6 @@
 #include "platform/linux/operation/ItemTransfer.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -7,6 +8,7 @@
 #include "platform/linux/files/RenameItem.h"
 #include "platform/linux/operation/CopyAttributes.h"
 #include "platform/linux/operation/DeleteTree.h"
+#include "platform/linux/operation/ExpectedItem.h"
 #include "platform/linux/operation/SweepTemporaries.h"
 #include "platform/linux/posix/SystemError.h"
 
@@ -32,7 +34,7 @@ ItemTransfer::ItemTransfer(OperationContext& context, const OpenPlace& target,
       flushed_(moves_) {}
 
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
-                        const std::string& targetName) {
+                        const std::string& targetName, const ItemFingerprint* expected) {
   if (source != source_ || walk_.Folder() < 0 || targets_.Get() < 0) {
     const ErrorNumber error = EnterBase(source);
     if (error != NoError) {
@@ -41,7 +43,10 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
     }
   }
   made_ = {};
+  expected_ = expected;
+  if (!IsAsExpected(context_, walk_.Folder(), name, FromPath(name), expected_)) return;
   const std::size_t copiedBefore = copied_.Count();
+  const std::size_t arrivedBefore = arrived_.size();
 
   struct statx found;
   ErrorNumber error;
@@ -55,8 +60,11 @@ void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const st
     TakeItem({name, found.stx_mode & static_cast<unsigned>(S_IFMT), targetName});
     Walk();
   }
-  if (copied_.Count() == copiedBefore) return;
-  batch_.push_back({source, name});
+  if (copied_.Count() == copiedBefore) {
+    SettleArrived(arrivedBefore, 0);
+    return;
+  }
+  batch_.push_back({source, name, std::min(arrivedBefore, arrived_.size())});
   const bool isMuch = context_.BytesDone() - batchStart_ >= batchBytes;
   if (isMuch || copied_.Count() >= batchItems) FinishBatch();
 }
@@ -116,15 +124,21 @@ void ItemTransfer::TakeItem(Item item) {
     if (failure.Error == EEXIST && item.Decided != Way::Replace && conflicts < mostConflicts) {
       ++conflicts;
       item.Decided = FindWay(item);
-      if (item.Decided != Way::Leave) continue;
+      if (item.Decided != Way::Leave && MayGoOn(item)) continue;
       PassOver(item);
       return;
     }
-    if (!Retries(item, failure)) {
+    if (!Retries(item, failure) || !MayGoOn(item)) {
       PassOver(item);
       return;
     }
   }
+}
+
+// The user may have taken time for the answer.
+bool ItemTransfer::MayGoOn(const Item& item) {
+  return walk_.Depth() > 1 ||
+         IsAsExpected(context_, walk_.Folder(), item.Name, FromPath(item.Name), expected_);
 }
 
 bool ItemTransfer::Retries(const Item& item, const Failure& failure) {
@@ -223,6 +237,11 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   const bool isTargetShut = error == EACCES && faccessat(to, ".", W_OK | X_OK, AT_EACCESS) != 0;
   if (isTargetShut) return {OperationStep::Write, error, nullptr, true};
   if (error != NoError) return {OperationStep::Move, error};
+  if (item.Decided == Way::Replace) {
+    context_.NoteIrrevocable();
+  } else {
+    context_.NoteDone({FromPath(item.Name), ToPath(item.Target), PrintThere(item.Target)});
+  }
   context_.AddItems(1);
   ReportIfDue(item);
   return {};
@@ -241,23 +260,28 @@ ItemTransfer::Failure ItemTransfer::Done(const Item& item, const struct statx& s
 void ItemTransfer::ForgetCopied() {
   copied_.Clear();
   batch_.clear();
+  SettleArrived(0, 0);
 }
 
 void ItemTransfer::FinishBatch() {
   batchStart_ = context_.BytesDone();
   const std::vector<Taken> batch = std::exchange(batch_, {});
+  std::size_t deleted = 0;  // of those that have arrived
   if (!copied_.IsEmpty() && !context_.IsCancelled()) {
     ErrorNumber error;
     while ((error = flushed_.Flush()) != NoError &&
            context_.Retries(OperationStep::Flush, target_.Path, error)) {
     }
     TreeDeletion deletion(context_);
-    for (const Taken& item : batch) {
-      if (error != NoError) break;
+    for (std::size_t at = 0; at < batch.size() && error == NoError; ++at) {
+      if (!context_.GoesOn()) break;
+      const Taken& item = batch[at];
       deletion.DeleteCopied(item.Source->Folder.Get(), item.Name,
                             item.Source->Path + "/" + item.Name, copied_);
+      deleted = at + 1 < batch.size() ? batch[at + 1].FirstArrived : arrived_.size();
     }
   }
+  SettleArrived(0, deleted);
   copied_.Clear();
 }
 

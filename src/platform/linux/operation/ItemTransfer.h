@@ -35,9 +35,10 @@ class ItemTransfer {
   ItemTransfer(OperationContext& context, const OpenPlace& target, ProtectedItems& protectedItems,
                const AsideRecord& record);
 
-  // Takes one item from its folder; it is to be called `targetName`.
+  // Takes one item from its folder; it is to be called `targetName`. What it is expected to be may
+  // be null.
   void Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,
-            const std::string& targetName);
+            const std::string& targetName, const ItemFingerprint* expected = nullptr);
   // Ends the moves: to be called when all has been taken.
   void Finish();
   // Called before the first copying, as a rename needs no counting.
@@ -70,19 +71,23 @@ class ItemTransfer {
     VolumeTraits To;
     std::size_t ToLength = 0;  // of the path of what it becomes
     std::string Target;
-    std::string Temporary;      // while it lies under another name than its own
-    bool HandsDown = false;     // gives access lists to what is made there
-    bool IsNew = false;         // nothing can be in the way there
-    bool IsOwn = false;         // it, or one above it, is new
-    bool IsSwept = false;       // of what killed runs have left
-    bool CanRename = false;     // a move from here to there may be a rename
-    bool IsGivenUp = false;     // cannot get its own name
-    bool ReplacesFile = false;  // keeps its temporary name until all below it is whole
+    std::string Temporary;         // while it lies under another name than its own
+    bool HandsDown = false;        // gives access lists to what is made there
+    bool IsNew = false;            // nothing can be in the way there
+    bool IsOwn = false;            // it, or one above it, is new
+    bool IsSwept = false;          // of what killed runs have left
+    bool CanRename = false;        // a move from here to there may be a rename
+    bool IsGivenUp = false;        // cannot get its own name
+    bool ReplacesFile = false;     // keeps its temporary name until all below it is whole
+    ItemFingerprint Made;          // of what it becomes; `Below` grows with what is made there
+    bool IsUnsure = false;         // something else happened there than that items were made
+    std::uint64_t DoneBefore = 0;  // see CountDone
   };
 
   struct Taken {
     std::shared_ptr<const OpenPlace> Source;
     std::string Name;
+    std::size_t FirstArrived = 0;
   };
 
   // The walk (ItemTransfer.cpp).
@@ -93,6 +98,8 @@ class ItemTransfer {
   Failure LookAhead(const Item& item);
   Failure Rename(const Item& item);
   bool Retries(const Item& item, const Failure& failure);
+  // Whether it still is what it is expected to be.
+  bool MayGoOn(const Item& item);
   void PassOver(const Item& item);
   // What another operation is still making is no item yet: the user hears of it at the end.
   void LeaveUnfinished(const std::string& path);
@@ -129,6 +136,17 @@ class ItemTransfer {
   Failure CopyLink(const Item& item);
   Failure FinishItem(const Item& item, const struct statx& source);
 
+  // What can be taken back (TransferDone.cpp).
+  void NoteMade(const Item& item, const ItemFingerprint& print);
+  // Of a folder that was left, by the name that it has at the source.
+  void NoteFolder(const std::string& name, const Level& left);
+  // Of an item of the target folder at hand.
+  ItemFingerprint PrintThere(const std::string& name);
+  // How much was told of so far, and is still to be.
+  std::uint64_t CountDone() const;
+  // From `first` on; of those before `deleted` the originals were to go.
+  void SettleArrived(std::size_t first, std::size_t deleted);
+
   // Conflicts (TransferConflict.cpp).
   Way FindWay(Item& item);
   Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
@@ -154,6 +172,10 @@ class ItemTransfer {
   FlushedVolumes flushed_;
   CopiedItems copied_;
   std::vector<Taken> batch_;  // copied, and to be deleted once all is flushed
+  // What a move has copied, until it shows which originals have gone. An empty To stands for a
+  // folder whose items, none, were merged into another.
+  std::vector<DoneItem> arrived_;
+  const ItemFingerprint* expected_ = nullptr;  // of the item at hand
   std::uint64_t batchStart_ = 0;
   std::function<void()> beforeCopying_;
 };

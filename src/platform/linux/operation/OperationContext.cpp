@@ -109,8 +109,11 @@ LossChoice OperationContext::AskLoss(const std::string& path) {
 }
 
 bool OperationContext::MakesFolder(const std::string& path) {
-  if (Has(NoConfirmNewFolder) || Has(NoConfirmation)) return true;
-  if (user_.OnMissingFolder(path) == MissingFolderChoice::Make) return true;
+  if (makesFolders_ || Has(NoConfirmNewFolder) || Has(NoConfirmation)) return true;
+  if (user_.OnMissingFolder(path) == MissingFolderChoice::Make) {
+    makesFolders_ = Has(OwnTargets);
+    return true;
+  }
   Cancel();
   return false;
 }

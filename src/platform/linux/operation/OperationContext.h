@@ -40,13 +40,17 @@ class OperationContext {
   ConflictChoice AskConflict(OperationConflict conflict);
   NoTrashChoice AskNoTrash(const std::string& path);
   LossChoice AskLoss(const std::string& path);
-  // Whether to make the missing target folder.
+  // Whether to make the missing target folder. Items with targets of their own ask but once.
   bool MakesFolder(const std::string& path);
 
   // An item of the request has its place.
   void NotePlaced(std::string from, std::string to) {
     result_.Placed.push_back({std::move(from), std::move(to)});
   }
+
+  // Something was done that can be taken back, or cannot: see OperationResult.
+  void NoteDone(DoneItem item) { result_.Done.push_back(std::move(item)); }
+  void NoteIrrevocable() { ++result_.Irrevocable; }
 
   // The counting ahead, if there is one, gives the totals with every report.
   using Totals = std::function<void(OperationProgress&)>;
@@ -78,6 +82,7 @@ class OperationContext {
   Totals totals_;
   std::chrono::steady_clock::time_point lastReport_{};
   bool skipsAll_ = false;
+  bool makesFolders_ = false;
   std::array<std::optional<ConflictChoice>, 4> conflictForAll_;
   std::optional<NoTrashChoice> noTrashForAll_;
   std::optional<LossChoice> lossForAll_;

@@ -3,6 +3,7 @@
 #include <array>
 #include <climits>
 
+#include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/operation/CopyAttributes.h"
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/operation/PendingFile.h"
@@ -41,7 +42,10 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     const bool replaces = item.Decided == Way::Replace;
     const ErrorNumber linked =
         links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
-    if (linked == NoError) return FinishItem(item, source);
+    if (linked == NoError) {
+      NoteMade(item, PrintThere(item.Target));
+      return FinishItem(item, source);
+    }
     if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
   }
   const std::uint64_t bytesBefore = context_.BytesDone();
@@ -93,15 +97,14 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (losesSome && LeavesForLoss(FromPath(item.Name))) {
     return {.Step = OperationStep::Write, .Error = ENOTSUP, .IsSettled = true};
   }
-  if (moves_) {
-    error = LookAt(pending.Get(), "", copy);
-    if (error != NoError) return written(error);
-    if (copy.stx_size != content_.Length()) {
-      return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
-    }
+  error = LookAt(pending.Get(), "", copy);
+  if (error != NoError) return written(error);
+  if (moves_ && copy.stx_size != content_.Length()) {
+    return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
   }
   error = pending.Place(name, replaces);
   if (error != NoError) return written(error);
+  NoteMade(item, FingerprintOf(copy, walk_.Here().To));
   if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
@@ -148,6 +151,7 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
     }
   }
   if (error != NoError) return {OperationStep::Write, error, nullptr, true};
+  NoteMade(item, PrintThere(item.Target));
   return FinishItem(item, source);
 }
 

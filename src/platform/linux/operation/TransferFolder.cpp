@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/files/RenameItem.h"
 #include "platform/linux/operation/CopyAttributes.h"
 #include "platform/linux/operation/DeleteTree.h"
@@ -84,6 +85,9 @@ ItemTransfer::Failure ItemTransfer::CopyFolder(const Item& item) {
   const Level& above = walk_.Here();
   level.From = IsSameMount(level.Source, above.Source) ? above.From : TraitsOf(source.Get());
   level.To = level.IsNew ? above.To : TraitsOf(target.Get());
+  level.Made = FingerprintOf(made, level.To);
+  level.Made.Below = NothingBelow;
+  level.DoneBefore = CountDone();
   level.Target = item.Target;
   level.IsOwn = level.IsNew || walk_.Here().IsOwn;
   level.CanRename = moves_ && !level.IsOwn;
@@ -202,12 +206,13 @@ bool ItemTransfer::PutInPlace() {
 }
 
 void ItemTransfer::LeaveFolder() {
-  bool isWhole = !walk_.Here().IsNew || FinishNewFolder(walk_.Here());
+  const bool isWhole = !walk_.Here().IsNew || FinishNewFolder(walk_.Here());
   const std::string name = walk_.Name();
   const Level left = walk_.Leave();
   targets_.Leave();
   to_.resize(walk_.Here().ToLength);
-  if (!left.Temporary.empty() && !FinishReplacing(left)) isWhole = false;
+  if (!left.Temporary.empty() && !FinishReplacing(left)) return;
+  NoteFolder(name, left);
   if (!isWhole || context_.IsCancelled()) return;
   const Item item{name, S_IFDIR, left.Target};
   Failure failure;

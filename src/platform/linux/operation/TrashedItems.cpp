@@ -3,14 +3,14 @@
 #include <fcntl.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <climits>
 #include <optional>
 #include <utility>
 
 #include "base/ItemList.h"
 #include "platform/linux/operation/DeleteTree.h"
+#include "platform/linux/operation/ExpectedItem.h"
+#include "platform/linux/operation/TargetFolder.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
 
@@ -19,14 +19,6 @@ namespace {
 
 Descriptor Duplicate(const Descriptor& opened) {
   return Descriptor(opened ? fcntl(opened.Get(), F_DUPFD_CLOEXEC, 0) : -1);
-}
-
-// The path of an open folder that no link stands in; empty where the system does not tell.
-std::string OwnPathOf(const Descriptor& folder) {
-  const std::string link = "/proc/self/fd/" + std::to_string(folder.Get());
-  std::array<char, PATH_MAX> path;
-  const ssize_t length = readlink(link.c_str(), path.data(), path.size());
-  return length < 0 ? std::string() : std::string(path.data(), static_cast<std::size_t>(length));
 }
 
 std::string FolderOf(const std::string& path) {
@@ -92,12 +84,13 @@ bool TrashedItems::DropNote(const Item& item) {
   return true;
 }
 
-void TrashedItems::Delete(const std::vector<std::string>& places) {
+void TrashedItems::Delete(const std::vector<std::string>& places, const Expectations& expected) {
   TreeDeletion deletion(context_);
   context_.SetTotal(places.size());
-  for (const std::string& path : places) {
-    if (!context_.GoesOn()) break;
+  for (std::size_t at = 0; at < places.size() && context_.GoesOn(); ++at) {
+    const std::string& path = places[at];
     Item item;
+    if (!expected.empty()) item.Expected = &expected[at];
     item.Place = SplitTrashPlace(path);
     item.Path = path;
     item.Of = FindTrash(item.Place, path);
@@ -111,6 +104,8 @@ void TrashedItems::Delete(const std::vector<std::string>& places) {
     struct statx found;
     if (LookAt(folder.Folder.Get(), name.c_str(), found) == ENOENT) {
       context_.AddItems(1);  // gone by itself
+    } else if (!IsAsExpected(context_, folder.Folder.Get(), name, path, item.Expected)) {
+      continue;
     } else {
       deletion.Delete(folder.Folder.Get(), name, path);
     }
@@ -119,7 +114,8 @@ void TrashedItems::Delete(const std::vector<std::string>& places) {
   DropSizes();
 }
 
-bool TrashedItems::Restore(const std::vector<std::string>& places, std::string_view targets) {
+bool TrashedItems::Restore(const std::vector<std::string>& places, std::string_view targets,
+                           const Expectations& expected) {
   std::vector<Item> items;
   auto target = base::ItemList(targets).begin();
   for (const std::string& path : places) {
@@ -130,6 +126,7 @@ bool TrashedItems::Restore(const std::vector<std::string>& places, std::string_v
     item.Folder = FolderOf(std::string(*target));
     item.Name = (*target).substr((*target).rfind('/') + 1);
     if (item.Name.empty()) return false;
+    if (!expected.empty()) item.Expected = &expected[items.size()];
     items.push_back(std::move(item));
     ++target;
   }
@@ -168,6 +165,10 @@ bool TrashedItems::IsAsTold(const Item& item) {
       status = {EBUSY, "Another item has its place in the trash by now"};
     }
     if (status) return true;
+    if (item.Expected != nullptr) {
+      TellOfOther(context_, to, status.Code);
+      return false;
+    }
     if (!context_.Retries(OperationStep::Find, to, status)) return false;
   }
 }
@@ -198,14 +199,10 @@ bool TrashedItems::OpenTarget(const Item& item) {
       if (!context_.Retries(OperationStep::Find, item.Folder, reason)) return false;
       continue;
     }
-    ErrorNumber error = OpenPlaceAt(path, target_);
-    if (error == ENOENT) {
-      if (!context_.MakesFolder(path)) return false;
-      error = MakeFolders(path);
-      if (error == NoError) error = OpenPlaceAt(path, target_);
-    }
-    if (error == NoError) break;
-    if (!context_.Retries(OperationStep::Find, item.Folder, error)) return false;
+    const std::optional<ErrorNumber> error = OpenOrMakePlace(context_, path, target_);
+    if (!error) return false;
+    if (*error == NoError) break;
+    if (!context_.Retries(OperationStep::Find, item.Folder, *error)) return false;
   }
   transfer_ = std::make_unique<ItemTransfer>(context_, target_, protected_, record_);
   transfer_->BeforeCopying([this] {
@@ -221,7 +218,7 @@ void TrashedItems::RestoreItem(const Item& item) {
   if (targetFolder_ != item.Folder || !transfer_) {
     if (!OpenTarget(item)) return;
   }
-  transfer_->Take(item.Of->Files, item.Place.Name, item.Name);
+  transfer_->Take(item.Of->Files, item.Place.Name, item.Name, item.Expected);
   if (!DropNote(item)) copied_.push_back(item);
 }
 

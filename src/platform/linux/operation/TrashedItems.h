@@ -29,11 +29,15 @@ class TrashedItems {
   TrashedItems(OperationContext& context, ProtectedItems& protectedItems, const AsideRecord& record)
       : context_(context), protected_(protectedItems), record_(record) {}
 
+  // As OperationRequest::Expected.
+  using Expectations = std::vector<ItemFingerprint>;
+
   // By full paths of files or notes in a trash.
-  void Delete(const std::vector<std::string>& places);
+  void Delete(const std::vector<std::string>& places, const Expectations& expected);
   // Moves each to a path of its own, in a list as a request holds it. False where these are not as
   // many as the items, or not full paths; nothing is done then.
-  bool Restore(const std::vector<std::string>& places, std::string_view targets);
+  bool Restore(const std::vector<std::string>& places, std::string_view targets,
+               const Expectations& expected);
 
  private:
   struct Trash {
@@ -50,6 +54,7 @@ class TrashedItems {
     std::string Path;
     std::string Folder;  // where it is to go
     std::string Name;
+    const ItemFingerprint* Expected = nullptr;
   };
 
   // Null if it was given up. The path is the one to name.

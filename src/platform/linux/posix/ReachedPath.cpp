@@ -1,5 +1,8 @@
 #include "platform/linux/posix/ReachedPath.h"
 
+#include <unistd.h>
+
+#include <array>
 #include <cerrno>
 #include <climits>
 
@@ -43,6 +46,13 @@ Descriptor OpenPath(std::string_view path, int flags, int start) {
   }
   if (!opened) errno = error.Value();  // closing the pieces of the way must not hide it
   return opened;
+}
+
+std::string OwnPathOf(const Descriptor& folder) {
+  const std::string link = "/proc/self/fd/" + std::to_string(folder.Get());
+  std::array<char, PATH_MAX> path;
+  const ssize_t length = readlink(link.c_str(), path.data(), path.size());
+  return length < 0 ? std::string() : std::string(path.data(), static_cast<std::size_t>(length));
 }
 
 }  // namespace tarnwell::platform

@@ -34,4 +34,7 @@ class ReachedPath {
 // Opens what the path names. An invalid descriptor, and the reason in errno, on failure.
 Descriptor OpenPath(std::string_view path, int flags, int start = AT_FDCWD);
 
+// The path of an open folder that no link stands in; empty where the system does not tell.
+std::string OwnPathOf(const Descriptor& folder);
+
 }  // namespace tarnwell::platform
