@@ -44,6 +44,14 @@ class UndoHistory {
   // still to be done, since it was given up. Nothing is kept of an empty one.
   void Finish(UndoWay way, UndoStep inverse, UndoStep rest);
 
+  // Calls `look` with each item of the steps that are still to be taken that way.
+  template <typename Look>
+  void ForEachItem(UndoWay way, Look look) {
+    for (UndoStep& step : Of(way)) {
+      for (platform::DoneItem& item : step.Items) look(item);
+    }
+  }
+
  private:
   using Steps = std::deque<UndoStep>;  // the newest at the end
   Steps& Of(UndoWay way) { return steps_[static_cast<std::size_t>(way)]; }

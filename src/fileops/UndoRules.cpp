@@ -27,23 +27,25 @@ struct StepRow {
   TakeBack Redo;
   // The item is called as it was before the command, not as it is after it.
   bool IsCalledAsBefore;
+  bool IsMade;  // by the command
 };
 
 constexpr StepRow StepRows[] = {
-    {CommandKind::Copy, "Copy of ", "Copy of ", TakeBack::ToTrash, TakeBack::FromTrash, false},
-    {CommandKind::Duplicate, "Duplicate of ", "Duplicates of ", TakeBack::ToTrash,
-     TakeBack::FromTrash, false},
-    {CommandKind::NewFolder, "New folder ", "New folders, ", TakeBack::ToTrash, TakeBack::FromTrash,
-     false},
-    {CommandKind::Shortcut, "Shortcut ", "Shortcuts to ", TakeBack::ToTrash, TakeBack::FromTrash,
-     false},
-    {CommandKind::Move, "Move of ", "Move of ", TakeBack::Back, TakeBack::Back, false},
-    {CommandKind::Rename, "Rename of ", "Rename of ", TakeBack::Back, TakeBack::Back, true},
-    {CommandKind::Trash, "Deletion of ", "Deletion of ", TakeBack::FromTrash, TakeBack::ToTrash,
+    {CommandKind::Copy, "Copy of ", "Copy of ", TakeBack::ToTrash, TakeBack::FromTrash, false,
      true},
+    {CommandKind::Duplicate, "Duplicate of ", "Duplicates of ", TakeBack::ToTrash,
+     TakeBack::FromTrash, false, true},
+    {CommandKind::NewFolder, "New folder ", "New folders, ", TakeBack::ToTrash, TakeBack::FromTrash,
+     false, true},
+    {CommandKind::Shortcut, "Shortcut ", "Shortcuts to ", TakeBack::ToTrash, TakeBack::FromTrash,
+     false, true},
+    {CommandKind::Move, "Move of ", "Move of ", TakeBack::Back, TakeBack::Back, false, false},
+    {CommandKind::Rename, "Rename of ", "Rename of ", TakeBack::Back, TakeBack::Back, true, false},
+    {CommandKind::Trash, "Deletion of ", "Deletion of ", TakeBack::FromTrash, TakeBack::ToTrash,
+     true, false},
     {CommandKind::Restore, "Restore of ", "Restore of ", TakeBack::ToTrash, TakeBack::FromTrash,
-     false},
-    {CommandKind::Colour, "Colour of ", "Colour of ", TakeBack::Back, TakeBack::Back, false},
+     false, false},
+    {CommandKind::Colour, "Colour of ", "Colour of ", TakeBack::Back, TakeBack::Back, false, false},
 };
 
 // Others are never a step.
@@ -110,6 +112,42 @@ platform::OperationRequest InverseOf(const UndoStep& step, UndoWay way) {
   }
   if (isDeleted) base::ItemList::Add(request.Destination, "");
   return request;
+}
+
+void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
+                 const platform::OperationResult& result, const base::PathSyntax& syntax,
+                 const Fingerprint& fingerprint) {
+  // What a copy was made from is not where it was.
+  if (way == UndoWay::Undo && RowOf(step).IsMade) return;
+  std::unordered_map<std::string_view, const DoneItem*> items;
+  for (const DoneItem& item : step.Items) items.emplace(item.To, &item);
+  struct Return {
+    const DoneItem* Now;
+    bool IsOther;
+  };
+  std::unordered_map<std::string_view, Return> returns;  // by where the item was before
+  for (const DoneItem& now : result.Done) {
+    const auto item = items.find(now.From);
+    if (item == items.end()) continue;
+    const platform::ItemFingerprint& print = item->second->Print;
+    const bool isOther = print.Device != now.Print.Device || print.Number != now.Print.Number;
+    if (isOther || now.To != item->second->From)
+      returns.emplace(item->second->From, Return{&now, isOther});
+  }
+  if (returns.empty()) return;
+  history.ForEachItem(way, [&](DoneItem& item) {
+    for (std::string above = item.To;; above = syntax.ParentOf(above)) {
+      if (const auto found = returns.find(above); found != returns.end()) {
+        item.To.replace(0, above.size(), found->second.Now->To);
+        if (!found->second.IsOther) return;
+        const platform::ItemFingerprint now = fingerprint(item.To);
+        item.Print.Device = now.Device;
+        item.Print.Number = now.Number;
+        return;
+      }
+      if (syntax.ParentOf(above) == above || above.empty()) return;
+    }
+  });
 }
 
 UndoStep StepAfter(const UndoStep& step, const platform::OperationResult& result) {

@@ -1,6 +1,7 @@
 // What takes a step back, what it is called, and what comes of it. Pure rules.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "base/PathSyntax.h"
@@ -18,6 +19,14 @@ std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& 
 // Takes back what the step has made, moved or trashed. What it has made goes to the trash, as long
 // as it is unchanged; a taken name and a missing folder are asked about. Nothing for colours.
 platform::OperationRequest InverseOf(const UndoStep& step, UndoWay way);
+
+// Items that came back under another path than they had, or as others (a volume numbers anew what
+// comes from another one): the steps still to be taken that way go by where they are now, and what.
+// `fingerprint` looks at the item of a path.
+using Fingerprint = std::function<platform::ItemFingerprint(const std::string& path)>;
+void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
+                 const platform::OperationResult& result, const base::PathSyntax& syntax,
+                 const Fingerprint& fingerprint);
 
 // The step that goes back to what that came to.
 UndoStep StepAfter(const UndoStep& step, const platform::OperationResult& result);
