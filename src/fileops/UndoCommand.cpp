@@ -1,0 +1,191 @@
+#include "fileops/UndoCommand.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "fileops/UndoColours.h"
+#include "fileops/UndoRules.h"
+#include "lister/list/Pacer.h"
+#include "lister/rows/CellText.h"
+#include "lists/ShowPlaced.h"
+#include "lists/WatchPanes.h"
+
+namespace tarnwell::fileops {
+namespace {
+
+struct UndoWords {
+  std::string_view Verb;
+  std::string_view Doing;
+  std::string_view Done;
+  std::string_view Nothing;
+};
+constexpr UndoWords WordsOfWays[] = {
+    {"Undo", "Undoing", "Undone", "There is nothing to undo."},
+    {"Redo", "Redoing", "Redone", "There is nothing to do again."}};
+
+const UndoWords& WordsOf(UndoWay way) {
+  return WordsOfWays[static_cast<std::size_t>(way)];
+}
+
+std::string Named(std::string_view word, const std::string& step) {
+  return std::string(word) + ": " + step;
+}
+
+// True for as long as it lives.
+class BusyScope {
+ public:
+  explicit BusyScope(bool& flag) : flag_(flag) { flag_ = true; }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+  ~BusyScope() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+std::string LeftText(const ColourOutcome& outcome, const platform::NumberForms& forms) {
+  std::string text = "These items keep the colour that they have:\r\n";
+  for (const std::string& line : outcome.Left) text += "\r\n" + line;
+  const std::size_t more = outcome.LeftCount - outcome.Left.size();
+  if (more > 0) text += "\r\nand " + forms.Grouped(more) + " more";
+  return text;
+}
+
+}  // namespace
+
+std::string UndoCommand::Caption() const {
+  const UndoStep* const step = services_.History.Next(UndoWay::Undo);
+  if (step == nullptr) return "";
+  return Named(WordsOf(UndoWay::Undo).Verb, TextOf(*step, UndoWay::Undo));
+}
+
+void UndoCommand::NoteColours(std::vector<lister::ColouredItem> items) {
+  UndoStep step{.Kind = platform::CommandKind::Colour, .Colours = std::move(items)};
+  for (const OperationRecord* const record : services_.Operations.Records())
+    step.Operation = std::max(step.Operation, record->Id);
+  services_.History.Add(std::move(step));
+}
+
+std::string UndoCommand::TextOf(const UndoStep& step, UndoWay way) const {
+  return StepText(step, way, services_.Files.Syntax(), services_.Forms);
+}
+
+void UndoCommand::Show(const std::string& text) {
+  auto* const list = workspace_.Lists.Find(workspace_.CurrentList);
+  if (list != nullptr) list->ShowStatus(text);
+}
+
+void UndoCommand::TakeBack(UndoWay way) {
+  if (isBusy_) return;
+  {
+    const BusyScope busy(isBusy_);
+    if (!MayBegin(way)) return;
+    if (!services_.History.Next(way)->Colours.empty()) return GiveColoursBack(way);
+  }
+  Start(way);
+}
+
+bool UndoCommand::MayBegin(UndoWay way) {
+  const UndoStep* step = services_.History.Next(way);
+  if (step == nullptr) {
+    Show(std::string(WordsOf(way).Nothing));
+    return false;
+  }
+  for (std::string work = WorkSince(*step); !work.empty();) {
+    const std::string text = TextOf(*step, way);
+    services_.Messages.Message(
+        "This is still at work:\r\n" + work +
+            "\r\n\r\nDo you want to leave that to itself, and go on with this?\r\n" +
+            Named(WordsOf(way).Verb, text),
+        forms::MessageKind::YesNo);
+    if (services_.Messages.MessageResult() != "YES") return false;
+    // Others may have been done, or begun, while the question was open.
+    step = services_.History.Next(way);
+    if (step == nullptr) return false;
+    if (TextOf(*step, way) == text) break;
+    work = WorkSince(*step);
+  }
+  const platform::OperationRequest request = InverseOf(*step, way);
+  const std::string refusal =
+      request.Items.empty() ? "" : services_.Operations.Refusal(request.Function, request.Items);
+  if (!refusal.empty()) services_.Messages.Message(refusal, forms::MessageKind::Ok);
+  return refusal.empty();
+}
+
+std::string UndoCommand::WorkSince(const UndoStep& step) const {
+  for (const OperationRecord* const record : services_.Operations.Records()) {
+    if (record->Id > step.Operation && record->State != OperationState::Done) return record->Title;
+  }
+  return "";
+}
+
+void UndoCommand::Start(UndoWay way) {
+  using platform::CommandKind;
+  const auto step = std::make_shared<UndoStep>(services_.History.Take(way));
+  platform::OperationOrder order{
+      .Kind = way == UndoWay::Undo ? CommandKind::Undo : CommandKind::Redo,
+      .Requests = {InverseOf(*step, way)},
+      .Title = Named(WordsOf(way).Doing, TextOf(*step, way))};
+  lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
+  const lister::ListId list = workspace_.CurrentList;
+  const lists::CursorMark mark = lists::MarkCursor(workspace_, list);
+  const platform::OperationId operation = services_.Operations.Start(std::move(order));
+  watches.EndAfter(
+      services_.Operations, operation,
+      [this, way, step, operation, mark, list](const platform::OperationResult& result) {
+        FollowItems(
+            services_.History, way, *step, result, services_.Files.Syntax(),
+            [this](const std::string& path) { return services_.Engine.Fingerprint(path, false); });
+        UndoStep after = StepAfter(*step, result);
+        after.Operation = operation;
+        const bool wasDone = !after.Items.empty() || after.Irrevocable > 0;
+        const std::string text = TextOf(*step, way);
+        services_.History.Finish(way, std::move(after),
+                                 result.Aborted ? RestOf(std::move(*step), result) : UndoStep());
+        const bool stands = lists::StandsAt(workspace_, mark);
+        lister::ListerControl* const shown = workspace_.Lists.Find(list);
+        if (shown == nullptr) return;
+        shown->RefreshList();
+        if (stands) lists::ShowPlaced(workspace_, list, result.Placed);
+        if (wasDone) Show(Named(WordsOf(way).Done, text));
+      });
+}
+
+void UndoCommand::GiveColoursBack(UndoWay way) {
+  const UndoStep step = services_.History.Take(way);
+  const std::string text = TextOf(step, way);
+  const std::string total =
+      " of " + lister::CountText(services_.Forms, step.Colours.size(), "item");
+  lister::Pacer pace(services_.Clock, services_.Pump);
+  givenUp_ = false;
+  ColourOutcome outcome = RestoreColours(step.Colours, services_.Files, [&](std::size_t done) {
+    if (pace.IsDue()) {
+      const std::string doing =
+          Named(WordsOf(way).Doing, text) + ", " + services_.Forms.Grouped(done) + total;
+      Show(doing + "; Escape stops");
+      pace.Pump();
+      if (givenUp_) Show(doing + "; stopped");
+    }
+    return !givenUp_;
+  });
+  UndoStep after{.Kind = step.Kind,
+                 .Items = {},
+                 .Colours = std::move(outcome.Done),
+                 .Irrevocable = 0,
+                 .Operation = step.Operation};
+  UndoStep rest{.Kind = step.Kind,
+                .Items = {},
+                .Colours = std::move(outcome.Rest),
+                .Irrevocable = 0,
+                .Operation = step.Operation};
+  services_.History.Finish(way, std::move(after), std::move(rest));
+  if (givenUp_) return;
+  if (auto* const list = workspace_.Lists.Find(workspace_.CurrentList)) list->RefreshList();
+  Show(Named(WordsOf(way).Done, text));
+  if (outcome.LeftCount > 0)
+    services_.Messages.Message(LeftText(outcome, services_.Forms), forms::MessageKind::Ok);
+}
+
+}  // namespace tarnwell::fileops
