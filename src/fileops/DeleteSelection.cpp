@@ -29,17 +29,16 @@ void DeleteCommand::DeleteSelection(bool permanent) {
     DeleteByDialog(remembered, shown, permanent);
     return;
   }
-  std::string items;
-  if (!permanent) {
-    shellDelete_();
-  } else if (!DeleteForGood(*list, shown, items)) {
-    return;
-  }
-  if (lister::IsFileList(remembered)) {
+  if (permanent) return DeleteForGood(remembered, shown);
+  platform_.WhenDone(shellDelete_(), [this, remembered](const auto&) { FollowUp(remembered, ""); });
+}
+
+void DeleteCommand::FollowUp(lister::ListId list, const std::string& items) {
+  if (lister::IsFileList(list)) {
     workspace_.Lists[workspace_.CurrentList].RefreshList();
     return;
   }
-  if (ShowsOneOf(items, *list, syntax_)) navigation_.MoveFocusUpOneFolder(remembered);
+  if (ShowsOneOf(items, workspace_.Lists[list], syntax_)) navigation_.MoveFocusUpOneFolder(list);
 }
 
 std::string DeleteCommand::Ask(popDelete& dialog, const std::string& shown,
@@ -60,19 +59,22 @@ void DeleteCommand::DeleteByDialog(lister::ListId list, const std::string& shown
   if (word != platform::CancelWord) operations_.FileOperate(word, list, list, "", false, "");
 }
 
-bool DeleteCommand::DeleteForGood(lister::ListerControl& list, const std::string& shown,
-                                  std::string& items) {
+void DeleteCommand::DeleteForGood(lister::ListId list, const std::string& shown) {
   popDelete dialog(host_);
   host_.Open(dialog);
   dialog.AskForGood();
-  if (Ask(dialog, shown, std::string(platform::CancelWord)) == platform::CancelWord) return false;
-  items = list.ActiveItemName();
-  platform_.Run({.Function = platform::FileFunction::Delete,
-                 .Items = items,
-                 .Destination = base::ItemList::TextOf({""}),
-                 .Flags = platform::NoConfirmation});
-  lists::LookAtPanes(workspace_);
-  return true;
+  if (Ask(dialog, shown, std::string(platform::CancelWord)) == platform::CancelWord) return;
+  const std::string items = workspace_.Lists[list].ActiveItemName();
+  const platform::OperationRequest request{.Function = platform::FileFunction::Delete,
+                                           .Items = items,
+                                           .Destination = base::ItemList::TextOf({""}),
+                                           .Flags = platform::NoConfirmation};
+  platform_.WhenDone(
+      platform_.Start({.Kind = platform::CommandKind::Delete, .Requests = {request}}),
+      [this, list, items](const auto&) {
+        lists::LookAtPanes(workspace_);
+        FollowUp(list, items);
+      });
 }
 
 }  // namespace tarnwell::fileops

@@ -12,8 +12,8 @@ namespace tarnwell::fileops {
 class DeleteCommand {
  public:
   // Carries out the Delete entry of the platform's own menu on the selection, which asks and keeps
-  // undo by itself.
-  using ShellDelete = std::function<void()>;
+  // undo by itself. Gives the operation, or NoOperation.
+  using ShellDelete = std::function<platform::OperationId()>;
 
   DeleteCommand(workspace::Workspace& workspace, const base::PathSyntax& syntax,
                 platform::FileOperation& platform, FileOperations& operations,
@@ -39,8 +39,9 @@ class DeleteCommand {
   std::string Ask(popDelete& dialog, const std::string& shown, const std::string& otherwise);
   // The program's own way, with a dialog for both kinds.
   void DeleteByDialog(lister::ListId list, const std::string& shown, bool permanent);
-  // False if the user does not want it.
-  bool DeleteForGood(lister::ListerControl& list, const std::string& shown, std::string& items);
+  void DeleteForGood(lister::ListId list, const std::string& shown);
+  // What is done once `items` are gone, or none where the platform has deleted.
+  void FollowUp(lister::ListId list, const std::string& items);
 
   workspace::Workspace& workspace_;
   const base::PathSyntax& syntax_;

@@ -1,9 +1,8 @@
 #include "fileops/DuplicateItems.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <iterator>
+#include <utility>
 
 #include "base/ItemList.h"
 #include "base/Text.h"
@@ -33,38 +32,51 @@ std::string StampedPath(std::string_view path, std::string_view stamp) {
   return stamped;
 }
 
-std::vector<platform::PlacedItem> DuplicateCommand::DuplicateItems(
-    const std::vector<std::string>& paths) {
-  std::vector<platform::PlacedItem> placed;
+platform::OperationId DuplicateCommand::DuplicateItems(const std::vector<std::string>& paths) {
   const forms::PointerScope pointer(host_);
   try {
-    const std::string stamp = TimeStamp(clock_.ToLocal(clock_.Now()));
-    std::string failures;
-    for (const std::string& path : paths) {
-      platform::OperationResult result = Duplicate(path, StampedPath(path, stamp));
-      std::ranges::move(result.Placed, std::back_inserter(placed));
-      if (result.Code != 0) failures += base::ForDisplay(path) + "\r\n";
-      if (result.Aborted) break;  // the user wants no more of them
-    }
-    if (failures.empty()) return placed;
-    messenger_.Message("There was an error duplicating the following items:\r\n\r\n" + failures,
-                       forms::MessageKind::Ok);
+    return paths.empty() ? platform::NoOperation : Start(paths);
   } catch (const std::exception&) {
     messenger_.Message("An unexpected error occurred while duplicating the items.",
                        forms::MessageKind::Ok);
+    return platform::NoOperation;
   }
-  return placed;
 }
 
-platform::OperationResult DuplicateCommand::Duplicate(const std::string& path,
-                                                      const std::string& copy) {
-  // A dot in a folder's name, with none in the item's, leads to a folder that is not there.
-  const std::string folder = files_.Syntax().GetFolderPath(copy);
-  if (!files_.FolderExists(folder)) return {.Code = -1};
-  return platform_.Run({.Function = platform::FileFunction::Copy,
-                        .Items = base::ItemList::TextOf({path}),
-                        .Destination = base::ItemList::TextOf({copy}),
-                        .Flags = DuplicateFlags});
+platform::OperationId DuplicateCommand::Start(const std::vector<std::string>& paths) {
+  const std::string stamp = TimeStamp(clock_.ToLocal(clock_.Now()));
+  platform::OperationOrder order;
+  order.Kind = platform::CommandKind::Duplicate;
+  std::vector<Item> items;
+  items.reserve(paths.size());
+  for (const std::string& path : paths) {
+    const std::string copy = StampedPath(path, stamp);
+    // A dot in a folder's name, with none in the item's, leads to a folder that is not there.
+    const bool isAsked = files_.FolderExists(files_.Syntax().GetFolderPath(copy));
+    items.push_back({path, isAsked});
+    if (!isAsked) continue;
+    order.Requests.push_back({.Function = platform::FileFunction::Copy,
+                              .Items = base::ItemList::TextOf({path}),
+                              .Destination = base::ItemList::TextOf({copy}),
+                              .Flags = DuplicateFlags});
+  }
+  const platform::OperationId operation = platform_.Start(std::move(order));
+  platform_.WhenDone(operation, [this, items = std::move(items)](const auto& result) {
+    TellFailures(items, result.Codes);
+  });
+  return operation;
+}
+
+void DuplicateCommand::TellFailures(const std::vector<Item>& items, const std::vector<int>& codes) {
+  std::string failures;
+  std::size_t done = 0;
+  for (const auto& [path, isAsked] : items) {
+    if (isAsked && done == codes.size()) break;  // the user wanted no more of them
+    if (!isAsked || codes[done++] != 0) failures += base::ForDisplay(path) + "\r\n";
+  }
+  if (failures.empty()) return;
+  messenger_.Message("There was an error duplicating the following items:\r\n\r\n" + failures,
+                     forms::MessageKind::Ok);
 }
 
 }  // namespace tarnwell::fileops

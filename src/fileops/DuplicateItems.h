@@ -24,12 +24,17 @@ class DuplicateCommand {
                    const platform::Clock& clock, forms::FormHost& host, forms::Messenger& messenger)
       : files_(files), platform_(platform), clock_(clock), host_(host), messenger_(messenger) {}
 
-  // Full paths; one stamp serves them all. Those that could not be copied are told in one message;
-  // gives the others.
-  std::vector<platform::PlacedItem> DuplicateItems(const std::vector<std::string>& paths);
+  // Full paths; one stamp serves them all. Those that could not be copied are told in one message
+  // when the operation is done. Gives that, or NoOperation.
+  platform::OperationId DuplicateItems(const std::vector<std::string>& paths);
 
  private:
-  platform::OperationResult Duplicate(const std::string& path, const std::string& copy);
+  struct Item {
+    std::string Path;
+    bool IsAsked;  // the order has a request for it
+  };
+  platform::OperationId Start(const std::vector<std::string>& paths);
+  void TellFailures(const std::vector<Item>& items, const std::vector<int>& codes);
 
   platform::FileSystem& files_;
   platform::FileOperation& platform_;

@@ -78,10 +78,14 @@ void EmptyCommand::EmptyRecycleBin(std::string& rootPath, const std::string& par
   try {
     Empty(rootPath.empty() ? std::string() : services_.Drives.DriveOf(rootPath), parentName);
   } catch (const std::exception&) {
-    services_.Messages.Message("An error occurred and the recycle bin may not have been emptied.",
-                               forms::MessageKind::Ok, parentName);
+    TellFailure(parentName);
   }
   runs_ = false;
+}
+
+void EmptyCommand::TellFailure(const std::string& parentName) {
+  services_.Messages.Message("An error occurred and the recycle bin may not have been emptied.",
+                             forms::MessageKind::Ok, parentName);
 }
 
 void EmptyCommand::Empty(const std::string& drive, const std::string& parentName) {
@@ -95,15 +99,26 @@ void EmptyCommand::Empty(const std::string& drive, const std::string& parentName
   }
   // What comes while the question is open was not asked about, and stays.
   const std::vector<std::uint64_t> asked = reading.Ids();
+  const std::string refusal = services_.Operation.Refusal(
+      platform::FileFunction::Delete, RequestToPurge(reading.Find(asked)).Items);
+  if (!refusal.empty()) {
+    return services_.Messages.Message(refusal, forms::MessageKind::Ok, parentName);
+  }
   services_.Messages.Message(Question(reading, services_.Forms), forms::MessageKind::YesNo,
                              parentName);
   if (givenUp_ || services_.Messages.MessageResult() != "YES") return;
-  const platform::OperationRequest request = RequestToPurge(reading.Find(asked));
+  platform::OperationRequest request = RequestToPurge(reading.Find(asked));
   if (request.Items.empty()) return;
   view.reset();  // following each item out would take longer than deleting it
-  const platform::OperationResult result = services_.Operation.Run(request);
-  lists::LookAtPanes(workspace_);
-  if (result.Code != 0 && !result.Aborted) throw std::runtime_error("not all is deleted");
+  platform::OperationOrder order;
+  order.Kind = platform::CommandKind::Delete;
+  order.Requests.push_back(std::move(request));
+  order.Title = "Emptying the recycle bin";
+  services_.Operation.WhenDone(services_.Operation.Start(std::move(order)),
+                               [this, parentName](const platform::OperationResult& result) {
+                                 lists::LookAtPanes(workspace_);
+                                 if (result.Code != 0 && !result.Aborted) TellFailure(parentName);
+                               });
 }
 
 }  // namespace tarnwell::fileops

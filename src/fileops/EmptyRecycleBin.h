@@ -33,8 +33,9 @@ class EmptyCommand {
       : workspace_(workspace), services_(services) {}
 
   // Of the volume that holds the path, or of all where it is empty. Asks first, over the open form
-  // of that name or else the main form; of a trash with nothing in it nothing is said. The
-  // pointers are the hourglass meanwhile. A call during another one does nothing.
+  // of that name or else the main form; of a trash with nothing in it nothing is said, and of one
+  // that another operation works in, it is said which. The pointers are the hourglass until the
+  // work is handed over. A call until then does nothing.
   void EmptyRecycleBin(std::string& rootPath, const std::string& parentName = "");
 
   // Where it has not asked yet, it asks no more.
@@ -42,6 +43,7 @@ class EmptyCommand {
 
  private:
   void Empty(const std::string& drive, const std::string& parentName);
+  void TellFailure(const std::string& parentName);
 
   workspace::Workspace& workspace_;
   TrashServices services_;

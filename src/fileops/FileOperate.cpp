@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "fileops/ShownFolder.h"
-#include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 
 namespace tarnwell::fileops {
@@ -23,6 +22,20 @@ FileFunction FunctionOf(std::string_view word) {
   const auto* const row =
       std::ranges::find(Words, word, [](const auto& each) { return each.first; });
   return row == std::end(Words) ? FileFunction::None : row->second;
+}
+
+platform::CommandKind KindOf(const platform::OperationRequest& request) {
+  using platform::CommandKind;
+  switch (request.Function) {
+    case FileFunction::Copy:
+      return CommandKind::Copy;
+    case FileFunction::Move:
+      return CommandKind::Move;
+    case FileFunction::Delete:
+      return (request.Flags & platform::AllowUndo) != 0 ? CommandKind::Trash : CommandKind::Delete;
+    default:
+      return CommandKind::Other;
+  }
 }
 
 }  // namespace
@@ -44,7 +57,8 @@ void FileOperations::FileOperate(const std::string& action, lister::ListId sourc
     return;
   }
   lister::ListerControl* const from = workspace_.Lists.Find(source);
-  const std::string& what = items.empty() && from != nullptr ? from->ActiveItemName() : items;
+  // A copy: a list makes its own anew whenever it is asked what is selected.
+  const std::string what = items.empty() && from != nullptr ? from->ActiveItemName() : items;
   if (what.empty()) {
     messenger_.Message("No files selected for this operation.", forms::MessageKind::Ok);
     watches.LeaveOpen();
@@ -54,42 +68,54 @@ void FileOperations::FileOperate(const std::string& action, lister::ListId sourc
     messenger_.Message(refusal, forms::MessageKind::Ok);
     return;
   }
-  Carry(function, source, target, std::move(folder), refreshChild, std::string(what));
+  const bool copies = function == FileFunction::Copy || function == FileFunction::Move;
+  if (copies) folder = syntax_.AddSeparator(folder);
+  Carried carried{.Function = function,
+                  .Source = source,
+                  .Target = target,
+                  .RefreshesChild = refreshChild,
+                  .Leaving = {},
+                  .Cursor = lists::MarkCursor(workspace_, target)};
+  if (function == FileFunction::Delete && DeletesFolderOnShow(source, what)) {
+    carried.Leaving = what;
+  }
+  // What goes wrong, the platform tells.
+  watches.EndAfter(platform_, Start(function, folder, what),
+                   [this, carried = std::move(carried)](const platform::OperationResult& result) {
+                     FollowUp(carried, result);
+                   });
 }
 
-// `items` is a copy: a list makes its own anew whenever it is asked what is selected.
-void FileOperations::Carry(FileFunction function, lister::ListId source, lister::ListId target,
-                           std::string folder, bool refreshChild, const std::string& items) {
-  const bool leaves = function == FileFunction::Delete && DeletesFolderOnShow(source, items);
+platform::OperationId FileOperations::Start(FileFunction function, const std::string& folder,
+                                            const std::string& items) {
+  const bool copies = function == FileFunction::Copy || function == FileFunction::Move;
   platform::OperationRequest request;
   request.Function = function;
   request.Items = items;
-  if (function == FileFunction::Copy || function == FileFunction::Move) {
-    folder = syntax_.AddSeparator(folder);
-    base::ItemList::Add(request.Destination, folder);
-  } else {
-    base::ItemList::Add(request.Destination, "");
-  }
+  base::ItemList::Add(request.Destination, copies ? folder : "");
   request.Flags = FlagsOf(function, items, folder);
-  // What went wrong, the platform has told.
-  const platform::OperationResult result = platform_.Run(request);
+  return platform_.Start({.Kind = KindOf(request), .Requests = {request}});
+}
 
+void FileOperations::FollowUp(const Carried& carried, const platform::OperationResult& result) {
+  const auto& [function, source, target, refreshesChild, leaving, cursor] = carried;
+  const bool isUntouched = lists::StandsAt(workspace_, cursor);
   lister::ListerControl& shown = workspace_.Lists[target];
   if (function != FileFunction::Delete && source >= 0 && !lister::IsFileList(source) &&
       !lister::IsFileList(target)) {
     shown.RefreshAfterOperation();
   }
-  if (leaves) navigation_.MoveFocusUpOneFolder(source);
+  // By now it may show another folder.
+  if (DeletesFolderOnShow(source, leaving)) navigation_.MoveFocusUpOneFolder(source);
   shown.RefreshList();
-  if (!refreshChild) refreshChild = shown.OperationResult;
-  if (refreshChild && !lister::IsFileList(target)) {
+  if ((refreshesChild || shown.OperationResult) && !lister::IsFileList(target)) {
     lister::ListerControl& child = workspace_.Lists.Files(lister::PaneOf(target));
     child.RefreshList();
-    child.WatchStart();
+    if (lists::IsLastAtWork(workspace_)) child.WatchStart();
   }
   shown.OperationResult = false;
   if (source >= 0 && function == FileFunction::Move) workspace_.Lists[source].RefreshList();
-  lists::ShowPlaced(workspace_, target, result.Placed);
+  if (isUntouched) lists::ShowPlaced(workspace_, target, result.Placed);
 }
 
 std::uint16_t FileOperations::FlagsOf(FileFunction function, const std::string& items,
@@ -110,13 +136,14 @@ bool FileOperations::DeletesFolderOnShow(lister::ListId source, const std::strin
 }
 
 void FileOperations::PerformShellAction(const std::string& source, const std::string& destination,
-                                        std::int32_t& result) {
-  result = platform_
-               .Run({.Function = FileFunction::Copy,
-                     .Items = base::ItemList::TextOf({source}),
-                     .Destination = base::ItemList::TextOf({destination}),
-                     .Flags = platform::Silent | platform::SimpleProgress})
-               .Code;
+                                        std::function<void(std::int32_t result)> then) {
+  const platform::OperationRequest request{.Function = FileFunction::Copy,
+                                           .Items = base::ItemList::TextOf({source}),
+                                           .Destination = base::ItemList::TextOf({destination}),
+                                           .Flags = platform::Silent | platform::SimpleProgress};
+  platform_.WhenDone(
+      platform_.Start({.Kind = platform::CommandKind::Copy, .Requests = {request}}),
+      [then = std::move(then)](const platform::OperationResult& result) { then(result.Code); });
 }
 
 }  // namespace tarnwell::fileops

@@ -204,15 +204,22 @@ std::vector<const TrashedItem*> frmRecycleBin::Find(const std::vector<std::uint6
   return items;
 }
 
-void frmRecycleBin::Run(const platform::OperationRequest& request) {
+void frmRecycleBin::Start(platform::CommandKind kind, platform::OperationRequest request) {
   if (request.Items.empty()) return;
-  services_.Operation.Run(request);  // what went wrong, the platform has told
-  lists::LookAtPanes(workspace_);
+  const std::string refusal = services_.Operation.Refusal(request.Function, request.Items);
+  if (!refusal.empty()) {
+    return services_.Messages.Message(refusal, forms::MessageKind::Ok, Name());
+  }
+  // What goes wrong, the platform tells.
+  services_.Operation.WhenDone(
+      services_.Operation.Start({.Kind = kind, .Requests = {std::move(request)}}),
+      [&workspace = workspace_](const auto&) { lists::LookAtPanes(workspace); });
 }
 
 void frmRecycleBin::cmdRestoreClick() {
   if (!cmdRestore.Enabled) return;
-  Run(RequestToRestore(Find(rows_.SelectedIds()), services_.Files.Syntax()));
+  Start(platform::CommandKind::Restore,
+        RequestToRestore(Find(rows_.SelectedIds()), services_.Files.Syntax()));
 }
 
 // Items can go while the question is open, and the form can.
@@ -227,7 +234,7 @@ void frmRecycleBin::cmdDeleteClick() {
   dialog.txtSource.Text = only != nullptr ? only->Name : TrashSumText(selected, services_.Forms);
   dialog.Ask(*this);
   if (dialog.Result != platform::DeleteWord || view_ == nullptr) return;
-  Run(RequestToPurge(Find(ids)));
+  Start(platform::CommandKind::Delete, RequestToPurge(Find(ids)));
 }
 
 void frmRecycleBin::cmdEmptyClick() {

@@ -92,7 +92,7 @@ class frmRecycleBin : public forms::Form, private platform::TrashListener {
   // The one item that is selected; null where there is none, or several.
   const platform::TrashedItem* OnlySelected() const;
   std::vector<const platform::TrashedItem*> Find(const std::vector<std::uint64_t>& ids) const;
-  void Run(const platform::OperationRequest& request);
+  void Start(platform::CommandKind kind, platform::OperationRequest request);
 
   workspace::Workspace& workspace_;
   TrashServices services_;

@@ -113,7 +113,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                   dialogFields_),
       delete_(space_, services_.Files.Syntax(), services_.Operation, operations_, navigation_,
               services_.Host, messages_, dialogFields_,
-              [this] { ShowShellMenu(shellmenu::MenuMode::Delete); }),
+              [this] { return contextMenu_.ShowShellMenu(0, 0, "", shellmenu::MenuMode::Delete); }),
       duplicate_(services_.Files, services_.Operation, services_.Clock, services_.Host, messages_),
       empty_(space_, TrashServices()),
       recycleBin_(space_, TrashServices(), services_.Order, services_.ItemWindows, empty_,

@@ -143,9 +143,8 @@ void MenuDispatch::NewFolder(const Choice&) {
 }
 
 void MenuDispatch::Duplicate(const Choice& choice) {
-  const std::vector<platform::PlacedItem> placed = commands_.Duplicate.DuplicateItems(choice.Paths);
-  Refresh(workspace_.CurrentList);
-  lists::ShowPlaced(workspace_, workspace_.CurrentList, placed);
+  choice.Next = {.Operation = commands_.Duplicate.DuplicateItems(choice.Paths),
+                 .Then = [list = RefreshLater(workspace_.CurrentList)](const auto&) { list(); }};
 }
 
 void MenuDispatch::Undo(const Choice&) {

@@ -56,8 +56,11 @@ class OperationsTest : public testing::Test, public lists::TestLists {
   const base::PathSyntax& Syntax = Platform.Files.Syntax();
   FileOperations Operations{Space, Syntax, Platform.Operation, Nav, Messages, Fields};
   int ShellDeletes = 0;
-  DeleteCommand Deleting{Space,    Syntax, Platform.Operation,        Operations, Nav, Host,
-                         Messages, Fields, [this] { ++ShellDeletes; }};
+  DeleteCommand Deleting{
+      Space, Syntax, Platform.Operation, Operations, Nav, Host, Messages, Fields, [this] {
+        ++ShellDeletes;
+        return platform::NoOperation;
+      }};
   RenameCommand Renaming{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   NewFolder MakingFolders{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   std::size_t Watched = 0;
@@ -105,7 +108,7 @@ TEST_F(OperationsTest, HandsThePlatformItemsTargetAndFlags) {
   EXPECT_EQ(Asked(), "nothing");
   std::int32_t code = 0;
   Platform.Operation.OnRun = [](const platform::OperationRequest&) { return 5; };
-  Operations.PerformShellAction("C:\\a", "C:\\b", code);
+  Operations.PerformShellAction("C:\\a", "C:\\b", [&](std::int32_t result) { code = result; });
   EXPECT_EQ(Asked() + std::to_string(code), "2 C:\\a;> C:\\b;| 2605");
 }
 
@@ -126,6 +129,68 @@ TEST_F(OperationsTest, MovesUpFromAFolderThatItDeletes) {
   EXPECT_EQ(Space.Form.TitleBar[0].Text, "C:\\");
   Deleting.DeleteSelection(true);  // a drive
   EXPECT_EQ(Asked(), "nothing");
+}
+
+TEST_F(OperationsTest, FollowsUpOnListsAsTheyAreByThen) {
+  fakes::FakeFileOperation& work = Platform.Operation;
+  work.Holds = true;
+  const auto copy = [&](const std::string& name) {
+    Platform.Files.AddFile("C:\\Other\\" + name);
+    work.Placed = {{"C:\\Data\\one.txt", "C:\\Other\\" + name}};
+    Operations.FileOperate("copy", 100, 1, "C:\\Other", true, "C:\\Data\\one.txt\0"s);
+    EXPECT_TRUE(Platform.Watches.Watched().empty());
+  };
+  const auto current = [this] {
+    return Space.Lists[101].Rows().PathOf(Space.Lists[101].Rows().CurrentRow());
+  };
+  copy("a");
+  EXPECT_EQ(Row(101, "a"), lister::NoRow);
+  // The first is brought to the lists, and the second alone lets them watch.
+  work.WhenDone(1, [&](const auto&) {
+    EXPECT_NE(Row(101, "b"), lister::NoRow);
+    EXPECT_TRUE(Platform.Watches.Watched().empty());
+  });
+  copy("b");
+  std::string folder = "C:\\Other";
+  Space.Lists[101].LoadFolderContents(folder, true);
+  work.Finish();
+  EXPECT_TRUE(AllWatch());
+  EXPECT_EQ(current(), "C:\\Other\\a");
+  copy("c");
+  Space.Lists[101].Rows().MoveCurrent(Row(101, "b"));  // the user goes on
+  work.Finish();
+  EXPECT_EQ(current(), "C:\\Other\\b");
+  copy("d");
+  Space.Lists[1].OpenFolder(0, "C:\\Data");
+  const std::string elsewhere = current();
+  work.Finish();
+  EXPECT_EQ(current(), elsewhere);
+
+  // Both ways to delete the folder on show: the user has left it by then.
+  Space.CurrentList = 0;
+  Answer<popDelete>([](popDelete& dialog) { dialog.cmdDeleteClick(); });
+  for (const bool stays : {false, true}) {
+    for (const bool forGood : {false, true}) {
+      Space.Lists[0].OpenFolder(0, "C:\\Data\\Sub");
+      if (forGood) {
+        Deleting.DeleteSelection(true);
+      } else {
+        Operations.FileOperate("delete", 0, 0, "", false, "C:\\Data\\Sub\0"s);
+      }
+      if (!stays) Space.Lists[0].OpenFolder(0, "C:\\Other");
+      work.Finish();
+      EXPECT_EQ(Space.Form.TitleBar[0].Text, stays ? "C:\\Data\\" : "C:\\Other\\");
+    }
+  }
+  EXPECT_EQ(work.Kinds.back(), platform::CommandKind::Delete);
+  Space.CurrentList = 100;
+  Space.Lists[0].OpenFolder(0, "C:\\Data");
+  Select(100, "one.txt");
+  Deleting.DeleteSelection(true);
+  Platform.Files.Remove("C:\\Data\\one.txt");
+  EXPECT_NE(Row(100, "one.txt"), lister::NoRow);
+  work.Finish();
+  EXPECT_EQ(Row(100, "one.txt"), lister::NoRow);
 }
 
 TEST_F(OperationsTest, DeletesForGoodAfterAQuestionAlone) {
@@ -216,7 +281,10 @@ TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
   Platform.Operation.OnRun = [](const platform::OperationRequest& request) {
     return request.Items.find("two") == std::string::npos ? 0 : 13;
   };
+  Platform.Operation.Holds = true;
   duplicate.DuplicateItems({"C:\\Data\\two", "C:\\a.b\\c", "C:\\Data\\one.txt"});
+  EXPECT_EQ(Messages.Texts, Texts{});
+  Platform.Operation.Finish();
   ASSERT_EQ(Platform.Operation.Requests.size(), 2U);
   EXPECT_TRUE(Asked().ends_with(".txt;| 1664"));
   EXPECT_EQ(Messages.Texts, (Texts{"There was an error duplicating the following items:"

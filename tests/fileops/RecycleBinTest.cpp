@@ -198,18 +198,27 @@ TEST_F(RecycleBinTest, EmptiesWhatItAskedAbout) {
   EXPECT_EQ(Space.Form.Toolbar1.MousePointer, forms::MousePointer::Default);
   EXPECT_EQ(Platform.Trash.Views, 0);
 
-  // An error; and with NO nothing is done.
+  // An error, when all is over; and with NO nothing is done.
   Messages.OnMessage = {};
+  Platform.Operation.Holds = true;
   Platform.Operation.OnRun = [](const platform::OperationRequest&) { return 13; };
   for (const char* answer : {"YES", "NO"}) {
     Messages.Result = answer;
     Platform.Pump.Post([this] { Platform.Trash.Settle(); });
     Empty.EmptyRecycleBin(root = "");
     EXPECT_EQ(Platform.Trash.Drive, "");
+    EXPECT_EQ(Host.ScreenPointer(), forms::MousePointer::Default);
+    Platform.Operation.Finish();
   }
   EXPECT_EQ(Messages.Texts.size(), 4U);
   EXPECT_EQ(Messages.Texts.at(2),
             "An error occurred and the recycle bin may not have been emptied.");
+  EXPECT_EQ(Platform.Operation.Requests.size(), 1U);
+  // What another operation works in is not asked about.
+  Platform.Operation.Refused = base::ItemList(Platform.Operation.Requests.at(0).Items).First();
+  Platform.Pump.Post([this] { Platform.Trash.Settle(); });
+  Empty.EmptyRecycleBin(root);
+  EXPECT_EQ(Messages.Texts.at(4), "Refused 3");
   EXPECT_EQ(Platform.Operation.Requests.size(), 1U);
   EXPECT_EQ(Host.ScreenPointer(), forms::MousePointer::Default);
 }

@@ -89,7 +89,7 @@ struct MenuRun : lists::TestLists {
       Space,      Syntax, Platform.Operation,
       Operations, Nav,    Host,
       Messages,   Fields, [this] {
-        Menu.ShowShellMenu(0, 0, "", MenuMode::Delete); }};
+        return Menu.ShowShellMenu(0, 0, "", MenuMode::Delete); }};
   ContextMenuCommand Menu{
       Space,
       {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Operation, Platform.Forms},
