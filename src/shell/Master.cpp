@@ -125,7 +125,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                    {newFolder_, rename_, duplicate_, operations_, delete_,
                     [this] { commandLine_.OpenCommandLine(); },
                     [this](const std::string& path) { commandLine_.CompactDatabase(path); }, [] {},
-                    [] { return std::string(); }}),
+                    [] { return std::string(); }, [](const auto&) {}}),
       titleMenu_(space_, services_.Files.Syntax(), navigation_, services_.Popups),
       drop_(space_, services_.Files, services_.Drives, operations_, services_.Host, messages_,
             dialogFields_),

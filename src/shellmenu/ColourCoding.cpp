@@ -5,10 +5,10 @@
 
 namespace tarnwell::shellmenu {
 
-void ColourItems(lister::ListerControl& list, const std::string& word,
+void ColourItems(lister::ListerControl& list, const std::string& word, const NoteColours& note,
                  workspace::ProgramSettings& settings, forms::Messenger& messenger) {
   std::int32_t count = 0;
-  list.SetItemColor(word, count);
+  note(list.SetItemColor(word, count));
   if (std::exchange(settings.FirstColorEver, false)) {
     messenger.Message(
         "Note: This is the first time you are color coding a file.\r\n\r\n"

@@ -6,7 +6,6 @@
 
 #include "lister/rows/ItemColours.h"
 #include "lists/ShowPlaced.h"
-#include "shellmenu/ColourCoding.h"
 #include "shellmenu/MenuWords.h"
 #include "shellmenu/ShellMenuTables.h"
 
@@ -75,8 +74,8 @@ void MenuDispatch::Act(const Choice& choice) {
   const auto* const row = std::ranges::find(Rows, choice.Word, &Row::Word);
   if (row != std::end(Rows)) return (this->*row->Act)(choice);
   if (!IsColourWord(choice.Word)) return;
-  ColourItems(workspace_.Lists[workspace_.CurrentList], choice.Word, workspace_.Settings,
-              messenger_);
+  ColourItems(workspace_.Lists[workspace_.CurrentList], choice.Word, commands_.Coloured,
+              workspace_.Settings, messenger_);
 }
 
 void MenuDispatch::ChangeBookmark(const Choice& choice) {

@@ -14,6 +14,7 @@
 #include "fileops/RenameItem.h"
 #include "shellmenu/Bookmarks.h"
 #include "shellmenu/BuildAndTrackMenu.h"
+#include "shellmenu/ColourCoding.h"
 
 namespace tarnwell::shellmenu {
 
@@ -28,6 +29,7 @@ struct MenuCommands {
   std::function<void(const std::string& path)> CompactDatabase;
   std::function<void()> Undo;
   std::function<std::string()> UndoCaption;  // "Undo: " and what; empty where there is nothing
+  NoteColours Coloured;                      // hears of what can be undone
 };
 
 // What has been cut or copied, as far as lists have to be read again for it.

@@ -77,6 +77,7 @@ struct MenuRun : lists::TestLists {
   std::vector<std::string> Dialogs;  // that were shown
   std::function<void()> CommandLine = [] {};
   std::string Undoable;
+  std::vector<lister::ColouredItem> Coloured;  // last
   std::size_t Watched = 0;
 
   fileops::DialogFields Fields;
@@ -96,7 +97,8 @@ struct MenuRun : lists::TestLists {
       Messages,
       {NewFolder, Rename, Duplicate, Operations, Delete, [this] { CommandLine(); },
        [this](const std::string& path) { Dialogs.push_back("compact " + path); },
-       [this] { Dialogs.push_back(Undoable); }, [this] { return Undoable; }}};
+       [this] { Dialogs.push_back(Undoable); }, [this] { return Undoable; },
+       [this](const auto& items) { Coloured = items; }}};
 };
 
 class ContextMenuTest : public testing::Test, public MenuRun {};
@@ -474,6 +476,8 @@ TEST_F(ContextMenuTest, ColoursComeWithAHintEach) {
   EXPECT_EQ(
       Platform.Files.At("C:\\Data\\a.txt").ExtendedAttributes[platform::ExtendedAttribute::Colour],
       "dark green");
+  ASSERT_EQ(Coloured.size(), 1U);
+  EXPECT_EQ(Coloured[0].Path + " " + Coloured[0].After, "C:\\Data\\a.txt dark green");
   ASSERT_EQ(Messages.Texts.size(), 1U);
   EXPECT_TRUE(Messages.Texts[0].starts_with("Note: This is the first time you are color coding"));
 
