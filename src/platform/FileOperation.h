@@ -139,9 +139,9 @@ inline constexpr OperationId NoOperation = 0;
 // the items of all.
 using OperationDone = std::function<void(const OperationResult& result)>;
 
-// A file in the folder of the program's own files, there only while an operation has an item under
-// another name than its own: the path that the item had and the one that it has, each ended by a
-// NUL. A run that is killed meanwhile leaves it.
+// A file in the folder of the program's own files, there only while operations have items under
+// other names than their own: for each the path that the item had and the one that it has, each
+// ended by a NUL. A run that is killed meanwhile leaves it.
 inline constexpr std::string_view AsideRecordName = "aside.txt";
 
 // The owner of operations, as commands see it: takes orders, and tells when they are done.

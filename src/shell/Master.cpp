@@ -269,23 +269,33 @@ void Master::FitTitles(base::Twips textHeight) {
   }
 }
 
-// What a run left that was killed while it replaced or renamed an item.
+// What a run left that was killed while it replaced or renamed items.
 void Master::TellOfAside() {
   const std::string record = ProgramFile(platform::AsideRecordName);
   std::string content;
   if (!services_.Files.Exists(record) || !services_.Files.ReadFile(record, content)) return;
-  auto path = base::ItemList(content).begin();
-  const std::string item(*path);
-  const std::string aside(*++path);
   const base::PathSyntax& syntax = services_.Files.Syntax();
-  const bool isThere = !aside.empty() && services_.Files.Exists(aside);
-  // Its drive may come back.
-  if (!isThere && !aside.empty() && !services_.Files.FolderExists(syntax.ParentOf(aside))) return;
-  services_.Files.RemoveFile(record);
-  if (!isThere) return;
-  messages_.Message("Tarnwell was ended while it was replacing or renaming an item. The item\r\n" +
-                        base::ForDisplay(item) + "\r\nis whole, and is now called\r\n" +
-                        lister::NameText(syntax, aside),
+  std::string away;  // what lies on drives that may come back
+  std::string told;
+  const base::ItemList list(content);
+  for (auto path = list.begin(); path != list.end(); ++path) {
+    const std::string item(*path);
+    const std::string aside(*++path);
+    if (!aside.empty() && services_.Files.Exists(aside)) {
+      told += (told.empty() ? " The item\r\n" : "\r\n\r\nThe item\r\n") + base::ForDisplay(item) +
+              "\r\nis whole, and is now called\r\n" + lister::NameText(syntax, aside);
+    } else if (!aside.empty() && !services_.Files.FolderExists(syntax.ParentOf(aside))) {
+      base::ItemList::Add(away, item);
+      base::ItemList::Add(away, aside);
+    }
+  }
+  if (away.empty()) {
+    services_.Files.RemoveFile(record);
+  } else if (away != content) {
+    services_.Files.WriteFile(record, away);
+  }
+  if (told.empty()) return;
+  messages_.Message("Tarnwell was ended while it was replacing or renaming an item." + told,
                     forms::MessageKind::Ok);
 }
 

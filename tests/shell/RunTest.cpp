@@ -120,14 +120,21 @@ TEST_F(RunTest, TellsOnceWhyItsFolderTakesNoMarkerAndEmptiesNoOtherFile) {
 }
 
 TEST_F(RunTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
-  const std::string aside = "C:\\a\\b (being replaced).txt";
-  Machine.Files.AddFile(aside, "old");
-  Machine.Files.AddFile("C:\\Tarnwell\\aside.txt",
-                        std::string("C:\\a\\b.txt") + '\0' + aside + '\0');
+  const std::string record = "C:\\Tarnwell\\aside.txt";
+  std::vector<std::string> pairs;
+  for (const std::string name : {"C:\\a\\b", "C:\\a\\gone", "E:\\away", "C:\\a\\c"}) {
+    pairs.insert(pairs.end(), {name + ".txt", name + " (being replaced).txt"});
+    if (name.size() < 7) Machine.Files.AddFile(pairs.back(), "old");
+  }
+  Machine.Files.AddFile(record, base::ItemList::TextOf(pairs));
   Run.Start();
   ASSERT_EQ(Run.Boxes.size(), 1U);
-  EXPECT_NE(Run.Boxes[0].find("C:\\a\\b.txt\r\nis whole"), std::string::npos) << Run.Boxes[0];
-  EXPECT_FALSE(Machine.Files.Exists("C:\\Tarnwell\\aside.txt"));
+  for (const char* told : {"C:\\a\\b.txt\r\nis whole", "C:\\a\\c.txt\r\nis whole"}) {
+    EXPECT_NE(Run.Boxes[0].find(told), std::string::npos) << Run.Boxes[0];
+  }
+  EXPECT_EQ(Run.Boxes[0].find("gone"), std::string::npos) << Run.Boxes[0];
+  // That drive may come back.
+  EXPECT_EQ(Machine.Files.At(record).Content, base::ItemList::TextOf({pairs[4], pairs[5]}));
 }
 
 TEST_F(RunTest, BringsTheSplashBackAsTheAboutBox) {

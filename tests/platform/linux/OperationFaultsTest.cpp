@@ -12,6 +12,7 @@
 #include <future>
 
 #include "OperationFixture.h"
+#include "platform/linux/files/AsideRecord.h"
 #include "platform/linux/operation/HoldFolder.h"
 #include "platform/linux/posix/SystemError.h"
 #include "platform/linux/posix/TemporaryName.h"
@@ -186,6 +187,31 @@ TEST(OperationFaults, WhatIsReplacedIsFoundAgainWhereverThatEnds) {
     EXPECT_EQ(Get(aside), "old");
     EXPECT_TRUE(fs::exists(here / "to/item/sub"));
   });
+}
+
+TEST(OperationFaults, TheRecordHoldsTheItemsOfOperationsSideBySide) {
+  const TempFolder here;
+  std::vector<std::jthread> threads;
+  for (const std::string name : {"a", "b", "c", "d"}) {
+    threads.emplace_back([&here, name] {
+      const AsideRecord record(here.Path());
+      record.Keep("/kept/" + name, "/kept/aside " + name);
+      for (int time = 0; time < 5; ++time) {
+        record.Keep("/" + name, "/aside " + name);
+        record.Drop("/aside " + name);
+      }
+    });
+  }
+  threads.clear();
+  const std::string content = Get(here / "aside.txt");
+  std::set<std::string> paths;
+  for (const std::string_view path : base::ItemList(content)) paths.emplace(path);
+  EXPECT_EQ(paths.size(), 8U);
+  EXPECT_TRUE(std::ranges::all_of(paths, [](auto& path) { return path.starts_with("/kept/"); }));
+  for (const char* name : {"a", "b", "c", "d"}) {
+    AsideRecord(here.Path()).Drop(std::string("/kept/aside ") + name);
+  }
+  EXPECT_EQ(here.Names(), "");
 }
 
 TEST(OperationFaults, AFailingLookAtTheTargetIsTold) {

@@ -1,11 +1,14 @@
-// A record of the item that was set aside to make room for another.
+// A record of the items that were set aside to make room for others.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace tarnwell::platform {
 
-// The file that AsideRecordName tells of.
+// The file that AsideRecordName tells of. Operations side by side, and other copies of the program,
+// keep their items in it together.
 class AsideRecord {
  public:
   // None is kept where there is no folder.
@@ -14,9 +17,13 @@ class AsideRecord {
   // `item` is the path that the item had, `aside` the one that it gets. Failures are passed over:
   // the name says what happened too.
   void Keep(const std::string& item, const std::string& aside) const;
-  void Drop() const;
+  // The item that got the path has its own again, or has gone.
+  void Drop(const std::string& aside) const;
 
  private:
+  void Change(const std::function<void(std::vector<std::string>& paths)>& change) const;
+
+  std::string folder_;
   std::string file_;
 };
 

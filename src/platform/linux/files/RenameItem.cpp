@@ -62,15 +62,17 @@ ErrorNumber SetAside(int folder, const char* name, const std::string& folderPath
     aside = MakeAsideName(parts, word, number);
     record.Keep(prefix + name, prefix + aside);
     error = RenameNew(folder, name, folder, aside.c_str());
+    if (error != NoError) record.Drop(prefix + aside);
   }
-  if (error != NoError) record.Drop();
   return error;
 }
 
 // Gives the item its name back, and says so by the record only if it has it.
 void GiveNameBack(int folder, const std::string& aside, const char* name,
-                  const AsideRecord& record) {
-  if (RenameNew(folder, aside.c_str(), folder, name) == NoError) record.Drop();
+                  const std::string& folderPath, const AsideRecord& record) {
+  if (RenameNew(folder, aside.c_str(), folder, name) == NoError) {
+    record.Drop(folderPath + "/" + aside);
+  }
 }
 
 // The system takes a rename to the same item for done already, so that it goes by a third name.
@@ -83,9 +85,9 @@ ErrorNumber Respell(const ParentAndName& from, const ParentAndName& to,
   if (error != NoError) return error;
   error = RenameNew(folder, aside.c_str(), folder, to.Name.c_str());
   if (error == NoError) {
-    record.Drop();
+    record.Drop(folderPath + "/" + aside);
   } else {
-    GiveNameBack(folder, aside, from.Name.c_str(), record);
+    GiveNameBack(folder, aside, from.Name.c_str(), folderPath, record);
   }
   return error;
 }
@@ -101,11 +103,11 @@ ErrorNumber PushAside(int fromFolder, const char* from, int toFolder, const char
   if (error != NoError) return error;
   error = RenameNew(fromFolder, from, toFolder, to);
   if (error != NoError) {
-    GiveNameBack(toFolder, aside, to, record);
+    GiveNameBack(toFolder, aside, to, toPath, record);
     return error;
   }
   error = ErrorOf(unlinkat(toFolder, aside.c_str(), 0));
-  if (error == NoError) record.Drop();
+  if (error == NoError) record.Drop(toPath + "/" + aside);
   return error;
 }
 
