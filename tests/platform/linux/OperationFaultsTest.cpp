@@ -315,6 +315,35 @@ TEST(OperationRaces, AMoveDeletesNothingThatTookThePlaceOfWhatItCopied) {
   }
 }
 
+TEST(OperationRaces, NothingGivesWayButWhatTheUserGaveUp) {
+  struct : ScriptedUser {
+    int Conflicts = 0;
+    ConflictAnswer OnConflict(const OperationConflict&) override {
+      return {++Conflicts == 1 ? ConflictChoice::Replace : ConflictChoice::Skip, false};
+    }
+  } user;
+  for (const FileFunction function : {FileFunction::Move, FileFunction::Copy}) {
+    for (const char* item : {"item=new", "item->new", "item/in=new"}) {
+      const TempFolder here;
+      here.Make({item, "to/item=old", "other=of another operation"});
+      user.Conflicts = 0;
+      user.Heard.clear();
+      user.Meanwhile = [&] {
+        std::error_code none;
+        if (user.Conflicts == 1) fs::rename(here / "other", here / "to/item", none);
+      };
+      EXPECT_EQ(Do(user, function, {here / "item"}, here / "to/").Code, EEXIST);
+      EXPECT_EQ(Get(here / "to/item"), "of another operation") << item;
+      EXPECT_EQ(here.Names(), "item to ");
+      EXPECT_EQ(NamesBelow(here / "to"), "item ");
+      const bool isTrouble =
+          function == FileFunction::Copy && std::string(item).ends_with("/in=new");
+      EXPECT_EQ(user.Conflicts, isTrouble ? 1 : 2);
+      EXPECT_EQ(user.Heard.empty(), !isTrouble) << user.Heard;
+    }
+  }
+}
+
 TEST(OperationRaces, NothingIsCopiedIntoAFolderThatSomebodyPutInThePlaceOfANewOne) {
   if (geteuid() != 0) GTEST_SKIP() << "needs somebody else";
   const TempFolder here;

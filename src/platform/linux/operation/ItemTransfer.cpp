@@ -121,7 +121,8 @@ void ItemTransfer::TakeItem(Item item) {
       context_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
       return;
     }
-    if (failure.Error == EEXIST && item.Decided != Way::Replace && conflicts < mostConflicts) {
+    const bool isTaken = failure.Error == EEXIST && item.Decided != Way::Replace;
+    if ((isTaken || failure.IsAnother) && conflicts < mostConflicts) {
       ++conflicts;
       item.Decided = FindWay(item);
       if (item.Decided != Way::Leave && MayGoOn(item)) continue;
@@ -226,6 +227,7 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   const char* const target = item.Target.c_str();
   const int from = walk_.Folder();
   const int to = targets_.Get();
+  if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
   ErrorNumber error;
   if (item.Decided != Way::Replace) {
     error = RenameNew(from, name, to, target);

@@ -54,6 +54,7 @@ class ItemTransfer {
     const char* Reason = nullptr;  // where the system's own words would mislead
     bool IsTarget = false;         // the target's path is the one to name
     bool IsSettled = false;        // the user has been asked about it
+    bool IsAnother = false;        // than the one that the user gave up stands in the way
   };
 
   struct Item {
@@ -61,6 +62,7 @@ class ItemTransfer {
     unsigned Type = 0;   // S_IFDIR and the like
     std::string Target;  // its name to be
     Way Decided = Way::Free;
+    ItemFingerprint Replaced = {};  // what is to give way, as it was when that was decided
   };
 
   // A folder on the way down.
@@ -82,6 +84,7 @@ class ItemTransfer {
     ItemFingerprint Made;          // of what it becomes; `Below` grows with what is made there
     bool IsUnsure = false;         // something else happened there than that items were made
     std::uint64_t DoneBefore = 0;  // see CountDone
+    ItemFingerprint Replaced;      // as in Item
   };
 
   struct Taken {
@@ -152,6 +155,9 @@ class ItemTransfer {
   Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
           const struct statx& target, bool& makesTwin);
   bool IsOneFolder() const;
+  // To be asked right before an item gives way.
+  bool IsAnother(const std::string& name, const ItemFingerprint& replaced);
+  Failure CheckReplaced(const Item& item);
   static ErrorNumber FindFreeTwin(int folder, std::string& name, bool isFolder);
 
   OperationContext& context_;

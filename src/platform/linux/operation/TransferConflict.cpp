@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/posix/NameSpelling.h"
 #include "platform/linux/posix/TemporaryName.h"
@@ -76,6 +77,7 @@ ItemTransfer::Way ItemTransfer::FindWay(Item& item) {
       return Way::Leave;
     }
     if (way == Way::Merge) item.Target = spelled;
+    if (way == Way::Replace) item.Replaced = FingerprintOf(there, walk_.Here().To);
     if (!makesTwin) return way;
     std::string twin = item.Target;
     error = FindFreeTwin(targets_.Get(), twin, S_ISDIR(source.stx_mode));
@@ -126,6 +128,19 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
   }
   context_.NoteLeft(EEXIST);
   return Way::Leave;
+}
+
+// What has come into its place since, by another operation for one, nobody has given up.
+// One that was written to is still the one.
+bool ItemTransfer::IsAnother(const std::string& name, const ItemFingerprint& replaced) {
+  const ItemFingerprint now = PrintThere(name);
+  const bool isSame = now.Device == replaced.Device && now.Number == replaced.Number;
+  return now != ItemFingerprint() && (!isSame || now.Kind != replaced.Kind);
+}
+
+ItemTransfer::Failure ItemTransfer::CheckReplaced(const Item& item) {
+  if (item.Decided != Way::Replace || !IsAnother(item.Target, item.Replaced)) return {};
+  return {.Step = OperationStep::Write, .Error = EEXIST, .IsTarget = true, .IsAnother = true};
 }
 
 ErrorNumber ItemTransfer::FindFreeTwin(int folder, std::string& name, bool isFolder) {

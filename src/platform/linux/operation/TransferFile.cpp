@@ -38,6 +38,7 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     return {};  // the user has heard of it
   }
   if (isLinked) {
+    if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
     const int base = target_.Folder.Get();
     const bool replaces = item.Decided == Way::Replace;
     const ErrorNumber linked =
@@ -102,6 +103,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (moves_ && copy.stx_size != content_.Length()) {
     return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
   }
+  if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
   error = pending.Place(name, replaces);
   if (error != NoError) return written(error);
   NoteMade(item, FingerprintOf(copy, walk_.Here().To));
@@ -138,6 +140,7 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
   if (length < 0) return errno == EINVAL ? hasChanged : Failure{OperationStep::Read, errno};
   text.at(static_cast<std::size_t>(length)) = '\0';
 
+  if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
   const bool replaces = item.Decided == Way::Replace;
   TemporaryName temporary;
   ErrorNumber error = replaces ? temporary.Renew() : NoError;

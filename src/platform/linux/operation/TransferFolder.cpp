@@ -105,6 +105,7 @@ ItemTransfer::Failure ItemTransfer::OpenTargetFolder(const Item& item, bool hold
   const int folder = targets_.Get();
   level.IsNew = item.Decided != Way::Merge;
   level.ReplacesFile = item.Decided == Way::Replace;
+  level.Replaced = item.Replaced;
   const char* const name = item.Target.c_str();
   ErrorNumber error;
   if (!level.IsNew) {
@@ -225,6 +226,11 @@ void ItemTransfer::LeaveFolder() {
 bool ItemTransfer::FinishReplacing(const Level& left) {
   const char* const temporary = left.Temporary.c_str();
   while (left.ReplacesFile && context_.GoesOn()) {
+    if (IsAnother(left.Target, left.Replaced)) {
+      const base::Status reason{EEXIST, "Another item has taken its place meanwhile"};
+      if (context_.Retries(OperationStep::Write, ToPath(left.Target), reason)) continue;
+      break;
+    }
     const ErrorNumber error =
         PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str(), to_, record_);
     if (error == NoError) return true;
