@@ -132,6 +132,7 @@ constexpr std::array GlobalEffects = {
     EffectRow{"SHOWFILEICONS", StoreBoolean<&ProgramSettings::ShowFileIcons>},
     EffectRow{"SHOWFOLDERICONS", StoreBoolean<&ProgramSettings::ShowFolderIcons>},
     EffectRow{"MINIMIZETOTASKBAR", StoreBoolean<&ProgramSettings::MinimizeToTaskBar>},
+    EffectRow{"OPERATIONSINWINDOW", StoreBoolean<&ProgramSettings::OperationsInWindow>},
     EffectRow{"FIRSTCOLOREVER", StoreBoolean<&ProgramSettings::FirstColorEver>},
     EffectRow{"ISFIRSTCOLORCODINGOVERMAX",
               StoreBoolean<&ProgramSettings::IsFirstColorCodingOverMax>},

@@ -134,6 +134,11 @@ constexpr std::array SwitchRows = {
 constexpr std::array<std::string_view, 7> HeadingAttributes = {
     "key", "Width", "Index", "active", "MenuName", "Caption", "ToolTip"};
 
+// Behind the blocks of the panes.
+constexpr std::array LastRows = {
+    SingleRow{"OperationsInWindow", Setting<&ProgramSettings::OperationsInWindow>},
+};
+
 void AppendBookmarks(std::string& text, const ProgramSettings& settings) {
   for (std::size_t slot = 0; slot < settings.Bookmarks.size(); ++slot) {
     const auto number = static_cast<std::int32_t>(slot);
@@ -223,6 +228,7 @@ std::string SettingsContent(const Workspace& space, const std::vector<SettingRec
       AppendLoadedPane(text, loaded, pane);
     }
   }
+  for (const SingleRow& row : LastRows) AppendRecord(text, Record(row.Key, row.Of(space)));
   for (const ClosingRow& row : ClosingRows) {
     SettingRecord record = Record(row.Key);
     for (int pane = 0; pane < lister::PaneCount; ++pane) {

@@ -59,6 +59,9 @@ void frmOptions::Load() {
   Frame3.Caption = "Minimizing";
   optMin[0].Caption = "Minimize to Task Bar";
   optMin[1].Caption = "Minimize to System Tray (clock area)";
+  Frame4.Caption = "Operations at Work";
+  optOperations[0].Caption = "Show Below the Panes";
+  optOperations[1].Caption = "Show in a Window of Their Own";
   lblSlower.Caption = "Slower";
   lblFaster.Caption = "Faster";
   lblNumColor.Caption = "Only show color coding when there are less than:";
@@ -85,6 +88,7 @@ void frmOptions::Load() {
     Check(Setting(row) ? YesOf(row) : NoOf(row), true);
   }
   Select(space_.Settings.MinimizeToTaskBar ? 0 : 1);
+  SelectOperations(space_.Settings.OperationsInWindow ? 1 : 0);
   ShowOptions(OptionsCategory::General);
 }
 
@@ -154,6 +158,12 @@ void frmOptions::Select(std::size_t option) {
   Touch();
 }
 
+void frmOptions::SelectOperations(std::size_t option) {
+  for (std::size_t i = 0; i < optOperations.size(); ++i) optOperations[i].Selected = i == option;
+  space_.Settings.OperationsInWindow = optOperations[1].Selected;
+  Touch();
+}
+
 void frmOptions::Apply() {
   std::int32_t& count = space_.Settings.FileCountMax;
   try {
@@ -181,6 +191,7 @@ void frmOptions::ShowSettings() {
   }
   for (std::size_t i = 0; i < optMin.size(); ++i) {
     optMin[i].Selected = settings.MinimizeToTaskBar == (i == 0);
+    optOperations[i].Selected = settings.OperationsInWindow == (i == 1);
   }
   if (settings.FileCountMax != shownCount_) {
     shownCount_ = settings.FileCountMax;

@@ -36,6 +36,8 @@ class frmOptions : public forms::Form {
   forms::Frame frmGeneral;
   forms::Frame Frame3;
   std::array<forms::OptionButton, 2> optMin;
+  forms::Frame Frame4;
+  std::array<forms::OptionButton, 2> optOperations;
   forms::Frame frmSpeed;
   forms::Label lblSlower;
   forms::Label lblFaster;
@@ -70,6 +72,7 @@ class frmOptions : public forms::Form {
   // The box of that number gets the value; a value that is new to it is a click.
   void Check(std::size_t box, bool on);
   void Select(std::size_t option);
+  void SelectOperations(std::size_t option);
   void cmdApplyClick() { Apply(); }
   void cmdOKClick();
   // By the frame's button or Escape.

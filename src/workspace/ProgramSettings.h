@@ -40,6 +40,7 @@ struct ProgramSettings {
   bool ShowFileIcons = true;
   bool ShowFolderIcons = false;
   bool MinimizeToTaskBar = true;
+  bool OperationsInWindow = false;  // shown in a window of their own, not below the panes
   std::int32_t CompareMode = CompareSize | CompareDate;
   std::int32_t Layout = Horizontal;
   std::string FolderFileListing;  // folder of the last exported listing

@@ -28,7 +28,10 @@ class OptionsTest(EndToEndTest):
         general = program.control("General", Atspi.Role.RADIO_BUTTON)
         wait_for("the keyboard", lambda: general.has("FOCUSED"))
         keys("Down", "Tab", "space")
-        keys("alt+r")
+        keys("alt+g", "alt+w")
+        wait_for("a window of their own", lambda: program.control(
+            "Show in a Window of Their Own").has("CHECKED"))
+        keys("alt+s", "alt+r")
         for name in ("Get File Icons: No, Faster", "Get Folder Icons: Yes, Slower"):
             wait_for(name, lambda name=name: program.control(name).has("CHECKED"))
         keys("alt+l", "1", "2", "period", "5", "Return")
@@ -36,5 +39,5 @@ class OptionsTest(EndToEndTest):
         self.close_clean(program)
         for key, value in (("ShowFileIcons", "#FALSE#"), ("ShowFolderIcons", "#TRUE#"),
                            ("ShowColor", "#TRUE#"), ("FileCountMax", "12"),
-                           ("MinimizeToTaskBar", "#FALSE#")):
+                           ("MinimizeToTaskBar", "#FALSE#"), ("OperationsInWindow", "#TRUE#")):
             self.assertIn(f'"{key}",{value},0,0,0,0'.encode(), self.settings.read_bytes())

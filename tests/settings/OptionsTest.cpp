@@ -35,10 +35,12 @@ TEST_F(OptionsTest, ClicksTakeEffectAtOnceAndResendBothIconSettings) {
   EXPECT_TRUE(told.ShowFolderIcons && !settings.ShowFileIcons);
   Dialog.txtNumColor.Text = "7";
   Dialog.Select(0);
-  EXPECT_TRUE(settings.MinimizeToTaskBar);
+  EXPECT_TRUE(settings.MinimizeToTaskBar && !settings.OperationsInWindow);
+  Dialog.SelectOperations(1);
   Dialog.Close();
   Host.Open(Dialog);
   EXPECT_EQ(Dialog.txtNumColor.Text, "50");
+  EXPECT_TRUE(settings.OperationsInWindow && Dialog.optOperations[1].Selected);
 
   const struct {
     const char* Text;

@@ -24,6 +24,7 @@ constexpr int ColumnGap = 24;
 constexpr char GeneralKey = 'G';
 constexpr char SpeedKey = 'S';
 constexpr char MinimizeKeys[] = {'T', 'y'};
+constexpr char PlaceKeys[] = {'B', 'W'};
 constexpr char RowKeys[] = {'F', 'r', 'C'};
 constexpr char NumberKey = 'l';
 constexpr char ApplyKey = 'A';
@@ -93,19 +94,28 @@ void OptionsWindow::FillCategories() {
 
 QWidget* OptionsWindow::NewGeneralPage() {
   generalPage_ = new QGroupBox(this);
-  minimizing_ = new QGroupBox(generalPage_);
-  QVBoxLayout* const choices = ColumnIn(minimizing_, DialogSpacing);
-  for (std::size_t i = 0; i < options_.size(); ++i) {
-    options_[i] = new QRadioButton(minimizing_);
-    choices->addWidget(options_[i]);
-    connect(options_[i], &QRadioButton::toggled, this, [this, i](bool on) {
-      if (on) form_.Select(i);
-    });
-  }
+  minimizing_ = NewPair(options_, &settings::frmOptions::Select);
+  operations_ = NewPair(places_, &settings::frmOptions::SelectOperations);
   QVBoxLayout* const column = ColumnIn(generalPage_, DialogMargin);
+  column->setSpacing(DialogMargin);
   column->addWidget(minimizing_);
+  column->addWidget(operations_);
   column->addStretch();
   return generalPage_;
+}
+
+QGroupBox* OptionsWindow::NewPair(std::array<QRadioButton*, 2>& buttons,
+                                  void (settings::frmOptions::*select)(std::size_t)) {
+  auto* const frame = new QGroupBox(generalPage_);
+  QVBoxLayout* const choices = ColumnIn(frame, DialogSpacing);
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    buttons[i] = new QRadioButton(frame);
+    choices->addWidget(buttons[i]);
+    connect(buttons[i], &QRadioButton::toggled, this, [this, select, i](bool on) {
+      if (on) (form_.*select)(i);
+    });
+  }
+  return frame;
 }
 
 QWidget* OptionsWindow::NewSpeedPage() {
@@ -177,6 +187,7 @@ void OptionsWindow::Sync() {
   generalPage_->setTitle(ToShownQString(form_.frmGeneral.Caption));
   speedPage_->setTitle(ToShownQString(form_.frmSpeed.Caption));
   minimizing_->setTitle(ToShownQString(form_.Frame3.Caption));
+  operations_->setTitle(ToShownQString(form_.Frame4.Caption));
   pages_->setCurrentWidget(form_.IsInView(form_.frmGeneral) ? generalPage_ : speedPage_);
   general_->setText(WithKey(form_.lblGeneral.Caption, GeneralKey));
   speed_->setText(WithKey(form_.lblSpeed.Caption, SpeedKey));
@@ -185,6 +196,8 @@ void OptionsWindow::Sync() {
   for (std::size_t i = 0; i < options_.size(); ++i) {
     options_[i]->setText(WithKey(form_.optMin[i].Caption, MinimizeKeys[i]));
     if (form_.optMin[i].Selected) SetChecked(*options_[i], true);
+    places_[i]->setText(WithKey(form_.optOperations[i].Caption, PlaceKeys[i]));
+    if (form_.optOperations[i].Selected) SetChecked(*places_[i], true);
   }
   SyncRows();
   ok_->setText(ToShownQString(form_.cmdOK.Caption));

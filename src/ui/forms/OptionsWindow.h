@@ -40,6 +40,8 @@ class OptionsWindow : public QDialog, public FormWindow {
   CategoryLabel* NewLabel(Category category);
   void FillCategories();
   QWidget* NewGeneralPage();
+  QGroupBox* NewPair(std::array<QRadioButton*, 2>& buttons,
+                     void (settings::frmOptions::*select)(std::size_t));
   QWidget* NewSpeedPage();
   QLayout* NewNumberRow();
   QLayout* NewButtonRow();
@@ -55,6 +57,8 @@ class OptionsWindow : public QDialog, public FormWindow {
   QGroupBox* generalPage_ = nullptr;
   QGroupBox* minimizing_ = nullptr;
   std::array<QRadioButton*, 2> options_{};
+  QGroupBox* operations_ = nullptr;
+  std::array<QRadioButton*, 2> places_{};  // of operations at work
   QGroupBox* speedPage_ = nullptr;
   QLabel* slower_ = nullptr;
   QLabel* faster_ = nullptr;
