@@ -102,6 +102,8 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
      [](Keyed parts) { EnterBeside(parts, false); }},
     {"Ctrl+Shift+Tab", Panes, "to the pane before it", "",
      [](Keyed parts) { EnterBeside(parts, true); }},
+    {"Ctrl+J", Window, "to the operations that run or wait, and back"},
+    {"Tab, Space, Escape", "operations", "from button to button; presses one; back to the list"},
     {"Escape", "lists",
      "stops reading and measuring; gives up a drag, a search by typing, a check for updates"},
     {"Ctrl+Q", AllLists, "ends the program", "mnuExit"},

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QScreen>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <cstddef>
 #include <string>
@@ -45,10 +46,11 @@ QPoint ReachablePlace(const QRect& window, const QScreen& screen) {
 
 }  // namespace
 
-MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
+MainWindow::MainWindow(shell::Master& master, const IconSource& icons, OperationViews& operations)
     : master_(master),
       form_(master.Form()),
       icons_(icons),
+      operations_(operations),
       menu_(master, icons, *menuBar()),
       surface_(new FormSurface(SurfaceActions(), this)),
       placesWindows_(!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))),
@@ -59,7 +61,7 @@ MainWindow::MainWindow(shell::Master& master, const IconSource& icons)
       strip_(form_, *surface_, [this](bool shift) { master_.CommandEnter(shift); }),
       others_(*this, [this] { master_.MenuClick("mPopRestore"); }) {
   setMinimumSize(LeastSize);
-  setCentralWidget(surface_);
+  LayOutStrip();
   menuBar()->setAccessibleName(QStringLiteral("Menu bar"));
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     PaneTitle*& title = titles_[pane];
@@ -107,9 +109,30 @@ void MainWindow::BindKeys() {
   };
   bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
   bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
+  bind(Qt::CTRL | Qt::Key_J, [this] { operations_.EnterOrLeave(); });
   bind(Qt::Key_F1, [this] { master_.KeyDown(lister::F1Key, 0); });
   bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
   bind(Qt::Key_F10, [this] { menuBar()->setActiveAction(menuBar()->actions().value(0)); });
+}
+
+// The operations at work have the lower edge, and the form what is left.
+void MainWindow::LayOutStrip() {
+  auto* const inside = new QWidget(this);
+  auto* const column = new QVBoxLayout(inside);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(surface_, 1);
+  column->addWidget(operations_.MakeStrip(
+      *this, [this] { LeaveOperations(); },
+      [this] {
+        if (!IsClosed()) form_.Touch();
+      }));
+  setCentralWidget(inside);
+}
+
+void MainWindow::LeaveOperations() {
+  QWidget* const typist = Typist();
+  (typist != nullptr && typist->isVisible() ? typist : keeper_)->setFocus();
 }
 
 FormSurface::Actions MainWindow::SurfaceActions() {
@@ -134,7 +157,8 @@ FormSurface::Actions MainWindow::SurfaceActions() {
 }
 
 void MainWindow::Sync() {
-  setWindowTitle(ToWindowTitle(form_.Caption));
+  const QString title = ToWindowTitle(form_.Caption);
+  setWindowTitle(operations_.AnyAsks() ? QStringLiteral("Question - ") + title : title);
   menu_.Sync();
   SyncToolbar();
   SyncColours();

@@ -22,6 +22,7 @@
 #include "ui/main/NoRoomLabel.h"
 #include "ui/main/OtherWindows.h"
 #include "ui/main/PaneTitle.h"
+#include "ui/operation/OperationViews.h"
 #include "ui/toolkit/FormWindow.h"
 #include "ui/toolkit/IconSource.h"
 #include "ui/toolkit/SkinPalettes.h"
@@ -30,7 +31,7 @@ namespace tarnwell::ui {
 
 class MainWindow : public QMainWindow, public FormWindow {
  public:
-  MainWindow(shell::Master& master, const IconSource& icons);
+  MainWindow(shell::Master& master, const IconSource& icons, OperationViews& operations);
   ~MainWindow() override;
 
   QWidget& Widget() override { return *this; }
@@ -56,6 +57,8 @@ class MainWindow : public QMainWindow, public FormWindow {
   void TakeKeyboard();
   void EnterControls(lister::ListId (*listOf)(int));  // of the active pane's list
   void PressMenuKey();
+  void LayOutStrip();
+  void LeaveOperations();
   bool IsRows(const QWidget* widget) const;  // of a list, where its keys go
   bool HasKeyboard(lister::ListId list) const;
   QWidget* Typist() const;
@@ -70,6 +73,7 @@ class MainWindow : public QMainWindow, public FormWindow {
   shell::Master& master_;
   workspace::MainForm& form_;
   const IconSource& icons_;
+  OperationViews& operations_;
   MainMenu menu_;
   FormSurface* surface_;
   const bool placesWindows_;  // Wayland keeps it to itself where windows stand

@@ -1,0 +1,224 @@
+#include "ui/operation/OperationRow.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "lister/rows/CellText.h"
+#include "ui/toolkit/Convert.h"
+
+namespace tarnwell::ui {
+namespace {
+
+using fileops::OperationDeed;
+using fileops::OperationRecord;
+
+// Logical pixels.
+constexpr int RowSideMargin = 8;
+constexpr int RowLeading = 4;
+constexpr int RowColumnGap = 8;
+constexpr int RowPictureEdge = 16;
+constexpr int BarWidth = 180;
+constexpr int StatusWidth = 230;  // so that the bars of all rows stand in line
+// With less, what it does stands above how far it has come.
+constexpr int OneLineWidth = 880;
+// Speed and time left are read, so they stand still a while.
+constexpr std::int64_t StatusTime = 1000;  // milliseconds
+
+// Changes nothing where it is so already.
+void SetShown(QWidget& widget, bool on) {
+  if (widget.isHidden() == on) widget.setVisible(on);
+}
+
+}  // namespace
+
+OperationRow::OperationRow(platform::OperationId operation, fileops::OperationQueue& queue,
+                           const OperationTools& tools, QWidget* parent)
+    : QFrame(parent),
+      operation_(operation),
+      queue_(queue),
+      tools_(tools),
+      grid_(new QGridLayout(this)),
+      picture_(new QLabel(this)),
+      title_(new ElidedLabel(this)),
+      bar_(new QProgressBar(this)),
+      status_(new QLabel(this)),
+      buttons_(new QWidget(this)),
+      details_(new QWidget(this)) {
+  setObjectName(QStringLiteral("OperationRow"));
+  grid_->setContentsMargins(RowSideMargin, RowLeading, RowSideMargin, RowLeading);
+  grid_->setHorizontalSpacing(RowColumnGap);
+  grid_->setVerticalSpacing(RowLeading);
+  picture_->setFixedWidth(RowPictureEdge);
+  bar_->setAlignment(Qt::AlignCenter);
+  status_->setTextFormat(Qt::PlainText);
+
+  auto* const line = new QHBoxLayout(buttons_);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->setSpacing(RowLeading);
+  line->addStretch();
+  for (std::size_t i = 0; i < deeds_.size(); ++i) {
+    const auto deed = static_cast<OperationDeed>(i);
+    deeds_.at(i) = &AddButton(ToQString(fileops::CaptionOf(deed)));
+    connect(deeds_.at(i), &QToolButton::clicked, this,
+            [this, deed] { fileops::Do(deed, queue_, operation_); });
+  }
+  unfold_ = &AddButton(QStringLiteral("Details"));
+  unfold_->setCheckable(true);
+  unfold_->setArrowType(Qt::RightArrow);
+  unfold_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  unfold_->show();
+  connect(unfold_, &QToolButton::toggled, this, [this](bool on) {
+    unfold_->setArrowType(on ? Qt::DownArrow : Qt::RightArrow);
+    details_->setVisible(on);
+    if (const OperationRecord* const record = queue_.Find(operation_)) ShowDetails(*record);
+  });
+
+  auto* const facts = new QGridLayout(details_);
+  facts->setContentsMargins(0, 0, 0, RowLeading);
+  facts->setHorizontalSpacing(RowColumnGap);
+  facts->setVerticalSpacing(RowLeading);
+  facts->setColumnStretch(1, 1);
+  from_ = &AddDetail(*facts, QStringLiteral("From:"));
+  to_ = &AddDetail(*facts, QStringLiteral("To:"));
+  amount_ = &AddDetail(*facts, QStringLiteral("Done:"));
+  details_->hide();
+  Arrange();
+}
+
+QToolButton& OperationRow::AddButton(const QString& caption) {
+  auto* const button = new QToolButton(buttons_);
+  button->setText(caption);
+  button->setAutoRaise(false);
+  // The mouse leaves the keyboard where it is.
+  button->setFocusPolicy(Qt::TabFocus);
+  button->hide();
+  buttons_->layout()->addWidget(button);
+  return *button;
+}
+
+ElidedLabel& OperationRow::AddDetail(QGridLayout& grid, const QString& caption) {
+  auto* const text = new ElidedLabel(details_);
+  auto* const head = new QLabel(caption, details_);
+  const int row = grid.rowCount();
+  grid.addWidget(head, row, 0);
+  grid.addWidget(text, row, 1);
+  return *text;
+}
+
+// One line, or two of them.
+void OperationRow::Arrange() {
+  grid_->addWidget(picture_, 0, 0);
+  grid_->addWidget(title_, 0, 1, 1, isNarrow_ ? 3 : 1);
+  grid_->addWidget(bar_, isNarrow_ ? 1 : 0, isNarrow_ ? 1 : 2);
+  grid_->addWidget(status_, isNarrow_ ? 1 : 0, isNarrow_ ? 2 : 3);
+  grid_->addWidget(buttons_, isNarrow_ ? 1 : 0, isNarrow_ ? 3 : 4);
+  grid_->addWidget(details_, 2, 1, 1, 4);
+  grid_->setColumnStretch(1, 1);
+  bar_->setMinimumWidth(isNarrow_ ? 60 : BarWidth);
+  bar_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : BarWidth);
+  status_->setMinimumWidth(isNarrow_ ? 0 : StatusWidth);
+}
+
+void OperationRow::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  if (std::exchange(isNarrow_, width() < OneLineWidth) != isNarrow_) Arrange();
+}
+
+void OperationRow::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) shownPicture_.clear();
+}
+
+void OperationRow::Show(const OperationRecord& record, bool isNext) {
+  ShowName(ToShownQString(record.Title));
+  ShowPicture(record.IsAsking ? "question" : fileops::PictureOf(record));
+  const int percent = fileops::PercentOf(record);
+  if (bar_->maximum() != (percent < 0 ? 0 : 100)) bar_->setRange(0, percent < 0 ? 0 : 100);
+  bar_->setValue(std::max(percent, 0));
+  ShowStatus(record);
+  ShowDeeds(record, isNext);
+  if (details_->isVisible()) ShowDetails(record);
+}
+
+// A button that goes hands the keyboard to what stands in its place, "Pause" to "Continue": the
+// toolkit would give it to the next one, "Cancel".
+void OperationRow::ShowDeeds(const OperationRecord& record, bool isNext) {
+  const auto isOffered = [&](std::size_t at) {
+    return fileops::CanDo(static_cast<OperationDeed>(at), record, isNext);
+  };
+  bool losesKeyboard = false;
+  for (std::size_t at = 0; at < deeds_.size(); ++at) {
+    if (isOffered(at)) SetShown(*deeds_.at(at), true);
+    losesKeyboard |= deeds_.at(at)->hasFocus() && !isOffered(at);
+  }
+  if (losesKeyboard) {
+    std::size_t at = 0;
+    while (at < deeds_.size() && !isOffered(at)) ++at;
+    (at < deeds_.size() ? deeds_.at(at) : unfold_)->setFocus(Qt::TabFocusReason);
+  }
+  for (std::size_t at = 0; at < deeds_.size(); ++at) {
+    if (!isOffered(at)) SetShown(*deeds_.at(at), false);
+  }
+}
+
+void OperationRow::ShowName(const QString& title) {
+  if (shownTitle_ == title) return;
+  shownTitle_ = title;
+  title_->ShowText(title);
+  setAccessibleName(title);
+  bar_->setAccessibleName(QStringLiteral("Progress: %1").arg(title));
+  for (QToolButton* const button : buttons_->findChildren<QToolButton*>()) {
+    button->setAccessibleName(QStringLiteral("%1: %2").arg(button->text(), title));
+  }
+}
+
+void OperationRow::ShowPicture(std::string_view name) {
+  if (shownPicture_ == name) return;
+  shownPicture_ = name;
+  picture_->setPixmap(
+      tools_.Icons.Own(name).pixmap(QSize(RowPictureEdge, RowPictureEdge), devicePixelRatio()));
+}
+
+void OperationRow::ShowStatus(const OperationRecord& record) {
+  const std::int64_t now = tools_.Clock.Ticks();
+  const bool isAtWork = record.State == fileops::OperationState::Running && !record.IsPaused &&
+                        !record.IsAsking && !record.IsCancelling;
+  const bool stands = isAtWork && statusAt_ != 0 && now - statusAt_ < StatusTime;
+  if (stands) return;
+  statusAt_ = isAtWork ? now : 0;
+  const QString text = ToShownQString(fileops::StatusOf(record, tools_.Forms));
+  if (status_->text() != text) status_->setText(text);
+  QFont font = status_->font();
+  if (font.bold() != record.IsAsking) {
+    font.setBold(record.IsAsking);
+    status_->setFont(font);
+  }
+}
+
+void OperationRow::ShowDetails(const OperationRecord& record) {
+  const auto isSimple = [](const platform::OperationRequest& request) {
+    return (request.Flags & platform::SimpleProgress) != 0;
+  };
+  const bool hasNames = !std::ranges::any_of(record.Order.Requests, isSimple);
+  const auto show = [&](ElidedLabel& label, const std::string& text) {
+    label.ShowText(text.empty() ? QStringLiteral("-") : ToShownQString(text));
+  };
+  show(*from_, hasNames ? record.Report.From : "");
+  show(*to_, hasNames ? record.Report.To : "");
+  show(*amount_, fileops::AmountOf(record, tools_.Forms));
+}
+
+void OperationRow::Enter() {
+  const auto shown = std::ranges::find_if_not(deeds_, &QWidget::isHidden);
+  (shown == deeds_.end() ? unfold_ : *shown)->setFocus(Qt::TabFocusReason);
+}
+
+std::vector<QWidget*> OperationRow::Buttons() const {
+  std::vector<QWidget*> buttons(deeds_.begin(), deeds_.end());
+  buttons.push_back(unfold_);
+  return buttons;
+}
+
+}  // namespace tarnwell::ui
