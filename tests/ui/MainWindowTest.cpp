@@ -1,4 +1,5 @@
 #include "TestApplication.h"
+#include "fakes/FakeOperationEngine.h"
 #include "shell/TestRun.h"
 #include "ui/list/ListerRow.h"
 #include "ui/main/MainWindow.h"
@@ -63,8 +64,15 @@ class MainWindowTest : public testing::Test {
   shell::TestMachine Machine;
   shell::TestRun Run{Machine};
   IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
-  MainWindow Window{Run.Main(), Icons};
-  QWidget& Inside = *Window.centralWidget();
+  fakes::FakeOperationEngine Engine;
+  fileops::UndoHistory History;
+  fileops::OperationQueue Queue{Engine, Machine.Clock, Machine.Files.Syntax(), Machine.Forms,
+                                History};
+  OperationViews Views{Queue,
+                       {Machine.Files.Syntax(), Machine.Clock, Machine.Forms, Icons},
+                       [this] { return Run.Space().Settings.OperationsInWindow; }};
+  MainWindow Window{Run.Main(), Icons, Views};
+  QWidget& Inside = *Window.centralWidget()->findChild<QWidget*>({}, Qt::FindDirectChildrenOnly);
 };
 
 TEST_F(MainWindowTest, GivesLargeLettersRoom) {

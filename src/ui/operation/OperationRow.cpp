@@ -20,6 +20,7 @@ constexpr int RowLeading = 4;
 constexpr int RowColumnGap = 8;
 constexpr int RowPictureEdge = 16;
 constexpr int BarWidth = 180;
+constexpr int LeastBarWidth = 60;
 constexpr int StatusWidth = 230;  // so that the bars of all rows stand in line
 // With less, what it does stands above how far it has come.
 constexpr int OneLineWidth = 880;
@@ -43,7 +44,7 @@ OperationRow::OperationRow(platform::OperationId operation, fileops::OperationQu
       picture_(new QLabel(this)),
       title_(new ElidedLabel(this)),
       bar_(new QProgressBar(this)),
-      status_(new QLabel(this)),
+      status_(new ElidedLabel(this)),
       buttons_(new QWidget(this)),
       details_(new QWidget(this)) {
   setObjectName(QStringLiteral("OperationRow"));
@@ -52,7 +53,6 @@ OperationRow::OperationRow(platform::OperationId operation, fileops::OperationQu
   grid_->setVerticalSpacing(RowLeading);
   picture_->setFixedWidth(RowPictureEdge);
   bar_->setAlignment(Qt::AlignCenter);
-  status_->setTextFormat(Qt::PlainText);
 
   auto* const line = new QHBoxLayout(buttons_);
   line->setContentsMargins(0, 0, 0, 0);
@@ -110,15 +110,22 @@ ElidedLabel& OperationRow::AddDetail(QGridLayout& grid, const QString& caption) 
 // One line, or two of them.
 void OperationRow::Arrange() {
   grid_->addWidget(picture_, 0, 0);
-  grid_->addWidget(title_, 0, 1, 1, isNarrow_ ? 3 : 1);
-  grid_->addWidget(bar_, isNarrow_ ? 1 : 0, isNarrow_ ? 1 : 2);
-  grid_->addWidget(status_, isNarrow_ ? 1 : 0, isNarrow_ ? 2 : 3);
-  grid_->addWidget(buttons_, isNarrow_ ? 1 : 0, isNarrow_ ? 3 : 4);
+  grid_->addWidget(title_, 0, 1);
+  if (isNarrow_) {
+    grid_->addWidget(status_, 0, 2);
+    grid_->addWidget(bar_, 1, 1);
+    grid_->addWidget(buttons_, 1, 2);
+  } else {
+    grid_->addWidget(bar_, 0, 2);
+    grid_->addWidget(status_, 0, 3);
+    grid_->addWidget(buttons_, 0, 4);
+  }
   grid_->addWidget(details_, 2, 1, 1, 4);
   grid_->setColumnStretch(1, 1);
-  bar_->setMinimumWidth(isNarrow_ ? 60 : BarWidth);
-  bar_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : BarWidth);
+  status_->setAlignment((isNarrow_ ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   status_->setMinimumWidth(isNarrow_ ? 0 : StatusWidth);
+  bar_->setMinimumWidth(isNarrow_ ? LeastBarWidth : BarWidth);
+  bar_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : BarWidth);
 }
 
 void OperationRow::resizeEvent(QResizeEvent* event) {
@@ -189,7 +196,7 @@ void OperationRow::ShowStatus(const OperationRecord& record) {
   if (stands) return;
   statusAt_ = isAtWork ? now : 0;
   const QString text = ToShownQString(fileops::StatusOf(record, tools_.Forms));
-  if (status_->text() != text) status_->setText(text);
+  status_->ShowText(text);
   QFont font = status_->font();
   if (font.bold() != record.IsAsking) {
     font.setBold(record.IsAsking);

@@ -53,7 +53,7 @@ class OperationRow : public QFrame {
   QLabel* picture_;
   ElidedLabel* title_;
   QProgressBar* bar_;
-  QLabel* status_;
+  ElidedLabel* status_;
   QWidget* buttons_;
   std::array<QToolButton*, fileops::OperationDeedCount> deeds_{};  // by OperationDeed
   QToolButton* unfold_ = nullptr;

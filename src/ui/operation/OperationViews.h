@@ -33,13 +33,14 @@ class OperationViews : public QObject {
   // The keyboard goes to the operations, wherever they are, or back from there. Nothing without
   // operations to show.
   void EnterOrLeave();
+  // Shows at once what would be shown soon.
+  void Refresh();
 
  private:
   using Records = std::vector<const fileops::OperationRecord*>;
 
   Records TakeShown();
   void RefreshSoon();
-  void Refresh();
   void ShowWindow(const Records& records);
   void Dismiss();
   void Leave();
