@@ -8,6 +8,8 @@
 
 #include "app/CommandArguments.h"
 #include "app/Platform.h"
+#include "fileops/OperationQueue.h"
+#include "fileops/UndoHistory.h"
 #include "lists/ShowCut.h"
 #include "shell/Application.h"
 #include "ui/forms/AcknowWindow.h"
@@ -25,7 +27,9 @@
 #include "ui/forms/TipWindow.h"
 #include "ui/forms/UpdateWindow.h"
 #include "ui/main/MainWindow.h"
+#include "ui/operation/OperationViews.h"
 #include "ui/operation/QtFileOperation.h"
+#include "ui/operation/QtOperationEngine.h"
 #include "ui/properties/QtItemWindows.h"
 #include "ui/services/GuardedApplication.h"
 #include "ui/services/MessageFilter.h"
@@ -112,6 +116,11 @@ int main(int argc, char** argv) {
   const ui::OperationTools operationTools{files.Syntax(), *system.Clock, forms, icons};
   ui::QtFileOperation operation(system.RunOperation, system.RefuseOperation, operationTools,
                                 system.IsFar);
+  ui::QtOperationEngine engine({system.RunOperation, system.RefuseOperation, system.VolumesOf,
+                                system.FingerprintOf, system.IsFar},
+                               operationTools);
+  fileops::UndoHistory history;
+  fileops::OperationQueue queue(engine, *system.Clock, files.Syntax(), forms, history);
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
@@ -155,6 +164,9 @@ int main(int argc, char** argv) {
                                   log.get(),
                                   std::move(arguments.Folders)},
                                  ProgramVersion);
+  ui::OperationViews operations(queue, operationTools, [&application] {
+    return application.MainObject().Space().Settings.OperationsInWindow;
+  });
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
     return std::make_unique<ui::SplashWindow>(form, programIcon);
   });
@@ -162,7 +174,7 @@ int main(int argc, char** argv) {
       [](shell::frmAcknow& form) { return std::make_unique<ui::AcknowWindow>(form); });
   QPointer<QWidget> mainWindow;
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
-    auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons);
+    auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons, operations);
     popups.SetWindow(window.get());
     mainWindow = window.get();
     return window;
