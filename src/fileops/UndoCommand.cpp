@@ -107,11 +107,13 @@ bool UndoCommand::MayBegin(UndoWay way) {
     if (TextOf(*step, way) == text) break;
     work = WorkSince(*step);
   }
-  const platform::OperationRequest request = InverseOf(*step, way);
-  const std::string refusal =
-      request.Items.empty() ? "" : services_.Operations.Refusal(request.Function, request.Items);
-  if (!refusal.empty()) services_.Messages.Message(refusal, forms::MessageKind::Ok);
-  return refusal.empty();
+  for (const platform::OperationRequest& request : InverseOf(*step, way)) {
+    const std::string refusal = services_.Operations.Refusal(request.Function, request.Items);
+    if (refusal.empty()) continue;
+    services_.Messages.Message(refusal, forms::MessageKind::Ok);
+    return false;
+  }
+  return true;
 }
 
 std::string UndoCommand::WorkSince(const UndoStep& step) const {
@@ -126,7 +128,7 @@ void UndoCommand::Start(UndoWay way) {
   const auto step = std::make_shared<UndoStep>(services_.History.Take(way));
   platform::OperationOrder order{
       .Kind = way == UndoWay::Undo ? CommandKind::Undo : CommandKind::Redo,
-      .Requests = {InverseOf(*step, way)},
+      .Requests = InverseOf(*step, way),
       .Title = Named(WordsOf(way).Doing, TextOf(*step, way))};
   lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
   const lister::ListId list = workspace_.CurrentList;
@@ -138,7 +140,7 @@ void UndoCommand::Start(UndoWay way) {
         FollowItems(
             services_.History, way, *step, result, services_.Files.Syntax(),
             [this](const std::string& path) { return services_.Engine.Fingerprint(path, false); });
-        UndoStep after = StepAfter(*step, result);
+        UndoStep after = StepAfter(*step, way, result);
         after.Operation = operation;
         const bool wasDone = !after.Items.empty() || after.Irrevocable > 0;
         const std::string text = TextOf(*step, way);

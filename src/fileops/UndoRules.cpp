@@ -61,9 +61,19 @@ std::string_view PathToCall(const UndoStep& step, UndoWay way) {
   return wasFirst ? item.From : item.To;
 }
 
+TakeBack ActOf(const UndoStep& step, UndoWay way) {
+  return way == UndoWay::Undo ? RowOf(step).Undo : RowOf(step).Redo;
+}
+
 // Where the volume takes both for the same name, a move would find the item itself in its way.
 bool ChangesCaseAlone(const DoneItem& item) {
   return item.From != item.To && base::ToCapitals(item.From) == base::ToCapitals(item.To);
+}
+
+bool IsAlike(platform::ItemFingerprint left, const platform::ItemFingerprint& right) {
+  left.Device = right.Device;
+  left.Number = right.Number;
+  return left == right;
 }
 
 std::uint16_t FlagsOf(TakeBack act) {
@@ -90,28 +100,36 @@ std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& 
   return std::string(row.One) + "\"" + base::Shorten(name, longest, head, tail) + "\"";
 }
 
-platform::OperationRequest InverseOf(const UndoStep& step, UndoWay way) {
-  platform::OperationRequest request;
-  if (step.Items.empty()) return request;
+std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay way) {
   if (step.Items.size() == 1 && ChangesCaseAlone(step.Items[0])) {
     const DoneItem& item = step.Items[0];
-    return {.Function = platform::FileFunction::Rename,
-            .Items = base::ItemList::TextOf({item.To}),
-            .Destination = base::ItemList::TextOf({item.From}),
-            .Flags = 0,
-            .Expected = {item.Print}};
+    return {{.Function = platform::FileFunction::Rename,
+             .Items = base::ItemList::TextOf({item.To}),
+             .Destination = base::ItemList::TextOf({item.From}),
+             .Flags = 0,
+             .Expected = {item.Print}}};
   }
-  const TakeBack act = way == UndoWay::Undo ? RowOf(step).Undo : RowOf(step).Redo;
-  const bool isDeleted = act == TakeBack::ToTrash;
-  request.Function = isDeleted ? platform::FileFunction::Delete : platform::FileFunction::Move;
-  request.Flags = FlagsOf(act);
+  const TakeBack act = ActOf(step, way);
+  platform::OperationRequest moved{.Function = platform::FileFunction::Move,
+                                   .Items = {},
+                                   .Destination = {},
+                                   .Flags = FlagsOf(act)};
+  platform::OperationRequest made{.Function = platform::FileFunction::Delete,
+                                  .Items = {},
+                                  .Destination = base::ItemList::TextOf({""}),
+                                  .Flags = FlagsOf(TakeBack::ToTrash)};
   for (const DoneItem& item : step.Items) {
+    const bool isMade = act == TakeBack::ToTrash || item.From.empty();
+    platform::OperationRequest& request = isMade ? made : moved;
     base::ItemList::Add(request.Items, item.To);
-    if (!isDeleted) base::ItemList::Add(request.Destination, item.From);
+    if (!isMade) base::ItemList::Add(request.Destination, item.From);
     request.Expected.push_back(item.Print);
   }
-  if (isDeleted) base::ItemList::Add(request.Destination, "");
-  return request;
+  std::vector<platform::OperationRequest> requests;
+  for (platform::OperationRequest* const request : {&moved, &made}) {
+    if (!request->Items.empty()) requests.push_back(std::move(*request));
+  }
+  return requests;
 }
 
 void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
@@ -140,9 +158,10 @@ void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
       if (const auto found = returns.find(above); found != returns.end()) {
         item.To.replace(0, above.size(), found->second.Now->To);
         if (!found->second.IsOther) return;
-        const platform::ItemFingerprint now = fingerprint(item.To);
-        item.Print.Device = now.Device;
-        item.Print.Number = now.Number;
+        // It may be elsewhere, by a step that is to be taken before.
+        platform::ItemFingerprint now = fingerprint(item.To);
+        now.Below = item.Print.Below;
+        if (IsAlike(now, item.Print)) item.Print = now;
         return;
       }
       if (syntax.ParentOf(above) == above || above.empty()) return;
@@ -150,9 +169,17 @@ void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
   });
 }
 
-UndoStep StepAfter(const UndoStep& step, const platform::OperationResult& result) {
+UndoStep StepAfter(const UndoStep& step, UndoWay way, const platform::OperationResult& result) {
   UndoStep after{
       .Kind = step.Kind, .Items = result.Done, .Colours = {}, .Irrevocable = result.Irrevocable};
+  if (ActOf(step, way) == TakeBack::Back) {
+    // What a move that was given up had copied so far is nothing to be done again.
+    std::unordered_set<std::string_view> made;
+    for (const DoneItem& item : step.Items) {
+      if (item.From.empty()) made.insert(item.To);
+    }
+    std::erase_if(after.Items, [&](const DoneItem& item) { return made.contains(item.From); });
+  }
   // What lies below a folder was looked at before it went, and nothing else came back.
   std::unordered_map<std::string_view, std::uint64_t> below;
   for (const DoneItem& item : step.Items) {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "base/PathSyntax.h"
 #include "fileops/UndoHistory.h"
@@ -18,7 +19,7 @@ std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& 
 
 // Takes back what the step has made, moved or trashed. What it has made goes to the trash, as long
 // as it is unchanged; a taken name and a missing folder are asked about. Nothing for colours.
-platform::OperationRequest InverseOf(const UndoStep& step, UndoWay way);
+std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay way);
 
 // Items that came back under another path than they had, or as others (a volume numbers anew what
 // comes from another one): the steps still to be taken that way go by where they are now, and what.
@@ -29,7 +30,7 @@ void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
                  const Fingerprint& fingerprint);
 
 // The step that goes back to what that came to.
-UndoStep StepAfter(const UndoStep& step, const platform::OperationResult& result);
+UndoStep StepAfter(const UndoStep& step, UndoWay way, const platform::OperationResult& result);
 // What of the step is still as it was.
 UndoStep RestOf(UndoStep step, const platform::OperationResult& result);
 

@@ -11,6 +11,7 @@ namespace {
 
 using platform::CommandKind;
 using Texts = std::vector<std::string>;
+using namespace std::string_literals;
 
 UndoStep StepOf(CommandKind kind, std::vector<platform::DoneItem> items = {{"/a/x", "/b/y", {}}}) {
   return {.Kind = kind, .Items = std::move(items)};
@@ -51,7 +52,9 @@ TEST(UndoRules, SayWhatTakesAStepBackAndWhatItIsCalled) {
     const char *Undo, *UndoText, *Redo, *RedoText;
   };
   const auto tell = [](const UndoStep& step, UndoWay way) {
-    const platform::OperationRequest request = InverseOf(step, way);
+    const auto requests = InverseOf(step, way);
+    EXPECT_EQ(requests.size(), 1U);
+    const platform::OperationRequest& request = requests.at(0);
     EXPECT_EQ(request.Expected.size(), step.Items.size());
     std::string text = std::to_string(static_cast<int>(request.Function)) + " " + request.Items +
                        "> " + request.Destination + " " + std::to_string(request.Flags);
@@ -91,12 +94,22 @@ TEST(UndoRules, KeepWhatWasGivenUpAndWhatLiesBelow) {
   UndoStep step = StepOf(CommandKind::Copy, {{"", "/b/one", {}}, {"", "/b/two", {}}});
   step.Items[0].Print.Below = 7;
   const platform::OperationResult result{.Done = {{"/b/one", "/trash/one", {.Number = 3}}}};
-  const UndoStep after = StepAfter(step, result);
+  const UndoStep after = StepAfter(step, UndoWay::Undo, result);
   ASSERT_EQ(after.Items.size(), 1U);
   EXPECT_EQ(after.Items[0].Print, (platform::ItemFingerprint{.Number = 3, .Below = 7}));
   const UndoStep rest = RestOf(step, result);
   ASSERT_EQ(rest.Items.size(), 1U);
   EXPECT_EQ(rest.Items[0].To, "/b/two");
+
+  // A move that was given up has left a copy.
+  step = StepOf(CommandKind::Move, {{"/a/one", "/b/one", {}}, {"", "/b/copy", {}}});
+  const auto requests = InverseOf(step, UndoWay::Undo);
+  ASSERT_EQ(requests.size(), 2U);
+  EXPECT_EQ(requests[0].Items + requests[0].Destination, "/b/one\0/a/one\0"s);
+  EXPECT_EQ(requests[1].Items, "/b/copy\0"s);
+  EXPECT_EQ(requests[1].Flags, platform::AllowUndo | platform::NeverForGood);
+  EXPECT_TRUE(
+      StepAfter(step, UndoWay::Undo, {.Done = {{"/b/copy", "/trash/copy", {}}}}).Items.empty());
 }
 
 TEST(UndoColours, GoBackToWhatTheyWereUnlessTheyHaveChangedSince) {
