@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <functional>
 #include <iterator>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -164,11 +163,6 @@ class FileOperation {
   // volumes, the home folder, the program's folder and what holds one of them stay, and so does
   // what another operation works in.
   virtual std::string Refusal(FileFunction function, const std::string& items) const = 0;
-
-  // Returns when the work is done or given up. Going away: to be replaced by Start.
-  virtual OperationResult Run(const OperationRequest& /*request*/) {
-    throw std::logic_error("nobody waits for an operation here");
-  }
 };
 
 }  // namespace tarnwell::platform

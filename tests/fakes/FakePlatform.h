@@ -213,8 +213,8 @@ class FakeLauncher : public platform::Launcher {
   }
 };
 
-// Notes what is asked for; a test may do the work.
-// Does its work at once, unless it is told to hold it back until Finish.
+// Notes what is asked for; a test may do the work. What follows is done at once, unless it is to be
+// held back until Finish.
 class FakeFileOperation : public platform::FileOperation {
  public:
   std::vector<platform::OperationRequest> Requests;
@@ -225,15 +225,13 @@ class FakeFileOperation : public platform::FileOperation {
   std::vector<platform::PlacedItem> Placed;                     // given with it
   bool Holds = false;
 
-  platform::OperationResult Run(const platform::OperationRequest& request) override {
-    Requests.push_back(request);
-    return {.Code = OnRun ? OnRun(request) : 0, .Placed = Placed};
-  }
   platform::OperationId Start(platform::OperationOrder order) override {
     Kinds.push_back(order.Kind);
     platform::OperationResult all;
-    for (const platform::OperationRequest& request : order.Requests)
-      platform::Add(all, Run(request));
+    for (const platform::OperationRequest& request : order.Requests) {
+      Requests.push_back(request);
+      platform::Add(all, {.Code = OnRun ? OnRun(request) : 0, .Placed = Placed});
+    }
     results_.push_back(std::move(all));
     return results_.size();
   }

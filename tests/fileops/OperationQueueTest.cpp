@@ -185,7 +185,8 @@ TEST_F(OperationQueueTest, FollowsEveryEnd) {
 TEST_F(OperationQueueTest, ComesToItsEndWithTheProgram) {
   bool isIdle = false;
   Follow(Start("C:\\a", "C:\\b\\"), "runs");
-  const OperationId waits = Start("C:\\c", "C:\\d\\");
+  const OperationId waits = Start("C:\\c", "D:\\d\\");
+  Follow(Start("D:\\e", "D:\\f\\"), "taken away");
   Queue.WhenDone(waits, [this](const OperationResult&) {
     Follow(Start("Z:\\new", "Z:\\x\\"), "started meanwhile");
   });
@@ -193,18 +194,22 @@ TEST_F(OperationQueueTest, ComesToItsEndWithTheProgram) {
   Queue.WhenIdle([&] { isIdle = true; });
   Queue.CancelAll();
   EXPECT_EQ(Engine.Calls(0) + Shown(), "pl1rqc ");
-  EXPECT_EQ(Take().back(), "started meanwhile aborted");
+  EXPECT_EQ(std::ranges::count(Log, "started meanwhile aborted"), 1);
+  EXPECT_EQ(Take().back(), "taken away aborted");
   EXPECT_FALSE(isIdle);
   Engine.Done(0, {.Aborted = true});
   EXPECT_TRUE(isIdle);
   EXPECT_EQ(Take().back(), "runs aborted");
   // The end was called off; and one that lets work go on, with what waits.
-  Follow(Start("C:\\a", "C:\\b\\"), "never");
-  Start("C:\\c", "C:\\d\\");
-  isIdle = false;
-  Queue.DropContinuations();
-  Queue.WhenIdle([&] { isIdle = true; });
-  Follow(4, "never");
+  const OperationId last = Start("C:\\a", "C:\\b\\");
+  Queue.WhenDone(last, [&](const OperationResult&) {
+    isIdle = false;
+    Queue.DropContinuations();
+    Queue.WhenIdle([&] { isIdle = true; });
+    Follow(last, "never");
+  });
+  Follow(last, "never");
+  Follow(Start("C:\\c", "C:\\d\\"), "never");
   Engine.Done(1);
   EXPECT_FALSE(isIdle);
   Engine.Done(2);

@@ -23,7 +23,7 @@ class QtFileOperation : public platform::FileOperation {
   // closes the window after it. A call during another one does nothing, and comes back as aborted.
   // When the program is asked to end, the operation is cancelled and its end awaited. One that is
   // cancelled while another machine keeps it is left to itself.
-  platform::OperationResult Run(const platform::OperationRequest& request) override;
+  platform::OperationResult Run(const platform::OperationRequest& request);
   platform::OperationId Start(platform::OperationOrder order) override;
   void WhenDone(platform::OperationId operation, platform::OperationDone then) override;
   void NoteDone(platform::CommandKind, const std::vector<platform::PlacedItem>&) override {}
