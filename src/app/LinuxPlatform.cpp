@@ -20,6 +20,7 @@
 #include "platform/linux/operation/RunOperation.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/system/LinuxCollation.h"
+#include "platform/linux/system/LinuxDesktopNotices.h"
 #include "platform/linux/system/LinuxDrives.h"
 #include "platform/linux/system/LinuxLibraries.h"
 #include "platform/linux/system/LinuxLogFile.h"
@@ -60,6 +61,33 @@ Desktop MakeDesktop(const DesktopTools& tools, const platform::FarCalls& calls) 
           std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr)};
 }
 
+ui::OperationSystem OperationsBy(const platform::FarCalls& calls, const std::string& folder) {
+  ui::OperationSystem made;
+  made.Run = [folder](const platform::OperationRequest& request, platform::OperationUser& user) {
+    return platform::RunOperation(request, user, folder);
+  };
+  made.Refusal = [folder, calls](platform::FileFunction function, const std::string& items) {
+    std::vector<std::string> paths;
+    for (const std::string_view path : base::ItemList(items)) paths.emplace_back(path);
+    const auto refusal = std::make_shared<std::string>();
+    const base::Status status =
+        calls.RunAt(calls.PlaceOfItems(paths), [refusal, folder, function, items] {
+          *refusal = platform::ProtectedItems(folder).Refusal(function, items);
+        });
+    return status ? *refusal : status.Reason + ".";
+  };
+  made.VolumesOf = [calls](const platform::OperationRequest& request) {
+    return platform::VolumesOf(request, calls.Places());
+  };
+  made.Fingerprint = [calls](const std::string& path, bool isWhole) {
+    return calls.Get<platform::ItemFingerprint>(
+        path, [path, isWhole] { return platform::FingerprintOf(path, isWhole); }, {},
+        platform::LastLink::Itself);
+  };
+  made.IsFar = [calls](const std::string& path) { return calls.PlaceOf(path).has_value(); };
+  return made;
+}
+
 }  // namespace
 
 Platform MakePlatform(platform::MessagePump& pump) {
@@ -87,30 +115,8 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.UserSettings =
       std::make_unique<platform::LinuxUserSettings>(platform::LinuxUserSettings::UsualPath());
   made.LogFile = platform::LinuxLogFile::Open(std::getenv("TARNWELL_MSGLOG"), folder);
-  made.RunOperation = [folder](const platform::OperationRequest& request,
-                               platform::OperationUser& user) {
-    return platform::RunOperation(request, user, folder);
-  };
-  made.RefuseOperation = [folder, calls](platform::FileFunction function,
-                                         const std::string& items) {
-    std::vector<std::string> paths;
-    for (const std::string_view path : base::ItemList(items)) paths.emplace_back(path);
-    const auto refusal = std::make_shared<std::string>();
-    const base::Status status =
-        calls.RunAt(calls.PlaceOfItems(paths), [refusal, folder, function, items] {
-          *refusal = platform::ProtectedItems(folder).Refusal(function, items);
-        });
-    return status ? *refusal : status.Reason + ".";
-  };
-  made.VolumesOf = [calls](const platform::OperationRequest& request) {
-    return platform::VolumesOf(request, calls.Places());
-  };
-  made.FingerprintOf = [calls](const std::string& path, bool isWhole) {
-    return calls.Get<platform::ItemFingerprint>(
-        path, [path, isWhole] { return platform::FingerprintOf(path, isWhole); }, {},
-        platform::LastLink::Itself);
-  };
-  made.IsFar = [calls](const std::string& path) { return calls.PlaceOf(path).has_value(); };
+  made.Operations = OperationsBy(calls, folder);
+  made.Notices = std::make_unique<platform::LinuxDesktopNotices>("tarnwell");
   made.AnyCallsLeft = [calls] { return calls.AnyLeft(); };
   made.MakeDesktop = [calls](const DesktopTools& tools) { return MakeDesktop(tools, calls); };
   return made;

@@ -10,6 +10,7 @@
 
 #include "platform/Collation.h"
 #include "platform/ContextMenu.h"
+#include "platform/DesktopNotices.h"
 #include "platform/Dialogs.h"
 #include "platform/FileClipboard.h"
 #include "platform/FolderStamps.h"
@@ -26,7 +27,7 @@
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
 #include "platform/UserSettings.h"
-#include "ui/operation/QtFileOperation.h"
+#include "ui/operation/OperationSystem.h"
 
 namespace tarnwell::app {
 
@@ -74,13 +75,8 @@ struct Platform {
   std::unique_ptr<platform::ItemInspector> Inspector;
   std::unique_ptr<platform::UserSettings> UserSettings;
   std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
-  ui::OperationEngine RunOperation;
-  ui::OperationRefusal RefuseOperation;
-  // As platform::OperationEngine has them.
-  std::function<std::vector<std::string>(const platform::OperationRequest& request)> VolumesOf;
-  std::function<platform::ItemFingerprint(const std::string& path, bool isWhole)> FingerprintOf;
-  // Whether a call with the path may wait for another machine, and for ever.
-  ui::FarTest IsFar;
+  ui::OperationSystem Operations;
+  std::unique_ptr<platform::DesktopNotices> Notices;
   // Whether calls to other machines still run that nobody waits for.
   std::function<bool()> AnyCallsLeft;
   std::function<Desktop(const DesktopTools& tools)> MakeDesktop;

@@ -8,6 +8,7 @@
 
 #include "app/CommandArguments.h"
 #include "app/Platform.h"
+#include "fileops/OperationNotices.h"
 #include "fileops/OperationQueue.h"
 #include "fileops/UndoHistory.h"
 #include "lists/ShowCut.h"
@@ -28,9 +29,9 @@
 #include "ui/forms/UpdateWindow.h"
 #include "ui/main/MainWindow.h"
 #include "ui/operation/OperationViews.h"
-#include "ui/operation/QtFileOperation.h"
 #include "ui/operation/QtOperationEngine.h"
 #include "ui/properties/QtItemWindows.h"
+#include "ui/services/EndWithLastWindow.h"
 #include "ui/services/GuardedApplication.h"
 #include "ui/services/MessageFilter.h"
 #include "ui/services/QtDialogs.h"
@@ -54,11 +55,11 @@ const base::Version ProgramVersion{TARNWELL_VERSION_MAJOR, TARNWELL_VERSION_MINO
 // For the end that leaves no time for windows: the display has gone, and with it the way back into
 // main. What the user did is saved all the same, and no file is left half copied.
 shell::Application* runningApplication = nullptr;
-ui::QtFileOperation* runningOperation = nullptr;
+ui::QtOperationEngine* runningEngine = nullptr;
 ui::QtItemWindows* openItemWindows = nullptr;
 
 void SaveAtExit() {
-  if (runningOperation != nullptr) runningOperation->CancelAndWait();
+  if (runningEngine != nullptr) runningEngine->CancelAndWait();
   if (openItemWindows != nullptr) openItemWindows->CancelAndWait();
   if (runningApplication != nullptr) runningApplication->MainObject().SaveWithoutWindows();
 }
@@ -114,13 +115,9 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(programIcon);
 
   const ui::OperationTools operationTools{files.Syntax(), *system.Clock, forms, icons};
-  ui::QtFileOperation operation(system.RunOperation, system.RefuseOperation, operationTools,
-                                system.IsFar);
-  ui::QtOperationEngine engine({system.RunOperation, system.RefuseOperation, system.VolumesOf,
-                                system.FingerprintOf, system.IsFar},
-                               operationTools);
+  ui::QtOperationEngine engine(system.Operations, operationTools);
   fileops::UndoHistory history;
-  fileops::OperationQueue queue(engine, *system.Clock, files.Syntax(), forms, history);
+  fileops::OperationQueue operations(engine, *system.Clock, files.Syntax(), forms, history);
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
@@ -129,13 +126,10 @@ int main(int argc, char** argv) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
-  const auto endWork = [&](const std::function<void()>& then) {
-    operation.CancelThen([&popups, then] { popups.CloseThen(then); });
-  };
-  ui::QtTray tray(programIcon, endWork);
+  ui::QtTray tray(programIcon, [&](const auto& then) { popups.CloseThen(then); });
   ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
   const app::Desktop desktop =
-      system.MakeDesktop({clipboard, operation, dialogs, itemWindows, forms});
+      system.MakeDesktop({clipboard, operations, dialogs, itemWindows, forms});
 
   shell::Application application({host,
                                   files,
@@ -147,7 +141,9 @@ int main(int argc, char** argv) {
                                   *system.System,
                                   *system.Order,
                                   *desktop.Launcher,
-                                  operation,
+                                  operations,
+                                  engine,
+                                  history,
                                   *desktop.ItemMenus,
                                   popups,
                                   forms,
@@ -164,7 +160,7 @@ int main(int argc, char** argv) {
                                   log.get(),
                                   std::move(arguments.Folders)},
                                  ProgramVersion);
-  ui::OperationViews operations(queue, operationTools, [&application] {
+  ui::OperationViews views(operations, operationTools, [&application] {
     return application.MainObject().Space().Settings.OperationsInWindow;
   });
   host.Bind<shell::Splash>([&](shell::Splash& form) -> std::unique_ptr<ui::FormWindow> {
@@ -174,7 +170,7 @@ int main(int argc, char** argv) {
       [](shell::frmAcknow& form) { return std::make_unique<ui::AcknowWindow>(form); });
   QPointer<QWidget> mainWindow;
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
-    auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons, operations);
+    auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons, views);
     popups.SetWindow(window.get());
     mainWindow = window.get();
     return window;
@@ -205,45 +201,77 @@ int main(int argc, char** argv) {
   BindDialogs<fileops::popNewFolder, fileops::popCopyMove, fileops::popDelete, fileops::popRename>(
       host);
 
-  const std::shared_ptr<void> termination = app::WhenAskedToEnd([&] {
+  const auto bringForward = [&] {
+    if (!mainWindow) return;
+    application.MainObject().BringBack();
+    mainWindow->raise();
+    mainWindow->activateWindow();
+  };
+  // What the system or the session asks for: operations are given up, and then all ends.
+  const auto endNow = [&] {
     pump.Leave();
-    endWork([&] { application.RequestQuit(); });
-  });
+    operations.CancelAll();
+    operations.WhenIdle([&] {
+      popups.CloseThen([&] {
+        application.RequestQuit();
+        if (host.OpenForms().empty()) QCoreApplication::exit();
+      });
+    });
+  };
+  const std::shared_ptr<void> termination = app::WhenAskedToEnd(endNow);
+  qtApplication.MayQuit = [&] {
+    if (operations.IsIdle()) return true;
+    endNow();
+    return false;
+  };
   std::shared_ptr<void> otherCopies =
       app::WhenAskedToOpen([&](const std::vector<std::string>& folders, const std::string& token) {
         if (!application.StartForm().LoadFinished) return;
         application.MainObject().OpenFolders(folders);
-        if (!mainWindow) return;
         if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
-        mainWindow->raise();
-        mainWindow->activateWindow();
+        bringForward();
       });
+  // What the user has closed goes at once, and the process when the operations are done, and what
+  // they had to tell was seen.
+  host.AllGone = [&] {
+    otherCopies.reset();
+    clipboard.CutChanged = {};
+    itemWindows.Close();
+    operations.WhenIdle([&] {
+      QMetaObject::invokeMethod(&qtApplication, ui::EndWithLastWindow, Qt::QueuedConnection);
+    });
+  };
+  const fileops::OperationNotices notices(
+      operations, *system.Notices,
+      [] { return QGuiApplication::applicationState() == Qt::ApplicationActive; }, bringForward);
   clipboard.CutChanged = [&application](const std::string& items) {
     lists::ShowCut(application.MainObject().Space(), items);
   };
   runningApplication = &application;
-  runningOperation = &operation;
+  runningEngine = &engine;
   openItemWindows = &itemWindows;
   std::atexit(SaveAtExit);
 
   // Within the loop, so that an end asked for meanwhile leaves it.
   QTimer::singleShot(0, &qtApplication, [&] {
     application.Start();
-    if (host.OpenForms().empty()) QCoreApplication::quit();
+    if (host.OpenForms().empty()) QCoreApplication::exit();
   });
   QApplication::exec();
   otherCopies.reset();
-  // Whatever ended the loop (a session that logs out, say), the program ends as if closed.
+  // Whatever ended the loop, the program ends as if closed; what still runs now, nobody hears of.
   pump.Leave();
+  engine.CancelAndWait();
   application.RequestQuit();
+  application.MainObject().SaveWithoutWindows();
   // Windows that were closed last still look at what they showed.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   clipboard.CutChanged = {};
   runningApplication = nullptr;
-  runningOperation = nullptr;
+  runningEngine = nullptr;
   openItemWindows = nullptr;
   const int code = application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
-  const bool isQuiet = itemWindows.CancelAndWait() && !operation.AnyLeft();
+  const bool isQuiet = itemWindows.CancelAndWait() && !engine.AnyLeft();
   // Threads that other machines keep would use what ends here, should those answer at last. All
   // that is to be kept has been saved.
   if (!isQuiet || system.AnyCallsLeft()) std::_Exit(code);

@@ -8,6 +8,7 @@
 #include "commands/Keyboard.h"
 #include "fileops/DropItems.h"
 #include "fileops/NewFolder.h"
+#include "fileops/UndoCommand.h"
 #include "lists/ListCommands.h"
 #include "lists/Navigation.h"
 #include "workspace/FormLayout.h"
@@ -24,6 +25,7 @@ struct KeyParts {
   lists::ListCommands& Lists;
   fileops::NewFolder& NewFolder;
   fileops::DropCommand& Drop;
+  fileops::UndoCommand& Undo;
   forms::Messenger& Messages;
   KeyActions& Actions;
 };

@@ -19,7 +19,7 @@ class Tray {
   // Called from the event loop, and none after Remove.
   struct Events {
     std::function<void()> Restore;  // a click or double click with the main button, or the entry
-    std::function<void()> Exit;     // the entry; a file operation that runs has been cancelled
+    std::function<void()> Exit;     // the entry, once no menu is open any more
     std::function<void()> Gone;     // there is no notification area any more, and so no icon
   };
   // Puts the icon there. False where there is no notification area.

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/ItemList.h"
@@ -118,14 +119,17 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
       empty_(space_, TrashServices()),
       recycleBin_(space_, TrashServices(), services_.Order, services_.ItemWindows, empty_,
                   [this](const std::string& path) { OpenFolder(path); }),
+      undo_(space_, {services_.Operation, services_.History, services_.Engine, services_.Files,
+                     services_.Pump, services_.Clock, services_.Forms, messages_}),
       contextMenu_(space_,
                    {services_.Files.Syntax(), services_.Drives, services_.ItemMenus,
                     services_.Popups, services_.Operation, services_.Forms},
                    messages_,
                    {newFolder_, rename_, duplicate_, operations_, delete_,
                     [this] { commandLine_.OpenCommandLine(); },
-                    [this](const std::string& path) { commandLine_.CompactDatabase(path); }, [] {},
-                    [] { return std::string(); }, [](const auto&) {}}),
+                    [this](const std::string& path) { commandLine_.CompactDatabase(path); },
+                    [this] { undo_.Undo(); }, [this] { return undo_.Caption(); },
+                    [this](auto items) { undo_.NoteColours(std::move(items)); }}),
       titleMenu_(space_, services_.Files.Syntax(), navigation_, services_.Popups),
       drop_(space_, services_.Files, services_.Drives, operations_, services_.Host, messages_,
             dialogFields_),
@@ -359,7 +363,7 @@ void Master::ShowActiveList() {
   workspace::HighlightActiveList(space_, false);
   space_.Form.ResizeEnabled = true;
   space_.Form.UnloadHandler = [this] { Shutdown(); };
-  toSave_ = true;
+  toSave_ = toUnmark_ = true;
   services_.Drives.OnChange(
       [this] { space_.ForEachList([](lister::ListerControl& list) { list.DrivesChanged(); }); });
   splash_.LoadFinished = true;
@@ -437,6 +441,10 @@ void Master::OpenFolders(const std::vector<std::string>& paths) {
     TitleMouseDown(0);
     TitleClick(0);
   }
+  BringBack();
+}
+
+void Master::BringBack() {
   const workspace::MainForm& form = space_.Form;
   if (form.InTray || form.State == forms::WindowState::Minimised) tray_.RestoreWindow();
 }
@@ -456,8 +464,9 @@ void Master::LoadFolders(int pane) {
 
 void Master::EscapeKey() {
   if (splitters_.GiveUp()) return;
-  updates_.GiveUp();  // these two may run unseen, so they are not all that the key is for
+  updates_.GiveUp();  // these may run unseen, so they are not all that the key is for
   empty_.GiveUp();
+  undo_.GiveUp();
   events_.EscapeKey();
 }
 
@@ -509,22 +518,33 @@ void Master::ExitFromTray() {
   if (toSave_) tray_.RestoreWindow();  // the program was kept, by a question
 }
 
-void Master::SaveWithoutWindows() {
-  // Only a run that has loaded what was saved may save again, and take the marker away.
-  if (!toSave_) return;
-  toSave_ = false;
-  settingsFile_.SaveSettings();
-  services_.Files.RemoveFile(ProgramFile(RunMarkerName));
+// Only a run that has loaded what was saved may save again, and take the marker away.
+void Master::SaveOnce() {
+  if (std::exchange(toSave_, false)) settingsFile_.SaveSettings();
 }
 
+void Master::RemoveMarkerOnce() {
+  if (std::exchange(toUnmark_, false)) services_.Files.RemoveFile(ProgramFile(RunMarkerName));
+}
+
+void Master::SaveWithoutWindows() {
+  SaveOnce();
+  RemoveMarkerOnce();
+}
+
+// Operations at work come to their own end. What commands wanted to do then is for the lists, and
+// those go now.
 void Master::Shutdown() {
-  SaveWithoutWindows();
+  SaveOnce();
+  services_.Operation.DropContinuations();
+  services_.Operation.WhenIdle([this] { RemoveMarkerOnce(); });
   UnloadAllForms();
 }
 
 void Master::UnloadAllForms() {
   updates_.GiveUp();
   listing_.GiveUp();
+  undo_.GiveUp();
   services_.Drives.OnChange({});
   space_.ForEachList([](lister::ListerControl& list) { list.Terminate(); });
   const std::vector<forms::Form*> open = services_.Host.OpenForms();

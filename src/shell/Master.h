@@ -16,6 +16,7 @@
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
+#include "fileops/UndoCommand.h"
 #include "fileops/frmRecycleBin.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
@@ -93,6 +94,8 @@ class Master : private workspace::PaneHooks,
   void MouseDown(float x, float y) { splitters_.MouseDown(x, y); }
   void MouseUp() { splitters_.MouseUp(); }
   void TitleMouseMove(int pane) { layout_.TitleMouseMove(pane); }
+  // From the task bar or the notification area; does nothing to a window that is on the screen.
+  void BringBack();
   // To the folder in the pane of the current list, as a bookmark does.
   void OpenFolder(const std::string& path);
   // Full paths, one in each pane from the first on, which are opened; a minimised window comes
@@ -107,7 +110,7 @@ class Master : private workspace::PaneHooks,
   void PressKeys(std::string_view keys) {
     splitters_.GiveUp();
     commands::RunKeys(keys, {space_, panes_, layout_, navigation_, listCommands_, newFolder_, drop_,
-                             messages_, *this});
+                             undo_, messages_, *this});
   }
   // Keys may have come up while another window, or a menu, had them.
   void Activated() { keyboard_.Activated(services_.Keys.Held()); }
@@ -134,6 +137,8 @@ class Master : private workspace::PaneHooks,
   void SetControlProperties();
   base::Status MakeRunMarker();
   void Shutdown();
+  void SaveOnce();
+  void RemoveMarkerOnce();
   void ReplayPaneSettings(int pane) override { settingsFile_.ReplayPaneSettings(pane); }
   void ApplySkinChange() override { skin_.ApplySkinChange(); }
   void LoadFolders(int pane) override;
@@ -205,6 +210,7 @@ class Master : private workspace::PaneHooks,
   fileops::DuplicateCommand duplicate_;
   fileops::EmptyCommand empty_;
   fileops::frmRecycleBin recycleBin_;
+  fileops::UndoCommand undo_;
   shellmenu::ContextMenuCommand contextMenu_;
   shellmenu::TitleMenu titleMenu_;
   fileops::DropCommand drop_;
@@ -218,7 +224,8 @@ class Master : private workspace::PaneHooks,
   commands::Commands commands_;
   commands::Keyboard keyboard_;
   settings::ReadMarkers markers_;
-  bool toSave_ = false;  // the load is done, and nothing is saved yet
+  bool toSave_ = false;    // the load is done, and nothing is saved yet
+  bool toUnmark_ = false;  // the load is done, and the run marker is there
 };
 
 }  // namespace tarnwell::shell

@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "fileops/OperationQueue.h"
+#include "fileops/UndoHistory.h"
 #include "forms/FormHost.h"
 #include "platform/Clock.h"
 #include "platform/Collation.h"
 #include "platform/ContextMenu.h"
 #include "platform/Dialogs.h"
-#include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
@@ -41,7 +42,9 @@ struct Services {
   platform::SystemInfo& System;
   platform::Collation& Order;
   platform::Launcher& Launcher;
-  platform::FileOperation& Operation;
+  fileops::OperationQueue& Operation;
+  const platform::OperationEngine& Engine;  // behind the operations
+  fileops::UndoHistory& History;
   platform::ContextMenu& ItemMenus;
   platform::PopupMenus& Popups;
   const platform::NumberForms& Forms;

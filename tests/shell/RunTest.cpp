@@ -206,6 +206,26 @@ TEST_F(RunTest, SavesThenTakesTheMarkerAwayThenClosesAllForms) {
   EXPECT_FALSE(Machine.HasSettings());
 }
 
+TEST_F(RunTest, LeavesTheMarkerToTheEndOfWhatIsAtWork) {
+  Run.Start();
+  Machine.Engine.OnSettle = {};
+  bool isFollowed = false;
+  for (const char* items : {"C:\\a", "C:\\b"}) {  // the second one waits
+    const platform::OperationRequest copy{platform::FileFunction::Copy, {items, 5}, {"D:\\", 4}};
+    const auto id = Run.Operations.Start({platform::CommandKind::Copy, {copy}});
+    Run.Operations.WhenDone(id, [&isFollowed](const auto&) { isFollowed = true; });
+  }
+  Run.Main().MenuClick("mnuExit");
+  EXPECT_TRUE(Run.Host.OpenForms().empty() && Machine.HasSettings() && Machine.HasMarker());
+  Machine.Files.Remove("C:\\Tarnwell\\user.usr");
+  Machine.Engine.Done(0);
+  EXPECT_EQ(Machine.Engine.Runs.size(), 1U);
+  Run.App.RequestQuit();
+  EXPECT_TRUE(Machine.HasMarker());
+  Machine.Engine.Done(1);
+  EXPECT_FALSE(Machine.HasMarker() || Machine.HasSettings() || isFollowed);
+}
+
 TEST_F(RunTest, GoesToTheNotificationAreaAndComesBackAsItWas) {
   using forms::WindowState;
   Run.Start();
@@ -319,11 +339,6 @@ TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {
     space.Lists[space.CurrentList].GoToFolder(folder);
   }
   std::swap(space.Panes[0].ControlGroup, space.Panes[1].ControlGroup);  // 2, 1, 3 on the screen
-  std::string sent;
-  Machine.Operation.OnRun = [&](const platform::OperationRequest& request) {
-    sent += lists::TestLists::InOneLine(request) + "\n";
-    return 0;
-  };
   Run.Host.OnModal = [&](forms::Form& form) {
     if (form.Name() == "popMsgBox")
       return Run.Boxes.push_back(static_cast<popMsgBox&>(form).lblText.Text);
@@ -334,6 +349,8 @@ TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {
   press("F5");  // nothing is selected
   space.Lists[101].SelectAll();
   for (const char* keys : {"F5", "F6", "Shift+F5", "Shift+F6"}) press(keys);
+  std::string sent;
+  for (const auto& each : Machine.Engine.Requests) sent += lists::TestLists::InOneLine(each) + "\n";
   EXPECT_EQ(sent,
             "2 C:\\x\\a;;> C:\\y\\;\n1 C:\\x\\a;;> C:\\y\\;\n2 C:\\x\\a;;> C:\\z\\;\n1 "
             "C:\\x\\a;;> C:\\z\\;\n");

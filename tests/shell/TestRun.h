@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fakes/FakeForms.h"
+#include "fakes/FakeOperationEngine.h"
 #include "fakes/FakePlatform.h"
 #include "fakes/TestFile.h"
 #include "shell/Application.h"
@@ -13,7 +14,10 @@ using Texts = std::vector<std::string>;
 
 // What outlives a run.
 struct TestMachine : fakes::FakePlatform {
+  fakes::FakeOperationEngine Engine;  // what it is to do takes no time
+
   TestMachine() {
+    Engine.OnSettle = [this] { Engine.DoneAll(); };
     Files.AddFile("C:\\Tarnwell\\skins\\Earl Grey.twk", "\"Version\",1,0,0,0,0");
     Files.AddFile("C:\\Tarnwell\\ring6full.gif", fakes::ReadTestFile("../data/ring6full.gif"));
   }
@@ -28,7 +32,8 @@ struct TestMachine : fakes::FakePlatform {
 class TestRun {
  public:
   explicit TestRun(TestMachine& machine)
-      : App({Host,
+      : Operations(machine.Engine, machine.Clock, machine.Files.Syntax(), machine.Forms, History),
+        App({Host,
              machine.Files,
              machine.Drives,
              machine.Watches,
@@ -38,7 +43,9 @@ class TestRun {
              machine.System,
              machine.Order,
              machine.Launcher,
-             machine.Operation,
+             Operations,
+             machine.Engine,
+             History,
              machine.ItemMenus,
              machine.Popups,
              machine.Forms,
@@ -78,6 +85,8 @@ class TestRun {
   fakes::FakeFormHost Host;
   fakes::FakeDialogs Dialogs;
   fakes::FakeWeb Web;
+  fileops::UndoHistory History;
+  fileops::OperationQueue Operations;
   Application App;
   Texts Status;                           // what the splash was painted with
   Texts Boxes;                            // the messages, in turn

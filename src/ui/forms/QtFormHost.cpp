@@ -100,7 +100,7 @@ void QtFormHost::Unload(forms::Form& form) {
   if (!entry) return;
   if (entry->Loop != nullptr) entry->Loop->quit();
   form.Unload();
-  if (open_.empty()) QCoreApplication::quit();
+  if (open_.empty() && AllGone) AllGone();
 }
 
 std::vector<forms::Form*> QtFormHost::OpenForms() const {

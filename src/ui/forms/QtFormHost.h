@@ -29,12 +29,14 @@ class QtFormHost : public forms::FormHost {
   void Open(forms::Form& form) override;
   void Show(forms::Form& form, forms::Form* owner) override;
   void ShowModal(forms::Form& form, forms::Form* owner) override;
-  // The window is deleted when the event loop is reached again. When the last form has gone, the
-  // loop is asked to end.
+  // The window is deleted when the event loop is reached again.
   void Unload(forms::Form& form) override;
   std::vector<forms::Form*> OpenForms() const override;
   forms::MousePointer ScreenPointer() const override { return pointer_; }
   void SetScreenPointer(forms::MousePointer pointer) override;
+
+  // Called when the last form has gone, unless empty.
+  std::function<void()> AllGone;
 
  private:
   struct OpenForm {

@@ -71,6 +71,13 @@ platform::RunChoice QtItemWindows::AskRun(const platform::RunQuestion& question)
   return ui::AskRun(question, tools_.Look);
 }
 
+void QtItemWindows::Close() {
+  for (const auto& window : windows_) {
+    window->Cancel();
+    window->hide();
+  }
+}
+
 bool QtItemWindows::CancelAndWait() {
   for (const auto& window : windows_) window->Cancel();
   const QDeadlineTimer end(LastWork);

@@ -27,6 +27,9 @@ class QtItemWindows : public platform::ItemWindows {
   platform::RunChoice AskRun(const platform::RunQuestion& question) override;
   void OpenFolder(const std::string& path) override { openFolder_(path); }
 
+  // Takes the windows away; what runs in them is cancelled.
+  void Close();
+
   // For an end that leaves no time for windows: when it returns nothing runs in them any more.
   // False where another machine keeps something.
   bool CancelAndWait();

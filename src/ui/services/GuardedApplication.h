@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <exception>
+#include <functional>
 
 #include "ui/toolkit/LatinKeys.h"
 
@@ -12,6 +13,10 @@ namespace tarnwell::ui {
 class GuardedApplication : public QApplication {
  public:
   using QApplication::QApplication;
+
+  // Asked, unless empty, before all windows are closed and the loop ends, as when the session does:
+  // false keeps the program for now.
+  std::function<bool()> MayQuit;
 
   bool notify(QObject* receiver, QEvent* event) override {
     try {
@@ -29,6 +34,13 @@ class GuardedApplication : public QApplication {
       qWarning("tarnwell: %s", error.what());
       return false;
     }
+  }
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Quit || !MayQuit || MayQuit()) return QApplication::event(event);
+    event->ignore();
+    return true;
   }
 };
 
