@@ -191,7 +191,7 @@ class ListerControl : public forms::Control, public ListFields {
   // File list: the cursor goes to the first of the items that are in its folder, which comes into
   // view, and the selection to all of them unless more is selected than they, what they came from
   // and the row with the cursor. While a read runs this waits for its end. `tells` is asked then:
-  // whether ItemFocused is to be raised.
+  // whether ItemFocused is to be raised. Nothing moves within the bracket of an action.
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed, std::function<bool()> tells);
   // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
   // Otherwise, in a folder list: the folder clicked or opened last.

@@ -358,14 +358,15 @@ TEST_F(ContextMenuTest, FollowsOperationsUpOnceTheyAreDone) {
   EXPECT_EQ(Platform.Files.At(sub).Reads, other);
   EXPECT_TRUE(IsOver());
 
-  // Where the user has stayed, the cursor goes to what has come.
-  Popups.OnTrack = {};
+  // Where the user has stayed, and has no menu up, the cursor goes to what has come.
   Platform.Operation.Placed = {{"C:\\Data\\Sub\\c.txt", "C:\\Data\\c.txt"}};
-  for (const bool stays : {false, true}) {
+  for (const std::string meanwhile : {"goes", "opens a menu", "stays"}) {
     EXPECT_NE(Menu.ShowShellMenu(0, 0, "", MenuMode::Paste), platform::NoOperation);
-    if (!stays) Click(100, "a.txt");
+    if (meanwhile == "goes") Click(100, "a.txt");
+    if (meanwhile == "opens a menu") Menu.ShowForClick(0, 0, "", "");
     Platform.Operation.Finish();
-    EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, stays ? "c.txt" : "a.txt"));
+    EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(),
+              Row(100, meanwhile == "stays" ? "c.txt" : "a.txt"));
   }
 }
 

@@ -47,7 +47,8 @@ void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
   reader_.FolderChanged({.Names = MissingNames(files_.Rows, names)});
   reader_.WhenDone([this, names = std::move(names), tells = std::move(tells)] {
     const std::vector<RowId> rows = RowsOf(files_.Rows, names);
-    if (rows.empty()) return;
+    // A menu that is up is for what is selected.
+    if (rows.empty() || state_.InAction) return;
     if (MaySelect(files_.Rows, names, files_.Current)) input_.SelectThese(rows);
     // The cursor last: it raises an event, on which anything may happen to the rows.
     SetCurrent(rows.front());
