@@ -10,7 +10,6 @@
 
 namespace tarnwell::fileops {
 
-using platform::NoOperation;
 using platform::OperationId;
 using platform::OperationResult;
 
@@ -82,8 +81,7 @@ OperationId OperationQueue::Start(platform::OperationOrder order) {
     std::ranges::move(engine_.VolumesOf(request), std::back_inserter(work->Volumes));
   }
   std::ranges::sort(work->Volumes);
-  const auto same = std::ranges::unique(work->Volumes);
-  work->Volumes.erase(same.begin(), same.end());
+  work->Volumes.erase(std::unique(work->Volumes.begin(), work->Volumes.end()), work->Volumes.end());
   Act([&] { Take(std::move(work)); });
   return id;
 }
