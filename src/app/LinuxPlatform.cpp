@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <QSettings>
 #include <cstdlib>
 #include <utility>
 
@@ -30,6 +31,7 @@
 #include "platform/linux/system/RunningCopy.h"
 #include "platform/linux/system/XcbKeyboard.h"
 #include "platform/linux/trash/LinuxTrashCan.h"
+#include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::app {
 
@@ -97,6 +99,12 @@ Platform MakePlatform(platform::MessagePump& pump) {
   Platform made;
   made.DataFolder = system->DataFolder();
   made.Libraries = platform::LinuxLibraries();
+  if (system->IsPortable()) {
+    // What the toolkit's own dialogs remember, too.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, ui::ToQtPath(folder));
+  }
+  const std::string settings =
+      system->IsPortable() ? folder + "/tarnwell.conf" : platform::LinuxUserSettings::UsualPath();
   made.System = std::move(system);
   made.Files = std::make_unique<platform::FarFileSystem>(
       std::make_shared<platform::LinuxFileSystem>(folder), calls);
@@ -112,8 +120,7 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.Clock = std::make_unique<platform::LinuxClock>();
   made.Order = std::make_unique<platform::LinuxCollation>();
   made.Inspector = std::make_unique<platform::LinuxItemInspector>();
-  made.UserSettings =
-      std::make_unique<platform::LinuxUserSettings>(platform::LinuxUserSettings::UsualPath());
+  made.UserSettings = std::make_unique<platform::LinuxUserSettings>(settings);
   made.LogFile = platform::LinuxLogFile::Open(std::getenv("TARNWELL_MSGLOG"), folder);
   made.Operations = OperationsBy(calls, folder);
   made.Notices = std::make_unique<platform::LinuxDesktopNotices>("tarnwell");

@@ -72,8 +72,14 @@ TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
   std::filesystem::create_directories(root_ / "bin/skins");
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "bin");
   EXPECT_EQ(Get(root_ / "bin/TIPOFDAY.TXT"), "tips");
+  EXPECT_TRUE(LinuxSystemInfo(places_).IsPortable());
   places_.TarnwellHome = root_ / "new/own";
-  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "new/own");
+  root_.Make({"bin/data/skins/a.twk=a"});
+  const LinuxSystemInfo moved(places_);
+  EXPECT_EQ(moved.ProgramFolder(), root_ / "new/own");
+  EXPECT_EQ(moved.DataFolder(), root_ / "bin/data");
+  EXPECT_FALSE(moved.IsPortable());
+  std::filesystem::remove_all(root_ / "bin/data");
   EXPECT_EQ(Get(root_ / "new/own/skins/a.twk"), "a");
 
   places_.TarnwellHome.clear();

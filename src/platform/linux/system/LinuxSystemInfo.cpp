@@ -44,8 +44,8 @@ bool HoldsSkins(const std::string& folder) {
 std::string FindDataFolder(const std::string& executableFolder) {
   if (executableFolder.empty()) return {};
   const std::string above = PathRules().ParentOf(executableFolder);
-  const std::array<std::string, 2> candidates = {
-      PathRules().Join(above, "share/tarnwell"),
+  const std::array<std::string, 3> candidates = {
+      PathRules().Join(executableFolder, "data"), PathRules().Join(above, "share/tarnwell"),
       PathRules().Join(PathRules().ParentOf(above), "data")};
   for (const std::string& candidate : candidates) {
     if (HoldsSkins(candidate)) return candidate;
@@ -128,7 +128,8 @@ void BringUpToDate(const std::string& folder, const std::string& dataFolder) {
 
 struct Choice {
   std::string Folder;
-  bool Own = false;  // to be made and filled
+  bool Own = false;       // to be made and filled
+  bool Portable = false;  // holds the program as well
 };
 
 Choice ChooseFolder(const ProgramPlaces& places) {
@@ -138,7 +139,9 @@ Choice ChooseFolder(const ProgramPlaces& places) {
     const std::string path = std::filesystem::absolute(places.TarnwellHome, ignored).string();
     return {PathRules().IsDriveRoot(path) ? path : PathRules().RemoveRightSlash(path), true};
   }
-  if (IsWritable(executableFolder) && HoldsSkins(executableFolder)) return {executableFolder};
+  if (IsWritable(executableFolder) && HoldsSkins(executableFolder)) {
+    return {.Folder = executableFolder, .Portable = true};
+  }
   // A relative data folder is to be taken for none, by the rules of the variable.
   if (places.DataHome.starts_with('/'))
     return {PathRules().Join(places.DataHome, "tarnwell"), true};
@@ -166,6 +169,7 @@ LinuxSystemInfo::LinuxSystemInfo(const ProgramPlaces& places)
       guidePage_(FindGuidePage(places.ExecutableFolder)) {
   const Choice choice = ChooseFolder(places);
   programFolder_ = choice.Folder;
+  isPortable_ = choice.Portable;
   if (choice.Own && g_mkdir_with_parents(programFolder_.c_str(), 0700) != 0) {
     folderTrouble_ = SystemError(errno);
     return;

@@ -20,12 +20,12 @@ struct ProgramPlaces {
 };
 
 // Finds the program's folder once, when it is made: $TARNWELL_HOME, else the executable's own
-// folder when that is writable and holds "skins", else "tarnwell" in the user's data folder. The
-// first and the last are made where they are missing, and given the skins that came with the
-// program where they hold no "skins". Each start adds the animation and the tips to any of the
-// three where they are missing, and renews skins that are as an earlier release brought them. What
-// cannot be made or copied is left; the program goes on without. What a killed run has left half
-// written in the folder is cleared away.
+// folder when that is writable and holds "skins" (the program is portable then), else "tarnwell" in
+// the user's data folder. The first and the last are made where they are missing, and given the
+// skins that came with the program where they hold no "skins". Each start adds the animation and
+// the tips to any of the three where they are missing, and renews skins that are as an earlier
+// release brought them. What cannot be made or copied is left; the program goes on without. What a
+// killed run has left half written in the folder is cleared away.
 class LinuxSystemInfo : public SystemInfo {
  public:
   explicit LinuxSystemInfo(const ProgramPlaces& places);
@@ -38,7 +38,11 @@ class LinuxSystemInfo : public SystemInfo {
   std::string SkinFolder() const override;
   std::string GuidePage() const override { return guidePage_; }
   void SetCurrentFolder(const std::string& folder) override;
-  // The folder of the files that came with the program (icons, skins); empty if there is none.
+  // All that the program keeps for itself has to lie in its folder, which may be on a stick.
+  bool IsPortable() const { return isPortable_; }
+  // The folder of the files that came with the program (icons, skins): "data" beside the
+  // executable, "share/tarnwell" of an installation, or "data" of the sources; empty if there is
+  // none.
   std::string DataFolder() const { return dataFolder_; }
 
  private:
@@ -46,6 +50,7 @@ class LinuxSystemInfo : public SystemInfo {
   std::string guidePage_;
   std::string programFolder_;
   base::Status folderTrouble_;
+  bool isPortable_ = false;
 };
 
 }  // namespace tarnwell::platform
