@@ -19,11 +19,12 @@ struct UndoWords {
   std::string_view Verb;
   std::string_view Doing;
   std::string_view Done;
+  std::string_view Left;
   std::string_view Nothing;
 };
 constexpr UndoWords WordsOfWays[] = {
-    {"Undo", "Undoing", "Undone", "There is nothing to undo."},
-    {"Redo", "Redoing", "Redone", "There is nothing to do again."}};
+    {"Undo", "Undoing", "Undone", "Not undone", "There is nothing to undo"},
+    {"Redo", "Redoing", "Redone", "Not done again", "There is nothing to do again"}};
 
 const UndoWords& WordsOf(UndoWay way) {
   return WordsOfWays[static_cast<std::size_t>(way)];
@@ -77,8 +78,14 @@ void UndoCommand::Show(const std::string& text) {
   if (list != nullptr) list->ShowStatus(text);
 }
 
+bool UndoCommand::HasJustBegun() const {
+  const OperationRecord* const record = services_.Operations.Find(last_);
+  return record != nullptr && record->IsQuiet;
+}
+
 void UndoCommand::TakeBack(UndoWay way) {
   if (isBusy_) return;
+  if (HasJustBegun()) return next_.push_back(way);
   {
     const BusyScope busy(isBusy_);
     if (!MayBegin(way)) return;
@@ -133,26 +140,33 @@ void UndoCommand::Start(UndoWay way) {
   lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
   const lister::ListId list = workspace_.CurrentList;
   const lists::CursorMark mark = lists::MarkCursor(workspace_, list);
-  const platform::OperationId operation = services_.Operations.Start(std::move(order));
+  last_ = services_.Operations.Start(std::move(order));
   watches.EndAfter(
-      services_.Operations, operation,
-      [this, way, step, operation, mark, list](const platform::OperationResult& result) {
-        FollowItems(
-            services_.History, way, *step, result, services_.Files.Syntax(),
-            [this](const std::string& path) { return services_.Engine.Fingerprint(path, false); });
-        UndoStep after = StepAfter(*step, way, result);
-        after.Operation = operation;
-        const bool wasDone = !after.Items.empty() || after.Irrevocable > 0;
-        const std::string text = TextOf(*step, way);
-        services_.History.Finish(way, std::move(after),
-                                 result.Aborted ? RestOf(std::move(*step), result) : UndoStep());
+      services_.Operations, last_,
+      [this, way, step, mark, list, operation = last_](const platform::OperationResult& result) {
         const bool stands = lists::StandsAt(workspace_, mark);
-        lister::ListerControl* const shown = workspace_.Lists.Find(list);
-        if (shown == nullptr) return;
-        shown->RefreshList();
+        Finish(way, *step, operation, result);
+        if (auto* const shown = workspace_.Lists.Find(list)) shown->RefreshList();
         if (stands) lists::ShowPlaced(workspace_, list, result.Placed);
-        if (wasDone) Show(Named(WordsOf(way).Done, text));
+        const UndoWords& words = WordsOf(way);
+        Show(Named(result.Done.empty() ? words.Left : words.Done, TextOf(*step, way)));
+        if (result.Aborted) next_.clear();
+        if (next_.empty()) return;
+        const UndoWay next = next_.front();
+        next_.pop_front();
+        TakeBack(next);
       });
+}
+
+void UndoCommand::Finish(UndoWay way, const UndoStep& step, platform::OperationId operation,
+                         const platform::OperationResult& result) {
+  FollowItems(
+      services_.History, way, step, result, services_.Files.Syntax(),
+      [this](const std::string& path) { return services_.Engine.Fingerprint(path, false); });
+  UndoStep after = StepAfter(step, way, result);
+  after.Operation = operation;
+  services_.History.Finish(way, std::move(after),
+                           result.Aborted ? RestOf(step, result) : UndoStep());
 }
 
 void UndoCommand::GiveColoursBack(UndoWay way) {

@@ -1,6 +1,7 @@
 // The commands that take back what was done, and do it again.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,8 @@ class UndoCommand {
   // Takes the last command back, or does again what was taken back last. Asks first where an
   // operation is still at work that was started later. What has changed since is left, and told of.
   // An operation like any other, but for colours: these let messages through, and a call meanwhile
-  // does nothing. What is given up can be gone on with by the next call.
+  // does nothing. A call right after another one waits for that. What is given up can be gone on
+  // with by the next call.
   void Undo() { TakeBack(UndoWay::Undo); }
   void Redo() { TakeBack(UndoWay::Redo); }
 
@@ -49,17 +51,23 @@ class UndoCommand {
 
  private:
   void TakeBack(UndoWay way);
+  // Whether the one begun last is at work, and for so short a time that nobody has seen it.
+  bool HasJustBegun() const;
   bool MayBegin(UndoWay way);
   // The title of an operation at work that was started after the step was made; empty for none.
   std::string WorkSince(const UndoStep& step) const;
   void Start(UndoWay way);
+  void Finish(UndoWay way, const UndoStep& step, platform::OperationId operation,
+              const platform::OperationResult& result);
   void GiveColoursBack(UndoWay way);
   std::string TextOf(const UndoStep& step, UndoWay way) const;
   void Show(const std::string& text);
 
   workspace::Workspace& workspace_;
   UndoServices services_;
-  bool isBusy_ = false;  // asks, or gives colours back
+  platform::OperationId last_ = platform::NoOperation;
+  std::deque<UndoWay> next_;  // to be begun when that is done
+  bool isBusy_ = false;       // asks, or gives colours back
   bool givenUp_ = false;
 };
 
