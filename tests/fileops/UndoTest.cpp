@@ -1,10 +1,12 @@
 #include "Test.h"
 #include "base/ItemList.h"
+#include "fakes/FakeOperationEngine.h"
 #include "fakes/FakePlatform.h"
 #include "fileops/UndoColours.h"
+#include "fileops/UndoCommand.h"
 #include "fileops/UndoHistory.h"
 #include "fileops/UndoRules.h"
-#include "lister/list/KeepColour.h"
+#include "lists/TestLists.h"
 
 namespace tarnwell::fileops {
 namespace {
@@ -134,6 +136,143 @@ TEST(UndoColours, GoBackToWhatTheyWereUnlessTheyHaveChangedSince) {
   EXPECT_EQ(colour("a") + "," + colour("d"), "red,");
   ASSERT_EQ(outcome.Rest.size(), 1U);
   EXPECT_EQ(outcome.Rest[0].Path, "C:\\d");
+}
+
+class UndoCommandTest : public lists::TestLists, public testing::Test {
+ protected:
+  UndoCommandTest() {
+    for (const char* file : {"C:\\Data\\a", "C:\\Data\\b"}) Platform.Files.AddFile(file);
+    OpenPane(0, "C:\\Data");
+    Space.CurrentList = 100;
+  }
+  // A command that has moved the items there, from a folder of another drive.
+  void Move(const Texts& names) {
+    platform::OperationResult result;
+    for (const std::string& name : names)
+      result.Done.push_back({"D:\\" + name, "C:\\Data\\" + name, {.Number = name.size()}});
+    Queue.Start({.Kind = CommandKind::Move,
+                 .Requests = {{.Items = "D:\\x\0"s, .Destination = "C:\\Data\\\0"s}}});
+    Engine.Done(Engine.Requests.size() - 1, result);
+    Begun = Engine.Requests.size();
+  }
+  // How often the engine was asked since.
+  std::size_t Asked() {
+    return Engine.Requests.size() - std::exchange(Begun, Engine.Requests.size());
+  }
+  // What the engine is asked last, which then comes to that.
+  std::string Come(const Texts& doneItems, bool aborts = false) {
+    const platform::OperationRequest request = Engine.Requests.back();
+    platform::OperationResult result{.Aborted = aborts};
+    const bool undoes = request.Items.starts_with("C:");
+    for (const std::string& name : doneItems) {
+      result.Done.push_back({"C:\\Data\\" + name, "D:\\" + name, {}});
+      if (!undoes) std::swap(result.Done.back().From, result.Done.back().To);
+      result.Placed.push_back({result.Done.back().From, result.Done.back().To});
+    }
+    Engine.Done(Engine.Requests.size() - 1, result);
+    return InOneLine(request);
+  }
+  std::string Next(UndoWay way) const {
+    const UndoStep* const step = History.Next(way);
+    return step == nullptr ? "" : StepText(*step, way, Platform.Files.Syntax(), Platform.Forms);
+  }
+  std::string Status() { return Space.Lists[100].Shown().Status; }
+
+  std::size_t Begun = 0;
+  fakes::FakeOperationEngine Engine;
+  UndoHistory History;
+  OperationQueue Queue{Engine, Platform.Clock, Platform.Files.Syntax(), Platform.Forms, History};
+  UndoCommand Command{Space,
+                      {Queue, History, Engine, Platform.Files, Platform.Pump, Platform.Clock,
+                       Platform.Forms, Messages}};
+};
+
+TEST_F(UndoCommandTest, TakesBackWhatItCanAndGoesOnWithTheRest) {
+  Command.Undo();
+  EXPECT_TRUE(Status().starts_with("There is nothing to undo"));
+  EXPECT_EQ(Command.Caption(), "");
+  Move({"a", "b"});
+  EXPECT_EQ(Command.Caption(), "Undo: Move of 2 items");
+  Command.Undo();
+  EXPECT_EQ(Queue.Records().at(0)->Title, "Undoing: Move of 2 items");
+  EXPECT_TRUE(Platform.Watches.Watched().empty());
+  Command.Undo();  // right after it: what is left waits, and goes where the first is given up
+  ASSERT_EQ(Asked(), 1U);
+  EXPECT_EQ(Engine.Requests.back().Expected.at(0).Number, 1U);
+  EXPECT_EQ(Come({"a"}, true), "1 C:\\Data\\a;C:\\Data\\b;> D:\\a;D:\\b;");
+  EXPECT_EQ(Asked(), 0U);
+  EXPECT_FALSE(Platform.Watches.Watched().empty());
+  EXPECT_EQ(Next(UndoWay::Undo) + Next(UndoWay::Redo), "Move of \"b\"Move of \"a\"");
+  EXPECT_TRUE(Status().starts_with("Undone: Move of 2 items"));
+  Command.Undo();
+  Command.Redo();
+  EXPECT_EQ(Come({"b"}), "1 C:\\Data\\b;> D:\\b;");
+  EXPECT_EQ(Come({"b"}), "1 D:\\b;> C:\\Data\\b;");
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "b"));
+  EXPECT_TRUE(Status().starts_with("Redone: Move of \"b\""));
+  Command.Redo();
+  Come({});  // all has changed since
+  EXPECT_TRUE(Status().starts_with("Not done again: Move of \"a\""));
+  EXPECT_EQ(Next(UndoWay::Redo) + Command.Caption(), "Undo: Move of \"b\"");
+}
+
+TEST_F(UndoCommandTest, AsksBesideLaterWorkAndStaysOutOfIt) {
+  Move({"a"});
+  Queue.Start({.Kind = CommandKind::Copy,
+               .Requests = {{.Items = "E:\\x\0"s, .Destination = "E:\\y\\\0"s}}});
+  for (const char* answer : {"NO", "", "YES"}) {
+    Messages.Result = answer;
+    Asked();
+    Command.Undo();
+    EXPECT_EQ(Asked(), Messages.Result == "YES" ? 1U : 0U);
+    EXPECT_NE(Messages.Texts.back().find(Queue.Records().at(0)->Title), std::string::npos);
+    EXPECT_NE(Messages.Texts.back().find("Undo: Move of \"a\""), std::string::npos);
+  }
+  Engine.DoneAll();
+  // Another command is done while the question is open: it is asked about anew.
+  Move({"a"});
+  Queue.Start({.Kind = CommandKind::Copy,
+               .Requests = {{.Items = "E:\\x\0"s, .Destination = "E:\\y\\\0"s}}});
+  Messages.Texts.clear();
+  Messages.OnMessage = [this] {
+    if (Messages.Texts.size() == 1) Queue.NoteDone(CommandKind::Rename, {{"C:\\o", "C:\\n"}});
+  };
+  Command.Undo();
+  EXPECT_EQ(Engine.Requests.back().Items, "C:\\n\0"s);
+  Engine.DoneAll();
+
+  Engine.Refused = "In use.";
+  Asked();
+  Command.Undo();
+  EXPECT_EQ(Messages.Texts.back(), "In use.");
+  EXPECT_EQ(Asked(), 0U);
+  EXPECT_EQ(Next(UndoWay::Undo), "Move of \"a\"");
+}
+
+TEST_F(UndoCommandTest, GivesColoursBackUntilItIsGivenUp) {
+  const auto colour = [&](const std::string& name) -> std::string& {
+    return Platform.Files.At("C:\\Data\\" + name)
+        .ExtendedAttributes[platform::ExtendedAttribute::Colour];
+  };
+  colour("a") = colour("b") = "red";
+  Command.NoteColours({{"C:\\Data\\a", "", "red"}, {"C:\\Data\\b", "blue", "red"}});
+  EXPECT_EQ(Command.Caption(), "Undo: Colour of 2 items");
+  Platform.Clock.TickStep = 60;
+  Platform.Pump.Post([] {});
+  Platform.Pump.Post([this] {
+    Command.Undo();  // does nothing meanwhile
+    Command.GiveUp();
+  });
+  Command.Undo();
+  EXPECT_EQ(colour("a") + "," + colour("b"), ",red");
+  EXPECT_TRUE(Status().starts_with("Undoing: Colour of 2 items, 1 of 2 items; stopped"));
+  colour("b") = "cyan";
+  Command.Undo();
+  EXPECT_EQ(colour("b"), "cyan");
+  EXPECT_EQ(Messages.Texts, (Texts{"These items keep the colour that they have:\r\n\r\n"
+                                   "b: it has got another colour since"}));
+  Command.Redo();
+  EXPECT_EQ(colour("a") + Next(UndoWay::Undo) + Next(UndoWay::Redo), "redColour of \"a\"");
 }
 
 }  // namespace
