@@ -220,41 +220,86 @@ TEST(Operation, LeavesNothingHalfWhereverItIsCancelled) {
   }
 }
 
-TEST(Operation, MoveToAnotherVolumeSurvivesBeingKilled) {
+// Makes the files of a tree below the folder and gives what each holds, by its path below that.
+std::map<std::string, std::string> MakeFiles(const TempFolder& folder, const std::string& above,
+                                             int first) {
+  std::map<std::string, std::string> files;
+  for (int number = first; number < first + 30; ++number) {
+    const std::string path =
+        "tree/" + std::to_string(number % 5) + "/file" + std::to_string(number);
+    const std::size_t size = number % 9 == 0 ? 1'500'000U : 5'000U + number;
+    files[path].assign(size, static_cast<char>('A' + number));
+    folder.Make({above + path + "=" + files[path]});
+  }
+  return files;
+}
+
+// TARNWELL_KILLS gives another number of kills.
+TEST(Operation, MovesSideBySideToOtherVolumesSurviveBeingKilled) {
+  const char* const kills = getenv("TARNWELL_KILLS");
+  const int rounds = kills != nullptr ? std::atoi(kills) : 32;
   std::mt19937 chance(7);
-  for (int round = 0; round < 32; ++round) {
+  for (int round = 0; round < rounds && !testing::Test::HasFailure(); ++round) {
+    SCOPED_TRACE(round);
     const TempFolder here;
     const TempFolder there(otherVolume);
-    std::map<std::string, std::string> files;
-    for (int number = 0; number < 60; ++number) {
-      const std::string path =
-          "tree/" + std::to_string(number % 5) + "/file" + std::to_string(number);
-      const std::size_t size = number % 9 == 0 ? 1'500'000U : 5'000U + number;
-      files[path].assign(size, static_cast<char>('A' + number));
-      here.Make({path + "=" + files[path]});
-    }
+    // The second goes the other way, or to the same folder as the first, by the same names.
+    const bool crosses = round % 2 == 0;
+    const TempFolder& from = crosses ? there : here;
+    const TempFolder& to = crosses ? here : there;
+    struct Side {
+      std::string From, To;
+      std::map<std::string, std::string> Files;
+    };
+    const Side sides[] = {{here / "one/", there / "", MakeFiles(here, "one/", 0)},
+                          {from / "two/", to / "", MakeFiles(from, "two/", 30)}};
+    const auto move = [](const Side& side, ScriptedUser& user) {
+      return fs::exists(side.From + "tree")
+                 ? Do(user, FileFunction::Move, {side.From + "tree"}, side.To, NoConfirmation).Code
+                 : 0;
+    };
     const pid_t child = fork();
     if (child == 0) {
-      ScriptedUser user;
-      Do(user, FileFunction::Move, {here / "tree"}, there.Path());
+      ScriptedUser users[2];
+      std::jthread second([&] { move(sides[1], users[1]); });
+      move(sides[0], users[0]);
+      second.join();
       _exit(0);
     }
     usleep(static_cast<useconds_t>(chance() % 30'000));
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
-    for (const auto& [path, content] : files) {
-      const bool arrived = Get(there / path) == content;
-      EXPECT_TRUE(arrived || (Get(here / path) == content && !fs::exists(there / path))) << path;
+    // A folder that both have begun gets two names, that of a file is its own.
+    const auto find = [](const Side& side, const std::string& path) {
+      const fs::path name = fs::path(path).filename();
+      for (const auto& top : fs::directory_iterator(side.To)) {
+        if (!top.path().filename().string().starts_with("tree")) continue;
+        for (const auto& entry : fs::recursive_directory_iterator(top)) {
+          if (entry.path().filename() == name) return entry.path().string();
+        }
+      }
+      return side.To + path;
+    };
+    for (const Side& side : sides) {
+      for (const auto& [path, content] : side.Files) {
+        const std::string target = find(side, path);
+        const bool arrived = Get(target) == content;
+        EXPECT_TRUE(arrived || (Get(side.From + path) == content && !fs::exists(target))) << path;
+      }
     }
     // The same again carries it through.
-    ScriptedUser user;
-    if (fs::exists(here / "tree")) {
-      EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path(), NoConfirmation).Code,
-                0);
+    for (const Side& side : sides) {
+      ScriptedUser user;
+      EXPECT_EQ(move(side, user), 0);
+      for (const auto& [path, content] : side.Files) {
+        EXPECT_TRUE(Get(find(side, path)) == content) << path;
+      }
+      EXPECT_EQ(user.Heard, "");
+      EXPECT_TRUE(fs::is_empty(side.From));
     }
-    for (const auto& [path, content] : files) EXPECT_TRUE(Get(there / path) == content) << path;
-    EXPECT_EQ(user.Heard + here.Names(), "");
-    EXPECT_EQ(NamesBelow(there.Path()).find(".tarnwell"), std::string::npos);
+    for (const TempFolder* folder : {&here, &there}) {
+      EXPECT_EQ(NamesBelow(folder->Path()).find(".tarnwell"), std::string::npos);
+    }
   }
 }
 

@@ -134,6 +134,7 @@ class ItemTransfer {
   // Files and links (TransferFile.cpp).
   Failure CopyFile(const Item& item);
   Failure CopyContentOf(const Item& item, int from, const struct statx& source);
+  ErrorNumber LookAtCopy(int file, const struct statx& source, struct statx& copy);
   mode_t FirstMode(const struct statx& source) const;
   bool LeavesForLoss(const std::string& path);
   Failure CopyLink(const Item& item);
@@ -176,6 +177,7 @@ class ItemTransfer {
   ContentCopier content_;
   LinkedFiles links_;
   FlushedVolumes flushed_;
+  ItemIdentity keepsTimes_;  // volume, without a number, that has kept a copy's time as it was
   CopiedItems copied_;
   std::vector<Taken> batch_;  // copied, and to be deleted once all is flushed
   // What a move has copied, until it shows which originals have gone. An empty To stands for a
