@@ -4,6 +4,7 @@
 #include <array>
 #include <vector>
 
+#include "base/ItemList.h"
 #include "lister/rows/CellText.h"
 
 namespace tarnwell::fileops {
@@ -117,6 +118,16 @@ std::string StatusOf(const OperationRecord& record, const platform::NumberForms&
   const auto seconds = record.Meter.SecondsLeft(now.BytesTotal, now.ItemsTotal);
   if (!seconds) return text;
   return (text.empty() ? text : text + " - ") + TimeLeftText(forms, *seconds);
+}
+
+std::string FromOf(const OperationRecord& record) {
+  if (!record.Report.From.empty() || record.Order.Requests.empty()) return record.Report.From;
+  return std::string(base::ItemList(record.Order.Requests.front().Items).First());
+}
+
+std::string ToOf(const OperationRecord& record) {
+  if (!record.Report.From.empty() || record.Order.Requests.empty()) return record.Report.To;
+  return std::string(base::ItemList(record.Order.Requests.front().Destination).First());
 }
 
 std::string AmountOf(const OperationRecord& record, const platform::NumberForms& forms) {

@@ -35,6 +35,11 @@ int PercentOf(const OperationRecord& record);
 // "12.3 MiB/s, about 5 minutes left", or why it does not go on.
 std::string StatusOf(const OperationRecord& record, const platform::NumberForms& forms);
 
+// Paths of the item at hand, and where it goes: the first of all before it begins, and the folder
+// that they go to. Empty where they go nowhere.
+std::string FromOf(const OperationRecord& record);
+std::string ToOf(const OperationRecord& record);
+
 // "1.2 GiB of 5 GiB, 12 of 300 items"; empty before it begins.
 std::string AmountOf(const OperationRecord& record, const platform::NumberForms& forms);
 

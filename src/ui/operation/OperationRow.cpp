@@ -19,6 +19,7 @@ constexpr int RowSideMargin = 8;
 constexpr int RowLeading = 4;
 constexpr int RowColumnGap = 8;
 constexpr int RowPictureEdge = 16;
+constexpr int ArrowSize = 10;
 constexpr int BarWidth = 180;
 constexpr int LeastBarWidth = 60;
 constexpr int StatusWidth = 230;  // so that the bars of all rows stand in line
@@ -67,6 +68,7 @@ OperationRow::OperationRow(platform::OperationId operation, fileops::OperationQu
   unfold_ = &AddButton(QStringLiteral("Details"));
   unfold_->setCheckable(true);
   unfold_->setArrowType(Qt::RightArrow);
+  unfold_->setIconSize(QSize(ArrowSize, ArrowSize));
   unfold_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   unfold_->show();
   connect(unfold_, &QToolButton::toggled, this, [this](bool on) {
@@ -107,6 +109,16 @@ ElidedLabel& OperationRow::AddDetail(QGridLayout& grid, const QString& caption) 
   return *text;
 }
 
+// Of those of an operation that waits, which has the most of them: so all bars stand in line.
+int OperationRow::MostButtonsWidth() const {
+  int width = unfold_->sizeHint().width();
+  for (const OperationDeed deed :
+       {OperationDeed::StartNow, OperationDeed::MoveUp, OperationDeed::TakeAway}) {
+    width += RowLeading + deeds_.at(static_cast<std::size_t>(deed))->sizeHint().width();
+  }
+  return width;
+}
+
 // One line, or two of them.
 void OperationRow::Arrange() {
   grid_->addWidget(picture_, 0, 0);
@@ -123,7 +135,10 @@ void OperationRow::Arrange() {
   grid_->addWidget(details_, 2, 1, 1, 4);
   grid_->setColumnStretch(1, 1);
   status_->setAlignment((isNarrow_ ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  status_->setSizePolicy(isNarrow_ ? QSizePolicy::Ignored : QSizePolicy::Fixed, QSizePolicy::Fixed);
   status_->setMinimumWidth(isNarrow_ ? 0 : StatusWidth);
+  status_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : StatusWidth);
+  buttons_->setMinimumWidth(isNarrow_ ? 0 : MostButtonsWidth());
   bar_->setMinimumWidth(isNarrow_ ? LeastBarWidth : BarWidth);
   bar_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : BarWidth);
 }
@@ -135,7 +150,7 @@ void OperationRow::resizeEvent(QResizeEvent* event) {
 
 void OperationRow::changeEvent(QEvent* event) {
   QFrame::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) shownPicture_.clear();
+  if (event->type() == QEvent::FontChange) Arrange();
 }
 
 void OperationRow::Show(const OperationRecord& record, bool isNext) {
@@ -144,6 +159,7 @@ void OperationRow::Show(const OperationRecord& record, bool isNext) {
   const int percent = fileops::PercentOf(record);
   if (bar_->maximum() != (percent < 0 ? 0 : 100)) bar_->setRange(0, percent < 0 ? 0 : 100);
   bar_->setValue(std::max(percent, 0));
+  bar_->setTextVisible(record.State == fileops::OperationState::Running);
   ShowStatus(record);
   ShowDeeds(record, isNext);
   if (details_->isVisible()) ShowDetails(record);
@@ -212,12 +228,13 @@ void OperationRow::ShowDetails(const OperationRecord& record) {
   const auto show = [&](ElidedLabel& label, const std::string& text) {
     label.ShowText(text.empty() ? QStringLiteral("-") : ToShownQString(text));
   };
-  show(*from_, hasNames ? record.Report.From : "");
-  show(*to_, hasNames ? record.Report.To : "");
+  show(*from_, hasNames ? fileops::FromOf(record) : "");
+  show(*to_, hasNames ? fileops::ToOf(record) : "");
   show(*amount_, fileops::AmountOf(record, tools_.Forms));
 }
 
 void OperationRow::Enter() {
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);  // for the frame that tells where it is
   const auto shown = std::ranges::find_if_not(deeds_, &QWidget::isHidden);
   (shown == deeds_.end() ? unfold_ : *shown)->setFocus(Qt::TabFocusReason);
 }

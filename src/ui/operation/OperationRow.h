@@ -38,6 +38,7 @@ class OperationRow : public QFrame {
 
  private:
   void Arrange();
+  int MostButtonsWidth() const;
   QToolButton& AddButton(const QString& caption);
   void ShowName(const QString& title);
   void ShowPicture(std::string_view name);

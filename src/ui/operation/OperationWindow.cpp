@@ -65,12 +65,14 @@ void OperationWindow::Show(const std::vector<const fileops::OperationRecord*>& r
   if (windowTitle() != title) setWindowTitle(title);
 }
 
-// As high as the rows.
+// As high as the rows; what is added goes on the screen.
 void OperationWindow::Fit() {
   const int most = static_cast<int>(screen()->availableGeometry().height() * MostOfScreen);
   const int height = std::min(list_->sizeHint().height() + 2 * WindowMargin, most);
   if (height == minimumHeight() && height == maximumHeight()) return;
   setFixedHeight(height);
+  const int below = frameGeometry().bottom() - screen()->availableGeometry().bottom();
+  if (isVisible() && below > 0) move(x(), std::max(y() - below, 0));
 }
 
 void OperationWindow::Open(QWidget* owner) {
