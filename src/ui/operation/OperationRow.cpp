@@ -24,7 +24,7 @@ constexpr int BarWidth = 180;
 constexpr int LeastBarWidth = 60;
 constexpr int StatusWidth = 230;  // so that the bars of all rows stand in line
 // With less, what it does stands above how far it has come.
-constexpr int OneLineWidth = 880;
+constexpr int OneLineWidth = 1040;
 // Speed and time left are read, so they stand still a while.
 constexpr std::int64_t StatusTime = 1000;  // milliseconds
 
