@@ -9,6 +9,7 @@
 #include "shell/TestRun.h"
 #include "ui/forms/SkinChooserWindow.h"
 #include "ui/main/MainWindow.h"
+#include "ui/operation/OperationViews.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -98,7 +99,10 @@ class FivePanes {
   FullMachine machine_;
   shell::TestRun run_{machine_};
   IconSource icons_{QStringLiteral(TARNWELL_BENCH_DATA)};
-  MainWindow window_{run_.Main(), icons_};
+  OperationViews operations_{run_.Operations,
+                             {machine_.Files.Syntax(), machine_.Clock, machine_.Forms, icons_},
+                             [] { return false; }};
+  MainWindow window_{run_.Main(), icons_, operations_};
   settings::frmSkinChooser* chooser_ = nullptr;
   std::unique_ptr<SkinChooserWindow> chooserWindow_;
 };
