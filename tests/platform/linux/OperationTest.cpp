@@ -275,7 +275,9 @@ TEST(Operation, MovesSideBySideToOtherVolumesSurviveBeingKilled) {
       for (const auto& top : fs::directory_iterator(side.To)) {
         if (!top.path().filename().string().starts_with("tree")) continue;
         for (const auto& entry : fs::recursive_directory_iterator(top)) {
-          if (entry.path().filename() == name) return entry.path().string();
+          const std::string at = entry.path();
+          const bool isHidden = at.find("/.tarnwell-") != at.npos;
+          if (entry.path().filename() == name && !isHidden) return at;
         }
       }
       return side.To + path;
