@@ -22,6 +22,8 @@ struct UndoStep {
   std::uint64_t Irrevocable = 0;                   // items of the command that cannot be taken back
   // What did it; for what was done by other means, the operation that was started last before.
   platform::OperationId Operation = platform::NoOperation;
+  // Some of it is another item by now than the steps taken before it know; see FollowItems.
+  bool IsRenumbered = false;
 };
 
 // Whether a command is taken back, or what was taken back is done again.
@@ -44,12 +46,10 @@ class UndoHistory {
   // still to be done, since it was given up. Nothing is kept of an empty one.
   void Finish(UndoWay way, UndoStep inverse, UndoStep rest);
 
-  // Calls `look` with each item of the steps that are still to be taken that way.
+  // Calls `look` with each step that is still to be taken that way.
   template <typename Look>
-  void ForEachItem(UndoWay way, Look look) {
-    for (UndoStep& step : Of(way)) {
-      for (platform::DoneItem& item : step.Items) look(item);
-    }
+  void ForEachStep(UndoWay way, Look look) {
+    for (UndoStep& step : Of(way)) look(step);
   }
 
  private:

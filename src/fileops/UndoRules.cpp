@@ -148,23 +148,30 @@ void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
     const auto item = items.find(now.From);
     if (item == items.end()) continue;
     const platform::ItemFingerprint& print = item->second->Print;
-    const bool isOther = print.Device != now.Print.Device || print.Number != now.Print.Number;
+    const bool isOther =
+        step.IsRenumbered || print.Device != now.Print.Device || print.Number != now.Print.Number;
     if (isOther || now.To != item->second->From)
       returns.emplace(item->second->From, Return{&now, isOther});
   }
   if (returns.empty()) return;
-  history.ForEachItem(way, [&](DoneItem& item) {
-    for (std::string above = item.To;; above = syntax.ParentOf(above)) {
-      if (const auto found = returns.find(above); found != returns.end()) {
-        item.To.replace(0, above.size(), found->second.Now->To);
-        if (!found->second.IsOther) return;
-        // It may be elsewhere, by a step that is to be taken before.
-        platform::ItemFingerprint now = fingerprint(item.To);
-        now.Below = item.Print.Below;
-        if (IsAlike(now, item.Print)) item.Print = now;
-        return;
+  history.ForEachStep(way, [&](UndoStep& later) {
+    for (DoneItem& item : later.Items) {
+      std::string above = item.To;
+      auto found = returns.find(above);
+      for (std::string next = syntax.ParentOf(above); found == returns.end() && next != above;
+           next = syntax.ParentOf(above)) {
+        above = std::move(next);
+        found = returns.find(above);
       }
-      if (syntax.ParentOf(above) == above || above.empty()) return;
+      if (found == returns.end()) continue;
+      item.To.replace(0, above.size(), found->second.Now->To);
+      if (!found->second.IsOther) continue;
+      // It may be elsewhere, by a step that is to be taken before.
+      platform::ItemFingerprint now = fingerprint(item.To);
+      now.Below = item.Print.Below;
+      if (!IsAlike(now, item.Print)) continue;
+      item.Print = now;
+      later.IsRenumbered = true;
     }
   });
 }
