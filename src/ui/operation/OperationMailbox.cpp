@@ -76,7 +76,7 @@ ProgressReport OperationMailbox::Progress() const {
 std::optional<OperationQuestion> OperationMailbox::TakeQuestion() {
   const Lock lock(mutex_);
   std::optional<OperationQuestion> question = std::exchange(question_, std::nullopt);
-  if (question && IsMoot(std::holds_alternative<RemarksQuestion>(*question))) question.reset();
+  if (cancelled_) question.reset();
   return question;
 }
 
@@ -86,9 +86,9 @@ void OperationMailbox::Answer(const OperationAnswer& answer) {
   changed_.notify_all();
 }
 
-RemarksQuestion OperationMailbox::TakeRemarks() {
+OperationRemarks OperationMailbox::TakeRemarks() {
   const Lock lock(mutex_);
-  return leaving_ ? RemarksQuestion() : std::exchange(remarks_, {});
+  return leaving_ ? OperationRemarks() : std::exchange(remarks_, {});
 }
 
 // --- The operation's side
@@ -109,18 +109,16 @@ bool OperationMailbox::GoesOn() {
 
 template <typename Reply>
 Reply OperationMailbox::Ask(OperationQuestion question, const Reply& cancelled) {
-  const bool isRemarks = std::holds_alternative<RemarksQuestion>(question);
-  const auto isMoot = [this, isRemarks] { return IsMoot(isRemarks); };
   Lock lock(mutex_);
-  if (isMoot()) return cancelled;
+  if (cancelled_) return cancelled;
   answer_.reset();
   question_ = std::move(question);
   lock.unlock();
   wake_();
   lock.lock();
-  changed_.wait(lock, [&] { return isMoot() || answer_; });
+  changed_.wait(lock, [this] { return cancelled_ || answer_; });
   question_.reset();
-  return isMoot() ? cancelled : std::get<Reply>(*answer_);
+  return cancelled_ ? cancelled : std::get<Reply>(*answer_);
 }
 
 platform::ConflictAnswer OperationMailbox::OnConflict(const platform::OperationConflict& conflict) {
@@ -158,12 +156,8 @@ platform::MissingFolderChoice OperationMailbox::OnMissingFolder(const std::strin
 }
 
 void OperationMailbox::OnRemark(platform::OperationRemark remark, const std::string& path) {
-  RemarksQuestion::List& list = remarks_.Lists.at(static_cast<std::size_t>(remark));
+  OperationRemarks::List& list = remarks_.Lists.at(static_cast<std::size_t>(remark));
   if (list.Count++ < MostRemarks) list.Paths.push_back(path);
-}
-
-void OperationMailbox::TellRemarks() {
-  if (!remarks_.IsEmpty()) Ask(std::move(remarks_), RemarksSeen{});
 }
 
 }  // namespace tarnwell::ui

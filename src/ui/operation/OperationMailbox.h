@@ -40,8 +40,8 @@ struct LossQuestion {
 struct MissingFolderQuestion {
   std::string Path;
 };
-// What there is to say at the end; the answer tells only that it was seen.
-struct RemarksQuestion {
+// What there is to say at the end.
+struct OperationRemarks {
   struct List {
     std::vector<std::string> Paths;  // the first of them
     std::size_t Count = 0;
@@ -53,13 +53,11 @@ struct RemarksQuestion {
            std::ranges::all_of(Lists, [](const List& list) { return list.Count == 0; });
   }
 };
-struct RemarksSeen {};
-using OperationQuestion =
-    std::variant<ConflictQuestion, platform::OperationTrouble, NoTrashQuestion, LossQuestion,
-                 MissingFolderQuestion, RemarksQuestion>;
+using OperationQuestion = std::variant<ConflictQuestion, platform::OperationTrouble,
+                                       NoTrashQuestion, LossQuestion, MissingFolderQuestion>;
 using OperationAnswer =
     std::variant<platform::ConflictAnswer, platform::TroubleChoice, platform::NoTrashAnswer,
-                 platform::LossAnswer, platform::MissingFolderChoice, RemarksSeen>;
+                 platform::LossAnswer, platform::MissingFolderChoice>;
 
 using platform::ProgressReport;
 
@@ -84,7 +82,7 @@ class OperationMailbox : public platform::OperationUser {
   void Answer(const OperationAnswer& answer);
   // What there was to remark, unless nothing is to be told. To be called when the operation's
   // thread is done.
-  RemarksQuestion TakeRemarks();
+  OperationRemarks TakeRemarks();
 
   // --- For the operation, on its thread.
 
@@ -98,20 +96,16 @@ class OperationMailbox : public platform::OperationUser {
   platform::LossAnswer OnLoss(const std::string& path) override;
   platform::MissingFolderChoice OnMissingFolder(const std::string& path) override;
   void OnRemark(platform::OperationRemark remark, const std::string& path) override;
-  // Tells what there was to remark, and waits until it was seen. To be called after the work.
-  void TellRemarks();
 
  private:
   template <typename Reply>
   Reply Ask(OperationQuestion question, const Reply& cancelled);
-  // Whether nobody waits for the answer any more.
-  bool IsMoot(bool isRemarks) const { return leaving_ || (cancelled_ && !isRemarks); }
 
   const base::PathSyntax& syntax_;
   const std::function<void()> wake_;
   // Of the operation's thread:
   std::string merged_;  // path of the folder that was merged last
-  RemarksQuestion remarks_;
+  OperationRemarks remarks_;
   mutable std::mutex mutex_;
   std::condition_variable changed_;
   bool paused_ = false;

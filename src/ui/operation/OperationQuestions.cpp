@@ -134,16 +134,16 @@ std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
   return window;
 }
 
-std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
-                                         const OperationTools& tools, const TakeAnswer& take) {
+std::unique_ptr<QuestionWindow> WindowOf(const OperationRemarks& remarks,
+                                         const OperationTools& tools, std::function<void()> seen) {
   auto window = std::make_unique<QuestionWindow>(
       QStringLiteral("To Be Noted"),
       QStringLiteral("The operation is over. Not all went as usual."), tools.Icons.Own("warning"));
-  if (!question.Failure.empty()) {
-    window->AddFact(QStringLiteral("Given up:"), ToShownQString(question.Failure));
+  if (!remarks.Failure.empty()) {
+    window->AddFact(QStringLiteral("Given up:"), ToShownQString(remarks.Failure));
   }
-  for (std::size_t remark = 0; remark < question.Lists.size(); ++remark) {
-    const RemarksQuestion::List& list = question.Lists.at(remark);
+  for (std::size_t remark = 0; remark < remarks.Lists.size(); ++remark) {
+    const OperationRemarks::List& list = remarks.Lists.at(remark);
     if (list.Count == 0) continue;
     QStringList lines;
     for (const std::string& path : list.Paths) lines << ToShownQString(path);
@@ -153,7 +153,7 @@ std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
                    .arg(ToQString(lister::CountText(tools.Forms, more, "item")));
     window->AddList(QString::fromLatin1(Remarks[remark]), lines);
   }
-  window->AddButton(QStringLiteral("&OK"), Role::DefaultCancel, [take] { take(RemarksSeen{}); });
+  window->AddButton(QStringLiteral("&OK"), Role::DefaultCancel, std::move(seen));
   return window;
 }
 

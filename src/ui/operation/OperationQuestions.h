@@ -24,7 +24,8 @@ std::unique_ptr<QuestionWindow> WindowOf(const LossQuestion& question, const Ope
                                          TakeAnswer take);
 std::unique_ptr<QuestionWindow> WindowOf(const MissingFolderQuestion& question,
                                          const OperationTools& tools, TakeAnswer take);
-std::unique_ptr<QuestionWindow> WindowOf(const RemarksQuestion& question,
-                                         const OperationTools& tools, const TakeAnswer& take);
+// `seen` runs once, likewise.
+std::unique_ptr<QuestionWindow> WindowOf(const OperationRemarks& remarks,
+                                         const OperationTools& tools, std::function<void()> seen);
 
 }  // namespace tarnwell::ui

@@ -26,10 +26,10 @@ void DiscardLater(QWidget* window) {
   window->deleteLater();
 }
 
-void ShowRemarks(const RemarksQuestion& remarks, const OperationTools& tools, bool withKeyboard) {
+void ShowRemarks(const OperationRemarks& remarks, const OperationTools& tools, bool withKeyboard) {
   const auto shown = std::make_shared<QPointer<QWidget>>();
   QuestionWindow* const window =
-      WindowOf(remarks, tools, [shown](const OperationAnswer&) { DiscardLater(*shown); }).release();
+      WindowOf(remarks, tools, [shown] { DiscardLater(*shown); }).release();
   *shown = window;
   ShowOver(*window, WindowInUse(), withKeyboard);
   if (!withKeyboard) QApplication::alert(window);
@@ -156,7 +156,7 @@ void QtOperationRun::End() {
   ForgetQuestion();
   platform::OperationResult result{.Code = static_cast<int>(std::errc::timed_out), .Aborted = true};
   if (work_->IsDone()) {
-    RemarksQuestion remarks = work_->Mailbox().TakeRemarks();
+    OperationRemarks remarks = work_->Mailbox().TakeRemarks();
     try {
       result = work_->Take();
     } catch (const std::exception& error) {
