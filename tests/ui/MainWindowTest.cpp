@@ -1,5 +1,4 @@
 #include "TestApplication.h"
-#include "fakes/FakeOperationEngine.h"
 #include "shell/TestRun.h"
 #include "ui/list/ListerRow.h"
 #include "ui/main/MainWindow.h"
@@ -64,11 +63,7 @@ class MainWindowTest : public testing::Test {
   shell::TestMachine Machine;
   shell::TestRun Run{Machine};
   IconSource Icons{QStringLiteral(TARNWELL_TESTS "/../data")};
-  fakes::FakeOperationEngine Engine;
-  fileops::UndoHistory History;
-  fileops::OperationQueue Queue{Engine, Machine.Clock, Machine.Files.Syntax(), Machine.Forms,
-                                History};
-  OperationViews Views{Queue,
+  OperationViews Views{Run.Operations,
                        {Machine.Files.Syntax(), Machine.Clock, Machine.Forms, Icons},
                        [this] { return Run.Space().Settings.OperationsInWindow; }};
   MainWindow Window{Run.Main(), Icons, Views};
@@ -93,6 +88,30 @@ TEST_F(MainWindowTest, GivesLargeLettersRoom) {
     EXPECT_GE(title->height(), title->fontMetrics().height());
     EXPECT_LT(title->parentWidget()->geometry().bottom(), PlaceOf("Files of pane 1").top());
   }
+}
+
+TEST_F(MainWindowTest, OperationsTakeTheLowerEdgeAndTheirQuestionsTheTitle) {
+  Machine.Engine.OnSettle = nullptr;
+  const int height = Inside.height(), panes = PlaceOf("Files of pane 1").height();
+  const QString title = Window.windowTitle();
+  Run.Operations.Start({platform::CommandKind::Copy,
+                        {{platform::FileFunction::Copy, std::string("C:\\a\0", 5),
+                          std::string("C:\\b\\\0", 6), 0}}});
+  Machine.Engine[0].OnAsking(true);
+  Views.Refresh();
+  Settle();
+  EXPECT_LT(Inside.height(), height);
+  EXPECT_LT(PlaceOf("Files of pane 1").height(), panes);
+  EXPECT_EQ(Window.windowTitle(), "Question - " + title);
+  PressKey(Window, Qt::Key_J, Qt::ControlModifier);
+  EXPECT_TRUE(Window.focusWidget()->accessibleName().startsWith("Answer"));
+  PressKey(*Window.focusWidget(), Qt::Key_Escape);
+  EXPECT_FALSE(Window.focusWidget()->accessibleName().startsWith("Answer"));
+  Machine.Engine.DoneAll();
+  Views.Refresh();
+  Settle();
+  EXPECT_EQ(Inside.height(), height);
+  EXPECT_EQ(Window.windowTitle(), title);
 }
 
 TEST_F(MainWindowTest, ASkinReachesWhatHasNoColoursOfItsOwn) {
