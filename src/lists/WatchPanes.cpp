@@ -57,11 +57,12 @@ void LookAtPanes(workspace::Workspace& workspace) {
 }
 
 WatchBracket::WatchBracket(workspace::Workspace& workspace, std::function<void()> resume)
-    : workspace_(workspace), resume_(std::move(resume)) {
+    : workspace_(workspace), resume_(std::move(resume)), isOfAll_(true) {
   lister::ListerControl* const current = workspace.Lists.Find(workspace.CurrentList);
   if (current != nullptr) current->LookAtDisk(lister::LookReason::User);
   WatchStopPanes(workspace);
   ++workspace_.OpenBrackets;  // last: what throws here closes nothing
+  ++workspace_.PaneBrackets;
 }
 
 WatchBracket::WatchBracket(workspace::Workspace& workspace, lister::ListerControl& list)
@@ -70,7 +71,9 @@ WatchBracket::WatchBracket(workspace::Workspace& workspace, lister::ListerContro
 }
 
 WatchBracket::~WatchBracket() {
-  if (!hasEnded_) CloseBracket(workspace_, resume_);
+  if (hasEnded_) return;
+  if (isOfAll_) --workspace_.PaneBrackets;
+  CloseBracket(workspace_, resume_);
 }
 
 // The steps outlive the bracket, and go unused where the program ends before.
@@ -78,6 +81,7 @@ void WatchBracket::EndAfter(platform::FileOperation& operations, platform::Opera
                             platform::OperationDone steps) {
   hasEnded_ = true;
   --workspace_.OpenBrackets;
+  --workspace_.PaneBrackets;
   ++workspace_.OperationsAtWork;
   operations.WhenDone(operation, [&workspace = workspace_, resume = std::move(resume_),
                                   steps = std::move(steps)](const auto& result) {
@@ -89,7 +93,8 @@ void WatchBracket::EndAfter(platform::FileOperation& operations, platform::Opera
       fault = std::current_exception();
     }
     --workspace.OperationsAtWork;
-    CloseBracket(workspace, resume);
+    // Another command may be open around this, in a menu or a wait: then that is the last to end.
+    CloseBracket(workspace, workspace.PaneBrackets == 0 ? resume : nullptr);
     if (fault) std::rethrow_exception(fault);
   });
 }

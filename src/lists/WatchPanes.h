@@ -39,16 +39,18 @@ class WatchBracket {
 
   // What is stopped stays so.
   void LeaveOpen() { resume_ = {}; }
-  // The bracket closes here, but for the watches: they stay stopped until the operation is done,
-  // and lists look for changes by themselves. Then, or at once where it is done by now or is none,
-  // the bracket opens again for `steps` and ends as told above. `steps` and `resume` find the
-  // workspace as it is then. What `steps` throws comes through once all is closed.
+  // For all panes. The bracket closes here, but for the watches: they stay stopped until the
+  // operation is done, and lists look for changes by themselves. Then, or at once where it is done
+  // by now or is none, the bracket opens again for `steps` and ends as told above; where others of
+  // all panes are open by then, `resume` is left to them. `steps` and `resume` find the workspace
+  // as it is then. What `steps` throws comes through once all is closed.
   void EndAfter(platform::FileOperation& operations, platform::OperationId operation,
                 platform::OperationDone steps);
 
  private:
   workspace::Workspace& workspace_;
   std::function<void()> resume_;
+  bool isOfAll_ = false;
   bool hasEnded_ = false;
 };
 

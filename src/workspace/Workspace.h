@@ -59,6 +59,7 @@ struct Workspace {
   TitleColours Titles;
 
   int OpenBrackets = 0;      // routines that run and keep the lists from following the disk
+  int PaneBrackets = 0;      // those of them that keep the lists of all panes from it
   int OperationsAtWork = 0;  // that go on beside the user, and keep lists from watching it
 
   std::int16_t OpenPaneCount = 0;
