@@ -35,7 +35,7 @@ void DeleteCommand::DeleteSelection(bool permanent) {
 
 void DeleteCommand::FollowUp(lister::ListId list, const std::string& items) {
   if (lister::IsFileList(list)) {
-    workspace_.Lists[workspace_.CurrentList].RefreshList();
+    workspace_.Lists[list].RefreshList();
     return;
   }
   if (ShowsOneOf(items, workspace_.Lists[list], syntax_)) navigation_.MoveFocusUpOneFolder(list);

@@ -189,6 +189,7 @@ TEST_F(OperationsTest, FollowsUpOnListsAsTheyAreByThen) {
   Deleting.DeleteSelection(true);
   Platform.Files.Remove("C:\\Data\\one.txt");
   EXPECT_NE(Row(100, "one.txt"), lister::NoRow);
+  Space.CurrentList = 101;  // the user goes on
   work.Finish();
   EXPECT_EQ(Row(100, "one.txt"), lister::NoRow);
 }
