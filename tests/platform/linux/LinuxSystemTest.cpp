@@ -46,9 +46,9 @@ TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
 TEST_F(Installed, KnowsWhereItsGuideIsOrWouldBe) {
   const std::string page = root_ / "share/doc/tarnwell/guide/index.html";
   EXPECT_EQ(LinuxSystemInfo(places_).GuidePage(), page);
-  for (const char* const found :
+  for (const std::string found :
        {"guide/index.html", "bin/guide/index.html", "share/doc/tarnwell/guide/index.html"}) {
-    root_.Make({found});
+    root_.Make({found + "="});
     EXPECT_EQ(LinuxSystemInfo(places_).GuidePage(), root_ / found);
   }
 }
