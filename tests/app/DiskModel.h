@@ -92,6 +92,7 @@ class DiskModel {
         return;
       } else {
         Place(from, to, moves);
+        hasReplaced_ = true;
         return;
       }
     }
@@ -105,6 +106,7 @@ class DiskModel {
     return place;
   }
   void Add(CommandKind kind, std::vector<Item> done, bool didMore = false) {
+    didMore |= std::exchange(hasReplaced_, false);
     if (done.empty() && !didMore) return;
     Steps[1].clear();
     if (!done.empty()) Steps[0].push_back({kind, std::move(done), {}});
@@ -146,6 +148,7 @@ class DiskModel {
         }
       }
     }
+    hasReplaced_ = false;
     std::vector<Item> done = after.Items;
     if (!done.empty() || !after.Colours.empty()) Steps[isUndo ? 1 : 0].push_back(std::move(after));
     return done;
@@ -178,6 +181,7 @@ class DiskModel {
   }
 
   int last_ = 0;
+  bool hasReplaced_ = false;  // which cannot be taken back
 };
 
 }  // namespace tarnwell::app

@@ -264,6 +264,7 @@ class UndoOnDisk : public testing::Test {
   void TakeBack(UndoWay way, bool cancels) {
     std::vector<DiskModel::Step>& steps = model_.Steps[static_cast<int>(way)];
     if (steps.empty()) return;
+    ASSERT_NE(history_.Next(way), nullptr);
     const int parts = steps.back().Parts;
     const bool isColour = !steps.back().Colours.empty();
     cancels &= parts == 1 && !isColour;
