@@ -12,6 +12,9 @@ class OptionsTest(EndToEndTest):
 
         program.menu("File", "Options")
         program.control("Minimize to System Tray (clock area)").click()
+        keys("alt+w")
+        own = program.control("Show in a Window of Their Own")
+        wait_for("a window of their own", lambda: own.has("CHECKED"))
         program.control("Speed", Atspi.Role.RADIO_BUTTON).click()
         shown = program.control("Show color coding and comments.")
         for control, on in ((box("Yes, Slower"), True), (shown, False), (box("No, Faster"), True)):
@@ -28,10 +31,7 @@ class OptionsTest(EndToEndTest):
         general = program.control("General", Atspi.Role.RADIO_BUTTON)
         wait_for("the keyboard", lambda: general.has("FOCUSED"))
         keys("Down", "Tab", "space")
-        keys("alt+g", "alt+w")
-        wait_for("a window of their own", lambda: program.control(
-            "Show in a Window of Their Own").has("CHECKED"))
-        keys("alt+s", "alt+r")
+        keys("alt+r")
         for name in ("Get File Icons: No, Faster", "Get Folder Icons: Yes, Slower"):
             wait_for(name, lambda name=name: program.control(name).has("CHECKED"))
         keys("alt+l", "1", "2", "period", "5", "Return")
