@@ -18,11 +18,13 @@ void FailureList::Add(const std::string& path, const base::Status& status) {
   if (++count_ <= mostTold) lines_ += "\n" + QuotedName(path) + ": " + status.Reason;
 }
 
-void FailureList::Show(Dialogs& dialogs, const std::string& what) const {
+void FailureList::Show(Dialogs& dialogs, const FailureWords& words) const {
   if (count_ == 0) return;
-  std::string text = first_ + " " + what + ".\n\n" + reason_;
-  if (count_ > 1) text = forms_.Grouped(count_) + " items " + what + ":\n" + lines_;
-  if (count_ > mostTold) text += "\n... and " + forms_.Grouped(count_ - mostTold) + " more";
+  std::string text = Filled(words.Named, {first_}) + "\n\n" + reason_;
+  if (count_ > 1) text = Counted(forms_, words.Numbered, count_) + "\n" + lines_;
+  if (count_ > mostTold) {
+    text += "\n" + Counted(forms_, CountedText::DotsAndMore, count_ - mostTold);
+  }
   dialogs.ShowCritical("Tarnwell", text);
 }
 

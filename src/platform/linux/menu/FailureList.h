@@ -3,12 +3,19 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "base/Status.h"
+#include "platform/CountedTexts.h"
 #include "platform/Dialogs.h"
 #include "platform/NumberForms.h"
 
 namespace tarnwell::platform {
+
+struct FailureWords {
+  std::string_view Named;  // of one item: "%1 could not be opened."
+  CountedText Numbered;    // of several, whose lines follow
+};
 
 class FailureList {
  public:
@@ -16,9 +23,8 @@ class FailureList {
 
   // A success is not noted.
   void Add(const std::string& path, const base::Status& status);
-  // Names the items and the reasons; nothing is shown where nothing failed. `what` follows a name:
-  // "could not be opened".
-  void Show(Dialogs& dialogs, const std::string& what) const;
+  // Names the items and the reasons; nothing is shown where nothing failed.
+  void Show(Dialogs& dialogs, const FailureWords& words) const;
 
  private:
   const NumberForms& forms_;

@@ -8,6 +8,7 @@
 
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
+#include "platform/CountedTexts.h"
 #include "platform/linux/files/FindItem.h"
 #include "platform/linux/menu/FileOpener.h"
 #include "platform/linux/menu/LinkItems.h"
@@ -47,7 +48,8 @@ constexpr Row rows[] = {
 // The rows, and the separator and the last entry of the submenu.
 constexpr std::size_t leastRoom = std::size(rows) + 2;
 
-constexpr const char* notOpened = "could not be opened";
+constexpr FailureWords notOpened{.Named = "%1 could not be opened.",
+                                 .Numbered = CountedText::NotOpened};
 
 std::string WithoutAccessKeys(std::string text) {
   for (std::size_t at = text.find('&'); at != text.npos; at = text.find('&', at + 2)) {
@@ -176,7 +178,8 @@ OperationId LinuxItemMenu::Invoke(int offset) {
                         tools_.Forms, tools_.Calls);
     case MenuVerb::CreateShortcut:
       CreateShortcuts(failures);
-      failures.Show(tools_.Dialogs, "could not be given a shortcut");
+      failures.Show(tools_.Dialogs, {.Named = "%1 could not be given a shortcut.",
+                                     .Numbered = CountedText::NoShortcut});
       break;
     case MenuVerb::Delete:
       return IsRefused(FileFunction::Delete) ? NoOperation : Trash();
@@ -286,11 +289,11 @@ bool LinuxItemMenu::IsRefused(FileFunction function) const {
 }
 
 OperationId LinuxItemMenu::Trash() {
-  const std::string what = paths_.size() == 1
-                               ? QuotedName(paths_.front())
-                               : "these " + tools_.Forms.Grouped(paths_.size()) + " items";
   // Yes is the usual answer: what is in the trash can be brought back.
-  const std::string question = "Do you want to move " + what + " to the trash?";
+  const std::string question =
+      paths_.size() == 1
+          ? Filled("Do you want to move %1 to the trash?", {QuotedName(paths_.front())})
+          : Counted(tools_.Forms, CountedText::TrashQuestion, paths_.size());
   if (!tools_.Dialogs.AskYesNo("Delete", question, true)) return NoOperation;
   return tools_.Operation.Start({.Kind = CommandKind::Trash,
                                  .Requests = {{.Function = FileFunction::Delete,

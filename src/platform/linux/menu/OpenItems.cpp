@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/PathSyntax.h"
+#include "platform/CountedTexts.h"
 #include "platform/linux/menu/FarOpening.h"
 #include "platform/linux/menu/ProgramFiles.h"
 #include "platform/linux/posix/SystemError.h"
@@ -82,8 +83,7 @@ void OpenDocuments(const std::vector<const Item*>& documents,
 
 bool AskAboutMany(std::size_t count, const OpenTools& tools) {
   return count <= mostUnasked ||
-         tools.Dialogs.AskYesNo(
-             "Open", "Do you want to open these " + tools.Forms.Grouped(count) + " items?");
+         tools.Dialogs.AskYesNo("Open", Counted(tools.Forms, CountedText::OpenQuestion, count));
 }
 
 std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,

@@ -6,6 +6,7 @@
 
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
+#include "platform/CountedTexts.h"
 #include "platform/linux/files/FindItem.h"
 #include "platform/linux/menu/FailureList.h"
 #include "platform/linux/posix/ItemIdentity.h"
@@ -83,7 +84,8 @@ OperationId PasteFiles(const std::string& folder, FileClipboard& clipboard,
   if (const base::Status status = LookAtFolder(calls, folder, identity); !status) {
     FailureList failures(forms);
     failures.Add(folder, status);
-    failures.Show(dialogs, "could not be opened to paste there");
+    failures.Show(dialogs, {.Named = "%1 could not be opened to paste there.",
+                            .Numbered = CountedText::NotOpenedForPaste});
     return NoOperation;
   }
   const std::string refusal =
@@ -126,13 +128,10 @@ OperationId PasteFiles(const std::string& folder, FileClipboard& clipboard,
       });
     }
   }
-  nameless.Show(dialogs, "could not be pasted");
+  nameless.Show(dialogs, {.Named = "%1 could not be pasted.", .Numbered = CountedText::NotPasted});
   if (files.Foreign == 0) return pasted;
-  dialogs.ShowCritical(
-      "Tarnwell", (files.Foreign == 1 ? "One item on the clipboard is no file"
-                                      : forms.Grouped(static_cast<std::uint64_t>(files.Foreign)) +
-                                            " items on the clipboard are no files") +
-                      std::string(" of this computer and cannot be pasted."));
+  dialogs.ShowCritical("Tarnwell", Counted(forms, CountedText::ForeignNotPasted,
+                                           static_cast<std::uint64_t>(files.Foreign)));
   return pasted;
 }
 
