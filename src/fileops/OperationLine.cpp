@@ -6,11 +6,13 @@
 
 #include "base/ItemList.h"
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::fileops {
 namespace {
 
 using platform::CommandKind;
+using platform::CountedText;
 using platform::OperationProgress;
 
 struct DeedRow {
@@ -78,10 +80,6 @@ constexpr auto PictureRows = std::to_array<PictureRow>({
     {CommandKind::Redo, "op_redo"},
 });
 
-std::string OfText(const std::string& done, const std::string& total) {
-  return done + " of " + total;
-}
-
 }  // namespace
 
 std::string_view CaptionOf(OperationDeed deed) {
@@ -113,7 +111,8 @@ std::string StatusOf(const OperationRecord& record, const platform::NumberForms&
   if (now.IsCounting) return "Counting...";
   std::string text;
   if (const std::uint64_t speed = record.Meter.BytesPerSecond(); speed > 0) {
-    text = lister::ByteText(forms, speed) + "/s";
+    text = platform::Counted(forms, CountedText::SizePerSecond, speed,
+                             {lister::ByteText(forms, speed)});
   }
   const auto seconds = record.Meter.SecondsLeft(now.BytesTotal, now.ItemsTotal);
   if (!seconds) return text;
@@ -135,11 +134,13 @@ std::string AmountOf(const OperationRecord& record, const platform::NumberForms&
   if (record.State == OperationState::Waiting || now.ItemsTotal == 0) return {};
   std::string text;
   if (now.BytesTotal > 0) {
-    text = OfText(lister::ByteText(forms, now.BytesDone), lister::ByteText(forms, now.BytesTotal)) +
+    text = platform::Counted(
+               forms, CountedText::SizeOfSize, now.BytesTotal,
+               {lister::ByteText(forms, now.BytesDone), lister::ByteText(forms, now.BytesTotal)}) +
            ", ";
   }
-  return text +
-         OfText(forms.Grouped(now.ItemsDone), lister::CountText(forms, now.ItemsTotal, "item"));
+  return text + platform::Counted(forms, CountedText::NumberOfItems, now.ItemsTotal,
+                                  {forms.Grouped(now.ItemsDone)});
 }
 
 std::string_view PictureOf(const OperationRecord& record) {

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::fileops {
+
+using platform::CountedText;
+
 namespace {
 
 // Speed is to follow what happens; the time left is to jump about less.
@@ -82,14 +85,16 @@ std::string TimeLeftText(const platform::NumberForms& forms, std::uint64_t secon
   constexpr std::uint64_t minute = 60;
   constexpr std::uint64_t hour = 60 * minute;
   constexpr std::uint64_t day = 24 * hour;
-  const auto about = [&](std::uint64_t number, const char* unit) {
-    return "About " + lister::CountText(forms, number, unit) + " left";
+  const auto about = [&](std::uint64_t number, CountedText text) {
+    return platform::Counted(forms, text, number);
   };
   if (seconds <= 5) return "A few seconds left";
-  if (seconds <= 50) return about(RoundedUp(seconds, seconds > 20 ? 10 : 5), "second");
-  if (seconds <= hour - minute) return about(RoundedUp(seconds, minute) / minute, "minute");
-  if (seconds <= 2 * day) return about((seconds + hour / 2) / hour, "hour");
-  return about((seconds + day / 2) / day, "day");
+  if (seconds <= 50)
+    return about(RoundedUp(seconds, seconds > 20 ? 10 : 5), CountedText::SecondsLeft);
+  if (seconds <= hour - minute)
+    return about(RoundedUp(seconds, minute) / minute, CountedText::MinutesLeft);
+  if (seconds <= 2 * day) return about((seconds + hour / 2) / hour, CountedText::HoursLeft);
+  return about((seconds + day / 2) / day, CountedText::DaysLeft);
 }
 
 }  // namespace tarnwell::fileops

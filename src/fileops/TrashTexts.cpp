@@ -4,10 +4,12 @@
 
 #include "base/Text.h"
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::fileops {
 namespace {
 
+using platform::CountedText;
 using platform::TrashedItem;
 
 struct StateWords {
@@ -55,11 +57,15 @@ std::string TrashNote(const TrashedItem& item) {
 }
 
 std::string TrashBytesText(const TrashSum& sum, const TrashForms& forms) {
-  return (sum.Unmeasured == 0 ? "" : "at least ") + lister::ByteText(forms.Numbers, sum.Bytes);
+  const std::string bytes = lister::ByteText(forms.Numbers, sum.Bytes);
+  return sum.Unmeasured == 0
+             ? bytes
+             : platform::Counted(forms.Numbers, CountedText::SizeAtLeast, sum.Bytes, {bytes});
 }
 
 std::string TrashSumText(const TrashSum& sum, const TrashForms& forms) {
-  return lister::CountText(forms.Numbers, sum.Items, "item") + ", " + TrashBytesText(sum, forms);
+  return platform::Counted(forms.Numbers, CountedText::ItemsOfSize, sum.Items,
+                           {TrashBytesText(sum, forms)});
 }
 
 std::string TrashTroubleText(const platform::TrashTrouble& trouble) {

@@ -8,11 +8,14 @@
 #include "fileops/UndoColours.h"
 #include "fileops/UndoRules.h"
 #include "lister/list/Pacer.h"
-#include "lister/rows/CellText.h"
 #include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::fileops {
+
+using platform::CountedText;
+
 namespace {
 
 struct UndoWords {
@@ -50,7 +53,7 @@ std::string LeftText(const ColourOutcome& outcome, const platform::NumberForms& 
   std::string text = "These items keep the colour that they have:\r\n";
   for (const std::string& line : outcome.Left) text += "\r\n" + line;
   const std::size_t more = outcome.LeftCount - outcome.Left.size();
-  if (more > 0) text += "\r\nand " + forms.Grouped(more) + " more";
+  if (more > 0) text += "\r\n" + platform::Counted(forms, CountedText::AndMore, more);
   return text;
 }
 
@@ -172,17 +175,17 @@ void UndoCommand::Finish(UndoWay way, const UndoStep& step, platform::OperationI
 void UndoCommand::GiveColoursBack(UndoWay way) {
   const UndoStep step = services_.History.Take(way);
   const std::string text = TextOf(step, way);
-  const std::string total =
-      " of " + lister::CountText(services_.Forms, step.Colours.size(), "item");
   lister::Pacer pace(services_.Clock, services_.Pump);
   givenUp_ = false;
   ColourOutcome outcome = RestoreColours(step.Colours, services_.Files, [&](std::size_t done) {
     if (pace.IsDue()) {
-      const std::string doing =
-          Named(WordsOf(way).Doing, text) + ", " + services_.Forms.Grouped(done) + total;
-      Show(doing + "; Escape stops");
+      const auto show = [&](CountedText words) {
+        Show(platform::Counted(services_.Forms, words, step.Colours.size(),
+                               {Named(WordsOf(way).Doing, text), services_.Forms.Grouped(done)}));
+      };
+      show(CountedText::GivingColoursBack);
       pace.Pump();
-      if (givenUp_) Show(doing + "; stopped");
+      if (givenUp_) show(CountedText::GivingColoursStopped);
     }
     return !givenUp_;
   });

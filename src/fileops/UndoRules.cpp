@@ -9,10 +9,12 @@
 #include "base/ItemList.h"
 #include "base/Text.h"
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::fileops {
 
 using platform::CommandKind;
+using platform::CountedText;
 using platform::DoneItem;
 
 namespace {
@@ -21,8 +23,8 @@ enum class TakeBack : std::uint8_t { ToTrash, FromTrash, Back };
 
 struct StepRow {
   CommandKind Kind;
-  std::string_view One;   // stands before a name
-  std::string_view Many;  // stands before a number
+  std::string_view Named;  // of one item
+  CountedText Numbered;    // of several
   TakeBack Undo;
   TakeBack Redo;
   // The item is called as it was before the command, not as it is after it.
@@ -31,21 +33,24 @@ struct StepRow {
 };
 
 constexpr StepRow StepRows[] = {
-    {CommandKind::Copy, "Copy of ", "Copy of ", TakeBack::ToTrash, TakeBack::FromTrash, false,
-     true},
-    {CommandKind::Duplicate, "Duplicate of ", "Duplicates of ", TakeBack::ToTrash,
+    {CommandKind::Copy, "Copy of \"%1\"", CountedText::CopyStep, TakeBack::ToTrash,
      TakeBack::FromTrash, false, true},
-    {CommandKind::NewFolder, "New folder ", "New folders, ", TakeBack::ToTrash, TakeBack::FromTrash,
-     false, true},
-    {CommandKind::Shortcut, "Shortcut ", "Shortcuts to ", TakeBack::ToTrash, TakeBack::FromTrash,
-     false, true},
-    {CommandKind::Move, "Move of ", "Move of ", TakeBack::Back, TakeBack::Back, false, false},
-    {CommandKind::Rename, "Rename of ", "Rename of ", TakeBack::Back, TakeBack::Back, true, false},
-    {CommandKind::Trash, "Deletion of ", "Deletion of ", TakeBack::FromTrash, TakeBack::ToTrash,
-     true, false},
-    {CommandKind::Restore, "Restore of ", "Restore of ", TakeBack::ToTrash, TakeBack::FromTrash,
+    {CommandKind::Duplicate, "Duplicate of \"%1\"", CountedText::DuplicateStep, TakeBack::ToTrash,
+     TakeBack::FromTrash, false, true},
+    {CommandKind::NewFolder, "New folder \"%1\"", CountedText::NewFolderStep, TakeBack::ToTrash,
+     TakeBack::FromTrash, false, true},
+    {CommandKind::Shortcut, "Shortcut \"%1\"", CountedText::ShortcutStep, TakeBack::ToTrash,
+     TakeBack::FromTrash, false, true},
+    {CommandKind::Move, "Move of \"%1\"", CountedText::MoveStep, TakeBack::Back, TakeBack::Back,
      false, false},
-    {CommandKind::Colour, "Colour of ", "Colour of ", TakeBack::Back, TakeBack::Back, false, false},
+    {CommandKind::Rename, "Rename of \"%1\"", CountedText::RenameStep, TakeBack::Back,
+     TakeBack::Back, true, false},
+    {CommandKind::Trash, "Deletion of \"%1\"", CountedText::TrashStep, TakeBack::FromTrash,
+     TakeBack::ToTrash, true, false},
+    {CommandKind::Restore, "Restore of \"%1\"", CountedText::RestoreStep, TakeBack::ToTrash,
+     TakeBack::FromTrash, false, false},
+    {CommandKind::Colour, "Colour of \"%1\"", CountedText::ColourStep, TakeBack::Back,
+     TakeBack::Back, false, false},
 };
 
 // Others are never a step.
@@ -95,9 +100,9 @@ std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& 
   constexpr std::size_t longest = 50, head = 35, tail = 12;
   const StepRow& row = RowOf(step);
   const std::size_t count = step.Items.size() + step.Colours.size();
-  if (count != 1) return std::string(row.Many) + lister::CountText(forms, count, "item");
+  if (count != 1) return platform::Counted(forms, row.Numbered, count);
   const std::string name = lister::NameText(syntax, PathToCall(step, way));
-  return std::string(row.One) + "\"" + base::Shorten(name, longest, head, tail) + "\"";
+  return platform::Filled(row.Named, {base::Shorten(name, longest, head, tail)});
 }
 
 std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay way) {

@@ -6,11 +6,12 @@
 #include "base/Text.h"
 #include "fileops/TrashRequests.h"
 #include "fileops/popDelete.h"
-#include "lister/rows/CellText.h"
 #include "lists/WatchPanes.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::fileops {
 
+using platform::CountedText;
 using platform::TrashedItem;
 
 namespace {
@@ -131,16 +132,19 @@ std::string frmRecycleBin::StatusText() const {
   const platform::NumberForms& numbers = services_.Forms.Numbers;
   const TrashSum& all = rows_.All();
   if (!isSettled_) {
-    return "Reading the recycle bin... " + lister::CountText(numbers, all.Items, "item");
+    return platform::Counted(numbers, CountedText::TrashBeingRead, all.Items);
   }
   if (all.Items == 0) return troubles_.empty() ? "The recycle bin is empty" : "Nothing to show";
-  const std::string ofAll = " of " + lister::CountText(numbers, all.Items, "item");
   const TrashSum& selected = rows_.Selected();
   if (selected.Items > 0) {
-    return numbers.Grouped(selected.Items) + ofAll + " selected, " +
-           TrashBytesText(selected, services_.Forms);
+    return platform::Counted(
+        numbers, CountedText::TrashSelected, all.Items,
+        {numbers.Grouped(selected.Items), TrashBytesText(selected, services_.Forms)});
   }
-  if (rows_.IsFiltered()) return numbers.Grouped(rows_.Count()) + ofAll + " shown";
+  if (rows_.IsFiltered()) {
+    return platform::Counted(numbers, CountedText::TrashShown, all.Items,
+                             {numbers.Grouped(rows_.Count())});
+  }
   return TrashSumText(all, services_.Forms);
 }
 
@@ -149,8 +153,8 @@ std::string frmRecycleBin::NoteText() const {
   if (item != nullptr && !platform::CanRestore(*item)) return TrashNote(*item);
   const TrashSum& selected = rows_.Selected();
   if (selected.Restorable < selected.Items) {
-    return services_.Forms.Numbers.Grouped(selected.Items - selected.Restorable) +
-           " of the selected items cannot be restored, only deleted.";
+    return platform::Counted(services_.Forms.Numbers, CountedText::NotRestorable,
+                             selected.Items - selected.Restorable);
   }
   std::string text;
   for (const platform::TrashTrouble& trouble : troubles_) {
