@@ -1,7 +1,10 @@
 #include "shellmenu/ColourCoding.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
+
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::shellmenu {
 
@@ -18,10 +21,8 @@ void ColourItems(lister::ListerControl& list, const std::string& word, const Not
         forms::MessageKind::Ok);
   }
   if (count <= settings.FileCountMax || !settings.IsFirstColorCodingOverMax) return;
-  messenger.Message("When there are over " + std::to_string(settings.FileCountMax) +
-                        " files in a folder, Tarnwell doesn't show the color coding because it "
-                        "takes too long to check each file.\r\n\r\n"
-                        "Feel free to override this behaviour in the Options if you wish.",
+  const auto limit = static_cast<std::uint64_t>(std::max(settings.FileCountMax, 0));
+  messenger.Message(platform::Counted(list.Forms(), platform::CountedText::ColourLimit, limit),
                     forms::MessageKind::Ok);
   settings.IsFirstColorCodingOverMax = false;
 }

@@ -6,9 +6,9 @@
 
 #include "base/Measure.h"
 #include "base/Text.h"
-#include "lister/rows/CellText.h"
 #include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::shellmenu {
 namespace {
@@ -136,8 +136,9 @@ void ContextMenuCommand::Tell(const base::Status& status) {
 void ContextMenuCommand::TellMoreGone(const std::vector<std::string>& names) {
   constexpr std::size_t mostNamed = 10;
   if (names.size() < 2) return;
-  std::string text = lister::CountText(platform_.Forms, names.size() - 1, "further item") +
-                     " could not be found, and will be left out:\r\n";
+  std::string text =
+      platform::Counted(platform_.Forms, platform::CountedText::FurtherNotFound, names.size() - 1) +
+      "\r\n";
   for (std::size_t at = 1; at < names.size() && at <= mostNamed; ++at) {
     text += "\r\n     " + base::ForDisplay(names[at]);
   }
