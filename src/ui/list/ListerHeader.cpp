@@ -219,7 +219,8 @@ QRect ListerHeader::PaintSortMark(QPainter* painter, const QRect& area, int sect
   if (mark.Level < 0 || area.width() < ArrowWidth) return area;
   QRect rest = area;
   if (HasSecondLevel(control_)) {
-    const QString level = QString::number(mark.Level + 1);
+    const auto number = static_cast<std::uint64_t>(mark.Level) + 1;
+    const QString level = ToQString(control_.Forms().Grouped(number));
     const int width = painter->fontMetrics().horizontalAdvance(level);
     painter->drawText(rest, Qt::AlignRight | Qt::AlignVCenter, level);
     rest.setRight(rest.right() - width - 2);

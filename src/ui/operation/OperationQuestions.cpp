@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
@@ -149,8 +150,7 @@ std::unique_ptr<QuestionWindow> WindowOf(const OperationRemarks& remarks,
     for (const std::string& path : list.Paths) lines << ToShownQString(path);
     const std::size_t more = list.Count - list.Paths.size();
     if (more > 0)
-      lines << QStringLiteral("and %1 more")
-                   .arg(ToQString(lister::CountText(tools.Forms, more, "item")));
+      lines << ToQString(platform::Counted(tools.Forms, platform::CountedText::AndMoreItems, more));
     window->AddList(QString::fromLatin1(Remarks[remark]), lines);
   }
   window->AddButton(QStringLiteral("&OK"), Role::DefaultCancel, std::move(seen));

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "ui/toolkit/Convert.h"
 
 namespace tarnwell::ui {
@@ -28,13 +28,14 @@ QString TitleOf(const std::vector<const fileops::OperationRecord*>& records,
   const QString mark =
       std::ranges::any_of(records, asks) ? QStringLiteral("Question - ") : QString();
   if (records.size() != 1) {
-    return mark + ToQString(lister::CountText(forms, records.size(), "operation"));
+    return mark +
+           ToQString(platform::Counted(forms, platform::CountedText::Operations, records.size()));
   }
   const int percent = fileops::PercentOf(*records.front());
   const QString title = ToWindowTitle(records.front()->Title);
   if (percent < 0 || !mark.isEmpty()) return mark + title;
-  return QStringLiteral("%1% - %2")
-      .arg(ToQString(forms.Grouped(static_cast<std::uint64_t>(percent))), title);
+  return ToQString(platform::Counted(forms, platform::CountedText::PercentOfDeed,
+                                     static_cast<std::uint64_t>(percent), {title.toStdString()}));
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "ui/operation/QuestionWindow.h"
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/ShowOver.h"
@@ -11,6 +11,7 @@
 namespace tarnwell::ui {
 namespace {
 
+using platform::CountedText;
 using platform::RunChoice;
 using Role = QuestionWindow::Role;
 
@@ -18,18 +19,14 @@ constexpr std::size_t MostNamed = 8;
 
 QString HeadingOf(const platform::RunQuestion& question, const platform::NumberForms& forms) {
   const std::size_t programs = question.Programs.size();
-  if (programs == 1 && question.Files == 1) {
-    return question.Command.empty() ? QStringLiteral("Do you want to run this program?")
-                                    : QStringLiteral("Do you want to run what this file starts?");
+  if (programs == 1 && question.Files == 1 && !question.Command.empty()) {
+    return QStringLiteral("Do you want to run what this file starts?");
   }
-  const QString items = ToQString(lister::CountText(forms, question.Files, "item"));
   if (programs == question.Files) {
-    return QStringLiteral("All of these %1 are programs. Do you want to run them?").arg(items);
+    return ToQString(platform::Counted(forms, CountedText::RunAllQuestion, programs));
   }
-  return programs == 1
-             ? QStringLiteral("One of these %1 is a program. Do you want to run it?").arg(items)
-             : QStringLiteral("%1 of these %2 are programs. Do you want to run them?")
-                   .arg(ToQString(forms.Grouped(programs)), items);
+  const std::string items = platform::Counted(forms, CountedText::Items, question.Files);
+  return ToQString(platform::Counted(forms, CountedText::RunSomeQuestion, programs, {items}));
 }
 
 }  // namespace
@@ -43,9 +40,8 @@ RunChoice AskRun(const platform::RunQuestion& question, const OperationTools& to
                    std::string(tools.Syntax.LastComponent(question.Programs[at])));
   }
   if (count > named) {
-    window.AddFact(
-        QString(),
-        QStringLiteral("and %1 more").arg(ToQString(tools.Forms.Grouped(count - named))));
+    window.AddFact(QString(),
+                   ToQString(platform::Counted(tools.Forms, CountedText::AndMore, count - named)));
   }
   window.AddPath(QStringLiteral("In:"), tools.Syntax.ParentOf(question.Programs.front()));
   if (!question.Command.empty()) window.AddPath(QStringLiteral("Command:"), question.Command);

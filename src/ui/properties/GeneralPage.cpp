@@ -5,12 +5,14 @@
 #include <algorithm>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/DialogMeasures.h"
 
 namespace tarnwell::ui {
 namespace {
 
+using platform::CountedText;
 using platform::ItemFacts;
 using platform::ItemKind;
 
@@ -66,7 +68,7 @@ GeneralPage::GeneralPage(const std::vector<std::string>& paths, const OperationT
 }
 
 QString GeneralPage::NumberedItems(std::uint64_t count) const {
-  return ToQString(lister::CountText(tools_.Forms, count, "item"));
+  return ToQString(platform::Counted(tools_.Forms, CountedText::Items, count));
 }
 
 void GeneralPage::AddRow(const char* caption, QWidget& value) {
@@ -135,11 +137,11 @@ void GeneralPage::Show(const FactsReport& report) {
   }
   if (!summary.Unread.empty()) {
     const auto& [path, reason] = summary.Unread.front();
-    QString text = ToShownQString(lister::CannotRead(path, reason));
+    std::string text = lister::CannotRead(path, reason);
     if (const std::size_t more = summary.Unread.size() - 1; more > 0) {
-      text += QStringLiteral(" (and %1 more)").arg(NumberedItems(more));
+      text = platform::Counted(tools_.Forms, CountedText::WithMoreItems, more, {text});
     }
-    ShowCopied("Problem", text);
+    ShowCopied("Problem", ToShownQString(text));
   }
 }
 
@@ -174,13 +176,15 @@ void GeneralPage::ShowSizes(const FactsReport& report) {
   ShowFact("Size", ToQString(lister::SizeText(tools_.Forms, size)));
   ShowFact("Size on disk", ToQString(lister::SizeText(tools_.Forms, onDisk)));
   if (counts) {
-    QString text = ToQString(lister::CountText(tools_.Forms, report.Total.Files, "file") + ", " +
-                             lister::CountText(tools_.Forms, report.Total.Folders, "folder"));
+    const platform::NumberForms& forms = tools_.Forms;
+    QString text =
+        ToQString(platform::Counted(forms, CountedText::Files, report.Total.Files) + ", " +
+                  platform::Counted(forms, CountedText::Folders, report.Total.Folders));
     if (!report.IsCounted) text += QStringLiteral(", counting...");
     if (report.Total.Unreadable > 0) {
       text +=
-          QStringLiteral("\n%1 could not be read: %2")
-              .arg(NumberedItems(report.Total.Unreadable), ToQString(report.Total.Trouble.Reason));
+          '\n' + ToQString(platform::Counted(forms, CountedText::NotRead, report.Total.Unreadable,
+                                             {report.Total.Trouble.Reason}));
     }
     ShowFact("Contents", text);
   } else if (first.HardLinks > 1) {
@@ -202,9 +206,10 @@ void GeneralPage::ShowVolume(const ItemsSummary& summary) {
   ShowFact("Volume", QStringLiteral("%1 (%2)").arg(ToShownQString(volume.MountPoint),
                                                    ToQString(volume.FileSystem)));
   if (volume.Space.Total == 0) return;
-  ShowFact("Free space", QStringLiteral("%1 of %2")
-                             .arg(ToQString(lister::ByteText(tools_.Forms, volume.Space.Free)),
-                                  ToQString(lister::ByteText(tools_.Forms, volume.Space.Total))));
+  ShowFact("Free space",
+           ToQString(platform::Counted(tools_.Forms, CountedText::SizeOfSize, volume.Space.Total,
+                                       {lister::ByteText(tools_.Forms, volume.Space.Free),
+                                        lister::ByteText(tools_.Forms, volume.Space.Total)})));
 }
 
 }  // namespace tarnwell::ui

@@ -7,10 +7,14 @@
 #include <utility>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/DialogMeasures.h"
 
 namespace tarnwell::ui {
+
+using platform::CountedText;
+
 namespace {
 
 constexpr int PermissionsRowSpacing = 8;
@@ -170,15 +174,13 @@ void PermissionsPage::Show(const ItemsSummary& summary) {
     box.Check->setCheckState(box.Before);
   }
   mayChange_ = summary.Changeable > 0;
-  QString reason = ToQString(summary.WhyFixed);
+  std::string reason = summary.WhyFixed;
   if (const std::uint64_t fixed = summary.Count - summary.Changeable; mayChange_ && fixed > 0) {
-    reason = QStringLiteral("%1 of the %2 %3 left unchanged. %4")
-                 .arg(ToQString(forms_.Grouped(fixed)),
-                      ToQString(lister::CountText(forms_, summary.Count, "item")),
-                      QString::fromLatin1(fixed == 1 ? "is" : "are"), reason);
+    const std::string items = platform::Counted(forms_, CountedText::Items, summary.Count);
+    reason = platform::Counted(forms_, CountedText::LeftUnchanged, fixed, {items, reason});
   }
-  reason_.setText(reason);
-  reason_.setVisible(!reason.isEmpty());
+  reason_.setText(ToQString(reason));
+  reason_.setVisible(!reason.empty());
   inside_.setVisible(summary.ChangeableFolders > 0);
   inside_.setChecked(false);
   hint_.setVisible(summary.ChangeableFolders > 0);
@@ -231,10 +233,10 @@ void PermissionsPage::ShowTroubles(const platform::PermissionOutcome& outcome) {
   }
   const std::uint64_t more = outcome.Failed - outcome.Troubles.size();
   if (more > 0) {
-    lines << QStringLiteral("and %1 more").arg(ToQString(lister::CountText(forms_, more, "item")));
+    lines << ToQString(platform::Counted(forms_, CountedText::AndMoreItems, more));
   }
-  troubleHead_.setText(QStringLiteral("%1 could not be changed:")
-                           .arg(ToQString(lister::CountText(forms_, outcome.Failed, "item"))));
+  troubleHead_.setText(
+      ToQString(platform::Counted(forms_, CountedText::NotChanged, outcome.Failed)));
   troubles_->ShowText(lines.join('\n'));
   troubleHead_.setVisible(outcome.Failed > 0);
   troubles_->setVisible(outcome.Failed > 0);

@@ -5,11 +5,15 @@
 #include <utility>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/DialogMeasures.h"
 #include "ui/toolkit/ScrollPage.h"
 
 namespace tarnwell::ui {
+
+using platform::CountedText;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -39,10 +43,11 @@ PropertiesWindow::PropertiesWindow(std::vector<std::string> paths, const Propert
       permissions_(tools.Look.Forms, [this] { EnableButtons(); }) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowCloseButtonHint);
-  const std::string what = paths_.size() == 1
-                               ? lister::NameText(tools_.Look.Syntax, paths_.front())
-                               : lister::CountText(tools_.Look.Forms, paths_.size(), "item");
-  setWindowTitle(ToWindowTitle("Properties of " + what));
+  setWindowTitle(ToWindowTitle(
+      paths_.size() == 1
+          ? platform::Filled("Properties of %1",
+                             {lister::NameText(tools_.Look.Syntax, paths_.front())})
+          : platform::Counted(tools_.Look.Forms, CountedText::PropertiesOf, paths_.size())));
   setObjectName(QStringLiteral("PropertiesWindow"));
   tabs_.addTab(new ScrollPage(&general_), QStringLiteral("&General"));
   tabs_.addTab(new ScrollPage(&permissions_), QStringLiteral("&Permissions"));
@@ -139,9 +144,8 @@ void PropertiesWindow::FollowChange() {
   const bool done = change_->IsDone();
   const platform::PermissionOutcome outcome = change_->Read();
   if (!done) {
-    permissions_.ShowBusy(
-        QStringLiteral("Changing permissions: %1...")
-            .arg(ToQString(lister::CountText(tools_.Look.Forms, outcome.Items, "item"))));
+    permissions_.ShowBusy(ToQString(
+        platform::Counted(tools_.Look.Forms, CountedText::ChangingPermissions, outcome.Items)));
     return;
   }
   change_.reset();
