@@ -3,7 +3,7 @@
 #include "lister/list/ClickedItem.h"
 #include "lister/list/DropRules.h"
 #include "lister/list/ListBody.h"
-#include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 
@@ -71,10 +71,8 @@ void ListerUser::DropOn(const std::string& folder, Drop drop) {
   list_.Events.ItemsDropped(list_.Id, drop);
   if (drop.Foreign == 0) return;
   list_.Events.StatusMessage(
-      list_.Id,
-      CountText(list_.Services.Forms, static_cast<std::uint64_t>(drop.Foreign), "dropped item") +
-          (drop.Foreign == 1 ? " is no file" : " are no files") +
-          " of this computer and could not be taken.");
+      list_.Id, platform::Counted(list_.Services.Forms, platform::CountedText::DroppedForeign,
+                                  static_cast<std::uint64_t>(drop.Foreign)));
 }
 
 }  // namespace tarnwell::lister

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "lister/files/RowWalk.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 
@@ -48,10 +49,9 @@ void DetailsReader::Go(ReadJob& job, std::string_view what, Lacks lacks, Look lo
     if (!screenIsDone && !job.Pace.IsDue()) continue;
     showsScreen = showsScreen && !screenIsDone;
     tell();
-    if (!job.Pump(
-            std::string(what) + ": " +
-            files_.List.Services.Forms.Grouped(static_cast<std::uint64_t>(100 * done / total)) +
-            " %"))
+    const auto percent = static_cast<std::uint64_t>(100 * done / total);
+    if (!job.Pump(platform::Counted(files_.List.Services.Forms,
+                                    platform::CountedText::ReadingPercent, percent, {what})))
       return;
     walk.LookAgain();
   }

@@ -7,6 +7,7 @@
 #include "lister/files/KeepCursor.h"
 #include "lister/rows/CellText.h"
 #include "lister/rows/MergeRows.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 
@@ -221,7 +222,8 @@ base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
   files_.HiddenCount = 0;
   base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
     if (job.Pace.IsDue() &&
-        !job.Pump("Reading names: " + CountText(files_.List.Services.Forms, count, "item"))) {
+        !job.Pump(platform::Counted(files_.List.Services.Forms, platform::CountedText::ReadingNames,
+                                    count))) {
       return false;
     }
     if (files_.List.IsFilteredOut(entry)) {

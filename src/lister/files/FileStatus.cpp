@@ -3,8 +3,11 @@
 #include <cstdint>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
+
+using platform::CountedText;
 
 namespace {
 
@@ -18,16 +21,19 @@ std::string OnShow(const platform::NumberForms& forms, const FileRows& rows,
                    const RowTotals& totals) {
   const auto all = static_cast<std::uint64_t>(rows.All().size());
   const auto items = static_cast<std::uint64_t>(totals.Items);
-  std::string text = items == all ? CountText(forms, items, "item")
-                                  : forms.Grouped(items) + " of " + CountText(forms, all, "item");
-  text += " (" + CountText(forms, static_cast<std::uint64_t>(totals.Folders), "folder") + ")";
+  const std::string folders =
+      platform::Counted(forms, CountedText::Folders, static_cast<std::uint64_t>(totals.Folders));
+  std::string text = items == all ? platform::Counted(forms, CountedText::OnShow, all, {folders})
+                                  : platform::Counted(forms, CountedText::OnShowOfItems, all,
+                                                      {forms.Grouped(items), folders});
   if (totals.Bytes > 0) text += ", " + ByteText(forms, totals.Bytes);
   return text;
 }
 
 std::string Selected(const platform::NumberForms& forms, const RowTotals& totals) {
   if (totals.Selected == 0) return "";
-  std::string text = forms.Grouped(static_cast<std::uint64_t>(totals.Selected)) + " selected";
+  std::string text =
+      platform::Counted(forms, CountedText::Selected, static_cast<std::uint64_t>(totals.Selected));
   if (totals.SelectedBytes > 0) text += ", " + ByteText(forms, totals.SelectedBytes);
   return text;
 }
@@ -38,7 +44,7 @@ std::string Unreadable(const platform::NumberForms& forms, const FileRows& rows,
   for (RowId row = 1; row <= rows.StoreSize(); ++row) {
     count += rows.IsUsed(row) && rows.Row(row).WasTried && !rows.Row(row).HasAttributes;
   }
-  return count > 0 ? CountText(forms, count, "item") + " could not be read: " + reason : "";
+  return count > 0 ? platform::Counted(forms, CountedText::NotRead, count, {reason}) : "";
 }
 
 }  // namespace
@@ -59,7 +65,10 @@ std::string FileSummary(const FileListState& files) {
   if (!files.Unfollowed.empty() && files.List.Syntax.Same(files.Unfollowed, files.Rows.Folder())) {
     Append(text, "Changes on disk are not followed here");
   }
-  if (files.Space.Total > 0) Append(text, ByteText(forms, files.Space.Free) + " free");
+  if (files.Space.Total > 0) {
+    const std::uint64_t free = files.Space.Free;
+    Append(text, platform::Counted(forms, CountedText::SizeFree, free, {ByteText(forms, free)}));
+  }
   return text;
 }
 
@@ -67,15 +76,11 @@ EmptyNote NoteOf(const FileListState& files) {
   if (!files.NamesAreRead || files.Rows.Count() > 0) return {};
   const platform::NumberForms& forms = files.List.Services.Forms;
   if (const std::uint64_t all = files.Rows.All().size(); all > 0) {
-    return {.Text = all == 1 ? "The filter hides the only item here"
-                             : "The filter hides all " + forms.Grouped(all) + " items here",
-            .ByFilter = true};
+    return {.Text = platform::Counted(forms, CountedText::HiddenByFilter, all), .ByFilter = true};
   }
   if (!files.Trouble.empty()) return {.Text = files.Trouble};
   if (files.HiddenCount == 0) return {.Text = "This folder is empty"};
-  return {.Text = files.HiddenCount == 1
-                      ? "The only item here is hidden"
-                      : "All " + forms.Grouped(files.HiddenCount) + " items here are hidden"};
+  return {.Text = platform::Counted(forms, CountedText::Hidden, files.HiddenCount)};
 }
 
 void ShowSummary(FileListState& files) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 #include "platform/Launcher.h"
 
 namespace tarnwell::lister {
@@ -44,8 +45,8 @@ void Tell(ListState& list, const std::vector<LaunchFailure>& failures) {
             failures[at].Status.Reason;
   }
   if (failures.size() > mostTold) {
-    const std::string more = list.Services.Forms.Grouped(failures.size() - mostTold);
-    text += "\r\n... and " + more + " more";
+    text += "\r\n" + platform::Counted(list.Services.Forms, platform::CountedText::DotsAndMore,
+                                       failures.size() - mostTold);
   }
   list.Events.StatusMessage(list.Id, text);
 }

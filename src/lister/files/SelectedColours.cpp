@@ -8,6 +8,7 @@
 #include "lister/files/FileStatus.h"
 #include "lister/list/KeepColour.h"
 #include "lister/list/Pacer.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 
@@ -41,14 +42,15 @@ std::vector<ColouredItem> KeepSelectedColours(FileListState& files, ItemColour c
   list.Fields.CancelRequested = false;
   for (const auto& [row, name] : items) {
     if (pace.IsDue()) {
-      const std::string count =
-          forms.Grouped(done) + " of " + forms.Grouped(items.size()) + " items";
-      list.SetStatus("Colours: " + count + "; Escape stops");
+      const auto show = [&](platform::CountedText text) {
+        list.SetStatus(platform::Counted(forms, text, items.size(), {forms.Grouped(done)}));
+      };
+      show(platform::CountedText::Colouring);
       told = true;
       pace.Pump();
       if (list.IsTerminated) return changed;
       if (list.Fields.CancelRequested) {
-        list.SetStatus("Colours stopped: " + count + " done");
+        show(platform::CountedText::ColouringStopped);
         told = false;
         break;
       }

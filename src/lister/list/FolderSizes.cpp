@@ -5,8 +5,11 @@
 
 #include "lister/list/Pacer.h"
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
+
+using platform::CountedText;
 
 using platform::FolderTotal;
 
@@ -39,8 +42,8 @@ void Add(FolderTotal& sum, const FolderTotal& other) {
 }
 
 std::string Content(const platform::NumberForms& forms, const FolderTotal& total) {
-  return CountText(forms, total.Files + total.Folders, "item") + ", " +
-         ByteText(forms, total.Bytes);
+  return platform::Counted(forms, CountedText::ItemsOfSize, total.Files + total.Folders,
+                           {ByteText(forms, total.Bytes)});
 }
 
 }  // namespace
@@ -148,10 +151,10 @@ void FolderSizes::NoteTrouble(Job& job, const Target& folder, const base::Status
                               const FolderTotal& total) const {
   if (job.Troubled++ > 0) return;
   const platform::NumberForms& forms = list_.Services.Forms;
-  job.Trouble = status ? CountText(forms, total.Unreadable, "item") + " in " +
-                             NameText(list_.Syntax, folder.Path) +
-                             " could not be read: " + total.Trouble.Reason
-                       : CannotRead(folder.Path, status);
+  job.Trouble = status
+                    ? platform::Counted(forms, CountedText::NotReadIn, total.Unreadable,
+                                        {NameText(list_.Syntax, folder.Path), total.Trouble.Reason})
+                    : CannotRead(folder.Path, status);
 }
 
 bool FolderSizes::GoesOn(Job& job) {
@@ -175,27 +178,29 @@ std::string FolderSizes::Progress(const Job& job) const {
   const platform::NumberForms& forms = list_.Services.Forms;
   FolderTotal total = job.Sum;
   Add(total, job.Current);
-  const std::string what = job.IsAll
-                               ? "Sizes: " + forms.Grouped(job.Done) + " of " +
-                                     CountText(forms, job.Folders.size(), "folder") + ", "
-                               : "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": ";
-  return what + Content(forms, total) + "; Escape stops";
+  const std::string content = Content(forms, total);
+  return job.IsAll ? platform::Counted(forms, CountedText::Sizing, job.Folders.size(),
+                                       {forms.Grouped(job.Done), content})
+                   : platform::Filled("Size of %1: %2; Escape stops",
+                                      {NameText(list_.Syntax, job.Folders[0].Path), content});
 }
 
 std::string FolderSizes::Summary(const Job& job) const {
   const platform::NumberForms& forms = list_.Services.Forms;
   std::string text;
   if (job.Standing == Standing::Cancelled) {
-    text = "Sizes stopped: " + forms.Grouped(job.Done) + " of " +
-           CountText(forms, job.Folders.size(), "folder") + " done";
+    text = platform::Counted(forms, CountedText::SizingStopped, job.Folders.size(),
+                             {forms.Grouped(job.Done)});
   } else if (job.IsAll) {
-    text = "Sizes: " + CountText(forms, job.Done, "folder") + ", " + Content(forms, job.Sum);
+    text = platform::Counted(forms, CountedText::Sized, job.Done, {Content(forms, job.Sum)});
   } else if (job.Done > 0) {
-    text =
-        "Size of " + NameText(list_.Syntax, job.Folders[0].Path) + ": " + Content(forms, job.Sum);
+    text = platform::Filled("Size of %1: %2",
+                            {NameText(list_.Syntax, job.Folders[0].Path), Content(forms, job.Sum)});
   }
   if (job.Troubled > 0) text += (text.empty() ? "" : ". ") + job.Trouble;
-  if (job.Troubled > 1) text += " (and " + CountText(forms, job.Troubled - 1, "folder") + " more)";
+  if (job.Troubled > 1) {
+    text = platform::Counted(forms, CountedText::WithMoreFolders, job.Troubled - 1, {text});
+  }
   return text;
 }
 

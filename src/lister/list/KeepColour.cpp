@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 
@@ -13,9 +14,10 @@ void ColourFailures::Add(const std::string& name, const base::Status& status) {
 
 void ColourFailures::Tell(ListState& list) const {
   if (count_ == 0 || list.IsTerminated) return;
-  const std::string more =
-      count_ > 1 ? " (and " + list.Services.Forms.Grouped(count_ - 1) + " more)" : "";
-  list.Events.StatusMessage(list.Id, first_ + more);
+  list.Events.StatusMessage(
+      list.Id, count_ == 1 ? first_
+                           : platform::Counted(list.Services.Forms, platform::CountedText::WithMore,
+                                               count_ - 1, {first_}));
 }
 
 base::Status ColourReader::Read(const std::string& path, std::string& text) {

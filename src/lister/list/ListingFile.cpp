@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "lister/list/Pacer.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -52,8 +53,8 @@ bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::
   const std::vector<RowId> rows = RowsOnShow(body);
   for (const RowId row : rows) {
     if (pace.IsDue()) {
-      list.SetStatus("Listing: " + forms.Grouped(done) + " of " + forms.Grouped(rows.size()) +
-                     " rows; Escape stops");
+      list.SetStatus(platform::Counted(forms, platform::CountedText::Listing, rows.size(),
+                                       {forms.Grouped(done)}));
       pace.Pump();
       if (list.Fields.CancelRequested) reason = "stopped";
       if (IsFileList(list.Id) && list.Folder != folder) reason = "the folder has changed";

@@ -8,10 +8,13 @@
 #include <string_view>
 #include <utility>
 
-#include "lister/rows/CellText.h"
 #include "lister/rows/FileRows.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
+
+using platform::CountedText;
+
 namespace {
 
 constexpr std::int32_t FolderBit = 1;
@@ -28,6 +31,11 @@ CompareMarks MarksOf(std::int32_t state) {
   const auto has = [state](int bit) { return (state >> (FirstMarkBit + bit) & 1) != 0; };
   return {
       .OnlyHere = has(0), .Larger = has(1), .Smaller = has(2), .Newer = has(3), .Older = has(4)};
+}
+
+void AppendListed(std::string& list, const std::string& text) {
+  if (!list.empty()) list += ", ";
+  list += text;
 }
 
 std::int64_t WholeSeconds(std::int64_t nanoseconds) {
@@ -217,43 +225,45 @@ CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& reco
 
 std::string CompareSummary(const CompareCounts& counts, const platform::NumberForms& forms) {
   const CompareTally& all = counts.All;
-  const auto grouped = [&](int number) {
-    return forms.Grouped(static_cast<std::uint64_t>(number));
+  const auto counted = [&](CountedText text, int CompareTally::*count, std::string_view more = "") {
+    const auto number = static_cast<std::uint64_t>(all.*count);
+    // As a rule those on show are all there are.
+    const std::string shown = forms.Grouped(static_cast<std::uint64_t>(counts.Shown.*count));
+    const std::string part =
+        counts.IsFiltered ? platform::Counted(forms, CountedText::NumberOfNumber, number, {shown})
+                          : forms.Grouped(number);
+    return platform::Counted(forms, text, number, {part, more});
   };
-  // As a rule those on show are all there are.
-  const auto number = [&](int CompareTally::*count) {
-    const std::string text = grouped(all.*count);
-    return counts.IsFiltered ? grouped(counts.Shown.*count) + " of " + text : text;
-  };
-  const std::pair<int CompareTally::*, std::string_view> ways[] = {
-      {&CompareTally::Larger, "larger"},
-      {&CompareTally::Smaller, "smaller"},
-      {&CompareTally::Newer, "newer"},
-      {&CompareTally::Older, "older"}};
+  constexpr std::pair<CountedText, int CompareTally::*> ways[] = {
+      {CountedText::Larger, &CompareTally::Larger},
+      {CountedText::Smaller, &CompareTally::Smaller},
+      {CountedText::Newer, &CompareTally::Newer},
+      {CountedText::Older, &CompareTally::Older}};
   std::string details;
-  for (const auto& [count, word] : ways) {
-    if (all.*count == 0) continue;
-    details += (details.empty() ? " (" : ", ") + number(count) + " ";
-    details += word;
+  for (const auto& [text, count] : ways) {
+    if (all.*count > 0) AppendListed(details, counted(text, count));
   }
-  if (!details.empty()) details += " here)";
   const bool same = all.OnlyHere + all.Differing == 0;
-  std::string text = "Compared: ";
+  std::string text;
   // What differs comes first: a narrow list cuts the end.
-  if (!same) text += number(&CompareTally::OnlyHere) + " only here, ";
-  if (counts.Missing > 0) text += grouped(counts.Missing) + " missing, ";
-  if (!same) text += number(&CompareTally::Differing) + " differ" + details + ", ";
+  if (!same) AppendListed(text, counted(CountedText::OnlyHere, &CompareTally::OnlyHere));
+  if (counts.Missing > 0) {
+    const auto missing = static_cast<std::uint64_t>(counts.Missing);
+    AppendListed(text, platform::Counted(forms, CountedText::Missing, missing));
+  }
+  if (!same) {
+    const CountedText differ = details.empty() ? CountedText::Differ : CountedText::DifferSo;
+    AppendListed(text, counted(differ, &CompareTally::Differing, details));
+  }
   if (all.SameFolders == 0 || all.Same > 0) {
-    const std::string files = all.Same == 1 ? " file" : " files";
-    const std::string those = (counts.IsFiltered ? "" : "all ") + number(&CompareTally::Same);
-    text += (same ? those + files : number(&CompareTally::Same)) + " the same";
-    if (all.SameFolders > 0) text += ", ";
+    const CountedText files =
+        counts.IsFiltered ? CountedText::FilesSame : CountedText::AllFilesSame;
+    AppendListed(text, counted(same ? files : CountedText::Same, &CompareTally::Same));
   }
   if (all.SameFolders > 0) {
-    text += number(&CompareTally::SameFolders);
-    text += all.SameFolders == 1 ? " folder of the same name" : " folders of the same name";
+    AppendListed(text, counted(CountedText::FoldersOfSameName, &CompareTally::SameFolders));
   }
-  return text;
+  return "Compared: " + text;
 }
 
 }  // namespace tarnwell::lister

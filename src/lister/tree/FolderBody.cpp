@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "lister/list/KeepColour.h"
 #include "lister/rows/CellText.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -50,7 +51,8 @@ void FolderBody::Perform(const Command& command) {
   const Outcome outcome = RunWaiting(command);
   busy_ = false;
   if (state_.IsTerminated) return;
-  state_.Summary = CountText(state_.Services.Forms, tree_.CountOnShow(), "folder");
+  state_.Summary =
+      platform::Counted(state_.Services.Forms, platform::CountedText::Folders, tree_.CountOnShow());
   state_.SetStatus(folders_.Trouble);
   // Last, since what follows may open another folder.
   const ListId id = state_.Id;
