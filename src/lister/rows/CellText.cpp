@@ -4,18 +4,17 @@
 #include <cstdio>
 
 #include "base/Text.h"
+#include "platform/CountedTexts.h"
 
 namespace tarnwell::lister {
+
+using platform::CountedText;
+
 namespace {
 
 constexpr std::int64_t WideMoment = 1'609'188'538'000'000'000;  // two digits for each part
 
 }  // namespace
-
-std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
-                      std::string_view noun) {
-  return forms.Grouped(number) + ' ' + std::string(noun) + (number == 1 ? "" : "s");
-}
 
 std::string MeasuredText(const platform::NumberForms& forms, std::uint64_t bytes, bool isWhole) {
   if (isWhole) return forms.Grouped(bytes);
@@ -27,7 +26,7 @@ std::string MeasuredDigits(std::uint64_t bytes, bool isWhole) {
 }
 
 std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes) {
-  if (bytes < 1000) return CountText(forms, bytes, "byte");
+  if (bytes < 1000) return platform::Counted(forms, CountedText::Bytes, bytes);
   constexpr std::array<const char*, 6> units{" KiB", " MiB", " GiB", " TiB", " PiB", " EiB"};
   double size = static_cast<double>(bytes) / 1024;
   std::size_t unit = 0;
@@ -37,8 +36,9 @@ std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes) {
 }
 
 std::string SizeText(const platform::NumberForms& forms, std::uint64_t bytes) {
-  const std::string text = ByteText(forms, bytes), full = CountText(forms, bytes, "byte");
-  return text == full ? text : text + " (" + full + ")";
+  const std::string text = ByteText(forms, bytes);
+  const bool isFull = text == platform::Counted(forms, CountedText::Bytes, bytes);
+  return isFull ? text : platform::Counted(forms, CountedText::SizeInFull, bytes, {text});
 }
 
 std::string DateText(const platform::NumberForms& forms, const platform::Clock& clock,

@@ -15,9 +15,6 @@
 
 namespace tarnwell::lister {
 
-// "1 item", "2,000 items".
-std::string CountText(const platform::NumberForms& forms, std::uint64_t number,
-                      std::string_view noun);
 // "512 bytes", "12.3 MiB": units of 1024 by IEC 80000-13, three digits at most before the unit
 // changes.
 std::string ByteText(const platform::NumberForms& forms, std::uint64_t bytes);
