@@ -68,6 +68,7 @@ for test in tests/scripts/*_test; do
   check "$test" "$test"
 done
 check "format" scripts/check-format
+check "texts" scripts/check-texts
 check "user guide" scripts/make-guide
 
 # Nobody runs them here, but they follow what they measure.
