@@ -1,7 +1,6 @@
 #include "ui/list/ListerMarks.h"
 
 #include <QPointF>
-#include <QStringList>
 
 #include "ui/toolkit/Contrast.h"
 
@@ -12,6 +11,15 @@ constexpr int SymbolSide = 12;
 constexpr int ArrowSide = 7;
 constexpr int BadgeGap = 6;
 constexpr int ArrowedWidth = SymbolSide + 2 + ArrowSide;
+
+// By date (the same, newer, older), then by size (the same, larger, smaller).
+constexpr const char* MarkTexts[3][3] = {
+    {"", "Larger than in the other list", "Smaller than in the other list"},
+    {"Newer than in the other list", "Newer and larger than in the other list",
+     "Newer and smaller than in the other list"},
+    {"Older than in the other list", "Older and larger than in the other list",
+     "Older and smaller than in the other list"},
+};
 
 bool HasDate(lister::CompareMarks marks) {
   return marks.Newer || marks.Older;
@@ -94,14 +102,9 @@ void PaintMarks(QPainter& painter, const QRect& area, lister::CompareMarks marks
 
 QString MarksText(lister::CompareMarks marks) {
   if (marks.OnlyHere) return QStringLiteral("Only in this list");
-  QStringList words;
-  if (HasDate(marks)) words << (marks.Newer ? QStringLiteral("newer") : QStringLiteral("older"));
-  if (HasSize(marks))
-    words << (marks.Larger ? QStringLiteral("larger") : QStringLiteral("smaller"));
-  if (words.isEmpty()) return {};
-  QString text = words.join(QStringLiteral(" and ")) + QStringLiteral(" than in the other list");
-  text[0] = text[0].toUpper();
-  return text;
+  const int date = !HasDate(marks) ? 0 : marks.Newer ? 1 : 2;
+  const int size = !HasSize(marks) ? 0 : marks.Larger ? 1 : 2;
+  return QString::fromLatin1(MarkTexts[date][size]);
 }
 
 }  // namespace tarnwell::ui
