@@ -93,8 +93,9 @@ void WatchBracket::EndAfter(platform::FileOperation& operations, platform::Opera
       fault = std::current_exception();
     }
     --workspace.OperationsAtWork;
-    // Another command may be open around this, in a menu or a wait: then that is the last to end.
-    CloseBracket(workspace, workspace.PaneBrackets == 0 ? resume : nullptr);
+    CloseBracket(workspace, resume);
+    // Another command may be open around this, in a menu or a wait.
+    if (workspace.PaneBrackets > 0) WatchStopPanes(workspace);
     if (fault) std::rethrow_exception(fault);
   });
 }

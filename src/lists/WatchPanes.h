@@ -41,9 +41,9 @@ class WatchBracket {
   void LeaveOpen() { resume_ = {}; }
   // For all panes. The bracket closes here, but for the watches: they stay stopped until the
   // operation is done, and lists look for changes by themselves. Then, or at once where it is done
-  // by now or is none, the bracket opens again for `steps` and ends as told above; where others of
-  // all panes are open by then, `resume` is left to them. `steps` and `resume` find the workspace
-  // as it is then. What `steps` throws comes through once all is closed.
+  // by now or is none, the bracket opens again for `steps` and ends as told above; while others of
+  // all panes are open, the lists stop once more after that. `steps` and `resume` find the
+  // workspace as it is then. What `steps` throws comes through once all is closed.
   void EndAfter(platform::FileOperation& operations, platform::OperationId operation,
                 platform::OperationDone steps);
 

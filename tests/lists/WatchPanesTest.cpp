@@ -57,7 +57,10 @@ TEST_F(WatchPanesTest, ResumesWhenTheLastOperationIsDone) {
   work.Holds = true;
   Texts log;
   const auto begin = [&](const char* name) {
-    WatchBracket bracket(Space, [&log, name] { log.push_back(std::string("resumes") + name); });
+    WatchBracket bracket(Space, [&log, name, this] {
+      log.push_back(std::string("resumes") + name);
+      WatchResumePanesAll(Space);
+    });
     bracket.EndAfter(work, work.Start({}), [&, name](const auto&) {
       log.emplace_back(name);
       EXPECT_GE(Space.OpenBrackets, 1);
@@ -76,11 +79,12 @@ TEST_F(WatchPanesTest, ResumesWhenTheLastOperationIsDone) {
   EXPECT_EQ(log, (Texts{"1", "2", "resumes2"}));
   begin("3");
   {  // done while another command is open, as with a menu up
-    const WatchBracket bracket(Space, [&log] { log.emplace_back("resumes"); });
+    const WatchBracket bracket(Space, [this] { WatchStartPanes(Space); });
+    Platform.Files.AddFile("F:\\new");
     EXPECT_THROW(work.Finish(), std::runtime_error);
-    EXPECT_EQ(log.back(), "3");
+    EXPECT_TRUE(HasSeen(101) && Watched().empty());
   }
-  EXPECT_EQ(log.back(), "resumes");
+  EXPECT_EQ(Watched().size(), 6U);
   {  // none at all
     WatchBracket bracket(Space, [&] { WatchStartPanes(Space); });
     bracket.EndAfter(work, platform::NoOperation, [](const auto&) {});
