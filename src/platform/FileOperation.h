@@ -43,6 +43,9 @@ enum OperationFlags : std::uint16_t {
 struct ItemFingerprint {
   std::uint64_t Device = 0;  // this and the next are 0 where the volume's numbers do not last
   std::uint64_t Number = 0;
+  // Nanoseconds since 1970-01-01 UTC; 0 where the volume does not tell, or it does not last. A
+  // number alone may have been given to another item since.
+  std::int64_t Born = 0;
   std::uint32_t Kind = 0;     // the file type of stat(2)
   std::uint64_t Size = 0;     // bytes; 0 for all but files
   std::int64_t Modified = 0;  // nanoseconds since 1970-01-01 UTC; 0 for folders

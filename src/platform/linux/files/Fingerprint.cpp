@@ -94,6 +94,8 @@ ItemFingerprint FingerprintOf(const struct statx& found, const VolumeTraits& tra
   if (traits.HasLastingNumbers) {
     print.Device = FileIdentityOf(found).Device;
     print.Number = found.stx_ino;
+    const bool hasBirth = traits.HasLastingBirth && (found.stx_mask & STATX_BTIME) != 0;
+    if (hasBirth) print.Born = Nanoseconds(found.stx_btime);
   }
   if (S_ISREG(found.stx_mode)) print.Size = found.stx_size;
   if (S_ISDIR(found.stx_mode)) return print;
