@@ -224,7 +224,7 @@ class Operation {
       }
       if (!MayGoTo(target, given)) continue;
       if (!transfer) {
-        if (!OpenFolderOf(target, place)) continue;
+        if (!IsThereToTake() || !OpenFolderOf(target, place)) continue;
         transfer.emplace(context_, place, protected_, record_);
         transfer->BeforeCopying([this] { CountAhead(); });
       }
@@ -232,6 +232,13 @@ class Operation {
     }
     if (transfer) transfer->Finish();
     return true;
+  }
+
+  // No folder is made for what is to be left.
+  bool IsThereToTake() {
+    if (Expected(at_) == nullptr) return true;
+    const std::shared_ptr<const OpenPlace> folder = FolderOf(at_);
+    return folder && IsAsExpected(*folder, at_);
   }
 
   // Before a folder is made for it.

@@ -150,6 +150,8 @@ bool TrashedItems::Restore(const std::vector<std::string>& places, std::string_v
 // What the user chose may have been restored by others, and its name in the trash given away.
 bool TrashedItems::IsAsTold(const Item& item) {
   const std::string to = item.Folder + (item.Folder == "/" ? "" : "/") + item.Name;
+  // An item that is known by its number may have come there by another way, with another note.
+  const bool isKnown = item.Expected != nullptr && item.Expected->Number != 0;
   for (;;) {
     base::Status status;
     TrashState state = TrashState::Whole;
@@ -161,7 +163,7 @@ bool TrashedItems::IsAsTold(const Item& item) {
       status = {ENOENT, "It is no longer in the trash"};
     } else if (place.State != TrashState::Whole) {
       status = {ENOENT, "The trash no longer tells where it was"};
-    } else if (place.Folder != item.Folder || place.Name != item.Name) {
+    } else if (!isKnown && (place.Folder != item.Folder || place.Name != item.Name)) {
       status = {EBUSY, "Another item has its place in the trash by now"};
     }
     if (status) return true;
@@ -216,6 +218,9 @@ bool TrashedItems::OpenTarget(const Item& item) {
 
 void TrashedItems::RestoreItem(const Item& item) {
   if (targetFolder_ != item.Folder || !transfer_) {
+    // No folder is made for what is to be left.
+    const int files = item.Of->Files->Folder.Get();
+    if (!IsAsExpected(context_, files, item.Place.Name, item.Path, item.Expected)) return;
     if (!OpenTarget(item)) return;
   }
   transfer_->Take(item.Of->Files, item.Place.Name, item.Name, item.Expected);
