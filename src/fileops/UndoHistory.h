@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <ranges>
 #include <vector>
 
 #include "lister/rows/ItemColours.h"
@@ -46,10 +47,10 @@ class UndoHistory {
   // still to be done, since it was given up. Nothing is kept of an empty one.
   void Finish(UndoWay way, UndoStep inverse, UndoStep rest);
 
-  // Calls `look` with each step that is still to be taken that way.
+  // Calls `look` with each step that is still to be taken that way, the next one first.
   template <typename Look>
   void ForEachStep(UndoWay way, Look look) {
-    for (UndoStep& step : Of(way)) look(step);
+    for (UndoStep& step : std::views::reverse(Of(way))) look(step);
   }
 
  private:

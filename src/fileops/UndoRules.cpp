@@ -75,10 +75,75 @@ bool ChangesCaseAlone(const DoneItem& item) {
   return item.From != item.To && base::ToCapitals(item.From) == base::ToCapitals(item.To);
 }
 
+// But for what a volume gives anew to an item that comes from another one.
 bool IsAlike(platform::ItemFingerprint left, const platform::ItemFingerprint& right) {
   left.Device = right.Device;
   left.Number = right.Number;
+  left.Born = right.Born;
+  left.Below = right.Below;
   return left == right;
+}
+
+bool IsSameItem(const platform::ItemFingerprint& left, const platform::ItemFingerprint& right) {
+  return left.Device == right.Device && left.Number == right.Number && left.Born == right.Born;
+}
+
+// What a copy was made from is not where it was.
+bool LeavesOriginal(const UndoStep& step, UndoWay way) {
+  return way == UndoWay::Undo && RowOf(step).IsMade;
+}
+
+// Where the path, or the nearest folder above it, is a key.
+template <typename Keys>
+auto FindAbove(Keys& keys, std::string path, const base::PathSyntax& syntax) {
+  auto found = keys.find(path);
+  for (std::string next = syntax.ParentOf(path); found == keys.end() && next != path;
+       next = syntax.ParentOf(path)) {
+    path = std::move(next);
+    found = keys.find(path);
+  }
+  return found;
+}
+
+// What has come of an item, or of a folder above it, that was to go back to where it had been.
+struct Return {
+  std::string To;  // empty where it was left as it is
+  platform::ItemFingerprint Print;
+  bool IsOther = false;
+};
+using Returns = std::unordered_map<std::string, Return>;  // by where it had been
+
+// Of the item that had its very place; others may have had that in turn.
+bool IsThatOne(const platform::ItemFingerprint& print, const Return& now) {
+  const bool mayBeOther = now.IsOther || (now.To.empty() && print.Device != now.Print.Device);
+  return IsAlike(print, now.Print) && (mayBeOther || IsSameItem(print, now.Print));
+}
+
+Returns ReturnsOf(const UndoStep& step, const platform::OperationResult& result,
+                  const base::PathSyntax& syntax) {
+  std::unordered_map<std::string, const DoneItem*> items;
+  for (const DoneItem& item : step.Items) items.emplace(item.To, &item);
+  std::unordered_set<std::string_view> touched;
+  Returns returns;
+  for (const DoneItem& now : result.Done) {
+    const auto found = FindAbove(items, now.From, syntax);
+    if (found == items.end()) continue;
+    const DoneItem& item = *found->second;
+    touched.insert(item.To);
+    // Of a folder that was merged into another one, what lay in it comes by itself.
+    const bool isSelf = now.From == item.To;
+    const std::string before = item.From + now.From.substr(item.To.size());
+    const bool isOther = step.IsRenumbered || now.Print.Device != item.Print.Device ||
+                         (isSelf && !IsSameItem(now.Print, item.Print));
+    if (isOther || now.To != before)
+      returns.try_emplace(before, Return{now.To, now.Print, isOther});
+  }
+  for (const DoneItem& item : step.Items) {
+    if (!result.Aborted && !touched.contains(item.To))
+      returns.try_emplace(item.From,
+                          Return{.To = {}, .Print = item.Print, .IsOther = step.IsRenumbered});
+  }
+  return returns;
 }
 
 std::uint16_t FlagsOf(TakeBack act) {
@@ -140,44 +205,39 @@ std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay 
 void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
                  const platform::OperationResult& result, const base::PathSyntax& syntax,
                  const Fingerprint& fingerprint) {
-  // What a copy was made from is not where it was.
-  if (way == UndoWay::Undo && RowOf(step).IsMade) return;
-  std::unordered_map<std::string_view, const DoneItem*> items;
-  for (const DoneItem& item : step.Items) items.emplace(item.To, &item);
-  struct Return {
-    const DoneItem* Now;
-    bool IsOther;
-  };
-  std::unordered_map<std::string_view, Return> returns;  // by where the item was before
-  for (const DoneItem& now : result.Done) {
-    const auto item = items.find(now.From);
-    if (item == items.end()) continue;
-    const platform::ItemFingerprint& print = item->second->Print;
-    const bool isOther =
-        step.IsRenumbered || print.Device != now.Print.Device || print.Number != now.Print.Number;
-    if (isOther || now.To != item->second->From)
-      returns.emplace(item->second->From, Return{&now, isOther});
-  }
+  if (LeavesOriginal(step, way)) return;
+  Returns returns = ReturnsOf(step, result, syntax);
   if (returns.empty()) return;
+  std::unordered_set<std::string> taken;  // where steps that come before take items away from
   history.ForEachStep(way, [&](UndoStep& later) {
+    std::vector<std::string> arrived;
     for (DoneItem& item : later.Items) {
-      std::string above = item.To;
-      auto found = returns.find(above);
-      for (std::string next = syntax.ParentOf(above); found == returns.end() && next != above;
-           next = syntax.ParentOf(above)) {
-        above = std::move(next);
-        found = returns.find(above);
-      }
+      const auto above = FindAbove(returns, item.From, syntax);
+      if (above != returns.end() && above->first != item.From && !above->second.To.empty())
+        item.From.replace(0, above->first.size(), above->second.To);
+      const auto found = FindAbove(returns, item.To, syntax);
       if (found == returns.end()) continue;
-      item.To.replace(0, above.size(), found->second.Now->To);
-      if (!found->second.IsOther) continue;
-      // It may be elsewhere, by a step that is to be taken before.
-      platform::ItemFingerprint now = fingerprint(item.To);
-      now.Below = item.Print.Below;
-      if (!IsAlike(now, item.Print)) continue;
-      item.Print = now;
+      const auto& [before, now] = *found;
+      const bool isSelf = before == item.To;
+      if (isSelf && !IsThatOne(item.Print, now)) continue;
+      if (isSelf) arrived.push_back(before);
+      const bool isElsewhere = FindAbove(taken, item.To, syntax) != taken.end();
+      if (now.To.empty()) {
+        if (!isElsewhere) item.Print = {};
+        continue;
+      }
+      item.To.replace(0, before.size(), now.To);
+      if (!now.IsOther || isElsewhere) continue;
+      platform::ItemFingerprint print = fingerprint(item.To);
+      if (!IsAlike(print, item.Print)) continue;
+      print.Below = item.Print.Below;
+      item.Print = print;
       later.IsRenumbered = true;
     }
+    // Before that step, another item was there, or none.
+    for (const std::string& path : arrived) returns.erase(path);
+    if (LeavesOriginal(later, way)) return;
+    for (const DoneItem& item : later.Items) taken.insert(item.From);
   });
 }
 

@@ -23,6 +23,7 @@ std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay 
 
 // Items that came back under another path than they had, or as others (a volume numbers anew what
 // comes from another one): the steps still to be taken that way go by where they are now, and what.
+// An item that was left as it is fits none of them any more: what is found in its place is another.
 // `fingerprint` looks at the item of a path.
 using Fingerprint = std::function<platform::ItemFingerprint(const std::string& path)>;
 void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,

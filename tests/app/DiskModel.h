@@ -23,6 +23,7 @@ class DiskModel {
   struct Print {
     std::string Text;
     bool IsWhole = false;
+    int Id = 0;
     bool operator==(const Print&) const = default;
   };
   struct Item {
@@ -68,7 +69,7 @@ class DiskModel {
     for (const std::string& path : Below(top)) {
       if (isWhole) text += path.substr(top.size()) + Things.at(path).Kind + Things.at(path).Content;
     }
-    return {text, isWhole};
+    return {text, isWhole, self.Id};
   }
   // Puts the item there, as the answer to each question says. What comes of it is added to `done`.
   void Transfer(const std::string& from, std::string to, bool moves, ConflictChoice choice,
@@ -141,11 +142,7 @@ class DiskModel {
         const bool isWhole = item.Was.IsWhole && done.From == item.To;
         done.Was = PrintOf(done.To, isWhole);
         if (done.From != item.To || (isUndo && isMade)) continue;
-        for (Step& other : steps) {
-          for (Item& later : other.Items) {
-            if (IsWithin(later.To, item.From)) later.To.replace(0, item.From.size(), done.To);
-          }
-        }
+        Follow(steps, item.From, done);
       }
     }
     hasReplaced_ = false;
@@ -159,6 +156,21 @@ class DiskModel {
   }
 
  private:
+  // An item came back to another path than it had: what is still to be taken goes by that, back to
+  // when it arrived there.
+  static void Follow(std::vector<Step>& steps, const std::string& before, const Item& now) {
+    bool hasArrived = false;
+    for (auto step = steps.rbegin(); step != steps.rend() && !hasArrived; ++step) {
+      for (Item& later : step->Items) {
+        if (later.From != before && IsWithin(later.From, before))
+          later.From.replace(0, before.size(), now.To);
+        const bool isSelf = later.To == before;
+        if (isSelf ? later.Was.Id != now.Was.Id : !IsWithin(later.To, before)) continue;
+        later.To.replace(0, before.size(), now.To);
+        hasArrived |= isSelf;
+      }
+    }
+  }
   void Place(const std::string& from, const std::string& to, bool moves) {
     Erase(to);
     for (const std::string& path : Below(from)) {
