@@ -231,7 +231,7 @@ TEST_F(FolderList, ShowsAndSortsByWhatHeadingsAskOfFolders) {
     List.AddExpanded(path);
   }
   Platform.Clock.TickStep = 1;
-  PostAt(8, [this] {
+  PostAt(16, [this] {
     List.OpenFolder(0, "D:\\n7");
     EXPECT_EQ(List.CurrentFolder(), "D:\\n7");
   });

@@ -41,7 +41,8 @@ class Pacer {
   }
 
  private:
-  static constexpr std::int64_t Interval = 50;  // milliseconds
+  static constexpr std::int64_t Interval =
+      25;  // milliseconds; with a paint behind it, no more than 50
   static constexpr int MostCalls = 32;
 
   const platform::Clock& clock_;
