@@ -50,10 +50,14 @@ void FormLayout::ResizeForm(bool force) {
   isOwed_ = isOwed_ || force || workspace_.IsResizing();
   if (form.State == forms::WindowState::Minimised) return;
   form.LastWindowState = form.State;
-  if (!std::exchange(isOwed_, false) && IsUnchanged()) {
+  const bool isOwed = std::exchange(isOwed_, false);
+  if (!isOwed && IsUnchanged()) {
     for (int pane = 0; pane < lister::PaneCount; ++pane) RedrawLists(pane);
     return;
   }
+  // The room changes by itself, as where operations come and go: who types goes on.
+  const bool isInsideAlone = !isOwed && IsSameOutside() && IsSameLayout();
+  const std::string typed = form.cboCommand.Text;
   NoteChanges();
   HideControls();
   // The outer size is told when the window is shown; the inside is never larger.
@@ -66,25 +70,38 @@ void FormLayout::ResizeForm(bool force) {
     bool& needsRedraw = workspace_.Panes[pane].NeedsRedraw;
     if (needsRedraw && RedrawLists(pane)) needsRedraw = false;
   }
-  form.ActiveControl = KeyboardFocus::Form;
+  if (isInsideAlone) {
+    form.cboCommand.Text = typed;
+  } else {
+    form.ActiveControl = KeyboardFocus::Form;
+  }
   form.Touch();
 }
 
 bool FormLayout::IsUnchanged() const {
-  return IsSameSize() && workspace_.Settings.Layout == workspace_.LastLayout;
+  return IsSameSize() && IsSameLayout();
+}
+
+bool FormLayout::IsSameLayout() const {
+  return workspace_.Settings.Layout == workspace_.LastLayout;
+}
+
+bool FormLayout::IsSameOutside() const {
+  const MainForm& form = workspace_.Form;
+  return form.Width == workspace_.LastFormWidth && form.Height == workspace_.LastFormHeight;
 }
 
 // The inside can change alone, when the menu bar takes another line.
 bool FormLayout::IsSameSize() const {
   const MainForm& form = workspace_.Form;
-  return form.Width == workspace_.LastFormWidth && form.Height == workspace_.LastFormHeight &&
-         form.ScaleWidth == lastInsideWidth_ && form.ScaleHeight == lastInsideHeight_;
+  return IsSameOutside() && form.ScaleWidth == lastInsideWidth_ &&
+         form.ScaleHeight == lastInsideHeight_;
 }
 
 void FormLayout::NoteChanges() {
   const MainForm& form = workspace_.Form;
   const bool sameSize = IsSameSize();
-  const bool sameLayout = workspace_.Settings.Layout == workspace_.LastLayout;
+  const bool sameLayout = IsSameLayout();
   for (PaneRecord& pane : workspace_.Panes) {
     const bool changed = !sameLayout || workspace_.CommandLineChanged;
     if (!sameSize || (pane.IsOpen() && changed)) pane.NeedsRedraw = true;

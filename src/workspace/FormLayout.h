@@ -16,7 +16,8 @@ class FormLayout {
 
   // The one entry for every rearrangement. With `force` false, nothing moves unless the form's
   // size or the layout has changed or a bar is dragged. A minimised form is left as it is, but may
-  // go to the notification area; what was forced meanwhile is made up for by the next call.
+  // go to the notification area; what was forced meanwhile is made up for by the next call. Takes
+  // the keyboard and what stands in the command line, unless the inside alone has changed.
   void ResizeForm(bool force);
 
   // "vertical": panes as columns; any other word: as rows. The word of the layout in force
@@ -33,6 +34,8 @@ class FormLayout {
   void TitleMouseMove(int pane);
 
  private:
+  bool IsSameLayout() const;
+  bool IsSameOutside() const;
   bool IsSameSize() const;
   bool IsUnchanged() const;
   void NoteChanges();

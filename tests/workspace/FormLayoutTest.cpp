@@ -24,6 +24,15 @@ TEST_F(FormLayoutTest, MovesNothingUnlessSomethingChanged) {
   title.Top = 1;
   Layout.ResizeForm(false);
   EXPECT_EQ(title.Top, 1);
+  Space.CurrentList = 0;
+  for (const bool isInsideAlone : {true, false}) {  // what is typed goes on, or not
+    Space.Form.cboCommand.Text = "typed";
+    Space.Form.ActiveControl = KeyboardFocus::CommandLine;
+    ++(isInsideAlone ? Space.Form.ScaleHeight : Space.Form.Height);
+    Layout.ResizeForm(false);
+    EXPECT_EQ(Space.Form.cboCommand.Text, isInsideAlone ? "typed" : "");
+    EXPECT_EQ(Space.Form.ActiveControl == KeyboardFocus::CommandLine, isInsideAlone);
+  }
   for (const auto& change : std::vector<std::function<void()>>{
            [this] { Layout.ResizeForm(true); },
            [this] { ++Space.Form.ScaleHeight; },  // the menu bar took another line
@@ -36,7 +45,7 @@ TEST_F(FormLayoutTest, MovesNothingUnlessSomethingChanged) {
     EXPECT_NEAR(title.Top, top, 200);
   }
   EXPECT_TRUE(Space.Form.cboCommand.Visible && !Space.CommandLineChanged);
-  EXPECT_EQ(Space.Form.txtCurrentPath.Top, 9001 - 305);
+  EXPECT_EQ(Space.Form.txtCurrentPath.Top, 9002 - 305);
 
   title.Top = 1;
   Space.Form.State = forms::WindowState::Minimised;
