@@ -1,17 +1,21 @@
 #include "app/CommandArguments.h"
 
-#include <getopt.h>
-
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <future>
 #include <system_error>
+#include <thread>
+#include <utility>
 
+#include "base/Text.h"
 #include "lister/list/ListId.h"
 
 namespace tarnwell::app {
 namespace {
 
 constexpr int WrongArguments = 2;
+constexpr std::chrono::seconds Patience{3};  // with a folder on another machine
 
 constexpr char Help[] =
     "Usage: tarnwell [FOLDER...]\n"
@@ -26,7 +30,7 @@ constexpr char Help[] =
 
 CommandArguments Refuse(const std::string& reason) {
   std::fprintf(stderr, "tarnwell: %s\nTry 'tarnwell --help'.\n", reason.c_str());
-  return {.Folders = {}, .ExitCode = WrongArguments};
+  return {.Folders = {}, .ExitCode = WrongArguments, .Error = reason};
 }
 
 // As far as possible by the way that was typed: a link stays one.
@@ -37,40 +41,62 @@ std::filesystem::path FullPath(const std::filesystem::path& typed, std::error_co
   return std::filesystem::absolute(typed, error);
 }
 
+struct Looked {
+  std::string Path;
+  std::error_code Error;
+};
+
 // Opens it, since permissions tell only half.
-std::error_code AddFolder(const char* typed, std::vector<std::string>& folders) {
-  std::error_code error;
-  const std::filesystem::path path = FullPath(typed, error);
-  if (!error) std::filesystem::directory_iterator(path, error);
-  if (!error) folders.push_back(path.string());
-  return error;
+Looked LookAt(const std::string& typed) {
+  Looked looked;
+  const std::filesystem::path path = FullPath(typed, looked.Error);
+  if (!looked.Error) std::filesystem::directory_iterator(path, looked.Error);
+  looked.Path = path.string();
+  return looked;
+}
+
+// The thread is left to a machine that does not answer: panes can wait for that, and be told not
+// to.
+Looked LookPatiently(const std::string& typed) {
+  std::packaged_task<Looked()> look([typed] { return LookAt(typed); });
+  std::future<Looked> found = look.get_future();
+  std::thread(std::move(look)).detach();
+  if (found.wait_for(Patience) == std::future_status::ready) return found.get();
+  Looked unknown;
+  unknown.Path = std::filesystem::absolute(typed, unknown.Error).lexically_normal().string();
+  return unknown;
 }
 
 }  // namespace
 
 CommandArguments ReadArguments(int argc, char** argv, const base::Version& version) {
-  constexpr option options[] = {
-      {"help", no_argument, nullptr, 'h'}, {"version", no_argument, nullptr, 'v'}, {}};
-  opterr = 0;
-  for (int found = 0; (found = getopt_long(argc, argv, "", options, nullptr)) != -1;) {
-    if (found == 'h') {
+  std::vector<std::string> typed;
+  bool onlyFolders = false;
+  for (int at = 1; at < argc; ++at) {
+    const std::string word = argv[at];
+    if (onlyFolders || word.size() < 2 || word.front() != '-') {
+      typed.push_back(word);
+    } else if (word == "--") {
+      onlyFolders = true;
+    } else if (word == "--help") {
       std::fputs(Help, stdout);
-      return {.Folders = {}, .ExitCode = 0};
-    }
-    if (found == 'v') {
+      return {.Folders = {}, .ExitCode = 0, .Error = {}};
+    } else if (word == "--version") {
       std::printf("tarnwell %s\n", version.Text().c_str());
-      return {.Folders = {}, .ExitCode = 0};
+      return {.Folders = {}, .ExitCode = 0, .Error = {}};
+    } else {
+      return Refuse("there is no option " + base::ForDisplay(word));
     }
-    return Refuse(std::string("there is no option ") + argv[optind - 1]);
   }
   CommandArguments read;
-  if (argc - optind > lister::PaneCount) return Refuse("there are only five panes");
-  for (int at = optind; at < argc; ++at) {
-    const std::error_code error = AddFolder(argv[at], read.Folders);
-    if (error) {
-      return Refuse(std::string("the folder '") + argv[at] +
-                    "' cannot be opened: " + error.message());
+  if (typed.size() > lister::PaneCount) return Refuse("there are only five panes");
+  for (const std::string& word : typed) {
+    Looked looked = LookPatiently(word);
+    if (looked.Error) {
+      return Refuse("the folder '" + base::ForDisplay(word) +
+                    "' cannot be opened: " + looked.Error.message());
     }
+    read.Folders.push_back(std::move(looked.Path));
   }
   return read;
 }

@@ -1,4 +1,4 @@
-// The words behind the program's name, as getopt_long(3) reads them.
+// The words behind the program's name: options anywhere, but none behind --.
 #pragma once
 
 #include <optional>
@@ -14,9 +14,11 @@ struct CommandArguments {
   std::vector<std::string> Folders;
   // The program is not to start: the arguments are wrong (2), or have been answered (0).
   std::optional<int> ExitCode;
+  std::string Error;  // a sentence for people, where they are wrong
 };
 
 // Writes what there is to say: help and version to the output, what is wrong to the error output.
+// A folder that does not answer within some seconds is taken.
 CommandArguments ReadArguments(int argc, char** argv, const base::Version& version);
 
 }  // namespace tarnwell::app

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <QGuiApplication>
 #include <QSettings>
 #include <cstdlib>
@@ -39,6 +41,14 @@ std::optional<int> PrepareProcess(int argc, char** argv) {
   if (const auto code = platform::AnswerTerminalCall(argc, argv)) return code;
   platform::OutliveFailedWrites();
   return {};
+}
+
+bool IsErrorOutputSeen() {
+  const auto isSet = [](const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  };
+  return isatty(STDERR_FILENO) != 0 || (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY"));
 }
 
 bool AskRunningCopy(const std::vector<std::string>& folders) {

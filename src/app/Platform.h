@@ -35,6 +35,9 @@ namespace tarnwell::app {
 // done already.
 std::optional<int> PrepareProcess(int argc, char** argv);
 
+// Whether people see what is written to the error output, or have no display to be told on.
+bool IsErrorOutputSeen();
+
 // Other copies of the program of the same user with the same folder of its own files.
 // Whether one that runs has taken the folders, which are full paths.
 bool AskRunningCopy(const std::vector<std::string>& folders);

@@ -1,6 +1,7 @@
 // Builds the adapters, hands them to the core, and runs.
 
 #include <QIcon>
+#include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
 #include <cstdlib>
@@ -32,6 +33,7 @@
 #include "ui/operation/QtOperationEngine.h"
 #include "ui/properties/QtItemWindows.h"
 #include "ui/services/EndWithLastWindow.h"
+#include "ui/services/FolderRequests.h"
 #include "ui/services/GuardedApplication.h"
 #include "ui/services/MessageFilter.h"
 #include "ui/services/QtDialogs.h"
@@ -41,6 +43,7 @@
 #include "ui/services/QtPopupMenus.h"
 #include "ui/services/QtTray.h"
 #include "ui/services/QtWeb.h"
+#include "ui/toolkit/Convert.h"
 #include "ui/toolkit/FilePath.h"
 #include "ui/toolkit/IconSource.h"
 #include "ui/toolkit/SkinStyle.h"
@@ -75,6 +78,14 @@ std::vector<platform::Library> AllLibraries(const app::Platform& system) {
   return libraries;
 }
 
+// For who starts the program without a terminal.
+void ShowStartError(const std::string& reason) {
+  QMessageBox box(QMessageBox::Critical, QStringLiteral("Tarnwell"),
+                  ui::ToShownLines("Tarnwell cannot be started so: " + reason + "."));
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
 template <typename... Forms>
 void BindDialogs(ui::QtFormHost& host) {
   (host.Bind<Forms>([](Forms& form) { return ui::WindowOf(form); }), ...);
@@ -85,7 +96,9 @@ void BindDialogs(ui::QtFormHost& host) {
 int main(int argc, char** argv) {
   if (const auto code = app::PrepareProcess(argc, argv)) return *code;
   app::CommandArguments arguments = app::ReadArguments(argc, argv, ProgramVersion);
-  if (arguments.ExitCode) return *arguments.ExitCode;
+  if (arguments.ExitCode && (arguments.Error.empty() || app::IsErrorOutputSeen())) {
+    return *arguments.ExitCode;
+  }
   if (!arguments.Folders.empty() && app::AskRunningCopy(arguments.Folders)) return EXIT_SUCCESS;
   argc = 1;  // the rest is not for the toolkit
   ui::GuardedApplication qtApplication(argc, argv);
@@ -97,6 +110,11 @@ int main(int argc, char** argv) {
   // while the forms place the rest themselves, and all texts are English.
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(new ui::SkinStyle);
+
+  if (arguments.ExitCode) {
+    ShowStartError(arguments.Error);
+    return *arguments.ExitCode;
+  }
 
   ui::QtMessagePump pump;
   const app::Platform system = app::MakePlatform(pump);
@@ -207,8 +225,25 @@ int main(int argc, char** argv) {
     mainWindow->raise();
     mainWindow->activateWindow();
   };
+  ui::FolderRequests requests(
+      [&] { return application.StartForm().LoadFinished && !pump.IsWaiting(); },
+      [&](const std::vector<std::string>& folders) {
+        application.MainObject().OpenFolders(folders);
+      });
+  std::shared_ptr<void> otherCopies =
+      app::WhenAskedToOpen([&](const std::vector<std::string>& folders, const std::string& token) {
+        if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
+        if (application.StartForm().LoadFinished) bringForward();
+        requests.Add(folders);
+      });
+  // Another copy with folders is one of its own from now on.
+  const auto leaveOtherCopies = [&] {
+    otherCopies.reset();
+    requests.Drop();
+  };
   // What the system or the session asks for: operations are given up, and then all ends.
   const auto endNow = [&] {
+    leaveOtherCopies();
     pump.Leave();
     operations.CancelAll();
     operations.WhenIdle([&] {
@@ -224,17 +259,10 @@ int main(int argc, char** argv) {
     endNow();
     return false;
   };
-  std::shared_ptr<void> otherCopies =
-      app::WhenAskedToOpen([&](const std::vector<std::string>& folders, const std::string& token) {
-        if (!application.StartForm().LoadFinished) return;
-        application.MainObject().OpenFolders(folders);
-        if (!token.empty()) qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(token));
-        bringForward();
-      });
   // What the user has closed goes at once, and the process when the operations are done, and what
   // they had to tell was seen.
   host.AllGone = [&] {
-    otherCopies.reset();
+    leaveOtherCopies();
     clipboard.CutChanged = {};
     itemWindows.Close();
     operations.WhenIdle([&] {
@@ -258,7 +286,7 @@ int main(int argc, char** argv) {
     if (host.OpenForms().empty()) QCoreApplication::exit();
   });
   QApplication::exec();
-  otherCopies.reset();
+  leaveOtherCopies();
   // Whatever ended the loop, the program ends as if closed; what still runs now, nobody hears of.
   pump.Leave();
   engine.CancelAndWait();

@@ -4,7 +4,7 @@ import os
 import subprocess
 import unittest
 
-from harness import EndToEndTest, PROGRAM, wait_for
+from harness import EndToEndTest, PROGRAM, keys, wait_for
 
 
 class ArgumentsTest(EndToEndTest):
@@ -15,10 +15,10 @@ class ArgumentsTest(EndToEndTest):
         return folder
 
     def ask(self, *arguments, **options):
-        """A copy that is not to come to a window: its code, output and errors."""
+        """A copy that is not to come to a window, and has no display: its code, output and errors."""
+        environment = dict(os.environ, TARNWELL_HOME=str(self.own), HOME=str(self.home), DISPLAY="")
         done = subprocess.run([PROGRAM, *arguments], capture_output=True, check=False, timeout=20,
-                              env=dict(os.environ, TARNWELL_HOME=str(self.own), HOME=str(self.home)),
-                              **options)
+                              env=environment, **options)
         return done.returncode, done.stdout, done.stderr
 
     def wait_shows(self, program, pane, file):
@@ -46,7 +46,7 @@ class ArgumentsTest(EndToEndTest):
         file = self.home / "file"
         file.touch()
         for arguments, reason in (
-                (["--folder"], b"--folder"), (["-x"], b"-x"), ([file], b"Not a directory"),
+                (["--folder"], b"--folder"), (["-xy"], b"-xy"), ([file], b"Not a directory"),
                 ([self.home / "gone"], b"No such file"), ([""], b"Invalid"),
                 (["/"] * 6, b"five")):
             code, output, errors = self.ask(*arguments)
@@ -56,7 +56,29 @@ class ArgumentsTest(EndToEndTest):
         self.assertEqual((code, errors), (0, b""))
         self.assertIn(b"FOLDER", output)
         self.assertRegex(self.ask("--version")[1], rb"^tarnwell [0-9]+[.][0-9]+[.][0-9]+\n$")
+        program = self.launch(arguments=["--", "--version"],  # as a desktop starts it
+                              wrapper=["sh", "-c", 'exec "$@" 2>/dev/null', "sh"])
+        program.message("--version")
+        keys("Escape")
+        self.assertEqual(program.wait_end(), 2)
         self.assertEqual(list(self.own.iterdir()), [])
+
+    def test_folders_wait_for_the_start_and_for_what_is_asked(self):
+        folder = self.made("folder", "one")
+        second = self.made("second", "two")
+        program = self.launch()
+        wait_for("the copy to be found", self.marker.exists)
+        self.assertEqual(self.ask(folder)[0], 0)
+        self.wait_shows(program, 1, "one")
+
+        program.wait_active()
+        program.select("one")
+        keys("Delete")
+        program.message("to the trash?")
+        self.assertEqual(self.ask(second)[0], 0)
+        self.assertEqual(program.files().names(), ["one"])
+        program.dismiss("to the trash?", "Escape")
+        self.wait_shows(program, 1, "two")
 
 
 if __name__ == "__main__":

@@ -37,6 +37,7 @@ bool QtMessagePump::WaitAlone(const std::string& place, const std::function<bool
     return done;
   }
   bool isCancelled = false;
+  ++waits_;
   InputLock lock([&isCancelled] { isCancelled = true; });
   std::unique_ptr<WaitWindow> window;
   while (!isCancelled && !leaves_ && !isDone()) {
@@ -49,6 +50,7 @@ bool QtMessagePump::WaitAlone(const std::string& place, const std::function<bool
     ShowOver(*window, WindowInUse());
   }
   lock.Release();
+  --waits_;
   if (window) {
     window->hide();
     window.release()->deleteLater();  // it may be in the middle of one of its own events

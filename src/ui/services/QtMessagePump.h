@@ -12,6 +12,8 @@ class QtMessagePump : public platform::MessagePump {
   void DoEvents() override;
   void WaitForEvents() override;
 
+  // Whether windows take no input, because something is waited for.
+  bool IsWaiting() const { return waits_ > 0; }
   // From now on nothing is waited for: the program is to end.
   void Leave() { leaves_ = true; }
 
@@ -21,6 +23,7 @@ class QtMessagePump : public platform::MessagePump {
   bool WaitAlone(const std::string& place, const std::function<bool()>& isDone) override;
 
   bool leaves_ = false;
+  int waits_ = 0;
 };
 
 }  // namespace tarnwell::ui
