@@ -41,6 +41,8 @@ void AsideRecord::Change(const std::function<void(std::vector<std::string>& path
   while (folder && flock(folder.Get(), LOCK_EX) != 0 && errno == EINTR) {
   }
   std::ifstream file(file_, std::ios::binary);
+  // One that cannot be read holds the items of others, and stays.
+  if (!file && errno != ENOENT) return;
   const std::string before{std::istreambuf_iterator<char>(file), {}};
   std::vector<std::string> paths;
   for (const std::string_view path : base::ItemList(before)) paths.emplace_back(path);
