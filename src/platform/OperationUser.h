@@ -80,7 +80,7 @@ struct OperationTrouble {
 };
 
 enum class TroubleChoice {
-  Retry,
+  Retry,    // the same as Skip after a Flush
   Skip,     // the item stays where it is, with all that it holds
   SkipAll,  // and whatever else goes wrong from now on
   Cancel,

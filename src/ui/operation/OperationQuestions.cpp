@@ -68,8 +68,8 @@ std::unique_ptr<QuestionWindow> WindowOf(const platform::OperationTrouble& troub
     window->AddButton(QString::fromLatin1(caption), role, [take, choice] { take(choice); });
   };
   // Trying again changes nothing by itself; what is skipped would be missed unnoticed. A folder
-  // goes into itself at no time.
-  const bool mayHelp = trouble.Step != OperationStep::Place;
+  // goes into itself at no time, and what the disk has lost it is not asked for again.
+  const bool mayHelp = trouble.Step != OperationStep::Place && trouble.Step != OperationStep::Flush;
   if (mayHelp) add("&Retry", Role::Default, TroubleChoice::Retry);
   add("&Skip", mayHelp ? Role::Plain : Role::Default, TroubleChoice::Skip);
   add("Skip &All", Role::Plain, TroubleChoice::SkipAll);

@@ -116,6 +116,24 @@ TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
   });
 }
 
+TEST(OperationFaults, WhatTheDiskMayHaveLostStaysAtTheSourceWhateverIsTriedAgain) {
+  const TempFolder here;
+  const TempFolder there(otherVolume);
+  here.Make({"tree/sub/file=x"});
+  struct : ScriptedUser {
+    TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
+      ScriptedUser::OnTrouble(trouble);
+      return Heard.size() < 99 ? TroubleChoice::Retry : TroubleChoice::Skip;
+    }
+  } user;
+  InChild([&] {
+    Refuse(SYS_syncfs, EIO, {});
+    EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there / "to").Code, EIO);
+    EXPECT_EQ(user.Heard, ScriptedUser::NameOf(there.Path()) + ":" + std::to_string(EIO) + " ");
+  });
+  EXPECT_EQ(NamesBelow(here.Path()), "tree tree/sub tree/sub/file ");
+}
+
 TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
   const TempFolder here;
   const TempFolder there(otherVolume);

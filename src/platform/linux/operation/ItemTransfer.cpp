@@ -270,10 +270,8 @@ void ItemTransfer::FinishBatch() {
   const std::vector<Taken> batch = std::exchange(batch_, {});
   std::size_t deleted = 0;  // of those that have arrived
   if (!copied_.IsEmpty() && !context_.IsCancelled()) {
-    ErrorNumber error;
-    while ((error = flushed_.Flush()) != NoError &&
-           context_.Retries(OperationStep::Flush, target_.Path, error)) {
-    }
+    const ErrorNumber error = flushed_.Flush();
+    if (error != NoError) context_.Retries(OperationStep::Flush, target_.Path, error);
     TreeDeletion deletion(context_);
     for (std::size_t at = 0; at < batch.size() && error == NoError; ++at) {
       if (!context_.GoesOn()) break;

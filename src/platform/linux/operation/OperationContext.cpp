@@ -49,7 +49,9 @@ bool OperationContext::Retries(OperationStep step, const std::string& path,
   if (!skipsAll_ && !Has(NoErrorWindows)) {
     switch (user_.OnTrouble({step, path, reason})) {
       case TroubleChoice::Retry:
-        return true;
+        // The system tells but once of what it could not write: the next try would find all well.
+        if (step != OperationStep::Flush) return true;
+        break;
       case TroubleChoice::Skip:
         break;
       case TroubleChoice::SkipAll:

@@ -182,7 +182,10 @@ ItemTransfer::Failure ItemTransfer::FinishItem(const Item& item, const struct st
     struct statx folder;
     ErrorNumber error = LookAt(targets_.Get(), "", folder);
     if (error == NoError) error = flushed_.Take(targets_.Get(), folder);
-    if (error != NoError) return {OperationStep::Flush, error, nullptr, true};
+    if (error != NoError) {
+      ForgetCopied();
+      return {OperationStep::Flush, error, nullptr, true};
+    }
   }
   return Done(item, source);
 }

@@ -250,7 +250,11 @@ bool ItemTransfer::FinishNewFolder(const Level& level) {
     if (error == NoError) {
       error = CopyAttributes(walk_.Folder(), level.Source, targets_.Get(), copy, true, losesSome);
     }
-    if (error == NoError) error = flushed_.Take(targets_.Get(), copy);
+    const ErrorNumber unflushed = error == NoError ? flushed_.Take(targets_.Get(), copy) : NoError;
+    if (unflushed != NoError) {
+      ForgetCopied();
+      return context_.Retries(OperationStep::Flush, to_, unflushed);
+    }
     if (error == NoError) return !losesSome || !LeavesForLoss(walk_.Path());
     if (!context_.Retries(OperationStep::MakeFolder, to_, error)) return false;
   }
