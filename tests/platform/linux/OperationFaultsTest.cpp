@@ -82,9 +82,17 @@ void Refuse(unsigned call, unsigned error, const std::vector<AtLeast>& condition
   if (Install(steps, 0) != 0) _exit(LacksRight);
 }
 
-TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
+TEST(OperationFaults, NothingIsMovedThatCannotBeReadOrHasNotArrived) {
   const TempFolder here;
   const TempFolder there(otherVolume);
+  struct : ScriptedUser {
+    std::function<void()> Repair = [] {};
+    TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
+      EXPECT_FALSE(trouble.Reason.Reason.empty());
+      Repair();
+      return ScriptedUser::OnTrouble(trouble);
+    }
+  } user;
   const std::string large(1'000'000, 'L');
   here.Make({"tree/large=" + large, "tree/small=small"});
   InChild([&] {
@@ -94,14 +102,6 @@ TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
     Refuse(SYS_pread64, EIO, {{0, 100}, {3, 262'144}});
     Refuse(SYS_copy_file_range, ENOSYS, {});
     Refuse(SYS_ioctl, ENOTTY, {{1, FICLONE}});
-    struct : ScriptedUser {
-      std::function<void()> Repair = [] {};
-      TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
-        EXPECT_TRUE(trouble.Step == OperationStep::Read && !trouble.Reason.Reason.empty());
-        Repair();
-        return ScriptedUser::OnTrouble(trouble);
-      }
-    } user;
     const std::string heard = "large:" + std::to_string(EIO) + " ";
     EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, EIO);
     EXPECT_EQ(user.Heard, heard);
@@ -114,24 +114,18 @@ TEST(OperationFaults, AReadErrorInTheMiddleOfAFile) {
     EXPECT_EQ(user.Heard + here.Names(), heard + heard);
     EXPECT_TRUE(Get(there / "tree/large") == large && Get(there / "tree/small") == "small");
   });
-}
-
-TEST(OperationFaults, WhatTheDiskMayHaveLostStaysAtTheSourceWhateverIsTriedAgain) {
-  const TempFolder here;
-  const TempFolder there(otherVolume);
+  // The system tells of lost writes but once.
   here.Make({"tree/sub/file=x"});
-  struct : ScriptedUser {
-    TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
-      ScriptedUser::OnTrouble(trouble);
-      return Heard.size() < 99 ? TroubleChoice::Retry : TroubleChoice::Skip;
-    }
-  } user;
   InChild([&] {
     Refuse(SYS_syncfs, EIO, {});
+    user.Trouble = TroubleChoice::Retry;
+    user.Repair = [&] {
+      if (!user.Heard.empty()) _exit(1);
+    };
     EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there / "to").Code, EIO);
-    EXPECT_EQ(user.Heard, ScriptedUser::NameOf(there.Path()) + ":" + std::to_string(EIO) + " ");
+    EXPECT_NE(user.Heard, "");
+    EXPECT_EQ(NamesBelow(here.Path()), "tree tree/sub tree/sub/file ");
   });
-  EXPECT_EQ(NamesBelow(here.Path()), "tree tree/sub tree/sub/file ");
 }
 
 TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
@@ -176,35 +170,28 @@ TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
 
 TEST(OperationFaults, AFolderTakesTheNameOfAFileWhereNamesCannotBeExchanged) {
   for (const FileFunction function : {FileFunction::Move, FileFunction::Copy}) {
-    const TempFolder here;
-    here.Make({"from/item/sub/", "from/item/one=new", "to/item=old"});
-    fs::create_hard_link(here / "from/item/one", here / "from/item/sub/two");
-    const auto before = Describe(here / "from");
-    InChild([&] {
-      Refuse(SYS_renameat2, EINVAL, {{4, 2}});
-      ScriptedUser user;
-      user.Conflict.Choice = ConflictChoice::Replace;
-      EXPECT_EQ(Do(user, function, {here / "from/item"}, here / "to/").Code, 0);
-      EXPECT_EQ(Describe(here / "to"), before);
-    });
+    for (const bool fails : {false, true}) {
+      const TempFolder here;
+      here.Make({"from/item/sub/", "from/item/one=new", "to/item=old"});
+      fs::create_hard_link(here / "from/item/one", here / "from/item/sub/two");
+      const auto before = Describe(here / "from");
+      InChild([&] {
+        Refuse(SYS_renameat2, EINVAL, {{4, 2}});
+        if (fails) Refuse(SYS_unlinkat, EIO, {});
+        ScriptedUser user;
+        user.Conflict.Choice = ConflictChoice::Replace;
+        const OperationRequest request{function, here / "from/item" + '\0', here / "to/" + '\0'};
+        RunOperation(request, user, here.Path());
+        // What cannot go is found again.
+        const std::string aside = here / "to/item (being replaced)";
+        const std::string record = here / "to/item" + '\0' + aside + '\0';
+        EXPECT_EQ(Get(here / "aside.txt"), fails ? record : "");
+        EXPECT_EQ(Get(aside), fails ? "old" : "");
+        fs::remove(aside);
+        EXPECT_TRUE((fails && function == FileFunction::Copy) || Describe(here / "to") == before);
+      });
+    }
   }
-}
-
-TEST(OperationFaults, WhatIsReplacedIsFoundAgainWhereverThatEnds) {
-  const TempFolder here;
-  here.Make({"item/sub/", "to/item=old"});
-  InChild([&] {
-    Refuse(SYS_renameat2, EINVAL, {{4, 2}});
-    Refuse(SYS_unlinkat, EIO, {});
-    ScriptedUser user;
-    user.Conflict.Choice = ConflictChoice::Replace;
-    RunOperation({FileFunction::Move, here / "item" + '\0', here / "to/" + '\0'}, user,
-                 here.Path());
-    const std::string aside = here / "to/item (being replaced)";
-    EXPECT_EQ(Get(here / "aside.txt"), here / "to/item" + '\0' + aside + '\0');
-    EXPECT_EQ(Get(aside), "old");
-    EXPECT_TRUE(fs::exists(here / "to/item/sub"));
-  });
 }
 
 TEST(OperationFaults, TheRecordHoldsTheItemsOfOperationsSideBySide) {
@@ -230,26 +217,6 @@ TEST(OperationFaults, TheRecordHoldsTheItemsOfOperationsSideBySide) {
     AsideRecord(here.Path()).Drop(std::string("/kept/aside ") + name);
   }
   EXPECT_EQ(here.Names(), "");
-}
-
-TEST(OperationFaults, AFailingLookAtTheTargetIsTold) {
-  const TempFolder here;
-  here.Make({"to/", "file=x"});
-  InChild([&] {
-    ScriptedUser user;
-    user.Meanwhile = [&] {
-      if (user.Asked != 1) return;
-      unsigned target = 0;  // the last number under which that folder is open
-      for (unsigned number = 0; number < 99; ++number) {
-        std::error_code none;
-        const fs::path open = fs::read_symlink("/proc/self/fd/" + std::to_string(number), none);
-        if (open == here / "to") target = number;
-      }
-      Refuse(SYS_statx, EIO, {{0, target}});
-    };
-    EXPECT_EQ(Do(user, FileFunction::Copy, {here / "file"}, here / "to/").Code, EIO);
-    EXPECT_EQ(user.Heard, "file:" + std::to_string(EIO) + " ");
-  });
 }
 
 TEST(OperationFaults, MoreNestedFoldersThanFilesMayBeOpen) {
@@ -302,6 +269,18 @@ TEST(OperationFaults, WhatKilledRunsLeftIsSweptAndNothingElse) {
   }
   std::ranges::sort(kept);
   EXPECT_EQ(kept, "bcmn");
+
+  // A move takes along what a killed one held, and leaves what others are making.
+  const TempFolder there(otherVolume);
+  InChild([&] {
+    const int tree = open((here / "tree").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    EXPECT_EQ((new HoldFolder(tree))->Take("file"), NoError);  // its end does not come
+  });
+  Put(here / "tree/" + own.Text(), "being written");
+  EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, EBUSY);
+  EXPECT_EQ(NamesBelow(there.Path()), "tree tree/file ");
+  EXPECT_EQ(NamesBelow(here / "tree"), std::string(own.Text()) + " ");
+  EXPECT_EQ(user.Heard, std::string("remark:") + own.Text() + " ");
 }
 
 const std::vector<unsigned> pathCalls{SYS_statx, SYS_openat, SYS_readlinkat, SYS_renameat2,
@@ -340,26 +319,37 @@ TEST(OperationRaces, NothingGivesWayButWhatTheUserGaveUp) {
       return {++Conflicts == 1 ? ConflictChoice::Replace : ConflictChoice::Skip, false};
     }
   } user;
+  const std::vector<unsigned> calls{SYS_renameat2, SYS_renameat, SYS_linkat, SYS_unlinkat};
+  int refused = 0;
   for (const FileFunction function : {FileFunction::Move, FileFunction::Copy}) {
     for (const char* item : {"item=new", "item->new", "item/in=new"}) {
-      const TempFolder here;
-      here.Make({item, "to/item=old", "other=of another operation"});
-      user.Conflicts = 0;
-      user.Heard.clear();
-      user.Meanwhile = [&] {
-        std::error_code none;
-        if (user.Conflicts == 1) fs::rename(here / "other", here / "to/item", none);
-      };
-      EXPECT_EQ(Do(user, function, {here / "item"}, here / "to/").Code, EEXIST);
-      EXPECT_EQ(Get(here / "to/item"), "of another operation") << item;
-      EXPECT_EQ(here.Names(), "item to ");
-      EXPECT_EQ(NamesBelow(here / "to"), "item ");
-      const bool isTrouble =
-          function == FileFunction::Copy && std::string(item).ends_with("/in=new");
-      EXPECT_EQ(user.Conflicts, isTrouble ? 1 : 2);
-      EXPECT_EQ(user.Heard.empty(), !isTrouble) << user.Heard;
+      bool swapped = true;
+      for (int at = 1; swapped; ++at) {
+        const TempFolder here;
+        here.Make({item, "to/item=old", "other=of another operation"});
+        user.Conflicts = 0;
+        swapped = false;
+        int call = 0;
+        RunMeddled(
+            calls,
+            [&](const char*) {
+              std::error_code none;
+              if (user.Conflicts != 1 || ++call != at) return;
+              swapped = true;
+              fs::rename(here / "other", here / "to/item", none);
+            },
+            [&] {
+              const int code = Do(user, function, {here / "item"}, here / "to/").Code;
+              if (code == EEXIST) ++refused;
+            });
+        if (IsSkipped()) return;
+        const std::string other = "of another operation";
+        EXPECT_TRUE(Get(here / "to/item") == other || Get(here / "other") == other) << item << at;
+        EXPECT_EQ(NamesBelow(here.Path()).find(".tarnwell"), std::string::npos) << item << at;
+      }
     }
   }
+  EXPECT_GE(refused, 6);
 }
 
 TEST(OperationRaces, NothingIsCopiedIntoAFolderThatSomebodyPutInThePlaceOfANewOne) {
@@ -405,24 +395,6 @@ TEST(OperationRaces, OneFolderUnderTwoMountsIsNoTargetForItself) {
     EXPECT_EQ(Describe(here / "real"), before);
   }
   EXPECT_EQ(std::system(("umount '" + here / "view'").c_str()), 0);
-}
-
-TEST(OperationRaces, WhatOthersAreMakingIsLeftAndWhatKilledMovesHeldComesBack) {
-  const TempFolder here;
-  const TempFolder there(otherVolume);
-  here.Make({"tree/held=x"});
-  InChild([&] {
-    const int tree = open((here / "tree").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    EXPECT_EQ((new HoldFolder(tree))->Take("held"), NoError);  // its end does not come
-  });
-  TemporaryName name;
-  ASSERT_EQ(name.Renew(), NoError);
-  Put(here / "tree/" + name.Text(), "being written");
-  ScriptedUser user;
-  EXPECT_EQ(Do(user, FileFunction::Move, {here / "tree"}, there.Path()).Code, EBUSY);
-  EXPECT_EQ(NamesBelow(there.Path()), "tree tree/held ");
-  EXPECT_EQ(NamesBelow(here.Path()), std::string("tree tree/") + name.Text() + " ");
-  EXPECT_EQ(user.Heard, std::string("remark:") + name.Text() + " ");
 }
 
 }  // namespace

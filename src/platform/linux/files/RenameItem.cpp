@@ -92,6 +92,13 @@ ErrorNumber Respell(const ParentAndName& from, const ParentAndName& to,
   return error;
 }
 
+// What belongs to others may come into a folder where it cannot be deleted.
+bool MayUnlinkOthers(int fromFolder, int toFolder) {
+  struct statx found;
+  return fromFolder == toFolder ||
+         (LookAt(fromFolder, "", found) == NoError && (found.stx_mode & S_ISVTX) == 0);
+}
+
 // For a folder in the place of a file, where names cannot be exchanged.
 ErrorNumber PushAside(int fromFolder, const char* from, int toFolder, const char* to,
                       const std::string& toPath, const AsideRecord& record) {
@@ -124,17 +131,25 @@ ErrorNumber RenameNew(int fromFolder, const char* from, int toFolder, const char
   return ErrorOf(renameat(fromFolder, from, toFolder, to));
 }
 
-ErrorNumber PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to,
-                         const std::string& toPath, const AsideRecord& record) {
-  if (renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE) == 0) {
-    if (unlinkat(fromFolder, from, 0) == 0) return NoError;
-    const ErrorNumber error = errno;
-    renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE);
-    return error;
+ErrorNumber TakePlaceOf(int fromFolder, const char* from, int toFolder, const char* to,
+                        const MayGo& mayGo) {
+  if (MayUnlinkOthers(fromFolder, toFolder) &&
+      renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE) == 0) {
+    const ErrorNumber error =
+        mayGo(fromFolder, from) ? ErrorOf(unlinkat(fromFolder, from, 0)) : EEXIST;
+    const bool isBack = error == NoError ||
+                        renameat2(fromFolder, from, toFolder, to, RENAME_EXCHANGE) == 0 ||
+                        RenameNew(fromFolder, from, toFolder, to) == NoError;
+    return isBack ? error : ErrorNumber(EBUSY);
   }
-  if (errno != ENOENT && !IsMissingCall(errno)) return errno;
-  if (renameat(fromFolder, from, toFolder, to) == 0) return NoError;
-  return errno == ENOTDIR ? PushAside(fromFolder, from, toFolder, to, toPath, record) : errno;
+  if (!mayGo(toFolder, to)) return EEXIST;
+  return ErrorOf(renameat(fromFolder, from, toFolder, to));
+}
+
+ErrorNumber PutInPlaceOf(int fromFolder, const char* from, int toFolder, const char* to,
+                         const MayGo& mayGo, const std::string& toPath, const AsideRecord& record) {
+  const ErrorNumber error = TakePlaceOf(fromFolder, from, toFolder, to, mayGo);
+  return error == ENOTDIR ? PushAside(fromFolder, from, toFolder, to, toPath, record) : error;
 }
 
 base::Status RenameItem(const std::string& from, const std::string& to, const AsideRecord& record) {

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/linux/files/NameProbe.h"
-#include "platform/linux/files/RenameItem.h"
 #include "platform/linux/operation/CopyAttributes.h"
 #include "platform/linux/operation/DeleteTree.h"
 #include "platform/linux/operation/ExpectedItem.h"
@@ -121,8 +120,8 @@ void ItemTransfer::TakeItem(Item item) {
       context_.NotePlaced(source_->Path + "/" + item.Name, target_.Path + "/" + item.Target);
       return;
     }
-    const bool isTaken = failure.Error == EEXIST && item.Decided != Way::Replace;
-    if ((isTaken || failure.IsAnother) && conflicts < mostConflicts) {
+    // By what nobody has given up.
+    if (failure.Error == EEXIST && conflicts < mostConflicts) {
       ++conflicts;
       item.Decided = FindWay(item);
       if (item.Decided != Way::Leave && MayGoOn(item)) continue;
@@ -227,15 +226,9 @@ ItemTransfer::Failure ItemTransfer::Rename(const Item& item) {
   const char* const target = item.Target.c_str();
   const int from = walk_.Folder();
   const int to = targets_.Get();
-  if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
-  ErrorNumber error;
-  if (item.Decided != Way::Replace) {
-    error = RenameNew(from, name, to, target);
-  } else if (item.Type != S_IFDIR) {
-    error = ErrorOf(renameat(from, name, to, target));
-  } else {
-    error = PutInPlaceOf(from, name, to, target, to_, record_);
-  }
+  const ErrorNumber error = item.Decided == Way::Replace
+                                ? PutInPlaceOf(from, name, to, target, MayGoFor(item), to_, record_)
+                                : RenameNew(from, name, to, target);
   const bool isTargetShut = error == EACCES && faccessat(to, ".", W_OK | X_OK, AT_EACCESS) != 0;
   if (isTargetShut) return {OperationStep::Write, error, nullptr, true};
   if (error != NoError) return {OperationStep::Move, error};

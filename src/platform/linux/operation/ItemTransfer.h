@@ -10,6 +10,7 @@
 
 #include "platform/linux/files/AsideRecord.h"
 #include "platform/linux/files/ProtectedItems.h"
+#include "platform/linux/files/RenameItem.h"
 #include "platform/linux/operation/CopiedItems.h"
 #include "platform/linux/operation/CopyContent.h"
 #include "platform/linux/operation/FlushedVolumes.h"
@@ -54,7 +55,6 @@ class ItemTransfer {
     const char* Reason = nullptr;  // where the system's own words would mislead
     bool IsTarget = false;         // the target's path is the one to name
     bool IsSettled = false;        // the user has been asked about it
-    bool IsAnother = false;        // than the one that the user gave up stands in the way
   };
 
   struct Item {
@@ -156,9 +156,10 @@ class ItemTransfer {
   Way Ask(const Item& item, const std::string& spelled, const struct statx& source,
           const struct statx& target, bool& makesTwin);
   bool IsOneFolder() const;
-  // To be asked right before an item gives way.
-  bool IsAnother(const std::string& name, const ItemFingerprint& replaced);
-  Failure CheckReplaced(const Item& item);
+  // What gives way, as it was when that was decided.
+  MayGo MayGoIf(const ItemFingerprint& replaced) const;
+  // None where nothing is to.
+  MayGo MayGoFor(const Item& item) const;
   static ErrorNumber FindFreeTwin(int folder, std::string& name, bool isFolder);
 
   OperationContext& context_;

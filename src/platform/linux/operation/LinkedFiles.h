@@ -4,6 +4,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "platform/linux/files/RenameItem.h"
 #include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/ItemIdentity.h"
 
@@ -20,10 +21,10 @@ class LinkedFiles {
                                      std::move(pathNow)};
   }
   // Gives the copy another name in the open folder `to`; `base` is the folder that paths start
-  // from. ENOENT where there is no copy of the file as it is now, EEXIST where the name is taken,
-  // unless what has it, no folder, is to go.
+  // from. ENOENT where there is no copy of the file as it is now, EEXIST where the name is taken
+  // by what may not go, which without `mayGo` is anything.
   ErrorNumber Link(const struct statx& original, int base, int to, const char* name,
-                   bool replaces) const;
+                   const MayGo& mayGo) const;
 
  private:
   struct Copy {
@@ -34,7 +35,7 @@ class LinkedFiles {
   };
 
   ErrorNumber LinkTo(const Copy& known, const std::string& path, int base, int to, const char* name,
-                     bool replaces) const;
+                     const MayGo& mayGo) const;
 
   std::unordered_map<ItemIdentity, Copy, HashItemIdentity> copies_;
 };

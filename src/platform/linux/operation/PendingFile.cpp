@@ -7,8 +7,6 @@
 #include <cstdio>
 #include <cstring>
 
-#include "platform/linux/files/RenameItem.h"
-
 namespace tarnwell::platform {
 
 PendingFile::~PendingFile() {
@@ -37,22 +35,25 @@ ErrorNumber PendingFile::CreateAs(const char* name, mode_t mode) {
   return NoError;
 }
 
-ErrorNumber PendingFile::Place(const char* name, bool replaces) {
+ErrorNumber PendingFile::Place(const char* name, const MayGo& mayGo) {
   if (name_ != nullptr && std::strcmp(name, name_) == 0) {
     isPlaced_ = true;
     return NoError;
   }
-  if (name_ == nullptr) return PlaceUnnamed(name, replaces);
-  const ErrorNumber error = replaces ? ErrorOf(renameat(folder_, name_, folder_, name))
-                                     : RenameNew(folder_, name_, folder_, name);
+  if (name_ == nullptr) return PlaceUnnamed(name, mayGo);
+  // As the system does by itself where a rename takes the other's place, so that what goes is not
+  // gone from the disk long before the new content is there.
+  if (mayGo) sync_file_range(file_.Get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+  const ErrorNumber error = mayGo ? TakePlaceOf(folder_, name_, folder_, name, mayGo)
+                                  : RenameNew(folder_, name_, folder_, name);
   isPlaced_ = error == NoError;
   return error;
 }
 
-ErrorNumber PendingFile::PlaceUnnamed(const char* name, bool replaces) {
+ErrorNumber PendingFile::PlaceUnnamed(const char* name, const MayGo& mayGo) {
   std::array<char, 40> held;
   std::snprintf(held.data(), held.size(), "/proc/self/fd/%d", file_.Get());
-  if (!replaces) {
+  if (!mayGo) {
     return ErrorOf(linkat(AT_FDCWD, held.data(), folder_, name, AT_SYMLINK_FOLLOW));
   }
   // A link takes no other's place, but a rename does.
@@ -60,7 +61,7 @@ ErrorNumber PendingFile::PlaceUnnamed(const char* name, bool replaces) {
     if (const ErrorNumber error = temporary_.Renew(); error != NoError) return error;
     if (linkat(AT_FDCWD, held.data(), folder_, temporary_.Text(), AT_SYMLINK_FOLLOW) == 0) {
       name_ = temporary_.Text();
-      return Place(name, true);
+      return Place(name, mayGo);
     }
     if (errno != EEXIST) return errno;
   }

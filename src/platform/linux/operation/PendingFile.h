@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include "platform/linux/files/RenameItem.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/TemporaryName.h"
@@ -22,13 +23,14 @@ class PendingFile {
   ErrorNumber Create(mode_t mode, bool isNamed);
   // Makes it under the name itself, for a folder that is not in its place yet.
   ErrorNumber CreateAs(const char* name, mode_t mode);
-  // Gives it its name; EEXIST where the name is taken, unless what has it, no folder, is to go.
-  ErrorNumber Place(const char* name, bool replaces);
+  // Gives it its name; EEXIST where the name is taken by what may not go. See TakePlaceOf; with
+  // none given, nothing may.
+  ErrorNumber Place(const char* name, const MayGo& mayGo);
 
   int Get() const { return file_.Get(); }
 
  private:
-  ErrorNumber PlaceUnnamed(const char* name, bool replaces);
+  ErrorNumber PlaceUnnamed(const char* name, const MayGo& mayGo);
 
   int folder_;
   Descriptor file_;

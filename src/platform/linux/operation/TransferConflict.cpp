@@ -132,15 +132,18 @@ ItemTransfer::Way ItemTransfer::Ask(const Item& item, const std::string& spelled
 
 // What has come into its place since, by another operation for one, nobody has given up.
 // One that was written to is still the one.
-bool ItemTransfer::IsAnother(const std::string& name, const ItemFingerprint& replaced) {
-  const ItemFingerprint now = PrintThere(name);
-  const bool isSame = now.Device == replaced.Device && now.Number == replaced.Number;
-  return now != ItemFingerprint() && (!isSame || now.Kind != replaced.Kind);
+MayGo ItemTransfer::MayGoIf(const ItemFingerprint& replaced) const {
+  return [replaced, traits = walk_.Here().To](int folder, const char* name) {
+    struct statx found;
+    if (LookAt(folder, name, found) != NoError) return true;
+    const ItemFingerprint now = FingerprintOf(found, traits);
+    return now.Device == replaced.Device && now.Number == replaced.Number &&
+           now.Kind == replaced.Kind;
+  };
 }
 
-ItemTransfer::Failure ItemTransfer::CheckReplaced(const Item& item) {
-  if (item.Decided != Way::Replace || !IsAnother(item.Target, item.Replaced)) return {};
-  return {.Step = OperationStep::Write, .Error = EEXIST, .IsTarget = true, .IsAnother = true};
+MayGo ItemTransfer::MayGoFor(const Item& item) const {
+  return item.Decided == Way::Replace ? MayGoIf(item.Replaced) : nullptr;
 }
 
 ErrorNumber ItemTransfer::FindFreeTwin(int folder, std::string& name, bool isFolder) {

@@ -39,11 +39,8 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     return {};  // the user has heard of it
   }
   if (isLinked) {
-    if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
-    const int base = target_.Folder.Get();
-    const bool replaces = item.Decided == Way::Replace;
-    const ErrorNumber linked =
-        links_.Link(source, base, targets_.Get(), item.Target.c_str(), replaces);
+    const ErrorNumber linked = links_.Link(source, target_.Folder.Get(), targets_.Get(),
+                                           item.Target.c_str(), MayGoFor(item));
     if (linked == NoError) {
       NoteMade(item, PrintThere(item.Target));
       return FinishItem(item, source);
@@ -104,8 +101,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   if (moves_ && copy.stx_size != content_.Length()) {
     return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
   }
-  if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
-  error = pending.Place(name, replaces);
+  error = pending.Place(name, MayGoFor(item));
   if (error != NoError) return written(error);
   NoteMade(item, FingerprintOf(copy, walk_.Here().To));
   if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
@@ -158,7 +154,6 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
   if (length < 0) return errno == EINVAL ? hasChanged : Failure{OperationStep::Read, errno};
   text.at(static_cast<std::size_t>(length)) = '\0';
 
-  if (const Failure failure = CheckReplaced(item); failure.Error != NoError) return failure;
   const bool replaces = item.Decided == Way::Replace;
   TemporaryName temporary;
   ErrorNumber error = replaces ? temporary.Renew() : NoError;
@@ -166,10 +161,8 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
   if (error == NoError && symlinkat(text.data(), to, name) != 0) error = errno;
   if (error == NoError) {
     CopyLinkAttributes(source, to, name);
-    if (replaces && renameat(to, name, to, item.Target.c_str()) != 0) {
-      error = errno;
-      unlinkat(to, name, 0);
-    }
+    if (replaces) error = TakePlaceOf(to, name, to, item.Target.c_str(), MayGoFor(item));
+    if (error != NoError) unlinkat(to, name, 0);
   }
   if (error != NoError) return {OperationStep::Write, error, nullptr, true};
   NoteMade(item, PrintThere(item.Target));

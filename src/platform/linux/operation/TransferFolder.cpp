@@ -9,6 +9,7 @@
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/operation/OwnFolder.h"
 #include "platform/linux/operation/SweepTemporaries.h"
+#include "platform/linux/posix/SystemError.h"
 #include "platform/linux/posix/TemporaryName.h"
 
 namespace tarnwell::platform {
@@ -226,15 +227,14 @@ void ItemTransfer::LeaveFolder() {
 bool ItemTransfer::FinishReplacing(const Level& left) {
   const char* const temporary = left.Temporary.c_str();
   while (left.ReplacesFile && context_.GoesOn()) {
-    if (IsAnother(left.Target, left.Replaced)) {
-      const base::Status reason{EEXIST, "Another item has taken its place meanwhile"};
-      if (context_.Retries(OperationStep::Write, ToPath(left.Target), reason)) continue;
-      break;
-    }
-    const ErrorNumber error =
-        PutInPlaceOf(targets_.Get(), temporary, targets_.Get(), left.Target.c_str(), to_, record_);
+    const int folder = targets_.Get();
+    const ErrorNumber error = PutInPlaceOf(folder, temporary, folder, left.Target.c_str(),
+                                           MayGoIf(left.Replaced), to_, record_);
     if (error == NoError) return true;
-    if (!context_.Retries(OperationStep::Write, ToPath(left.Target), error)) break;
+    const base::Status reason =
+        error == EEXIST ? base::Status{EEXIST, "Another item has taken its place meanwhile"}
+                        : SystemError(error);
+    if (!context_.Retries(OperationStep::Write, ToPath(left.Target), reason)) break;
   }
   ForgetCopied();
   DeleteQuietly(targets_.Get(), left.Temporary);

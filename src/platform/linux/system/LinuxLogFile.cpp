@@ -129,7 +129,7 @@ base::Status LinuxLogFile::DropOlderHalf(std::int64_t size) {
   PendingFile pending(folder_.Get());
   ErrorNumber error = pending.Create(ownersOnly, true);
   if (error == NoError) error = WriteAll(pending.Get(), kept);
-  if (error == NoError) error = pending.Place(name_.c_str(), true);
+  if (error == NoError) error = pending.Place(name_.c_str(), [](int, const char*) { return true; });
   return error == NoError ? OpenFile() : SystemError(error);
 }
 
