@@ -1,4 +1,6 @@
 // What of a transfer can be taken back.
+#include <fcntl.h>
+
 #include "platform/linux/files/FindItem.h"
 #include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/operation/ItemTransfer.h"
@@ -49,7 +51,8 @@ std::uint64_t ItemTransfer::CountDone() const {
   return context_.Result().Done.size() + context_.Result().Irrevocable + arrived_.size();
 }
 
-// What is still at the source was copied alone; of a folder, what has gone from there was moved.
+// What is still at the source was copied alone; of a folder, what has gone from there was moved,
+// and where nothing has, what lies below is alike on both sides.
 void ItemTransfer::SettleArrived(std::size_t first, std::size_t deleted) {
   for (std::size_t at = first; at < arrived_.size(); ++at) {
     DoneItem& item = arrived_[at];
@@ -58,7 +61,9 @@ void ItemTransfer::SettleArrived(std::size_t first, std::size_t deleted) {
       if (isGone) context_.NoteIrrevocable();
       continue;
     }
-    if (isGone || (at < deleted && item.Print.Kind == S_IFDIR)) {
+    const bool isFolder = at < deleted && item.Print.Kind == S_IFDIR;
+    const auto below = [&] { return FindBelow(AT_FDCWD, item.From.c_str(), [] { return true; }); };
+    if (isGone || (isFolder && below() != item.Print.Below)) {
       item.Print.Below = 0;
     } else {
       item.From.clear();
