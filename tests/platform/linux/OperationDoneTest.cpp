@@ -227,17 +227,19 @@ TEST(OperationDone, LeavesWhatIsNotAsExpected) {
   }
 }
 
-TEST(OperationDone, TellsWhereInTheTrashItemsLie) {
+TEST(OperationDone, SendsToTheTrashWhereThereIsOneAndTellsWhere) {
   const char* const home = getenv("HOME");
   if (home == nullptr || StatOf(home).st_dev != StatOf(desktop.Folder.Path()).st_dev) {
     GTEST_SKIP() << "the folder for temporary files lies on another volume than the trash";
   }
   const TempFolder here(desktop.Folder / "");
   const TempFolder noTrash(otherVolume);
-  here.Make({"1/t.tar.gz=1", "2/t.tar.gz=22", "3/t.tar.gz=333", "1/dir/in=x", "2/dir/in=y"});
+  here.Make({"1/t.tar.gz=1", "2/t.tar.gz=22", "3/t.tar.gz=333", "1/dir/in=x", "2/dir/in=y",
+             "new\nline=x", "link->new\nline"});
   ScriptedUser user;
   const std::vector<std::string> items{here / "1/t.tar.gz", here / "2/t.tar.gz", here / "1/dir",
-                                       here / "3/t.tar.gz", here / "2/dir"};
+                                       here / "3/t.tar.gz", here / "2/dir",      here / "new\nline",
+                                       here / "link"};
   const OperationResult trashed = DoAll(user, FileFunction::Delete, items, {""}, AllowUndo);
   EXPECT_EQ(trashed.Code, 0);
   ASSERT_EQ(trashed.Done.size(), items.size());
@@ -266,12 +268,16 @@ TEST(OperationDone, TellsWhereInTheTrashItemsLie) {
       ENOENT);
   EXPECT_EQ(user.Heard, "remark:t.tar.gz ");
 
-  noTrash.Make({"kept="});
+  noTrash.Make({"kept=", "gone="});
+  const auto toTrash = [&](const std::string& item, int flags) {
+    return DoAll(user, FileFunction::Delete, {item}, {""}, AllowUndo | flags).Code;
+  };
+  EXPECT_NE(toTrash(noTrash / "kept", NoConfirmation), 0);
   user.NoTrash = {NoTrashChoice::DeleteForGood, true};
-  EXPECT_NE(
-      DoAll(user, FileFunction::Delete, {noTrash / "kept"}, {""}, AllowUndo | NeverForGood).Code,
-      0);
-  EXPECT_EQ(user.Heard, "remark:t.tar.gz remark:kept ");
+  EXPECT_NE(toTrash(noTrash / "kept", NeverForGood), 0);
+  EXPECT_EQ(toTrash(noTrash / "gone", NoConfirmation), 0);
+  EXPECT_EQ(toTrash(here / "none", 0), ENOENT);
+  EXPECT_EQ(user.Heard, "remark:t.tar.gz remark:kept none:" + std::to_string(ENOENT) + " ");
   EXPECT_EQ(noTrash.Names(), "kept ");
 
   // In the trash of its own volume; what is another item there does not count.

@@ -4,7 +4,6 @@
 #include <csignal>
 
 #include "OperationFixture.h"
-#include "TestDesktop.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/NameProbe.h"
 #include "platform/linux/files/ProtectedItems.h"
@@ -196,6 +195,9 @@ TEST(Operation, LeavesNothingHalfWhereverItIsCancelled) {
         const bool isThere = !item.From.empty() && fs::exists(fs::symlink_status(item.From));
         const bool mayBeThere = function == FileFunction::Copy || fs::is_directory(item.From);
         EXPECT_LE(isThere, mayBeThere) << item.To;
+        const auto below = [](const std::string& path) { return FingerprintOf(path, true).Below; };
+        const bool isMoved = function == FileFunction::Move && isThere;
+        EXPECT_FALSE(isMoved && below(item.From) == below(item.To)) << item.To;
       }
       if (function == FileFunction::Copy) {
         ExpectWhole(from, there / "from");
@@ -568,32 +570,6 @@ TEST(Operation, MakesTwinsAndRenamesWithoutOverwriting) {
   EXPECT_EQ(TryName(folder.Get(), "a:b\n\xFF"), 0);
   EXPECT_EQ(TryName(folder.Get(), std::string(256, 'n')), ENAMETOOLONG);
   EXPECT_EQ(NamesBelow(here.Path()), before);
-}
-
-TEST(Operation, SendsToTheTrashWhereThereIsOne) {
-  const char* const home = getenv("HOME");
-  if (home == nullptr || StatOf(home).st_dev != StatOf(desktop.Folder.Path()).st_dev) {
-    GTEST_SKIP() << "the folder for temporary files lies on another volume than the trash";
-  }
-  const TempFolder here(desktop.Folder / "");
-  const TempFolder noTrash(otherVolume);
-  here.Make({"new\nline=x", "link->new\nline"});
-  noTrash.Make({"kept=", "gone="});
-  ScriptedUser user;
-  const auto toTrash = [&](const std::string& item) {
-    return Do(user, FileFunction::Delete, {item}, "", AllowUndo | NoConfirmation).Code;
-  };
-  EXPECT_EQ(toTrash(here / "link"), 0);
-  EXPECT_EQ(toTrash(here / "new\nline"), 0);
-  EXPECT_NE(toTrash(noTrash / "kept"), 0);
-  user.NoTrash = {NoTrashChoice::DeleteForGood, true};
-  EXPECT_EQ(toTrash(noTrash / "gone"), 0);
-  EXPECT_EQ(toTrash(here / "none"), ENOENT);
-  EXPECT_EQ(user.Heard, "none:" + std::to_string(ENOENT) + " ");
-  EXPECT_EQ(here.Names() + noTrash.Names(), "kept ");
-  const std::string trashed = desktop.Folder / "Trash/files/";
-  EXPECT_EQ(Get(trashed + "new\nline"), "x");
-  EXPECT_TRUE(fs::is_symlink(trashed + "link"));
 }
 
 }  // namespace
