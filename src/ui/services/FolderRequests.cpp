@@ -28,11 +28,8 @@ void FolderRequests::Drop() {
 }
 
 void FolderRequests::Look() {
-  if (QApplication::activeModalWidget() != nullptr ||
-      QApplication::activePopupWidget() != nullptr ||
-      QApplication::mouseButtons() != Qt::NoButton || !mayOpen_()) {
-    return;
-  }
+  if (QApplication::activeModalWidget() != nullptr) return;
+  if (QApplication::activePopupWidget() != nullptr || !mayOpen_()) return;
   const Folders folders = std::move(waiting_.front());
   waiting_.pop_front();
   if (waiting_.empty()) timer_.stop();

@@ -14,8 +14,8 @@ class FolderRequests {
  public:
   using Folders = std::vector<std::string>;
 
-  // Neither is called from Add. `mayOpen` says whether anything but a modal window, a menu or a
-  // mouse button stands against it.
+  // Neither is called from Add. `mayOpen` says whether what is neither a modal window nor a
+  // menu lets folders be opened.
   FolderRequests(std::function<bool()> mayOpen, std::function<void(const Folders&)> open);
 
   void Add(const Folders& folders);
