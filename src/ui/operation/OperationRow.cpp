@@ -28,6 +28,11 @@ constexpr int OneLineWidth = 1040;
 // Speed and time left are read, so they stand still a while.
 constexpr std::int64_t StatusTime = 1000;  // milliseconds
 
+bool IsAtWork(const OperationRecord& record) {
+  return record.State == fileops::OperationState::Running && !record.IsPaused && !record.IsAsking &&
+         !record.IsCancelling;
+}
+
 // Changes nothing where it is so already.
 void SetShown(QWidget& widget, bool on) {
   if (widget.isHidden() == on) widget.setVisible(on);
@@ -62,6 +67,7 @@ OperationRow::OperationRow(platform::OperationId operation, fileops::OperationQu
   for (std::size_t i = 0; i < deeds_.size(); ++i) {
     const auto deed = static_cast<OperationDeed>(i);
     deeds_.at(i) = &AddButton(ToQString(fileops::CaptionOf(deed)));
+    deeds_.at(i)->installEventFilter(this);
     connect(deeds_.at(i), &QToolButton::clicked, this,
             [this, deed] { fileops::Do(deed, queue_, operation_); });
   }
@@ -127,12 +133,13 @@ void OperationRow::Arrange() {
     grid_->addWidget(status_, 0, 2);
     grid_->addWidget(bar_, 1, 1);
     grid_->addWidget(buttons_, 1, 2);
+    grid_->addWidget(details_, 2, 1, 1, 2);
   } else {
     grid_->addWidget(bar_, 0, 2);
     grid_->addWidget(status_, 0, 3);
     grid_->addWidget(buttons_, 0, 4);
+    grid_->addWidget(details_, 2, 1, 1, 4);
   }
-  grid_->addWidget(details_, 2, 1, 1, 4);
   grid_->setColumnStretch(1, 1);
   status_->setAlignment((isNarrow_ ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   status_->setSizePolicy(isNarrow_ ? QSizePolicy::Ignored : QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -148,6 +155,11 @@ void OperationRow::resizeEvent(QResizeEvent* event) {
   if (std::exchange(isNarrow_, width() < OneLineWidth) != isNarrow_) Arrange();
 }
 
+// When a row goes, another comes to stand under the mouse: a double click is not for both.
+bool OperationRow::eventFilter(QObject* watched, QEvent* event) {
+  return event->type() == QEvent::MouseButtonDblClick || QFrame::eventFilter(watched, event);
+}
+
 void OperationRow::changeEvent(QEvent* event) {
   QFrame::changeEvent(event);
   if (event->type() == QEvent::FontChange) Arrange();
@@ -157,7 +169,9 @@ void OperationRow::Show(const OperationRecord& record, bool isNext) {
   ShowName(ToShownQString(record.Title));
   ShowPicture(record.IsAsking ? "question" : fileops::PictureOf(record));
   const int percent = fileops::PercentOf(record);
-  if (bar_->maximum() != (percent < 0 ? 0 : 100)) bar_->setRange(0, percent < 0 ? 0 : 100);
+  // Without a percentage it moves while there is work, and is empty while that stands still.
+  const int most = percent < 0 && IsAtWork(record) ? 0 : 100;
+  if (bar_->maximum() != most) bar_->setRange(0, most);
   bar_->setValue(std::max(percent, 0));
   bar_->setTextVisible(record.State == fileops::OperationState::Running);
   ShowStatus(record);
@@ -166,7 +180,8 @@ void OperationRow::Show(const OperationRecord& record, bool isNext) {
 }
 
 // A button that goes hands the keyboard to what stands in its place, "Pause" to "Continue": the
-// toolkit would give it to the next one, "Cancel".
+// toolkit would give it to the next one, "Cancel". "Move Up" does not hand it to "Start Now": it
+// may be pressed once too often.
 void OperationRow::ShowDeeds(const OperationRecord& record, bool isNext) {
   const auto isOffered = [&](std::size_t at) {
     return fileops::CanDo(static_cast<OperationDeed>(at), record, isNext);
@@ -177,9 +192,10 @@ void OperationRow::ShowDeeds(const OperationRecord& record, bool isNext) {
     losesKeyboard |= deeds_.at(at)->hasFocus() && !isOffered(at);
   }
   if (losesKeyboard) {
+    constexpr auto start = static_cast<std::size_t>(OperationDeed::StartNow);
     std::size_t at = 0;
-    while (at < deeds_.size() && !isOffered(at)) ++at;
-    (at < deeds_.size() ? deeds_.at(at) : unfold_)->setFocus(Qt::TabFocusReason);
+    while (at < start && !isOffered(at)) ++at;
+    (at < start ? deeds_.at(at) : unfold_)->setFocus(Qt::TabFocusReason);
   }
   for (std::size_t at = 0; at < deeds_.size(); ++at) {
     if (!isOffered(at)) SetShown(*deeds_.at(at), false);
@@ -206,8 +222,7 @@ void OperationRow::ShowPicture(std::string_view name) {
 
 void OperationRow::ShowStatus(const OperationRecord& record) {
   const std::int64_t now = tools_.Clock.Ticks();
-  const bool isAtWork = record.State == fileops::OperationState::Running && !record.IsPaused &&
-                        !record.IsAsking && !record.IsCancelling;
+  const bool isAtWork = IsAtWork(record);
   const bool stands = isAtWork && statusAt_ != 0 && now - statusAt_ < StatusTime;
   if (stands) return;
   statusAt_ = isAtWork ? now : 0;

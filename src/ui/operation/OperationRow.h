@@ -33,6 +33,7 @@ class OperationRow : public QFrame {
   std::vector<QWidget*> Buttons() const;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
