@@ -160,6 +160,11 @@ TEST_F(OperationsTest, FollowsUpOnListsAsTheyAreByThen) {
   Space.Lists[101].Rows().MoveCurrent(Row(101, "b"));  // the user goes on
   work.Finish();
   EXPECT_EQ(current(), "C:\\Other\\b");
+  copy("c2");
+  Space.Form.ActiveControl = workspace::KeyboardFocus::CommandLine;
+  work.Finish();
+  EXPECT_EQ(current(), "C:\\Other\\b");
+  Space.Form.ActiveControl = workspace::KeyboardFocus::List;
   copy("d");
   Space.Lists[1].OpenFolder(0, "C:\\Data");
   const std::string elsewhere = current();
