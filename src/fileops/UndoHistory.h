@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <ranges>
 #include <vector>
 
 #include "lister/rows/ItemColours.h"
@@ -50,7 +49,8 @@ class UndoHistory {
   // Calls `look` with each step that is still to be taken that way, the next one first.
   template <typename Look>
   void ForEachStep(UndoWay way, Look look) {
-    for (UndoStep& step : std::views::reverse(Of(way))) look(step);
+    Steps& steps = Of(way);
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) look(*step);
   }
 
  private:
