@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
+#include <string_view>
 #include <system_error>
+#include <unordered_set>
 #include <utility>
 
+#include "base/ItemList.h"
 #include "fileops/OperationTexts.h"
 #include "fileops/OperationUse.h"
 
@@ -370,6 +374,7 @@ void OperationQueue::Finish(std::unique_ptr<Work> work) {
     step.Operation = work->Id;
     history_.Add(std::move(step));
   }
+  ForgetPurged(work->Order);
   const std::int64_t took = hasRun ? clock_.Ticks() - work->StartedAt : 0;
   for (const Ended& ended : ended_) Guard([&] { ended(*work, *result, took); });
   RunWhatMay();
@@ -378,6 +383,20 @@ void OperationQueue::Finish(std::unique_ptr<Work> work) {
     if (!dropsContinuations_) Guard([&] { then(*result); });
   }
   TellIdle();
+}
+
+void OperationQueue::ForgetPurged(const platform::OperationOrder& order) {
+  std::unordered_set<std::string> purged;
+  for (const platform::OperationRequest& request : order.Requests) {
+    const bool isPurge = request.Function == platform::FileFunction::Delete &&
+                         (request.Flags & platform::FromTrash) != 0;
+    if (!isPurge) continue;
+    for (const std::string_view item : base::ItemList(request.Items)) purged.emplace(item);
+  }
+  if (purged.empty()) return;
+  history_.Forget(purged, [this](const std::string& path) {
+    return engine_.Fingerprint(path, false).Kind == 0;
+  });
 }
 
 void OperationQueue::MeterTime(Work& work) {

@@ -122,6 +122,8 @@ class OperationQueue : public platform::FileOperation {
   void TakeAway(Works::iterator waiting);
   void Finish(std::unique_ptr<Work> work);
   // Measures no time while nothing can go on.
+  // What is emptied from the trash is not to be undone any more.
+  void ForgetPurged(const platform::OperationOrder& order);
   void MeterTime(Work& work);
   void TellChange();
   void TellIdle();

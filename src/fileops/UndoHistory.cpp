@@ -47,4 +47,18 @@ void UndoHistory::Finish(UndoWay way, UndoStep inverse, UndoStep rest) {
   push(way == UndoWay::Undo ? UndoWay::Redo : UndoWay::Undo, std::move(inverse));
 }
 
+// Others may have lain at such a path before.
+void UndoHistory::Forget(const std::unordered_set<std::string>& paths,
+                         const std::function<bool(const std::string& path)>& isGone) {
+  for (const UndoWay way : {UndoWay::Undo, UndoWay::Redo}) {
+    std::unordered_set<std::string> left = paths;
+    ForEachStep(way, [&](UndoStep& step) {
+      std::erase_if(step.Items,
+                    [&](const auto& item) { return left.erase(item.To) > 0 && isGone(item.To); });
+      for (const platform::DoneItem& item : step.Items) left.erase(item.From);
+    });
+    std::erase_if(Of(way), HasNothing);
+  }
+}
+
 }  // namespace tarnwell::fileops

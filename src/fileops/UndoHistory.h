@@ -7,6 +7,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "lister/rows/ItemColours.h"
@@ -45,6 +48,11 @@ class UndoHistory {
   // The step that was taken out is done. `inverse` goes back to what has come of it; `rest` is
   // still to be done, since it was given up. Nothing is kept of an empty one.
   void Finish(UndoWay way, UndoStep inverse, UndoStep rest);
+
+  // The items at these paths were deleted for good, but for those that `isGone` gives false for: no
+  // step offers to take them back.
+  void Forget(const std::unordered_set<std::string>& paths,
+              const std::function<bool(const std::string& path)>& isGone);
 
   // Calls `look` with each step that is still to be taken that way, the next one first.
   template <typename Look>

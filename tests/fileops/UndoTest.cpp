@@ -1,8 +1,6 @@
 #include "Test.h"
-#include "base/ItemList.h"
 #include "fakes/FakeOperationEngine.h"
 #include "fakes/FakePlatform.h"
-#include "fileops/UndoColours.h"
 #include "fileops/UndoCommand.h"
 #include "fileops/UndoHistory.h"
 #include "fileops/UndoRules.h"
@@ -25,27 +23,29 @@ TEST(UndoHistory, KeepsTheLastCommandsAndWhatWasUndoneUntilTheNext) {
     const UndoStep* const step = history.Next(way);
     return step == nullptr ? "" : step->Items[0].To;
   };
-  const auto add = [&](const std::string& name, CommandKind kind = CommandKind::Move) {
-    history.Add(StepOf(kind, {{"", name, {}}}));
-  };
-  for (int number = 1; number <= 102; ++number) add(std::to_string(number));
-  add("gone", CommandKind::Delete);
-  add("other", CommandKind::Other);
+  for (int number = 1; number <= 102; ++number)
+    history.Add(StepOf(CommandKind::Move, {{"", std::to_string(number), {}}}));
+  for (const CommandKind kind : {CommandKind::Delete, CommandKind::Other})
+    history.Add(StepOf(kind));
   for (int number = 102; number > 2; --number) {
     EXPECT_EQ(next(UndoWay::Undo), std::to_string(number));
     history.Finish(UndoWay::Undo, history.Take(UndoWay::Undo), {});
   }
   EXPECT_EQ(next(UndoWay::Undo) + next(UndoWay::Redo), "3");
-  EXPECT_TRUE(history.Take(UndoWay::Undo).Items.empty());
-
-  // Half of it comes back, and can be gone on with; what does nothing changes nothing.
-  history.Take(UndoWay::Redo);
-  history.Finish(UndoWay::Redo, StepOf(CommandKind::Move, {{"", "half", {}}}),
-                 StepOf(CommandKind::Move, {{"", "rest", {}}}));
-  history.Add({.Kind = CommandKind::Copy});
-  EXPECT_EQ(next(UndoWay::Undo) + next(UndoWay::Redo), "halfrest");
+  history.Add({.Kind = CommandKind::Copy});  // which did nothing
+  EXPECT_EQ(next(UndoWay::Redo), "3");
   history.Add({.Kind = CommandKind::Copy, .Irrevocable = 1});
-  EXPECT_EQ(next(UndoWay::Undo) + next(UndoWay::Redo), "half");
+  EXPECT_EQ(next(UndoWay::Undo) + next(UndoWay::Redo), "");
+  // The trash is emptied: what lay there under that name before was put back.
+  for (const platform::DoneItem& item : {platform::DoneItem{"/old", "/trash/x", {}},
+                                         {"/trash/x", "/old", {}},
+                                         {"/new", "/trash/x", {}},
+                                         {"/kept", "/trash/y", {}}})
+    history.Add(StepOf(CommandKind::Trash, {item}));
+  history.Forget({"/trash/x", "/trash/y"},
+                 [](const std::string& path) { return path == "/trash/x"; });
+  for (const char* const left : {"/trash/y", "/old", "/trash/x"})
+    EXPECT_EQ(history.Take(UndoWay::Undo).Items.at(0).To, left);
 }
 
 TEST(UndoRules, SayWhatTakesAStepBackAndWhatItIsCalled) {
@@ -90,52 +90,6 @@ TEST(UndoRules, SayWhatTakesAStepBackAndWhatItIsCalled) {
   const UndoStep odd = StepOf(CommandKind::Copy, {{"", "/a/\n" + std::string(300, 'x'), {}}});
   EXPECT_LT(StepText(odd, UndoWay::Undo, syntax, forms).size(), 75U);
   EXPECT_EQ(StepText(odd, UndoWay::Undo, syntax, forms).find('\n'), std::string::npos);
-}
-
-TEST(UndoRules, KeepWhatWasGivenUpAndWhatLiesBelow) {
-  UndoStep step = StepOf(CommandKind::Copy, {{"", "/b/one", {}}, {"", "/b/two", {}}});
-  step.Items[0].Print.Below = 7;
-  const platform::OperationResult result{.Done = {{"/b/one", "/trash/one", {.Number = 3}}}};
-  const UndoStep after = StepAfter(step, UndoWay::Undo, result);
-  ASSERT_EQ(after.Items.size(), 1U);
-  EXPECT_EQ(after.Items[0].Print, (platform::ItemFingerprint{.Number = 3, .Below = 7}));
-  const UndoStep rest = RestOf(step, result);
-  ASSERT_EQ(rest.Items.size(), 1U);
-  EXPECT_EQ(rest.Items[0].To, "/b/two");
-
-  // A move that was given up has left a copy.
-  step = StepOf(CommandKind::Move, {{"/a/one", "/b/one", {}}, {"", "/b/copy", {}}});
-  const auto requests = InverseOf(step, UndoWay::Undo);
-  ASSERT_EQ(requests.size(), 2U);
-  EXPECT_EQ(requests[0].Items + requests[0].Destination, "/b/one\0/a/one\0"s);
-  EXPECT_EQ(requests[1].Items, "/b/copy\0"s);
-  EXPECT_EQ(requests[1].Flags, platform::AllowUndo | platform::NeverForGood);
-  EXPECT_TRUE(
-      StepAfter(step, UndoWay::Undo, {.Done = {{"/b/copy", "/trash/copy", {}}}}).Items.empty());
-}
-
-TEST(UndoColours, GoBackToWhatTheyWereUnlessTheyHaveChangedSince) {
-  fakes::MemoryFileSystem files(base::PathSyntax::Windows());
-  const auto colour = [&](const std::string& name) -> std::string& {
-    return files.At("C:\\" + name).ExtendedAttributes[platform::ExtendedAttribute::Colour];
-  };
-  std::vector<lister::ColouredItem> items;
-  for (const char* name : {"a", "b", "c", "d"}) {
-    files.AddFile("C:\\" + std::string(name));
-    colour(name) = "red";
-    items.push_back({"C:\\" + std::string(name), "", "red"});
-  }
-  items[0].Before = "some other program's";
-  colour("b") = "blue";
-  files.Remove("C:\\c");
-  ColourOutcome outcome = RestoreColours(items, files, [](std::size_t) { return true; });
-  EXPECT_EQ(colour("a") + "," + colour("b") + "," + colour("d"), "some other program's,blue,");
-  EXPECT_EQ(outcome.Left,
-            (Texts{"b: it has got another colour since", "c: No such file or directory"}));
-  outcome = RestoreColours(outcome.Done, files, [](std::size_t done) { return done < 1; });
-  EXPECT_EQ(colour("a") + "," + colour("d"), "red,");
-  ASSERT_EQ(outcome.Rest.size(), 1U);
-  EXPECT_EQ(outcome.Rest[0].Path, "C:\\d");
 }
 
 class UndoCommandTest : public lists::TestLists, public testing::Test {
@@ -255,8 +209,10 @@ TEST_F(UndoCommandTest, GivesColoursBackUntilItIsGivenUp) {
         .ExtendedAttributes[platform::ExtendedAttribute::Colour];
   };
   colour("a") = colour("b") = "red";
-  Command.NoteColours({{"C:\\Data\\a", "", "red"}, {"C:\\Data\\b", "blue", "red"}});
-  EXPECT_EQ(Command.Caption(), "Undo: Colour of 2 items");
+  Command.NoteColours({{"C:\\Data\\a", "another program's", "red"},
+                       {"C:\\Data\\b", "blue", "red"},
+                       {"C:\\none", "", "red"}});
+  EXPECT_EQ(Command.Caption(), "Undo: Colour of 3 items");
   Platform.Clock.TickStep = 60;
   Platform.Pump.Post([] {});
   Platform.Pump.Post([this] {
@@ -264,13 +220,14 @@ TEST_F(UndoCommandTest, GivesColoursBackUntilItIsGivenUp) {
     Command.GiveUp();
   });
   Command.Undo();
-  EXPECT_EQ(colour("a") + "," + colour("b"), ",red");
-  EXPECT_TRUE(Status().starts_with("Undoing: Colour of 2 items, 1 of 2 items; stopped"));
+  EXPECT_EQ(colour("a") + "," + colour("b"), "another program's,red");
+  EXPECT_TRUE(Status().starts_with("Undoing: Colour of 3 items, 1 of 3 items; stopped"));
   colour("b") = "cyan";
   Command.Undo();
   EXPECT_EQ(colour("b"), "cyan");
   EXPECT_EQ(Messages.Texts, (Texts{"These items keep the colour that they have:\r\n\r\n"
-                                   "b: it has got another colour since"}));
+                                   "b: it has got another colour since\r\n"
+                                   "none: No such file or directory"}));
   Command.Redo();
   EXPECT_EQ(colour("a") + Next(UndoWay::Undo) + Next(UndoWay::Redo), "redColour of \"a\"");
 }
