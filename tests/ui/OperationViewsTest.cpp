@@ -134,10 +134,21 @@ TEST_F(OperationViewsTest, RowsComeWhenTheyAreDueAndOfferWhatCanBeDone) {
   EXPECT_EQ(focus(), "Continue: " + one);
   EXPECT_EQ(Engine.Calls(0), "p");
   EXPECT_TRUE(Status(*Rows(*Main)[0]).endsWith("Paused"));
-  Button(*Main, "Move Up: " + three)->click();
+  Button(*Main, "Move Up: " + three)->setFocus();
+  press(Qt::Key_Return);
   Refresh();
   EXPECT_EQ(Rows(*Main)[1]->accessibleName(), three);
-  Button(*Main, "Take Away: " + two)->click();
+  EXPECT_EQ(focus(), "Details: " + three);  // not what the next press would start
+  // Another row comes to stand under the mouse: the second click of two is not for it.
+  QToolButton* const takeAway = Button(*Main, "Take Away: " + two);
+  for (const auto type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+    const QPointF place(4, 4);
+    QMouseEvent event(type, place, takeAway->mapToGlobal(place), Qt::LeftButton, {}, {});
+    QCoreApplication::sendEvent(takeAway, &event);
+  }
+  Refresh();
+  EXPECT_EQ(Rows(*Main).size(), 3U);
+  takeAway->click();
   Button(*Main, "Details: " + one)->click();
   Refresh();
   EXPECT_EQ(Rows(*Main).size(), 2U);
