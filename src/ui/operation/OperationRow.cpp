@@ -145,7 +145,7 @@ void OperationRow::Arrange() {
   status_->setSizePolicy(isNarrow_ ? QSizePolicy::Ignored : QSizePolicy::Fixed, QSizePolicy::Fixed);
   status_->setMinimumWidth(isNarrow_ ? 0 : StatusWidth);
   status_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : StatusWidth);
-  buttons_->setMinimumWidth(isNarrow_ ? 0 : MostButtonsWidth());
+  buttons_->setMinimumWidth(isNarrow_ ? StatusWidth : MostButtonsWidth());
   bar_->setMinimumWidth(isNarrow_ ? LeastBarWidth : BarWidth);
   bar_->setMaximumWidth(isNarrow_ ? QWIDGETSIZE_MAX : BarWidth);
 }
