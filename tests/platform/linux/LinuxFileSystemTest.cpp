@@ -167,7 +167,7 @@ TEST(LinuxFileSystem, SaysWhatToDoWhereANameOrTargetCannotBe) {
   EXPECT_TRUE(files.MakeFolder(folder / "file").Reason.ends_with("Type another name."));
   EXPECT_TRUE(files.Rename(folder / "none", folder / "x").Reason.starts_with("The item, or its"));
   EXPECT_EQ(files.MakeFolder(folder / std::string(256, 'n')).Code, ENAMETOOLONG);
-  for (const char* good : {"", "a/b/", "../x"})
+  for (const char* good : {"", "a/b/", "a/../b"})
     EXPECT_TRUE(files.CheckTarget(folder / good)) << good;
   EXPECT_TRUE(files.CheckTarget("/"));
   for (const char* bad : {"file", "file/a/b"}) {

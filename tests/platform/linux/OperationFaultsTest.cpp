@@ -227,7 +227,8 @@ TEST(OperationFaults, MoreNestedFoldersThanFilesMayBeOpen) {
     const rlimit few{40, 40};
     setrlimit(RLIMIT_NOFILE, &few);
     ScriptedUser user;
-    const int code = Do(user, FileFunction::Copy, {here / "top"}, here / "twin").Code;
+    // No thread counts ahead: the sanitizers look at one by descriptors of their own.
+    const int code = Do(user, FileFunction::Copy, {here / "top"}, here / "twin", Silent).Code;
     EXPECT_EQ(code, EMFILE);
     EXPECT_NE(SystemError(code).Reason.find("ulimit -n"), std::string::npos);
     EXPECT_TRUE(user.Heard.starts_with("sub:"));
