@@ -371,6 +371,7 @@ void OperationQueue::Finish(std::unique_ptr<Work> work) {
     step.Kind = kind;
     step.Items = result->Done;
     step.Irrevocable = result->Irrevocable;
+    step.Renumbered = result->Renumbered;
     step.Operation = work->Id;
     history_.Add(std::move(step));
   }

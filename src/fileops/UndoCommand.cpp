@@ -163,9 +163,7 @@ void UndoCommand::Start(UndoWay way) {
 
 void UndoCommand::Finish(UndoWay way, const UndoStep& step, platform::OperationId operation,
                          const platform::OperationResult& result) {
-  FollowItems(
-      services_.History, way, step, result, services_.Files.Syntax(),
-      [this](const std::string& path) { return services_.Engine.Fingerprint(path, false); });
+  FollowItems(services_.History, way, step, result, services_.Files.Syntax());
   UndoStep after = StepAfter(step, way, result);
   after.Operation = operation;
   services_.History.Finish(way, std::move(after),

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/ItemKey.h"
+
 namespace tarnwell::fileops {
 namespace {
 
@@ -38,13 +40,23 @@ UndoStep UndoHistory::Take(UndoWay way) {
 }
 
 void UndoHistory::Finish(UndoWay way, UndoStep inverse, UndoStep rest) {
-  const auto push = [this](UndoWay to, UndoStep&& step) {
-    if (HasNothing(step)) return;
-    Of(to).push_back(std::move(step));
-    if (Of(to).size() > Most) Of(to).pop_front();
-  };
-  push(way, std::move(rest));
-  push(way == UndoWay::Undo ? UndoWay::Redo : UndoWay::Undo, std::move(inverse));
+  Push(way, std::move(rest));
+  Push(way == UndoWay::Undo ? UndoWay::Redo : UndoWay::Undo, std::move(inverse));
+}
+
+void UndoHistory::Push(UndoWay to, UndoStep&& step) {
+  if (HasNothing(step)) return;
+  if (!step.Renumbered.empty()) {
+    std::unordered_set<platform::ItemKey> known;
+    for (const UndoStep& below : Of(to)) {
+      for (const platform::DoneItem& item : below.Items) known.insert(KeyOf(item.Print, item.To));
+      for (const platform::RenumberedItem& item : below.Renumbered) known.insert(item.After);
+    }
+    std::erase_if(step.Renumbered, [&](const auto& item) { return !known.contains(item.Before); });
+    step.Renumbered.shrink_to_fit();
+  }
+  Of(to).push_back(std::move(step));
+  if (Of(to).size() > Most) Of(to).pop_front();
 }
 
 // Others may have lain at such a path before.

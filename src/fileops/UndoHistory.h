@@ -25,8 +25,8 @@ struct UndoStep {
   std::uint64_t Irrevocable = 0;                   // items of the command that cannot be taken back
   // What did it; for what was done by other means, the operation that was started last before.
   platform::OperationId Operation = platform::NoOperation;
-  // Some of it is another item by now than the steps taken before it know; see FollowItems.
-  bool IsRenumbered = false;
+  // Of what came from another volume, all that steps below it in the history know from there.
+  std::vector<platform::RenumberedItem> Renumbered = {};
 };
 
 // Whether a command is taken back, or what was taken back is done again.
@@ -63,6 +63,8 @@ class UndoHistory {
 
  private:
   using Steps = std::deque<UndoStep>;  // the newest at the end
+  // Keeps of what the step has numbered anew that which steps below it know.
+  void Push(UndoWay to, UndoStep&& step);
   Steps& Of(UndoWay way) { return steps_[static_cast<std::size_t>(way)]; }
 
   std::array<Steps, 2> steps_;  // by UndoWay

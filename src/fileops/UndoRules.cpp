@@ -10,12 +10,14 @@
 #include "base/Text.h"
 #include "lister/rows/CellText.h"
 #include "platform/CountedTexts.h"
+#include "platform/ItemKey.h"
 
 namespace tarnwell::fileops {
 
 using platform::CommandKind;
 using platform::CountedText;
 using platform::DoneItem;
+using platform::RenumberedItem;
 
 namespace {
 
@@ -75,15 +77,6 @@ bool ChangesCaseAlone(const DoneItem& item) {
   return item.From != item.To && base::ToCapitals(item.From) == base::ToCapitals(item.To);
 }
 
-// But for what a volume gives anew to an item that comes from another one.
-bool IsAlike(platform::ItemFingerprint left, const platform::ItemFingerprint& right) {
-  left.Device = right.Device;
-  left.Number = right.Number;
-  left.Born = right.Born;
-  left.Below = right.Below;
-  return left == right;
-}
-
 bool IsSameItem(const platform::ItemFingerprint& left, const platform::ItemFingerprint& right) {
   return left.Device == right.Device && left.Number == right.Number && left.Born == right.Born;
 }
@@ -105,45 +98,52 @@ auto FindAbove(Keys& keys, std::string path, const base::PathSyntax& syntax) {
   return found;
 }
 
-// What has come of an item, or of a folder above it, that was to go back to where it had been.
-struct Return {
-  std::string To;  // empty where it was left as it is
-  platform::ItemFingerprint Print;
-  bool IsOther = false;
-};
-using Returns = std::unordered_map<std::string, Return>;  // by where it had been
+using Returns = std::unordered_map<std::string, const DoneItem*>;  // by where the item had been
 
-// Of the item that had its very place; others may have had that in turn.
-bool IsThatOne(const platform::ItemFingerprint& print, const Return& now) {
-  const bool mayBeOther = now.IsOther || (now.To.empty() && print.Device != now.Print.Device);
-  return IsAlike(print, now.Print) && (mayBeOther || IsSameItem(print, now.Print));
-}
-
+// Of what came back to another path than it had.
 Returns ReturnsOf(const UndoStep& step, const platform::OperationResult& result,
                   const base::PathSyntax& syntax) {
   std::unordered_map<std::string, const DoneItem*> items;
   for (const DoneItem& item : step.Items) items.emplace(item.To, &item);
-  std::unordered_set<std::string_view> touched;
   Returns returns;
   for (const DoneItem& now : result.Done) {
     const auto found = FindAbove(items, now.From, syntax);
     if (found == items.end()) continue;
     const DoneItem& item = *found->second;
-    touched.insert(item.To);
     // Of a folder that was merged into another one, what lay in it comes by itself.
-    const bool isSelf = now.From == item.To;
     const std::string before = item.From + now.From.substr(item.To.size());
-    const bool isOther = step.IsRenumbered || now.Print.Device != item.Print.Device ||
-                         (isSelf && !IsSameItem(now.Print, item.Print));
-    if (isOther || now.To != before)
-      returns.try_emplace(before, Return{now.To, now.Print, isOther});
-  }
-  for (const DoneItem& item : step.Items) {
-    if (!result.Aborted && !touched.contains(item.To))
-      returns.try_emplace(item.From,
-                          Return{.To = {}, .Print = item.Print, .IsOther = step.IsRenumbered});
+    if (now.To != before) returns.try_emplace(before, &now);
   }
   return returns;
+}
+
+// An item is numbered anew by each move to another volume, also by the one back. Others may be just
+// like it, so that nothing but what the moves tell says which is which.
+void Renumber(UndoHistory& history, UndoWay way, const UndoStep& step,
+              const platform::OperationResult& result) {
+  using Items = std::unordered_map<platform::ItemKey, const RenumberedItem*>;
+  Items back;
+  for (const RenumberedItem& item : result.Renumbered) back.emplace(item.Before, &item);
+  Items renumbered;  // by what the item was before the step
+  for (const RenumberedItem& item : step.Renumbered) {
+    const auto found = back.find(item.After);
+    if (found != back.end()) renumbered.emplace(item.Before, found->second);
+  }
+  if (renumbered.empty()) return;
+  history.ForEachStep(way, [&](UndoStep& later) {
+    for (DoneItem& item : later.Items) {
+      if (item.Print.Number == 0) continue;
+      const auto found = renumbered.find(KeyOf(item.Print, item.To));
+      if (found == renumbered.end()) continue;
+      item.Print.Device = found->second->Device;
+      item.Print.Number = found->second->Number;
+      item.Print.Born = found->second->Born;
+    }
+    for (RenumberedItem& item : later.Renumbered) {
+      const auto found = renumbered.find(item.After);
+      if (found != renumbered.end()) item.After = found->second->After;
+    }
+  });
 }
 
 std::uint16_t FlagsOf(TakeBack act) {
@@ -203,47 +203,36 @@ std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay 
 }
 
 void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
-                 const platform::OperationResult& result, const base::PathSyntax& syntax,
-                 const Fingerprint& fingerprint) {
+                 const platform::OperationResult& result, const base::PathSyntax& syntax) {
   if (LeavesOriginal(step, way)) return;
+  Renumber(history, way, step, result);
   Returns returns = ReturnsOf(step, result, syntax);
   if (returns.empty()) return;
-  std::unordered_set<std::string> taken;  // where steps that come before take items away from
   history.ForEachStep(way, [&](UndoStep& later) {
     std::vector<std::string> arrived;
     for (DoneItem& item : later.Items) {
       const auto above = FindAbove(returns, item.From, syntax);
-      if (above != returns.end() && above->first != item.From && !above->second.To.empty())
-        item.From.replace(0, above->first.size(), above->second.To);
+      if (above != returns.end() && above->first != item.From)
+        item.From.replace(0, above->first.size(), above->second->To);
       const auto found = FindAbove(returns, item.To, syntax);
       if (found == returns.end()) continue;
       const auto& [before, now] = *found;
       const bool isSelf = before == item.To;
-      if (isSelf && !IsThatOne(item.Print, now)) continue;
+      if (isSelf && !IsSameItem(item.Print, now->Print)) continue;
       if (isSelf) arrived.push_back(before);
-      const bool isElsewhere = FindAbove(taken, item.To, syntax) != taken.end();
-      if (now.To.empty()) {
-        if (!isElsewhere) item.Print = {};
-        continue;
-      }
-      item.To.replace(0, before.size(), now.To);
-      if (!now.IsOther || isElsewhere) continue;
-      platform::ItemFingerprint print = fingerprint(item.To);
-      if (!IsAlike(print, item.Print)) continue;
-      print.Below = item.Print.Below;
-      item.Print = print;
-      later.IsRenumbered = true;
+      item.To.replace(0, before.size(), now->To);
     }
     // Before that step, another item was there, or none.
     for (const std::string& path : arrived) returns.erase(path);
-    if (LeavesOriginal(later, way)) return;
-    for (const DoneItem& item : later.Items) taken.insert(item.From);
   });
 }
 
 UndoStep StepAfter(const UndoStep& step, UndoWay way, const platform::OperationResult& result) {
-  UndoStep after{
-      .Kind = step.Kind, .Items = result.Done, .Colours = {}, .Irrevocable = result.Irrevocable};
+  UndoStep after{.Kind = step.Kind,
+                 .Items = result.Done,
+                 .Colours = {},
+                 .Irrevocable = result.Irrevocable,
+                 .Renumbered = result.Renumbered};
   if (ActOf(step, way) == TakeBack::Back) {
     // What a move that was given up had copied so far is nothing to be done again.
     std::unordered_set<std::string_view> made;

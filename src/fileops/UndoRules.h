@@ -1,7 +1,6 @@
 // What takes a step back, what it is called, and what comes of it. Pure rules.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,12 +22,8 @@ std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay 
 
 // Items that came back under another path than they had, or as others (a volume numbers anew what
 // comes from another one): the steps still to be taken that way go by where they are now, and what.
-// An item that was left as it is fits none of them any more: what is found in its place is another.
-// `fingerprint` looks at the item of a path.
-using Fingerprint = std::function<platform::ItemFingerprint(const std::string& path)>;
 void FollowItems(UndoHistory& history, UndoWay way, const UndoStep& step,
-                 const platform::OperationResult& result, const base::PathSyntax& syntax,
-                 const Fingerprint& fingerprint);
+                 const platform::OperationResult& result, const base::PathSyntax& syntax);
 
 // The step that goes back to what that came to.
 UndoStep StepAfter(const UndoStep& step, UndoWay way, const platform::OperationResult& result);

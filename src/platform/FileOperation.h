@@ -80,6 +80,17 @@ struct DoneItem {
   ItemFingerprint Print = {};
 };
 
+using ItemKey = std::uint64_t;  // see KeyOf
+
+// An item that a move has made anew on another volume, and what it is there.
+struct RenumberedItem {
+  ItemKey Before = 0;
+  ItemKey After = 0;
+  std::uint64_t Device = 0;  // this and the next two as in ItemFingerprint
+  std::uint64_t Number = 0;
+  std::int64_t Born = 0;
+};
+
 struct OperationResult {
   int Code = 0;  // 0 when everything asked for was done
   bool Aborted = false;
@@ -91,6 +102,7 @@ struct OperationResult {
   // What a move has copied, though the original has not gone, is a new item.
   std::vector<DoneItem> Done = {};
   std::uint64_t Irrevocable = 0;  // items that are not among these, though something was done
+  std::vector<RenumberedItem> Renumbered = {};  // with all that lies below moved folders
   // Of an order: the code of each request that was carried out.
   std::vector<int> Codes = {};
 };
@@ -105,6 +117,7 @@ inline void Add(OperationResult& all, OperationResult&& next) {
   all.Done.insert(all.Done.end(), std::move_iterator(next.Done.begin()),
                   std::move_iterator(next.Done.end()));
   all.Irrevocable += next.Irrevocable;
+  all.Renumbered.insert(all.Renumbered.end(), next.Renumbered.begin(), next.Renumbered.end());
 }
 
 // A command on items, as people know it.

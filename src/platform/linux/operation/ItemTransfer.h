@@ -87,6 +87,12 @@ class ItemTransfer {
     ItemFingerprint Replaced;      // as in Item
   };
 
+  struct Renumbered {
+    RenumberedItem Now;
+    std::size_t Arrived = 0;  // what of `arrived_` it is, or lies below
+    std::string From;         // where it took the place of another item, and is none of these
+  };
+
   struct Taken {
     std::shared_ptr<const OpenPlace> Source;
     std::string Name;
@@ -141,7 +147,7 @@ class ItemTransfer {
   Failure FinishItem(const Item& item, const struct statx& source);
 
   // What can be taken back (TransferDone.cpp).
-  void NoteMade(const Item& item, const ItemFingerprint& print);
+  void NoteMade(const Item& item, const struct statx& source, const ItemFingerprint& print);
   // Of a folder that was left, by the name that it has at the source.
   void NoteFolder(const std::string& name, const Level& left);
   // Of an item of the target folder at hand.
@@ -184,6 +190,7 @@ class ItemTransfer {
   // What a move has copied, until it shows which originals have gone. An empty To stands for a
   // folder whose items, none, were merged into another.
   std::vector<DoneItem> arrived_;
+  std::vector<Renumbered> renumbered_;
   const ItemFingerprint* expected_ = nullptr;  // of the item at hand
   std::uint64_t batchStart_ = 0;
   std::function<void()> beforeCopying_;

@@ -49,6 +49,7 @@ class OperationContext {
   }
 
   // Something was done that can be taken back, or cannot: see OperationResult.
+  void NoteRenumbered(const RenumberedItem& item) { result_.Renumbered.push_back(item); }
   void NoteDone(DoneItem item) { result_.Done.push_back(std::move(item)); }
   void NoteIrrevocable() { ++result_.Irrevocable; }
 

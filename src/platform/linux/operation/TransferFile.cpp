@@ -42,7 +42,7 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
     const ErrorNumber linked = links_.Link(source, target_.Folder.Get(), targets_.Get(),
                                            item.Target.c_str(), MayGoFor(item));
     if (linked == NoError) {
-      NoteMade(item, PrintThere(item.Target));
+      NoteMade(item, source, PrintThere(item.Target));
       return FinishItem(item, source);
     }
     if (linked != ENOENT) return {OperationStep::Write, linked, nullptr, true};
@@ -103,7 +103,7 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   }
   error = pending.Place(name, MayGoFor(item));
   if (error != NoError) return written(error);
-  NoteMade(item, FingerprintOf(copy, walk_.Here().To));
+  NoteMade(item, source, FingerprintOf(copy, walk_.Here().To));
   if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
@@ -165,7 +165,7 @@ ItemTransfer::Failure ItemTransfer::CopyLink(const Item& item) {
     if (error != NoError) unlinkat(to, name, 0);
   }
   if (error != NoError) return {OperationStep::Write, error, nullptr, true};
-  NoteMade(item, PrintThere(item.Target));
+  NoteMade(item, source, PrintThere(item.Target));
   return FinishItem(item, source);
 }
 
