@@ -54,6 +54,8 @@ class SplashTest(EndToEndTest):
                 (own / "skins/Grasshopper.twk").write_bytes(b"mine")
                 (own / "skins/Traditional.twk").unlink()
                 (own / "skins/Traditional.twk").symlink_to(elsewhere)
+                # Beside a program that has its folder with it lies this too.
+                (own / "tarnwell.conf").write_text("[Options]\nShow Tips at Startup=0\n")
                 command = ["env", "-u", unset, "sh", "-c", f"exec {installed}/bin/tarnwell"]
                 self.assertEqual(self.start(wrapper=command).close(), 0)
                 self.assertTrue((own / "user.usr").exists())
