@@ -46,8 +46,11 @@ class TrayTest(EndToEndTest):
         return self.start()
 
     def minimise(self, program):
-        program.folders().row(self.home.name).click()
-        program.wait_active()
+        def clicked():  # a window that has just come back may lose the keyboard once more
+            program.folders().row(self.home.name).click()
+            return program.window()
+
+        wait_for("the main window to be active", clicked)
         run("xdotool", "windowminimize", program.window())
         wait_for("all windows to go", lambda: not program.windows())
 
