@@ -1,0 +1,116 @@
+#include "platform/linux/search/SearchWork.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace tarnwell::platform {
+namespace {
+
+void Add(SearchCounts& sum, const SearchCounts& counts) {
+  sum.Folders += counts.Folders;
+  sum.Items += counts.Items;
+  sum.Found += counts.Found;
+  sum.LookedInto += counts.LookedInto;
+  sum.Bytes += counts.Bytes;
+  sum.Binary += counts.Binary;
+  sum.TooLarge += counts.TooLarge;
+  sum.Troubles += counts.Troubles;
+}
+
+template <typename Item>
+void MoveTo(std::vector<Item>& to, std::vector<Item>& from) {
+  to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+  from.clear();
+}
+
+}  // namespace
+
+bool SearchWork::Take(SearchJob& job) {
+  std::unique_lock lock(mutex_);
+  if (--busy_ == 0) came_.notify_all();
+  came_.wait(lock, [&] { return !jobs_.empty() || busy_ == 0 || !isWanted_; });
+  if (jobs_.empty() || !isWanted_) return false;
+  ++busy_;
+  job = std::move(jobs_.front());
+  jobs_.pop_front();
+  waiting_ = jobs_.size();
+  return true;
+}
+
+void SearchWork::Give(SearchJob job) {
+  {
+    const std::lock_guard lock(mutex_);
+    jobs_.push_back(std::move(job));
+    waiting_ = jobs_.size();
+  }
+  came_.notify_one();
+}
+
+void SearchWork::Tell(SearchShare& share, const std::string& folder) {
+  {
+    const std::lock_guard lock(mutex_);
+    Add(told_.Counts, share.Counts);
+    MoveTo(told_.Found, share.Found);
+    const std::size_t room = MostSearchTroubles - keptTroubles_;
+    if (share.Troubles.size() > room) share.Troubles.resize(room);
+    keptTroubles_ += share.Troubles.size();
+    MoveTo(told_.Troubles, share.Troubles);
+    folder_ = folder;
+  }
+  share.Counts = {};
+}
+
+void SearchWork::Fail(const base::Status& status) {
+  const std::lock_guard lock(mutex_);
+  if (status_) status_ = status;
+}
+
+void SearchWork::GiveUp() {
+  const std::lock_guard lock(mutex_);
+  if (--busy_ == 0) came_.notify_all();
+}
+
+bool SearchWork::Leave() {
+  const std::lock_guard lock(mutex_);
+  if (--left_ == 0) end_ = std::chrono::steady_clock::now();
+  return left_ == 0;
+}
+
+void SearchWork::Cancel() {
+  {
+    const std::lock_guard lock(mutex_);
+    isWanted_ = false;
+    jobs_.clear();
+  }
+  came_.notify_all();
+}
+
+SearchUpdate SearchWork::TakeUpdate(std::size_t most) {
+  SearchUpdate update;
+  const std::lock_guard lock(mutex_);
+  const auto begin = told_.Found.begin() + static_cast<std::ptrdiff_t>(toldFrom_);
+  const std::size_t count = std::min(most, told_.Found.size() - toldFrom_);
+  const auto end = begin + static_cast<std::ptrdiff_t>(count);
+  update.Found.assign(std::make_move_iterator(begin), std::make_move_iterator(end));
+  toldFrom_ += count;
+  if (toldFrom_ == told_.Found.size()) {
+    told_.Found.clear();
+    toldFrom_ = 0;
+  }
+  update.Troubles = std::exchange(told_.Troubles, {});
+  update.Counts = told_.Counts;
+  update.Folder = folder_;
+  update.Status = status_;
+  update.IsDone = left_ == 0 && told_.Found.empty();
+  const auto now = left_ == 0 ? end_ : std::chrono::steady_clock::now();
+  update.Elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start_);
+  return update;
+}
+
+bool SearchWork::HasMore() {
+  const std::lock_guard lock(mutex_);
+  return !told_.Found.empty();
+}
+
+}  // namespace tarnwell::platform
