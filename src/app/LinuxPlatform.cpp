@@ -21,6 +21,7 @@
 #include "platform/linux/menu/TerminalCall.h"
 #include "platform/linux/network/LinuxNetworkPlaces.h"
 #include "platform/linux/operation/RunOperation.h"
+#include "platform/linux/search/LinuxFileSearch.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/system/LinuxCollation.h"
 #include "platform/linux/system/LinuxDesktopNotices.h"
@@ -33,6 +34,7 @@
 #include "platform/linux/system/RunningCopy.h"
 #include "platform/linux/system/XcbKeyboard.h"
 #include "platform/linux/trash/LinuxTrashCan.h"
+#include "platform/pcre/PcreRegex.h"
 #include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::app {
@@ -109,6 +111,7 @@ Platform MakePlatform(platform::MessagePump& pump) {
   Platform made;
   made.DataFolder = system->DataFolder();
   made.Libraries = platform::LinuxLibraries();
+  made.Libraries.push_back({"PCRE2 " + platform::PcreVersion(), "BSD"});
   if (system->IsPortable()) {
     // What the toolkit's own dialogs remember, too.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, ui::ToQtPath(folder));
@@ -127,6 +130,8 @@ Platform MakePlatform(platform::MessagePump& pump) {
       std::make_unique<platform::FarStamps>(std::make_shared<platform::LinuxFolderStamps>(), calls);
   made.Trash = std::make_unique<platform::LinuxTrashCan>(platform::TrashPlaces::OfProcess(),
                                                          *made.Watches, *made.Drives);
+  made.Search = std::make_unique<platform::LinuxFileSearch>();
+  made.CompileRegex = platform::CompilePcre;
   made.Clock = std::make_unique<platform::LinuxClock>();
   made.Order = std::make_unique<platform::LinuxCollation>();
   made.Inspector = std::make_unique<platform::LinuxItemInspector>();

@@ -13,6 +13,7 @@
 #include "platform/DesktopNotices.h"
 #include "platform/Dialogs.h"
 #include "platform/FileClipboard.h"
+#include "platform/FileSearch.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
 #include "platform/ItemFacts.h"
@@ -24,6 +25,7 @@
 #include "platform/MessagePump.h"
 #include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
+#include "platform/Regex.h"
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
 #include "platform/UserSettings.h"
@@ -73,6 +75,8 @@ struct Platform {
   std::unique_ptr<platform::FolderWatch> Watches;
   std::unique_ptr<platform::FolderStamps> Stamps;
   std::unique_ptr<platform::TrashCan> Trash;  // goes by the drives and watches
+  std::unique_ptr<platform::FileSearch> Search;
+  platform::CompileRegex CompileRegex;
   std::unique_ptr<platform::Clock> Clock;
   std::unique_ptr<platform::Collation> Order;
   std::unique_ptr<platform::ItemInspector> Inspector;
