@@ -124,6 +124,10 @@ constexpr auto CountedRows = std::to_array<CountedRow>({
     Varies(TrashSelected, "%1 of # item selected, %2", "%1 of # items selected, %2"),
     Varies(TrashShown, "%1 of # item shown", "%1 of # items shown"),
     Always(NotRestorable, "# of the selected items cannot be restored, only deleted."),
+    Varies(NamesRefused, "# name cannot be used.", "# names cannot be used."),
+    Varies(NamesChange, "# of %1 items gets another name.", "# of %1 items get other names."),
+    Varies(LinesForItems, "There is # line for %1 items. Each needs one.",
+           "There are # lines for %1 items. Each needs one."),
 
     Varies(OpenQuestion, "Do you want to open this item?", "Do you want to open these # items?"),
     Varies(TrashQuestion, "Do you want to move this item to the trash?",

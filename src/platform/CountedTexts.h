@@ -97,6 +97,10 @@ enum class CountedText : std::uint8_t {
   TrashSelected,
   TrashShown,
   NotRestorable,
+  // Renames of many items
+  NamesRefused,
+  NamesChange,
+  LinesForItems,
   // Menus and questions
   OpenQuestion,
   TrashQuestion,

@@ -20,7 +20,9 @@ inline constexpr std::string_view CancelWord = "cancel";
 
 // Flags of an operation, to be joined by "or".
 enum OperationFlags : std::uint16_t {
-  // The Destination of a copy or a move is a list with the path to be of each item.
+  // The Destination of a copy, move or rename is a list with the path to be of each item. Renames
+  // are steps then, in their order, each with the paths as they are when its turn comes; all of
+  // them are done, or none, and Expected tells items apart whatever is written to them.
   OwnTargets = 1,
   Silent = 4,                // no progress window
   RenameOnCollision = 8,     // a taken name makes a twin under a new name
@@ -156,7 +158,9 @@ using OperationDone = std::function<void(const OperationResult& result)>;
 
 // A file in the folder of the program's own files, there only while operations have items under
 // other names than their own: for each the path that the item had and the one that it has, each
-// ended by a NUL. A run that is killed meanwhile leaves it.
+// ended by a NUL. Where names are exchanged in a circle, all its steps are there so, in their
+// order, from the one that gives the other name to the one that takes it back. A run that is killed
+// meanwhile leaves it.
 inline constexpr std::string_view AsideRecordName = "aside.txt";
 
 // The owner of operations, as commands see it: takes orders, and tells when they are done.

@@ -71,6 +71,7 @@ enum class OperationStep {
   Flush,       // making sure that what was copied is on the disk, before the source is deleted
   Delete,
   Trash,
+  RenameTogether,  // one of several renames that count as one: all have gone back
 };
 
 struct OperationTrouble {
@@ -118,8 +119,9 @@ enum class OperationRemark {
   GoneSince,
   // Of NeverForGood: left where it is.
   HasNoTrash,
+  KeptNewName,  // of renames that went back: this one could not
 };
-constexpr std::size_t OperationRemarkCount = 5;
+constexpr std::size_t OperationRemarkCount = 6;
 
 // Hears of progress and answers the questions of one operation. All calls come from the thread that
 // runs the operation, which waits for the answer. What is not answered by a class of its own gets

@@ -33,6 +33,7 @@ constexpr StepWords Steps[] = {
     {OperationStep::Flush, "It is not sure that this copy is on the disk."},
     {OperationStep::Delete, "This item cannot be deleted."},
     {OperationStep::Trash, "This item cannot be moved to the trash."},
+    {OperationStep::RenameTogether, "This item cannot be renamed, so no item has another name."},
 };
 
 QString WordsOf(OperationStep step) {
@@ -49,6 +50,7 @@ constexpr const char* Remarks[platform::OperationRemarkCount] = {
     "Left as it is, since it has changed or another one is in its place:",
     "No longer there:",
     "Left where it is, as its drive has no trash:",
+    "Could not get the old name back, and is now called:",
 };
 
 void AddItem(QuestionWindow& window, const std::string& path, const OperationTools& tools) {
@@ -71,8 +73,10 @@ std::unique_ptr<QuestionWindow> WindowOf(const platform::OperationTrouble& troub
   // goes into itself at no time, and what the disk has lost it is not asked for again.
   const bool mayHelp = trouble.Step != OperationStep::Place && trouble.Step != OperationStep::Flush;
   if (mayHelp) add("&Retry", Role::Default, TroubleChoice::Retry);
-  add("&Skip", mayHelp ? Role::Plain : Role::Default, TroubleChoice::Skip);
-  add("Skip &All", Role::Plain, TroubleChoice::SkipAll);
+  if (trouble.Step != OperationStep::RenameTogether) {
+    add("&Skip", mayHelp ? Role::Plain : Role::Default, TroubleChoice::Skip);
+    add("Skip &All", Role::Plain, TroubleChoice::SkipAll);
+  }
   add("Ca&ncel", Role::Cancel, TroubleChoice::Cancel);
   return window;
 }

@@ -4,12 +4,12 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <fstream>
 #include <iterator>
 
 #include "base/ItemList.h"
-#include "platform/FileOperation.h"
 #include "platform/linux/files/ReplaceFile.h"
 #include "platform/linux/posix/Descriptor.h"
 
@@ -31,6 +31,23 @@ void AsideRecord::Drop(const std::string& aside) const {
       paths.erase(pair, pair + 2);
       return;
     }
+  });
+}
+
+void AsideRecord::Keep(const std::vector<PlacedItem>& steps) const {
+  if (steps.empty()) return;
+  Change([&](std::vector<std::string>& paths) {
+    for (const PlacedItem& step : steps) paths.insert(paths.end(), {step.From, step.To});
+  });
+}
+
+void AsideRecord::Drop(const std::vector<PlacedItem>& steps) const {
+  if (steps.empty()) return;
+  std::vector<std::string> dropped;
+  for (const PlacedItem& step : steps) dropped.insert(dropped.end(), {step.From, step.To});
+  Change([&](std::vector<std::string>& paths) {
+    const auto found = std::ranges::search(paths, dropped);
+    paths.erase(found.begin(), found.end());
   });
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/FileOperation.h"
+
 namespace tarnwell::platform {
 
 // The file that AsideRecordName tells of. Operations side by side, and other copies of the program,
@@ -19,6 +21,9 @@ class AsideRecord {
   void Keep(const std::string& item, const std::string& aside) const;
   // The item that got the path has its own again, or has gone.
   void Drop(const std::string& aside) const;
+  // Several steps at once, in their order, and the same again when they are over. None are nothing.
+  void Keep(const std::vector<PlacedItem>& steps) const;
+  void Drop(const std::vector<PlacedItem>& steps) const;
 
  private:
   void Change(const std::function<void(std::vector<std::string>& paths)>& change) const;

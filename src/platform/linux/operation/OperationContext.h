@@ -60,6 +60,7 @@ class OperationContext {
   std::uint64_t BytesDone() const { return progress_.BytesDone; }
   void SetBytesDone(std::uint64_t count) { progress_.BytesDone = count; }
   void AddItems(std::uint64_t count) { progress_.ItemsDone += count; }
+  void SetItemsDone(std::uint64_t count) { progress_.ItemsDone = count; }
   std::uint64_t ItemsDone() const { return progress_.ItemsDone; }
   void SetTotal(std::uint64_t items) { progress_.ItemsTotal = items; }
   void AddToTotal(std::uint64_t items) { progress_.ItemsTotal += items; }

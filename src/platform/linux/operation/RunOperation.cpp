@@ -18,6 +18,7 @@
 #include "platform/linux/operation/ItemCounter.h"
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/operation/OperationContext.h"
+#include "platform/linux/operation/RenameTogether.h"
 #include "platform/linux/operation/TargetFolder.h"
 #include "platform/linux/operation/TrashFinder.h"
 #include "platform/linux/operation/TrashItem.h"
@@ -87,6 +88,10 @@ class Operation {
         Delete();
         break;
       case FileFunction::Rename:
+        if (context_.Has(OwnTargets)) {
+          if (!RenameEach()) return {EINVAL, false};
+          break;
+        }
         if (items_.size() != 1 || !destination_.starts_with('/')) return {EINVAL, false};
         Rename();
         break;
@@ -326,6 +331,19 @@ class Operation {
       }
       if (!context_.Retries(OperationStep::Move, from, status)) return;
     }
+  }
+
+  // All together. False as above.
+  bool RenameEach() {
+    const std::optional<std::vector<ItemPath>> targets = PathsOf(request_.Destination);
+    if (!targets || targets->size() != items_.size()) return false;
+    std::vector<PlacedItem> steps;
+    steps.reserve(items_.size());
+    for (std::size_t at = 0; at < items_.size(); ++at) {
+      steps.push_back({items_[at].Whole(), (*targets)[at].Whole()});
+    }
+    RenameTogether(context_, protected_, record_).Run(std::move(steps), request_.Expected);
+    return true;
   }
 
   const OperationRequest& request_;
