@@ -185,4 +185,8 @@ std::string NamePattern::NameOf(const NameSubject& subject, const NameCounter& c
   return name;
 }
 
+bool NamePattern::UsesTime() const {
+  return std::ranges::any_of(pieces_, [](const Piece& piece) { return piece.Kind >= Field::Date; });
+}
+
 }  // namespace tarnwell::fileops

@@ -50,6 +50,8 @@ class NamePattern {
   // The name of the item with that number, from 0 on. Any bytes: it may be no name at all.
   std::string NameOf(const NameSubject& subject, const NameCounter& counter,
                      std::size_t number) const;
+  // Whether NameOf looks at the time.
+  bool UsesTime() const;
 
  private:
   enum class Field : std::uint8_t {
@@ -59,7 +61,7 @@ class NamePattern {
     Part,
     Counter,
     Parent,
-    Date,
+    Date,  // from here on they are of the time
     Time,
     Year,
     Month,

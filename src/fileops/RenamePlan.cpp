@@ -5,16 +5,20 @@
 #include <numeric>
 #include <unordered_map>
 
+#include "base/Text.h"
+#include "fileops/NamePattern.h"
+
 namespace tarnwell::fileops {
 namespace {
 
-constexpr std::array<std::string_view, 6> FaultTexts{
+constexpr std::array<std::string_view, 7> FaultTexts{
     "",
     "The name is empty",
     "No item can be called so",
     "The name is too long",
     "Another item gets this name too",
     "Another item has this name",
+    "The item is no longer there",
 };
 
 // Wishes by what they are called, or are to be called, in their folders.
@@ -56,14 +60,14 @@ std::vector<std::size_t> DeepestFirst(const std::vector<RenameWish>& wishes, cha
 class StepMaker {
  public:
   StepMaker(const std::vector<RenameWish>& wishes, const base::PathSyntax& syntax,
-            const std::function<std::string(const std::string&)>& temporary)
+            const FreeName& free)
       : wishes_(wishes),
         syntax_(syntax),
-        temporary_(temporary),
+        free_(free),
         holders_(Index(wishes, &RenameWish::Name, syntax)),
         isDone_(wishes.size()) {}
 
-  std::vector<RenameStep> Make() {
+  std::vector<platform::PlacedItem> Make() {
     for (const std::size_t at : DeepestFirst(wishes_, syntax_.Separator)) Follow(at);
     return std::move(steps_);
   }
@@ -81,7 +85,7 @@ class StepMaker {
     // Back at the start: it steps aside, and takes its name when that is free.
     const bool isCircle = at == start && chain.size() > 1;
     const RenameWish& first = wishes_[start];
-    std::string aside = isCircle ? temporary_(first.Folder) : std::string();
+    std::string aside = isCircle ? free_(first) : std::string();
     if (isCircle) Add(first.Folder, first.Name, aside);
     for (std::size_t back = chain.size(); back > 0; --back) {
       const RenameWish& wish = wishes_[chain[back - 1]];
@@ -103,10 +107,10 @@ class StepMaker {
 
   const std::vector<RenameWish>& wishes_;
   const base::PathSyntax& syntax_;
-  const std::function<std::string(const std::string&)>& temporary_;
+  const FreeName& free_;
   const ByName holders_;
   std::vector<bool> isDone_;
-  std::vector<RenameStep> steps_;
+  std::vector<platform::PlacedItem> steps_;
 };
 
 }  // namespace
@@ -137,10 +141,26 @@ std::string_view TextOf(RenameFault fault) {
   return FaultTexts.at(static_cast<std::size_t>(fault));
 }
 
-std::vector<RenameStep> StepsOf(
-    const std::vector<RenameWish>& wishes, const base::PathSyntax& syntax,
-    const std::function<std::string(const std::string& folder)>& temporary) {
-  return StepMaker(wishes, syntax, temporary).Make();
+std::vector<platform::PlacedItem> StepsOf(const std::vector<RenameWish>& wishes,
+                                          const base::PathSyntax& syntax, const FreeName& free) {
+  return StepMaker(wishes, syntax, free).Make();
+}
+
+std::string NameBetween(const RenameWish& wish,
+                        const std::function<bool(const std::string& name)>& isFree) {
+  const std::size_t dot = ExtensionStart(wish.Name, false);
+  std::string_view stem = std::string_view(wish.Name).substr(0, dot);
+  std::string_view extension = std::string_view(wish.Name).substr(dot);
+  for (std::size_t number = 1;; ++number) {
+    std::string tail =
+        " (being renamed" + (number > 1 ? " " + std::to_string(number) : std::string()) + ")";
+    if (extension.size() + tail.size() < LongestName) tail += extension;
+    while (stem.size() + tail.size() > LongestName) {
+      stem = base::FirstCodePoints(stem, base::CodePointCount(stem) - 1);
+    }
+    std::string name = std::string(stem) + tail;
+    if (isFree(name)) return name;
+  }
 }
 
 }  // namespace tarnwell::fileops

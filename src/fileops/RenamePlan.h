@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/PathSyntax.h"
+#include "platform/FileOperation.h"
 
 namespace tarnwell::fileops {
 
@@ -27,6 +28,7 @@ enum class RenameFault : std::uint8_t {
   TooLong,    // more bytes than names have
   SameAsNew,  // another item is to be called so too
   Taken,      // an item that keeps its name is called so
+  Gone,       // the item is not there any more
 };
 
 // Whether an item of the folder that is none of the wishes is called so.
@@ -43,17 +45,17 @@ std::vector<RenameFault> FaultsOf(const std::vector<RenameWish>& wishes,
 // Why the item cannot be renamed so, as a short text for people; empty for None.
 std::string_view TextOf(RenameFault fault);
 
-struct RenameStep {
-  std::string From;  // full paths, as they are when its turn comes
-  std::string To;
-};
+// A name that is free in the folder of the wish, for the time between two steps of its item.
+using FreeName = std::function<std::string(const RenameWish& wish)>;
 
 // What is to be done one after the other so that all wishes without a fault come true: what lies in
 // a folder before the folder itself, who holds a name before who wants it, and circles through a
-// name of `temporary`, which is asked for the folder and gives one that is free. Names that stay
-// are left out.
-std::vector<RenameStep> StepsOf(
-    const std::vector<RenameWish>& wishes, const base::PathSyntax& syntax,
-    const std::function<std::string(const std::string& folder)>& temporary);
+// name of `free`. Names that stay are left out. The steps are those of FileFunction::Rename.
+std::vector<platform::PlacedItem> StepsOf(const std::vector<RenameWish>& wishes,
+                                          const base::PathSyntax& syntax, const FreeName& free);
+
+// "report (being renamed).txt", or with a number behind that: the first of them that `isFree`.
+std::string NameBetween(const RenameWish& wish,
+                        const std::function<bool(const std::string& name)>& isFree);
 
 }  // namespace tarnwell::fileops

@@ -1,6 +1,7 @@
 #include "fileops/UndoRules.h"
 
 #include <algorithm>
+#include <ranges>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -11,6 +12,7 @@
 #include "lister/rows/CellText.h"
 #include "platform/CountedTexts.h"
 #include "platform/ItemKey.h"
+#include "platform/RenameDetours.h"
 
 namespace tarnwell::fileops {
 
@@ -146,6 +148,25 @@ void Renumber(UndoHistory& history, UndoWay way, const UndoStep& step,
   });
 }
 
+// Of items that a detour brought to their names only the last step counts.
+std::size_t ItemCountOf(const UndoStep& step) {
+  return step.Items.size() + step.Colours.size() - platform::DetoursOf(step.Items).size();
+}
+
+// The other way round from the last to the first, all together.
+platform::OperationRequest RenamesBack(const std::vector<DoneItem>& items) {
+  platform::OperationRequest request{.Function = platform::FileFunction::Rename,
+                                     .Items = {},
+                                     .Destination = {},
+                                     .Flags = platform::OwnTargets};
+  for (const DoneItem& item : std::views::reverse(items)) {
+    base::ItemList::Add(request.Items, item.To);
+    base::ItemList::Add(request.Destination, item.From);
+    request.Expected.push_back(item.Print);
+  }
+  return request;
+}
+
 std::uint16_t FlagsOf(TakeBack act) {
   switch (act) {
     case TakeBack::ToTrash:
@@ -164,7 +185,7 @@ std::string StepText(const UndoStep& step, UndoWay way, const base::PathSyntax& 
                      const platform::NumberForms& forms) {
   constexpr std::size_t longest = 50, head = 35, tail = 12;
   const StepRow& row = RowOf(step);
-  const std::size_t count = step.Items.size() + step.Colours.size();
+  const std::size_t count = ItemCountOf(step);
   if (count != 1) return platform::Counted(forms, row.Numbered, count);
   const std::string name = lister::NameText(syntax, PathToCall(step, way));
   return platform::Filled(row.Named, {base::Shorten(name, longest, head, tail)});
@@ -179,6 +200,7 @@ std::vector<platform::OperationRequest> InverseOf(const UndoStep& step, UndoWay 
              .Flags = 0,
              .Expected = {item.Print}}};
   }
+  if (step.Kind == CommandKind::Rename && step.Items.size() > 1) return {RenamesBack(step.Items)};
   const TakeBack act = ActOf(step, way);
   platform::OperationRequest moved{.Function = platform::FileFunction::Move,
                                    .Items = {},

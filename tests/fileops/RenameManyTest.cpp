@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <map>
 #include <random>
+#include <set>
 
 #include "fileops/NamePattern.h"
 #include "fileops/RenamePlan.h"
+#include "fileops/RenameRules.h"
 
 namespace tarnwell::fileops {
 namespace {
@@ -38,6 +40,41 @@ TEST(NamePatternTest, MakesNamesOfFields) {
                                   "{part 99999999999}", "{part}", "{}"}) {
     EXPECT_EQ(NameBy(wrong, photo).front(), '!') << wrong;
   }
+}
+
+TEST(RenameRulesTest, ReplacesAndGivesCase) {
+  RenameRules rules;
+  rules.Find = "\u00c4b";
+  rules.Replace = "ab\u00e4b";
+  const auto nameBy = [&](const std::string& name, bool isFolder = false) {
+    NameRules read;
+    std::string fault;
+    EXPECT_TRUE(read.Read(rules, fault)) << fault;
+    return read.NameOf({.Name = name, .IsFolder = isFolder}, 0);
+  };
+  EXPECT_EQ(nameBy("x\u00e4B\u00c4\u00c4b.\u00e4b"), "xab\u00e4b\u00c4ab\u00e4b.\u00e4b");
+  EXPECT_EQ(nameBy("a.\u00c4b", true), "a.ab\u00e4b");
+  rules.MatchesCase = rules.TakesExtension = true;
+  EXPECT_EQ(nameBy("\u00e4b.\u00c4b"), "\u00e4b.ab\u00e4b");
+  rules = {};
+  rules.CaseOfName = NameCase::Words;
+  rules.CaseOfExtension = NameCase::Small;
+  EXPECT_EQ(nameBy("don't STOP (\u00e9t\u00e9) 2nd-day\xff.TXT"),
+            "Don't Stop (\u00c9t\u00e9) 2nd-Day\xff.txt");
+  rules.CaseOfName = NameCase::First;
+  rules.CaseOfExtension = NameCase::Capitals;
+  EXPECT_EQ(nameBy("(the END of.it.gz"), "(The end of.it.GZ");
+}
+
+TEST(RenamePlanTest, FindsAFreeNameForTheTimeBetween) {
+  std::set<std::string> taken;
+  const auto isFree = [&](const std::string& name) { return taken.insert(name).second; };
+  EXPECT_EQ(NameBetween({"/d", "a.txt", ""}, isFree), "a (being renamed).txt");
+  EXPECT_EQ(NameBetween({"/d", "a.txt", ""}, isFree), "a (being renamed 2).txt");
+  std::string longest = "x";
+  while (longest.size() < LongestName) longest += "\u00e4";
+  const std::string cut = NameBetween({"/d", longest, ""}, isFree);
+  EXPECT_TRUE(cut.size() <= LongestName && cut.ends_with("\u00e4 (being renamed)")) << cut;
 }
 
 TEST(RenamePlanTest, TellsWhatSpeaksAgainstAName) {
@@ -85,8 +122,8 @@ TEST(RenamePlanTest, GoesInAnOrderThatWorks) {
       }
     }
     std::ranges::shuffle(wishes, random);
-    for (const RenameStep& step :
-         StepsOf(wishes, Posix, [&](const std::string&) { return "aside"; })) {
+    for (const platform::PlacedItem& step :
+         StepsOf(wishes, Posix, [&](const RenameWish&) { return "aside"; })) {
       ASSERT_TRUE(disk.contains(step.From)) << round << step.From;
       ASSERT_FALSE(disk.contains(step.To)) << round << step.To;
       std::map<std::string, int> after;

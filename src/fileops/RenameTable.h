@@ -1,0 +1,66 @@
+// The items of a rename of many: what they are called, what they are to be called, and what speaks
+// against it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "fileops/RenamePlan.h"
+#include "fileops/RenameRules.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+
+namespace tarnwell::fileops {
+
+class RenameTable {
+ public:
+  // Full paths, in the order by which counters count. Reads the folders that hold them.
+  RenameTable(const platform::FileSystem& files, const platform::Clock& clock,
+              const std::vector<std::string>& paths);
+
+  // Reads the folders again, and judges the names by what is there now.
+  void LookAgain();
+  // Gives new names. What is not among the lines, which are one for each item, keeps its name.
+  void NameBy(NameRules& rules);
+  void NameBy(const std::vector<std::string>& lines);
+
+  std::size_t Count() const { return wishes_.size(); }
+  const RenameWish& operator[](std::size_t row) const { return wishes_.at(row); }
+  RenameFault FaultOf(std::size_t row) const { return faults_.at(row); }
+  bool IsFolder(std::size_t row) const { return subjects_.at(row).IsFolder; }
+  bool HasSeveralFolders() const { return folders_.size() > 1; }
+  std::size_t FaultCount() const { return faultCount_; }
+  std::size_t ChangeCount() const { return changeCount_; }
+  // The row of the next fault below that one, or of the first of all; Count() where there is none.
+  // From above with a row that is none.
+  std::size_t NextFault(std::size_t row) const;
+  // See StepsOf. Only while there is no fault.
+  std::vector<platform::PlacedItem> Steps() const;
+
+ private:
+  struct FolderNames {
+    bool IsRead = false;                                // all names are among the keys
+    std::unordered_set<std::string> Keys;               // of the names of its items
+    std::unordered_map<std::string, std::size_t> Rows;  // of the items to be renamed, by name
+  };
+
+  void ReadFolder(const std::string& folder, FolderNames& names);
+  void ReadTimes();
+  void Judge();
+  bool IsTaken(const std::string& folder, const std::string& name) const;
+
+  const platform::FileSystem& files_;
+  const platform::Clock& clock_;
+  std::vector<RenameWish> wishes_;
+  std::vector<NameSubject> subjects_;
+  std::vector<RenameFault> faults_;
+  std::unordered_map<std::string, FolderNames> folders_;
+  std::size_t faultCount_ = 0;
+  std::size_t changeCount_ = 0;
+  bool knowsTimes_ = false;
+};
+
+}  // namespace tarnwell::fileops
