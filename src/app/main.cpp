@@ -24,6 +24,7 @@
 #include "ui/forms/PlaceQuestionWindow.h"
 #include "ui/forms/QtFormHost.h"
 #include "ui/forms/RecycleBinWindow.h"
+#include "ui/forms/RenameItemsWindow.h"
 #include "ui/forms/SkinChooserWindow.h"
 #include "ui/forms/SplashWindow.h"
 #include "ui/forms/TipWindow.h"
@@ -213,6 +214,9 @@ int main(int argc, char** argv) {
   });
   host.Bind<tools::frmHelp>(
       [](tools::frmHelp& form) { return std::make_unique<ui::HelpWindow>(form); });
+  host.Bind<fileops::frmRenameItems>([&](fileops::frmRenameItems& form) {
+    return std::make_unique<ui::RenameItemsWindow>(form, icons);
+  });
   host.Bind<fileops::frmRecycleBin>([&](fileops::frmRecycleBin& form) {
     return std::make_unique<ui::RecycleBinWindow>(form, icons);
   });

@@ -17,6 +17,8 @@ class KeyActions {
   virtual ~KeyActions() = default;
   virtual void EscapeKey() = 0;
   virtual void RenameItem(bool byKey) = 0;
+  // Of all that is selected, at once.
+  virtual void RenameItems() = 0;
   virtual void OpenHelp() = 0;
   // Carries out the entry of the context menu without showing it.
   virtual void ShowShellMenu(shellmenu::MenuMode mode) = 0;

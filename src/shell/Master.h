@@ -127,6 +127,7 @@ class Master : private workspace::PaneHooks,
   void CreateToolbars();
   void SetInitialProperties();
   void TellOfAside();
+  void TellOfTrouble(const std::vector<std::string>& lines);
   void CheckShutDown();
   void GetLastSettings();
   void PlaceRunFile();
@@ -167,6 +168,7 @@ class Master : private workspace::PaneHooks,
   // what it does.
   void EscapeKey() override;
   void RenameItem(bool byKey) override { rename_.RenameItem(byKey); }
+  void RenameItems() override { renameItems_.RenameSelected(); }
   void OpenTitleMenu() override;
   void ShowShellMenu(shellmenu::MenuMode mode) override {
     contextMenu_.ShowShellMenu(0, 0, "", mode);
@@ -205,6 +207,7 @@ class Master : private workspace::PaneHooks,
   fileops::DialogFields dialogFields_;
   fileops::NewFolder newFolder_;
   fileops::RenameCommand rename_;
+  fileops::RenameItemsCommand renameItems_;
   fileops::FileOperations operations_;
   fileops::DeleteCommand delete_;
   fileops::DuplicateCommand duplicate_;

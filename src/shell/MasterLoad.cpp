@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "commands/MenuTable.h"
 #include "commands/ToolbarTable.h"
+#include "fileops/AsideItems.h"
 #include "lister/rows/CellText.h"
 #include "shell/Master.h"
 #include "shell/ProgramFiles.h"
@@ -149,29 +150,32 @@ void Master::TellOfAside() {
   const std::string record = ProgramFile(platform::AsideRecordName);
   std::string content;
   if (!services_.Files.Exists(record) || !services_.Files.ReadFile(record, content)) return;
-  const base::PathSyntax& syntax = services_.Files.Syntax();
-  std::string away;  // what lies on drives that may come back
+  fileops::AsideItems items(services_.Files, content);
   std::string told;
-  const base::ItemList list(content);
-  for (auto path = list.begin(); path != list.end(); ++path) {
-    const std::string item(*path);
-    const std::string aside(*++path);
-    if (!aside.empty() && services_.Files.Exists(aside)) {
-      told += (told.empty() ? " The item\r\n" : "\r\n\r\nThe item\r\n") + base::ForDisplay(item) +
-              "\r\nis whole, and is now called\r\n" + lister::NameText(syntax, aside);
-    } else if (!aside.empty() && !services_.Files.FolderExists(syntax.ParentOf(aside))) {
-      base::ItemList::Add(away, item);
-      base::ItemList::Add(away, aside);
-    }
+  for (const auto& [item, aside] : items.Found()) {
+    told += (told.empty() ? " The item\r\n" : "\r\n\r\nThe item\r\n") + base::ForDisplay(item) +
+            "\r\nis whole, and is now called\r\n" +
+            lister::NameText(services_.Files.Syntax(), aside);
   }
-  if (away.empty()) {
+  if (!told.empty()) {
+    const bool asks = items.CanGoBack();
+    messages_.Message("Tarnwell was ended while it was replacing or renaming an item." + told +
+                          (asks ? "\r\n\r\nDo you want the old name back, where it is free?" : ""),
+                      asks ? forms::MessageKind::YesNo : forms::MessageKind::Ok);
+    if (asks && messages_.MessageResult() == "YES") TellOfTrouble(items.GoBack());
+  }
+  if (items.Away().empty()) {
     services_.Files.RemoveFile(record);
-  } else if (away != content) {
-    services_.Files.WriteFile(record, away);
+  } else if (items.Away() != content) {
+    services_.Files.WriteFile(record, items.Away());
   }
-  if (told.empty()) return;
-  messages_.Message("Tarnwell was ended while it was replacing or renaming an item." + told,
-                    forms::MessageKind::Ok);
+}
+
+void Master::TellOfTrouble(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += "\r\n" + line;
+  if (!text.empty())
+    messages_.Message("The old name could not be given back:\r\n" + text, forms::MessageKind::Ok);
 }
 
 void Master::CheckShutDown() {

@@ -22,6 +22,7 @@
 #include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
+#include "platform/Regex.h"
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
 #include "platform/Tray.h"
@@ -59,6 +60,7 @@ struct Services {
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged
+  platform::CompileRegex Regex{};              // null where there are no regular expressions
   std::vector<std::string> StartFolders{};     // full paths, for the panes from the first on
 };
 

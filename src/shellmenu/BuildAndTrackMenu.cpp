@@ -60,6 +60,7 @@ MenuOutcome MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
 
   Entries entries = OwnEntries({.Settings = workspace_.Settings,
                                 .FirstPath = request.FirstPath,
+                                .Count = request.Names.size(),
                                 .IsDriveRoot = request.IsDriveRoot,
                                 .Undo = request.Undo});
   std::ranges::move(platforms, std::back_inserter(entries));

@@ -49,6 +49,7 @@ const MenuDispatch::Row MenuDispatch::Rows[] = {
     {NewFolderWord, &MenuDispatch::NewFolder},
     {DuplicateWord, &MenuDispatch::Duplicate},
     {UndoWord, &MenuDispatch::Undo},
+    {RenameItemsWord, &MenuDispatch::RenameItems},
 };
 
 MenuFollowUp MenuDispatch::Dispatch(MenuOutcome outcome, const std::vector<std::string>& paths) {
@@ -143,6 +144,11 @@ void MenuDispatch::NewFolder(const Choice&) {
 
 void MenuDispatch::Duplicate(const Choice& choice) {
   choice.Next = {.Operation = commands_.Duplicate.DuplicateItems(choice.Paths),
+                 .Then = [list = RefreshLater(workspace_.CurrentList)](const auto&) { list(); }};
+}
+
+void MenuDispatch::RenameItems(const Choice& choice) {
+  choice.Next = {.Operation = commands_.RenameItems.RenameItems(choice.Paths),
                  .Then = [list = RefreshLater(workspace_.CurrentList)](const auto&) { list(); }};
 }
 

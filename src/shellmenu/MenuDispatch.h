@@ -12,6 +12,7 @@
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
+#include "fileops/RenameItems.h"
 #include "shellmenu/Bookmarks.h"
 #include "shellmenu/BuildAndTrackMenu.h"
 #include "shellmenu/ColourCoding.h"
@@ -22,6 +23,7 @@ namespace tarnwell::shellmenu {
 struct MenuCommands {
   fileops::NewFolder& NewFolder;
   fileops::RenameCommand& Rename;
+  fileops::RenameItemsCommand& RenameItems;
   fileops::DuplicateCommand& Duplicate;
   fileops::FileOperations& Operations;
   fileops::DeleteCommand& Delete;
@@ -81,6 +83,7 @@ class MenuDispatch {
   void NewFolder(const Choice& choice);
   void Duplicate(const Choice& choice);
   void Undo(const Choice& choice);
+  void RenameItems(const Choice& choice);
   // Reads the list again. What this gives does so later on, if the list still shows that folder.
   void Refresh(lister::ListId list);
   std::function<void()> RefreshLater(lister::ListId list);

@@ -51,6 +51,8 @@ bool IsShown(ShownFor shown, const OwnEntriesFor& items) {
       return !items.IsDriveRoot;
     case ShownFor::AccessDatabase:
       return base::LastCodePoints(items.FirstPath, ComparedPathEnd) == AccessPathEnd;
+    case ShownFor::SeveralItems:
+      return items.Count > 1;
     case ShownFor::ToUndo:
       return !items.Undo.empty();
     default:

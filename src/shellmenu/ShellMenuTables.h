@@ -24,6 +24,7 @@ enum class ShownFor {
   All,
   NoDriveRoot,     // it is not for a drive's root
   AccessDatabase,  // it is for files of that kind
+  SeveralItems,    // it is for two or more
   ToUndo,          // it is for empty space, and there is something to undo
 };
 
@@ -46,6 +47,7 @@ inline constexpr MainEntry MainEntries[] = {
     {"", 111790, MainEntryKind::Separator},
     {"&Bookmarks", 113000, MainEntryKind::Bookmarks},
     {"Colour Cod&e", 111789, MainEntryKind::ColourCode},
+    {"Rename &Items...", 111799, MainEntryKind::Plain, ShownFor::SeveralItems},
     {"", 111800, MainEntryKind::Undo, ShownFor::ToUndo},
     {"", 111788, MainEntryKind::Separator},
 };
@@ -101,6 +103,7 @@ inline constexpr std::string_view DuplicateWord = "duplicate";
 inline constexpr std::string_view CommandLineWord = "commandline";
 inline constexpr std::string_view CompactWord = "mdb_compact";
 inline constexpr std::string_view UndoWord = "undo";
+inline constexpr std::string_view RenameItemsWord = "renameitems";
 
 enum class Invokes {
   Never,
@@ -138,7 +141,7 @@ inline constexpr WordRow WordTable[] = {
     {"DUPLICATE", DuplicateWord, Invokes::Never},
     {"COMMAND LINE", CommandLineWord, Invokes::Never},
     {"COMPACT DATABASE", CompactWord, Invokes::Never},
-    {"RENAME ITEMS...", "renameitems", Invokes::Never},
+    {"RENAME ITEMS...", RenameItemsWord, Invokes::Never},
 };
 
 // Captions that begin so give these words with the last two characters of the caption behind them.

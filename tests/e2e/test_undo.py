@@ -66,6 +66,20 @@ class UndoTest(EndToEndTest):
             press("two & more.txt", "F2")
             self.answer("Rename", "x", "Return")
 
+        def rename_items():
+            program.select("box")
+            keys("ctrl+a", "ctrl+m")
+            self.answer("Rename Items", "End", "x", "Return")
+
+        def rename_by_menu():
+            program.select("box")
+            keys("ctrl+a")
+            self.choose(row("one.txt"), "i")
+            program.control("As a List").click()
+            program.control("New names, one line for each item").click()
+            keys("ctrl+Home", "n", "e", "w")
+            program.press("Rename")
+
         def make():
             press("one.txt", "F7")
             self.answer("New Folder", "m", "Return")
@@ -89,6 +103,8 @@ class UndoTest(EndToEndTest):
                 program.dismiss("color coding")
 
         self.check_undo("rename", rename)
+        self.check_undo("rename items", rename_items)
+        self.check_undo("rename items by the menu", rename_by_menu)
         self.check_undo("new folder", make)
         self.check_undo("copy", copy)
         self.check_undo("trash", delete)

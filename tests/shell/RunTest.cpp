@@ -135,6 +135,15 @@ TEST_F(RunTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
   EXPECT_EQ(Run.Boxes[0].find("gone"), std::string::npos) << Run.Boxes[0];
   // That drive may come back.
   EXPECT_EQ(Machine.Files.At(record).Content, base::ItemList::TextOf({pairs[4], pairs[5]}));
+  // Only what is asked for goes back, and nothing over another item.
+  EXPECT_TRUE(Machine.Files.Exists(pairs[1]));
+  Machine.Files.AddFile(pairs[6], "new");
+  Machine.Files.AddFile(record, base::ItemList::TextOf(pairs));
+  TestRun next(Machine);
+  next.OnBox = [](popMsgBox& box) { box.ButtonClick(0); };
+  next.Start();
+  EXPECT_TRUE(Machine.Files.Exists(pairs[0]) && !Machine.Files.Exists(pairs[1]));
+  EXPECT_EQ(Machine.Files.At(pairs[6]).Content + Machine.Files.At(pairs[7]).Content, "newold");
 }
 
 TEST_F(RunTest, BringsTheSplashBackAsTheAboutBox) {

@@ -1,3 +1,4 @@
+#include "fileops/frmRenameItems.h"
 #include "fileops/popNewFolder.h"
 #include "fileops/popRename.h"
 #include "lister/list/ListInput.h"
@@ -83,6 +84,9 @@ struct MenuRun : lists::TestLists {
   fileops::DialogFields Fields;
   fileops::NewFolder NewFolder{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
   fileops::RenameCommand Rename{Space, Platform.Files, Platform.Operation, Host, Messages, Fields};
+  fileops::RenameItemsCommand RenameItems{
+      Space,
+      {Platform.Files, Platform.Operation, Platform.Clock, Platform.Forms, Host, Messages, {}}};
   fileops::DuplicateCommand Duplicate{Platform.Files, Platform.Operation, Platform.Clock, Host,
                                       Messages};
   fileops::FileOperations Operations{Space, Syntax, Platform.Operation, Nav, Messages, Fields};
@@ -95,7 +99,7 @@ struct MenuRun : lists::TestLists {
       Space,
       {Syntax, Platform.Drives, Platform.ItemMenus, Popups, Platform.Operation, Platform.Forms},
       Messages,
-      {NewFolder, Rename, Duplicate, Operations, Delete, [this] { CommandLine(); },
+      {NewFolder, Rename, RenameItems, Duplicate, Operations, Delete, [this] { CommandLine(); },
        [this](const std::string& path) { Dialogs.push_back("compact " + path); },
        [this] { Dialogs.push_back(Undoable); }, [this] { return Undoable; },
        [this](const auto& items) { Coloured = items; }}};
@@ -419,6 +423,53 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
   Platform.ItemMenus.Captions = {"Compact Database"};
   Choose("Sub", "Compact Database");
   EXPECT_EQ(Dialogs.back(), "compact C:\\Data\\Sub");
+}
+
+TEST_F(ContextMenuTest, RenamesManyByRulesAndByLines) {
+  Texts status;
+  const auto tell = [&](const fileops::frmRenameItems& form) {
+    status.push_back(form.lblStatus.Caption + (form.cmdRename.Enabled ? "!" : ""));
+  };
+  Host.OnModal = [&](forms::Form& shown) {
+    auto& form = dynamic_cast<fileops::frmRenameItems&>(shown);
+    const auto by = [&](const std::string& pattern) {
+      form.txtPattern.Text = pattern;
+      form.RulesTyped();
+      tell(form);
+    };
+    tell(form);
+    by("c.{ext}");
+    by("{nothing}");
+    by("{counter}.{ext}");
+    form.ShowLines(true);
+    form.LinesTyped({"b.txt"});
+    tell(form);
+    form.LinesTyped({"b.txt", "a.txt"});
+    tell(form);
+    // Somebody takes the name in the meantime.
+    Platform.Files.AddFile("C:\\Data\\7.txt", "");
+    form.LinesTyped({"7.txt", "a.txt"});
+    form.cmdRenameClick();
+    EXPECT_FALSE(form.Result);
+    EXPECT_EQ(form.Table().NextFault(9), 0U);
+    tell(form);
+    form.LinesTyped({"b.txt", "a.txt"});
+    form.cmdRenameClick();
+  };
+  Click(100, "a.txt");
+  EXPECT_EQ(Popups.Find("Rename Items..."), nullptr);
+  Select({"a.txt", "b.txt"});
+  Choose("b.txt", "Rename Items...");
+  ASSERT_EQ(Platform.Operation.Requests.size(), 1U);
+  const platform::OperationRequest& request = Platform.Operation.Requests[0];
+  EXPECT_EQ(InOneLine(request),
+            "4 C:\\Data\\a.txt;C:\\Data\\b.txt;C:\\Data\\a (being renamed).txt;;> "
+            "C:\\Data\\a (being renamed).txt;C:\\Data\\a.txt;C:\\Data\\b.txt;");
+  EXPECT_EQ(request.Flags, platform::OwnTargets);
+  EXPECT_EQ(status, (Texts{"No item gets another name so far.", "2 names cannot be used.",
+                           "There is no field {nothing}.", "2 of 2 items get other names.!",
+                           "There is 1 line for 2 items. Each needs one.",
+                           "2 of 2 items get other names.!", "1 name cannot be used."}));
 }
 
 TEST_F(ContextMenuTest, ProgramsOwnClipboardTakesThePlaceOfThePlatforms) {

@@ -1,0 +1,170 @@
+#include "fileops/frmRenameItems.h"
+
+#include <charconv>
+#include <limits>
+#include <utility>
+
+#include "platform/CountedTexts.h"
+
+namespace tarnwell::fileops {
+
+using platform::CountedText;
+
+const std::array<PatternField, 14> PatternFields{{
+    {"{name}", "Name without extension"},
+    {"{ext}", "Extension"},
+    {"{part 1-4}", "Part of the name: characters 1 to 4"},
+    {"{counter}", "Counter"},
+    {"{parent}", "Name of the folder"},
+    {"{date}", "Date of the last change"},
+    {"{time}", "Time of the last change"},
+    {"{year}", "Year"},
+    {"{month}", "Month"},
+    {"{day}", "Day"},
+    {"{hour}", "Hour"},
+    {"{minute}", "Minute"},
+    {"{second}", "Second"},
+    {"{part -4-}", "Part of the name: the last 4 characters"},
+}};
+
+namespace {
+
+constexpr std::array<std::string_view, NameCaseCount> NameCaseCaptions{
+    "As it is", "small letters", "CAPITALS", "Each Word With A Capital", "First letter a capital"};
+
+// False with a sentence for people where the box holds no such number.
+template <typename Number>
+bool ReadNumber(const forms::TextBox& box, std::string_view what, std::int64_t least,
+                std::int64_t most, Number& number, std::string& fault) {
+  std::int64_t read = 0;
+  const char* const end = box.Text.data() + box.Text.size();
+  const auto [stop, error] = std::from_chars(box.Text.data(), end, read);
+  if (error == std::errc() && stop == end && read >= least && read <= most) {
+    number = static_cast<Number>(read);
+    return true;
+  }
+  fault = "The counter's " + std::string(what) + " is no number that serves here.";
+  return false;
+}
+
+}  // namespace
+
+frmRenameItems::frmRenameItems(forms::FormHost& host, RenameTable& table,
+                               const platform::NumberForms& numbers,
+                               const platform::CompileRegex& compile)
+    : OperationDialog("frmRenameItems", host), table_(table), numbers_(numbers), rules_(compile) {}
+
+void frmRenameItems::Load() {
+  Caption = "Rename Items";
+  const RenameRules usual;
+  txtPattern.Text = usual.Pattern;
+  txtStart.Text = txtStep.Text = txtDigits.Text = "1";
+  chkRegex.Caption = "Regular e&xpression";
+  chkRegex.Visible = rules_.TakesRegex();
+  chkMatchCase.Caption = "&Match case";
+  chkExtension.Caption = "In the extension &too";
+  lstCase.Items.assign(NameCaseCaptions.begin(), NameCaseCaptions.end());
+  lstCase.ListIndex = 0;
+  lstExtensionCase = lstCase;
+  cmdFromRules.Caption = "Start &Over From the Rules";
+  cmdNextFault.Caption = "Next &Problem";
+  cmdRename.Caption = "&Rename";
+  cmdRename.Default = true;
+  cmdCancel.Caption = "Ca&ncel";
+  RulesTyped();
+}
+
+bool frmRenameItems::ReadRules(std::string& fault) {
+  constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
+  constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+  constexpr std::int64_t mostDigits = 18;
+  RenameRules rules{.Pattern = txtPattern.Text,
+                    .Counter = {},
+                    .Find = txtFind.Text,
+                    .Replace = txtReplace.Text,
+                    .IsRegex = chkRegex.Checked,
+                    .MatchesCase = chkMatchCase.Checked,
+                    .TakesExtension = chkExtension.Checked,
+                    .CaseOfName = static_cast<NameCase>(lstCase.ListIndex),
+                    .CaseOfExtension = static_cast<NameCase>(lstExtensionCase.ListIndex)};
+  return ReadNumber(txtStart, "start", least, most, rules.Counter.Start, fault) &&
+         ReadNumber(txtStep, "step", least, most, rules.Counter.Step, fault) &&
+         ReadNumber(txtDigits, "least number of digits", 1, mostDigits, rules.Counter.Digits,
+                    fault) &&
+         rules_.Read(rules, fault);
+}
+
+void frmRenameItems::RulesTyped() {
+  std::string fault;
+  if (ReadRules(fault)) table_.NameBy(rules_);
+  if (fault.empty() && rules_.HasGivenUp())
+    fault = "The regular expression tries too many ways. Make it simpler.";
+  ++version_;
+  ShowState(fault);
+}
+
+void frmRenameItems::ShowLines(bool on) {
+  if (IsByLines == on) return;
+  IsByLines = on;
+  if (!on) return RulesTyped();
+  if (!areLinesTyped_) TakeLinesFromRules();
+  ShowTable();
+}
+
+void frmRenameItems::TakeLinesFromRules() {
+  std::string fault;
+  if (ReadRules(fault)) table_.NameBy(rules_);
+  Lines.clear();
+  for (std::size_t row = 0; row < table_.Count(); ++row) Lines.push_back(table_[row].NewName);
+  areLinesTyped_ = false;
+  ++linesVersion_;
+}
+
+void frmRenameItems::LinesTyped(std::vector<std::string> lines) {
+  if (lines == Lines) return;
+  Lines = std::move(lines);
+  areLinesTyped_ = true;
+  ShowTable();
+}
+
+void frmRenameItems::cmdFromRulesClick() {
+  TakeLinesFromRules();
+  ShowTable();
+}
+
+void frmRenameItems::ShowTable() {
+  table_.NameBy(Lines);
+  ++version_;
+  const bool fits = Lines.size() == table_.Count();
+  ShowState(fits ? ""
+                 : platform::Counted(numbers_, CountedText::LinesForItems, Lines.size(),
+                                     {numbers_.Grouped(table_.Count())}));
+}
+
+void frmRenameItems::ShowState(const std::string& fault) {
+  const std::size_t faults = table_.FaultCount(), changes = table_.ChangeCount();
+  cmdFromRules.Enabled = areLinesTyped_;
+  cmdNextFault.Enabled = fault.empty() && faults > 0;
+  cmdRename.Enabled = fault.empty() && faults == 0 && changes > 0;
+  if (!fault.empty()) {
+    lblStatus.Caption = fault;
+  } else if (faults > 0) {
+    lblStatus.Caption = platform::Counted(numbers_, CountedText::NamesRefused, faults);
+  } else if (changes > 0) {
+    lblStatus.Caption = platform::Counted(numbers_, CountedText::NamesChange, changes,
+                                          {numbers_.Grouped(table_.Count())});
+  } else {
+    lblStatus.Caption = "No item gets another name so far.";
+  }
+  Touch();
+}
+
+void frmRenameItems::cmdRenameClick() {
+  if (!cmdRename.Enabled) return;
+  table_.LookAgain();
+  ++version_;
+  ShowState("");
+  if (cmdRename.Enabled) Close(std::string(RenameAnswer));
+}
+
+}  // namespace tarnwell::fileops
