@@ -60,8 +60,8 @@ struct Services {
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged
-  platform::CompileRegex Regex{};              // null where there are no regular expressions
   std::vector<std::string> StartFolders{};     // full paths, for the panes from the first on
+  platform::CompileRegex Regex{};              // null where there are no regular expressions
 };
 
 }  // namespace tarnwell::shell

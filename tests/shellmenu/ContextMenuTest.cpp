@@ -463,7 +463,7 @@ TEST_F(ContextMenuTest, RenamesManyByRulesAndByLines) {
   ASSERT_EQ(Platform.Operation.Requests.size(), 1U);
   const platform::OperationRequest& request = Platform.Operation.Requests[0];
   EXPECT_EQ(InOneLine(request),
-            "4 C:\\Data\\a.txt;C:\\Data\\b.txt;C:\\Data\\a (being renamed).txt;;> "
+            "4 C:\\Data\\a.txt;C:\\Data\\b.txt;C:\\Data\\a (being renamed).txt;> "
             "C:\\Data\\a (being renamed).txt;C:\\Data\\a.txt;C:\\Data\\b.txt;");
   EXPECT_EQ(request.Flags, platform::OwnTargets);
   EXPECT_EQ(status, (Texts{"No item gets another name so far.", "2 names cannot be used.",

@@ -40,7 +40,7 @@ RenameItemsWindow::RenameItemsWindow(frmRenameItems& form, const IconSource& ico
     : form_(form),
       model_(form, icons),
       pages_(new QTabWidget(this)),
-      fields_(new QToolButton(this)),
+      fields_(new QPushButton(this)),
       lines_(new QPlainTextEdit(this)),
       table_(new QTreeView(this)),
       status_(new QLabel(this)),
@@ -105,7 +105,6 @@ void RenameItemsWindow::AddCases(const char* caption, forms::ListBox& cases, QBo
   auto* const combo = new QComboBox(this);
   label->setBuddy(combo);
   combo->setAccessibleName(QString::fromLatin1(caption).remove(QLatin1Char('&')));
-  for (const std::string& item : cases.Items) combo->addItem(ToQString(item));
   row.addWidget(label);
   row.addWidget(combo);
   cases_.push_back({combo, &cases});
@@ -124,8 +123,7 @@ QWidget* RenameItemsWindow::MakeRulesPage() {
   QHBoxLayout* row = MakeRow(*column);
   pattern_ = AddBox("Ne&w name:", form_.txtPattern, *row, 0);
   fields_->setText(QStringLiteral("Insert &Field"));
-  fields_->setPopupMode(QToolButton::InstantPopup);
-  fields_->setFocusPolicy(Qt::TabFocus);
+  fields_->setAutoDefault(false);
   FillFieldMenu();
   row->addWidget(fields_);
   row = MakeRow(*column);
@@ -145,6 +143,7 @@ QWidget* RenameItemsWindow::MakeRulesPage() {
   AddCases("C&ase of the name:", form_.lstCase, *row);
   AddCases("Case &of the extension:", form_.lstExtensionCase, *row);
   row->addStretch();
+  column->addStretch();
   return page;
 }
 
@@ -235,7 +234,12 @@ void RenameItemsWindow::Sync() {
     widget->setChecked(check->Checked);
     widget->setVisible(check->Visible);
   }
-  for (const auto& [combo, cases] : cases_) combo->setCurrentIndex(cases->ListIndex);
+  for (const auto& [combo, cases] : cases_) {
+    if (combo->count() == 0) {
+      for (const std::string& item : cases->Items) combo->addItem(ToQString(item));
+    }
+    combo->setCurrentIndex(cases->ListIndex);
+  }
   for (const auto& [widget, button] : buttons_) {
     widget->setText(ToShownQString(button->Caption));
     widget->setEnabled(button->Enabled);

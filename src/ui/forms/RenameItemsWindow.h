@@ -10,7 +10,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QToolButton>
 #include <QTreeView>
 #include <cstdint>
 #include <vector>
@@ -59,7 +58,7 @@ class RenameItemsWindow : public QDialog, public FormWindow {
   RenameModel model_;
   QTabWidget* pages_;
   QLineEdit* pattern_ = nullptr;
-  QToolButton* fields_;
+  QPushButton* fields_;
   QPlainTextEdit* lines_;
   QTreeView* table_;
   QLabel* status_;
