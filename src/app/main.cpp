@@ -177,7 +177,8 @@ int main(int argc, char** argv) {
                                   ProgramSite(),
                                   AllLibraries(system),
                                   log.get(),
-                                  std::move(arguments.Folders)},
+                                  std::move(arguments.Folders),
+                                  system.CompileRegex},
                                  ProgramVersion);
   ui::OperationViews views(operations, operationTools, [&application] {
     return application.MainObject().Space().Settings.OperationsInWindow;

@@ -14,6 +14,7 @@ const std::array<PatternField, 14> PatternFields{{
     {"{name}", "Name without extension"},
     {"{ext}", "Extension"},
     {"{part 1-4}", "Part of the name: characters 1 to 4"},
+    {"{part -4-}", "Part of the name: the last 4 characters"},
     {"{counter}", "Counter"},
     {"{parent}", "Name of the folder"},
     {"{date}", "Date of the last change"},
@@ -24,7 +25,6 @@ const std::array<PatternField, 14> PatternFields{{
     {"{hour}", "Hour"},
     {"{minute}", "Minute"},
     {"{second}", "Second"},
-    {"{part -4-}", "Part of the name: the last 4 characters"},
 }};
 
 namespace {

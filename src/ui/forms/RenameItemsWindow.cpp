@@ -51,14 +51,14 @@ RenameItemsWindow::RenameItemsWindow(frmRenameItems& form, const IconSource& ico
   setSizeGripEnabled(false);
   pages_->addTab(MakeRulesPage(), QStringLiteral("By R&ules"));
   pages_->addTab(MakeLinesPage(), QStringLiteral("As a &List"));
-  pages_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-  connect(pages_, &QTabWidget::currentChanged, this, [this](int page) {
+  auto* const column = new QVBoxLayout(this);
+  connect(pages_, &QTabWidget::currentChanged, this, [this, column](int page) {
+    column->setStretchFactor(pages_, page);  // lines take room, rules none
     if (!showing_ && !IsClosed()) form_.ShowLines(page == 1);
   });
   SetUpTable();
   status_->setTextFormat(Qt::PlainText);
   status_->setWordWrap(true);
-  auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
   column->setSpacing(DialogSpacing);
   column->addWidget(pages_);
@@ -153,6 +153,7 @@ QWidget* RenameItemsWindow::MakeLinesPage() {
   column->setSpacing(DialogSpacing);
   lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
   lines_->setTabChangesFocus(true);
+  lines_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   lines_->setAccessibleName(QStringLiteral("New names, one line for each item"));
   connect(lines_, &QPlainTextEdit::textChanged, this, [this] { TakeLines(); });
   connect(lines_, &QPlainTextEdit::cursorPositionChanged, this, [this] {
