@@ -140,7 +140,7 @@ TEST_F(RunTest, TellsOnceOfAnItemThatAKilledRunSetAside) {
   Machine.Files.AddFile(pairs[6], "new");
   Machine.Files.AddFile(record, base::ItemList::TextOf(pairs));
   TestRun next(Machine);
-  next.OnBox = [](popMsgBox& box) { box.ButtonClick(box.Buttons.size() - 1); };
+  next.OnBox = [](popMsgBox& box) { box.ButtonClick(1); };
   next.Start();
   EXPECT_TRUE(Machine.Files.Exists(pairs[0]) && !Machine.Files.Exists(pairs[1]));
   EXPECT_EQ(Machine.Files.At(pairs[6]).Content + Machine.Files.At(pairs[7]).Content, "newold");
