@@ -19,7 +19,7 @@ namespace {
 bool IsSameItem(const ItemFingerprint& found, const ItemFingerprint& expected) {
   if (expected.Number == 0) return found == expected;
   return found.Device == expected.Device && found.Number == expected.Number &&
-         found.Kind == expected.Kind;
+         found.Born == expected.Born && found.Kind == expected.Kind;
 }
 
 // A killed run leaves the record, by which the next one sees how far a circle has come.
