@@ -18,6 +18,7 @@ namespace {
 bool MayHoldTrash(std::string_view type) {
   if (type == "tmpfs" || type == "ramfs") return true;
   if (type == "squashfs" || type == "erofs" || type == "iso9660") return false;
+  if (type == "fuse.gvfsd-fuse") return false;  // network places by other names
   return g_unix_is_system_fs_type(std::string(type).c_str()) == FALSE;
 }
 
