@@ -97,9 +97,18 @@ class Control:
     def place(self):
         return self.node.get_extents(Atspi.CoordType.SCREEN)
 
+    def wait_still(self):
+        """Its place, once it has stopped moving: what comes beside it may push it away."""
+        place = self.place()
+        while True:
+            time.sleep(0.02)
+            before, place = place, self.place()
+            if (before.x, before.y, before.width) == (place.x, place.y, place.width):
+                return place
+
     def click(self, times=1, x=None, button=1):
         """Presses the button in the middle, or `x` pixels from the left edge."""
-        place = self.place()
+        place = self.wait_still()
         across = place.width // 2 if x is None else x
         mouse("mousemove", place.x + across, place.y + place.height // 2,
               "click", "--repeat", times, "--delay", 40, button)

@@ -104,7 +104,8 @@ class BesideTest(EndToEndTest):
                 program = self.begin()
                 self.put_aside(program)
                 self.copy(program, "b.txt")
-                self.copy(program, "later")  # waits
+                self.copy(program, "later")
+                self.deed(program, "Move Up", '"later"')  # waits
                 self.deed(program, "Start Now", '"b.txt"').click()
                 self.deed(program, "Answer...", '"b.txt"')
                 if is_closed:
