@@ -392,6 +392,9 @@ def _picture_on_failure(test):
         except BaseException:
             PICTURES.mkdir(parents=True, exist_ok=True)
             run("import", "-window", "root", PICTURES / f"{self.id()}.png")
+            log = self.own / "_MsgLog.txt"  # where TARNWELL_MSGLOG is set
+            if log.exists():
+                shutil.copy(log, PICTURES / f"{self.id()}.txt")
             raise
 
     return with_picture
