@@ -41,11 +41,15 @@ class SearchTeller : public std::enable_shared_from_this<SearchTeller> {
   }
 
   // Large finds are handed over in several calls, with what else has come to the loop in between.
+  // Who is told may let messages through: what is told next has to wait for that.
   void Tell() {
-    if (timer_ == 0) return;
+    if (timer_ == 0 || isTelling_) return;
     SearchUpdate update = work_->TakeUpdate(foundPerUpdate);
     const bool isDone = update.IsDone;
-    told_(std::move(update));
+    {
+      const Telling telling{isTelling_ = true};
+      told_(std::move(update));
+    }
     if (isDone) return End();
     if (timer_ == 0 || isPosted_ || !work_->HasMore()) return;
     isPosted_ = true;
@@ -64,10 +68,16 @@ class SearchTeller : public std::enable_shared_from_this<SearchTeller> {
   }
 
  private:
+  struct Telling {
+    bool& Is;
+    ~Telling() { Is = false; }
+  };
+
   const std::shared_ptr<SearchWork> work_;
   const FileSearch::Told told_;
   unsigned timer_ = 0;  // 0 once it has ended
   bool isPosted_ = false;
+  bool isTelling_ = false;
 };
 
 class LinuxSearch : public RunningSearch {
