@@ -209,14 +209,19 @@ void SearchWalk::LookInto(int folder, const char* name) {
 ScanOutcome SearchWalk::Scan(int file, std::uint64_t size) {
   scan_->Begin();
   const std::uint64_t most = size > 0 ? size : std::min(mostOfNoSize, request_.LargestFile);
-  for (std::uint64_t done = 0; work_.IsWanted();) {
-    const ssize_t got = read(file, scan_->Room(), TextScan::PieceSize);
+  std::uint64_t done = 0;
+  std::size_t filled = 0;  // of the piece
+  while (work_.IsWanted()) {
+    const ssize_t got = read(file, scan_->Room() + filled, TextScan::PieceSize - filled);
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) break;
     done += static_cast<std::uint64_t>(got);
+    filled += static_cast<std::size_t>(got);
     share_.Counts.Bytes += static_cast<std::uint64_t>(got);
     const bool isLast = got == 0 || done >= most;
-    const ScanOutcome outcome = scan_->Take(static_cast<std::size_t>(got), isLast);
+    // Some file systems give little at a time, and the first piece is to tell what the file is.
+    if (!isLast && filled < TextScan::PieceSize) continue;
+    const ScanOutcome outcome = scan_->Take(std::exchange(filled, 0), isLast);
     if (outcome != ScanOutcome::GoesOn) return outcome;
   }
   return ScanOutcome::GoesOn;
