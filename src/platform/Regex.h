@@ -31,6 +31,12 @@ enum class RegexOutcome : std::uint8_t {
   TooMuch,  // given up: the expression tries too many ways on this text
 };
 
+// Whether the ends of a text are those of its first and its last line, or those lines go on.
+struct LineEnds {
+  bool Begins = true;
+  bool Ends = true;
+};
+
 // An expression that was taken. Serves one thread at a time. Texts are bytes: where they are UTF-8,
 // characters are theirs. A name that is not is matched byte by byte; of lines that are not, the
 // bytes that are no UTF-8 are in no match. Within seconds each call has found, or given up.
@@ -38,7 +44,7 @@ class Regex {
  public:
   virtual ~Regex() = default;
 
-  virtual RegexOutcome Find(std::string_view text) = 0;
+  virtual RegexOutcome Find(std::string_view text, LineEnds ends = {}) = 0;
 
   // Takes over what Replace puts in, unless it is faulty; then the one before stays. "$1" or "\1"
   // is what the first group holds, "$0" the whole match, "${12}" and "${name}" are groups too, "$$"

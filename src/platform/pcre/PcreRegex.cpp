@@ -22,7 +22,7 @@ constexpr std::uint32_t mostHeap = 32 * 1024;  // KiB
 constexpr std::size_t firstStack = std::size_t{32} << 10, mostStack = std::size_t{8} << 20;
 // Places to begin at are tried so many at a time, with a look at the clock in between.
 constexpr std::size_t placesAtOnce = 4096;
-constexpr std::chrono::seconds patience(3);
+constexpr std::chrono::seconds patience(3);  // with one text
 // Of an expression, in bytes: more is no text that somebody typed.
 constexpr std::size_t longestExpression = 32'768;
 
@@ -110,15 +110,21 @@ class PcreRegex : public Regex {
     pcre2_jit_stack_assign(context_.get(), nullptr, stack_.get());
   }
 
-  RegexOutcome Find(std::string_view text) override {
-    if (!options_.HasLines || options_.IsLiteral) return Match(text, 0, 0);
+  RegexOutcome Find(std::string_view text, LineEnds ends) override {
+    const auto start = Clock::now();
+    if (!options_.HasLines || options_.IsLiteral) return Match(text, 0, 0, start);
+    bool begins = ends.Begins;
     while (!text.empty()) {
       const std::size_t end = std::min(text.find('\n'), text.size());
+      const bool isWhole = ends.Ends || end < text.size();
       std::string_view line = text.substr(0, end);
-      if (line.ends_with('\r')) line.remove_suffix(1);
-      if (const RegexOutcome outcome = Match(line, 0, 0); outcome != RegexOutcome::None) {
+      if (isWhole && line.ends_with('\r')) line.remove_suffix(1);
+      const std::uint32_t flags = (begins ? 0 : PCRE2_NOTBOL) | (isWhole ? 0 : PCRE2_NOTEOL);
+      if (const RegexOutcome outcome = Match(line, 0, flags, start);
+          outcome != RegexOutcome::None) {
         return outcome;
       }
+      begins = true;
       text.remove_prefix(std::min(end + 1, text.size()));
     }
     return RegexOutcome::None;
@@ -143,11 +149,12 @@ class PcreRegex : public Regex {
   }
 
   RegexOutcome Replace(std::string_view text, std::string& result) override {
+    const auto start = Clock::now();
     result.clear();
     std::size_t done = 0;
     bool hasFound = false;  // right behind a match there is none that holds nothing
     for (;;) {
-      const RegexOutcome outcome = Match(text, done, hasFound ? PCRE2_NOTEMPTY_ATSTART : 0);
+      const RegexOutcome outcome = Match(text, done, hasFound ? PCRE2_NOTEMPTY_ATSTART : 0, start);
       if (outcome == RegexOutcome::TooMuch) {
         result = text;
         return outcome;
@@ -171,10 +178,13 @@ class PcreRegex : public Regex {
   }
 
  private:
-  // The first match from that place on, whose ends are in `data_` then.
-  RegexOutcome Match(std::string_view text, std::size_t from, std::uint32_t flags) {
+  using Clock = std::chrono::steady_clock;
+
+  // The first match from that place on, whose ends are in `data_` then. Patience is over some time
+  // after the start, by which also many texts that take long are taken together.
+  RegexOutcome Match(std::string_view text, std::size_t from, std::uint32_t flags,
+                     Clock::time_point start) {
     const pcre2_code* code = characters_.get();
-    const auto start = std::chrono::steady_clock::now();
     for (;;) {
       const std::size_t last = PlaceBehind(text, from + placesAtOnce);
       pcre2_set_offset_limit(context_.get(), last);
@@ -182,10 +192,10 @@ class PcreRegex : public Regex {
           pcre2_match(code, BytesOf(text), text.size(), from, flags, data_.get(), context_.get());
       if (outcome >= 0) return RegexOutcome::Found;
       if (outcome == PCRE2_ERROR_NOMATCH) {
+        if (Clock::now() - start > patience) return RegexOutcome::TooMuch;
         if (last == text.size()) return RegexOutcome::None;
         from = last;
         flags &= ~PCRE2_NOTEMPTY_ATSTART;
-        if (std::chrono::steady_clock::now() - start > patience) return RegexOutcome::TooMuch;
       } else if (IsUtfError(outcome) && code != bytes_.get()) {
         code = bytes_.get();
         if (code == nullptr) return RegexOutcome::None;

@@ -102,6 +102,10 @@ TEST_F(LinuxFileSearchTest, LooksIntoRegularFilesAlone) {
   SearchRequest request;
   request.MakeContentTest = Regexes("^needle$", {.IgnoresCase = true});
   EXPECT_EQ(Names(request), "little ");
+  // A long line is seen in stretches, which begin and end no line and no word.
+  folder_.Make({"stretches=x" + half.substr(5) + " Needle" + std::string(400'000, 'y') + "x"});
+  request.MakeContentTest = Regexes("^y|y$");
+  EXPECT_EQ(Names(request), "");
   request.MakeContentTest =
       Regexes("needle", {.IsLiteral = true, .IgnoresCase = true, .IsWholeWords = true});
   request.LooksIntoBinary = true;
@@ -109,7 +113,7 @@ TEST_F(LinuxFileSearchTest, LooksIntoRegularFilesAlone) {
   request.LargestFile = 20;
   const SearchTold told = Search(request);
   EXPECT_EQ(told.Text(), "big binary little plain ");
-  EXPECT_EQ(told.Last.Counts.TooLarge, 2U);
+  EXPECT_EQ(told.Last.Counts.TooLarge, 3U);
   EXPECT_EQ(told.Last.Counts.LookedInto, 5U);
   EXPECT_TRUE(told.Troubles.empty());
   close(socket);

@@ -7,8 +7,9 @@ namespace tarnwell::platform {
 namespace {
 
 constexpr std::size_t binaryStart = 8192;  // bytes in which a NUL tells
-// Of a line that is too long, as much is seen twice.
-constexpr std::size_t overlap = TextScan::LongestLine / 2;
+// Of a line that is too long, as much is seen twice, and as much is looked through for the end of a
+// word. What is kept is both of these, and another end of a word.
+constexpr std::size_t overlap = TextScan::LongestLine / 2, wordRoom = TextScan::LongestLine / 4;
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF", littleMark = "\xFF\xFE", bigMark = "\xFE\xFF";
 
@@ -16,11 +17,25 @@ bool Holds(std::string_view text, std::string_view wanted) {
   return memmem(text.data(), text.size(), wanted.data(), wanted.size()) != nullptr;
 }
 
+// The last place up to there that is right behind a character which no word holds; the same place
+// where none is near.
+std::size_t BetweenWords(std::string_view text, std::size_t to) {
+  const auto maybeInWord = [](char byte) {
+    return static_cast<unsigned char>(byte) >= 0x80 || (byte >= '0' && byte <= '9') ||
+           (byte >= 'A' && byte <= 'Z') || byte == '_' || (byte >= 'a' && byte <= 'z');
+  };
+  for (std::size_t at = to; at > 0 && to - at < wordRoom; --at) {
+    if (!maybeInWord(text[at - 1])) return at;
+  }
+  return to;
+}
+
 }  // namespace
 
 void TextScan::Begin() {
   kept_ = 0;
   isFirst_ = true;
+  isWithinLine_ = false;
   utf16_.reset();
   decoded_.clear();
 }
@@ -72,15 +87,22 @@ ScanOutcome TextScan::ScanBytes(std::string_view window, bool isLast, std::size_
 }
 
 ScanOutcome TextScan::ScanLines(std::string_view window, bool isLast, std::size_t& keptFrom) {
+  LineEnds ends{.Begins = !isWithinLine_};
   std::size_t end = window.size();
   if (!isLast) {
     const std::size_t lastEnd = window.rfind('\n');
     const std::size_t lines = lastEnd == window.npos ? 0 : lastEnd + 1;
-    const bool isTooLong = window.size() - lines > LongestLine;
-    if (!isTooLong) end = lines;
-    keptFrom = isTooLong ? window.size() - overlap : lines;
+    if (window.size() - lines > LongestLine) {
+      end = BetweenWords(window, window.size());
+      keptFrom = BetweenWords(window, end - overlap);
+      isWithinLine_ = true;
+      ends.Ends = false;
+    } else {
+      end = keptFrom = lines;
+      if (lines > 0) isWithinLine_ = false;
+    }
   }
-  switch (regex_->Find(window.substr(0, end))) {
+  switch (regex_->Find(window.substr(0, end), ends)) {
     case RegexOutcome::Found:
       return ScanOutcome::Found;
     case RegexOutcome::TooMuch:

@@ -23,7 +23,7 @@ enum class ScanOutcome : std::uint8_t {
 
 // Takes a file after the other, and of each a piece after the other. What stands at the end of one
 // is kept for the next, so that nothing is missed between them; of a line that is longer than
-// `LongestLine`, the tests see stretches that overlap.
+// `LongestLine`, the tests see stretches that overlap, and end between words where there are any.
 class TextScan {
  public:
   static constexpr std::size_t PieceSize = std::size_t{256} << 10;
@@ -53,6 +53,7 @@ class TextScan {
   std::unique_ptr<char[]> bytes_ = std::make_unique_for_overwrite<char[]>(LongestLine + PieceSize);
   std::size_t kept_ = 0;
   bool isFirst_ = true;
+  bool isWithinLine_ = false;  // what is kept begins there
   std::optional<Utf16Reader> utf16_;
   std::string decoded_;  // of UTF-16, what is kept and what comes
 };
