@@ -1,8 +1,10 @@
 #include "fakes/FakePlatform.h"
 #include "lister/rows/ColumnRoom.h"
 #include "lister/rows/FileRows.h"
+#include "lister/rows/MergeRows.h"
 #include "lister/rows/NameFilter.h"
 #include "lister/rows/NameOrder.h"
+#include "lister/rows/NoView.h"
 
 namespace tarnwell::lister {
 namespace {
@@ -135,6 +137,48 @@ TEST_F(Rows, StandInTheOrderOfAllKeys) {
     }
     std::sort(expected.begin(), expected.end(), before);
     ASSERT_EQ(rows.Reordered(changed, keys, Names), expected) << round;
+  }
+}
+
+TEST_F(Rows, KeepTheirTotalsAsTheyChange) {
+  FileRows rows;
+  NoView view;
+  NameFilter filter;
+  for (int round = 0; round < 3000; ++round) {
+    const RowId row =
+        rows.Count() == 0 ? NoRow : rows.At(static_cast<int>(Random() % rows.Count()));
+    const auto action = rows.All().size() < 5 ? 0 : Random() % 8;
+    if (action == 0) {
+      FileRows fresh = RandomRows(1 + Random() % 60);
+      for (RowId unread = 1; unread < fresh.StoreSize() / 8; ++unread) fresh.SetUnreadable(unread);
+      std::vector<RowId> partners = rows.PairWith(fresh);
+      fresh.TakeOver(rows, partners);
+      fresh.Filter(filter);
+      MergeRows(rows, std::move(fresh), std::move(partners), view);
+    } else if (action == 1) {
+      filter.SetText(std::string(Random() % 2, "ab0."[Random() % 4]));
+      std::vector<RowId> all = rows.All();
+      all.resize(all.size() - Random() % 3);
+      ArrangeRows(rows, std::move(all), filter, view);
+    } else if (action == 2) {
+      rows.SetShown(Random() % 2 == 0 ? rows.All() : std::vector<RowId>());
+    } else if (row != NoRow) {
+      if (action < 5) rows.SetSelected(row, Random() % 2 == 0);
+      if (action > 5) Change(rows, row);
+      if (action == 5) rows.SetUnreadable(row);
+    }
+    RowTotals totals;
+    int unread = 0;
+    for (const RowId each : rows.All()) unread += rows.Row(each).IsUnreadable();
+    for (const RowId each : rows.Order()) {
+      const FileRow& item = rows.Row(each);
+      totals.Folders += item.IsFolder();
+      totals.Bytes += item.Size;
+      totals.Selected += item.IsSelected;
+      totals.SelectedBytes += item.IsSelected ? item.Size : 0;
+    }
+    ASSERT_TRUE(rows.Totals() == totals) << round << " after " << action;
+    ASSERT_EQ(rows.UnreadableCount(), unread) << round << " after " << action;
   }
 }
 

@@ -20,7 +20,7 @@ void Append(std::string& text, const std::string& sentence) {
 std::string OnShow(const platform::NumberForms& forms, const FileRows& rows,
                    const RowTotals& totals) {
   const auto all = static_cast<std::uint64_t>(rows.All().size());
-  const auto items = static_cast<std::uint64_t>(totals.Items);
+  const auto items = static_cast<std::uint64_t>(rows.Count());
   const std::string folders =
       platform::Counted(forms, CountedText::Folders, static_cast<std::uint64_t>(totals.Folders));
   std::string text = items == all ? platform::Counted(forms, CountedText::OnShow, all, {folders})
@@ -40,10 +40,7 @@ std::string Selected(const platform::NumberForms& forms, const RowTotals& totals
 
 std::string Unreadable(const platform::NumberForms& forms, const FileRows& rows,
                        const std::string& reason) {
-  std::uint64_t count = 0;
-  for (RowId row = 1; row <= rows.StoreSize(); ++row) {
-    count += rows.IsUsed(row) && rows.Row(row).WasTried && !rows.Row(row).HasAttributes;
-  }
+  const auto count = static_cast<std::uint64_t>(rows.UnreadableCount());
   return count > 0 ? platform::Counted(forms, CountedText::NotRead, count, {reason}) : "";
 }
 
@@ -53,11 +50,11 @@ std::string FileSummary(const FileListState& files) {
   const platform::NumberForms& forms = files.List.Services.Forms;
   std::string text = files.Progress;
   Append(text, files.Trouble);
-  // While a folder is read, rows and sizes are those of a moment ago, and counting costs time.
+  // While a folder is read, rows and sizes are those of a moment ago.
   if (!text.empty() && files.Rows.All().empty()) return text;
   if (!files.Progress.empty() && files.Rows.SelectedCount() == 0) return text;
   Append(text, files.Note);
-  const RowTotals totals = files.Rows.Totals();
+  const RowTotals& totals = files.Rows.Totals();
   if (files.Progress.empty()) Append(text, OnShow(forms, files.Rows, totals));
   Append(text, Selected(forms, totals));
   if (!files.Progress.empty()) return text;

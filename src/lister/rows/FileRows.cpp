@@ -35,16 +35,33 @@ bool FileRow::LooksLike(const FileRow& other) const {
   return shown(*this) == shown(other) && Marks == other.Marks;
 }
 
-RowTotals FileRows::Totals() const {
-  RowTotals totals{.Items = Count(), .Selected = selected_};
+// --- What is counted.
+
+template <typename Work>
+void FileRows::Change(RowId row, Work work) {
+  FileRow& item = Stored(row);
+  const bool isShown = PositionOf(row) >= 0;
+  if (isShown) Count(item, -1);
+  unreadable_ -= item.IsUnreadable();
+  work(item);
+  unreadable_ += item.IsUnreadable();
+  if (isShown) Count(item, 1);
+}
+
+void FileRows::Count(const FileRow& item, int rows) {
+  // Unsigned, so that what goes beyond the range comes back from there.
+  const std::uint64_t bytes = item.Size * static_cast<std::uint64_t>(rows);
+  totals_.Folders += item.IsFolder() ? rows : 0;
+  totals_.Bytes += bytes;
+  totals_.Selected += item.IsSelected ? rows : 0;
+  totals_.SelectedBytes += item.IsSelected ? bytes : 0;
+}
+
+void FileRows::CountAll() {
+  totals_ = {};
   for (RowId row = 1; row <= StoreSize(); ++row) {  // as they are stored: many times quicker
-    if (!Has(row)) continue;
-    const FileRow& item = Row(row);
-    totals.Folders += item.IsFolder();
-    totals.Bytes += item.Size;
-    if (item.IsSelected) totals.SelectedBytes += item.Size;
+    if (PositionOf(row) >= 0) Count(Row(row), 1);
   }
-  return totals;
 }
 
 // --- Rows come and go.
@@ -55,6 +72,7 @@ RowId FileRows::Add(const platform::FolderEntry& entry) {
   positions_[static_cast<std::size_t>(row - 1)] = Count();
   order_.push_back(row);
   all_.push_back(row);
+  Count(Row(row), 1);
   return row;
 }
 
@@ -84,13 +102,14 @@ RowId FileRows::StoreRow(const FileRow& row) {
     Stored(number) = row;
   }
   Stored(number).IsUsed = true;
+  unreadable_ += row.IsUnreadable();
   return number;
 }
 
 void FileRows::Forget(RowId row) {
   unusedNames_ += Row(row).NameLength;
   SetMarks(row, {});
-  Stored(row) = {};
+  Change(row, [](FileRow& item) { item = {}; });
   comments_.erase(row);
   free_.push_back(row);
 }
@@ -107,35 +126,37 @@ void FileRows::DropUnusedNames() {
 // --- What is known of them.
 
 void FileRows::SetAttributes(RowId row, const platform::ItemAttributes& attributes) {
-  FileRow& item = Stored(row);
-  item.Kind = attributes.Kind;
-  item.IsLink = attributes.IsLink;
-  item.IsBroken = attributes.IsBroken;
-  const bool sizeStays = item.IsFolder() && item.HasFolderSize &&
-                         (!item.HasAttributes || item.Modified == attributes.Modified);
-  if (!sizeStays) {
-    item.HasFolderSize = item.IsSizePartial = false;
-    item.Size = item.IsFolder() ? 0 : attributes.Size;
-  }
-  item.Mode = attributes.Mode;
-  item.Modified = attributes.Modified;
-  item.Created = attributes.Created;
-  item.Accessed = attributes.Accessed;
-  item.HasAttributes = item.WasTried = true;
+  Change(row, [&](FileRow& item) {
+    item.Kind = attributes.Kind;
+    item.IsLink = attributes.IsLink;
+    item.IsBroken = attributes.IsBroken;
+    const bool sizeStays = item.IsFolder() && item.HasFolderSize &&
+                           (!item.HasAttributes || item.Modified == attributes.Modified);
+    if (!sizeStays) {
+      item.HasFolderSize = item.IsSizePartial = false;
+      item.Size = item.IsFolder() ? 0 : attributes.Size;
+    }
+    item.Mode = attributes.Mode;
+    item.Modified = attributes.Modified;
+    item.Created = attributes.Created;
+    item.Accessed = attributes.Accessed;
+    item.HasAttributes = item.WasTried = true;
+  });
 }
 
 void FileRows::SetUnreadable(RowId row) {
   const ItemKind kind = Row(row).Kind;
   const bool isLink = Row(row).IsLink;
   SetAttributes(row, {.Kind = kind, .IsLink = isLink});
-  Stored(row).HasAttributes = false;
+  Change(row, [](FileRow& item) { item.HasAttributes = false; });
 }
 
 void FileRows::SetFolderSize(RowId row, const FolderSize& size) {
-  FileRow& item = Stored(row);
-  item.Size = size.Bytes;
-  item.HasFolderSize = true;
-  item.IsSizePartial = !size.IsWhole;
+  Change(row, [&](FileRow& item) {
+    item.Size = size.Bytes;
+    item.HasFolderSize = true;
+    item.IsSizePartial = !size.IsWhole;
+  });
 }
 
 void FileRows::SetExtendedAttributes(RowId row, ItemColour colour, std::string comment) {
@@ -159,9 +180,7 @@ void FileRows::SetMarks(RowId row, CompareMarks marks) {
 }
 
 void FileRows::SetSelected(RowId row, bool selected) {
-  FileRow& item = Stored(row);
-  selected_ += static_cast<int>(selected) - static_cast<int>(item.IsSelected);
-  item.IsSelected = selected;
+  Change(row, [&](FileRow& item) { item.IsSelected = selected; });
 }
 
 void FileRows::KeepSelection() {
@@ -283,7 +302,8 @@ std::vector<RowId> FileRows::Taken(const NameFilter& filter, const std::vector<R
 
 void FileRows::TakeOffShow(RowId row) {
   positions_[static_cast<std::size_t>(row - 1)] = -1;
-  SetSelected(row, false);
+  Count(Row(row), -1);
+  Stored(row).IsSelected = false;
 }
 
 void FileRows::Hide(int first, int last) {
@@ -297,15 +317,23 @@ void FileRows::Show(int position, const std::vector<RowId>& rows) {
   if (count > order_.capacity()) order_.reserve(count + count / 16);  // not twice as much
   order_.insert(order_.begin() + position, rows.begin(), rows.end());
   Renumber(position);
+  if (rows.size() > rows_.size() / 8) return CountAll();
+  for (const RowId row : rows) Count(Row(row), 1);
 }
 
 void FileRows::SetShown(std::vector<RowId> order) {
   for (const RowId row : order_) positions_[static_cast<std::size_t>(row - 1)] = -1;
   std::swap(order_, order);
   Renumber(0);
+  std::size_t staying = 0;
   for (const RowId row : order) {
-    if (PositionOf(row) < 0) TakeOffShow(row);
+    if (PositionOf(row) >= 0) {
+      ++staying;
+    } else {
+      TakeOffShow(row);
+    }
   }
+  if (staying < order_.size()) CountAll();
 }
 
 std::vector<ExtensionChoice> FileRows::Extensions(const NameOrder& names) const {
@@ -391,17 +419,19 @@ void FileRows::TakeOver(const FileRows& known, const std::vector<RowId>& partner
       comments_[static_cast<RowId>(at + 1)] = comment;
     }
     if (row.HasAttributes && (!row.IsFolder() || row.Modified != old.Modified)) continue;
-    row.HasFolderSize = old.HasFolderSize;
-    row.IsSizePartial = old.IsSizePartial;
-    row.Size = old.Size;
-    if (!old.HasAttributes || row.HasAttributes) continue;
-    row.Kind = old.Kind;
-    row.IsBroken = old.IsBroken;
-    row.Mode = old.Mode;
-    row.Modified = old.Modified;
-    row.Created = old.Created;
-    row.Accessed = old.Accessed;
-    row.HasAttributes = true;
+    Change(static_cast<RowId>(at + 1), [&](FileRow& item) {
+      item.HasFolderSize = old.HasFolderSize;
+      item.IsSizePartial = old.IsSizePartial;
+      item.Size = old.Size;
+      if (!old.HasAttributes || item.HasAttributes) return;
+      item.Kind = old.Kind;
+      item.IsBroken = old.IsBroken;
+      item.Mode = old.Mode;
+      item.Modified = old.Modified;
+      item.Created = old.Created;
+      item.Accessed = old.Accessed;
+      item.HasAttributes = true;
+    });
   }
 }
 
@@ -416,11 +446,12 @@ std::vector<RowId> FileRows::BecomeLike(FileRows& fresh, std::vector<RowId>& par
     if (partners[at] == NoRow) {
       partners[at] = StoreRow(now);
     } else {
-      FileRow& row = Stored(partners[at]);
-      if (!row.LooksLike(now)) changed.push_back(partners[at]);
-      now.IsSelected = row.IsSelected;
-      now.WasSelected = row.WasSelected;
-      row = now;
+      Change(partners[at], [&](FileRow& row) {
+        if (!row.LooksLike(now)) changed.push_back(partners[at]);
+        now.IsSelected = row.IsSelected;
+        now.WasSelected = row.WasSelected;
+        row = now;
+      });
     }
   }
   for (auto& [row, comment] : fresh.comments_) {

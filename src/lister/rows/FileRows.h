@@ -53,6 +53,7 @@ struct FileRow {
   bool IsUsed : 1 = false;       // an item's, not the place of one that is gone
 
   bool IsFolder() const { return Kind == platform::ItemKind::Folder; }
+  bool IsUnreadable() const { return WasTried && !HasAttributes; }
   bool HasSize() const { return IsFolder() ? HasFolderSize : HasAttributes; }
   // Whether the cells of both show the same, name and comment left out of account.
   bool LooksLike(const FileRow& other) const;
@@ -61,11 +62,12 @@ static_assert(sizeof(FileRow) == 48);
 
 // Of the rows on show.
 struct RowTotals {
-  int Items = 0;
   int Folders = 0;
   std::uint64_t Bytes = 0;  // as far as sizes are known
   int Selected = 0;
   std::uint64_t SelectedBytes = 0;
+
+  bool operator==(const RowTotals&) const = default;
 };
 
 class FileRows {
@@ -79,8 +81,10 @@ class FileRows {
   const std::string& Folder() const { return folder_; }
   // Rows on show.
   int Count() const { return static_cast<int>(order_.size()); }
-  // A look at every row on show.
-  RowTotals Totals() const;
+  // Kept as rows change.
+  const RowTotals& Totals() const { return totals_; }
+  // Rows, on show or not, whose attributes were asked for in vain.
+  int UnreadableCount() const { return unreadable_; }
   // On show.
   bool Has(RowId row) const { return IsUsed(row) && PositionOf(row) >= 0; }
   // An item's, on show or filtered out.
@@ -106,7 +110,7 @@ class FileRows {
   // Of a row on show. One that goes off show is not selected any more.
   void SetSelected(RowId row, bool selected);
   void KeepSelection();
-  int SelectedCount() const { return selected_; }
+  int SelectedCount() const { return totals_.Selected; }
   // Empty for most.
   std::string_view Comment(RowId row) const;
 
@@ -178,6 +182,12 @@ class FileRows {
  private:
   FileRow& Stored(RowId row) { return rows_[static_cast<std::size_t>(row - 1)]; }
   RowId StoreRow(const FileRow& row);
+  // Changes what is known of the row, and what is counted of it.
+  template <typename Work>
+  void Change(RowId row, Work work);
+  // Counts in the totals, or out again by `rows` of -1, what is on show.
+  void Count(const FileRow& item, int rows);
+  void CountAll();
   void TakeOffShow(RowId row);
   void Renumber(int from);
   void DropUnusedNames();
@@ -191,7 +201,8 @@ class FileRows {
   std::vector<RowId> order_;    // on show, by position
   BlockVector<int> positions_;  // by row; -1 for one that is not on show
   std::unordered_map<RowId, std::string> comments_;
-  int selected_ = 0;
+  RowTotals totals_;
+  int unreadable_ = 0;
   MarkCounts marked_;
 };
 
