@@ -2,7 +2,6 @@
 
 #include <glib.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <exception>
 #include <system_error>
@@ -19,7 +18,6 @@ namespace {
 
 constexpr unsigned searchTick = 50;  // milliseconds between updates
 constexpr std::size_t foundPerUpdate = 4096;
-constexpr unsigned leastThreads = 2, mostThreads = 4;
 
 // Lives on the event loop; threads see nothing of it.
 class SearchTeller : public std::enable_shared_from_this<SearchTeller> {
@@ -100,8 +98,7 @@ std::unique_ptr<TextScan> ScanFor(const SearchRequest& request, std::unique_ptr<
 }  // namespace
 
 std::unique_ptr<RunningSearch> LinuxFileSearch::Start(SearchRequest request, Told told) {
-  const std::size_t threads =
-      std::clamp(std::thread::hardware_concurrency(), leastThreads, mostThreads);
+  const std::size_t threads = SharingThreads();
   const auto work = std::make_shared<SearchWork>(threads);
   // No thread keeps what belongs to the caller.
   const auto makeNameTest = std::exchange(request.MakeNameTest, nullptr);

@@ -26,27 +26,6 @@ void MoveTo(std::vector<Item>& to, std::vector<Item>& from) {
 
 }  // namespace
 
-bool SearchWork::Take(SearchJob& job) {
-  std::unique_lock lock(mutex_);
-  if (--busy_ == 0) came_.notify_all();
-  came_.wait(lock, [&] { return !jobs_.empty() || busy_ == 0 || !isWanted_; });
-  if (jobs_.empty() || !isWanted_) return false;
-  ++busy_;
-  job = std::move(jobs_.front());
-  jobs_.pop_front();
-  waiting_ = jobs_.size();
-  return true;
-}
-
-void SearchWork::Give(SearchJob job) {
-  {
-    const std::lock_guard lock(mutex_);
-    jobs_.push_back(std::move(job));
-    waiting_ = jobs_.size();
-  }
-  came_.notify_one();
-}
-
 void SearchWork::Tell(SearchShare& share, const std::string& folder) {
   {
     const std::lock_guard lock(mutex_);
@@ -66,24 +45,10 @@ void SearchWork::Fail(const base::Status& status) {
   if (status_) status_ = status;
 }
 
-void SearchWork::GiveUp() {
-  const std::lock_guard lock(mutex_);
-  if (--busy_ == 0) came_.notify_all();
-}
-
 bool SearchWork::Leave() {
   const std::lock_guard lock(mutex_);
   if (--left_ == 0) end_ = std::chrono::steady_clock::now();
   return left_ == 0;
-}
-
-void SearchWork::Cancel() {
-  {
-    const std::lock_guard lock(mutex_);
-    isWanted_ = false;
-    jobs_.clear();
-  }
-  came_.notify_all();
 }
 
 SearchUpdate SearchWork::TakeUpdate(std::size_t most) {

@@ -3,11 +3,8 @@
 
 #include <sys/stat.h>
 
-#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstddef>
-#include <deque>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -15,6 +12,7 @@
 #include "platform/FileSearch.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/NameList.h"
+#include "platform/linux/posix/WorkShare.h"
 
 namespace tarnwell::platform {
 
@@ -34,34 +32,24 @@ struct SearchShare {
 };
 
 // Lives as long as its last thread, which may be long after nobody waits for it any more.
-class SearchWork {
+class SearchWork : public WorkShare<SearchJob> {
  public:
-  explicit SearchWork(std::size_t threads) : threads_(threads), busy_(threads), left_(threads) {}
+  explicit SearchWork(std::size_t threads) : WorkShare(threads), left_(threads) {}
 
   // Of the folder that the search begins with; set before the second job is given.
   struct statx Top {};
 
   // --- For the threads.
 
-  // The next one, as soon as there is one; false where none will come.
-  bool Take(SearchJob& job);
-  void Give(SearchJob job);
-  // Whether jobs are so few that a thread may soon have nothing to do, or has nothing already.
-  bool WantsJobs() const { return waiting_.load(std::memory_order_relaxed) < 2 * threads_; }
-  bool HasIdle() const { return busy_.load(std::memory_order_relaxed) < threads_; }
-  bool IsWanted() const { return isWanted_.load(std::memory_order_relaxed); }
   // Takes the share over and empties it. `folder` is the one at hand.
   void Tell(SearchShare& share, const std::string& folder);
   // Why the search is not whole.
   void Fail(const base::Status& status);
-  // A thread ends with its job not done, or could not even begin.
-  void GiveUp();
-  // It has ended; true for the last one.
+  // A thread has ended; true for the last one.
   bool Leave();
 
   // --- For the event loop.
 
-  void Cancel();
   // Says that it is done when all has been handed over.
   SearchUpdate TakeUpdate(std::size_t most);
   bool HasMore();
@@ -69,13 +57,7 @@ class SearchWork {
  private:
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::mutex mutex_;
-  std::condition_variable came_;
-  std::deque<SearchJob> jobs_;
-  std::atomic<std::size_t> waiting_ = 0;  // the number of jobs, for a look without the lock
-  const std::size_t threads_;
-  std::atomic<std::size_t> busy_;  // threads; those to come are, too
-  std::size_t left_;               // threads that have not ended
-  std::atomic<bool> isWanted_ = true;
+  std::size_t left_;  // threads that have not ended
   SearchShare told_;
   std::size_t toldFrom_ = 0;      // of what was found, what has not been handed over
   std::size_t keptTroubles_ = 0;  // in all
