@@ -245,6 +245,39 @@ TEST(LinuxFileSystem, MeasuresEachFileOnceAndLinksNever) {
   EXPECT_EQ(files.MeasureFolder(folder / "ten", {}, none).Code, ENOTDIR);
 }
 
+// So many folders that several threads share them.
+TEST(LinuxFileSystem, MeasuresLargeTreesAsOne) {
+  const TempFolder folder;
+  constexpr int folders = 120, files = 30;
+  std::string path = folder.Path();
+  for (int number = 0; number < folders; ++number) {
+    path = (number % 8 == 0 ? folder.Path() : path) + "/" + std::to_string(number);
+    mkdir(path.c_str(), 0755);
+    for (int file = 0; file < files; ++file) Put(path + "/f" + std::to_string(file), "12");
+    link((folder / "0/f0").c_str(), (path + "/twin").c_str());
+  }
+  FolderTotal total;
+  for (int run = 0; run < 20; ++run) {
+    CountedFiles counted;
+    counted.Add({StatOf(folder / "0/f0").st_dev, StatOf(folder / "0/f0").st_ino});
+    total = {};
+    total.Counted = run % 2 == 0 ? nullptr : &counted;
+    EXPECT_TRUE(LinuxFileSystem().MeasureFolder(
+        folder.Path(), [](const FolderTotal&) { return true; }, total));
+    EXPECT_TRUE(total.Folders == folders && total.Files == folders * (files + 1)) << total.Files;
+    EXPECT_EQ(total.Bytes, 2U * folders * files);
+    EXPECT_TRUE(total.Unreadable == 0 && total.RepeatedBytes <= 2);
+  }
+  std::uint64_t seen = 0;
+  total = {};
+  const auto goOn = [&](const FolderTotal& soFar) {
+    EXPECT_GE(soFar.Files, std::exchange(seen, soFar.Files));
+    return seen < 2000;
+  };
+  EXPECT_TRUE(LinuxFileSystem().MeasureFolder(folder.Path(), goOn, total));
+  EXPECT_TRUE(total.Files >= 2000 && total.Files < folders * (files + 1)) << total.Files;
+}
+
 TEST(LinuxFileSystem, MeasuresOneVolume) {
   const TempFolder folder;
   folder.Make({"a/bound/", "b/file=12345"});
