@@ -118,7 +118,9 @@ class KeysTest(EndToEndTest):
         self.answer("New Folder", *"made", "Return")
         self.wait_names(program, ["deep", "45", "made"])
         windows = program.windows()
-        keys("ctrl+Right", "ctrl+shift+s", "F10", "Escape", "F1")  # from the menu bar
+        keys("ctrl+Right", "ctrl+shift+s", "F10", "Escape")
+        program.wait_active()
+        keys("F1")  # from the menu bar
         wait_for("the help", lambda: program.windows() - windows)
         keys("Escape")
         program.wait_active()
