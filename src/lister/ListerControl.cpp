@@ -175,6 +175,22 @@ void ListerControl::LoadFolderContents(std::string& folder, bool) {
   parts_->Body->LoadContents(folder);
 }
 
+void ListerControl::ShowFound(const std::string& folder) {
+  parts_->Body->ShowFound(folder);
+}
+void ListerControl::AddFound(const std::vector<platform::FoundItem>& items) {
+  parts_->Body->AddFound(items);
+}
+bool ListerControl::ShowsFound() const {
+  return parts_->Body->ShowsFound();
+}
+std::vector<platform::FoundItem> ListerControl::FoundItems() const {
+  return parts_->Body->FoundItems();
+}
+void ListerControl::FollowMoved(const std::vector<platform::PlacedItem>& placed) {
+  parts_->Body->FollowMoved(placed);
+}
+
 void ListerControl::OpenFolder(int, const std::string& folder) {
   parts_->Body->OpenFolder(folder);
 }
@@ -356,6 +372,7 @@ void ListerControl::LookAtDisk(LookReason reason) {
   const bool mayLook = Visible || reason == LookReason::Mounts;  // these are told of once
   if (!mayLook || parts_->State.Services.OpenBrackets > 0) return follower.LookAgainLater();
   follower.Look(reason);
+  if (reason != LookReason::User) parts_->Body->LookAtFound();
 }
 
 void ListerControl::DrivesChanged() {

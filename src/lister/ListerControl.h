@@ -28,6 +28,7 @@
 #include "lister/rows/Comparison.h"
 #include "lister/rows/ListRows.h"
 #include "platform/FileOperation.h"
+#include "platform/FileSearch.h"
 
 namespace tarnwell::lister {
 
@@ -79,7 +80,8 @@ class ListerControl : public forms::Control, public ListFields {
   void RedrawList();
   // Reads the folder again and shows it; branches that are expanded stay so, the cursor stays on
   // the item of its name, or goes to the place where that was. In a file list selection and scroll
-  // position stay too.
+  // position stay too. What was found is looked at again, once the brackets that are open are
+  // closed.
   void RefreshList();
   // As CancelRequested, where the job waits for another machine; otherwise the job goes on.
   void EndWait();
@@ -115,6 +117,21 @@ class ListerControl : public forms::Control, public ListFields {
   // shown as far as it goes. Throws nothing. Inside another such call of this list it leaves the
   // folder to that one, which goes on with it, and returns at once.
   void LoadFolderContents(std::string& folder, bool handOver);
+
+  // --- What was found. A file list can show items of many folders.
+
+  // From now on the list shows what was found below that folder (full path): none yet. Stays so
+  // until LoadFolderContents; RefreshList looks at each item again, and those that are gone go.
+  // There is no folder to drop, paste or make anything in then.
+  void ShowFound(const std::string& folder);
+  // More of them, which come into their places. Nothing if the list shows a folder by now. To be
+  // called with some thousands at a time.
+  void AddFound(const std::vector<platform::FoundItem>& items);
+  bool ShowsFound() const;
+  // All of them, filtered out or not.
+  std::vector<platform::FoundItem> FoundItems() const;
+  // An operation gave these another path: their rows follow, as far as it is below the folder.
+  void FollowMoved(const std::vector<platform::PlacedItem>& placed);
 
   // Folder list: opens the folder, expanding the branches above it, and raises FolderSelected. An
   // empty path means the top of the tree. A folder that cannot be found is told in the status line.
@@ -193,8 +210,8 @@ class ListerControl : public forms::Control, public ListFields {
   // and the row with the cursor. While a read runs this waits for its end. `tells` is asked then:
   // whether ItemFocused is to be raised. Nothing moves within the bracket of an action.
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed, std::function<bool()> tells);
-  // Where a new item would go; empty when nothing can be made here. By key: the folder of the list.
-  // Otherwise, in a folder list: the folder clicked or opened last.
+  // Where a new item would go; empty when nothing can be made here, as among what was found. By
+  // key: the folder of the list. Otherwise, in a folder list: the folder clicked or opened last.
   std::string TargetFolder(bool byKey = false, bool forPaste = false) const;
   std::string PasteFolder() const;
   std::string DropFolder() const;  // under the last drop; empty if that was no folder

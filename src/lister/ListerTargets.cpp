@@ -57,6 +57,7 @@ const std::string& ListerControl::ActiveItemName() const {
 
 std::string ListerControl::TargetFolder(bool byKey, bool) const {
   const ListState& state = parts_->State;
+  if (ShowsFound()) return "";
   std::string folder = state.Folder;
   if (!byKey && !IsFileList(Id())) {
     const std::string clicked = parts_->Body->PathOf(parts_->Body->Input().Clicked());

@@ -41,7 +41,7 @@ void ListerUser::NewFolderButton() {
 
 std::string ListerUser::DropTarget(RowId row) const {
   if (IsFolder(list_, body_, row)) return body_.PathOf(row);
-  return IsFileList(list_.Id) ? list_.Folder : "";
+  return IsFileList(list_.Id) && !body_.ShowsFound() ? list_.Folder : "";
 }
 
 bool ListerUser::TakesDrop(const std::string& folder, const std::string& items,

@@ -1,5 +1,5 @@
-// The lists of all panes, by their ids. A pane's two lists come into being when it is first set up
-// and live until the program ends.
+// The lists of all panes, and that of what was found, by their ids. A pane's two lists come into
+// being when it is first set up and live until the program ends.
 #pragma once
 
 #include <functional>
@@ -26,9 +26,16 @@ class ListSet {
     }
   }
 
+  // The list of the window that finds files; made by the first call.
+  lister::ListerControl& Found() {
+    if (!found_) found_ = factory_(lister::FoundList);
+    return *found_;
+  }
+
   // Null for a list that does not exist, and for any number that names none.
   lister::ListerControl* Find(lister::ListId list) const {
-    if (list < 0 || lister::PaneOf(list) >= lister::PaneCount) return nullptr;
+    if (list == lister::FoundList) return found_.get();
+    if (!lister::HasPane(list)) return nullptr;
     return lists_[list].get();
   }
 
@@ -45,6 +52,7 @@ class ListSet {
  private:
   Factory factory_;
   PerList<std::unique_ptr<lister::ListerControl>> lists_;
+  std::unique_ptr<lister::ListerControl> found_;
 };
 
 }  // namespace tarnwell::workspace

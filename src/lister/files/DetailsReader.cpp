@@ -110,6 +110,18 @@ void DetailsReader::ReadExtendedAttributes(ReadJob& job) {
   }
 }
 
+void DetailsReader::ReadExtendedAttributesOf(ReadJob& job, const std::vector<RowId>& rows) {
+  if (!complete_.Colours && !complete_.Comments) return;
+  for (const RowId row : rows) {
+    if (job.Pace.IsDue()) job.Pump("Reading notes");
+    if (job.IsSuperseded()) return;
+    if (!files_.Rows.IsUsed(row)) continue;
+    const bool isOther = ReadExtendedAttributesOf(row, complete_, *job.Folder);
+    const int position = files_.Rows.PositionOf(row);
+    if (isOther && position >= 0) files_.View().CellsChanged(RootRow, position, position);
+  }
+}
+
 bool DetailsReader::ReadExtendedAttributesOf(RowId row, ExtendedAttributes wanted,
                                              const platform::OpenedFolder& folder) {
   ItemColour colour = files_.Rows.Row(row).Colour;

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "lister/files/FileListState.h"
 #include "lister/list/ReadJob.h"
@@ -31,6 +32,9 @@ class DetailsReader {
                                 ItemColour& colour, std::string& comment) const {
     Read(name, complete_, folder, colour, comment);
   }
+
+  // The same of rows that came after the others.
+  void ReadExtendedAttributesOf(ReadJob& job, const std::vector<RowId>& rows);
 
   // An item turned out to be a folder, or none, since this was last asked.
   bool TakeKindsChanged() { return std::exchange(kindsChanged_, false); }

@@ -36,11 +36,13 @@ void FileBody::MoveCurrent(RowId row) {
 
 void FileBody::SetCurrent(RowId row) {
   if (std::exchange(files_.Current, row) != row) state_.View().CurrentChanged();
-  state_.Active.Set(files_.Rows.Folder(), std::string(files_.Rows.Name(row)));
+  if (!files_.ShowsFound())
+    state_.Active.Set(files_.Rows.Folder(), std::string(files_.Rows.Name(row)));
 }
 
 void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
                            std::function<bool()> tells) {
+  if (ShowsFound()) return;  // what came of the operation was not looked for
   PlacedNames names = NamesIn(state_.Folder, placed, state_.Syntax);
   if (names.Placed.empty()) return;
   // The rows may not have heard of them yet.
@@ -55,6 +57,25 @@ void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
     state_.View().ScrollToCurrent();
     if (tells()) MoveCurrent(rows.front());
   });
+}
+
+// The steps of an operation ask for it more than once, and its bracket ends with a look.
+void FileBody::Refresh() {
+  sizes_.HeedCancel();
+  looksLater_ = ShowsFound() && state_.Services.OpenBrackets > 0;
+  if (!looksLater_) reader_.Refresh();
+}
+
+// From the event loop: nobody is to wait for it.
+void FileBody::LookAtFound() {
+  if (!looksLater_) return;
+  if (state_.HasView()) return files_.View().CatchUpLater(0);
+  CatchUp();
+}
+
+void FileBody::DrivesChanged() {
+  looksLater_ = ShowsFound();
+  LookAtFound();
 }
 
 void FileBody::Activate(RowId row) {
@@ -93,6 +114,7 @@ void FileBody::MeasureSizes() {
 }
 
 void FileBody::CatchUp() {
+  if (std::exchange(looksLater_, false) && ShowsFound()) reader_.Refresh();
   reader_.CatchUp();
   MeasureSizes();
 }
@@ -149,8 +171,7 @@ std::string FileBody::CellBytes(RowId row, HeadingId heading) const {
 }
 
 std::string FileBody::PathOf(RowId row) const {
-  return files_.Rows.Has(row) ? state_.Syntax.Join(files_.Rows.Folder(), files_.Rows.Name(row))
-                              : "";
+  return files_.Rows.Has(row) ? files_.PathOf(row) : "";
 }
 
 }  // namespace tarnwell::lister

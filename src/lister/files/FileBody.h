@@ -29,15 +29,21 @@ class FileBody : public ListBody {
   const ListInput& Input() const override { return input_; }
 
   void SetFolder(const std::string& folder) override { reader_.SetFolder(folder); }
-  void Refresh() override {
-    sizes_.HeedCancel();
-    reader_.Refresh();
-  }
+  void Refresh() override;
   void CatchUp() override;
   void Resort() override { reader_.Resort(); }
   void Terminate() override { reader_.Terminate(); }
   void SettingsChanged() override { reader_.SettingsChanged(); }
   void LoadContents(const std::string& folder) override { reader_.Load(folder); }
+  void ShowFound(const std::string& folder) override { reader_.ShowFound(folder); }
+  void AddFound(const std::vector<platform::FoundItem>& items) override { reader_.AddFound(items); }
+  bool ShowsFound() const override { return reader_.ShowsFound(); }
+  std::vector<platform::FoundItem> FoundItems() const override { return reader_.FoundItems(); }
+  void FollowMoved(const std::vector<platform::PlacedItem>& placed) override {
+    reader_.FollowMoved(placed);
+  }
+  void LookAtFound() override;
+  void DrivesChanged() override;
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed,
                    std::function<bool()> tells) override;
 
@@ -79,6 +85,8 @@ class FileBody : public ListBody {
   void SetCurrent(RowId row);
   void MeasureSizes();
   void ShowMarks(const CompareCounts& counts);
+
+  bool looksLater_ = false;  // what was found is to be looked at again
 
   FileListState files_;
   FileReader reader_;

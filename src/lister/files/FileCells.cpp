@@ -7,7 +7,7 @@ namespace tarnwell::lister {
 
 std::string FileCellText(const FileListState& files, RowId row, HeadingId heading) {
   const FileRow& item = files.Rows.Row(row);
-  const std::string_view name = files.Rows.Name(row);
+  const std::string_view name = files.Rows.OwnName(row);
   const ListServices& services = files.List.Services;
   switch (heading) {
     case HeadingId::Name:
@@ -27,7 +27,7 @@ std::string FileCellText(const FileListState& files, RowId row, HeadingId headin
     case HeadingId::Comments:
       return base::ForDisplay(files.Rows.Comment(row));
     case HeadingId::Path:
-      return base::ForDisplay(files.Rows.Folder());
+      return base::ForDisplay(files.FolderOf(row));
     case HeadingId::Permissions:
       return item.HasAttributes ? PermissionText(item.Mode) : "";
   }
@@ -36,7 +36,7 @@ std::string FileCellText(const FileListState& files, RowId row, HeadingId headin
 
 std::string FileCellBytes(const FileListState& files, RowId row, HeadingId heading) {
   const FileRow& item = files.Rows.Row(row);
-  const std::string_view name = files.Rows.Name(row);
+  const std::string_view name = files.Rows.OwnName(row);
   switch (heading) {
     case HeadingId::Name:
       return std::string(name);
@@ -51,7 +51,7 @@ std::string FileCellBytes(const FileListState& files, RowId row, HeadingId headi
     case HeadingId::Comments:
       return std::string(files.Rows.Comment(row));
     case HeadingId::Path:
-      return files.Rows.Folder();
+      return files.FolderOf(row);
     default:
       return FileCellText(files, row, heading);
   }
@@ -64,8 +64,7 @@ RowState FileRowState(const FileListState& files, RowId row) {
           .IsLink = item.IsLink,
           .IsBroken = item.IsBroken,
           .IsHidden = item.IsHidden,
-          .IsCut = !cut.IsEmpty() &&
-                   cut.Has(files.List.Syntax.Join(files.Rows.Folder(), files.Rows.Name(row))),
+          .IsCut = !cut.IsEmpty() && cut.Has(files.PathOf(row)),
           .IsSelected = item.IsSelected,
           .Colour = files.ShowsColours() ? item.Colour : ItemColour::Default,
           .Marks = item.Marks};

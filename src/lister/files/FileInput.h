@@ -39,7 +39,7 @@ class FileInput : public CommonInput {
     return files_.Rows.Has(files_.Current) ? files_.Current : NoRow;
   }
   RowId RowBelow(RowId row) const override;
-  std::string_view NameOf(RowId row) const override { return files_.Rows.Name(row); }
+  std::string_view NameOf(RowId row) const override { return files_.Rows.OwnName(row); }
   void MoveTo(RowId row) override;
   void ShowTyped(const std::string& text) override;
   void AskNewFolder(int keyCode, int shift) override;

@@ -37,6 +37,19 @@ struct FileListState {
   // The view's calls on the rows of the root.
   ListerView& View() { return List.View(); }
 
+  // The rows are of what was found below their folder, not of what that holds.
+  bool ShowsFound() const { return Rows.HoldsPaths(); }
+  std::string PathOf(RowId row) const { return List.Syntax.Join(Rows.Folder(), Rows.Name(row)); }
+  // The folder that holds the item.
+  std::string FolderOf(RowId row) const {
+    return ShowsFound() ? List.Syntax.ParentOf(PathOf(row)) : Rows.Folder();
+  }
+  // The row on show that had the cursor when the folder was last on show; NoRow for none.
+  RowId Remembered() const {
+    if (ShowsFound()) return NoRow;
+    const RowId row = Rows.Find(List.Active.Find(Rows.Folder()));
+    return Rows.Has(row) ? row : NoRow;
+  }
   bool ShowsComments() const { return List.Table[HeadingId::Comments].Active; }
   bool ShowsColours() const {
     return List.Settings.ShowColour && FileCount() <= List.Settings.FileCountMax;
@@ -45,7 +58,7 @@ struct FileListState {
   // and the folder has not changed since.
   void ShowKnownSize(RowId row) {
     if (Sizes.IsEmpty() || !Rows.Row(row).IsFolder() || Rows.Row(row).IsLink) return;
-    const std::string path = List.Syntax.Join(Rows.Folder(), Rows.Name(row));
+    const std::string path = PathOf(row);
     Sizes.Verify(path, Rows.Row(row).Modified);
     if (const auto size = Sizes.Find(path)) Rows.SetFolderSize(row, *size);
   }

@@ -34,6 +34,11 @@ class Flag {
 
 void FileReader::Load(const std::string& folder) {
   if (terminated_) return;
+  isOfFound_ = false;
+  Begin(folder);
+}
+
+void FileReader::Begin(const std::string& folder) {
   ListState& list = files_.List;
   ++newest_;
   std::string plain = PlainPath(list.Syntax, folder);
@@ -41,23 +46,26 @@ void FileReader::Load(const std::string& folder) {
   wanted_ = list.Folder = std::move(plain);
   list.Fields.CancelRequested = false;
   stopped_ = willCatchUp_ = false;
+  arrived_.clear();
+  moved_.clear();
   readAsked_ = true;
   Work();
 }
 
 void FileReader::SetFolder(const std::string& folder) {
   const std::string plain = PlainPath(files_.List.Syntax, folder);
-  if (files_.List.Syntax.Same(plain, files_.List.Folder)) return;
+  if (isOfFound_ || files_.List.Syntax.Same(plain, files_.List.Folder)) return;
   files_.List.Folder = plain;
   follower_.Follow(plain);
 }
 
 void FileReader::Refresh() {
+  if (isOfFound_) return LookAgain();
   if (!files_.List.Folder.empty()) Load(files_.List.Folder);
 }
 
 void FileReader::FolderChanged(const platform::FolderChanges& changes) {
-  if (stopped_ || terminated_) return;
+  if (stopped_ || terminated_ || isOfFound_) return;
   update_.Add(changes);
   if (!busy_ && !willCatchUp_) CatchUp();
 }
@@ -129,9 +137,15 @@ bool FileReader::DoNext() {
   if (terminated_) return false;
   if (readAsked_) {
     Read();
+  } else if (!arrived_.empty()) {
+    TakeFound();
+  } else if (!moved_.empty()) {
+    Follow();
   } else if (sortAsked_) {
     ReadJob job = NewJob();
     Sort(job);
+  } else if (lookAsked_ && !stopped_) {
+    LookAtFound();
   } else if (!stopped_ && !willCatchUp_ && !update_.HasNone() && !update_.IsEverything()) {
     Update();
   } else if (!stopped_ && details_.LacksExtendedAttributes()) {
@@ -169,18 +183,23 @@ void FileReader::LetThrough(ReadJob& job, const std::string& progress) {
   } else if (sortAsked_ && job.MaySort && !sorting_) {
     Sort(job);
   }
+  const bool isWanted = !arrived_.empty() || !moved_.empty();
+  if (job.Goes() && job.GivesWay && isWanted) job.Standing = Standing::GaveWay;
 }
 
 // --- Reading.
 
 void FileReader::Read() {
-  readAsked_ = false;
+  readAsked_ = lookAsked_ = false;
+  if (isOfFound_) return BeginFound();
   ReadJob job = NewJob();
   const platform::Clock& clock = files_.List.Services.Clock;
   const std::int64_t start = clock.Ticks();
   const std::string folder = files_.List.Folder = wanted_;
   update_.Clear();
-  if (!files_.List.Syntax.Same(files_.Rows.Folder(), folder)) ClearFor(folder);
+  if (files_.ShowsFound() || !files_.List.Syntax.Same(files_.Rows.Folder(), folder)) {
+    ClearFor(folder);
+  }
   follower_.Follow(folder);  // before the read, so that no change falls between the two
 
   base::Status status;
@@ -288,7 +307,8 @@ void FileReader::ClearFor(const std::string& folder) {
   files_.List.Filter = {};
   files_.Note.clear();
   files_.NamesAreRead = false;
-  Replace(FileRows(folder));
+  LendPath(isOfFound_);
+  Replace(isOfFound_ ? FileRows(folder, files_.List.Syntax.Separator) : FileRows(folder));
   files_.View().FilterChanged();
 }
 
@@ -313,8 +333,7 @@ void FileReader::Replace(FileRows&& rows) {
   if (files_.BeforeReset) files_.BeforeReset();
   files_.View().BeginReset();
   files_.Rows = std::move(rows);
-  const RowId row = files_.Rows.Find(files_.List.Active.Find(files_.Rows.Folder()));
-  files_.Current = files_.Rows.Has(row) ? row : NoRow;
+  files_.Current = files_.Remembered();
   ++files_.Orders;
   files_.View().EndReset();
 }
@@ -338,16 +357,19 @@ void FileReader::MindChanges(std::int64_t readFor) {
 
 // --- Work on the rows that are there.
 
-void FileReader::Sort(ReadJob& job) {
+std::vector<RowId> FileReader::SortedRows(ReadJob& job) {
   std::vector<RowId> order;
-  {
-    const Flag sorting(sorting_);
-    do {
-      sortAsked_ = false;
-      const std::vector<SortKey> keys = files_.List.Keys.Entries();
-      order = files_.Rows.Sorted(keys, files_.List.Names, SortPace(job));
-    } while (sortAsked_ && !job.IsSuperseded());
-  }
+  const Flag sorting(sorting_);
+  do {
+    sortAsked_ = false;
+    const std::vector<SortKey> keys = files_.List.Keys.Entries();
+    order = files_.Rows.Sorted(keys, files_.List.Names, SortPace(job));
+  } while (sortAsked_ && !job.IsSuperseded());
+  return order;
+}
+
+void FileReader::Sort(ReadJob& job) {
+  std::vector<RowId> order = SortedRows(job);
   if (!job.IsSuperseded()) {
     KeepCursor(files_, TakenBy(files_), [&] {
       ArrangeRows(files_.Rows, std::move(order), files_.List.Filter, files_.View());
@@ -361,7 +383,7 @@ void FileReader::ReadExtendedAttributes() {
   ReadJob job = NewJob();
   job.MaySort = true;
   base::Status status;
-  job.Folder = files_.List.Services.Files.OpenFolder(files_.Rows.Folder(), status);
+  job.Folder = OpenShown(status);
   details_.ReadExtendedAttributes(job);
   if (job.Standing == Standing::Cancelled) files_.List.Fields.CancelRequested = false;
   if (!job.IsSuperseded() && FileRows::NeedsExtendedAttributes(files_.List.Keys.Entries()))

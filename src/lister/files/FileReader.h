@@ -9,13 +9,17 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "lister/files/DetailsReader.h"
 #include "lister/files/FileListState.h"
 #include "lister/files/FolderUpdate.h"
 #include "lister/list/ReadJob.h"
+#include "platform/FileOperation.h"
+#include "platform/FileSearch.h"
 
 namespace tarnwell::lister {
 
@@ -36,6 +40,13 @@ class FileReader {
   // Switches and headings may show extended attributes that have not been read yet.
   void SettingsChanged();
   void Terminate();
+
+  // What was found, see ListerControl. Refresh looks at each item again then.
+  void ShowFound(const std::string& folder);
+  void AddFound(const std::vector<platform::FoundItem>& items);
+  bool ShowsFound() const { return isOfFound_; }
+  std::vector<platform::FoundItem> FoundItems() const;
+  void FollowMoved(const std::vector<platform::PlacedItem>& placed);
 
   bool IsReading() const { return busy_; }
   // Runs the work at once, or as soon as the read that runs is done. It is dropped when that is
@@ -60,11 +71,28 @@ class FileReader {
   void ShowKnownSizes();
   void ReadDetails(ReadJob& job);
   void ClearFor(const std::string& folder);
+  void LendPath(bool lends);
   void ShowNames(FileRows&& fresh, std::vector<RowId> partners);
   void Replace(FileRows&& rows);
   void Stop();
   void MindChanges(std::int64_t readFor);
 
+  void Begin(const std::string& folder);
+  // The folder of the rows; null with the reason where it cannot be opened.
+  std::unique_ptr<platform::OpenedFolder> OpenShown(base::Status& status) const;
+
+  void BeginFound();
+  void TakeFound();
+  // Gives up where the rows have been replaced.
+  bool StoreFound(ReadJob& job, std::vector<RowId>& fresh);
+  void Follow();
+  void LookAtFound();
+  void DropGone(ReadJob& job);
+  void ArrangeWithout(const std::unordered_set<RowId>& gone, std::vector<RowId> order);
+  void LookAgain();
+
+  // None once a newer load has come.
+  std::vector<RowId> SortedRows(ReadJob& job);
   void Sort(ReadJob& job);
   void ReadExtendedAttributes();
   void Update();
@@ -83,6 +111,11 @@ class FileReader {
   bool willCatchUp_ = false;  // the view was asked for it
   bool stopped_ = false;      // by the user: changes wait for the next load
   bool terminated_ = false;
+  bool isOfFound_ = false;                     // the newest load is of what was found
+  std::vector<platform::FoundItem> arrived_;   // of it, without rows yet
+  std::vector<RowId> noteless_;                // rows that came since notes were read
+  std::vector<platform::PlacedItem> moved_;    // to be followed
+  bool lookAsked_ = false;                     // at what has not been tried
   std::deque<std::function<void()>> waiting_;  // for the read to be done
   bool runsWaiting_ = false;
 };

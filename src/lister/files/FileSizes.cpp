@@ -10,7 +10,7 @@ bool FileSizes::IsFolder(RowId row) const {
 }
 
 std::string FileSizes::PathOf(RowId row) const {
-  return list_.Syntax.Join(files_.Rows.Folder(), files_.Rows.Name(row));
+  return files_.PathOf(row);
 }
 
 std::vector<RowId> FileSizes::Folders() const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "base/Text.h"
 #include "lister/rows/CellText.h"
 #include "platform/CountedTexts.h"
 
@@ -23,9 +24,11 @@ std::string OnShow(const platform::NumberForms& forms, const FileRows& rows,
   const auto items = static_cast<std::uint64_t>(rows.Count());
   const std::string folders =
       platform::Counted(forms, CountedText::Folders, static_cast<std::uint64_t>(totals.Folders));
-  std::string text = items == all ? platform::Counted(forms, CountedText::OnShow, all, {folders})
-                                  : platform::Counted(forms, CountedText::OnShowOfItems, all,
-                                                      {forms.Grouped(items), folders});
+  std::string text;
+  if (rows.HoldsPaths()) text = "Found below " + base::ForDisplay(rows.Folder()) + ": ";
+  text += items == all ? platform::Counted(forms, CountedText::OnShow, all, {folders})
+                       : platform::Counted(forms, CountedText::OnShowOfItems, all,
+                                           {forms.Grouped(items), folders});
   if (totals.Bytes > 0) text += ", " + ByteText(forms, totals.Bytes);
   return text;
 }
@@ -76,6 +79,7 @@ EmptyNote NoteOf(const FileListState& files) {
     return {.Text = platform::Counted(forms, CountedText::HiddenByFilter, all), .ByFilter = true};
   }
   if (!files.Trouble.empty()) return {.Text = files.Trouble};
+  if (files.ShowsFound()) return {.Text = "What was found is no longer there"};
   if (files.HiddenCount == 0) return {.Text = "This folder is empty"};
   return {.Text = platform::Counted(forms, CountedText::Hidden, files.HiddenCount)};
 }

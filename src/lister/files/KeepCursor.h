@@ -28,8 +28,7 @@ void KeepCursor(FileListState& files, Stays stays, Change change) {
     const int place = above == NoRow ? 0 : files.Rows.PositionOf(above) + 1;
     files.Current = files.Rows.At(std::min(place, files.Rows.Count() - 1));
   } else {
-    const RowId row = files.Rows.Find(files.List.Active.Find(files.Rows.Folder()));
-    files.Current = files.Rows.Has(row) ? row : NoRow;
+    files.Current = files.Remembered();
   }
   if (goes || files.Current != NoRow) files.View().CurrentChanged();
 }
@@ -45,7 +44,7 @@ void KeepCursorAndPlace(FileListState& files, Stays stays, Change change) {
 // Rows that the filter takes.
 inline auto TakenBy(const FileListState& files) {
   return [&files](RowId row) {
-    return files.List.Filter.Takes(files.Rows.Name(row), files.Rows.Row(row).IsFolder());
+    return files.List.Filter.Takes(files.Rows.OwnName(row), files.Rows.Row(row).IsFolder());
   };
 }
 

@@ -17,17 +17,13 @@ using platform::LaunchFailure;
 
 constexpr std::size_t mostTold = 10;
 
-std::string PathOf(const FileListState& files, RowId row) {
-  return files.List.Syntax.Join(files.Rows.Folder(), files.Rows.Name(row));
-}
-
 // What the item is by now.
 base::Status LookAt(const FileListState& files, RowId row, ItemKind& kind) {
   kind = files.Rows.Row(row).Kind;
   if (kind == ItemKind::Folder) return {};
   platform::ItemAttributes attributes{.Kind = kind};
   base::Status status = files.List.Services.Files.ReadAttributes(
-      files.Rows.Folder(), std::string(files.Rows.Name(row)), attributes);
+      files.FolderOf(row), std::string(files.Rows.OwnName(row)), attributes);
   kind = attributes.Kind;
   if (status && attributes.IsLink && kind == ItemKind::Other) {
     return {.Code = -1, .Reason = "The link leads to no file and no folder"};
@@ -54,7 +50,7 @@ void Tell(ListState& list, const std::vector<LaunchFailure>& failures) {
 void Open(FileListState& files, const std::vector<std::string>& paths,
           std::vector<LaunchFailure> failures) {
   if (!paths.empty()) {
-    const std::string folder = files.Rows.Folder();
+    const std::string folder = files.List.Syntax.ParentOf(paths.front());
     for (LaunchFailure& failure : files.List.Services.Launcher.OpenFiles(paths, folder)) {
       failures.push_back(std::move(failure));
     }
@@ -66,11 +62,11 @@ void Open(FileListState& files, const std::vector<std::string>& paths,
 
 void OpenRow(FileListState& files, RowId row) {
   if (!files.Rows.Has(row)) return;
-  const std::string path = PathOf(files, row);
+  const std::string path = files.PathOf(row);
   ItemKind kind;
   const base::Status status = LookAt(files, row, kind);
   if (kind == ItemKind::Folder) {
-    files.List.Events.OpenChildFolder(files.List.Id, path, files.Rows.Folder());
+    files.List.Events.OpenChildFolder(files.List.Id, path, files.FolderOf(row));
   } else if (status) {
     Open(files, {path}, {});
   } else {
@@ -90,9 +86,9 @@ void OpenSelectedOr(FileListState& files, RowId row) {
     const base::Status status = LookAt(files, each, kind);
     if (kind == ItemKind::Folder) continue;
     if (status) {
-      paths.push_back(PathOf(files, each));
+      paths.push_back(files.PathOf(each));
     } else {
-      failures.push_back({PathOf(files, each), status});
+      failures.push_back({files.PathOf(each), status});
     }
   }
   Open(files, paths, std::move(failures));

@@ -28,7 +28,10 @@ ClickedItem DescribeItem(const ListState& list, const ListRows& rows, RowId row)
 
 ClickedItem DescribeClicked(const ListState& list, const ListRows& rows, RowId row) {
   ClickedItem item = DescribeItem(list, rows, row);
-  if (item.Kind != NothingClicked || !IsFileList(list.Id) || list.Folder.empty()) return item;
+  if (item.Kind != NothingClicked || !IsFileList(list.Id) || list.Folder.empty() ||
+      rows.ShowsFound()) {
+    return item;
+  }
   return {ClickedEmptySpace, list.Syntax.AddSeparator(list.Folder)};
 }
 

@@ -32,7 +32,7 @@ bool IsFolder(const ListState& list, const ListRows& rows, RowId row);
 // The top of a folder list.
 bool IsDriveRoot(const ListState& list, const ListRows& rows, RowId row);
 ClickedItem DescribeItem(const ListState& list, const ListRows& rows, RowId row);
-// Empty space where the row is none.
+// Empty space where the row is none; nothing where what is shown is in no one folder.
 ClickedItem DescribeClicked(const ListState& list, const ListRows& rows, RowId row);
 
 }  // namespace tarnwell::lister

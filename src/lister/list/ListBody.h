@@ -21,6 +21,7 @@
 #include "lister/rows/NoView.h"
 #include "lister/rows/SortKeys.h"
 #include "platform/FileOperation.h"
+#include "platform/FileSearch.h"
 
 namespace tarnwell::lister {
 
@@ -100,6 +101,13 @@ class ListBody : public ListRows {
   virtual int OpenLevel() const { return 0; }
 
   virtual void LoadContents(const std::string&) {}
+  // See ListerControl.
+  virtual void ShowFound(const std::string& /*folder*/) {}
+  virtual void AddFound(const std::vector<platform::FoundItem>&) {}
+  virtual std::vector<platform::FoundItem> FoundItems() const { return {}; }
+  virtual void FollowMoved(const std::vector<platform::PlacedItem>&) {}
+  // What was found is looked at again if that has been put off.
+  virtual void LookAtFound() {}
   virtual void PlaceCursor(const std::vector<platform::PlacedItem>&,
                            std::function<bool()> /*tells*/) {}
 

@@ -44,8 +44,10 @@ void ListColumns::DoubleClick(int heading, bool shift) {
 
 void ListColumns::Toggle(int heading) {
   if (!IsHeading(heading)) return;
-  const bool active = list_.Table[static_cast<HeadingId>(heading)].Active;
-  Set(heading, "active", base::Value(!active));
+  const auto id = static_cast<HeadingId>(heading);
+  const bool shown = list_.Table.IsShown(id);
+  if (id == HeadingId::Path) list_.Table.LendsPath = false;
+  Set(heading, "active", base::Value(!shown));
   list_.Events.HeadingsChanged(list_.Id);
 }
 

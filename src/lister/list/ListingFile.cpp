@@ -27,20 +27,20 @@ std::vector<RowId> RowsOnShow(const ListBody& body) {
   return rows;
 }
 
-std::vector<HeadingId> Columns(const ListState& list) {
+std::vector<HeadingId> Columns(const ListState& list, const ListBody& body) {
   std::vector<HeadingId> columns;
   for (const HeadingId heading : list.Table.Order()) {
-    if (list.Table[heading].Active) columns.push_back(heading);
+    if (list.Table.IsShown(heading)) columns.push_back(heading);
   }
   // The names of a tree say little without their places.
   const bool hasPath = std::ranges::find(columns, HeadingId::Path) != columns.end();
-  if (!IsFileList(list.Id) && !hasPath) columns.push_back(HeadingId::Path);
+  if ((!IsFileList(list.Id) || body.ShowsFound()) && !hasPath) columns.push_back(HeadingId::Path);
   return columns;
 }
 
 // False when it was ended; `reason` then tells why.
 bool MakeListing(ListState& list, const ListBody& body, std::string& text, std::string& reason) {
-  const std::vector<HeadingId> columns = Columns(list);
+  const std::vector<HeadingId> columns = Columns(list, body);
   const std::string folder = list.Folder, drive = list.Drive;
   std::vector<std::string> fields;
   fields.reserve(columns.size());

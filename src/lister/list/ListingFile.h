@@ -1,7 +1,8 @@
 // The listing of a list as a file of comma separated values, by RFC 4180.
 //
 // A line of the captions of the headings on show, in their order; then a line for each row on show,
-// from the top. A folder list has the path of each folder too. Lines end in CR LF; UTF-8 without a
+// from the top. A folder list has the path of each folder too, and a list
+// of what was found the folder of each item. Lines end in CR LF; UTF-8 without a
 // mark at the start; sizes in plain digits, dates as "yyyy-mm-dd hh:mm:ss" in local time.
 //
 // What is read from it leads back to each name: a byte that is no UTF-8 is written as "\xHH" and a

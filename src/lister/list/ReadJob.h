@@ -11,7 +11,8 @@
 namespace tarnwell::lister {
 
 // How the work stands after messages were let through.
-enum class Standing { Going, Cancelled, Superseded };
+// GaveWay: other work comes first, and this one has to be asked for again.
+enum class Standing { Going, Cancelled, Superseded, GaveWay };
 
 struct ReadJob {
   // Shows the progress and lets messages through.
@@ -29,7 +30,8 @@ struct ReadJob {
   std::unique_ptr<platform::OpenedFolder> Folder;
   lister::Standing Standing = lister::Standing::Going;
   bool HeedsCancel = true;
-  bool MaySort = false;  // the rows on show are the ones that it works on
+  bool MaySort = false;   // the rows on show are the ones that it works on
+  bool GivesWay = false;  // to rows that come meanwhile
   LetThrough Through;
   // Any call that the job makes may have to wait for another machine.
   const platform::WaitScope Waits;

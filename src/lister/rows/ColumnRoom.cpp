@@ -45,7 +45,7 @@ ColumnWidths WidthsIn(const Headings& table, base::Twips room) {
     return widths[static_cast<std::size_t>(id)];
   };
   for (const HeadingId id : table.Order()) {
-    if (table[id].Active) width(id) = WholePixels(table.ShownWidth(id));
+    if (table.IsShown(id)) width(id) = WholePixels(table.ShownWidth(id));
   }
   if (table.NameSized) return widths;
 

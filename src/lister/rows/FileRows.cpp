@@ -77,7 +77,7 @@ RowId FileRows::Add(const platform::FolderEntry& entry) {
 }
 
 RowId FileRows::Store(const platform::FolderEntry& entry) {
-  if (unusedNames_ > MostUnusedNames && unusedNames_ > names_.Bytes() / 2) DropUnusedNames();
+  MindUnusedNames();
   FileRow row;
   if (!names_.Add(entry.Name, row.NameStart)) return NoRow;
   row.NameLength = static_cast<std::uint16_t>(entry.Name.size());
@@ -114,7 +114,19 @@ void FileRows::Forget(RowId row) {
   free_.push_back(row);
 }
 
-void FileRows::DropUnusedNames() {
+bool FileRows::Rename(RowId row, std::string_view name) {
+  MindUnusedNames();
+  std::uint32_t start = 0;
+  if (!names_.Add(name, start)) return false;
+  FileRow& item = Stored(row);
+  unusedNames_ += item.NameLength;
+  item.NameStart = start;
+  item.NameLength = static_cast<std::uint16_t>(name.size());
+  return true;
+}
+
+void FileRows::MindUnusedNames() {
+  if (unusedNames_ <= MostUnusedNames || unusedNames_ <= names_.Bytes() / 2) return;
   NameArena names;
   for (RowId row = 1; row <= StoreSize(); ++row) {
     if (IsUsed(row)) names.Add(Name(row), Stored(row).NameStart);
@@ -135,6 +147,10 @@ void FileRows::SetAttributes(RowId row, const platform::ItemAttributes& attribut
     if (!sizeStays) {
       item.HasFolderSize = item.IsSizePartial = false;
       item.Size = item.IsFolder() ? 0 : attributes.Size;
+    }
+    if (HoldsPaths()) {  // a folder tells these with the names
+      item.IsHidden = attributes.IsHidden;
+      item.IsSystem = attributes.IsSystem;
     }
     item.Mode = attributes.Mode;
     item.Modified = attributes.Modified;
@@ -181,6 +197,12 @@ void FileRows::SetMarks(RowId row, CompareMarks marks) {
 
 void FileRows::SetSelected(RowId row, bool selected) {
   Change(row, [&](FileRow& item) { item.IsSelected = selected; });
+}
+
+void FileRows::ForgetTried() {
+  for (RowId row = 1; row <= StoreSize(); ++row) {
+    if (IsUsed(row)) Change(row, [](FileRow& item) { item.WasTried = false; });
+  }
 }
 
 void FileRows::KeepSelection() {
@@ -291,7 +313,7 @@ std::vector<RowId> FileRows::Taken(const NameFilter& filter, const std::vector<R
   for (RowId row = 1; row <= StoreSize(); ++row) {
     const FileRow& item = Row(row);
     taken[static_cast<std::size_t>(row)] =
-        item.IsUsed && filter.Takes(NameOf(item), item.IsFolder());
+        item.IsUsed && filter.Takes(OwnNameIn(NameOf(item)), item.IsFolder());
   }
   const auto isTaken = [&](RowId row) { return taken[static_cast<std::size_t>(row)] != 0; };
   std::vector<RowId> these;
@@ -340,7 +362,7 @@ std::vector<ExtensionChoice> FileRows::Extensions(const NameOrder& names) const 
   std::unordered_map<std::string_view, int> spellings;
   for (RowId row = 1; row <= StoreSize(); ++row) {
     const FileRow& item = Row(row);
-    if (item.IsUsed && !item.IsFolder()) ++spellings[ExtensionOf(NameOf(item))];
+    if (item.IsUsed && !item.IsFolder()) ++spellings[ExtensionOf(OwnNameIn(NameOf(item)))];
   }
   spellings.erase(std::string_view());
   std::unordered_map<std::string, int> counts;

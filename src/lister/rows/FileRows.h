@@ -1,5 +1,5 @@
-// The items of one folder and their order. Keeps, sorts and filters them; reads nothing and tells
-// no view: MergeRows.h does that.
+// The items of one folder, or what was found below it, and their order. Keeps, sorts and filters
+// them; reads nothing and tells no view: MergeRows.h does that.
 //
 // A row stays where it was stored, and two small maps lead from places on the screen to rows and
 // back. RowId is the row's place in the store plus one; the place of a row that is gone serves a
@@ -77,8 +77,13 @@ class FileRows {
 
   FileRows() = default;
   explicit FileRows(std::string folder) : folder_(std::move(folder)) {}
+  // Of items that were found below the folder: the name of each is its path from there on, with the
+  // separator between its components.
+  FileRows(std::string folder, char separator)
+      : folder_(std::move(folder)), separator_(separator) {}
 
   const std::string& Folder() const { return folder_; }
+  bool HoldsPaths() const { return separator_ != NoSeparator; }
   // Rows on show.
   int Count() const { return static_cast<int>(order_.size()); }
   // Kept as rows change.
@@ -98,6 +103,8 @@ class FileRows {
   // The row has no place until it is given one (Reordered, ArrangeRows); otherwise as Add. Texts
   // that Name gave before do not hold any longer.
   RowId Store(const platform::FolderEntry& entry);
+  // Gives the item another name; false where there is no room. As Store with texts of Name.
+  bool Rename(RowId row, std::string_view name);
   // What is known of a folder's size stays while its date of change does.
   void SetAttributes(RowId row, const platform::ItemAttributes& attributes);
   void SetUnreadable(RowId row);
@@ -107,6 +114,8 @@ class FileRows {
   void SetMarks(RowId row, CompareMarks marks);
   // The kinds of marks that rows have, on show or not.
   CompareMarks Marks() const { return marked_.Kinds(); }
+  // What was known of each row was so; it is to be asked for anew.
+  void ForgetTried();
   // Of a row on show. One that goes off show is not selected any more.
   void SetSelected(RowId row, bool selected);
   void KeepSelection();
@@ -118,6 +127,16 @@ class FileRows {
   const FileRow& Row(RowId row) const { return rows_[static_cast<std::size_t>(row - 1)]; }
   std::string_view Name(RowId row) const { return NameOf(Row(row)); }
   RowId At(int position) const { return order_[static_cast<std::size_t>(position)]; }
+  // What the item is called in its folder.
+  std::string_view OwnName(RowId row) const { return OwnNameIn(Name(row)); }
+  // Of a name: its last component, and what stands ahead of that; the whole, and nothing, where
+  // names are no paths.
+  std::string_view OwnNameIn(std::string_view name) const {
+    return HoldsPaths() ? name.substr(name.rfind(separator_) + 1) : name;
+  }
+  std::string_view FolderPartOf(std::string_view name) const {
+    return name.substr(0, name.size() - OwnNameIn(name).size());
+  }
   // -1 for a row that is not on show.
   int PositionOf(RowId row) const { return positions_[static_cast<std::size_t>(row - 1)]; }
   // The row with that very name, on show or not; NoRow if there is none. A look at every row.
@@ -190,9 +209,12 @@ class FileRows {
   void CountAll();
   void TakeOffShow(RowId row);
   void Renumber(int from);
-  void DropUnusedNames();
+  void MindUnusedNames();
+
+  static constexpr char NoSeparator = '\0';
 
   std::string folder_;
+  char separator_ = NoSeparator;
   NameArena names_;
   std::size_t unusedNames_ = 0;  // bytes in names_ of rows that are gone
   BlockVector<FileRow> rows_;

@@ -122,14 +122,14 @@ int Headings::Beside(int heading, bool left) const {
   int place = table_[Checked(heading)].Index + step;
   for (; place >= 0 && place < HeadingCount; place += step) {
     const HeadingId beside = order[static_cast<std::size_t>(place)];
-    if ((*this)[beside].Active) return static_cast<int>(beside);
+    if (IsShown(beside)) return static_cast<int>(beside);
   }
   return -1;
 }
 
 bool Headings::Move(int heading, bool left) {
   Heading& moved = table_[Checked(heading)];
-  const int beside = moved.Active ? Beside(heading, left) : -1;
+  const int beside = IsShown(static_cast<HeadingId>(heading)) ? Beside(heading, left) : -1;
   if (beside < 0) return false;
   std::swap(moved.Index, table_[static_cast<std::size_t>(beside)].Index);
   return true;

@@ -83,6 +83,12 @@ class Headings {
   // width of a new table, which no font has a say in: settings thus carry a width from one font to
   // another only if somebody chose it.
   base::Twips ShownWidth(HeadingId id) const;
+  // Whether the heading is shown: active, or the path while that is lent, which no setting tells.
+  bool IsShown(HeadingId id) const {
+    return (*this)[id].Active || (LendsPath && id == HeadingId::Path);
+  }
+  bool LendsPath = false;
+
   // Whether a cell of a column of that width is to show ListRows::BriefText.
   bool IsBrief(HeadingId id, base::Twips width) const { return width < Needs(id).Cell; }
 

@@ -37,6 +37,8 @@ class ListRows {
   virtual std::string LinkNote(RowId row) const = 0;
   virtual RowId CurrentRow() const = 0;
   virtual EmptyNote NoteOfEmptiness() const = 0;
+  // The rows are items that were found below a folder, and belong to many.
+  virtual bool ShowsFound() const { return false; }
 
   // The cursor moves to the row: a folder list opens it, a file list tells the item.
   virtual void MoveCurrent(RowId row) = 0;

@@ -30,7 +30,7 @@ void AppendText(std::string_view text, const NameOrder& names, std::string& key)
 }
 
 std::string_view Extension(const FileRows& rows, const FileRow& row) {
-  return row.IsFolder() ? std::string_view() : ExtensionOf(rows.NameOf(row));
+  return row.IsFolder() ? std::string_view() : ExtensionOf(rows.OwnNameIn(rows.NameOf(row)));
 }
 
 // As TypeText has it.
@@ -61,7 +61,7 @@ constexpr Segment TimeSegment = {
 // In the order of HeadingId.
 constexpr std::array<Segment, HeadingCount> Segments{{
     {.Append = [](const FileRows& rows, RowId row, const NameOrder& names,
-                  std::string& key) { AppendText(rows.Name(row), names, key); }},
+                  std::string& key) { AppendText(rows.OwnName(row), names, key); }},
     {.Append = [](const FileRows& rows, RowId row, const NameOrder& names,
                   std::string& key) { AppendText(Extension(rows, rows.Row(row)), names, key); }},
     {.Append = [](const FileRows& rows, RowId row, const NameOrder&,
@@ -81,8 +81,11 @@ constexpr std::array<Segment, HeadingCount> Segments{{
     {.Append = [](const FileRows& rows, RowId row, const NameOrder& names,
                   std::string& key) { AppendText(rows.Comment(row), names, key); },
      .NeedsExtendedAttributes = true},
-    // The path: all items are in one folder.
-    {.Append = [](const FileRows&, RowId, const NameOrder&, std::string&) {}},
+    // The path: all items are in one folder, unless they were found below it.
+    {.Append =
+         [](const FileRows& rows, RowId row, const NameOrder& names, std::string& key) {
+           if (rows.HoldsPaths()) AppendText(rows.FolderPartOf(rows.Name(row)), names, key);
+         }},
     {.Append =
          [](const FileRows& rows, RowId row, const NameOrder&, std::string& key) {
            const FileRow& item = rows.Row(row);

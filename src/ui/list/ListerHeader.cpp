@@ -77,7 +77,7 @@ void ListerHeader::ShowHeadings() {
     const HeadingId id = order[static_cast<std::size_t>(place)];
     const int section = static_cast<int>(id);
     moveSection(visualIndex(section), place);
-    setSectionHidden(section, !table[id].Active);
+    setSectionHidden(section, !table.IsShown(id));
   }
   ShowWidths();
   viewport()->update();
@@ -127,7 +127,7 @@ void ListerHeader::contextMenuEvent(QContextMenuEvent* event) {
   for (const HeadingId id : table.Order()) {
     QAction* const entry = menu->addAction(ToQString(table[id].Caption));
     entry->setCheckable(true);
-    entry->setChecked(table[id].Active);
+    entry->setChecked(table.IsShown(id));
     entry->setEnabled(id != HeadingId::Name);
     connect(entry, &QAction::triggered, this,
             [this, id] { emit ToggleAsked(static_cast<int>(id)); });
