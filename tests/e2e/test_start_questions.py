@@ -1,6 +1,9 @@
 """The two questions at the start that offer to reset all settings."""
 
-from harness import THREE_PANES, EndToEndTest, click_close, keys, wait_for
+import subprocess
+
+from harness import (START_LIMIT, THREE_PANES, EndToEndTest, click_close, keys, mouse,
+                     wait_for)
 
 MARKER_QUESTION = "It appears as though Tarnwell did not shut down properly"
 RESET_QUESTION = "Do you want to reset Tarnwell?"
@@ -12,15 +15,20 @@ class StartQuestionsTest(EndToEndTest):
         self.settings.write_bytes(THREE_PANES)
         if question == MARKER_QUESTION:
             self.marker.write_bytes(b"left by another run")
+        presses = subprocess.Popen(["xdotool", "key", "--repeat", "2000", "--delay", "10", "r"]
+                                   if question == RESET_QUESTION else ["true"])
         program = self.launch()
 
         def asks():
             program.check_alive()
-            if question == RESET_QUESTION:
-                keys("r")  # again and again: the splash is up for a third of a second only
             return program.find_message(question)
 
-        wait_for(f"the question {question}", asks)
+        try:  # all the time: the splash is up for a third of a second only
+            wait_for(f"the question {question}", asks, START_LIMIT)
+        finally:
+            presses.kill()
+            presses.wait()
+            mouse("keyup", "r")
         return program, program.message(question)
 
     def test_the_start_goes_on_with_the_settings_or_without(self):
