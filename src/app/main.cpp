@@ -47,6 +47,7 @@
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/FilePath.h"
 #include "ui/toolkit/IconSource.h"
+#include "ui/toolkit/ScrollAccess.h"
 #include "ui/toolkit/SkinStyle.h"
 
 namespace {
@@ -111,6 +112,7 @@ int main(int argc, char** argv) {
   // while the forms place the rest themselves, and all texts are English.
   QApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setStyle(new ui::SkinStyle);
+  ui::TellOfScrollAreas();
 
   if (arguments.ExitCode) {
     ShowStartError(arguments.Error);

@@ -2,6 +2,7 @@
 #include "fakes/FakeOperationEngine.h"
 #include "fakes/FakePlatform.h"
 #include "ui/operation/OperationViews.h"
+#include "ui/toolkit/ScrollAccess.h"
 
 namespace tarnwell::ui {
 namespace {
@@ -252,6 +253,15 @@ TEST_F(OperationViewsTest, AWindowServesThoseWhoWantItAndTheTimeAfterTheMainWind
   Engine.DoneAll();
   Refresh();
   EXPECT_EQ(Window(), nullptr);
+}
+
+// A screen reader asks for parts that it has counted a while ago.
+TEST_F(OperationViewsTest, TheirAreaHasNothingBehindItsLastPart) {
+  TellOfScrollAreas();
+  QScrollArea area;
+  const QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(&area);
+  EXPECT_NE(told->child(0), nullptr);
+  EXPECT_EQ(told->child(1'000'000), nullptr);
 }
 
 }  // namespace
