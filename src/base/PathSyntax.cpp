@@ -16,15 +16,26 @@ std::string_view WithoutEnd(std::string_view path, char separator) {
 
 // The text as it is compared: by capitals, but for letters beyond ASCII whose capital is an ASCII
 // letter. File systems keep those apart, the dotless "i" from "I" say.
-std::string Folded(std::string_view text, bool caseSensitive) {
-  if (caseSensitive) return std::string(text);
-  std::string folded;
-  folded.reserve(text.size());
-  for (std::size_t position = 0; position < text.size();) {
+void AppendFolded(std::string_view text, bool caseSensitive, std::string& folded) {
+  const std::size_t start = folded.size();
+  folded.append(text);
+  if (caseSensitive) return;
+  // Most names are ASCII to their end, and these letters keep their places.
+  std::size_t position = 0;
+  for (; position < text.size() && static_cast<unsigned char>(text[position]) < 0x80; ++position) {
+    folded[start + position] = CapitalAscii(text[position]);
+  }
+  folded.resize(start + position);
+  while (position < text.size()) {
     const char32_t letter = NextCodePoint(text, position);
     const char32_t capital = CapitalLetter(letter);
     AppendCodePoint(folded, capital < 0x80 && letter >= 0x80 ? letter : capital);
   }
+}
+
+std::string Folded(std::string_view text, bool caseSensitive) {
+  std::string folded;
+  AppendFolded(text, caseSensitive, folded);
   return folded;
 }
 
@@ -138,8 +149,14 @@ std::string PathSyntax::DriveRoot(std::string_view drive) const {
   return std::string(drive).append(RootMark);
 }
 
+void PathSyntax::AppendKey(std::string_view path, std::string& key) const {
+  AppendFolded(WithoutEnd(path, Separator), CaseSensitive, key);
+}
+
 std::string PathSyntax::Key(std::string_view path) const {
-  return Folded(WithoutEnd(path, Separator), CaseSensitive);
+  std::string key;
+  AppendKey(path, key);
+  return key;
 }
 
 bool PathSyntax::Same(std::string_view left, std::string_view right) const {

@@ -54,6 +54,8 @@ struct PathSyntax {
   std::string DriveRoot(std::string_view drive) const;
   // The path as it is compared: two paths that mean the same item have the same key.
   std::string Key(std::string_view path) const;
+  // The same behind what `key` holds: one text serves for many keys.
+  void AppendKey(std::string_view path, std::string& key) const;
   // Whether two paths or names mean the same item; a separator at the end does not count.
   bool Same(std::string_view left, std::string_view right) const;
   // Whether the path is the folder itself or lies somewhere below it.

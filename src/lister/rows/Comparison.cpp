@@ -73,14 +73,36 @@ Verdict Compare(const FileRow& row, const CompareRecord& record, std::int32_t mo
   return verdict;
 }
 
-// Hands out records by name and kind, each once, those of the same name in their order. A table
-// with a slot for each record and as many free ones, since a node for each would cost twice the
-// time.
+// The names of rows as records hold them.
+class NameKeys {
+ public:
+  explicit NameKeys(const base::PathSyntax& syntax) : syntax_(syntax) {}
+
+  // Holds until the next call.
+  std::string_view Of(std::string_view name) {
+    if (syntax_.CaseSensitive) return name;
+    key_.clear();
+    syntax_.AppendKey(name, key_);
+    return key_;
+  }
+
+ private:
+  const base::PathSyntax& syntax_;
+  std::string key_;
+};
+
+bool IsOf(const CompareRecord& record, std::string_view key, bool isFolder) {
+  return record.Name == key && ((record.State & FolderBit) != 0) == isFolder;
+}
+
+// Hands out records, those from `first` on, by key and kind, each once, those of the same key in
+// their order. A table with a slot for each record and as many free ones, since a node for each
+// would cost twice the time.
 class RecordIndex {
  public:
-  RecordIndex(const std::vector<CompareRecord>& records, const base::PathSyntax& syntax)
-      : records_(records), syntax_(syntax), slots_(std::bit_ceil(2 * records.size() + 1)) {
-    for (std::size_t at = 0; at < records.size(); ++at) {
+  explicit RecordIndex(const std::vector<CompareRecord>& records, std::size_t first = 0)
+      : records_(records), slots_(std::bit_ceil(2 * (records.size() - first) + 1)) {
+    for (std::size_t at = first; at < records.size(); ++at) {
       const std::size_t hash = std::hash<std::string_view>()(records[at].Name);
       std::size_t place = hash & (slots_.size() - 1);
       while (slots_[place].Number != 0) place = Behind(place);
@@ -88,16 +110,13 @@ class RecordIndex {
     }
   }
 
-  std::optional<std::size_t> Take(std::string_view name, bool isFolder) {
-    const std::string folded = syntax_.CaseSensitive ? "" : syntax_.Key(name);
-    const std::string_view key = syntax_.CaseSensitive ? name : folded;
+  std::optional<std::size_t> Take(std::string_view key, bool isFolder) {
     const std::size_t hash = std::hash<std::string_view>()(key);
     for (std::size_t place = hash & (slots_.size() - 1); slots_[place].Number != 0;
          place = Behind(place)) {
       Slot& slot = slots_[place];
       if (slot.IsTaken || slot.Hash != static_cast<std::uint32_t>(hash)) continue;
-      const CompareRecord& record = records_[slot.Number - 1];
-      if (record.Name != key || ((record.State & FolderBit) != 0) != isFolder) continue;
+      if (!IsOf(records_[slot.Number - 1], key, isFolder)) continue;
       slot.IsTaken = true;
       return slot.Number - 1;
     }
@@ -114,7 +133,6 @@ class RecordIndex {
   std::size_t Behind(std::size_t place) const { return (place + 1) & (slots_.size() - 1); }
 
   const std::vector<CompareRecord>& records_;
-  const base::PathSyntax& syntax_;
   std::vector<Slot> slots_;
 };
 
@@ -186,7 +204,8 @@ std::vector<CompareRecord> MakeRecords(const FileRows& rows, const base::PathSyn
 CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std::int32_t mode,
                        const base::PathSyntax& syntax) {
   if (HasTally(records)) records.pop_back();
-  RecordIndex index(records, syntax);
+  RecordIndex index(records);
+  NameKeys keys(syntax);
   const std::int32_t onlyThere = BitsOf({.OnlyHere = true});
   for (CompareRecord& record : records) record.State = (record.State & FolderBit) | onlyThere;
   CompareCounts counts;
@@ -194,7 +213,7 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
   std::size_t paired = 0;
   ForEachRow(rows, [&](RowId row) {
     Verdict verdict{.Here = {.OnlyHere = true}, .There = {}};
-    if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
+    if (const auto at = index.Take(keys.Of(rows.Name(row)), rows.Row(row).IsFolder())) {
       CompareRecord& record = records[*at];
       verdict = Compare(rows.Row(row), record, mode);
       record.State = (record.State & FolderBit) | BitsOf(verdict.There);
@@ -209,16 +228,24 @@ CompareCounts MarkRows(FileRows& rows, std::vector<CompareRecord>& records, std:
 
 CompareCounts MarkOwnRows(FileRows& rows, const std::vector<CompareRecord>& records,
                           const base::PathSyntax& syntax) {
-  RecordIndex index(records, syntax);
   CompareCounts counts;
   counts.IsFiltered = IsFiltered(rows);
   if (HasTally(records)) counts.Missing = records.back().State;
+  NameKeys keys(syntax);
+  // As a rule each record is that of the next row. Once one is not, the rest are looked up.
+  std::size_t next = 0;
+  std::optional<RecordIndex> rest;
   ForEachRow(rows, [&](RowId row) {
-    CompareMarks marks;
-    if (const auto at = index.Take(rows.Name(row), rows.Row(row).IsFolder())) {
-      marks = MarksOf(records[*at].State);
+    const std::string_view key = keys.Of(rows.Name(row));
+    const bool isFolder = rows.Row(row).IsFolder();
+    std::optional<std::size_t> at;
+    if (!rest && next < records.size() && IsOf(records[next], key, isFolder)) {
+      at = next++;
+    } else {
+      if (!rest) rest.emplace(records, next);
+      at = rest->Take(key, isFolder);
     }
-    MarkAndCount(rows, row, marks, counts);
+    MarkAndCount(rows, row, at ? MarksOf(records[*at].State) : CompareMarks(), counts);
   });
   return counts;
 }
