@@ -3,9 +3,9 @@
 // the painting alone.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QWidget>
 
+#include "BenchApplication.h"
 #include "shell/TestRun.h"
 #include "ui/forms/SkinChooserWindow.h"
 #include "ui/main/MainWindow.h"
@@ -18,21 +18,6 @@ constexpr int FileCount = 100'000;
 constexpr QSize WindowSize(1920, 1080);
 // Far enough that colours derived from it change as well.
 constexpr base::Colour ColourStep = base::Rgb(5, 11, 7);
-
-QApplication& BenchApplication() {
-  static int count = 1;
-  static char name[] = "tarnwell_ui_bench";
-  static char* arguments[] = {name, nullptr};
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication::setStyle(QStringLiteral("Fusion"));
-  static auto* const application = new QApplication(count, arguments);
-  return *application;
-}
-
-// Lets everything happen that is due; what is done may make more so.
-void PaintWhatIsDue() {
-  for (int round = 0; round < 5; ++round) QApplication::processEvents();
-}
 
 std::string SkinContent() {
   std::ifstream file(TARNWELL_BENCH_DATA "/skins/Earl Grey.twk", std::ios::binary);
