@@ -59,7 +59,8 @@ std::optional<int> ReadPlace(std::string_view text) {
 
 std::size_t ExtensionStart(std::string_view name, bool isFolder) {
   const std::size_t dot = isFolder ? std::string_view::npos : name.rfind('.');
-  return dot == std::string_view::npos || dot == 0 ? name.size() : dot;
+  const bool begins = dot != std::string_view::npos && dot != 0 && dot + 1 != name.size();
+  return begins ? dot : name.size();
 }
 
 struct NamePattern::Row {

@@ -88,7 +88,7 @@ class NamePattern {
 };
 
 // Where the extension begins, its dot included; the end of the name where there is none. A dot at
-// the very start begins no extension.
+// the very start or end begins no extension.
 std::size_t ExtensionStart(std::string_view name, bool isFolder);
 
 }  // namespace tarnwell::fileops

@@ -80,7 +80,7 @@ std::vector<platform::PlacedItem> RenameItemsCommand::Ask(const std::vector<std:
     const forms::PointerScope pointer(services_.Host);
     table.emplace(services_.Files, services_.Clock, paths);
   }
-  frmRenameItems form(services_.Host, *table, services_.Forms, services_.Regex);
+  frmRenameItems form(services_.Host, *table, {services_.Forms, services_.Clock, services_.Regex});
   services_.Host.Open(form);
   form.Ask(workspace_.Form);
   if (form.Result != RenameAnswer) return {};

@@ -21,27 +21,13 @@ constexpr std::array<std::string_view, 7> FaultTexts{
     "The item is no longer there",
 };
 
-// Wishes by what they are called, or are to be called, in their folders.
-using ByName = std::unordered_multimap<std::string, std::size_t>;
-
-std::string KeyOf(const RenameWish& wish, const std::string& name, const base::PathSyntax& syntax) {
-  return syntax.Key(syntax.Join(wish.Folder, name));
-}
-
-ByName Index(const std::vector<RenameWish>& wishes, std::string RenameWish::*name,
-             const base::PathSyntax& syntax) {
-  ByName index;
-  index.reserve(wishes.size());
-  for (std::size_t at = 0; at < wishes.size(); ++at) {
-    index.emplace(KeyOf(wishes[at], wishes[at].*name, syntax), at);
-  }
-  return index;
-}
-
-RenameFault FaultOfText(const std::string& name, const base::PathSyntax& syntax) {
+RenameFault FaultOfText(const RenameWish& wish, const base::PathSyntax& syntax) {
+  const std::string& name = wish.NewName;
   if (name.empty()) return RenameFault::Empty;
   if (!syntax.IsName(name)) return RenameFault::NotAName;
-  return name.size() > LongestName ? RenameFault::TooLong : RenameFault::None;
+  const bool isLong =
+      name.size() > LongestName && (!wish.IgnoresCase || base::CodePointCount(name) > LongestName);
+  return isLong ? RenameFault::TooLong : RenameFault::None;
 }
 
 // The deepest folders first; within one the order that was asked for.
@@ -64,8 +50,10 @@ class StepMaker {
       : wishes_(wishes),
         syntax_(syntax),
         free_(free),
-        holders_(Index(wishes, &RenameWish::Name, syntax)),
-        isDone_(wishes.size()) {}
+        holders_(wishes, &RenameWish::Name, syntax),
+        isDone_(wishes.size()) {
+    for (std::size_t at = 0; at < wishes.size(); ++at) holders_.Add(at);
+  }
 
   std::vector<platform::PlacedItem> Make() {
     for (const std::size_t at : DeepestFirst(wishes_, syntax_.Separator)) Follow(at);
@@ -95,46 +83,110 @@ class StepMaker {
 
   // Who is called as this one is to be; None for nobody, and for the item itself.
   std::size_t HolderOf(std::size_t at) const {
-    const auto holder = holders_.find(KeyOf(wishes_[at], wishes_[at].NewName, syntax_));
-    return holder == holders_.end() || holder->second == at ? None : holder->second;
+    const std::size_t holder = holders_.FirstOf(wishes_[at], wishes_[at].NewName);
+    return holder == at ? None : holder;
   }
 
   void Add(const std::string& folder, const std::string& from, const std::string& to) {
     steps_.push_back({syntax_.Join(folder, from), syntax_.Join(folder, to)});
   }
 
-  static constexpr std::size_t None = static_cast<std::size_t>(-1);
+  static constexpr std::size_t None = WishIndex::None;
 
   const std::vector<RenameWish>& wishes_;
   const base::PathSyntax& syntax_;
   const FreeName& free_;
-  const ByName holders_;
+  WishIndex holders_;
   std::vector<bool> isDone_;
   std::vector<platform::PlacedItem> steps_;
 };
 
 }  // namespace
 
+std::string NameKey(std::string_view name, bool ignoresCase, const base::PathSyntax& syntax) {
+  return ignoresCase ? base::PathSyntax::Windows().Key(name) : syntax.Key(name);
+}
+
+WishIndex::WishIndex(const std::vector<RenameWish>& wishes, std::string RenameWish::*name,
+                     const base::PathSyntax& syntax)
+    : wishes_(wishes), name_(name), syntax_(syntax) {
+  places_.reserve(wishes.size());
+}
+
+std::size_t WishIndex::HashKey::operator()(const Key& key) const {
+  constexpr std::hash<std::string_view> hash;
+  constexpr std::size_t odd = 31;
+  return hash(key.Folder) * odd + hash(key.Name);
+}
+
+// It looks into the name, or into `folded` where the name is not compared as it is.
+WishIndex::Key WishIndex::KeyOf(const RenameWish& wish, const std::string& name,
+                                std::string& folded) const {
+  if (syntax_.CaseSensitive && !wish.IgnoresCase) return {wish.Folder, name};
+  folded = NameKey(name, wish.IgnoresCase, syntax_);
+  return {wish.Folder, folded};
+}
+
+void WishIndex::Add(std::size_t wish) {
+  std::string folded;
+  Key key = KeyOf(wishes_[wish], wishes_[wish].*name_, folded);
+  if (!folded.empty()) key.Name = folded_.emplace_back(std::move(folded));
+  ++places_.try_emplace(key, Place{wish}).first->second.Count;
+}
+
+const WishIndex::Place* WishIndex::Find(const RenameWish& wish, const std::string& name) const {
+  std::string folded;
+  const auto found = places_.find(KeyOf(wish, name, folded));
+  return found == places_.end() ? nullptr : &found->second;
+}
+
+std::size_t WishIndex::CountOf(const RenameWish& wish, const std::string& name) const {
+  const Place* const place = Find(wish, name);
+  return place == nullptr ? 0 : place->Count;
+}
+
+std::size_t WishIndex::FirstOf(const RenameWish& wish, const std::string& name) const {
+  const Place* const place = Find(wish, name);
+  return place == nullptr ? None : place->First;
+}
+
+FaultFinder::FaultFinder(const std::vector<RenameWish>& wishes, const base::PathSyntax& syntax,
+                         IsNameTaken isTaken)
+    : wishes_(wishes),
+      syntax_(syntax),
+      isTaken_(std::move(isTaken)),
+      wanted_(wishes, &RenameWish::NewName, syntax),
+      held_(wishes, &RenameWish::Name, syntax),
+      faults_(wishes.size()) {}
+
+bool FaultFinder::GoOn(const GoesOn& goesOn) {
+  for (; indexed_ < wishes_.size(); ++indexed_) {
+    if (!goesOn()) return false;
+    held_.Add(indexed_);
+    if (IsMoving(indexed_)) wanted_.Add(indexed_);
+  }
+  for (; judged_ < wishes_.size(); ++judged_) {
+    if (!goesOn()) return false;
+    if (IsMoving(judged_)) faults_[judged_] = FaultOf(wishes_[judged_]);
+  }
+  return true;
+}
+
+RenameFault FaultFinder::FaultOf(const RenameWish& wish) const {
+  const RenameFault fault = FaultOfText(wish, syntax_);
+  if (fault != RenameFault::None) return fault;
+  if (wanted_.CountOf(wish, wish.NewName) > 1) return RenameFault::SameAsNew;
+  if (!isTaken_(wish.Folder, wish.NewName)) return RenameFault::None;
+  const std::size_t holder = held_.FirstOf(wish, wish.NewName);
+  const bool isLeft = holder != WishIndex::None && IsMoving(holder);
+  return isLeft ? RenameFault::None : RenameFault::Taken;
+}
+
 std::vector<RenameFault> FaultsOf(const std::vector<RenameWish>& wishes,
                                   const base::PathSyntax& syntax, const IsNameTaken& isTaken) {
-  const ByName wanted = Index(wishes, &RenameWish::NewName, syntax);
-  const ByName held = Index(wishes, &RenameWish::Name, syntax);
-  std::vector<RenameFault> faults;
-  faults.reserve(wishes.size());
-  for (const RenameWish& wish : wishes) {
-    const bool stays = wish.NewName == wish.Name;
-    RenameFault fault = stays ? RenameFault::None : FaultOfText(wish.NewName, syntax);
-    if (fault == RenameFault::None) {
-      const std::string key = KeyOf(wish, wish.NewName, syntax);
-      if (wanted.count(key) > 1) {
-        fault = RenameFault::SameAsNew;
-      } else if (!stays && !held.contains(key) && isTaken(wish.Folder, wish.NewName)) {
-        fault = RenameFault::Taken;
-      }
-    }
-    faults.push_back(fault);
-  }
-  return faults;
+  FaultFinder finder(wishes, syntax, isTaken);
+  finder.GoOn([] { return true; });
+  return finder.Take();
 }
 
 std::string_view TextOf(RenameFault fault) {

@@ -22,8 +22,10 @@ RenameTable::RenameTable(const platform::FileSystem& files, const platform::Cloc
 }
 
 void RenameTable::LookAgain() {
+  isThere_.assign(Count(), false);
   for (auto& [folder, names] : folders_) ReadFolder(folder, names);
-  Judge();
+  finder_.reset();
+  Judge([] { return true; });
 }
 
 void RenameTable::ReadFolder(const std::string& folder, FolderNames& names) {
@@ -33,66 +35,104 @@ void RenameTable::ReadFolder(const std::string& folder, FolderNames& names) {
   names.IsRead = opened && opened->Read([&](const platform::FolderEntry& entry) {
     std::string name(entry.Name);
     const auto row = names.Rows.find(name);
-    if (row != names.Rows.end() && entry.Kind != platform::ItemKind::Unknown) {
-      subjects_[row->second].IsFolder = entry.Kind == platform::ItemKind::Folder;
-    } else if (row != names.Rows.end()) {
+    if (row != names.Rows.end()) {
+      isThere_[row->second] = true;
       platform::ItemAttributes attributes;
-      subjects_[row->second].IsFolder = files_.ReadAttributes(folder, name, attributes) &&
-                                        attributes.Kind == platform::ItemKind::Folder;
+      attributes.Kind = entry.Kind;
+      if (entry.Kind == platform::ItemKind::Unknown)
+        files_.ReadAttributes(folder, name, attributes);
+      subjects_[row->second].IsFolder = attributes.Kind == platform::ItemKind::Folder;
     }
-    names.Keys.insert(files_.Syntax().Key(name));
+    names.Keys.insert(std::move(name));
     return true;
   });
-}
-
-void RenameTable::ReadTimes() {
-  if (knowsTimes_) return;
-  knowsTimes_ = true;
-  for (std::size_t row = 0; row < Count(); ++row) {
-    platform::ItemAttributes attributes;
-    const RenameWish& wish = wishes_[row];
-    const bool isKnown = files_.ReadAttributes(wish.Folder, wish.Name, attributes) &&
-                         attributes.Modified != platform::UnknownTime;
-    if (isKnown) subjects_[row].Modified = clock_.ToLocal(attributes.Modified);
+  names.IgnoresCase = IgnoresCase(folder, names);
+  if (names.IgnoresCase || !files_.Syntax().CaseSensitive) {
+    std::unordered_set<std::string> keys;
+    for (const std::string& name : names.Keys)
+      keys.insert(NameKey(name, names.IgnoresCase, files_.Syntax()));
+    names.Keys = std::move(keys);
+  }
+  for (const auto& [name, row] : names.Rows) {
+    wishes_[row].IgnoresCase = names.IgnoresCase;
+    if (!names.IsRead) isThere_[row] = files_.Exists(files_.Syntax().Join(folder, name));
   }
 }
 
-void RenameTable::NameBy(NameRules& rules) {
-  if (rules.UsesTime()) ReadTimes();
-  for (std::size_t row = 0; row < Count(); ++row) {
-    wishes_[row].NewName = rules.NameOf(subjects_[row], row);
+// Some drives do, which only an item that is there tells.
+bool RenameTable::IgnoresCase(const std::string& folder, const FolderNames& names) const {
+  for (const auto& [name, row] : names.Rows) {
+    if (!isThere_[row]) continue;
+    std::string other = InCase(name, NameCase::Capitals);
+    if (other == name) other = InCase(name, NameCase::Small);
+    if (other == name) continue;
+    return !names.Keys.contains(other) && files_.Exists(files_.Syntax().Join(folder, other));
   }
-  Judge();
+  return false;
 }
 
-void RenameTable::NameBy(const std::vector<std::string>& lines) {
-  for (std::size_t row = 0; row < Count(); ++row) {
-    wishes_[row].NewName = row < lines.size() ? lines[row] : wishes_[row].Name;
+void RenameTable::ReadTime(std::size_t row) {
+  platform::ItemAttributes attributes;
+  const RenameWish& wish = wishes_[row];
+  const bool isKnown = files_.ReadAttributes(wish.Folder, wish.Name, attributes) &&
+                       attributes.Modified != platform::UnknownTime;
+  if (isKnown) subjects_[row].Modified = clock_.ToLocal(attributes.Modified);
+}
+
+bool RenameTable::NameBy(NameRules& rules, const GoesOn& goesOn) {
+  finder_.reset();
+  named_ = 0;
+  nameOf_ = [this, &rules](std::size_t row) {
+    while (rules.UsesTime() && timesRead_ <= row) ReadTime(timesRead_++);
+    return rules.NameOf(subjects_[row], row);
+  };
+  return GoOn(goesOn);
+}
+
+bool RenameTable::NameBy(const std::vector<std::string>& lines, const GoesOn& goesOn) {
+  finder_.reset();
+  named_ = 0;
+  nameOf_ = [this, &lines](std::size_t row) {
+    return row < lines.size() ? lines[row] : wishes_[row].Name;
+  };
+  return GoOn(goesOn);
+}
+
+bool RenameTable::GoOn(const GoesOn& goesOn) {
+  for (; named_ < Count(); ++named_) {
+    if (!goesOn()) return false;
+    wishes_[named_].NewName = nameOf_(named_);
   }
-  Judge();
+  return Judge(goesOn);
 }
 
 // Where a folder cannot be listed its items can still be asked for.
 bool RenameTable::IsTaken(const std::string& folder, const std::string& name) const {
   const FolderNames& names = folders_.at(folder);
-  if (names.IsRead) return names.Keys.contains(files_.Syntax().Key(name));
+  if (names.IsRead) return names.Keys.contains(NameKey(name, names.IgnoresCase, files_.Syntax()));
   return files_.Exists(files_.Syntax().Join(folder, name));
 }
 
-void RenameTable::Judge() {
-  const base::PathSyntax& syntax = files_.Syntax();
-  faults_ = FaultsOf(wishes_, syntax, [this](const std::string& folder, const std::string& name) {
-    return IsTaken(folder, name);
-  });
+bool RenameTable::Judge(const GoesOn& goesOn) {
+  if (!finder_) {
+    finder_.emplace(wishes_, files_.Syntax(),
+                    [this](const std::string& folder, const std::string& name) {
+                      return IsTaken(folder, name);
+                    });
+  }
+  if (!finder_->GoOn(goesOn)) return false;
+  faults_ = finder_->Take();
+  finder_.reset();
   faultCount_ = changeCount_ = 0;
   for (std::size_t row = 0; row < Count(); ++row) {
     const RenameWish& wish = wishes_[row];
     if (wish.NewName != wish.Name) {
       ++changeCount_;
-      if (!IsTaken(wish.Folder, wish.Name)) faults_[row] = RenameFault::Gone;
+      if (!isThere_[row]) faults_[row] = RenameFault::Gone;
     }
     if (faults_[row] != RenameFault::None) ++faultCount_;
   }
+  return true;
 }
 
 std::size_t RenameTable::NextFault(std::size_t row) const {
@@ -105,13 +145,15 @@ std::size_t RenameTable::NextFault(std::size_t row) const {
 
 std::vector<platform::PlacedItem> RenameTable::Steps() const {
   const base::PathSyntax& syntax = files_.Syntax();
+  const auto keyOf = [&](const RenameWish& wish, const std::string& name) {
+    return syntax.Join(wish.Folder, NameKey(name, wish.IgnoresCase, syntax));
+  };
   std::unordered_set<std::string> wanted;
-  for (const RenameWish& wish : wishes_)
-    wanted.insert(syntax.Key(syntax.Join(wish.Folder, wish.NewName)));
+  wanted.reserve(Count());
+  for (const RenameWish& wish : wishes_) wanted.insert(keyOf(wish, wish.NewName));
   return StepsOf(wishes_, syntax, [&](const RenameWish& wish) {
     return NameBetween(wish, [&](const std::string& name) {
-      return !IsTaken(wish.Folder, name) &&
-             wanted.insert(syntax.Key(syntax.Join(wish.Folder, name))).second;
+      return !IsTaken(wish.Folder, name) && wanted.insert(keyOf(wish, name)).second;
     });
   });
 }

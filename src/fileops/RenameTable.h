@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -24,8 +26,13 @@ class RenameTable {
   // Reads the folders again, and judges the names by what is there now.
   void LookAgain();
   // Gives new names. What is not among the lines, which are one for each item, keeps its name.
-  void NameBy(NameRules& rules);
-  void NameBy(const std::vector<std::string>& lines);
+  // False where the work was broken off, for GoOn or for other names: till then names and faults
+  // are partly those before. Rules and lines stay as they are meanwhile.
+  bool NameBy(
+      NameRules& rules, const GoesOn& goesOn = [] { return true; });
+  bool NameBy(
+      const std::vector<std::string>& lines, const GoesOn& goesOn = [] { return true; });
+  bool GoOn(const GoesOn& goesOn);
 
   std::size_t Count() const { return wishes_.size(); }
   const RenameWish& operator[](std::size_t row) const { return wishes_.at(row); }
@@ -42,25 +49,31 @@ class RenameTable {
 
  private:
   struct FolderNames {
-    bool IsRead = false;                                // all names are among the keys
-    std::unordered_set<std::string> Keys;               // of the names of its items
+    bool IsRead = false;  // all names are among the keys
+    bool IgnoresCase = false;
+    std::unordered_set<std::string> Keys;               // of the names of its items, by NameKey
     std::unordered_map<std::string, std::size_t> Rows;  // of the items to be renamed, by name
   };
 
   void ReadFolder(const std::string& folder, FolderNames& names);
-  void ReadTimes();
-  void Judge();
+  bool IgnoresCase(const std::string& folder, const FolderNames& names) const;
+  void ReadTime(std::size_t row);
+  bool Judge(const GoesOn& goesOn);
   bool IsTaken(const std::string& folder, const std::string& name) const;
 
   const platform::FileSystem& files_;
   const platform::Clock& clock_;
   std::vector<RenameWish> wishes_;
   std::vector<NameSubject> subjects_;
+  std::vector<bool> isThere_;  // by row, when the folders were read
   std::vector<RenameFault> faults_;
   std::unordered_map<std::string, FolderNames> folders_;
   std::size_t faultCount_ = 0;
   std::size_t changeCount_ = 0;
-  bool knowsTimes_ = false;
+  std::size_t timesRead_ = 0;  // rows
+  std::function<std::string(std::size_t row)> nameOf_;
+  std::size_t named_ = 0;              // rows
+  std::optional<FaultFinder> finder_;  // once all have names
 };
 
 }  // namespace tarnwell::fileops

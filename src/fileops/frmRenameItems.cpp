@@ -1,5 +1,6 @@
 #include "fileops/frmRenameItems.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <utility>
@@ -49,10 +50,11 @@ bool ReadNumber(const forms::TextBox& box, std::string_view what, std::int64_t l
 
 }  // namespace
 
-frmRenameItems::frmRenameItems(forms::FormHost& host, RenameTable& table,
-                               const platform::NumberForms& numbers,
-                               const platform::CompileRegex& compile)
-    : OperationDialog("frmRenameItems", host), table_(table), numbers_(numbers), rules_(compile) {}
+frmRenameItems::frmRenameItems(forms::FormHost& host, RenameTable& table, Services services)
+    : OperationDialog("frmRenameItems", host),
+      table_(table),
+      services_(std::move(services)),
+      rules_(services_.Regex) {}
 
 void frmRenameItems::Load() {
   Caption = "Rename Items";
@@ -71,7 +73,9 @@ void frmRenameItems::Load() {
   cmdRename.Caption = "&Rename";
   cmdRename.Default = true;
   cmdCancel.Caption = "Ca&ncel";
-  RulesTyped();
+  std::string fault;
+  ReadRules(fault);
+  ShowState(fault);
 }
 
 bool frmRenameItems::ReadRules(std::string& fault) {
@@ -94,12 +98,36 @@ bool frmRenameItems::ReadRules(std::string& fault) {
          rules_.Read(rules, fault);
 }
 
+GoesOn frmRenameItems::Slice() const {
+  constexpr std::int64_t longest = 20;  // milliseconds
+  constexpr unsigned itemsAtOnce = 32;
+  return [&clock = services_.Clock, start = services_.Clock.Ticks(), items = 0U]() mutable {
+    return ++items % itemsAtOnce != 0 || clock.Ticks() - start < longest;
+  };
+}
+
 void frmRenameItems::RulesTyped() {
   std::string fault;
-  if (ReadRules(fault)) table_.NameBy(rules_);
-  if (fault.empty() && rules_.HasGivenUp())
-    fault = "The regular expression tries too many ways. Make it simpler.";
+  if (ReadRules(fault)) return ShowNames(table_.NameBy(rules_, Slice()));
+  isAtWork_ = false;
+  ShowState(fault);
+}
+
+// A line end behind the last line is no line of its own.
+void frmRenameItems::ShowNames(bool isDone) {
   ++version_;
+  isAtWork_ = !isDone;
+  const std::size_t items = table_.Count();
+  const bool hasEnd = Lines.size() == items + 1 && Lines.back().empty();
+  std::string fault;
+  if (!isDone) {
+    fault = "The new names are being made...";
+  } else if (!IsByLines && rules_.HasGivenUp()) {
+    fault = "The regular expression tries too many ways. Make it simpler.";
+  } else if (IsByLines && Lines.size() != items && !hasEnd) {
+    fault = platform::Counted(services_.Numbers, CountedText::LinesForItems, Lines.size(),
+                              {services_.Numbers.Grouped(items)});
+  }
   ShowState(fault);
 }
 
@@ -108,37 +136,33 @@ void frmRenameItems::ShowLines(bool on) {
   IsByLines = on;
   if (!on) return RulesTyped();
   if (!areLinesTyped_) TakeLinesFromRules();
-  ShowTable();
+  ShowNames(table_.NameBy(Lines, Slice()));
 }
 
 void frmRenameItems::TakeLinesFromRules() {
   std::string fault;
-  if (ReadRules(fault)) table_.NameBy(rules_);
+  ReadRules(fault);  // or those before go on
+  table_.NameBy(rules_);
   Lines.clear();
   for (std::size_t row = 0; row < table_.Count(); ++row) Lines.push_back(table_[row].NewName);
   areLinesTyped_ = false;
   ++linesVersion_;
 }
 
-void frmRenameItems::LinesTyped(std::vector<std::string> lines) {
-  if (lines == Lines) return;
-  Lines = std::move(lines);
+void frmRenameItems::LinesTyped(std::size_t first, std::size_t count,
+                                const std::vector<std::string>& lines) {
+  const auto from = Lines.begin() + static_cast<std::ptrdiff_t>(std::min(first, Lines.size()));
+  const auto to = from + std::min(static_cast<std::ptrdiff_t>(count), Lines.end() - from);
+  if (std::equal(from, to, lines.begin(), lines.end())) return;
+  const auto behind = Lines.erase(from, to);
+  Lines.insert(behind, lines.begin(), lines.end());
   areLinesTyped_ = true;
-  ShowTable();
+  ShowNames(table_.NameBy(Lines, Slice()));
 }
 
 void frmRenameItems::cmdFromRulesClick() {
   TakeLinesFromRules();
-  ShowTable();
-}
-
-void frmRenameItems::ShowTable() {
-  table_.NameBy(Lines);
-  ++version_;
-  const bool fits = Lines.size() == table_.Count();
-  ShowState(fits ? ""
-                 : platform::Counted(numbers_, CountedText::LinesForItems, Lines.size(),
-                                     {numbers_.Grouped(table_.Count())}));
+  ShowNames(table_.NameBy(Lines, Slice()));
 }
 
 void frmRenameItems::ShowState(const std::string& fault) {
@@ -149,10 +173,10 @@ void frmRenameItems::ShowState(const std::string& fault) {
   if (!fault.empty()) {
     lblStatus.Caption = fault;
   } else if (faults > 0) {
-    lblStatus.Caption = platform::Counted(numbers_, CountedText::NamesRefused, faults);
+    lblStatus.Caption = platform::Counted(services_.Numbers, CountedText::NamesRefused, faults);
   } else if (changes > 0) {
-    lblStatus.Caption = platform::Counted(numbers_, CountedText::NamesChange, changes,
-                                          {numbers_.Grouped(table_.Count())});
+    lblStatus.Caption = platform::Counted(services_.Numbers, CountedText::NamesChange, changes,
+                                          {services_.Numbers.Grouped(table_.Count())});
   } else {
     lblStatus.Caption = "No item gets another name so far.";
   }

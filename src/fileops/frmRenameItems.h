@@ -1,6 +1,7 @@
 // The form that renames many items at once: by rules, or as a list of lines.
 //
-// Shows what comes of it for each item while the user types; renames nothing itself.
+// Shows what comes of it for each item while the user types, for very many of them in slices;
+// renames nothing itself.
 #pragma once
 
 #include <array>
@@ -13,6 +14,7 @@
 #include "fileops/RenameRules.h"
 #include "fileops/RenameTable.h"
 #include "forms/Controls.h"
+#include "platform/Clock.h"
 #include "platform/NumberForms.h"
 
 namespace tarnwell::fileops {
@@ -29,9 +31,14 @@ extern const std::array<PatternField, 14> PatternFields;
 
 class frmRenameItems : public OperationDialog {
  public:
-  // `table` outlives the form.
-  frmRenameItems(forms::FormHost& host, RenameTable& table, const platform::NumberForms& numbers,
-                 const platform::CompileRegex& compile);
+  struct Services {
+    const platform::NumberForms& Numbers;
+    const platform::Clock& Clock;
+    platform::CompileRegex Regex;  // null where there are no regular expressions
+  };
+
+  // `table` and what the services refer to outlive the form.
+  frmRenameItems(forms::FormHost& host, RenameTable& table, Services services);
 
   // By rules. Texts are set by the user through RulesTyped.
   forms::TextBox txtPattern;
@@ -61,6 +68,10 @@ class frmRenameItems : public OperationDialog {
   // Grows when Lines are others than the user has typed.
   std::uint64_t LinesVersion() const { return linesVersion_; }
 
+  // Whether GoOn is to be called, once what came in meanwhile is handled.
+  bool IsAtWork() const { return isAtWork_; }
+  void GoOn() { ShowNames(table_.GoOn(Slice())); }
+
   void Load() override;
 
   // --- What the user does.
@@ -68,7 +79,8 @@ class frmRenameItems : public OperationDialog {
   // Any of the controls of the rules has another state.
   void RulesTyped();
   void ShowLines(bool on);
-  void LinesTyped(std::vector<std::string> lines);
+  // `count` of the Lines, from that one on, have become `lines`.
+  void LinesTyped(std::size_t first, std::size_t count, const std::vector<std::string>& lines);
   // Gives up what was typed.
   void cmdFromRulesClick();
   // Closes the form, unless what is on disk by now stands against it.
@@ -77,15 +89,18 @@ class frmRenameItems : public OperationDialog {
  private:
   bool ReadRules(std::string& fault);
   void TakeLinesFromRules();
-  void ShowTable();
+  GoesOn Slice() const;
+  // Shows what has come of the names, or that more is to be done.
+  void ShowNames(bool isDone);
   void ShowState(const std::string& fault);
 
   RenameTable& table_;
-  const platform::NumberForms& numbers_;
+  const Services services_;
   NameRules rules_;
   std::uint64_t version_ = 0;
   std::uint64_t linesVersion_ = 0;
   bool areLinesTyped_ = false;
+  bool isAtWork_ = false;
 };
 
 }  // namespace tarnwell::fileops

@@ -65,6 +65,34 @@ RenameItemsWindow::RenameItemsWindow(frmRenameItems& form, const IconSource& ico
   column->addWidget(table_, 1);
   column->addWidget(status_);
   column->addLayout(MakeButtonRow());
+  SetUpTabOrder();
+  goOn_.setSingleShot(true);
+  connect(&goOn_, &QTimer::timeout, this, [this] {
+    if (!IsClosed() && form_.IsAtWork()) Guarded([this] { form_.GoOn(); });
+  });
+}
+
+void RenameItemsWindow::SetUpTabOrder() {
+  setTabOrder(pages_, pattern_);
+  setTabOrder(pattern_, fields_);
+  QWidget* last = fields_;
+  const auto follow = [&last](QWidget* widget) {
+    setTabOrder(last, widget);
+    last = widget;
+  };
+  for (const auto& [edit, box] : boxes_) {
+    if (edit != pattern_) follow(edit);
+  }
+  for (const auto& [check, state] : checks_) follow(check);
+  for (const auto& [combo, cases] : cases_) follow(combo);
+  follow(lines_);
+  for (const auto& [button, state] : buttons_) {
+    if (state == &form_.cmdFromRules) follow(button);
+  }
+  follow(table_);
+  for (const auto& [button, state] : buttons_) {
+    if (state != &form_.cmdFromRules) follow(button);
+  }
 }
 
 QLineEdit* RenameItemsWindow::AddBox(const char* caption, forms::TextBox& box, QBoxLayout& row,
@@ -155,7 +183,8 @@ QWidget* RenameItemsWindow::MakeLinesPage() {
   lines_->setTabChangesFocus(true);
   lines_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
   lines_->setAccessibleName(QStringLiteral("New names, one line for each item"));
-  connect(lines_, &QPlainTextEdit::textChanged, this, [this] { TakeLines(); });
+  connect(lines_->document(), &QTextDocument::contentsChange, this,
+          [this](int from, int, int added) { TakeLines(from, added); });
   connect(lines_, &QPlainTextEdit::cursorPositionChanged, this, [this] {
     if (!showing_) GoToRow(static_cast<std::size_t>(lines_->textCursor().blockNumber()));
   });
@@ -251,6 +280,7 @@ void RenameItemsWindow::Sync() {
   if (tableVersion_ != form_.TableVersion()) model_.Renew();
   tableVersion_ = form_.TableVersion();
   showing_ = false;
+  if (form_.IsAtWork()) goOn_.start();
 }
 
 void RenameItemsWindow::SyncLines() {
@@ -276,16 +306,20 @@ void RenameItemsWindow::Show(QWidget* owner) {
 
 // --- What the user does
 
-// The blocks as they are: the whole text would come with other blanks than a name may have. A line
-// end behind the last line is no line of its own.
-void RenameItemsWindow::TakeLines() {
+// The blocks as they are: the whole text would come with other blanks than a name may have.
+void RenameItemsWindow::TakeLines(int from, int added) {
   if (showing_ || IsClosed()) return;
+  const QTextDocument& text = *lines_->document();
+  QTextBlock block = text.findBlock(from);
+  const int first = block.blockNumber();
   std::vector<std::string> lines;
-  for (QTextBlock block = lines_->document()->begin(); block.isValid(); block = block.next()) {
+  for (; block.isValid() && (lines.empty() || block.position() <= from + added);
+       block = block.next()) {
     lines.push_back(FromEditedQString(block.text()));
   }
-  if (lines.size() == form_.Table().Count() + 1 && lines.back().empty()) lines.pop_back();
-  form_.LinesTyped(std::move(lines));
+  const std::size_t before = form_.Lines.size() + lines.size();
+  const auto now = static_cast<std::size_t>(text.blockCount());
+  form_.LinesTyped(static_cast<std::size_t>(first), before > now ? before - now : 0, lines);
 }
 
 void RenameItemsWindow::GoToRow(std::size_t row) {
@@ -296,8 +330,15 @@ void RenameItemsWindow::GoToRow(std::size_t row) {
 void RenameItemsWindow::GoToNextFault() {
   const QModelIndex current = table_->currentIndex();
   const std::size_t none = static_cast<std::size_t>(-1);
-  GoToRow(
-      form_.Table().NextFault(current.isValid() ? static_cast<std::size_t>(current.row()) : none));
+  const std::size_t row =
+      form_.Table().NextFault(current.isValid() ? static_cast<std::size_t>(current.row()) : none);
+  GoToRow(row);
+  const QTextBlock line = lines_->document()->findBlockByNumber(static_cast<int>(row));
+  if (!form_.IsByLines || !line.isValid()) return;
+  QTextCursor cursor(line);
+  cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+  lines_->setTextCursor(cursor);
+  lines_->setFocus();
 }
 
 void RenameItemsWindow::reject() {

@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 #include <QTreeView>
 #include <cstdint>
 #include <vector>
@@ -48,9 +49,10 @@ class RenameItemsWindow : public QDialog, public FormWindow {
   QWidget* MakeLinesPage();
   QLayout* MakeButtonRow();
   void SetUpTable();
+  void SetUpTabOrder();
   void FillFieldMenu();
   void SyncLines();
-  void TakeLines();
+  void TakeLines(int from, int added);
   void GoToNextFault();
   void GoToRow(std::size_t row);
 
@@ -67,6 +69,7 @@ class RenameItemsWindow : public QDialog, public FormWindow {
   std::vector<Pair<QCheckBox, forms::CheckBox>> checks_;
   std::vector<Pair<QComboBox, forms::ListBox>> cases_;
   std::vector<Pair<QPushButton, const forms::Button>> buttons_;
+  QTimer goOn_;
   std::uint64_t tableVersion_ = 0;
   std::uint64_t linesVersion_ = 0;
   bool showing_ = false;  // what the widgets show comes from the form
