@@ -22,7 +22,8 @@ inline constexpr std::string_view CancelWord = "cancel";
 enum OperationFlags : std::uint16_t {
   // The Destination of a copy, move or rename is a list with the path to be of each item. Renames
   // are steps then, in their order, each with the paths as they are when its turn comes; all of
-  // them are done, or none, and Expected tells items apart whatever is written to them.
+  // them are done, or none, but for those that are not as Expected, which tells items apart
+  // whatever is written to them.
   OwnTargets = 1,
   Silent = 4,                // no progress window
   RenameOnCollision = 8,     // a taken name makes a twin under a new name

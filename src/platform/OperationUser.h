@@ -72,6 +72,7 @@ enum class OperationStep {
   Delete,
   Trash,
   RenameTogether,  // one of several renames that count as one: all have gone back
+  RenameInPart,    // the same, but not all could go back
 };
 
 struct OperationTrouble {

@@ -20,10 +20,14 @@ using Names = std::vector<std::string>;
 struct RenameUser : platform::OperationUser {
   std::function<bool()> AtStep = [] { return true; };
   std::vector<std::string> Told;
+  platform::TroubleChoice Answer = platform::TroubleChoice::Skip;
+  void OnRemark(platform::OperationRemark, const std::string& path) override {
+    Told.push_back(path);
+  }
   bool GoesOn() override { return AtStep(); }
   platform::TroubleChoice OnTrouble(const platform::OperationTrouble& trouble) override {
     Told.push_back(trouble.Path + ": " + trouble.Reason.Reason);
-    return platform::TroubleChoice::Skip;
+    return Answer;
   }
 };
 
@@ -165,6 +169,41 @@ TEST_F(RenameOnDisk, DoesAllOrNothingAndGoesBackAsAModelSays) {
     }
   }
   EXPECT_TRUE(seen["failed"] > 50 && seen["done"] > 50);
+}
+
+// What others have done to items cannot be helped, but all the rest has its name back.
+TEST_F(RenameOnDisk, LeavesWhatIsGoneAndTellsWhatKeepsItsNewName) {
+  std::vector<std::string> paths;
+  for (const std::string name : {"a", "b", "c", "d"}) {
+    paths.push_back(here_ / name);
+    platform::Put(paths.back(), name);
+  }
+  fileops::RenameTable table(files_, clock_, paths);
+  table.NameBy(Names{"b", "c", "a", "e"});
+  const auto done = Run(RequestOf(table.Steps()));
+  fs::remove(here_ / "b");
+  const auto back = fileops::InverseOf({.Kind = platform::CommandKind::Rename, .Items = done.Done},
+                                       fileops::UndoWay::Undo);
+  EXPECT_EQ(Run(back.at(0)).Done.size(), 3U);
+  EXPECT_EQ(here_.Names(), "b c d ");
+  EXPECT_EQ(platform::Get(paths[1]) + platform::Get(paths[2]), "bc");
+  EXPECT_EQ(user_.Told, Names{here_ / "b"});
+
+  user_.Told.clear();
+  user_.Answer = platform::TroubleChoice::Retry;
+  fileops::RenameTable two(files_, clock_, {paths[1], paths[2]});
+  two.NameBy(Names{"x", "y"});
+  user_.AtStep = [&, at = 0]() mutable {
+    if (++at == 2) platform::Put(paths[1], "other"), platform::Put(here_ / "y", "other");
+    return true;
+  };
+  const auto partly = Run(RequestOf(two.Steps()));
+  EXPECT_TRUE(partly.Code != 0 && partly.Done.size() == 1);
+  EXPECT_EQ(here_.Names(), "b c d x y ");
+  EXPECT_EQ(user_.Told.size(), 2U);
+  EXPECT_EQ(user_.Told.back(), paths[2] +
+                                   ": It was to be called \"y\". There is an item of this "
+                                   "name already.");
 }
 
 // Names go round in a circle; a child is killed between two steps.

@@ -37,18 +37,12 @@ QHBoxLayout* MakeRow(QVBoxLayout& column) {
 }  // namespace
 
 RenameItemsWindow::RenameItemsWindow(frmRenameItems& form, const IconSource& icons)
-    : form_(form),
-      model_(form, icons),
-      pages_(new QTabWidget(this)),
-      fields_(new QPushButton(this)),
-      lines_(new QPlainTextEdit(this)),
-      table_(new QTreeView(this)),
-      status_(new QLabel(this)),
-      nextFault_(new QPushButton(this)) {
+    : form_(form), model_(form, icons), pages_(new QTabWidget(this)) {
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint);
   setMinimumSize(LeastRenameSize);
   setSizeGripEnabled(false);
+  // The Tab key goes by the order in which they are made.
   pages_->addTab(MakeRulesPage(), QStringLiteral("By R&ules"));
   pages_->addTab(MakeLinesPage(), QStringLiteral("As a &List"));
   auto* const column = new QVBoxLayout(this);
@@ -57,6 +51,7 @@ RenameItemsWindow::RenameItemsWindow(frmRenameItems& form, const IconSource& ico
     if (!showing_ && !IsClosed()) form_.ShowLines(page == 1);
   });
   SetUpTable();
+  status_ = new QLabel(this);
   status_->setTextFormat(Qt::PlainText);
   status_->setWordWrap(true);
   column->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
@@ -65,34 +60,10 @@ RenameItemsWindow::RenameItemsWindow(frmRenameItems& form, const IconSource& ico
   column->addWidget(table_, 1);
   column->addWidget(status_);
   column->addLayout(MakeButtonRow());
-  SetUpTabOrder();
   goOn_.setSingleShot(true);
   connect(&goOn_, &QTimer::timeout, this, [this] {
     if (!IsClosed() && form_.IsAtWork()) Guarded([this] { form_.GoOn(); });
   });
-}
-
-void RenameItemsWindow::SetUpTabOrder() {
-  setTabOrder(pages_, pattern_);
-  setTabOrder(pattern_, fields_);
-  QWidget* last = fields_;
-  const auto follow = [&last](QWidget* widget) {
-    setTabOrder(last, widget);
-    last = widget;
-  };
-  for (const auto& [edit, box] : boxes_) {
-    if (edit != pattern_) follow(edit);
-  }
-  for (const auto& [check, state] : checks_) follow(check);
-  for (const auto& [combo, cases] : cases_) follow(combo);
-  follow(lines_);
-  for (const auto& [button, state] : buttons_) {
-    if (state == &form_.cmdFromRules) follow(button);
-  }
-  follow(table_);
-  for (const auto& [button, state] : buttons_) {
-    if (state != &form_.cmdFromRules) follow(button);
-  }
 }
 
 QLineEdit* RenameItemsWindow::AddBox(const char* caption, forms::TextBox& box, QBoxLayout& row,
@@ -150,6 +121,7 @@ QWidget* RenameItemsWindow::MakeRulesPage() {
   column->setSpacing(DialogSpacing);
   QHBoxLayout* row = MakeRow(*column);
   pattern_ = AddBox("Ne&w name:", form_.txtPattern, *row, 0);
+  fields_ = new QPushButton(this);
   fields_->setText(QStringLiteral("Insert &Field"));
   fields_->setAutoDefault(false);
   FillFieldMenu();
@@ -179,6 +151,7 @@ QWidget* RenameItemsWindow::MakeLinesPage() {
   auto* const page = new QWidget(this);
   auto* const column = new QVBoxLayout(page);
   column->setSpacing(DialogSpacing);
+  lines_ = new QPlainTextEdit(this);
   lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
   lines_->setTabChangesFocus(true);
   lines_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
@@ -208,6 +181,7 @@ QPushButton* RenameItemsWindow::AddButton(const forms::Button& button,
 }
 
 QLayout* RenameItemsWindow::MakeButtonRow() {
+  nextFault_ = new QPushButton(this);
   nextFault_->setAutoDefault(false);
   buttons_.push_back({nextFault_, &form_.cmdNextFault});
   connect(nextFault_, &QPushButton::clicked, this, [this] { GoToNextFault(); });
@@ -221,6 +195,7 @@ QLayout* RenameItemsWindow::MakeButtonRow() {
 }
 
 void RenameItemsWindow::SetUpTable() {
+  table_ = new QTreeView(this);
   table_->setModel(&model_);
   table_->setRootIsDecorated(false);
   table_->setUniformRowHeights(true);

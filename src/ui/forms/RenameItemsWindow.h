@@ -49,7 +49,6 @@ class RenameItemsWindow : public QDialog, public FormWindow {
   QWidget* MakeLinesPage();
   QLayout* MakeButtonRow();
   void SetUpTable();
-  void SetUpTabOrder();
   void FillFieldMenu();
   void SyncLines();
   void TakeLines(int from, int added);
@@ -60,11 +59,11 @@ class RenameItemsWindow : public QDialog, public FormWindow {
   RenameModel model_;
   QTabWidget* pages_;
   QLineEdit* pattern_ = nullptr;
-  QPushButton* fields_;
-  QPlainTextEdit* lines_;
-  QTreeView* table_;
-  QLabel* status_;
-  QPushButton* nextFault_;
+  QPushButton* fields_ = nullptr;
+  QPlainTextEdit* lines_ = nullptr;
+  QTreeView* table_ = nullptr;
+  QLabel* status_ = nullptr;
+  QPushButton* nextFault_ = nullptr;
   std::vector<Pair<QLineEdit, forms::TextBox>> boxes_;
   std::vector<Pair<QCheckBox, forms::CheckBox>> checks_;
   std::vector<Pair<QComboBox, forms::ListBox>> cases_;

@@ -34,6 +34,8 @@ constexpr StepWords Steps[] = {
     {OperationStep::Delete, "This item cannot be deleted."},
     {OperationStep::Trash, "This item cannot be moved to the trash."},
     {OperationStep::RenameTogether, "This item cannot be renamed, so no item has another name."},
+    {OperationStep::RenameInPart,
+     "This item cannot be renamed, and not all others could get their old names back."},
 };
 
 QString WordsOf(OperationStep step) {
@@ -72,6 +74,10 @@ std::unique_ptr<QuestionWindow> WindowOf(const platform::OperationTrouble& troub
   // Trying again changes nothing by itself; what is skipped would be missed unnoticed. A folder
   // goes into itself at no time, and what the disk has lost it is not asked for again.
   const bool mayHelp = trouble.Step != OperationStep::Place && trouble.Step != OperationStep::Flush;
+  if (trouble.Step == OperationStep::RenameInPart) {
+    add("&Close", Role::DefaultCancel, TroubleChoice::Cancel);
+    return window;
+  }
   if (mayHelp) add("&Retry", Role::Default, TroubleChoice::Retry);
   if (trouble.Step != OperationStep::RenameTogether) {
     add("&Skip", mayHelp ? Role::Plain : Role::Default, TroubleChoice::Skip);

@@ -1,13 +1,15 @@
 #include "platform/linux/operation/RenameTogether.h"
 
 #include <cerrno>
-#include <unordered_map>
 #include <utility>
 
+#include "base/Text.h"
+#include "platform/CountedTexts.h"
 #include "platform/RenameDetours.h"
 #include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/files/NamingError.h"
 #include "platform/linux/files/RenameItem.h"
+#include "platform/linux/operation/ExpectedItem.h"
 #include "platform/linux/operation/OpenPlace.h"
 #include "platform/linux/posix/ItemIdentity.h"
 
@@ -31,6 +33,16 @@ std::vector<PlacedItem> StepsOnRecord(const std::vector<PlacedItem>& steps) {
   return record;
 }
 
+// Each step as what it is part of.
+std::vector<PlacedItem> WholesOf(const std::vector<PlacedItem>& steps) {
+  std::vector<PlacedItem> wholes = steps;
+  for (const RenameDetour& detour : DetoursOf(steps)) {
+    wholes[detour.First].To = steps[detour.Last].To;
+    wholes[detour.Last].From = steps[detour.First].From;
+  }
+  return wholes;
+}
+
 std::string FolderPathOf(const std::string& path) {
   return path.substr(0, path.rfind('/'));
 }
@@ -44,6 +56,7 @@ std::string NameOfPath(const std::string& path) {
 void RenameTogether::Run(std::vector<PlacedItem> steps,
                          const std::vector<ItemFingerprint>& expected) {
   steps_ = std::move(steps);
+  wholes_ = WholesOf(steps_);
   expected_ = &expected;
   const std::vector<PlacedItem> record = StepsOnRecord(steps_);
   record_.Keep(record);
@@ -53,9 +66,12 @@ void RenameTogether::Run(std::vector<PlacedItem> steps,
     base::Status failure;
     if (GoAhead(failure)) break;
     isOnRecord = !GoBack();
-    const bool triesAgain =
-        !failure && context_.Retries(OperationStep::RenameTogether, steps_[done_].From, failure);
-    if (!triesAgain || isOnRecord) break;
+    if (failure) break;  // cancelled
+    const OperationStep told =
+        isOnRecord ? OperationStep::RenameInPart : OperationStep::RenameTogether;
+    const bool triesAgain = context_.Retries(told, wholes_[done_].From, ReasonOf(failure));
+    if (isOnRecord) context_.NoteLeft(failure.Code);  // whatever the answer was
+    if (isOnRecord || !triesAgain) break;
   }
   if (!isOnRecord) record_.Drop(record);
   Note();
@@ -64,13 +80,12 @@ void RenameTogether::Run(std::vector<PlacedItem> steps,
 bool RenameTogether::GoAhead(base::Status& failure) {
   prints_.assign(steps_.size(), {});
   stands_.assign(steps_.size(), false);
+  left_.assign(steps_.size(), NoError);
   for (done_ = 0; done_ < steps_.size(); ++done_) {
     if (!context_.GoesOn()) return false;
-    const PlacedItem& step = steps_[done_];
-    if (context_.IsReportDue()) context_.Report(step.From, step.To);
-    failure = Take(step, expected_->empty() ? nullptr : &(*expected_)[done_]);
+    if (context_.IsReportDue()) context_.Report(wholes_[done_].From, wholes_[done_].To);
+    failure = Take(done_);
     if (!failure) return false;
-    stands_[done_] = true;
     context_.SetItemsDone(done_ + 1);
   }
   return true;
@@ -86,33 +101,51 @@ ErrorNumber RenameTogether::OpenFolderOf(const std::string& path) {
   return NoError;
 }
 
-base::Status RenameTogether::Take(const PlacedItem& step, const ItemFingerprint* expected) {
-  if (const ErrorNumber error = OpenFolderOf(step.From); error != NoError)
-    return NamingError(error);
-  const int folder = place_->Folder.Get();
+base::Status RenameTogether::Take(std::size_t at) {
+  const PlacedItem& step = steps_[at];
+  const ItemFingerprint* const expected = expected_->empty() ? nullptr : &(*expected_)[at];
   const std::string name = NameOfPath(step.From);
   struct statx found;
-  if (const ErrorNumber error = LookAt(folder, name.c_str(), found); error != NoError)
-    return NamingError(error);
+  ErrorNumber error = OpenFolderOf(step.From);
+  if (error == NoError) error = LookAt(place_->Folder.Get(), name.c_str(), found);
+  if (expected != nullptr && (error == ENOENT || error == ENOTDIR)) {
+    left_[at] = ENOENT;
+    return {};
+  }
+  if (error != NoError) return NamingError(error);
   const ItemFingerprint print = FingerprintOf(found, place_->Traits);
-  if (expected != nullptr && !IsSameItem(print, *expected))
-    return {ESTALE, "It is another item by now."};
+  if (expected != nullptr && !IsSameItem(print, *expected)) {
+    left_[at] = ESTALE;
+    return {};
+  }
+  const int folder = place_->Folder.Get();
   std::string refusal = protected_.Refusal(context_.Function(), folder, name.c_str());
   if (!refusal.empty()) {
     protected_.Forget();
     return {EPERM, std::move(refusal)};
   }
   base::Status status = RenameItem(step.From, step.To, record_);
+  if (!status) return status;
   // A folder of that path is another one from now on.
-  if (status && S_ISDIR(found.stx_mode)) place_.reset();
-  if (status) prints_[done_] = print;
-  return status;
+  if (S_ISDIR(found.stx_mode)) place_.reset();
+  prints_[at] = print;
+  stands_[at] = true;
+  return {};
+}
+
+// There is nobody who types a name by now.
+base::Status RenameTogether::ReasonOf(const base::Status& failure) const {
+  constexpr std::string_view reason = "It was to be called \"%1\". %2";
+  const std::string text =
+      failure.Code == EEXIST ? "There is an item of this name already." : failure.Reason;
+  return {failure.Code, Filled(reason, {base::ForDisplay(NameOfPath(wholes_[done_].To)), text})};
 }
 
 bool RenameTogether::GoBack() {
   place_.reset();
   bool isAllBack = true;
   for (std::size_t at = done_; at > 0; --at) {
+    if (!stands_[at - 1]) continue;
     const PlacedItem& step = steps_[at - 1];
     if (RenameItem(step.To, step.From, record_)) {
       stands_[at - 1] = false;
@@ -127,17 +160,13 @@ bool RenameTogether::GoBack() {
 
 // What went by a name for the time between is told to have come from where it was before.
 void RenameTogether::Note() {
-  std::unordered_map<std::string, std::string> origins;
-  for (const RenameDetour& detour : DetoursOf(steps_)) {
-    origins[steps_[detour.First].To] = steps_[detour.First].From;
-  }
   for (std::size_t at = 0; at < steps_.size(); ++at) {
-    if (!stands_[at]) continue;
     const PlacedItem& step = steps_[at];
+    const bool isDetour = step.From != wholes_[at].From;
+    if (left_[at] != NoError && !isDetour) TellOfOther(context_, step.From, left_[at]);
+    if (!stands_[at]) continue;
     context_.NoteDone({step.From, step.To, prints_[at]});
-    if (origins.contains(step.To)) continue;
-    const auto origin = origins.find(step.From);
-    context_.NotePlaced(origin == origins.end() ? step.From : origin->second, step.To);
+    if (step.To == wholes_[at].To) context_.NotePlaced(wholes_[at].From, step.To);
   }
 }
 
