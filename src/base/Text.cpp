@@ -46,6 +46,7 @@ constexpr Hidden HiddenRanges[] = {
     {0x2060, 0x2060, ReplacementCharacter, 0, 0xDE00},
     {0x2066, 0x2069, ReplacementCharacter, 0, 0xDE00},
     {StrayByteMark + 0x80, StrayByteMark + 0xFF, ReplacementCharacter, 0, 0xDC00},
+    {0xFDD0, 0xFDEF, ReplacementCharacter, 0, 0xDF00},  // no characters; editors part texts by them
     {0xFEFF, 0xFEFF, ReplacementCharacter, 0, 0xDF00},
 };
 

@@ -62,14 +62,16 @@ std::string ReplaceAll(std::string_view text, std::string_view find, std::string
   std::string result;
   std::size_t taken = 0;  // bytes
   for (auto from = letters.begin();;) {
-    const auto found =
-        std::ranges::search(from, letters.end(), wanted.begin(), wanted.end(),
-                            std::ranges::equal_to(), &FoldedLetter::Letter, &FoldedLetter::Letter);
-    if (found.empty()) break;
-    const std::size_t start = found.begin() == letters.begin() ? 0 : std::prev(found.begin())->End;
+    const auto found = std::search(from, letters.end(), wanted.begin(), wanted.end(),
+                                   [](const FoldedLetter& one, const FoldedLetter& other) {
+                                     return one.Letter == other.Letter;
+                                   });
+    if (found == letters.end()) break;
+    const auto end = found + static_cast<std::ptrdiff_t>(wanted.size());
+    const std::size_t start = found == letters.begin() ? 0 : std::prev(found)->End;
     result.append(text.substr(taken, start - taken)).append(replacement);
-    taken = std::prev(found.end())->End;
-    from = found.end();
+    taken = std::prev(end)->End;
+    from = end;
   }
   return result.append(text.substr(taken));
 }

@@ -37,9 +37,9 @@ TEST(TextTest, ShowsWhatCannotBeSeen) {
   EXPECT_EQ(ForDisplay(deceiving), ForDisplay(std::string(10, '\xFF')));
   EXPECT_EQ(ForDisplay("\u200C\u200D\u05D0"), "\u200C\u200D\u05D0");
   for (const std::string& name :
-       {std::string("\uFEFFa\x01\x7F\xFF\u0085\U0001F600\u00e9"), deceiving}) {
+       {std::string("\uFEFFa\uFDD1\x01\x7F\xFF\u0085\U0001F600\u00e9"), deceiving}) {
     const std::u16string edited = ForEditing(name);
-    EXPECT_EQ(edited.find_first_of(u"\uFEFF\u202E\x01\u0085"), edited.npos);
+    EXPECT_EQ(edited.find_first_of(u"\uFEFF\uFDD1\u202E\x01\u0085"), edited.npos);
     EXPECT_EQ(FromEditing(edited + u"b"), name + "b");
   }
 }
