@@ -1,6 +1,7 @@
 // Port: folders and files as the program reads and writes them itself.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -62,6 +63,22 @@ enum class ExtendedAttribute {
 // Hands over one item; false ends the reading.
 using TakeEntry = std::function<bool(const FolderEntry&)>;
 
+// Items of a folder whose attributes are wanted. All of it is called by the thread that wants them.
+class WantedAttributes {
+ public:
+  virtual ~WantedAttributes() = default;
+  // How many there are, about.
+  virtual std::size_t Count() const = 0;
+  // The next one, with a number of the asker's own. The name is valid until the next call of any of
+  // these. False where there is none any more.
+  virtual bool Next(std::string_view& name, int& number) = 0;
+  // As OpenedFolder::ReadAttributes gives them. Not always in the order in which they were named.
+  virtual void Take(int number, const base::Status& status, const ItemAttributes& attributes) = 0;
+  // Asked after each Take, and some times a second while there is none: nothing came for a while
+  // then. False ends the reading.
+  virtual bool GoesOn(bool isWaiting) = 0;
+};
+
 // A folder that is held open: its items are reached from it by name, at less cost than by path, and
 // whatever happens to the path meanwhile.
 class OpenedFolder {
@@ -72,6 +89,18 @@ class OpenedFolder {
   virtual base::Status Read(const TakeEntry& take) = 0;
   // A link is followed.
   virtual base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const = 0;
+  // The same of many items, some thousand of which may be named ahead of what is taken. What was
+  // named when it ended is dropped.
+  virtual void ReadManyAttributes(WantedAttributes& wanted) const {
+    std::string_view name;
+    int number = 0;
+    while (wanted.Next(name, number)) {
+      ItemAttributes attributes;
+      const base::Status status = ReadAttributes(name, attributes);
+      wanted.Take(number, status, attributes);
+      if (!wanted.GoesOn(false)) return;
+    }
+  }
   // An item without it, and a file system that keeps none, give an empty text and no error.
   virtual base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                              std::string& text) const = 0;

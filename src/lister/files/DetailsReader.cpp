@@ -1,8 +1,11 @@
 #include "lister/files/DetailsReader.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "lister/files/RowWalk.h"
@@ -17,57 +20,125 @@ constexpr int ManyRows = 1000;
 
 }  // namespace
 
-template <typename Lacks, typename Look>
-void DetailsReader::Go(ReadJob& job, std::string_view what, Lacks lacks, Look look) {
-  RowWalk walk(files_);
-  const std::vector<RowId>& all = files_.Rows.All();
-  const std::int64_t total = std::count_if(all.begin(), all.end(), lacks);
-  std::int64_t done = 0;
-  bool showsScreen = total > ManyRows;
-  RowRange changed;  // since the view was told
-  const auto tell = [&] {
-    if (changed.First <= changed.Last) {
-      files_.View().CellsChanged(RootRow, changed.First, changed.Last);
-    }
-    changed = {};
-  };
-  while (done < total) {
-    const RowId row = walk.Next();
-    if (row == NoRow) break;
-    if (!lacks(row)) continue;
-    ++done;
-    const bool isOther = look(row);
-    // Other rows may have come before it while another machine was waited for.
-    const int position = files_.Rows.PositionOf(row);
-    if (isOther && position >= 0) {
-      const bool isFirst = changed.Last < changed.First;
-      changed.First = isFirst ? position : std::min(changed.First, position);
-      changed.Last = std::max(changed.Last, position);
-    }
-    if (!job.Goes()) break;
-    const bool screenIsDone = showsScreen && !walk.IsOnScreen();
-    if (!screenIsDone && !job.Pace.IsDue()) continue;
-    showsScreen = showsScreen && !screenIsDone;
-    tell();
-    const auto percent = static_cast<std::uint64_t>(100 * done / total);
-    if (!job.Pump(platform::Counted(files_.List.Services.Forms,
-                                    platform::CountedText::ReadingPercent, percent, {what})))
-      return;
-    walk.LookAgain();
+// A walk over the rows that something is to be found out for. It may be found out for some while
+// others are asked for.
+class DetailsReader::Pass {
+ public:
+  using Lacks = std::function<bool(RowId)>;
+
+  Pass(FileListState& files, ReadJob& job, std::string_view what, Lacks lacks)
+      : files_(files),
+        job_(job),
+        what_(what),
+        lacks_(std::move(lacks)),
+        walk_(files),
+        asked_(static_cast<std::size_t>(files.Rows.StoreSize()) + 1) {
+    total_ = std::count_if(files.Rows.All().begin(), files.Rows.All().end(), lacks_);
+    showsScreen_ = total_ > ManyRows;
   }
-  tell();
-}
+  Pass(const Pass&) = delete;
+  Pass& operator=(const Pass&) = delete;
+  ~Pass() { Tell(); }
+
+  std::int64_t Total() const { return total_; }
+
+  // The row to be asked for; each comes once.
+  RowId Next() {
+    while (given_ < total_) {
+      const RowId row = walk_.Next();
+      if (row == NoRow) break;
+      Asked& asked = asked_[static_cast<std::size_t>(row)];
+      if (asked != Asked::Not || !lacks_(row)) continue;
+      ++given_;
+      asked = walk_.IsOnScreen() ? Asked::ForScreen : Asked::ForRest;
+      if (asked == Asked::ForScreen) ++onScreen_;
+      return row;
+    }
+    return NoRow;
+  }
+  // What came of it is in the row.
+  void Note(RowId row, bool isOther) {
+    ++done_;
+    if (asked_[static_cast<std::size_t>(row)] == Asked::ForScreen) --onScreen_;
+    // Other rows may have come before it meanwhile.
+    const int position = files_.Rows.PositionOf(row);
+    if (!isOther || position < 0) return;
+    const bool isFirst = changed_.Last < changed_.First;
+    changed_.First = isFirst ? position : std::min(changed_.First, position);
+    changed_.Last = std::max(changed_.Last, position);
+  }
+  // To be asked after each row, and now and then while none comes; lets messages through.
+  bool GoesOn(bool isWaiting = false) {
+    if (!job_.Goes()) return false;
+    const bool screenIsDone = showsScreen_ && onScreen_ == 0 && !walk_.IsOnScreen();
+    if (!screenIsDone && !isWaiting && !job_.Pace.IsDue()) return true;
+    showsScreen_ = showsScreen_ && !screenIsDone;
+    Tell();
+    const auto percent = static_cast<std::uint64_t>(100 * done_ / total_);
+    if (!job_.Pump(platform::Counted(files_.List.Services.Forms,
+                                     platform::CountedText::ReadingPercent, percent, {what_}))) {
+      return false;
+    }
+    walk_.LookAgain();
+    return true;
+  }
+
+ private:
+  enum class Asked : std::uint8_t { Not, ForScreen, ForRest };
+
+  void Tell() {
+    if (changed_.First <= changed_.Last) {
+      files_.View().CellsChanged(RootRow, changed_.First, changed_.Last);
+    }
+    changed_ = {};
+  }
+
+  FileListState& files_;
+  ReadJob& job_;
+  const std::string_view what_;
+  const Lacks lacks_;
+  RowWalk walk_;
+  std::vector<Asked> asked_;  // by row
+  std::int64_t total_ = 0;
+  std::int64_t given_ = 0;
+  std::int64_t done_ = 0;
+  std::int64_t onScreen_ = 0;  // that are asked for and have not come
+  bool showsScreen_ = false;   // is to, once it is whole
+  RowRange changed_;           // since the view was told
+};
+
+// Rows as a folder asks for them.
+class DetailsReader::Wanted : public platform::WantedAttributes {
+ public:
+  Wanted(DetailsReader& reader, Pass& pass) : reader_(reader), pass_(pass) {}
+
+  std::size_t Count() const override { return static_cast<std::size_t>(pass_.Total()); }
+  bool Next(std::string_view& name, int& number) override {
+    number = pass_.Next();
+    if (number != NoRow) name = reader_.files_.Rows.Name(number);
+    return number != NoRow;
+  }
+  void Take(int number, const base::Status& status,
+            const platform::ItemAttributes& attributes) override {
+    pass_.Note(number, reader_.SetAttributesOf(number, status, attributes));
+  }
+  bool GoesOn(bool isWaiting) override { return pass_.GoesOn(isWaiting); }
+
+ private:
+  DetailsReader& reader_;
+  Pass& pass_;
+};
 
 void DetailsReader::ReadAttributes(ReadJob& job) {
-  Go(
-      job, "Reading details", [&](RowId row) { return !files_.Rows.Row(row).WasTried; },
-      [&](RowId row) { return ReadAttributesOf(row, *job.Folder); });
+  Pass pass(files_, job, "Reading details",
+            [&](RowId row) { return !files_.Rows.Row(row).WasTried; });
+  Wanted wanted(*this, pass);
+  job.Folder->ReadManyAttributes(wanted);
 }
 
-bool DetailsReader::ReadAttributesOf(RowId row, const platform::OpenedFolder& folder) {
+bool DetailsReader::SetAttributesOf(RowId row, const base::Status& status,
+                                    const platform::ItemAttributes& attributes) {
   const FileRow before = files_.Rows.Row(row);
-  platform::ItemAttributes attributes;
-  const base::Status status = folder.ReadAttributes(files_.Rows.Name(row), attributes);
   if (status) {
     files_.Rows.SetAttributes(row, attributes);
     files_.ShowKnownSize(row);
@@ -97,13 +168,11 @@ void DetailsReader::ReadExtendedAttributes(ReadJob& job) {
     asked_.Colours |= lacking.Colours;
     asked_.Comments |= lacking.Comments;
     if (!job.Folder) continue;
-    std::vector<bool> done(static_cast<std::size_t>(files_.Rows.StoreSize()) + 1);
-    Go(
-        job, "Reading notes", [&](RowId row) { return !done[static_cast<std::size_t>(row)]; },
-        [&](RowId row) {
-          done[static_cast<std::size_t>(row)] = true;
-          return ReadExtendedAttributesOf(row, lacking, *job.Folder);
-        });
+    Pass pass(files_, job, "Reading notes", [](RowId) { return true; });
+    for (RowId row = pass.Next(); row != NoRow; row = pass.Next()) {
+      pass.Note(row, ReadExtendedAttributesOf(row, lacking, *job.Folder));
+      if (!pass.GoesOn()) return;
+    }
     if (!job.Goes()) return;
     complete_.Colours |= lacking.Colours;
     complete_.Comments |= lacking.Comments;

@@ -45,15 +45,16 @@ class DetailsReader {
     bool Comments = false;
   };
 
+  class Pass;
+  class Wanted;
+
   // True when the row looks different now.
-  bool ReadAttributesOf(RowId row, const platform::OpenedFolder& folder);
+  bool SetAttributesOf(RowId row, const base::Status& status,
+                       const platform::ItemAttributes& attributes);
   bool ReadExtendedAttributesOf(RowId row, ExtendedAttributes wanted,
                                 const platform::OpenedFolder& folder);
   static void Read(std::string_view name, ExtendedAttributes wanted,
                    const platform::OpenedFolder& folder, ItemColour& colour, std::string& comment);
-  // Calls `look` for all rows for which `lacks` holds, until it has done so.
-  template <typename Lacks, typename Look>
-  void Go(ReadJob& job, std::string_view what, Lacks lacks, Look look);
   ExtendedAttributes Shown() const { return {files_.ShowsColours(), files_.ShowsComments()}; }
 
   FileListState& files_;

@@ -245,6 +245,51 @@ TEST(LinuxFileSystem, MeasuresEachFileOnceAndLinksNever) {
   EXPECT_EQ(files.MeasureFolder(folder / "ten", {}, none).Code, ENOTDIR);
 }
 
+// Notes the sizes of items "0", "1" and so on, which are as large as they are called.
+struct WantedNumbers : WantedAttributes {
+  explicit WantedNumbers(int count, int most) : Most(most), Told(static_cast<std::size_t>(count)) {}
+
+  std::size_t Count() const override { return Told.size(); }
+  bool Next(std::string_view& name, int& number) override {
+    number = Named;
+    if (number == static_cast<int>(Count())) return false;
+    name = Name = std::to_string(Named++);
+    return true;
+  }
+  void Take(int number, const base::Status& status, const ItemAttributes& attributes) override {
+    EXPECT_TRUE(status.Code == (number % 100 == 99 ? ENOENT : 0)) << number;
+    EXPECT_EQ(++Told[static_cast<std::size_t>(number)], 1) << number;
+    EXPECT_EQ(attributes.Size, status ? static_cast<std::uint64_t>(number) : 0U);
+    ++Taken;
+  }
+  bool GoesOn(bool) override { return Taken < Most; }
+
+  const int Most;
+  std::vector<int> Told;  // how often
+  std::string Name;
+  int Named = 0, Taken = 0;
+};
+
+TEST(LinuxFileSystem, TellsManyAttributesOnceEach) {
+  const TempFolder folder;
+  const LinuxFileSystem files;
+  constexpr int few = 200, many = 3000;
+  for (int number = 0; number < many; ++number) {
+    if (number % 100 == 99) continue;
+    Put(folder / std::to_string(number), "");
+    truncate((folder / std::to_string(number)).c_str(), number);
+  }
+  base::Status status;
+  auto opened = files.OpenFolder(folder.Path(), status);
+  for (const int count : {few, many}) {
+    WantedNumbers all(count, count), some(count, count / 2);
+    opened->ReadManyAttributes(all);
+    EXPECT_EQ(all.Taken, count);
+    opened->ReadManyAttributes(some);
+    EXPECT_EQ(some.Taken, count / 2);
+  }
+}
+
 // So many folders that several threads share them.
 TEST(LinuxFileSystem, MeasuresLargeTreesAsOne) {
   const TempFolder folder;

@@ -152,6 +152,43 @@ base::Status NearFolder::ReadAttributes(std::string_view name, ItemAttributes& a
                : folder_->ReadAttributes(name, attributes);
 }
 
+// The items that lead to no far place; the others are looked at as they are named.
+class NearFolder::Rest : public WantedAttributes {
+ public:
+  Rest(const NearFolder& folder, WantedAttributes& wanted) : folder_(folder), wanted_(wanted) {}
+
+  std::size_t Count() const override { return wanted_.Count(); }
+  bool Next(std::string_view& name, int& number) override {
+    while (!isEnded_ && wanted_.Next(name, number)) {
+      const std::optional<FarPlace> place = folder_.PlaceOf(name);
+      if (!place) return true;
+      ItemAttributes attributes;
+      const base::Status status =
+          AttributesOf(folder_.calls_, place, folder_.folder_, name, attributes, true);
+      Take(number, status, attributes);
+      GoesOn(false);
+    }
+    return false;
+  }
+  void Take(int number, const base::Status& status, const ItemAttributes& attributes) override {
+    wanted_.Take(number, status, attributes);
+  }
+  bool GoesOn(bool isWaiting) override {
+    isEnded_ = isEnded_ || !wanted_.GoesOn(isWaiting);
+    return !isEnded_;
+  }
+
+ private:
+  const NearFolder& folder_;
+  WantedAttributes& wanted_;
+  bool isEnded_ = false;
+};
+
+void NearFolder::ReadManyAttributes(WantedAttributes& wanted) const {
+  Rest rest(*this, wanted);
+  folder_->ReadManyAttributes(rest);
+}
+
 base::Status NearFolder::ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                                std::string& text) const {
   const std::optional<FarPlace> place = PlaceOf(name);

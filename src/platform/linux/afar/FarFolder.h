@@ -41,10 +41,13 @@ class NearFolder : public OpenedFolder {
 
   base::Status Read(const TakeEntry& take) override;
   base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const override;
+  void ReadManyAttributes(WantedAttributes& wanted) const override;
   base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                      std::string& text) const override;
 
  private:
+  class Rest;
+
   std::optional<FarPlace> PlaceOf(std::string_view name) const;
 
   std::shared_ptr<OpenedFolder> folder_;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "platform/linux/files/AttributeTeam.h"
 #include "platform/linux/files/ExtendedAttributes.h"
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/ItemStat.h"
@@ -67,11 +68,24 @@ base::Status LinuxFolder::Read(const TakeEntry& take) {
   }));
 }
 
-base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {
+base::Status ReadAttributesAt(int folder, std::string_view name, ItemAttributes& attributes) {
   const EndedName ended(name);
   if (ended.Error() != NoError) return SystemError(ended.Error());
   attributes.IsHidden = name.starts_with('.');
-  return ReadItemStat(folder_.Get(), ended.Text(), attributes);
+  return ReadItemStat(folder, ended.Text(), attributes);
+}
+
+base::Status LinuxFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {
+  return ReadAttributesAt(folder_.Get(), name, attributes);
+}
+
+void LinuxFolder::ReadManyAttributes(WantedAttributes& wanted) const {
+  constexpr std::size_t fewItems = 256;  // are not worth another thread
+  if (wanted.Count() > fewItems) {
+    AttributeTeam team(folder_.Get());
+    if (team.HasThreads()) return team.Run(wanted);
+  }
+  OpenedFolder::ReadManyAttributes(wanted);
 }
 
 base::Status LinuxFolder::ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,

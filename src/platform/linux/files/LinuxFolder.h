@@ -8,6 +8,9 @@
 
 namespace tarnwell::platform {
 
+// As OpenedFolder::ReadAttributes, of an open folder.
+base::Status ReadAttributesAt(int folder, std::string_view name, ItemAttributes& attributes);
+
 // Reads the folder at the cost of the system calls, and reaches its items by their names alone.
 class LinuxFolder : public OpenedFolder {
  public:
@@ -16,6 +19,8 @@ class LinuxFolder : public OpenedFolder {
 
   base::Status Read(const TakeEntry& take) override;
   base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const override;
+  // Large numbers are shared by two threads beside the caller's, which waits for no file system.
+  void ReadManyAttributes(WantedAttributes& wanted) const override;
   base::Status ReadExtendedAttribute(std::string_view name, ExtendedAttribute attribute,
                                      std::string& text) const override;
 
