@@ -38,6 +38,7 @@ void ShowProperties(Keyed parts) {
 template <int Steps>
 void GoInHistory(Keyed parts) {
   if (parts.Space.Lists.Find(parts.Space.ActiveList) == nullptr) return;
+  if (Steps < 0 && parts.Navigation.LeaveFound(parts.Space.ActiveList)) return;
   const int pane = lister::PaneOf(parts.Space.ActiveList);
   const std::size_t here = parts.Space.Histories[pane].Here;
   if (Steps < 0 && here == 0) return;

@@ -4,6 +4,7 @@
 
 #include "lister/list/ListInput.h"
 #include "platform/FileOperation.h"
+#include "workspace/CurrentListScope.h"
 
 namespace tarnwell::commands {
 
@@ -38,8 +39,7 @@ void Keyboard::KeyDown(int code, int shift) {
   try {
     Handle(code, shift);
   } catch (const std::exception&) {
-    messenger_.Message("An error occurred while handling which keys were pressed.",
-                       forms::MessageKind::Ok);
+    TellError();
   }
 }
 
@@ -59,6 +59,54 @@ void Keyboard::Handle(int code, int shift) {
     if (row.Disarms) workspace_.KeyArmed = false;
     return;
   }
+}
+
+struct Keyboard::OwnRow {
+  int Code;
+  int Shift;  // what is held, among others
+  void (Keyboard::*Act)(int shift);
+};
+
+const Keyboard::OwnRow Keyboard::OwnRows[] = {
+    {lister::F2Key, 0, &Keyboard::Rename},
+    {'X', CtrlDown, &Keyboard::Cut},
+    {'C', CtrlDown, &Keyboard::Copy},
+    {'M', CtrlDown, &Keyboard::RenameItems},
+    {'R', CtrlDown, &Keyboard::Refresh},
+    {lister::EnterKey, lister::AltDown, &Keyboard::ShowProperties},
+    {lister::DeleteKey, 0, &Keyboard::Delete},
+};
+
+void Keyboard::KeyDownOf(lister::ListId list, int code, int shift) {
+  const workspace::CurrentListScope scope(workspace_, list);
+  for (const OwnRow& row : OwnRows) {
+    if (row.Code != code || (shift & row.Shift) != row.Shift) continue;
+    try {
+      (this->*row.Act)(shift);
+    } catch (const std::exception&) {
+      TellError();
+    }
+    return;
+  }
+}
+
+void Keyboard::TellError() {
+  messenger_.Message("An error occurred while handling which keys were pressed.",
+                     forms::MessageKind::Ok);
+}
+
+void Keyboard::RenameItems(int) {
+  actions_.RenameItems();
+}
+
+void Keyboard::ShowProperties(int) {
+  if (Current() == nullptr) return;
+  Current()->PrepareSelectionKeyboard();
+  actions_.ShowShellMenu(MenuMode::Properties);
+}
+
+void Keyboard::Refresh(int) {
+  if (Current() != nullptr) Current()->RefreshList();
 }
 
 void Keyboard::KeyUp() {

@@ -38,6 +38,8 @@ class Keyboard {
   // `code` is one of lister::KeyCode, or that of a letter's capital; `shift` a mask of
   // lister::ShiftMask. While the command line has the keyboard nothing happens.
   void KeyDown(int code, int shift);
+  // The same for a list that is in no pane, and has the keyboard itself.
+  void KeyDownOf(lister::ListId list, int code, int shift);
   // Any key: the next one may act.
   void KeyUp();
   // The window has the keys again, and some may have come up elsewhere.
@@ -46,8 +48,11 @@ class Keyboard {
  private:
   struct Row;
   static const Row Rows[];
+  struct OwnRow;
+  static const OwnRow OwnRows[];
 
   void Handle(int code, int shift);
+  void TellError();
   void ResetStartItems();
   void Rename(int shift);
   void Help(int shift);
@@ -58,6 +63,9 @@ class Keyboard {
   void Copy(int shift);
   void Paste(int shift);
   void Delete(int shift);
+  void RenameItems(int shift);
+  void ShowProperties(int shift);
+  void Refresh(int shift);
   void KeepForPaste(std::string_view action, lister::ListerControl& current);
 
   lister::ListerControl* Active() const { return workspace_.Lists.Find(workspace_.ActiveList); }

@@ -35,7 +35,8 @@ void DeleteCommand::DeleteSelection(bool permanent) {
 
 void DeleteCommand::FollowUp(lister::ListId list, const std::string& items) {
   if (lister::IsFileList(list)) {
-    workspace_.Lists[list].RefreshList();
+    // What was found has been looked at again already.
+    if (!workspace_.Lists[list].ShowsFound()) workspace_.Lists[list].RefreshList();
     return;
   }
   if (ShowsOneOf(items, workspace_.Lists[list], syntax_)) navigation_.MoveFocusUpOneFolder(list);
@@ -73,6 +74,7 @@ void DeleteCommand::DeleteForGood(lister::ListId list, const std::string& shown)
       platform_.Start({.Kind = platform::CommandKind::Delete, .Requests = {request}}),
       [this, list, items](const auto&) {
         lists::LookAtPanes(workspace_);
+        lists::LookAgainAtFound(workspace_);
         FollowUp(list, items);
       });
 }

@@ -35,8 +35,10 @@ void DropCommand::SendSelected(std::string_view word, lister::ListId source,
   const lister::ListerControl& to = workspace_.Lists[target];
   const std::string destination = to.PasteFolder();
   if (destination.empty()) {
-    messenger_.Message(base::ForDisplay(to.CurrentFolder()) + " is not there any more.",
-                       forms::MessageKind::Ok);
+    messenger_.Message(
+        to.ShowsFound() ? "The other list shows what was found, which is no folder to put items in."
+                        : base::ForDisplay(to.CurrentFolder()) + " is not there any more.",
+        forms::MessageKind::Ok);
     return;
   }
   const Answer answer = Ask(text, destination, word);

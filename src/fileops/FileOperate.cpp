@@ -91,10 +91,24 @@ platform::OperationId FileOperations::Start(FileFunction function, const std::st
   const bool copies = function == FileFunction::Copy || function == FileFunction::Move;
   platform::OperationRequest request;
   request.Function = function;
-  request.Items = items;
   base::ItemList::Add(request.Destination, copies ? folder : "");
-  request.Flags = FlagsOf(function, items, folder);
-  return platform_.Start({.Kind = KindOf(request), .Requests = {request}});
+  // Items of many folders may lie in the target in part: those stay there, or become twins.
+  std::string here, elsewhere;
+  for (const std::string_view item : base::ItemList(items)) {
+    const bool isHere = copies && syntax_.GetFolderPath(item) == folder;
+    base::ItemList::Add(isHere ? here : elsewhere, item);
+  }
+  std::vector<std::string> parts{items};
+  if (!here.empty() && !elsewhere.empty()) parts = {elsewhere, here};
+  if (function == FileFunction::Move && parts.size() > 1) parts.pop_back();
+  platform::OperationOrder order;
+  for (std::string& part : parts) {
+    request.Flags = FlagsOf(function, part, folder);
+    request.Items = std::move(part);
+    order.Requests.push_back(request);
+  }
+  order.Kind = KindOf(request);
+  return platform_.Start(std::move(order));
 }
 
 void FileOperations::FollowUp(const Carried& carried, const platform::OperationResult& result) {

@@ -22,6 +22,15 @@ namespace {
 // Of these results are kept: nobody asks for one but the command that has just started it.
 constexpr std::size_t MostFinished = 8;
 
+// Items go, with all that is in them.
+bool TakesWhole(const platform::OperationRequest& request) {
+  using platform::FileFunction;
+  const bool takes =
+      request.Function == FileFunction::Delete || request.Function == FileFunction::Move;
+  return takes && (request.Flags & (platform::OwnTargets | platform::FromTrash)) == 0 &&
+         request.Expected.empty();
+}
+
 OperationResult Failure(std::errc code, bool isAborted) {
   return {.Code = static_cast<int>(code), .Aborted = isAborted};
 }
@@ -80,8 +89,9 @@ OperationId OperationQueue::Start(platform::OperationOrder order) {
   const OperationId id = work->Id;
   work->Title = OperationTitle(order, syntax_, forms_);
   work->Order = std::move(order);
-  for (const platform::OperationRequest& request : work->Order.Requests) {
+  for (platform::OperationRequest& request : work->Order.Requests) {
     if (request.Items.empty()) continue;
+    if (TakesWhole(request)) request.Items = WithoutNested(request.Items, syntax_);
     std::ranges::move(engine_.VolumesOf(request), std::back_inserter(work->Volumes));
   }
   std::ranges::sort(work->Volumes);

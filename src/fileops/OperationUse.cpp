@@ -1,10 +1,31 @@
 #include "fileops/OperationUse.h"
 
+#include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 #include "base/ItemList.h"
 
 namespace tarnwell::fileops {
+
+std::string WithoutNested(std::string_view items, const base::PathSyntax& syntax) {
+  const base::ItemList list(items);
+  const std::string folder = syntax.GetFolderPath(list.First());
+  const bool isOneFolder = std::ranges::all_of(
+      list, [&](std::string_view item) { return syntax.GetFolderPath(item) == folder; });
+  if (isOneFolder) return std::string(items);
+  std::unordered_set<std::string> keys;
+  for (const std::string_view item : list) keys.insert(syntax.Key(item));
+  std::string kept;
+  for (const std::string_view item : list) {
+    std::string above = syntax.ParentOf(item), below(item);
+    while (above != below && !keys.contains(syntax.Key(above))) {
+      below = std::exchange(above, syntax.ParentOf(above));
+    }
+    if (above == below) base::ItemList::Add(kept, item);
+  }
+  return kept;
+}
 
 ItemsToTake::ItemsToTake(std::string_view items, const base::PathSyntax& syntax) : syntax_(syntax) {
   for (const std::string_view item : base::ItemList(items)) items_.emplace(syntax.Key(item), item);

@@ -10,6 +10,10 @@
 
 namespace tarnwell::fileops {
 
+// The items, a base::ItemList, but for those that lie in another one of them and go where that
+// goes.
+std::string WithoutNested(std::string_view items, const base::PathSyntax& syntax);
+
 // Items that somebody is about to take away, a base::ItemList that must outlive this.
 class ItemsToTake {
  public:

@@ -71,6 +71,7 @@ base::Status RenameCommand::AskAndRename(lister::ListerControl& list, const std:
   base::Status status = files_.Rename(item.From, item.To);
   if (!status) return status;
   platform_.NoteDone(platform::CommandKind::Rename, {item});
+  lists::FollowMoved(workspace_, {item});
   list.RefreshList();
   lists::ShowPlaced(workspace_, list.Id(), {item});
   return status;

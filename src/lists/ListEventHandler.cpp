@@ -20,6 +20,11 @@ void ListEventHandler::FolderSelected(lister::ListId list) {
   navigation_.UpdateChildPane(list);
 }
 
+// What was found in the file list beside it gives way to the folder.
+void ListEventHandler::OpenFolderChosen(lister::ListId list) {
+  navigation_.LeaveFound(list);
+}
+
 void ListEventHandler::DriveSelected(lister::ListId list) {
   workspace_.PaneOfList(list).CurrentPath = workspace_.Lists[list].DriveFolder();
   navigation_.UpdateChildPane(list);
@@ -118,21 +123,22 @@ void ListEventHandler::ListKeyDown(lister::ListId, std::int16_t& keyCode) {
   lister::ListerControl* const active = workspace_.Lists.Find(workspace_.ActiveList);
   if (active == nullptr) return;
   try {
-    HandleKey(*active, keyCode);
+    HandleListKey(workspace_, *active, keyCode);
   } catch (const std::exception&) {
     messenger_.Message("An error occurred while handline the key presses.", forms::MessageKind::Ok);
   }
 }
 
-void ListEventHandler::HandleKey(lister::ListerControl& list, std::int16_t& keyCode) {
+void HandleListKey(workspace::Workspace& workspace, lister::ListerControl& list,
+                   std::int16_t& keyCode) {
   switch (keyCode) {
     case lister::SpaceKeyCode:
-      workspace_.SpaceHeld = true;
+      workspace.SpaceHeld = true;
       list.SpaceKey();
       break;
     case lister::UpKey:
     case lister::DownKey:
-      list.ArrowKey(keyCode, workspace_.SpaceHeld);
+      list.ArrowKey(keyCode, workspace.SpaceHeld);
       break;
     case lister::F3Key:
       list.CalculateItemSize();

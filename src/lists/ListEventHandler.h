@@ -26,6 +26,9 @@ struct ListRequests {
 
 // Lets the mouse start nothing in any list, or lets it again.
 void MouseLocked(workspace::Workspace& workspace, bool locked);
+// What a key of ListKeyDown does in the list.
+void HandleListKey(workspace::Workspace& workspace, lister::ListerControl& list,
+                   std::int16_t& keyCode);
 
 class ListEventHandler : public lister::ListerEvents {
  public:
@@ -38,6 +41,7 @@ class ListEventHandler : public lister::ListerEvents {
         requests_(std::move(requests)) {}
 
   void FolderSelected(lister::ListId list) override;
+  void OpenFolderChosen(lister::ListId list) override;
   void DriveSelected(lister::ListId list) override;
   void RightClicked(lister::ListId list, const lister::RightClick& click) override;
   void DragBegun(lister::ListId list, const lister::MouseEvent& event) override;
@@ -73,7 +77,6 @@ class ListEventHandler : public lister::ListerEvents {
 
  private:
   void SetPointer(forms::MousePointer pointer);
-  void HandleKey(lister::ListerControl& list, std::int16_t& keyCode);
 
   workspace::Workspace& workspace_;
   workspace::FormLayout& layout_;

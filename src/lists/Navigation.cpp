@@ -107,6 +107,13 @@ void Navigation::UpdateChildPane(lister::ListId list) {
   files.ParentFolder = newest;
 }
 
+bool Navigation::LeaveFound(lister::ListId list) {
+  const int pane = lister::PaneOf(list);
+  if (!workspace_.Lists.Files(pane).ShowsFound()) return false;
+  UpdateChildPane(lister::FolderListOf(pane));
+  return true;
+}
+
 void Navigation::OpenChildFolder(lister::ListId list, const std::string& folder,
                                  const std::string& branch) {
   lister::ListerControl& folders = workspace_.Lists.Folders(lister::PaneOf(list));
@@ -127,6 +134,7 @@ void Navigation::OpenOnDrive(lister::ListId list, std::string drive, const std::
 
 void Navigation::MoveFocusUpOneFolder(lister::ListId list) {
   const forms::PointerScope pointer(host_);
+  if (lister::IsFileList(list) && LeaveFound(list)) return;
   const int pane = lister::PaneOf(list);
   const std::string& title = workspace_.Form.TitleBar[pane].Text;
   if (title.size() == 1 && title.front() == syntax_.Separator) return;

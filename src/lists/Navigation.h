@@ -32,6 +32,10 @@ class Navigation {
   // hand-over wins. The ids of file lists do nothing.
   void UpdateChildPane(lister::ListId list);
 
+  // Where the file list of the list's pane shows what was found, it shows the pane's folder again.
+  // False where it does not.
+  bool LeaveFound(lister::ListId list);
+
   // Opens a folder from the file list of a pane, in whose folder list `branch`, which holds it, is
   // expanded. A folder on another drive shows that drive.
   void OpenChildFolder(lister::ListId list, const std::string& folder, const std::string& branch);
@@ -39,7 +43,8 @@ class Navigation {
   // Shows the drive, which holds the folder, in the list's pane, and opens the folder there.
   void OpenOnDrive(lister::ListId list, std::string drive, const std::string& folder);
 
-  // Opens the folder above the one that the list's pane shows; at a root, nothing.
+  // Opens the folder above the one that the list's pane shows; at a root, nothing. From a list of
+  // what was found it leads to the pane's folder.
   void MoveFocusUpOneFolder(lister::ListId list);
 
   // Opens the folder at that place of the pane's history, which is Here from then on. A place

@@ -47,7 +47,19 @@ void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolder
   }
 }
 
+void FollowMoved(workspace::Workspace& workspace, const std::vector<platform::PlacedItem>& placed) {
+  workspace.ForEachList([&](lister::ListerControl& list) { list.FollowMoved(placed); });
+}
+
+void LookAgainAtFound(workspace::Workspace& workspace) {
+  workspace.ForEachList([](lister::ListerControl& list) {
+    if (list.ShowsFound()) list.RefreshList();
+  });
+}
+
 void LookAtPanes(workspace::Workspace& workspace) {
+  lister::ListerControl* const found = workspace.Lists.Find(lister::FoundList);
+  if (found != nullptr) found->LookAtDisk(lister::LookReason::Operation);
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
     const workspace::PaneRecord& record = workspace.Panes[pane];
     if (!record.Initialized || !record.IsOpen()) continue;
@@ -88,6 +100,8 @@ void WatchBracket::EndAfter(platform::FileOperation& operations, platform::Opera
     ++workspace.OpenBrackets;
     std::exception_ptr fault;
     try {
+      FollowMoved(workspace, result.Placed);
+      LookAgainAtFound(workspace);
       steps(result);
     } catch (...) {
       fault = std::current_exception();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "platform/FileOperation.h"
 #include "workspace/Workspace.h"
@@ -18,8 +19,14 @@ void WatchResumePanesAll(workspace::Workspace& workspace);
 void WatchResumePanes(workspace::Workspace& workspace, lister::ListId skipFolderList,
                       lister::ListId skipFileList);
 
+// The program has moved or renamed these: rows of what was found follow.
+void FollowMoved(workspace::Workspace& workspace, const std::vector<platform::PlacedItem>& placed);
+
+// Lists of what was found look at it again, once the brackets that are open are closed.
+void LookAgainAtFound(workspace::Workspace& workspace);
+
 // After the program has changed something on disk: the lists of open panes that nobody tells of it
-// take it over.
+// take it over, and so does that of what was found.
 void LookAtPanes(workspace::Workspace& workspace);
 
 // Sees to it that lists that were stopped follow their folders again however a scope is left.

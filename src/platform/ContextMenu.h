@@ -40,7 +40,8 @@ class ContextMenu {
   virtual ~ContextMenu() = default;
   // Whether there is an item at the full path, and why not.
   virtual base::Status Find(const std::string& path) const = 0;
-  // The menu for the items of that name in the folder; for the open folder itself, as seen from
+  // The menu for the items of that name in the folder, or below it where names are paths from there
+  // on; for the open folder itself, as seen from
   // within, if there are none. Null if the platform has no menu for them.
   virtual std::unique_ptr<ItemMenu> ForItems(const std::string& folder,
                                              const std::vector<std::string>& names) = 0;

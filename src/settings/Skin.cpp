@@ -110,6 +110,11 @@ void Skin::PaintForm() {
     folders.RedrawItems();
     files.RedrawItems();
   }
+  if (lister::ListerControl* const found = space.Lists.Find(lister::FoundList)) {
+    found->ReloadColors();
+    found->RedrawHeadings();
+    found->RedrawItems();
+  }
   form.Touch();
 }
 

@@ -42,7 +42,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                                         services_.Pump, services_.Clock, services_.Order,
                                         services_.Launcher, services_.Forms, services_.Stamps,
                                         space_.Cut, space_.OpenBrackets},
-                   ListEvents());
+                   ListEvents(list));
              }),
       messages_(services_.Host, space_.Form),
       tray_(space_, services_.Tray, [this] { MenuClick("mPopExit"); }),
@@ -102,15 +102,8 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
       titleMenu_(space_, services_.Files.Syntax(), navigation_, services_.Popups),
       drop_(space_, services_.Files, services_.Drives, operations_, services_.Host, messages_,
             dialogFields_),
-      events_(space_, layout_, navigation_, messages_,
-              {.Close = [this] { Exit(); },
-               .CreateNewFolder = [this] { newFolder_.CreateNewFolder(true); },
-               .ShowContextMenu =
-                   [this](float x, float y, const std::string& clicked, const std::string& path) {
-                     contextMenu_.ShowForClick(x, y, clicked, path);
-                   },
-               .DropItems = [this](lister::ListId list,
-                                   const lister::Drop& drop) { drop_.DropItems(list, drop); }}),
+      events_(space_, layout_, navigation_, messages_, RequestsOfLists()),
+      foundEvents_(space_, navigation_, messages_, RequestsOfLists()),
       loggedEvents_(services_.Log == nullptr
                         ? nullptr
                         : std::make_unique<tools::LoggedListEvents>(events_, *services_.Log)),
@@ -129,9 +122,22 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
   form.Width = StartWidth;
   form.Height = StartHeight;
   space_.Lists.Create(0);
+  space_.Lists.SetUpFound = [this](lister::ListerControl& list) { panes_.SetUpFoundList(list); };
 }
 
-lister::ListerEvents& Master::ListEvents() {
+lists::ListRequests Master::RequestsOfLists() {
+  return {.Close = [this] { Exit(); },
+          .CreateNewFolder = [this] { newFolder_.CreateNewFolder(true); },
+          .ShowContextMenu =
+              [this](float x, float y, const std::string& clicked, const std::string& path) {
+                contextMenu_.ShowForClick(x, y, clicked, path);
+              },
+          .DropItems = [this](lister::ListId list,
+                              const lister::Drop& drop) { drop_.DropItems(list, drop); }};
+}
+
+lister::ListerEvents& Master::ListEvents(lister::ListId list) {
+  if (list == lister::FoundList) return foundEvents_;
   if (loggedEvents_) return *loggedEvents_;
   return events_;
 }

@@ -18,6 +18,7 @@
 #include "fileops/RenameItem.h"
 #include "fileops/UndoCommand.h"
 #include "fileops/frmRecycleBin.h"
+#include "lists/FoundListEvents.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
 #include "lists/Navigation.h"
@@ -105,6 +106,10 @@ class Master : private workspace::PaneHooks,
   void WheelTurned(int delta);
   // A key, before the control that has the keyboard sees it; see Keyboard.h.
   void KeyDown(int code, int shift) { keyboard_.KeyDown(code, shift); }
+  // Of the list of what was found.
+  void FoundListKeyDown(int code, int shift) {
+    keyboard_.KeyDownOf(lister::FoundList, code, shift);
+  }
   void KeyUp() { keyboard_.KeyUp(); }
   // Keys of the window as a whole; see KeyTable.h.
   void PressKeys(std::string_view keys) {
@@ -180,7 +185,8 @@ class Master : private workspace::PaneHooks,
   }
 
   fileops::TrashServices TrashServices();
-  lister::ListerEvents& ListEvents();
+  lists::ListRequests RequestsOfLists();
+  lister::ListerEvents& ListEvents(lister::ListId list);
   std::string ProgramFile(std::string_view name) const;
 
   Services services_;
@@ -218,6 +224,7 @@ class Master : private workspace::PaneHooks,
   shellmenu::TitleMenu titleMenu_;
   fileops::DropCommand drop_;
   lists::ListEventHandler events_;
+  lists::FoundListEvents foundEvents_;
   std::unique_ptr<tools::LoggedListEvents> loggedEvents_;  // null unless messages are logged
   lists::ListCommands listCommands_;
   tools::FolderComparison comparison_;

@@ -10,6 +10,7 @@ namespace tarnwell::shellmenu {
 MenuItems ItemCollector::Collect(lister::ListerControl& list, const std::string& path,
                                  const std::string& clicked, MenuMode mode) const {
   MenuItems items;
+  items.AreFound = list.ShowsFound();
   if (!path.empty()) {
     items.Paths = {syntax_.ValidatePath(path)};
   } else {

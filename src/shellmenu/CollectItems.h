@@ -17,6 +17,7 @@ inline constexpr std::size_t MostItems = 30000;
 struct MenuItems {
   std::vector<std::string> Paths;  // full; empty for none
   bool IsDriveRoot = false;        // the one item is a drive's root
+  bool AreFound = false;           // they may be of many folders
 };
 
 class ItemCollector {

@@ -55,6 +55,20 @@ class PicturesOff {
   forms::MenuImageHelper& pictures_;
 };
 
+// The nearest folder that all of the items are in, with a separator at its end; of one item that
+// ends with it, that item.
+std::string FolderOfAll(const std::vector<std::string>& paths, const base::PathSyntax& syntax) {
+  std::string folder = syntax.GetFolderPath(paths.front());
+  for (const std::string& path : paths) {
+    while (!path.starts_with(folder)) {
+      const std::string above = syntax.AddSeparator(syntax.ParentOf(folder));
+      if (above == folder) break;
+      folder = above;
+    }
+  }
+  return folder;
+}
+
 int PixelOf(float twips) {
   return base::RoundToTwips(twips) / base::TwipsPerPixel;
 }
@@ -74,7 +88,10 @@ platform::OperationId ContextMenuCommand::ShowShellMenu(float x, float y, std::s
   lists::WatchBracket watches(workspace_, [this] { lists::WatchResumePanesAll(workspace_); });
   const auto action = std::make_shared<ActionBracket>(workspace_);
   const bool isForNothing = mode == MenuMode::Properties && list->FirstSelected().empty();
-  if (mode == MenuMode::Paste || isForNothing) path = OwnFolder(*list);
+  if (mode == MenuMode::Paste || isForNothing) {
+    path = OwnFolder(*list);
+    if (path.empty()) return platform::NoOperation;
+  }
   if (mode != MenuMode::Show) clickedItemPath_.clear();
   const MenuItems items = collector_.Collect(*list, path, clickedItemPath_, mode);
   MenuRequest request;
@@ -106,16 +123,21 @@ MenuOutcome ContextMenuCommand::Choose(const MenuItems& items, MenuRequest reque
   if (items.Paths.empty()) return {};
   const base::PathSyntax& syntax = platform_.Syntax;
   std::vector<std::string> gone;
+  request.FirstPath = items.Paths.front();
+  request.Folder =
+      items.AreFound ? FolderOfAll(items.Paths, syntax) : syntax.GetFolderPath(request.FirstPath);
   for (const std::string& path : items.Paths) {
     const std::string name(syntax.LastComponent(path));
     const base::Status status = platform_.Menu.Find(path);
-    (status ? request.Names : gone).push_back(name);
+    if (status) {
+      request.Names.push_back(items.AreFound ? path.substr(request.Folder.size()) : name);
+    } else {
+      gone.push_back(name);
+    }
     if (!status && gone.size() == 1) Tell(status);
     if (!status && &path == &items.Paths.front()) return {};
   }
   TellMoreGone(gone);
-  request.FirstPath = items.Paths.front();
-  request.Folder = syntax.GetFolderPath(request.FirstPath);
   // It ends with a separator: the folder itself is meant, as seen from within.
   const bool isFolderItself = request.Folder == request.FirstPath;
   if (isFolderItself) request.Names.clear();

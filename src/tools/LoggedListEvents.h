@@ -17,6 +17,10 @@ class LoggedListEvents : public lister::ListerEvents {
     Note(list, "FolderSelected");
     next_.FolderSelected(list);
   }
+  void OpenFolderChosen(lister::ListId list) override {
+    Note(list, "OpenFolderChosen");
+    next_.OpenFolderChosen(list);
+  }
   void DriveSelected(lister::ListId list) override {
     Note(list, "DriveSelected");
     next_.DriveSelected(list);
@@ -127,7 +131,8 @@ class LoggedListEvents : public lister::ListerEvents {
  private:
   void Note(lister::ListId list, const std::string& event, Rate rate = Rate::Each) {
     const char* const kind = lister::IsFileList(list) ? "Files" : "Folders";
-    const std::string pane = std::to_string(lister::PaneOf(list) + 1);
+    const std::string pane =
+        lister::HasPane(list) ? std::to_string(lister::PaneOf(list) + 1) : "found";
     log_.Note("Master", std::string(kind) + " of pane " + pane, event, rate);
   }
 

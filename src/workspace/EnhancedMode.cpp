@@ -13,11 +13,11 @@ void SwitchMode(Workspace& workspace, bool flag, bool noRefresh) {
   workspace.Form.Touch();
   const bool on = checked;
   workspace.ForEachList([&](lister::ListerControl& list) {
-    if (workspace.PaneOfList(list.Id()).IsOpen()) list.SetEnhancedMode(on);
+    if (workspace.IsOpen(list.Id())) list.SetEnhancedMode(on);
   });
   if (noRefresh) return;
   workspace.ForEachList([&](lister::ListerControl& list) {
-    if (workspace.PaneOfList(list.Id()).IsOpen()) list.RefreshList();
+    if (workspace.IsOpen(list.Id())) list.RefreshList();
   });
 }
 

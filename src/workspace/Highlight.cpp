@@ -18,7 +18,7 @@ void ColourTitleBar(Workspace& workspace, lister::ListId list) {
 }
 
 void HighlightActiveList(Workspace& workspace, bool redraw) {
-  if (!redraw) return;
+  if (!redraw || workspace.CurrentList == lister::FoundList) return;
   MainForm& form = workspace.Form;
   const TitleColours& colours = workspace.Titles;
   for (int pane = 0; pane < lister::PaneCount; ++pane) {
@@ -47,7 +47,7 @@ void HighlightActiveList(Workspace& workspace, bool redraw) {
 
 void UpdateHeadingMenu(Workspace& workspace) {
   const lister::ListerControl* current = workspace.Lists.Find(workspace.CurrentList);
-  if (current == nullptr) return;
+  if (current == nullptr || !lister::HasPane(workspace.CurrentList)) return;
   for (const std::string_view heading : SwitchableHeadings) {
     workspace.Form.Menus["mnuHeading" + std::string(heading)].Checked =
         current->HeadingActive(heading);

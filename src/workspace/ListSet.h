@@ -26,11 +26,15 @@ class ListSet {
     }
   }
 
-  // The list of the window that finds files; made by the first call.
+  // The list of the window that finds files; made by the first call, which has it set up.
   lister::ListerControl& Found() {
-    if (!found_) found_ = factory_(lister::FoundList);
+    if (!found_) {
+      found_ = factory_(lister::FoundList);
+      if (SetUpFound) SetUpFound(*found_);
+    }
     return *found_;
   }
+  std::function<void(lister::ListerControl&)> SetUpFound;
 
   // Null for a list that does not exist, and for any number that names none.
   lister::ListerControl* Find(lister::ListId list) const {

@@ -127,13 +127,34 @@ void PaneSet::InitializePaneSet(int pane) {
   }
 }
 
+void PaneSet::SetUpFoundList(lister::ListerControl& list) {
+  constexpr std::int32_t second = 1;
+  list.ListType = 2;
+  list.AddSortKey(0, "sName", "asc");
+  list.SetHeadingProperty(static_cast<int>(lister::HeadingId::Path), "Index", base::Value(second));
+  SendSettings(list);
+  list.SetActive(true);
+  hooks_.ApplySkinChange();
+  list.Initialize();
+}
+
+void PaneSet::SendSettings(lister::ListerControl& list) const {
+  const ProgramSettings& settings = workspace_.Settings;
+  list.SetProperty("FileCountMax", settings.FileCountMax);
+  list.SetProperty("ShowColor", settings.ShowColor);
+  list.SetProperty("ShowFileIcons", settings.ShowFileIcons);
+  list.SetProperty("ShowFolderIcons", settings.ShowFolderIcons);
+  list.SetProperty("ActiveHeading", std::int32_t{FirstHeading});
+  // The limit of files goes under this name too; lists expect both.
+  list.SetProperty("ActiveButton", settings.FileCountMax);
+}
+
 void PaneSet::SetUpLists(int pane) {
   PaneRecord& record = workspace_.Panes[pane];
   if (pane != 0) workspace_.Lists.Create(pane);
   record.Initialized = true;
   lister::ListerControl& folders = workspace_.Lists.Folders(pane);
   lister::ListerControl& files = workspace_.Lists.Files(pane);
-  const ProgramSettings& settings = workspace_.Settings;
 
   for (lister::ListerControl* list : {&folders, &files}) list->AddSortKey(0, "sName", "asc");
   for (lister::ListerControl* list : {&folders, &files}) list->IsWin9x = workspace_.IsWin9x;
@@ -143,13 +164,7 @@ void PaneSet::SetUpLists(int pane) {
   folders.SetNameSized((record.NameSized & SizedTree) != 0);
   files.SetNameSized((record.NameSized & SizedFiles) != 0);
   for (lister::ListerControl* list : {&folders, &files}) {
-    list->SetProperty("FileCountMax", settings.FileCountMax);
-    list->SetProperty("ShowColor", settings.ShowColor);
-    list->SetProperty("ShowFileIcons", settings.ShowFileIcons);
-    list->SetProperty("ShowFolderIcons", settings.ShowFolderIcons);
-    list->SetProperty("ActiveHeading", std::int32_t{FirstHeading});
-    // The limit of files goes under this name too; lists expect both.
-    list->SetProperty("ActiveButton", settings.FileCountMax);
+    SendSettings(*list);
   }
   folders.ListType = 1;
   hooks_.ApplySkinChange();

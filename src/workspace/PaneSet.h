@@ -35,6 +35,8 @@ class PaneSet {
   // Makes the pane's lists and gives them all they start with. A failure is told to the user; the
   // pane counts as set up all the same.
   void InitializePaneSet(int pane);
+  // Gives the list of what was found, which is in no pane, all that it starts with.
+  void SetUpFoundList(lister::ListerControl& list);
 
  private:
   bool ClosePane(int pane);  // false when the pane has to stay
@@ -43,6 +45,7 @@ class PaneSet {
   void ShowPaneStates();
   void EqualizePanes();
   void SetUpLists(int pane);
+  void SendSettings(lister::ListerControl& list) const;
 
   Workspace& workspace_;
   FormLayout& layout_;

@@ -96,13 +96,16 @@ struct Workspace {
   std::string OsName;  // of a Windows of the 9x line; empty on every other system
 
   PaneRecord& PaneOfList(lister::ListId list) { return Panes[lister::PaneOf(list)]; }
+  // Of the list of an open pane, or in a window of its own.
+  bool IsOpen(lister::ListId list) { return !lister::HasPane(list) || PaneOfList(list).IsOpen(); }
 
   // A bar is dragged.
   bool IsResizing() const {
     return ResizeAction == ResizingWestEast || ResizeAction == ResizingNorthSouth;
   }
 
-  // Calls `work` with the folder list, then the file list, of each pane that has been set up.
+  // Calls `work` with the folder list, then the file list, of each pane that has been set up, and
+  // with the list of what was found, if there is one.
   template <typename Work>
   void ForEachList(Work work) {
     for (int pane = 0; pane < lister::PaneCount; ++pane) {
@@ -110,6 +113,7 @@ struct Workspace {
       work(Lists.Folders(pane));
       work(Lists.Files(pane));
     }
+    if (lister::ListerControl* const found = Lists.Find(lister::FoundList)) work(*found);
   }
 };
 

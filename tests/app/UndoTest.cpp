@@ -358,5 +358,53 @@ TEST_P(UndoOnDisk, EndsWhereTheModelSays) {
   }
 }
 
+// Equal names in two folders, and a folder with what is in it.
+TEST(FoundOnDisk, GoesAndComesBackByItsWholePath) {
+  platform::TempFolder top;
+  for (const std::string folder : {"/a", "/b"}) {
+    fs::create_directory(top.Path() + folder);
+    platform::Put(top.Path() + folder + "/same", folder);
+  }
+  workspace::TestWorkspace program;
+  fakes::FakePlatform& fake = program.Platform;
+  platform::LinuxFileSystem files;
+  PlainEngine engine;
+  fileops::UndoHistory history;
+  fileops::OperationQueue queue{engine, fake.Clock, files.Syntax(), fake.Forms, history};
+  fileops::UndoCommand undo{
+      program.Space,
+      {queue, history, engine, files, fake.Pump, fake.Clock, fake.Forms, program.Messages}};
+  lister::ListerEvents events;
+  lister::ListerControl list(lister::FoundList,
+                             {files, fake.Drives, fake.Watches, fake.Pump, fake.Clock, fake.Order,
+                              fake.Launcher, fake.Forms, fake.Stamps, fake.Cut, fake.OpenBrackets},
+                             events);
+  list.ShowFound(top.Path());
+  list.AddFound({{"a/same"}, {"b/same"}, {"b", platform::ItemKind::Folder}});
+  const auto removeSelected = [&] {
+    list.FirstSelected();
+    queue.Start({CommandKind::Trash,
+                 {{.Function = FileFunction::Delete,
+                   .Items = list.ActiveItemName(),
+                   .Destination = base::ItemList::TextOf({""}),
+                   .Flags = platform::AllowUndo}}});
+    list.RefreshList();
+    return list.Rows().ChildCount(lister::RootRow);
+  };
+  list.Rows().MoveCurrent(list.Rows().Child(lister::RootRow, 2));
+  list.SpaceKey();
+  EXPECT_EQ(removeSelected(), 2);
+  EXPECT_TRUE(fs::exists(top.Path() + "/a/same") && !fs::exists(top.Path() + "/b/same"));
+  undo.Undo();
+  EXPECT_EQ(Get(top.Path() + "/b/same"), "/b");
+
+  list.AddFound({{"b/same"}});
+  list.SelectAll();
+  EXPECT_EQ(removeSelected(), 0);
+  EXPECT_EQ(engine.Last.Code, 0);
+  undo.Undo();
+  EXPECT_EQ(Get(top.Path() + "/a/same") + Get(top.Path() + "/b/same"), "/a/b");
+}
+
 }  // namespace
 }  // namespace tarnwell::app

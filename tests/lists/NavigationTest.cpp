@@ -43,6 +43,32 @@ TEST_F(NavigationTest, FallsBackToTheDefaultDriveAndNamesWhatIsLost) {
   }
 }
 
+TEST_F(NavigationTest, LeadsFromWhatWasFoundBackToTheFolder) {
+  Platform.Files.AddFile("C:\\box\\sub\\deep\\f");
+  OpenPane(0, "C:\\box\\sub");
+  lister::ListerControl& files = Space.Lists[100];
+  lister::ListerControl& folders = Space.Lists[0];
+  const auto click = [&] {
+    const lister::RowId row = folders.Rows().CurrentRow();
+    lister::RowPointer at{row, 1, lister::RowPart::Item, {1, 0, 15, 30}};
+    folders.Input().MouseDown(at);
+    folders.Input().MouseUp(at);
+  };
+  for (const auto& leave : std::vector<std::function<void()>>{
+           click, [&] { folders.Rows().Activate(folders.Rows().CurrentRow()); },
+           [&] { Nav.MoveFocusUpOneFolder(100); },
+           [&] { Nav.OpenChildFolder(100, "C:\\box\\sub", "C:\\box"); }}) {
+    files.ShowFound("C:\\box");
+    files.AddFound({{"sub\\deep\\f"}});
+    folders.RefreshList();
+    files.RefreshList();
+    EXPECT_EQ(files.ShowsFound() ? Space.Form.TitleBar[0].Text : "", "C:\\box\\sub\\");
+    leave();
+    EXPECT_EQ(files.ShowsFound() ? "" : files.CurrentFolder(), "C:\\box\\sub");
+    EXPECT_EQ(Row(100, "f"), lister::NoRow);
+  }
+}
+
 TEST(NavigationOnMountsTest, GoesUpToTheMountPointAndNoFarther) {
   TestLists run(std::make_shared<fakes::FakePlatform>(base::PathSyntax::Posix()));
   run.Platform.Drives.Volumes.push_back({"/mnt/disk", "Disk"});

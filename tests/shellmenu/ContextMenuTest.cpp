@@ -132,6 +132,27 @@ TEST_F(ContextMenuTest, StandsAboveThePlatformsEntriesAtTheClick) {
   }
 }
 
+TEST_F(ContextMenuTest, IsForWhatWasFoundInManyFolders) {
+  lister::ListerControl& list = Space.Lists[100];
+  list.ShowFound("C:\\");
+  list.AddFound({{"Data\\a.txt"}, {"Other\\o"}, {"Data\\Sub", platform::ItemKind::Folder}});
+  list.SelectAll();
+  Choose("a.txt", "&Copy");
+  EXPECT_EQ(Platform.ItemMenus.Asked, "C:\\: Data\\a.txt Data\\Sub Other\\o");
+  Platform.ItemMenus.Asked.clear();
+  Menu.ShowShellMenu(0, 0, "", MenuMode::Paste);  // not into what is selected
+  EXPECT_EQ(Platform.ItemMenus.Asked, "");
+  Select({"a.txt"});
+  Host.OnModal = [](forms::Form& form) {
+    auto* const dialog = dynamic_cast<fileops::popRename*>(&form);
+    if (dialog != nullptr) dialog->txtDest.Text = "b2", dialog->cmdRenameClick();
+  };
+  Choose("a.txt", "Rename");
+  EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\b2"));
+  const lister::RowId row = Row(100, "b2");
+  EXPECT_EQ(list.Rows().PathOf(row) + (list.Input().IsSelected(row) ? "!" : ""), "C:\\Data\\b2!");
+}
+
 TEST_F(ContextMenuTest, IsForWhatIsClickedAndSelected) {
   Select({"a.txt", "c.txt"});
   const auto asked = [this](const std::string& clicked, const std::string& path = "") {

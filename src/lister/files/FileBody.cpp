@@ -68,9 +68,7 @@ void FileBody::Refresh() {
 
 // From the event loop: nobody is to wait for it.
 void FileBody::LookAtFound() {
-  if (!looksLater_) return;
-  if (state_.HasView()) return files_.View().CatchUpLater(0);
-  CatchUp();
+  if (looksLater_) files_.View().CatchUpLater(0);
 }
 
 void FileBody::DrivesChanged() {

@@ -47,7 +47,9 @@ class ListerEvents {
   virtual ~ListerEvents() = default;
 
   virtual void FolderSelected(ListId) {}  // a folder list opened another folder
-  virtual void DriveSelected(ListId) {}   // the user chose another drive
+  // The user chose the folder that a folder list has open already.
+  virtual void OpenFolderChosen(ListId) {}
+  virtual void DriveSelected(ListId) {}  // the user chose another drive
   virtual void DragBegun(ListId, const MouseEvent&) {}
   virtual void RightClicked(ListId, const RightClick&) {}
   virtual void DragEnded(ListId, const MouseEvent&) {}

@@ -162,6 +162,7 @@ void FolderBody::Activate(RowId row) {
   RunOnRow(row, [this, row] {
     const Outcome outcome = OpenRow(row, false);
     reader_.Expand(tree_.Open());
+    if (outcome == Outcome::Nothing) state_.Events.OpenFolderChosen(state_.Id);
     return outcome;
   });
 }

@@ -151,8 +151,12 @@ void FolderInput::MouseMoved(const RowPointer& at) {
 }
 
 void FolderInput::Release(const RowPointer& at) {
+  constexpr int main = 1;
+  const bool isClick = Action() == MouseAction::None && at.Event.Button == main &&
+                       at.Part == RowPart::Item && at.Row == Clicked() && at.Row == tree_.Open();
   pressed_.Clear();
   DragFinished(at.Event);
+  if (isClick) list_.Events.OpenFolderChosen(list_.Id);
 }
 
 }  // namespace tarnwell::lister

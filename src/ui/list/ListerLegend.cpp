@@ -34,11 +34,11 @@ constexpr LegendWord LegendWords[] = {{{.Newer = true}, "newer"},
 
 }  // namespace
 
-LegendEntry::LegendEntry(lister::CompareMarks mark, const QString& word, int pane,
+LegendEntry::LegendEntry(lister::CompareMarks mark, const QString& word, const QString& place,
                          const ListerStyle& style, QWidget* legend)
     : QAbstractButton(legend), mark_(mark), style_(style) {
   setText(word);
-  setAccessibleName(QStringLiteral("%1 of pane %2").arg(word).arg(pane + 1));
+  setAccessibleName(QStringLiteral("%1 of %2").arg(word, place));
   setAccessibleDescription(MarksText(mark));
   setToolTip(PlainToolTip(MarksText(mark) + QStringLiteral(": selects them, with Ctrl adds them")));
   setFocusPolicy(Qt::NoFocus);
@@ -118,12 +118,12 @@ void LegendEntry::paintEvent(QPaintEvent*) {
   style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
 }
 
-ListerLegend::ListerLegend(int pane, const ListerStyle& style, QWidget* statusLine)
+ListerLegend::ListerLegend(const QString& place, const ListerStyle& style, QWidget* statusLine)
     : QWidget(statusLine) {
   setAutoFillBackground(true);
   for (const LegendWord& each : LegendWords) {
     auto* const entry =
-        new LegendEntry(each.Mark, QString::fromLatin1(each.Word), pane, style, this);
+        new LegendEntry(each.Mark, QString::fromLatin1(each.Word), place, style, this);
     entry->hide();
     entries_.push_back(entry);
     connect(entry, &LegendEntry::Asked, this, &ListerLegend::Asked);

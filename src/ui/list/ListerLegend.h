@@ -17,8 +17,8 @@ class LegendEntry : public QAbstractButton {
   Q_OBJECT
 
  public:
-  LegendEntry(lister::CompareMarks mark, const QString& word, int pane, const ListerStyle& style,
-              QWidget* legend);
+  LegendEntry(lister::CompareMarks mark, const QString& word, const QString& place,
+              const ListerStyle& style, QWidget* legend);
 
   lister::CompareMarks Mark() const { return mark_; }
   QSize sizeHint() const override;
@@ -47,7 +47,7 @@ class ListerLegend : public QWidget {
 
  public:
   // Lies on the status line of the pane, which counts from 0; the style outlives it.
-  ListerLegend(int pane, const ListerStyle& style, QWidget* statusLine);
+  ListerLegend(const QString& place, const ListerStyle& style, QWidget* statusLine);
 
   // Shows the first of the kinds, as many as fit into `room` pixels, with the keyboard among them
   // those up to where it is; gives the pixels it takes of the right end, 0 where it shows none.

@@ -13,7 +13,7 @@ constexpr int ButtonGap = 6;
 
 }  // namespace
 
-ListerNote::ListerNote(QWidget& parent, QAbstractScrollArea& view, int pane)
+ListerNote::ListerNote(QWidget& parent, QAbstractScrollArea& view, const QString& place)
     : QObject(&parent),
       view_(view),
       text_(new QLabel(&parent)),
@@ -22,7 +22,7 @@ ListerNote::ListerNote(QWidget& parent, QAbstractScrollArea& view, int pane)
   text_->setAlignment(Qt::AlignCenter);
   text_->setWordWrap(true);
   text_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  clear_->setAccessibleName(QStringLiteral("Clear filter of pane %1").arg(pane + 1));
+  clear_->setAccessibleName(QStringLiteral("Clear filter of %1").arg(place));
   clear_->setAutoDefault(true);  // Enter presses it as well
   connect(clear_, &QPushButton::clicked, this, &ListerNote::ClearAsked);
   view.installEventFilter(this);

@@ -18,7 +18,7 @@ class ListerNote : public QObject {
  public:
   // Stands over the view, which goes on getting the mouse there, but is no part of it: what reads
   // the screen finds only rows in a view. Both outlive the note.
-  ListerNote(QWidget& parent, QAbstractScrollArea& view, int pane);
+  ListerNote(QWidget& parent, QAbstractScrollArea& view, const QString& place);
 
   void Show(const lister::EmptyNote& note);
   void ShowStyle(const ListerStyle& style);

@@ -11,6 +11,7 @@
 #include "base/Caption.h"
 #include "lister/ListerUser.h"
 #include "ui/list/ListerChoice.h"
+#include "ui/list/ListerPlace.h"
 #include "ui/toolkit/Convert.h"
 #include "workspace/ProgramSettings.h"
 
@@ -104,22 +105,22 @@ ListerToolbar::ListerToolbar(const lister::ListerControl& control, const ListerS
                              const IconSource& icons, QWidget* parent)
     : QWidget(parent), control_(control), style_(style), filter_(new FilterField(this)) {
   setMinimumSize(0, 0);
-  const int pane = lister::PaneOf(control.Id()) + 1;
-  setAccessibleName(QStringLiteral("Toolbar of pane %1").arg(pane));
-  extensions_ = new ExtensionBox(QStringLiteral("Extensions of pane %1").arg(pane), this);
+  const QString home = PlaceOfList(control.Id());
+  setAccessibleName(QStringLiteral("Toolbar of %1").arg(home));
+  extensions_ = new ExtensionBox(QStringLiteral("Extensions of %1").arg(home), this);
   extensions_->Fill = [this] { FillExtensions(); };
   extensions_->setToolTip(QStringLiteral("Show files of one extension"));
   connect(extensions_, &QComboBox::activated, this,
           [this](int entry) { emit ExtensionChosen(extensions_->itemData(entry).toByteArray()); });
   connect(extensions_, &ListerChoice::FocusTaken, this, &ListerToolbar::FocusTaken);
 
-  filter_->setAccessibleName(QStringLiteral("Filter of pane %1").arg(pane));
+  filter_->setAccessibleName(QStringLiteral("Filter of %1").arg(home));
   filter_->setPlaceholderText(QStringLiteral("Filter: * ? #"));
   filter_->setToolTip(
       QStringLiteral("Show names that fit: * any characters, ? one character, # one digit"));
   filter_->setClearButtonEnabled(true);
   for (QToolButton* const button : filter_->findChildren<QToolButton*>()) {
-    button->setAccessibleName(QStringLiteral("Clear filter text of pane %1").arg(pane));
+    button->setAccessibleName(QStringLiteral("Clear filter text of %1").arg(home));
   }
   filter_->setFrame(false);
   filter_->setMinimumSize(0, 0);
@@ -162,11 +163,19 @@ void ListerToolbar::AddButton(std::size_t number, const QString& icon, const QSt
   button->setAutoRaise(true);
   button->setIcon(icons.Own(icon.toStdString()));
   button->setIconSize(QSize(IconSide, IconSide));
-  button->setToolTip(tip);
-  button->setAccessibleName(
-      QStringLiteral("%1 of pane %2").arg(tip).arg(lister::PaneOf(control_.Id()) + 1));
   connect(button, &QToolButton::clicked, this, clicked);
   buttons_[number] = button;
+  Name(number, tip);
+  // What was found has no folder of its own.
+  const bool needsFolder = number == Up || number == NewFolder;
+  if (lister::HasPane(control_.Id()) || !needsFolder) placed_.push_back(button);
+  button->hide();
+}
+
+void ListerToolbar::Name(std::size_t number, const QString& tip) {
+  buttons_[number]->setToolTip(tip);
+  buttons_[number]->setAccessibleName(
+      QStringLiteral("%1 of %2").arg(tip, PlaceOfList(control_.Id())));
 }
 
 void ListerToolbar::OpenBookmarks() {
@@ -197,6 +206,9 @@ void ListerToolbar::ShowFilter() {
   // The field is left alone while it says the same, for the sake of its cursor.
   if (filter_->text() != text) filter_->setText(text);
   update();
+  const bool isFolder = !control_.ShowsFound();
+  Name(Up, isFolder ? QStringLiteral("Up one folder") : QStringLiteral("Back to the folder"));
+  buttons_[NewFolder]->setEnabled(isFolder);
   if (extensions_->IsOpen) return;
   const std::string& extension = control_.Shown().Filter.Extension();
   const QSignalBlocker blocker(extensions_);
@@ -256,7 +268,7 @@ void ListerToolbar::EnterFilter() {
 void ListerToolbar::PlaceChildren() {
   const int button = ListButtonSide + 2;
   const int room = width() - 2 * ToolbarMargin;
-  int count = static_cast<int>(buttons_.size());
+  int count = static_cast<int>(placed_.size());
   const auto left = [&] { return room - count * button; };
   const int spare = left() - FilterGood - 2 * Gap;
   const int extensions = spare >= ExtensionsLeast ? std::min(spare, ExtensionsMost) : 0;
@@ -273,8 +285,8 @@ void ListerToolbar::PlaceChildren() {
   // The field leaves room for the frame that is painted round it.
   const int field = std::min(FilterMost, width() - ToolbarMargin - count * button - Gap - x);
   filter_->setGeometry(x + 3, top + 3, std::max(0, field - 6), high - 6);
-  for (int number = 0; number < static_cast<int>(buttons_.size()); ++number) {
-    QToolButton* const each = buttons_[static_cast<std::size_t>(number)];
+  for (int number = 0; number < static_cast<int>(placed_.size()); ++number) {
+    QToolButton* const each = placed_[static_cast<std::size_t>(number)];
     each->setVisible(number < count);
     each->setGeometry(width() - ToolbarMargin - (count - number) * button + 2,
                       (height() - ListButtonSide) / 2, ListButtonSide, ListButtonSide);

@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <QWidget>
 #include <array>
+#include <vector>
 
 #include "lister/ListerControl.h"
 #include "ui/list/ListerStyle.h"
@@ -70,6 +71,7 @@ class ListerToolbar : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void Name(std::size_t number, const QString& tip);
   void AddButton(std::size_t number, const QString& icon, const QString& tip,
                  void (ListerToolbar::*clicked)(), const IconSource& icons);
   // The menu of the bookmarks, below its button.
@@ -83,6 +85,7 @@ class ListerToolbar : public QWidget {
   ExtensionBox* extensions_;
   FilterField* filter_;
   std::array<QToolButton*, 4> buttons_{};
+  std::vector<QToolButton*> placed_;  // those of them that this list has
 };
 
 }  // namespace tarnwell::ui

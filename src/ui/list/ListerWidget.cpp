@@ -18,6 +18,7 @@
 #include "ui/list/ListerLegend.h"
 #include "ui/list/ListerModel.h"
 #include "ui/list/ListerNote.h"
+#include "ui/list/ListerPlace.h"
 #include "ui/list/ListerRow.h"
 #include "ui/list/ListerToolbar.h"
 #include "ui/list/ListerTree.h"
@@ -41,9 +42,9 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
       fileList_(lister::IsFileList(control.Id())),
       icons_(icons),
       model_(new ListerModel(control.Rows(), control.Shown(), icons, this)) {
-  const QString name = QStringLiteral("%1 of pane %2")
-                           .arg(fileList_ ? QStringLiteral("files") : QStringLiteral("folders"))
-                           .arg(lister::PaneOf(control.Id()) + 1);
+  const QString name = QStringLiteral("%1 of %2")
+                           .arg(fileList_ ? QStringLiteral("files") : QStringLiteral("folders"),
+                                PlaceOfList(control.Id()));
   if (fileList_) {
     BuildToolbar();
   } else {
@@ -66,7 +67,7 @@ ListerWidget::ListerWidget(lister::ListerControl& control, const IconSource& ico
   status_->setMargin(2);
   status_->setIndent(3);
   if (fileList_) BuildLegend();
-  note_ = new ListerNote(*this, *tree_, lister::PaneOf(control.Id()));
+  note_ = new ListerNote(*this, *tree_, PlaceOfList(control.Id()));
 
   taskTimer_.setSingleShot(true);
   taskTimer_.setInterval(0);

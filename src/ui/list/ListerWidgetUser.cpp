@@ -19,6 +19,7 @@
 #include "ui/list/ListerLegend.h"
 #include "ui/list/ListerModel.h"
 #include "ui/list/ListerNote.h"
+#include "ui/list/ListerPlace.h"
 #include "ui/list/ListerToolbar.h"
 #include "ui/list/ListerTree.h"
 #include "ui/list/ListerWidget.h"
@@ -51,8 +52,7 @@ void MouseUp(lister::ListInput& input, const lister::RowPointer& at) {
 }  // namespace
 
 void ListerWidget::BuildDriveList() {
-  const int pane = lister::PaneOf(control_.Id()) + 1;
-  drives_ = new ListerDrives(QStringLiteral("Drives of pane %1").arg(pane), this);
+  drives_ = new ListerDrives(QStringLiteral("Drives of %1").arg(PlaceOfList(control_.Id())), this);
   connect(drives_, &ListerDrives::FocusTaken, this, &ListerWidget::TellFocus);
   connect(drives_, &ListerDrives::Chosen, this, [this](const QByteArray& drive) {
     Queue([this, name = drive.toStdString()] { control_.User().ChooseDrive(name); });
@@ -86,7 +86,7 @@ void ListerWidget::BuildToolbar() {
 }
 
 void ListerWidget::BuildLegend() {
-  legend_ = new ListerLegend(lister::PaneOf(control_.Id()), style_, status_);
+  legend_ = new ListerLegend(PlaceOfList(control_.Id()), style_, status_);
   connect(legend_, &ListerLegend::Asked, this, [this](lister::CompareMarks mark, bool adds) {
     if (!legend_->HasKeyboard()) TakeFocus();
     TellFocus();

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <climits>
+#include <utility>
 
 #include "base/PathSyntax.h"
 #include "platform/linux/posix/ItemIdentity.h"
@@ -36,15 +37,23 @@ ErrorNumber LinkTo(int folder, const std::string& name, std::string& link) {
 std::vector<LinkOutcome> LinkItems(const std::string& folder,
                                    const std::vector<std::string>& names) {
   const base::PathSyntax& syntax = base::PathSyntax::Posix();
-  const Descriptor opened = OpenPath(folder, O_PATH | O_DIRECTORY);
-  const ErrorNumber unopened = errno;
+  Descriptor opened;
+  ErrorNumber unopened = NoError;
+  std::string place;
   std::vector<LinkOutcome> outcomes;
   outcomes.reserve(names.size());
   for (const std::string& name : names) {
+    const std::string path = syntax.Join(folder, name);
+    if (std::string parent = syntax.GetFolderPath(path); parent != place) {
+      place = std::move(parent);
+      opened = OpenPath(place, O_PATH | O_DIRECTORY);
+      unopened = opened ? NoError : errno;
+    }
     std::string link;
-    const ErrorNumber error = opened ? LinkTo(opened.Get(), name, link) : unopened;
-    outcomes.push_back({.Item = syntax.Join(folder, name),
-                        .Link = error == NoError ? syntax.Join(folder, link) : "",
+    const ErrorNumber error =
+        opened ? LinkTo(opened.Get(), std::string(syntax.LastComponent(path)), link) : unopened;
+    outcomes.push_back({.Item = path,
+                        .Link = error == NoError ? syntax.Join(place, link) : "",
                         .Status = SystemError(error)});
   }
   return outcomes;
