@@ -96,7 +96,7 @@ OperationResult DoAll(OperationUser& user, FileFunction function,
                       int flags, const std::vector<ItemFingerprint>& expected = {}) {
   return RunOperation({function, base::ItemList::TextOf(items), base::ItemList::TextOf(to),
                        static_cast<std::uint16_t>(flags), expected},
-                      user);
+                      user, {}, copyThreads);
 }
 
 TEST(OperationDone, TellsEachItemThatCanBeTakenBack) {

@@ -14,6 +14,8 @@
 #include "OperationFixture.h"
 #include "platform/linux/files/AsideRecord.h"
 #include "platform/linux/operation/HoldFolder.h"
+#include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/SeekFree.h"
 #include "platform/linux/posix/SystemError.h"
 #include "platform/linux/posix/TemporaryName.h"
 
@@ -128,6 +130,40 @@ TEST(OperationFaults, NothingIsMovedThatCannotBeReadOrHasNotArrived) {
   });
 }
 
+TEST(OperationFaults, OfFilesCopiedTogetherThoseInTroubleAreAskedAboutInTheirOrder) {
+  EXPECT_TRUE(IsSeekFree(Descriptor(open(otherVolume.c_str(), O_PATH | O_CLOEXEC)).Get()));
+  EXPECT_FALSE(IsSeekFree(Descriptor(open("/proc", O_PATH | O_CLOEXEC)).Get()));
+  for (const FileFunction function : {FileFunction::Copy, FileFunction::Move}) {
+    const TempFolder here;
+    const TempFolder there(otherVolume);
+    for (int at = 0; at < 600; ++at) {
+      const std::string name = "tree/" + std::to_string(at);
+      here.Make({name + "=" + std::string(static_cast<std::size_t>(at) + 1, 'a')});
+      if (at % 200 == 0) fs::create_hard_link(here / name, here / (name + " again"));
+    }
+    here.Make({"tree/link->17", "tree/sub/b=b"});
+    auto expected = Describe(here / "tree");
+    // The folder tells the names in the order in which the files are taken.
+    std::string trouble;
+    for (const auto& entry : fs::directory_iterator(here / "tree")) {
+      const std::string name = entry.path().filename();
+      if (name.size() != 3 || name < "590" || name > "599") continue;
+      trouble += name + ":" + std::to_string(EIO) + " ";
+      expected.erase("/" + name);
+    }
+    InChild([&] {
+      Refuse(SYS_pread64, EIO, {{2, 591}});
+      ScriptedUser user;
+      const OperationResult result = Do(user, function, {here / "tree"}, there.Path());
+      EXPECT_EQ(result.Code, EIO);
+      EXPECT_EQ(user.Heard, trouble);
+      EXPECT_EQ(Describe(there / "tree"), expected);
+      EXPECT_GT(Told(result, 0).size(), 0U);
+      EXPECT_EQ(user.Last.ItemsDone, user.Last.ItemsTotal);
+    });
+  }
+}
+
 TEST(OperationFaults, AttributesThatAVolumeCannotKeep) {
   const TempFolder here;
   const TempFolder there(otherVolume);
@@ -181,7 +217,7 @@ TEST(OperationFaults, AFolderTakesTheNameOfAFileWhereNamesCannotBeExchanged) {
         ScriptedUser user;
         user.Conflict.Choice = ConflictChoice::Replace;
         const OperationRequest request{function, here / "from/item" + '\0', here / "to/" + '\0'};
-        RunOperation(request, user, here.Path());
+        RunOperation(request, user, here.Path(), copyThreads);
         // What cannot go is found again.
         const std::string aside = here / "to/item (being replaced)";
         const std::string record = here / "to/item" + '\0' + aside + '\0';

@@ -12,6 +12,7 @@
 namespace tarnwell::platform {
 
 inline const std::string otherVolume = "/dev/shm/";
+inline constexpr std::size_t copyThreads = 3;  // also where the volumes suit fewer
 
 struct ScriptedUser : OperationUser {
   int CancelAt = -1;  // which question whether to go on is the last
@@ -52,7 +53,7 @@ inline OperationResult Do(OperationUser& user, FileFunction function,
                           int flags = 0) {
   return RunOperation({function, base::ItemList::TextOf(items), base::ItemList::TextOf({to}),
                        static_cast<std::uint16_t>(flags)},
-                      user);
+                      user, {}, copyThreads);
 }
 
 // Each item that was done as "from>to " without the folder of the test, with a "*" where it was

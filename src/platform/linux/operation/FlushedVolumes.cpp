@@ -45,17 +45,27 @@ ErrorNumber AskWhetherTaken(int item) {
 }  // namespace
 
 ErrorNumber FlushedVolumes::Take(int item, const struct statx& found) {
-  const ItemIdentity device{found.stx_dev_major, found.stx_dev_minor, 0};
-  auto volume = std::find_if(volumes_.begin(), volumes_.end(),
-                             [&](const Volume& known) { return known.Device == device; });
-  if (volume == volumes_.end()) {
-    Descriptor held;
-    if (CanFlushWhole(item)) held = Descriptor(fcntl(item, F_DUPFD_CLOEXEC, 0));
-    volume = volumes_.insert(volumes_.end(), Volume{device, std::move(held), false});
-  }
-  if (!volume->Item) return toDisk_ ? FlushItem(item) : AskWhetherTaken(item);
-  volume->HasNews = true;
+  Volume& volume = Find(item, found);
+  if (!volume.Item) return toDisk_ ? FlushItem(item) : AskWhetherTaken(item);
+  volume.HasNews = true;
   return NoError;
+}
+
+bool FlushedVolumes::TakeAll(int folder, const struct statx& found) {
+  Volume& volume = Find(folder, found);
+  volume.HasNews |= static_cast<bool>(volume.Item);
+  return static_cast<bool>(volume.Item);
+}
+
+FlushedVolumes::Volume& FlushedVolumes::Find(int item, const struct statx& found) {
+  const ItemIdentity device{found.stx_dev_major, found.stx_dev_minor, 0};
+  for (Volume& known : volumes_) {
+    if (known.Device == device) return known;
+  }
+  Descriptor held;
+  if (CanFlushWhole(item)) held = Descriptor(fcntl(item, F_DUPFD_CLOEXEC, 0));
+  volumes_.push_back({device, std::move(held), false});
+  return volumes_.back();
 }
 
 ErrorNumber FlushedVolumes::Flush() {

@@ -18,6 +18,9 @@ class FlushedVolumes {
 
   // Takes notice of an open file or folder that was written.
   ErrorNumber Take(int item, const struct statx& found);
+  // Takes notice of an open folder with all that is about to be written into it. False where each
+  // of that has to be taken for itself.
+  bool TakeAll(int folder, const struct statx& found);
   // Returns when all that was taken is on the disk.
   ErrorNumber Flush();
 
@@ -27,6 +30,8 @@ class FlushedVolumes {
     Descriptor Item;  // any on the volume; none where each file is flushed for itself
     bool HasNews = false;
   };
+
+  Volume& Find(int item, const struct statx& found);
 
   bool toDisk_;
   std::vector<Volume> volumes_;

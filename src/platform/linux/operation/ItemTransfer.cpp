@@ -24,12 +24,15 @@ constexpr int mostConflicts = 20;
 }  // namespace
 
 ItemTransfer::ItemTransfer(OperationContext& context, const OpenPlace& target,
-                           ProtectedItems& protectedItems, const AsideRecord& record)
+                           ProtectedItems& protectedItems, const AsideRecord& record,
+                           std::size_t copyThreads)
     : context_(context),
       target_(target),
       protected_(protectedItems),
       record_(record),
       moves_(context.Function() == FileFunction::Move),
+      copier_(moves_),
+      small_(moves_, copyThreads),
       flushed_(moves_) {}
 
 void ItemTransfer::Take(const std::shared_ptr<const OpenPlace>& source, const std::string& name,

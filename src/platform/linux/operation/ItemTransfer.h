@@ -1,8 +1,6 @@
 // Copying and moving of items.
 #pragma once
 
-#include <unistd.h>
-
 #include <memory>
 #include <string>
 #include <string_view>
@@ -12,12 +10,13 @@
 #include "platform/linux/files/ProtectedItems.h"
 #include "platform/linux/files/RenameItem.h"
 #include "platform/linux/operation/CopiedItems.h"
-#include "platform/linux/operation/CopyContent.h"
+#include "platform/linux/operation/FileCopier.h"
 #include "platform/linux/operation/FlushedVolumes.h"
 #include "platform/linux/operation/ItemCounter.h"
 #include "platform/linux/operation/LinkedFiles.h"
 #include "platform/linux/operation/OpenPlace.h"
 #include "platform/linux/operation/OperationContext.h"
+#include "platform/linux/operation/SmallFiles.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/ErrorNumber.h"
 #include "platform/linux/posix/FolderBuffer.h"
@@ -33,8 +32,9 @@ namespace tarnwell::platform {
 class ItemTransfer {
  public:
   // None of the protected items is replaced.
+  // `copyThreads`: see SmallFiles.
   ItemTransfer(OperationContext& context, const OpenPlace& target, ProtectedItems& protectedItems,
-               const AsideRecord& record);
+               const AsideRecord& record, std::size_t copyThreads = 0);
 
   // Takes one item from its folder; it is to be called `targetName`. What it is expected to be may
   // be null.
@@ -130,6 +130,13 @@ class ItemTransfer {
   ErrorNumber ReadNames(int folder, const std::string& path, NameList& others);
   ErrorNumber ListNames(int folder, FolderNames& names);
   void TakeOthers(const NameList& others);
+  // A name with a letter for the kind in front.
+  void TakeOther(const char* lettered);
+  // Whether some of them are to be copied several at once.
+  bool SharesFiles(const std::vector<const char*>& lettered);
+  // Leaves on the list what is to be taken one by one.
+  void TakeTogether(std::vector<const char*>& lettered);
+  void TakeSmall(std::vector<SmallFile>& files, std::vector<const char*>& left);
   bool GoesIntoItself(const ItemIdentity& source) const;
   bool PutInPlace();
   void LeaveFolder();
@@ -140,8 +147,6 @@ class ItemTransfer {
   // Files and links (TransferFile.cpp).
   Failure CopyFile(const Item& item);
   Failure CopyContentOf(const Item& item, int from, const struct statx& source);
-  ErrorNumber LookAtCopy(int file, const struct statx& source, struct statx& copy);
-  mode_t FirstMode(const struct statx& source) const;
   bool LeavesForLoss(const std::string& path);
   Failure CopyLink(const Item& item);
   Failure FinishItem(const Item& item, const struct statx& source);
@@ -173,18 +178,16 @@ class ItemTransfer {
   ProtectedItems& protected_;
   const AsideRecord& record_;
   const bool moves_;
-  const uid_t user_ = geteuid();
-  const gid_t group_ = getegid();
   std::shared_ptr<const OpenPlace> source_;  // where the last item was taken from
   TreeWalk<Level> walk_;                     // down the sources
   FolderChain targets_;                      // what each folder on the way becomes
   std::string to_;                           // path of the last of them
   ItemIdentity made_;                        // what the item at hand becomes, when it is a folder
   FolderBuffer buffer_;
-  ContentCopier content_;
+  FileCopier copier_;
+  SmallFiles small_;
   LinkedFiles links_;
   FlushedVolumes flushed_;
-  ItemIdentity keepsTimes_;  // volume, without a number, that has kept a copy's time as it was
   CopiedItems copied_;
   std::vector<Taken> batch_;  // copied, and to be deleted once all is flushed
   // What a move has copied, until it shows which originals have gone. An empty To stands for a

@@ -61,8 +61,10 @@ std::optional<std::vector<ItemPath>> PathsOf(std::string_view items) {
 
 class Operation {
  public:
-  Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder)
+  Operation(const OperationRequest& request, OperationUser& user, const std::string& programFolder,
+            std::size_t copyThreads)
       : request_(request),
+        copyThreads_(copyThreads),
         context_(user, request.Function, request.Flags),
         protected_(programFolder),
         record_(programFolder),
@@ -187,7 +189,7 @@ class Operation {
     OpenPlace target;
     std::string name;
     if (!OpenTarget(target, name)) return;
-    ItemTransfer transfer(context_, target, protected_, record_);
+    ItemTransfer transfer(context_, target, protected_, record_, copyThreads_);
     context_.SetTotal(items_.size());
     transfer.BeforeCopying([this] { CountAhead(); });
     for (at_ = 0; at_ < items_.size() && context_.GoesOn(); ++at_) {
@@ -230,7 +232,7 @@ class Operation {
       if (!MayGoTo(target, given)) continue;
       if (!transfer) {
         if (!IsThereToTake() || !OpenFolderOf(target, place)) continue;
-        transfer.emplace(context_, place, protected_, record_);
+        transfer.emplace(context_, place, protected_, record_, copyThreads_);
         transfer->BeforeCopying([this] { CountAhead(); });
       }
       TakeTo(*transfer, target.Name);
@@ -347,6 +349,7 @@ class Operation {
   }
 
   const OperationRequest& request_;
+  const std::size_t copyThreads_;
   OperationContext context_;
   ProtectedItems protected_;
   AsideRecord record_;
@@ -362,10 +365,10 @@ class Operation {
 }  // namespace
 
 OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
-                             const std::string& programFolder) {
+                             const std::string& programFolder, std::size_t copyThreads) {
   std::optional<std::vector<ItemPath>> items = PathsOf(request.Items);
   if (!items) return {EINVAL, false};
-  return Operation(request, user, programFolder).Run(std::move(*items));
+  return Operation(request, user, programFolder, copyThreads).Run(std::move(*items));
 }
 
 }  // namespace tarnwell::platform

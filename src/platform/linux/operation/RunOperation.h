@@ -18,7 +18,10 @@ namespace tarnwell::platform {
 //
 // What ProtectedItems tells, for the folder of the program's own files, is never taken away: that
 // is trouble, with EPERM, and the other items are done. AsideRecordName tells what is kept there.
+//
+// Small files may be copied by threads of the operation's own: by `copyThreads`, or by as many as
+// volumes and machine suit where that is 0. The user is called by the caller's thread alone.
 OperationResult RunOperation(const OperationRequest& request, OperationUser& user,
-                             const std::string& programFolder = {});
+                             const std::string& programFolder = {}, std::size_t copyThreads = 0);
 
 }  // namespace tarnwell::platform

@@ -7,22 +7,8 @@
 #include "platform/linux/operation/CopyAttributes.h"
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/operation/PendingFile.h"
-#include "platform/linux/posix/ItemStat.h"
 
 namespace tarnwell::platform {
-namespace {
-
-// Files up to this size may be written under their own names, into a folder that has none yet.
-constexpr std::uint64_t smallSize = 1 << 20;
-
-}  // namespace
-
-// Nobody is to read it meanwhile who may not read the original.
-mode_t ItemTransfer::FirstMode(const struct statx& source) const {
-  const bool isOwn = source.stx_uid == user_ && source.stx_gid == group_;
-  return source.stx_mode & (isOwn ? 0777U : 0700U);
-}
-
 ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
   // No waiting, should another item have taken its place.
   constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
@@ -35,7 +21,7 @@ ItemTransfer::Failure ItemTransfer::CopyFile(const Item& item) {
   // Its other names must find it, and what takes long must not lie hidden.
   Level& level = walk_.Here();
   const bool isLinked = source.stx_nlink > 1;
-  if ((isLinked || source.stx_size > smallSize) && !level.ReplacesFile && !PutInPlace()) {
+  if ((isLinked || source.stx_size > SmallFileSize) && !level.ReplacesFile && !PutInPlace()) {
     return {};  // the user has heard of it
   }
   if (isLinked) {
@@ -61,50 +47,38 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
   };
   const char* const name = item.Target.c_str();
   const bool replaces = item.Decided == Way::Replace;
-  const bool isSmall = source.stx_size <= smallSize;
+  const bool isSmall = source.stx_size <= SmallFileSize;
   const bool isHidden = isSmall && !replaces && !walk_.Here().Temporary.empty();
   PendingFile pending(targets_.Get());
-  ErrorNumber error = isHidden ? pending.CreateAs(name, FirstMode(source))
-                               : pending.Create(FirstMode(source), replaces && isSmall);
+  ErrorNumber error = isHidden ? pending.CreateAs(name, copier_.FirstMode(source))
+                               : pending.Create(copier_.FirstMode(source), replaces && isSmall);
   struct statx copy;
   if (error == NoError) error = LookAt(pending.Get(), "", copy);
   if (error != NoError) return written(error);
 
-  error = content_.Copy(from, source, pending.Get(), copy, [&](std::uint64_t bytes) {
-    context_.AddBytes(bytes);
-    ReportIfDue(item);
-    return context_.GoesOn();
-  });
-  if (error != NoError && content_.IsReadError()) return {OperationStep::Read, error};
-  if (error != NoError) return written(error);
-
-  struct statx after;
-  error = LookAt(from, "", after);
-  if (error != NoError) return {OperationStep::Read, error};
-  const bool isWhole = source.stx_size == 0 || content_.Length() == source.stx_size;
-  const bool isChanged = !IsUnchanged(source, after);
-  // Logs and recordings are never at rest. Their original stays, unless it is moved.
-  if (isChanged && moves_) {
-    return {OperationStep::Read, EBUSY, "The file has changed while it was copied"};
+  const FileCopier::Outcome outcome =
+      copier_.Copy(from, source, pending.Get(), copy, walk_.Here().HandsDown, [&](auto bytes) {
+        context_.AddBytes(bytes);
+        ReportIfDue(item);
+        return context_.GoesOn();
+      });
+  if (outcome.Error != NoError) {
+    return {outcome.Step, outcome.Error, outcome.Reason, outcome.Step == OperationStep::Write};
   }
-  if (!isWhole && !isChanged)
-    return {OperationStep::Read, EIO, "The file gives less than its size tells"};
-  bool losesSome = false;
-  error = CopyAttributes(from, source, pending.Get(), copy, walk_.Here().HandsDown, losesSome);
-  if (error == NoError) error = flushed_.Take(pending.Get(), copy);
+  error = flushed_.Take(pending.Get(), copy);
   if (error != NoError) return written(error);
-  if (losesSome && LeavesForLoss(FromPath(item.Name))) {
+  if (outcome.LosesSome && LeavesForLoss(FromPath(item.Name))) {
     return {.Step = OperationStep::Write, .Error = ENOTSUP, .IsSettled = true};
   }
-  error = LookAtCopy(pending.Get(), source, copy);
+  error = copier_.LookAtCopy(pending.Get(), source, walk_.Here().IsOwn, copy);
   if (error != NoError) return written(error);
-  if (moves_ && copy.stx_size != content_.Length()) {
+  if (moves_ && copy.stx_size != copier_.Length()) {
     return {OperationStep::Write, EIO, "The copy has not the size of the file", true};
   }
   error = pending.Place(name, MayGoFor(item));
   if (error != NoError) return written(error);
   NoteMade(item, source, FingerprintOf(copy, walk_.Here().To));
-  if (isChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
+  if (outcome.IsChanged) context_.Remark(OperationRemark::Changed, FromPath(item.Name));
   if (source.stx_nlink > 1) {
     std::string now;
     for (std::size_t depth = 1; depth < walk_.Depth(); ++depth) {
@@ -115,23 +89,6 @@ ItemTransfer::Failure ItemTransfer::CopyContentOf(const Item& item, int from,
                now + item.Target);
   }
   return {};
-}
-
-// For its fingerprint. In a new folder it takes size and time alone, and a look at each of
-// thousands of small files is to be felt: where one has kept its time to the last digit, all do.
-ErrorNumber ItemTransfer::LookAtCopy(int file, const struct statx& source, struct statx& copy) {
-  const ItemIdentity volume{copy.stx_dev_major, copy.stx_dev_minor, 0};
-  if (!moves_ && walk_.Here().IsOwn && volume == keepsTimes_) {
-    copy.stx_size = content_.Length();
-    copy.stx_mtime = source.stx_mtime;
-    return NoError;
-  }
-  const ErrorNumber error = LookAt(file, "", copy);
-  const bool hasFineTime = source.stx_mtime.tv_nsec % 10 != 0;
-  if (error == NoError && hasFineTime &&
-      Nanoseconds(copy.stx_mtime) == Nanoseconds(source.stx_mtime))
-    keepsTimes_ = volume;
-  return error;
 }
 
 // A copy has its original to go back to; a move would leave nothing of what is lost.

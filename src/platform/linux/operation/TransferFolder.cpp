@@ -1,5 +1,7 @@
 #include <sys/xattr.h>
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "platform/linux/files/Fingerprint.h"
@@ -21,8 +23,8 @@ constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 constexpr char LetterOf(unsigned char kind) {
   return static_cast<char>('A' + kind);
 }
-constexpr unsigned char KindOf(char letter) {
-  return static_cast<unsigned char>(letter - 'A');
+constexpr unsigned TypeOf(const char* lettered) {
+  return static_cast<unsigned>(DTTOIF(*lettered - 'A'));
 }
 
 ErrorNumber MakeTemporaryFolder(int folder, std::string& name, Descriptor& opened) {
@@ -172,11 +174,65 @@ ErrorNumber ItemTransfer::ListNames(int folder, FolderNames& names) {
 }
 
 void ItemTransfer::TakeOthers(const NameList& others) {
-  for (const char* const lettered : others) {
-    if (walk_.Here().IsGivenUp || context_.IsCancelled()) return;
-    const std::string name = lettered + 1;
-    TakeItem({name, static_cast<unsigned>(DTTOIF(KindOf(*lettered))), name});
+  std::vector<const char*> lettered;
+  for (const char* const name : others) lettered.push_back(name);
+  if (SharesFiles(lettered)) TakeTogether(lettered);
+  for (const char* const name : lettered) TakeOther(name);
+}
+
+void ItemTransfer::TakeOther(const char* lettered) {
+  if (walk_.Here().IsGivenUp || context_.IsCancelled()) return;
+  const std::string name = lettered + 1;
+  TakeItem({name, TypeOf(lettered), name});
+}
+
+// Only where nothing can be in the way, and nothing shows before the folder gets its name.
+bool ItemTransfer::SharesFiles(const std::vector<const char*>& lettered) {
+  const Level& level = walk_.Here();
+  if (!level.IsNew || level.Temporary.empty() || !level.To.TakesAnyName) return false;
+  const auto count = static_cast<std::size_t>(std::ranges::count(lettered, S_IFREG, TypeOf));
+  struct statx folder;
+  return small_.IsWorth(count, walk_.Folder(), targets_.Get()) &&
+         LookAt(targets_.Get(), "", folder) == NoError && flushed_.TakeAll(targets_.Get(), folder);
+}
+
+void ItemTransfer::TakeTogether(std::vector<const char*>& lettered) {
+  std::vector<const char*> left;
+  std::vector<SmallFile> files;
+  for (const char* const name : lettered) {
+    // It may have got its name, or been given up, for the sake of one that was in trouble.
+    if (TypeOf(name) != S_IFREG || walk_.Here().Temporary.empty() || walk_.Here().IsGivenUp) {
+      left.push_back(name);
+      continue;
+    }
+    files.push_back({.Name = name + 1});
+    if (files.size() == SmallFiles::Most) TakeSmall(files, left);
   }
+  TakeSmall(files, left);
+  std::ranges::sort(left, std::less<>());  // as they lie in memory, which is the folder's order
+  lettered = std::move(left);
+}
+
+// Those in trouble are taken again one by one, where it can be asked about.
+void ItemTransfer::TakeSmall(std::vector<SmallFile>& files, std::vector<const char*>& left) {
+  if (context_.IsCancelled()) return;
+  const auto goesOn = [this](const SmallFile& file) {
+    if (context_.IsReportDue()) context_.Report(FromPath(file.Name), ToPath(file.Name));
+    return context_.GoesOn();
+  };
+  small_.Copy({walk_.Folder(), targets_.Get(), walk_.Here().HandsDown}, files, goesOn,
+              [this](std::uint64_t bytes) { context_.AddBytes(bytes); });
+  for (const SmallFile& file : files) {
+    if (file.Now != SmallFile::State::Copied) continue;
+    const Item item{file.Name, S_IFREG, file.Name};
+    NoteMade(item, file.Source, FingerprintOf(file.Copy, walk_.Here().To));
+    Done(item, file.Source);
+  }
+  for (const SmallFile& file : files) {
+    if (file.Now == SmallFile::State::Left) left.push_back(file.Name - 1);
+    if (file.Now == SmallFile::State::Failed) TakeOther(file.Name - 1);
+  }
+  files.clear();
 }
 
 // Gives the folder at hand its own name. What was put there meanwhile stays, and the folder gets

@@ -22,12 +22,6 @@ constexpr unsigned searchedFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX
 constexpr std::uint64_t mostOfNoSize = std::uint64_t{64} << 20;
 constexpr std::uint64_t filesPerTelling = 64;
 
-// What the system knows of a folder without asking what serves its volume, which may be silent.
-ErrorNumber LookFromHere(int folder, const char* name, struct statx& found) {
-  constexpr int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
-  return ErrorOf(statx(folder, name, flags, searchedFacts, &found));
-}
-
 // Gone, or another item by now.
 bool HasVanished(ErrorNumber error) {
   return error == ENOENT || error == ENOTDIR || error == ELOOP || error == ENXIO;
@@ -94,9 +88,7 @@ void SearchWalk::TakeItem(int folder, const dirent64& item) {
   const auto look = [&] {
     if (hasFacts) return true;
     constexpr int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-    hasFacts =
-        (type == S_IFDIR && LookFromHere(folder, name, found) == NoError && !IsHere(found)) ||
-        statx(folder, name, flags, searchedFacts, &found) == 0;
+    hasFacts = statx(folder, name, flags, searchedFacts, &found) == 0;
     if (hasFacts) {
       type = found.stx_mode & S_IFMT;
     } else if (!HasVanished(errno)) {
@@ -114,11 +106,6 @@ void SearchWalk::TakeItem(int folder, const dirent64& item) {
   } else {
     Find(name, type);
   }
-}
-
-// On a volume that is searched.
-bool SearchWalk::IsHere(const struct statx& found) const {
-  return request_.EntersVolumes || IsSameMount(found, work_.Top);
 }
 
 bool SearchWalk::IsWanted(mode_t type) const {
@@ -141,14 +128,16 @@ void SearchWalk::EnterFolder(const std::string& name) {
   }
   here_ = walk_.PathOf(name);
   struct statx found;
-  ErrorNumber error = LookFromHere(folder, name.c_str(), found);
-  // Nor is a folder entered that would be mounted by that.
-  if (error == NoError && ((found.stx_attributes & STATX_ATTR_AUTOMOUNT) != 0 || !IsHere(found)))
-    return;
-  Descriptor opened(error == NoError ? openat(folder, name.c_str(), folderFlags) : -1);
-  if (error == NoError && !opened) error = errno;
-  if (error != NoError) {
+  if (const ErrorNumber error = LookAt(folder, name.c_str(), found); error != NoError) {
     if (!HasVanished(error)) Note(here_, SystemError(error));
+    return;
+  }
+  // Nor is a folder entered that would be mounted by that.
+  if ((found.stx_attributes & STATX_ATTR_AUTOMOUNT) != 0) return;
+  if (!request_.EntersVolumes && !IsSameMount(found, work_.Top)) return;
+  Descriptor opened(openat(folder, name.c_str(), folderFlags));
+  if (!opened) {
+    if (!HasVanished(errno)) Note(here_, SystemError(errno));
     return;
   }
   const std::size_t level = top_ + walk_.Depth();
@@ -159,12 +148,7 @@ void SearchWalk::EnterFolder(const std::string& name) {
   level_ = level + 1;
   const std::size_t mark = walk_.Mark();
   ReadFolder(opened.Get());
-  if (walk_.Mark() == mark) return;
-  if (error = LookAt(opened.Get(), "", found); error != NoError) {
-    Note(here_, SystemError(error));
-    return walk_.ForgetFrom(mark);
-  }
-  walk_.Enter(std::move(opened), IdentityOf(found), name, mark, {});
+  if (walk_.Mark() != mark) walk_.Enter(std::move(opened), IdentityOf(found), name, mark, {});
 }
 
 // Half of the files go to those that have nothing to do.

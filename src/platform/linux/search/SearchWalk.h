@@ -37,7 +37,6 @@ class SearchWalk {
   bool OpenTop(SearchJob& job);
   void ReadFolder(int folder);
   void TakeItem(int folder, const dirent64& item);
-  bool IsHere(const struct statx& found) const;
   bool IsWanted(mode_t type) const;
   bool IsInRange(const struct statx& found) const;
   void EnterFolder(const std::string& name);
