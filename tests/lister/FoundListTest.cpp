@@ -82,6 +82,12 @@ TEST_F(FoundItems, AreLookedAtAgainAndFollowWhatMovedThem) {
                     {"C:\\box\\z\\b.txt", "C:\\box\\copy"}});
   EXPECT_EQ(Paths(), Texts({"n\\deep", "n\\deep\\a9", "z\\b.txt", "n\\c.log"}));
   EXPECT_EQ(Rows.CurrentRow(), deep);
+  // Taken back.
+  Platform.Files.Rename("C:\\a10", "C:\\box\\a10");
+  List.FollowMoved({{"C:\\a10", "C:\\box\\a10"}});
+  EXPECT_EQ(Paths().at(2), "a10");
+  Platform.Files.Remove("C:\\box\\a10");
+  List.RefreshList();
 
   // At most once for an operation, and when its bracket has closed.
   Platform.OpenBrackets = 1;

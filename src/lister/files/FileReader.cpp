@@ -47,6 +47,7 @@ void FileReader::Begin(const std::string& folder) {
   list.Fields.CancelRequested = false;
   stopped_ = willCatchUp_ = false;
   arrived_.clear();
+  dropped_.clear();
   moved_.clear();
   readAsked_ = true;
   Work();

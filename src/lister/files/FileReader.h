@@ -86,6 +86,7 @@ class FileReader {
   // Gives up where the rows have been replaced.
   bool StoreFound(ReadJob& job, std::vector<RowId>& fresh);
   void Follow();
+  void BringBack(const std::unordered_set<std::string>& placed);
   void LookAtFound();
   void DropGone(ReadJob& job);
   void ArrangeWithout(const std::unordered_set<RowId>& gone, std::vector<RowId> order);
@@ -111,11 +112,12 @@ class FileReader {
   bool willCatchUp_ = false;  // the view was asked for it
   bool stopped_ = false;      // by the user: changes wait for the next load
   bool terminated_ = false;
-  bool isOfFound_ = false;                     // the newest load is of what was found
-  std::vector<platform::FoundItem> arrived_;   // of it, without rows yet
-  std::vector<RowId> noteless_;                // rows that came since notes were read
-  std::vector<platform::PlacedItem> moved_;    // to be followed
-  bool lookAsked_ = false;                     // at what has not been tried
+  bool isOfFound_ = false;                    // the newest load is of what was found
+  std::vector<platform::FoundItem> arrived_;  // of it, without rows yet
+  std::unordered_set<std::string> dropped_;   // names of it that went, and may come back by an undo
+  std::vector<RowId> noteless_;               // rows that came since notes were read
+  std::vector<platform::PlacedItem> moved_;   // to be followed
+  bool lookAsked_ = false;                    // at what has not been tried
   std::deque<std::function<void()>> waiting_;  // for the read to be done
   bool runsWaiting_ = false;
 };

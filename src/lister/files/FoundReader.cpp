@@ -1,5 +1,6 @@
 // The part of FileReader that keeps a list of what was found below a folder. Nothing tells of
 // changes to items of so many folders: they are looked at again when that is asked for.
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -25,6 +26,16 @@ std::string_view WayBelow(std::string_view path, std::string_view folder,
                           const base::PathSyntax& syntax) {
   if (syntax.Same(path, folder) || !syntax.IsWithin(path, folder)) return {};
   return path.substr(syntax.AddSeparator(folder).size());
+}
+
+// The end of the part of the name, the whole or the way to a folder above, that is among `ways`.
+template <typename Ways>
+std::size_t FindWay(const Ways& ways, const std::string& name, char separator) {
+  for (std::size_t end = 0; end != name.size();) {
+    end = std::min(name.find(separator, end + 1), name.size());
+    if (ways.contains(name.substr(0, end))) return end;
+  }
+  return name.npos;
 }
 
 }  // namespace
@@ -156,29 +167,29 @@ void FileReader::Follow() {
   const ListState& list = files_.List;
   const std::string& folder = files_.Rows.Folder();
   std::unordered_map<std::string, std::string> ways;  // from where to where; empty for elsewhere
+  std::unordered_set<std::string> placed;
   for (const platform::PlacedItem& item : std::exchange(moved_, {})) {
     const std::string_view from = WayBelow(item.From, folder, list.Syntax);
+    placed.emplace(WayBelow(item.To, folder, list.Syntax));
     if (from.empty() || list.Services.Files.Exists(item.From)) continue;  // a copy
     ways.insert_or_assign(std::string(from), WayBelow(item.To, folder, list.Syntax));
   }
+  BringBack(placed);
   if (ways.empty()) return;
   std::vector<RowId> changed;
   std::unordered_set<RowId> gone;
   std::unordered_set<std::string> taken;
   for (const RowId row : files_.Rows.All()) {
     const std::string name(files_.Rows.Name(row));
-    for (std::size_t end = 0; end != name.npos;) {
-      end = name.find(list.Syntax.Separator, end + 1);
-      const auto way = ways.find(name.substr(0, end));
-      if (way == ways.end()) continue;
-      const std::string now = way->second + (end == name.npos ? "" : name.substr(end));
-      if (way->second.empty() || !files_.Rows.Rename(row, now)) {
-        gone.insert(row);
-      } else {
-        changed.push_back(row);
-        taken.insert(now);
-      }
-      break;
+    const std::size_t end = FindWay(ways, name, list.Syntax.Separator);
+    if (end == name.npos) continue;
+    const std::string& to = ways.at(name.substr(0, end));
+    const std::string now = to + name.substr(end);
+    if (to.empty() || !files_.Rows.Rename(row, now)) {
+      gone.insert(row);
+    } else {
+      changed.push_back(row);
+      taken.insert(now);
     }
   }
   if (changed.empty() && gone.empty()) return;
@@ -191,7 +202,19 @@ void FileReader::Follow() {
   if (kept.contains(files_.Current)) files_.View().ScrollToCurrent();
 }
 
+// What went, and is where it was found again.
+void FileReader::BringBack(const std::unordered_set<std::string>& placed) {
+  const ListState& list = files_.List;
+  std::erase_if(dropped_, [&](const std::string& name) {
+    if (FindWay(placed, name, list.Syntax.Separator) == name.npos) return false;
+    if (!list.Services.Files.Exists(list.Syntax.Join(files_.Rows.Folder(), name))) return false;
+    if (files_.Rows.Find(name) == NoRow) arrived_.push_back({name, platform::ItemKind::Unknown});
+    return true;
+  });
+}
+
 void FileReader::ArrangeWithout(const std::unordered_set<RowId>& gone, std::vector<RowId> order) {
+  for (const RowId row : gone) dropped_.emplace(files_.Rows.Name(row));
   std::erase_if(order, [&](RowId row) { return gone.contains(row); });
   const auto stays = [&, taken = TakenBy(files_)](RowId row) {
     return !gone.contains(row) && taken(row);

@@ -69,8 +69,11 @@ void ListerDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& op
       ToQString(brief ? rows_.BriefText(item, heading) : rows_.CellText(item, heading));
   if (text.isEmpty()) return;
   painter.setPen(style_.ColoursOf(row.State.IsSelected, row.IsHovered).Secondary);
-  painter.drawText(area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
-                   option.fontMetrics.elidedText(text, Qt::ElideRight, area.width()));
+  painter.drawText(
+      area, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
+      option.fontMetrics.elidedText(
+          // Paths differ at their ends.
+          text, heading == HeadingId::Path ? Qt::ElideLeft : Qt::ElideRight, area.width()));
 }
 
 void ListerDelegate::PaintName(QPainter& painter, const QStyleOptionViewItem& option,
