@@ -13,7 +13,7 @@ constexpr std::size_t Unit = sizeof(std::uint32_t);
 constexpr std::size_t NumberSize = sizeof(std::uint64_t);
 
 // Up to this many entries a sort by comparing is the quicker one.
-constexpr std::size_t MostCompared = 1024;
+constexpr std::size_t MostCompared = 256;
 
 // Steps of work between two questions: a few milliseconds.
 constexpr std::size_t StepsATurn = 32'768;
@@ -55,17 +55,22 @@ std::size_t KeySort::Length(const Entry& entry) const {
 
 std::vector<RowId> KeySort::Sorted(const Before& before, const std::function<bool()>& goOn) {
   keys_.append(NumberSize, '\0');  // a number may be read across the end of the last key
-  if (!entries_.empty()) groups_.push_back({0, entries_.size(), 0});
+  if (!entries_.empty()) groups_.push_back({0, entries_.size(), 0, 0});
   while (!groups_.empty()) {
     Group group = groups_.back();
     groups_.pop_back();
-    group.Depth = CommonLength(group);
-    if (group.Depth >= Length(entries_[group.First])) {
-      std::sort(entries_.begin() + group.First, entries_.begin() + group.Last,
-                [&](const Entry& left, const Entry& right) { return before(left.Row, right.Row); });
-      continue;
+    if (group.Dealt == 0) {
+      group.Depth = CommonLength(group);
+      if (group.Depth >= Length(entries_[group.First])) {
+        std::sort(
+            entries_.begin() + group.First, entries_.begin() + group.Last,
+            [&](const Entry& left, const Entry& right) { return before(left.Row, right.Row); });
+        continue;
+      }
+      if (!Load(group, goOn)) return {};
+    } else if (!GoesOn(group.Last - group.First, goOn)) {
+      return {};
     }
-    if (!Load(group, goOn)) return {};
     if (group.Last - group.First > MostCompared) {
       Deal(group);
     } else {
@@ -76,6 +81,13 @@ std::vector<RowId> KeySort::Sorted(const Before& before, const std::function<boo
   rows.reserve(entries_.size());
   for (const Entry& entry : entries_) rows.push_back(entry.Row);
   return rows;
+}
+
+bool KeySort::GoesOn(std::size_t steps, const std::function<bool()>& goOn) {
+  steps_ += steps;
+  if (steps_ < StepsATurn) return true;
+  steps_ = 0;
+  return !goOn || goOn();
 }
 
 std::size_t KeySort::CommonLength(const Group& group) const {
@@ -97,14 +109,15 @@ bool KeySort::Load(const Group& group, const std::function<bool()>& goOn) {
     entry.Bytes = NumberAt(Key(entry) + group.Depth);
     const std::size_t left = Length(entry) - group.Depth;  // what follows is no part of the key
     if (left < NumberSize) entry.Bytes &= ~std::uint64_t{0} << 8 * (NumberSize - left);
-    if (++steps_ % StepsATurn == 0 && goOn && !goOn()) return false;
+    if (!GoesOn(1, goOn)) return false;
   }
   return true;
 }
 
 void KeySort::Deal(const Group& group) {
-  const auto bucket = [](const Entry& entry) {
-    return static_cast<std::size_t>(entry.Bytes >> 56);
+  const std::size_t shift = 8 * (NumberSize - 1 - group.Dealt);
+  const auto bucket = [shift](const Entry& entry) {
+    return static_cast<std::size_t>(entry.Bytes >> shift & 0xFF);
   };
   std::array<std::size_t, 256> ends{};  // of the buckets, once all is dealt out
   for (std::size_t at = group.First; at < group.Last; ++at) ++ends[bucket(entries_[at])];
@@ -119,9 +132,11 @@ void KeySort::Deal(const Group& group) {
   for (const std::size_t end : ends) {
     const std::size_t last = group.First + end;
     if (last - first > MostCompared) {
-      groups_.push_back({first, last, group.Depth + 1});
+      const bool isSpent = group.Dealt + 1 == NumberSize;
+      groups_.push_back(isSpent ? Group{first, last, group.Depth + NumberSize, 0}
+                                : Group{first, last, group.Depth, group.Dealt + 1});
     } else if (last - first > 1) {
-      SortSmall({first, last, group.Depth});
+      SortSmall({first, last, group.Depth, 0});
     }
     first = last;
   }
@@ -133,7 +148,7 @@ void KeySort::SortSmall(const Group& group) {
   for (std::size_t at = group.First; at < group.Last;) {
     const std::size_t first = at;
     while (at < group.Last && entries_[at].Bytes == entries_[first].Bytes) ++at;
-    if (at - first > 1) groups_.push_back({first, at, group.Depth + NumberSize});
+    if (at - first > 1) groups_.push_back({first, at, group.Depth + NumberSize, 0});
   }
 }
 

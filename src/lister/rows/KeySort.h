@@ -2,7 +2,8 @@
 //
 // Keys that begin alike are common ("file 1", "file 2"), so what the keys of a group share is
 // passed over, the next eight bytes of each are sorted as one number, and the groups that these
-// leave undecided are sorted in the same way. Large groups are dealt out by a byte first.
+// leave undecided are sorted in the same way. Large groups are first dealt out by the bytes of the
+// number, one after the other.
 #pragma once
 
 #include <cstddef>
@@ -44,6 +45,7 @@ class KeySort {
   struct Group {
     std::size_t First, Last;  // entries, the last one excluded
     std::size_t Depth;        // bytes of the keys that are equal
+    std::size_t Dealt;        // bytes behind these that are, too, of the number; 0: it is not set
   };
 
   std::size_t BeginKey(RowId row);
@@ -51,7 +53,8 @@ class KeySort {
   const unsigned char* Key(const Entry& entry) const;
   std::size_t Length(const Entry& entry) const;
   std::size_t CommonLength(const Group& group) const;
-  // False once `goOn` is false.
+  // These return false once `goOn` is false.
+  bool GoesOn(std::size_t steps, const std::function<bool()>& goOn);
   bool Load(const Group& group, const std::function<bool()>& goOn);
   void Deal(const Group& group);
   void SortSmall(const Group& group);
