@@ -207,11 +207,14 @@ void FileReader::Read() {
   if (job.Goes()) job.Folder = files_.List.Services.Files.OpenFolder(folder, status);
   if (!job.Folder && job.Standing == Standing::Cancelled) return Stop();  // what is on show stays
   FileRows fresh(folder);
-  if (job.Folder) status = ReadNames(job, fresh);
+  std::optional<RowSort> sort;
+  // Where rows take over what is known of others, their keys have to wait for that.
+  if (files_.Rows.All().empty()) sort.emplace(fresh, files_.List.Keys.Entries(), files_.List.Names);
+  if (job.Folder) status = ReadNames(job, fresh, sort);
   if (job.IsSuperseded()) return;
   std::vector<RowId> partners = files_.Rows.PairWith(fresh);
   fresh.TakeOver(files_.Rows, partners);
-  if (!SortFresh(job, fresh)) return;
+  if (!SortFresh(job, fresh, sort)) return;
 
   files_.Trouble = status ? "" : CannotRead(folder, status);
   files_.Reason.clear();
@@ -236,7 +239,7 @@ void FileReader::MindUnfollowed(const std::string& folder) {
   }
 }
 
-base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
+base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows, std::optional<RowSort>& sort) {
   std::uint64_t count = 0;
   bool full = false;
   files_.HiddenCount = 0;
@@ -251,22 +254,27 @@ base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows) {
       return true;
     }
     ++count;
-    full = rows.Add(entry) == NoRow;
+    const RowId row = rows.Add(entry);
+    full = row == NoRow;
+    if (sort && !full) sort->Add(row);
     return !full;
   });
   if (full) status = {.Code = -1, .Reason = "More names than fit into the list"};
   return status;
 }
 
-bool FileReader::SortFresh(ReadJob& job, FileRows& fresh) {
+bool FileReader::SortFresh(ReadJob& job, FileRows& fresh, std::optional<RowSort>& sort) {
+  if (sortAsked_) sort.reset();
   do {
     sortAsked_ = false;
     const std::vector<SortKey> keys = files_.List.Keys.Entries();  // they may change meanwhile
-    std::vector<RowId> order = fresh.Sorted(keys, files_.List.Names, SortPace(job));
+    std::vector<RowId> order =
+        sort ? sort->Sorted(SortPace(job)) : fresh.Sorted(keys, files_.List.Names, SortPace(job));
+    sort.reset();
     if (job.IsSuperseded()) return false;
     if (!sortAsked_) fresh.SetOrder(std::move(order));
   } while (sortAsked_);
-  fresh.Filter(files_.List.Filter);
+  if (files_.List.Filter.IsOn()) fresh.Filter(files_.List.Filter);
   return true;
 }
 

@@ -10,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "lister/files/FileListState.h"
 #include "lister/files/FolderUpdate.h"
 #include "lister/list/ReadJob.h"
+#include "lister/rows/RowSort.h"
 #include "platform/FileOperation.h"
 #include "platform/FileSearch.h"
 
@@ -63,9 +65,11 @@ class FileReader {
 
   // Reads the folder of the newest load once.
   void Read();
-  base::Status ReadNames(ReadJob& job, FileRows& rows);
-  // By the keys that hold when it is done. False when a newer load has come meanwhile.
-  bool SortFresh(ReadJob& job, FileRows& fresh);
+  // Gives the rows to `sort` as well, if there is one.
+  base::Status ReadNames(ReadJob& job, FileRows& rows, std::optional<RowSort>& sort);
+  // By the keys that hold when it is done; `sort` is by those that held when it was made. False
+  // when a newer load has come meanwhile.
+  bool SortFresh(ReadJob& job, FileRows& fresh, std::optional<RowSort>& sort);
   FileRows::GoOn SortPace(ReadJob& job);
   void MindUnfollowed(const std::string& folder);
   void ShowKnownSizes();

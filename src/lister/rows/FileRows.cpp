@@ -9,8 +9,8 @@
 #include <utility>
 
 #include "lister/rows/CellText.h"
-#include "lister/rows/KeySort.h"
 #include "lister/rows/RowKeys.h"
+#include "lister/rows/RowSort.h"
 
 namespace tarnwell::lister {
 
@@ -228,8 +228,9 @@ void FileRows::SetOrder(std::vector<RowId> order) {
   all_ = std::move(order);
   std::vector<RowId> shown;
   shown.reserve(order_.size());
+  const bool isAll = order_.size() == all_.size();
   std::copy_if(all_.begin(), all_.end(), std::back_inserter(shown),
-               [this](RowId row) { return PositionOf(row) >= 0; });
+               [&](RowId row) { return isAll || PositionOf(row) >= 0; });
   order_ = std::move(shown);
   Renumber(0);
 }
@@ -242,14 +243,12 @@ void FileRows::Renumber(int from) {
 
 std::vector<RowId> FileRows::Sorted(const std::vector<SortKey>& keys, const NameOrder& names,
                                     const GoOn& goOn) const {
-  const RowKeys maker(*this, keys, names);
-  KeySort sort(rows_.size(), names_.Bytes() + 16 * rows_.size());
+  RowSort sort(*this, keys, names, rows_.size(), names_.Bytes());
   for (RowId row = 1; row <= StoreSize(); ++row) {
     if (row % RowsATurn == 0 && goOn && !goOn()) return {};
-    if (IsUsed(row)) sort.Add(row, [&](std::string& key) { maker.Append(row, key); });
+    if (IsUsed(row)) sort.Add(row);
   }
-  return sort.Sorted([&](RowId left, RowId right) { return maker.BeforeByBytes(left, right); },
-                     goOn);
+  return sort.Sorted(goOn);
 }
 
 std::vector<RowId> FileRows::Reordered(const std::vector<RowId>& changed,
@@ -388,6 +387,7 @@ std::vector<ExtensionChoice> FileRows::Extensions(const NameOrder& names) const 
 
 std::vector<RowId> FileRows::PairWith(const FileRows& fresh) const {
   std::vector<RowId> partners(fresh.rows_.size(), NoRow);
+  if (StoreSize() == 0) return partners;
   std::vector<char> isGiven(rows_.size() + 1);
   const auto give = [&](std::size_t to, RowId row) {
     partners[to] = row;
