@@ -85,7 +85,8 @@ class OpenedFolder {
  public:
   virtual ~OpenedFolder() = default;
   // Hands every item to `take`, in no order, until it returns false. The status tells why the
-  // folder could not be read to its end; what was read before stands. To be called once.
+  // folder could not be read to its end; what was read before stands. Where `take` has ended it,
+  // another call goes on behind that item.
   virtual base::Status Read(const TakeEntry& take) = 0;
   // A link is followed.
   virtual base::Status ReadAttributes(std::string_view name, ItemAttributes& attributes) const = 0;

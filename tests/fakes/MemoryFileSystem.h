@@ -233,8 +233,10 @@ class MemoryFileSystem : public platform::FileSystem {
         std::ranges::reverse(items);
         left = folder->VanishAfter;
       }
+      items.erase(items.begin(), items.begin() + std::min(std::ssize(items), taken_));
       for (const Item& item : items) {
         if (left-- == 0) files_.Remove(path_);
+        ++taken_;
         if (folder_.expired()) break;
         platform::ItemAttributes attributes;
         const bool told = files_.ListsAttributes && !item->IsLink &&
@@ -268,6 +270,7 @@ class MemoryFileSystem : public platform::FileSystem {
     const MemoryFileSystem& files_;
     std::weak_ptr<MemoryItem> folder_;
     std::string path_;
+    std::ptrdiff_t taken_ = 0;  // items that Read gave
   };
 
   static base::Status IsDirectory() { return {21, "Is a directory"}; }

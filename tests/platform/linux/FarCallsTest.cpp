@@ -1,6 +1,8 @@
 #include "TempFolder.h"
 #include "platform/linux/afar/FarFileSystem.h"
 #include "platform/linux/files/LinuxFileSystem.h"
+#include "platform/linux/files/LinuxFolder.h"
+#include "platform/linux/posix/ReachedPath.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -35,11 +37,30 @@ TEST(FarPlaces, AreFoundThroughLinksWithoutALookAtThem) {
   EXPECT_EQ(found("/places/sftp:host=nas,user=me/home"), "/places/sftp:host=nas,user=me nas");
 }
 
-// A share whose space is told when the test lets it.
+// A share whose space is told when the test lets it, and so are the items of a folder from some on.
 class SlowFiles : public LinuxFileSystem {
  public:
   mutable std::atomic<int> Calls = 0;
   std::atomic<bool> Answers = false;
+  std::size_t Listed = 1'000'000;
+
+  std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
+                                           base::Status& status) const override {
+    struct Slow : LinuxFolder {
+      Slow(const SlowFiles& files, const std::string& path)
+          : LinuxFolder(OpenPath(path, O_RDONLY | O_DIRECTORY)), Files(files) {}
+      base::Status Read(const TakeEntry& take) override {
+        return LinuxFolder::Read([&](const FolderEntry& entry) {
+          while (++Given > Files.Listed && !Files.Answers) std::this_thread::yield();
+          return take(entry);
+        });
+      }
+      const SlowFiles& Files;
+      std::size_t Given = 0;
+    };
+    status = {};
+    return std::make_unique<Slow>(*this, folder);
+  }
 
   base::Status ReadSpace(const std::string& folder, Space& space) const override {
     ++Calls;
@@ -103,6 +124,50 @@ TEST(FarFileSystem, AsksASilentPlaceNoMoreUntilItAnswers) {
   ItemAttributes attributes;
   EXPECT_TRUE(near->ReadAttributes("link", attributes));
   EXPECT_EQ(attributes.Kind, ItemKind::Folder);
+}
+
+// Where nothing is mounted from elsewhere, as on most machines.
+TEST(FarFileSystem, ReadsALargeFolderAheadAndNeedNotWaitForIt) {
+  const TempFolder folder;
+  std::set<std::string> made;
+  for (int number = 0; number < 4500; ++number) {
+    const std::string name = std::to_string(number) + std::string(number % 200, 'x');
+    made.insert(name);
+    close(creat((folder.Path() + "/" + name).c_str(), 0600));
+  }
+  BusyPump pump;
+  const FarCalls calls(pump, {}, std::make_shared<FarPlaces>(std::vector<MountedVolume>{}));
+  const auto slow = std::make_shared<SlowFiles>();
+  const FarFileSystem files(slow, calls);
+  std::multiset<std::string> names;
+  for (const std::size_t most : {2047, 2048, 2049, 4500, 5000}) {
+    names.clear();
+    const auto take = [&](const FolderEntry& entry) {
+      names.emplace(entry.Name);
+      return names.size() < most;
+    };
+    EXPECT_TRUE(files.ReadFolder(folder.Path(), take));
+    EXPECT_EQ(names.size(), std::min(most, made.size()));
+  }
+  EXPECT_TRUE(std::ranges::equal(names, made));
+
+  // A disk that is silent is left to itself.
+  slow->Listed = 3000;
+  int waits = 0;
+  names.clear();
+  {
+    const WaitScope giveUp(pump, [&](const std::string& place) {
+      EXPECT_EQ(place, folder.Path());
+      return names.size() < 2700 || ++waits < 3;
+    });
+    const auto take = [&](const FolderEntry& entry) { return !names.emplace(entry.Name)->empty(); };
+    EXPECT_EQ(files.ReadFolder(folder.Path(), take).Code, ECANCELED);
+  }
+  EXPECT_EQ(waits, 3);
+  EXPECT_LE(names.size(), 3000U);
+  EXPECT_TRUE(calls.AnyLeft());
+  slow->Answers = true;
+  while (calls.AnyLeft()) std::this_thread::yield();
 }
 
 }  // namespace

@@ -201,6 +201,7 @@ void FarCalls::Leave(const FarPlace& place, FarCall& call, bool wasSilent) const
   const std::lock_guard lock(call.Mutex);
   if (call.IsDone || call.IsLeft) return;
   call.IsLeft = true;
+  call.Told.notify_all();
   state_->Ledger->Leave(place.Key, wasSilent);
 }
 

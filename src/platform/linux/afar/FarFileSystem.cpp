@@ -20,7 +20,12 @@ base::Status AskFor(const FarCalls& calls, const std::string& path, Value& value
 std::unique_ptr<OpenedFolder> FarFileSystem::OpenFolder(const std::string& folder,
                                                         base::Status& status) const {
   const FarPlaces* const places = calls_.Places();
-  if (places == nullptr || !places->Any()) return files_->OpenFolder(folder, status);
+  if (places == nullptr) return files_->OpenFolder(folder, status);
+  if (!places->Any()) {
+    std::shared_ptr<OpenedFolder> opened = files_->OpenFolder(folder, status);
+    if (!opened) return nullptr;
+    return std::make_unique<NearFolder>(std::move(opened), calls_, folder);
+  }
   std::string plain;
   const std::optional<FarPlace> place = places->Find(folder, LastLink::Followed, plain);
   struct Answer {

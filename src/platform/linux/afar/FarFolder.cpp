@@ -1,35 +1,15 @@
 #include "platform/linux/afar/FarFolder.h"
 
-#include <vector>
+#include <cerrno>
 
 #include "base/PathSyntax.h"
+#include "platform/linux/afar/EntryFlow.h"
 
 namespace tarnwell::platform {
 namespace {
 
-// What is read of a folder, for another thread to take.
-struct EntryBatch {
-  struct Item {
-    std::string Name;
-    FolderEntry Entry;
-  };
-  std::vector<Item> Items;
-};
-constexpr std::size_t batchSize = 256;
-
-struct EntryFlow {
-  EntryBatch Ready;  // under the call's lock
-  base::Status Status;
-};
-
-void Hand(FarCall& call, EntryFlow& flow, EntryBatch& batch) {
-  {
-    const std::lock_guard lock(call.Mutex);
-    for (EntryBatch::Item& item : batch.Items) flow.Ready.Items.push_back(std::move(item));
-  }
-  call.Told.notify_all();
-  batch.Items.clear();
-}
+// So many items are read before another thread is asked to read on: it pays for more alone.
+constexpr int readHere = 2048;
 
 base::Status AttributesOf(const FarCalls& calls, const std::optional<FarPlace>& place,
                           const std::shared_ptr<OpenedFolder>& folder, std::string_view name,
@@ -79,42 +59,7 @@ FarFolder::~FarFolder() {
 }
 
 base::Status FarFolder::Read(const TakeEntry& take) {
-  const auto flow = std::make_shared<EntryFlow>();
-  base::Status status;
-  const auto call = calls_.Begin(
-      place_,
-      [flow, folder = folder_](FarCall& its) {
-        EntryBatch batch;
-        flow->Status = folder->Read([&](const FolderEntry& entry) {
-          batch.Items.push_back({std::string(entry.Name), entry});
-          if (batch.Items.size() < batchSize) return true;
-          Hand(its, *flow, batch);
-          const std::lock_guard lock(its.Mutex);
-          return !its.IsLeft;
-        });
-        Hand(its, *flow, batch);
-      },
-      status);
-  if (!call) return status;
-  for (;;) {
-    status = calls_.Await(place_, *call, [&] { return !flow->Ready.Items.empty(); });
-    if (!status) return status;
-    EntryBatch batch;
-    bool isDone = false;
-    {
-      const std::lock_guard lock(call->Mutex);
-      std::swap(batch, flow->Ready);
-      isDone = call->IsDone;
-    }
-    for (EntryBatch::Item& item : batch.Items) {
-      item.Entry.Name = item.Name;
-      item.Entry.Attributes = nullptr;
-      if (take(item.Entry)) continue;
-      calls_.Leave(place_, *call, false);
-      return {};
-    }
-    if (isDone) return flow->Status;
-  }
+  return ReadBeside(calls_, place_, folder_, take);
 }
 
 base::Status FarFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {
@@ -129,16 +74,28 @@ base::Status FarFolder::ReadExtendedAttribute(std::string_view name, ExtendedAtt
 NearFolder::NearFolder(std::shared_ptr<OpenedFolder> folder, FarCalls calls, std::string plain)
     : folder_(std::move(folder)), calls_(std::move(calls)), plain_(std::move(plain)) {
   const FarPlaces* const places = calls_.Places();
-  if (places == nullptr) return;
+  leadsAway_ = places != nullptr && places->Any();
+  knowsAll_ = !leadsAway_;
+  if (!leadsAway_) return;
   for (std::string& name : places->MountedIn(plain_)) suspects_.insert(std::move(name));
 }
 
 base::Status NearFolder::Read(const TakeEntry& take) {
   knowsAll_ = true;
-  return folder_->Read([&](const FolderEntry& entry) {
-    if (entry.IsLink || entry.Kind == ItemKind::Unknown) suspects_.emplace(entry.Name);
-    return take(entry);
-  });
+  int left = readHere;
+  bool goesOn = true;
+  const auto takeOne = [&](const FolderEntry& entry) {
+    if (leadsAway_ && (entry.IsLink || entry.Kind == ItemKind::Unknown)) {
+      suspects_.emplace(entry.Name);
+    }
+    goesOn = take(entry);
+    return goesOn;
+  };
+  base::Status status =
+      folder_->Read([&](const FolderEntry& entry) { return takeOne(entry) && --left > 0; });
+  if (!status || !goesOn || left > 0) return status;
+  status = ReadBeside(calls_, {.Key = plain_, .Name = plain_}, folder_, takeOne);
+  return status.Code == EAGAIN ? folder_->Read(takeOne) : status;  // there can be no more threads
 }
 
 std::optional<FarPlace> NearFolder::PlaceOf(std::string_view name) const {

@@ -33,7 +33,8 @@ class FarFolder : public OpenedFolder {
 };
 
 // Of this machine, where links and mounts may lead to far places. Those are given a glance alone,
-// so that one that is silent does not keep the items beside it.
+// so that one that is silent does not keep the items beside it. All but the beginning of a large
+// one is read by another thread, ahead of what is done with the items.
 class NearFolder : public OpenedFolder {
  public:
   // `plain`: its path, without links.
@@ -53,6 +54,7 @@ class NearFolder : public OpenedFolder {
   std::shared_ptr<OpenedFolder> folder_;
   const FarCalls calls_;
   const std::string plain_;
+  bool leadsAway_ = false;                    // there is somewhere to be led
   std::unordered_set<std::string> suspects_;  // names of links and of far mounts
   bool knowsAll_ = false;                     // no other name can lead away
 };

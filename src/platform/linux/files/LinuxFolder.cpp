@@ -5,7 +5,6 @@
 
 #include "platform/linux/files/AttributeTeam.h"
 #include "platform/linux/files/ExtendedAttributes.h"
-#include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/ItemStat.h"
 #include "platform/linux/posix/SystemError.h"
 
@@ -58,9 +57,9 @@ class EndedName {
 }  // namespace
 
 base::Status LinuxFolder::Read(const TakeEntry& take) {
-  FolderBuffer buffer;
+  if (!buffer_) buffer_.emplace();
   FolderEntry entry;
-  return SystemError(buffer.Read(folder_.Get(), [&](const dirent64& item) {
+  return SystemError(buffer_->ReadOn(folder_.Get(), [&](const dirent64& item) {
     entry.Name = item.d_name;
     entry.IsHidden = item.d_name[0] == '.';
     SetKind(entry, item.d_type);

@@ -1,10 +1,12 @@
 // A folder held open by its descriptor.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "platform/FileSystem.h"
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/linux/posix/FolderBuffer.h"
 
 namespace tarnwell::platform {
 
@@ -26,6 +28,7 @@ class LinuxFolder : public OpenedFolder {
 
  private:
   Descriptor folder_;
+  std::optional<FolderBuffer> buffer_;  // once it is read
 };
 
 }  // namespace tarnwell::platform

@@ -32,6 +32,14 @@ class FolderBuffer {
   ErrorNumber Read(int folder, Take take) {
     return Read(folder, take, [] { return true; });
   }
+  // The same, but goes on where the last call was ended by `take`: behind that item.
+  template <typename Take>
+  ErrorNumber ReadOn(int folder, Take take) {
+    while (const dirent64* const item = Next()) {
+      if (!take(*item)) return NoError;
+    }
+    return Read(folder, take);
+  }
 
  private:
   // Gets the next helping of items; none at the end.
