@@ -18,6 +18,7 @@
 
 #include "lister/ListerControl.h"
 #include "lister/rows/NoView.h"
+#include "platform/linux/afar/FarFileSystem.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/system/LinuxCollation.h"
@@ -109,10 +110,11 @@ struct RowsNoted : NoView {
 
 // Everything that a list works with.
 struct Bench {
-  platform::LinuxFileSystem Files;
+  NoPump Pump;
+  platform::FarFileSystem Files{std::make_shared<platform::LinuxFileSystem>(),
+                                platform::FarCalls(Pump)};
   NoDrives Drives;
   NoWatches Watches;
-  NoPump Pump;
   platform::LinuxClock Clock;
   platform::LinuxCollation Order;
   NoLauncher Launcher;
