@@ -14,7 +14,7 @@ namespace {
 constexpr std::array<std::string_view, 7> FaultTexts{
     "",
     "The name is empty",
-    "No item can be called so",
+    "It is no name",
     "The name is too long",
     "Another item gets this name too",
     "Another item has this name",

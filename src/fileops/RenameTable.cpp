@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "fileops/ItemName.h"
+
 namespace tarnwell::fileops {
 
 RenameTable::RenameTable(const platform::FileSystem& files, const platform::Clock& clock,
@@ -133,6 +135,12 @@ bool RenameTable::Judge(const GoesOn& goesOn) {
     if (faults_[row] != RenameFault::None) ++faultCount_;
   }
   return true;
+}
+
+std::string RenameTable::ReasonOf(std::size_t row) const {
+  const RenameFault fault = faults_.at(row);
+  return fault == RenameFault::NotAName ? FaultOfName(wishes_[row].NewName, files_.Syntax())
+                                        : std::string(TextOf(fault));
 }
 
 std::size_t RenameTable::NextFault(std::size_t row) const {

@@ -37,6 +37,8 @@ class RenameTable {
   std::size_t Count() const { return wishes_.size(); }
   const RenameWish& operator[](std::size_t row) const { return wishes_.at(row); }
   RenameFault FaultOf(std::size_t row) const { return faults_.at(row); }
+  // What speaks against the name, for people; empty where nothing does.
+  std::string ReasonOf(std::size_t row) const;
   bool IsFolder(std::size_t row) const { return subjects_.at(row).IsFolder; }
   bool HasSeveralFolders() const { return folders_.size() > 1; }
   std::size_t FaultCount() const { return faultCount_; }

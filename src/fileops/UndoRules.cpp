@@ -1,7 +1,6 @@
 #include "fileops/UndoRules.h"
 
 #include <algorithm>
-#include <ranges>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -159,10 +158,10 @@ platform::OperationRequest RenamesBack(const std::vector<DoneItem>& items) {
                                      .Items = {},
                                      .Destination = {},
                                      .Flags = platform::OwnTargets};
-  for (const DoneItem& item : std::views::reverse(items)) {
-    base::ItemList::Add(request.Items, item.To);
-    base::ItemList::Add(request.Destination, item.From);
-    request.Expected.push_back(item.Print);
+  for (auto item = items.rbegin(); item != items.rend(); ++item) {
+    base::ItemList::Add(request.Items, item->To);
+    base::ItemList::Add(request.Destination, item->From);
+    request.Expected.push_back(item->Print);
   }
   return request;
 }

@@ -33,7 +33,7 @@ QString RenameModel::Text(std::size_t row, RenameColumn column) const {
     case RenameColumn::After:
       return ToShownQString(table[row].NewName);
     case RenameColumn::Problem:
-      return ToQString(fileops::TextOf(table.FaultOf(row)));
+      return ToQString(table.ReasonOf(row));
     case RenameColumn::Folder:
       return ToShownQString(table[row].Folder);
   }

@@ -97,7 +97,7 @@ ErrorNumber RenameTogether::OpenFolderOf(const std::string& path) {
   OpenPlace opened;
   if (const ErrorNumber error = OpenPlaceAt(folder, opened); error != NoError) return error;
   const VolumeTraits traits = TraitsOf(opened.Folder.Get());
-  place_ = std::make_unique<Place>(std::move(opened.Folder), std::move(folder), traits);
+  place_ = std::make_unique<Place>(Place{std::move(opened.Folder), std::move(folder), traits});
   return NoError;
 }
 
