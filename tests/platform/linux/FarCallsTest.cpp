@@ -1,5 +1,6 @@
 #include "TempFolder.h"
 #include "platform/linux/afar/FarFileSystem.h"
+#include "platform/linux/afar/FarFolder.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolder.h"
 #include "platform/linux/posix/ReachedPath.h"
@@ -73,6 +74,50 @@ struct BusyPump : MessagePump {
   void DoEvents() override {}
   void WaitForEvents() override {}
 };
+
+struct NotedFolder : LinuxFolder {
+  using LinuxFolder::LinuxFolder;
+  mutable std::set<std::string> Named;
+
+  void ReadManyAttributes(WantedAttributes& wanted) const override {
+    int number = 0;
+    for (std::string_view name; wanted.Next(name, number);) Named.emplace(name);
+  }
+};
+
+struct WantedNames : WantedAttributes {
+  explicit WantedNames(std::vector<std::string> names) : Names(std::move(names)) {}
+  const std::vector<std::string> Names;
+  std::size_t Given = 0;
+  std::set<std::string> Folders;
+
+  std::size_t Count() const override { return Names.size(); }
+  bool Next(std::string_view& name, int& number) override {
+    if (Given == Names.size()) return false;
+    name = Names[static_cast<std::size_t>(number = static_cast<int>(Given++))];
+    return true;
+  }
+  void Take(int number, const base::Status&, const ItemAttributes& attributes) override {
+    if (attributes.Kind == ItemKind::Folder)
+      Folders.insert(Names[static_cast<std::size_t>(number)]);
+  }
+  bool GoesOn(bool) override { return Folders.size() < 2; }
+};
+
+TEST(NearFolder, LooksAtFarItemsByThemselves) {
+  const TempFolder folder;
+  const std::string root = fs::canonical(folder.Path()).string();
+  folder.Make({"share/", "link->share", "own/", "file=text", "late->share"});
+  BusyPump pump;
+  const FarCalls calls(pump, {},
+                       std::make_shared<FarPlaces>(std::vector<MountedVolume>{
+                           Mounted(root + "/share", "nfs", "nas:/export")}));
+  const auto noted = std::make_shared<NotedFolder>(OpenPath(root, O_RDONLY | O_DIRECTORY));
+  WantedNames wanted({"own", "link", "file", "share", "late"});
+  NearFolder(noted, calls, root).ReadManyAttributes(wanted);
+  EXPECT_EQ(noted->Named, (std::set<std::string>{"file", "own"}));
+  EXPECT_EQ(wanted.Folders, (std::set<std::string>{"link", "share"}));  // and no more after these
+}
 
 TEST(FarFileSystem, AsksASilentPlaceNoMoreUntilItAnswers) {
   const TempFolder folder;
