@@ -12,8 +12,8 @@
 namespace tarnwell::platform {
 namespace {
 
-// Fewer are copied before a helper is awake.
-constexpr std::size_t leastFiles = 4;
+// Waking a helper for fewer does not pay.
+constexpr std::size_t leastFiles = 8;
 // New names come one by one into a folder: many threads would wait for each other there.
 constexpr std::size_t mostThreads = 3;
 
