@@ -18,8 +18,8 @@ void Add(SearchCounts& sum, const SearchCounts& counts) {
   sum.Troubles += counts.Troubles;
 }
 
-template <typename Item>
-void MoveTo(std::vector<Item>& to, std::vector<Item>& from) {
+template <typename Items, typename Item>
+void MoveTo(Items& to, std::vector<Item>& from) {
   to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
   from.clear();
 }
@@ -30,7 +30,7 @@ void SearchWork::Tell(SearchShare& share, const std::string& folder) {
   {
     const std::lock_guard lock(mutex_);
     Add(told_.Counts, share.Counts);
-    MoveTo(told_.Found, share.Found);
+    MoveTo(found_, share.Found);
     const std::size_t room = MostSearchTroubles - keptTroubles_;
     if (share.Troubles.size() > room) share.Troubles.resize(room);
     keptTroubles_ += share.Troubles.size();
@@ -54,20 +54,15 @@ bool SearchWork::Leave() {
 SearchUpdate SearchWork::TakeUpdate(std::size_t most) {
   SearchUpdate update;
   const std::lock_guard lock(mutex_);
-  const auto begin = told_.Found.begin() + static_cast<std::ptrdiff_t>(toldFrom_);
-  const std::size_t count = std::min(most, told_.Found.size() - toldFrom_);
-  const auto end = begin + static_cast<std::ptrdiff_t>(count);
+  const auto begin = found_.begin();
+  const auto end = begin + static_cast<std::ptrdiff_t>(std::min(most, found_.size()));
   update.Found.assign(std::make_move_iterator(begin), std::make_move_iterator(end));
-  toldFrom_ += count;
-  if (toldFrom_ == told_.Found.size()) {
-    told_.Found.clear();
-    toldFrom_ = 0;
-  }
+  found_.erase(begin, end);
   update.Troubles = std::exchange(told_.Troubles, {});
   update.Counts = told_.Counts;
   update.Folder = folder_;
   update.Status = status_;
-  update.IsDone = left_ == 0 && told_.Found.empty();
+  update.IsDone = left_ == 0 && found_.empty();
   const auto now = left_ == 0 ? end_ : std::chrono::steady_clock::now();
   update.Elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(now - start_);
   return update;
@@ -75,7 +70,7 @@ SearchUpdate SearchWork::TakeUpdate(std::size_t most) {
 
 bool SearchWork::HasMore() {
   const std::lock_guard lock(mutex_);
-  return !told_.Found.empty();
+  return !found_.empty();
 }
 
 }  // namespace tarnwell::platform

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <deque>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -57,9 +58,9 @@ class SearchWork : public WorkShare<SearchJob> {
  private:
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::mutex mutex_;
-  std::size_t left_;  // threads that have not ended
-  SearchShare told_;
-  std::size_t toldFrom_ = 0;      // of what was found, what has not been handed over
+  std::size_t left_;              // threads that have not ended
+  SearchShare told_;              // but for what was found
+  std::deque<FoundItem> found_;   // and not handed over; grows without moving what it holds
   std::size_t keptTroubles_ = 0;  // in all
   std::string folder_;
   base::Status status_;
