@@ -60,6 +60,10 @@ class Dialogs {
   // The path of a file to open, or to save to after a question about replacing; nothing on cancel.
   virtual std::optional<std::string> AskOpenFile(const FileQuestion& question) = 0;
   virtual std::optional<std::string> AskSaveFile(const FileQuestion& question) = 0;
+  // The path of a folder; `folder` is shown first, empty for the platform's choice. Nothing on
+  // cancel.
+  virtual std::optional<std::string> AskFolder(const std::string& title,
+                                               const std::string& folder) = 0;
 };
 
 }  // namespace tarnwell::platform

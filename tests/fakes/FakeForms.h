@@ -128,6 +128,7 @@ struct FakeDialogs : platform::Dialogs {
   Text AskSaveFile(const platform::FileQuestion& question) override {
     return AskOpenFile(question);
   }
+  Text AskFolder(const std::string&, const std::string&) override { return File; }
 };
 
 // Gives the pages that a test has put up; nothing for any other address, or where it is given up.

@@ -222,4 +222,16 @@ std::optional<std::string> QtDialogs::AskSaveFile(const platform::FileQuestion& 
   return AskFile(question, QFileDialog::AcceptSave, desktop_);
 }
 
+std::optional<std::string> QtDialogs::AskFolder(const std::string& title,
+                                                const std::string& folder) {
+  Asked<QFileDialog> dialog;
+  new DesktopLook(*dialog, desktop_);
+  dialog->setWindowTitle(ToWindowTitle(title));
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  if (!folder.empty()) dialog->setDirectory(ToQtPath(folder));
+  if (!dialog.IsAccepted() || dialog->selectedFiles().isEmpty()) return std::nullopt;
+  return FromQtPath(dialog->selectedFiles().constFirst());
+}
+
 }  // namespace tarnwell::ui

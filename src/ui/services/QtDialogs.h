@@ -18,6 +18,8 @@ class QtDialogs : public platform::Dialogs {
   std::optional<base::Colour> AskColour(const platform::ColourQuestion& question) override;
   std::optional<std::string> AskOpenFile(const platform::FileQuestion& question) override;
   std::optional<std::string> AskSaveFile(const platform::FileQuestion& question) override;
+  std::optional<std::string> AskFolder(const std::string& title,
+                                       const std::string& folder) override;
 
  private:
   const IconSource& icons_;
