@@ -11,7 +11,7 @@ namespace tarnwell::ui {
 namespace {
 
 // Nothing tells when the notification area goes.
-constexpr int LookInterval = 1000;  // milliseconds
+constexpr int TrayLookInterval = 1000;  // milliseconds
 // A panel that takes longer to answer hangs.
 constexpr int MostWait = 1000;  // milliseconds
 
@@ -36,7 +36,7 @@ bool IsThere() {
 
 QtTray::QtTray(const QIcon& picture, EndWork endWork)
     : picture_(picture), endWork_(std::move(endWork)) {
-  watch_.setInterval(LookInterval);
+  watch_.setInterval(TrayLookInterval);
   connect(&watch_, &QTimer::timeout, this, [this] { Look(); });
 }
 
