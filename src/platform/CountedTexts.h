@@ -101,6 +101,17 @@ enum class CountedText : std::uint8_t {
   NamesRefused,
   NamesChange,
   LinesForItems,
+  // Searches
+  FoundItems,
+  FoldersVisited,
+  ItemsSeen,
+  LookedInto,
+  ItemsPerSecond,
+  SkippedBinary,
+  SkippedLarge,
+  NamesGivenUp,
+  NotReadButton,
+  NotReadListed,
   // Menus and questions
   OpenQuestion,
   TrashQuestion,

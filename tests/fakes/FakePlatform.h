@@ -10,6 +10,7 @@
 #include "platform/Clock.h"
 #include "platform/ContextMenu.h"
 #include "platform/FileOperation.h"
+#include "platform/FileSearch.h"
 #include "platform/FolderWatch.h"
 #include "platform/ItemWindows.h"
 #include "platform/Keyboard.h"
@@ -502,6 +503,28 @@ class FakeNetworkPlaces : public platform::NetworkPlaces {
   }
 };
 
+// Tells what a test tells by the search that was begun last.
+class FakeFileSearch : public platform::FileSearch {
+ public:
+  platform::SearchRequest Request;
+  Told Tell;
+  int Running = 0;
+
+  std::unique_ptr<platform::RunningSearch> Start(platform::SearchRequest request,
+                                                 Told told) override {
+    Request = std::move(request);
+    Tell = std::move(told);
+    return std::make_unique<Search>(Running);
+  }
+
+ private:
+  struct Search : platform::RunningSearch {
+    explicit Search(int& running) : Running(running) { ++Running; }
+    ~Search() override { --Running; }
+    int& Running;
+  };
+};
+
 // A notification area, with the icon that a test may click.
 class FakeTray : public platform::Tray {
  public:
@@ -544,6 +567,7 @@ struct FakePlatform {
   FakeItemWindows Items;
   FakeTrashCan Trash;
   FakeNetworkPlaces Network;
+  FakeFileSearch Search;
   FakeNumberForms Forms;
   lister::CutItems Cut;
 
