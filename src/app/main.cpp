@@ -16,9 +16,11 @@
 #include "shell/Application.h"
 #include "ui/forms/AcknowWindow.h"
 #include "ui/forms/DisconnectWindow.h"
+#include "ui/forms/FindWindow.h"
 #include "ui/forms/HelpWindow.h"
 #include "ui/forms/MapDriveWindow.h"
 #include "ui/forms/MsgBoxWindow.h"
+#include "ui/forms/NotReadWindow.h"
 #include "ui/forms/OperationDialogs.h"
 #include "ui/forms/OptionsWindow.h"
 #include "ui/forms/PlaceQuestionWindow.h"
@@ -29,6 +31,7 @@
 #include "ui/forms/SplashWindow.h"
 #include "ui/forms/TipWindow.h"
 #include "ui/forms/UpdateWindow.h"
+#include "ui/main/FoundList.h"
 #include "ui/main/MainWindow.h"
 #include "ui/operation/OperationViews.h"
 #include "ui/operation/QtOperationEngine.h"
@@ -176,6 +179,7 @@ int main(int argc, char** argv) {
                                   itemWindows,
                                   *system.Trash,
                                   *system.Network,
+                                  *system.Search,
                                   ProgramSite(),
                                   AllLibraries(system),
                                   log.get(),
@@ -190,7 +194,7 @@ int main(int argc, char** argv) {
   });
   host.Bind<shell::frmAcknow>(
       [](shell::frmAcknow& form) { return std::make_unique<ui::AcknowWindow>(form); });
-  QPointer<QWidget> mainWindow;
+  QPointer<QMainWindow> mainWindow;
   host.Bind<workspace::MainForm>([&](workspace::MainForm&) -> std::unique_ptr<ui::FormWindow> {
     auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons, views);
     popups.SetWindow(window.get());
@@ -217,6 +221,13 @@ int main(int argc, char** argv) {
   });
   host.Bind<tools::frmHelp>(
       [](tools::frmHelp& form) { return std::make_unique<ui::HelpWindow>(form); });
+  host.Bind<tools::frmFind>([&](tools::frmFind& form) {
+    return std::make_unique<ui::FindWindow>(form, [&](QDialog& window) {
+      return new ui::FoundList(application.MainObject(), icons, window, *mainWindow);
+    });
+  });
+  host.Bind<tools::popNotRead>(
+      [](tools::popNotRead& form) { return std::make_unique<ui::NotReadWindow>(form); });
   host.Bind<fileops::frmRenameItems>([&](fileops::frmRenameItems& form) {
     return std::make_unique<ui::RenameItemsWindow>(form, icons);
   });

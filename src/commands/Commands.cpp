@@ -39,6 +39,7 @@ constexpr auto MenuCommands = std::to_array<CommandRow>({
     {"mnuSortDes", [](Parts parts) { parts.Lists.Sort("des"); }},
     {"mnuSortAscAdd", [](Parts parts) { parts.Lists.Sort("ascadd"); }},
     {"mnuSortAddDes", [](Parts parts) { parts.Lists.Sort("desadd"); }},
+    {"mnuFindFiles", [](Parts parts) { parts.Program.FindFiles(); }},
     {"mnuCalculateFolderSizes", [](Parts parts) { parts.Lists.CalculateFolderSizes(); }},
     {"mnuCompareSize",
      [](Parts parts) { parts.Switches.ToggleCompare("mnuCompareSize", "compare_size"); }},

@@ -18,6 +18,7 @@ class ProgramCommands {
   virtual ~ProgramCommands() = default;
   virtual void Exit() = 0;
   virtual void ShowOptions() = 0;
+  virtual void FindFiles() = 0;
   virtual void SaveFileListing() = 0;
   virtual void OpenRecycleBin() = 0;
   virtual void EmptyRecycleBin() = 0;

@@ -82,6 +82,7 @@ constexpr std::string_view Trees = "trees";
 constexpr std::string_view Filter = "filter";
 constexpr std::string_view Marks = "marks";
 constexpr std::string_view CommandStrip = "command line";
+constexpr std::string_view FindFiles = "find files";
 constexpr std::string_view RecycleBin = "recycle bin";
 
 constexpr auto AllKeys = std::to_array<KeyRow>({
@@ -93,6 +94,8 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
     {"Shift+F10, Menu", AllLists, "the context menu of what is selected"},
     {"F4", Window, "unfolds the drives of the pane"},
     {"Ctrl+F", Window, "into the filter of the pane"},
+    {"Ctrl+Shift+F", Panes, "finds files below the open folder, by name or content", "mnuFindFiles",
+     [](Keyed parts) { parts.Actions.FindFiles(); }},
     {"Alt+1", Panes, "into the files of pane 1, which opens if it is hidden", "mnuPane0",
      EnterFiles<0>},
     {"Alt+2", Panes, "the same for pane 2", "mnuPane1", EnterFiles<1>},
@@ -185,6 +188,9 @@ constexpr auto AllKeys = std::to_array<KeyRow>({
     {"Enter, Escape", "questions and dialogs",
      "the button that is framed; the answer that changes nothing"},
     {"Alt+P", "rename items", "to the next name that cannot be used"},
+    {"Enter", FindFiles, "starts the search, in a field; opens the result"},
+    {"Escape", FindFiles, "stops the search; closes the window where none runs"},
+    {"Ctrl+Enter", FindFiles, "shows the result in the pane that was used last"},
     {"Enter, F2, Delete", "skin chooser, list of skins", "loads, renames, deletes the skin"},
     {"Space, Shift+Space, arrows, Page Up, Page Down", "help", "scrolls"},
     {"letters, Ctrl+F", RecycleBin,

@@ -19,6 +19,7 @@ class KeyActions {
   virtual void RenameItem(bool byKey) = 0;
   // Of all that is selected, at once.
   virtual void RenameItems() = 0;
+  virtual void FindFiles() = 0;
   virtual void OpenHelp() = 0;
   // Carries out the entry of the context menu without showing it.
   virtual void ShowShellMenu(shellmenu::MenuMode mode) = 0;

@@ -48,7 +48,7 @@ constexpr std::array Buttons = {
     ToolbarRow{"recyclebin", ButtonStyle::Plain, "Open the recycle bin.", "recyclebin"},
 };
 
-constexpr std::array<std::string_view, 45> Images = {
+constexpr std::array<std::string_view, 46> Images = {
     "pane0x",
     "pane1x",
     "pane3x",
@@ -61,6 +61,7 @@ constexpr std::array<std::string_view, 45> Images = {
     "headdesadd",
     "headascadd",
     "calculate",
+    "findfiles",
     "layouthorizontal",
     "layoutvertical",
     "layoutautoexpand",

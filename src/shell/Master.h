@@ -37,9 +37,11 @@
 #include "tools/CommandLine.h"
 #include "tools/CompareFolders.h"
 #include "tools/FileListing.h"
+#include "tools/FoundLists.h"
 #include "tools/LoggedListEvents.h"
 #include "tools/UpdateCheck.h"
 #include "tools/frmDisconnect.h"
+#include "tools/frmFind.h"
 #include "tools/frmHelp.h"
 #include "tools/frmMapDrive.h"
 #include "tools/frmTip.h"
@@ -152,6 +154,7 @@ class Master : private workspace::PaneHooks,
 
   void Exit() override;
   void ShowOptions() override;
+  void FindFiles() override { find_.ShowOver(space_.Form); }
   void SaveFileListing() override { listing_.SaveFileListing(); }
   void OpenRecycleBin() override { recycleBin_.ShowOver(space_.Form); }
   void EmptyRecycleBin() override;
@@ -230,6 +233,8 @@ class Master : private workspace::PaneHooks,
   tools::FolderComparison comparison_;
   tools::FileListing listing_;
   tools::CommandLine commandLine_;
+  tools::FoundLists foundLists_;
+  tools::frmFind find_;
   tools::UpdateCheck updates_;
   commands::Commands commands_;
   commands::Keyboard keyboard_;

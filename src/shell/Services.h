@@ -11,6 +11,7 @@
 #include "platform/Collation.h"
 #include "platform/ContextMenu.h"
 #include "platform/Dialogs.h"
+#include "platform/FileSearch.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderStamps.h"
 #include "platform/FolderWatch.h"
@@ -57,6 +58,7 @@ struct Services {
   platform::ItemWindows& ItemWindows;
   platform::TrashCan& Trash;
   platform::NetworkPlaces& Network;
+  platform::FileSearch& Search;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with
   tools::MessageLog* Log = nullptr;            // null unless messages are logged

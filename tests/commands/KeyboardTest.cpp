@@ -21,6 +21,7 @@ class KeyboardTest : public testing::Test, public lists::TestLists, public KeyAc
   void RenameItem(bool byKey) override { Done += byKey ? "rename " : "?"; }
   void OpenTitleMenu() override { Done += "title "; }
   void RenameItems() override {}
+  void FindFiles() override {}
   void OpenHelp() override { throw std::runtime_error("no help"); }
   void ShowShellMenu(shellmenu::MenuMode mode) override {
     Done += "menu" + std::to_string(static_cast<int>(mode)) + " ";

@@ -57,6 +57,7 @@ class TestRun {
              machine.Items,
              machine.Trash,
              machine.Network,
+             machine.Search,
              "https://site.test/"},
             {4, 0, 42}) {
     Host.OnRefresh = [this](forms::Form& form) {

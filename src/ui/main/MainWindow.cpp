@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QContextMenuEvent>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -108,7 +107,7 @@ void MainWindow::BindKeys() {
     connect(new QShortcut(key, this), &QShortcut::activated, this, act);
   };
   bind(QKeySequence::Find, [this] { EnterControls(&lister::FileListOf); });
-  bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(); });
+  bind(Qt::SHIFT | Qt::Key_F10, [this] { PressMenuKey(focusWidget()); });
   bind(Qt::CTRL | Qt::Key_J, [this] { operations_.EnterOrLeave(); });
   bind(Qt::Key_F1, [this] { master_.KeyDown(lister::F1Key, 0); });
   bind(Qt::Key_F4, [this] { EnterControls(&lister::FolderListOf); });
@@ -281,15 +280,6 @@ void MainWindow::NoteFocus() {
 void MainWindow::EnterControls(lister::ListId (*listOf)(int)) {
   const auto found = lists_.find(listOf(lister::PaneOf(master_.Space().ActiveList)));
   if (found != lists_.end() && found->second->isVisible()) found->second->EnterControls();
-}
-
-// What the menu key does, which keyboards may lack.
-void MainWindow::PressMenuKey() {
-  QWidget* const focus = focusWidget();
-  if (focus == nullptr) return;
-  const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
-  QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
-  QCoreApplication::sendEvent(focus, &event);
 }
 
 // The form wants the keyboard off its controls. What is typed is for the active list, which may

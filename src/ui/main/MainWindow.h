@@ -56,7 +56,6 @@ class MainWindow : public QMainWindow, public FormWindow {
   void NoteFocus();
   void TakeKeyboard();
   void EnterControls(lister::ListId (*listOf)(int));  // of the active pane's list
-  void PressMenuKey();
   void LayOutStrip();
   void LeaveOperations();
   bool IsRows(const QWidget* widget) const;  // of a list, where its keys go

@@ -1,6 +1,7 @@
 #include "ui/main/WindowKeys.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPointer>
 #include <utility>
@@ -51,6 +52,13 @@ bool WindowKeys::eventFilter(QObject* watched, QEvent* event) {
     if (alive) done_ = event;
   }
   return false;
+}
+
+void PressMenuKey(QWidget* focus) {
+  if (focus == nullptr) return;
+  const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+  QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+  QCoreApplication::sendEvent(focus, &event);
 }
 
 }  // namespace tarnwell::ui

@@ -28,4 +28,7 @@ class WindowKeys : public QObject {
   const QEvent* done_ = nullptr;  // the key that was acted on last, until another event comes by
 };
 
+// What the menu key does where the keyboard is, which keyboards may lack.
+void PressMenuKey(QWidget* focus);
+
 }  // namespace tarnwell::ui
