@@ -30,6 +30,7 @@ base::Status RecentSearches::Add(const FindSettings& search) {
   searches.insert(searches.begin(), search);
   if (searches.size() > MostRecentSearches) searches.resize(MostRecentSearches);
   std::vector<std::string> lines;
+  lines.reserve(searches.size());
   for (const FindSettings& each : searches) lines.push_back(WriteFindSettings(each));
   return settings_.WriteTexts(searchSection, searchName, lines);
 }
