@@ -263,6 +263,9 @@ TEST(Headings, GiveTheNameTheRoomThatIsLeft) {
   EXPECT_EQ(in(6000), (Widths{2700, 300, 1500, 1500}));
   EXPECT_EQ(in(4500), (Widths{1620, 300, 1200, 1380}));
   EXPECT_EQ(in(-10), (Widths{1620, 300, 1200, 1200}));
+  table.LendsPath = true;
+  EXPECT_EQ(in(20000), (Widths{7635, 1140, 1500, 2100}));
+  EXPECT_EQ(WidthsIn(table, 20000)[static_cast<std::size_t>(HeadingId::Path)], 7620);
   table.NameSized = true;
   EXPECT_EQ(in(20000), (Widths{3600, 1140, 1500, 2100}));
 }

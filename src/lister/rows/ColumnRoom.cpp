@@ -67,6 +67,12 @@ ColumnWidths WidthsIn(const Headings& table, base::Twips room) {
   const base::Twips least = isAlone ? LeastHeadingWidth : WholePixels(wished * 9 / 20);
   give(FirstToGive, FirstLeast, wished);
   give(LastToGive, LastLeast, least);
+  // Of what is found in many folders, both are read.
+  if (table.LendsPath && left > wished) {
+    const base::Twips shared = WholePixels((left - wished) / 2);
+    width(HeadingId::Path) += shared;
+    left -= shared;
+  }
   name = std::max(left, least);
   return widths;
 }
