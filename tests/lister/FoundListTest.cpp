@@ -104,5 +104,14 @@ TEST_F(FoundItems, AreLookedAtAgainAndFollowWhatMovedThem) {
   EXPECT_EQ(Paths(), Texts({"n\\deep", "n\\deep\\a9", "n\\c.log"}));
 }
 
+TEST_F(FoundItems, AreOneWhereOneTookThePlaceOfAnother) {
+  Show();
+  Platform.Files.Remove("C:\\box\\a\\b.txt");
+  Platform.Files.Rename("C:\\box\\z\\b.txt", "C:\\box\\b.txt");
+  List.FollowMoved(
+      {{"C:\\box\\a\\b.txt", "C:\\box\\b.txt"}, {"C:\\box\\z\\b.txt", "C:\\box\\b.txt"}});
+  EXPECT_EQ(Paths(), Texts({"m\\deep", "m\\deep\\a9", "a10", "b.txt", "m\\c.log"}));
+}
+
 }  // namespace
 }  // namespace tarnwell::lister

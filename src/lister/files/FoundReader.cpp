@@ -185,7 +185,7 @@ void FileReader::Follow() {
     if (end == name.npos) continue;
     const std::string& to = ways.at(name.substr(0, end));
     const std::string now = to + name.substr(end);
-    if (to.empty() || !files_.Rows.Rename(row, now)) {
+    if (to.empty() || taken.contains(now) || !files_.Rows.Rename(row, now)) {
       gone.insert(row);
     } else {
       changed.push_back(row);
