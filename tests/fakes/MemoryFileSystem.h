@@ -44,9 +44,10 @@ class MemoryFileSystem : public platform::FileSystem {
     if (!syntax.RootMark.empty()) AddFolder(syntax.DriveRoot("D"));
   }
 
-  base::Status WriteFault;              // WriteFile, MakeFolder and RemoveFile fail with it
-  bool ListsAttributes = false;         // what a folder holds comes with attributes, links apart
-  mutable int Looks = 0;                // at attributes of items in open folders
+  base::Status WriteFault;       // WriteFile, MakeFolder and RemoveFile fail with it
+  bool ListsAttributes = false;  // what a folder holds comes with attributes, links apart
+  mutable int Looks = 0;         // at attributes of items in open folders
+  std::function<void(std::string_view)> OnLook;  // is called before each
   std::optional<std::string> Fatal;     // OpenFolder and WriteFile throw where they meet this path
   base::Status ExtendedAttributeFault;  // WriteExtendedAttribute fails with it, for any item
   platform::Space Space;
@@ -251,6 +252,7 @@ class MemoryFileSystem : public platform::FileSystem {
     base::Status ReadAttributes(std::string_view name,
                                 platform::ItemAttributes& attributes) const override {
       ++files_.Looks;
+      if (files_.OnLook) files_.OnLook(name);
       return files_.AttributesOf(ItemOf(name), attributes);
     }
     base::Status ReadExtendedAttribute(std::string_view name, platform::ExtendedAttribute note,

@@ -283,6 +283,18 @@ TEST_F(FileList, ReadsWhatIsOnTheScreenFirst) {
   });
   Load("D:\\many");
   EXPECT_EQ(step, std::size(steps));
+
+  // The look at an item of another machine lets messages through, too.
+  Texts looked;
+  Platform.Clock.TickStep = 0;
+  Platform.Files.OnLook = [&](std::string_view of) {
+    looked.emplace_back(of);
+    if (looked.size() == 5) List.User().SetFilterText("f12");
+  };
+  View.Visible = {0, 20};
+  Load("D:\\many");
+  EXPECT_EQ(looked.size(), 100U);
+  EXPECT_EQ(Texts(looked.begin() + 5, looked.begin() + 8), (Texts{"f129", "f128", "f127"}));
 }
 
 TEST_F(FileList, GivesWayInEveryPhaseOfARead) {

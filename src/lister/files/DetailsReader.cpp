@@ -87,6 +87,7 @@ class DetailsReader::Pass {
   enum class Asked : std::uint8_t { Not, ForScreen, ForRest };
 
   void Tell() {
+    changed_.Last = std::min(changed_.Last, files_.Rows.Count() - 1);  // fewer may be on show now
     if (changed_.First <= changed_.Last) {
       files_.View().CellsChanged(RootRow, changed_.First, changed_.Last);
     }

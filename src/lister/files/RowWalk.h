@@ -16,6 +16,7 @@ class RowWalk {
 
   // NoRow at the end. Some rows come twice.
   RowId Next() {
+    if (files_.Orders != orders_) LookAgain();
     for (; part_ != Rest; Enter(part_ + 1)) {
       if (next_ <= last_) return files_.Rows.At(next_++);
     }
@@ -25,7 +26,8 @@ class RowWalk {
     return NoRow;
   }
   bool IsOnScreen() const { return part_ == Screen; }
-  // After messages were let through.
+  // After messages were let through: the user may have scrolled. That rows have other places is
+  // seen by Next, since a look at an item of another machine lets messages through as well.
   void LookAgain() {
     const RowRange visible = files_.View().VisibleRows();
     const bool scrolled = visible.First != visible_.First || visible.Last != visible_.Last;
