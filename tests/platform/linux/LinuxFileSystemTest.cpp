@@ -241,7 +241,14 @@ TEST(LinuxFileSystem, MeasuresEachFileOnceAndLinksNever) {
   for (int number = 0; number < 300; ++number) Put(folder / "a/c/" + std::to_string(number), "");
   EXPECT_LT(measure(folder.Path(), 2).Files, 306U);  // stopped
   EXPECT_EQ(measure(folder.Path(), 1000).Files, 306U);
+  for (int number = 0; number < 640; ++number) {
+    mkdir((folder / "empty/" + std::to_string(number)).c_str(), 0755);
+  }
+  int asked = 0;
   FolderTotal none;
+  EXPECT_TRUE(files.MeasureFolder(
+      folder / "empty", [&](const FolderTotal&) { return ++asked > 0; }, none));
+  EXPECT_EQ(asked, 20);  // once for 64 of the items, and of the looks into them
   EXPECT_EQ(files.MeasureFolder(folder / "ten", {}, none).Code, ENOTDIR);
 }
 

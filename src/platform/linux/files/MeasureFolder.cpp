@@ -108,8 +108,8 @@ class MeasureWalk {
     if (error != NoError) return error;
     walk_.Enter(std::move(job.Folder), job.Self, "", 0, {});
     walk_.Run(
-        0, [this] { return work_.IsWanted(); },
-        [this](const std::string& name) { EnterFolder(name); }, [this] { walk_.Leave(); });
+        0, [this] { return GoesOn(); }, [this](const std::string& name) { EnterFolder(name); },
+        [this] { walk_.Leave(); });
     return NoError;
   }
 
@@ -117,13 +117,18 @@ class MeasureWalk {
   ErrorNumber ReadFolder(int folder) {
     const ErrorNumber error = buffer_.Read(folder, [&](const dirent64& item) {
       TakeItem(folder, item);
-      if (++sinceCall_ >= countPerCall) {
-        sinceCall_ = 0;
-        tell_(part_);
-      }
-      return work_.IsWanted();
+      return GoesOn();
     });
     return error == ENOENT ? NoError : error;
+  }
+
+  // To be asked after each item and before each folder: many folders may hold nothing.
+  bool GoesOn() {
+    if (++sinceCall_ >= countPerCall) {
+      sinceCall_ = 0;
+      tell_(part_);
+    }
+    return work_.IsWanted();
   }
 
   void TakeItem(int folder, const dirent64& item) {
