@@ -7,12 +7,12 @@
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 #include <new>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -106,7 +106,7 @@ AttributeTeam::AttributeTeam(int folder)
     for (; threads_ < teamThreads; ++threads_) {
       std::thread([work = work_] { work->Serve(); }).detach();
     }
-  } catch (const std::system_error&) {
+  } catch (const std::exception&) {  // of the system's, or of memory
     for (std::size_t lacking = threads_; lacking < teamThreads; ++lacking) work_->GiveUp();
   }
 }
