@@ -63,6 +63,9 @@ class SlowFiles : public LinuxFileSystem {
     return std::make_unique<Slow>(*this, folder);
   }
 
+  base::Status MeasureFolder(const std::string&, const GoOn&, FolderTotal&) const override {
+    throw std::bad_alloc();
+  }
   base::Status ReadSpace(const std::string& folder, Space& space) const override {
     ++Calls;
     while (!Answers) std::this_thread::yield();
@@ -164,6 +167,10 @@ TEST(FarFileSystem, AsksASilentPlaceNoMoreUntilItAnswers) {
   };
   EXPECT_TRUE(files.ReadFolder(root + "/link", take));
   EXPECT_EQ(names.size(), 900U);
+  int asked = 0;
+  FolderTotal total;
+  const auto goOn = [&](const FolderTotal&) { return ++asked < 500; };
+  EXPECT_THROW(files.MeasureFolder(root + "/share", goOn, total), std::bad_alloc);
   base::Status status;
   const auto near = files.OpenFolder(root, status);
   ItemAttributes attributes;

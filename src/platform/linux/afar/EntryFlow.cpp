@@ -116,7 +116,9 @@ base::Status ReadBeside(const FarCalls& calls, const FarPlace& place,
     for (EntryBatch& batch : batches) {
       if (!batch.Hand(take)) return {};
     }
-    if (isDone) return flow->Status;
+    if (!isDone) continue;
+    if (call->Failure) std::rethrow_exception(call->Failure);
+    return flow->Status;
   }
 }
 

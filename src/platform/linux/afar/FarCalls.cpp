@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <exception>
 #include <map>
 #include <thread>
 
@@ -122,22 +121,13 @@ base::Status FarCalls::RunAt(const std::optional<FarPlace>& place, Work work, bo
     work();
     return {};
   }
-  const auto failure = std::make_shared<std::exception_ptr>();
   base::Status status;
   const auto call = Begin(
-      *place,
-      [failure, work = std::move(work)](FarCall&) {
-        try {
-          work();
-        } catch (...) {
-          *failure = std::current_exception();
-        }
-      },
-      status);
-  if (call)
-    status = Await(
-        *place, *call, [] { return false; }, isGlance);
-  if (status && *failure) std::rethrow_exception(*failure);
+      *place, [work = std::move(work)](FarCall&) { work(); }, status);
+  if (!call) return status;
+  status = Await(
+      *place, *call, [] { return false; }, isGlance);
+  if (status && call->Failure) std::rethrow_exception(call->Failure);
   return status;
 }
 
@@ -157,10 +147,16 @@ std::shared_ptr<FarCall> FarCalls::Begin(const FarPlace& place, std::function<vo
   }
   auto call = std::make_shared<FarCall>();
   const auto run = [call, work = std::move(work), ledger = state_->Ledger, key = place.Key] {
-    work(*call);
+    std::exception_ptr failure;
+    try {
+      work(*call);
+    } catch (...) {
+      failure = std::current_exception();
+    }
     bool wasLeft = false;
     {
       const std::lock_guard lock(call->Mutex);
+      call->Failure = failure;
       call->IsDone = true;
       wasLeft = call->IsLeft;
     }

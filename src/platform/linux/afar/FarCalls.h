@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -24,6 +25,7 @@ class FarCall {
   std::condition_variable Told;
   bool IsLeft = false;  // nobody waits any more: the work ends as soon as it can
   bool IsDone = false;
+  std::exception_ptr Failure;  // what the work threw, once it is done
 };
 
 // How long a place may be silent.
@@ -83,7 +85,7 @@ class FarCalls {
   std::shared_ptr<FarCall> Begin(const FarPlace& place, std::function<void(FarCall&)> work,
                                  base::Status& status) const;
   // Until `isReady`, which is asked under the call's lock, or the call is done. Otherwise the call
-  // is left.
+  // is left. What the work threw is in the call, and is for the caller to mind.
   base::Status Await(const FarPlace& place, FarCall& call, const std::function<bool()>& isReady,
                      bool isGlance = false) const;
   void Leave(const FarPlace& place, FarCall& call, bool wasSilent) const;

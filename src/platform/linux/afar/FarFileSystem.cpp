@@ -121,6 +121,7 @@ base::Status FarFileSystem::MeasureAt(const FarPlace& place, const std::string& 
     total.Counted = counted;
     return {};
   }
+  if (call->Failure) std::rethrow_exception(call->Failure);
   total = walk->Total;
   total.Counted = counted;
   if (counted != nullptr) *counted = std::move(walk->Counted);
