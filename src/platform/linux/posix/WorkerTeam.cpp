@@ -1,6 +1,6 @@
 #include "platform/linux/posix/WorkerTeam.h"
 
-#include <system_error>
+#include <exception>
 
 #include "platform/linux/posix/GuardedCall.h"
 
@@ -12,8 +12,8 @@ WorkerTeam::WorkerTeam(std::size_t helpers) {
     while (helpers_.size() < helpers) {
       helpers_.emplace_back(&WorkerTeam::Help, this, helpers_.size() + 1);
     }
-  } catch (const std::system_error&) {
-    // Too many threads by now: it goes on with fewer.
+  } catch (const std::exception&) {
+    // Too many threads by now, or no memory for more: it goes on with fewer.
     return;
   }
 }
