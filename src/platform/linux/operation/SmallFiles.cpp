@@ -74,7 +74,8 @@ void SmallFiles::CopyOne(FileCopier& copier, const Place& place, SmallFile& file
   const FileCopier::Outcome outcome =
       copier.Copy(from.Get(), source, pending.Get(), file.Copy, place.MayInherit,
                   [this](std::uint64_t /*bytes*/) { return !isStopped_; });
-  if (outcome.Error != NoError || outcome.IsChanged || outcome.LosesSome) return;
+  const bool isAsked = outcome.IsChanged || (moves_ && outcome.LosesSome);
+  if (outcome.Error != NoError || isAsked) return;
   if (copier.LookAtCopy(pending.Get(), source, true, file.Copy) != NoError) return;
   if (moves_ && file.Copy.stx_size != copier.Length()) return;
   if (pending.Place(file.Name, {}) != NoError) return;
