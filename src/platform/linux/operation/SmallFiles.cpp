@@ -71,9 +71,14 @@ void SmallFiles::CopyOne(FileCopier& copier, const Place& place, SmallFile& file
   PendingFile pending(place.To);
   if (pending.CreateAs(file.Name, copier.FirstMode(source)) != NoError) return;
   if (LookAt(pending.Get(), "", file.Copy) != NoError) return;
+  // One that has begun to grow may take long, which only the caller can show and end.
+  std::uint64_t copied = 0;
+  const auto progress = [this, &copied](std::uint64_t bytes) {
+    copied += bytes;
+    return !isStopped_ && copied <= SmallFileSize;
+  };
   const FileCopier::Outcome outcome =
-      copier.Copy(from.Get(), source, pending.Get(), file.Copy, place.MayInherit,
-                  [this](std::uint64_t /*bytes*/) { return !isStopped_; });
+      copier.Copy(from.Get(), source, pending.Get(), file.Copy, place.MayInherit, progress);
   const bool isAsked = outcome.IsChanged || (moves_ && outcome.LosesSome);
   if (outcome.Error != NoError || isAsked) return;
   if (copier.LookAtCopy(pending.Get(), source, true, file.Copy) != NoError) return;
