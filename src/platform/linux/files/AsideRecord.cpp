@@ -46,8 +46,9 @@ void AsideRecord::Drop(const std::vector<PlacedItem>& steps) const {
   std::vector<std::string> dropped;
   for (const PlacedItem& step : steps) dropped.insert(dropped.end(), {step.From, step.To});
   Change([&](std::vector<std::string>& paths) {
-    const auto found = std::ranges::search(paths, dropped);
-    paths.erase(found.begin(), found.end());
+    const auto found = std::search(paths.begin(), paths.end(), dropped.begin(), dropped.end());
+    if (found == paths.end()) return;
+    paths.erase(found, found + static_cast<std::ptrdiff_t>(dropped.size()));
   });
 }
 
