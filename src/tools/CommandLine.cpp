@@ -1,10 +1,13 @@
 #include "tools/CommandLine.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
+#include <string>
 #include <string_view>
 
 #include "base/Text.h"
+#include "lister/list/ClickedItem.h"
 #include "shellmenu/Bookmarks.h"
 
 namespace tarnwell::tools {
@@ -37,7 +40,13 @@ void CommandLine::Enter(bool shift) {
 void CommandLine::OpenCommandLine() {
   try {
     std::string folder = shellmenu::GetClickedFolder(space_, messenger_);
-    if (folder.empty()) folder = space_.Lists[space_.CurrentList].CurrentFolder();
+    const lister::ListerControl& list = space_.Lists[space_.CurrentList];
+    if (folder.empty() && list.ShowsFound()) {
+      std::string name;
+      std::int32_t kind = lister::NothingClicked;
+      list.GetClickedItem(folder, name, false, kind);  // a file: the folder that it is in
+    }
+    if (folder.empty()) folder = list.CurrentFolder();
     Tell(launcher_.OpenTerminal(folder));
   } catch (const std::exception&) {
     Tell({-1, ""});
