@@ -176,6 +176,11 @@ void Keyboard::KeepForPaste(std::string_view action, lister::ListerControl& curr
 }
 
 void Keyboard::Paste(int) {
+  if (Current() != nullptr && Current()->ShowsFound()) {
+    messenger_.Message("This list shows what was found, which is no folder to put items in.",
+                       forms::MessageKind::Ok);
+    return;
+  }
   if (workspace_.ShellVerbMode != 0) {
     actions_.ShowShellMenu(MenuMode::Paste);
     return;
