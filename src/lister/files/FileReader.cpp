@@ -45,6 +45,7 @@ void FileReader::Begin(const std::string& folder) {
   if (!list.Syntax.Same(plain, wanted_)) waiting_.clear();
   wanted_ = list.Folder = std::move(plain);
   list.Fields.CancelRequested = false;
+  if (stopped_) files_.Trouble.clear();  // it says so
   stopped_ = willCatchUp_ = false;
   arrived_.clear();
   dropped_.clear();
@@ -243,12 +244,12 @@ base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows, std::optional<R
   std::uint64_t count = 0;
   bool full = false;
   files_.HiddenCount = 0;
+  job.SoFar = [&] {
+    return platform::Counted(files_.List.Services.Forms, platform::CountedText::ReadingNames,
+                             count);
+  };
   base::Status status = job.Folder->Read([&](const platform::FolderEntry& entry) {
-    if (job.Pace.IsDue() &&
-        !job.Pump(platform::Counted(files_.List.Services.Forms, platform::CountedText::ReadingNames,
-                                    count))) {
-      return false;
-    }
+    if (job.Pace.IsDue() && !job.Pump(job.SoFar())) return false;
     if (files_.List.IsFilteredOut(entry)) {
       ++files_.HiddenCount;
       return true;
@@ -259,6 +260,7 @@ base::Status FileReader::ReadNames(ReadJob& job, FileRows& rows, std::optional<R
     if (sort && !full) sort->Add(row);
     return !full;
   });
+  job.SoFar = {};
   if (full) status = {.Code = -1, .Reason = "More names than fit into the list"};
   return status;
 }

@@ -23,7 +23,9 @@ struct ReadJob {
       : Number(number),
         Pace(clock, pump),
         Through(std::move(letThrough)),
-        Waits(pump, [this](const std::string& place) { return Pump(WaitText(place)); }) {}
+        Waits(pump, [this](const std::string& place) {
+          return Pump((SoFar ? SoFar() + ". " : "") + WaitText(place));
+        }) {}
 
   const int Number;  // of the load that it belongs to
   Pacer Pace;
@@ -33,6 +35,7 @@ struct ReadJob {
   bool MaySort = false;   // the rows on show are the ones that it works on
   bool GivesWay = false;  // to rows that come meanwhile
   LetThrough Through;
+  std::function<std::string()> SoFar;  // says how far the work is, if anything does
   // Any call that the job makes may have to wait for another machine.
   const platform::WaitScope Waits;
 
