@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -36,6 +37,12 @@ std::size_t FindWay(const Ways& ways, const std::string& name, char separator) {
     if (ways.contains(name.substr(0, end))) return end;
   }
   return name.npos;
+}
+
+// Anything else may have kept it from being reached.
+bool SaysGone(const base::Status& status) {
+  const std::error_code code(status.Code, std::system_category());
+  return code == std::errc::no_such_file_or_directory || code == std::errc::not_a_directory;
 }
 
 }  // namespace
@@ -251,7 +258,17 @@ void FileReader::DropGone(ReadJob& job) {
   for (const RowId row : std::vector<RowId>(files_.Rows.All())) {
     const FileRow& item = files_.Rows.Row(row);
     if (!item.WasTried || item.HasAttributes) continue;
-    if (!files.Exists(files_.PathOf(row))) gone.insert(row);
+    base::Status status;
+    if (!files.Exists(files_.PathOf(row))) {
+      platform::ItemAttributes attributes;
+      const std::string name(files_.Rows.Name(row));
+      status = files.ReadAttributes(files_.Rows.Folder(), name, attributes);
+    }
+    if (SaysGone(status)) {
+      gone.insert(row);
+    } else if (!status) {
+      files_.Reason = status.Reason;  // rather than that of what is gone
+    }
     if (job.Pace.IsDue() && !job.Pump("Looking at changes")) return;
   }
   if (!gone.empty()) ArrangeWithout(gone, files_.Rows.All());
