@@ -458,23 +458,27 @@ TEST_F(ContextMenuTest, RenamesManyByRulesAndByLines) {
       form.RulesTyped();
       tell(form);
     };
+    const auto lines = [&](const Texts& typed) {
+      form.LinesTyped(0, form.Lines.size(), typed);
+      while (form.IsAtWork()) form.GoOn();
+    };
     tell(form);
     by("c.{ext}");
     by("{nothing}");
     by("{counter}.{ext}");
     form.ShowLines(true);
-    form.LinesTyped({"b.txt"});
+    lines({"b.txt"});
     tell(form);
-    form.LinesTyped({"b.txt", "a.txt"});
+    lines({"b.txt", "a.txt"});
     tell(form);
     // Somebody takes the name in the meantime.
     Platform.Files.AddFile("C:\\Data\\7.txt", "");
-    form.LinesTyped({"7.txt", "a.txt"});
+    lines({"7.txt", "a.txt"});
     form.cmdRenameClick();
     EXPECT_FALSE(form.Result);
     EXPECT_EQ(form.Table().NextFault(9), 0U);
     tell(form);
-    form.LinesTyped({"b.txt", "a.txt"});
+    lines({"b.txt", "a.txt"});
     form.cmdRenameClick();
   };
   Click(100, "a.txt");
