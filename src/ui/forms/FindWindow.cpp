@@ -167,10 +167,7 @@ void FindWindow::TakeToPane(bool (frmFind::*click)()) {
 
 void FindWindow::NotePlace() {
   if (IsClosed()) return;
-  if (isVisible()) {
-    form_.Left = ToTwips(pos().x());
-    form_.Top = ToTwips(pos().y());
-  }
+  ui::NotePlace(*this, form_);
   form_.Width = ToTwips(width());
   form_.Height = ToTwips(height());
 }

@@ -318,13 +318,9 @@ bool RecycleBinWindow::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
-// Questions of the form stand by where it is.
 void RecycleBinWindow::NotePlace() {
   if (IsClosed()) return;
-  if (isVisible()) {
-    form_.Left = ToTwips(pos().x());
-    form_.Top = ToTwips(pos().y());
-  }
+  ui::NotePlace(*this, form_);
   form_.Width = ToTwips(width());
   form_.Height = ToTwips(height());
 }

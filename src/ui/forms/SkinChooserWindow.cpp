@@ -282,11 +282,8 @@ void SkinChooserWindow::Show(QWidget* owner) {
   if (isNew) list_->setFocus();
 }
 
-// Messages and input boxes of the form stand by where it is.
 void SkinChooserWindow::NotePlace() {
-  if (IsClosed() || !isVisible()) return;
-  form_.Left = ToTwips(pos().x());
-  form_.Top = ToTwips(pos().y());
+  if (!IsClosed()) ui::NotePlace(*this, form_);
 }
 
 void SkinChooserWindow::moveEvent(QMoveEvent* event) {

@@ -18,6 +18,12 @@ void MoveOntoScreen(QWidget& window, QPoint place, QSize size) {
   window.move(std::clamp(place.x(), room.left(), right), std::clamp(place.y(), room.top(), bottom));
 }
 
+void NotePlace(const QDialog& dialog, forms::Form& form) {
+  if (!dialog.isVisible()) return;
+  form.Left = ToTwips(dialog.pos().x());
+  form.Top = ToTwips(dialog.pos().y());
+}
+
 void ShowDialog(QDialog& dialog, const forms::Form& form, QWidget* owner) {
   if (owner != nullptr && dialog.parentWidget() != owner) {
     const Qt::WindowModality modality = dialog.windowModality();
