@@ -24,8 +24,10 @@
 namespace tarnwell::platform {
 namespace {
 
-constexpr int countPerCall = 64;            // items between two questions whether to go on
-constexpr std::uint64_t itemsAlone = 1000;  // a tree of fewer is not worth another thread
+constexpr int countPerCall = 64;  // items between two questions whether to go on
+// More than there may be processors: a disk answers several at once.
+constexpr std::size_t mostThreads = 4;
+constexpr std::uint64_t itemsAlone = 1000;            // a tree of fewer is not worth another thread
 constexpr std::chrono::milliseconds waitingStep(20);  // between two questions, with nothing to do
 constexpr std::uint64_t blockSize = 512;              // of stx_blocks, whatever the file system
 constexpr unsigned measuredFacts =
@@ -213,7 +215,7 @@ class MeasureHelpers {
   // Where there can be no more of them, the others do.
   void Come() {
     if (std::exchange(haveCome_, true)) return;
-    while (threads_.size() + 1 < SharingThreads()) {
+    while (threads_.size() + 1 < mostThreads) {
       work_.Expect();
       try {
         threads_.emplace_back([this] { Help(); });
