@@ -1,5 +1,6 @@
 #include "Test.h"
 #include "base/Text.h"
+#include "base/WideText.h"
 
 namespace tarnwell::base {
 namespace {
@@ -42,6 +43,13 @@ TEST(TextTest, ShowsWhatCannotBeSeen) {
     EXPECT_EQ(edited.find_first_of(u"\uFEFF\uFDD1\u202E\x01\u0085"), edited.npos);
     EXPECT_EQ(FromEditing(edited + u"b"), name + "b");
   }
+}
+
+TEST(TextTest, WideNamesComeBackWhateverTheyHold) {
+  const std::u16string odd = {u'a', 0xD800, 0xE9, 0xDC80, 0xD83D, 0xDE00, 0xDBFF, 0, 0xFFFF, 0x7FF};
+  EXPECT_EQ(ToWide(FromWide(odd)), odd);
+  EXPECT_EQ(FromWide(u"\u00e9\u20ac\U0001F600"), "\u00e9\u20ac\U0001F600");
+  EXPECT_EQ(ToWide("\xFF\xC0\x80z\xE2\x82"), u"\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD");
 }
 
 TEST(TextTest, CapitalsNeedNoLocaleAndKeepStrayBytes) {

@@ -171,10 +171,16 @@ class FakeClock : public platform::Clock {
   std::int64_t Now() const override { return Time; }
   platform::LocalTime ToLocal(std::int64_t nanoseconds) const override {
     using namespace std::chrono;
-    const std::time_t moment = floor<seconds>(std::chrono::nanoseconds(nanoseconds)).count();
-    const std::tm time = *std::gmtime(&moment);
-    return {time.tm_year + 1900, time.tm_mon + 1, time.tm_mday,
-            time.tm_hour,        time.tm_min,     time.tm_sec};
+    const sys_seconds moment(floor<seconds>(std::chrono::nanoseconds(nanoseconds)));
+    const sys_days day = floor<days>(moment);
+    const year_month_day date(day);
+    const hh_mm_ss time(moment - day);
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            static_cast<int>(time.hours().count()),
+            static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count())};
   }
   std::int64_t Ticks() const override {
     const_cast<FakeClock*>(this)->Tick += TickStep;

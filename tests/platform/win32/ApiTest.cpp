@@ -1,0 +1,49 @@
+#include "RunUntil.h"
+#include "platform/win32/api/FileTime.h"
+#include "platform/win32/api/PostToLoop.h"
+#include "platform/win32/api/SystemError.h"
+#include "platform/win32/api/WideName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+TEST(ApiTest, PathsOfAnyLengthKeepTheirNames) {
+  EXPECT_EQ(LongPath(R"(C:\a. )"), LR"(\\?\C:\a. )");
+  EXPECT_EQ(LongPath(R"(\\server\share\a)"), LR"(\\?\UNC\server\share\a)");
+  for (const char* path : {R"(C:\a)", R"(\\server\share)", "name"}) {
+    EXPECT_EQ(FromLongPath(LongPath(path)), path);
+  }
+}
+
+TEST(ApiTest, TimesBeforeAndBehindTheEpoch) {
+  EXPECT_EQ(FromFileTime({0, 0}), UnknownTime);
+  EXPECT_EQ(FromFileTime({0xD53E8000, 0x019DB1DE}), 0);
+  EXPECT_EQ(FromFileTime({0xD53E7FFF, 0x019DB1DE}), -100);
+  EXPECT_EQ(FromFileTime({0xFFFFFFFF, 0xFFFFFFFF}), UnknownTime);
+}
+
+TEST(ApiTest, ReasonsAreWords) {
+  EXPECT_TRUE(SystemError(ERROR_SUCCESS));
+  const base::Status status = SystemError(ERROR_ACCESS_DENIED);
+  EXPECT_EQ(status.Code, ERROR_ACCESS_DENIED);
+  EXPECT_FALSE(status.Reason.empty() || status.Reason.ends_with('.')) << status.Reason;
+  EXPECT_EQ(ComError(HRESULT_FROM_WIN32(ERROR_ACCESS_DENIED)).Reason, status.Reason);
+  EXPECT_FALSE(ComError(E_FAIL));
+}
+
+TEST(ApiTest, PostsComInOrderAlsoWithinALoopOfACall) {
+  std::string made;
+  std::thread([&made] {
+    PostToLoop([&made] {
+      made += "a";
+      EXPECT_TRUE(RunUntil([&made] { return made == "abc"; }));
+      made += "d";
+    });
+    for (const char* each : {"b", "c"}) PostToLoop([&made, each] { made += each; });
+  }).join();
+  EXPECT_TRUE(RunUntil([&made] { return made.size() == 4; }));
+  EXPECT_EQ(made, "abcd");
+}
+
+}  // namespace
+}  // namespace tarnwell::platform
