@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "app/LinuxTrayPanel.h"
 #include "app/Platform.h"
 #include "base/ItemList.h"
 #include "platform/linux/afar/FarFileSystem.h"
@@ -139,6 +140,7 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.LogFile = platform::LinuxLogFile::Open(std::getenv("TARNWELL_MSGLOG"), folder);
   made.Operations = OperationsBy(calls, folder);
   made.Notices = std::make_unique<platform::LinuxDesktopNotices>("tarnwell");
+  made.IsTraySilent = IsTrayPanelSilent;
   made.AnyCallsLeft = [calls] { return calls.AnyLeft(); };
   made.MakeDesktop = [calls](const DesktopTools& tools) { return MakeDesktop(tools, calls); };
   return made;

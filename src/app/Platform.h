@@ -2,6 +2,7 @@
 // adapters, in one file.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -84,6 +85,10 @@ struct Platform {
   std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
   ui::OperationSystem Operations;
   std::unique_ptr<platform::DesktopNotices> Notices;
+  // Whether a question for the notification area would wait for a desktop that hangs; may be empty.
+  std::function<bool()> IsTraySilent;
+  // To be told the main window, as platform/OwnerWindow.h has it; empty where that is of no use.
+  std::function<void(std::uintptr_t)> TakeOwner;
   // Whether calls to other machines still run that nobody waits for.
   std::function<bool()> AnyCallsLeft;
   std::function<Desktop(const DesktopTools& tools)> MakeDesktop;

@@ -150,7 +150,8 @@ int main(int argc, char** argv) {
                                   if (runningApplication != nullptr)
                                     runningApplication->MainObject().OpenFolder(folder);
                                 });
-  ui::QtTray tray(programIcon, [&](const auto& then) { popups.CloseThen(then); });
+  ui::QtTray tray(
+      programIcon, [&](const auto& then) { popups.CloseThen(then); }, system.IsTraySilent);
   ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
   const app::Desktop desktop =
       system.MakeDesktop({clipboard, operations, dialogs, itemWindows, forms});
@@ -199,6 +200,7 @@ int main(int argc, char** argv) {
     auto window = std::make_unique<ui::MainWindow>(application.MainObject(), icons, views);
     popups.SetWindow(window.get());
     mainWindow = window.get();
+    if (system.TakeOwner) system.TakeOwner(window->winId());
     return window;
   });
   host.Bind<shell::popMsgBox>([&](shell::popMsgBox& form) -> std::unique_ptr<ui::FormWindow> {

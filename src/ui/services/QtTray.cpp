@@ -1,8 +1,5 @@
 #include "ui/services/QtTray.h"
 
-#include <QDBusConnection>
-#include <QDBusError>
-#include <QDBusMessage>
 #include <utility>
 
 #include "ui/toolkit/Convert.h"
@@ -12,30 +9,11 @@ namespace {
 
 // Nothing tells when the notification area goes.
 constexpr int TrayLookInterval = 1000;  // milliseconds
-// A panel that takes longer to answer hangs.
-constexpr int MostWait = 1000;  // milliseconds
-
-// Qt's own question would wait for a panel that hangs as long as D-Bus lets it, and hold up all
-// windows. Names are from the StatusNotifierItem specification of freedesktop.org.
-bool HangsPanel() {
-  QDBusMessage question = QDBusMessage::createMethodCall(
-      QStringLiteral("org.kde.StatusNotifierWatcher"), QStringLiteral("/StatusNotifierWatcher"),
-      QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-  question << QStringLiteral("org.kde.StatusNotifierWatcher")
-           << QStringLiteral("IsStatusNotifierHostRegistered");
-  question.setAutoStartService(false);
-  const QDBusError error(QDBusConnection::sessionBus().call(question, QDBus::Block, MostWait));
-  return error.type() == QDBusError::NoReply || error.type() == QDBusError::Timeout;
-}
-
-bool IsThere() {
-  return !HangsPanel() && QSystemTrayIcon::isSystemTrayAvailable();
-}
 
 }  // namespace
 
-QtTray::QtTray(const QIcon& picture, EndWork endWork)
-    : picture_(picture), endWork_(std::move(endWork)) {
+QtTray::QtTray(const QIcon& picture, EndWork endWork, std::function<bool()> isSilent)
+    : picture_(picture), endWork_(std::move(endWork)), isSilent_(std::move(isSilent)) {
   watch_.setInterval(TrayLookInterval);
   connect(&watch_, &QTimer::timeout, this, [this] { Look(); });
 }
@@ -45,7 +23,7 @@ QtTray::~QtTray() = default;
 bool QtTray::Add(const Texts& texts, Events events) {
   // Not asked before: Qt keeps to the kind of icon that it finds when it first looks for one, and
   // at the start of a session the desktop may not be ready.
-  if (!IsThere()) return false;
+  if (!IsAreaThere()) return false;
   Remove();
   events_ = std::move(events);
   menu_ = std::make_unique<QMenu>();
@@ -71,6 +49,10 @@ bool QtTray::Add(const Texts& texts, Events events) {
   return true;
 }
 
+bool QtTray::IsAreaThere() const {
+  return !(isSilent_ && isSilent_()) && QSystemTrayIcon::isSystemTrayAvailable();
+}
+
 void QtTray::AddEntry(const std::string& caption, std::function<void()> act) {
   const QAction* const action = menu_->addAction(ToShownQString(caption));
   connect(
@@ -91,7 +73,7 @@ void QtTray::Remove() {
 }
 
 void QtTray::Look() {
-  if (IsThere()) return;
+  if (IsAreaThere()) return;
   Remove();
   events_.Gone();
 }

@@ -31,6 +31,9 @@ constexpr OwnType OwnTypes[] = {
      "yml toml sql cmake "},
 };
 
+// Of pictures that stand in for a drawing, in pixels.
+constexpr int DrawnSizes[] = {16, 24, 32, 48, 64, 128};
+
 // Names can be made up without end; no more are worth remembering.
 constexpr qsizetype MostExtensions = 2000;
 
@@ -44,8 +47,17 @@ QByteArray TypeOf(std::string_view path) {
 }  // namespace
 
 QIcon IconSource::Own(std::string_view name) const {
-  const QString path = QStringLiteral("%1/icons/%2.svg").arg(dataFolder_, ToQString(name));
-  return !dataFolder_.isEmpty() && QFile::exists(path) ? QIcon(path) : QIcon();
+  QIcon icon;
+  if (dataFolder_.isEmpty()) return icon;
+  const QString path = QStringLiteral("%1/icons/%2").arg(dataFolder_, ToQString(name));
+  const QString drawing = path + QStringLiteral(".svg");
+  if (QFile::exists(drawing)) return QIcon(drawing);
+  for (const int size : DrawnSizes) {
+    const QString picture = QStringLiteral("%1-%2.png").arg(path).arg(size);
+    if (!QFile::exists(picture)) break;
+    icon.addFile(picture, QSize(size, size));
+  }
+  return icon;
 }
 
 IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {

@@ -13,10 +13,11 @@ namespace tarnwell::ui {
 
 class IconSource {
  public:
-  // `dataFolder` holds the program's own pictures as icons/<name>.svg; empty where there is none.
+  // `dataFolder` holds the program's own pictures as icons/<name>.svg, or drawn from that in
+  // several sizes as icons/<name>-<pixels>.png; empty where there is none.
   explicit IconSource(const QString& dataFolder);
 
-  // The program's own picture icons/<name>.svg; empty if there is none of that name.
+  // The program's own picture; empty if there is none of that name.
   QIcon Own(std::string_view name) const;
   // The picture in the file of that whole path, else the program's own of that name, else the
   // theme's; empty if there is none.
