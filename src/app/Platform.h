@@ -31,6 +31,7 @@
 #include "platform/TrashCan.h"
 #include "platform/UserSettings.h"
 #include "ui/operation/OperationSystem.h"
+#include "ui/toolkit/IconSource.h"
 
 namespace tarnwell::app {
 
@@ -85,6 +86,7 @@ struct Platform {
   std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
   ui::OperationSystem Operations;
   std::unique_ptr<platform::DesktopNotices> Notices;
+  ui::SystemIcons Icons;  // empty where the desktop has themes
   // Whether a question for the notification area would wait for a desktop that hangs; may be empty.
   std::function<bool()> IsTraySilent;
   // To be told the main window, as platform/OwnerWindow.h has it; empty where that is of no use.

@@ -133,7 +133,7 @@ int main(int argc, char** argv) {
   platform::FileSystem& files = *system.Files;
   const ui::QtNumberForms forms;
   ui::QtFormHost host;
-  const ui::IconSource icons(ui::ToQtPath(system.DataFolder));
+  const ui::IconSource icons(ui::ToQtPath(system.DataFolder), system.Icons);
   ui::QtDialogs dialogs(icons);
   const QIcon programIcon = icons.Own("tarnwell");
   QApplication::setWindowIcon(programIcon);

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QMimeType>
+#include <utility>
 
 #include "base/PathSyntax.h"
 #include "lister/rows/CellText.h"
@@ -60,7 +61,15 @@ QIcon IconSource::Own(std::string_view name) const {
   return icon;
 }
 
-IconSource::IconSource(const QString& dataFolder) : dataFolder_(dataFolder) {
+IconSource::IconSource(const QString& dataFolder, SystemIcons system)
+    : dataFolder_(dataFolder), system_(std::move(system)) {
+  if (system_.OfExtension) {
+    drive_ = system_.Drive;
+    folder_ = system_.Folder;
+    openFolder_ = system_.OpenFolder;
+    file_ = system_.File;
+    return;
+  }
   drive_ = QIcon::fromTheme(QStringLiteral("drive-harddisk"), Own("drive"));
   // Icons that stand side by side come from one hand.
   themedFolders_ = QIcon::hasThemeIcon(QStringLiteral("folder")) &&
@@ -105,6 +114,10 @@ QIcon IconSource::File(std::string_view path) const {
 }
 
 QIcon IconSource::FindFile(const QByteArray& extension) const {
+  if (system_.OfExtension) {
+    const QIcon icon = system_.OfExtension(QString::fromUtf8(extension));
+    return icon.isNull() ? file_ : icon;
+  }
   if (!themed_) {
     const std::string word = ' ' + extension.toStdString() + ' ';
     for (const OwnType& type : OwnTypes) {

@@ -6,16 +6,27 @@
 #include <QIcon>
 #include <QMimeDatabase>
 #include <QString>
+#include <functional>
 #include <string>
 #include <string_view>
 
 namespace tarnwell::ui {
 
+// The icons of a system that shows its own and has no themes.
+struct SystemIcons {
+  QIcon Drive;
+  QIcon Folder;
+  QIcon OpenFolder;
+  QIcon File;
+  // Of files with that extension, in small letters and without its dot; may be empty.
+  std::function<QIcon(const QString& extension)> OfExtension;
+};
+
 class IconSource {
  public:
   // `dataFolder` holds the program's own pictures as icons/<name>.svg, or drawn from that in
   // several sizes as icons/<name>-<pixels>.png; empty where there is none.
-  explicit IconSource(const QString& dataFolder);
+  explicit IconSource(const QString& dataFolder, SystemIcons system = {});
 
   // The program's own picture; empty if there is none of that name.
   QIcon Own(std::string_view name) const;
@@ -38,6 +49,7 @@ class IconSource {
   QIcon FindFile(const QByteArray& extension) const;
 
   QString dataFolder_;
+  SystemIcons system_;
   QIcon drive_;
   QIcon folder_;
   QIcon openFolder_;
