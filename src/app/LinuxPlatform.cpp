@@ -70,10 +70,11 @@ namespace {
 Desktop MakeDesktop(const DesktopTools& tools, const platform::FarCalls& calls) {
   const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   return {std::make_unique<platform::LinuxLauncher>(
-              platform::OpenTools{tools.Dialogs, tools.Windows, tools.Forms, calls}),
+              platform::OpenTools{tools.Dialogs, *tools.Windows, tools.Forms, calls}),
           std::make_unique<platform::LinuxContextMenu>(platform::MenuTools{
-              tools.Clipboard, tools.Operation, tools.Dialogs, tools.Windows, tools.Forms, calls}),
-          std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr)};
+              tools.Clipboard, tools.Operation, tools.Dialogs, *tools.Windows, tools.Forms, calls}),
+          std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr),
+          nullptr};
 }
 
 ui::OperationSystem OperationsBy(const platform::FarCalls& calls, const std::string& folder) {

@@ -27,6 +27,7 @@
 #include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
 #include "platform/Regex.h"
+#include "platform/ShellWindows.h"
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
 #include "platform/UserSettings.h"
@@ -56,13 +57,15 @@ struct DesktopTools {
   platform::FileClipboard& Clipboard;
   platform::FileOperation& Operation;
   platform::Dialogs& Dialogs;
-  platform::ItemWindows& Windows;
+  platform::ItemWindows* Windows;                      // null where there is no Inspector
+  std::function<void(const std::string&)> OpenFolder;  // in the pane in use
   const platform::NumberForms& Forms;
 };
 struct Desktop {
   std::unique_ptr<platform::Launcher> Launcher;
   std::unique_ptr<platform::ContextMenu> ItemMenus;
   std::unique_ptr<platform::Keyboard> Keys;
+  std::unique_ptr<platform::ShellWindows> Shell;  // null where the three below are there
 };
 
 // What needs no window; to be made once the application is there.
@@ -73,15 +76,15 @@ struct Platform {
   std::unique_ptr<platform::FileSystem> Files;
   std::shared_ptr<void> Mounts;  // of the desktop; behind the next two
   std::unique_ptr<platform::Drives> Drives;
-  std::unique_ptr<platform::NetworkPlaces> Network;
+  std::unique_ptr<platform::NetworkPlaces> Network;  // null where the system has a shell
   std::unique_ptr<platform::FolderWatch> Watches;
   std::unique_ptr<platform::FolderStamps> Stamps;
-  std::unique_ptr<platform::TrashCan> Trash;  // goes by the drives and watches
+  std::unique_ptr<platform::TrashCan> Trash;  // goes by the drives and watches; null as Network
   std::unique_ptr<platform::FileSearch> Search;
   platform::CompileRegex CompileRegex;
   std::unique_ptr<platform::Clock> Clock;
   std::unique_ptr<platform::Collation> Order;
-  std::unique_ptr<platform::ItemInspector> Inspector;
+  std::unique_ptr<platform::ItemInspector> Inspector;  // null as Network
   std::unique_ptr<platform::UserSettings> UserSettings;
   std::unique_ptr<platform::LogFile> LogFile;  // null unless messages are to be logged
   ui::OperationSystem Operations;

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include "app/CommandArguments.h"
 #include "app/Platform.h"
@@ -145,16 +146,20 @@ int main(int argc, char** argv) {
 
   ui::QtPopupMenus popups(icons);
   ui::QtFileClipboard clipboard;
-  ui::QtItemWindows itemWindows({operationTools, files, *system.Inspector},
-                                [](const std::string& folder) {
-                                  if (runningApplication != nullptr)
-                                    runningApplication->MainObject().OpenFolder(folder);
-                                });
+  const auto openFolder = [](const std::string& folder) {
+    if (runningApplication != nullptr) runningApplication->MainObject().OpenFolder(folder);
+  };
+  std::optional<ui::QtItemWindows> itemWindows;
+  std::optional<shell::OwnWindows> ownWindows;
+  if (system.Inspector) {
+    itemWindows.emplace(ui::PropertiesTools{operationTools, files, *system.Inspector}, openFolder);
+    ownWindows.emplace(shell::OwnWindows{*itemWindows, *system.Trash, *system.Network});
+  }
   ui::QtTray tray(
       programIcon, [&](const auto& then) { popups.CloseThen(then); }, system.IsTraySilent);
   ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
-  const app::Desktop desktop =
-      system.MakeDesktop({clipboard, operations, dialogs, itemWindows, forms});
+  const app::Desktop desktop = system.MakeDesktop(
+      {clipboard, operations, dialogs, itemWindows ? &*itemWindows : nullptr, openFolder, forms});
 
   shell::Application application({host,
                                   files,
@@ -177,9 +182,8 @@ int main(int argc, char** argv) {
                                   *system.UserSettings,
                                   tray,
                                   web,
-                                  itemWindows,
-                                  *system.Trash,
-                                  *system.Network,
+                                  ownWindows,
+                                  desktop.Shell.get(),
                                   *system.Search,
                                   ProgramSite(),
                                   AllLibraries(system),
@@ -284,7 +288,7 @@ int main(int argc, char** argv) {
   host.AllGone = [&] {
     leaveOtherCopies();
     clipboard.CutChanged = {};
-    itemWindows.Close();
+    if (itemWindows) itemWindows->Close();
     operations.WhenIdle([&] {
       QMetaObject::invokeMethod(&qtApplication, ui::EndWithLastWindow, Qt::QueuedConnection);
     });
@@ -297,7 +301,7 @@ int main(int argc, char** argv) {
   };
   runningApplication = &application;
   runningEngine = &engine;
-  openItemWindows = &itemWindows;
+  openItemWindows = itemWindows ? &*itemWindows : nullptr;
   std::atexit(SaveAtExit);
 
   // Within the loop, so that an end asked for meanwhile leaves it.
@@ -319,7 +323,7 @@ int main(int argc, char** argv) {
   runningEngine = nullptr;
   openItemWindows = nullptr;
   const int code = application.StartForm().StartFailed ? EXIT_FAILURE : EXIT_SUCCESS;
-  const bool isQuiet = itemWindows.CancelAndWait() && !engine.AnyLeft();
+  const bool isQuiet = (!itemWindows || itemWindows->CancelAndWait()) && !engine.AnyLeft();
   // Threads that other machines keep would use what ends here, should those answer at last. All
   // that is to be kept has been saved.
   if (!isQuiet || system.AnyCallsLeft()) std::_Exit(code);

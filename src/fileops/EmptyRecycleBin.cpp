@@ -69,6 +69,11 @@ std::string Question(const TrashReading& reading, const TrashForms& forms) {
   return text;
 }
 
+void TellNotEmptied(forms::Messenger& messages, const std::string& parentName = "") {
+  messages.Message("An error occurred and the recycle bin may not have been emptied.",
+                   forms::MessageKind::Ok, parentName);
+}
+
 }  // namespace
 
 void EmptyCommand::EmptyRecycleBin(std::string& rootPath, const std::string& parentName) {
@@ -78,14 +83,9 @@ void EmptyCommand::EmptyRecycleBin(std::string& rootPath, const std::string& par
   try {
     Empty(rootPath.empty() ? std::string() : services_.Drives.DriveOf(rootPath), parentName);
   } catch (const std::exception&) {
-    TellFailure(parentName);
+    TellNotEmptied(services_.Messages, parentName);
   }
   runs_ = false;
-}
-
-void EmptyCommand::TellFailure(const std::string& parentName) {
-  services_.Messages.Message("An error occurred and the recycle bin may not have been emptied.",
-                             forms::MessageKind::Ok, parentName);
 }
 
 void EmptyCommand::Empty(const std::string& drive, const std::string& parentName) {
@@ -117,8 +117,20 @@ void EmptyCommand::Empty(const std::string& drive, const std::string& parentName
   services_.Operation.WhenDone(services_.Operation.Start(std::move(order)),
                                [this, parentName](const platform::OperationResult& result) {
                                  lists::LookAtPanes(workspace_);
-                                 if (result.Code != 0 && !result.Aborted) TellFailure(parentName);
+                                 if (result.Code == 0 || result.Aborted) return;
+                                 TellNotEmptied(services_.Messages, parentName);
                                });
+}
+
+void EmptyByShell(workspace::Workspace& workspace, forms::FormHost& host,
+                  forms::Messenger& messages, platform::ShellWindows& shell,
+                  const std::string& rootPath) {
+  const forms::PointerScope pointers(host, &workspace.Form.Toolbar1);
+  try {
+    shell.EmptyRecycleBin(rootPath);
+  } catch (const std::exception&) {
+    TellNotEmptied(messages);
+  }
 }
 
 }  // namespace tarnwell::fileops

@@ -11,6 +11,7 @@
 #include "platform/FileOperation.h"
 #include "platform/FileSystem.h"
 #include "platform/MessagePump.h"
+#include "platform/ShellWindows.h"
 #include "platform/TrashCan.h"
 #include "workspace/Workspace.h"
 
@@ -43,12 +44,17 @@ class EmptyCommand {
 
  private:
   void Empty(const std::string& drive, const std::string& parentName);
-  void TellFailure(const std::string& parentName);
 
   workspace::Workspace& workspace_;
   TrashServices services_;
   bool runs_ = false;
   bool givenUp_ = false;
 };
+
+// The same by the shell of the system, which asks, and tells how far it is. What it answers is
+// ignored. The pointers are the hourglass until it is done.
+void EmptyByShell(workspace::Workspace& workspace, forms::FormHost& host,
+                  forms::Messenger& messages, platform::ShellWindows& shell,
+                  const std::string& rootPath);
 
 }  // namespace tarnwell::fileops

@@ -3,20 +3,14 @@
 namespace tarnwell::fileops {
 namespace {
 
-constexpr int NoSuchFile = 2;
+// Results from this one on are those of a window that has opened.
+constexpr int LeastInstance = 33;
 
 }  // namespace
 
-int ShowProperties(const platform::FileSystem& files, platform::ItemWindows& windows,
-                   const std::string& path) {
-  if (!files.Exists(path)) return NoSuchFile;
-  windows.ShowProperties({path});
-  return LeastInstance;
-}
-
-void ShowPropertiesOrTell(const platform::FileSystem& files, platform::ItemWindows& windows,
-                          forms::Messenger& messenger, const std::string& path) {
-  if (ShowProperties(files, windows, path) >= LeastInstance) return;
+void ShowProperties(platform::ShellWindows& shell, forms::Messenger& messenger,
+                    const std::vector<std::string>& paths) {
+  if (shell.ShowProperties(paths) >= LeastInstance) return;
   messenger.Message(" Properties not available for this object.", forms::MessageKind::Ok);
 }
 

@@ -1,24 +1,17 @@
-// The Properties window of an item, by its path alone.
+// The property sheet of the system's shell.
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "forms/Messenger.h"
-#include "platform/FileSystem.h"
-#include "platform/ItemWindows.h"
+#include "platform/ShellWindows.h"
 
 namespace tarnwell::fileops {
 
-// Results of ShowProperties from this one on are those of a window that has opened.
-inline constexpr int LeastInstance = 33;
-
-// Opens the window, which lives on by itself. Shows nothing where there is no such item, and gives
-// less than LeastInstance.
-int ShowProperties(const platform::FileSystem& files, platform::ItemWindows& windows,
-                   const std::string& path);
-
-// The same; a message tells where there is nothing to show.
-void ShowPropertiesOrTell(const platform::FileSystem& files, platform::ItemWindows& windows,
-                          forms::Messenger& messenger, const std::string& path);
+// For items by their full paths, at least one; it lives on by itself. A message tells where there
+// is none.
+void ShowProperties(platform::ShellWindows& shell, forms::Messenger& messenger,
+                    const std::vector<std::string>& paths);
 
 }  // namespace tarnwell::fileops

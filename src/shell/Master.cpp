@@ -64,12 +64,6 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
       tips_({services_.Host, services_.Files, services_.Clock, services_.User, messages_, markers_,
              [this] { OpenHelp(); }},
             services_.System.FolderOf(tools::TipsName)),
-      mapDrive_({services_.Host, services_.Network, services_.User,
-                 [this](const std::string& folder) {
-                   navigation_.OpenOnDrive(space_.CurrentList, services_.Drives.DriveOf(folder),
-                                           folder);
-                 }}),
-      disconnect_(services_.Host, services_.Network),
       panes_(space_, layout_, services_.Host, messages_, *this),
       splitters_(space_, layout_, services_.Host),
       navigation_(space_, services_.Files.Syntax(), services_.Host),
@@ -85,14 +79,11 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
               services_.Host, messages_, dialogFields_,
               [this] { return contextMenu_.ShowShellMenu(0, 0, "", shellmenu::MenuMode::Delete); }),
       duplicate_(services_.Files, services_.Operation, services_.Clock, services_.Host, messages_),
-      empty_(space_, TrashServices()),
-      recycleBin_(space_, TrashServices(), services_.Order, services_.ItemWindows, empty_,
-                  [this](const std::string& path) { OpenFolder(path); }),
       undo_(space_, {services_.Operation, services_.History, services_.Engine, services_.Files,
                      services_.Pump, services_.Clock, services_.Forms, messages_}),
       contextMenu_(space_,
                    {services_.Files.Syntax(), services_.Drives, services_.ItemMenus,
-                    services_.Popups, services_.Operation, services_.Forms},
+                    services_.Popups, services_.Operation, services_.Forms, services_.Shell},
                    messages_,
                    {newFolder_, rename_, renameItems_, duplicate_, operations_, delete_,
                     [this] { commandLine_.OpenCommandLine(); },
@@ -129,6 +120,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
   form.Top = StartTop;
   form.Width = StartWidth;
   form.Height = StartHeight;
+  if (services_.Own) MakeOwnForms(*services_.Own);
   space_.Lists.Create(0);
   space_.Lists.SetUpFound = [this](lister::ListerControl& list) { panes_.SetUpFoundList(list); };
 }
@@ -154,10 +146,16 @@ std::string Master::ProgramFile(std::string_view name) const {
   return services_.Files.Syntax().Join(services_.System.ProgramFolder(), name);
 }
 
-fileops::TrashServices Master::TrashServices() {
-  return {
-      services_.Host,      services_.Files, services_.Drives, services_.Trash,
+void Master::MakeOwnForms(const OwnWindows& windows) {
+  const fileops::TrashServices trash{
+      services_.Host,      services_.Files, services_.Drives, windows.Trash,
       services_.Operation, services_.Pump,  messages_,        {services_.Forms, services_.Clock}};
+  own_.emplace(
+      space_, windows, trash, services_.Order, services_.User,
+      [this](const std::string& path) { OpenFolder(path); },
+      [this](const std::string& path) {
+        navigation_.OpenOnDrive(space_.CurrentList, services_.Drives.DriveOf(path), path);
+      });
 }
 
 void Master::Resize() {
@@ -256,7 +254,7 @@ void Master::LoadFolders(int pane) {
 void Master::EscapeKey() {
   if (splitters_.GiveUp()) return;
   updates_.GiveUp();  // these may run unseen, so they are not all that the key is for
-  empty_.GiveUp();
+  if (own_) own_->Empty.GiveUp();
   undo_.GiveUp();
   events_.EscapeKey();
 }
@@ -267,9 +265,22 @@ void Master::ShowOptions() {
   services_.Host.Show(options_, &space_.Form);
 }
 
+void Master::OpenRecycleBin() {
+  own_ ? own_->RecycleBin.ShowOver(space_.Form) : services_.Shell->OpenRecycleBin();
+}
+
 void Master::EmptyRecycleBin() {
   std::string all;
-  empty_.EmptyRecycleBin(all);
+  own_ ? own_->Empty.EmptyRecycleBin(all)
+       : fileops::EmptyByShell(space_, services_.Host, messages_, *services_.Shell, all);
+}
+
+void Master::MapNetworkDrive() {
+  own_ ? own_->MapDrive.ShowOver(space_.Form) : services_.Shell->MapNetworkDrive();
+}
+
+void Master::DisconnectNetworkDrive() {
+  own_ ? own_->Disconnect.ShowOver(space_.Form) : services_.Shell->DisconnectNetworkDrive();
 }
 
 void Master::ShowTips() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "commands/Commands.h"
@@ -12,12 +13,10 @@
 #include "fileops/DeleteSelection.h"
 #include "fileops/DropItems.h"
 #include "fileops/DuplicateItems.h"
-#include "fileops/EmptyRecycleBin.h"
 #include "fileops/FileOperate.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
 #include "fileops/UndoCommand.h"
-#include "fileops/frmRecycleBin.h"
 #include "lists/FoundListEvents.h"
 #include "lists/ListCommands.h"
 #include "lists/ListEventHandler.h"
@@ -30,6 +29,7 @@
 #include "settings/frmOptions.h"
 #include "settings/frmSkinChooser.h"
 #include "shell/MessageBox.h"
+#include "shell/OwnForms.h"
 #include "shell/Services.h"
 #include "shell/Splash.h"
 #include "shellmenu/ShowShellMenu.h"
@@ -40,10 +40,8 @@
 #include "tools/FoundLists.h"
 #include "tools/LoggedListEvents.h"
 #include "tools/UpdateCheck.h"
-#include "tools/frmDisconnect.h"
 #include "tools/frmFind.h"
 #include "tools/frmHelp.h"
-#include "tools/frmMapDrive.h"
 #include "tools/frmTip.h"
 #include "workspace/FormLayout.h"
 #include "workspace/PaneSet.h"
@@ -156,10 +154,10 @@ class Master : private workspace::PaneHooks,
   void ShowOptions() override;
   void FindFiles() override { find_.ShowOver(space_.Form); }
   void SaveFileListing() override { listing_.SaveFileListing(); }
-  void OpenRecycleBin() override { recycleBin_.ShowOver(space_.Form); }
+  void OpenRecycleBin() override;
   void EmptyRecycleBin() override;
-  void MapNetworkDrive() override { mapDrive_.ShowOver(space_.Form); }
-  void DisconnectNetworkDrive() override { disconnect_.ShowOver(space_.Form); }
+  void MapNetworkDrive() override;
+  void DisconnectNetworkDrive() override;
   void ShowTips() override;
   void ColorChooser() override { skinChooser_.ColorChooser(space_.Form); }
   void OpenHelp() override { help_.ShowOver(space_.Form); }
@@ -187,7 +185,7 @@ class Master : private workspace::PaneHooks,
     operations_.FileOperate(action, source, target, folder, true, "");
   }
 
-  fileops::TrashServices TrashServices();
+  void MakeOwnForms(const OwnWindows& windows);
   lists::ListRequests RequestsOfLists();
   lister::ListerEvents& ListEvents(lister::ListId list);
   std::string ProgramFile(std::string_view name) const;
@@ -208,8 +206,6 @@ class Master : private workspace::PaneHooks,
   settings::frmOptions options_;
   tools::frmHelp help_;
   tools::frmTip tips_;
-  tools::frmMapDrive mapDrive_;
-  tools::frmDisconnect disconnect_;
   workspace::PaneSet panes_;
   workspace::Splitters splitters_;
   lists::Navigation navigation_;
@@ -220,8 +216,7 @@ class Master : private workspace::PaneHooks,
   fileops::FileOperations operations_;
   fileops::DeleteCommand delete_;
   fileops::DuplicateCommand duplicate_;
-  fileops::EmptyCommand empty_;
-  fileops::frmRecycleBin recycleBin_;
+  std::optional<OwnForms> own_;  // where the system's shell has none
   fileops::UndoCommand undo_;
   shellmenu::ContextMenuCommand contextMenu_;
   shellmenu::TitleMenu titleMenu_;

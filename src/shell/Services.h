@@ -1,6 +1,7 @@
 // The platform as the program gets it: one reference for each port that is in use.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
 #include "platform/Regex.h"
+#include "platform/ShellWindows.h"
 #include "platform/SystemInfo.h"
 #include "platform/TrashCan.h"
 #include "platform/Tray.h"
@@ -32,6 +34,13 @@
 #include "tools/MessageLog.h"
 
 namespace tarnwell::shell {
+
+// What the program's own windows for the trash and the network go by.
+struct OwnWindows {
+  platform::ItemWindows& Items;
+  platform::TrashCan& Trash;
+  platform::NetworkPlaces& Network;
+};
 
 struct Services {
   forms::FormHost& Host;
@@ -55,9 +64,9 @@ struct Services {
   platform::UserSettings& User;
   platform::Tray& Tray;
   platform::Web& Web;
-  platform::ItemWindows& ItemWindows;
-  platform::TrashCan& Trash;
-  platform::NetworkPlaces& Network;
+  // One of the two is there.
+  std::optional<OwnWindows> Own;
+  platform::ShellWindows* Shell;
   platform::FileSearch& Search;
   std::string Site{};                          // the address of the program's site
   std::vector<platform::Library> Libraries{};  // that the program is linked with

@@ -6,6 +6,7 @@
 
 #include "base/Measure.h"
 #include "base/Text.h"
+#include "fileops/modProperties.h"
 #include "lists/ShowPlaced.h"
 #include "lists/WatchPanes.h"
 #include "platform/CountedTexts.h"
@@ -94,6 +95,10 @@ platform::OperationId ContextMenuCommand::ShowShellMenu(float x, float y, std::s
   }
   if (mode != MenuMode::Show) clickedItemPath_.clear();
   const MenuItems items = collector_.Collect(*list, path, clickedItemPath_, mode);
+  if (mode == MenuMode::Properties && platform_.Shell != nullptr) {
+    if (!items.Paths.empty()) fileops::ShowProperties(*platform_.Shell, messenger_, items.Paths);
+    return platform::NoOperation;
+  }
   MenuRequest request;
   request.Mode = mode;
   request.X = PixelOf(x);

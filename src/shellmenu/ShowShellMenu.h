@@ -8,6 +8,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/NumberForms.h"
+#include "platform/ShellWindows.h"
 #include "shellmenu/BuildAndTrackMenu.h"
 #include "shellmenu/CollectItems.h"
 #include "shellmenu/MenuDispatch.h"
@@ -21,6 +22,7 @@ struct MenuPlatform {
   platform::PopupMenus& Popups;
   platform::FileOperation& Operation;
   const platform::NumberForms& Forms;
+  platform::ShellWindows* Shell = nullptr;  // null where the platform's menu shows properties
 };
 
 class ContextMenuCommand {

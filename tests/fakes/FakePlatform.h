@@ -18,6 +18,7 @@
 #include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
 #include "platform/PopupMenu.h"
+#include "platform/ShellWindows.h"
 #include "platform/SystemInfo.h"
 #include "platform/Tray.h"
 #include "platform/UserSettings.h"
@@ -158,6 +159,26 @@ struct FakeItemWindows : platform::ItemWindows {
   }
   platform::RunChoice AskRun(const platform::RunQuestion&) override { return {}; }
   void OpenFolder(const std::string&) override {}
+};
+
+// The same of the windows of a shell.
+struct FakeShellWindows : platform::ShellWindows {
+  std::vector<std::string> Told;
+  int Instance = 33;
+  std::function<void()> OnEmpty = [] {};
+
+  void OpenRecycleBin() override { Told.push_back("open bin"); }
+  void EmptyRecycleBin(const std::string& rootPath) override {
+    Told.push_back("empty " + rootPath);
+    OnEmpty();
+  }
+  void MapNetworkDrive() override { Told.push_back("map"); }
+  void DisconnectNetworkDrive() override { Told.push_back("disconnect"); }
+  int ShowProperties(const std::vector<std::string>& paths) override {
+    Told.push_back("properties");
+    for (const std::string& path : paths) Told.back() += " " + path;
+    return Instance;
+  }
 };
 
 // A clock whose time zone is UTC.

@@ -3,7 +3,6 @@
 #include "fileops/DuplicateItems.h"
 #include "fileops/NewFolder.h"
 #include "fileops/RenameItem.h"
-#include "fileops/modProperties.h"
 #include "fileops/popCopyMove.h"
 #include "fileops/popDelete.h"
 #include "fileops/popNewFolder.h"
@@ -297,15 +296,6 @@ TEST_F(OperationsTest, DuplicatesBesideTheItemAndTellsWhatFailed) {
                                    "\r\n\r\nC:\\Data\\two\r\nC:\\a.b\\c\r\n"}));
   duplicate.DuplicateItems({});
   EXPECT_EQ(Messages.Texts.size(), 1U);
-}
-
-TEST_F(OperationsTest, ShowsThePropertiesOfWhatIsThere) {
-  for (const char* path : {"C:\\", "C:\\gone"}) {
-    EXPECT_EQ(ShowProperties(Platform.Files, Platform.Items, path) < 33, path == "C:\\gone"s);
-    ShowPropertiesOrTell(Platform.Files, Platform.Items, Messages, path);
-  }
-  EXPECT_EQ(Platform.Items.Properties, (std::vector<Texts>(2, {"C:\\"})));
-  EXPECT_EQ(Messages.Texts, Texts{" Properties not available for this object."});
 }
 
 TEST_F(OperationsTest, MakesANewFolderAndShowsIt) {

@@ -328,6 +328,39 @@ TEST_F(RunTest, EveryCommandIsThere) {
             "The user guide C:\\Tarnwell\\guide\\index.html cannot be opened.\r\n\r\nno browser.");
 }
 
+TEST(ShellWindowsTest, StandForTheProgramsOwn) {
+  TestMachine machine;
+  fakes::FakeShellWindows shell;
+  TestRun run(machine, &shell);
+  for (const char* file : {"C:\\x\\a", "C:\\x\\b"}) machine.Files.AddFile(file);
+  run.Start();
+  shell.OnEmpty = [&run] {
+    EXPECT_EQ(run.Host.ScreenPointer(), forms::MousePointer::Hourglass);
+    EXPECT_EQ(run.Form().Toolbar1.MousePointer, forms::MousePointer::Hourglass);
+    throw std::runtime_error("no shell");
+  };
+  for (const char* each : {"mnuRCOpenRecycleBin", "mnuRCEmptyRecycleBin", "mnuMapNetworkDrive",
+                           "mnuDisconnectNetworkDrive"}) {
+    run.Main().MenuClick(each);
+  }
+  run.Main().ButtonClick("recyclebin");
+  EXPECT_EQ(run.Boxes, Texts{"An error occurred and the recycle bin may not have been emptied."});
+  EXPECT_EQ(run.Host.ScreenPointer(), forms::MousePointer::Default);
+  EXPECT_EQ(run.Form().Toolbar1.MousePointer, forms::MousePointer::Default);
+
+  lister::ListerControl& files = run.Space().Lists[100];
+  run.Space().CurrentList = 100;
+  files.GoToFolder("C:\\x");
+  run.Main().PressKeys("Alt+Return");
+  files.SelectAll();
+  shell.Instance = 5;
+  run.Main().PressKeys("Alt+Return");
+  EXPECT_EQ(run.Boxes.back(), " Properties not available for this object.");
+  EXPECT_EQ(shell.Told, (Texts{"open bin", "empty ", "map", "disconnect", "open bin",
+                               "properties C:\\x", "properties C:\\x\\a C:\\x\\b"}));
+  EXPECT_TRUE(machine.ItemMenus.Invoked.empty());
+}
+
 TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {
   for (const char* file : {"C:\\x\\a", "C:\\y\\b", "C:\\z\\c\\d"}) Machine.Files.AddFile(file);
   Run.Start();

@@ -31,7 +31,8 @@ struct TestMachine : fakes::FakePlatform {
 
 class TestRun {
  public:
-  explicit TestRun(TestMachine& machine)
+  // With a shell the program has no windows of its own for what that shows.
+  explicit TestRun(TestMachine& machine, platform::ShellWindows* shell = nullptr)
       : Operations(machine.Engine, machine.Clock, machine.Files.Syntax(), machine.Forms, History),
         App({Host,
              machine.Files,
@@ -54,9 +55,9 @@ class TestRun {
              machine.User,
              machine.Tray,
              Web,
-             machine.Items,
-             machine.Trash,
-             machine.Network,
+             shell != nullptr ? std::optional<OwnWindows>()
+                              : OwnWindows{machine.Items, machine.Trash, machine.Network},
+             shell,
              machine.Search,
              "https://site.test/"},
             {4, 0, 42}) {
