@@ -49,7 +49,7 @@ struct ItemFingerprint {
   // Nanoseconds since 1970-01-01 UTC; 0 where the volume does not tell, or it does not last. A
   // number alone may have been given to another item since.
   std::int64_t Born = 0;
-  std::uint32_t Kind = 0;     // the file type of stat(2)
+  std::uint32_t Kind = 0;     // file, folder, link, by a number of the system
   std::uint64_t Size = 0;     // bytes; 0 for all but files
   std::int64_t Modified = 0;  // nanoseconds since 1970-01-01 UTC; 0 for folders
   std::uint64_t Below = 0;    // of all that lies below a folder; 0 where that is not looked at

@@ -25,8 +25,9 @@ class FolderWatch {
  public:
   virtual ~FolderWatch() = default;
   // Calls `changed` from the event loop after items of the folder came, went or changed, or the
-  // folder itself went; many changes in a short time come as one call. What happens below the
-  // folder's own items does not count. Gives null where the folder cannot be watched.
+  // folder itself went; many changes in a short time come as one call. What happens further
+  // down is not told, but for what it changes in the folder's own items. Gives null where the
+  // folder cannot be watched.
   using Changed = std::function<void(const FolderChanges&)>;
   virtual std::unique_ptr<Watch> Start(const std::string& folder, Changed changed) = 0;
 };

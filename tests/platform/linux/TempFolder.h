@@ -16,6 +16,10 @@ inline void Put(const std::string& path, const std::string& content, mode_t mode
   ASSERT_EQ(chmod(path.c_str(), mode), 0) << path;
 }
 
+inline std::filesystem::path PathOf(const std::string& path) {
+  return path;
+}
+
 inline std::string Get(const std::string& path) {
   std::ostringstream content;
   content << std::ifstream(path, std::ios::binary).rdbuf();

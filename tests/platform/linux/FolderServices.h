@@ -1,0 +1,15 @@
+// The services beside files, by the names of the tests that every adapter passes.
+#pragma once
+
+#include "platform/linux/files/LinuxFolderStamps.h"
+#include "platform/linux/files/LinuxFolderWatch.h"
+
+namespace tarnwell::platform {
+
+using TestedStamps = LinuxFolderStamps;
+using TestedWatch = LinuxFolderWatch;
+
+// So many changes may be told in so many calls: two as a rule, but a busy machine may stretch them.
+inline constexpr int BurstChanges = 10'000, BurstCalls = 5;
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,15 @@
+// The services beside files, by the names of the tests that every adapter passes.
+#pragma once
+
+#include "platform/win32/files/WindowsFolderStamps.h"
+#include "platform/win32/files/WindowsFolderWatch.h"
+
+namespace tarnwell::platform {
+
+using TestedStamps = WindowsFolderStamps;
+using TestedWatch = WindowsFolderWatch;
+
+// So many changes may be told in so many calls: far fewer than there are, however slow the disk.
+inline constexpr int BurstChanges = 2'000, BurstCalls = 40;
+
+}  // namespace tarnwell::platform
