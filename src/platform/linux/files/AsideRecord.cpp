@@ -4,7 +4,6 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <fstream>
 #include <iterator>
@@ -12,6 +11,7 @@
 #include "base/ItemList.h"
 #include "platform/linux/files/ReplaceFile.h"
 #include "platform/linux/posix/Descriptor.h"
+#include "platform/operation/AsideLines.h"
 
 namespace tarnwell::platform {
 
@@ -35,21 +35,11 @@ void AsideRecord::Drop(const std::string& aside) const {
 }
 
 void AsideRecord::Keep(const std::vector<PlacedItem>& steps) const {
-  if (steps.empty()) return;
-  Change([&](std::vector<std::string>& paths) {
-    for (const PlacedItem& step : steps) paths.insert(paths.end(), {step.From, step.To});
-  });
+  if (!steps.empty()) Change([&](std::vector<std::string>& paths) { AddSteps(paths, steps); });
 }
 
 void AsideRecord::Drop(const std::vector<PlacedItem>& steps) const {
-  if (steps.empty()) return;
-  std::vector<std::string> dropped;
-  for (const PlacedItem& step : steps) dropped.insert(dropped.end(), {step.From, step.To});
-  Change([&](std::vector<std::string>& paths) {
-    const auto found = std::search(paths.begin(), paths.end(), dropped.begin(), dropped.end());
-    if (found == paths.end()) return;
-    paths.erase(found, found + static_cast<std::ptrdiff_t>(dropped.size()));
-  });
+  if (!steps.empty()) Change([&](std::vector<std::string>& paths) { EraseSteps(paths, steps); });
 }
 
 // The lock is that of this open folder, so that it holds between threads as well.

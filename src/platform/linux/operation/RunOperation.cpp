@@ -18,7 +18,7 @@
 #include "platform/linux/operation/ItemCounter.h"
 #include "platform/linux/operation/ItemTransfer.h"
 #include "platform/linux/operation/OperationContext.h"
-#include "platform/linux/operation/RenameTogether.h"
+#include "platform/linux/operation/RenameSteps.h"
 #include "platform/linux/operation/TargetFolder.h"
 #include "platform/linux/operation/TrashFinder.h"
 #include "platform/linux/operation/TrashItem.h"
@@ -344,7 +344,8 @@ class Operation {
     for (std::size_t at = 0; at < items_.size(); ++at) {
       steps.push_back({items_[at].Whole(), (*targets)[at].Whole()});
     }
-    RenameTogether(context_, protected_, record_).Run(std::move(steps), request_.Expected);
+    RenameSteps system(context_, protected_, record_);
+    RenameTogether(context_, system).Run(std::move(steps), request_.Expected);
     return true;
   }
 

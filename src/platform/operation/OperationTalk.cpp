@@ -1,9 +1,7 @@
-#include "platform/linux/operation/OperationContext.h"
+#include "platform/operation/OperationTalk.h"
 
 #include <algorithm>
-#include <cerrno>
-
-#include "platform/linux/posix/SystemError.h"
+#include <system_error>
 
 namespace tarnwell::platform {
 namespace {
@@ -21,30 +19,26 @@ std::size_t SortOf(const OperationConflict& conflict) {
 
 }  // namespace
 
-bool OperationContext::GoesOn() {
+bool OperationTalk::GoesOn() {
   if (!result_.Aborted && !user_.GoesOn()) Cancel();
   return !result_.Aborted;
 }
 
-void OperationContext::Cancel() {
+void OperationTalk::Cancel() {
   result_.Aborted = true;
-  NoteLeft(ECANCELED);
+  NoteLeft(static_cast<int>(std::errc::operation_canceled));
 }
 
-void OperationContext::NoteLeft(ErrorNumber error) {
-  if (result_.Code == 0) result_.Code = error.Value();
+void OperationTalk::NoteLeft(int code) {
+  if (result_.Code == 0) result_.Code = code;
 }
 
-void OperationContext::Remark(OperationRemark remark, const std::string& path) {
+void OperationTalk::Remark(OperationRemark remark, const std::string& path) {
   if (!Has(NoErrorWindows)) user_.OnRemark(remark, path);
 }
 
-bool OperationContext::Retries(OperationStep step, const std::string& path, ErrorNumber error) {
-  return Retries(step, path, SystemError(error));
-}
-
-bool OperationContext::Retries(OperationStep step, const std::string& path,
-                               const base::Status& reason) {
+bool OperationTalk::Retries(OperationStep step, const std::string& path,
+                            const base::Status& reason) {
   if (result_.Aborted) return false;
   if (!skipsAll_ && !Has(NoErrorWindows)) {
     switch (user_.OnTrouble({step, path, reason})) {
@@ -67,7 +61,7 @@ bool OperationContext::Retries(OperationStep step, const std::string& path,
   return false;
 }
 
-ConflictChoice OperationContext::AskConflict(OperationConflict conflict) {
+ConflictChoice OperationTalk::AskConflict(OperationConflict conflict) {
   if (Has(NoConfirmation)) return ConflictChoice::Replace;
   std::optional<ConflictChoice>& forAll = conflictForAll_.at(SortOf(conflict));
   if (forAll) return *forAll;
@@ -81,7 +75,7 @@ ConflictChoice OperationContext::AskConflict(OperationConflict conflict) {
   return answer.Choice;
 }
 
-NoTrashChoice OperationContext::AskNoTrash(const std::string& path) {
+NoTrashChoice OperationTalk::AskNoTrash(const std::string& path) {
   if (noTrashForAll_) return *noTrashForAll_;
   if (Has(NoErrorWindows)) return NoTrashChoice::Skip;
   const NoTrashAnswer answer = user_.OnNoTrash(path);
@@ -93,7 +87,7 @@ NoTrashChoice OperationContext::AskNoTrash(const std::string& path) {
   return answer.Choice;
 }
 
-LossChoice OperationContext::AskLoss(const std::string& path) {
+LossChoice OperationTalk::AskLoss(const std::string& path) {
   if (Has(NoConfirmation)) return LossChoice::MoveAnyway;
   LossAnswer answer;
   if (lossForAll_) {
@@ -106,11 +100,11 @@ LossChoice OperationContext::AskLoss(const std::string& path) {
   } else if (answer.ForAll) {
     lossForAll_ = answer.Choice;
   }
-  if (answer.Choice == LossChoice::Skip) NoteLeft(ENOTSUP);
+  if (answer.Choice == LossChoice::Skip) NoteLeft(static_cast<int>(std::errc::not_supported));
   return answer.Choice;
 }
 
-bool OperationContext::MakesFolder(const std::string& path) {
+bool OperationTalk::MakesFolder(const std::string& path) {
   if (makesFolders_ || Has(NoConfirmNewFolder) || Has(NoConfirmation)) return true;
   if (user_.OnMissingFolder(path) == MissingFolderChoice::Make) {
     makesFolders_ = Has(OwnTargets);
@@ -120,22 +114,22 @@ bool OperationContext::MakesFolder(const std::string& path) {
   return false;
 }
 
-bool OperationContext::IsReportDue() const {
+bool OperationTalk::IsReportDue() const {
   return !Has(Silent) && std::chrono::steady_clock::now() - lastReport_ >= reportInterval;
 }
 
-void OperationContext::Report(std::string_view from, std::string_view to) {
+void OperationTalk::Report(std::string_view from, std::string_view to) {
   OperationProgress progress = progress_;
   progress.From = from;
   progress.To = to;
   Send(progress);
 }
 
-void OperationContext::ReportEnd() {
+void OperationTalk::ReportEnd() {
   if (!Has(Silent)) Send(progress_);
 }
 
-void OperationContext::Send(OperationProgress progress) {
+void OperationTalk::Send(OperationProgress progress) {
   progress.Function = function_;
   if (totals_) totals_(progress);
   progress.BytesTotal = std::max(progress.BytesTotal, progress.BytesDone);
