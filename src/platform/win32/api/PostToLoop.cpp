@@ -58,18 +58,18 @@ class LoopWindow {
 
 // Made before main, by the thread that the process begins with; never unmade, since threads that
 // are left behind may still post.
-LoopWindow& window = *new LoopWindow;
+LoopWindow& loopWindow = *new LoopWindow;
 
 LRESULT CALLBACK LoopWindow::Handle(HWND handle, UINT message, WPARAM first, LPARAM second) {
   if (message != CallsWait) return DefWindowProcW(handle, message, first, second);
-  window.MakeNext();
+  loopWindow.MakeNext();
   return 0;
 }
 
 }  // namespace
 
 void PostToLoop(std::function<void()> call) {
-  window.Post(std::move(call));
+  loopWindow.Post(std::move(call));
 }
 
 }  // namespace tarnwell::platform
