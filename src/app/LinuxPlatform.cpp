@@ -73,6 +73,7 @@ Desktop MakeDesktop(const DesktopTools& tools, const platform::FarCalls& calls) 
               platform::OpenTools{tools.Dialogs, *tools.Windows, tools.Forms, calls}),
           std::make_unique<platform::LinuxContextMenu>(platform::MenuTools{
               tools.Clipboard, tools.Operation, tools.Dialogs, *tools.Windows, tools.Forms, calls}),
+          nullptr,
           std::make_unique<platform::XcbKeyboard>(x11 != nullptr ? x11->connection() : nullptr),
           nullptr};
 }

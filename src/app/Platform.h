@@ -26,6 +26,7 @@
 #include "platform/MessagePump.h"
 #include "platform/NetworkPlaces.h"
 #include "platform/NumberForms.h"
+#include "platform/PopupMenu.h"
 #include "platform/Regex.h"
 #include "platform/ShellWindows.h"
 #include "platform/SystemInfo.h"
@@ -60,10 +61,12 @@ struct DesktopTools {
   platform::ItemWindows* Windows;                      // null where there is no Inspector
   std::function<void(const std::string&)> OpenFolder;  // in the pane in use
   const platform::NumberForms& Forms;
+  const platform::MenuLook Menus;
 };
 struct Desktop {
   std::unique_ptr<platform::Launcher> Launcher;
   std::unique_ptr<platform::ContextMenu> ItemMenus;
+  std::unique_ptr<platform::PopupMenus> ItemPopups;  // for those; null where the toolkit's serve
   std::unique_ptr<platform::Keyboard> Keys;
   std::unique_ptr<platform::ShellWindows> Shell;  // null where the three below are there
 };

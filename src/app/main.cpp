@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -155,11 +156,15 @@ int main(int argc, char** argv) {
     itemWindows.emplace(ui::PropertiesTools{operationTools, files, *system.Inspector}, openFolder);
     ownWindows.emplace(shell::OwnWindows{*itemWindows, *system.Trash, *system.Network});
   }
-  ui::QtTray tray(
-      programIcon, [&](const auto& then) { popups.CloseThen(then); }, system.IsTraySilent);
+  const app::Desktop desktop =
+      system.MakeDesktop({clipboard, operations, dialogs, itemWindows ? &*itemWindows : nullptr,
+                          openFolder, forms, popups.Look()});
+  platform::PopupMenus& itemPopups = desktop.ItemPopups ? *desktop.ItemPopups : popups;
+  const auto closeMenus = [&](const std::function<void()>& then) {
+    popups.CloseThen([&itemPopups, then] { itemPopups.CloseThen(then); });
+  };
+  ui::QtTray tray(programIcon, closeMenus, system.IsTraySilent);
   ui::QtWeb web(QStringLiteral("Tarnwell/") + QString::fromStdString(ProgramVersion.Text()));
-  const app::Desktop desktop = system.MakeDesktop(
-      {clipboard, operations, dialogs, itemWindows ? &*itemWindows : nullptr, openFolder, forms});
 
   shell::Application application({host,
                                   files,
@@ -175,6 +180,7 @@ int main(int argc, char** argv) {
                                   engine,
                                   history,
                                   *desktop.ItemMenus,
+                                  itemPopups,
                                   popups,
                                   forms,
                                   *system.Stamps,
@@ -271,7 +277,7 @@ int main(int argc, char** argv) {
     pump.Leave();
     operations.CancelAll();
     operations.WhenIdle([&] {
-      popups.CloseThen([&] {
+      closeMenus([&] {
         application.RequestQuit();
         if (host.OpenForms().empty()) QCoreApplication::exit();
       });

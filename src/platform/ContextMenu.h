@@ -1,6 +1,7 @@
 // Port: the platform's own context menu for items of a folder.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,8 +28,11 @@ struct ContextEntry {
 class ItemMenu {
  public:
   virtual ~ItemMenu() = default;
-  // The entries from the top down, numbered from `firstId` to `lastId` at most.
-  virtual base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) = 0;
+  // The entries from the top down, numbered from `firstId` to `lastId` at most. Where there is a
+  // `menu`, see PopupMenu::Handle, they are put into that at once, and what opens in their submenus
+  // may be left out here.
+  virtual base::Status Fill(std::uintptr_t menu, int firstId, int lastId,
+                            std::vector<ContextEntry>& entries) = 0;
   // Carries out the entry that is `offset` numbers above `firstId`. Asks and reports failures by
   // itself. Returns when that is done, or when it has been handed over as an operation, which goes
   // on without the menu; gives the number of that, or NoOperation.

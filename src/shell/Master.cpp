@@ -83,7 +83,7 @@ Master::Master(const Services& services, const base::Version& version, Splash& s
                      services_.Pump, services_.Clock, services_.Forms, messages_}),
       contextMenu_(space_,
                    {services_.Files.Syntax(), services_.Drives, services_.ItemMenus,
-                    services_.Popups, services_.Operation, services_.Forms, services_.Shell},
+                    services_.ItemPopups, services_.Operation, services_.Forms, services_.Shell},
                    messages_,
                    {newFolder_, rename_, renameItems_, duplicate_, operations_, delete_,
                     [this] { commandLine_.OpenCommandLine(); },

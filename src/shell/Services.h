@@ -57,6 +57,7 @@ struct Services {
   const platform::OperationEngine& Engine;  // behind the operations
   fileops::UndoHistory& History;
   platform::ContextMenu& ItemMenus;
+  platform::PopupMenus& ItemPopups;  // for those
   platform::PopupMenus& Popups;
   const platform::NumberForms& Forms;
   platform::FolderStamps& Stamps;

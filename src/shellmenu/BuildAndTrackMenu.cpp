@@ -40,11 +40,13 @@ bool IsOnTop(const std::vector<ContextEntry>& entries, int id) {
 }
 
 // The lowest of several.
-void RemovePaste(std::vector<ContextEntry>& entries) {
+void RemovePaste(platform::PopupMenu& menu, std::vector<ContextEntry>& entries) {
   const auto found = std::find_if(entries.rbegin(), entries.rend(), [](const ContextEntry& entry) {
     return entry.Caption.find("Paste") != std::string::npos;
   });
-  if (found != entries.rend()) entries.erase(std::next(found).base());
+  if (found == entries.rend()) return;
+  menu.Remove(found->Id);
+  entries.erase(std::next(found).base());
 }
 
 }  // namespace
@@ -56,19 +58,19 @@ MenuOutcome MenuBuilder::BuildAndTrackMenu(const MenuRequest& request) const {
   const std::unique_ptr<platform::PopupMenu> menu = popups_.Create();
   if (menu == nullptr) return {};
   Entries platforms;
-  if (!items->Fill(FirstPlatformId, LastPlatformId, platforms)) return {};
+  if (!items->Fill(menu->Handle(), FirstPlatformId, LastPlatformId, platforms)) return {};
+  if (menu->Handle() == 0) platforms = InsertAll(*menu, std::move(platforms));
 
-  Entries entries = OwnEntries({.Settings = workspace_.Settings,
-                                .FirstPath = request.FirstPath,
-                                .Count = request.Names.size(),
-                                .IsDriveRoot = request.IsDriveRoot,
-                                .Undo = request.Undo});
+  Entries entries = InsertAll(*menu, OwnEntries({.Settings = workspace_.Settings,
+                                                 .FirstPath = request.FirstPath,
+                                                 .Count = request.Names.size(),
+                                                 .IsDriveRoot = request.IsDriveRoot,
+                                                 .Undo = request.Undo}));
   std::ranges::move(platforms, std::back_inserter(entries));
   // Nothing is kept that could be pasted.
   if (workspace_.ShellVerbMode == 0 && workspace_.InternalClipSource == lister::NoList) {
-    RemovePaste(entries);
+    RemovePaste(*menu, entries);
   }
-  entries = InsertAll(*menu, std::move(entries));
 
   const int id = request.Mode == MenuMode::Show ? menu->Track(request.X, request.Y)
                                                 : FindByCaption(entries, CaptionOf(request.Mode));

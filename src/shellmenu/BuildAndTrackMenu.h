@@ -44,7 +44,7 @@ class MenuBuilder {
  private:
   using Entries = std::vector<platform::ContextEntry>;
 
-  // What stands in the menu, from the top down.
+  // Puts them above what the menu has. What stands in it, from the top down.
   Entries InsertAll(platform::PopupMenu& menu, Entries entries) const;
 
   const workspace::Workspace& workspace_;

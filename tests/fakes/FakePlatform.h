@@ -304,6 +304,7 @@ class FakeContextMenu : public platform::ContextMenu {
       "&Open", "", "Cu&t", "&Copy", "&Paste", "Create &Shortcut", "&Delete", "P&roperties"};
   bool Refuses = false;                                   // there is no menu for any items
   base::Status Fault;                                     // of a menu that cannot be filled
+  std::uintptr_t FilledMenu = 0;                          // last
   std::string Asked;                                      // "folder: name, name" of the last menu
   std::vector<std::string> Invoked;                       // captions without marks
   std::vector<int> Offsets;                               // of the last
@@ -323,7 +324,9 @@ class FakeContextMenu : public platform::ContextMenu {
  private:
   struct Menu : platform::ItemMenu {
     explicit Menu(FakeContextMenu& owner) : Owner(owner) {}
-    base::Status Fill(int firstId, int, std::vector<platform::ContextEntry>& entries) override {
+    base::Status Fill(std::uintptr_t menu, int firstId, int,
+                      std::vector<platform::ContextEntry>& entries) override {
+      Owner.FilledMenu = menu;
       for (const std::string& caption : Owner.Captions) {
         const bool isBelow = caption.starts_with("> ");
         if (isBelow) entries.emplace_back().Caption = "More";
@@ -359,11 +362,13 @@ class FakePopupMenus : public platform::PopupMenus {
   std::pair<int, int> Place;      // where it was shown
   int Tracked = 0;                // how many were shown
   std::function<void()> OnTrack;  // while one is shown
+  std::uintptr_t Handle = 0;      // of each menu
 
   std::unique_ptr<platform::PopupMenu> Create() override {
     Shown.clear();
     return Refuses ? nullptr : std::make_unique<Menu>(*this);
   }
+  void CloseThen(std::function<void()> then) override { then(); }
   // Null if there is none.
   const platform::ContextEntry* Find(const std::string& caption) const {
     return Find(Shown, caption);
@@ -379,6 +384,10 @@ class FakePopupMenus : public platform::PopupMenus {
       Owner.Shown.insert(Owner.Shown.begin(), entry);
       return true;
     }
+    void Remove(int id) override {
+      std::erase_if(Owner.Shown, [id](const auto& entry) { return entry.Id == id; });
+    }
+    std::uintptr_t Handle() const override { return Owner.Handle; }
     int Track(int x, int y) override {
       ++Owner.Tracked;
       Owner.Place = {x, y};

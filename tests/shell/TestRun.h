@@ -49,6 +49,7 @@ class TestRun {
              History,
              machine.ItemMenus,
              machine.Popups,
+             machine.Popups,
              machine.Forms,
              machine.Stamps,
              machine.Keys,

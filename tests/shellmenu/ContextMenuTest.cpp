@@ -256,6 +256,12 @@ TEST_F(ContextMenuTest, KeysCarryOutThePlatformsEntryUnseen) {
   Platform.ItemMenus.Invoked.clear();
   Platform.ItemMenus.Captions = {"&Kopieren", "copy", "Copy as path", ""};
   EXPECT_EQ(invoked(MenuMode::Copy), Texts{});
+  // A menu of the system has the platform's entries already.
+  Popups.Handle = 7;
+  Platform.ItemMenus.Captions = {"&Copy"};
+  EXPECT_EQ(invoked(MenuMode::Copy), Texts{"Copy"});
+  EXPECT_EQ(std::exchange(Popups.Handle, 0), Platform.ItemMenus.FilledMenu);
+  EXPECT_EQ(Popups.Shown.back().Id, 111788);
   EXPECT_EQ(Popups.Tracked, 0);
 
   // An application that happens to be called as one of the program's own entries.

@@ -26,9 +26,11 @@ class QtPopupMenusTest : public testing::Test {
                                      {1, "", "", true, true, false, {}},
                                      {7, "Open Wit&h", "", false, true, false, {inner, wide}},
                                      {5, "&Paste", "", false, false, false, {}},
+                                     {3, "Mistake", "", false, true, false, {}},
                                      {4, "&Open", "", false, true, true, {}}}) {
       EXPECT_TRUE(Menu->InsertOnTop(each));
     }
+    Menu->Remove(3);
   }
   // What Track gives when `act` is done with the menu that is up.
   int Track(const std::function<void(QMenu&)>& act) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/Caption.h"
+#include "commands/KeyTable.h"
 #include "ui/toolkit/Convert.h"
 #include "ui/toolkit/ShownKeys.h"
 
@@ -16,6 +17,12 @@ namespace {
 
 // What a caption may take of the screen's width; a picture and an arrow stand beside it.
 constexpr int MostPercent = 75;
+
+// What keys are known by. A caption may go on with what the entry is for: "Undo: Copy of 3 items".
+std::string EntryBeside(const std::string& caption) {
+  const std::string text = base::WithoutMarks(caption);
+  return text.substr(0, text.find(':'));
+}
 
 }  // namespace
 
@@ -53,6 +60,34 @@ void QtPopupMenus::CloseThen(std::function<void()> then) {
   open_->close();
 }
 
+platform::MenuLook QtPopupMenus::Look() const {
+  platform::MenuLook look;
+  look.PlaceInWindow = [this](int x, int y) {
+    if (!window_ || window_->centralWidget() == nullptr) return std::pair(x, y);
+    const QPointF place = window_->centralWidget()->mapTo(window_, QPointF(x, y));
+    const qreal scale = window_->devicePixelRatioF();
+    return std::pair(qRound(place.x() * scale), qRound(place.y() * scale));
+  };
+  look.Picture = [this](const std::string& name, int size) {
+    const QImage image = icons_.Named(name)
+                             .pixmap(QSize(size, size), 1)
+                             .toImage()
+                             .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    platform::MenuPicture picture{image.width(), image.height(), {}};
+    for (int row = 0; row < image.height(); ++row) {
+      const auto* const pixels = reinterpret_cast<const std::uint32_t*>(image.constScanLine(row));
+      picture.Pixels.insert(picture.Pixels.end(), pixels, pixels + image.width());
+    }
+    return picture;
+  };
+  look.Keys = [](const std::string& caption) {
+    return KeysOf(commands::KeysBeside(EntryBeside(caption)))
+        .toString(QKeySequence::NativeText)
+        .toStdString();
+  };
+  return look;
+}
+
 bool QtPopupMenus::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Close || !open_ || watched != window_) return false;
   event->ignore();
@@ -68,11 +103,16 @@ QtPopupMenu::QtPopupMenu(QtPopupMenus& menus, QMainWindow& window)
 bool QtPopupMenu::InsertOnTop(const platform::ContextEntry& entry) {
   if (!menu_) return false;
   Add(*menu_, entry, menu_->actions().value(0));
-  // Not in submenus, which have the names of applications in them. A caption may go on with what
-  // the entry is for: "Undo: Copy of 3 items".
-  const std::string caption = base::WithoutMarks(entry.Caption);
-  ShowKeys(*menu_->actions().constFirst(), std::string_view(caption).substr(0, caption.find(':')));
+  // Not in submenus, which have the names of applications in them.
+  ShowKeys(*menu_->actions().constFirst(), EntryBeside(entry.Caption));
   return true;
+}
+
+void QtPopupMenu::Remove(int id) {
+  if (!menu_) return;
+  for (QAction* const action : menu_->actions()) {
+    if (action->data() == id) delete action;
+  }
 }
 
 int QtPopupMenu::Track(int x, int y) {

@@ -21,10 +21,11 @@ class QtPopupMenus : public QObject, public platform::PopupMenus {
   // Without a window there are no menus.
   void SetWindow(QMainWindow* window);
   std::unique_ptr<platform::PopupMenu> Create() override;
+  // A menu that is up also comes before the closing of the window.
+  void CloseThen(std::function<void()> then) override;
 
-  // Closes the menu that is up, and calls `then` from the event loop once Track has returned; at
-  // once while none is up. A menu that is up also comes before the closing of the window.
-  void CloseThen(std::function<void()> then);
+  // For menus of the system over the same window.
+  platform::MenuLook Look() const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,6 +46,8 @@ class QtPopupMenu : public platform::PopupMenu {
   ~QtPopupMenu() override { delete menu_; }
 
   bool InsertOnTop(const platform::ContextEntry& entry) override;
+  void Remove(int id) override;
+  std::uintptr_t Handle() const override { return 0; }
   int Track(int x, int y) override;
 
  private:

@@ -43,7 +43,7 @@ class LinuxContextMenuTest : public testing::Test {
                                  int last = Last) {
     Entries.clear();
     std::unique_ptr<ItemMenu> menu = Menus.ForItems(folder, names);
-    EXPECT_TRUE(menu->Fill(First, last, Entries));
+    EXPECT_TRUE(menu->Fill(0, First, last, Entries));
     return menu;
   }
   std::string Offer(const std::string& folder, const std::vector<std::string>& names) {
@@ -103,7 +103,7 @@ TEST_F(LinuxContextMenuTest, OffersWhatSuitsTheItems) {
   Make(Place.Path(), {"a.txt"}, First + 12);
   EXPECT_EQ(CaptionsOf(Entries[1].Children), "x|-|&Other Application...|");
   EXPECT_EQ(Entries[1].Children.back().Id, First + 12);
-  EXPECT_EQ(Menus.ForItems("/", {"usr"})->Fill(First, First + 5, Entries).Code, ERANGE);
+  EXPECT_EQ(Menus.ForItems("/", {"usr"})->Fill(0, First, First + 5, Entries).Code, ERANGE);
 
   EXPECT_TRUE(Menus.Find(Place / "a.txt"));
   EXPECT_EQ(Menus.Find(Place / "gone").Code, ENOENT);

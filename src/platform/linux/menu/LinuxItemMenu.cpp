@@ -73,7 +73,8 @@ LinuxItemMenu::LinuxItemMenu(const MenuTools& tools, const std::string& folder,
                              const std::vector<std::string>& names)
     : tools_(tools), folder_(folder), names_(names), paths_(PathsOf(folder, names)) {}
 
-base::Status LinuxItemMenu::Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) {
+base::Status LinuxItemMenu::Fill(std::uintptr_t, int firstId, int lastId,
+                                 std::vector<ContextEntry>& entries) {
   if (lastId - firstId + 1 < static_cast<int>(leastRoom)) return SystemError(ERANGE);
   firstId_ = firstId;
   room_ = static_cast<std::size_t>(lastId - firstId) + 1;

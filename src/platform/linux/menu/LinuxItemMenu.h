@@ -33,7 +33,8 @@ class LinuxItemMenu : public ItemMenu {
   LinuxItemMenu(const MenuTools& tools, const std::string& folder,
                 const std::vector<std::string>& names);
 
-  base::Status Fill(int firstId, int lastId, std::vector<ContextEntry>& entries) override;
+  base::Status Fill(std::uintptr_t menu, int firstId, int lastId,
+                    std::vector<ContextEntry>& entries) override;
   OperationId Invoke(int offset) override;
 
  private:
