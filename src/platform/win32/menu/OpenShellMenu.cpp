@@ -1,0 +1,84 @@
+#include "platform/win32/menu/OpenShellMenu.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/PathSyntax.h"
+#include "platform/win32/shell/ItemIds.h"
+
+namespace tarnwell::platform {
+namespace {
+
+using IdList = std::vector<ItemIds>;
+
+std::vector<const ITEMIDLIST*> PointersOf(const IdList& ids) {
+  std::vector<const ITEMIDLIST*> pointers;
+  pointers.reserve(ids.size());
+  for (const ItemIds& each : ids) pointers.push_back(each.get());
+  return pointers;
+}
+
+ComPtr<IContextMenu> MenuIn(IShellFolder& folder, HWND owner, const IdList& children) {
+  std::vector<const ITEMIDLIST*> pointers = PointersOf(children);
+  ComPtr<IContextMenu> menu;
+  folder.GetUIObjectOf(owner, static_cast<UINT>(pointers.size()), pointers.data(),
+                       __uuidof(IContextMenu), nullptr,
+                       reinterpret_cast<void**>(menu.GetAddressOf()));
+  return menu;
+}
+
+// Of a drive's root, too, which stands in the folder of all drives.
+ComPtr<IContextMenu> MenuOfOne(HWND owner, const std::string& path) {
+  ItemIds ids;
+  IdList children(1);
+  ComPtr<IShellFolder> folder;
+  if (!ReadItemIds(path, ids) || !OpenParent(*ids, folder, children[0])) return nullptr;
+  return MenuIn(*folder.Get(), owner, children);
+}
+
+ComPtr<IContextMenu> MenuOfFolder(HWND owner, const std::string& folder,
+                                  const std::vector<std::string>& paths) {
+  ItemIds ids;
+  ComPtr<IShellFolder> opened;
+  if (!ReadItemIds(folder, ids) || !OpenShellFolder(*ids, opened)) return nullptr;
+  IdList children;
+  for (const std::string& path : paths) {
+    ItemIds child;
+    if (ReadItemIds(*opened.Get(), path.substr(folder.size()), child)) {
+      children.push_back(std::move(child));
+    }
+  }
+  return children.empty() ? nullptr : MenuIn(*opened.Get(), owner, children);
+}
+
+// As the shell does for what it has found.
+ComPtr<IContextMenu> MenuOfMany(HWND owner, const std::vector<std::string>& paths) {
+  IdList all;
+  for (const std::string& path : paths) {
+    ItemIds ids;
+    if (ReadItemIds(path, ids)) all.push_back(std::move(ids));
+  }
+  if (all.empty()) return nullptr;
+  std::vector<const ITEMIDLIST*> pointers = PointersOf(all);
+  ComPtr<IShellItemArray> items;
+  ComPtr<IContextMenu> menu;
+  SHCreateShellItemArrayFromIDLists(static_cast<UINT>(pointers.size()), pointers.data(), &items);
+  if (items != nullptr) items->BindToHandler(nullptr, BHID_SFUIObject, IID_PPV_ARGS(&menu));
+  if (menu != nullptr) return menu;
+  ComPtr<IShellFolder> desktop;
+  SHGetDesktopFolder(&desktop);
+  return desktop == nullptr ? nullptr : MenuIn(*desktop.Get(), owner, all);
+}
+
+}  // namespace
+
+ComPtr<IContextMenu> OpenShellMenu(HWND owner, const std::vector<std::string>& paths) {
+  if (paths.size() == 1) return MenuOfOne(owner, paths.front());
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  const std::string folder = syntax.GetFolderPath(paths.front());
+  const bool isOneFolder = std::ranges::all_of(
+      paths, [&](const std::string& path) { return syntax.GetFolderPath(path) == folder; });
+  return isOneFolder ? MenuOfFolder(owner, folder, paths) : MenuOfMany(owner, paths);
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,76 @@
+#include "platform/win32/menu/WindowsItemMenu.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+#include "base/ItemList.h"
+#include "base/Text.h"
+#include "platform/win32/api/WideName.h"
+#include "platform/win32/menu/MenuEntries.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// Of the shell's verbs, in capitals, those that take items away.
+struct TakingVerb {
+  const char* Verb;
+  FileFunction Function;
+};
+constexpr TakingVerb takingVerbs[] = {{"CUT", FileFunction::Move},
+                                      {"DELETE", FileFunction::Delete}};
+
+}  // namespace
+
+base::Status WindowsItemMenu::Fill(std::uintptr_t menu, int firstId, int lastId,
+                                   std::vector<ContextEntry>& entries) {
+  const auto handle = reinterpret_cast<HMENU>(menu);
+  const HRESULT result = menu_->QueryContextMenu(handle, 0, static_cast<UINT>(firstId),
+                                                 static_cast<UINT>(lastId), CMF_EXPLORE);
+  if (FAILED(result)) return ShellError(result);
+  entries = EntriesOf(handle, {firstId, lastId}, *menu_.Get());
+  if (const HWND owner = Owner(); owner != nullptr) {
+    messages_.emplace(owner, menu_);
+    const base::Status& outcome = messages_->Outcome();
+    char window[32];
+    std::snprintf(window, sizeof window, "%llX",
+                  static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(owner)));
+    if (!outcome) {
+      tools_.Dialogs.ShowCritical("Tarnwell", std::string("Error subclassing window &H") + window +
+                                                  "\n\nErr# " + std::to_string(outcome.Code) +
+                                                  ": " + outcome.Reason);
+    }
+  }
+  return {};
+}
+
+OperationId WindowsItemMenu::Invoke(int offset) {
+  if (offset < 0 || IsRefused(VerbOf(*menu_.Get(), offset))) return NoOperation;
+  CMINVOKECOMMANDINFOEX call{};
+  call.cbSize = sizeof call;
+  call.fMask = CMIC_MASK_UNICODE | CMIC_MASK_PTINVOKE;
+  call.hwnd = Owner();
+  call.lpVerb = MAKEINTRESOURCEA(offset);
+  call.lpVerbW = MAKEINTRESOURCEW(offset);
+  const std::wstring folder = Wide(folder_);
+  call.lpDirectory = folder_.c_str();  // narrow texts of the process are UTF-8
+  call.lpDirectoryW = folder.c_str();
+  call.nShow = SW_SHOWNORMAL;
+  GetCursorPos(&call.ptInvoke);
+  menu_->InvokeCommand(reinterpret_cast<CMINVOKECOMMANDINFO*>(&call));
+  return NoOperation;
+}
+
+bool WindowsItemMenu::IsRefused(const std::string& verb) const {
+  const auto* const taking =
+      std::ranges::find(takingVerbs, base::AsciiUpper(verb), &TakingVerb::Verb);
+  if (taking == std::end(takingVerbs)) return false;
+  const std::string refusal =
+      tools_.Operation.Refusal(taking->Function, base::ItemList::TextOf(paths_));
+  if (!refusal.empty()) tools_.Dialogs.ShowCritical("Tarnwell", refusal);
+  return !refusal.empty();
+}
+
+}  // namespace tarnwell::platform

@@ -1,0 +1,41 @@
+// The shell's context menu for certain items.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/ContextMenu.h"
+#include "platform/win32/menu/MenuMessages.h"
+#include "platform/win32/menu/WindowsContextMenu.h"
+
+namespace tarnwell::platform {
+
+class WindowsItemMenu : public ItemMenu {
+ public:
+  // `paths` are the items', in full.
+  WindowsItemMenu(const ShellMenuTools& tools, ComPtr<IContextMenu> menu, std::string folder,
+                  std::vector<std::string> paths)
+      : tools_(tools),
+        menu_(std::move(menu)),
+        folder_(std::move(folder)),
+        paths_(std::move(paths)) {}
+
+  // Fails without a menu.
+  base::Status Fill(std::uintptr_t menu, int firstId, int lastId,
+                    std::vector<ContextEntry>& entries) override;
+  // Gives NoOperation: whatever it begins is the shell's.
+  OperationId Invoke(int offset) override;
+
+ private:
+  HWND Owner() const { return reinterpret_cast<HWND>(tools_.Owner()); }
+  bool IsRefused(const std::string& verb) const;
+
+  const ShellMenuTools& tools_;
+  const ComPtr<IContextMenu> menu_;
+  const std::string folder_;
+  const std::vector<std::string> paths_;
+  std::optional<MenuMessages> messages_;
+};
+
+}  // namespace tarnwell::platform
