@@ -10,6 +10,10 @@ namespace {
 TEST(ApiTest, PathsOfAnyLengthKeepTheirNames) {
   EXPECT_EQ(LongPath(R"(C:\a. )"), LR"(\\?\C:\a. )");
   EXPECT_EQ(LongPath(R"(\\server\share\a)"), LR"(\\?\UNC\server\share\a)");
+  EXPECT_EQ(LongPath(R"(C:\..\a\.\\b\..\c\)"), LR"(\\?\C:\a\c)");
+  EXPECT_EQ(LongPath(R"(\\server\share\..\a\)"), LR"(\\?\UNC\server\share\a)");
+  EXPECT_EQ(LongPath(R"(C:\a\..)") + LongPath(R"(\\server\share\)"),
+            LR"(\\?\C:\\\?\UNC\server\share)");
   for (const char* path : {R"(C:\a)", R"(\\server\share)", "name"}) {
     EXPECT_EQ(FromLongPath(LongPath(path)), path);
   }

@@ -1,0 +1,28 @@
+#include "platform/win32/files/SystemPath.h"
+
+#include "platform/win32/api/WideName.h"
+
+namespace tarnwell::platform {
+namespace {
+
+// As far as paths go: a volume without a letter begins by R"(\\?\)".
+constexpr std::string_view DeviceMark = R"(\\?\)", InNoPath = "/:*?\"<>|";
+
+bool IsPossiblePath(std::string_view path) {
+  if (path.empty() || path.find('\0') != path.npos) return false;
+  if (path.starts_with(DeviceMark)) path.remove_prefix(DeviceMark.size());
+  if (path.size() > 1 && path[1] == ':') path.remove_prefix(2);
+  return path.find_first_of(InNoPath) == path.npos;
+}
+
+}  // namespace
+
+SystemPath::SystemPath(std::string_view path) {
+  if (IsPossiblePath(path)) {
+    text_ = LongPath(path);
+  } else {
+    error_ = ERROR_INVALID_NAME;
+  }
+}
+
+}  // namespace tarnwell::platform
