@@ -1,11 +1,13 @@
-// The services beside files, by the names of the tests that every adapter passes.
+// Files and the services beside them, by the names of the tests that every adapter passes.
 #pragma once
 
+#include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolderStamps.h"
 #include "platform/linux/files/LinuxFolderWatch.h"
 
 namespace tarnwell::platform {
 
+using TestedFiles = LinuxFileSystem;
 using TestedStamps = LinuxFolderStamps;
 using TestedWatch = LinuxFolderWatch;
 

@@ -1,11 +1,13 @@
-// The services beside files, by the names of the tests that every adapter passes.
+// Files and the services beside them, by the names of the tests that every adapter passes.
 #pragma once
 
+#include "platform/win32/files/WindowsFileSystem.h"
 #include "platform/win32/files/WindowsFolderStamps.h"
 #include "platform/win32/files/WindowsFolderWatch.h"
 
 namespace tarnwell::platform {
 
+using TestedFiles = WindowsFileSystem;
 using TestedStamps = WindowsFolderStamps;
 using TestedWatch = WindowsFolderWatch;
 

@@ -18,8 +18,7 @@ base::Status NoFolder(DWORD error, std::string_view name, bool isLink) {
 
 // Whether a folder can be made in it.
 DWORD MayMakeIn(const std::wstring& folder) {
-  const Handle opened(CreateFileW(folder.c_str(), FILE_ADD_SUBDIRECTORY, ShareAll, nullptr,
-                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const Handle opened = OpenItem(folder, true, FILE_ADD_SUBDIRECTORY);
   return opened ? ERROR_SUCCESS : GetLastError();
 }
 

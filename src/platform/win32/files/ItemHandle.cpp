@@ -7,10 +7,13 @@
 namespace tarnwell::platform {
 
 Handle OpenItem(const std::string& path, bool followsLink, DWORD access) {
-  constexpr DWORD everybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  return OpenItem(LongPath(path), followsLink, access);
+}
+
+Handle OpenItem(const std::wstring& path, bool followsLink, DWORD access) {
   const DWORD flags = FILE_FLAG_BACKUP_SEMANTICS | (followsLink ? 0 : FILE_FLAG_OPEN_REPARSE_POINT);
-  return Handle(CreateFileW(LongPath(path).c_str(), access, everybody, nullptr, OPEN_EXISTING,
-                            flags, nullptr));
+  return Handle(
+      CreateFileW(path.c_str(), access, ShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
 }
 
 ItemIdentity IdentityOf(HANDLE item) {

@@ -6,12 +6,17 @@
 #include <string>
 
 #include "platform/win32/api/Handle.h"
+#include "platform/win32/api/Windows.h"
 
 namespace tarnwell::platform {
+
+inline constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 // Of the item at the path, or of what a link in its place leads to. Others may write it, rename it
 // and delete it meanwhile. None where the call fails, with the reason in GetLastError.
 Handle OpenItem(const std::string& path, bool followsLink, DWORD access = FILE_READ_ATTRIBUTES);
+// The same of a path as calls take it.
+Handle OpenItem(const std::wstring& path, bool followsLink, DWORD access = FILE_READ_ATTRIBUTES);
 
 // Names an item, whatever its path. All zeros where it cannot be told.
 struct ItemIdentity {

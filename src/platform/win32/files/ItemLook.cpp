@@ -9,8 +9,7 @@ namespace {
 
 // What the path leads to, every link followed.
 DWORD LookAtTarget(const std::wstring& path, BY_HANDLE_FILE_INFORMATION& found) {
-  const Handle target(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr,
-                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const Handle target = OpenItem(path, true);
   const bool isSeen = target && GetFileInformationByHandle(target.Get(), &found) != 0;
   return isSeen ? ERROR_SUCCESS : GetLastError();
 }

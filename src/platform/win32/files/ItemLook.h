@@ -7,19 +7,12 @@
 #include "platform/FileSystem.h"
 #include "platform/win32/api/FileTime.h"
 #include "platform/win32/api/Windows.h"
+#include "platform/win32/files/ItemHandle.h"
 
 namespace tarnwell::platform {
 
-inline constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-// Of a tag of a reparse point. Those with other tags (files that are kept in a cloud, or
-// compressed) are files and folders like all others.
-constexpr bool IsLinkTag(DWORD tag) {
-  return tag == IO_REPARSE_TAG_SYMLINK || tag == IO_REPARSE_TAG_MOUNT_POINT;
-}
 inline bool IsLinkEntry(const WIN32_FIND_DATAW& found) {
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         IsLinkTag(found.dwReserved0);
+  return IsLinkTag(found.dwFileAttributes, found.dwReserved0);
 }
 
 // Of what tells attributes, times and size by the names that the system's structures share.

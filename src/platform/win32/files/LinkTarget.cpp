@@ -71,20 +71,18 @@ std::string LinkTargetFrom(std::string_view bytes) {
   if (bytes.size() < sizeof head + sizeof names) return "";
   std::memcpy(&head, bytes.data(), sizeof head);
   std::memcpy(&names, bytes.data() + sizeof head, sizeof names);
-  if (!IsLinkTag(head.Tag)) return "";
+  if (!IsLinkTag(FILE_ATTRIBUTE_REPARSE_POINT, head.Tag)) return "";
   std::size_t start = sizeof head + sizeof names;
   if (head.Tag == IO_REPARSE_TAG_SYMLINK) start += SymbolicLinkFlags;
   if (start > bytes.size()) return "";
   bytes.remove_prefix(start);
-  std::string shown = TextAt(bytes, names.ShownStart, names.ShownLength);
-  return shown.empty() ? WithoutKernelMark(TextAt(bytes, names.TargetStart, names.TargetLength))
-                       : shown;
+  return names.ShownLength != 0
+             ? TextAt(bytes, names.ShownStart, names.ShownLength)
+             : WithoutKernelMark(TextAt(bytes, names.TargetStart, names.TargetLength));
 }
 
 std::string ReadLinkTarget(const std::wstring& path) {
-  constexpr DWORD itself = FILE_FLAG_OPEN_REPARSE_POINT | FILE_FLAG_BACKUP_SEMANTICS;
-  const Handle link(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr,
-                                OPEN_EXISTING, itself, nullptr));
+  const Handle link = OpenItem(path, false);
   alignas(std::uint64_t) std::array<char, MAXIMUM_REPARSE_DATA_BUFFER_SIZE> buffer;
   DWORD length = 0;
   if (!link || DeviceIoControl(link.Get(), FSCTL_GET_REPARSE_POINT, nullptr, 0, buffer.data(),

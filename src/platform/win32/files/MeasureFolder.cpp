@@ -41,7 +41,7 @@ class ItemBuffer {
 // The system tells the tag of a reparse point where other items have the size of their extended
 // attributes ([MS-FSCC] 2.4.17).
 bool IsLinkItem(const FILE_ID_BOTH_DIR_INFO& item) {
-  return (item.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 && IsLinkTag(item.EaSize);
+  return IsLinkTag(item.FileAttributes, item.EaSize);
 }
 
 bool IsNoTrouble(DWORD error) {
@@ -54,7 +54,7 @@ class MeasureWalk {
   MeasureWalk(const FileSystem::GoOn& goOn, FolderTotal& total) : goOn_(goOn), total_(total) {}
 
   base::Status Run(const std::wstring& folder) {
-    const Handle first = Open(folder, 0);
+    const Handle first = OpenItem(folder, true, FILE_LIST_DIRECTORY);
     if (!first) return LastError();
     FILE_STANDARD_INFO facts;
     if (GetFileInformationByHandleEx(first.Get(), FileStandardInfo, &facts, sizeof facts) != 0) {
@@ -78,11 +78,6 @@ class MeasureWalk {
     std::wstring Name;
   };
 
-  static Handle Open(const std::wstring& path, DWORD how) {
-    return Handle(CreateFileW(path.c_str(), FILE_LIST_DIRECTORY, ShareAll, nullptr, OPEN_EXISTING,
-                              FILE_FLAG_BACKUP_SEMANTICS | how, nullptr));
-  }
-
   // The last that was found, so that those that wait are few and lie along the path.
   void EnterNext() {
     const WaitingFolder next = std::move(waiting_.back());
@@ -93,7 +88,7 @@ class MeasureWalk {
     GoOn();
     if (!goes_) return;
     // A link that has taken the folder's place meanwhile is opened itself, and holds nothing.
-    const Handle opened = Open(path_, FILE_FLAG_OPEN_REPARSE_POINT);
+    const Handle opened = OpenItem(path_, false, FILE_LIST_DIRECTORY);
     Note(opened ? ReadItems(opened.Get()) : GetLastError());
   }
 

@@ -17,11 +17,6 @@ std::wstring StreamOf(const std::wstring& path, ExtendedAttribute attribute) {
   return path + (attribute == ExtendedAttribute::Colour ? L":tarnwell.color" : L":xdg.comment");
 }
 
-Handle OpenItem(const std::wstring& path, DWORD access) {
-  return Handle(CreateFileW(path.c_str(), access, ShareAll, nullptr, OPEN_EXISTING,
-                            FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-}
-
 bool HasStreams(HANDLE item) {
   DWORD traits = 0;
   return GetVolumeInformationByHandleW(item, nullptr, 0, nullptr, nullptr, &traits, nullptr, 0) !=
@@ -84,7 +79,7 @@ DWORD CopyStream(const std::wstring& from, const std::wstring& to) {
 }  // namespace
 
 bool KeepsStreams(const std::wstring& path) {
-  const Handle item = OpenItem(path, FILE_READ_ATTRIBUTES);
+  const Handle item = OpenItem(path, true);
   return item && HasStreams(item.Get());
 }
 
@@ -106,7 +101,7 @@ base::Status ReadNote(const std::wstring& path, ExtendedAttribute attribute, std
 base::Status WriteNote(const std::wstring& path, ExtendedAttribute attribute,
                        const std::string& text) {
   if (text.size() > LongestNote) return {ERROR_BUFFER_OVERFLOW, "The text is too long"};
-  Handle item = OpenItem(path, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES);
+  Handle item = OpenItem(path, true, FILE_READ_ATTRIBUTES | FILE_WRITE_ATTRIBUTES);
   if (!item) {
     const DWORD error = GetLastError();
     WIN32_FIND_DATAW found;

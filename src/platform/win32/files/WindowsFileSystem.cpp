@@ -13,6 +13,7 @@
 #include "platform/win32/files/MeasureFolder.h"
 #include "platform/win32/files/NamedStreams.h"
 #include "platform/win32/files/NamingError.h"
+#include "platform/win32/files/RenameItem.h"
 #include "platform/win32/files/ReplaceContent.h"
 #include "platform/win32/files/SystemPath.h"
 #include "platform/win32/files/WindowsFolder.h"
@@ -36,12 +37,6 @@ DWORD ReadWhole(HANDLE file, std::string& content) {
   }
 }
 
-// ERROR_SUCCESS where an item can be made under the last name of the path.
-DWORD FaultOfNew(const std::string& path) {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  return syntax.IsName(syntax.LastComponent(path)) ? ERROR_SUCCESS : ERROR_INVALID_NAME;
-}
-
 }  // namespace
 
 const base::PathSyntax& WindowsFileSystem::Syntax() const {
@@ -62,9 +57,7 @@ base::Status WindowsFileSystem::ReadAttributes(const std::string& folder, const 
 
 bool WindowsFileSystem::FolderExists(const std::string& path) const {
   const SystemPath folder(path);
-  return folder.Error() == ERROR_SUCCESS &&
-         Handle(CreateFileW(folder.Text(), FILE_LIST_DIRECTORY, ShareAll, nullptr, OPEN_EXISTING,
-                            FILE_FLAG_BACKUP_SEMANTICS, nullptr)) &&
+  return folder.Error() == ERROR_SUCCESS && OpenItem(folder.Wide(), true, FILE_LIST_DIRECTORY) &&
          FindFolder(folder.Wide()) == ERROR_SUCCESS;
 }
 
@@ -113,18 +106,13 @@ base::Status WindowsFileSystem::WriteExtendedAttribute(const std::string& path,
 base::Status WindowsFileSystem::MakeFolder(const std::string& path) {
   const SystemPath folder(path);
   if (folder.Error() != ERROR_SUCCESS) return NamingError(folder.Error());
-  if (const DWORD fault = FaultOfNew(path); fault != ERROR_SUCCESS) return NamingError(fault);
+  if (!Syntax().IsName(Syntax().LastComponent(path))) return NamingError(ERROR_INVALID_NAME);
   const bool isMade = CreateDirectoryW(folder.Text(), nullptr) != 0;
   return NamingError(isMade ? ERROR_SUCCESS : GetLastError());
 }
 
 base::Status WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
-  const SystemPath source(from), target(to);
-  for (const DWORD error : {source.Error(), target.Error(), FaultOfNew(to)}) {
-    if (error != ERROR_SUCCESS) return NamingError(error);
-  }
-  const bool isMoved = MoveFileExW(source.Text(), target.Text(), 0) != 0;
-  return NamingError(isMoved ? ERROR_SUCCESS : GetLastError());
+  return NamingError(RenameItem(from, to));
 }
 
 base::Status WindowsFileSystem::ReadFile(const std::string& path, std::string& content) const {
