@@ -146,6 +146,7 @@ std::string PathSyntax::ParentOf(std::string_view path) const {
 }
 
 std::string PathSyntax::DriveRoot(std::string_view drive) const {
+  if (FindNetworkStart(drive) == 0) return std::string(drive);
   return std::string(drive).append(RootMark);
 }
 

@@ -50,7 +50,7 @@ struct PathSyntax {
   // a network server, is its own parent. A name alone has none: empty. No look at the disk:
   // "/a/.." has the parent "/a".
   std::string ParentOf(std::string_view path) const;
-  // The root folder of a drive: "C" gives "C:\", "/media/disk" gives "/media/disk".
+  // The root folder of a drive: "C" gives "C:\"; "/media/disk" and "\\nas\photos" are their own.
   std::string DriveRoot(std::string_view drive) const;
   // The path as it is compared: two paths that mean the same item have the same key.
   std::string Key(std::string_view path) const;

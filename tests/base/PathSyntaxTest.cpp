@@ -11,6 +11,7 @@ TEST(PathSyntaxTest, TakesPathsApartAndPutsThemTogether) {
   EXPECT_TRUE(posix.IsDriveRoot("/") && windows.IsDriveRoot("C:\\"));
   EXPECT_FALSE(posix.IsDriveRoot("/odd:\\") || windows.IsDriveRoot("C:"));
   EXPECT_EQ(windows.DriveRoot("C") + posix.DriveRoot("/media/disk"), "C:\\/media/disk");
+  EXPECT_EQ(windows.DriveRoot("\\\\nas\\photos"), "\\\\nas\\photos");
   EXPECT_EQ(windows.FindNetworkStart("x\\\\server\\share"), 1u);
   EXPECT_EQ(posix.FindNetworkStart("//a"), std::string_view::npos);
   EXPECT_EQ(posix.AddSeparator("/a") + posix.AddSeparator("/"), "/a//");
