@@ -6,18 +6,18 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 
+#include "platform/ProgramFiles.h"
 #include "platform/linux/files/HomeFolder.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/operation/SweepTemporaries.h"
+#include "platform/linux/posix/GioObject.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
-#include "platform/linux/system/ReleasedSkins.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -26,19 +26,25 @@ const base::PathSyntax& PathRules() {
   return base::PathSyntax::Posix();
 }
 
-constexpr std::array<std::string_view, 2> topLevelFiles = {"ring6full.gif", "TIPOFDAY.TXT"};
-
 std::string Variable(const char* name) {
   const char* const value = std::getenv(name);
   return value != nullptr ? value : "";
 }
 
-std::string SkinsIn(const std::string& folder) {
-  return PathRules().Join(folder, "skins");
+std::string Sha256Of(const std::string& bytes) {
+  const GioText digest(
+      g_compute_checksum_for_string(G_CHECKSUM_SHA256, bytes.data(), gssize(bytes.size())));
+  return digest.get();
 }
 
+// The files of the disk, and what is done with them.
+struct OnDisk {
+  LinuxFileSystem Files;
+  ProgramFiles Program{Files, Sha256Of};
+};
+
 bool HoldsSkins(const std::string& folder) {
-  return LinuxFileSystem().FolderExists(SkinsIn(folder));
+  return OnDisk().Program.HoldsSkins(folder);
 }
 
 std::string FindDataFolder(const std::string& executableFolder) {
@@ -68,62 +74,6 @@ std::string FindGuidePage(const std::string& executableFolder) {
 
 bool IsWritable(const std::string& folder) {
   return faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) == 0;
-}
-
-bool CopyMissing(const std::string& source, const std::string& target) {
-  LinuxFileSystem files;
-  if (files.Exists(target)) return true;
-  std::string content;
-  return files.ReadFile(source, content) && files.WriteFile(target, content);
-}
-
-bool CopySkins(const std::string& source, const std::string& target) {
-  if (g_mkdir_with_parents(target.c_str(), 0777) != 0) return false;
-  bool whole = true;
-  const base::Status status = LinuxFileSystem().ReadFolder(source, [&](const FolderEntry& entry) {
-    if (entry.Kind != ItemKind::Folder) {
-      whole =
-          CopyMissing(PathRules().Join(source, entry.Name), PathRules().Join(target, entry.Name));
-    }
-    return whole;
-  });
-  return status && whole;
-}
-
-void AddSkins(const std::string& folder, const std::string& dataFolder) {
-  // Under another name until it is whole, so that a start cut short is made good by the next.
-  const std::string unfinished = PathRules().Join(folder, ".skins-unfinished");
-  if (CopySkins(SkinsIn(dataFolder), unfinished)) {
-    std::rename(unfinished.c_str(), SkinsIn(folder).c_str());
-  }
-}
-
-// Gives the skins that an earlier release brought, and nobody has changed since, their present
-// form.
-void RenewSkins(const std::string& source, const std::string& target) {
-  LinuxFileSystem files;
-  files.ReadFolder(source, [&](const FolderEntry& entry) {
-    const std::string name(entry.Name);
-    const std::string path = PathRules().Join(target, name);
-    ItemAttributes attributes;
-    std::string shipped;
-    std::string own;
-    const bool isOwnFile = files.ReadAttributes(target, name, attributes) && !attributes.IsLink;
-    if (isOwnFile && files.ReadFile(path, own) &&
-        files.ReadFile(PathRules().Join(source, name), shipped) && own != shipped &&
-        IsReleasedSkin(own)) {
-      files.WriteFile(path, shipped);
-    }
-    return true;
-  });
-}
-
-// What cannot be written stays as it is.
-void BringUpToDate(const std::string& folder, const std::string& dataFolder) {
-  for (const std::string_view name : topLevelFiles) {
-    CopyMissing(PathRules().Join(dataFolder, name), PathRules().Join(folder, name));
-  }
-  RenewSkins(SkinsIn(dataFolder), SkinsIn(folder));
 }
 
 struct Choice {
@@ -178,21 +128,15 @@ LinuxSystemInfo::LinuxSystemInfo(const ProgramPlaces& places)
     SweepTemporaries(folder.Get(), [] { return true; });
   }
   if (dataFolder_.empty()) return;
-  if (choice.Own && !HoldsSkins(programFolder_)) AddSkins(programFolder_, dataFolder_);
-  BringUpToDate(programFolder_, dataFolder_);
+  OnDisk().Program.BringUpToDate(programFolder_, dataFolder_, choice.Own);
 }
 
 std::string LinuxSystemInfo::FolderOf(std::string_view file) const {
-  const LinuxFileSystem files;
-  const bool ofData = !dataFolder_.empty() &&
-                      !files.Exists(PathRules().Join(programFolder_, file)) &&
-                      files.Exists(PathRules().Join(dataFolder_, file));
-  return ofData ? dataFolder_ : programFolder_;
+  return OnDisk().Program.FolderOf(file, programFolder_, dataFolder_);
 }
 
 std::string LinuxSystemInfo::SkinFolder() const {
-  const bool ofData = !dataFolder_.empty() && !HoldsSkins(programFolder_);
-  return SkinsIn(ofData ? dataFolder_ : programFolder_);
+  return OnDisk().Program.SkinFolder(programFolder_, dataFolder_);
 }
 
 void LinuxSystemInfo::SetCurrentFolder(const std::string& folder) {

@@ -1,12 +1,7 @@
-#include "platform/linux/system/ReleasedSkins.h"
-
-#include <glib.h>
+#include "platform/ReleasedSkins.h"
 
 #include <algorithm>
 #include <array>
-#include <string_view>
-
-#include "platform/linux/posix/GioObject.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -21,11 +16,8 @@ constexpr std::array<std::string_view, 4> ReleasedDigests = {
 
 }  // namespace
 
-bool IsReleasedSkin(const std::string& content) {
-  const GioText digest(
-      g_compute_checksum_for_string(G_CHECKSUM_SHA256, content.data(), gssize(content.size())));
-  return std::ranges::find(ReleasedDigests, std::string_view(digest.get())) !=
-         ReleasedDigests.end();
+bool IsReleasedSkin(std::string_view digest) {
+  return std::ranges::find(ReleasedDigests, digest) != ReleasedDigests.end();
 }
 
 }  // namespace tarnwell::platform
