@@ -18,7 +18,8 @@
 
 #include "lister/ListerControl.h"
 #include "lister/rows/NoView.h"
-#include "platform/linux/afar/FarFileSystem.h"
+#include "platform/afar/FarFileSystem.h"
+#include "platform/linux/afar/LinuxFarPlaces.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/system/LinuxClock.h"
 #include "platform/linux/system/LinuxCollation.h"
@@ -111,8 +112,9 @@ struct RowsNoted : NoView {
 // Everything that a list works with.
 struct Bench {
   NoPump Pump;
-  platform::FarFileSystem Files{std::make_shared<platform::LinuxFileSystem>(),
-                                platform::FarCalls(Pump)};
+  platform::FarFileSystem Files{
+      std::make_shared<platform::LinuxFileSystem>(),
+      platform::FarCalls(Pump, {}, std::make_shared<platform::LinuxFarPlaces>())};
   NoDrives Drives;
   NoWatches Watches;
   platform::LinuxClock Clock;

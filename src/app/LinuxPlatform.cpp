@@ -8,8 +8,9 @@
 #include "app/LinuxTrayPanel.h"
 #include "app/Platform.h"
 #include "base/ItemList.h"
-#include "platform/linux/afar/FarFileSystem.h"
-#include "platform/linux/afar/FarStamps.h"
+#include "platform/afar/FarFileSystem.h"
+#include "platform/afar/FarStamps.h"
+#include "platform/linux/afar/LinuxFarPlaces.h"
 #include "platform/linux/afar/OperationVolumes.h"
 #include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/files/LinuxFileSystem.h"
@@ -110,7 +111,7 @@ ui::OperationSystem OperationsBy(const platform::FarCalls& calls, const std::str
 Platform MakePlatform(platform::MessagePump& pump) {
   auto system = std::make_unique<platform::LinuxSystemInfo>(platform::ProgramPlaces::OfProcess());
   const std::string folder = system->ProgramFolder();
-  const platform::FarCalls calls(pump);
+  const platform::FarCalls calls(pump, {}, std::make_shared<platform::LinuxFarPlaces>());
   Platform made;
   made.DataFolder = system->DataFolder();
   made.Libraries = platform::LinuxLibraries();

@@ -1,6 +1,7 @@
 #include "TempFolder.h"
-#include "platform/linux/afar/FarFileSystem.h"
-#include "platform/linux/afar/FarFolder.h"
+#include "platform/afar/FarFileSystem.h"
+#include "platform/afar/FarFolder.h"
+#include "platform/linux/afar/LinuxFarPlaces.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolder.h"
 #include "platform/linux/posix/ReachedPath.h"
@@ -113,7 +114,7 @@ TEST(NearFolder, LooksAtFarItemsByThemselves) {
   folder.Make({"share/", "link->share", "own/", "file=text", "late->share"});
   BusyPump pump;
   const FarCalls calls(pump, {},
-                       std::make_shared<FarPlaces>(std::vector<MountedVolume>{
+                       std::make_shared<LinuxFarPlaces>(std::vector<MountedVolume>{
                            Mounted(root + "/share", "nfs", "nas:/export")}));
   const auto noted = std::make_shared<NotedFolder>(OpenPath(root, O_RDONLY | O_DIRECTORY));
   WantedNames wanted({"own", "link", "file", "share", "late"});
@@ -135,7 +136,7 @@ TEST(FarFileSystem, AsksASilentPlaceNoMoreUntilItAnswers) {
   const FarPatience patience{
       .Most = hours(1), .Glance = hours(1), .Silence = {}, .Retrial = hours(1)};
   const FarCalls calls(pump, patience,
-                       std::make_shared<FarPlaces>(std::vector<MountedVolume>{
+                       std::make_shared<LinuxFarPlaces>(std::vector<MountedVolume>{
                            Mounted(root + "/share", "nfs", "nas:/export")}));
   const auto slow = std::make_shared<SlowFiles>();
   const FarFileSystem files(slow, calls);
@@ -188,7 +189,7 @@ TEST(FarFileSystem, ReadsALargeFolderAheadAndNeedNotWaitForIt) {
     close(creat((folder.Path() + "/" + name).c_str(), 0600));
   }
   BusyPump pump;
-  const FarCalls calls(pump, {}, std::make_shared<FarPlaces>(std::vector<MountedVolume>{}));
+  const FarCalls calls(pump, {}, std::make_shared<LinuxFarPlaces>(std::vector<MountedVolume>{}));
   const auto slow = std::make_shared<SlowFiles>();
   const FarFileSystem files(slow, calls);
   std::multiset<std::string> names;

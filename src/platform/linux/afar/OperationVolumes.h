@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/FileOperation.h"
-#include "platform/linux/afar/FarPlaces.h"
+#include "platform/afar/FarPlaces.h"
 
 namespace tarnwell::platform {
 

@@ -10,7 +10,7 @@
 #include <thread>
 #include <utility>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 #include "platform/linux/posix/ItemStat.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/VolumeKind.h"

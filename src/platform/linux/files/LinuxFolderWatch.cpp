@@ -8,8 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/linux/files/NoticeQueue.h"
-#include "platform/linux/posix/GuardedCall.h"
 #include "platform/linux/posix/ReachedPath.h"
 
 namespace tarnwell::platform {

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 #include "platform/linux/posix/ReachedPath.h"
 
 namespace tarnwell::platform {

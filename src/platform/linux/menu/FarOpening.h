@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/Status.h"
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 #include "platform/linux/menu/FileOpener.h"
 #include "platform/linux/menu/StartProgram.h"
 

@@ -7,7 +7,7 @@
 
 #include "base/PathSyntax.h"
 #include "base/Text.h"
-#include "platform/linux/afar/FarFileSystem.h"
+#include "platform/afar/FarFileSystem.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/menu/FarOpening.h"
 #include "platform/linux/menu/TerminalCall.h"

@@ -10,7 +10,7 @@
 #include "platform/ItemWindows.h"
 #include "platform/Launcher.h"
 #include "platform/NumberForms.h"
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 

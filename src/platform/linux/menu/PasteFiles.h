@@ -7,7 +7,7 @@
 #include "platform/FileClipboard.h"
 #include "platform/FileOperation.h"
 #include "platform/NumberForms.h"
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 

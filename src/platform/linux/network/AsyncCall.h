@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 
 namespace tarnwell::platform {
 

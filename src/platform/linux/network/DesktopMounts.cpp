@@ -6,8 +6,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/linux/posix/GioObject.h"
-#include "platform/linux/posix/GuardedCall.h"
 
 namespace tarnwell::platform {
 namespace {

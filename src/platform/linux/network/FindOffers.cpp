@@ -7,9 +7,9 @@
 #include <string>
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/linux/network/AsyncCall.h"
 #include "platform/linux/posix/GioObject.h"
-#include "platform/linux/posix/GuardedCall.h"
 
 namespace tarnwell::platform {
 namespace {

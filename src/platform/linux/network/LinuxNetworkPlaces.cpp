@@ -8,11 +8,11 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/linux/network/ConnectPlace.h"
 #include "platform/linux/network/DisconnectPlace.h"
 #include "platform/linux/network/FindOffers.h"
 #include "platform/linux/posix/GioObject.h"
-#include "platform/linux/posix/GuardedCall.h"
 
 namespace tarnwell::platform {
 namespace {

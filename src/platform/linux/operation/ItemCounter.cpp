@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/linux/files/MeasureFolder.h"
-#include "platform/linux/posix/GuardedCall.h"
 #include "platform/linux/posix/ItemIdentity.h"
 #include "platform/linux/posix/ReachedPath.h"
 

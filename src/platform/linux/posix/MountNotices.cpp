@@ -5,8 +5,8 @@
 
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/linux/posix/Descriptor.h"
-#include "platform/linux/posix/GuardedCall.h"
 
 namespace tarnwell::platform {
 

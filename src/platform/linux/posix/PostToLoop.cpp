@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 
 namespace tarnwell::platform {
 

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 
 namespace tarnwell::platform {
 

@@ -8,7 +8,7 @@
 #include <thread>
 #include <utility>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 #include "platform/linux/posix/PostToLoop.h"
 #include "platform/linux/posix/SystemError.h"
 #include "platform/linux/search/SearchWalk.h"

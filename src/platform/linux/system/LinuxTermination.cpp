@@ -5,7 +5,7 @@
 #include <csignal>
 #include <utility>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 
 namespace tarnwell::platform {
 

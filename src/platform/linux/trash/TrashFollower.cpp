@@ -7,7 +7,7 @@
 #include <system_error>
 #include <thread>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 #include "platform/linux/posix/PostToLoop.h"
 #include "platform/linux/posix/SystemError.h"
 #include "platform/linux/trash/MeasureTrash.h"

@@ -1,6 +1,7 @@
 #include "platform/win32/files/FarPath.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/PathSyntax.h"
 #include "platform/win32/api/WideName.h"
@@ -9,12 +10,13 @@
 namespace tarnwell::platform {
 namespace {
 
-// "\\server\share" of the path.
-std::string ShareOfNetworkPath(const std::string& path) {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  const std::size_t server = path.find(syntax.Separator, syntax.NetworkMark.size());
-  if (server == path.npos) return path;
-  return path.substr(0, path.find(syntax.Separator, server + 1));
+// "server\share\folder".
+NetworkShare ShareIn(std::string_view path) {
+  const char separator = base::PathSyntax::Windows().Separator;
+  const std::size_t server = std::min(path.find(separator), path.size());
+  const std::size_t share = path.find(separator, server + 1);
+  return {std::string(base::PathSyntax::Windows().NetworkMark).append(path.substr(0, share)),
+          std::string(path.substr(0, server))};
 }
 
 // What the letter stands for among the system's devices, by their table: a drive of the network is
@@ -29,25 +31,30 @@ std::string DeviceOf(char letter) {
 
 }  // namespace
 
-std::optional<std::string> NetworkShareOf(const std::string& path) {
+std::optional<NetworkShare> NetworkShareOf(const std::string& path) {
+  constexpr std::string_view folderMark = R"(\??\)", networkMark = R"(UNC\)", driveMark = R"(\;)";
   const base::PathSyntax& syntax = base::PathSyntax::Windows();
   if (path.starts_with(syntax.NetworkMark)) {
     // "\\?\" and "\\.\" name what is here.
-    const bool isDevice = path.starts_with(R"(\\?\)") || path.starts_with(R"(\\.\)");
-    return isDevice ? std::nullopt : std::optional(ShareOfNetworkPath(path));
+    const std::string_view rest = std::string_view(path).substr(syntax.NetworkMark.size());
+    return rest.starts_with('?') || rest.starts_with('.') ? std::nullopt
+                                                          : std::optional(ShareIn(rest));
   }
   if (!syntax.IsWhole(path)) return {};
   std::string device = DeviceOf(path.front());
-  constexpr std::string_view folderMark = R"(\??\)";
   for (int stands = 0; stands < 26 && device.starts_with(folderMark); ++stands) {
     device.erase(0, folderMark.size());
-    if (device.starts_with(R"(UNC\)")) return path.substr(0, 3);
-    device = DeviceOf(device.empty() ? ' ' : device.front());
+    if (device.starts_with(networkMark)) return ShareIn(device.substr(networkMark.size()));
+    device = device.empty() ? std::string() : DeviceOf(device.front());
   }
-  const bool isShare = device.find(R"(\;)") != device.npos ||
-                       device.starts_with(R"(\Device\LanmanRedirector)") ||
-                       device.starts_with(R"(\Device\Mup)");
-  return isShare ? std::optional(path.substr(0, 3)) : std::nullopt;
+  if (const std::size_t drive = device.rfind(driveMark); drive != device.npos) {
+    const std::size_t server = device.find(syntax.Separator, drive + driveMark.size());
+    if (server != device.npos) return ShareIn(std::string_view(device).substr(server + 1));
+  } else if (!device.starts_with(R"(\Device\LanmanRedirector)") &&
+             !device.starts_with(R"(\Device\Mup)")) {
+    return {};
+  }
+  return NetworkShare{path.substr(0, 3), path.substr(0, 2)};
 }
 
 }  // namespace tarnwell::platform

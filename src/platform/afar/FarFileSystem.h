@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/FileSystem.h"
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 

@@ -14,7 +14,7 @@
 
 #include "base/Status.h"
 #include "platform/MessagePump.h"
-#include "platform/linux/afar/FarPlaces.h"
+#include "platform/afar/FarPlaces.h"
 
 namespace tarnwell::platform {
 
@@ -46,8 +46,7 @@ class FarCalls {
   using Work = std::function<void()>;
 
   FarCalls() = default;
-  explicit FarCalls(MessagePump& pump, const FarPatience& patience = {},
-                    std::shared_ptr<const FarPlaces> places = std::make_shared<FarPlaces>());
+  FarCalls(MessagePump& pump, const FarPatience& patience, std::shared_ptr<const FarPlaces> places);
 
   // Of a path that has to be called with care on this thread.
   std::optional<FarPlace> PlaceOf(const std::string& path,

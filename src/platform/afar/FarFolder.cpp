@@ -1,9 +1,9 @@
-#include "platform/linux/afar/FarFolder.h"
+#include "platform/afar/FarFolder.h"
 
 #include <cerrno>
 
 #include "base/PathSyntax.h"
-#include "platform/linux/afar/EntryFlow.h"
+#include "platform/afar/EntryFlow.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -100,7 +100,7 @@ base::Status NearFolder::Read(const TakeEntry& take) {
 
 std::optional<FarPlace> NearFolder::PlaceOf(std::string_view name) const {
   if (knowsAll_ && (suspects_.empty() || !suspects_.contains(std::string(name)))) return {};
-  return calls_.PlaceOf(base::PathSyntax::Posix().Join(plain_, std::string(name)));
+  return calls_.PlaceOf(base::PathSyntax::Native().Join(plain_, std::string(name)));
 }
 
 base::Status NearFolder::ReadAttributes(std::string_view name, ItemAttributes& attributes) const {

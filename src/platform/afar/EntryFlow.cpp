@@ -1,4 +1,4 @@
-#include "platform/linux/afar/EntryFlow.h"
+#include "platform/afar/EntryFlow.h"
 
 #include <cerrno>
 #include <cstddef>
@@ -18,14 +18,16 @@ class EntryBatch {
     ends_.push_back(static_cast<std::uint32_t>(names_.size() + entry.Name.size()));
     names_ += entry.Name;
     entries_.push_back(entry);
-    entries_.back().Attributes = nullptr;  // they are not kept
+    if (entry.Attributes != nullptr) attributes_.push_back(*entry.Attributes);
   }
   std::size_t Size() const { return entries_.size(); }
   // False once `take` is.
   bool Hand(const TakeEntry& take) {
     std::size_t start = 0;
+    const ItemAttributes* attributes = attributes_.data();
     for (std::size_t at = 0; at < Size(); ++at) {
       entries_[at].Name = std::string_view(names_).substr(start, ends_[at] - start);
+      if (entries_[at].Attributes != nullptr) entries_[at].Attributes = attributes++;
       if (!take(entries_[at])) return false;
       start = ends_[at];
     }
@@ -36,6 +38,7 @@ class EntryBatch {
   std::string names_;
   std::vector<std::uint32_t> ends_;  // of the names
   std::vector<FolderEntry> entries_;
+  std::vector<ItemAttributes> attributes_;  // of those that came with them
 };
 
 // So many items go from one thread to the other at once.

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "platform/FileSystem.h"
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/afar/FarPlaces.h"
+#include "platform/linux/afar/LinuxFarPlaces.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -115,10 +115,10 @@ std::optional<FarPlace> FindFarPlace(const std::vector<MountedVolume>& mounts,
   return {};
 }
 
-FarPlaces::FarPlaces()
+LinuxFarPlaces::LinuxFarPlaces()
     : table_(open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC)), mounts_(ReadFarMounts()) {}
 
-std::vector<MountedVolume> FarPlaces::Mounts() const {
+std::vector<MountedVolume> LinuxFarPlaces::Mounts() const {
   const std::lock_guard lock(mutex_);
   // Told once for each change, to whoever polls next.
   pollfd change{.fd = table_.Get(), .events = POLLPRI, .revents = 0};
@@ -126,19 +126,19 @@ std::vector<MountedVolume> FarPlaces::Mounts() const {
   return mounts_;
 }
 
-std::optional<FarPlace> FarPlaces::Find(const std::string& path, LastLink last,
-                                        std::string& plain) const {
+std::optional<FarPlace> LinuxFarPlaces::Find(const std::string& path, LastLink last,
+                                             std::string& plain) const {
   return FindFarPlace(Mounts(), path, last, plain);
 }
 
-std::optional<FarPlace> FarPlaces::FindBelow(const std::string& plain) const {
+std::optional<FarPlace> LinuxFarPlaces::FindBelow(const std::string& plain) const {
   for (const MountedVolume& mount : Mounts()) {
     if (plain == "/" || IsAtOrBelow(mount.Path, plain)) return PlaceAt(mount, mount.Path);
   }
   return {};
 }
 
-std::vector<std::string> FarPlaces::MountedIn(const std::string& plain) const {
+std::vector<std::string> LinuxFarPlaces::MountedIn(const std::string& plain) const {
   const base::PathSyntax& syntax = base::PathSyntax::Posix();
   std::vector<std::string> names;
   for (const MountedVolume& mount : Mounts()) {

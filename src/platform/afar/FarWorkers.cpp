@@ -1,4 +1,4 @@
-#include "platform/linux/afar/FarWorkers.h"
+#include "platform/afar/FarWorkers.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -7,7 +7,7 @@
 #include <thread>
 #include <utility>
 
-#include "platform/linux/posix/GuardedCall.h"
+#include "platform/GuardedCall.h"
 
 namespace tarnwell::platform {
 namespace {

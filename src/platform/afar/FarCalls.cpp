@@ -1,4 +1,4 @@
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "base/Text.h"
-#include "platform/linux/afar/FarWorkers.h"
+#include "platform/afar/FarWorkers.h"
 
 namespace tarnwell::platform {
 namespace {

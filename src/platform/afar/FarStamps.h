@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/FolderStamps.h"
-#include "platform/linux/afar/FarCalls.h"
+#include "platform/afar/FarCalls.h"
 
 namespace tarnwell::platform {
 

@@ -1,6 +1,6 @@
-#include "platform/linux/afar/FarFileSystem.h"
+#include "platform/afar/FarFileSystem.h"
 
-#include "platform/linux/afar/FarFolder.h"
+#include "platform/afar/FarFolder.h"
 
 namespace tarnwell::platform {
 namespace {
