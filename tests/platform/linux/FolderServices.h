@@ -1,6 +1,7 @@
 // Files and the services beside them, by the names of the tests that every adapter passes.
 #pragma once
 
+#include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/files/LinuxFileSystem.h"
 #include "platform/linux/files/LinuxFolderStamps.h"
 #include "platform/linux/files/LinuxFolderWatch.h"

@@ -1,6 +1,7 @@
 // Files and the services beside them, by the names of the tests that every adapter passes.
 #pragma once
 
+#include "platform/win32/files/Fingerprint.h"
 #include "platform/win32/files/WindowsFileSystem.h"
 #include "platform/win32/files/WindowsFolderStamps.h"
 #include "platform/win32/files/WindowsFolderWatch.h"

@@ -12,21 +12,6 @@
 namespace tarnwell::platform {
 namespace {
 
-constexpr std::int64_t coarseTimes = 2'000'000'000;  // nanoseconds, of FAT
-
-// The last step of the generator SplitMix64: each bit of the number has a part in each of its own.
-std::uint64_t Stir(std::uint64_t number) {
-  number = (number ^ number >> 30) * 0xBF58476D1CE4E5B9U;
-  number = (number ^ number >> 27) * 0x94D049BB133111EBU;
-  return number ^ number >> 31;
-}
-
-// What is written may show the full time until it is read again.
-std::int64_t RoundDown(std::int64_t time) {
-  const std::int64_t rest = time % coarseTimes;
-  return time - (rest < 0 ? rest + coarseTimes : rest);
-}
-
 class BelowWalk {
  public:
   explicit BelowWalk(const std::function<bool()>& goesOn) : goesOn_(goesOn) {}
@@ -100,15 +85,8 @@ ItemFingerprint FingerprintOf(const struct statx& found, const VolumeTraits& tra
   if (S_ISREG(found.stx_mode)) print.Size = found.stx_size;
   if (S_ISDIR(found.stx_mode)) return print;
   print.Modified = Nanoseconds(found.stx_mtime);
-  if (!traits.HasFineTimes) print.Modified = RoundDown(print.Modified);
+  if (!traits.HasFineTimes) print.Modified = CoarseTime(print.Modified);
   return print;
-}
-
-std::uint64_t ShareOf(std::string_view name, const ItemFingerprint& item) {
-  std::uint64_t share = Stir(std::hash<std::string_view>()(name) ^ item.Kind);
-  share = Stir(share + item.Size);
-  share = Stir(share + static_cast<std::uint64_t>(item.Modified));
-  return Stir(share + item.Below);
 }
 
 std::uint64_t FindBelow(int folder, const char* name, const std::function<bool()>& goesOn) {

@@ -6,20 +6,15 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 
 #include "platform/FileOperation.h"
+#include "platform/FingerprintSum.h"
 #include "platform/linux/posix/VolumeTraits.h"
 
 namespace tarnwell::platform {
 
 // Of an item that was looked at, without what lies below it. `traits` are those of its volume.
 ItemFingerprint FingerprintOf(const struct statx& found, const VolumeTraits& traits);
-
-// `Below` of a folder that holds nothing. Each item that lies in a folder adds its share to that,
-// in any order; the share of a subfolder has its own `Below` in it. Of this run alone.
-inline constexpr std::uint64_t NothingBelow = 1;
-std::uint64_t ShareOf(std::string_view name, const ItemFingerprint& item);
 
 // Reads the whole folder of that name in the open one, and follows no link. 0 where it cannot be
 // read whole, where another volume is mounted in it, or after `goesOn` gave false.

@@ -10,6 +10,7 @@
 
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
+#include "platform/RefusalSentence.h"
 #include "platform/linux/files/HomeFolder.h"
 #include "platform/linux/posix/MountTable.h"
 #include "platform/linux/posix/ReachedPath.h"
@@ -167,16 +168,7 @@ std::string ProtectedItems::Sentence(Kind kind, FileFunction function) {
       "A folder that holds the program's own files",
       "A folder that holds a mounted volume",
   };
-  constexpr std::array<std::pair<FileFunction, const char*>, 4> words = {{
-      {FileFunction::Delete, "deleted"},
-      {FileFunction::Move, "moved"},
-      {FileFunction::Rename, "renamed"},
-      {FileFunction::Copy, "replaced"},
-  }};
-  const auto* const word =
-      std::ranges::find(words, function, [](const auto& row) { return row.first; });
-  return std::string(subjects.at(static_cast<std::size_t>(kind))) + " cannot be " +
-         (word == words.end() ? "changed" : word->second) + ".";
+  return RefusalSentence(subjects.at(static_cast<std::size_t>(kind)), function);
 }
 
 }  // namespace tarnwell::platform

@@ -1,0 +1,83 @@
+#include "TempFolder.h"
+#include "base/ItemList.h"
+#include "base/PathSyntax.h"
+#include "platform/win32/afar/OperationVolumes.h"
+#include "platform/win32/afar/WindowsFarPlaces.h"
+#include "platform/win32/files/FarPath.h"
+#include "platform/win32/files/HomeFolder.h"
+#include "platform/win32/files/ProtectedItems.h"
+
+namespace tarnwell::platform {
+namespace {
+
+std::string Refused(const std::string& program, const std::string& item,
+                    FileFunction function = FileFunction::Delete) {
+  return ProtectedItems(program).Refusal(function, base::ItemList::TextOf({item}));
+}
+
+TEST(ProtectedItems, StayWhateverTheyAreCalled) {
+  const TempFolder here;
+  here.Make({"data/own/", "other/"});
+  const std::string own = here / "data/own", home = FindHomeFolder();
+  ASSERT_FALSE(home.empty());
+  EXPECT_EQ(Refused(own, own), "The folder of the program's own files cannot be deleted.");
+  EXPECT_EQ(Refused(own, here / "DATA/Own", FileFunction::Rename),
+            "The folder of the program's own files cannot be renamed.");
+  EXPECT_EQ(Refused(own, here / "data\\", FileFunction::Move),
+            "A folder that holds the program's own files cannot be moved.");
+  EXPECT_EQ(Refused(own, home), "The home folder cannot be deleted.");
+  EXPECT_EQ(Refused(own, base::PathSyntax::Windows().ParentOf(home)),
+            "A folder that holds the home folder cannot be deleted.");
+  EXPECT_EQ(Refused(own, R"(C:\windows)"), "The folder of Windows cannot be deleted.");
+  for (const char* root : {R"(C:\)", R"(\\server\share)", R"(\\server\share\)"}) {
+    EXPECT_EQ(Refused(own, root), "The root folder cannot be deleted.");
+  }
+  for (const std::string& free : {here / "other", here / "none", own + "\\x", home + "\\none"}) {
+    EXPECT_EQ(Refused(own, free), "") << free;
+  }
+  EXPECT_EQ(Refused(own, own, FileFunction::Copy), "");
+}
+
+TEST(FarPath, IsToldByTheNameAndTheTableOfDrives) {
+  const auto found = [](const std::string& path) {
+    const auto share = NetworkShareOf(path);
+    return share ? share->Path + " " + share->Server : "";
+  };
+  EXPECT_EQ(found(R"(\\server\share\a\b)"), R"(\\server\share server)");
+  EXPECT_EQ(found(R"(\\server)"), R"(\\server server)");
+  for (const char* near : {R"(C:\a)", R"(\\?\C:\a)", R"(\\.\C:)", "a", ""}) {
+    EXPECT_EQ(found(near), "") << near;
+  }
+  const auto standFor = [](DWORD flags, const wchar_t* target) {
+    return DefineDosDeviceW(flags, L"Q:", target) != 0;
+  };
+  const std::pair<const wchar_t*, const char*> devices[] = {
+      {LR"(\Device\Mup\;LanmanRedirector\;Q:0000abcd\server\share)", R"(\\server\share server)"},
+      {LR"(\Device\LanmanRedirector\;Q:0000abcd\server\share)", R"(\\server\share server)"},
+      {LR"(\Device\Mup)", R"(Q:\ Q:)"},
+      {LR"(\??\UNC\server\share\folder)", R"(\\server\share server)"},
+      {LR"(\??\C:\folder)", ""},
+      {LR"(\Device\HarddiskVolume9)", ""}};
+  for (const auto& [device, share] : devices) {
+    if (!standFor(DDD_RAW_TARGET_PATH, device)) GTEST_SKIP() << "drives cannot be made here";
+    EXPECT_EQ(found(R"(Q:\a)"), share) << Narrow(device);
+    standFor(DDD_REMOVE_DEFINITION, nullptr);
+  }
+}
+
+TEST(OperationVolumes, AreThoseOfTheFoldersWithoutACallToOtherMachines) {
+  const TempFolder here;
+  const WindowsFarPlaces far;
+  const auto volumes = [&](const std::string& item, const std::string& to) {
+    return VolumesOf(
+        {FileFunction::Move, base::ItemList::TextOf({item}), base::ItemList::TextOf({to})}, &far);
+  };
+  using Names = std::vector<std::string>;
+  const Names own = volumes(here / "a", here / "none/none/");
+  EXPECT_TRUE(own.size() == 1 && own.front() != "0");
+  EXPECT_EQ(volumes(R"(\\nobody\share\a\b)", R"(\\nobody\share\c\)"), Names{R"(\\nobody\share)"});
+  EXPECT_EQ(volumes(here / "a", R"(\\nobody\share\c\)").size(), 2U);
+}
+
+}  // namespace
+}  // namespace tarnwell::platform
