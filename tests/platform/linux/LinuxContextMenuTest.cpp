@@ -1,19 +1,8 @@
-#include "TestDesktop.h"
-#include "fakes/FakePlatform.h"
-#include "platform/linux/menu/LinuxContextMenu.h"
+#include "MenuServices.h"
 #include "platform/linux/operation/RunOperation.h"
 
 namespace tarnwell::platform {
 namespace {
-
-struct MemoryClipboard : FileClipboard {
-  ClipboardFiles Files;
-
-  void Put(const ClipboardFiles& files) override { Files = files; }
-  bool HasFiles() const override { return !Files.Items.empty() || Files.Foreign > 0; }
-  ClipboardFiles Get() const override { return Files; }
-  void Clear() override { Files = {}; }
-};
 
 std::string CaptionsOf(const std::vector<ContextEntry>& entries) {
   std::string captions;
@@ -26,7 +15,7 @@ std::string CaptionsOf(const std::vector<ContextEntry>& entries) {
   return captions;
 }
 
-class LinuxContextMenuTest : public testing::Test {
+class LinuxContextMenuTest : public testing::Test, protected TestedMenus {
  protected:
   static constexpr int First = 10, Last = 32767;
 
@@ -66,12 +55,6 @@ class LinuxContextMenuTest : public testing::Test {
   std::string Took() { return std::exchange(Dialogs.Told, {}); }
 
   TempFolder Place;
-  MemoryClipboard Clipboard;
-  fakes::FakeFileOperation Operation;
-  NotedDialogs Dialogs;
-  NotedWindows Windows;
-  fakes::FakeNumberForms Forms;
-  LinuxContextMenu Menus{{Clipboard, Operation, Dialogs, Windows, Forms}};
   std::vector<ContextEntry> Entries;
 };
 
@@ -105,7 +88,6 @@ TEST_F(LinuxContextMenuTest, OffersWhatSuitsTheItems) {
   EXPECT_EQ(Entries[1].Children.back().Id, First + 12);
   EXPECT_EQ(Menus.ForItems("/", {"usr"})->Fill(0, First, First + 5, Entries).Code, ERANGE);
 
-  EXPECT_TRUE(Menus.Find(Place / "a.txt"));
   EXPECT_EQ(Menus.Find(Place / "gone").Code, ENOENT);
   EXPECT_EQ(Menus.Find(Place / "a.txt/x").Code, ENOTDIR);
 }

@@ -4,6 +4,7 @@
 
 #include <gio/gio.h>
 
+#include "NotedDialogs.h"
 #include "TempFolder.h"
 #include "fakes/FakeForms.h"
 #include "platform/ItemWindows.h"
@@ -63,17 +64,6 @@ struct TestDesktop {
 };
 
 inline const TestDesktop desktop;
-
-struct NotedDialogs : fakes::FakeDialogs {
-  bool Yes = true;
-  std::string Told;
-
-  bool AskYesNo(const std::string&, const std::string& text, bool usual) override {
-    Told += text + (usual ? " Yes|" : "|");
-    return Yes;
-  }
-  void ShowCritical(const std::string&, const std::string& text) override { Told += text + "|"; }
-};
 
 struct NotedWindows : ItemWindows {
   std::string Noted;

@@ -51,8 +51,8 @@ ComPtr<IContextMenu> MenuOfFolder(HWND owner, const std::string& folder,
   return children.empty() ? nullptr : MenuIn(*opened.Get(), owner, children);
 }
 
-// As the shell does for what it has found.
-ComPtr<IContextMenu> MenuOfMany(HWND owner, const std::vector<std::string>& paths) {
+// No one folder could tell such items from others: the desktop's takes their drives for them.
+ComPtr<IContextMenu> MenuOfMany(const std::vector<std::string>& paths) {
   IdList all;
   for (const std::string& path : paths) {
     ItemIds ids;
@@ -64,10 +64,7 @@ ComPtr<IContextMenu> MenuOfMany(HWND owner, const std::vector<std::string>& path
   ComPtr<IContextMenu> menu;
   SHCreateShellItemArrayFromIDLists(static_cast<UINT>(pointers.size()), pointers.data(), &items);
   if (items != nullptr) items->BindToHandler(nullptr, BHID_SFUIObject, IID_PPV_ARGS(&menu));
-  if (menu != nullptr) return menu;
-  ComPtr<IShellFolder> desktop;
-  SHGetDesktopFolder(&desktop);
-  return desktop == nullptr ? nullptr : MenuIn(*desktop.Get(), owner, all);
+  return menu;
 }
 
 }  // namespace
@@ -78,7 +75,7 @@ ComPtr<IContextMenu> OpenShellMenu(HWND owner, const std::vector<std::string>& p
   const std::string folder = syntax.GetFolderPath(paths.front());
   const bool isOneFolder = std::ranges::all_of(
       paths, [&](const std::string& path) { return syntax.GetFolderPath(path) == folder; });
-  return isOneFolder ? MenuOfFolder(owner, folder, paths) : MenuOfMany(owner, paths);
+  return isOneFolder ? MenuOfFolder(owner, folder, paths) : MenuOfMany(paths);
 }
 
 }  // namespace tarnwell::platform

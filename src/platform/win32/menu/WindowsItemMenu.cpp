@@ -27,6 +27,7 @@ constexpr TakingVerb takingVerbs[] = {{"CUT", FileFunction::Move},
 base::Status WindowsItemMenu::Fill(std::uintptr_t menu, int firstId, int lastId,
                                    std::vector<ContextEntry>& entries) {
   const auto handle = reinterpret_cast<HMENU>(menu);
+  if (handle == nullptr) return ShellError(E_HANDLE);
   const HRESULT result = menu_->QueryContextMenu(handle, 0, static_cast<UINT>(firstId),
                                                  static_cast<UINT>(lastId), CMF_EXPLORE);
   if (FAILED(result)) return ShellError(result);
