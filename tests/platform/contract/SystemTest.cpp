@@ -86,6 +86,75 @@ TEST(DrivesContract, OffersTheDefaultDriveAndFindsTheOneOfHome) {
   EXPECT_TRUE(has(drives.DriveOf(drives.HomeFolder())));
 }
 
+class SystemInfoContract : public testing::Test {
+ protected:
+  SystemInfoContract() {
+    std::filesystem::create_directories(program_.Places.ExecutableFolder);
+    std::filesystem::create_directories(syntax_.Join(program_.DataFolder, "skins"));
+    for (const char* const name : {"a.twk", "b.twk"}) Put(SkinIn(program_.DataFolder, name), name);
+    Put(syntax_.Join(program_.DataFolder, "TIPOFDAY.TXT"), "tips");
+  }
+  std::string SkinIn(const std::string& folder, const std::string& name) const {
+    return syntax_.Join(syntax_.Join(folder, "skins"), name);
+  }
+  std::string Tips(const std::string& folder) const {
+    return Get(syntax_.Join(folder, "TIPOFDAY.TXT"));
+  }
+  TestedSystemInfo Start() const { return TestedSystemInfo(program_.Places); }
+
+  InstalledProgram program_;
+  const base::PathSyntax& syntax_ = base::PathSyntax::Native();
+};
+
+TEST_F(SystemInfoContract, FillsTheUsersFolderAtFirstStartOnly) {
+  const std::string& folder = program_.UserFolder;
+  EXPECT_EQ(Start().ProgramFolder(), folder);
+  EXPECT_EQ(Start().DataFolder(), program_.DataFolder);
+  EXPECT_EQ(Get(SkinIn(folder, "a.twk")) + Get(SkinIn(folder, "b.twk")) + Tips(folder),
+            "a.twkb.twktips");
+  std::filesystem::remove(SkinIn(folder, "a.twk"));
+  Put(SkinIn(folder, "b.twk"), "mine");
+  EXPECT_TRUE(Start().FolderTrouble());
+  EXPECT_FALSE(std::filesystem::exists(SkinIn(folder, "a.twk")));
+  EXPECT_EQ(Get(SkinIn(folder, "b.twk")), "mine");
+}
+
+// So that each release can tell the skins of the one before from what the user has changed.
+TEST_F(SystemInfoContract, RenewsSkinsThatAreAsTheyCame) {
+  Start();
+  for (const auto& entry : std::filesystem::directory_iterator(TARNWELL_TESTS "/../data/skins")) {
+    Put(SkinIn(program_.UserFolder, "a.twk"), Get(entry.path().string()));
+    Start();
+    EXPECT_EQ(Get(SkinIn(program_.UserFolder, "a.twk")), "a.twk") << entry.path();
+  }
+}
+
+TEST_F(SystemInfoContract, FinishesAFirstStartCutShort) {
+  program_.Root.Make({"own/.skins-unfinished/a.twk=a", "own/TIPOFDAY.TXT=mine"});
+  const std::string folder = program_.Root / "own";
+  program_.Places.TarnwellHome = syntax_.AddSeparator(folder);
+  EXPECT_EQ(Start().ProgramFolder(), folder);
+  EXPECT_EQ(Get(SkinIn(folder, "b.twk")) + Tips(folder), "b.twkmine");
+  EXPECT_FALSE(std::filesystem::exists(syntax_.Join(folder, ".skins-unfinished")));
+}
+
+TEST_F(SystemInfoContract, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
+  const std::string& beside = program_.Places.ExecutableFolder;
+  std::filesystem::create_directory(syntax_.Join(beside, "skins"));
+  EXPECT_EQ(Start().ProgramFolder(), beside);
+  EXPECT_EQ(Tips(beside), "tips");
+  program_.Places.TarnwellHome = program_.Root / "new/own";
+  EXPECT_EQ(Start().ProgramFolder(), program_.Root / "new/own");
+  EXPECT_EQ(Get(SkinIn(program_.Root / "new/own", "a.twk")), "a.twk");
+
+  program_.Root.Make({"file="});
+  program_.Places.TarnwellHome = program_.Root / "file/own";
+  EXPECT_FALSE(Start().FolderTrouble().Reason.empty());
+  EXPECT_EQ(Start().SkinFolder(), syntax_.Join(program_.DataFolder, "skins"));
+  EXPECT_EQ(Start().FolderOf("TIPOFDAY.TXT"), program_.DataFolder);
+  EXPECT_EQ(Start().FolderOf("ring6full.gif"), program_.Root / "file/own");  // nowhere
+}
+
 const std::string firstLogLine = "# Tarnwell message log\n";
 
 TEST(LogFileContract, KeepsTheNewerHalfFromTheStartOfALine) {

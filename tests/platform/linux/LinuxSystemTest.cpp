@@ -22,20 +22,10 @@ class Installed : public testing::Test {
   ProgramPlaces places_;
 };
 
-TEST_F(Installed, FillsTheUsersFolderAtFirstStartOnly) {
+TEST_F(Installed, TakesTheUsersDataFolder) {
   const std::string folder = root_ / "home/.local/share/tarnwell";
-  const LinuxSystemInfo info(places_);
-  EXPECT_EQ(info.ProgramFolder(), folder);
-  EXPECT_EQ(info.DataFolder(), root_ / "share/tarnwell");
-  EXPECT_TRUE(Get(folder + "/skins/a.twk") == "a" && Get(folder + "/skins/b.twk") == "b");
-  EXPECT_EQ(Get(folder + "/TIPOFDAY.TXT"), "tips");
-
-  std::filesystem::remove(folder + "/skins/a.twk");
-  Put(folder + "/skins/b.twk", "mine");
   places_.DataHome = "relative";
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
-  EXPECT_FALSE(std::filesystem::exists(folder + "/skins/a.twk"));
-  EXPECT_EQ(Get(folder + "/skins/b.twk"), "mine");
   places_.DataHome = root_ / "data home";
   EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "data home/tarnwell");
 }
@@ -50,34 +40,28 @@ TEST_F(Installed, KnowsWhereItsGuideIsOrWouldBe) {
   }
 }
 
-TEST_F(Installed, FinishesAFirstStartCutShort) {
+TEST_F(Installed, ClearsAwayWhatAKilledRunHasLeft) {
   const std::string folder = root_ / "own";
-  root_.Make({"own/.skins-unfinished/a.twk=a", "own/TIPOFDAY.TXT=mine"});
+  root_.Make({"own/skins/", "own/TIPOFDAY.TXT=mine"});
   InChild([&] {  // as one that was killed while it saved
     TemporaryName name;
     ASSERT_EQ(name.Renew(), NoError);
     Put(folder + "/" + name.Text(), "half");
   });
-  places_.TarnwellHome = folder + "/";
-  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), folder);
-  EXPECT_EQ(Get(folder + "/skins/b.twk") + Get(folder + "/TIPOFDAY.TXT"), "bmine");
-  EXPECT_FALSE(std::filesystem::exists(folder + "/.skins-unfinished"));
+  places_.TarnwellHome = folder;
+  const LinuxSystemInfo info(places_);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 2);
 }
 
-TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
+TEST_F(Installed, IsPortableWhereItsOwnFolderIsTheUsers) {
   std::filesystem::create_directories(root_ / "bin/skins");
-  EXPECT_EQ(LinuxSystemInfo(places_).ProgramFolder(), root_ / "bin");
-  EXPECT_EQ(Get(root_ / "bin/TIPOFDAY.TXT"), "tips");
   EXPECT_TRUE(LinuxSystemInfo(places_).IsPortable());
   places_.TarnwellHome = root_ / "new/own";
   root_.Make({"bin/data/skins/a.twk=a"});
   const LinuxSystemInfo moved(places_);
-  EXPECT_EQ(moved.ProgramFolder(), root_ / "new/own");
   EXPECT_EQ(moved.DataFolder(), root_ / "bin/data");
   EXPECT_FALSE(moved.IsPortable());
   std::filesystem::remove_all(root_ / "bin/data");
-  EXPECT_EQ(Get(root_ / "new/own/skins/a.twk"), "a");
 
   places_.TarnwellHome.clear();
   std::filesystem::permissions(root_ / "bin", std::filesystem::perms(0555));
@@ -87,11 +71,8 @@ TEST_F(Installed, PrefersTarnwellHomeThenAWritableFolderOfItsOwn) {
     places_.HomeFolder = "/proc/missing";
     const LinuxSystemInfo info(places_);
     EXPECT_EQ(info.ProgramFolder(), "/proc/missing/.local/share/tarnwell");
-    // The reason is that of the step that failed, and the skins are those that came with it.
+    // The reason is that of the step that failed.
     EXPECT_EQ(info.FolderTrouble().Code, ENOENT);
-    EXPECT_EQ(info.SkinFolder(), root_ / "share/tarnwell/skins");
-    EXPECT_EQ(info.FolderOf("TIPOFDAY.TXT"), root_ / "share/tarnwell");
-    EXPECT_EQ(info.FolderOf("ring6full.gif"), info.ProgramFolder());  // nowhere
   });
 }
 

@@ -6,12 +6,25 @@
 #include "platform/linux/system/LinuxCollation.h"
 #include "platform/linux/system/LinuxDrives.h"
 #include "platform/linux/system/LinuxLogFile.h"
+#include "platform/linux/system/LinuxSystemInfo.h"
 #include "platform/linux/system/LinuxUserSettings.h"
 
 namespace tarnwell::platform {
 
 using TestedClock = LinuxClock;
 using TestedLogFile = LinuxLogFile;
+using TestedSystemInfo = LinuxSystemInfo;
+
+// A program whose own folder holds none of the user's files.
+struct InstalledProgram {
+  const TempFolder Root;
+  const std::string DataFolder = Root / "share/tarnwell",
+                    UserFolder = Root / "home/.local/share/tarnwell";
+  ProgramPlaces Places{.ExecutableFolder = Root / "bin",
+                       .TarnwellHome = {},
+                       .DataHome = {},
+                       .HomeFolder = Root / "home"};
+};
 
 class TestedDrives : public LinuxDrives {
  public:

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "TempFolder.h"
+#include "platform/win32/files/WindowsFileSystem.h"
 #include "platform/win32/system/WindowsClock.h"
 #include "platform/win32/system/WindowsCollation.h"
 #include "platform/win32/system/WindowsDrives.h"
 #include "platform/win32/system/WindowsLogFile.h"
+#include "platform/win32/system/WindowsSystemInfo.h"
 #include "platform/win32/system/WindowsUserSettings.h"
 
 namespace tarnwell::platform {
@@ -20,6 +22,22 @@ inline LocalTime InCentralEurope(std::int64_t moment) {
 
 struct TestedLanguages {
   const WindowsCollation English{"en-US"}, Danish{"da-DK"};
+};
+
+struct OnDisk {
+  WindowsFileSystem Disk;
+};
+class TestedSystemInfo : OnDisk, public WindowsSystemInfo {
+ public:
+  explicit TestedSystemInfo(const ProgramPlaces& places) : WindowsSystemInfo(places, Disk) {}
+};
+
+// A program whose own folder holds none of the user's files.
+struct InstalledProgram {
+  const TempFolder Root;
+  const std::string DataFolder = Root / "program/data", UserFolder = Root / "local/Tarnwell";
+  ProgramPlaces Places{
+      .ExecutableFolder = Root / "program", .TarnwellHome = {}, .LocalAppData = Root / "local"};
 };
 
 // Settings that are kept nowhere else, until this ends.

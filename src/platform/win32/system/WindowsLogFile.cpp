@@ -5,12 +5,12 @@
 
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
+#include "platform/win32/files/ReplaceContent.h"
 
 namespace tarnwell::platform {
 namespace {
 
 constexpr std::string_view logMark = "# Tarnwell message log\n";
-constexpr const wchar_t* unfinishedEnd = L".unfinished";
 
 base::Status WriteLog(const Handle& file, std::string_view text) {
   OVERLAPPED atEnd{};  // by the documentation of WriteFile
@@ -131,7 +131,7 @@ base::Status WindowsLogFile::Write(std::string_view line) {
   return status;
 }
 
-// Beside the file, and renamed when whole, so that a crash meanwhile costs no line.
+// In one step, so that a crash meanwhile costs no line.
 base::Status WindowsLogFile::DropOlderHalf(std::int64_t size) {
   // A byte more, in case a line begins just there.
   const std::int64_t length = std::min(size, limit_ / 2 + 1);
@@ -139,20 +139,8 @@ base::Status WindowsLogFile::DropOlderHalf(std::int64_t size) {
   if (newer.size() != static_cast<std::size_t>(length)) return SystemError(ERROR_READ_FAULT);
   std::string kept(logMark);
   kept.append(newer, std::min(newer.find('\n'), newer.size() - 1) + 1);
-
-  const std::wstring unfinished = longPath_ + unfinishedEnd;
-  base::Status status;
-  {
-    const Handle file(CreateFileW(unfinished.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-    status = file ? WriteLog(file, kept) : LastError();
-  }
   file_ = {};  // what is open is not replaced
-  if (status && MoveFileExW(unfinished.c_str(), longPath_.c_str(),
-                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == FALSE) {
-    status = LastError();
-  }
-  if (!status) DeleteFileW(unfinished.c_str());
+  const base::Status status = ReplaceContent(path_, kept);
   return status ? OpenFile() : status;
 }
 
