@@ -1,11 +1,28 @@
 #include "RunUntil.h"
 #include "SystemServices.h"
+#include "platform/win32/system/WindowsDesktopNotices.h"
+#include "platform/win32/system/WindowsKeyboard.h"
+#include "platform/win32/system/WindowsTermination.h"
 // Behind the system's own, which it needs.
 #define IS_32
 #include <dbt.h>
+#include <shellapi.h>
 
 namespace tarnwell::platform {
 namespace {
+
+// What was posted before this has been made then.
+void FinishPosts() {
+  bool isBehind = false;
+  PostToLoop([&isBehind] { isBehind = true; });
+  EXPECT_TRUE(RunUntil([&isBehind] { return isBehind; }));
+}
+
+HWND HiddenWindowOf(const wchar_t* name) {
+  HWND const window = FindWindowW(name, nullptr);
+  EXPECT_NE(window, nullptr) << "the system makes no windows here";
+  return window;
+}
 
 TEST(WindowsDrives, FindsTheDriveOfAnyPath) {
   const WindowsDrives drives;
@@ -27,8 +44,7 @@ TEST(WindowsDrives, TellsFromTheLoopOfVolumesThatComeAndGo) {
   WindowsDrives drives;
   int told = 0;
   drives.OnChange([&told] { ++told; });
-  HWND const window = FindWindowW(L"TarnwellDrives", nullptr);
-  ASSERT_NE(window, nullptr) << "the system makes no windows here";
+  HWND const window = HiddenWindowOf(L"TarnwellDrives");
   DEV_BROADCAST_VOLUME volume{sizeof volume, DBT_DEVTYP_VOLUME, 0, 1 << 5, 0};
   const auto tell = [&](WPARAM event) {
     SendMessageW(window, WM_DEVICECHANGE, event, reinterpret_cast<LPARAM>(&volume));
@@ -38,10 +54,65 @@ TEST(WindowsDrives, TellsFromTheLoopOfVolumesThatComeAndGo) {
   EXPECT_TRUE(RunUntil([&told] { return told == 1; }));
   tell(DBT_DEVICEREMOVECOMPLETE);
   drives.OnChange({});
-  bool isBehind = false;
-  PostToLoop([&isBehind] { isBehind = true; });
-  EXPECT_TRUE(RunUntil([&isBehind] { return isBehind; }));
+  FinishPosts();
   EXPECT_EQ(told, 1);
+}
+
+TEST(WindowsTermination, HoldsTheSessionUpUntilAllIsSaved) {
+  std::string done;
+  const WindowsTermination termination(
+      [&done] {
+        done += "quit ";
+        PostToLoop([&done] { done += "saved "; });
+      },
+      [&done] { return done.ends_with("saved "); });
+  HWND const window = HiddenWindowOf(L"TarnwellTermination");
+  EXPECT_NE(SendMessageW(window, WM_QUERYENDSESSION, 0, 0), 0);
+  SendMessageW(window, WM_ENDSESSION, FALSE, 0);  // another program has kept the session
+  EXPECT_EQ(done, "");
+  SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(done, "quit saved ");
+  SendMessageW(window, WM_CLOSE, 0, 0);
+  EXPECT_EQ(done, "quit saved quit ");
+  FinishPosts();
+}
+
+TEST(WindowsDesktopNotices, TellOfAClickOnTheNewestNotification) {
+  std::string clicked;
+  const auto click = [] {
+    SendMessageW(HiddenWindowOf(L"TarnwellNotice"), WM_APP + 1, 0, NIN_BALLOONUSERCLICK);
+  };
+  {
+    WindowsDesktopNotices notices({});
+    notices.ShowTaskEntry({.Percent = 50, .IsUrgent = true});  // there is no window yet
+    const auto notify = [&](const std::string& name) {
+      notices.Notify({.Title = std::string(100, 'x'), .Text = "Done.", .Clicked = [&clicked, name] {
+                        clicked += name;
+                      }});
+    };
+    notify("a");
+    click();
+    notify("b");
+    click();
+    FinishPosts();
+    EXPECT_EQ(clicked, "b");
+    click();
+  }
+  FinishPosts();
+  EXPECT_EQ(clicked, "b");
+  EXPECT_EQ(FindWindowW(L"TarnwellNotice", nullptr), nullptr);
+}
+
+TEST(WindowsKeyboard, TellsWhichKeysAreDown) {
+  const auto held = [](BYTE key) {
+    keybd_event(key, 0, 0, 0);
+    const HeldKeys keys = WindowsKeyboard().Held();
+    keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+    return std::string(keys.Space ? "space " : "") + (keys.Any ? "any" : "");
+  };
+  EXPECT_EQ(held(VK_SPACE), "space any");
+  EXPECT_EQ(held('A'), "any");
+  EXPECT_EQ(held(VK_SHIFT), "");
 }
 
 }  // namespace
