@@ -9,6 +9,7 @@
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
 #include "platform/CountedTexts.h"
+#include "platform/OpenQuestion.h"
 #include "platform/linux/files/FindItem.h"
 #include "platform/linux/menu/FileOpener.h"
 #include "platform/linux/menu/LinkItems.h"
@@ -232,7 +233,7 @@ void LinuxItemMenu::Open() {
 void LinuxItemMenu::OpenWith(GAppInfo* application) {
   FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
-  if (!found.empty() && AskAboutMany(found.size(), OpeningTools())) {
+  if (!found.empty() && AskAboutMany(found.size(), tools_.Dialogs, tools_.Forms)) {
     const base::Status status = Launch(application, found);
     for (const std::string& path : found) failures.Add(path, status);
   }
@@ -272,7 +273,7 @@ void LinuxItemMenu::RunCommand(const std::string& command) {
   FailureList failures(tools_.Forms);
   const std::vector<std::string> found = ItemsThere(failures);
   failures.Show(tools_.Dialogs, notOpened);
-  if (found.empty() || !AskAboutMany(found.size(), OpeningTools())) return;
+  if (found.empty() || !AskAboutMany(found.size(), tools_.Dialogs, tools_.Forms)) return;
   const base::Status status = OpenWithCommand(command, found, folder_, tools_.Calls);
   if (!status) Tell(command, "could not be started", status);
 }

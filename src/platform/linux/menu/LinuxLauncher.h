@@ -7,8 +7,11 @@
 namespace tarnwell::platform {
 
 // A file goes to the default application for its kind. It is a program where it may be executed and
-// its content is a program's, or where there are parameters. What is started has nothing of this
-// program's but its environment, with PWD for its folder, and its terminal output.
+// its content is a program's, or where there are parameters: words by the quoting rules of a POSIX
+// shell, without one, in which every quote ends. A name without a folder is never that of a program
+// in the working folder. Before a program starts that was picked in a list, the user is asked. What
+// is started has nothing of this program's but its environment, with PWD for its folder, and its
+// terminal output.
 class LinuxLauncher : public Launcher {
  public:
   explicit LinuxLauncher(const OpenTools& tools) : tools_(tools) {}

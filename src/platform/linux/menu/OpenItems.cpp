@@ -5,15 +5,13 @@
 #include <utility>
 
 #include "base/PathSyntax.h"
-#include "platform/CountedTexts.h"
+#include "platform/OpenQuestion.h"
 #include "platform/linux/menu/FarOpening.h"
 #include "platform/linux/menu/ProgramFiles.h"
 #include "platform/linux/posix/SystemError.h"
 
 namespace tarnwell::platform {
 namespace {
-
-constexpr std::size_t mostUnasked = 30;
 
 struct Item {
   std::string Path;
@@ -81,11 +79,6 @@ void OpenDocuments(const std::vector<const Item*>& documents,
 
 }  // namespace
 
-bool AskAboutMany(std::size_t count, const OpenTools& tools) {
-  return count <= mostUnasked ||
-         tools.Dialogs.AskYesNo("Open", Counted(tools.Forms, CountedText::OpenQuestion, count));
-}
-
 std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
                                      const std::string& folder, const OpenTools& tools) {
   std::vector<LaunchFailure> failures;
@@ -102,7 +95,7 @@ std::vector<LaunchFailure> OpenItems(const std::vector<std::string>& paths,
   StartIn where = StartIn::Fitting;
   bool opensPrograms = false;
   if (question.Programs.empty()) {
-    if (!AskAboutMany(items.size(), tools)) return failures;
+    if (!AskAboutMany(items.size(), tools.Dialogs, tools.Forms)) return failures;
   } else if (paths.size() > 1 || !StartsUnasked(items.front(), tools.Calls)) {
     const RunChoice choice = tools.Windows.AskRun(question);
     if (choice == RunChoice::Cancel) return failures;

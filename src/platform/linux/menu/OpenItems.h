@@ -22,9 +22,6 @@ struct OpenTools {
   FarCalls Calls{};
 };
 
-// More than thirty items may mean as many programs at once: whether the user wants that.
-bool AskAboutMany(std::size_t count, const OpenTools& tools);
-
 // Opens each of the items with its own default application, those of one application together;
 // programs start in the folder, after a question. Only one that is opened alone, and is part of the
 // system by its place, starts without.

@@ -1,29 +1,11 @@
 #include "platform/win32/shell/ItemIds.h"
 
-#include <string_view>
-
 #include "base/PathSyntax.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
+#include "platform/win32/shell/ShellPath.h"
 
 namespace tarnwell::platform {
-namespace {
-
-// The shell leaves out dots and blanks at the end of names: another item may be called so.
-bool AreNamesOfTheShell(std::string_view path) {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  while (!path.empty() && !syntax.IsDriveRoot(path)) {
-    if (path.ends_with(syntax.Separator)) path.remove_suffix(1);
-    const std::size_t end = path.rfind(syntax.Separator);
-    if (end == path.npos || path.substr(0, end + 1) == syntax.NetworkMark) break;
-    if (!syntax.IsName(path.substr(end + 1))) return false;
-    path = path.substr(0, end + 1);
-  }
-  return true;
-}
-
-}  // namespace
-
 base::Status ShellError(HRESULT result) {
   if (SUCCEEDED(result)) return {};
   return {static_cast<int>(result), ComError(result).Reason};

@@ -1,0 +1,46 @@
+#include "platform/win32/shell/ShellPath.h"
+
+#include "base/PathSyntax.h"
+#include "platform/win32/api/WideName.h"
+#include "platform/win32/api/Windows.h"
+
+namespace tarnwell::platform {
+namespace {
+
+bool IsShort(const std::wstring& path) {
+  return path.size() < MAX_PATH;
+}
+
+}  // namespace
+
+bool AreNamesOfTheShell(std::string_view path) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  while (!path.empty() && !syntax.IsDriveRoot(path)) {
+    if (path.ends_with(syntax.Separator)) path.remove_suffix(1);
+    const std::size_t end = path.rfind(syntax.Separator);
+    if (end == path.npos || path.substr(0, end + 1) == syntax.NetworkMark) break;
+    if (!syntax.IsName(path.substr(end + 1))) return false;
+    path = path.substr(0, end + 1);
+  }
+  return true;
+}
+
+base::Status ReadShellPath(const std::string& path, std::wstring& shellPath) {
+  shellPath = Wide(path);
+  const bool areNames = AreNamesOfTheShell(path);
+  if (IsShort(shellPath) && areNames) return {};
+  std::wstring brief(MAX_PATH + path.size(), L'\0');
+  brief.resize(
+      GetShortPathNameW(LongPath(path).c_str(), brief.data(), static_cast<DWORD>(brief.size())));
+  const std::string name = FromLongPath(brief);
+  shellPath = Wide(name);
+  if (!name.empty() && IsShort(shellPath) && AreNamesOfTheShell(name)) return {};
+  if (areNames) {
+    return {ERROR_FILENAME_EXCED_RANGE,
+            "The path has more than 259 characters, which is more than other programs take"};
+  }
+  return {ERROR_INVALID_NAME,
+          "Other programs take no name that ends in a dot or a blank, or is that of a device"};
+}
+
+}  // namespace tarnwell::platform
