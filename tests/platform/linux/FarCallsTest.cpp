@@ -54,7 +54,10 @@ class SlowFiles : public LinuxFileSystem {
       base::Status Read(const TakeEntry& take) override {
         return LinuxFolder::Read([&](const FolderEntry& entry) {
           while (++Given > Files.Listed && !Files.Answers) std::this_thread::yield();
-          return take(entry);
+          const ItemAttributes attributes{.Size = entry.Name.size()};
+          FolderEntry told = entry;
+          if (Given % 3 != 0) told.Attributes = &attributes;
+          return take(told);
         });
       }
       const SlowFiles& Files;
@@ -195,12 +198,15 @@ TEST(FarFileSystem, ReadsALargeFolderAheadAndNeedNotWaitForIt) {
   std::multiset<std::string> names;
   for (const std::size_t most : {2047, 2048, 2049, 4500, 5000}) {
     names.clear();
+    std::size_t known = 0;
     const auto take = [&](const FolderEntry& entry) {
       names.emplace(entry.Name);
+      known += entry.Attributes != nullptr && entry.Attributes->Size == entry.Name.size() ? 1 : 0;
       return names.size() < most;
     };
     EXPECT_TRUE(files.ReadFolder(folder.Path(), take));
     EXPECT_EQ(names.size(), std::min(most, made.size()));
+    EXPECT_EQ(known, names.size() - names.size() / 3);
   }
   EXPECT_TRUE(std::ranges::equal(names, made));
 
