@@ -80,7 +80,11 @@ bool PathSyntax::IsName(std::string_view name) const {
   const auto isControl = [](unsigned char byte) { return byte < 0x20; };
   return name.find_first_of(ForbiddenInNames) == name.npos &&
          std::ranges::none_of(name, isControl) && name.back() != '.' && name.back() != ' ' &&
-         !IsDeviceName(name);
+         !IsNameOfDevice(name);
+}
+
+bool PathSyntax::IsNameOfDevice(std::string_view name) const {
+  return !ForbiddenInNames.empty() && IsDeviceName(name);
 }
 
 bool PathSyntax::IsDriveRoot(std::string_view path) const {

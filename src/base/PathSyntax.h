@@ -26,6 +26,8 @@ struct PathSyntax {
 
   // Whether an item may be called so, as far as the text alone can tell.
   bool IsName(std::string_view name) const;
+  // Whether the platform keeps the name for a device, with any extension: "NUL", "com1.txt".
+  bool IsNameOfDevice(std::string_view name) const;
   // True for the root of a drive as far as the text alone can tell: "C:\" or "/".
   bool IsDriveRoot(std::string_view path) const;
   // Whether the path begins at a root, of a drive or of the network.

@@ -18,6 +18,17 @@ inline std::string FaultOfName(std::string_view name, const base::PathSyntax& sy
   if (name == "." || name == "..") {
     return "\".\" and \"..\" mean a folder itself and the one above it. Type another name.";
   }
+  if (name.find_first_of(syntax.ForbiddenInNames) != std::string_view::npos) {
+    std::string text = "A name cannot hold any of these characters:";
+    for (const char each : syntax.ForbiddenInNames) text.append(1, ' ').append(1, each);
+    return text;
+  }
+  if (!syntax.ForbiddenInNames.empty() && (name.ends_with('.') || name.ends_with(' '))) {
+    return "A name cannot end in a dot or a blank here. Type another one.";
+  }
+  if (syntax.IsNameOfDevice(name)) {
+    return "This name is kept for a device of the computer. Type another one.";
+  }
   return "No item can be called so here. Type another name.";
 }
 

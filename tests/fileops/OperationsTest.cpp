@@ -254,12 +254,16 @@ TEST_F(OperationsTest, RenamesWithTheCaretBeforeTheExtension) {
   EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "z.txt"));
   rename("ONE.txt");
   EXPECT_NE(Row(100, "ONE.txt"), lister::NoRow);
-  for (const char* bad : {"two", "Sub\\two", ".."}) rename(bad);
-  ASSERT_EQ(Messages.Texts.size(), 3U);
+  for (const char* bad : {"two", "Sub\\two", "..", "a?", "a.", "Nul.txt", "\t"}) rename(bad);
+  ASSERT_EQ(Messages.Texts.size(), 7U);
   EXPECT_EQ(Messages.Texts[0], Sorry +
                                    "\r\n\r\nThe system returned the following message: "
                                    "\r\n\r\nFile exists"s);
   EXPECT_TRUE(Messages.Texts[1].ends_with("A name cannot hold the character \\."));
+  EXPECT_TRUE(Messages.Texts[3].ends_with("any of these characters: / : * ? \" < > |"));
+  EXPECT_TRUE(Messages.Texts[4].find("end in a dot") != std::string::npos);
+  EXPECT_TRUE(Messages.Texts[5].find("a device of the computer") != std::string::npos);
+  EXPECT_TRUE(Messages.Texts[6].ends_with("No item can be called so here. Type another name."));
   EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\ONE.txt") && AllWatch());
   EXPECT_EQ(Noted(platform::CommandKind::Rename),
             (Texts{"C:\\Data\\one.txt > C:\\Data\\z.txt", "C:\\Data\\z.txt > C:\\Data\\ONE.txt"}));
