@@ -91,6 +91,15 @@ TEST(WindowsFileSystem, TellsAndKeepsTheMarksOfItems) {
   EXPECT_EQ(found, 2);
 }
 
+TEST(WindowsFileSystem, RenamesNothingThatTheSystemOrTheProgramNeeds) {
+  const TempFolder folder;
+  folder.Make({"program/file="});
+  WindowsFileSystem files(folder / "program");
+  EXPECT_NE(files.Rename(folder / "program", folder / "x").Reason, "");
+  EXPECT_TRUE(files.Rename(folder / "program/file", folder / "x"));
+  EXPECT_EQ(folder.Names(), "program x ");
+}
+
 TEST(WindowsFileSystem, TellsOfDrivesAndSharesThatAreGone) {
   WindowsFileSystem files;
   for (const std::string path : {R"(Q:\)", R"(Q:\folder)", R"(\\nowhere.invalid\share)"}) {

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/ItemList.h"
 #include "platform/win32/api/Handle.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/files/CheckTarget.h"
@@ -13,6 +14,7 @@
 #include "platform/win32/files/MeasureFolder.h"
 #include "platform/win32/files/NamedStreams.h"
 #include "platform/win32/files/NamingError.h"
+#include "platform/win32/files/ProtectedItems.h"
 #include "platform/win32/files/RenameItem.h"
 #include "platform/win32/files/ReplaceContent.h"
 #include "platform/win32/files/SystemPath.h"
@@ -112,7 +114,10 @@ base::Status WindowsFileSystem::MakeFolder(const std::string& path) {
 }
 
 base::Status WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
-  return NamingError(RenameItem(from, to));
+  const std::string refusal =
+      ProtectedItems(programFolder_).Refusal(FileFunction::Rename, base::ItemList::TextOf({from}));
+  return refusal.empty() ? NamingError(RenameItem(from, to))
+                         : base::Status{ERROR_ACCESS_DENIED, refusal};
 }
 
 base::Status WindowsFileSystem::ReadFile(const std::string& path, std::string& content) const {

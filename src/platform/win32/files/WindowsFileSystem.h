@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/FileSystem.h"
 
@@ -13,6 +14,11 @@ namespace tarnwell::platform {
 // nothing is made under a name that other programs could not open.
 class WindowsFileSystem : public FileSystem {
  public:
+  WindowsFileSystem() = default;
+  // Refuses to rename what ProtectedItems tells for this folder of the program's own files.
+  explicit WindowsFileSystem(std::string programFolder)
+      : programFolder_(std::move(programFolder)) {}
+
   const base::PathSyntax& Syntax() const override;
   std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
                                            base::Status& status) const override;
@@ -32,6 +38,9 @@ class WindowsFileSystem : public FileSystem {
   base::Status ReadFile(const std::string& path, std::string& content) const override;
   base::Status WriteFile(const std::string& path, const std::string& content) override;
   base::Status RemoveFile(const std::string& path) override;
+
+ private:
+  std::string programFolder_;
 };
 
 }  // namespace tarnwell::platform
