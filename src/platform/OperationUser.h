@@ -22,6 +22,9 @@ struct OperationProgress {
   std::uint64_t ItemsDone = 0;
   std::uint64_t ItemsTotal = 0;
   bool IsCounting = false;  // the totals may still grow
+  // The system does the work in one step, shows how far it is by a window of its own, and can be
+  // neither paused nor cancelled from here.
+  bool IsBySystem = false;
 };
 
 // One side of a conflict: the item itself, no link followed.

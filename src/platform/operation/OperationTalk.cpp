@@ -125,6 +125,11 @@ void OperationTalk::Report(std::string_view from, std::string_view to) {
   Send(progress);
 }
 
+void OperationTalk::HandOver(std::string_view from, std::string_view to) {
+  progress_.IsBySystem = true;
+  if (!Has(Silent)) Report(from, to);
+}
+
 void OperationTalk::ReportEnd() {
   if (!Has(Silent)) Send(progress_);
 }

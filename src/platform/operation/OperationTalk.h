@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "platform/OperationUser.h"
@@ -66,6 +67,9 @@ class OperationTalk {
   // Whether the user would hear of progress by now.
   bool IsReportDue() const;
   void Report(std::string_view from, std::string_view to);
+  // The system takes the work over, as OperationProgress::IsBySystem tells, and gives it back.
+  void HandOver(std::string_view from, std::string_view to);
+  void TakeBack() { progress_.IsBySystem = false; }
   // The last word, sent whatever the time.
   void ReportEnd();
 

@@ -1,0 +1,37 @@
+// Whether an item of a request may be worked on.
+#pragma once
+
+#include <string>
+
+#include "platform/operation/OperationTalk.h"
+#include "platform/win32/files/ProtectedItems.h"
+
+namespace tarnwell::platform {
+
+// Each of these is false where the item is to be left, of which the user has heard.
+class ItemCheck {
+ public:
+  ItemCheck(OperationTalk& talk, const std::string& programFolder)
+      : talk_(talk), programFolder_(programFolder), protected_(programFolder) {}
+
+  // And the shell can be asked for it.
+  bool IsThere(const std::string& path, const ItemFingerprint* expected);
+  // It is not protected.
+  bool MayTake(const std::string& path);
+  // Why it may not be taken; empty where it may.
+  std::string Refusal(const std::string& path);
+  // All is well with an item of which nothing is expected: null.
+  bool IsAsExpected(const std::string& path, const ItemFingerprint* expected);
+  // A folder does not go into itself, and the shell can be asked for the target.
+  bool MayBecome(const std::string& from, const std::string& to);
+
+  // Tells that the item is gone, or another one.
+  void TellOfOther(const std::string& path, bool isGone);
+
+ private:
+  OperationTalk& talk_;
+  const std::string programFolder_;
+  ProtectedItems protected_;
+};
+
+}  // namespace tarnwell::platform

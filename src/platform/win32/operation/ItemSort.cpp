@@ -1,0 +1,55 @@
+#include "platform/win32/operation/ItemSort.h"
+
+#include <string_view>
+
+#include "base/PathSyntax.h"
+#include "platform/win32/api/Handle.h"
+#include "platform/win32/api/WideName.h"
+#include "platform/win32/files/ItemLook.h"
+#include "platform/win32/files/NamingError.h"
+
+namespace tarnwell::platform {
+namespace {
+
+ItemSort SortFrom(const WIN32_FIND_DATAW& found) {
+  const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  return isFolder && !IsLinkEntry(found) ? ItemSort::Folder : ItemSort::File;
+}
+
+}  // namespace
+
+base::Status FindSort(const std::string& path, ItemSort& sort) {
+  WIN32_FIND_DATAW found;
+  sort = ItemSort::None;
+  const DWORD error = LookAtItem(LongPath(path), found);
+  if (error == ERROR_SUCCESS) sort = SortFrom(found);
+  const bool isNone = error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+  return isNone ? base::Status() : NamingError(error);
+}
+
+ItemSort SortOf(const std::string& path) {
+  ItemSort sort = ItemSort::None;
+  static_cast<void>(FindSort(path, sort));
+  return sort;
+}
+
+bool FolderExists(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(LongPath(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+void ReadNames(const std::string& folder,
+               const std::function<void(const std::string& name, ItemSort sort)>& take) {
+  WIN32_FIND_DATAW found;
+  const std::wstring pattern = LongPath(base::PathSyntax::Windows().Join(folder, "*"));
+  const FindHandle items(FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found,
+                                          FindExSearchNameMatch, nullptr,
+                                          FIND_FIRST_EX_LARGE_FETCH));
+  for (bool isThere = static_cast<bool>(items); isThere;
+       isThere = FindNextFileW(items.Get(), &found) != 0) {
+    const std::wstring_view name = found.cFileName;
+    if (name != L"." && name != L"..") take(Narrow(name), SortFrom(found));
+  }
+}
+
+}  // namespace tarnwell::platform

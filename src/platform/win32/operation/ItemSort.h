@@ -1,0 +1,30 @@
+// What stands at a path, as far as operations go by it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "base/Status.h"
+
+namespace tarnwell::platform {
+
+enum class ItemSort : std::uint8_t {
+  None,  // nothing is there
+  File,  // or a link, also one to a folder
+  Folder,
+};
+
+// Fails where that cannot be told; what is not there is a success.
+base::Status FindSort(const std::string& path, ItemSort& sort);
+// What cannot be told counts as none.
+ItemSort SortOf(const std::string& path);
+
+// Also by a link.
+bool FolderExists(const std::string& path);
+
+// Calls `take` with each item of the folder; what cannot be read ends it early.
+void ReadNames(const std::string& folder,
+               const std::function<void(const std::string& name, ItemSort sort)>& take);
+
+}  // namespace tarnwell::platform
