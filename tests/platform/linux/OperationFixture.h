@@ -5,7 +5,7 @@
 #include <sys/xattr.h>
 
 #include "TempFolder.h"
-#include "base/ItemList.h"
+#include "platform/contract/OperationCalls.h"
 #include "platform/linux/files/Fingerprint.h"
 #include "platform/linux/operation/RunOperation.h"
 
@@ -14,60 +14,22 @@ namespace tarnwell::platform {
 inline const std::string otherVolume = "/dev/shm/";
 inline constexpr std::size_t copyThreads = 3;  // also where the volumes suit fewer
 
-struct ScriptedUser : OperationUser {
-  int CancelAt = -1;  // which question whether to go on is the last
-  int Asked = 0;
-  ConflictAnswer Conflict;
-  TroubleChoice Trouble = TroubleChoice::Skip;
-  NoTrashAnswer NoTrash;
-  std::function<void()> Meanwhile;
-  std::string Heard;  // what was asked about, each followed by a blank
-  OperationProgress Last;
-
-  static std::string NameOf(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-  bool GoesOn() override {
-    if (Meanwhile) Meanwhile();
-    return Asked++ != CancelAt;
-  }
-  void OnProgress(const OperationProgress& progress) override { Last = progress; }
-  ConflictAnswer OnConflict(const OperationConflict& conflict) override {
-    Heard += "conflict:" + NameOf(conflict.Target.Path) + " ";
-    return Conflict;
-  }
-  TroubleChoice OnTrouble(const OperationTrouble& trouble) override {
-    Heard += NameOf(trouble.Path) + ":" + std::to_string(trouble.Reason.Code) + " ";
-    return Trouble;
-  }
-  void OnRemark(OperationRemark, const std::string& path) override {
-    Heard += "remark:" + NameOf(path) + " ";
-  }
-  NoTrashAnswer OnNoTrash(const std::string&) override { return NoTrash; }
-  MissingFolderChoice OnMissingFolder(const std::string& path) override {
-    Heard += "missing:" + NameOf(path) + " ";
-    return MissingFolderChoice::Make;
-  }
-};
-
-inline OperationResult Do(OperationUser& user, FileFunction function,
-                          const std::vector<std::string>& items, const std::string& to,
-                          int flags = 0) {
-  return RunOperation({function, base::ItemList::TextOf(items), base::ItemList::TextOf({to}),
-                       static_cast<std::uint16_t>(flags)},
-                      user, {}, copyThreads);
+inline OperationResult CarryOut(const OperationRequest& request, OperationUser& user) {
+  return RunOperation(request, user, {}, copyThreads);
 }
 
-// Each item that was done as "from>to " without the folder of the test, with a "*" where it was
-// made with all below it. Each stands there as told, and what has moved is no more where it was.
-inline std::string Told(const OperationResult& result, std::size_t root) {
-  std::string told;
-  for (const DoneItem& item : result.Done) {
-    const bool isWhole = item.Print.Below != 0;
-    EXPECT_NE(item.Print.Kind, 0U) << item.To;
-    EXPECT_EQ(FingerprintOf(item.To, isWhole), item.Print) << item.To;
-    const std::string from = item.From.empty() ? "" : item.From.substr(root);
-    told += from + ">" + item.To.substr(root) + (isWhole ? "* " : " ");
+inline ItemFingerprint PrintOf(const std::string& path, bool isWhole) {
+  return FingerprintOf(path, isWhole);
+}
+
+// With folders on one volume, and on two.
+inline void BetweenFolders(
+    const std::function<void(const TempFolder& here, const TempFolder& there)>& check) {
+  for (const std::string& where : {testing::TempDir(), otherVolume}) {
+    const TempFolder here;
+    const TempFolder there(where);
+    check(here, there);
   }
-  return told;
 }
 
 // Every item below the folder by its path there, with all that a copy is to keep.
