@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/linux/search/TextScan.h"
 #include "platform/pcre/PcreRegex.h"
+#include "platform/search/TextScan.h"
 
 namespace tarnwell::fuzz {
 

@@ -17,9 +17,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/WorkShare.h"
 #include "platform/linux/files/LinuxFolder.h"
 #include "platform/linux/posix/Descriptor.h"
-#include "platform/linux/posix/WorkShare.h"
 
 namespace tarnwell::platform {
 namespace {

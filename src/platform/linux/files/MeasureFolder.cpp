@@ -13,13 +13,13 @@
 #include <utility>
 #include <vector>
 
+#include "platform/WorkShare.h"
 #include "platform/linux/posix/Descriptor.h"
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/ItemIdentity.h"
 #include "platform/linux/posix/ReachedPath.h"
 #include "platform/linux/posix/SystemError.h"
 #include "platform/linux/posix/TreeWalk.h"
-#include "platform/linux/posix/WorkShare.h"
 
 namespace tarnwell::platform {
 namespace {

@@ -18,8 +18,6 @@ constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 // What has become something else since it was looked at holds nothing up, and becomes no terminal.
 constexpr int fileFlags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 constexpr unsigned searchedFacts = STATX_TYPE | STATX_SIZE | STATX_MTIME | STATX_INO | STATX_MNT_ID;
-// Files that tell no size, of the system's own kind, may have no end.
-constexpr std::uint64_t mostOfNoSize = std::uint64_t{64} << 20;
 constexpr std::uint64_t filesPerTelling = 64;
 
 // Gone, or another item by now.
@@ -104,7 +102,7 @@ void SearchWalk::TakeItem(int folder, const dirent64& item) {
   if (scan_) {
     files_.Add(name);
   } else {
-    Find(name, type);
+    FindItem(name, type);
   }
 }
 
@@ -154,7 +152,7 @@ void SearchWalk::EnterFolder(const std::string& name) {
 // Half of the files go to those that have nothing to do.
 void SearchWalk::LookIntoFiles(int folder) {
   for (auto name = files_.begin(); name != files_.end() && work_.IsWanted();) {
-    LookInto(folder, *name);
+    LookIntoFile(folder, *name);
     ++name;
     if (share_.Counts.LookedInto >= filesPerTelling || !share_.Found.empty()) Tell();
     if (!work_.HasIdle() || !work_.WantsJobs()) continue;
@@ -171,7 +169,7 @@ void SearchWalk::LookIntoFiles(int folder) {
   files_.Clear();
 }
 
-void SearchWalk::LookInto(int folder, const char* name) {
+void SearchWalk::LookIntoFile(int folder, const char* name) {
   const Descriptor file(openat(folder, name, fileFlags));
   struct stat found {};
   if (!file || fstat(file.Get(), &found) != 0) {
@@ -179,76 +177,20 @@ void SearchWalk::LookInto(int folder, const char* name) {
     return;
   }
   if (!S_ISREG(found.st_mode)) return;
-  const auto size = static_cast<std::uint64_t>(found.st_size);
-  if (size > request_.LargestFile) {
-    ++share_.Counts.TooLarge;
-    return;
-  }
-  ++share_.Counts.LookedInto;
-  errno = 0;
-  switch (Scan(file.Get(), size)) {
-    case ScanOutcome::Found:
-      Find(name, S_IFREG);
-      break;
-    case ScanOutcome::Binary:
-      ++share_.Counts.Binary;
-      break;
-    case ScanOutcome::TooMuch:
-      Note(PathOf(name), {EOVERFLOW, "The expression tries too many ways on this text"});
-      break;
-    case ScanOutcome::GoesOn:
-      if (work_.IsWanted()) Note(PathOf(name), SystemError(errno));
-      break;
-    case ScanOutcome::None:
-      break;
-  }
+  LookInto(name, static_cast<std::uint64_t>(found.st_size),
+           [&](char* room, std::size_t most, base::Status& reason) -> std::ptrdiff_t {
+             for (;;) {
+               const ssize_t got = read(file.Get(), room, most);
+               if (got >= 0) return got;
+               if (errno == EINTR) continue;
+               reason = SystemError(errno);
+               return -1;
+             }
+           });
 }
 
-// As far as the file went when it was opened: one that grows all the time has an end, too. GoesOn
-// where it cannot be read.
-ScanOutcome SearchWalk::Scan(int file, std::uint64_t size) {
-  scan_->Begin();
-  const std::uint64_t most = size > 0 ? size : std::min(mostOfNoSize, request_.LargestFile);
-  std::uint64_t done = 0;
-  std::size_t filled = 0;  // of the piece
-  while (work_.IsWanted()) {
-    const ssize_t got = read(file, scan_->Room() + filled, TextScan::PieceSize - filled);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) break;
-    done += static_cast<std::uint64_t>(got);
-    filled += static_cast<std::size_t>(got);
-    share_.Counts.Bytes += static_cast<std::uint64_t>(got);
-    const bool isLast = got == 0 || done >= most;
-    // Some file systems give little at a time, and the first piece is to tell what the file is.
-    if (!isLast && filled < TextScan::PieceSize) continue;
-    const ScanOutcome outcome = scan_->Take(std::exchange(filled, 0), isLast);
-    if (outcome != ScanOutcome::GoesOn) return outcome;
-  }
-  return ScanOutcome::GoesOn;
-}
-
-std::string SearchWalk::PathOf(std::string_view name) const {
-  std::string path = here_;
-  if (!path.ends_with('/')) path += '/';
-  return path.append(name);
-}
-
-void SearchWalk::Find(std::string_view name, mode_t type) {
-  ++share_.Counts.Found;
-  const bool isLink = type == S_IFLNK;
-  share_.Found.push_back(
-      {PathOf(name).substr(nameStart_), isLink ? ItemKind::Unknown : KindOfMode(type), isLink});
-}
-
-void SearchWalk::Note(std::string path, const base::Status& reason) {
-  ++share_.Counts.Troubles;
-  if (share_.Troubles.size() < MostSearchTroubles) {
-    share_.Troubles.push_back({std::move(path), reason});
-  }
-}
-
-void SearchWalk::Tell() {
-  work_.Tell(share_, here_);
+void SearchWalk::FindItem(const char* name, mode_t type) {
+  Find(name, KindOfMode(type), type == S_IFLNK);
 }
 
 }  // namespace tarnwell::platform

@@ -12,22 +12,18 @@
 #include "platform/linux/posix/FolderBuffer.h"
 #include "platform/linux/posix/TreeWalk.h"
 #include "platform/linux/search/SearchWork.h"
-#include "platform/linux/search/TextScan.h"
+#include "platform/search/SearchPart.h"
 
 namespace tarnwell::platform {
 
 // Walks the folders of a job, tests what is in them and looks into the files; gives jobs away where
 // others have nothing to do. Follows no link and opens nothing but folders and regular files.
-class SearchWalk {
+class SearchWalk : private SearchPart {
  public:
   // Work and request must outlive it.
   SearchWalk(SearchWork& work, const SearchRequest& request, SearchNameTest takesName,
              std::unique_ptr<TextScan> scan)
-      : work_(work),
-        request_(request),
-        takesName_(std::move(takesName)),
-        scan_(std::move(scan)),
-        nameStart_(request.Folder.size() + (request.Folder.ends_with('/') ? 0 : 1)) {}
+      : SearchPart(work, request, std::move(takesName), std::move(scan)), work_(work) {}
 
   void Run(SearchJob job);
 
@@ -41,27 +37,15 @@ class SearchWalk {
   bool IsInRange(const struct statx& found) const;
   void EnterFolder(const std::string& name);
   void LookIntoFiles(int folder);
-  void LookInto(int folder, const char* name);
-  ScanOutcome Scan(int file, std::uint64_t size);
-
-  std::string PathOf(std::string_view name) const;
-  void Find(std::string_view name, mode_t type);
-  void Note(std::string path, const base::Status& reason);
-  void Tell();
+  void LookIntoFile(int folder, const char* name);
+  void FindItem(const char* name, mode_t type);
 
   SearchWork& work_;
-  const SearchRequest& request_;
-  const SearchNameTest takesName_;  // may be empty
-  std::unique_ptr<TextScan> scan_;  // null where content does not matter
-  const std::size_t nameStart_;     // in a full path
-
   TreeWalk<Level> walk_;  // over the folders that have subfolders
   std::size_t top_ = 0;   // level of the job's folder
   FolderBuffer buffer_;
-  std::string here_;       // path of the folder that is read
-  std::size_t level_ = 0;  // of the items in it
+  std::size_t level_ = 0;  // of the items in the folder at hand
   NameList files_;         // of it, to be looked into
-  SearchShare share_;
 };
 
 }  // namespace tarnwell::platform

@@ -1,4 +1,4 @@
-#include "platform/linux/search/Utf16.h"
+#include "platform/search/Utf16.h"
 
 #include "base/Text.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/search/SearchWork.h"
+#include "platform/search/SearchTally.h"
 
 #include <algorithm>
 #include <iterator>
@@ -26,7 +26,7 @@ void MoveTo(Items& to, std::vector<Item>& from) {
 
 }  // namespace
 
-void SearchWork::Tell(SearchShare& share, const std::string& folder) {
+void SearchTally::Tell(SearchShare& share, const std::string& folder) {
   {
     const std::lock_guard lock(mutex_);
     Add(told_.Counts, share.Counts);
@@ -40,18 +40,18 @@ void SearchWork::Tell(SearchShare& share, const std::string& folder) {
   share.Counts = {};
 }
 
-void SearchWork::Fail(const base::Status& status) {
+void SearchTally::Fail(const base::Status& status) {
   const std::lock_guard lock(mutex_);
   if (status_) status_ = status;
 }
 
-bool SearchWork::Leave() {
+bool SearchTally::Leave() {
   const std::lock_guard lock(mutex_);
   if (--left_ == 0) end_ = std::chrono::steady_clock::now();
   return left_ == 0;
 }
 
-SearchUpdate SearchWork::TakeUpdate(std::size_t most) {
+SearchUpdate SearchTally::TakeUpdate(std::size_t most) {
   SearchUpdate update;
   const std::lock_guard lock(mutex_);
   const auto begin = found_.begin();
@@ -68,7 +68,7 @@ SearchUpdate SearchWork::TakeUpdate(std::size_t most) {
   return update;
 }
 
-bool SearchWork::HasMore() {
+bool SearchTally::HasMore() {
   const std::lock_guard lock(mutex_);
   return !found_.empty();
 }

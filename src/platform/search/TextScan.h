@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "platform/Regex.h"
-#include "platform/linux/search/Utf16.h"
+#include "platform/search/Utf16.h"
 
 namespace tarnwell::platform {
 

@@ -1,4 +1,4 @@
-#include "platform/linux/search/TextScan.h"
+#include "platform/search/TextScan.h"
 
 #include <algorithm>
 #include <cstring>
@@ -13,8 +13,13 @@ constexpr std::size_t overlap = TextScan::LongestLine / 2, wordRoom = TextScan::
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF", littleMark = "\xFF\xFE", bigMark = "\xFE\xFF";
 
+// A library that has the call is several times as fast by it.
 bool Holds(std::string_view text, std::string_view wanted) {
+#ifdef _WIN32
+  return text.find(wanted) != text.npos;
+#else
   return memmem(text.data(), text.size(), wanted.data(), wanted.size()) != nullptr;
+#endif
 }
 
 // The last place up to there that is right behind a character which no word holds; the same place
