@@ -9,9 +9,11 @@ TEST(ShellTest, ItemsHavePlaces) {
   ItemIds ids, child;
   ComPtr<IShellFolder> parent, folder;
   ASSERT_TRUE(ReadItemIds(R"(C:\windows\)", ids));
-  EXPECT_TRUE(OpenParent(*ids, parent, child) && ReadItemIds(*parent.Get(), "windows", child));
-  EXPECT_TRUE(OpenShellFolder(*ids, folder) && ReadItemIds(*folder.Get(), "system32", child));
-  EXPECT_EQ(ReadItemIds(*folder.Get(), "none", child).Code,
+  EXPECT_TRUE(OpenParent(*ids, parent, child) &&
+              ReadItemIds(*parent.Get(), R"(C:\windows)", child));
+  EXPECT_TRUE(OpenShellFolder(*ids, folder) &&
+              ReadItemIds(*folder.Get(), R"(C:\windows\system32)", child));
+  EXPECT_EQ(ReadItemIds(*folder.Get(), R"(C:\windows\none)", child).Code,
             HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND));
   EXPECT_FALSE(ReadItemIds(R"(C:\none)", ids).Reason.empty());
   EXPECT_EQ(ids, nullptr);
@@ -19,6 +21,8 @@ TEST(ShellTest, ItemsHavePlaces) {
     EXPECT_EQ(ReadItemIds(path, ids).Code, HRESULT_FROM_WIN32(ERROR_INVALID_NAME)) << path;
   }
   EXPECT_TRUE(ReadItemIds(R"(C:\)", ids));
+  const std::string deep = R"(C:\windows\)" + std::string(MAX_PATH, 'x');
+  EXPECT_EQ(ReadItemIds(deep, ids).Code, HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE));
 }
 
 }  // namespace

@@ -44,9 +44,7 @@ ComPtr<IContextMenu> MenuOfFolder(HWND owner, const std::string& folder,
   IdList children;
   for (const std::string& path : paths) {
     ItemIds child;
-    if (ReadItemIds(*opened.Get(), path.substr(folder.size()), child)) {
-      children.push_back(std::move(child));
-    }
+    if (ReadItemIds(*opened.Get(), path, child)) children.push_back(std::move(child));
   }
   return children.empty() ? nullptr : MenuIn(*opened.Get(), owner, children);
 }

@@ -3,23 +3,33 @@
 #include <utility>
 
 #include "base/PathSyntax.h"
+#include "platform/win32/api/WideName.h"
 #include "platform/win32/menu/OpenShellMenu.h"
 #include "platform/win32/menu/WindowsItemMenu.h"
 
 namespace tarnwell::platform {
 
 base::Status WindowsContextMenu::Find(const std::string& path) const {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  const std::string folder = base::PathSyntax::Windows().GetFolderPath(path);
   ItemIds ids;
-  if (path.ends_with(syntax.Separator)) return ReadItemIds(path, ids);
-  const std::string folder = syntax.GetFolderPath(path);
   if (folder != folder_ || opened_ == nullptr) {
     opened_ = nullptr;
     folder_ = folder;
-    if (const base::Status status = ReadItemIds(folder, ids); !status) return status;
-    if (const base::Status status = OpenShellFolder(*ids, opened_); !status) return status;
+    base::Status status = Reach(folder);
+    if (status) status = ReadItemIds(folder, ids);
+    if (status) status = OpenShellFolder(*ids, opened_);
+    if (!status) return status;
   }
-  return ReadItemIds(*opened_.Get(), path.substr(folder.size()), ids);
+  return folder == path ? base::Status() : ReadItemIds(*opened_.Get(), path, ids);
+}
+
+// The shell waits for another machine on this thread, without an end that anybody could ask for.
+base::Status WindowsContextMenu::Reach(const std::string& folder) const {
+  if (!tools_.Calls.PlaceOf(folder)) return {};
+  return tools_.Calls.Ask(folder, [folder] {
+    const bool isThere = GetFileAttributesW(LongPath(folder).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return isThere ? base::Status() : ShellError(HRESULT_FROM_WIN32(GetLastError()));
+  });
 }
 
 std::unique_ptr<ItemMenu> WindowsContextMenu::ForItems(const std::string& folder,

@@ -6,6 +6,7 @@
 #include "platform/ContextMenu.h"
 #include "platform/Dialogs.h"
 #include "platform/OwnerWindow.h"
+#include "platform/afar/FarCalls.h"
 #include "platform/win32/shell/ItemIds.h"
 
 namespace tarnwell::platform {
@@ -15,6 +16,7 @@ struct ShellMenuTools {
   OwnerWindow Owner;
   const FileOperation& Operation;  // says what may not go
   platform::Dialogs& Dialogs;
+  FarCalls Calls{};
 };
 
 // The entries are the shell's, and so is all that they do, with its questions, its progress and its
@@ -33,6 +35,9 @@ class WindowsContextMenu : public ContextMenu {
                                      const std::vector<std::string>& names) override;
 
  private:
+  // Whether another machine that the folder may be on answers.
+  base::Status Reach(const std::string& folder) const;
+
   const ComThread com_;
   const ShellMenuTools tools_;
   // Items are asked for one after the other, mostly of one folder.

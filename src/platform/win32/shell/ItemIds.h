@@ -25,11 +25,11 @@ base::Status ShellError(HRESULT result);
 // All of these may wait for a drive or for another machine, and need a ComThread.
 
 // The item at a full path, from the desktop on. Fails for what is not there, and for what the shell
-// would take for something else: with a name that PathSyntax::IsName refuses. Paths of more than
-// 259 characters may fail, too.
+// would take for something else, see AreNamesOfTheShell. A path of MAX_PATH characters and more may
+// fail, too, which the reason says.
 base::Status ReadItemIds(const std::string& path, ItemIds& ids);
-// The same for the name of an item in a folder.
-base::Status ReadItemIds(IShellFolder& folder, const std::string& name, ItemIds& ids);
+// The same from its folder on.
+base::Status ReadItemIds(IShellFolder& folder, const std::string& path, ItemIds& ids);
 
 // The folder with those ids from the desktop on.
 base::Status OpenShellFolder(const ITEMIDLIST& ids, ComPtr<IShellFolder>& folder);

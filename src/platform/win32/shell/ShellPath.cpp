@@ -25,6 +25,16 @@ bool AreNamesOfTheShell(std::string_view path) {
   return true;
 }
 
+base::Status NamesFault() {
+  return {ERROR_INVALID_NAME,
+          "Other programs take no name that ends in a dot or a blank, or is that of a device"};
+}
+
+base::Status LengthFault() {
+  return {ERROR_FILENAME_EXCED_RANGE,
+          "The path has more than 259 characters, which is more than other programs take"};
+}
+
 base::Status ReadShellPath(const std::string& path, std::wstring& shellPath) {
   shellPath = Wide(path);
   const bool areNames = AreNamesOfTheShell(path);
@@ -35,12 +45,7 @@ base::Status ReadShellPath(const std::string& path, std::wstring& shellPath) {
   const std::string name = FromLongPath(brief);
   shellPath = Wide(name);
   if (!name.empty() && IsShort(shellPath) && AreNamesOfTheShell(name)) return {};
-  if (areNames) {
-    return {ERROR_FILENAME_EXCED_RANGE,
-            "The path has more than 259 characters, which is more than other programs take"};
-  }
-  return {ERROR_INVALID_NAME,
-          "Other programs take no name that ends in a dot or a blank, or is that of a device"};
+  return areNames ? LengthFault() : NamesFault();
 }
 
 }  // namespace tarnwell::platform
