@@ -65,6 +65,33 @@ TEST(FarPath, IsToldByTheNameAndTheTableOfDrives) {
   }
 }
 
+TEST(FarPlaces, AreFoundThroughLinksWithoutALookAtThem) {
+  const std::map<std::string, std::string> links{{R"(C:\near\link)", R"(..\share\sub)"},
+                                                 {R"(C:\chain)", R"(C:\near\link)"},
+                                                 {R"(C:\share)", R"(\\nas\export)"},
+                                                 {R"(C:\root)", R"(\share)"},
+                                                 {R"(C:\loop)", "loop"}};
+  const auto found = [&](const std::string& path, LastLink last = LastLink::Followed) {
+    std::string plain;
+    const auto readLink = [&](const std::string& item) {
+      EXPECT_TRUE(item.starts_with(R"(C:\)")) << item;
+      const auto link = links.find(item);
+      return link == links.end() ? "" : link->second;
+    };
+    const auto place = FindFarPlace(path, last, plain, readLink);
+    return place ? place->Key + " " + place->Name : plain;
+  };
+  const std::string nas = R"(\\nas\export nas)";
+  for (const char* far : {R"(C:\share)", R"(C:\chain\file)", R"(C:\near\in\..\..\share\x)",
+                          R"(C:\root\x)", R"(\\nas\export\x)"}) {
+    EXPECT_EQ(found(far), nas) << far;
+  }
+  EXPECT_EQ(found(R"(C:\chain)", LastLink::Itself), R"(C:\chain)");
+  EXPECT_EQ(found(R"(C:\shared\loop)"), R"(C:\shared\loop)");
+  EXPECT_EQ(found(R"(C:\loop)"), R"(C:\loop)");
+  EXPECT_EQ(found(R"(C:\)"), R"(C:\)");
+}
+
 TEST(OperationVolumes, AreThoseOfTheFoldersWithoutACallToOtherMachines) {
   const TempFolder here;
   const WindowsFarPlaces far;

@@ -1,23 +1,68 @@
 #include "platform/win32/afar/WindowsFarPlaces.h"
 
+#include <algorithm>
+#include <cstddef>
+
+#include "base/PathSyntax.h"
+#include "platform/win32/api/WideName.h"
+#include "platform/win32/api/Windows.h"
 #include "platform/win32/files/FarPath.h"
+#include "platform/win32/files/LinkTarget.h"
 
 namespace tarnwell::platform {
+namespace {
 
-std::optional<FarPlace> WindowsFarPlaces::Find(const std::string& path, LastLink /*last*/,
-                                               std::string& plain) const {
+constexpr int mostFarLinks = 63;  // as the system has it
+
+std::string LinkAt(const std::string& path) {
+  const std::wstring wide = LongPath(path);
+  const DWORD attributes = GetFileAttributesW(wide.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+    return {};
+  }
+  std::string target = ReadLinkTarget(wide);
+  return IsVolumeTarget(target) ? std::string() : target;
+}
+
+}  // namespace
+
+std::optional<FarPlace> FindFarPlace(
+    const std::string& path, LastLink last, std::string& plain,
+    const std::function<std::string(const std::string& path)>& readLink) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
   plain = path;
-  const auto share = NetworkShareOf(path);
-  if (!share) return {};
-  return FarPlace{share->Path, share->Server};
-}
-
-std::optional<FarPlace> WindowsFarPlaces::FindBelow(const std::string& /*plain*/) const {
+  std::string rest = path;
+  for (int links = 0; links <= mostFarLinks; ++links) {
+    if (const auto share = NetworkShareOf(rest)) return FarPlace{share->Path, share->Server};
+    if (!syntax.IsWhole(rest)) return {};
+    constexpr std::size_t root = 3;  // "C:\"
+    plain = rest.substr(0, root);
+    std::string target;
+    for (std::size_t start = root; start < rest.size() && target.empty();) {
+      const std::size_t end = std::min(rest.find(syntax.Separator, start), rest.size());
+      const std::string name = rest.substr(start, end - start);
+      start = end + 1;
+      if (name.empty() || name == ".") continue;
+      if (name == "..") {
+        plain = syntax.ParentOf(plain);
+        continue;
+      }
+      plain = syntax.Join(plain, name);
+      if (last == LastLink::Itself && start >= rest.size()) continue;
+      target = readLink(plain);
+      if (target.empty()) continue;
+      target = LinkedPath(plain, target);
+      if (start < rest.size()) target = syntax.Join(target, rest.substr(start));
+    }
+    if (target.empty()) return {};
+    rest = std::move(target);
+  }
   return {};
 }
 
-std::vector<std::string> WindowsFarPlaces::MountedIn(const std::string& /*plain*/) const {
-  return {};
+std::optional<FarPlace> WindowsFarPlaces::Find(const std::string& path, LastLink last,
+                                               std::string& plain) const {
+  return FindFarPlace(path, last, plain, &LinkAt);
 }
 
 }  // namespace tarnwell::platform

@@ -51,18 +51,6 @@ std::string WithoutKernelMark(std::string target) {
   return base::PathSyntax::Windows().IsWhole(target) ? target : R"(\\?\)" + target;
 }
 
-// The path that the link's target means from where the link is.
-std::string TargetFrom(const std::string& link, const std::string& target) {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  if (syntax.IsWhole(target)) return target;
-  if (!target.starts_with(syntax.Separator)) return syntax.Join(syntax.ParentOf(link), target);
-  std::string root = link;  // of the link's volume
-  while (syntax.ParentOf(root) != root && !syntax.ParentOf(root).empty()) {
-    root = syntax.ParentOf(root);
-  }
-  return syntax.RemoveRightSlash(root) + target;
-}
-
 }  // namespace
 
 std::string LinkTargetFrom(std::string_view bytes) {
@@ -96,6 +84,17 @@ bool IsVolumeTarget(std::string_view target) {
   return target.starts_with(VolumeMark);
 }
 
+std::string LinkedPath(const std::string& link, const std::string& target) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  if (syntax.IsWhole(target)) return target;
+  if (!target.starts_with(syntax.Separator)) return syntax.Join(syntax.ParentOf(link), target);
+  std::string root = link;  // of the link's volume
+  while (syntax.ParentOf(root) != root && !syntax.ParentOf(root).empty()) {
+    root = syntax.ParentOf(root);
+  }
+  return syntax.RemoveRightSlash(root) + target;
+}
+
 DWORD FollowLinks(std::string& path) {
   for (int links = 0; links <= LinkLimit; ++links) {
     const SystemPath reached(path);
@@ -106,7 +105,7 @@ DWORD FollowLinks(std::string& path) {
     }
     const std::string target = ReadLinkTarget(reached.Wide());
     if (target.empty()) return ERROR_INVALID_REPARSE_DATA;
-    path = TargetFrom(path, target);
+    path = LinkedPath(path, target);
   }
   return ERROR_CANT_RESOLVE_FILENAME;
 }

@@ -18,6 +18,9 @@ std::string LinkTargetFrom(std::string_view bytes);
 // Whether the target is a volume, by its own name.
 bool IsVolumeTarget(std::string_view target);
 
+// The path that the target means from where the link is; dots in it are not resolved.
+std::string LinkedPath(const std::string& link, const std::string& target);
+
 // The path of a file that is to be written, every link at its end followed; ERROR_CANT_RESOLVE_
 // FILENAME for a circle.
 DWORD FollowLinks(std::string& path);
