@@ -7,7 +7,7 @@
 
 namespace tarnwell::platform {
 
-base::Status ExecuteByShell(const ShellCall& call) {
+base::Status ExecuteByShell(const ShellVerb& call) {
   const auto orNull = [](const std::wstring& text) {
     return text.empty() ? nullptr : text.c_str();
   };

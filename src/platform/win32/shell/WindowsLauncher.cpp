@@ -78,7 +78,7 @@ base::Status WindowsLauncher::CheckFolder(const std::string& folder) const {
 
 base::Status WindowsLauncher::Call(std::wstring file, std::wstring parameters,
                                    const std::string& folder) const {
-  ShellCall call{.File = std::move(file), .Parameters = std::move(parameters)};
+  ShellVerb call{.File = std::move(file), .Parameters = std::move(parameters)};
   if (!folder.empty()) {
     if (base::Status status = ReadShellPath(folder, call.Folder); !status) return status;
   }
