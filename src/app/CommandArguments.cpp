@@ -1,13 +1,11 @@
 #include "app/CommandArguments.h"
 
 #include <chrono>
-#include <cstdio>
-#include <filesystem>
 #include <future>
-#include <system_error>
 #include <thread>
 #include <utility>
 
+#include "app/Process.h"
 #include "base/Text.h"
 #include "lister/list/ListId.h"
 
@@ -29,60 +27,36 @@ constexpr char Help[] =
     "  --version  show the version and exit\n";
 
 CommandArguments Refuse(const std::string& reason) {
-  std::fprintf(stderr, "tarnwell: %s\nTry 'tarnwell --help'.\n", reason.c_str());
+  WriteErrorOutput("tarnwell: " + reason + "\nTry 'tarnwell --help'.\n");
   return {.Folders = {}, .ExitCode = WrongArguments, .Error = reason};
-}
-
-// As far as possible by the way that was typed: a link stays one.
-std::filesystem::path FullPath(const std::filesystem::path& typed, std::error_code& error) {
-  for (const std::filesystem::path& part : typed) {
-    if (part == "." || part == "..") return std::filesystem::canonical(typed, error);
-  }
-  return std::filesystem::absolute(typed, error);
-}
-
-struct Looked {
-  std::string Path;
-  std::error_code Error;
-};
-
-// Opens it, since permissions tell only half.
-Looked LookAt(const std::string& typed) {
-  Looked looked;
-  const std::filesystem::path path = FullPath(typed, looked.Error);
-  if (!looked.Error) std::filesystem::directory_iterator(path, looked.Error);
-  looked.Path = path.string();
-  return looked;
 }
 
 // The thread is left to a machine that does not answer: panes can wait for that, and be told not
 // to.
-Looked LookPatiently(const std::string& typed) {
-  std::packaged_task<Looked()> look([typed] { return LookAt(typed); });
-  std::future<Looked> found = look.get_future();
+TypedFolder LookPatiently(const std::string& typed) {
+  std::packaged_task<TypedFolder()> look([typed] { return LookAtTyped(typed); });
+  std::future<TypedFolder> found = look.get_future();
   std::thread(std::move(look)).detach();
   if (found.wait_for(Patience) == std::future_status::ready) return found.get();
-  Looked unknown;
-  unknown.Path = std::filesystem::absolute(typed, unknown.Error).lexically_normal().string();
-  return unknown;
+  return {FullPathOf(typed), ""};
 }
 
 }  // namespace
 
-CommandArguments ReadArguments(int argc, char** argv, const base::Version& version) {
+CommandArguments ReadArguments(const std::vector<std::string>& words,
+                               const base::Version& version) {
   std::vector<std::string> typed;
   bool onlyFolders = false;
-  for (int at = 1; at < argc; ++at) {
-    const std::string word = argv[at];
+  for (const std::string& word : words) {
     if (onlyFolders || word.size() < 2 || word.front() != '-') {
       typed.push_back(word);
     } else if (word == "--") {
       onlyFolders = true;
     } else if (word == "--help") {
-      std::fputs(Help, stdout);
+      WriteOutput(Help);
       return {.Folders = {}, .ExitCode = 0, .Error = {}};
     } else if (word == "--version") {
-      std::printf("tarnwell %s\n", version.Text().c_str());
+      WriteOutput("tarnwell " + version.Text() + "\n");
       return {.Folders = {}, .ExitCode = 0, .Error = {}};
     } else {
       return Refuse("there is no option " + base::ForDisplay(word));
@@ -91,12 +65,12 @@ CommandArguments ReadArguments(int argc, char** argv, const base::Version& versi
   CommandArguments read;
   if (typed.size() > lister::PaneCount) return Refuse("there are only five panes");
   for (const std::string& word : typed) {
-    Looked looked = LookPatiently(word);
-    if (looked.Error) {
+    TypedFolder folder = LookPatiently(word);
+    if (!folder.Trouble.empty()) {
       return Refuse("the folder '" + base::ForDisplay(word) +
-                    "' cannot be opened: " + looked.Error.message());
+                    "' cannot be opened: " + folder.Trouble);
     }
-    read.Folders.push_back(std::move(looked.Path));
+    read.Folders.push_back(std::move(folder.Path));
   }
   return read;
 }

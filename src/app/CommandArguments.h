@@ -19,6 +19,6 @@ struct CommandArguments {
 
 // Writes what there is to say: help and version to the output, what is wrong to the error output.
 // A folder that does not answer within some seconds is taken.
-CommandArguments ReadArguments(int argc, char** argv, const base::Version& version);
+CommandArguments ReadArguments(const std::vector<std::string>& words, const base::Version& version);
 
 }  // namespace tarnwell::app

@@ -1,5 +1,3 @@
-#include <unistd.h>
-
 #include <QGuiApplication>
 #include <QSettings>
 #include <cstdlib>
@@ -20,7 +18,6 @@
 #include "platform/linux/files/ProtectedItems.h"
 #include "platform/linux/menu/LinuxContextMenu.h"
 #include "platform/linux/menu/LinuxLauncher.h"
-#include "platform/linux/menu/TerminalCall.h"
 #include "platform/linux/network/LinuxNetworkPlaces.h"
 #include "platform/linux/operation/RunOperation.h"
 #include "platform/linux/search/LinuxFileSearch.h"
@@ -31,40 +28,13 @@
 #include "platform/linux/system/LinuxLibraries.h"
 #include "platform/linux/system/LinuxLogFile.h"
 #include "platform/linux/system/LinuxSystemInfo.h"
-#include "platform/linux/system/LinuxTermination.h"
 #include "platform/linux/system/LinuxUserSettings.h"
-#include "platform/linux/system/RunningCopy.h"
 #include "platform/linux/system/XcbKeyboard.h"
 #include "platform/linux/trash/LinuxTrashCan.h"
 #include "platform/pcre/PcreRegex.h"
 #include "ui/toolkit/FilePath.h"
 
 namespace tarnwell::app {
-
-std::optional<int> PrepareProcess(int argc, char** argv) {
-  if (const auto code = platform::AnswerTerminalCall(argc, argv)) return code;
-  platform::OutliveFailedWrites();
-  return {};
-}
-
-bool IsErrorOutputSeen() {
-  const auto isSet = [](const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr && *value != '\0';
-  };
-  return isatty(STDERR_FILENO) != 0 || (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY"));
-}
-
-bool AskRunningCopy(const std::vector<std::string>& folders) {
-  return platform::AskRunningCopy(
-      platform::LinuxSystemInfo(platform::ProgramPlaces::OfProcess()).ProgramFolder(), folders);
-}
-
-std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens) {
-  return std::make_shared<platform::RunningCopy>(
-      platform::LinuxSystemInfo(platform::ProgramPlaces::OfProcess()).ProgramFolder(),
-      std::move(opens));
-}
 
 namespace {
 
@@ -147,10 +117,6 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.AnyCallsLeft = [calls] { return calls.AnyLeft(); };
   made.MakeDesktop = [calls](const DesktopTools& tools) { return MakeDesktop(tools, calls); };
   return made;
-}
-
-std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit) {
-  return std::make_shared<platform::LinuxTermination>(std::move(quit));
 }
 
 }  // namespace tarnwell::app

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,22 +35,6 @@
 #include "ui/toolkit/IconSource.h"
 
 namespace tarnwell::app {
-
-// To be called first of all. An exit code where the process was not started as the program, and is
-// done already.
-std::optional<int> PrepareProcess(int argc, char** argv);
-
-// Whether people see what is written to the error output, or have no display to be told on.
-bool IsErrorOutputSeen();
-
-// Other copies of the program of the same user with the same folder of its own files.
-// Whether one that runs has taken the folders, which are full paths.
-bool AskRunningCopy(const std::vector<std::string>& folders);
-// While what it gives lives, `opens` is called from the event loop when another copy asks so.
-// `token` is what brings a window to the front where the desktop asks for that; may be empty.
-using OpensFolders =
-    std::function<void(const std::vector<std::string>& folders, const std::string& token)>;
-std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens);
 
 // What works by windows, which it is given, or by the display.
 struct DesktopTools {
@@ -103,9 +86,5 @@ struct Platform {
 };
 // The pump lets messages through while other machines are waited for.
 Platform MakePlatform(platform::MessagePump& pump);
-
-// While what it gives lives, `quit` is called from the event loop when the system asks the program
-// to end.
-std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit);
 
 }  // namespace tarnwell::app

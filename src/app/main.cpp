@@ -11,6 +11,7 @@
 
 #include "app/CommandArguments.h"
 #include "app/Platform.h"
+#include "app/Process.h"
 #include "fileops/OperationNotices.h"
 #include "fileops/OperationQueue.h"
 #include "fileops/UndoHistory.h"
@@ -102,7 +103,7 @@ void BindDialogs(ui::QtFormHost& host) {
 
 int main(int argc, char** argv) {
   if (const auto code = app::PrepareProcess(argc, argv)) return *code;
-  app::CommandArguments arguments = app::ReadArguments(argc, argv, ProgramVersion);
+  app::CommandArguments arguments = app::ReadArguments(app::WordsOf(argc, argv), ProgramVersion);
   if (arguments.ExitCode && (arguments.Error.empty() || app::IsErrorOutputSeen())) {
     return *arguments.ExitCode;
   }
@@ -272,6 +273,7 @@ int main(int argc, char** argv) {
     requests.Drop();
   };
   // What the system or the session asks for: operations are given up, and then all ends.
+  bool isSaved = false;
   const auto endNow = [&] {
     leaveOtherCopies();
     pump.Leave();
@@ -279,11 +281,13 @@ int main(int argc, char** argv) {
     operations.WhenIdle([&] {
       closeMenus([&] {
         application.RequestQuit();
+        isSaved = true;
         if (host.OpenForms().empty()) QCoreApplication::exit();
       });
     });
   };
-  const std::shared_ptr<void> termination = app::WhenAskedToEnd(endNow);
+  const std::shared_ptr<void> termination =
+      app::WhenAskedToEnd(endNow, [&isSaved] { return isSaved; });
   qtApplication.MayQuit = [&] {
     if (operations.IsIdle()) return true;
     endNow();

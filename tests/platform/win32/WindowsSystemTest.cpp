@@ -1,5 +1,6 @@
 #include "RunUntil.h"
 #include "SystemServices.h"
+#include "platform/win32/system/RunningCopy.h"
 #include "platform/win32/system/WindowsDesktopNotices.h"
 #include "platform/win32/system/WindowsKeyboard.h"
 #include "platform/win32/system/WindowsTermination.h"
@@ -101,6 +102,29 @@ TEST(WindowsDesktopNotices, TellOfAClickOnTheNewestNotification) {
   FinishPosts();
   EXPECT_EQ(clicked, "b");
   EXPECT_EQ(FindWindowW(L"TarnwellNotice", nullptr), nullptr);
+}
+
+TEST(RunningCopy, TheOldestOfTheSameFolderIsAsked) {
+  const std::string folder = R"(C:\Programs\Tarnwell)";
+  EXPECT_FALSE(AskRunningCopy(folder, {R"(C:\)"}));
+  std::string opened;
+  const auto take = [&opened](const std::string& name) {
+    return [&opened, name](const std::vector<std::string>& folders) {
+      opened += name + ":";
+      for (const std::string& each : folders) opened += each + ";";
+    };
+  };
+  auto first = std::make_unique<RunningCopy>(folder, take("1"));
+  const RunningCopy second(folder, take("2")), other(folder + "2", take("other"));
+  EXPECT_TRUE(AskRunningCopy(R"(c:\programs\TARNWELL)", {R"(C:\ä)", R"(\\nas\b)", "no path"}));
+  EXPECT_EQ(opened, "");  // who asks does not wait for that
+  FinishPosts();
+  EXPECT_EQ(opened, R"(1:C:\ä;\\nas\b;)");
+  EXPECT_TRUE(AskRunningCopy(folder, {}));
+  first.reset();
+  EXPECT_TRUE(AskRunningCopy(folder, {}));
+  FinishPosts();
+  EXPECT_EQ(opened, R"(1:C:\ä;\\nas\b;2:)");
 }
 
 TEST(WindowsKeyboard, TellsWhichKeysAreDown) {

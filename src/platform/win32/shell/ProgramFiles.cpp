@@ -6,6 +6,8 @@
 #include <sstream>
 #include <vector>
 
+#include "platform/win32/api/ProcessText.h"
+
 namespace tarnwell::platform {
 namespace {
 
@@ -37,12 +39,6 @@ std::wstring FindInPath(const std::wstring& folders, const std::wstring& name) {
 }
 
 }  // namespace
-
-std::wstring EnvironmentText(const wchar_t* name) {
-  std::wstring text(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
-  text.resize(GetEnvironmentVariableW(name, text.data(), static_cast<DWORD>(text.size())));
-  return text;
-}
 
 std::wstring FindProgram(const std::wstring& name) {
   if (name.empty() || name.find_first_of(L"\\/:") != name.npos) return {};

@@ -14,7 +14,4 @@ std::wstring FindProgram(const std::wstring& name);
 // Whether what starts there, a program or a batch file, is shown in a terminal.
 bool StartsInTerminal(const std::wstring& path);
 
-// Of this process; empty if it is not set.
-std::wstring EnvironmentText(const wchar_t* name);
-
 }  // namespace tarnwell::platform

@@ -10,6 +10,7 @@
 #include "base/PathSyntax.h"
 #include "base/Text.h"
 #include "platform/OpenQuestion.h"
+#include "platform/win32/api/ProcessText.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/shell/ExecuteByShell.h"
@@ -34,7 +35,7 @@ bool IsAddress(std::string_view file) {
 
 // What was typed, from the working folder on. "D:" is the root, whatever the folder in use there,
 // and "\a" is meant on the drive of the working folder.
-std::string FullPath(const std::string& folder, const std::string& file) {
+std::string PathFrom(const std::string& folder, const std::string& file) {
   if (file.size() == 2 && file[1] == ':') return syntax.AddSeparator(file);
   std::string path = file;
   if (!syntax.IsWhole(file)) {
@@ -42,11 +43,7 @@ std::string FullPath(const std::string& folder, const std::string& file) {
                            !folder.starts_with(syntax.NetworkMark);
     path = isOfDrive ? folder.substr(0, 2) + file : syntax.Join(folder, file);
   }
-  const std::wstring wide = Wide(path);
-  std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
-  full.resize(
-      GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  return Narrow(full);
+  return Narrow(FullPath(Wide(path)));
 }
 
 // The command line of a terminal that stays open: what is between the outer quotes is run as it is.
@@ -125,7 +122,7 @@ base::Status WindowsLauncher::Execute(const LaunchRequest& request) {
     const std::wstring program = FindProgram(Wide(file));
     if (!program.empty()) return Start(program, request);
   }
-  const std::string item = FullPath(request.Folder, file);
+  const std::string item = PathFrom(request.Folder, file);
   if (!isBareName || tools_.Files.Exists(item)) return OpenItem(item, request);
   const base::Status status = Call(Wide(file), Wide(request.Parameters), request.Folder);
   if (status || !request.KeepsTerminal || status.Code != ERROR_FILE_NOT_FOUND) return status;

@@ -10,6 +10,7 @@
 #include "platform/ProgramFiles.h"
 #include "platform/win32/api/Handle.h"
 #include "platform/win32/api/KnownFolder.h"
+#include "platform/win32/api/ProcessText.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
 
@@ -37,32 +38,6 @@ std::string Sha256Of(const std::string& bytes) {
 
 ProgramFiles OwnFiles(FileSystem& files) {
   return {files, Sha256Of};
-}
-
-// Of any length.
-std::wstring VariableValue(const wchar_t* name) {
-  std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
-  value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
-  return value;
-}
-
-std::wstring WholePath(const std::wstring& path) {
-  std::wstring whole(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  whole.resize(
-      GetFullPathNameW(path.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
-  return whole;
-}
-
-std::wstring ExecutablePath() {
-  std::wstring path(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    if (length < path.size()) {
-      path.resize(length);
-      return path;
-    }
-    path.resize(path.size() * 2);
-  }
 }
 
 // By what the access control lists and the volume say: nothing is written.
@@ -113,7 +88,7 @@ struct FolderChoice {
 
 FolderChoice ChooseFolder(const ProgramPlaces& places, FileSystem& files) {
   if (!places.TarnwellHome.empty()) {
-    const std::string path = Narrow(WholePath(Wide(places.TarnwellHome)));
+    const std::string path = Narrow(FullPath(Wide(places.TarnwellHome)));
     return {PathRules().IsDriveRoot(path) ? path : PathRules().RemoveRightSlash(path), true};
   }
   const std::string& beside = places.ExecutableFolder;
@@ -127,7 +102,7 @@ FolderChoice ChooseFolder(const ProgramPlaces& places, FileSystem& files) {
 ProgramPlaces ProgramPlaces::OfProcess() {
   ProgramPlaces places;
   places.ExecutableFolder = PathRules().ParentOf(FromLongPath(ExecutablePath()));
-  places.TarnwellHome = Narrow(VariableValue(L"TARNWELL_HOME"));
+  places.TarnwellHome = Narrow(EnvironmentText(L"TARNWELL_HOME"));
   places.LocalAppData = FindKnownFolder(FOLDERID_LocalAppData);
   return places;
 }
