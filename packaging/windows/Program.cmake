@@ -49,6 +49,9 @@ foreach(drawing IN LISTS drawings)
 endforeach()
 add_custom_target(tarnwell_data ALL
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_CURRENT_SOURCE_DIR}/data/skins ${data}/skins
+  # By these the folder is one that the program may keep its own files in.
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_CURRENT_SOURCE_DIR}/data/skins
+    ${CMAKE_BINARY_DIR}/tarnwell/skins
   COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_CURRENT_SOURCE_DIR}/data/ring6full.gif
     ${CMAKE_CURRENT_SOURCE_DIR}/data/TIPOFDAY.TXT ${data}
   DEPENDS ${drawn} VERBATIM)
