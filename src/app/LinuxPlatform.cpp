@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <utility>
 
+#include "app/FarOperations.h"
 #include "app/LinuxTrayPanel.h"
 #include "app/Platform.h"
-#include "base/ItemList.h"
 #include "platform/afar/FarFileSystem.h"
 #include "platform/afar/FarStamps.h"
 #include "platform/linux/afar/LinuxFarPlaces.h"
@@ -54,26 +54,16 @@ ui::OperationSystem OperationsBy(const platform::FarCalls& calls, const std::str
   made.Run = [folder](const platform::OperationRequest& request, platform::OperationUser& user) {
     return platform::RunOperation(request, user, folder);
   };
-  made.Refusal = [folder, calls](platform::FileFunction function, const std::string& items) {
-    std::vector<std::string> paths;
-    for (const std::string_view path : base::ItemList(items)) paths.emplace_back(path);
-    const auto refusal = std::make_shared<std::string>();
-    const base::Status status =
-        calls.RunAt(calls.PlaceOfItems(paths), [refusal, folder, function, items] {
-          *refusal = platform::ProtectedItems(folder).Refusal(function, items);
-        });
-    return status ? *refusal : status.Reason + ".";
+  made.Refusal = [folder](platform::FileFunction function, const std::string& items) {
+    return platform::ProtectedItems(folder).Refusal(function, items);
   };
   made.VolumesOf = [calls](const platform::OperationRequest& request) {
     return platform::VolumesOf(request, calls.Places());
   };
-  made.Fingerprint = [calls](const std::string& path, bool isWhole) {
-    return calls.Get<platform::ItemFingerprint>(
-        path, [path, isWhole] { return platform::FingerprintOf(path, isWhole); }, {},
-        platform::LastLink::Itself);
+  made.Fingerprint = [](const std::string& path, bool isWhole) {
+    return platform::FingerprintOf(path, isWhole);
   };
-  made.IsFar = [calls](const std::string& path) { return calls.PlaceOf(path).has_value(); };
-  return made;
+  return WithCareAfar(std::move(made), calls);
 }
 
 }  // namespace
