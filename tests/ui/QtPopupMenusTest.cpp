@@ -88,6 +88,31 @@ TEST_F(QtPopupMenusTest, ShowsEntriesAndGivesTheNumberOfTheChosenOne) {
   EXPECT_EQ(Track([](QMenu& menu) { Press(&menu, Qt::Key_Escape); }), 0);
 }
 
+TEST_F(QtPopupMenusTest, LendsMenusOfTheSystemItsLook) {
+  Window.addToolBar("bar")->setFixedHeight(30);
+  Settle();
+  QTemporaryDir folder;
+  ASSERT_TRUE(QDir(folder.path()).mkdir("icons"));
+  QFile file(folder.filePath("icons/half.svg"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(
+      "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'>"
+      "<rect width='4' height='4' fill='#f00' fill-opacity='0.6'/></svg>");
+  file.close();
+  const IconSource icons(folder.path());
+  QtPopupMenus menus(icons);
+  menus.SetWindow(&Window);
+  const platform::MenuLook look = menus.Look();
+  const QPoint corner = Window.centralWidget()->mapTo(&Window, QPoint());
+  EXPECT_GE(corner.y(), 30);
+  EXPECT_EQ(look.PlaceInWindow(2, 3), std::pair(corner.x() + 2, corner.y() + 3));
+  EXPECT_EQ(look.Keys("Rena&me") + look.Keys("Open"), "F2");
+  const platform::MenuPicture picture = look.Picture("half", 20);
+  ASSERT_EQ(picture.Pixels.size(), 400U);
+  EXPECT_EQ(picture.Pixels[210], 0x99990000);
+  EXPECT_EQ(look.Picture("none", 20).Width, 0);
+}
+
 TEST_F(QtPopupMenusTest, GivesWayToTheEndOfTheProgram) {
   bool ended = false;
   Menus.CloseThen([&ended] { ended = true; });
