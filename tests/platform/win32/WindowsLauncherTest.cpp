@@ -4,6 +4,7 @@
 #include "TempFolder.h"
 #include "fakes/FakeForms.h"
 #include "fakes/FakePlatform.h"
+#include "platform/win32/files/WindowsFileSystem.h"
 #include "platform/win32/shell/Com.h"
 #include "platform/win32/shell/WindowsLauncher.h"
 
@@ -11,22 +12,6 @@ namespace tarnwell::platform {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-// The files on the disk, as far as a launcher asks for them.
-struct FilesOnDisk : fakes::MemoryFileSystem {
-  base::Status ReadAttributes(const std::string& folder, const std::string&,
-                              ItemAttributes& attributes) const override {
-    if (!Exists(folder)) return {ERROR_FILE_NOT_FOUND, "not there"};
-    attributes.Kind = FolderExists(folder) ? ItemKind::Folder : ItemKind::File;
-    return {};
-  }
-  bool FolderExists(const std::string& path) const override {
-    return std::filesystem::is_directory(Syntax().IsDriveRoot(path) ? path : PathOf(path));
-  }
-  bool Exists(const std::string& path) const override {
-    return FolderExists(path) || std::filesystem::exists(PathOf(path));
-  }
-};
 
 class WindowsLauncherTest : public testing::Test {
  protected:
@@ -37,7 +22,7 @@ class WindowsLauncherTest : public testing::Test {
   }
   // What the batch file told: its folder and what it was given.
   Texts Told() {
-    EXPECT_TRUE(RunUntil([this] { return std::filesystem::exists(PathOf(Folder / "done")); }));
+    EXPECT_TRUE(RunUntil([this] { return !Get(Folder / "done").empty(); }));
     std::istringstream lines(Get(Folder / "done"));
     Texts told;
     for (std::string line; std::getline(lines, line);) {
@@ -50,7 +35,7 @@ class WindowsLauncherTest : public testing::Test {
 
   const ComThread Com;
   TempFolder Folder;
-  FilesOnDisk Files;
+  const WindowsFileSystem Files;
   fakes::FakeDialogs Dialogs;
   fakes::FakeNumberForms Forms;
   Texts Opened;
