@@ -76,6 +76,8 @@ struct Platform {
   ui::OperationSystem Operations;
   std::unique_ptr<platform::DesktopNotices> Notices;
   ui::SystemIcons Icons;  // empty where the desktop has themes
+  // What the system's own menu has cut for this program; empty where the clipboard tells of that.
+  std::function<std::string()> CutByShell;
   // Whether a question for the notification area would wait for a desktop that hangs; may be empty.
   std::function<bool()> IsTraySilent;
   // To be told the main window, as platform/OwnerWindow.h has it; empty where that is of no use.

@@ -147,7 +147,7 @@ int main(int argc, char** argv) {
   fileops::OperationQueue operations(engine, *system.Clock, files.Syntax(), forms, history);
 
   ui::QtPopupMenus popups(icons);
-  ui::QtFileClipboard clipboard;
+  ui::QtFileClipboard clipboard(system.CutByShell);
   const auto openFolder = [](const std::string& folder) {
     if (runningApplication != nullptr) runningApplication->MainObject().OpenFolder(folder);
   };

@@ -2,12 +2,14 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <utility>
 
 #include "ui/toolkit/FileUris.h"
 
 namespace tarnwell::ui {
 
-QtFileClipboard::QtFileClipboard() {
+QtFileClipboard::QtFileClipboard(std::function<std::string()> cutByShell)
+    : cutByShell_(std::move(cutByShell)) {
   QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &context_,
                    [this] { TellCut(); });
 }
@@ -21,7 +23,12 @@ void QtFileClipboard::Put(const platform::ClipboardFiles& files) {
 void QtFileClipboard::TellCut() {
   const QClipboard* const clipboard = QGuiApplication::clipboard();
   const bool isOwn = own_ && clipboard->ownsClipboard() && clipboard->mimeData() == own_;
-  const std::string items = isOwn ? cut_ : std::string();
+  std::string items;
+  if (isOwn) {
+    items = cut_;
+  } else if (cutByShell_) {
+    items = cutByShell_();
+  }
   if (items == told_) return;
   told_ = items;
   if (CutChanged) CutChanged(items);

@@ -13,7 +13,9 @@ namespace tarnwell::ui {
 
 class QtFileClipboard : public platform::FileClipboard {
  public:
-  QtFileClipboard();
+  // `cutByShell` gives what the system's own menu has cut for this program, a base::ItemList; empty
+  // where that puts nothing on the clipboard by itself.
+  explicit QtFileClipboard(std::function<std::string()> cutByShell = {});
 
   void Put(const platform::ClipboardFiles& files) override;
   bool HasFiles() const override;
@@ -28,6 +30,7 @@ class QtFileClipboard : public platform::FileClipboard {
   void TellCut();
 
   QObject context_;
+  const std::function<std::string()> cutByShell_;
   QPointer<QMimeData> own_;  // what was put last
   std::string cut_;          // and the items in it, where they are cut
   std::string told_;

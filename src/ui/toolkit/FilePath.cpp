@@ -3,12 +3,15 @@
 #include <QDir>
 #include <QFile>
 
+#include "base/WideText.h"
+
 namespace tarnwell::ui {
 
-// On Windows QFile's coding of names is an 8-bit code page, while paths are UTF-8 in this program.
+// On Windows QFile's coding of names is an 8-bit code page, and Qt's UTF-8 has no surrogates that
+// stand alone, which names there may hold.
 QString ToQtPath(std::string_view path) {
 #ifdef Q_OS_WIN
-  return QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size()));
+  return QString::fromStdU16String(base::ToWide(path));
 #else
   return QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
 #endif
@@ -17,7 +20,7 @@ QString ToQtPath(std::string_view path) {
 std::string FromQtPath(const QString& path) {
   const QString native = QDir::toNativeSeparators(path);
 #ifdef Q_OS_WIN
-  return native.toStdString();
+  return base::FromWide(native.toStdU16String());
 #else
   return QFile::encodeName(native).toStdString();
 #endif
