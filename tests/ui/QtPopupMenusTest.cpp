@@ -109,7 +109,9 @@ TEST_F(QtPopupMenusTest, LendsMenusOfTheSystemItsLook) {
   EXPECT_EQ(look.Keys("Rena&me") + look.Keys("Open"), "F2");
   const platform::MenuPicture picture = look.Picture("half", 20);
   ASSERT_EQ(picture.Pixels.size(), 400U);
-  EXPECT_EQ(picture.Pixels[210], 0x99990000);
+  const std::uint32_t pixel = picture.Pixels[210];
+  EXPECT_NEAR(pixel >> 24, 0x99, 2);
+  EXPECT_EQ(pixel & 0xFFFFFF, (pixel >> 24) << 16);  // red, multiplied by the opacity
   EXPECT_EQ(look.Picture("none", 20).Width, 0);
 }
 
