@@ -1,5 +1,7 @@
 #include "platform/win32/operation/ShellOperation.h"
 
+#include "platform/win32/api/Windows.h"
+// Behind the system's own, which it needs.
 #include <shellapi.h>
 
 #include <algorithm>

@@ -19,8 +19,8 @@ constexpr UINT AnswerLimit = 5000;             // milliseconds
 
 // By what a copy is told from those of others: the session has windows of its own.
 std::wstring CopyName(const std::string& programFolder) {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  return Wide(syntax.Key(programFolder) + "|" + syntax.Key(FindHomeFolder()));
+  const base::PathSyntax& rules = base::PathSyntax::Windows();
+  return Wide(rules.Key(programFolder) + "|" + rules.Key(FindHomeFolder()));
 }
 
 // Windows that never come up lie in the order in which they were made, the newest on top.
