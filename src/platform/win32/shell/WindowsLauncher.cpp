@@ -21,7 +21,7 @@
 namespace tarnwell::platform {
 namespace {
 
-const base::PathSyntax& syntax = base::PathSyntax::Windows();
+const base::PathSyntax& pathRules = base::PathSyntax::Windows();
 
 // "https://..." and "mailto:...", but not "C:...": no scheme has one letter.
 bool IsAddress(std::string_view file) {
@@ -36,12 +36,12 @@ bool IsAddress(std::string_view file) {
 // What was typed, from the working folder on. "D:" is the root, whatever the folder in use there,
 // and "\a" is meant on the drive of the working folder.
 std::string PathFrom(const std::string& folder, const std::string& file) {
-  if (file.size() == 2 && file[1] == ':') return syntax.AddSeparator(file);
+  if (file.size() == 2 && file[1] == ':') return pathRules.AddSeparator(file);
   std::string path = file;
-  if (!syntax.IsWhole(file)) {
-    const bool isOfDrive = file.starts_with(syntax.Separator) && syntax.IsWhole(folder) &&
-                           !folder.starts_with(syntax.NetworkMark);
-    path = isOfDrive ? folder.substr(0, 2) + file : syntax.Join(folder, file);
+  if (!pathRules.IsWhole(file)) {
+    const bool isOfDrive = file.starts_with(pathRules.Separator) && pathRules.IsWhole(folder) &&
+                           !folder.starts_with(pathRules.NetworkMark);
+    path = isOfDrive ? folder.substr(0, 2) + file : pathRules.Join(folder, file);
   }
   return Narrow(FullPath(Wide(path)));
 }
@@ -98,7 +98,7 @@ base::Status WindowsLauncher::OpenItem(const std::string& path,
     return status;
   }
   if (attributes.Kind == ItemKind::Folder) {
-    tools_.OpenFolder(syntax.IsDriveRoot(path) ? path : syntax.RemoveRightSlash(path));
+    tools_.OpenFolder(pathRules.IsDriveRoot(path) ? path : pathRules.RemoveRightSlash(path));
     return {};
   }
   std::wstring file;
@@ -116,7 +116,7 @@ base::Status WindowsLauncher::Execute(const LaunchRequest& request) {
     if (local.empty()) return Call(Wide(file), Wide(request.Parameters), request.Folder);
     file = local;
   }
-  std::ranges::replace(file, '/', syntax.Separator);
+  std::ranges::replace(file, '/', pathRules.Separator);
   const bool isBareName = file.find_first_of("\\:") == file.npos;
   if (isBareName) {
     const std::wstring program = FindProgram(Wide(file));
@@ -134,7 +134,7 @@ base::Status WindowsLauncher::Execute(const LaunchRequest& request) {
 base::Status WindowsLauncher::OpenTerminal(const std::string& folder) {
   if (base::Status status = CheckFolder(folder); !status) return status;
   std::wstring program;
-  if (folder.starts_with(syntax.NetworkMark)) program = FindProgram(L"powershell");
+  if (folder.starts_with(pathRules.NetworkMark)) program = FindProgram(L"powershell");
   return Call(program.empty() ? TerminalProgram() : program, {}, folder);
 }
 
