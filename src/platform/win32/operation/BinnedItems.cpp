@@ -15,9 +15,9 @@
 #include "base/PathSyntax.h"
 #include "base/Text.h"
 #include "platform/ItemKey.h"
-#include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/files/Fingerprint.h"
+#include "platform/win32/files/NamingError.h"
 #include "platform/win32/operation/ItemSort.h"
 #include "platform/win32/shell/ItemIds.h"
 
@@ -77,12 +77,14 @@ std::string FolderOfDeleted(IShellFolder2& bin, const ITEMIDLIST* item) {
 
 base::Status OpenBin(ComPtr<IShellFolder2>& bin) {
   ITEMIDLIST* ids = nullptr;
-  const HRESULT result = SHGetKnownFolderIDList(FOLDERID_RecycleBinFolder, 0, nullptr, &ids);
+  HRESULT result = SHGetKnownFolderIDList(FOLDERID_RecycleBinFolder, 0, nullptr, &ids);
   const ItemIds owned(ids);
-  ComPtr<IShellFolder> folder;
-  base::Status status = ShellError(result);
-  if (status) status = OpenShellFolder(*ids, folder);
-  return status ? ShellError(folder.As(&bin)) : status;
+  ComPtr<IShellFolder> desktop;
+  if (SUCCEEDED(result)) result = SHGetDesktopFolder(&desktop);
+  if (SUCCEEDED(result)) {
+    result = desktop->BindToObject(ids, nullptr, IID_PPV_ARGS(bin.ReleaseAndGetAddressOf()));
+  }
+  return ShellError(result);
 }
 
 using TakeFromBin =
@@ -191,6 +193,9 @@ std::vector<DoneItem> FindInBin(const std::vector<BinnedItem>& items) {
 }
 
 base::Status RestoreFromBin(const std::string& place, const std::string& target) {
+  const bool hasPath = BinSyntax().IsWhole(place);
+  // What comes of a question that the shell asks shows by the place alone.
+  if (!hasPath && SortOf(target) != ItemSort::None) return NamingError(ERROR_ALREADY_EXISTS);
   base::Status status{ERROR_FILE_NOT_FOUND, "It is not in the bin any more"};
   const base::Status opened =
       ForEachInBin([&](IShellFolder2& bin, const ITEMIDLIST* item, const ItemInBin& found) {
@@ -204,8 +209,10 @@ base::Status RestoreFromBin(const std::string& place, const std::string& target)
         return false;
       });
   if (!opened) return opened;
-  if (status && SortOf(target) == ItemSort::None)
+  const bool isThere = hasPath && SortOf(place) != ItemSort::None;
+  if (status && (isThere || SortOf(target) == ItemSort::None)) {
     return {ERROR_CANCELLED, "It is still in the bin"};
+  }
   return status;
 }
 

@@ -18,7 +18,7 @@ bool ItemCheck::IsThere(const std::string& path, const ItemFingerprint* expected
         TellOfOther(path, true);
         return false;
       }
-      status = NamingError(ERROR_FILE_NOT_FOUND);
+      status = ReasonOfMissing(path);
     }
     if (status) status = FitForShell(path);
     if (status) return true;

@@ -1,6 +1,7 @@
 #include "platform/win32/operation/ItemSort.h"
 
 #include <string_view>
+#include <utility>
 
 #include "base/PathSyntax.h"
 #include "platform/win32/api/Handle.h"
@@ -31,6 +32,21 @@ ItemSort SortOf(const std::string& path) {
   ItemSort sort = ItemSort::None;
   static_cast<void>(FindSort(path, sort));
   return sort;
+}
+
+base::Status ReasonOfMissing(const std::string& path) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  std::string root = path;
+  while (!syntax.IsDriveRoot(root)) {
+    std::string above = syntax.ParentOf(root);
+    if (above == root || !syntax.IsWhole(above)) return NamingError(ERROR_PATH_NOT_FOUND);
+    root = std::move(above);
+  }
+  const bool isThere = GetFileAttributesW(LongPath(root).c_str()) != INVALID_FILE_ATTRIBUTES;
+  const DWORD error = isThere ? ERROR_FILE_NOT_FOUND : GetLastError();
+  const bool isNoDrive =
+      !isThere && (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND);
+  return NamingError(isNoDrive ? ERROR_INVALID_DRIVE : error);
 }
 
 bool FolderExists(const std::string& path) {

@@ -20,6 +20,9 @@ base::Status FindSort(const std::string& path, ItemSort& sort);
 // What cannot be told counts as none.
 ItemSort SortOf(const std::string& path);
 
+// Why nothing is there: the item has gone, or the drive or share that it is on. Never a success.
+base::Status ReasonOfMissing(const std::string& path);
+
 // Also by a link.
 bool FolderExists(const std::string& path);
 

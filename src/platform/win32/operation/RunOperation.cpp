@@ -25,6 +25,13 @@ const base::PathSyntax& RunSyntax() {
   return base::PathSyntax::Windows();
 }
 
+// Places in the bin need be no paths.
+std::vector<std::string> ListOf(std::string_view list) {
+  std::vector<std::string> items;
+  for (const std::string_view item : base::ItemList(list)) items.emplace_back(item);
+  return items;
+}
+
 // Full paths without a separator at their ends. Empty where one makes no sense.
 std::vector<std::string> WholePaths(std::string_view list) {
   std::vector<std::string> paths;
@@ -46,7 +53,7 @@ class ShellRun {
         shell_(shell),
         talk_(user, request.Function, request.Flags),
         check_(talk_, programFolder),
-        from_(WholePaths(request.Items)),
+        from_((request.Flags & FromTrash) != 0 ? ListOf(request.Items) : WholePaths(request.Items)),
         destination_(base::ItemList(request.Destination).First()) {}
 
   OperationResult Run() {

@@ -29,6 +29,9 @@ bool HasTarget(OperationTalk& talk, const std::string& folder) {
       status = FindSort(folder, sort);
       if (status && sort != ItemSort::None) status = NamingError(ERROR_DIRECTORY);
       if (status) status = FitForShell(folder);
+      // Nobody is asked whether to make what cannot be made.
+      const base::Status missing = ReasonOfMissing(folder);
+      if (status && missing.Code == ERROR_INVALID_DRIVE) status = missing;
       if (status) {
         if (!talk.MakesFolder(folder)) return false;
         status = NamingError(MakeFolderPath(folder));

@@ -13,6 +13,13 @@ const base::PathSyntax& PlanSyntax() {
   return base::PathSyntax::Windows();
 }
 
+// Volumes keep times to two seconds at the worst.
+bool HoldsTheSame(const ItemFingerprint& item, const ItemFingerprint& source) {
+  constexpr std::int64_t coarsest = 2'000'000'000;  // nanoseconds
+  const std::int64_t later = item.Modified - source.Modified;
+  return item.Size == source.Size && later >= -coarsest && later <= coarsest;
+}
+
 std::string_view StemOf(std::string_view name, ItemSort sort) {
   const std::size_t dot = sort == ItemSort::File ? name.rfind('.') : name.npos;
   return name.substr(0, dot == 0 ? name.npos : dot);
@@ -113,8 +120,7 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
   if (moves_) return stays ? Outcome::Left : Outcome::Replaced;
   if (PlanSyntax().Same(unit.From, unit.To)) return Outcome::Left;
   const ItemFingerprint now = FingerprintOf(unit.To, false);
-  const bool isAlike = unit.Sort == ItemSort::File && now.Size == unit.Source.Size &&
-                       now.Modified == unit.Source.Modified;
+  const bool isAlike = unit.Sort == ItemSort::File && HoldsTheSame(now, unit.Source);
   return isAlike || now != unit.Target ? Outcome::Replaced : Outcome::Left;
 }
 
@@ -151,8 +157,8 @@ bool TransferPlan::FindTwin(Unit& unit) {
     const std::string key = syntax.Key(name);
     if (sort != unit.Sort || known.contains(key) || key.find(stem) == key.npos) return;
     const ItemFingerprint print = FingerprintOf(syntax.Join(folder, name), false);
-    const bool isAlike = print.Size == unit.Source.Size && print.Modified == unit.Source.Modified;
-    if (isAlike && (twin.empty() || name.size() < twin.size())) twin = name;
+    if (HoldsTheSame(print, unit.Source) && (twin.empty() || name.size() < twin.size()))
+      twin = name;
   });
   if (twin.empty()) return false;
   known.insert(syntax.Key(twin));

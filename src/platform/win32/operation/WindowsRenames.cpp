@@ -25,7 +25,7 @@ TakenStep WindowsRenames::Take(const PlacedItem& step, const ItemFingerprint* ex
   if (!status) return FailedRename(std::move(status));
   if (sort == ItemSort::None) {
     if (expected != nullptr) return {.Is = TakenStep::Way::Gone};
-    return FailedRename(NamingError(ERROR_FILE_NOT_FOUND));
+    return FailedRename(ReasonOfMissing(step.From));
   }
   const ItemFingerprint print = FingerprintOf(step.From, false);
   if (expected != nullptr && !IsSameItem(print, *expected)) return {.Is = TakenStep::Way::Other};
