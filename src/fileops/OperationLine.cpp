@@ -30,16 +30,22 @@ bool GoesOnAtAll(const OperationRecord& record) {
   return record.State == OperationState::Running && !record.IsCancelling;
 }
 
+bool MayBeHeldUp(const OperationRecord& record) {
+  return GoesOnAtAll(record) && !record.IsAsking && !record.Report.Numbers.IsBySystem;
+}
+
+// What the system does comes to its end first.
+bool MayBeCancelled(const OperationRecord& record) {
+  const bool isLast = record.At + 1 >= record.Order.Requests.size();
+  return GoesOnAtAll(record) && !(record.Report.Numbers.IsBySystem && isLast);
+}
+
 constexpr auto DeedRows = std::to_array<DeedRow>({
     {OperationDeed::Pause, "Pause",
-     [](const OperationRecord& record, bool) {
-       return GoesOnAtAll(record) && !record.IsPaused && !record.IsAsking;
-     },
+     [](const OperationRecord& record, bool) { return MayBeHeldUp(record) && !record.IsPaused; },
      [](OperationQueue& queue, platform::OperationId id) { queue.Pause(id, true); }},
     {OperationDeed::Continue, "Continue",
-     [](const OperationRecord& record, bool) {
-       return GoesOnAtAll(record) && record.IsPaused && !record.IsAsking;
-     },
+     [](const OperationRecord& record, bool) { return MayBeHeldUp(record) && record.IsPaused; },
      [](OperationQueue& queue, platform::OperationId id) { queue.Pause(id, false); }},
     {OperationDeed::Answer, "Answer...",
      [](const OperationRecord& record, bool) { return GoesOnAtAll(record) && record.IsAsking; },
@@ -54,7 +60,7 @@ constexpr auto DeedRows = std::to_array<DeedRow>({
     {OperationDeed::TakeAway, "Take Away", IsWaiting,
      [](OperationQueue& queue, platform::OperationId id) { queue.Cancel(id); }},
     {OperationDeed::Cancel, "Cancel",
-     [](const OperationRecord& record, bool) { return GoesOnAtAll(record); },
+     [](const OperationRecord& record, bool) { return MayBeCancelled(record); },
      [](OperationQueue& queue, platform::OperationId id) { queue.Cancel(id); }},
 });
 static_assert(DeedRows.size() == OperationDeedCount);
@@ -106,6 +112,7 @@ std::string StatusOf(const OperationRecord& record, const platform::NumberForms&
   if (record.State == OperationState::Waiting) return "Waits for its turn";
   if (record.IsCancelling) return "Cancelling...";
   if (record.IsAsking) return "Waits for your answer";
+  if (record.Report.Numbers.IsBySystem) return "The system shows how far it is";
   if (record.IsPaused) return "Paused";
   const OperationProgress& now = record.Report.Numbers;
   if (now.IsCounting) return "Counting...";

@@ -32,6 +32,7 @@ void OperationNotices::ShowEntry() {
   for (const OperationRecord* const each : operations_.Records()) {
     entry.IsUrgent |= each->IsAsking;
     if (each->State != OperationState::Running || each->IsQuiet) continue;
+    if (each->Report.Numbers.IsBySystem) continue;  // with an entry of its own
     sum += DonePercent(each->Report.Numbers);
     ++running;
   }

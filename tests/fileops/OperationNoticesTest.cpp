@@ -1,5 +1,6 @@
 #include "fakes/FakeOperationEngine.h"
 #include "fakes/FakePlatform.h"
+#include "fileops/OperationLine.h"
 #include "fileops/OperationNotices.h"
 
 namespace tarnwell::fileops {
@@ -53,6 +54,26 @@ TEST(OperationNotices, TellsHowFarAllAreAndOfTheEndOfLongOnesUnseen) {
   EXPECT_TRUE(isBack);
   isActive = true;
   EXPECT_EQ(told(10001, {}), "50 50! 50 - ");
+}
+
+TEST(OperationLine, WhatTheSystemDoesGoesOnToItsEnd) {
+  OperationRecord record;
+  record.State = OperationState::Running;
+  record.Order.Requests.resize(2);
+  const auto offered = [&] {
+    std::string captions;
+    for (std::size_t deed = 0; deed < OperationDeedCount; ++deed) {
+      const auto each = static_cast<OperationDeed>(deed);
+      if (CanDo(each, record, true)) captions += std::string(CaptionOf(each)) + " ";
+    }
+    return captions;
+  };
+  EXPECT_EQ(offered(), "Pause Cancel ");
+  record.Report.Numbers.IsBySystem = true;
+  EXPECT_EQ(offered(), "Cancel ");  // of what is to come
+  record.At = 1;
+  EXPECT_EQ(offered(), "");
+  EXPECT_LT(PercentOf(record), 0);
 }
 
 }  // namespace
