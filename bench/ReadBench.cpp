@@ -16,8 +16,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "lister/ListerControl.h"
-#include "lister/rows/NoView.h"
+#include "ListOfFiles.h"
 #include "platform/afar/FarFileSystem.h"
 #include "platform/linux/afar/LinuxFarPlaces.h"
 #include "platform/linux/files/LinuxFileSystem.h"
@@ -26,8 +25,6 @@
 
 namespace tarnwell::lister {
 namespace {
-
-using SteadyClock = std::chrono::steady_clock;
 
 // Exists while the benchmarks run.
 class FilledFolder {
@@ -61,88 +58,15 @@ class FilledFolder {
   std::string path_;
 };
 
-struct NoDrives : platform::Drives {
-  std::vector<platform::Drive> List() const override { return {{"/", "/"}}; }
-  std::string HomeFolder() const override { return ""; }
-  std::string DriveOf(const std::string&) const override { return "/"; }
-  void OnChange(std::function<void()>) override {}
-};
-struct NoWatches : platform::FolderWatch {
-  std::unique_ptr<platform::Watch> Start(const std::string&, Changed) override { return nullptr; }
-};
-struct NoPump : platform::MessagePump {
-  void DoEvents() override {}
-  void WaitForEvents() override {}
-};
-struct NoLauncher : platform::Launcher {
-  base::Status Execute(const platform::LaunchRequest&) override { return {}; }
-  base::Status OpenTerminal(const std::string&) override { return {}; }
-  std::vector<platform::LaunchFailure> OpenFiles(const std::vector<std::string>&,
-                                                 const std::string&) override {
-    return {};
-  }
-};
-struct NoForms : platform::NumberForms {
-  std::string Grouped(std::uint64_t number) const override { return std::to_string(number); }
-  std::string Decimal(double number, int) const override { return std::to_string(number); }
-  std::string DateAndTime(const platform::LocalTime&) const override { return ""; }
-  std::string DateAndMinute(const platform::LocalTime&) const override { return ""; }
-};
-struct NoStamps : platform::FolderStamps {
-  platform::FolderFacts ReadFacts(const std::string&) const override { return {}; }
-  platform::FolderStamp Read(const std::string&) const override { return {}; }
-  std::unique_ptr<platform::StampRequest> Ask(std::vector<std::string>, Told) override {
-    return nullptr;
-  }
-};
-
-// ExtendedAttributes when rows came, and stops the read there if that is all that is asked for.
-struct RowsNoted : NoView {
-  ListerControl* List = nullptr;
-  bool Stops = false;
-  std::optional<SteadyClock::time_point> Came;
-
-  void EndReset() override {
-    if (List->Rows().ChildCount(RootRow) == 0) return;
-    Came = SteadyClock::now();
-    List->CancelRequested = Stops;
-  }
-};
-
-// Everything that a list works with.
+// With the care for other machines, as in the program.
 struct Bench {
   NoPump Pump;
   platform::FarFileSystem Files{
       std::make_shared<platform::LinuxFileSystem>(),
       platform::FarCalls(Pump, {}, std::make_shared<platform::LinuxFarPlaces>())};
-  NoDrives Drives;
-  NoWatches Watches;
   platform::LinuxClock Clock;
   platform::LinuxCollation Order;
-  NoLauncher Launcher;
-  NoForms Forms;
-  NoStamps Stamps;
-  ListerEvents Events;
-
-  // Seconds from the call to rows in order, or to all of them with their attributes.
-  double Read(std::string folder, std::int64_t count, bool namesAlone) {
-    const CutItems cut;
-    const int brackets = 0;
-    ListerControl list(
-        FileListOf(0),
-        {Files, Drives, Watches, Pump, Clock, Order, Launcher, Forms, Stamps, cut, brackets},
-        Events);
-    RowsNoted view;
-    view.List = &list;
-    view.Stops = namesAlone;
-    list.View = &view;
-    const SteadyClock::time_point start = SteadyClock::now();
-    list.LoadFolderContents(folder, true);
-    const SteadyClock::time_point end = SteadyClock::now();
-    if (list.Rows().ChildCount(RootRow) != count) throw std::runtime_error("rows are missing");
-    list.View = nullptr;
-    return std::chrono::duration<double>((namesAlone ? *view.Came : end) - start).count();
-  }
+  ListOfFiles List{Files, Pump, Clock, Order};
 };
 
 template <bool NamesAlone>
@@ -150,7 +74,7 @@ void ReadIntoList(benchmark::State& state) {
   const std::string& folder = FilledFolder::Of(state.range());
   Bench bench;
   for ([[maybe_unused]] const auto step : state) {
-    state.SetIterationTime(bench.Read(folder, state.range(), NamesAlone));
+    state.SetIterationTime(bench.List.Read(folder, state.range(), NamesAlone));
   }
 }
 
