@@ -79,8 +79,9 @@ class WantedAttributes {
   virtual bool GoesOn(bool isWaiting) = 0;
 };
 
-// A folder that is held open: its items are reached from it by name, at less cost than by path, and
-// whatever happens to the path meanwhile.
+// A folder that is held open: its items are reached from it by name, at less cost than by path. On
+// POSIX systems that goes on whatever happens to the path meanwhile; Windows would keep the folders
+// above it from being renamed, so that there an item is gone when the path is.
 class OpenedFolder {
  public:
   virtual ~OpenedFolder() = default;
