@@ -1,5 +1,7 @@
 #include "platform/win32/operation/BinnedItems.h"
 
+#include "platform/win32/api/Windows.h"
+// Behind the system's own, which they need.
 #include <shellapi.h>
 #include <shlobj.h>
 #include <shlwapi.h>
