@@ -46,7 +46,9 @@ base::Status CheckTarget(const std::string& path) {
     const bool isMissingHere =
         error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_DIRECTORY;
     if (above.empty() || above == folder) {
-      return NamingError(isMissingHere ? ERROR_INVALID_DRIVE : error);
+      const DWORD gone =
+          syntax.FindNetworkStart(folder) == 0 ? ERROR_BAD_NETPATH : ERROR_INVALID_DRIVE;
+      return NamingError(isMissingHere ? gone : error);
     }
     if (!isMissingHere) return NamingError(error);
     if (!syntax.IsName(name)) return NamingError(ERROR_INVALID_NAME);

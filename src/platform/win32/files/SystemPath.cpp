@@ -19,7 +19,8 @@ bool IsPossiblePath(std::string_view path) {
 
 SystemPath::SystemPath(std::string_view path) {
   if (IsPossiblePath(path)) {
-    text_ = LongPath(path);
+    const bool isDrive = path.size() == 2 && path[1] == ':';  // and no folder that was last open
+    text_ = isDrive ? LongPath(std::string(path) + '\\') : LongPath(path);
   } else {
     error_ = ERROR_INVALID_NAME;
   }
