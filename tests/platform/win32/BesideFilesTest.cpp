@@ -6,6 +6,10 @@
 #include "platform/win32/files/FarPath.h"
 #include "platform/win32/files/HomeFolder.h"
 #include "platform/win32/files/ProtectedItems.h"
+#include "platform/win32/files/VolumeRemoval.h"
+// Else pointers are "far" in the next one.
+#define IS_32
+#include <dbt.h>
 
 namespace tarnwell::platform {
 namespace {
@@ -36,6 +40,32 @@ TEST(ProtectedItems, StayWhateverTheyAreCalled) {
     EXPECT_EQ(Refused(own, free), "") << free;
   }
   EXPECT_EQ(Refused(own, own, FileFunction::Copy), "");
+}
+
+TEST(VolumeRemoval, TellsWhomItConcerns) {
+  const TempFolder here;
+  const Handle folder = OpenItem(here.Path(), true, FILE_LIST_DIRECTORY);
+  std::vector<int> told;
+  std::unique_ptr<VolumeRemoval> removal;
+  const auto take = [&](RemovalStage stage) {
+    told.push_back(static_cast<int>(stage));
+    if (stage == RemovalStage::Done) removal.reset();
+  };
+  removal = std::make_unique<VolumeRemoval>(folder.Get(), take);
+  const VolumeRemoval other(folder.Get(), [](RemovalStage) { ADD_FAILURE(); });
+  if (removal->Registration() == nullptr) GTEST_SKIP() << "the system tells nothing";
+  DEV_BROADCAST_HANDLE notice{};
+  notice.dbch_size = sizeof notice;
+  notice.dbch_devicetype = DBT_DEVTYP_HANDLE;
+  notice.dbch_hdevnotify = removal->Registration();
+  const HWND window = FindWindowExW(HWND_MESSAGE, nullptr, L"TarnwellRemoval", nullptr);
+  for (const WPARAM event :
+       {DBT_DEVICEQUERYREMOVE, DBT_DEVICEQUERYREMOVEFAILED, DBT_DEVICEREMOVEPENDING,
+        DBT_DEVICEREMOVECOMPLETE, DBT_DEVICEREMOVECOMPLETE}) {
+    EXPECT_EQ(SendMessageW(window, WM_DEVICECHANGE, event, reinterpret_cast<LPARAM>(&notice)),
+              TRUE);
+  }
+  EXPECT_EQ(told, (std::vector{0, 1, 2}));
 }
 
 TEST(FarPath, IsToldByTheNameAndTheTableOfDrives) {

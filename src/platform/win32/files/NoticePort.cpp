@@ -118,6 +118,11 @@ void NoticeReader::End() {
   handle_ = {};
 }
 
+HANDLE NoticeReader::Opened() {
+  const std::lock_guard lock(mutex_);
+  return handle_.Get();
+}
+
 bool NoticeReader::ReadNext() {
   static_cast<OVERLAPPED&>(*this) = {};
   self_ = shared_from_this();

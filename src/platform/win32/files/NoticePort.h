@@ -43,7 +43,7 @@ class NoticePort {
   DWORD TellWhatIsDue();
 
   const Handle port_;
-  std::atomic<std::size_t> users_ = 1;  // the one who opened it, and each reading that is under way
+  std::atomic<std::size_t> users_ = 1;  // who opened it, each watch, and each reading under way
   std::deque<DueNotices> due_;          // of the thread alone, as each waits for the same time
 };
 
@@ -59,6 +59,8 @@ class NoticeReader : public OVERLAPPED, public std::enable_shared_from_this<Noti
   bool Begin();
   // The reading ends soon, and hands nothing over any more.
   void End();
+  // The folder, as long as it is read.
+  HANDLE Opened();
 
   // On the port's thread: what a reading came to.
   void Take(bool isRead, DWORD size);

@@ -1,9 +1,14 @@
 #include "platform/win32/files/WindowsFolderWatch.h"
 
+#include <array>
+#include <cstddef>
 #include <utility>
 
 #include "base/PathSyntax.h"
+#include "platform/win32/api/PostToLoop.h"
+#include "platform/win32/api/WideName.h"
 #include "platform/win32/files/NoticePort.h"
+#include "platform/win32/files/VolumeRemoval.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -12,39 +17,79 @@ constexpr DWORD wantedNotices = FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANG
                                 FILE_NOTIFY_CHANGE_ATTRIBUTES | FILE_NOTIFY_CHANGE_SIZE |
                                 FILE_NOTIFY_CHANGE_LAST_WRITE | FILE_NOTIFY_CHANGE_CREATION;
 
+// Of the system itself, which nobody takes away.
+bool IsOnSystemVolume(const std::string& folder) {
+  std::array<wchar_t, MAX_PATH> path{};
+  const UINT length = GetSystemWindowsDirectoryW(path.data(), MAX_PATH);
+  constexpr std::size_t root = 3;  // "C:\"
+  return length >= root &&
+         base::PathSyntax::Windows().Same(Narrow({path.data(), root}), folder.substr(0, root));
+}
+
 class ReaderWatch : public Watch {
  public:
-  ReaderWatch(const std::shared_ptr<NoticePort>& port, const std::string& folder,
+  ReaderWatch(std::shared_ptr<NoticePort> port, const std::string& folder,
               FolderWatch::Changed changed)
-      : notices_(std::make_shared<FolderNotices>(folder, std::move(changed))),
-        items_(std::make_shared<NoticeReader>(port, notices_, folder, wantedNotices)) {
-    if (!items_->Begin()) {
-      items_.reset();
-      return;
-    }
-    const base::PathSyntax& syntax = base::PathSyntax::Windows();
-    const std::string above = syntax.ParentOf(folder);
-    if (syntax.Same(above, folder)) return;
-    itself_ = std::make_shared<NoticeReader>(port, notices_, above, FILE_NOTIFY_CHANGE_DIR_NAME,
-                                             std::string(syntax.LastComponent(folder)));
-    // One that may not be read leaves its folders without word of their end.
-    if (!itself_->Begin()) itself_.reset();
+      : port_(std::move(port)),
+        notices_(std::make_shared<FolderNotices>(folder, std::move(changed))) {
+    port_->Use();
+    Begin();
   }
   ReaderWatch(const ReaderWatch&) = delete;
   ReaderWatch& operator=(const ReaderWatch&) = delete;
   ~ReaderWatch() override {
     notices_->Close();
-    for (const auto& reader : {items_, itself_}) {
-      if (reader) reader->End();
-    }
+    End();
+    port_->Leave();
   }
 
   bool IsWatching() const { return items_ != nullptr; }
 
  private:
+  void Begin() {
+    const std::string& folder = notices_->Folder();
+    items_ = std::make_shared<NoticeReader>(port_, notices_, folder, wantedNotices);
+    if (!items_->Begin()) {
+      items_.reset();
+      return;
+    }
+    if (!IsOnSystemVolume(folder)) {
+      removal_ = std::make_unique<VolumeRemoval>(items_->Opened(),
+                                                 [this](RemovalStage stage) { OnRemoval(stage); });
+    }
+    const base::PathSyntax& syntax = base::PathSyntax::Windows();
+    const std::string above = syntax.ParentOf(folder);
+    if (syntax.Same(above, folder)) return;
+    itself_ = std::make_shared<NoticeReader>(port_, notices_, above, FILE_NOTIFY_CHANGE_DIR_NAME,
+                                             std::string(syntax.LastComponent(folder)));
+    // One that may not be read leaves its folders without word of their end.
+    if (!itself_->Begin()) itself_.reset();
+  }
+
+  void End() {
+    for (const auto& reader : {std::exchange(items_, nullptr), std::exchange(itself_, nullptr)}) {
+      if (reader) reader->End();
+    }
+  }
+
+  void OnRemoval(RemovalStage stage) {
+    if (stage == RemovalStage::Asked) return End();
+    if (stage == RemovalStage::GivenUp) {
+      removal_.reset();
+      Begin();
+    }
+    // Nobody knows what has happened meanwhile.
+    notices_->TakeEverything();
+    PostToLoop([notices = std::weak_ptr(notices_)] {
+      if (const auto open = notices.lock()) open->Tell();
+    });
+  }
+
+  const std::shared_ptr<NoticePort> port_;
   const std::shared_ptr<FolderNotices> notices_;
   std::shared_ptr<NoticeReader> items_;
   std::shared_ptr<NoticeReader> itself_;  // of the folder above; may be null
+  std::unique_ptr<VolumeRemoval> removal_;
 };
 
 }  // namespace

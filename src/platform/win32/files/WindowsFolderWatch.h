@@ -12,8 +12,8 @@ class NoticePort;
 
 // Reports from the loop of messages, 200 ms after the first of a run of changes, with the names up
 // to a thousand and Everything beyond. A Watch may be destroyed within its own call. It keeps
-// nobody from renaming or deleting the folder; the one above is watched as well, since a folder
-// hears nothing of its own end.
+// nobody from renaming or deleting the folder, nor from taking its volume away; the folder above is
+// watched as well, since a folder hears nothing of its own end.
 class WindowsFolderWatch : public FolderWatch {
  public:
   WindowsFolderWatch() = default;
