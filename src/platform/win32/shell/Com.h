@@ -1,10 +1,10 @@
 // Objects of the system's component model.
 #pragma once
 
+#include "platform/win32/api/Windows.h"
+// Behind the system's own, which they need.
 #include <ole2.h>
 #include <wrl/client.h>
-
-#include "platform/win32/api/Windows.h"
 
 namespace tarnwell::platform {
 
