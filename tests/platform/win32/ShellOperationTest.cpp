@@ -102,6 +102,26 @@ TEST(ShellOperation, WhatIsLeftIsToldUnlessTheUserWasAsked) {
   EXPECT_EQ(Told(result, here.Path().size()), R"(\b>\to\b )");
 }
 
+TEST(ShellOperation, NothingCountsAsDoneByTheWordOfTheShellAlone) {
+  const TempFolder here;
+  here.Make({"whole=12345", "held=x", "to/"});
+  const Handle held(CreateFileW(LongPath(here / "held").c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                nullptr, OPEN_EXISTING, 0, nullptr));
+  FakeShell shell;
+  shell.Does = [&](const ShellWork&) {
+    Put(here / "to/whole", "123");
+    return ShellOutcome();
+  };
+  ScriptedUser user;
+  const OperationResult copied =
+      shell.Run(user, FileFunction::Copy, {here / "whole"}, here / "to/", NoConfirmation);
+  EXPECT_EQ(copied.Code, ERROR_HANDLE_EOF);
+  EXPECT_EQ(copied.Placed.size(), 0U);
+  EXPECT_EQ(shell.Run(user, FileFunction::Delete, {here / "held"}, "").Code,
+            ERROR_SHARING_VIOLATION);
+  EXPECT_EQ(user.Heard, "whole:38 held:32 ");
+}
+
 TEST(ShellOperation, MovesThatMergeOrEndHalfwayTellWhatHasGone) {
   const TempFolder here;
   here.Make({"d/f=new", "d/g=g", "d/empty/", "d/sub/x=x", "d/sub/y=y", "half/1=1", "whole/1=1",

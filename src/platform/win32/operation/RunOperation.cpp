@@ -13,6 +13,7 @@
 #include "platform/win32/operation/BinnedItems.h"
 #include "platform/win32/operation/ItemCheck.h"
 #include "platform/win32/operation/ItemSort.h"
+#include "platform/win32/operation/LeftReason.h"
 #include "platform/win32/operation/TargetFolder.h"
 #include "platform/win32/operation/TransferPlan.h"
 #include "platform/win32/operation/WindowsRenames.h"
@@ -194,7 +195,7 @@ class ShellRun {
       // Somebody has pressed "Skip" in a question about it.
       const bool wasAsked = !left.empty() && !talk_.Has(NoConfirmation) && outcome.Code == 0 &&
                             std::ranges::all_of(left, &TransferPlan::Left::IsConflict);
-      if (!WantsAgain(outcome, left.empty() ? std::string() : left.front().Path, wasAsked)) return;
+      if (!WantsAgain(outcome, left.empty() ? nullptr : left.data(), wasAsked)) return;
       items.clear();
       for (const TransferPlan::Left& each : left) items.push_back(each.Item);
     }
@@ -221,8 +222,8 @@ class ShellRun {
     return outcome;
   }
 
-  // Whether what was left is to be tried again. `path` is that of the first; empty for none.
-  bool WantsAgain(const ShellOutcome& outcome, const std::string& path, bool wasAsked) {
+  // Whether what was left is to be tried again; `left` is the first of it, null for none.
+  bool WantsAgain(const ShellOutcome& outcome, const TransferPlan::Left* left, bool wasAsked) {
     if (outcome.IsCancelled() && outcome.IsAborted) {
       talk_.Cancel();
       return false;
@@ -231,13 +232,18 @@ class ShellRun {
       talk_.NoteLeft(ERROR_CANCELLED);
       return false;
     }
-    if (outcome.Code == 0 && path.empty()) return false;
-    const base::Status failure =
-        outcome.Code != 0
-            ? ShellFailure(outcome.Code)
-            : base::Status{ERROR_GEN_FAILURE, "Windows has left it, and does not say why"};
-    const std::string& about = path.empty() ? from_.front() : path;
-    return talk_.Retries(StepOf(), about, failure) && !path.empty();
+    if (outcome.Code == 0 && left == nullptr) return false;
+    const std::string& about = left == nullptr ? from_.front() : left->Path;
+    base::Status failure = outcome.Code != 0 ? ShellFailure(outcome.Code) : ReasonOf(*left);
+    return talk_.Retries(StepOf(), about, failure) && left != nullptr;
+  }
+
+  base::Status ReasonOf(const TransferPlan::Left& left) const {
+    if (left.IsHalf) {
+      return {ERROR_HANDLE_EOF,
+              "The copy is not as large as the original. Look whether the drive is full"};
+    }
+    return ReasonOfLeft(left.Path, request_.Function != FileFunction::Copy, left.Target);
   }
 
   OperationStep StepOf() const {
@@ -270,7 +276,9 @@ class ShellRun {
         if (SortOf(from_[item]) != ItemSort::None) left.push_back(item);
       }
       NoteDeleted(fit.size() - left.size(), std::move(gone));
-      if (!WantsAgain(outcome, left.empty() ? std::string() : from_[left.front()], false)) return;
+      const TransferPlan::Left first{.Path = left.empty() ? std::string() : from_[left.front()],
+                                     .Target = {}};
+      if (!WantsAgain(outcome, left.empty() ? nullptr : &first, false)) return;
       items = std::move(left);
     }
   }

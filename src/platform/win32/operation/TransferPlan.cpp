@@ -99,9 +99,10 @@ std::vector<TransferPlan::Left> TransferPlan::Settle(OperationTalk& talk) {
     const bool isKnownLeft = !left.empty() && left.back().Item == unit.Item;
     if (outcome == Outcome::Done && !unit.IsMerge) NoteDone(unit, talk);
     if (outcome == Outcome::Replaced || outcome == Outcome::Gone) talk.NoteIrrevocable();
-    if (outcome == Outcome::Left) {
+    const bool isHalf = outcome == Outcome::Half;
+    if (outcome == Outcome::Left || isHalf) {
       if (!unit.IsMerge) NoteArrived(unit, talk);
-      if (!isKnownLeft) left.push_back({unit.Item, unit.From, unit.IsTaken});
+      if (!isKnownLeft) left.push_back({unit.Item, unit.From, unit.To, unit.IsTaken, isHalf});
     }
     const bool hasCome = outcome == Outcome::Done || outcome == Outcome::Replaced;
     if (unit.IsMerge ? !isKnownLeft && outcome != Outcome::Left : hasCome) come.insert(unit.Item);
@@ -114,7 +115,8 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
   const bool stays = SortOf(unit.From) != ItemSort::None;
   if (!unit.IsTaken) {
     if (SortOf(unit.To) == ItemSort::None) return stays ? Outcome::Left : Outcome::Gone;
-    return moves_ && stays ? Outcome::Left : Outcome::Done;
+    if (moves_ && stays) return Outcome::Left;
+    return IsWhole(unit) ? Outcome::Done : Outcome::Half;
   }
   if (FindTwin(unit)) return Outcome::Done;
   if (moves_) return stays ? Outcome::Left : Outcome::Replaced;
@@ -122,6 +124,12 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
   const ItemFingerprint now = FingerprintOf(unit.To, false);
   const bool isAlike = unit.Sort == ItemSort::File && HoldsTheSame(now, unit.Source);
   return isAlike || now != unit.Target ? Outcome::Replaced : Outcome::Left;
+}
+
+// Shells have told of full drives that all was well.
+bool TransferPlan::IsWhole(const Unit& unit) const {
+  return moves_ || unit.Sort != ItemSort::File ||
+         FingerprintOf(unit.From, false).Size == FingerprintOf(unit.To, false).Size;
 }
 
 // All that lies in it has been told. What went though nothing was in it cannot be taken back.
@@ -133,12 +141,15 @@ TransferPlan::Outcome TransferPlan::OutcomeOfMerge(std::size_t at) const {
   return hasParts ? Outcome::Done : Outcome::Gone;
 }
 
-// Of a move that has not come to its end: what is at its target has come there all the same. Where
+// Of what has not come to its end: what is at its target has come there all the same. Where
 // nothing of a folder has gone it was copied alone.
 void TransferPlan::NoteArrived(const Unit& unit, OperationTalk& talk) {
-  if (!moves_ || unit.IsTaken || SortOf(unit.To) == ItemSort::None) return;
-  DoneItem done{.From = {}, .To = unit.To, .Print = FingerprintOf(unit.To, true)};
-  if (unit.Sort == ItemSort::Folder && FingerprintOf(unit.From, true).Below != done.Print.Below) {
+  if (unit.IsTaken || SortOf(unit.To) == ItemSort::None) return;
+  DoneItem done{.From = moves_ ? std::string() : unit.From,
+                .To = unit.To,
+                .Print = FingerprintOf(unit.To, true)};
+  if (moves_ && unit.Sort == ItemSort::Folder &&
+      FingerprintOf(unit.From, true).Below != done.Print.Below) {
     done.From = unit.From;
     done.Print.Below = 0;
   }

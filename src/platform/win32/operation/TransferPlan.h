@@ -27,8 +27,10 @@ class TransferPlan {
   struct Left {
     std::size_t Item = 0;
     std::string Path;  // of the item, or of what lies in it
+    std::string Target;
     // The user may have been asked about it.
     bool IsConflict = false;
+    bool IsHalf = false;  // a file that has come, but not whole
   };
   // Tells what was done; gives what was not, by the numbers in order.
   std::vector<Left> Settle(OperationTalk& talk);
@@ -46,13 +48,14 @@ class TransferPlan {
   };
   // What is below a folder that goes to another volume, by paths from there.
   using KeysBelow = std::map<std::string, ItemKey>;
-  enum class Outcome { Done, Replaced, Gone, Left };
+  enum class Outcome { Done, Half, Replaced, Gone, Left };
 
   void LookAtSource(Unit& unit);
   void AddParts(std::size_t item, const std::string& from, const std::string& to);
   void KeepKeys(const Unit& unit, const std::string& path, const std::string& below);
   void KeepNames(const std::string& folder);
   Outcome OutcomeOf(Unit& unit);
+  bool IsWhole(const Unit& unit) const;
   Outcome OutcomeOfMerge(std::size_t at) const;
   void NoteArrived(const Unit& unit, OperationTalk& talk);
   bool FindTwin(Unit& unit);
