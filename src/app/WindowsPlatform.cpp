@@ -58,6 +58,7 @@ Platform MakePlatform(platform::MessagePump& pump) {
   auto system =
       std::make_unique<platform::WindowsSystemInfo>(platform::ProgramPlaces::OfProcess(), *files);
   const std::string folder = system->ProgramFolder();
+  files->ProtectProgram(folder);
   const platform::FarCalls calls(pump, {}, std::make_shared<platform::WindowsFarPlaces>());
   Platform made;
   made.DataFolder = system->DataFolder();

@@ -23,6 +23,8 @@ std::string OwnFolder() {
 }  // namespace
 
 std::optional<int> PrepareProcess(int /*argc*/, char** /*argv*/) {
+  // A drive without a disk is an error wherever it is asked, and no question of the system.
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
   return {};
 }
 

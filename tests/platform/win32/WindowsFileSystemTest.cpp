@@ -95,7 +95,8 @@ TEST(WindowsFileSystem, TellsAndKeepsTheMarksOfItems) {
 TEST(WindowsFileSystem, RenamesNothingThatTheSystemOrTheProgramNeeds) {
   const TempFolder folder;
   folder.Make({"program/file="});
-  WindowsFileSystem files(folder / "program");
+  WindowsFileSystem files;
+  files.ProtectProgram(folder / "program");
   EXPECT_NE(files.Rename(folder / "program", folder / "x").Reason, "");
   EXPECT_TRUE(files.Rename(folder / "program/file", folder / "x"));
   EXPECT_EQ(folder.Names(), "program x ");

@@ -14,10 +14,9 @@ namespace tarnwell::platform {
 // nothing is made under a name that other programs could not open.
 class WindowsFileSystem : public FileSystem {
  public:
-  WindowsFileSystem() = default;
-  // Refuses to rename what ProtectedItems tells for this folder of the program's own files.
-  explicit WindowsFileSystem(std::string programFolder)
-      : programFolder_(std::move(programFolder)) {}
+  // From now on the folder of the program's own files is one of the items that ProtectedItems
+  // tells, which are not renamed. It is found by these calls.
+  void ProtectProgram(std::string folder) { programFolder_ = std::move(folder); }
 
   const base::PathSyntax& Syntax() const override;
   std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
