@@ -1,5 +1,6 @@
 #include "app/WindowsIcons.h"
 
+#include <QDir>
 #include <QImage>
 #include <QPixmap>
 
@@ -10,7 +11,7 @@
 namespace tarnwell::app {
 namespace {
 
-constexpr DWORD IconSizes[] = {SHGFI_SMALLICON, SHGFI_LARGEICON};
+constexpr UINT IconSizes[] = {SHGFI_SMALLICON, SHGFI_LARGEICON};
 
 void AddPicture(QIcon& icon, HICON handle) {
   if (handle == nullptr) return;
@@ -19,25 +20,12 @@ void AddPicture(QIcon& icon, HICON handle) {
   if (!image.isNull()) icon.addPixmap(QPixmap::fromImage(image));
 }
 
-// By the name alone; nothing of it is on a disk.
-QIcon IconByName(const QString& name, DWORD attributes, DWORD flags) {
+QIcon IconOf(const QString& path, DWORD attributes, UINT flags) {
   QIcon icon;
-  for (const DWORD size : IconSizes) {
+  for (const UINT size : IconSizes) {
     SHFILEINFOW found{};
-    if (SHGetFileInfoW(reinterpret_cast<const wchar_t*>(name.utf16()), attributes, &found,
-                       sizeof found, SHGFI_ICON | SHGFI_USEFILEATTRIBUTES | size | flags) != 0) {
-      AddPicture(icon, found.hIcon);
-    }
-  }
-  return icon;
-}
-
-QIcon StockIcon(SHSTOCKICONID number) {
-  QIcon icon;
-  for (const DWORD size : IconSizes) {
-    SHSTOCKICONINFO found{};
-    found.cbSize = sizeof found;
-    if (SUCCEEDED(SHGetStockIconInfo(number, SHGSI_ICON | size, &found))) {
+    if (SHGetFileInfoW(reinterpret_cast<const wchar_t*>(path.utf16()), attributes, &found,
+                       sizeof found, SHGFI_ICON | size | flags) != 0) {
       AddPicture(icon, found.hIcon);
     }
   }
@@ -47,14 +35,18 @@ QIcon StockIcon(SHSTOCKICONID number) {
 }  // namespace
 
 ui::SystemIcons ShellIcons() {
+  // By the name alone; nothing of it is on a disk.
+  const auto byName = [](const QString& name, DWORD attributes, UINT flags = 0) {
+    return IconOf(name, attributes, SHGFI_USEFILEATTRIBUTES | flags);
+  };
   ui::SystemIcons icons;
-  icons.Drive = StockIcon(SIID_DRIVEFIXED);
-  icons.Folder = IconByName(QStringLiteral("folder"), FILE_ATTRIBUTE_DIRECTORY, 0);
-  icons.OpenFolder = IconByName(QStringLiteral("folder"), FILE_ATTRIBUTE_DIRECTORY, SHGFI_OPENICON);
-  icons.File = IconByName(QStringLiteral("file"), FILE_ATTRIBUTE_NORMAL, 0);
+  icons.Drive = IconOf(QDir::toNativeSeparators(QDir::rootPath()), 0, 0);
+  icons.Folder = byName(QStringLiteral("folder"), FILE_ATTRIBUTE_DIRECTORY);
+  icons.OpenFolder = byName(QStringLiteral("folder"), FILE_ATTRIBUTE_DIRECTORY, SHGFI_OPENICON);
+  icons.File = byName(QStringLiteral("file"), FILE_ATTRIBUTE_NORMAL);
   if (icons.Folder.isNull() || icons.File.isNull() || icons.Drive.isNull()) return {};
-  icons.OfExtension = [](const QString& extension) {
-    return IconByName(QStringLiteral("x.") + extension, FILE_ATTRIBUTE_NORMAL, 0);
+  icons.OfExtension = [byName](const QString& extension) {
+    return byName(QStringLiteral("x.") + extension, FILE_ATTRIBUTE_NORMAL);
   };
   return icons;
 }
