@@ -146,6 +146,14 @@ TEST(LinkTarget, IsWhatPeopleWrite) {
   }
 }
 
+TEST(LinkTarget, IsTakenFromWhereTheLinkIs) {
+  EXPECT_EQ(LinkedPath(R"(C:\a\link)", R"(..\b)"), R"(C:\a\..\b)");
+  EXPECT_EQ(LinkedPath(R"(C:\a\link)", R"(\b)"), R"(C:\b)");
+  EXPECT_EQ(LinkedPath(R"(\\server\share\a\link)", R"(\b)"), R"(\\server\share\b)");
+  EXPECT_EQ(LinkedPath(R"(\\server\share\link)", "b"), R"(\\server\share\b)");
+  EXPECT_EQ(LinkedPath(R"(C:\link)", R"(\\server\share\b)"), R"(\\server\share\b)");
+}
+
 TEST(NamingError, SaysWhatToDo) {
   EXPECT_TRUE(NamingError(ERROR_SUCCESS));
   EXPECT_EQ(NamingError(ERROR_DISK_FULL).Reason,

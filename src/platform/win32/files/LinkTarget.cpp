@@ -88,11 +88,10 @@ std::string LinkedPath(const std::string& link, const std::string& target) {
   const base::PathSyntax& syntax = base::PathSyntax::Windows();
   if (syntax.IsWhole(target)) return target;
   if (!target.starts_with(syntax.Separator)) return syntax.Join(syntax.ParentOf(link), target);
-  std::string root = link;  // of the link's volume
-  while (syntax.ParentOf(root) != root && !syntax.ParentOf(root).empty()) {
-    root = syntax.ParentOf(root);
-  }
-  return syntax.RemoveRightSlash(root) + target;
+  // From the root of the link's volume, which is a share or a drive.
+  std::size_t end = link.find(syntax.Separator, syntax.FindNetworkStart(link) == 0 ? 2 : 0);
+  if (syntax.FindNetworkStart(link) == 0) end = link.find(syntax.Separator, end + 1);
+  return link.substr(0, end) + target;
 }
 
 DWORD FollowLinks(std::string& path) {
