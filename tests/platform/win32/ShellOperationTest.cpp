@@ -192,6 +192,24 @@ TEST(ShellOperation, WhatIsHeldOpenOrProtectedStays) {
   EXPECT_EQ(here.Names(), "free held read only ");
 }
 
+TEST(ShellOperation, ACircleOfNamesIsOnRecordWhileItLasts) {
+  const TempFolder here;
+  here.Make({"a=1", "b=2", "own/"});
+  ScriptedUser user;
+  std::set<std::string> records;
+  user.Meanwhile = [&] { records.insert(Get(here / "own/aside.txt")); };
+  const std::vector<std::string> from{here / "a", here / "b", here / "x"};
+  const std::vector<std::string> to{here / "x", here / "a", here / "b"};
+  EXPECT_EQ(RunOperation({FileFunction::Rename, base::ItemList::TextOf(from),
+                          base::ItemList::TextOf(to), OwnTargets},
+                         user, here / "own")
+                .Code,
+            0);
+  EXPECT_EQ(records, std::set<std::string>{
+                         base::ItemList::TextOf({from[0], to[0], from[1], to[1], from[2], to[2]})});
+  EXPECT_FALSE(fs::exists(PathOf(here / "own/aside.txt")));
+}
+
 TEST(ShellOperation, TheBinGivesBackWhatWasDeleted) {
   const TempFolder here;
   here.Make({"sub/a.txt=1", "sub/d/in=2", "b=3"});

@@ -224,7 +224,7 @@ class ShellRun {
 
   // Whether what was left is to be tried again; `left` is the first of it, null for none.
   bool WantsAgain(const ShellOutcome& outcome, const TransferPlan::Left* left, bool wasAsked) {
-    if (outcome.IsCancelled() && outcome.IsAborted) {
+    if (outcome.IsCancelled()) {
       talk_.Cancel();
       return false;
     }

@@ -118,8 +118,9 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
     if (moves_ && stays) return Outcome::Left;
     return IsWhole(unit) ? Outcome::Done : Outcome::Half;
   }
+  if (moves_ && stays) return Outcome::Left;
   if (FindTwin(unit)) return Outcome::Done;
-  if (moves_) return stays ? Outcome::Left : Outcome::Replaced;
+  if (moves_) return Outcome::Replaced;
   if (PlanSyntax().Same(unit.From, unit.To)) return Outcome::Left;
   const ItemFingerprint now = FingerprintOf(unit.To, false);
   const bool isAlike = unit.Sort == ItemSort::File && HoldsTheSame(now, unit.Source);
@@ -128,8 +129,9 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
 
 // Shells have told of full drives that all was well.
 bool TransferPlan::IsWhole(const Unit& unit) const {
-  return moves_ || unit.Sort != ItemSort::File ||
-         FingerprintOf(unit.From, false).Size == FingerprintOf(unit.To, false).Size;
+  if (moves_ || unit.Sort != ItemSort::File) return true;
+  const ItemFingerprint from = FingerprintOf(unit.From, false), to = FingerprintOf(unit.To, false);
+  return from.Kind != to.Kind || from.Size == to.Size;  // of a link, the copy may be a file
 }
 
 // All that lies in it has been told. What went though nothing was in it cannot be taken back.
@@ -161,20 +163,29 @@ void TransferPlan::NoteArrived(const Unit& unit, OperationTalk& talk) {
 bool TransferPlan::FindTwin(Unit& unit) {
   const base::PathSyntax& syntax = PlanSyntax();
   const std::string folder = syntax.ParentOf(unit.To);
-  std::set<std::string>& known = names_[folder];
+  std::vector<NewItem>& items = NewItemsIn(folder);
   const std::string stem = syntax.Key(StemOf(syntax.LastComponent(unit.To), unit.Sort));
-  std::string twin;
-  ReadNames(folder, [&](const std::string& name, ItemSort sort) {
-    const std::string key = syntax.Key(name);
-    if (sort != unit.Sort || known.contains(key) || key.find(stem) == key.npos) return;
-    const ItemFingerprint print = FingerprintOf(syntax.Join(folder, name), false);
-    if (HoldsTheSame(print, unit.Source) && (twin.empty() || name.size() < twin.size()))
-      twin = name;
-  });
-  if (twin.empty()) return false;
-  known.insert(syntax.Key(twin));
-  unit.To = syntax.Join(folder, twin);
+  auto twin = items.end();
+  for (auto item = items.begin(); item != items.end(); ++item) {
+    const bool fits = item->Sort == unit.Sort && syntax.Key(item->Name).find(stem) != stem.npos &&
+                      HoldsTheSame(item->Print, unit.Source);
+    if (fits && (twin == items.end() || item->Name.size() < twin->Name.size())) twin = item;
+  }
+  if (twin == items.end()) return false;
+  unit.To = syntax.Join(folder, twin->Name);
+  items.erase(twin);
   return true;
+}
+
+std::vector<TransferPlan::NewItem>& TransferPlan::NewItemsIn(const std::string& folder) {
+  const auto [items, isNew] = new_.try_emplace(folder);
+  if (!isNew) return items->second;
+  const std::set<std::string>& known = names_[folder];
+  ReadNames(folder, [&](const std::string& name, ItemSort sort) {
+    if (known.contains(PlanSyntax().Key(name))) return;
+    items->second.push_back({name, sort, FingerprintOf(PlanSyntax().Join(folder, name), false)});
+  });
+  return items->second;
 }
 
 void TransferPlan::NoteDone(const Unit& unit, OperationTalk& talk) {

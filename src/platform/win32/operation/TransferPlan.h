@@ -46,6 +46,12 @@ class TransferPlan {
     ItemFingerprint Source = {};  // of a move, and where the target is taken
     ItemFingerprint Target = {};  // of what stands there
   };
+  // What was not there before.
+  struct NewItem {
+    std::string Name;
+    ItemSort Sort = ItemSort::File;
+    ItemFingerprint Print;
+  };
   // What is below a folder that goes to another volume, by paths from there.
   using KeysBelow = std::map<std::string, ItemKey>;
   enum class Outcome { Done, Half, Replaced, Gone, Left };
@@ -59,6 +65,7 @@ class TransferPlan {
   Outcome OutcomeOfMerge(std::size_t at) const;
   void NoteArrived(const Unit& unit, OperationTalk& talk);
   bool FindTwin(Unit& unit);
+  std::vector<NewItem>& NewItemsIn(const std::string& folder);
   void NoteDone(const Unit& unit, OperationTalk& talk);
   void NoteRenumbered(const Unit& unit, const ItemFingerprint& now, OperationTalk& talk);
 
@@ -67,6 +74,7 @@ class TransferPlan {
   std::uint64_t device_ = 0;
   std::vector<Unit> units_;
   std::map<std::string, std::set<std::string>> names_;  // by folder: those that were there, as keys
+  std::map<std::string, std::vector<NewItem>> new_;     // by folder
   std::map<std::string, KeysBelow> keys_;               // by the item's path
 };
 
