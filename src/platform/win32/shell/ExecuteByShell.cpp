@@ -21,7 +21,11 @@ base::Status ExecuteByShell(const ShellVerb& call) {
   info.lpDirectory = orNull(call.Folder);
   info.nShow = SW_SHOWNORMAL;
   SetLastError(ERROR_SUCCESS);
-  return ShellExecuteExW(&info) != FALSE ? base::Status() : LastError();
+  if (ShellExecuteExW(&info) != FALSE) return {};
+  const base::Status status = LastError();
+  // The system's words have a gap for the name.
+  if (status.Code == ERROR_BAD_EXE_FORMAT) return {status.Code, "It is no program for this system"};
+  return status;
 }
 
 base::Status AskWhatOpens(const std::wstring& file, HWND owner) {
