@@ -19,6 +19,7 @@
 #include "platform/win32/menu/WindowsPopupMenus.h"
 #include "platform/win32/operation/RunOperation.h"
 #include "platform/win32/search/WindowsFileSearch.h"
+#include "platform/win32/shell/CutItems.h"
 #include "platform/win32/shell/WindowsLauncher.h"
 #include "platform/win32/shell/WindowsShellWindows.h"
 #include "platform/win32/system/WindowsClock.h"
@@ -79,6 +80,7 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.Operations = OperationsBy(calls, folder);
   made.Notices = std::make_unique<platform::WindowsDesktopNotices>(owner);
   made.Icons = ShellIcons();
+  made.CutByShell = platform::ItemsCutHere;
   made.TakeOwner = [ownerId](std::uintptr_t window) { *ownerId = window; };
   made.AnyCallsLeft = [calls] { return calls.AnyLeft(); };
   made.MakeDesktop = [owner, &files = *made.Files, calls](const DesktopTools& tools) -> Desktop {
