@@ -59,6 +59,13 @@ TEST_F(FileSearchTest, LooksIntoFilesAlone) {
   EXPECT_TRUE(told.Troubles.empty());
 }
 
+TEST_F(FileSearchTest, ReachesWhateverNameAnItemHas) {
+  std::string deep;
+  for (int level = 0; level < 40; ++level) deep += "a long name/";
+  folder_.Make({"CON=Needle", "nul.txt=Needle", "blank =Needle", "dot.=Needle", deep + "x=Needle"});
+  EXPECT_EQ(WithContent("Needle"), "CON " + deep + "x blank  dot. nul.txt ");
+}
+
 TEST_F(FileSearchTest, TellsWhatItCannotSearch) {
   folder_.Make({"long=" + std::string(40'000, 'a') + "!", "file="});
   SearchRequest request;

@@ -28,6 +28,21 @@ TEST(FolderWatch, NamesWhatChanged) {
   EXPECT_TRUE(!told.Everything && !told.Gone);
 }
 
+TEST(FolderWatch, ReachesWhateverNameAnItemHas) {
+  const TempFolder folder;
+  std::string deep = "CON /dot./";
+  for (int level = 0; level < 40; ++level) deep += "a long name/";
+  deep.pop_back();
+  folder.Make({deep + "/"});
+  WatchTold told;
+  const auto watch = TestedWatch().Start(folder / deep, told.Take());
+  ASSERT_NE(watch, nullptr);
+  Put(folder / (deep + "/nul"), "");
+  told.MakeLastChange(folder / (deep + "/last"));
+  EXPECT_EQ(told.Names, (std::set<std::string>{"last", "nul"}));
+  EXPECT_TRUE(TestedStamps().Read(folder / deep).IsThere);
+}
+
 TEST(FolderWatch, TellsThatTheFolderWent) {
   const TempFolder folder;
   folder.Make({"watched/file="});

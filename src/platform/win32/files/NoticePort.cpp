@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::chrono::milliseconds noticeDelay(200);  // from the first change of a run to the call
 constexpr ULONG_PTR quitKey = 1;                       // of the message that ends the thread
-constexpr std::size_t recordSpace = std::size_t{32} << 10;  // bytes; shares take twice as much
+constexpr std::size_t recordSpace = std::size_t{16} << 10;  // bytes
 constexpr std::size_t ownSpace = std::size_t{4} << 10;      // for one item alone
 
 // Notices may name an item by its short name, "LONGNA~1.TXT", if that is how it was reached.
