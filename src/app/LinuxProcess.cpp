@@ -74,8 +74,13 @@ std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens) {
   return std::make_shared<platform::RunningCopy>(OwnFolder(), std::move(opens));
 }
 
+// All of them are the toolkit's.
+bool IsBelowSystemDialog(std::uintptr_t /*window*/) {
+  return false;
+}
+
 // Signals end nothing by themselves.
-std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit, std::function<bool()> /*isOver*/) {
+std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit, std::function<bool()> /*save*/) {
   return std::make_shared<platform::LinuxTermination>(std::move(quit));
 }
 

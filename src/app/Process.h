@@ -2,6 +2,7 @@
 // system answers these in one file.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -42,8 +43,13 @@ using OpensFolders =
     std::function<void(const std::vector<std::string>& folders, const std::string& token)>;
 std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens);
 
+// Whether a menu or a dialog of the system itself is up over the window, which has this number
+// there.
+bool IsBelowSystemDialog(std::uintptr_t window);
+
 // While what it gives lives, `quit` is called from the event loop when the system asks the program
-// to end. A system that does not wait by itself is held up until `isOver` says that all is saved.
-std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit, std::function<bool()> isOver);
+// to end. A system that ends it by itself is held up until `save` has saved all, which gives false
+// as long as that would be too early.
+std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit, std::function<bool()> save);
 
 }  // namespace tarnwell::app

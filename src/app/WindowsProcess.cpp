@@ -79,8 +79,16 @@ std::shared_ptr<void> WhenAskedToOpen(OpensFolders opens) {
       [opens = std::move(opens)](const std::vector<std::string>& folders) { opens(folders, ""); });
 }
 
-std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit, std::function<bool()> isOver) {
-  return std::make_shared<platform::WindowsTermination>(std::move(quit), std::move(isOver));
+bool IsBelowSystemDialog(std::uintptr_t window) {
+  GUITHREADINFO facts{};
+  facts.cbSize = sizeof facts;
+  const bool isInMenu = GetGUIThreadInfo(GetCurrentThreadId(), &facts) != FALSE &&
+                        (facts.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0;
+  return isInMenu || IsWindowEnabled(reinterpret_cast<HWND>(window)) == FALSE;
+}
+
+std::shared_ptr<void> WhenAskedToEnd(std::function<void()> quit, std::function<bool()> save) {
+  return std::make_shared<platform::WindowsTermination>(std::move(quit), std::move(save));
 }
 
 }  // namespace tarnwell::app

@@ -257,7 +257,10 @@ int main(int argc, char** argv) {
     mainWindow->activateWindow();
   };
   ui::FolderRequests requests(
-      [&] { return application.StartForm().LoadFinished && !pump.IsWaiting(); },
+      [&] {
+        return application.StartForm().LoadFinished && !pump.IsWaiting() &&
+               !(mainWindow && app::IsBelowSystemDialog(mainWindow->winId()));
+      },
       [&](const std::vector<std::string>& folders) {
         application.MainObject().OpenFolders(folders);
       });
@@ -273,7 +276,6 @@ int main(int argc, char** argv) {
     requests.Drop();
   };
   // What the system or the session asks for: operations are given up, and then all ends.
-  bool isSaved = false;
   const auto endNow = [&] {
     leaveOtherCopies();
     pump.Leave();
@@ -281,13 +283,17 @@ int main(int argc, char** argv) {
     operations.WhenIdle([&] {
       closeMenus([&] {
         application.RequestQuit();
-        isSaved = true;
         if (host.OpenForms().empty()) QCoreApplication::exit();
       });
     });
   };
-  const std::shared_ptr<void> termination =
-      app::WhenAskedToEnd(endNow, [&isSaved] { return isSaved; });
+  // Menus may be up that cannot be closed as long as this is waited for.
+  const auto saveWhenIdle = [&] {
+    if (!operations.IsIdle()) return false;
+    application.MainObject().SaveWithoutWindows();
+    return true;
+  };
+  const std::shared_ptr<void> termination = app::WhenAskedToEnd(endNow, saveWhenIdle);
   qtApplication.MayQuit = [&] {
     if (operations.IsIdle()) return true;
     endNow();

@@ -20,9 +20,9 @@ void HandleMessages() {
 
 }  // namespace
 
-WindowsTermination::WindowsTermination(std::function<void()> quit, std::function<bool()> isOver)
+WindowsTermination::WindowsTermination(std::function<void()> quit, std::function<bool()> save)
     : quit_(std::move(quit)),
-      isOver_(std::move(isOver)),
+      save_(std::move(save)),
       window_(L"TarnwellTermination",
               [this](UINT message, WPARAM first, LPARAM) -> std::optional<LRESULT> {
                 if (message == WM_QUERYENDSESSION) return TRUE;
@@ -36,7 +36,7 @@ WindowsTermination::WindowsTermination(std::function<void()> quit, std::function
 void WindowsTermination::EndWithSession() {
   ShutdownBlockReasonCreate(window_.Get(), HoldingUp);
   quit_();
-  while (!isOver_()) HandleMessages();
+  while (!save_()) HandleMessages();
   ShutdownBlockReasonDestroy(window_.Get());
 }
 
