@@ -1,11 +1,10 @@
 #include "platform/win32/api/PostToLoop.h"
 
-#include <cstdio>
 #include <deque>
-#include <exception>
 #include <mutex>
 #include <utility>
 
+#include "platform/GuardedCall.h"
 #include "platform/win32/api/Windows.h"
 
 namespace tarnwell::platform {
@@ -44,11 +43,7 @@ class LoopWindow {
       calls_.pop_front();
       if (!calls_.empty()) PostMessageW(window_, CallsWait, 0, 0);
     }
-    try {
-      call();
-    } catch (const std::exception& error) {
-      std::fprintf(stderr, "tarnwell: %s\n", error.what());
-    }
+    GuardedCall(call);
   }
 
   HWND window_ = nullptr;
