@@ -24,20 +24,6 @@ namespace {
 constexpr int LetterCount = 26;
 constexpr char DefaultLetter = 'C';
 
-// While it lives, a drive that is not ready is an error and no question of the system.
-class NoDriveQuestions {
- public:
-  NoDriveQuestions() {
-    SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before_);
-  }
-  NoDriveQuestions(const NoDriveQuestions&) = delete;
-  NoDriveQuestions& operator=(const NoDriveQuestions&) = delete;
-  ~NoDriveQuestions() { SetThreadErrorMode(before_, nullptr); }
-
- private:
-  DWORD before_ = 0;
-};
-
 std::string KindOfDrive(UINT type, char letter) {
   if (type == DRIVE_REMOVABLE && letter < DefaultLetter) return "Floppy Disk";
   constexpr std::array<std::pair<UINT, const char*>, 4> kinds = {
@@ -109,7 +95,6 @@ bool TellsOfVolume(WPARAM event, LPARAM data) {
 }  // namespace
 
 std::vector<Drive> WindowsDrives::List() const {
-  const NoDriveQuestions quiet;
   const DWORD present = GetLogicalDrives() | (1U << (DefaultLetter - 'A'));
   std::vector<Drive> drives;
   for (int at = 0; at < LetterCount; ++at) {

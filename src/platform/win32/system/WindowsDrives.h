@@ -11,8 +11,9 @@
 
 namespace tarnwell::platform {
 
-// Asks the system at each call. Nothing here wakes an empty drive, asks for a disk to be put in, or
-// waits for another machine. To be used by the thread with the loop of messages.
+// Asks the system at each call. Nothing here wakes an empty drive or waits for another machine; the
+// process has to take a drive without a disk for an error (SetErrorMode). To be used by the thread
+// with the loop of messages.
 class WindowsDrives : public Drives {
  public:
   // Labels are as people know them: "System (C:)", "photos on nas (P:)"; where a volume has none,
