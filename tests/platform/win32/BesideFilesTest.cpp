@@ -120,6 +120,20 @@ TEST(FarPlaces, AreFoundThroughLinksWithoutALookAtThem) {
   EXPECT_EQ(found(R"(C:\shared\loop)"), R"(C:\shared\loop)");
   EXPECT_EQ(found(R"(C:\loop)"), R"(C:\loop)");
   EXPECT_EQ(found(R"(C:\)"), R"(C:\)");
+
+  // Of items in one folder each is looked at, but not the way there again.
+  std::vector<std::string> asked;
+  const WindowsFarPlaces places(
+      [&](const std::string& item) {
+        asked.push_back(item);
+        return item == R"(C:\a\b\y)" ? R"(\\nas\export)" : "";
+      },
+      std::chrono::hours(1));
+  for (const char* path : {R"(C:\a\b\x)", R"(C:\a\b)", R"(C:\a\b\y)", R"(C:\a\bc)"}) {
+    EXPECT_EQ(places.Find(path).has_value(), std::string_view(path).ends_with('y'));
+  }
+  EXPECT_EQ(asked, (std::vector<std::string>{R"(C:\a)", R"(C:\a\b)", R"(C:\a\b\x)", R"(C:\a\b\y)",
+                                             R"(C:\a\bc)"}));
 }
 
 TEST(OperationVolumes, AreThoseOfTheFoldersWithoutACallToOtherMachines) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string_view>
 
 #include "base/PathSyntax.h"
 #include "platform/win32/api/WideName.h"
@@ -14,7 +15,15 @@ namespace {
 
 constexpr int mostFarLinks = 63;  // as the system has it
 
-std::string LinkAt(const std::string& path) {
+// Whether the folder is the item, or lies below it.
+bool LeadsTo(std::string_view item, std::string_view folder) {
+  return folder.starts_with(item) && (folder.size() == item.size() ||
+                                      folder[item.size()] == base::PathSyntax::Windows().Separator);
+}
+
+}  // namespace
+
+std::string LinkHere(const std::string& path) {
   const std::wstring wide = LongPath(path);
   const DWORD attributes = GetFileAttributesW(wide.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
@@ -24,11 +33,8 @@ std::string LinkAt(const std::string& path) {
   return IsVolumeTarget(target) ? std::string() : target;
 }
 
-}  // namespace
-
-std::optional<FarPlace> FindFarPlace(
-    const std::string& path, LastLink last, std::string& plain,
-    const std::function<std::string(const std::string& path)>& readLink) {
+std::optional<FarPlace> FindFarPlace(const std::string& path, LastLink last, std::string& plain,
+                                     const ReadLinkHere& readLink) {
   const base::PathSyntax& syntax = base::PathSyntax::Windows();
   plain = path;
   std::string rest = path;
@@ -62,7 +68,26 @@ std::optional<FarPlace> FindFarPlace(
 
 std::optional<FarPlace> WindowsFarPlaces::Find(const std::string& path, LastLink last,
                                                std::string& plain) const {
-  return FindFarPlace(path, last, plain, &LinkAt);
+  const std::string known = KnownFolder();
+  auto place = FindFarPlace(path, last, plain, [&](const std::string& item) {
+    return LeadsTo(item, known) ? std::string() : readLink_(item);
+  });
+  if (place || plain != path) return place;
+  std::string folder = base::PathSyntax::Windows().ParentOf(path);
+  if (!LeadsTo(folder, known)) Know(std::move(folder));
+  return place;
+}
+
+std::string WindowsFarPlaces::KnownFolder() const {
+  const std::lock_guard lock(mutex_);
+  if (std::chrono::steady_clock::now() - knownSince_ > knownFor_) known_.clear();
+  return known_;
+}
+
+void WindowsFarPlaces::Know(std::string folder) const {
+  const std::lock_guard lock(mutex_);
+  known_ = std::move(folder);
+  knownSince_ = std::chrono::steady_clock::now();
 }
 
 }  // namespace tarnwell::platform
