@@ -130,6 +130,11 @@ void OperationTalk::HandOver(std::string_view from, std::string_view to) {
   if (!Has(Silent)) Report(from, to);
 }
 
+void OperationTalk::TakeBack() {
+  progress_.IsBySystem = false;
+  if (!Has(Silent)) Report({}, {});
+}
+
 void OperationTalk::ReportEnd() {
   if (!Has(Silent)) Send(progress_);
 }

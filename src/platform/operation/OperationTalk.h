@@ -69,7 +69,7 @@ class OperationTalk {
   void Report(std::string_view from, std::string_view to);
   // The system takes the work over, as OperationProgress::IsBySystem tells, and gives it back.
   void HandOver(std::string_view from, std::string_view to);
-  void TakeBack() { progress_.IsBySystem = false; }
+  void TakeBack();
   // The last word, sent whatever the time.
   void ReportEnd();
 

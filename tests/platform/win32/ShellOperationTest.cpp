@@ -120,6 +120,8 @@ TEST(ShellOperation, NothingCountsAsDoneByTheWordOfTheShellAlone) {
   EXPECT_EQ(shell.Run(user, FileFunction::Delete, {here / "held"}, "").Code,
             ERROR_SHARING_VIOLATION);
   EXPECT_EQ(user.Heard, "whole:38 held:32 ");
+  shell.Run(user, FileFunction::Delete, {here / "whole"}, "", AllowUndo | NeverForGood);
+  EXPECT_EQ(shell.Calls.back().Flags & NoConfirmation, NoConfirmation);  // as an undo is meant
 }
 
 TEST(ShellOperation, MovesThatMergeOrEndHalfwayTellWhatHasGone) {

@@ -270,7 +270,9 @@ class ShellRun {
         fit.push_back(item);
         if (talk_.Has(AllowUndo)) gone.push_back({from_[item], FingerprintOf(from_[item], false)});
       }
-      const ShellOutcome outcome = CallShell(fit, {}, request_.Flags);
+      // Whoever asked for that is not asked whether he is sure.
+      const int sure = talk_.Has(NeverForGood) ? NoConfirmation : 0;
+      const ShellOutcome outcome = CallShell(fit, {}, request_.Flags | sure);
       std::vector<std::size_t> left;
       for (const std::size_t item : fit) {
         if (SortOf(from_[item]) != ItemSort::None) left.push_back(item);
@@ -323,8 +325,7 @@ class ShellRun {
 
   // What the shell gives no path for cannot be looked at.
   bool IsAsTold(const std::string& place, const ItemFingerprint* expected) {
-    return expected == nullptr || *expected == ItemFingerprint() ||
-           check_.IsAsExpected(place, expected);
+    return !RunSyntax().IsWhole(place) || check_.IsAsExpected(place, expected);
   }
 
   // --- Renames
