@@ -1,3 +1,6 @@
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include "Test.h"
 #include "TestApplication.h"
 #include "ui/services/QtFileClipboard.h"
@@ -37,6 +40,20 @@ TEST(FileUris, ComeBackAsTheyWere) {
   clipboard.Clear();
   EXPECT_FALSE(clipboard.HasFiles());
   EXPECT_EQ(clipboard.Get().Items, "");
+}
+
+// What the shell of the system cuts is not put there by the program itself.
+TEST(FileUris, AreCutUntilTheClipboardHasOthers) {
+  TestApplication();
+  std::string byShell;
+  std::vector<std::string> told;
+  QtFileClipboard clipboard([&byShell] { return byShell; });
+  clipboard.CutChanged = [&told](const std::string& items) { told.push_back(items); };
+  for (const std::string& items : {"/shells\0"s, "/shells\0"s, ""s}) {
+    byShell = items;
+    QGuiApplication::clipboard()->setMimeData(new QMimeData);
+  }
+  EXPECT_EQ(told, (std::vector<std::string>{"/shells\0"s, ""}));
 }
 
 TEST(FileUris, AreReadFromOtherPrograms) {

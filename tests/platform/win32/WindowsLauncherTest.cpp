@@ -12,6 +12,7 @@ namespace tarnwell::platform {
 namespace {
 
 using Texts = std::vector<std::string>;
+using namespace std::string_literals;
 
 class WindowsLauncherTest : public testing::Test {
  protected:
@@ -86,9 +87,7 @@ TEST_F(WindowsLauncherTest, OpensFoldersInThePane) {
 }
 
 TEST_F(WindowsLauncherTest, OpensWhatIsPickedAndNamesWhatFails) {
-  Folder.Make({"nothing.takes-this=x",
-               "ends./odd.bat=@echo odd> \"%~dp0it\"\r\n@move \"%~dp0it\" \"%~dp0..\\done\"\r\n",
-               "ends/odd.bat=no program"});
+  Folder.Make({"nothing.takes-this=x", "ends/odd.bat=no program"});
   EXPECT_TRUE(Launcher.OpenFiles({Folder / "tell.bat"}, Folder / "sub").empty());
   EXPECT_EQ(Told(), (Texts{Folder / "sub", ""}));
   const Texts bad{Folder / "none", Folder / "nothing.takes-this"};
@@ -98,11 +97,17 @@ TEST_F(WindowsLauncherTest, OpensWhatIsPickedAndNamesWhatFails) {
     EXPECT_EQ(failures[at].Path, bad[at]);
     EXPECT_FALSE(failures[at].Status.Reason.empty());
   }
-  // Other programs would take that path for another's, where the item has no short name.
-  const bool hasShort = GetShortPathNameW(LongPath(Folder / "ends.").c_str(), nullptr, 0) != 0;
-  EXPECT_EQ(Launcher.OpenFiles({Folder / "ends./odd.bat"}, Folder.Path()).empty(), hasShort);
-  if (hasShort) {
-    EXPECT_EQ(Told().front(), "odd");
+  // What other programs would take for another's path, or not at all, goes by the short name that
+  // the volume may keep.
+  const std::string it = Folder / "it", part(200, 'x');
+  for (const std::string& name : {"ends./odd.bat"s, part + "/" + part + "/odd.bat"}) {
+    Folder.Make({name + "=@echo odd> \"" + it + "\"\r\n@move \"" + it + "\" \"" + Folder / "done" +
+                 "\"\r\n"});
+    const bool hasShort = GetShortPathNameW(LongPath(Folder / name).c_str(), nullptr, 0) < MAX_PATH;
+    EXPECT_EQ(Launcher.OpenFiles({Folder / name}, Folder.Path()).empty(), hasShort);
+    if (hasShort && name.starts_with("ends.")) {
+      EXPECT_EQ(Told().front(), "odd");
+    }
   }
   for (const bool agrees : {false, true}) {
     Dialogs.Yes = agrees;
