@@ -28,7 +28,7 @@ class LoopWindow {
   void Post(std::function<void()> call) {
     const std::lock_guard<std::mutex> lock(mutex_);
     calls_.push_back(std::move(call));
-    if (calls_.size() == 1) PostMessageW(window_, CallsWait, 0, 0);
+    Wake();
   }
 
  private:
@@ -39,16 +39,22 @@ class LoopWindow {
     std::function<void()> call;
     {
       const std::lock_guard<std::mutex> lock(mutex_);
+      isWoken_ = false;
+      if (calls_.empty()) return;  // a message from elsewhere
       call = std::move(calls_.front());
       calls_.pop_front();
-      if (!calls_.empty()) PostMessageW(window_, CallsWait, 0, 0);
+      if (!calls_.empty()) Wake();
     }
     GuardedCall(call);
   }
 
+  // One message at a time. A queue that has no room for it now has some at the next call.
+  void Wake() { isWoken_ = isWoken_ || PostMessageW(window_, CallsWait, 0, 0) != 0; }
+
   HWND window_ = nullptr;
   std::mutex mutex_;
   std::deque<std::function<void()>> calls_;
+  bool isWoken_ = false;
 };
 
 // Made before main, by the thread that the process begins with; never unmade, since threads that
