@@ -21,8 +21,18 @@ namespace tarnwell::platform {
 namespace {
 
 // What a program that looks for viruses, or an index, holds open it frees within moments.
-constexpr int MoveAttempts = 10;
-constexpr DWORD MoveRest = 10;  // milliseconds
+constexpr int HeldAttempts = 10;
+constexpr DWORD HeldRest = 10;  // milliseconds
+
+// Makes the call until its error is no longer one of those that say so.
+template <class Call>
+DWORD WaitUntilFree(const Call& call, DWORD held, DWORD alsoHeld) {
+  for (int attempt = 1;; ++attempt) {
+    const DWORD error = call();
+    if ((error != held && error != alsoHeld) || attempt == HeldAttempts) return error;
+    Sleep(HeldRest);
+  }
+}
 
 constexpr int NameAttempts = 100;
 
@@ -59,10 +69,15 @@ struct OldFile {
     if ((found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0) {
       return {ERROR_ACCESS_DENIED, "The file is set read-only"};
     }
-    File = Handle(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, ShareAll,
-                              nullptr, OPEN_EXISTING, 0, nullptr));
+    const auto open = [&]() -> DWORD {
+      File = Handle(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, ShareAll,
+                                nullptr, OPEN_EXISTING, 0, nullptr));
+      return File ? ERROR_SUCCESS : GetLastError();
+    };
+    const DWORD opened = WaitUntilFree(open, ERROR_SHARING_VIOLATION, ERROR_LOCK_VIOLATION);
+    if (opened != ERROR_SUCCESS) return SystemError(opened);
     const bool isKnown =
-        File && GetFileInformationByHandleEx(File.Get(), FileBasicInfo, &Facts, sizeof Facts) != 0;
+        GetFileInformationByHandleEx(File.Get(), FileBasicInfo, &Facts, sizeof Facts) != 0;
     return isKnown ? base::Status() : LastError();
   }
 };
@@ -123,20 +138,18 @@ class TemporaryFile {
     return error == ERROR_SUCCESS ? CopyStreams(oldPath, path_) : error;
   }
 
-  DWORD MoveTo(const std::wstring& path) {
+  // In place of a file whose permissions let it be replaced, or of none.
+  DWORD MoveTo(const std::wstring& path, bool replaces) {
     if (const DWORD error = GoesWithHandle(false); error != ERROR_SUCCESS) return error;
     file_ = Handle();
-    for (int attempt = 1;; ++attempt) {
+    const auto move = [&]() -> DWORD {
       constexpr DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-      if (MoveFileExW(path_.c_str(), path.c_str(), how) != 0) {
-        path_.clear();
-        return ERROR_SUCCESS;
-      }
-      const DWORD error = GetLastError();
-      const bool isHeld = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-      if (!isHeld || attempt == MoveAttempts) return error;
-      Sleep(MoveRest);
-    }
+      return MoveFileExW(path_.c_str(), path.c_str(), how) != 0 ? ERROR_SUCCESS : GetLastError();
+    };
+    const DWORD error = WaitUntilFree(move, ERROR_SHARING_VIOLATION, ERROR_ACCESS_DENIED);
+    if (error == ERROR_SUCCESS) path_.clear();
+    // The system says so of a file that is open.
+    return error == ERROR_ACCESS_DENIED && replaces ? ERROR_SHARING_VIOLATION : error;
   }
 
  private:
@@ -174,8 +187,9 @@ base::Status ReplaceContent(const std::string& path, const std::string& content)
                                  attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL);
   if (error == ERROR_SUCCESS) error = temporary.Write(content);
   if (error == ERROR_SUCCESS && old.File) error = temporary.TakeOver(old, file.Wide());
+  const bool replaces = static_cast<bool>(old.File);
   old.File = Handle();
-  if (error == ERROR_SUCCESS) error = temporary.MoveTo(file.Wide());
+  if (error == ERROR_SUCCESS) error = temporary.MoveTo(file.Wide(), replaces);
   return SystemError(error);
 }
 
