@@ -32,8 +32,10 @@ std::string DeviceOf(char letter) {
 }  // namespace
 
 std::optional<NetworkShare> NetworkShareOf(const std::string& path) {
-  constexpr std::string_view folderMark = R"(\??\)", networkMark = R"(UNC\)", driveMark = R"(\;)";
+  constexpr std::string_view folderMark = R"(\??\)", networkMark = R"(UNC\)", driveMark = R"(\;)",
+                             longNetworkMark = R"(\\?\UNC\)";
   const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  if (path.starts_with(longNetworkMark)) return ShareIn(path.substr(longNetworkMark.size()));
   if (path.starts_with(syntax.NetworkMark)) {
     // "\\?\" and "\\.\" name what is here.
     const std::string_view rest = std::string_view(path).substr(syntax.NetworkMark.size());

@@ -102,7 +102,9 @@ class MeasureWalk {
             return goes_;
           });
     }
-    return error == ERROR_NO_MORE_FILES || error == ERROR_CANCELLED ? ERROR_SUCCESS : error;
+    // The root of a drive without items has not even "." to tell of.
+    const bool isEnd = error == ERROR_NO_MORE_FILES || error == ERROR_FILE_NOT_FOUND;
+    return isEnd || error == ERROR_CANCELLED ? ERROR_SUCCESS : error;
   }
 
   void TakeItem(const FILE_ID_BOTH_DIR_INFO& item, std::wstring_view name) {

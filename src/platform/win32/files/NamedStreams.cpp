@@ -89,7 +89,9 @@ base::Status ReadNote(const std::wstring& path, ExtendedAttribute attribute, std
                                   nullptr, OPEN_EXISTING, 0, nullptr));
   if (!stream) {
     const DWORD error = GetLastError();
-    return SystemError(error == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : error);
+    // A link may lead to a volume that keeps none, and takes the colon for a part of the name.
+    const bool isNone = error == ERROR_FILE_NOT_FOUND || error == ERROR_INVALID_NAME;
+    return SystemError(isNone ? ERROR_SUCCESS : error);
   }
   text.resize(LongestNote);
   DWORD length = 0;

@@ -11,7 +11,10 @@ constexpr std::string_view DeviceMark = R"(\\?\)", InNoPath = "/:*?\"<>|";
 bool IsPossiblePath(std::string_view path) {
   if (path.empty() || path.find('\0') != path.npos) return false;
   if (path.starts_with(DeviceMark)) path.remove_prefix(DeviceMark.size());
-  if (path.size() > 1 && path[1] == ':') path.remove_prefix(2);
+  if (path.size() > 1 && path[1] == ':') {
+    path.remove_prefix(2);
+    if (!path.empty() && path.front() != '\\') return false;  // from a folder that was last open
+  }
   return path.find_first_of(InNoPath) == path.npos;
 }
 

@@ -34,7 +34,8 @@ std::unique_ptr<WindowsFolder> WindowsFolder::Open(std::string_view path, base::
   // file do not fit.
   if (const DWORD found = FindFolder(folder.Wide()); found == ERROR_DIRECTORY) {
     error = found;
-  } else if (error == ERROR_FILE_NOT_FOUND && found == ERROR_SUCCESS) {
+  } else if ((error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) &&
+             found == ERROR_SUCCESS) {
     error = ERROR_SUCCESS;
   }
   status = SystemError(error);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "platform/win32/api/ProcessText.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/files/ReplaceContent.h"
@@ -66,7 +67,9 @@ std::unique_ptr<WindowsLogFile> WindowsLogFile::Open(const char* wanted,
                                                      std::int64_t limit) {
   const std::string_view word = wanted != nullptr ? wanted : "";
   if (word.empty() || word == "0") return nullptr;
-  const std::string path = word == "1" ? programFolder + R"(\_MsgLog.txt)" : std::string(word);
+  // The current folder may be another one when the file is opened again.
+  const std::string path =
+      word == "1" ? programFolder + R"(\_MsgLog.txt)" : Narrow(FullPath(Wide(word)));
   std::unique_ptr<WindowsLogFile> log(new WindowsLogFile(path, limit));
   if (const base::Status status = log->OpenFile(); !status) {
     log->GiveUp(status);
