@@ -68,7 +68,9 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.System = std::move(system);
   made.Files = std::make_unique<platform::FarFileSystem>(files, calls);
   made.Drives = std::make_unique<platform::WindowsDrives>();
-  made.Watches = std::make_unique<platform::WindowsFolderWatch>();
+  auto watches = std::make_unique<platform::WindowsFolderWatch>();
+  files->LetGoBy(watches->LettingGo());
+  made.Watches = std::move(watches);
   made.Stamps = std::make_unique<platform::FarStamps>(
       std::make_shared<platform::WindowsFolderStamps>(), calls);
   made.Search = std::make_unique<platform::WindowsFileSearch>();

@@ -1,4 +1,5 @@
 #include "TempFolder.h"
+#include "WatchTold.h"
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
 #include "platform/win32/afar/OperationVolumes.h"
@@ -7,6 +8,7 @@
 #include "platform/win32/files/HomeFolder.h"
 #include "platform/win32/files/ProtectedItems.h"
 #include "platform/win32/files/VolumeRemoval.h"
+#include "platform/win32/files/WindowsFolderWatch.h"
 // Else pointers are "far" in the next one.
 #define IS_32
 #include <dbt.h>
@@ -68,6 +70,27 @@ TEST(VolumeRemoval, TellsWhomItConcerns) {
   EXPECT_EQ(told, (std::vector{0, 1, 2}));
 }
 
+TEST(FolderWatch, LetsGoOfWhatIsBelowAFolder) {
+  const TempFolder here;
+  here.Make({"top/sub/", "topmost/"});
+  WindowsFolderWatch watches;
+  const auto letGo = watches.LettingGo();
+  WatchTold stays, goes;
+  const auto below = watches.Start(here / "top/sub", goes.Take());
+  const auto beside = watches.Start(here / "topmost", stays.Take());
+  EXPECT_EQ(letGo(here / "top/sub"), nullptr);
+  letGo(here / "TOP").reset();
+  EXPECT_TRUE(RunUntil([&] { return goes.Everything; }));
+  goes.MakeLastChange(here / "top/sub/last");
+  std::shared_ptr<void> until = letGo(here / "top");
+  EXPECT_EQ(letGo(here / "top"), nullptr);
+  std::filesystem::rename(PathOf(here / "top"), PathOf(here / "new"));
+  until.reset();
+  EXPECT_TRUE(RunUntil([&] { return goes.Gone; }));
+  stays.MakeLastChange(here / "topmost/last");
+  EXPECT_FALSE(stays.Everything);
+}
+
 TEST(FarPath, IsToldByTheNameAndTheTableOfDrives) {
   const auto found = [](const std::string& path) {
     const auto share = NetworkShareOf(path);
@@ -75,6 +98,7 @@ TEST(FarPath, IsToldByTheNameAndTheTableOfDrives) {
   };
   EXPECT_EQ(found(R"(\\server\share\a\b)"), R"(\\server\share server)");
   EXPECT_EQ(found(R"(\\server)"), R"(\\server server)");
+  EXPECT_EQ(found(R"(\\?\UNC\server\share\a)"), R"(\\server\share server)");
   for (const char* near : {R"(C:\a)", R"(\\?\C:\a)", R"(\\.\C:)", "a", ""}) {
     EXPECT_EQ(found(near), "") << near;
   }

@@ -102,9 +102,27 @@ TEST(WindowsFileSystem, RenamesNothingThatTheSystemOrTheProgramNeeds) {
   EXPECT_EQ(folder.Names(), "program x ");
 }
 
+TEST(WindowsFileSystem, LetsGoOfWhatItHasOpenItselfToRename) {
+  const TempFolder folder;
+  folder.Make({"top/"});
+  Handle held(CreateFileW(LongPath(folder / "top").c_str(), FILE_LIST_DIRECTORY, FILE_SHARE_READ,
+                          nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  WindowsFileSystem files;
+  files.LetGoBy([](const std::string&) { return nullptr; });
+  EXPECT_FALSE(files.Rename(folder / "top", folder / "new"));
+  files.LetGoBy([&](const std::string& path) {
+    EXPECT_EQ(path, folder / "top");
+    held = {};
+    return std::make_shared<int>();
+  });
+  EXPECT_TRUE(files.Rename(folder / "top", folder / "new"));
+  EXPECT_EQ(folder.Names(), "new ");
+}
+
 TEST(WindowsFileSystem, TellsOfDrivesAndSharesThatAreGone) {
   WindowsFileSystem files;
   EXPECT_EQ(SystemPath("Q:").Wide(), LR"(\\?\Q:\)");
+  EXPECT_FALSE(files.Exists("C:windows"));
   for (const std::string path : {R"(Q:\)", R"(Q:\folder)", R"(\\nowhere.invalid\share)"}) {
     SCOPED_TRACE(path);
     base::Status status;

@@ -116,8 +116,12 @@ base::Status WindowsFileSystem::MakeFolder(const std::string& path) {
 base::Status WindowsFileSystem::Rename(const std::string& from, const std::string& to) {
   const std::string refusal =
       ProtectedItems(programFolder_).Refusal(FileFunction::Rename, base::ItemList::TextOf({from}));
-  return refusal.empty() ? NamingError(RenameItem(from, to))
-                         : base::Status{ERROR_ACCESS_DENIED, refusal};
+  if (!refusal.empty()) return {ERROR_ACCESS_DENIED, refusal};
+  DWORD error = RenameItem(from, to);
+  if ((error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION) && letGo_) {
+    if (const std::shared_ptr<void> until = letGo_(from)) error = RenameItem(from, to);
+  }
+  return NamingError(error);
 }
 
 base::Status WindowsFileSystem::ReadFile(const std::string& path, std::string& content) const {
@@ -154,7 +158,7 @@ base::Status WindowsFileSystem::RemoveFile(const std::string& path) {
   bool isGone;
   if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
     isGone = DeleteFileW(item.Text()) != 0;
-  } else if (IsLinkEntry(found)) {
+  } else if (IsLinkEntry(found) && !IsVolumeTarget(ReadLinkTarget(item.Wide()))) {
     isGone = RemoveDirectoryW(item.Text()) != 0;  // the link alone
   } else {
     return NoFileError();

@@ -1,6 +1,7 @@
 // Folders and files by the calls of Windows.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -17,6 +18,10 @@ class WindowsFileSystem : public FileSystem {
   // From now on the folder of the program's own files is one of the items that ProtectedItems
   // tells, which are not renamed. It is found by these calls.
   void ProtectProgram(std::string folder) { programFolder_ = std::move(folder); }
+  // How the program lets go of what it has open itself below a folder, until what the call gives is
+  // let go of; null for nothing.
+  using LetGo = std::function<std::shared_ptr<void>(const std::string& folder)>;
+  void LetGoBy(LetGo letGo) { letGo_ = std::move(letGo); }
 
   const base::PathSyntax& Syntax() const override;
   std::unique_ptr<OpenedFolder> OpenFolder(const std::string& folder,
@@ -40,6 +45,7 @@ class WindowsFileSystem : public FileSystem {
 
  private:
   std::string programFolder_;
+  LetGo letGo_;  // may be empty
 };
 
 }  // namespace tarnwell::platform

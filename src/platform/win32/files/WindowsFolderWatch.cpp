@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <set>
 #include <utility>
 
 #include "base/PathSyntax.h"
@@ -26,24 +27,49 @@ bool IsOnSystemVolume(const std::string& folder) {
          base::PathSyntax::Windows().Same(Narrow({path.data(), root}), folder.substr(0, root));
 }
 
+}  // namespace
+
+class ReaderWatch;
+
+class OpenWatches {
+ public:
+  const DWORD Thread = GetCurrentThreadId();
+  std::set<ReaderWatch*> All;
+};
+
 class ReaderWatch : public Watch {
  public:
-  ReaderWatch(std::shared_ptr<NoticePort> port, const std::string& folder,
-              FolderWatch::Changed changed)
+  ReaderWatch(std::shared_ptr<NoticePort> port, std::shared_ptr<OpenWatches> watches,
+              const std::string& folder, FolderWatch::Changed changed)
       : port_(std::move(port)),
+        watches_(std::move(watches)),
         notices_(std::make_shared<FolderNotices>(folder, std::move(changed))) {
     port_->Use();
+    watches_->All.insert(this);
     Begin();
   }
   ReaderWatch(const ReaderWatch&) = delete;
   ReaderWatch& operator=(const ReaderWatch&) = delete;
   ~ReaderWatch() override {
+    watches_->All.erase(this);
     notices_->Close();
     End();
     port_->Leave();
   }
 
   bool IsWatching() const { return items_ != nullptr; }
+  const std::string& Folder() const { return notices_->Folder(); }
+
+  void End() {
+    for (const auto& reader : {std::exchange(items_, nullptr), std::exchange(itself_, nullptr)}) {
+      if (reader) reader->End();
+    }
+  }
+  void BeginAnew() {
+    removal_.reset();
+    Begin();
+    TellEverything();
+  }
 
  private:
   void Begin() {
@@ -66,19 +92,14 @@ class ReaderWatch : public Watch {
     if (!itself_->Begin()) itself_.reset();
   }
 
-  void End() {
-    for (const auto& reader : {std::exchange(items_, nullptr), std::exchange(itself_, nullptr)}) {
-      if (reader) reader->End();
-    }
-  }
-
   void OnRemoval(RemovalStage stage) {
     if (stage == RemovalStage::Asked) return End();
-    if (stage == RemovalStage::GivenUp) {
-      removal_.reset();
-      Begin();
-    }
-    // Nobody knows what has happened meanwhile.
+    if (stage == RemovalStage::GivenUp) return BeginAnew();
+    TellEverything();
+  }
+
+  // Nobody knows what has happened meanwhile.
+  void TellEverything() {
     notices_->TakeEverything();
     PostToLoop([notices = std::weak_ptr(notices_)] {
       if (const auto open = notices.lock()) open->Tell();
@@ -86,13 +107,14 @@ class ReaderWatch : public Watch {
   }
 
   const std::shared_ptr<NoticePort> port_;
+  const std::shared_ptr<OpenWatches> watches_;
   const std::shared_ptr<FolderNotices> notices_;
   std::shared_ptr<NoticeReader> items_;
   std::shared_ptr<NoticeReader> itself_;  // of the folder above; may be null
   std::unique_ptr<VolumeRemoval> removal_;
 };
 
-}  // namespace
+WindowsFolderWatch::WindowsFolderWatch() : watches_(std::make_shared<OpenWatches>()) {}
 
 WindowsFolderWatch::~WindowsFolderWatch() {
   if (port_) port_->Leave();
@@ -101,9 +123,32 @@ WindowsFolderWatch::~WindowsFolderWatch() {
 std::unique_ptr<Watch> WindowsFolderWatch::Start(const std::string& folder, Changed changed) {
   if (!port_) port_ = NoticePort::Open();
   if (!port_) return nullptr;
-  auto watch = std::make_unique<ReaderWatch>(port_, folder, std::move(changed));
+  auto watch = std::make_unique<ReaderWatch>(port_, watches_, folder, std::move(changed));
   if (!watch->IsWatching()) return nullptr;
   return watch;
+}
+
+std::function<std::shared_ptr<void>(const std::string& folder)> WindowsFolderWatch::LettingGo()
+    const {
+  return [watches = watches_](const std::string& folder) -> std::shared_ptr<void> {
+    if (GetCurrentThreadId() != watches->Thread) return nullptr;
+    const base::PathSyntax& syntax = base::PathSyntax::Windows();
+    std::set<ReaderWatch*> ended;
+    for (ReaderWatch* const each : watches->All) {
+      const bool isBelow =
+          syntax.IsWithin(each->Folder(), folder) && !syntax.Same(each->Folder(), folder);
+      if (!isBelow || !each->IsWatching()) continue;
+      each->End();
+      ended.insert(each);
+    }
+    if (ended.empty()) return nullptr;
+    const auto beginAnew = [watches, ended = std::move(ended)](const void* /*mark*/) {
+      for (ReaderWatch* const each : ended) {
+        if (watches->All.contains(each)) each->BeginAnew();
+      }
+    };
+    return {watches.get(), beginAnew};
+  };
 }
 
 }  // namespace tarnwell::platform
