@@ -63,6 +63,9 @@ Platform MakePlatform(platform::MessagePump& pump) {
   const platform::FarCalls calls(pump, {}, std::make_shared<platform::WindowsFarPlaces>());
   Platform made;
   made.DataFolder = system->DataFolder();
+  // All that was typed has been looked at. The folder that the program was started in could not be
+  // deleted, nor its drive taken away, as long as it is the current one.
+  system->SetCurrentFolder(folder.substr(0, 3));
   made.Libraries = platform::WindowsLibraries();
   made.Libraries.push_back({"PCRE2 " + platform::PcreVersion(), "BSD"});
   made.System = std::move(system);
