@@ -208,7 +208,7 @@ class ListerControl : public forms::Control, public ListFields {
   // File list: the cursor goes to the first of the items that are in its folder, which comes into
   // view, and the selection to all of them unless more is selected than they, what they came from
   // and the row with the cursor. While a read runs this waits for its end. `tells` is asked then:
-  // whether ItemFocused is to be raised. Nothing moves within the bracket of an action.
+  // whether ItemFocused is to be raised. Nothing moves where an action has begun meanwhile.
   void PlaceCursor(const std::vector<platform::PlacedItem>& placed, std::function<bool()> tells);
   // Where a new item would go; empty when nothing can be made here, as among what was found. By
   // key: the folder of the list. Otherwise, in a folder list: the folder clicked or opened last.
@@ -225,6 +225,7 @@ class ListerControl : public forms::Control, public ListFields {
   // Brackets of an action on the selection, and of a drop: the rows meant are shown as such.
   void BeginContextAction();
   void EndAction();
+  bool IsInAction() const;
   void EndDrop();
   // The form's answer to DragBegun; action 1 begins the drag.
   void Drag(int action);

@@ -109,6 +109,10 @@ void ListerControl::EndAction() {
   parts_->State.View().Repaint();
 }
 
+bool ListerControl::IsInAction() const {
+  return parts_->State.InAction;
+}
+
 void ListerControl::EndDrop() {
   parts_->State.DropFolder.clear();
   parts_->User.DragLeft();

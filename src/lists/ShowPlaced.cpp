@@ -29,6 +29,8 @@ CursorMark MarkCursor(const workspace::Workspace& workspace, lister::ListId list
 bool StandsAt(const workspace::Workspace& workspace, const CursorMark& mark) {
   // A cursor that moves empties the command line.
   if (workspace.Form.ActiveControl == workspace::KeyboardFocus::CommandLine) return false;
+  const lister::ListerControl* const files = workspace.Lists.Find(mark.Files);
+  if (files != nullptr && files->IsInAction()) return false;
   const CursorMark now = MarkCursor(workspace, mark.Files);
   return now.Folder == mark.Folder && now.Item == mark.Item;
 }

@@ -22,9 +22,9 @@ struct CursorMark {
 };
 
 CursorMark MarkCursor(const workspace::Workspace& workspace, lister::ListId list);
-// Whether the list still shows that folder, with its cursor there, and nobody types a command:
-// otherwise the user has gone on, and nothing is to be moved under their fingers. To be asked
-// before lists are refreshed.
+// Whether the list still shows that folder, with its cursor there, has no menu up, and nobody types
+// a command: otherwise the user has gone on, and nothing is to be moved under their fingers. To be
+// asked before lists are refreshed.
 bool StandsAt(const workspace::Workspace& workspace, const CursorMark& mark);
 
 }  // namespace tarnwell::lists

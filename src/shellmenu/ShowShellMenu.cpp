@@ -108,9 +108,9 @@ platform::OperationId ContextMenuCommand::ShowShellMenu(float x, float y, std::s
   const auto followUp = [this, action, then = next.Then,
                          cursor = lists::MarkCursor(workspace_, workspace_.CurrentList)](
                             const platform::OperationResult& result) {
+    action->End();
     const bool isUntouched = lists::StandsAt(workspace_, cursor);
     if (then) then(result);
-    action->End();
     if (isUntouched) lists::ShowPlaced(workspace_, cursor.Files, result.Placed);
   };
   watches.EndAfter(platform_.Operation, next.Operation, followUp);

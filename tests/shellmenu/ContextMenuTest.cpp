@@ -423,7 +423,7 @@ TEST_F(ContextMenuTest, WordsLeadToTheProgramsCommands) {
     }
   };
   Choose("b.txt", "Rename");
-  EXPECT_TRUE(Platform.Files.Exists("C:\\Data\\z.txt"));
+  EXPECT_EQ(Space.Lists[100].Rows().CurrentRow(), Row(100, "z.txt"));
   Platform.ItemMenus.Captions.emplace_back("&RENAME");  // it is taken for the program's own
   Popups.Refused = "Rena&me";
   Choose("c.txt", "RENAME");

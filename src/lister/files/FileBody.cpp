@@ -47,16 +47,17 @@ void FileBody::PlaceCursor(const std::vector<platform::PlacedItem>& placed,
   if (names.Placed.empty()) return;
   // The rows may not have heard of them yet.
   reader_.FolderChanged({.Names = MissingNames(files_.Rows, names)});
-  reader_.WhenDone([this, names = std::move(names), tells = std::move(tells)] {
-    const std::vector<RowId> rows = RowsOf(files_.Rows, names);
-    // A menu that is up is for what is selected.
-    if (rows.empty() || state_.InAction) return;
-    if (MaySelect(files_.Rows, names, files_.Current)) input_.SelectThese(rows);
-    // The cursor last: it raises an event, on which anything may happen to the rows.
-    SetCurrent(rows.front());
-    state_.View().ScrollToCurrent();
-    if (tells()) MoveCurrent(rows.front());
-  });
+  reader_.WhenDone(
+      [this, names = std::move(names), tells = std::move(tells), wasInAction = state_.InAction] {
+        const std::vector<RowId> rows = RowsOf(files_.Rows, names);
+        // A menu that has come up is for what is selected.
+        if (rows.empty() || (state_.InAction && !wasInAction)) return;
+        if (MaySelect(files_.Rows, names, files_.Current)) input_.SelectThese(rows);
+        // The cursor last: it raises an event, on which anything may happen to the rows.
+        SetCurrent(rows.front());
+        state_.View().ScrollToCurrent();
+        if (tells()) MoveCurrent(rows.front());
+      });
 }
 
 // The steps of an operation ask for it more than once, and its bracket ends with a look.
