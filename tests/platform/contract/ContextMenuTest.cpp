@@ -34,6 +34,13 @@ TEST(ContextMenuContract, OffersEntriesByNumberAndRefusesWhatMustStay) {
     items->Invoke(ids["Cut"] - first);
     items->Invoke(ids["Delete"] - first);
     EXPECT_EQ(std::exchange(tested.Dialogs.Told, {}), "Refused 1|Refused 3|");
+    tested.Operation.Refused.clear();
+    tested.Dialogs.Yes = true;
+    EXPECT_NE(items->Invoke(ids["Delete"] - first), NoOperation);
+    const OperationRequest& asked = tested.Operation.Requests.back();
+    EXPECT_TRUE(asked.Function == FileFunction::Delete && asked.Flags == AllowUndo);
+    EXPECT_TRUE(asked.Items.starts_with((place / names.front()) + '\0'));
+    tested.Dialogs.Told.clear();
   }
   EXPECT_EQ(place.Names(), "a.txt b.txt dir ");
   EXPECT_NE(tested.Menus.ForItems(folder, {}), nullptr);

@@ -14,14 +14,14 @@ namespace tarnwell::platform {
 // What the entries work with.
 struct ShellMenuTools {
   OwnerWindow Owner;
-  const FileOperation& Operation;  // says what may not go
+  FileOperation& Operation;
   platform::Dialogs& Dialogs;
   FarCalls Calls{};
 };
 
 // The entries are the shell's, and so is all that they do, with its questions, its progress and its
-// messages. The menu for an open folder is that of the folder as an item. A menu needs one of
-// WindowsPopupMenus to be filled into.
+// messages; it deletes within an operation of the program. The menu for an open folder is that of
+// the folder as an item. A menu needs one of WindowsPopupMenus to be filled into.
 class WindowsContextMenu : public ContextMenu {
  public:
   explicit WindowsContextMenu(ShellMenuTools tools) : tools_(std::move(tools)) {}

@@ -14,13 +14,15 @@
 namespace tarnwell::platform {
 namespace {
 
+constexpr std::string_view DeleteVerb = "DELETE";
+
 // Of the shell's verbs, in capitals, those that take items away.
 struct TakingVerb {
-  const char* Verb;
+  std::string_view Verb;
   FileFunction Function;
 };
 constexpr TakingVerb takingVerbs[] = {{"CUT", FileFunction::Move},
-                                      {"DELETE", FileFunction::Delete}};
+                                      {DeleteVerb, FileFunction::Delete}};
 
 }  // namespace
 
@@ -48,7 +50,12 @@ base::Status WindowsItemMenu::Fill(std::uintptr_t menu, int firstId, int lastId,
 }
 
 OperationId WindowsItemMenu::Invoke(int offset) {
-  if (offset < 0 || IsRefused(VerbOf(*menu_.Get(), offset))) return NoOperation;
+  if (offset < 0) return NoOperation;
+  const std::string verb = base::AsciiUpper(VerbOf(*menu_.Get(), offset));
+  if (IsRefused(verb)) return NoOperation;
+  // The shell does the same with the operation, which can be taken back in the program then. With
+  // Shift it deletes for good.
+  if (verb == DeleteVerb && GetKeyState(VK_SHIFT) >= 0) return Trash();
   CMINVOKECOMMANDINFOEX call{};
   call.cbSize = sizeof call;
   call.fMask = CMIC_MASK_UNICODE | CMIC_MASK_PTINVOKE;
@@ -64,9 +71,16 @@ OperationId WindowsItemMenu::Invoke(int offset) {
   return NoOperation;
 }
 
+OperationId WindowsItemMenu::Trash() const {
+  return tools_.Operation.Start({.Kind = CommandKind::Trash,
+                                 .Requests = {{.Function = FileFunction::Delete,
+                                               .Items = base::ItemList::TextOf(paths_),
+                                               .Destination = base::ItemList::TextOf({""}),
+                                               .Flags = AllowUndo}}});
+}
+
 bool WindowsItemMenu::IsRefused(const std::string& verb) const {
-  const auto* const taking =
-      std::ranges::find(takingVerbs, base::AsciiUpper(verb), &TakingVerb::Verb);
+  const auto* const taking = std::ranges::find(takingVerbs, verb, &TakingVerb::Verb);
   if (taking == std::end(takingVerbs)) return false;
   const std::string refusal =
       tools_.Operation.Refusal(taking->Function, base::ItemList::TextOf(paths_));

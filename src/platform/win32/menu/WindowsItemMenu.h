@@ -24,11 +24,13 @@ class WindowsItemMenu : public ItemMenu {
   // Fails without a menu.
   base::Status Fill(std::uintptr_t menu, int firstId, int lastId,
                     std::vector<ContextEntry>& entries) override;
-  // Gives NoOperation: whatever it begins is the shell's.
+  // A deletion is an operation of the program; whatever else it begins is the shell's.
   OperationId Invoke(int offset) override;
 
  private:
   HWND Owner() const { return reinterpret_cast<HWND>(tools_.Owner()); }
+  OperationId Trash() const;
+  // The verb is in capitals.
   bool IsRefused(const std::string& verb) const;
 
   const ShellMenuTools& tools_;
