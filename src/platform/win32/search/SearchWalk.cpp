@@ -17,10 +17,12 @@ constexpr std::uint64_t itemsPerTelling = 512, lookedPerTelling = 64;
 
 // The content is elsewhere, and would come here by being read ("File Attribute Constants" of the
 // system's documentation).
-constexpr DWORD keptElsewhere = FILE_ATTRIBUTE_OFFLINE | 0x400000;
+constexpr DWORD recallOnOpen = 0x40000, recallOnDataAccess = 0x400000;
+constexpr DWORD keptElsewhere = FILE_ATTRIBUTE_OFFLINE | recallOnOpen | recallOnDataAccess;
 
 bool HasVanished(DWORD error) {
-  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
+         error == ERROR_DELETE_PENDING;
 }
 
 bool IsLinkItem(const WIN32_FIND_DATAW& item) {
