@@ -123,6 +123,10 @@ TEST(WindowsFileSystem, TellsOfDrivesAndSharesThatAreGone) {
   WindowsFileSystem files;
   EXPECT_EQ(SystemPath("Q:").Wide(), LR"(\\?\Q:\)");
   EXPECT_FALSE(files.Exists("C:windows"));
+  for (const std::string& longest : {std::string(256, 'n'), std::string(256, 'n') + "\\x"}) {
+    EXPECT_EQ(SystemPath("C:\\" + longest).Error(), ERROR_FILENAME_EXCED_RANGE);
+    EXPECT_EQ(SystemPath("C:\\" + longest.substr(1)).Error(), ERROR_SUCCESS);
+  }
   for (const std::string path : {R"(Q:\)", R"(Q:\folder)", R"(\\nowhere.invalid\share)"}) {
     SCOPED_TRACE(path);
     base::Status status;

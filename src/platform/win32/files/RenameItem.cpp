@@ -43,7 +43,8 @@ DWORD RenameItem(const std::string& from, const std::string& to) {
   const SystemPath source(from), target(to);
   const std::string_view name = syntax.LastComponent(to);
   if (source.Error() != ERROR_SUCCESS) return source.Error();
-  if (target.Error() != ERROR_SUCCESS || !syntax.IsName(name)) return ERROR_INVALID_NAME;
+  if (target.Error() != ERROR_SUCCESS) return target.Error();
+  if (!syntax.IsName(name)) return ERROR_INVALID_NAME;
   const DWORD error = MoveNew(source.Wide(), target.Wide());
   // Some file systems take a change of case for done already.
   const bool isOtherCase = error == ERROR_SUCCESS && from != to && syntax.Same(from, to);

@@ -14,7 +14,8 @@ class SystemPath {
  public:
   explicit SystemPath(std::string_view path);
 
-  // ERROR_SUCCESS, or ERROR_INVALID_NAME for a path that no item has.
+  // ERROR_SUCCESS; for a path that no item has ERROR_INVALID_NAME, or ERROR_FILENAME_EXCED_RANGE
+  // where a name in it is longer than any file system takes: the system says the same of both.
   DWORD Error() const { return error_; }
   const wchar_t* Text() const { return text_.c_str(); }
   const std::wstring& Wide() const { return text_; }
