@@ -16,6 +16,17 @@ Handle OpenItem(const std::wstring& path, bool followsLink, DWORD access) {
       CreateFileW(path.c_str(), access, ShareAll, nullptr, OPEN_EXISTING, flags, nullptr));
 }
 
+std::wstring FinalPathOf(HANDLE item) {
+  std::wstring path(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD length =
+        GetFinalPathNameByHandleW(item, path.data(), static_cast<DWORD>(path.size()), 0);
+    const bool isWhole = length < path.size();
+    path.resize(length);
+    if (isWhole) return path;
+  }
+}
+
 ItemIdentity IdentityOf(HANDLE item) {
   FILE_ID_INFO found;
   if (GetFileInformationByHandleEx(item, FileIdInfo, &found, sizeof found) != 0) {

@@ -18,6 +18,10 @@ Handle OpenItem(const std::string& path, bool followsLink, DWORD access = FILE_R
 // The same of a path as calls take it.
 Handle OpenItem(const std::wstring& path, bool followsLink, DWORD access = FILE_READ_ATTRIBUTES);
 
+// Where the item is, without a link on the way, as calls take paths; empty where the volume cannot
+// tell.
+std::wstring FinalPathOf(HANDLE item);
+
 // Names an item, whatever its path. All zeros where it cannot be told.
 struct ItemIdentity {
   std::uint64_t Volume = 0;

@@ -43,19 +43,6 @@ DWORD RemoveStream(const std::wstring& path) {
   return error == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : error;
 }
 
-// Where the open item is, without a link on the way; `path` where the volume cannot tell.
-std::wstring FinalPath(HANDLE item, const std::wstring& path) {
-  std::wstring final(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length =
-        GetFinalPathNameByHandleW(item, final.data(), static_cast<DWORD>(final.size()), 0);
-    if (length == 0) return path;
-    const bool fits = length < final.size();
-    final.resize(length);
-    if (fits) return final;
-  }
-}
-
 DWORD CopyStream(const std::wstring& from, const std::wstring& to) {
   const Handle source(CreateFileW(from.c_str(), GENERIC_READ, ShareAll, nullptr, OPEN_EXISTING,
                                   FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
@@ -121,7 +108,8 @@ base::Status WriteNote(const std::wstring& path, ExtendedAttribute attribute,
   if (GetFileInformationByHandleEx(item.Get(), FileBasicInfo, &facts, sizeof facts) == 0) {
     return LastError();
   }
-  const std::wstring stream = StreamOf(FinalPath(item.Get(), path), attribute);
+  const std::wstring final = FinalPathOf(item.Get());
+  const std::wstring stream = StreamOf(final.empty() ? path : final, attribute);
   const DWORD error = text.empty() ? RemoveStream(stream) : WriteStream(stream, text);
   if (error == ERROR_DISK_FULL) return {ERROR_DISK_FULL, "The drive has no room left for it"};
   if (error != ERROR_SUCCESS) return SystemError(error);

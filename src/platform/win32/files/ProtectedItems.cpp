@@ -32,18 +32,6 @@ ItemIdentity IdentityAt(const std::string& path, bool followsLink) {
   return item ? IdentityOf(item.Get()) : ItemIdentity();
 }
 
-std::string FinalPathOf(const std::string& path) {
-  const Handle item = OpenItem(path, true);
-  std::wstring final(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length =
-        GetFinalPathNameByHandleW(item.Get(), final.data(), static_cast<DWORD>(final.size()), 0);
-    const bool isWhole = length < final.size();
-    final.resize(length);
-    if (isWhole) return FromLongPath(final);
-  }
-}
-
 std::string FindSystemFolder() {
   std::array<wchar_t, MAX_PATH> path{};
   return Narrow({path.data(), GetSystemWindowsDirectoryW(path.data(), MAX_PATH)});
@@ -101,7 +89,7 @@ const ProtectedItems::Found& ProtectedItems::Read() {
   const auto takeFolder = [this](const std::string& folder, Kind kind, Kind holder) {
     if (folder.empty()) return;
     found_->TakeWay(folder, kind, holder);
-    const std::string plain = FinalPathOf(folder);
+    const std::string plain = FromLongPath(FinalPathOf(OpenItem(folder, true).Get()));
     if (!plain.empty()) found_->TakeWay(plain, kind, holder);
   };
   takeFolder(FindHomeFolder(), Kind::Home, Kind::HoldsHome);

@@ -36,15 +36,8 @@ FolderStamp StampOf(const Handle& folder) {
 
 // Nor does a drive that stands for another folder count as the place itself.
 bool DiffersFromOwnPath(const Handle& opened, const std::string& folder) {
-  std::wstring own(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD length =
-        GetFinalPathNameByHandleW(opened.Get(), own.data(), static_cast<DWORD>(own.size()), 0);
-    if (length == 0) return false;  // of a volume that tells none
-    const bool isWhole = length < own.size();
-    own.resize(length);
-    if (isWhole) break;
-  }
+  const std::wstring own = FinalPathOf(opened.Get());
+  if (own.empty()) return false;
   return !base::PathSyntax::Windows().Same(FromLongPath(own), folder);
 }
 
