@@ -10,6 +10,7 @@
 #include "base/Text.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/menu/MenuEntries.h"
+#include "platform/win32/shell/ShellPath.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -56,6 +57,7 @@ OperationId WindowsItemMenu::Invoke(int offset) {
   // The shell does the same with the operation, which can be taken back in the program then. With
   // Shift it deletes for good.
   if (verb == DeleteVerb && GetKeyState(VK_SHIFT) >= 0) return Trash();
+  if (verb == DeleteVerb && IsTooDeep()) return NoOperation;
   CMINVOKECOMMANDINFOEX call{};
   call.cbSize = sizeof call;
   call.fMask = CMIC_MASK_UNICODE | CMIC_MASK_PTINVOKE;
@@ -77,6 +79,18 @@ OperationId WindowsItemMenu::Trash() const {
                                                .Items = base::ItemList::TextOf(paths_),
                                                .Destination = base::ItemList::TextOf({""}),
                                                .Flags = AllowUndo}}});
+}
+
+bool WindowsItemMenu::IsTooDeep() const {
+  for (const std::string& path : paths_) {
+    const std::string unfit = UnfitBelow(path, {});
+    if (unfit.empty()) continue;
+    const std::string told = unfit.size() > 1 ? path + unfit : path;
+    tools_.Dialogs.ShowCritical("Tarnwell",
+                                base::ForDisplay(told) + "\n\n" + LengthFault().Reason + ".");
+    return true;
+  }
+  return false;
 }
 
 bool WindowsItemMenu::IsRefused(const std::string& verb) const {

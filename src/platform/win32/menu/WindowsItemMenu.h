@@ -32,6 +32,8 @@ class WindowsItemMenu : public ItemMenu {
   OperationId Trash() const;
   // The verb is in capitals.
   bool IsRefused(const std::string& verb) const;
+  // For the shell to delete all of it, which the user has heard of then.
+  bool IsTooDeep() const;
 
   const ShellMenuTools& tools_;
   const ComPtr<IContextMenu> menu_;

@@ -6,6 +6,7 @@
 #include "platform/win32/files/NamingError.h"
 #include "platform/win32/operation/ItemSort.h"
 #include "platform/win32/operation/ShellOperation.h"
+#include "platform/win32/shell/ShellPath.h"
 
 namespace tarnwell::platform {
 
@@ -49,6 +50,16 @@ bool ItemCheck::IsAsExpected(const std::string& path, const ItemFingerprint* exp
   if (found == *expected) return true;
   TellOfOther(path, found == ItemFingerprint());
   return false;
+}
+
+bool ItemCheck::IsFitBelow(const std::string& path, const std::string& target) {
+  while (SortOf(path) == ItemSort::Folder) {
+    const std::string unfit = UnfitBelow(path, target);
+    if (unfit.empty()) break;
+    const std::string told = unfit.size() > 1 ? path + unfit : path;
+    if (!talk_.Retries(OperationStep::Find, told, TooLongForShell())) return false;
+  }
+  return true;
 }
 
 bool ItemCheck::MayBecome(const std::string& from, const std::string& to) {

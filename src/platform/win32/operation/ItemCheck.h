@@ -22,6 +22,8 @@ class ItemCheck {
   std::string Refusal(const std::string& path);
   // All is well with an item of which nothing is expected: null.
   bool IsAsExpected(const std::string& path, const ItemFingerprint* expected);
+  // The shell can be asked for all that lies in it too; `target` is empty for none.
+  bool IsFitBelow(const std::string& path, const std::string& target);
   // A folder does not go into itself, and the shell can be asked for the target.
   bool MayBecome(const std::string& from, const std::string& to);
 

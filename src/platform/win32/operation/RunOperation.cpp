@@ -10,6 +10,7 @@
 #include "base/PathSyntax.h"
 #include "platform/operation/RenameTogether.h"
 #include "platform/win32/files/Fingerprint.h"
+#include "platform/win32/files/ItemHandle.h"
 #include "platform/win32/operation/BinnedItems.h"
 #include "platform/win32/operation/ItemCheck.h"
 #include "platform/win32/operation/ItemSort.h"
@@ -205,7 +206,19 @@ class ShellRun {
     if (!check_.IsThere(from_[at], Expected(at))) return false;
     if (request_.Function == FileFunction::Move && !check_.MayTake(from_[at])) return false;
     return check_.IsAsExpected(from_[at], Expected(at)) &&
-           check_.MayBecome(from_[at], targets_[at]);
+           check_.MayBecome(from_[at], targets_[at]) &&
+           (StaysWhole(at) || check_.IsFitBelow(from_[at], targets_[at]));
+  }
+
+  // It gets another path in one step, whatever lies in it.
+  bool StaysWhole(std::size_t at) const {
+    if (request_.Function != FileFunction::Move || FolderExists(targets_[at])) return false;
+    const auto volumeOf = [](const std::string& path) {
+      const Handle item = OpenItem(path, true);
+      return item ? IdentityOf(item.Get()).Volume : 0;
+    };
+    const std::uint64_t volume = volumeOf(from_[at]);
+    return volume != 0 && volume == volumeOf(RunSyntax().ParentOf(targets_[at]));
   }
 
   ShellOutcome CallShell(const std::vector<std::size_t>& items, std::vector<std::string> to,
@@ -293,7 +306,7 @@ class ShellRun {
       talk_.NoteLeft(ERROR_NOT_SUPPORTED);
       return false;
     }
-    return check_.IsAsExpected(item, Expected(at));
+    return check_.IsAsExpected(item, Expected(at)) && check_.IsFitBelow(item, {});
   }
 
   void NoteDeleted(std::size_t count, std::vector<BinnedItem> gone) {

@@ -111,8 +111,11 @@ base::Status FitForShell(const std::string& path) {
             "Windows has other uses for this name, or takes no dot or blank at its end. Rename the "
             "item first."};
   }
-  if (Wide(path).size() >= MAX_PATH) return {ERROR_FILENAME_EXCED_RANGE, PathTooLong};
-  return {};
+  return Wide(path).size() < MAX_PATH ? base::Status() : TooLongForShell();
+}
+
+base::Status TooLongForShell() {
+  return {ERROR_FILENAME_EXCED_RANGE, PathTooLong};
 }
 
 }  // namespace tarnwell::platform

@@ -44,5 +44,7 @@ base::Status ShellFailure(int code);
 // Why the shell cannot be asked for an item at the path: it would take another one for it, or
 // write behind the end of what it keeps paths in. Success where it can.
 base::Status FitForShell(const std::string& path);
+// The status for a path that is too long for it.
+base::Status TooLongForShell();
 
 }  // namespace tarnwell::platform
