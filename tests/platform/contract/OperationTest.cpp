@@ -20,7 +20,7 @@ std::string NamesDone(const OperationResult& result) {
 
 TEST(Operations, TellWhatTheyHaveDone) {
   BetweenFolders([](const TempFolder& here, const TempFolder& there) {
-    here.Make({"d/f=new", "d/sub/g=g", "x=x", "y=y"});
+    here.Make({"d/f=new", "d/sub/g=g", "x=x", "y=y", "z=z", "w=w"});
     there.Make({"d/f=old.", "d/h=h", "d/sub/"});
     ScriptedUser user;
     const OperationResult copied =
@@ -34,6 +34,8 @@ TEST(Operations, TellWhatTheyHaveDone) {
     EXPECT_EQ(NamesDone(Do(user, FileFunction::Move, {here / "e", here / "y"}, there / "new/")),
               "e>e y>y ");
     EXPECT_EQ(user.Heard, "missing:new ");
+    EXPECT_EQ(NamesDone(Do(user, FileFunction::Move, {here / "w", here / "z"}, there / "new/")),
+              "w>w z>z ");
     EXPECT_EQ(Get(there / "new/e/sub/g") + here.Names(), "gd x ");
     const OperationResult replaced =
         Do(user, FileFunction::Move, {here / "x"}, there / "", NoConfirmation);

@@ -181,17 +181,21 @@ class ShellRun {
   void CarryOver(std::vector<std::size_t> items, const std::string& folder, int flags) {
     while (!items.empty()) {
       std::vector<std::size_t> fit;
-      std::vector<std::string> to;
-      if (!folder.empty()) to.push_back(folder);
+      std::vector<std::string> paths;
       TransferPlan plan(request_.Function);
       for (const std::size_t item : items) {
         if (!talk_.GoesOn()) return;
         if (!MayGo(item)) continue;
         fit.push_back(item);
         plan.Add(item, from_[item], targets_[item]);
-        if (folder.empty()) to.push_back(targets_[item]);
+        paths.push_back(targets_[item]);
       }
-      const ShellOutcome outcome = CallShell(fit, std::move(to), flags);
+      // Some shells move several files to one folder only if each has its path there.
+      const bool isMoveOfMany = request_.Function == FileFunction::Move && fit.size() > 1;
+      const bool byPaths = folder.empty() || (isMoveOfMany && plan.IsOfFiles());
+      if (!byPaths) paths = {folder};
+      const ShellOutcome outcome =
+          CallShell(fit, std::move(paths), byPaths ? flags | OwnTargets : flags);
       const std::vector<TransferPlan::Left> left = plan.Settle(talk_);
       // Somebody has pressed "Skip" in a question about it.
       const bool wasAsked = !left.empty() && !talk_.Has(NoConfirmation) && outcome.Code == 0 &&

@@ -3,13 +3,18 @@
 #include "platform/win32/api/Windows.h"
 // Behind the system's own, which it needs.
 #include <shellapi.h>
+#include <shobjidl.h>
 
 #include <algorithm>
 #include <iterator>
 #include <system_error>
+#include <unordered_set>
 
+#include "base/PathSyntax.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/files/NamingError.h"
+#include "platform/win32/operation/ItemSort.h"
+#include "platform/win32/shell/Com.h"
 #include "platform/win32/shell/ShellPath.h"
 
 namespace tarnwell::platform {
@@ -78,13 +83,31 @@ std::wstring ListFor(const std::vector<std::string>& paths) {
   return list += L'\0';
 }
 
-}  // namespace
-
-bool ShellOutcome::IsCancelled() const {
-  return Code == ERROR_CANCELLED || Code == OperationCancelled;
+std::string TargetOf(const ShellWork& work, std::size_t at) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  if ((work.Flags & OwnTargets) != 0) return work.To.at(at);
+  const std::string& to = work.To.front();
+  const bool isFolder = to.ends_with(syntax.Separator);
+  return isFolder ? syntax.Join(to, syntax.LastComponent(work.From.at(at))) : to;
 }
 
-ShellOutcome RunShellOperation(const ShellWork& work) {
+// What of a move replaces nothing.
+ShellWork HarmlessPart(const ShellWork& work) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  ShellWork part{.Function = work.Function, .From = {}, .To = {}, .Flags = work.Flags};
+  std::unordered_set<std::string> taken;
+  for (std::size_t at = 0; at < work.From.size(); ++at) {
+    const std::string target = TargetOf(work, at);
+    const bool isFree = syntax.Same(work.From.at(at), target) || SortOf(target) == ItemSort::None;
+    if (!taken.insert(syntax.Key(target)).second || !isFree) continue;
+    part.From.push_back(work.From.at(at));
+    if ((work.Flags & OwnTargets) != 0) part.To.push_back(target);
+  }
+  if ((work.Flags & OwnTargets) == 0) part.To = work.To;
+  return part;
+}
+
+ShellOutcome CallShellFor(const ShellWork& work) {
   const std::wstring from = ListFor(work.From), to = ListFor(work.To);
   SHFILEOPSTRUCTW call{};
   call.wFunc = static_cast<UINT>(work.Function);
@@ -97,6 +120,31 @@ ShellOutcome RunShellOperation(const ShellWork& work) {
   if (isTrashed) call.fFlags |= FOF_WANTNUKEWARNING;
   const int code = SHFileOperationW(&call);
   return {code, call.fAnyOperationsAborted != FALSE};
+}
+
+}  // namespace
+
+bool ShellOutcome::IsCancelled() const {
+  return Code == ERROR_CANCELLED || Code == OperationCancelled;
+}
+
+// The shells that ask are those that have the newer way of doing the same, by which the older goes.
+bool AsksToReplace() {
+  ComPtr<IFileOperation> operation;
+  return SUCCEEDED(CoCreateInstance(CLSID_FileOperation, nullptr, CLSCTX_INPROC_SERVER,
+                                    IID_PPV_ARGS(operation.GetAddressOf()))) &&
+         SUCCEEDED(operation->SetOperationFlags(0));
+}
+
+ShellOutcome RunShellOperation(const ShellWork& work) {
+  const bool mayAsk = work.Function == FileFunction::Move && (work.Flags & NoConfirmation) == 0;
+  if (!mayAsk || AsksToReplace()) return CallShellFor(work);
+  const ShellWork part = HarmlessPart(work);
+  ShellOutcome outcome;
+  if (!part.From.empty()) outcome = CallShellFor(part);
+  const bool isLeft = part.From.size() < work.From.size();
+  if (isLeft && outcome.Code == 0) outcome.Code = ERROR_ALREADY_EXISTS;
+  return outcome;
 }
 
 base::Status ShellFailure(int code) {

@@ -32,10 +32,14 @@ struct ShellOutcome {
   bool IsCancelled() const;
 };
 
+// Whether the shell has a question where a move would replace something.
+bool AsksToReplace();
+
 using ShellCall = std::function<ShellOutcome(const ShellWork& work)>;
 
 // By SHFileOperationW, which shows how far it is and asks what it has to ask by windows of its own,
-// that belong to none. Returns when all is over. For a thread with a ComThread.
+// that belong to none. Returns when all is over. For a thread with a ComThread. Where the shell
+// would not ask, what would be replaced is left: ERROR_ALREADY_EXISTS.
 ShellOutcome RunShellOperation(const ShellWork& work);
 
 // The status for a code that is not 0; the reason is a sentence for people.

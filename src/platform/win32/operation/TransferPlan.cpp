@@ -1,5 +1,6 @@
 #include "platform/win32/operation/TransferPlan.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/PathSyntax.h"
@@ -78,6 +79,13 @@ void TransferPlan::KeepNames(const std::string& folder) {
   if (!isNew) return;
   ReadNames(folder, [&names = names->second](const std::string& name, ItemSort) {
     names.insert(PlanSyntax().Key(name));
+  });
+}
+
+bool TransferPlan::IsOfFiles() const {
+  return std::ranges::all_of(units_, [](const Unit& unit) {
+    const bool isFile = unit.Sort == ItemSort::File && !unit.IsMerge;
+    return isFile && !(unit.IsTaken && FolderExists(unit.To));
   });
 }
 

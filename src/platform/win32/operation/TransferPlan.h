@@ -24,6 +24,9 @@ class TransferPlan {
   // Full paths of an item that is there, and of what it is to be. `item` is the caller's number.
   void Add(std::size_t item, const std::string& from, const std::string& to);
 
+  // Not one item is a folder, or has to take the path of one.
+  bool IsOfFiles() const;
+
   struct Left {
     std::size_t Item = 0;
     std::string Path;  // of the item, or of what lies in it
