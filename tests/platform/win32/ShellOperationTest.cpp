@@ -1,4 +1,5 @@
 #include "OperationFixture.h"
+#include "platform/win32/shell/Com.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -124,6 +125,35 @@ TEST(ShellOperation, NothingCountsAsDoneByTheWordOfTheShellAlone) {
   EXPECT_EQ(shell.Calls.back().Flags & NoConfirmation, NoConfirmation);  // as an undo is meant
 }
 
+TEST(ShellOperation, ACopyThatLacksSomethingBelowIsNotDone) {
+  const TempFolder here;
+  here.Make({"d/s/held=x", "d/s/z=z", "to/"});
+  FakeShell shell;
+  shell.Does = [&](const ShellWork&) {
+    here.Make({"to/d/s/z=z"});
+    return ShellOutcome();
+  };
+  const Handle held(CreateFileW(LongPath(here / "d/s/held").c_str(), GENERIC_READ, 0, nullptr,
+                                OPEN_EXISTING, 0, nullptr));
+  ScriptedUser user;
+  const OperationResult result = shell.Run(user, FileFunction::Copy, {here / "d"}, here / "to/");
+  EXPECT_EQ(user.Heard, "held:32 ");
+  EXPECT_EQ(result.Code * 10 + result.Done.size(), ERROR_SHARING_VIOLATION * 10 + 1U);
+  EXPECT_TRUE(result.Placed.empty());
+}
+
+TEST(ShellOperation, WhereTheShellDoesNotAskAMoveReplacesNothing) {
+  const ComThread com;
+  if (AsksToReplace()) GTEST_SKIP();
+  const TempFolder here;
+  here.Make({"a=new", "b=b", "d/b=other", "to/a=old"});
+  ScriptedUser user;
+  Do(user, FileFunction::Move, {here / "a", here / "b", here / "d/b"}, here / "to/");
+  EXPECT_EQ(user.Heard, "a:183 ");
+  EXPECT_EQ(Get(here / "a") + Get(here / "to/a") + Get(here / "to/b") + Get(here / "d/b"),
+            "newoldbother");
+}
+
 TEST(ShellOperation, MovesThatMergeOrEndHalfwayTellWhatHasGone) {
   const TempFolder here;
   here.Make({"d/f=new", "d/g=g", "d/empty/", "d/sub/x=x", "d/sub/y=y", "half/1=1", "whole/1=1",
@@ -174,6 +204,12 @@ TEST(ShellOperation, WhatTheShellWouldMistakeIsLeftAndTold) {
   EXPECT_NE(shell.Run(user, FileFunction::Copy, {here / "ok"}, here / (deep + "/")).Code, 0);
   EXPECT_NE(shell.Run(user, FileFunction::Copy, {here / "ok"}, here / "to/aux/").Code, 0);
   EXPECT_EQ(user.Heard, "ok:206 aux:123 ");
+  // Also where that lies further down: shells have deleted in their working folder then.
+  for (const FileFunction function : {FileFunction::Delete, FileFunction::Copy}) {
+    shell.Run(user, function, {here / std::string(120, 'd')}, here / "to/");
+    EXPECT_TRUE(user.Heard.ends_with(std::string(120, 'e') + ":206 "));
+  }
+  EXPECT_TRUE(shell.Calls.empty());
   EXPECT_EQ(Get(here / "a") + Get(here / "a.") + Get(here / "blank "), "keep13");
 }
 

@@ -2,6 +2,7 @@
 
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/PathSyntax.h"
 #include "platform/win32/api/Handle.h"
@@ -15,6 +16,31 @@ namespace {
 ItemSort SortFrom(const WIN32_FIND_DATAW& found) {
   const bool isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   return isFolder && !IsLinkEntry(found) ? ItemSort::Folder : ItemSort::File;
+}
+
+void ReadEntries(const std::string& folder,
+                 const std::function<void(const WIN32_FIND_DATAW& found)>& take) {
+  WIN32_FIND_DATAW found;
+  const std::wstring pattern = LongPath(base::PathSyntax::Windows().Join(folder, "*"));
+  const FindHandle items(FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found,
+                                          FindExSearchNameMatch, nullptr,
+                                          FIND_FIRST_EX_LARGE_FETCH));
+  for (bool isThere = static_cast<bool>(items); isThere;
+       isThere = FindNextFileW(items.Get(), &found) != 0) {
+    const std::wstring_view name = found.cFileName;
+    if (name != L"." && name != L"..") take(found);
+  }
+}
+
+// Of a link the copy may be anything.
+bool IsCopyOf(const WIN32_FIND_DATAW& item, const std::string& copy) {
+  WIN32_FIND_DATAW found;
+  if (LookAtItem(LongPath(copy), found) != ERROR_SUCCESS) return false;
+  if (IsLinkEntry(item)) return true;
+  const bool isSameSort = SortFrom(item) == SortFrom(found);
+  const bool isFolder = SortFrom(item) == ItemSort::Folder;
+  return isSameSort && (isFolder || (item.nFileSizeHigh == found.nFileSizeHigh &&
+                                     item.nFileSizeLow == found.nFileSizeLow));
 }
 
 }  // namespace
@@ -56,16 +82,27 @@ bool FolderExists(const std::string& path) {
 
 void ReadNames(const std::string& folder,
                const std::function<void(const std::string& name, ItemSort sort)>& take) {
-  WIN32_FIND_DATAW found;
-  const std::wstring pattern = LongPath(base::PathSyntax::Windows().Join(folder, "*"));
-  const FindHandle items(FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found,
-                                          FindExSearchNameMatch, nullptr,
-                                          FIND_FIRST_EX_LARGE_FETCH));
-  for (bool isThere = static_cast<bool>(items); isThere;
-       isThere = FindNextFileW(items.Get(), &found) != 0) {
-    const std::wstring_view name = found.cFileName;
-    if (name != L"." && name != L"..") take(Narrow(name), SortFrom(found));
+  ReadEntries(folder, [&](const WIN32_FIND_DATAW& found) {
+    take(Narrow(found.cFileName), SortFrom(found));
+  });
+}
+
+std::string FirstMissing(const std::string& from, const std::string& to) {
+  std::string missing;
+  std::vector<std::string> folders;
+  ReadEntries(from, [&](const WIN32_FIND_DATAW& found) {
+    if (!missing.empty()) return;
+    const std::string way = base::PathSyntax::Windows().Separator + Narrow(found.cFileName);
+    if (!IsCopyOf(found, to + way)) missing = way;
+    if (SortFrom(found) == ItemSort::Folder) folders.push_back(way);
+  });
+  for (const std::string& way : folders) {
+    if (!missing.empty()) break;
+    if (const std::string below = FirstMissing(from + way, to + way); !below.empty()) {
+      missing = way + below;
+    }
   }
+  return missing;
 }
 
 }  // namespace tarnwell::platform

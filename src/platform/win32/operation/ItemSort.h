@@ -30,4 +30,8 @@ bool FolderExists(const std::string& path);
 void ReadNames(const std::string& folder,
                const std::function<void(const std::string& name, ItemSort sort)>& take);
 
+// The way from the folder `from` to the first item below that its copy `to` does not have, or not
+// whole, beginning with a separator; empty if there is none. Links are not followed.
+std::string FirstMissing(const std::string& from, const std::string& to);
+
 }  // namespace tarnwell::platform

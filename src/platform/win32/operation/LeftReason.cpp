@@ -8,6 +8,7 @@
 #include "platform/win32/files/ItemHandle.h"
 #include "platform/win32/files/NamingError.h"
 #include "platform/win32/operation/ItemSort.h"
+#include "platform/win32/operation/ShellOperation.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -19,6 +20,10 @@ DWORD ErrorOfMakingIn(const std::string& folder) {
                                 CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr));
   const DWORD error = file ? ERROR_SUCCESS : GetLastError();
   return error == ERROR_FILE_EXISTS ? ERROR_SUCCESS : error;
+}
+
+DWORD ErrorOfReading(const std::string& path) {
+  return OpenItem(path, false, GENERIC_READ) ? ERROR_SUCCESS : GetLastError();
 }
 
 DWORD ErrorOfTaking(const std::string& path) {
@@ -36,7 +41,9 @@ bool HasRoomIn(const std::string& folder, std::uint64_t size) {
 }  // namespace
 
 base::Status ReasonOfLeft(const std::string& path, bool takes, const std::string& target) {
-  DWORD error = takes ? ErrorOfTaking(path) : ERROR_SUCCESS;
+  if (base::Status status = FitForShell(path); !status) return status;
+  if (base::Status status = FitForShell(target); !status) return status;
+  DWORD error = takes ? ErrorOfTaking(path) : ErrorOfReading(path);
   if (error == ERROR_SUCCESS && !target.empty()) {
     const std::string folder = base::PathSyntax::Windows().ParentOf(target);
     error = ErrorOfMakingIn(folder);

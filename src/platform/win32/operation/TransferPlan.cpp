@@ -109,8 +109,8 @@ std::vector<TransferPlan::Left> TransferPlan::Settle(OperationTalk& talk) {
     if (outcome == Outcome::Replaced || outcome == Outcome::Gone) talk.NoteIrrevocable();
     const bool isHalf = outcome == Outcome::Half;
     if (outcome == Outcome::Left || isHalf) {
-      if (!unit.IsMerge) NoteArrived(unit, talk);
-      if (!isKnownLeft) left.push_back({unit.Item, unit.From, unit.To, unit.IsTaken, isHalf});
+      if (!unit.IsMerge && (isHalf || !unit.IsTaken)) NoteArrived(unit, talk);
+      if (!isKnownLeft) left.push_back(LeftOf(unit, isHalf));
     }
     const bool hasCome = outcome == Outcome::Done || outcome == Outcome::Replaced;
     if (unit.IsMerge ? !isKnownLeft && outcome != Outcome::Left : hasCome) come.insert(unit.Item);
@@ -127,7 +127,7 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
     return IsWhole(unit) ? Outcome::Done : Outcome::Half;
   }
   if (moves_ && stays) return Outcome::Left;
-  if (FindTwin(unit)) return Outcome::Done;
+  if (FindTwin(unit)) return IsWhole(unit) ? Outcome::Done : Outcome::Half;
   if (moves_) return Outcome::Replaced;
   if (PlanSyntax().Same(unit.From, unit.To)) return Outcome::Left;
   const ItemFingerprint now = FingerprintOf(unit.To, false);
@@ -135,9 +135,19 @@ TransferPlan::Outcome TransferPlan::OutcomeOf(Unit& unit) {
   return isAlike || now != unit.Target ? Outcome::Replaced : Outcome::Left;
 }
 
-// Shells have told of full drives that all was well.
-bool TransferPlan::IsWhole(const Unit& unit) const {
-  if (moves_ || unit.Sort != ItemSort::File) return true;
+TransferPlan::Left TransferPlan::LeftOf(const Unit& unit, bool isHalf) {
+  const std::string target = unit.To + unit.Missing;
+  const bool isShort = isHalf && SortOf(target) != ItemSort::None;
+  return {unit.Item, unit.From + unit.Missing, target, unit.IsTaken && !isHalf, isShort};
+}
+
+// Shells have told of full drives, and of what others hold open, that all was well.
+bool TransferPlan::IsWhole(Unit& unit) const {
+  if (moves_) return true;
+  if (unit.Sort == ItemSort::Folder) {
+    unit.Missing = FirstMissing(unit.From, unit.To);
+    return unit.Missing.empty();
+  }
   const ItemFingerprint from = FingerprintOf(unit.From, false), to = FingerprintOf(unit.To, false);
   return from.Kind != to.Kind || from.Size == to.Size;  // of a link, the copy may be a file
 }
@@ -154,7 +164,7 @@ TransferPlan::Outcome TransferPlan::OutcomeOfMerge(std::size_t at) const {
 // Of what has not come to its end: what is at its target has come there all the same. Where
 // nothing of a folder has gone it was copied alone.
 void TransferPlan::NoteArrived(const Unit& unit, OperationTalk& talk) {
-  if (unit.IsTaken || SortOf(unit.To) == ItemSort::None) return;
+  if (SortOf(unit.To) == ItemSort::None) return;
   DoneItem done{.From = moves_ ? std::string() : unit.From,
                 .To = unit.To,
                 .Print = FingerprintOf(unit.To, true)};

@@ -46,6 +46,7 @@ class TransferPlan {
     bool IsMerge = false;         // the folders themselves, behind all that lies in them
     bool IsPart = false;          // of a folder that is merged
     bool IsTaken = false;         // the target, by another item or by itself
+    std::string Missing = {};     // of a copy that is not whole: the way to what it lacks
     ItemFingerprint Source = {};  // of a move, and where the target is taken
     ItemFingerprint Target = {};  // of what stands there
   };
@@ -63,8 +64,9 @@ class TransferPlan {
   void AddParts(std::size_t item, const std::string& from, const std::string& to);
   void KeepKeys(const Unit& unit, const std::string& path, const std::string& below);
   void KeepNames(const std::string& folder);
+  static Left LeftOf(const Unit& unit, bool isHalf);
   Outcome OutcomeOf(Unit& unit);
-  bool IsWhole(const Unit& unit) const;
+  bool IsWhole(Unit& unit) const;
   Outcome OutcomeOfMerge(std::size_t at) const;
   void NoteArrived(const Unit& unit, OperationTalk& talk);
   bool FindTwin(Unit& unit);
