@@ -15,34 +15,63 @@ namespace {
 
 constexpr int CountPerCall = 64;  // items between two questions whether to go on
 
+struct ListedItem {
+  DWORD Attributes = 0;
+  DWORD Tag = 0;  // of a reparse point
+  std::uint64_t Bytes = 0;
+  std::uint64_t OnDisk = 0;
+  std::uint64_t Number = 0;  // on the volume; 0 where it is not told
+};
+
+// The system tells the tag of a reparse point where other items have the size of their extended
+// attributes ([MS-FSCC] 2.4.17).
+template <class Entry>
+ListedItem ItemOf(const Entry& entry) {
+  ListedItem item{.Attributes = entry.FileAttributes,
+                  .Tag = entry.EaSize,
+                  .Bytes = static_cast<std::uint64_t>(entry.EndOfFile.QuadPart),
+                  .OnDisk = static_cast<std::uint64_t>(entry.AllocationSize.QuadPart)};
+  if constexpr (requires { entry.FileId; }) {
+    constexpr std::uint64_t none = ~std::uint64_t{0};  // of volumes whose numbers are longer
+    item.Number = static_cast<std::uint64_t>(entry.FileId.QuadPart);
+    if (item.Number == none) item.Number = 0;
+  }
+  return item;
+}
+
 // Items of an open folder, some hundred at a time.
 class ItemBuffer {
  public:
   // Gives the next ones to `take`, until that returns false. ERROR_NO_MORE_FILES at the end.
   template <class Take>
   DWORD Read(HANDLE folder, const Take& take) {
-    if (GetFileInformationByHandleEx(folder, FileIdBothDirectoryInfo, bytes_.get(), Size) == 0) {
-      return GetLastError();
+    if (hasNumbers_) {
+      const DWORD error = ReadAs<FILE_ID_BOTH_DIR_INFO>(folder, FileIdBothDirectoryInfo, take);
+      // There are servers, and drivers of file systems, that do not know this list.
+      hasNumbers_ = error != ERROR_INVALID_PARAMETER && error != ERROR_INVALID_FUNCTION &&
+                    error != ERROR_INVALID_LEVEL && error != ERROR_NOT_SUPPORTED;
+      if (hasNumbers_) return error;
     }
-    for (const std::byte* at = bytes_.get();;) {
-      const auto& item = *reinterpret_cast<const FILE_ID_BOTH_DIR_INFO*>(at);
-      const std::wstring_view name(item.FileName, item.FileNameLength / sizeof(wchar_t));
-      if (name != L"." && name != L".." && !take(item, name)) return ERROR_CANCELLED;
-      if (item.NextEntryOffset == 0) return ERROR_SUCCESS;
-      at += item.NextEntryOffset;
-    }
+    return ReadAs<FILE_FULL_DIR_INFO>(folder, FileFullDirectoryInfo, take);
   }
 
  private:
+  template <class Entry, class Take>
+  DWORD ReadAs(HANDLE folder, FILE_INFO_BY_HANDLE_CLASS list, const Take& take) {
+    if (GetFileInformationByHandleEx(folder, list, bytes_.get(), Size) == 0) return GetLastError();
+    for (const std::byte* at = bytes_.get();;) {
+      const auto& entry = *reinterpret_cast<const Entry*>(at);
+      const std::wstring_view name(entry.FileName, entry.FileNameLength / sizeof(wchar_t));
+      if (name != L"." && name != L".." && !take(ItemOf(entry), name)) return ERROR_CANCELLED;
+      if (entry.NextEntryOffset == 0) return ERROR_SUCCESS;
+      at += entry.NextEntryOffset;
+    }
+  }
+
   static constexpr DWORD Size = 65536;  // bytes; the most that all servers take
   std::unique_ptr<std::byte[]> bytes_ = std::make_unique<std::byte[]>(Size);
+  bool hasNumbers_ = true;
 };
-
-// The system tells the tag of a reparse point where other items have the size of their extended
-// attributes ([MS-FSCC] 2.4.17).
-bool IsLinkItem(const FILE_ID_BOTH_DIR_INFO& item) {
-  return IsLinkTag(item.FileAttributes, item.EaSize);
-}
 
 bool IsNoTrouble(DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ||
@@ -95,42 +124,37 @@ class MeasureWalk {
   DWORD ReadItems(HANDLE folder) {
     DWORD error = ERROR_SUCCESS;
     while (error == ERROR_SUCCESS) {
-      error =
-          buffer_.Read(folder, [this](const FILE_ID_BOTH_DIR_INFO& item, std::wstring_view name) {
-            TakeItem(item, name);
-            GoOn();
-            return goes_;
-          });
+      error = buffer_.Read(folder, [this](const ListedItem& item, std::wstring_view name) {
+        TakeItem(item, name);
+        GoOn();
+        return goes_;
+      });
     }
     // The root of a drive without items has not even "." to tell of.
     const bool isEnd = error == ERROR_NO_MORE_FILES || error == ERROR_FILE_NOT_FOUND;
     return isEnd || error == ERROR_CANCELLED ? ERROR_SUCCESS : error;
   }
 
-  void TakeItem(const FILE_ID_BOTH_DIR_INFO& item, std::wstring_view name) {
-    const auto onDisk = static_cast<std::uint64_t>(item.AllocationSize.QuadPart);
-    const bool isLink = IsLinkItem(item);
-    if ((item.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && !isLink) {
+  void TakeItem(const ListedItem& item, std::wstring_view name) {
+    const bool isLink = IsLinkTag(item.Attributes, item.Tag);
+    if ((item.Attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 && !isLink) {
       ++total_.Folders;
-      total_.FoldersOnDisk += onDisk;
+      total_.FoldersOnDisk += item.OnDisk;
       waiting_.push_back({path_.size(), std::wstring(name)});
       return;
     }
     ++total_.Files;
     if (isLink) return;
-    const auto bytes = static_cast<std::uint64_t>(item.EndOfFile.QuadPart);
-    const auto number = static_cast<std::uint64_t>(item.FileId.QuadPart);
-    constexpr std::uint64_t none = ~std::uint64_t{0};  // of volumes whose numbers are longer
-    if (number != 0 && number != none) {
-      const FileIdentity file{volume_, number};
+    if (item.Number != 0) {
+      const FileIdentity file{volume_, item.Number};
       if (!inWalk_.Add(file)) return;
       if (total_.Counted != nullptr && !total_.Counted->Add(file)) {
-        total_.RepeatedBytes += bytes;
-        total_.RepeatedOnDisk += onDisk;
+        total_.RepeatedBytes += item.Bytes;
+        total_.RepeatedOnDisk += item.OnDisk;
       }
     }
-    total_.Bytes += bytes;
-    total_.OnDisk += onDisk;
+    total_.Bytes += item.Bytes;
+    total_.OnDisk += item.OnDisk;
   }
 
   // To be asked after each item and before each folder: many folders may hold nothing.

@@ -9,9 +9,10 @@
 namespace tarnwell::platform {
 
 // As FileSystem::MeasureFolder tells. Every name of a file counts as a file, the length of a file
-// with several names once, by its number on the volume: no file is opened for that. Lengths are
-// those that the folder tells. Folders may lie as deep as they like, and those that are swapped for
-// links during the walk lead nowhere else. What goes away during the walk is no trouble.
+// with several names once, by its number on the volume, where that is told: no file is opened for
+// it. Lengths are those that the folder tells. Folders may lie as deep as they like, and those that
+// are swapped for links during the walk lead nowhere else. What goes away during the walk is no
+// trouble.
 base::Status MeasureFolder(const std::string& folder, const FileSystem::GoOn& goOn,
                            FolderTotal& total);
 
