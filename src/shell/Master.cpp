@@ -131,6 +131,7 @@ lists::ListRequests Master::RequestsOfLists() {
           .ShowContextMenu =
               [this](float x, float y, const std::string& clicked, const std::string& path) {
                 contextMenu_.ShowForClick(x, y, clicked, path);
+                Activated();  // a menu of the system's leaves the window active
               },
           .DropItems = [this](lister::ListId list,
                               const lister::Drop& drop) { drop_.DropItems(list, drop); }};

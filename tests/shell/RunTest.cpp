@@ -408,6 +408,13 @@ TEST_F(RunTest, ItsKeysGoFromPaneToPaneAsTheyStand) {
   EXPECT_EQ(Run.Form().TitleBar[2].Text, "C:\\z\\");
   press("Alt+Return");
   EXPECT_EQ(Machine.ItemMenus.Asked, "C:\\: z");
+  // A menu of the system's takes the keys that come up while it is there.
+  Machine.Popups.OnTrack = [&] { Run.Main().KeyDown('K', 1); };
+  const lister::RowPointer empty{lister::NoRow, 99, lister::RowPart::None, {2, 0, 15, 30}};
+  space.Lists[100].Input().MouseDown(empty);
+  space.Lists[100].Input().MouseUp(empty);
+  EXPECT_EQ(Machine.Popups.Tracked, 1);
+  EXPECT_TRUE(space.KeyArmed);
   for (const char* pane : {"mnuPane0", "mnuPane1"}) Run.Main().MenuClick(pane);
   press("F5");
   EXPECT_EQ(press("Ctrl+Tab"), 2);
