@@ -12,7 +12,12 @@ using platform::CountedText;
 
 namespace {
 
-constexpr std::int64_t WideMoment = 1'609'188'538'000'000'000;  // two digits for each part
+// Two digits for each part, in the morning: where hours are told by twelve, "AM" is the wider.
+std::int64_t WideMoment(const platform::Clock& clock) {
+  constexpr std::int64_t hour = 3'600'000'000'000;
+  constexpr std::int64_t moment = 1'609'188'538'000'000'000;
+  return moment + (10 - clock.ToLocal(moment).Hour) * hour;
+}
 
 }  // namespace
 
@@ -70,7 +75,7 @@ std::string SampleText(const platform::NumberForms& forms, const platform::Clock
     case HeadingId::DateLastModified:
     case HeadingId::DateCreated:
     case HeadingId::DateLastAccessed:
-      return DateText(forms, clock, WideMoment);
+      return DateText(forms, clock, WideMoment(clock));
     case HeadingId::Size:
       return forms.Grouped(largeSize);
     case HeadingId::Name:
@@ -91,7 +96,7 @@ std::string SampleText(const platform::NumberForms& forms, const platform::Clock
 
 std::string BriefSample(const platform::NumberForms& forms, const platform::Clock& clock,
                         HeadingId heading) {
-  return IsDate(heading) ? BriefDateText(forms, clock, WideMoment) : "";
+  return IsDate(heading) ? BriefDateText(forms, clock, WideMoment(clock)) : "";
 }
 
 std::string_view ExtensionOf(std::string_view name) {
