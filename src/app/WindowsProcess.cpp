@@ -1,7 +1,6 @@
 #include <utility>
 
 #include "app/Process.h"
-#include "base/PathSyntax.h"
 #include "platform/win32/api/ProcessText.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/files/WindowsFileSystem.h"
@@ -64,9 +63,7 @@ TypedFolder LookAtTyped(const std::string& typed) {
 }
 
 std::string FullPathOf(const std::string& typed) {
-  const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  const std::string path = platform::Narrow(platform::FullPath(platform::Wide(typed)));
-  return syntax.IsDriveRoot(path) ? path : syntax.RemoveRightSlash(path);
+  return platform::FullFolder(typed);
 }
 
 bool AskRunningCopy(const std::vector<std::string>& folders) {

@@ -1,6 +1,7 @@
 #include "RunUntil.h"
 #include "platform/win32/api/FileTime.h"
 #include "platform/win32/api/PostToLoop.h"
+#include "platform/win32/api/ProcessText.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
 
@@ -17,6 +18,13 @@ TEST(ApiTest, PathsOfAnyLengthKeepTheirNames) {
   for (const char* path : {R"(C:\a)", R"(\\server\share)", "name"}) {
     EXPECT_EQ(FromLongPath(LongPath(path)), path);
   }
+}
+
+TEST(ApiTest, FoldersThatPeopleNameComeAsTheListsHaveThem) {
+  EXPECT_EQ(FullFolder(R"(\\?\C:\a\..\b\)"), R"(C:\b)");
+  EXPECT_EQ(FullFolder(R"(\\?\UNC\nas\photos\)"), R"(\\nas\photos)");
+  EXPECT_EQ(FullFolder(R"(\\?\Volume{1}\a)"), R"(\\?\Volume{1}\a)");
+  EXPECT_EQ(FullFolder("C:/") + FullFolder("C:/a b/"), R"(C:\C:\a b)");
 }
 
 TEST(ApiTest, TimesBeforeAndBehindTheEpoch) {

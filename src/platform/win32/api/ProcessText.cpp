@@ -1,5 +1,8 @@
 #include "platform/win32/api/ProcessText.h"
 
+#include "base/PathSyntax.h"
+#include "platform/win32/api/WideName.h"
+
 namespace tarnwell::platform {
 
 std::wstring EnvironmentText(const wchar_t* name) {
@@ -13,6 +16,14 @@ std::wstring FullPath(const std::wstring& path) {
   full.resize(
       GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
   return full;
+}
+
+std::string FullFolder(std::string_view path) {
+  const base::PathSyntax& syntax = base::PathSyntax::Windows();
+  const std::wstring full = FullPath(Wide(path));
+  std::string folder = FromLongPath(full);
+  if (!syntax.IsWhole(folder)) folder = Narrow(full);  // a volume without a letter
+  return syntax.IsDriveRoot(folder) ? folder : syntax.RemoveRightSlash(folder);
 }
 
 std::wstring ExecutablePath() {

@@ -87,10 +87,7 @@ struct FolderChoice {
 };
 
 FolderChoice ChooseFolder(const ProgramPlaces& places, FileSystem& files) {
-  if (!places.TarnwellHome.empty()) {
-    const std::string path = Narrow(FullPath(Wide(places.TarnwellHome)));
-    return {PathRules().IsDriveRoot(path) ? path : PathRules().RemoveRightSlash(path), true};
-  }
+  if (!places.TarnwellHome.empty()) return {FullFolder(places.TarnwellHome), true};
   const std::string& beside = places.ExecutableFolder;
   if (OwnFiles(files).HoldsSkins(beside) && MayAddTo(beside)) return {beside};
   if (places.LocalAppData.empty()) return {beside};
@@ -99,10 +96,15 @@ FolderChoice ChooseFolder(const ProgramPlaces& places, FileSystem& files) {
 
 }  // namespace
 
+// By the first of these the current folder is still the one that the program was started in.
 ProgramPlaces ProgramPlaces::OfProcess() {
+  static const std::string home = [] {
+    const std::string given = Narrow(EnvironmentText(L"TARNWELL_HOME"));
+    return given.empty() ? given : FullFolder(given);
+  }();
   ProgramPlaces places;
   places.ExecutableFolder = PathRules().ParentOf(FromLongPath(ExecutablePath()));
-  places.TarnwellHome = Narrow(EnvironmentText(L"TARNWELL_HOME"));
+  places.TarnwellHome = home;
   places.LocalAppData = FindKnownFolder(FOLDERID_LocalAppData);
   return places;
 }
