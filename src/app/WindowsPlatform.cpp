@@ -1,5 +1,4 @@
 #include <atomic>
-#include <cstdlib>
 #include <utility>
 
 #include "app/FarOperations.h"
@@ -10,6 +9,8 @@
 #include "platform/pcre/PcreRegex.h"
 #include "platform/win32/afar/OperationVolumes.h"
 #include "platform/win32/afar/WindowsFarPlaces.h"
+#include "platform/win32/api/ProcessText.h"
+#include "platform/win32/api/WideName.h"
 #include "platform/win32/files/Fingerprint.h"
 #include "platform/win32/files/ProtectedItems.h"
 #include "platform/win32/files/WindowsFileSystem.h"
@@ -63,9 +64,6 @@ Platform MakePlatform(platform::MessagePump& pump) {
   const platform::FarCalls calls(pump, {}, std::make_shared<platform::WindowsFarPlaces>());
   Platform made;
   made.DataFolder = system->DataFolder();
-  // All that was typed has been looked at. The folder that the program was started in could not be
-  // deleted, nor its drive taken away, as long as it is the current one.
-  system->SetCurrentFolder(folder.substr(0, 3));
   made.Libraries = platform::WindowsLibraries();
   made.Libraries.push_back({"PCRE2 " + platform::PcreVersion(), "BSD"});
   made.System = std::move(system);
@@ -81,7 +79,11 @@ Platform MakePlatform(platform::MessagePump& pump) {
   made.Clock = std::make_unique<platform::WindowsClock>();
   made.Order = std::make_unique<platform::WindowsCollation>();
   made.UserSettings = std::make_unique<platform::WindowsUserSettings>();
-  made.LogFile = platform::WindowsLogFile::Open(std::getenv("TARNWELL_MSGLOG"), folder);
+  const std::string log = platform::Narrow(platform::EnvironmentText(L"TARNWELL_MSGLOG"));
+  made.LogFile = platform::WindowsLogFile::Open(log.c_str(), folder);
+  // All that was typed has been looked at. The folder that the program was started in could not be
+  // deleted, nor its drive taken away, as long as it is the current one.
+  made.System->SetCurrentFolder(folder.substr(0, 3));
   made.Operations = OperationsBy(calls, folder);
   made.Notices = std::make_unique<platform::WindowsDesktopNotices>(owner);
   made.Icons = ShellIcons();

@@ -34,7 +34,9 @@ LRESULT CALLBACK HiddenWindow::Handle(HWND window, UINT message, WPARAM first, L
   } catch (const std::exception& error) {
     std::fprintf(stderr, "tarnwell: %s\n", error.what());
   }
-  return answer ? *answer : DefWindowProcW(window, message, first, second);
+  if (answer) return *answer;
+  // What closes all windows of the process asks for its end, and until then this one serves.
+  return message == WM_CLOSE ? 0 : DefWindowProcW(window, message, first, second);
 }
 
 }  // namespace tarnwell::platform

@@ -1,12 +1,13 @@
 #include "platform/win32/system/WindowsLogFile.h"
 
 #include <algorithm>
-#include <cstdio>
 
+#include "base/Text.h"
 #include "platform/win32/api/ProcessText.h"
 #include "platform/win32/api/SystemError.h"
 #include "platform/win32/api/WideName.h"
 #include "platform/win32/files/ReplaceContent.h"
+#include "platform/win32/system/WriteToTerminal.h"
 
 namespace tarnwell::platform {
 namespace {
@@ -149,8 +150,8 @@ base::Status WindowsLogFile::DropOlderHalf(std::int64_t size) {
 
 void WindowsLogFile::GiveUp(const base::Status& status) {
   file_ = {};
-  std::fprintf(stderr, "tarnwell: the message log \"%s\" cannot be written: %s\n", path_.c_str(),
-               status.Reason.c_str());
+  WriteToTerminal(TerminalStream::Error, "tarnwell: the message log \"" + base::ForDisplay(path_) +
+                                             "\" cannot be written: " + status.Reason + "\n");
 }
 
 }  // namespace tarnwell::platform

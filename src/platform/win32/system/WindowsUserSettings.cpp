@@ -31,7 +31,7 @@ std::vector<std::string> WindowsUserSettings::ReadTexts(const std::string& secti
   LSTATUS error = read(nullptr, size);
   // Another program may write more meanwhile.
   for (bool isKnown = error == ERROR_SUCCESS; isKnown; isKnown = error == ERROR_MORE_DATA) {
-    all.resize(size / sizeof(wchar_t));
+    all.resize((size + 1) / sizeof(wchar_t));  // what others have put there may end in half a unit
     error = read(all.data(), size);
   }
   if (error != ERROR_SUCCESS) return {};
