@@ -183,6 +183,18 @@ TEST(ShellOperation, MovesThatMergeOrEndHalfwayTellWhatHasGone) {
   EXPECT_TRUE(result.Aborted);
 }
 
+TEST(ShellOperation, AFolderDoesNotGoIntoItselfByItsShortName) {
+  const TempFolder here;
+  here.Make({"a long folder/in/"});
+  std::wstring brief(MAX_PATH, L'\0');
+  const std::wstring in = Wide(here / "a long folder/in");
+  brief.resize(GetShortPathNameW(in.c_str(), brief.data(), MAX_PATH));
+  FakeShell shell;
+  ScriptedUser user;
+  shell.Run(user, FileFunction::Copy, {here / "a long folder"}, Narrow(brief) + "\\");
+  EXPECT_EQ(user.Heard, "a long folder:87 ");
+}
+
 // The shell would take another item for such a one, or write behind the end of a buffer.
 TEST(ShellOperation, WhatTheShellWouldMistakeIsLeftAndTold) {
   const TempFolder here;

@@ -2,7 +2,9 @@
 
 #include "base/ItemList.h"
 #include "base/PathSyntax.h"
+#include "platform/win32/api/WideName.h"
 #include "platform/win32/files/Fingerprint.h"
+#include "platform/win32/files/ItemHandle.h"
 #include "platform/win32/files/NamingError.h"
 #include "platform/win32/operation/ItemSort.h"
 #include "platform/win32/operation/ShellOperation.h"
@@ -62,9 +64,30 @@ bool ItemCheck::IsFitBelow(const std::string& path, const std::string& target) {
   return true;
 }
 
-bool ItemCheck::MayBecome(const std::string& from, const std::string& to) {
+// Names may be short ones, and a link may lead there too.
+bool ItemCheck::IsInto(const std::string& from, const std::string& to) {
   const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  if (SortOf(from) == ItemSort::Folder && !syntax.Same(from, to) && syntax.IsWithin(to, from)) {
+  if (syntax.Same(from, to)) return false;
+  if (syntax.IsWithin(to, from)) return true;
+  const auto identityAt = [](const std::string& path) {
+    const Handle item = OpenItem(path, true);
+    return item ? IdentityOf(item.Get()) : ItemIdentity();
+  };
+  if (const std::string folder = syntax.ParentOf(to); folder != wayFrom_) {
+    wayFrom_ = folder;
+    way_.clear();
+    std::string each = FromLongPath(FinalPathOf(OpenItem(folder, true).Get()));
+    for (; !each.empty(); each = syntax.ParentOf(each)) {
+      way_.insert(identityAt(each));
+      if (syntax.IsDriveRoot(each) || each == syntax.ParentOf(each)) break;
+    }
+    way_.erase(ItemIdentity());
+  }
+  return way_.contains(identityAt(from));
+}
+
+bool ItemCheck::MayBecome(const std::string& from, const std::string& to) {
+  if (SortOf(from) == ItemSort::Folder && IsInto(from, to)) {
     talk_.Retries(OperationStep::Place, from,
                   {ERROR_INVALID_PARAMETER, "A folder cannot go into itself"});
     return false;

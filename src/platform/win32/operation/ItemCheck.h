@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <unordered_set>
 
 #include "platform/operation/OperationTalk.h"
+#include "platform/win32/files/ItemHandle.h"
 #include "platform/win32/files/ProtectedItems.h"
 
 namespace tarnwell::platform {
@@ -31,9 +33,14 @@ class ItemCheck {
   void TellOfOther(const std::string& path, bool isGone);
 
  private:
+  bool IsInto(const std::string& from, const std::string& to);
+
   OperationTalk& talk_;
   const std::string programFolder_;
   ProtectedItems protected_;
+  // The folder that a target lay in last, and what is on the way to it.
+  std::string wayFrom_;
+  std::unordered_set<ItemIdentity, HashItemIdentity> way_;
 };
 
 }  // namespace tarnwell::platform
