@@ -237,7 +237,7 @@ for step in STEPS:
     wine.leave_log()
     try:
         step()
-    except (AssertionError, OSError) as failure:
+    except (AssertionError, OSError, subprocess.SubprocessError) as failure:
         wine.picture("failed")
         sys.exit(f"FAILED: {name.replace('_', ' ')}: {failure!r}")
     do("#" + name.replace("_", "-"))

@@ -33,12 +33,14 @@ def windows(title="."):
 
 
 def wait_for(what, condition):
+    """The condition's first true value."""
     end = time.monotonic() + LIMIT
-    while not condition():
+    while not (value := condition()):
         if time.monotonic() > end:
             shown = {run("xdotool", "getwindowname", each) for each in windows()}
             raise AssertionError(f"waited {LIMIT:.0f} s for: {what}; windows: {shown}")
         time.sleep(0.05)
+    return value
 
 
 def wait_logged(words):
@@ -88,8 +90,8 @@ def do(*acts):
         elif first == ">":
             do("@Tarnwell", f"alt+{rest}", "Escape")
         elif first == "@":
-            wait_for(f"window {rest!r}", lambda: windows(f"^{rest}$"))
-            run("xdotool", "windowactivate", "--sync", windows(f"^{rest}$")[-1])
+            found = wait_for(f"window {rest!r}", lambda: windows(f"^{rest}$"))
+            run("xdotool", "windowactivate", "--sync", found[-1])
         elif first == "-":
             wait_for(f"window {rest!r} to go", lambda: not windows(f"^{rest}$"))
         elif "," in act:
