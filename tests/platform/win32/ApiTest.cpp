@@ -18,6 +18,7 @@ TEST(ApiTest, PathsOfAnyLengthKeepTheirNames) {
   for (const char* path : {R"(C:\a)", R"(\\server\share)", "name"}) {
     EXPECT_EQ(FromLongPath(LongPath(path)), path);
   }
+  EXPECT_EQ(FromLongPath(LR"(\\?\Volume{1-2}\a)"), R"(\\?\Volume{1-2}\a)");
 }
 
 TEST(ApiTest, FoldersThatPeopleNameComeAsTheListsHaveThem) {

@@ -72,7 +72,9 @@ std::string FromLongPath(std::wstring_view path) {
     return std::string(base::PathSyntax::Windows().NetworkMark)
         .append(longer.substr(LongNetworkMark.size()));
   }
-  return longer.starts_with(LongMark) ? longer.substr(LongMark.size()) : longer;
+  if (!longer.starts_with(LongMark)) return longer;
+  std::string plain = longer.substr(LongMark.size());
+  return base::PathSyntax::Windows().IsWhole(plain) ? plain : longer;
 }
 
 }  // namespace tarnwell::platform

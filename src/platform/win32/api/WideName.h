@@ -18,7 +18,7 @@ void NarrowInto(std::wstring_view wide, std::string& text);
 // the prefix is tidied here: "." and "..", several separators in a row, one at the end. The shell
 // takes Wide instead. What is no full path comes back as it is.
 std::wstring LongPath(std::string_view path);
-// The path without that prefix.
+// The path without that prefix, but for a volume that has no other name.
 std::string FromLongPath(std::wstring_view path);
 
 }  // namespace tarnwell::platform
