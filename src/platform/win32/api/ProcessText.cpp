@@ -20,9 +20,7 @@ std::wstring FullPath(const std::wstring& path) {
 
 std::string FullFolder(std::string_view path) {
   const base::PathSyntax& syntax = base::PathSyntax::Windows();
-  const std::wstring full = FullPath(Wide(path));
-  std::string folder = FromLongPath(full);
-  if (!syntax.IsWhole(folder)) folder = Narrow(full);  // a volume without a letter
+  const std::string folder = FromLongPath(FullPath(Wide(path)));
   return syntax.IsDriveRoot(folder) ? folder : syntax.RemoveRightSlash(folder);
 }
 
