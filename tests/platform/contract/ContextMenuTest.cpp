@@ -43,7 +43,14 @@ TEST(ContextMenuContract, OffersEntriesByNumberAndRefusesWhatMustStay) {
     tested.Dialogs.Told.clear();
   }
   EXPECT_EQ(place.Names(), "a.txt b.txt dir ");
-  EXPECT_NE(tested.Menus.ForItems(folder, {}), nullptr);
+  const auto within = tested.Menus.ForItems(folder, {});
+  const auto menu = tested.Create();
+  std::vector<ContextEntry> entries;
+  ASSERT_TRUE(within != nullptr && within->Fill(menu ? menu->Handle() : 0, first, last, entries));
+  for (const ContextEntry& entry : entries) {
+    const std::string caption = base::WithoutMarks(entry.Caption);
+    EXPECT_TRUE(caption != "Delete" && caption != "Cut");
+  }
   for (const char* name : {"a.txt", "dir", "dir/c", "none", "none/c", "a.txt/c"}) {
     const base::Status status = tested.Menus.Find(place / name);
     const bool isThere = std::string_view("a.txt dir/c").find(name) != std::string_view::npos;

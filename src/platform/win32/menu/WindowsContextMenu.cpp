@@ -43,7 +43,8 @@ std::unique_ptr<ItemMenu> WindowsContextMenu::ForItems(const std::string& folder
   }
   auto menu = OpenShellMenu(reinterpret_cast<HWND>(tools_.Owner()), paths);
   if (menu == nullptr) return nullptr;
-  return std::make_unique<WindowsItemMenu>(tools_, std::move(menu), folder, std::move(paths));
+  return std::make_unique<WindowsItemMenu>(tools_, std::move(menu), folder, std::move(paths),
+                                           names.empty());
 }
 
 }  // namespace tarnwell::platform

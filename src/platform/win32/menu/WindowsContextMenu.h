@@ -21,7 +21,8 @@ struct ShellMenuTools {
 
 // The entries are the shell's, and so is all that they do, with its questions, its progress and its
 // messages; it deletes within an operation of the program. The menu for an open folder is that of
-// the folder as an item. A menu needs one of WindowsPopupMenus to be filled into.
+// the folder as an item, but takes nothing away. A menu needs one of WindowsPopupMenus to be filled
+// into.
 class WindowsContextMenu : public ContextMenu {
  public:
   explicit WindowsContextMenu(ShellMenuTools tools) : tools_(std::move(tools)) {}

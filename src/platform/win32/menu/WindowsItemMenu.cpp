@@ -34,6 +34,7 @@ base::Status WindowsItemMenu::Fill(std::uintptr_t menu, int firstId, int lastId,
   const HRESULT result = menu_->QueryContextMenu(handle, 0, static_cast<UINT>(firstId),
                                                  static_cast<UINT>(lastId), CMF_EXPLORE);
   if (FAILED(result)) return ShellError(result);
+  if (isWithin_) RemoveTaking(handle, {firstId, lastId});
   entries = EntriesOf(handle, {firstId, lastId}, *menu_.Get());
   if (const HWND owner = Owner(); owner != nullptr) {
     messages_.emplace(owner, menu_);
@@ -48,6 +49,17 @@ base::Status WindowsItemMenu::Fill(std::uintptr_t menu, int firstId, int lastId,
     }
   }
   return {};
+}
+
+// A slip of the mouse beside the items would take away the folder that is open.
+void WindowsItemMenu::RemoveTaking(HMENU menu, const IdRange& range) const {
+  for (const ContextEntry& entry : EntriesOf(menu, range, *menu_.Get())) {
+    if (entry.IsSeparator || entry.Id == 0) continue;
+    const std::string verb = base::AsciiUpper(VerbOf(*menu_.Get(), entry.Id - range.First));
+    if (std::ranges::find(takingVerbs, verb, &TakingVerb::Verb) != std::end(takingVerbs)) {
+      RemoveMenu(menu, static_cast<UINT>(entry.Id), MF_BYCOMMAND);
+    }
+  }
 }
 
 OperationId WindowsItemMenu::Invoke(int offset) {

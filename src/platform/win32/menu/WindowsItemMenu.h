@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/ContextMenu.h"
+#include "platform/win32/menu/MenuEntries.h"
 #include "platform/win32/menu/MenuMessages.h"
 #include "platform/win32/menu/WindowsContextMenu.h"
 
@@ -13,13 +14,14 @@ namespace tarnwell::platform {
 
 class WindowsItemMenu : public ItemMenu {
  public:
-  // `paths` are the items', in full.
+  // `paths` are the items', in full; `isWithin` says that the only one is the open folder.
   WindowsItemMenu(const ShellMenuTools& tools, ComPtr<IContextMenu> menu, std::string folder,
-                  std::vector<std::string> paths)
+                  std::vector<std::string> paths, bool isWithin)
       : tools_(tools),
         menu_(std::move(menu)),
         folder_(std::move(folder)),
-        paths_(std::move(paths)) {}
+        paths_(std::move(paths)),
+        isWithin_(isWithin) {}
 
   // Fails without a menu.
   base::Status Fill(std::uintptr_t menu, int firstId, int lastId,
@@ -29,6 +31,7 @@ class WindowsItemMenu : public ItemMenu {
 
  private:
   HWND Owner() const { return reinterpret_cast<HWND>(tools_.Owner()); }
+  void RemoveTaking(HMENU menu, const IdRange& range) const;
   OperationId Trash() const;
   // The verb is in capitals.
   bool IsRefused(const std::string& verb) const;
@@ -39,6 +42,7 @@ class WindowsItemMenu : public ItemMenu {
   const ComPtr<IContextMenu> menu_;
   const std::string folder_;
   const std::vector<std::string> paths_;
+  const bool isWithin_;
   std::optional<MenuMessages> messages_;
 };
 
