@@ -6,6 +6,7 @@
 #include <shlobj.h>
 #include <shlwapi.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -155,12 +156,37 @@ base::Status Undelete(IShellFolder2& bin, const ITEMIDLIST* item) {
   return ShellError(menu->InvokeCommand(&call));
 }
 
+bool IsSetFor(HKEY user, const std::wstring& key, const wchar_t* name) {
+  constexpr const wchar_t* system = L"Software\\Microsoft\\Windows\\CurrentVersion\\";
+  DWORD value = 0, size = sizeof value;
+  return RegGetValueW(user, (system + key).c_str(), name, RRF_RT_REG_DWORD, nullptr, &value,
+                      &size) == ERROR_SUCCESS &&
+         value != 0;
+}
+
+// By the properties of the bin, or by the policy "Do not move deleted files to the Recycle Bin".
+bool IsBinOff(const wchar_t* volume) {
+  constexpr const wchar_t* policies = L"Policies\\Explorer";
+  constexpr const wchar_t* ofPolicies = L"NoRecycleFiles";
+  if (IsSetFor(HKEY_CURRENT_USER, policies, ofPolicies) ||
+      IsSetFor(HKEY_LOCAL_MACHINE, policies, ofPolicies)) {
+    return true;
+  }
+  wchar_t name[MAX_PATH];  // with an id in braces
+  if (GetVolumeNameForVolumeMountPointW(volume, name, MAX_PATH) == 0) return false;
+  std::wstring_view id = name;
+  id = id.substr(0, id.rfind(L'}') + 1);
+  id.remove_prefix(std::min(id.size(), id.find(L'{')));
+  return IsSetFor(HKEY_CURRENT_USER, L"Explorer\\BitBucket\\Volume\\" + std::wstring(id),
+                  L"NukeOnDelete");
+}
+
 }  // namespace
 
 bool HasBin(const std::string& path) {
   wchar_t volume[MAX_PATH + 1];
   if (GetVolumePathNameW(Wide(path).c_str(), volume, MAX_PATH) == 0) return false;
-  return GetDriveTypeW(volume) == DRIVE_FIXED;
+  return GetDriveTypeW(volume) == DRIVE_FIXED && !IsBinOff(volume);
 }
 
 std::vector<DoneItem> FindInBin(const std::vector<BinnedItem>& items) {

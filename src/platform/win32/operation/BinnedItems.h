@@ -11,7 +11,8 @@ namespace tarnwell::platform {
 
 // All of these need a ComThread.
 
-// Whether the item's volume may keep what is deleted: those of sticks and of other machines do not.
+// Whether the item's volume keeps what is deleted: those of sticks and of other machines do not,
+// and the user may have switched the bin off.
 bool HasBin(const std::string& path);
 
 // An item that has been deleted, as it was: at its full path.
