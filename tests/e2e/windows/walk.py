@@ -139,6 +139,10 @@ def deletes_to_the_bin_after_the_question_of_the_shell():
     assert twin.exists()
     do(">1", ".", "Delete", f"@{DELETION}", ".", "Return")
     wait_gone(twin)
+    do(">1", ".", "ctrl+z")
+    wait_there(twin)
+    do(".", "ctrl+shift+z")  # nobody is asked again
+    wait_gone(twin)
 
 
 def sets_a_bookmark_by_mouse_and_goes_there():
