@@ -21,7 +21,7 @@ TITLE = (600, 80)  # a place in the title of the upper pane
 HOLDER = """#include <stdio.h>
 #include <windows.h>
 int main(void) {
-  CreateFileA("C:/work/held.txt", GENERIC_WRITE, 0, NULL, CREATE_ALWAYS, 0, NULL);
+  CreateFileA("C:\\\\work\\\\held.txt", GENERIC_WRITE, 0, NULL, CREATE_ALWAYS, 0, NULL);
   return getchar() == EOF;
 }"""
 
