@@ -186,7 +186,7 @@ def starts_programs_by_the_command_line():
 
 
 def leaves_what_another_program_holds():
-    run("sh", "-c", f"echo '{HOLDER}' | x86_64-w64-mingw32-gcc -x c - -o '{DRIVE}/hold.exe'")
+    run("sh", "-c", f"printf %s '{HOLDER}' | x86_64-w64-mingw32-gcc -x c - -o '{DRIVE}/hold.exe'")
     with subprocess.Popen(["wine", "C:\\hold.exe"], stdin=subprocess.PIPE) as holder:
         wait_there(WORK / "held.txt")
         for key, answer in (("F6", "Return"), ("shift+Delete", "alt+d")):
